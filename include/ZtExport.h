@@ -1,0 +1,35 @@
+// What every public class of the library carries: symbol visibility and where it is allocated.
+#ifndef ZTXML_INCLUDE_ZTEXPORT_H
+#define ZTXML_INCLUDE_ZTEXPORT_H
+
+#include <cstddef>
+#include <new>
+
+#if defined(__GNUC__)
+#define ZT_API __attribute__((visibility("default")))
+#else
+#define ZT_API
+#endif
+
+/// Base of the classes that live on the heap: `new` takes memory from the device platform layer
+/// and yields null when there is none (it never throws or aborts).
+class ZT_API ZtHeapObject {
+ public:
+  static void* operator new(std::size_t size) noexcept;
+  static void* operator new(std::size_t size, const std::nothrow_t&) noexcept;
+  static void operator delete(void* pointer) noexcept;
+  static void operator delete(void* pointer, const std::nothrow_t&) noexcept;
+};
+
+/// Base of the classes that own something and therefore must not be copied.
+class ZT_API ZtNonCopyable : public ZtHeapObject {
+ public:
+  ZtNonCopyable(const ZtNonCopyable&) = delete;
+  ZtNonCopyable& operator=(const ZtNonCopyable&) = delete;
+
+ protected:
+  ZtNonCopyable() = default;
+  ~ZtNonCopyable() = default;
+};
+
+#endif  // ZTXML_INCLUDE_ZTEXPORT_H

@@ -1,0 +1,130 @@
+// Memory of the Linux host platform: the failable allocator and the memory log.
+#include <atomic>
+#include <mutex>
+#include <unordered_map>
+
+#include "ztHostPlatform.h"
+
+namespace {
+
+// ---- Allocation failure -------------------------------------------------------------------
+
+// Allocations are counted while this is set, and only then can one fail.
+std::atomic<bool> g_counting{false};
+std::atomic<long> g_count{0};
+std::atomic<long> g_failAt{0};
+std::atomic<bool> g_failAfter{false};
+
+bool MustFail() {
+  if (!g_counting.load(std::memory_order_relaxed)) return false;
+  const long number = g_count.fetch_add(1) + 1;
+  const long failAt = g_failAt.load();
+  return failAt > 0 && (number == failAt || (number > failAt && g_failAfter.load()));
+}
+
+// ---- Memory log ---------------------------------------------------------------------------
+
+std::atomic<bool> g_logging{false};
+
+struct MemoryLog {
+  std::mutex mutex;
+  std::unordered_map<const void*, zthost::MemoryEntry> live;
+  zthost::MemoryReport report;  // its `live` stays empty
+
+  void Reset() {
+    live.clear();
+    report = {};
+  }
+};
+
+MemoryLog& Log() {
+  // Never destroyed: objects with static lifetime may still be released after it would be.
+  static MemoryLog& log = *new MemoryLog;
+  return log;
+}
+
+}  // namespace
+
+void* __malloc(std::size_t size) { return MustFail() ? nullptr : std::malloc(size); }
+
+void* __calloc(std::size_t count, std::size_t size) {
+  return MustFail() ? nullptr : std::calloc(count, size);
+}
+
+void __free(void* pointer) { std::free(pointer); }
+
+char* __strdup(const char* text) {
+  const std::size_t size = std::strlen(text) + 1;
+  void* copy = __malloc(size);
+  return copy == nullptr ? nullptr : static_cast<char*>(std::memcpy(copy, text, size));
+}
+
+void zthost::FailAllocation(long nth, bool andAfter) {
+  g_counting = false;
+  g_count = 0;
+  g_failAt = nth;
+  g_failAfter = andAfter;
+  g_counting = nth > 0;
+}
+
+long zthost::AllocationCount() { return g_count; }
+
+void zthost::CountAllocations() {
+  FailAllocation(0);
+  g_counting = true;
+}
+
+void wdmemlog_add(int tag, const char* sourceFile, int line, const void* pointer,
+                  std::size_t size) {
+  if (!g_logging.load(std::memory_order_relaxed)) return;
+  MemoryLog& log = Log();
+  const std::lock_guard<std::mutex> lock(log.mutex);
+  const zthost::MemoryEntry entry{tag, sourceFile == nullptr ? "" : sourceFile, line, pointer,
+                                  size};
+  ++log.report.adds;
+  log.report.liveBytes += size;
+  const auto [at, added] = log.live.emplace(pointer, entry);
+  if (!added) {
+    log.report.liveBytes -= at->second.size;
+    log.report.doubleAdds.push_back(entry);
+    at->second = entry;
+  }
+}
+
+void wdmemlog_remove(int tag, const void* pointer) {
+  if (!g_logging.load(std::memory_order_relaxed)) return;
+  MemoryLog& log = Log();
+  const std::lock_guard<std::mutex> lock(log.mutex);
+  ++log.report.removes;
+  const auto at = log.live.find(pointer);
+  if (at == log.live.end()) {
+    log.report.badRemoves.push_back({tag, "", 0, pointer, 0});
+    return;
+  }
+  if (at->second.tag != tag) {
+    log.report.badRemoves.push_back(at->second);
+    log.report.badRemoves.back().tag = tag;
+  }
+  // Also under the wrong tag: the memory is released, and its address may be recorded anew.
+  log.report.liveBytes -= at->second.size;
+  log.live.erase(at);
+}
+
+void zthost::EnableMemoryLog(bool on) {
+  if (on) ResetMemoryLog();
+  g_logging = on;
+}
+
+zthost::MemoryReport zthost::GetMemoryReport() {
+  MemoryLog& log = Log();
+  const std::lock_guard<std::mutex> lock(log.mutex);
+  MemoryReport report = log.report;
+  for (const auto& [pointer, entry] : log.live) report.live.push_back(entry);
+  return report;
+}
+
+void zthost::ResetMemoryLog() {
+  MemoryLog& log = Log();
+  const std::lock_guard<std::mutex> lock(log.mutex);
+  log.Reset();
+}

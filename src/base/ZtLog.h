@@ -1,0 +1,47 @@
+// One log line, typed: the only way the library calls the platform's module log.
+#ifndef ZTXML_SRC_BASE_ZTLOG_H
+#define ZTXML_SRC_BASE_ZTLOG_H
+
+#include <type_traits>
+
+#include "ztPlatform.h"
+
+enum ZtLogModule : int { kZtModuleLibrary = 6070, kZtModuleParser = 6053 };
+
+enum ZtLogLevel : int {
+  kZtLogOptional = 1,  // optional items that are absent
+  kZtLogTrace = 2,     // trace lines and most failures
+  kZtLogState = 3,     // marshal entry, state changes, minor faults
+  kZtLogError = 4,     // missing mandatory items, failed copies
+};
+
+// Usage: ZtLog(kZtLogTrace, "src/XMLReginfo")("text %s", name). The line is the caller's, unless
+// one is given because something reads it. Document text is always an argument, never the format.
+class ZtLog {
+ public:
+  constexpr ZtLog(int level, const char* source, int line = __builtin_LINE(),
+                  int module = kZtModuleLibrary)
+      : m_Level(level), m_Module(module), m_Line(line), m_pSource(source) {}
+
+  template <class A = int, class B = int, class C = int>
+  void operator()(const char* format, A a = A(), B b = B(), C c = C()) const {
+    ztLogModuleEventSimple(m_Level, m_Module, m_pSource, m_Line, format, Argument(a), Argument(b),
+                           Argument(c));
+  }
+
+ private:
+  static ztLogArgument Argument(const char* text) {
+    return reinterpret_cast<ztLogArgument>(text ? text : "(null)");
+  }
+  template <class Number>
+  static std::enable_if_t<std::is_integral_v<Number>, ztLogArgument> Argument(Number number) {
+    return static_cast<ztLogArgument>(number);
+  }
+
+  int m_Level;
+  int m_Module;
+  int m_Line;
+  const char* m_pSource;
+};
+
+#endif  // ZTXML_SRC_BASE_ZTLOG_H

@@ -1,0 +1,164 @@
+#include <cerrno>
+#include <climits>
+#include <cstdio>
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <string>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include "TestSupport.h"
+#include "ztHostPlatform.h"
+
+namespace {
+
+class HostFiles : public testing::Test {
+ protected:
+  void SetUp() override { ASSERT_NE(mkdtemp(directory_.data()), nullptr); }
+  void TearDown() override {
+    ztDplIODeviceClose(&device_);
+    for (const char* name : {"/file", "/fifo", ""}) std::remove((directory_ + name).c_str());
+  }
+  int Open(const std::string& name, int flags) {
+    return ztDplIODeviceOpen(&device_, (directory_ + name).c_str(), flags, 0);
+  }
+
+  std::string directory_ = testing::TempDir() + "ztxmlXXXXXX";
+  ztDplIODevice device_ = {};
+  int count_ = -1;
+};
+
+TEST_F(HostFiles, FlagsDecideWhatIsCreatedTruncatedAndKept) {
+  EXPECT_EQ(Open("/file", 3), ENOENT);
+  ASSERT_EQ(Open("/file", 5), 0);
+  EXPECT_EQ(ztDplIODeviceWrite(&device_, "0123456789", 10, &count_, 0), 0);
+  EXPECT_EQ(count_, 10);
+  ASSERT_EQ(Open("/file", 5), 0);
+  ASSERT_EQ(device_.pSpecificInfo, &device_.info);
+  EXPECT_EQ(device_.info.size, 10);
+  char buffer[8] = {};
+  for (const char* expected : {"0123456", "789", ""}) {
+    EXPECT_EQ(ztDplIODeviceRead(&device_, buffer, 7, &count_), 0);
+    EXPECT_EQ(std::string(buffer, static_cast<std::size_t>(count_)), expected);
+  }
+  ASSERT_EQ(Open("/file", 4), 0);
+  EXPECT_EQ(device_.info.size, 0);
+  EXPECT_EQ(Open("/file", 2), EINVAL);
+  EXPECT_EQ(device_.pSpecificInfo, nullptr);
+}
+
+TEST_F(HostFiles, OnlyRegularFilesOpenAndNothingBlocks) {
+  ASSERT_EQ(mkfifo((directory_ + "/fifo").c_str(), 0600), 0);
+  for (const int flags : {3, 4, 5}) {
+    EXPECT_EQ(Open("", flags), EISDIR);
+    EXPECT_NE(Open("/fifo", flags), 0);
+    EXPECT_NE(ztDplIODeviceOpen(&device_, "/dev/null", flags, 0), 0);
+  }
+}
+
+TEST_F(HostFiles, OpeningTwiceReleasesTheFirstDescriptor) {
+  ASSERT_EQ(Open("/file", 4), 0);
+  const std::intptr_t first = device_.handle;
+  ASSERT_EQ(Open("/file", 3), 0);
+  EXPECT_EQ(device_.handle, first);  // the kernel hands out the lowest free number
+  EXPECT_NE(Open("/none", 3), 0);    // the old file is closed all the same
+  char byte = 0;
+  EXPECT_EQ(ztDplIODeviceRead(&device_, &byte, 1, &count_), EBADF);
+}
+
+TEST_F(HostFiles, ClosingWhatIsNotOpenLeavesStandardInputOpen) {
+  const int input = open("/dev/null", O_RDONLY);
+  ASSERT_EQ(dup2(input, 0), 0);
+  EXPECT_EQ(ztDplIODeviceClose(&device_), 0);
+  ASSERT_EQ(Open("/file", 4), 0);
+  EXPECT_EQ(ztDplIODeviceClose(&device_), 0);
+  EXPECT_EQ(ztDplIODeviceClose(&device_), 0);
+  EXPECT_NE(fcntl(0, F_GETFD), -1);
+  close(input);
+}
+
+TEST(HostLog, FormatsItsConversions) {
+  const auto logged = [](const char* format, ztLogArgument a, ztLogArgument b = 0,
+                         ztLogArgument c = 0) {
+    const LogCapture log;
+    ztLogModuleEventSimple(2, 6000, "f.cpp", 7, format, a, b, c);
+    return log.Texts().empty() ? "no line" : log.Texts().front();
+  };
+  const std::string lengthy(5000, 'x');
+  const auto text = reinterpret_cast<ztLogArgument>(lengthy.c_str());
+  const auto minusOne = static_cast<ztLogArgument>(-1);
+  EXPECT_EQ(logged("%d %u %x", minusOne, minusOne, 0x1FFFFFFFFu), "-1 4294967295 ffffffff");
+  EXPECT_EQ(logged("%ld %llu %zu", minusOne, minusOne, 3), "-1 18446744073709551615 3");
+  EXPECT_EQ(logged("[%s] %c%% %i", text, 'z', 5), "[" + lengthy + "] z% 5");
+  EXPECT_EQ(logged("%s %p %y 100%", 0, 0xAB), "(null) 0xab %y 100%");
+  EXPECT_EQ(logged("%d%d%d%d%l", 1, 2, 3), "123%d%l");
+}
+
+TEST(HostLog, SinkSeesItsLevelsAndNothingIsFormattedWithoutOne) {
+  const LogCapture log(3);
+  for (int level = 1; level <= 4; ++level) ztLogModuleEventSimple(level, 1, "f", 7, "x", 0, 0, 0);
+  EXPECT_EQ(log.Count("x"), 2);
+  zthost::SetLogSink(nullptr);
+  ztLogModuleEventSimple(4, 1, "f", 7, "%s", 1, 0, 0);  // 1 is no text: formatting would crash
+}
+
+TEST(HostMemoryLog, TellsLeaksDoubleAddsAndBadRemoves) {
+  int a = 0, b = 0;
+  wdmemlog_add(1, "a.cpp", 10, &a, 100);
+  wdmemlog_add(2, "b.cpp", 20, &b, 30);
+  wdmemlog_add(2, "b.cpp", 21, &b, 40);
+  zthost::MemoryReport report = zthost::GetMemoryReport();
+  EXPECT_EQ(report.liveBytes, 140u);
+  EXPECT_EQ(report.doubleAdds.size(), 1u);
+  wdmemlog_remove(2, &a);  // another tag
+  wdmemlog_remove(2, &b);
+  wdmemlog_remove(2, &b);  // a second time
+  report = zthost::GetMemoryReport();
+  zthost::ResetMemoryLog();
+  EXPECT_EQ(report.live.size() + report.liveBytes, 0u);
+  EXPECT_EQ(report.badRemoves.size(), 2u);
+}
+
+TEST(HostAllocation, FailsTheNthOnceOrFromThenOn) {
+  const auto pattern = [] {  // one sign for each allocation
+    std::string made;
+    for (void* block : {__malloc(1), __calloc(1, 1), static_cast<void*>(__strdup("s"))}) {
+      made += block != nullptr ? '+' : '-';
+      __free(block);
+    }
+    return made;
+  };
+  zthost::FailAllocation(2);
+  EXPECT_EQ(pattern(), "+-+");
+  zthost::FailAllocation(2, true);
+  EXPECT_EQ(pattern(), "+--");
+  zthost::CountAllocations();
+  EXPECT_EQ(pattern(), "+++");
+  EXPECT_EQ(zthost::AllocationCount(), 3);
+}
+
+TEST(HostText, StaysWithinItsBuffers) {
+  char to[6] = "#####";
+  EXPECT_STREQ(__strlncpy(to, 4, "abcdef", 6), "abc");
+  EXPECT_STREQ(__strlncpy(to, 6, "abcdef", 2), "ab");
+  EXPECT_EQ(__strlcat(to, "cdef", 5), 6u);
+  EXPECT_EQ(__strlcat(to, "xy", 3), 5u);  // no NUL within the capacity: nothing is written
+  EXPECT_STREQ(to, "abcd");
+  char number[67];
+  number[66] = '#';
+  EXPECT_EQ(std::string(__itoaL(LONG_MIN, number, 2)), "-1" + std::string(63, '0'));
+  EXPECT_EQ(number[66], '#');
+  EXPECT_STREQ(__itoaL(-35, number, 36), "-z");
+}
+
+TEST(HostTextDeathTest, GuardedMoveEndsTheProcess) {
+  char to[4] = "abc";
+  EXPECT_STREQ(static_cast<char*>(__memmove(to, 4, to + 1, 3)), "bc");
+  zthost::SetLogSink([](const zthost::LogLine& line, void*) {
+    std::fprintf(stderr, "%d %d %s", line.level, line.moduleId, line.text);
+  });
+  EXPECT_EXIT(__memmove(to, 4, "12345", 5), testing::ExitedWithCode(1),
+              "4 6052 ztDplMemsmove - src1_size buffer size less than src2_size size");
+}
+
+}  // namespace

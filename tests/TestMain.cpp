@@ -1,0 +1,45 @@
+// Runs the tests, each of them with a fresh host platform and a check for leaks afterwards.
+#include <gtest/gtest.h>
+#include <string>
+#include <vector>
+
+#include "ztHostPlatform.h"
+
+namespace {
+
+std::string Describe(const char* what, const std::vector<zthost::MemoryEntry>& entries) {
+  std::string text;
+  for (const zthost::MemoryEntry& entry : entries) {
+    text += std::string(what) + ": tag " + std::to_string(entry.tag) + ", " + entry.sourceFile +
+            ":" + std::to_string(entry.line) + ", " + std::to_string(entry.size) + " bytes\n";
+  }
+  return text;
+}
+
+// Fails a test that leaves the memory log unbalanced.
+class MemoryBalance : public testing::EmptyTestEventListener {
+  void OnTestStart(const testing::TestInfo& /*info*/) override {
+    zthost::FailAllocation(0);
+    zthost::SetLogSink(nullptr);
+    zthost::EnableMemoryLog(true);
+  }
+
+  void OnTestEnd(const testing::TestInfo& /*info*/) override {
+    zthost::FailAllocation(0);
+    zthost::SetLogSink(nullptr);
+    const zthost::MemoryReport report = zthost::GetMemoryReport();
+    zthost::EnableMemoryLog(false);
+    const std::string faults = Describe("leak", report.live) +
+                               Describe("added twice", report.doubleAdds) +
+                               Describe("bad remove", report.badRemoves);
+    if (!faults.empty()) ADD_FAILURE() << "memory log out of balance\n" << faults;
+  }
+};
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  testing::InitGoogleTest(&argc, argv);
+  testing::UnitTest::GetInstance()->listeners().Append(new MemoryBalance);
+  return RUN_ALL_TESTS();
+}
