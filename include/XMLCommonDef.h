@@ -1,0 +1,39 @@
+// The shared table of element, attribute and namespace names.
+#ifndef ZTXML_INCLUDE_XMLCOMMONDEF_H
+#define ZTXML_INCLUDE_XMLCOMMONDEF_H
+
+#include <atomic>
+
+#include "ZtExport.h"
+
+/// Indices of the rows of the name table; each enumerator is named after its row's text, the
+/// second of two equal texts ends in _2.
+enum e_XmlStrRef : int {
+#define ZT_NAME(id, text) id,
+#include "XMLCommonNames.inc"
+#undef ZT_NAME
+  kXmlStrRefCount  ///< number of rows, not a row
+};
+
+/// The name table and its one shared instance, which every marshaller holds.
+class ZT_API zt_xml_common_array_definition : public ZtNonCopyable {
+ public:
+  /// Returns the shared instance and makes it when there is none; null when out of memory.
+  static zt_xml_common_array_definition* CreateArrayInstance();
+
+  /// Deletes the shared instance if there is one. It is not reference-counted: pointers held
+  /// elsewhere go stale, which is harmless because getStringName needs no instance.
+  static void ReleaseArrayInstance();
+
+  /// The text of row `id` (borrowed, static). No bounds check: pass enumerators only.
+  static char* getStringName(e_XmlStrRef id) { return arrXmlStrRef[id]; }
+
+  static constexpr int kRowSize = 100;  ///< bytes of a row, padded with NULs
+
+  static char arrXmlStrRef[kXmlStrRefCount][kRowSize];
+
+ private:
+  static std::atomic<zt_xml_common_array_definition*> m_pXmlStrRef;
+};
+
+#endif  // ZTXML_INCLUDE_XMLCOMMONDEF_H

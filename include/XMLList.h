@@ -1,0 +1,47 @@
+// The list in which schema types keep repeated children and attributes.
+#ifndef ZTXML_INCLUDE_XMLLIST_H
+#define ZTXML_INCLUDE_XMLLIST_H
+
+#include <cstdint>
+
+#include "ZtExport.h"
+
+/// A node of a ZtSingleElementList. Walk a list with GetPtrToListHead() and `next`.
+struct ZtListNode {
+  void* data;        ///< the stored pointer, not owned
+  ZtListNode* next;  ///< null at the end
+};
+
+/// Singly linked list of untyped pointers. It owns its nodes and never what they point to. A list
+/// inside a schema type holds exactly XMLElement* (children) or exactly XMLAttribute* (attributes).
+class ZT_API ZtSingleElementList : public ZtNonCopyable {
+ public:
+  ZtSingleElementList();
+  ~ZtSingleElementList();
+
+  /// Appends `data` (null is stored too). Returns 1, or 0 when there is no memory.
+  int Add(void* data);
+
+  /// Removes the first node that holds `data` (never null); the data is not freed. Returns 1
+  /// removed, 0 not found.
+  int Remove(void* data);
+
+  /// The pointer at `index`, counted from 0, or null. Linear in the index.
+  void* GetKeyAtIndex(unsigned short index);
+
+  /// The first node (not its data), or null when the list is empty.
+  ZtListNode* GetPtrToListHead();
+
+  /// Always null: the walk ends behind the last node. Callers get nothing from it.
+  ZtListNode* GetPtrToListEnd();
+
+  /// Number of nodes modulo 65536: not a bound for loops.
+  std::uint16_t GetCount() const { return m_iListCount; }
+
+ private:
+  ZtListNode* m_pHead;
+  std::uint16_t m_iListCount;
+  ZtListNode* m_pTail;  // makes Add independent of the length
+};
+
+#endif  // ZTXML_INCLUDE_XMLLIST_H

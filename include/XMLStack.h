@@ -1,0 +1,30 @@
+// The stack of the elements that are open while a document is read.
+#ifndef ZTXML_INCLUDE_XMLSTACK_H
+#define ZTXML_INCLUDE_XMLSTACK_H
+
+#include "ZtExport.h"
+
+/// Fixed-capacity stack of untyped pointers, which it does not own.
+class ZT_API XmlCodeGenStack : public ZtNonCopyable {
+ public:
+  static constexpr int kCapacity = 100;
+
+  XmlCodeGenStack() : m_iTop(-1) {}
+
+  /// Stores `p` on top; on a full stack the pointer is dropped and a line is logged.
+  void push(void* p);
+  /// Takes the top entry off; on an empty stack only a line is logged.
+  void pop();
+  /// The top entry, or null with a log line when the stack is empty.
+  void* top() const;
+  bool empty() const { return m_iTop == -1; }
+  /// The index of the top entry: -1 when empty, one less than the number of entries. Intended:
+  /// callers depend on it not being a count.
+  int size() const { return m_iTop; }
+
+ private:
+  void* m_pEntries[kCapacity];
+  int m_iTop;
+};
+
+#endif  // ZTXML_INCLUDE_XMLSTACK_H

@@ -1,0 +1,94 @@
+#include "XMLList.h"
+
+#include "base/ZtLog.h"
+
+namespace {
+
+constexpr char kSource[] = "src/XMLList";
+// Intended: the destructor, and the two accessors that are not GetKeyAtIndex, log their
+// neighbours' texts; log readers tell them apart by these lines.
+constexpr int kConstructorLine = 35;
+constexpr int kDestructorLine = 56;
+constexpr int kListHeadLine = 238;
+constexpr int kListEndLine = 265;
+constexpr char kLifeText[] = "<XML Module>: ZtSingleElementList::ZtSingleElementList";
+constexpr char kEmptyText[] =
+    "ZtSingleElementList::GetKeyAtIndex: Head itself is null and No item is there to be removed";
+
+}  // namespace
+
+ZtSingleElementList::ZtSingleElementList() : m_pHead(nullptr), m_iListCount(0), m_pTail(nullptr) {
+  ZtLog(kZtLogState, kSource, kConstructorLine)(kLifeText);
+}
+
+ZtSingleElementList::~ZtSingleElementList() {
+  ZtLog(kZtLogState, kSource, kDestructorLine)(kLifeText);
+  while (m_pHead) {
+    ZtListNode* node = m_pHead;
+    m_pHead = node->next;
+    __free(node);
+  }
+}
+
+int ZtSingleElementList::Add(void* data) {
+  ZtLog(kZtLogState, kSource)("<XML Module>: ZtSingleElementList::Add");
+  auto* node = static_cast<ZtListNode*>(__calloc(1, sizeof(ZtListNode)));
+  if (!node) {
+    ZtLog(kZtLogError,
+          kSource)(m_pHead ? "<XML Module>: ZtSingleElementList:Add pTravNode Buffer is NULL"
+                           : "<XML Module>: ZtSingleElementList:Add m_pHead Buffer is NULL");
+    return 0;
+  }
+  node->data = data;
+  (m_pHead ? m_pTail->next : m_pHead) = node;
+  m_pTail = node;
+  ++m_iListCount;
+  ZtLog(kZtLogState, kSource)("<XML Module>: m_iListCount: %d", m_iListCount);
+  return 1;
+}
+
+int ZtSingleElementList::Remove(void* data) {
+  ZtLog(kZtLogState, kSource)("<XML Module>: ZtSingleElementList::Remove");
+  if (!m_pHead) {
+    ZtLog(kZtLogError, kSource)("<XML Module> ZtSingleElementList::Remove: Head itself is null");
+    return 0;
+  }
+  ZtListNode* previous = nullptr;
+  for (ZtListNode* node = m_pHead; node; previous = node, node = node->next) {
+    if (!node->data || node->data != data) continue;
+    (previous ? previous->next : m_pHead) = node->next;
+    if (node == m_pTail) m_pTail = previous;
+    __free(node);
+    --m_iListCount;
+    return 1;
+  }
+  ZtLog(kZtLogError,
+        kSource)("<XML Module> ZtSingleElementList::Remove: Entry not found in the list");
+  return 0;
+}
+
+void* ZtSingleElementList::GetKeyAtIndex(unsigned short index) {
+  if (!m_pHead) {
+    ZtLog(kZtLogError, kSource)(kEmptyText);
+    return nullptr;
+  }
+  // Intended: an index equal to the count passes this test and yields null without a line.
+  if (index > m_iListCount) {
+    ZtLog(kZtLogError, kSource)("ZtSingleElementList::GetKeyAtIndex: Invalid index");
+    return nullptr;
+  }
+  ZtListNode* node = m_pHead;
+  for (unsigned i = 0; node && i < index; ++i) node = node->next;
+  return node ? node->data : nullptr;
+}
+
+ZtListNode* ZtSingleElementList::GetPtrToListHead() {
+  if (!m_pHead) ZtLog(kZtLogError, kSource, kListHeadLine)(kEmptyText);
+  return m_pHead;
+}
+
+// Intended: callers get null from a full list too; nothing may start to depend on a node.
+ZtListNode* ZtSingleElementList::GetPtrToListEnd() {
+  if (!m_pHead) ZtLog(kZtLogError, kSource, kListEndLine)(kEmptyText);
+  return nullptr;
+}

@@ -1,0 +1,437 @@
+#include "XmlDecoder.h"
+
+#include <climits>
+
+#include "base/ZtLog.h"
+#include "base/ZtMemory.h"
+
+namespace {
+
+constexpr char kSource[] = "src/XmlDecoder";
+constexpr int kSentinelLine = 100;  // where the memory log's readers know the sentinel from
+constexpr char kWhiteSpace[] = " \t\r\n";
+constexpr int kMostDelimiters = 32;
+constexpr std::size_t kLeastCapacity = 64;
+
+ZtLog Log(int level, int line = __builtin_LINE()) {
+  return ZtLog(level, kSource, line, kZtModuleParser);
+}
+
+bool IsSpace(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; }
+
+const char* SkipSpace(const char* text) { return text + std::strspn(text, kWhiteSpace); }
+
+// Whether the name that ends before `end` holds white space after it is trimmed on both sides.
+bool HoldsSpace(const char* begin, const char* end) {
+  while (begin < end && IsSpace(*begin)) ++begin;
+  while (begin < end && IsSpace(end[-1])) --end;
+  for (; begin < end; ++begin) {
+    if (IsSpace(*begin)) return true;
+  }
+  return false;
+}
+
+}  // namespace
+
+XmlDecoder::XmlDecoder()
+    : m_pElementStack(nullptr),
+      m_pPendingText(nullptr),
+      m_pSchema(nullptr),
+      m_bEmptyElement(0),
+      m_pTop(nullptr),
+      m_iLength(0),
+      m_iCapacity(0),
+      m_iTag(0),
+      m_iScanned(0) {
+  InitXmlDecoder();
+}
+
+XmlDecoder::~XmlDecoder() { ResetXmlDecoder(); }
+
+void XmlDecoder::InitXmlDecoder() {
+  if (!m_pElementStack) {
+    m_pElementStack = new BuddyLinkList;
+    if (m_pElementStack) {
+      wdmemlog_add(kZtTagStackNode, kSource, kSentinelLine, m_pElementStack, sizeof(BuddyLinkList));
+    }
+    m_pTop = m_pElementStack;
+  }
+  __free(m_pPendingText);
+  m_pPendingText = nullptr;
+  m_iLength = m_iCapacity = m_iTag = m_iScanned = 0;
+  m_DecodeState = ZT_XML_PARSE_BEGIN;
+}
+
+void XmlDecoder::ResetXmlDecoder() {
+  __free(m_pPendingText);
+  m_pPendingText = nullptr;
+  m_iLength = m_iCapacity = m_iTag = m_iScanned = 0;
+  if (!m_pElementStack) return;
+  m_pElementStack->FreeList(FreeElement);
+  BuddyLinkList::Release(m_pElementStack);
+  m_pElementStack = nullptr;
+  m_pTop = nullptr;
+}
+
+// ---- Feeding ------------------------------------------------------------------------------------
+
+int XmlDecoder::Decode(char* n_strXML, int n_count) {
+  Log(kZtLogTrace)("XmlDecoder::n_count = %d", n_count);
+  if (!n_strXML || n_count <= 0) {
+    Log(kZtLogTrace)("XmlDecoder::Decode n_strXML is null");
+    return ZT_XML_ERROR;
+  }
+  if (m_DecodeState == ZT_XML_PARSE_COMPLETE) {
+    Log(kZtLogTrace)("XmlDecoder::Decode m_DecodeState = ZT_XML_PARSE_COMPLETE ret ZT_XML_SUCCESS");
+    return ZT_XML_SUCCESS;
+  }
+  if (m_DecodeState == ZT_XML_PARSE_ERROR) return ZT_XML_ERROR;
+  if (AppendText(n_strXML, n_count) != 0) return ZT_XML_ERROR;
+  return Continue();
+}
+
+// Adds the chunk to the pending text. The buffer doubles, so that feeding byte by byte stays
+// linear. 0, or -1 with everything as it was.
+int XmlDecoder::AppendText(const char* text, int count) {
+  if (m_iLength + static_cast<std::size_t>(count) + 1 > static_cast<std::size_t>(INT_MAX)) {
+    return -1;
+  }
+  const void* end = std::memchr(text, '\0', static_cast<std::size_t>(count));
+  const std::size_t size = end ? static_cast<std::size_t>(static_cast<const char*>(end) - text)
+                               : static_cast<std::size_t>(count);
+  const std::size_t needed = m_iLength + size + 1;
+  if (needed > m_iCapacity) {
+    std::size_t capacity = m_iLength ? 2 * m_iCapacity : needed;
+    if (capacity < needed) capacity = needed;
+    if (capacity < kLeastCapacity) capacity = kLeastCapacity;
+    auto* buffer = static_cast<char*>(__malloc(capacity));
+    if (!buffer) return -1;
+    if (m_iLength) std::memcpy(buffer, m_pPendingText, m_iLength);
+    __free(m_pPendingText);
+    m_pPendingText = buffer;
+    m_iCapacity = capacity;
+  }
+  std::memcpy(m_pPendingText + m_iLength, text, size);
+  m_iLength += size;
+  m_pPendingText[m_iLength] = '\0';
+  return 0;
+}
+
+// ---- Tags ---------------------------------------------------------------------------------------
+
+// Reads the pending text tag by tag. Tags are cut in place; everything handed to the callbacks
+// points into the pending text.
+int XmlDecoder::Continue() {
+  char* position = m_pPendingText;
+  char* end = position + m_iLength;
+  char* tag = position + m_iTag;
+  char* scan = position + m_iScanned;
+  for (;;) {
+    m_bEmptyElement = 0;
+    tag = static_cast<char*>(std::memchr(tag, '<', static_cast<std::size_t>(end - tag)));
+    if (!tag) {
+      // Text behind the last tag is dropped, also when its end tag comes with the next chunk.
+      m_DecodeState = ZT_XML_PARSE_CONTINUE;
+      *m_pPendingText = '\0';
+      m_iLength = m_iTag = m_iScanned = 0;
+      Log(kZtLogState)("<XML Decoder>:ZT_XML_PARSE_CONTINUE ret:ZT_XML_INCOMPLETE");
+      return ZT_XML_INCOMPLETE;
+    }
+    if (scan <= tag) scan = tag + 1;
+    auto* close = static_cast<char*>(std::memchr(scan, '>', static_cast<std::size_t>(end - scan)));
+    if (!close) {
+      m_iTag = static_cast<std::size_t>(tag - position);
+      return OutOfTags(position);
+    }
+    *close = '\0';
+    char* const name = tag + 1;
+    bool counts = true;  // whether the tag can end the document
+    if (*name == '?') {
+      if (close[-1] != '?' || m_pTop != m_pElementStack) return ParseError();
+      counts = false;
+    } else if (close - tag >= 4 && std::memcmp(name, "!--", 3) == 0) {
+      if (close - tag < 6 || close[-1] != '-' || close[-2] != '-') return ParseError();
+      counts = false;
+    } else if (*name == '/') {
+      const int result = EndTag(position, tag);
+      if (result != 0) return result;
+    } else if (close[-1] == '/') {
+      close[-1] = '\0';
+      m_bEmptyElement = 1;
+      if (DecodeAttributes(name) < 0) {
+        Log(kZtLogState)(
+            "<XML Decoder>:Decoder Failed in DecodeAttributes and ret:ZT_XML_PARSE_ERROR");
+        return ParseError();
+      }
+    } else {
+      const int result = DecodeAttributes(name);
+      if (result < 0) {
+        Log(kZtLogState)("<XML Decoder>:Decoder Failed in DecodeAttributes");
+        return ParseError();
+      }
+      char* const element = name + std::strspn(name, kWhiteSpace);
+      if (m_pSchema) {
+        if (result == 1) m_pSchema->ProcessElement(element, nullptr);
+        m_pSchema->ProcessElementOpened(element);
+      }
+      if (!PushElement(element)) {
+        m_DecodeState = ZT_XML_PARSE_ERROR;
+        Log(kZtLogState)(
+            "<XML Decoder>:Decoder Failed as stack is not empty at end, reason: "
+            "ZT_XML_PARSE_ERROR");
+        return ParseError();
+      }
+    }
+    position = tag = scan = close + 1;
+    if (counts && m_pTop == m_pElementStack) {
+      m_DecodeState = ZT_XML_PARSE_COMPLETE;
+      Log(kZtLogState)("<XML Decoder>:Decoder Success");
+      return ZT_XML_SUCCESS;
+    }
+  }
+}
+
+// The input ended inside a tag that begins at or behind `position`: keeps the text from there.
+int XmlDecoder::OutOfTags(char* position) {
+  Log(kZtLogState)("<XML Decoder>:ZT_XML_PARSE_CONTINUE ret:ZT_XML_INCOMPLETE ");
+  m_DecodeState = ZT_XML_PARSE_CONTINUE;
+  const auto consumed = static_cast<std::size_t>(position - m_pPendingText);
+  if (consumed) {
+    m_iLength -= consumed;
+    __memmove(m_pPendingText, m_iCapacity, position, m_iLength + 1);
+  }
+  m_iScanned = m_iLength;
+  return ZT_XML_INCOMPLETE;
+}
+
+// An end tag: `tag` points at its '<', `text` at the element's text before it. The failures here
+// leave the state as it was.
+int XmlDecoder::EndTag(char* text, char* tag) {
+  BuddyLinkList* node = PopElement();
+  if (!node) {
+    Log(kZtLogState)("<XML Decoder>:stack is empty when decodeBegin is not");
+    ForgetConsumed();
+    return ZT_XML_ERROR;
+  }
+  auto* stored = static_cast<char*>(node->data);
+  char* const slashName = tag + 1;  // "/name": the slash is the end tag's own
+  if (__strcmp(stored, slashName + 1) != 0) {
+    Log(kZtLogState)(
+        "<XML Decoder>:stack mismatch happened when stored value is \"%s\" and ret:ZT_XML_ERROR",
+        stored);
+    FreeElement(stored);
+    BuddyLinkList::Release(node);
+    ForgetConsumed();
+    return ZT_XML_ERROR;
+  }
+  *tag = '\0';
+  if (m_pSchema && m_pSchema->ProcessElement(slashName, text) != 0) {
+    Log(kZtLogState)(
+        "<XML Decoder>:ProcessElement(pStrEndElement, start) failed when pStrEndElement=\"%s\"",
+        slashName);
+  }
+  FreeElement(stored);
+  BuddyLinkList::Release(node);
+  return 0;
+}
+
+// After a failure that keeps the state a later call reads what is left up to the first cut again:
+// nothing sensible, but within the buffer.
+void XmlDecoder::ForgetConsumed() {
+  m_iLength = __strlen(m_pPendingText);
+  m_iTag = m_iScanned = 0;
+}
+
+int XmlDecoder::ParseError() {
+  m_DecodeState = ZT_XML_PARSE_ERROR;
+  ResetXmlDecoder();
+  return ZT_XML_ERROR;
+}
+
+// ---- Attributes ---------------------------------------------------------------------------------
+
+// Reports a start or empty-element tag whose text follows its '<'; cuts the text down to the
+// element's name. -1 failure; 1 when the caller has to report the start; 0 when all is reported.
+int XmlDecoder::DecodeAttributes(char* n_strAttrList) {
+  if (!n_strAttrList) {
+    Log(kZtLogTrace)("XmlDecoder::DecodeAttributes n_strAttrList is null");
+    return -1;
+  }
+  char* rest = nullptr;
+  char* element = N_strtok(n_strAttrList, kWhiteSpace, &rest);
+  if (!element) {
+    m_DecodeState = ZT_XML_PARSE_ERROR;
+    return -1;
+  }
+  const bool started = m_bEmptyElement == 1 || rest[std::strspn(rest, "=")] != '\0';
+  if (started && m_pSchema) m_pSchema->ProcessElement(element, nullptr);
+  const int valid = ValidateAttributeList(rest);
+  Log(kZtLogTrace)("XmlDecoder:: DecodeAttributes %d", valid);
+  if (valid != 0) {
+    Log(kZtLogTrace)("XmlDecoder:: DecodeAttributes - Attribute list invalid");
+    return -1;
+  }
+  if (!m_pSchema) return 0;
+  return ReportAttributes(element, rest, started);
+}
+
+int XmlDecoder::ReportAttributes(char* element, char* rest, bool started) {
+  while (*rest) {
+    char* name = N_strtok(rest, "=", &rest);
+    if (!name) break;
+    // Only the leading side of a name is trimmed: `x ="1"` is the attribute "x ". White space
+    // before the '>' comes out as an attribute with an empty name; receivers drop it.
+    name += std::strspn(name, kWhiteSpace);
+    rest += std::strspn(rest, kWhiteSpace);
+    char empty[1] = "";
+    char* value = empty;
+    if ((rest[0] == '"' || rest[0] == '\'') && rest[1] == rest[0]) {
+      rest += 2;
+    } else if (char* token = N_strtok(rest, rest[0] == '\'' ? "'" : "\"", &rest)) {
+      value = token;
+    }
+    UnescapeXml(value);
+    m_pSchema->ProcessAttribute(element, name, value);
+  }
+  if (m_bEmptyElement != 1) return started ? 0 : 1;
+  m_pSchema->ProcessElementOpened(element);
+  // The byte before the name is the '<' or white space behind it: it becomes the end tag's slash.
+  element[-1] = '/';
+  m_pSchema->ProcessElement(element - 1, rest);
+  m_bEmptyElement = 0;
+  return 0;
+}
+
+int XmlDecoder::ValidateAttributeList(const char* list) {
+  if (!list) return -1;
+  bool pending = false;           // an '=' was seen and its value is not complete
+  char quote = '\0';              // the kind of the open value, if any
+  const char* nameStart = list;   // end of the previous value
+  const char* valueStart = list;  // behind the last '='
+  const char* lastSpecial = nullptr;
+  for (const char* at = list + std::strcspn(list, "\"'="); *at;
+       at += 1 + std::strcspn(at + 1, "\"'=")) {
+    if (*at == '=') {
+      if (quote) continue;
+      if (pending || HoldsSpace(nameStart, at)) return -1;
+      pending = true;
+      valueStart = at + 1;
+    } else if (quote) {
+      if (*at != quote) continue;
+      quote = '\0';
+      pending = false;
+      nameStart = at + 1;
+    } else {
+      if (!pending || SkipSpace(valueStart) != at) return -1;
+      quote = *at;
+    }
+    lastSpecial = at;
+  }
+  if (pending) return -1;  // an open value is a pending one, too
+  // Without any special character the text is one attribute without a value.
+  return lastSpecial && *SkipSpace(lastSpecial + 1) ? -1 : 0;
+}
+
+// ---- Text helpers -------------------------------------------------------------------------------
+
+char* XmlDecoder::TrimSpaces(char* text) {
+  if (!text) return nullptr;
+  text += std::strspn(text, kWhiteSpace);
+  char* end = text + __strlen(text);
+  while (end > text && IsSpace(end[-1])) --end;
+  *end = '\0';
+  return text;
+}
+
+char* XmlDecoder::N_strtok(char* str, const char* delims, char** next) {
+  if (!str || !delims || !next) {
+    Log(kZtLogTrace)("XmlDecoder::N_strtok incomming params are null");
+    return nullptr;
+  }
+  unsigned char set[256 / 8] = {};
+  for (int i = 0; i < kMostDelimiters && delims[i]; ++i) {
+    const auto c = static_cast<unsigned char>(delims[i]);
+    set[c / 8] = static_cast<unsigned char>(set[c / 8] | (1U << (c % 8)));
+  }
+  const auto isDelimiter = [&set](char ch) {
+    const auto c = static_cast<unsigned char>(ch);
+    return (set[c / 8] >> (c % 8) & 1U) != 0;
+  };
+  while (*str && isDelimiter(*str)) ++str;
+  char* end = str;
+  while (*end && !isDelimiter(*end)) ++end;
+  *next = *end ? end + 1 : end;
+  *end = '\0';
+  return end == str ? nullptr : str;
+}
+
+void XmlDecoder::UnescapeXmlString(char* text, const char* entity, char ch) {
+  if (!text || !*text || !entity || !*entity) return;
+  const std::size_t size = __strlen(entity);
+  char* to = text;
+  const char* from = text;
+  while (const char* found = __strstr(from, entity)) {
+    const auto piece = static_cast<std::size_t>(found - from);
+    std::memmove(to, from, piece);
+    to += piece;
+    *to++ = ch;
+    from = found + size;
+  }
+  if (to != from) std::memmove(to, from, __strlen(from) + 1);
+}
+
+// One pass over all five: none of the replacements can complete another entity except "&amp;",
+// whose result is not looked at again.
+void XmlDecoder::UnescapeXml(char* text) {
+  static constexpr struct {
+    char entity[8];
+    std::size_t size;
+    char ch;
+  } kEntities[] = {
+      {"&quot;", 6, '"'},  {"&gt;", 4, '>'},  {"&lt;", 4, '<'},
+      {"&apos;", 6, '\''}, {"&amp;", 5, '&'},
+  };
+  if (!text) return;
+  char* from = __strchr(text, '&');
+  if (!from) return;
+  char* to = from;
+  while (*from) {
+    std::size_t size = 1;
+    char ch = *from;
+    if (ch == '&') {
+      for (const auto& known : kEntities) {
+        if (__strncmp(from, known.entity, known.size) != 0) continue;
+        size = known.size;
+        ch = known.ch;
+        break;
+      }
+    }
+    *to++ = ch;
+    from += size;
+  }
+  *to = '\0';
+}
+
+// ---- Stack of open elements ---------------------------------------------------------------------
+
+BuddyLinkList* XmlDecoder::PushElement(char* name) {
+  char* copy = name ? __strdup(name) : nullptr;
+  if (!copy) {
+    Log(kZtLogTrace)("XmlDecoder::PushElement | ztDplStrdup failed");
+    return nullptr;
+  }
+  BuddyLinkList* node = m_pTop ? m_pTop->Append(copy) : nullptr;
+  if (!node) {
+    FreeElement(copy);
+    return nullptr;
+  }
+  m_pTop = node;
+  return node;
+}
+
+BuddyLinkList* XmlDecoder::PopElement() {
+  if (m_pTop == m_pElementStack) return nullptr;
+  BuddyLinkList* node = m_pTop;
+  m_pTop = node->Previous();
+  return node->Detach();
+}
