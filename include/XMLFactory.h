@@ -1,0 +1,62 @@
+// The entry to the library: contexts by schema.
+#ifndef ZTXML_INCLUDE_XMLFACTORY_H
+#define ZTXML_INCLUDE_XMLFACTORY_H
+
+#include "XMLContext.h"
+
+/// The schemas. 6 and 8 have no context; neither have values from 28 upward.
+enum eXMLSchemaID : int {
+  XML_SCHEMA_IS_COMPOSING = 0,
+  XML_SCHEMA_RESOURCE_LISTS = 1,
+  XML_SCHEMA_CONFERENCE_INFO = 2,
+  XML_SCHEMA_IMDN = 3,
+  XML_SCHEMA_COMMUNICATION_WAITING = 4,
+  XML_SCHEMA_OIP = 5,
+  XML_SCHEMA_TIP = 7,
+  XML_SCHEMA_COMMUNICATION_DIVERSION = 9,
+  XML_SCHEMA_COMMUNICATION_BARRING = 10,
+  XML_SCHEMA_SIMSERVS = 11,
+  XML_SCHEMA_XCAP_ERROR = 12,
+  XML_SCHEMA_WAP_PROVISIONING_DOC = 13,
+  XML_SCHEMA_VOLTE_CONFIG_INFO = 14,
+  XML_SCHEMA_PRESENCE = 15,
+  XML_SCHEMA_RLS_SERVICES = 16,
+  XML_SCHEMA_LIST = 17,
+  XML_SCHEMA_XCAP_DIRECTORY = 18,
+  XML_SCHEMA_FILE = 19,
+  XML_SCHEMA_MEDIA_CONTROL = 20,
+  XML_SCHEMA_CALL_WAITING_INDICATION = 21,
+  XML_SCHEMA_CW_INDICATION = 22,
+  XML_SCHEMA_RCS_TERMS_INFO = 23,
+  XML_SCHEMA_BOOTSTRAPPING_INFO = 24,
+  XML_SCHEMA_GRUU = 25,
+  XML_SCHEMA_REGINFO = 26,
+  XML_SCHEMA_NAMESPACE_RETRIEVAL = 27,
+};
+
+/// What there is to know of a schema. All texts are static.
+struct XMLSchemaInfo {
+  eXMLSchemaID id;
+  const char* name;       ///< the context's name without "Context", e.g. "Reginfo"
+  const char* roots[2];   ///< local names of its root elements; null: none, or any root
+  const char* nameSpace;  ///< namespace of the root element, null when it has none
+  bool writes;            ///< whether its marshaller writes documents
+};
+
+class ZT_API XMLFactory {
+ public:
+  /// A new context of the schema `id`, or null for an id without one or when out of memory. Free it
+  /// with deleteContext.
+  static XMLContext* newInstance(eXMLSchemaID id);
+
+  /// Deletes a context with the workers that it made; null is ignored.
+  static void deleteContext(XMLContext* context);
+
+  /// Deletes an element with all below it; null is ignored.
+  static void DeleteElement(XMLElement* element);
+
+  /// The schema `id`, or null when there is no context for it.
+  static const XMLSchemaInfo* getSchemaInfo(eXMLSchemaID id);
+};
+
+#endif  // ZTXML_INCLUDE_XMLFACTORY_H

@@ -1,0 +1,104 @@
+// GRUU information (RFC 5628): a public or temporary GRUU, inside a registration-state body or on
+// its own.
+#ifndef ZTXML_INCLUDE_XMLGRUU_H
+#define ZTXML_INCLUDE_XMLGRUU_H
+
+#include "ZtDocument.h"
+#include "ZtElement.h"
+
+/// What every GRUU has.
+class ZT_API ZtGruu : public ZtObject {
+ public:
+  /// The GRUU's URI; required on output.
+  int setUriValue(const char* uri) { return m_Uri.Assign(uri); }
+  const char* getUriValue() const { return m_Uri.Get(); }
+
+ private:
+  friend struct GruuBinding;
+  ZtText m_Uri;
+};
+
+/// What a temporary GRUU has, too.
+class ZT_API ZtTemporaryGruu : public ZtGruu {
+ public:
+  /// The CSeq of the REGISTER request that made the GRUU valid.
+  int setFirstCseqValue(unsigned cseq) {
+    m_FirstCseq = cseq;
+    return 1;
+  }
+  unsigned getFirstCseqValue() const { return m_FirstCseq; }
+
+ private:
+  friend struct GruuBinding;
+  unsigned m_FirstCseq = 0;
+};
+
+/// The element "pub-gruu".
+class ZT_API zt_pub_gruu : public ZtGruu {
+ public:
+  static const ZtElementType kType;
+
+ private:
+  const ZtElementType& Type() const override;
+};
+
+/// The element "temp-gruu".
+class ZT_API zt_temp_gruu : public ZtTemporaryGruu {
+ public:
+  static const ZtElementType kType;
+
+ private:
+  const ZtElementType& Type() const override;
+};
+
+/// "pub-gruu" where it is not a root. The library reads GRUUs as zt_pub_gruu.
+class ZT_API zt_ns_gruuinfo_pubGruu : public ZtGruu {
+ public:
+  static const ZtElementType kType;
+
+ private:
+  const ZtElementType& Type() const override;
+};
+
+/// "temp-gruu" where it is not a root. The library reads GRUUs as zt_temp_gruu.
+class ZT_API zt_ns_gruuinfo_tempGruu : public ZtTemporaryGruu {
+ public:
+  static const ZtElementType kType;
+
+ private:
+  const ZtElementType& Type() const override;
+};
+
+class ZT_API GruuDataBinder : public XMLObjectFactory {
+ public:
+  /// Chooses what CreateRootElement makes: "pub-gruu", "temp-gruu" or a prefix of one (copied).
+  /// Always 1.
+  int setGruuType(const char* type) { return m_pGruutype.Assign(type); }
+
+  /// A new zt_pub_gruu or zt_temp_gruu after the type that was set, else null.
+  XMLObject* CreateRootElement() override;
+  zt_pub_gruu* CreatePubGruuElement();
+  zt_temp_gruu* CreateTempGruuElement();
+
+ private:
+  ZtText m_pGruutype;
+};
+
+class ZT_API GruuMarshaller : public ZtMarshaller {
+ public:
+  int AddPubGruuElementToXml(zt_pub_gruu* gruu);
+  int AddTempGruuElementToXml(zt_temp_gruu* gruu);
+
+ private:
+  const ZtDocument& Document() const override;
+};
+
+class ZT_API GruuUnMarshaller : public ZtUnMarshaller {
+  const ZtDocument& Document() const override;
+};
+
+class ZT_API GruuContext : public ZtContext {
+  const ZtDocument& Document() const override;
+};
+
+#endif  // ZTXML_INCLUDE_XMLGRUU_H

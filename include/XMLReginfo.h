@@ -1,0 +1,267 @@
+// Registration information (RFC 3680, with the GRUU elements of RFC 5628).
+#ifndef ZTXML_INCLUDE_XMLREGINFO_H
+#define ZTXML_INCLUDE_XMLREGINFO_H
+
+#include "XMLGruu.h"
+#include "ZtDocument.h"
+#include "ZtElement.h"
+
+/// The state of a registration-information document. Values read from documents may lie beyond the
+/// named ones in all these enumerations: they are absent or unknown, and cannot be written.
+enum zt_reginfo_state_type_enum : unsigned {
+  ZT_REGINFO_STATE_FULL,
+  ZT_REGINFO_STATE_PARTIAL,
+  ZT_REGINFO_STATE_ABSENT
+};
+
+enum zt_registration_state_type_enum : unsigned {
+  ZT_REGISTRATION_STATE_INIT,
+  ZT_REGISTRATION_STATE_ACTIVE,
+  ZT_REGISTRATION_STATE_TERMINATED,
+  ZT_REGISTRATION_STATE_ABSENT
+};
+
+enum zt_contact_state_type_enum : unsigned {
+  ZT_CONTACT_STATE_ACTIVE,
+  ZT_CONTACT_STATE_TERMINATED,
+  ZT_CONTACT_STATE_ABSENT
+};
+
+enum zt_contact_event_type_enum : unsigned {
+  ZT_CONTACT_EVENT_REGISTERED,
+  ZT_CONTACT_EVENT_CREATED,
+  ZT_CONTACT_EVENT_REFRESHED,
+  ZT_CONTACT_EVENT_SHORTENED,
+  ZT_CONTACT_EVENT_EXPIRED,
+  ZT_CONTACT_EVENT_DEACTIVATED,
+  ZT_CONTACT_EVENT_PROBATION,
+  ZT_CONTACT_EVENT_UNREGISTERED,
+  ZT_CONTACT_EVENT_REJECTED,
+  ZT_CONTACT_EVENT_ABSENT
+};
+
+/// The element "unknown-param": a contact header parameter.
+class ZT_API zt_unknown_param : public ZtElement {
+ public:
+  static const ZtElementType kType;
+
+  /// The element's text.
+  int setValueValue(const char* value) { return m_Value.Assign(value); }
+  const char* getValueValue() const { return m_Value.Get(); }
+  /// The attribute "name"; required on output.
+  int setNameValue(const char* name) { return m_Name.Assign(name); }
+  const char* getNameValue() const { return m_Name.Get(); }
+
+ private:
+  friend struct ReginfoBinding;
+  const ZtElementType& Type() const override;
+
+  ZtText m_Value;
+  ZtText m_Name;
+};
+
+/// The element "contact".
+class ZT_API zt_ns_reginfo_contact : public ZtElement {
+ public:
+  static const ZtElementType kType;
+
+  int setUriValue(const char* uri) { return m_Uri.Assign(uri); }
+  const char* getUriValue() const { return m_Uri.Get(); }
+  int setDisplayNameValue(const char* name) { return m_DisplayName.Assign(name); }
+  const char* getDisplayNameValue() const { return m_DisplayName.Get(); }
+
+  /// A list of zt_unknown_param (taken).
+  int setUnknownParamListValue(ZtSingleElementList* list) { return m_UnknownParams.Set(list); }
+  ZtSingleElementList* getUnknownParamListValue() const { return m_UnknownParams.Get(); }
+  /// Takes `param`; 0 when it is null or there is no memory.
+  int addUnknownParam(zt_unknown_param* param) { return m_UnknownParams.Add(param); }
+
+  /// Required on output.
+  int setStateValue(zt_contact_state_type_enum state) {
+    m_State = state;
+    return 1;
+  }
+  zt_contact_state_type_enum getStateValue() const {
+    return static_cast<zt_contact_state_type_enum>(m_State);
+  }
+  /// Required on output.
+  int setEventValue(zt_contact_event_type_enum event) {
+    m_Event = event;
+    return 1;
+  }
+  zt_contact_event_type_enum getEventValue() const {
+    return static_cast<zt_contact_event_type_enum>(m_Event);
+  }
+
+  /// Seconds that the contact has been registered; 0 means absent, as in the three below.
+  int setDurationRegisteredValue(unsigned long long seconds) {
+    m_DurationRegistered = seconds;
+    return 1;
+  }
+  unsigned long long getDurationRegisteredValue() const { return m_DurationRegistered; }
+  /// Seconds until the contact expires.
+  int setExpiresValue(unsigned long long seconds) {
+    m_Expires = seconds;
+    return 1;
+  }
+  unsigned long long getExpiresValue() const { return m_Expires; }
+  /// Seconds to wait before registering again.
+  int setRetryAfterValue(unsigned long long seconds) {
+    m_RetryAfter = seconds;
+    return 1;
+  }
+  unsigned long long getRetryAfterValue() const { return m_RetryAfter; }
+
+  /// Required on output.
+  int setIdValue(const char* id) { return m_Id.Assign(id); }
+  const char* getIdValue() const { return m_Id.Get(); }
+  int setQValue(const char* q) { return m_Q.Assign(q); }
+  const char* getQValue() const { return m_Q.Get(); }
+  int setCallidValue(const char* callid) { return m_Callid.Assign(callid); }
+  const char* getCallidValue() const { return m_Callid.Get(); }
+  int setCseqValue(unsigned long long cseq) {
+    m_Cseq = cseq;
+    return 1;
+  }
+  unsigned long long getCseqValue() const { return m_Cseq; }
+
+  /// Other child elements (taken): zt_pub_gruu and zt_temp_gruu are written, others are not.
+  int setAnyElementValue(ZtSingleElementList* list) { return m_AnyElements.Set(list); }
+  ZtSingleElementList* getAnyElementValue() const { return m_AnyElements.Get(); }
+  int addAnyElement(XMLElement* element) { return m_AnyElements.Add(element); }
+
+ private:
+  friend struct ReginfoBinding;
+  const ZtElementType& Type() const override;
+
+  ZtText m_Uri;
+  ZtText m_DisplayName;
+  ZtChildList m_UnknownParams;
+  unsigned m_State = ZT_CONTACT_STATE_ABSENT;
+  unsigned m_Event = ZT_CONTACT_EVENT_ABSENT;
+  unsigned long long m_DurationRegistered = 0;
+  unsigned long long m_Expires = 0;
+  unsigned long long m_RetryAfter = 0;
+  ZtText m_Id;
+  ZtText m_Q;
+  ZtText m_Callid;
+  unsigned long long m_Cseq = 0;
+  ZtChildList m_AnyElements;
+};
+
+/// The element "registration".
+class ZT_API zt_registration : public ZtElement {
+ public:
+  static const ZtElementType kType;
+
+  /// A list of zt_ns_reginfo_contact (taken).
+  int setContactListValue(ZtSingleElementList* list) { return m_Contacts.Set(list); }
+  ZtSingleElementList* getContactListValue() const { return m_Contacts.Get(); }
+  /// Takes `contact`; 0 when it is null or there is no memory.
+  int addContact(zt_ns_reginfo_contact* contact) { return m_Contacts.Add(contact); }
+
+  /// The address of record; required on output.
+  int setAorValue(const char* aor) { return m_Aor.Assign(aor); }
+  const char* getAorValue() const { return m_Aor.Get(); }
+  int setIdValue(const char* id) { return m_Id.Assign(id); }
+  const char* getIdValue() const { return m_Id.Get(); }
+  /// Required on output.
+  int setStateValue(zt_registration_state_type_enum state) {
+    m_State = state;
+    return 1;
+  }
+  zt_registration_state_type_enum getStateValue() const {
+    return static_cast<zt_registration_state_type_enum>(m_State);
+  }
+
+  /// Unknown child elements (taken), which are never written.
+  int setAnyElementValue(ZtSingleElementList* list) { return m_AnyElements.Set(list); }
+  ZtSingleElementList* getAnyElementValue() const { return m_AnyElements.Get(); }
+  int addAnyElement(XMLElement* element) { return m_AnyElements.Add(element); }
+
+ private:
+  friend struct ReginfoBinding;
+  const ZtElementType& Type() const override;
+
+  ZtChildList m_Contacts;
+  ZtText m_Aor;
+  ZtText m_Id;
+  unsigned m_State = ZT_REGISTRATION_STATE_ABSENT;
+  ZtChildList m_AnyElements;
+};
+
+/// The root element "reginfo".
+class ZT_API zt_reginfo : public ZtObject {
+ public:
+  static const ZtElementType kType;
+
+  /// A list of zt_registration (taken).
+  int setRegistrationListValue(ZtSingleElementList* list) { return m_Registrations.Set(list); }
+  ZtSingleElementList* getRegistrationListValue() const { return m_Registrations.Get(); }
+  /// Takes `registration`; 0 when it is null or there is no memory.
+  int addRegistration(zt_registration* registration) { return m_Registrations.Add(registration); }
+
+  /// Required on output.
+  int setStateValue(zt_reginfo_state_type_enum state) {
+    m_State = state;
+    return 1;
+  }
+  zt_reginfo_state_type_enum getStateValue() const {
+    return static_cast<zt_reginfo_state_type_enum>(m_State);
+  }
+  /// The version, always written.
+  int setVersionValue(unsigned int version) {
+    m_Version = version;
+    return 1;
+  }
+  unsigned int getVersionValue() const { return m_Version; }
+
+  /// Unknown child elements (taken), which are never written.
+  int setAnyElementValue(ZtSingleElementList* list) { return m_AnyElements.Set(list); }
+  ZtSingleElementList* getAnyElementValue() const { return m_AnyElements.Get(); }
+  int addAnyElement(XMLElement* element) { return m_AnyElements.Add(element); }
+
+ private:
+  friend struct ReginfoBinding;
+  const ZtElementType& Type() const override;
+
+  ZtChildList m_Registrations;
+  unsigned m_State = ZT_REGINFO_STATE_ABSENT;
+  unsigned m_Version = 0;
+  ZtChildList m_AnyElements;
+};
+
+/// Makes empty objects; each is the caller's until a parent takes it. Null without memory.
+class ZT_API ReginfoDataBinder : public XMLObjectFactory {
+ public:
+  XMLObject* CreateRootElement() override;
+  zt_registration* CreateRegistrationElement();
+  zt_ns_reginfo_contact* CreateContactElement();
+  zt_unknown_param* CreateUnknownParamElement();
+  zt_pub_gruu* CreatePubGruuElement();
+  zt_temp_gruu* CreateTempGruuElement();
+};
+
+/// Besides Marshall, the steps that write one element each (1 written, 0 failed).
+class ZT_API ReginfoMarshaller : public ZtMarshaller {
+ public:
+  int AddReginfoElementToXml(zt_reginfo* reginfo);
+  int AddRegistrationElementToXml(zt_registration* registration);
+  int AddReginfoContactElementToXml(zt_ns_reginfo_contact* contact);
+  int AddUnknownParamElementToXml(zt_unknown_param* param);
+  int AddPubGruuElementToXml(zt_pub_gruu* gruu);
+  int AddTempGruuElementToXml(zt_temp_gruu* gruu);
+
+ private:
+  const ZtDocument& Document() const override;
+};
+
+class ZT_API ReginfoUnMarshaller : public ZtUnMarshaller {
+  const ZtDocument& Document() const override;
+};
+
+class ZT_API ReginfoContext : public ZtContext {
+  const ZtDocument& Document() const override;
+};
+
+#endif  // ZTXML_INCLUDE_XMLREGINFO_H

@@ -1,0 +1,43 @@
+// Schema namespace retrieval: the namespace declarations of any document, as (prefix, URI) pairs.
+#ifndef ZTXML_INCLUDE_XMLSCHEMANAMESPACERETRIEVAL_H
+#define ZTXML_INCLUDE_XMLSCHEMANAMESPACERETRIEVAL_H
+
+#include "XMLValueTypes.h"
+#include "ZtDocument.h"
+#include "ZtElement.h"
+
+/// The declarations of a document.
+class ZT_API zt_schema_namespace_retrieval : public ZtObject {
+ public:
+  static const ZtElementType kType;
+
+  /// Takes a non-null list of zt_AttributeValuePair with its entries; null changes nothing. Always
+  /// 1.
+  int setNameSpaceInfo(ZtSingleElementList* list);
+  /// The declarations in document order (borrowed), null when there is none: each a
+  /// zt_AttributeValuePair, stored as XMLAttribute*, with the prefix as its name (null for the
+  /// default namespace) and the URI as its value.
+  ZtSingleElementList* getNameSpaceInfo();
+
+ private:
+  friend struct SchemaNamespaceRetrievalBinding;
+  const ZtElementType& Type() const override;
+
+  ZtAttributeList m_NameSpaceInfo;
+};
+
+class ZT_API SchemaNamespaceRetrievalDataBinder : public XMLObjectFactory {
+ public:
+  XMLObject* CreateRootElement() override;
+};
+
+class ZT_API SchemaNamespaceRetrievalUnMarshaller : public ZtUnMarshaller {
+  const ZtDocument& Document() const override;
+};
+
+/// There is no marshaller for this schema: createMarshaller returns null.
+class ZT_API SchemaNamespaceRetrievalContext : public ZtContext {
+  const ZtDocument& Document() const override;
+};
+
+#endif  // ZTXML_INCLUDE_XMLSCHEMANAMESPACERETRIEVAL_H

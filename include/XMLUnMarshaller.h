@@ -1,0 +1,20 @@
+// The abstract unmarshaller: text to tree.
+#ifndef ZTXML_INCLUDE_XMLUNMARSHALLER_H
+#define ZTXML_INCLUDE_XMLUNMARSHALLER_H
+
+#include "XMLElement.h"
+
+class XMLFile;
+
+/// Reads documents of one schema. Owned by its context; keeps nothing between calls.
+class ZT_API XMLUnMarshaller : public ZtNonCopyable {
+ public:
+  virtual ~XMLUnMarshaller() = default;
+  /// The tree of the document `xml` (borrowed, unchanged), or null when it is null, not well
+  /// formed, incomplete or of another root. The caller frees it with XMLFactory::DeleteElement.
+  virtual XMLElement* UnMarshall(const char* xml) = 0;
+  /// The same for the content of `file`, which is read whole.
+  virtual XMLElement* UnMarshall(XMLFile* file) = 0;
+};
+
+#endif  // ZTXML_INCLUDE_XMLUNMARSHALLER_H

@@ -1,0 +1,76 @@
+// The generic value types that every schema reuses, and the release of element lists.
+#ifndef ZTXML_INCLUDE_XMLVALUETYPES_H
+#define ZTXML_INCLUDE_XMLVALUETYPES_H
+
+#include "XMLElement.h"
+#include "ZtHolders.h"
+
+/// A text as an element.
+class ZT_API zt_string : public XMLElement {
+ public:
+  const char* ClassName() const override;
+  const char* BaseClassName() const override;
+  const char* ElementName() const override;
+  int ReservedHook() override;
+
+  int setValue(const char* value) { return m_Value.Assign(value); }
+  const char* getValue() const { return m_Value.Get(); }
+
+ private:
+  ZtText m_Value;
+};
+
+/// An element without content whose mere presence carries meaning.
+class ZT_API zt_empty_element_type : public XMLElement {
+ public:
+  const char* ClassName() const override;
+  const char* BaseClassName() const override;
+  const char* ElementName() const override;
+  int ReservedHook() override;
+
+  int setPresentValue(int present) {
+    m_iPresent = present;
+    return 1;
+  }
+  int getPresentValue() const { return m_iPresent; }
+  /// Stores a copy and marks the element present; null clears both. The value is the element's own
+  /// name: that is what a marshaller writes.
+  int setValue(const char* value);
+  const char* getValue() const { return m_Value.Get(); }
+
+ private:
+  int m_iPresent = 0;
+  ZtText m_Value;
+};
+
+/// One attribute by name and value.
+class ZT_API zt_AttributeValuePair : public XMLAttribute {
+ public:
+  const char* ClassName() const override;
+  const char* BaseClassName() const override;
+  const char* ElementName() const override;
+  int ReservedHook() override;
+
+  /// `attribute` as a pair, or null when it is of another class.
+  static zt_AttributeValuePair* From(XMLAttribute* attribute);
+
+  /// Unlike other setters these two leave the field as it is when given null.
+  int setName(const char* name) { return name ? m_Name.Assign(name) : 1; }
+  int setValue(const char* value) { return value ? m_Value.Assign(value) : 1; }
+  const char* getName() const { return m_Name.Get(); }
+  const char* getValue() const { return m_Value.Get(); }
+
+ private:
+  ZtText m_Name;
+  ZtText m_Value;
+};
+
+/// Release of lists of elements.
+class ZT_API zt_xml_common_methods {
+ public:
+  /// Deletes every element in `list` (recorded under tag 14), then the list. Null only logs the
+  /// empty-list warning.
+  static void DeleteElementList(ZtSingleElementList* list);
+};
+
+#endif  // ZTXML_INCLUDE_XMLVALUETYPES_H

@@ -1,0 +1,59 @@
+// The bases of each document's context, marshaller and unmarshaller. A document gives one
+// description of itself; these classes do the work.
+#ifndef ZTXML_INCLUDE_ZTDOCUMENT_H
+#define ZTXML_INCLUDE_ZTDOCUMENT_H
+
+#include "XMLCommonDef.h"
+#include "XMLContext.h"
+#include "ztXMLDocGenerator.h"
+
+/// How the library reads and writes a document and an element type; opaque to callers.
+struct ZtDocument;
+struct ZtElementType;
+
+/// A context whose workers are those of a document's description.
+class ZT_API ZtContext : public XMLContext {
+ public:
+  XMLMarshaller* createMarshaller() override;
+  XMLUnMarshaller* createUnMarshaller() override;
+  XMLObjectFactory* createBinderFactory() override;
+
+ private:
+  virtual const ZtDocument& Document() const = 0;
+};
+
+/// The unmarshalling driver: one parser and one schema decoder for each call.
+class ZT_API ZtUnMarshaller : public XMLUnMarshaller {
+ public:
+  XMLElement* UnMarshall(const char* xml) override;
+  XMLElement* UnMarshall(XMLFile* file) override;
+
+ private:
+  virtual const ZtDocument& Document() const = 0;
+  XMLElement* Read(const char* xml) const;
+};
+
+/// The marshalling driver. It holds the document writer and the text of the last Marshall.
+class ZT_API ZtMarshaller : public XMLMarshaller {
+ public:
+  ~ZtMarshaller() override;
+  char* Marshall(XMLElement* root) override;
+  XMLMarshaller* Identity() override;
+
+ protected:
+  ZtMarshaller();
+
+  /// Writes `element`, an object of `type`, with its children; `prefix` ZT_NULL writes no prefix.
+  /// Returns 1, or 0 when it is null or lacks something required. Only meaningful while Marshall
+  /// runs: the document writer holds no document otherwise.
+  int Write(XMLElement* element, const ZtElementType& type, e_XmlStrRef prefix = XML_STR_ZT_NULL);
+
+ private:
+  virtual const ZtDocument& Document() const = 0;
+
+  ZtXMLDocGenerator m_XmlDocGenerator;
+  char* m_pXml = nullptr;  // owned; log lines call it by the document's own name
+  zt_xml_common_array_definition* m_pXmlStrRef;
+};
+
+#endif  // ZTXML_INCLUDE_ZTDOCUMENT_H

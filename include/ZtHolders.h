@@ -1,0 +1,74 @@
+// Members of schema types that own what they hold and free it themselves.
+#ifndef ZTXML_INCLUDE_ZTHOLDERS_H
+#define ZTXML_INCLUDE_ZTHOLDERS_H
+
+#include "XMLElement.h"
+#include "XMLList.h"
+
+/// A heap copy of a text.
+class ZT_API ZtText {
+ public:
+  ZtText() = default;
+  ~ZtText();
+  ZtText(const ZtText&) = delete;
+  ZtText& operator=(const ZtText&) = delete;
+
+  /// Stores a copy and frees the old one after; null clears. False when there was no memory for the
+  /// copy: the text is null then.
+  bool Set(const char* text);
+  /// Set as the public setters have it: always 1.
+  int Assign(const char* text) {
+    static_cast<void>(Set(text));
+    return 1;
+  }
+  const char* Get() const { return m_pText; }
+
+ private:
+  char* m_pText = nullptr;
+};
+
+/// A child that occurs at most once.
+class ZT_API ZtChild {
+ public:
+  ZtChild() = default;
+  ~ZtChild();
+  ZtChild(const ZtChild&) = delete;
+  ZtChild& operator=(const ZtChild&) = delete;
+
+  /// Takes `child` and deletes another one held before; the same again changes nothing. Returns 1.
+  int Set(XMLElement* child);
+  XMLElement* Get() const { return m_pChild; }
+
+ private:
+  XMLElement* m_pChild = nullptr;
+};
+
+/// A repeated child or attribute: a list that is made on the first insertion, so that null means
+/// none. `Item` is XMLElement or XMLAttribute, and the list's entries are exactly such pointers.
+template <class Item>
+class ZT_API ZtOwnedList {
+ public:
+  ZtOwnedList() = default;
+  ~ZtOwnedList();
+  ZtOwnedList(const ZtOwnedList&) = delete;
+  ZtOwnedList& operator=(const ZtOwnedList&) = delete;
+
+  /// Takes `list` with its entries and deletes another one held before; the same again changes
+  /// nothing. Returns 1.
+  int Set(ZtSingleElementList* list);
+  /// Appends and takes `item`. Returns 1, or 0 for null or without memory: `item` is not taken.
+  int Add(Item* item);
+  ZtSingleElementList* Get() const { return m_pList; }
+  /// The first node, null when there is none.
+  ZtListNode* Head() const { return m_pList ? m_pList->GetPtrToListHead() : nullptr; }
+
+ private:
+  ZtSingleElementList* m_pList = nullptr;
+};
+
+extern template class ZtOwnedList<XMLElement>;
+extern template class ZtOwnedList<XMLAttribute>;
+using ZtChildList = ZtOwnedList<XMLElement>;
+using ZtAttributeList = ZtOwnedList<XMLAttribute>;
+
+#endif  // ZTXML_INCLUDE_ZTHOLDERS_H

@@ -1,0 +1,84 @@
+// The schema decoder: turns the parser's callbacks into the tree of a document's objects. What one
+// document adds is its grammar, a table of element names.
+#ifndef ZTXML_INCLUDE_ZTSCHEMADECODER_H
+#define ZTXML_INCLUDE_ZTSCHEMADECODER_H
+
+#include "XMLStack.h"
+#include "XmlDecoder.h"
+#include "ZtHolders.h"
+
+/// How the library reads a document and an element type; opaque to callers.
+struct ZtElementType;
+struct ZtGrammar;
+struct ZtGrammarRow;
+
+/// Reads one document. While it is read, what the decoder makes belongs to it until a parent adopts
+/// it; the root belongs to whoever takes it through GetSessionData.
+class ZT_API ZtSchemaDecoder : public XmlDecoderSchema {
+ public:
+  ~ZtSchemaDecoder() override;
+
+  int ProcessReserved() override;
+  int ProcessAttribute(char* element, char* name, char* value) override;
+  int ProcessElement(char* name, char* value) override;
+  int ProcessElementOpened(char* name) override;
+  /// The root (an XMLObject*), null until its start tag. The decoder never deletes it.
+  void* GetSessionData() override;
+
+  /// Handles a known extension element (`name` without prefix): its start makes, opens and returns
+  /// a new object, which is the caller's until a parent adopts it; its end closes it. Null for
+  /// ends and other names.
+  XMLElement* ProcessAnyElement(char* name, char* value);
+
+  /// Sets PassName() to `name` without its first prefix ("/ns:a" becomes "/a"). Returns 1, or 0
+  /// without memory: PassName() is null then.
+  int XMLRemoveNameSpaceTag(char* name);
+
+  /// The name last normalised (borrowed), or null.
+  const char* PassName() const { return m_PassName; }
+
+  /// Whether something was lost for want of memory: the tree is not to be used then.
+  bool OutOfMemory() const { return m_bOutOfMemory; }
+
+ protected:
+  explicit ZtSchemaDecoder(const ZtGrammar& grammar);
+
+  /// The name that the grammar knows for `name`, null without memory.
+  virtual char* LocalName(char* name);
+
+  /// Room for a pass name of `size` bytes and its NUL; null without memory, with the given line.
+  char* ReservePassName(std::size_t size, const char* noMemory);
+
+  const ZtGrammar& m_Grammar;
+  XMLObject* m_pRoot;
+  char* m_PassName;  // owned
+  XmlCodeGenStack m_Stack;
+  bool m_bOutOfMemory;
+
+ private:
+  XMLElement* Make(const ZtElementType& type);
+  XMLElement* MakeFlag(const char* name);
+  bool Start(XMLElement* current, char* name);
+  void StartRoot(const ZtGrammarRow& row);
+  bool StartChild(XMLElement& current, const ZtGrammarRow& row, char* name);
+  void End(XMLElement* current, char* name, char* value);
+  void EndSkipped(XMLElement* current, char* name, char* value);
+  bool Offer(XMLElement& parent, const ZtElementType& type, char* name, char* value,
+             XMLElement* child);
+  const ZtGrammarRow* FindStart(const char* name) const;
+  const ZtGrammarRow* FindEnd(const char* name) const;
+  const ZtElementType* CurrentType() const;
+  void Push(XMLElement* object, const ZtElementType& type);
+  void Pop();
+
+  std::size_t m_iPassCapacity;                               // bytes allocated for m_PassName
+  const ZtElementType* m_Types[XmlCodeGenStack::kCapacity];  // of the objects on the stack
+  XMLElement* m_pStarted;  // made by the last start tag: its attributes go there
+  const ZtElementType* m_pStartedType;
+  std::size_t m_iDropped;       // open elements that a full stack did not take
+  std::size_t m_iSkipped;       // depth inside an element whose content is skipped, 0 outside
+  bool m_bOfferEnd;             // the skipped element's end is offered with its text
+  ZtChildList m_ReplacedRoots;  // earlier roots: they may still be open
+};
+
+#endif  // ZTXML_INCLUDE_ZTSCHEMADECODER_H

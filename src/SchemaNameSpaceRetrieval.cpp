@@ -1,0 +1,27 @@
+#include "SchemaNameSpaceRetrieval.h"
+
+#include "XMLSchemaNameSpaceRetrieval.h"
+#include "binding/ZtGrammar.h"
+
+namespace {
+constexpr char kSource[] = "src/SchemaNameSpaceRetrieval";
+constexpr int kRootLine = 14;  // where the memory log's readers know the root from
+constexpr ZtGrammar kGrammar("XMLSchemaNamespaceRetrievalDecoder", kSource, nullptr,
+                             ZtPrefixRule::kExact);
+}  // namespace
+
+XMLSchemaNamespaceRetrievalDecoder::XMLSchemaNamespaceRetrievalDecoder()
+    : ZtSchemaDecoder(kGrammar) {
+  m_pRoot = ZtCreate<zt_schema_namespace_retrieval>(kSource, kRootLine);
+  if (!m_pRoot) m_bOutOfMemory = true;
+}
+
+int XMLSchemaNamespaceRetrievalDecoder::ProcessElement(char* name, char*) { return name ? 0 : -1; }
+
+int XMLSchemaNamespaceRetrievalDecoder::ProcessAttribute(char* element, char* name, char* value) {
+  if (!element || !name) return -1;
+  if (!m_pRoot || m_bOutOfMemory) return 0;
+  // What does not begin with "xmlns" is accepted and ignored; the only refusal is a lack of memory.
+  if (!m_pRoot->ProcessUnMarshallAttribute(name, value, nullptr)) m_bOutOfMemory = true;
+  return 0;
+}

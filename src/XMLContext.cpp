@@ -1,0 +1,57 @@
+#include "XMLContext.h"
+
+#include "base/ZtMemory.h"
+
+struct XMLContext::Older : ZtHeapObject {
+  void (*release)(void* worker);
+  void* worker;
+  Older* next;
+};
+
+namespace {
+template <class Worker>
+void ReleaseWorker(void* worker) {
+  ZtRelease(static_cast<Worker*>(worker));
+}
+}  // namespace
+
+XMLContext::~XMLContext() {
+  while (m_pOlder) {
+    Older* older = m_pOlder;
+    m_pOlder = older->next;
+    older->release(older->worker);
+    delete older;
+  }
+  ZtRelease(m_pMarshaller);
+  ZtRelease(m_pUnMarshaller);
+  ZtRelease(m_pBinderFactory);
+}
+
+int XMLContext::SetNamespaceBinder(XMLObject*) { return 0; }
+
+template <class Worker>
+Worker* XMLContext::KeepIn(Worker*& field, Worker* worker) {
+  if (worker && field) {
+    auto* older = new Older;
+    if (!older) {
+      ZtRelease(worker);
+      return nullptr;
+    }
+    older->release = ReleaseWorker<Worker>;
+    older->worker = field;
+    older->next = m_pOlder;
+    m_pOlder = older;
+  }
+  if (worker) field = worker;
+  return worker;
+}
+
+XMLMarshaller* XMLContext::Keep(XMLMarshaller* worker) { return KeepIn(m_pMarshaller, worker); }
+
+XMLUnMarshaller* XMLContext::Keep(XMLUnMarshaller* worker) {
+  return KeepIn(m_pUnMarshaller, worker);
+}
+
+XMLObjectFactory* XMLContext::Keep(XMLObjectFactory* worker) {
+  return KeepIn(m_pBinderFactory, worker);
+}

@@ -1,0 +1,37 @@
+#include "XMLFactory.h"
+
+#include "binding/ZtDocumentTable.h"
+
+namespace {
+
+constexpr char kSource[] = "src/XMLFactory";
+
+// Every document that the library binds.
+constexpr const ZtDocument* kDocuments[] = {
+    &kGruuDocument,
+    &kReginfoDocument,
+    &kSchemaNamespaceRetrievalDocument,
+};
+
+const ZtDocument* Find(eXMLSchemaID id) {
+  for (const ZtDocument* document : kDocuments) {
+    if (document->info.id == id) return document;
+  }
+  return nullptr;
+}
+
+}  // namespace
+
+XMLContext* XMLFactory::newInstance(eXMLSchemaID id) {
+  const ZtDocument* document = Find(id);
+  return document ? document->newContext.Create(kSource) : nullptr;
+}
+
+void XMLFactory::deleteContext(XMLContext* context) { ZtRelease(context); }
+
+void XMLFactory::DeleteElement(XMLElement* element) { ZtRelease(element); }
+
+const XMLSchemaInfo* XMLFactory::getSchemaInfo(eXMLSchemaID id) {
+  const ZtDocument* document = Find(id);
+  return document ? &document->info : nullptr;
+}

@@ -1,0 +1,123 @@
+#include "XMLGruu.h"
+
+#include "Gruu.h"
+#include "base/ZtLog.h"
+#include "binding/ZtDocumentTable.h"
+
+namespace {
+
+constexpr char kSource[] = "src/XMLGruu";
+
+constexpr ZtHookLines kLines = {nullptr, nullptr,
+                                nullptr, nullptr,
+                                nullptr, "<XML Module>: Any attribute is not allowed in class %s"};
+constexpr ZtFamily kFamily = {kSource, &kLines, nullptr, "<XML Module>: %s Failed",
+                              ZtUnknown::kRefuse};
+
+}  // namespace
+
+// ---- Types --------------------------------------------------------------------------------------
+
+// Intended: a GRUU without its uri fails before its start tag is closed. The reginfo writer does
+// not look at the failure, so the tag stays open in its text.
+struct GruuBinding {
+  static constexpr ZtField kPublic[] = {
+      ztrow::Attribute(XML_STR_URI, &ZtGruu::m_Uri)
+          .Required("<XML Module>: AddPubGruuElementToXml: Uri is a mandatory attribute",
+                    kZtLogError),
+  };
+  static constexpr ZtField kTemporary[] = {
+      ztrow::Attribute(XML_STR_FIRST_CSEQ, &ZtTemporaryGruu::m_FirstCseq).Always(),
+      ztrow::Attribute(XML_STR_URI, &ZtGruu::m_Uri)
+          .Required("<XML Module>: AddTempGruuElementToXml: Uri is a mandatory attribute",
+                    kZtLogError),
+  };
+  static_assert(ztrow::Sound(kPublic) && ztrow::Sound(kTemporary));
+
+  template <class T>
+  static constexpr ZtElementType Public(const char* className) {
+    return ZtTypeOf<T>(className, "pub-gruu", kFamily)
+        .Fields(kPublic)
+        .Writer(XML_STR_PUB_GRUU, "AddPubGruuElementToXml")
+        .SelfClosing();
+  }
+  template <class T>
+  static constexpr ZtElementType Temporary(const char* className) {
+    return ZtTypeOf<T>(className, "temp-gruu", kFamily)
+        .Fields(kTemporary)
+        .Writer(XML_STR_TEMP_GRUU, "AddTempGruuElementToXml")
+        .SelfClosing();
+  }
+};
+
+const ZtElementType zt_pub_gruu::kType = GruuBinding::Public<zt_pub_gruu>("zt_pub_gruu").Root();
+const ZtElementType zt_temp_gruu::kType =
+    GruuBinding::Temporary<zt_temp_gruu>("zt_temp_gruu").Root();
+const ZtElementType zt_ns_gruuinfo_pubGruu::kType =
+    GruuBinding::Public<zt_ns_gruuinfo_pubGruu>("zt_ns_gruuinfo_pubGruu");
+const ZtElementType zt_ns_gruuinfo_tempGruu::kType =
+    GruuBinding::Temporary<zt_ns_gruuinfo_tempGruu>("zt_ns_gruuinfo_tempGruu");
+
+const ZtElementType& zt_pub_gruu::Type() const { return kType; }
+const ZtElementType& zt_temp_gruu::Type() const { return kType; }
+const ZtElementType& zt_ns_gruuinfo_pubGruu::Type() const { return kType; }
+const ZtElementType& zt_ns_gruuinfo_tempGruu::Type() const { return kType; }
+
+// ---- Workers ------------------------------------------------------------------------------------
+
+XMLObject* GruuDataBinder::CreateRootElement() {
+  const char* type = m_pGruutype.Get();
+  ZtLog(kZtLogTrace, kSource)(
+      "<XML Module>: In GruuDataBinder::CreateRootElement with m_pGruutype=%s", type);
+  if (!type) {
+    ZtLog(kZtLogTrace, kSource)("<XML Module>: GruuDataBinder :: Gruutype is NULL");
+    return nullptr;
+  }
+  // Intended: the type is looked for at the start of the names, so an empty one is public.
+  const std::size_t size = __strlen(type);
+  if (__strncmp(ZtName(XML_STR_PUB_GRUU), type, size) == 0) return CreatePubGruuElement();
+  if (__strncmp(ZtName(XML_STR_TEMP_GRUU), type, size) == 0) return CreateTempGruuElement();
+  return nullptr;
+}
+
+zt_pub_gruu* GruuDataBinder::CreatePubGruuElement() { return ZtCreate<zt_pub_gruu>(kSource); }
+zt_temp_gruu* GruuDataBinder::CreateTempGruuElement() { return ZtCreate<zt_temp_gruu>(kSource); }
+
+int GruuMarshaller::AddPubGruuElementToXml(zt_pub_gruu* gruu) {
+  return Write(gruu, zt_pub_gruu::kType);
+}
+int GruuMarshaller::AddTempGruuElementToXml(zt_temp_gruu* gruu) {
+  return Write(gruu, zt_temp_gruu::kType);
+}
+
+namespace {
+
+constexpr const ZtElementType* kWritables[] = {&zt_pub_gruu::kType, &zt_temp_gruu::kType, nullptr};
+
+constexpr ZtDocumentLines kDocumentLines = {
+    "<XML Module>: In GruuUnMarshaller::UnMarshall with pXmlString=%s",
+    "<XML Module>: In GruuUnMarshaller::UnMarshall(pfile) with pstring=%s",
+    "<XML Module>: Xml Decoder Success",
+    "<XML Module>: Xml Decoder failed because of some error in XML",
+    "<XML Module>: GruuMarshaller :: Incoming obj is NULL",
+    "<XML Module>: GruuMarshaller :: Incoming pObj->ClassName() is NULL",
+    "<XML Module>: GruuMarshaller :: Marshall: obj is pub-gruu",  // intended for temp-gruu, too
+    "<XML Module>: %s XML Failed at %s!"};
+
+}  // namespace
+
+const ZtDocument kGruuDocument =
+    ZtDocumentOf<GruuContext, XMLGruuDecoder, GruuUnMarshaller, GruuMarshaller, GruuDataBinder>(
+        {XML_SCHEMA_GRUU,
+         "Gruu",
+         {"pub-gruu", "temp-gruu"},
+         "urn:ietf:params:xml:ns:gruuinfo",
+         true},
+        kSource)
+        .Reads("GruuUnMarshaller")
+        .Writes(kWritables, "GruuMarshaller", "mGruuXml")
+        .Lines(kDocumentLines);
+
+const ZtDocument& GruuMarshaller::Document() const { return kGruuDocument; }
+const ZtDocument& GruuUnMarshaller::Document() const { return kGruuDocument; }
+const ZtDocument& GruuContext::Document() const { return kGruuDocument; }

@@ -1,0 +1,71 @@
+#include "XMLSchemaNameSpaceRetrieval.h"
+
+#include "SchemaNameSpaceRetrieval.h"
+#include "base/ZtLog.h"
+#include "binding/ZtDocumentTable.h"
+
+namespace {
+
+constexpr char kSource[] = "src/XMLSchemaNameSpaceRetrieval";
+constexpr ZtHookLines kNoLines = {};
+constexpr ZtFamily kFamily = {kSource, &kNoLines, nullptr, nullptr, ZtUnknown::kIgnore};
+
+}  // namespace
+
+struct SchemaNamespaceRetrievalBinding {
+  // Any name that begins with "xmlns" declares, "xmlnsfoo" too: it has no colon, so no prefix.
+  static ZtOutcome Declare(XMLElement& self, const char* name, const char* value) {
+    auto& root = static_cast<zt_schema_namespace_retrieval&>(self);
+    const char* declares = ZtName(XML_STR_XMLNS);
+    if (__strncmp(name, declares, __strlen(declares)) != 0) return ZtOutcome::kAccepted;
+    auto* pair = ZtCreate<zt_AttributeValuePair>(kSource);
+    if (!pair) {
+      ZtLog(kZtLogState, kSource)(
+          "<XML Module>: zt_schema_namespace_retrieval::ProcessUnMarshallAttribute: cannot "
+          "allocate memory to pXMLNSValuePair ");
+      return ZtOutcome::kNoMemory;
+    }
+    const char* colon = __strchr(name, ':');
+    if (colon) pair->setName(colon + 1);
+    pair->setValue(value);
+    const bool whole = (!colon || pair->getName()) && (!value || pair->getValue());
+    if (whole && root.m_NameSpaceInfo.Add(pair)) return ZtOutcome::kAccepted;
+    ZtRelease(pair);
+    return ZtOutcome::kNoMemory;
+  }
+};
+
+const ZtElementType zt_schema_namespace_retrieval::kType =
+    ZtTypeOf<zt_schema_namespace_retrieval>("zt_schema_namespace_retrieval",
+                                            "schema_namespace_retrieval", kFamily)
+        .AttributeHook(SchemaNamespaceRetrievalBinding::Declare)
+        .Root();
+
+const ZtElementType& zt_schema_namespace_retrieval::Type() const { return kType; }
+
+int zt_schema_namespace_retrieval::setNameSpaceInfo(ZtSingleElementList* list) {
+  ZtLog(kZtLogState, kSource)("<XML Module>: zt_schema_namespace_retrieval::setNameSpaceInfo");
+  return list ? m_NameSpaceInfo.Set(list) : 1;
+}
+
+ZtSingleElementList* zt_schema_namespace_retrieval::getNameSpaceInfo() {
+  ZtLog(kZtLogState, kSource)("<XML Module>: zt_schema_namespace_retrieval::getNameSpaceInfo");
+  return m_NameSpaceInfo.Get();
+}
+
+XMLObject* SchemaNamespaceRetrievalDataBinder::CreateRootElement() {
+  return ZtCreate<zt_schema_namespace_retrieval>(kSource);
+}
+
+const ZtDocument kSchemaNamespaceRetrievalDocument =
+    ZtDocumentOf<SchemaNamespaceRetrievalContext, XMLSchemaNamespaceRetrievalDecoder,
+                 SchemaNamespaceRetrievalUnMarshaller, void, SchemaNamespaceRetrievalDataBinder>(
+        {XML_SCHEMA_NAMESPACE_RETRIEVAL, "SchemaNamespaceRetrieval", {}, nullptr, false}, kSource)
+        .Reads("SchemaNamespaceRetrievalUnMarshaller");
+
+const ZtDocument& SchemaNamespaceRetrievalUnMarshaller::Document() const {
+  return kSchemaNamespaceRetrievalDocument;
+}
+const ZtDocument& SchemaNamespaceRetrievalContext::Document() const {
+  return kSchemaNamespaceRetrievalDocument;
+}

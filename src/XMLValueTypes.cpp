@@ -1,0 +1,42 @@
+#include "XMLValueTypes.h"
+
+#include "base/ZtLog.h"
+#include "base/ZtMemory.h"
+
+const char* zt_string::ClassName() const { return "zt_string"; }
+const char* zt_string::BaseClassName() const { return "XMLElement"; }
+const char* zt_string::ElementName() const { return "string_class"; }
+int zt_string::ReservedHook() { return 0; }
+
+const char* zt_empty_element_type::ClassName() const { return "zt_empty_element_type"; }
+const char* zt_empty_element_type::BaseClassName() const { return "XMLElement"; }
+const char* zt_empty_element_type::ElementName() const { return "empty_element"; }
+int zt_empty_element_type::ReservedHook() { return 0; }
+
+int zt_empty_element_type::setValue(const char* value) {
+  m_iPresent = value ? 1 : 0;
+  return m_Value.Assign(value);
+}
+
+const char* zt_AttributeValuePair::ClassName() const { return "zt_AttributeValuePair"; }
+const char* zt_AttributeValuePair::BaseClassName() const { return "XMLAttribute"; }
+const char* zt_AttributeValuePair::ElementName() const { return "AttributeValuePair"; }
+int zt_AttributeValuePair::ReservedHook() { return 0; }
+
+zt_AttributeValuePair* zt_AttributeValuePair::From(XMLAttribute* attribute) {
+  const char* className = attribute ? attribute->ClassName() : nullptr;
+  const bool pair = className && __strcmp(className, "zt_AttributeValuePair") == 0;
+  return pair ? static_cast<zt_AttributeValuePair*>(attribute) : nullptr;
+}
+
+void zt_xml_common_methods::DeleteElementList(ZtSingleElementList* list) {
+  if (!list) {
+    // What walking an empty list logs, for a list that is not there at all.
+    ZtLog(kZtLogError, "src/XMLList")(
+        "ZtSingleElementList::GetKeyAtIndex: Head itself is null and No item is there to be "
+        "removed");
+    return;
+  }
+  ZtChildList owner;
+  owner.Set(list);
+}

@@ -1,0 +1,256 @@
+#include "binding/ZtBinding.h"
+
+#include <limits>
+
+#include "base/ZtLog.h"
+
+namespace {
+
+constexpr std::uint8_t kNameSizes[] = {
+#define ZT_NAME(id, text) sizeof(text) - 1,
+#include "XMLCommonNames.inc"
+#undef ZT_NAME
+};
+
+// A decimal number as documents carry it: leading blanks, a sign, digits. Too large a number
+// saturates; a negative or missing one is 0.
+template <class Number>
+Number ParseNumber(const char* text) {
+  while (*text == ' ' || (*text >= '\t' && *text <= '\r')) ++text;
+  const bool negative = *text == '-';
+  if (negative || *text == '+') ++text;
+  if (negative) return 0;
+  constexpr Number kMost = std::numeric_limits<Number>::max();
+  Number number = 0;
+  for (; *text >= '0' && *text <= '9'; ++text) {
+    const auto digit = static_cast<Number>(*text - '0');
+    if (number > (kMost - digit) / 10) return kMost;
+    number = number * 10 + digit;
+  }
+  return number;
+}
+
+ZtOutcome Store(XMLElement& self, const ZtField& field, const char* value) {
+  if (!value) return ZtOutcome::kAccepted;
+  switch (field.value) {
+    case ZtValue::kText:
+      return (self.*field.member.text).Set(value) ? ZtOutcome::kAccepted : ZtOutcome::kNoMemory;
+    case ZtValue::kNumber:
+      self.*field.member.number = ParseNumber<unsigned>(value);
+      break;
+    case ZtValue::kNumber64:
+      self.*field.member.number64 = ParseNumber<unsigned long long>(value);
+      break;
+    case ZtValue::kEnum:
+      self.*field.member.number = field.detail.values->Find(value);
+      break;
+    case ZtValue::kObject:
+      break;
+  }
+  return ZtOutcome::kAccepted;
+}
+
+// The text that came with the end tag of a child which was made there.
+ZtOutcome StoreOwnText(XMLElement& child, const ZtField& field, const char* value) {
+  if (field.atEnd) {
+    for (const ZtField& own : *field.detail.type) {
+      if (own.place == ZtPlace::kOwnText && Store(child, own, value) == ZtOutcome::kNoMemory) {
+        return ZtOutcome::kAdoptedNoMemory;
+      }
+    }
+  }
+  return ZtOutcome::kAdopted;
+}
+
+class Hook {
+ public:
+  explicit Hook(const ZtElementType& type)
+      : m_Type(type), m_Lines(type.lines ? *type.lines : *type.family->lines) {}
+
+  const ZtHookLines& Lines() const { return m_Lines; }
+
+  void Log(const char* format, const char* a = nullptr, const char* b = nullptr,
+           int line = __builtin_LINE()) const {
+    if (format) ZtLog(kZtLogTrace, m_Type.family->source, line)(format, m_Type.className, a, b);
+  }
+
+  ZtOutcome Adopt(XMLElement& self, const ZtField& field, XMLElement* child) const {
+    if (!child) {
+      Log(m_Lines.noObject);
+      return ZtOutcome::kRefused;
+    }
+    const char* className = child->ClassName();
+    if (!className) {
+      Log(m_Lines.noClass);
+      // A class of its own line refuses, any other lets it pass.
+      return m_Lines.noClass ? ZtOutcome::kRefused : ZtOutcome::kAccepted;
+    }
+    const char* expected = field.detail.type->className;
+    if (className != expected && __strcmp(className, expected) != 0) {
+      Log(m_Lines.wrongClass, className, expected);
+      return ZtOutcome::kRefused;
+    }
+    if (field.place == ZtPlace::kChild) {
+      (self.*field.member.child).Set(child);
+      return ZtOutcome::kAdopted;
+    }
+    return Append(self, field, child);
+  }
+
+  static ZtOutcome Append(XMLElement& self, const ZtField& field, XMLElement* child) {
+    return (self.*field.member.children).Add(child) ? ZtOutcome::kAdopted : ZtOutcome::kNoMemory;
+  }
+
+  ZtOutcome UnknownChild(XMLElement& self, const char* name, const char* value,
+                         XMLElement* child) const {
+    if (child) {
+      for (const ZtField& field : m_Type) {
+        if (field.place == ZtPlace::kOtherChildren) return Append(self, field, child);
+      }
+    }
+    const char* format =
+        m_Type.unknownElement ? m_Type.unknownElement : m_Type.family->unknownElement;
+    if (format) ZtLog(kZtLogTrace, m_Type.family->source)(format, name, value);
+    return m_Type.unknownChild == ZtUnknown::kRefuse ? ZtOutcome::kRefused : ZtOutcome::kAccepted;
+  }
+
+ private:
+  const ZtElementType& m_Type;
+  const ZtHookLines& m_Lines;
+};
+
+char* FormatNumber(unsigned long long number, char* buffer) {
+  char* at = buffer + kZtNumberSize - 1;
+  *at = '\0';
+  do {
+    *--at = static_cast<char>('0' + number % 10);
+    number /= 10;
+  } while (number != 0);
+  return at;
+}
+
+}  // namespace
+
+unsigned ZtEnumTable::Find(const char* value) const {
+  const std::size_t size = __strlen(value);
+  for (unsigned i = 0; i < searched; ++i) {
+    const char* slot = Text(i);
+    const std::size_t slotSize = __strlen(slot);
+    if (slotSize > size || (!byPrefix && slotSize != size)) continue;
+    if (std::memcmp(slot, value, slotSize) == 0) return i;
+  }
+  return noMatch;
+}
+
+bool ZtNameIs(e_XmlStrRef id, const char* text, std::size_t size) {
+  return kNameSizes[id] == size && std::memcmp(ZtName(id), text, size) == 0;
+}
+
+ZtOutcome ZtOfferChild(XMLElement& self, const ZtElementType& type, const char* name,
+                       const char* value, XMLElement* child) {
+  const Hook hook(type);
+  if (!name) {
+    hook.Log(hook.Lines().nullElement);
+    return ZtOutcome::kAccepted;
+  }
+  const bool atEnd = *name == '/';
+  const char* local = name + atEnd;
+  const std::size_t size = __strlen(local);
+  for (const ZtField& field : type) {
+    if (field.IsAttribute() || !field.HasName() || !ZtNameIs(field.name, local, size)) continue;
+    switch (field.place) {
+      case ZtPlace::kTextElement:
+      case ZtPlace::kOwnText:
+        if (!atEnd && field.place == ZtPlace::kOwnText) continue;
+        if (!atEnd) return ZtOutcome::kAccepted;
+        if (child) return ZtOutcome::kRefused;
+        return Store(self, field, value);
+      default:
+        if (atEnd == field.atEnd) {
+          const ZtOutcome outcome = hook.Adopt(self, field, child);
+          return outcome == ZtOutcome::kAdopted ? StoreOwnText(*child, field, value) : outcome;
+        }
+        // The start of a child that comes with its end tag tells nothing.
+        if (field.atEnd) return ZtOutcome::kAccepted;
+    }
+  }
+  return hook.UnknownChild(self, name, value, child);
+}
+
+const ZtField* ZtFindAttribute(const ZtElementType& type, const char* name) {
+  const std::size_t size = __strlen(name);
+  for (const ZtField& field : type) {
+    if (field.place == ZtPlace::kAttribute && ZtNameIs(field.name, name, size)) return &field;
+  }
+  return nullptr;
+}
+
+ZtOutcome ZtOfferAttribute(XMLElement& self, const ZtElementType& type, const char* name,
+                           const char* value, XMLAttribute* attribute) {
+  const Hook hook(type);
+  if (!name) {
+    hook.Log(hook.Lines().nullAttribute);
+    return ZtOutcome::kAccepted;
+  }
+  if (type.attributeHook) return type.attributeHook(self, name, value);
+  if (const ZtField* field = ZtFindAttribute(type, name)) {
+    return attribute ? ZtOutcome::kRefused : Store(self, *field, value);
+  }
+  for (const ZtField& field : type) {
+    if (field.place != ZtPlace::kOtherAttributes || !attribute) continue;
+    return (self.*field.member.attributes).Add(attribute) ? ZtOutcome::kAdopted
+                                                          : ZtOutcome::kNoMemory;
+  }
+  hook.Log(hook.Lines().unknownAttribute, name);
+  return type.family->unknownAttribute == ZtUnknown::kRefuse ? ZtOutcome::kRefused
+                                                             : ZtOutcome::kAccepted;
+}
+
+const char* ZtFieldText(const XMLElement& self, const ZtField& field, char* buffer) {
+  switch (field.value) {
+    case ZtValue::kText:
+      return (self.*field.member.text).Get();
+    case ZtValue::kNumber:
+    case ZtValue::kNumber64: {
+      const unsigned long long number =
+          field.value == ZtValue::kNumber ? self.*field.member.number : self.*field.member.number64;
+      return number || field.always ? FormatNumber(number, buffer) : nullptr;
+    }
+    case ZtValue::kEnum: {
+      const unsigned index = self.*field.member.number;
+      return index < field.detail.values->count ? field.detail.values->Text(index) : nullptr;
+    }
+    case ZtValue::kObject:
+      break;
+  }
+  return nullptr;
+}
+
+// ---- The bases of the schema types --------------------------------------------------------------
+
+const char* ZtElement::ClassName() const { return Type().className; }
+const char* ZtElement::BaseClassName() const { return "XMLElement"; }
+const char* ZtElement::ElementName() const { return Type().label; }
+int ZtElement::ReservedHook() { return 0; }
+
+int ZtElement::ProcessUnMarshall(char* name, char* value, XMLElement* child) {
+  return ZtHookResult(ZtOfferChild(*this, Type(), name, value, child));
+}
+
+int ZtElement::ProcessUnMarshallAttribute(char* name, char* value, XMLAttribute* attribute) {
+  return ZtHookResult(ZtOfferAttribute(*this, Type(), name, value, attribute));
+}
+
+const char* ZtObject::ClassName() const { return Type().className; }
+const char* ZtObject::BaseClassName() const { return "XMLObject"; }
+const char* ZtObject::ElementName() const { return Type().label; }
+int ZtObject::ReservedHook() { return 0; }
+int ZtObject::IsRootElement() const { return Type().root ? 1 : 0; }
+
+int ZtObject::ProcessUnMarshall(char* name, char* value, XMLElement* child) {
+  return ZtHookResult(ZtOfferChild(*this, Type(), name, value, child));
+}
+
+int ZtObject::ProcessUnMarshallAttribute(char* name, char* value, XMLAttribute* attribute) {
+  return ZtHookResult(ZtOfferAttribute(*this, Type(), name, value, attribute));
+}

@@ -1,0 +1,367 @@
+// A schema type as data: rows that say which attributes, texts and children a type has and where
+// it keeps them. One interpreter reads and one writer writes every type by its rows.
+#ifndef ZTXML_SRC_BINDING_ZTBINDING_H
+#define ZTXML_SRC_BINDING_ZTBINDING_H
+
+#include <cstddef>
+#include <cstdint>
+
+#include "XMLCommonDef.h"
+#include "ZtElement.h"
+#include "base/ZtMemory.h"
+
+// ---- Values -------------------------------------------------------------------------------------
+
+// The values of an enumeration: slots of fixed width, of which a field holds the index. An index
+// of `count` or more is absent or unknown and is not written.
+struct ZtEnumTable {
+  const char* slots;
+  std::uint8_t width;
+  std::uint8_t count;
+  std::uint8_t searched;  // slots looked at on input; may run into the next table of the block
+  std::uint8_t noMatch;   // index stored when none matches
+  bool byPrefix;          // the first slot that is a prefix of the value, else the equal one
+
+  const char* Text(unsigned index) const { return slots + std::size_t{index} * width; }
+  unsigned Find(const char* value) const;
+};
+
+// Where a field lives in its object. A member of a derived type is reached through the base: the
+// object's dynamic type has it.
+union ZtMember {
+  ZtText XMLElement::*text;
+  unsigned XMLElement::*number;  // also the index of an enumeration
+  unsigned long long XMLElement::*number64;
+  ZtChild XMLElement::*child;
+  ZtChildList XMLElement::*children;
+  ZtAttributeList XMLElement::*attributes;
+
+  constexpr explicit ZtMember(ZtText XMLElement::*m) : text(m) {}
+  constexpr explicit ZtMember(unsigned XMLElement::*m) : number(m) {}
+  constexpr explicit ZtMember(unsigned long long XMLElement::*m) : number64(m) {}
+  constexpr explicit ZtMember(ZtChild XMLElement::*m) : child(m) {}
+  constexpr explicit ZtMember(ZtChildList XMLElement::*m) : children(m) {}
+  constexpr explicit ZtMember(ZtAttributeList XMLElement::*m) : attributes(m) {}
+};
+
+// ---- Rows ---------------------------------------------------------------------------------------
+
+enum class ZtPlace : std::uint8_t {
+  kAttribute,        // an attribute of the element
+  kTextElement,      // a child element of which the text is kept
+  kOwnText,          // the element's own text
+  kChild,            // a child element that occurs at most once
+  kChildren,         // a repeated child element
+  kOtherChildren,    // child elements that no row names
+  kOtherAttributes,  // attributes that no row names
+};
+
+enum class ZtValue : std::uint8_t { kObject, kText, kNumber, kNumber64, kEnum };
+
+// A type that may stand in a list of mixed children, and the prefix that it is written with.
+struct ZtWritable {
+  const ZtElementType* type;
+  e_XmlStrRef prefix;  // XML_STR_ZT_NULL for none
+};
+
+union ZtFieldDetail {
+  std::nullptr_t none;
+  const ZtEnumTable* values;    // kEnum
+  const ZtElementType* type;    // kChild, kChildren
+  const ZtWritable* writables;  // kOtherChildren, ends with a null type
+
+  constexpr ZtFieldDetail() : none(nullptr) {}
+  constexpr explicit ZtFieldDetail(const ZtEnumTable* v) : values(v) {}
+  constexpr explicit ZtFieldDetail(const ZtElementType* t) : type(t) {}
+  constexpr explicit ZtFieldDetail(const ZtWritable* w) : writables(w) {}
+};
+
+// One row. The order of a type's rows is the order of output, attributes before children.
+struct ZtField {
+  ZtMember member;
+  ZtFieldDetail detail;
+  // The writer's line when a required value is absent (%s never occurs), or when an element of the
+  // list cannot be written (%s is its class name).
+  const char* line = nullptr;
+  e_XmlStrRef name = XML_STR_ZT_NULL;
+  ZtPlace place;
+  ZtValue value;
+  std::uint8_t lineLevel = 0;
+  bool required = false;  // absent: the element cannot be written
+  bool always = false;    // written also when absent (a null text as an empty value)
+  bool atEnd = false;     // a child that is made and offered at its end tag
+  bool lenient = false;   // a child that cannot be written does not fail its parent
+
+  constexpr ZtField(ZtPlace p, ZtValue v, e_XmlStrRef n, ZtMember m,
+                    ZtFieldDetail d = ZtFieldDetail())
+      : member(m), detail(d), name(n), place(p), value(v) {}
+
+  constexpr ZtField Required(const char* missing, int level) const {
+    ZtField field = *this;
+    field.required = true;
+    field.line = missing;
+    field.lineLevel = static_cast<std::uint8_t>(level);
+    return field;
+  }
+  constexpr ZtField Always() const {
+    ZtField field = *this;
+    field.always = true;
+    return field;
+  }
+  constexpr ZtField AtEnd() const {
+    ZtField field = *this;
+    field.atEnd = true;
+    return field;
+  }
+  constexpr ZtField Lenient() const {
+    ZtField field = *this;
+    field.lenient = true;
+    return field;
+  }
+  constexpr ZtField Note(const char* text) const {
+    ZtField field = *this;
+    field.line = text;
+    return field;
+  }
+
+  constexpr bool IsAttribute() const {
+    return place == ZtPlace::kAttribute || place == ZtPlace::kOtherAttributes;
+  }
+  constexpr bool HasName() const {
+    return place != ZtPlace::kOtherChildren && place != ZtPlace::kOtherAttributes;
+  }
+};
+
+// Builders of rows; `ztrow::` because the types' members hide short names.
+namespace ztrow {
+
+template <class M, class D>
+constexpr ZtMember At(M D::*member) {
+  return ZtMember(static_cast<M XMLElement::*>(member));
+}
+
+template <class D>
+constexpr ZtField Attribute(e_XmlStrRef name, ZtText D::*m) {
+  return {ZtPlace::kAttribute, ZtValue::kText, name, At(m)};
+}
+template <class D>
+constexpr ZtField Attribute(e_XmlStrRef name, unsigned D::*m) {
+  return {ZtPlace::kAttribute, ZtValue::kNumber, name, At(m)};
+}
+template <class D>
+constexpr ZtField Attribute(e_XmlStrRef name, unsigned long long D::*m) {
+  return {ZtPlace::kAttribute, ZtValue::kNumber64, name, At(m)};
+}
+template <class D>
+constexpr ZtField Attribute(e_XmlStrRef name, unsigned D::*m, const ZtEnumTable& values) {
+  return {ZtPlace::kAttribute, ZtValue::kEnum, name, At(m), ZtFieldDetail(&values)};
+}
+template <class D>
+constexpr ZtField TextElement(e_XmlStrRef name, ZtText D::*m) {
+  return {ZtPlace::kTextElement, ZtValue::kText, name, At(m)};
+}
+template <class D>
+constexpr ZtField TextElement(e_XmlStrRef name, unsigned D::*m) {
+  return {ZtPlace::kTextElement, ZtValue::kNumber, name, At(m)};
+}
+template <class D>
+constexpr ZtField TextElement(e_XmlStrRef name, unsigned D::*m, const ZtEnumTable& values) {
+  return {ZtPlace::kTextElement, ZtValue::kEnum, name, At(m), ZtFieldDetail(&values)};
+}
+// The element's own text; `name` is the element's.
+template <class D>
+constexpr ZtField OwnText(e_XmlStrRef name, ZtText D::*m) {
+  return {ZtPlace::kOwnText, ZtValue::kText, name, At(m)};
+}
+template <class D>
+constexpr ZtField Child(e_XmlStrRef name, ZtChild D::*m, const ZtElementType& type) {
+  return {ZtPlace::kChild, ZtValue::kObject, name, At(m), ZtFieldDetail(&type)};
+}
+template <class D>
+constexpr ZtField Children(e_XmlStrRef name, ZtChildList D::*m, const ZtElementType& type) {
+  return {ZtPlace::kChildren, ZtValue::kObject, name, At(m), ZtFieldDetail(&type)};
+}
+// Kept and not written; the row's note is logged instead when there is such a list.
+template <class D>
+constexpr ZtField OtherChildren(ZtChildList D::*m) {
+  return {ZtPlace::kOtherChildren, ZtValue::kObject, XML_STR_ZT_NULL, At(m)};
+}
+// Kept, and written when their class is among `writables`; the row's note is logged for others.
+template <class D>
+constexpr ZtField OtherChildren(ZtChildList D::*m, const ZtWritable* writables) {
+  return {ZtPlace::kOtherChildren, ZtValue::kObject, XML_STR_ZT_NULL, At(m),
+          ZtFieldDetail(writables)};
+}
+template <class D>
+constexpr ZtField OtherAttributes(ZtAttributeList D::*m) {
+  return {ZtPlace::kOtherAttributes, ZtValue::kObject, XML_STR_ZT_NULL, At(m)};
+}
+
+// Whether rows can be meant: attributes before children, no name twice in one place, at most one
+// row for the rest.
+template <std::size_t N>
+constexpr bool Sound(const ZtField (&rows)[N]) {
+  bool children = false;
+  for (std::size_t i = 0; i < N; ++i) {
+    if (rows[i].IsAttribute() && children) return false;
+    children = children || !rows[i].IsAttribute();
+    for (std::size_t j = 0; j < i; ++j) {
+      if (rows[i].IsAttribute() == rows[j].IsAttribute() && rows[i].name == rows[j].name &&
+          rows[i].HasName() == rows[j].HasName()) {
+        return false;
+      }
+    }
+  }
+  return true;
+}
+
+}  // namespace ztrow
+
+// ---- Types --------------------------------------------------------------------------------------
+
+// What a type does with a child or attribute that no row names and no list keeps.
+enum class ZtUnknown : std::uint8_t { kIgnore, kRefuse };
+
+// The log lines of a type's hooks; null for none. The first %s is the class name.
+struct ZtHookLines {
+  const char* nullElement;
+  const char* nullAttribute;
+  const char* noObject;
+  const char* noClass;
+  const char* wrongClass;        // class name, class received, class expected
+  const char* unknownAttribute;  // class name, attribute
+};
+
+// What the types of one document have in common.
+struct ZtFamily {
+  const char* source;  // file under which they log and are recorded
+  const ZtHookLines* lines;
+  const char* unknownElement;  // name, value; for children without an object
+  const char* childFailed;     // the failing child's writer
+  ZtUnknown unknownAttribute;
+};
+
+// A namespace declaration: xmlns="uri", or xmlns:prefix="uri" unless the prefix is ZT_NULL.
+struct ZtNamespace {
+  e_XmlStrRef uri;
+  e_XmlStrRef prefix;
+};
+
+enum class ZtOutcome : std::uint8_t {
+  kRefused,
+  kAccepted,  // taken as a text or number, or ignored: an offered object stays the offerer's
+  kAdopted,   // the offered object belongs to the element now
+  kNoMemory,
+  kAdoptedNoMemory,  // the object belongs to the element, its text was lost
+};
+inline int ZtHookResult(ZtOutcome outcome) {
+  return outcome == ZtOutcome::kAccepted || outcome == ZtOutcome::kAdopted;
+}
+
+struct ZtElementType {
+  const char* className;
+  const char* label;
+  const ZtFamily* family;
+  ZtMaker<XMLElement> maker;
+  const ZtField* fields = nullptr;
+  const ZtHookLines* lines = nullptr;       // instead of the family's
+  const char* unknownElement = nullptr;     // instead of the family's
+  const ZtNamespace* namespaces = nullptr;  // declared by the element's start tag
+  const char* writer = nullptr;             // the name its writer logs
+  // Last resort for attributes that no row can describe; asked before the rows.
+  ZtOutcome (*attributeHook)(XMLElement& self, const char* name, const char* value) = nullptr;
+  e_XmlStrRef tag = XML_STR_ZT_NULL;
+  std::uint8_t fieldCount = 0;
+  std::uint8_t namespaceCount = 0;
+  bool root = false;
+  bool selfClosing = false;
+  ZtUnknown unknownChild = ZtUnknown::kIgnore;
+
+  template <std::size_t N>
+  constexpr ZtElementType Fields(const ZtField (&rows)[N]) const {
+    ZtElementType type = *this;
+    type.fields = rows;
+    type.fieldCount = N;
+    return type;
+  }
+  constexpr ZtElementType Writer(e_XmlStrRef element, const char* name) const {
+    ZtElementType type = *this;
+    type.tag = element;
+    type.writer = name;
+    return type;
+  }
+  template <std::size_t N>
+  constexpr ZtElementType Declares(const ZtNamespace (&declared)[N]) const {
+    ZtElementType type = *this;
+    type.namespaces = declared;
+    type.namespaceCount = N;
+    return type;
+  }
+  constexpr ZtElementType Lines(const ZtHookLines& own) const {
+    ZtElementType type = *this;
+    type.lines = &own;
+    return type;
+  }
+  constexpr ZtElementType UnknownElement(const char* line) const {
+    ZtElementType type = *this;
+    type.unknownElement = line;
+    return type;
+  }
+  constexpr ZtElementType RefusesUnknownChildren() const {
+    ZtElementType type = *this;
+    type.unknownChild = ZtUnknown::kRefuse;
+    return type;
+  }
+  constexpr ZtElementType Root() const {
+    ZtElementType type = *this;
+    type.root = true;
+    return type;
+  }
+  constexpr ZtElementType SelfClosing() const {
+    ZtElementType type = *this;
+    type.selfClosing = true;
+    return type;
+  }
+  constexpr ZtElementType AttributeHook(ZtOutcome (*hook)(XMLElement&, const char*,
+                                                          const char*)) const {
+    ZtElementType type = *this;
+    type.attributeHook = hook;
+    return type;
+  }
+
+  const ZtField* begin() const { return fields; }
+  const ZtField* end() const { return fields + fieldCount; }
+};
+
+// The start of a type's table.
+template <class T>
+constexpr ZtElementType ZtTypeOf(const char* className, const char* label, const ZtFamily& family) {
+  return {className, label, &family, ZtMaker<XMLElement>::Of<T>()};
+}
+
+// ---- Reading ------------------------------------------------------------------------------------
+
+inline const char* ZtName(e_XmlStrRef id) {
+  return zt_xml_common_array_definition::getStringName(id);
+}
+// Whether `text` of `size` bytes is the name `id`.
+bool ZtNameIs(e_XmlStrRef id, const char* text, std::size_t size);
+
+// What ProcessUnMarshall and ProcessUnMarshallAttribute do for an object of `type`, with the
+// outcome told more finely than by their results.
+ZtOutcome ZtOfferChild(XMLElement& self, const ZtElementType& type, const char* name,
+                       const char* value, XMLElement* child);
+ZtOutcome ZtOfferAttribute(XMLElement& self, const ZtElementType& type, const char* name,
+                           const char* value, XMLAttribute* attribute);
+// The row of the attribute `name`, or null.
+const ZtField* ZtFindAttribute(const ZtElementType& type, const char* name);
+
+// ---- Writing ------------------------------------------------------------------------------------
+
+constexpr std::size_t kZtNumberSize = 24;  // room for any number in decimal, with its NUL
+
+// The text of a scalar field, null when it is absent: a null text, a 0, an index beyond the values.
+// Numbers are formatted in `buffer`.
+const char* ZtFieldText(const XMLElement& self, const ZtField& field, char* buffer);
+
+#endif  // ZTXML_SRC_BINDING_ZTBINDING_H

@@ -1,0 +1,87 @@
+// A document as data: what its context, drivers and the factory need to know of it.
+#ifndef ZTXML_SRC_BINDING_ZTDOCUMENTTABLE_H
+#define ZTXML_SRC_BINDING_ZTDOCUMENTTABLE_H
+
+#include <type_traits>
+
+#include "XMLFactory.h"
+#include "ZtDocument.h"
+#include "ZtSchemaDecoder.h"
+#include "binding/ZtBinding.h"
+
+// The log lines in which documents differ; null for none.
+struct ZtDocumentLines {
+  const char* textInput = nullptr;  // the text to be read
+  const char* fileInput = nullptr;  // the same from a file
+  const char* readDone = nullptr;
+  const char* readFailed = nullptr;
+  const char* nullRoot = nullptr;    // Marshall without a root
+  const char* nullClass = nullptr;   // Marshall with a root that has no class name
+  const char* rootChosen = nullptr;  // the root's writer has been found
+  // The root's writer failed: the marshaller's name, the writer's.
+  const char* writeFailed = "<XML Module>: %s XML Failed!";
+};
+
+struct ZtDocument {
+  XMLSchemaInfo info;
+  const char* source;  // file of the binding, for the logs
+  ZtMaker<XMLContext> newContext;
+  ZtMaker<ZtSchemaDecoder> newDecoder;
+  ZtMaker<XMLUnMarshaller> newUnMarshaller;
+  ZtMaker<XMLMarshaller> newMarshaller;  // without a maker: the schema has none
+  ZtMaker<XMLObjectFactory> newBinderFactory;
+  const char* unMarshaller = nullptr;  // class names for the logs
+  const char* marshaller = nullptr;
+  const char* textField = nullptr;                  // what the logs call the marshaller's text
+  const ZtElementType* const* writables = nullptr;  // what Marshall takes, ends with null
+  bool declaration = true;                          // writes the XML declaration
+  bool dropsFirstNewline = false;
+  ZtDocumentLines lines = {};
+
+  constexpr ZtDocument Reads(const char* unMarshallerName) const {
+    ZtDocument document = *this;
+    document.unMarshaller = unMarshallerName;
+    return document;
+  }
+  // `types` ends with null; `field` is what the logs call the text.
+  constexpr ZtDocument Writes(const ZtElementType* const* types, const char* marshallerName,
+                              const char* field) const {
+    ZtDocument document = *this;
+    document.writables = types;
+    document.marshaller = marshallerName;
+    document.textField = field;
+    return document;
+  }
+  // A fragment for another document's scope: no declaration, no line break before it.
+  constexpr ZtDocument AsFragment() const {
+    ZtDocument document = *this;
+    document.declaration = false;
+    document.dropsFirstNewline = true;
+    return document;
+  }
+  constexpr ZtDocument Lines(const ZtDocumentLines& own) const {
+    ZtDocument document = *this;
+    document.lines = own;
+    return document;
+  }
+};
+
+// The start of a document's table; `Marshaller` void when the schema has none.
+template <class Context, class Decoder, class UnMarshaller, class Marshaller, class DataBinder>
+constexpr ZtDocument ZtDocumentOf(const XMLSchemaInfo& info, const char* source) {
+  ZtMaker<XMLMarshaller> marshaller = {nullptr, 0};
+  if constexpr (!std::is_void_v<Marshaller>) marshaller = ZtMaker<XMLMarshaller>::Of<Marshaller>();
+  return {info,
+          source,
+          ZtMaker<XMLContext>::Of<Context>(),
+          ZtMaker<ZtSchemaDecoder>::Of<Decoder>(),
+          ZtMaker<XMLUnMarshaller>::Of<UnMarshaller>(),
+          marshaller,
+          ZtMaker<XMLObjectFactory>::Of<DataBinder>()};
+}
+
+extern const ZtDocument kReginfoDocument;
+extern const ZtDocument kGruuDocument;
+extern const ZtDocument kSchemaNamespaceRetrievalDocument;
+
+#endif  // ZTXML_SRC_BINDING_ZTDOCUMENTTABLE_H

@@ -1,0 +1,58 @@
+// The element names of a document as its schema decoder sees them.
+#ifndef ZTXML_SRC_BINDING_ZTGRAMMAR_H
+#define ZTXML_SRC_BINDING_ZTGRAMMAR_H
+
+#include "binding/ZtBinding.h"
+
+enum class ZtElementKind : std::uint8_t {
+  kRoot,
+  kStructured,   // its object is offered at the start and open until the end
+  kTextBearing,  // the same, and it gets its text before it is closed
+  kExtension,    // a structured element of a foreign namespace: opened before it is offered
+  kFlag,         // an empty element whose presence is the value
+  kEndBound,     // its object is made and offered at its end, with its text
+};
+
+// One name. Names that stand in no row are texts of their parent or unknown: they are offered
+// without an object at their start and their end, and what is inside them is skipped.
+struct ZtGrammarRow {
+  e_XmlStrRef name;
+  ZtElementKind kind;
+  const ZtElementType* type;              // null for flags
+  const ZtElementType* parent = nullptr;  // only inside an element of this type
+};
+
+// Intended: decoders keep the size of a name, with two bytes more, in 16 bits, so that names of
+// 65534 bytes or more are cut short. The bytes of `name` that are kept.
+inline std::size_t ZtShortNameSize(const char* name) {
+  const std::size_t size = __strlen(name);
+  const std::size_t room = static_cast<std::uint16_t>(size + 2);
+  return size < room ? size : room ? room - 1 : 0;
+}
+
+enum class ZtPrefixRule : std::uint8_t { kExact, kStrip, kRewrite };
+
+struct ZtGrammar {
+  const char* decoder;   // class name for the logs
+  const char* source;    // file of the decoder, for the logs
+  const char* noMemory;  // the line when a name cannot be normalised
+  ZtPrefixRule prefixes;
+  const ZtGrammarRow* rows = nullptr;
+  std::size_t rowCount = 0;
+
+  constexpr ZtGrammar(const char* className, const char* file, const char* noMemoryLine,
+                      ZtPrefixRule rule)
+      : decoder(className), source(file), noMemory(noMemoryLine), prefixes(rule) {}
+  template <std::size_t N>
+  constexpr ZtGrammar(const char* className, const char* file, const char* noMemoryLine,
+                      ZtPrefixRule rule, const ZtGrammarRow (&names)[N])
+      : ZtGrammar(className, file, noMemoryLine, rule) {
+    rows = names;
+    rowCount = N;
+  }
+
+  const ZtGrammarRow* begin() const { return rows; }
+  const ZtGrammarRow* end() const { return rows + rowCount; }
+};
+
+#endif  // ZTXML_SRC_BINDING_ZTGRAMMAR_H

@@ -1,0 +1,114 @@
+#include "ZtNamespaceDecoder.h"
+
+#include "XMLSchemaNameSpaceRetrieval.h"
+#include "XMLValueTypes.h"
+#include "base/ZtLog.h"
+#include "binding/ZtGrammar.h"
+
+// ---- The chain ----------------------------------------------------------------------------------
+
+ZtNamespaceBindings::ZtNamespaceBindings()
+    // Intended: "ss" has no alias, so it is not recognised as one until a document's declarations
+    // have been applied (names with it pass unchanged, which comes to the same).
+    : m_bComplete(Append(ZtName(XML_STR_SS), nullptr,
+                         ZtName(XML_STR_HTTP_URI_ETSI_ORG_NGN_PARAMS_XML_SIMSERVS_XCAP)) &&
+                  Append(ZtName(XML_STR_CP), ZtName(XML_STR_CP),
+                         ZtName(XML_STR_URN_IETF_PARAMS_XML_NS_COMMON_POLICY)) &&
+                  Append(ZtName(XML_STR_OCP), ZtName(XML_STR_OCP),
+                         ZtName(XML_STR_URN_OMA_XML_XDM_COMMON_POLICY))) {}
+
+ZtNamespaceBindings::~ZtNamespaceBindings() {
+  while (m_pFirst) {
+    ZtNamespaceBinding* binding = m_pFirst;
+    m_pFirst = binding->next;
+    delete binding;
+  }
+}
+
+bool ZtNamespaceBindings::Append(const char* prefix, const char* alias, const char* uri) {
+  auto* binding = new ZtNamespaceBinding;
+  if (!binding) return false;
+  ZtNamespaceBinding** end = &m_pFirst;
+  while (*end) end = &(*end)->next;
+  *end = binding;
+  return binding->prefix.Set(prefix) && binding->alias.Set(alias) && binding->uri.Set(uri);
+}
+
+bool ZtNamespaceBindings::Apply(XMLObject* binder) {
+  if (!binder || __strcmp(binder->ClassName(), "zt_schema_namespace_retrieval") != 0) return true;
+  for (ZtNamespaceBinding* at = m_pFirst; at; at = at->next) at->given = false;
+  ZtSingleElementList* pairs =
+      static_cast<zt_schema_namespace_retrieval*>(binder)->getNameSpaceInfo();
+  for (ZtListNode* node = pairs ? pairs->GetPtrToListHead() : nullptr; node; node = node->next) {
+    const auto* pair = zt_AttributeValuePair::From(static_cast<XMLAttribute*>(node->data));
+    if (!pair || !pair->getValue()) continue;
+    ZtNamespaceBinding* at = m_pFirst;
+    while (at && (!at->uri.Get() || __strcmp(at->uri.Get(), pair->getValue()) != 0)) at = at->next;
+    if (!at) continue;
+    const bool named = pair->getName() && *pair->getName();
+    if (!named && at->given) continue;
+    at->given = named;
+    if (!at->alias.Set(named ? pair->getName() : nullptr)) return false;
+  }
+  return true;
+}
+
+// ---- The decoder --------------------------------------------------------------------------------
+
+ZtNamespaceDecoder::ZtNamespaceDecoder(const ZtGrammar& grammar) : ZtSchemaDecoder(grammar) {
+  if (m_Bindings.Complete()) return;
+  m_bOutOfMemory = true;
+  ZtLog(kZtLogTrace, grammar.source)("%s :: %s: Malloc cannot allocate memory", grammar.decoder,
+                                     grammar.decoder);
+}
+
+int ZtNamespaceDecoder::SetNameSpaceBinderInfo(XMLObject* binder) {
+  if (!m_Bindings.Apply(binder)) m_bOutOfMemory = true;
+  return 1;
+}
+
+int ZtNamespaceDecoder::XMLChangeNamespaceTag(char* name) {
+  if (!name) return 0;
+  const bool atEnd = *name == '/';
+  const char* document = name + atEnd;
+  const std::size_t shortSize = ZtShortNameSize(name);
+  const std::size_t searched = shortSize > atEnd ? shortSize - atEnd : 0;
+  const auto* colon = static_cast<const char*>(std::memchr(document, ':', searched));
+  const ZtNamespaceBinding* at = colon ? m_Bindings.First() : nullptr;
+  for (const auto prefixSize = static_cast<std::size_t>(colon ? colon - document : 0); at;
+       at = at->next) {
+    const char* alias = at->alias.Get();
+    if (alias && __strlen(alias) == prefixSize && std::memcmp(alias, document, prefixSize) == 0) {
+      break;
+    }
+  }
+  if (!at || !at->prefix.Get() || !*at->prefix.Get()) {
+    const std::size_t size = __strlen(name);
+    if (!ReservePassName(size, "XmlDecoder:: m_strDup: Malloc unable to allocate memory")) return 0;
+    std::memcpy(m_PassName, name, size + 1);
+    return 1;
+  }
+  const std::size_t ownSize = __strlen(at->prefix.Get());
+  const auto restSize = static_cast<std::size_t>(name + shortSize - colon);  // with its colon
+  if (!ReservePassName(atEnd + ownSize + restSize, m_Grammar.noMemory)) return 0;
+  char* to = m_PassName;
+  if (atEnd) *to++ = '/';
+  std::memcpy(to, at->prefix.Get(), ownSize);
+  std::memcpy(to + ownSize, colon, restSize);
+  to[ownSize + restSize] = '\0';
+  return 1;
+}
+
+char* ZtNamespaceDecoder::LocalName(char* name) {
+  if (!XMLChangeNamespaceTag(name)) return nullptr;
+  const bool atEnd = *m_PassName == '/';
+  char* prefixed = m_PassName + atEnd;
+  for (const ZtNamespaceBinding* at = m_Bindings.First(); at; at = at->next) {
+    const std::size_t size = __strlen(at->prefix.Get());
+    if (__strncmp(prefixed, at->prefix.Get(), size) != 0 || prefixed[size] != ':') continue;
+    if (!atEnd) return prefixed + size + 1;
+    prefixed[size] = '/';  // an end is known by its slash, which takes the colon's place
+    return prefixed + size;
+  }
+  return m_PassName;
+}

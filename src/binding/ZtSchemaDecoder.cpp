@@ -1,0 +1,311 @@
+#include "ZtSchemaDecoder.h"
+
+#include "XMLValueTypes.h"
+#include "base/ZtLog.h"
+#include "binding/ZtGrammar.h"
+
+namespace {
+constexpr std::size_t kLeastPassName = 32;
+}  // namespace
+
+ZtSchemaDecoder::ZtSchemaDecoder(const ZtGrammar& grammar)
+    : m_Grammar(grammar),
+      m_pRoot(nullptr),
+      m_PassName(nullptr),
+      m_bOutOfMemory(false),
+      m_iPassCapacity(0),
+      m_pStarted(nullptr),
+      m_pStartedType(nullptr),
+      m_iDropped(0),
+      m_iSkipped(0),
+      m_bOfferEnd(false) {}
+
+ZtSchemaDecoder::~ZtSchemaDecoder() { __free(m_PassName); }
+
+int ZtSchemaDecoder::ProcessReserved() { return 0; }
+int ZtSchemaDecoder::ProcessElementOpened(char*) { return 0; }
+void* ZtSchemaDecoder::GetSessionData() { return m_pRoot; }
+
+// ---- Elements -----------------------------------------------------------------------------------
+
+int ZtSchemaDecoder::ProcessElement(char* name, char* value) {
+  if (!name) {
+    ZtLog(kZtLogTrace, m_Grammar.source)("In %s :: ProcessElement, Element name is NULL",
+                                         m_Grammar.decoder);
+    return -1;
+  }
+  if (m_bOutOfMemory) return -1;
+  const bool atEnd = *name == '/';
+  const bool skipped = m_iSkipped != 0;
+  if (skipped) {
+    m_iSkipped = atEnd ? m_iSkipped - 1 : m_iSkipped + 1;
+    if (m_iSkipped || !m_bOfferEnd) return 0;
+  }
+  char* local = LocalName(name);
+  if (!local) {
+    ZtLog(kZtLogState, m_Grammar.source)("<XML Module>%s :: ProcessElement: m_PassName is NULL",
+                                         m_Grammar.decoder);
+    m_bOutOfMemory = true;
+    return -1;
+  }
+  auto* current = static_cast<XMLElement*>(m_Stack.top());
+  if (skipped) {
+    EndSkipped(current, local, value);
+  } else if (atEnd) {
+    End(current, local, value);
+    m_pStarted = nullptr;
+  } else if (!Start(current, local)) {
+    m_iSkipped = 1;
+  }
+  return 0;
+}
+
+// False when the content of the element is to be skipped.
+bool ZtSchemaDecoder::Start(XMLElement* current, char* name) {
+  m_bOfferEnd = true;
+  m_pStarted = nullptr;
+  const ZtGrammarRow* row = FindStart(name);
+  if (row && row->kind == ZtElementKind::kRoot) {
+    StartRoot(*row);
+    return m_pStarted != nullptr;
+  }
+  if (!current) {
+    m_bOfferEnd = false;
+    return false;
+  }
+  if (row && row->kind != ZtElementKind::kEndBound) return StartChild(*current, *row, name);
+  Offer(*current, *CurrentType(), name, nullptr, nullptr);
+  return false;
+}
+
+// A second root inside an open tree replaces the first, which lives on until the decoder ends:
+// its objects may be open.
+void ZtSchemaDecoder::StartRoot(const ZtGrammarRow& row) {
+  if (m_pRoot && !m_ReplacedRoots.Add(m_pRoot)) {
+    m_bOutOfMemory = true;
+    return;
+  }
+  m_pRoot = static_cast<XMLObject*>(Make(*row.type));
+  if (m_pRoot) Push(m_pRoot, *row.type);
+}
+
+bool ZtSchemaDecoder::StartChild(XMLElement& current, const ZtGrammarRow& row, char* name) {
+  const ZtElementType& parentType = *CurrentType();
+  const bool extension = row.kind == ZtElementKind::kExtension;
+  const bool flag = row.kind == ZtElementKind::kFlag;
+  XMLElement* child = extension ? ProcessAnyElement(name, nullptr)
+                      : flag    ? MakeFlag(name)
+                                : Make(*row.type);
+  if (!child) return false;
+  const ZtOutcome outcome = ZtOfferChild(current, parentType, name, nullptr, child);
+  if (outcome == ZtOutcome::kAdopted) {
+    m_bOfferEnd = false;
+    if (flag) return false;
+    if (!extension) Push(child, *row.type);
+    return true;
+  }
+  // Nobody wants it. A refused element is offered once more without its object, as an unknown one.
+  if (extension) Pop();
+  m_pStarted = nullptr;
+  ZtRelease(child);
+  m_bOutOfMemory = m_bOutOfMemory || outcome == ZtOutcome::kNoMemory;
+  m_bOfferEnd = outcome == ZtOutcome::kRefused;
+  if (m_bOfferEnd) Offer(current, parentType, name, nullptr, nullptr);
+  return false;
+}
+
+void ZtSchemaDecoder::End(XMLElement* current, char* name, char* value) {
+  const ZtGrammarRow* row = FindEnd(name + 1);
+  if (row && row->kind == ZtElementKind::kRoot) {
+    Pop();
+    return;
+  }
+  if (!current) return;
+  const ZtElementType& type = *CurrentType();
+  const bool takesText = row && row->kind == ZtElementKind::kTextBearing;
+  if (!row || row->kind == ZtElementKind::kFlag || row->kind == ZtElementKind::kEndBound) {
+    EndSkipped(current, name, value);  // only a caller that reports ends without starts comes here
+  } else if (row->kind == ZtElementKind::kExtension) {
+    ProcessAnyElement(name, value);
+    Offer(*current, type, name, value, nullptr);
+  } else if (m_iDropped) {
+    // Its object is not on the stack; its text still reaches it when nothing stood in between.
+    if (takesText && m_pStarted) Offer(*m_pStarted, *m_pStartedType, name, value, nullptr);
+    Pop();
+  } else if (row->type == &type) {
+    if (takesText) Offer(*current, type, name, value, nullptr);
+    Pop();
+  }
+}
+
+// The end of a text, an unknown or refused element, or a child that is made here.
+void ZtSchemaDecoder::EndSkipped(XMLElement* current, char* name, char* value) {
+  if (!current || !value) return;
+  const ZtElementType& type = *CurrentType();
+  const ZtGrammarRow* row = FindEnd(name + 1);
+  if (!row || row->kind != ZtElementKind::kEndBound) {
+    Offer(*current, type, name, value, nullptr);
+    return;
+  }
+  XMLElement* child = Make(*row->type);
+  m_pStarted = nullptr;  // its attributes went by before it was made
+  if (child && !Offer(*current, type, name, value, child)) ZtRelease(child);
+}
+
+XMLElement* ZtSchemaDecoder::ProcessAnyElement(char* name, char* value) {
+  static_cast<void>(value);
+  if (!name) {
+    ZtLog(kZtLogTrace, m_Grammar.source)("In %s :: ProcessAnyElement, Element name is NULL",
+                                         m_Grammar.decoder);
+    return nullptr;
+  }
+  const bool atEnd = *name == '/';
+  const ZtGrammarRow* row = atEnd ? FindEnd(name + 1) : FindStart(name);
+  if (!row || row->kind != ZtElementKind::kExtension) return nullptr;
+  if (atEnd) {
+    Pop();
+    return nullptr;
+  }
+  XMLElement* object = Make(*row->type);
+  if (object) Push(object, *row->type);
+  return object;
+}
+
+// ---- Attributes ---------------------------------------------------------------------------------
+
+// Attributes reach an object only from the element that made it; those of texts and of unknown
+// elements are dropped, as are attributes with an empty name.
+int ZtSchemaDecoder::ProcessAttribute(char* element, char* name, char* value) {
+  if (!element || !name) {
+    ZtLog(kZtLogTrace, m_Grammar.source)("In %s :: ProcessAttribute, Element name is NULL",
+                                         m_Grammar.decoder);
+    return -1;
+  }
+  if (m_Stack.empty() || !m_pStarted || !*name || m_bOutOfMemory) return 0;
+  if (ZtFindAttribute(*m_pStartedType, name)) {
+    if (value && ZtOfferAttribute(*m_pStarted, *m_pStartedType, name, value, nullptr) ==
+                     ZtOutcome::kNoMemory) {
+      m_bOutOfMemory = true;
+    }
+    return 0;
+  }
+  auto* pair = ZtCreate<zt_AttributeValuePair>(m_Grammar.source);
+  if (pair) {
+    pair->setName(name);
+    pair->setValue(value);
+  }
+  if (!pair || !pair->getName() || (value && !pair->getValue())) {
+    m_bOutOfMemory = true;
+    ZtRelease(pair);
+    return 0;
+  }
+  const ZtOutcome outcome = ZtOfferAttribute(*m_pStarted, *m_pStartedType, name, value, pair);
+  if (outcome == ZtOutcome::kNoMemory) m_bOutOfMemory = true;
+  if (outcome != ZtOutcome::kAdopted) ZtRelease(pair);
+  return 0;
+}
+
+// ---- Objects ------------------------------------------------------------------------------------
+
+XMLElement* ZtSchemaDecoder::Make(const ZtElementType& type) {
+  XMLElement* object = type.maker.Create(m_Grammar.source);
+  if (!object) m_bOutOfMemory = true;
+  m_pStarted = object;
+  m_pStartedType = &type;
+  return object;
+}
+
+// A flag element, present under its own name. Its attributes are nobody's.
+XMLElement* ZtSchemaDecoder::MakeFlag(const char* name) {
+  auto* flag = ZtCreate<zt_empty_element_type>(m_Grammar.source);
+  if (flag) flag->setValue(name);
+  if (flag && flag->getValue()) return flag;
+  m_bOutOfMemory = true;
+  ZtRelease(flag);
+  return nullptr;
+}
+
+// Offers a child; whether the parent has taken the object.
+bool ZtSchemaDecoder::Offer(XMLElement& parent, const ZtElementType& type, char* name, char* value,
+                            XMLElement* child) {
+  const ZtOutcome outcome = ZtOfferChild(parent, type, name, value, child);
+  if (outcome == ZtOutcome::kNoMemory || outcome == ZtOutcome::kAdoptedNoMemory) {
+    m_bOutOfMemory = true;
+  }
+  return outcome == ZtOutcome::kAdopted || outcome == ZtOutcome::kAdoptedNoMemory;
+}
+
+const ZtElementType* ZtSchemaDecoder::CurrentType() const {
+  return m_Stack.empty() ? nullptr : m_Types[m_Stack.size()];
+}
+
+void ZtSchemaDecoder::Push(XMLElement* object, const ZtElementType& type) {
+  if (m_Stack.size() == XmlCodeGenStack::kCapacity - 1) ++m_iDropped;
+  m_Stack.push(object);
+  if (!m_iDropped) m_Types[m_Stack.size()] = &type;
+}
+
+// The end of an element that the full stack did not take closes nothing.
+void ZtSchemaDecoder::Pop() {
+  if (m_iDropped) {
+    --m_iDropped;
+  } else {
+    m_Stack.pop();
+  }
+}
+
+// ---- Names --------------------------------------------------------------------------------------
+
+const ZtGrammarRow* ZtSchemaDecoder::FindStart(const char* name) const {
+  const std::size_t size = __strlen(name);
+  for (const ZtGrammarRow& row : m_Grammar) {
+    if (ZtNameIs(row.name, name, size) && (!row.parent || row.parent == CurrentType())) return &row;
+  }
+  return nullptr;
+}
+
+// The row that the end tag `name` closes. Rows of one name differ in their types, so the open
+// object tells which; ends of flags are nobody's.
+const ZtGrammarRow* ZtSchemaDecoder::FindEnd(const char* name) const {
+  const std::size_t size = __strlen(name);
+  const ZtGrammarRow* found = nullptr;
+  for (const ZtGrammarRow& row : m_Grammar) {
+    if (!ZtNameIs(row.name, name, size)) continue;
+    if (row.kind == ZtElementKind::kEndBound) {
+      if (!row.parent || row.parent == CurrentType()) return &row;
+      continue;
+    }
+    if (row.type && row.type == CurrentType()) return &row;
+    if (!found) found = &row;
+  }
+  return found;
+}
+
+char* ZtSchemaDecoder::LocalName(char* name) {
+  if (m_Grammar.prefixes == ZtPrefixRule::kExact) return name;
+  XMLRemoveNameSpaceTag(name);
+  return m_PassName;
+}
+
+char* ZtSchemaDecoder::ReservePassName(std::size_t size, const char* noMemory) {
+  if (size < m_iPassCapacity) return m_PassName;
+  __free(m_PassName);
+  m_iPassCapacity = size < kLeastPassName ? kLeastPassName : size + 1;
+  m_PassName = static_cast<char*>(__malloc(m_iPassCapacity));
+  if (!m_PassName) {
+    m_iPassCapacity = 0;
+    ZtLog(kZtLogTrace, m_Grammar.source, __LINE__, kZtModuleParser)(noMemory);
+  }
+  return m_PassName;
+}
+
+int ZtSchemaDecoder::XMLRemoveNameSpaceTag(char* name) {
+  if (!name) return 0;
+  const std::size_t size = ZtShortNameSize(name);
+  if (!ReservePassName(size, m_Grammar.noMemory)) return 0;
+  std::memcpy(m_PassName, name, size);
+  m_PassName[size] = '\0';
+  char* rest = *m_PassName == '/' ? m_PassName + 1 : m_PassName;
+  if (const char* colon = __strchr(rest, ':')) std::memmove(rest, colon + 1, __strlen(colon));
+  return 1;
+}
