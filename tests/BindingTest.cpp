@@ -1,0 +1,331 @@
+// The machinery that documents share, on a document that uses all of it.
+#include <gtest/gtest.h>
+
+#include "DocumentSupport.h"
+#include "TestSupport.h"
+#include "XMLSchemaNameSpaceRetrieval.h"
+#include "XMLValueTypes.h"
+#include "ZtNamespaceDecoder.h"
+#include "base/ZtLog.h"
+#include "binding/ZtBinding.h"
+#include "binding/ZtElementWriter.h"
+#include "binding/ZtGrammar.h"
+
+namespace {
+
+constexpr ZtHookLines kNoLines = {};
+constexpr ZtFamily kFamily = {"tests/Toy", &kNoLines, "unknown %s with %s", "failed in %s",
+                              ZtUnknown::kIgnore};
+constexpr char kModeSlots[][8] = {"open", "opened"};
+constexpr ZtEnumTable kModes = {kModeSlots[0], 8, 2, 2, 2, false};
+
+// Every kind of row stands in one of these: <list> nests, <keywords> comes with its end tag, <name>
+// has text, <busy/> is a flag, <entry> is a list's or, inside <roles>, a text.
+class Keywords : public ZtElement {
+ public:
+  static const ZtElementType kType;
+  ZtText m_Text;
+
+ private:
+  const ZtElementType& Type() const override { return kType; }
+};
+
+class Entry : public ZtElement {
+ public:
+  static const ZtElementType kType;
+  ZtText m_Uri;
+
+ private:
+  const ZtElementType& Type() const override { return kType; }
+};
+
+class List : public ZtObject {
+ public:
+  static const ZtElementType kType;
+  ZtText m_Id, m_Note, m_Role;
+  unsigned m_Version = 0, m_Count = 0, m_Mode = 2;
+  ZtAttributeList m_Extras;
+  ZtChild m_Keywords, m_Name;
+  ZtChildList m_Lists, m_Flags, m_Others;
+
+ private:
+  const ZtElementType& Type() const override { return kType; }
+};
+
+constexpr ZtField kKeywordsRows[] = {ztrow::OwnText(XML_STR_KEYWORDS, &Keywords::m_Text)};
+const ZtElementType Keywords::kType = ZtTypeOf<Keywords>("Keywords", "keywords", kFamily)
+                                          .Fields(kKeywordsRows)
+                                          .Writer(XML_STR_KEYWORDS, "AddKeywords");
+
+constexpr ZtField kEntryRows[] = {
+    ztrow::Attribute(XML_STR_URI, &Entry::m_Uri).Required("uri is required", kZtLogError)};
+const ZtElementType Entry::kType = ZtTypeOf<Entry>("Entry", "entry", kFamily)
+                                       .Fields(kEntryRows)
+                                       .Writer(XML_STR_ENTRY, "AddEntry")
+                                       .SelfClosing()
+                                       .RefusesUnknownChildren();
+
+constexpr ZtElementType kFlagType = ZtFlagOf(kFamily, "AddFlag", "flag is not present");
+constexpr ZtWritable kWritables[] = {{&Entry::kType, XML_STR_CP}, {nullptr, XML_STR_ZT_NULL}};
+constexpr ZtNamespace kNamespaces[] = {{XML_STR_URI_3GPP_GBA, XML_STR_ZT_NULL},
+                                       {XML_STR_URN_IETF_PARAMS_XML_NS_COMMON_POLICY, XML_STR_CP}};
+constexpr ZtField kListRows[] = {
+    ztrow::Attribute(XML_STR_ID, &List::m_Id),
+    ztrow::Attribute(XML_STR_VERSION, &List::m_Version),
+    ztrow::OtherAttributes(&List::m_Extras),
+    ztrow::TextElement(XML_STR_NOTE, &List::m_Note),
+    ztrow::TextElement(XML_STR_USER_COUNT, &List::m_Count),
+    ztrow::TextElement(XML_STR_STATE, &List::m_Mode, kModes),
+    ztrow::Child(XML_STR_KEYWORDS, &List::m_Keywords, Keywords::kType).AtEnd(),
+    ztrow::Children(XML_STR_LIST, &List::m_Lists, List::kType),
+    ztrow::Children(XML_STR_BUSY, &List::m_Flags, kFlagType),
+    ztrow::OtherChildren(&List::m_Others, kWritables).Note("no writer for %s"),
+};
+static_assert(ztrow::Sound(kListRows));
+constexpr ZtField kTwice[] = {ztrow::Attribute(XML_STR_ID, &List::m_Id),
+                              ztrow::Attribute(XML_STR_ID, &List::m_Note)};
+static_assert(!ztrow::Sound(kTwice));
+const ZtElementType List::kType = ZtTypeOf<List>("List", "list", kFamily)
+                                      .Fields(kListRows)
+                                      .Writer(XML_STR_LIST, "AddList")
+                                      .Declares(kNamespaces)
+                                      .Root();
+
+constexpr ZtGrammarRow kRows[] = {
+    {XML_STR_RESOURCE_LISTS, ZtElementKind::kRoot, &List::kType},
+    {XML_STR_LIST, ZtElementKind::kStructured, &List::kType},
+    {XML_STR_ENTRY, ZtElementKind::kStructured, &Entry::kType, &List::kType},
+    {XML_STR_KEYWORDS, ZtElementKind::kEndBound, &Keywords::kType, &List::kType},
+    {XML_STR_BUSY, ZtElementKind::kFlag, nullptr},
+    {XML_STR_RESOURCE, ZtElementKind::kExtension, &Entry::kType},
+};
+constexpr ZtGrammar kExact("Toy", "tests/Toy", "no memory", ZtPrefixRule::kExact, kRows);
+constexpr ZtGrammar kStrip("Toy", "tests/Toy", "no memory", ZtPrefixRule::kStrip, kRows);
+constexpr ZtGrammar kRewrite("Toy", "tests/Toy", "no memory", ZtPrefixRule::kRewrite, kRows);
+
+class ToyDecoder : public ZtSchemaDecoder {
+ public:
+  explicit ToyDecoder(const ZtGrammar& grammar) : ZtSchemaDecoder(grammar) {}
+};
+class ToyNamespaceDecoder : public ZtNamespaceDecoder {
+ public:
+  ToyNamespaceDecoder() : ZtNamespaceDecoder(kRewrite) {}
+};
+
+Tree<List> Parse(ZtSchemaDecoder& decoder, std::string text) {
+  XmlDecoder parser;
+  parser.SetSchema(&decoder);
+  const int result = parser.Decode(text.data(), static_cast<int>(text.size()));
+  Tree<List> root(static_cast<List*>(static_cast<XMLObject*>(decoder.GetSessionData())));
+  if (result != ZT_XML_SUCCESS || decoder.OutOfMemory()) root.reset();
+  return root;
+}
+Tree<List> Parse(const std::string& text, const ZtGrammar& grammar = kStrip) {
+  ToyDecoder decoder(grammar);
+  return Parse(decoder, text);
+}
+
+std::string Written(List* list) {
+  ZtXMLDocGenerator writer;
+  writer.ztInitXmlDoc();
+  const int result = ZtElementWriter(writer).Write(list, List::kType, XML_STR_ZT_NULL);
+  return (result ? "" : "failed:") + std::string(writer.ztGetXmlDoc());
+}
+
+std::string Around(const std::string& attributes, const std::string& content) {
+  return "\n<list  xmlns=\"uri:3gpp-gba\"  xmlns:cp=\"urn:ietf:params:xml:ns:common-policy\"" +
+         attributes + ">" + content + "</list>";
+}
+
+TEST(Binding, EveryKindOfRowReadsAndWrites) {
+  const struct {
+    const char* in;
+    std::string out;
+  } kCases[] = {
+      {"<resource-lists/>", Around("", "")},
+      {"<resource-lists version='3' b='2' id='i' a='1' xmlns='u' xmlns:x='v' xmlns:cp='w' ='e'/>",
+       Around("  id=\"i\"  version=\"3\"  b=\"2\"  a=\"1\"  xmlns:x=\"v\"", "")},
+      {"<resource-lists><note a='1'>t</note><user-count>12x</user-count><state>opened</state>"
+       "</resource-lists>",
+       Around("", "\n<note>t</note>\n<user-count>12</user-count>\n<state>opened</state>")},
+      {"<resource-lists><state>openedx</state><user-count>0</user-count></resource-lists>",
+       Around("", "")},
+      {"<resource-lists><keywords a='b'>one<x/> two</keywords><keywords> last </keywords>"
+       "</resource-lists>",
+       Around("", "\n<keywords> last </keywords>")},
+      {"<resource-lists><busy a='1'>t<list/></busy><list id='l'/><busy/></resource-lists>",
+       Around("", Around("  id=\"l\"", "") + "\n<busy/>\n<busy/>")},
+      {"<resource-lists><entry uri='u'><list id='refused'/><entry uri='text here'/></entry>"
+       "<resource uri='v'><x/></resource></resource-lists>",
+       Around("", "\n<cp:entry  uri=\"u\"/>\n<cp:entry  uri=\"v\"/>")},
+  };
+  for (const auto& test : kCases) {
+    auto root = Parse(test.in);
+    ASSERT_TRUE(root) << test.in;
+    EXPECT_EQ(Written(root.get()), test.out) << test.in;
+  }
+}
+
+TEST(Binding, FailuresStayWhereTheyAreAllowed) {
+  LogCapture log;
+  auto root = Parse("<resource-lists><list><entry/></list></resource-lists>");
+  ASSERT_TRUE(root);
+  // Everything up to the failure stands in the text: the marshaller discards it.
+  const std::string start = Around("", "");
+  EXPECT_EQ(Written(root.get()), "failed:" + start.substr(0, start.size() - 7) +
+                                     start.substr(0, start.size() - 7) + "\n<cp:entry ");
+  EXPECT_TRUE(log.Has("uri is required"));
+  EXPECT_EQ(log.Count("failed in AddEntry"), 1);
+  EXPECT_EQ(log.Count("failed in AddList"), 1);
+  root = Parse("<resource-lists><busy/></resource-lists>");
+  EntryOf<zt_empty_element_type>(root->m_Flags.Get(), 0)->setPresentValue(0);
+  EXPECT_EQ(Written(root.get()).substr(0, 7), "failed:");
+  EXPECT_TRUE(log.Has("flag is not present"));
+  root = Parse("<resource-lists/>");
+  root->m_Others.Add(ZtCreate<zt_string>("tests/Toy"));
+  EXPECT_EQ(Written(root.get()), start);
+  EXPECT_TRUE(log.Has("no writer for zt_string"));
+}
+
+TEST(Binding, NestingBeyondTheStackKeepsLaterSiblingsInPlace) {
+  std::string text = "<resource-lists>", end = "<note>outer</note></resource-lists>";
+  for (int i = 1; i < 150; ++i) {
+    text += "<list id='" + std::to_string(i) + "'>";
+    end = "</list><entry uri='after" + std::to_string(i) + "'/>" + end;
+  }
+  auto root = Parse(text + end);
+  ASSERT_TRUE(root);
+  EXPECT_STREQ(root->m_Note.Get(), "outer");
+  List* list = root.get();
+  for (int depth = 1; depth < XmlCodeGenStack::kCapacity; ++depth) {
+    ASSERT_EQ(CountOf(list->m_Lists.Get()), 1);
+    auto* last = EntryOf<Entry>(list->m_Others.Get(), 0);
+    EXPECT_EQ(last->m_Uri.Get(), "after" + std::to_string(depth));
+    list = EntryOf<List>(list->m_Lists.Get(), 0);
+    EXPECT_EQ(list->m_Id.Get(), std::to_string(depth));
+  }
+  EXPECT_EQ(CountOf(list->m_Lists.Get()), 50);  // the last tracked one has all that is deeper
+  EXPECT_STREQ(EntryOf<List>(list->m_Lists.Get(), 49)->m_Id.Get(), "149");
+}
+
+TEST(Binding, PrefixRules) {
+  const char kPrefixed[] = "<a:resource-lists><b:note>t</b:note></a:resource-lists>";
+  EXPECT_FALSE(Parse(kPrefixed, kExact));
+  ASSERT_TRUE(Parse(kPrefixed));
+  EXPECT_STREQ(Parse(kPrefixed)->m_Note.Get(), "t");
+  auto exact = Parse("<resource-lists><b:note>t</b:note></resource-lists>", kExact);
+  ASSERT_TRUE(exact);
+  EXPECT_EQ(exact->m_Note.Get(), nullptr);
+
+  ToyDecoder strip(kStrip);
+  const std::pair<const char*, const char*> kStripped[] = {
+      {"a", "a"}, {"n:a", "a"}, {"/n:a", "/a"}, {"n:m:a", "m:a"}, {":", ""}, {"/", "/"}, {"", ""}};
+  for (const auto& [in, out] : kStripped) {
+    EXPECT_EQ(strip.XMLRemoveNameSpaceTag(const_cast<char*>(in)), 1);
+    EXPECT_STREQ(strip.PassName(), out) << in;
+  }
+  // The size of a name, and two bytes more, is kept in 16 bits.
+  for (const auto& [size, kept] : {std::pair<std::size_t, std::size_t>{65533, 65533},
+                                   {65534, 0},
+                                   {65535, 0},
+                                   {65536, 1},
+                                   {65600, 65}}) {
+    std::string name(size, 'x');
+    EXPECT_EQ(strip.XMLRemoveNameSpaceTag(name.data()), 1);
+    EXPECT_EQ(std::string(strip.PassName()).size(), kept) << size;
+  }
+}
+
+TEST(Binding, ForeignPrefixesAreRewrittenByTheDocumentsDeclarations) {
+  const std::string kSs = "http://uri.etsi.org/ngn/params/xml/simservs/xcap";
+  const std::string kCp = "urn:ietf:params:xml:ns:common-policy";
+  Schema retrieval(XML_SCHEMA_NAMESPACE_RETRIEVAL);
+  const auto rewritten = [&](const std::string& declarations, const char* name) {
+    auto binder = retrieval.Read<XMLObject>("<a " + declarations + "/>");
+    ToyNamespaceDecoder decoder;
+    EXPECT_EQ(decoder.SetNameSpaceBinderInfo(binder.get()), 1);
+    EXPECT_EQ(decoder.XMLChangeNamespaceTag(const_cast<char*>(name)), 1);
+    return std::string(decoder.PassName());
+  };
+  const std::string x = "xmlns:x='" + kSs + "'";
+  EXPECT_EQ(rewritten("", "/x:busy"), "/x:busy");
+  EXPECT_EQ(rewritten("", "cp:rule"), "cp:rule");
+  EXPECT_EQ(rewritten(x, "/x:busy"), "/ss:busy");
+  EXPECT_EQ(rewritten(x, "x:"), "ss:");
+  EXPECT_EQ(rewritten(x, "busy"), "busy");
+  EXPECT_EQ(rewritten(x + " xmlns='" + kSs + "'", "x:busy"), "ss:busy");
+  EXPECT_EQ(rewritten("xmlns='" + kSs + "' " + x, "x:busy"), "ss:busy");
+  EXPECT_EQ(rewritten(x + " xmlns:y='" + kSs + "'", "x:busy"), "x:busy");  // the last one holds
+  EXPECT_EQ(rewritten(x + " xmlns:y='" + kSs + "'", "y:busy"), "ss:busy");
+  EXPECT_EQ(rewritten("xmlns='" + kCp + "'", "cp:rule"), "cp:rule");
+
+  auto binder = retrieval.Read<XMLObject>("<a " + x + " xmlns:y='urn:other'/>");
+  ToyNamespaceDecoder decoder;
+  decoder.SetNameSpaceBinderInfo(nullptr);
+  decoder.SetNameSpaceBinderInfo(binder.get());
+  auto root = Parse(decoder,
+                    "<x:resource-lists><ss:note>ss</ss:note><list><x:note>x</x:note></list>"
+                    "<y:note>y</y:note></x:resource-lists>");
+  ASSERT_TRUE(root);
+  EXPECT_STREQ(root->m_Note.Get(), "ss");
+  EXPECT_STREQ(EntryOf<List>(root->m_Lists.Get(), 0)->m_Note.Get(), "x");
+}
+
+TEST(Binding, DecoderCallbacksByHand) {
+  ToyDecoder decoder(kStrip);
+  char root[] = "resource-lists", endRoot[] = "/resource-lists", list[] = "list",
+       endList[] = "/list", endEntry[] = "/entry", resource[] = "resource", id[] = "id";
+  LogCapture log;
+  EXPECT_EQ(decoder.ProcessElement(nullptr, nullptr), -1);
+  EXPECT_TRUE(log.Has("In Toy :: ProcessElement, Element name is NULL"));
+  EXPECT_EQ(decoder.ProcessAttribute(nullptr, id, id), -1);
+  EXPECT_TRUE(log.Has("In Toy :: ProcessAttribute, Element name is NULL"));
+  EXPECT_EQ(decoder.ProcessAnyElement(nullptr, nullptr), nullptr);
+  EXPECT_TRUE(log.Has("In Toy :: ProcessAnyElement, Element name is NULL"));
+  EXPECT_EQ(decoder.ProcessElement(root, nullptr), 0);
+  EXPECT_EQ(decoder.ProcessElement(list, nullptr), 0);
+  EXPECT_EQ(decoder.ProcessElement(endEntry, nullptr), 0);  // of another class: closes nothing
+  EXPECT_EQ(decoder.ProcessAttribute(list, id, nullptr), 0);
+  EXPECT_EQ(decoder.ProcessElement(endList, nullptr), 0);
+  EXPECT_EQ(decoder.ProcessAttribute(list, id, id), 0);  // nobody's any more
+  Tree<XMLElement> extension(decoder.ProcessAnyElement(resource, nullptr));
+  ASSERT_TRUE(extension);
+  EXPECT_EQ(decoder.ProcessAnyElement(list, nullptr), nullptr);
+  resource[0] = '/';
+  EXPECT_EQ(decoder.ProcessAnyElement(resource, nullptr), nullptr);
+  for (int i = 0; i < 3; ++i) EXPECT_EQ(decoder.ProcessElement(endRoot, nullptr), 0);
+  Tree<List> tree(static_cast<List*>(static_cast<XMLObject*>(decoder.GetSessionData())));
+  EXPECT_EQ(tree->m_Id.Get(), nullptr);
+  EXPECT_EQ(EntryOf<List>(tree->m_Lists.Get(), 0)->m_Id.Get(), nullptr);
+}
+
+// Each allocation fails once, then from there on: the tree is whole or null, nothing leaks.
+TEST(Binding, EveryAllocationMayFail) {
+  const std::string text =
+      "<resource-lists id='i' x='y'><note>n</note><keywords>k</keywords><list x='y'><busy/></list>"
+      "<resource uri='u'/><resource-lists><entry uri='v'/></resource-lists></resource-lists>";
+  auto whole = Parse(text);
+  ASSERT_TRUE(whole);
+  const std::string expected = Written(whole.get());
+  for (const bool after : {false, true}) {
+    int nulls = 0;
+    for (long n = 1;; ++n) {
+      zthost::FailAllocation(n, after);
+      auto root = Parse(text);
+      const bool reached = zthost::AllocationCount() >= n;
+      zthost::FailAllocation(0);
+      if (root) {
+        EXPECT_EQ(Written(root.get()), expected) << n;
+      } else {
+        ++nulls;
+      }
+      if (!reached) {
+        EXPECT_TRUE(root);
+        break;
+      }
+    }
+    EXPECT_GT(nulls, 20);
+  }
+}
+
+}  // namespace

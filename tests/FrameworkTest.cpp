@@ -1,0 +1,163 @@
+// Factory, contexts, drivers, and the namespace retrieval, on the documents that exist.
+#include <cstdio>
+#include <gtest/gtest.h>
+
+#include "DocumentSupport.h"
+#include "SchemaNameSpaceRetrieval.h"
+#include "TestSupport.h"
+#include "XMLFile.h"
+#include "XMLReginfo.h"
+#include "XMLSchemaNameSpaceRetrieval.h"
+
+namespace {
+
+const char kReginfo[] =
+    "<?xml version='1.0'?><reginfo version='1' state='full'><registration aor='a' id='r' "
+    "state='active' x='y'><contact id='c' state='active' event='created'><uri>u</uri>"
+    "<unknown-param name='n'>\"v\"</unknown-param><gr:pub-gruu uri='\"p\"'/></contact>"
+    "</registration></reginfo>";
+
+TEST(Factory, ServesWhatItHas) {
+  for (const int id : {-1, 6, 8, 28, 1000}) {
+    EXPECT_EQ(XMLFactory::newInstance(static_cast<eXMLSchemaID>(id)), nullptr) << id;
+    EXPECT_EQ(XMLFactory::getSchemaInfo(static_cast<eXMLSchemaID>(id)), nullptr) << id;
+  }
+  for (int id = 0; id < 28; ++id) {
+    const XMLSchemaInfo* info = XMLFactory::getSchemaInfo(static_cast<eXMLSchemaID>(id));
+    XMLContext* context = XMLFactory::newInstance(static_cast<eXMLSchemaID>(id));
+    ASSERT_EQ(info != nullptr, context != nullptr) << id;
+    if (!context) continue;
+    EXPECT_EQ(info->id, id);
+    EXPECT_EQ(context->marshaller(), nullptr);
+    EXPECT_EQ(context->unMarshaller(), nullptr);
+    EXPECT_EQ(context->binderFactory(), nullptr);
+    XMLMarshaller* marshaller = context->createMarshaller();
+    EXPECT_EQ(marshaller != nullptr, info->writes || info->roots[0]) << id;
+    EXPECT_EQ(context->marshaller(), marshaller);
+    EXPECT_TRUE(!marshaller || marshaller->Identity() == marshaller);
+    ASSERT_NE(context->createUnMarshaller(), nullptr);
+    ASSERT_NE(context->createBinderFactory(), nullptr);
+    XMLFactory::deleteContext(context);
+  }
+  XMLFactory::deleteContext(nullptr);
+  XMLFactory::DeleteElement(nullptr);
+}
+
+TEST(Context, KeepsEveryWorkerItMade) {
+  XMLContext* context = XMLFactory::newInstance(XML_SCHEMA_REGINFO);
+  XMLUnMarshaller* reader = context->createUnMarshaller();
+  XMLMarshaller* first = context->createMarshaller();
+  XMLMarshaller* second = context->createMarshaller();
+  XMLObjectFactory* factory = context->createBinderFactory();
+  EXPECT_NE(context->createBinderFactory(), factory);
+  EXPECT_NE(first, second);
+  EXPECT_EQ(context->marshaller(), second);
+  EXPECT_EQ(context->SetNamespaceBinder(nullptr), 0);
+  Tree<XMLElement> root(reader->UnMarshall(kReginfo));
+  const std::string text = first->Marshall(root.get());
+  EXPECT_EQ(second->Marshall(root.get()), text);
+  Tree<XMLElement> made(factory->CreateRootElement());
+  EXPECT_STREQ(made->ClassName(), "zt_reginfo");
+  XMLFactory::deleteContext(context);
+}
+
+TEST(UnMarshaller, FilesAndTexts) {
+  Schema schema(XML_SCHEMA_REGINFO);
+  XMLUnMarshaller* reader = schema.context()->createUnMarshaller();
+  const std::string path = ::testing::TempDir() + "ztxml_reginfo_test.xml";
+  XMLFile out(path.c_str(), XML_FILE_WRITE);
+  ASSERT_EQ(out.Write(kReginfo), 1);
+  out.CloseFile();
+  XMLFile in(path.c_str(), XML_FILE_READ);
+  Tree<XMLElement> fromFile(reader->UnMarshall(&in));
+  in.CloseFile();
+  std::remove(path.c_str());
+  EXPECT_EQ(schema.Write(fromFile.get()), schema.RoundTrip(kReginfo));
+  EXPECT_EQ(reader->UnMarshall(&in), nullptr);  // the file is gone
+
+  LogCapture log;
+  EXPECT_EQ(reader->UnMarshall(static_cast<const char*>(nullptr)), nullptr);
+  EXPECT_EQ(reader->UnMarshall(static_cast<XMLFile*>(nullptr)), nullptr);
+  EXPECT_TRUE(log.Texts().empty());
+  zthost::FailAllocation(1);
+  EXPECT_EQ(reader->UnMarshall(kReginfo), nullptr);
+  EXPECT_EQ(log.Texts(4), std::vector<std::string>{
+                              "<XML Module>: StrDup failed in ReginfoUnMarshaller::UnMarshall"});
+}
+
+// Reading, writing and the factories with each allocation failing, once and from there on: null
+// or complete, and nothing leaks.
+TEST(Drivers, EveryAllocationMayFail) {
+  std::string expected;
+  {
+    Schema schema(XML_SCHEMA_REGINFO);
+    expected = schema.RoundTrip(kReginfo);
+    ASSERT_NE(expected, "(null)");
+  }
+  for (const bool after : {false, true}) {
+    for (long n = 1, reached = 1; reached; ++n) {
+      zthost::FailAllocation(n, after);
+      XMLContext* context = XMLFactory::newInstance(XML_SCHEMA_REGINFO);
+      XMLUnMarshaller* reader = context ? context->createUnMarshaller() : nullptr;
+      XMLMarshaller* writer = context ? context->createMarshaller() : nullptr;
+      EXPECT_TRUE(!writer || context->createMarshaller() || context->marshaller() == writer);
+      auto* factory =
+          context ? static_cast<ReginfoDataBinder*>(context->createBinderFactory()) : nullptr;
+      XMLElement* root = reader ? reader->UnMarshall(kReginfo) : nullptr;
+      const char* text = writer && root ? writer->Marshall(root) : nullptr;
+      zt_registration* made = factory ? factory->CreateRegistrationElement() : nullptr;
+      if (made) {
+        zt_ns_reginfo_contact* contact = factory->CreateContactElement();
+        EXPECT_EQ(made->setAorValue("aor"), 1);
+        if (!made->addContact(contact)) XMLFactory::DeleteElement(contact);
+      }
+      reached = zthost::AllocationCount() >= n;
+      zthost::FailAllocation(0);
+      EXPECT_TRUE(!text || text == expected) << n;
+      EXPECT_TRUE(reached || (text && made && made->getContactListValue())) << n;
+      XMLFactory::DeleteElement(made);
+      XMLFactory::DeleteElement(root);
+      XMLFactory::deleteContext(context);
+    }
+  }
+}
+
+TEST(NamespaceRetrieval, CollectsDeclarationsInDocumentOrder) {
+  Schema schema(XML_SCHEMA_NAMESPACE_RETRIEVAL);
+  const auto pairs = [&](const char* text) {
+    auto root = schema.Read<zt_schema_namespace_retrieval>(text);
+    std::string all = root ? "" : "(null)";
+    ZtSingleElementList* list = root ? root->getNameSpaceInfo() : nullptr;
+    for (ZtListNode* node = list ? list->GetPtrToListHead() : nullptr; node; node = node->next) {
+      const auto* pair = zt_AttributeValuePair::From(static_cast<XMLAttribute*>(node->data));
+      all += std::string(pair->getName() ? pair->getName() : "-") + "=" + pair->getValue() + ";";
+    }
+    return all;
+  };
+  EXPECT_EQ(pairs("<a xmlns='urn:x' b='c' xmlns:cp='urn:y'><cp:b xmlns:ss='urn:z'/></a>"),
+            "-=urn:x;cp=urn:y;ss=urn:z;");
+  EXPECT_EQ(pairs("<a xmlnsfoo='f' xmlns:a:b='g' xmln='h' xmlns:='i' />"), "-=f;a:b=g;=i;");
+  EXPECT_EQ(pairs("<a/>"), "");
+  EXPECT_EQ(pairs("<a xmlns='urn:x'>"), "(null)");
+
+  EXPECT_EQ(schema.writer(), nullptr);
+  Tree<zt_schema_namespace_retrieval> root(static_cast<zt_schema_namespace_retrieval*>(
+      schema.context()->createBinderFactory()->CreateRootElement()));
+  LogCapture log;
+  EXPECT_EQ(root->setNameSpaceInfo(nullptr), 1);
+  EXPECT_EQ(root->getNameSpaceInfo(), nullptr);
+  EXPECT_TRUE(log.Has("<XML Module>: zt_schema_namespace_retrieval::setNameSpaceInfo"));
+  EXPECT_TRUE(log.Has("<XML Module>: zt_schema_namespace_retrieval::getNameSpaceInfo"));
+  char xmlns[] = "xmlns:p", uri[] = "u";
+  zthost::FailAllocation(1);
+  EXPECT_EQ(root->ProcessUnMarshallAttribute(xmlns, uri, nullptr), 0);
+  EXPECT_TRUE(log.Has("cannot allocate memory to pXMLNSValuePair "));
+  EXPECT_EQ(root->ProcessUnMarshallAttribute(uri, uri, nullptr), 1);
+  EXPECT_EQ(root->getNameSpaceInfo(), nullptr);
+  XMLSchemaNamespaceRetrievalDecoder decoder;
+  EXPECT_EQ(decoder.ProcessElement(nullptr, nullptr), -1);
+  EXPECT_EQ(decoder.ProcessAttribute(uri, nullptr, uri), -1);
+  XMLFactory::DeleteElement(static_cast<XMLObject*>(decoder.GetSessionData()));
+}
+
+}  // namespace

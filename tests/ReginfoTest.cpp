@@ -1,0 +1,338 @@
+// Registration information and GRUU: documents in, trees, documents out.
+#include <algorithm>
+#include <functional>
+#include <utility>
+#include <gtest/gtest.h>
+
+#include "DocumentSupport.h"
+#include "ReginfoDecoder.h"
+#include "TestSupport.h"
+#include "XMLReginfo.h"
+#include "XMLValueTypes.h"
+
+namespace {
+
+const char kHeader[] = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>";
+const char kOpen[] =
+    "\n<reginfo  xmlns=\"urn:ietf:params:xml:ns:reginfo\"  "
+    "xmlns:gr=\"urn:ietf:params:xml:ns:gruuinfo\"  version=\"0\"  state=\"full\">";
+
+// A document around one registration or one contact, as it is read and as it is written.
+std::string InReginfo(const std::string& content) {
+  return "<reginfo version=\"0\" state=\"full\">" + content + "</reginfo>";
+}
+std::string OutReginfo(const std::string& content) {
+  return std::string(kHeader) + kOpen + content + "</reginfo>";
+}
+std::string InContact(const std::string& attributes, const std::string& content = "") {
+  return InReginfo("<registration aor='a' id='r' state='active'><contact " + attributes + ">" +
+                   content + "</contact></registration>");
+}
+std::string OutContact(const std::string& attributes, const std::string& content = "") {
+  return OutReginfo("\n<registration  aor=\"a\"  id=\"r\"  state=\"active\">\n<contact  " +
+                    attributes + ">" + content + "</contact></registration>");
+}
+const char kIn[] = "id='c' state='active' event='created'";
+const char kOut[] = "state=\"active\"  event=\"created\"  id=\"c\"";
+
+TEST(Reginfo, WritesWhatItReads) {
+  const struct {
+    std::string in;
+    std::string out;
+  } kCases[] = {
+      {InReginfo(""), OutReginfo("")},
+      {"<r:reginfo state='partial' version='7' xmlns='x'/>",
+       "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<reginfo  "
+       "xmlns=\"urn:ietf:params:xml:ns:reginfo\"  xmlns:gr=\"urn:ietf:params:xml:ns:gruuinfo\"  "
+       "version=\"7\"  state=\"partial\"></reginfo>"},
+      {InReginfo("<registration aor='a' state='init'/>"),  // an id that is absent comes out empty
+       OutReginfo("\n<registration  aor=\"a\"  id=\"\"  state=\"init\"></registration>")},
+      {InReginfo(
+           "<registration aor='a' id='r' state='terminated'/><registration aor='b' state=''/>"),
+       OutReginfo("\n<registration  aor=\"a\"  id=\"r\"  state=\"terminated\"></registration>"
+                  "\n<registration  aor=\"b\"  id=\"\"  state=\"terminated\"></registration>")},
+      {InContact("cseq='9' callid='i' q='0.5' retry-after='3' expires='2' duration-registered='1' "
+                 "event='rejected' state='terminated' id='c'"),
+       OutContact("state=\"terminated\"  event=\"rejected\"  duration-registered=\"1\"  "
+                  "expires=\"2\"  retry-after=\"3\"  q=\"0.5\"  callid=\"i\"  cseq=\"9\"  "
+                  "id=\"c\"")},
+      {InContact("id='c' state='active' event='expired' expires='0' cseq=' 18446744073709551616x' "
+                 "retry-after='-5' foo='x' q=''"),
+       OutContact("state=\"active\"  event=\"expired\"  q=\"\"  "
+                  "cseq=\"18446744073709551615\"  id=\"c\"")},
+      {InContact(kIn, "<uri>sip:u</uri><n:display-name>A &amp; B</n:display-name>"),
+       OutContact(kOut, "\n<uri>sip:u</uri>\n<display-name>A &amp; B</display-name>")},
+      {InContact(kIn, "<unknown-param name='n'>v</unknown-param><unknown-param name='&quot;'/>"),
+       OutContact(kOut,
+                  "\n<unknown-param  name=\"n\">v</unknown-param>"
+                  "\n<unknown-param  name=\"&quot;\"></unknown-param>")},
+      {InContact(kIn,
+                 "<gr:temp-gruu uri='t'/><pub-gruu uri='p' x='y'/><g:temp-gruu uri='s' "
+                 "first-cseq='54301'></g:temp-gruu>"),
+       OutContact(kOut,
+                  "\n<gr:temp-gruu  first-cseq=\"0\"  uri=\"t\"/>\n<gr:pub-gruu  uri=\"p\"/>"
+                  "\n<gr:temp-gruu  first-cseq=\"54301\"  uri=\"s\"/>")},
+      // A GRUU without its uri is left as an open tag.
+      {InContact(kIn, "<pub-gruu/>"), OutContact(kOut, "\n<gr:pub-gruu ")},
+      {InContact(kIn, "<temp-gruu first-cseq='4'/>"),
+       OutContact(kOut, "\n<gr:temp-gruu  first-cseq=\"4\" ")},
+      // Unknown elements are skipped with all that is in them; text is what follows the last child.
+      {InContact(kIn, "<x a='1'><uri>sip:evil</uri><contact/></x>"), OutContact(kOut)},
+      {InContact(kIn, "<uri>a<b><uri>c</uri></b>d<!-- e -->f</uri>"),
+       OutContact(kOut, "\n<uri>f</uri>")},
+      {InContact(kIn, "<display-name id='evil' xml:lang='en'>D</display-name>"),
+       OutContact(kOut, "\n<display-name>D</display-name>")},
+      // Kept under a parent that does not know it, and never written.
+      {InReginfo("<contact id='c'/><pub-gruu uri='p'/>"), OutReginfo("")},
+  };
+  Schema schema(XML_SCHEMA_REGINFO);
+  for (const auto& test : kCases) {
+    EXPECT_EQ(schema.RoundTrip(test.in), test.out) << test.in;
+    if (test.out.find("-gruu  first-cseq=\"4\" <") != std::string::npos ||
+        test.out.find("<gr:pub-gruu <") != std::string::npos) {
+      continue;  // malformed on purpose
+    }
+    EXPECT_EQ(schema.RoundTrip(test.out), test.out);
+  }
+}
+
+TEST(Reginfo, RefusesWhatLacksSomethingRequired) {
+  const struct {
+    std::string in;
+    const char* line;
+    int level;
+  } kCases[] = {
+      {"<reginfo version='1'/>", "AddReginfoElementToXml state is required", 1},
+      {"<reginfo state='ful'/>", "AddReginfoElementToXml state is required", 1},
+      {InReginfo("<registration id='r' state='init'/>"),
+       "AddRegistrationElementToXml aor is required", 4},
+      {InReginfo("<registration aor='a' id='r'/>"), "AddRegistrationElementToXml state is required",
+       1},
+      {InContact("id='c' event='created'"), "AddReginfoContactElementToXml state is required", 1},
+      {InContact("id='c' event='created' state='registered'"),
+       "AddReginfoContactElementToXml state is required", 1},
+      {InContact("id='c' event='init' state='active'"),
+       "AddReginfoContactElementToXml event is required", 1},
+      {InContact("event='created' state='active'"), "AddReginfoContactElementToXml id is required",
+       4},
+      {InContact(kIn, "<unknown-param>v</unknown-param>"),
+       "AddUnknownParamElementToXml name is required", 4},
+  };
+  Schema schema(XML_SCHEMA_REGINFO);
+  for (const auto& test : kCases) {
+    auto root = schema.Read<zt_reginfo>(test.in);
+    ASSERT_TRUE(root) << test.in;
+    LogCapture log;
+    EXPECT_EQ(schema.Write(root.get()), "(null)") << test.in;
+    const auto lines = log.Lines();
+    const std::string expected = std::string("<XML Module>: ") + test.line;
+    EXPECT_TRUE(std::any_of(lines.begin(), lines.end(), [&](const CapturedLine& line) {
+      return line.text == expected && line.level == test.level && line.file == "src/XMLReginfo";
+    })) << expected;
+    EXPECT_EQ(lines.back().text, "<XML Module>: ReginfoMarshaller XML Failed!");
+  }
+}
+
+TEST(Reginfo, TreeTellsWhatTheDocumentSays) {
+  Schema schema(XML_SCHEMA_REGINFO);
+  auto root = schema.Read<zt_reginfo>(
+      "<reginfo version='4294967296' state='partially'><registration aor='sip:a' id='r1' "
+      "state='activex'><contact id='c1' state='terminatedx' event='initial' q='1' q='2'><uri>sip:u"
+      "</uri><uri>sip:v</uri><gr:pub-gruu uri='p'/></contact><contact state='registered' "
+      "event='created'/><contact state='none' event='none'/></registration><other/></reginfo>");
+  ASSERT_TRUE(root);
+  EXPECT_EQ(root->getVersionValue(), 0xFFFFFFFFU);
+  EXPECT_EQ(root->getStateValue(), ZT_REGINFO_STATE_PARTIAL);
+  EXPECT_EQ(root->getAnyElementValue(), nullptr);
+  ASSERT_EQ(CountOf(root->getRegistrationListValue()), 1);
+  auto* registration = EntryOf<zt_registration>(root->getRegistrationListValue(), 0);
+  EXPECT_STREQ(registration->getAorValue(), "sip:a");
+  EXPECT_STREQ(registration->getIdValue(), "r1");
+  EXPECT_EQ(registration->getStateValue(), ZT_REGISTRATION_STATE_ACTIVE);
+  ASSERT_EQ(CountOf(registration->getContactListValue()), 3);
+  const unsigned kStates[] = {1, 2, 3};
+  const unsigned kEvents[] = {9, 1, 10};
+  for (unsigned short i = 0; i < 3; ++i) {
+    auto* contact = EntryOf<zt_ns_reginfo_contact>(registration->getContactListValue(), i);
+    EXPECT_EQ(contact->getStateValue(), kStates[i]);
+    EXPECT_EQ(contact->getEventValue(), kEvents[i]);
+  }
+  auto* contact = EntryOf<zt_ns_reginfo_contact>(registration->getContactListValue(), 0);
+  EXPECT_STREQ(contact->getUriValue(), "sip:v");
+  EXPECT_STREQ(contact->getQValue(), "2");
+  EXPECT_EQ(contact->getDisplayNameValue(), nullptr);
+  ASSERT_EQ(CountOf(contact->getAnyElementValue()), 1);
+  auto* gruu = EntryOf<zt_pub_gruu>(contact->getAnyElementValue(), 0);
+  EXPECT_STREQ(gruu->ClassName(), "zt_pub_gruu");
+  EXPECT_STREQ(gruu->getUriValue(), "p");
+}
+
+TEST(Reginfo, NullForWhatIsNoReginfo) {
+  Schema schema(XML_SCHEMA_REGINFO);
+  for (const char* text : {"<x><reginfo state='full'/></x>", "<reginfo><registration></reginfo>",
+                           "<reginfo state='full'><registration aor='a'>", "<Reginfo/>", "", "text",
+                           "<reginfo a=b/>", "<registration aor='a'/>"}) {
+    EXPECT_FALSE(schema.Read<zt_reginfo>(text)) << text;
+  }
+  // A second root replaces the first, whose elements may still be open.
+  auto root = schema.Read<zt_reginfo>(
+      "<reginfo version='1'><registration aor='a'><reginfo version='2'><registration "
+      "aor='b'/></reginfo><contact id='c'/></registration></reginfo>");
+  ASSERT_TRUE(root);
+  EXPECT_EQ(root->getVersionValue(), 2U);
+  EXPECT_EQ(CountOf(root->getRegistrationListValue()), 1);
+}
+
+TEST(Reginfo, HooksAnswerAndLog) {
+  char state[] = "state", foo[] = "foo", value[] = "active", registration[] = "registration",
+       contact[] = "contact", uri[] = "/uri", param[] = "/unknown-param";
+  zt_reginfo root;
+  zt_registration reg;
+  zt_ns_reginfo_contact device;
+  zt_unknown_param unknown;
+  zt_pub_gruu gruu;
+  zt_ns_gruuinfo_tempGruu nsGruu;
+  const struct {
+    std::function<int()> call;
+    int result;
+    const char* line;  // null: no line at all
+  } kCases[] = {
+      {[&] { return root.ProcessUnMarshall(nullptr, nullptr, nullptr); }, 1,
+       "zt_reginfo::ProcessUnMarshall n_strElement is NULL"},
+      {[&] { return root.ProcessUnMarshall(registration, nullptr, nullptr); }, 0,
+       "zt_reginfo::ProcessUnMarshall: n_Object is Null"},
+      {[&] { return root.ProcessUnMarshall(registration, nullptr, &device); }, 0,
+       "zt_reginfo::ProcessUnMarshall: pElementName is zt_ns_reginfo_contact while ClassName is "
+       "zt_registration"},
+      {[&] { return root.ProcessUnMarshall(foo, nullptr, nullptr); }, 1,
+       "zt_reginfo::ProcessUnMarshall Cannot accommodate the element foo"},
+      {[&] { return root.ProcessUnMarshallAttribute(foo, value, nullptr); }, 0,
+       "zt_reginfo::ProcessUnMarshallAttribute Cannot accommodate the attribute foo"},
+      {[&] { return reg.ProcessUnMarshall(contact, nullptr, &root); }, 0,
+       "zt_registration::ProcessUnMarshall: pElementName is zt_reginfo while ClassName is "
+       "zt_ns_reginfo_contact"},
+      {[&] { return reg.ProcessUnMarshallAttribute(nullptr, value, nullptr); }, 1,
+       "zt_registration::ProcessUnMarshallAttribute n_strAttribute is NULL"},
+      {[&] { return reg.ProcessUnMarshallAttribute(state, value, nullptr); }, 1, nullptr},
+      {[&] { return device.ProcessUnMarshall(foo, value, nullptr); }, 1,
+       "Cannot accommodate the element foo"},
+      {[&] { return device.ProcessUnMarshall(uri + 1, nullptr, nullptr); }, 1, nullptr},
+      {[&] { return device.ProcessUnMarshall(uri, nullptr, nullptr); }, 1, nullptr},
+      {[&] { return device.ProcessUnMarshall(uri, value, &gruu); }, 0, nullptr},
+      {[&] { return device.ProcessUnMarshall(uri, value, nullptr); }, 1, nullptr},
+      {[&] { return unknown.ProcessUnMarshall(param, value, nullptr); }, 1, nullptr},
+      {[&] { return unknown.ProcessUnMarshall(foo, nullptr, &gruu); }, 1,
+       "Cannot accommodate the element foo"},
+      {[&] { return gruu.ProcessUnMarshallAttribute(foo, value, nullptr); }, 0,
+       "<XML Module>: Any attribute is not allowed in class zt_pub_gruu"},
+      {[&] { return nsGruu.ProcessUnMarshallAttribute(foo, value, nullptr); }, 0,
+       "<XML Module>: Any attribute is not allowed in class zt_ns_gruuinfo_tempGruu"},
+  };
+  for (const auto& test : kCases) {
+    LogCapture log;
+    EXPECT_EQ(test.call(), test.result) << (test.line ? test.line : "");
+    const auto texts = log.Texts();
+    EXPECT_EQ(texts, test.line ? std::vector<std::string>{test.line} : std::vector<std::string>{});
+  }
+  EXPECT_EQ(reg.getStateValue(), ZT_REGISTRATION_STATE_ACTIVE);
+  EXPECT_STREQ(device.getUriValue(), "active");
+  EXPECT_STREQ(unknown.getValueValue(), "active");
+}
+
+TEST(Reginfo, BuiltByHand) {
+  Schema schema(XML_SCHEMA_REGINFO);
+  auto* factory = static_cast<ReginfoDataBinder*>(schema.context()->createBinderFactory());
+  Tree<zt_reginfo> root(static_cast<zt_reginfo*>(factory->CreateRootElement()));
+  EXPECT_EQ(schema.Write(root.get()), "(null)");  // a fresh state is absent
+  root->setStateValue(ZT_REGINFO_STATE_FULL);
+  auto* registration = factory->CreateRegistrationElement();
+  ASSERT_EQ(root->addRegistration(registration), 1);
+  EXPECT_EQ(root->addRegistration(nullptr), 0);
+  registration->setAorValue("sip:\"a\"");
+  registration->setStateValue(ZT_REGISTRATION_STATE_INIT);
+  auto* contact = factory->CreateContactElement();
+  registration->addContact(contact);
+  contact->setStateValue(ZT_CONTACT_STATE_ACTIVE);
+  contact->setEventValue(ZT_CONTACT_EVENT_PROBATION);
+  contact->setIdValue("old");
+  contact->setIdValue("c");
+  contact->setQValue("1");
+  contact->setQValue(nullptr);
+  auto* param = factory->CreateUnknownParamElement();
+  param->setNameValue("n");
+  contact->addUnknownParam(param);
+  contact->addAnyElement(factory->CreateTempGruuElement());
+  contact->addAnyElement(factory->CreateRegistrationElement());  // no writer for it here
+  const std::string expected = OutReginfo(
+      "\n<registration  aor=\"sip:&quot;a&quot;\"  id=\"\"  state=\"init\">\n<contact  "
+      "state=\"active\"  event=\"probation\"  id=\"c\">\n<unknown-param  name=\"n\"> "
+      "</unknown-param>\n<gr:temp-gruu  first-cseq=\"0\" </contact></registration>");
+  LogCapture log;
+  EXPECT_EQ(schema.Write(root.get()), expected);
+  EXPECT_EQ(log.Count("cannot accommodate any element classname: zt_registration"), 1);
+  EXPECT_EQ(log.Count("ReginfoMarshaller :: Marshall: Deleting mReginfoXml"), 0);
+  EXPECT_EQ(schema.Write(root.get()), expected);
+  EXPECT_EQ(log.Count("ReginfoMarshaller :: Marshall: Deleting mReginfoXml"), 1);
+  EXPECT_EQ(log.Count("ReginfoMarshaller XML <?xml"), 2);
+  EXPECT_EQ(schema.writer()->Marshall(nullptr), nullptr);
+  // The same list again changes nothing; another one replaces it with what it holds.
+  EXPECT_EQ(root->setRegistrationListValue(root->getRegistrationListValue()), 1);
+  EXPECT_EQ(CountOf(root->getRegistrationListValue()), 1);
+  EXPECT_EQ(root->setRegistrationListValue(nullptr), 1);
+  EXPECT_EQ(schema.Write(root.get()), OutReginfo(""));
+  // An object of another class, as root or in a list, is not written.
+  zt_registration foreign;
+  EXPECT_EQ(schema.Write(&foreign), "(null)");
+  root->addRegistration(reinterpret_cast<zt_registration*>(
+      static_cast<XMLElement*>(factory->CreateContactElement())));
+  EXPECT_EQ(schema.Write(root.get()), "(null)");
+}
+
+TEST(Gruu, ReadAndWrittenAlone) {
+  Schema schema(XML_SCHEMA_GRUU);
+  const std::string header(kHeader);
+  EXPECT_EQ(schema.RoundTrip("<gr:pub-gruu xmlns:gr='u' uri='a'/>"),
+            header + "\n<pub-gruu  uri=\"a\"/>");
+  EXPECT_EQ(schema.RoundTrip("<temp-gruu first-cseq='x' uri='a'>t</temp-gruu>"),
+            header + "\n<temp-gruu  first-cseq=\"0\"  uri=\"a\"/>");
+  EXPECT_EQ(schema.RoundTrip("<gruu uri='a'/>"), "(null)");
+  LogCapture log;
+  EXPECT_EQ(schema.RoundTrip("<temp-gruu first-cseq='1'/>"), "(null)");
+  for (const char* line :
+       {"<XML Module>: In GruuUnMarshaller::UnMarshall with pXmlString=<temp-gruu first-cseq='1'/>",
+        "<XML Module>: Xml Decoder Success", "<XML Module>: GruuMarshaller :: Marshall",
+        "<XML Module>: GruuMarshaller :: Marshall: obj is pub-gruu",
+        "<XML Module>: AddTempGruuElementToXml: Uri is a mandatory attribute",
+        "<XML Module>: GruuMarshaller XML Failed at AddTempGruuElementToXml!"}) {
+    EXPECT_TRUE(log.Has(line)) << line;
+  }
+  schema.writer()->Marshall(nullptr);
+  EXPECT_TRUE(log.Has("<XML Module>: GruuMarshaller :: Incoming obj is NULL"));
+  EXPECT_EQ(schema.RoundTrip("<pub-gruu>"), "(null)");
+  EXPECT_TRUE(log.Has("<XML Module>: Xml Decoder failed because of some error in XML"));
+  zt_reginfo foreign;
+  EXPECT_EQ(schema.Write(&foreign), "(null)");
+  EXPECT_TRUE(log.Has("<XML Module>: GruuMarshaller XML Failed!"));
+}
+
+TEST(Gruu, FactoryMakesTheTypeThatWasSet) {
+  Schema schema(XML_SCHEMA_GRUU);
+  auto* factory = static_cast<GruuDataBinder*>(schema.context()->createBinderFactory());
+  const std::pair<const char*, const char*> kTypes[] = {{nullptr, nullptr},
+                                                        {"", "zt_pub_gruu"},
+                                                        {"pub", "zt_pub_gruu"},
+                                                        {"temp-gruu", "zt_temp_gruu"},
+                                                        {"pub-gruus", nullptr}};
+  for (const auto& [type, className] : kTypes) {
+    factory->setGruuType(type);
+    Tree<XMLObject> root(factory->CreateRootElement());
+    ASSERT_EQ(root != nullptr, className != nullptr) << (type ? type : "null");
+    if (root) {
+      EXPECT_STREQ(root->ClassName(), className);
+      EXPECT_EQ(root->IsRootElement(), 1);
+      EXPECT_STREQ(root->BaseClassName(), "XMLObject");
+    }
+  }
+}
+
+}  // namespace
