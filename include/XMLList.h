@@ -32,6 +32,9 @@ class ZT_API ZtSingleElementList : public ZtNonCopyable {
   /// The first node (not its data), or null when the list is empty.
   ZtListNode* GetPtrToListHead();
 
+  /// The same for a list that may be null, which counts as empty.
+  static ZtListNode* HeadOf(ZtSingleElementList* list);
+
   /// Always null: the walk ends behind the last node. Callers get nothing from it.
   ZtListNode* GetPtrToListEnd();
 

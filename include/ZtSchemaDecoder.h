@@ -11,6 +11,8 @@
 struct ZtElementType;
 struct ZtGrammar;
 struct ZtGrammarRow;
+enum class ZtOutcome : unsigned char;
+class zt_AttributeValuePair;
 
 /// Reads one document. While it is read, what the decoder makes belongs to it until a parent adopts
 /// it; the root belongs to whoever takes it through GetSessionData.
@@ -49,22 +51,27 @@ class ZT_API ZtSchemaDecoder : public XmlDecoderSchema {
   /// Room for a pass name of `size` bytes and its NUL; null without memory, with the given line.
   char* ReservePassName(std::size_t size, const char* noMemory);
 
-  const ZtGrammar& m_Grammar;
   XMLObject* m_pRoot;
   char* m_PassName;  // owned
   XmlCodeGenStack m_Stack;
+  const ZtGrammar& m_Grammar;
   bool m_bOutOfMemory;
 
  private:
+  struct Open {  // an object and its type, null when there is none
+    XMLElement* object = nullptr;
+    const ZtElementType* type = nullptr;
+  };
+
   XMLElement* Make(const ZtElementType& type);
   XMLElement* MakeFlag(const char* name);
-  bool Start(XMLElement* current, char* name);
+  zt_AttributeValuePair* MakePair(const char* name, const char* value);
+  bool Start(const Open& current, char* name);
   void StartRoot(const ZtGrammarRow& row);
-  bool StartChild(XMLElement& current, const ZtGrammarRow& row, char* name);
-  void End(XMLElement* current, char* name, char* value);
-  void EndSkipped(XMLElement* current, char* name, char* value);
-  bool Offer(XMLElement& parent, const ZtElementType& type, char* name, char* value,
-             XMLElement* child);
+  bool StartChild(const Open& current, const ZtGrammarRow& row, char* name);
+  void End(const Open& current, char* name, char* value);
+  void EndSkipped(const Open& current, char* name, char* value);
+  ZtOutcome Offer(const Open& parent, char* name, char* value, XMLElement* child);
   const ZtGrammarRow* FindStart(const char* name) const;
   const ZtGrammarRow* FindEnd(const char* name) const;
   const ZtElementType* CurrentType() const;
@@ -73,8 +80,7 @@ class ZT_API ZtSchemaDecoder : public XmlDecoderSchema {
 
   std::size_t m_iPassCapacity;                               // bytes allocated for m_PassName
   const ZtElementType* m_Types[XmlCodeGenStack::kCapacity];  // of the objects on the stack
-  XMLElement* m_pStarted;  // made by the last start tag: its attributes go there
-  const ZtElementType* m_pStartedType;
+  Open m_Started;               // made by the last start tag: its attributes go there
   std::size_t m_iDropped;       // open elements that a full stack did not take
   std::size_t m_iSkipped;       // depth inside an element whose content is skipped, 0 outside
   bool m_bOfferEnd;             // the skipped element's end is offered with its text

@@ -82,9 +82,12 @@ void* ZtSingleElementList::GetKeyAtIndex(unsigned short index) {
   return node ? node->data : nullptr;
 }
 
-ZtListNode* ZtSingleElementList::GetPtrToListHead() {
-  if (!m_pHead) ZtLog(kZtLogError, kSource, kListHeadLine)(kEmptyText);
-  return m_pHead;
+ZtListNode* ZtSingleElementList::GetPtrToListHead() { return HeadOf(this); }
+
+ZtListNode* ZtSingleElementList::HeadOf(ZtSingleElementList* list) {
+  ZtListNode* head = list ? list->m_pHead : nullptr;
+  if (!head) ZtLog(kZtLogError, kSource, kListHeadLine)(kEmptyText);
+  return head;
 }
 
 // Intended: callers get null from a full list too; nothing may start to depend on a node.

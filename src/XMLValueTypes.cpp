@@ -1,7 +1,6 @@
 #include "XMLValueTypes.h"
 
-#include "base/ZtLog.h"
-#include "base/ZtMemory.h"
+#include "ztPlatform.h"
 
 const char* zt_string::ClassName() const { return "zt_string"; }
 const char* zt_string::BaseClassName() const { return "XMLElement"; }
@@ -30,13 +29,7 @@ zt_AttributeValuePair* zt_AttributeValuePair::From(XMLAttribute* attribute) {
 }
 
 void zt_xml_common_methods::DeleteElementList(ZtSingleElementList* list) {
-  if (!list) {
-    // What walking an empty list logs, for a list that is not there at all.
-    ZtLog(kZtLogError, "src/XMLList")(
-        "ZtSingleElementList::GetKeyAtIndex: Head itself is null and No item is there to be "
-        "removed");
-    return;
-  }
+  if (!list) ZtSingleElementList::HeadOf(list);  // for its warning
   ZtChildList owner;
   owner.Set(list);
 }

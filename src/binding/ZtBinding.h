@@ -7,6 +7,7 @@
 #include <cstdint>
 
 #include "XMLCommonDef.h"
+#include "XMLValueTypes.h"
 #include "ZtElement.h"
 #include "base/ZtMemory.h"
 
@@ -247,7 +248,7 @@ struct ZtNamespace {
   e_XmlStrRef prefix;
 };
 
-enum class ZtOutcome : std::uint8_t {
+enum class ZtOutcome : unsigned char {
   kRefused,
   kAccepted,  // taken as a text or number, or ignored: an offered object stays the offerer's
   kAdopted,   // the offered object belongs to the element now
@@ -275,6 +276,7 @@ struct ZtElementType {
   std::uint8_t namespaceCount = 0;
   bool root = false;
   bool selfClosing = false;
+  const char* absentFlag = nullptr;  // a flag element that is not present fails with this line
   ZtUnknown unknownChild = ZtUnknown::kIgnore;
 
   template <std::size_t N>
@@ -337,6 +339,16 @@ struct ZtElementType {
 template <class T>
 constexpr ZtElementType ZtTypeOf(const char* className, const char* label, const ZtFamily& family) {
   return {className, label, &family, ZtMaker<XMLElement>::Of<T>()};
+}
+
+// A zt_empty_element_type as a document writes it: self-closing, under the name that is its value.
+constexpr ZtElementType ZtFlagOf(const ZtFamily& family, const char* writer,
+                                 const char* absentLine) {
+  ZtElementType type =
+      ZtTypeOf<zt_empty_element_type>("zt_empty_element_type", "empty_element", family);
+  type.writer = writer;
+  type.absentFlag = absentLine;
+  return type;
 }
 
 // ---- Reading ------------------------------------------------------------------------------------

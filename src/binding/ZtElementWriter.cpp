@@ -1,6 +1,5 @@
 #include "binding/ZtElementWriter.h"
 
-#include "XMLValueTypes.h"
 #include "base/ZtLog.h"
 
 // The prefix of the elements written while it lives.
@@ -108,7 +107,17 @@ int ZtElementWriter::Write(XMLElement* element, const ZtElementType& type, e_Xml
     return 0;
   }
   const Prefix scope(*this, prefix);
+  if (type.absentFlag) return WriteFlag(static_cast<zt_empty_element_type&>(*element), type);
   return WriteContent(*element, type);
+}
+
+int ZtElementWriter::WriteFlag(const zt_empty_element_type& flag, const ZtElementType& type) {
+  if (!flag.getPresentValue() || !flag.getValue()) {
+    ZtLog(kZtLogState, type.family->source)(type.absentFlag);
+    return 0;
+  }
+  m_Writer.ztStartElementSelfEnding(flag.getValue());
+  return 1;
 }
 
 int ZtElementWriter::WriteContent(XMLElement& element, const ZtElementType& type) {

@@ -17,6 +17,7 @@ class ZtElementWriter {
   class Prefix;
   class StartTag;
 
+  int WriteFlag(const zt_empty_element_type& flag, const ZtElementType& type);
   int WriteContent(XMLElement& element, const ZtElementType& type);
   bool WriteStartTag(const XMLElement& element, const ZtElementType& type);
   bool WriteField(const XMLElement& element, const ZtElementType& type, const ZtField& field);

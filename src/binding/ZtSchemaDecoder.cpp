@@ -9,13 +9,11 @@ constexpr std::size_t kLeastPassName = 32;
 }  // namespace
 
 ZtSchemaDecoder::ZtSchemaDecoder(const ZtGrammar& grammar)
-    : m_Grammar(grammar),
-      m_pRoot(nullptr),
+    : m_pRoot(nullptr),
       m_PassName(nullptr),
+      m_Grammar(grammar),
       m_bOutOfMemory(false),
       m_iPassCapacity(0),
-      m_pStarted(nullptr),
-      m_pStartedType(nullptr),
       m_iDropped(0),
       m_iSkipped(0),
       m_bOfferEnd(false) {}
@@ -48,12 +46,12 @@ int ZtSchemaDecoder::ProcessElement(char* name, char* value) {
     m_bOutOfMemory = true;
     return -1;
   }
-  auto* current = static_cast<XMLElement*>(m_Stack.top());
+  const Open current = {static_cast<XMLElement*>(m_Stack.top()), CurrentType()};
   if (skipped) {
     EndSkipped(current, local, value);
   } else if (atEnd) {
     End(current, local, value);
-    m_pStarted = nullptr;
+    m_Started = Open();
   } else if (!Start(current, local)) {
     m_iSkipped = 1;
   }
@@ -61,20 +59,20 @@ int ZtSchemaDecoder::ProcessElement(char* name, char* value) {
 }
 
 // False when the content of the element is to be skipped.
-bool ZtSchemaDecoder::Start(XMLElement* current, char* name) {
+bool ZtSchemaDecoder::Start(const Open& current, char* name) {
   m_bOfferEnd = true;
-  m_pStarted = nullptr;
+  m_Started = Open();
   const ZtGrammarRow* row = FindStart(name);
   if (row && row->kind == ZtElementKind::kRoot) {
     StartRoot(*row);
-    return m_pStarted != nullptr;
+    return m_Started.object != nullptr;
   }
-  if (!current) {
+  if (!current.object) {
     m_bOfferEnd = false;
     return false;
   }
-  if (row && row->kind != ZtElementKind::kEndBound) return StartChild(*current, *row, name);
-  Offer(*current, *CurrentType(), name, nullptr, nullptr);
+  if (row && row->kind != ZtElementKind::kEndBound) return StartChild(current, *row, name);
+  Offer(current, name, nullptr, nullptr);
   return false;
 }
 
@@ -89,15 +87,14 @@ void ZtSchemaDecoder::StartRoot(const ZtGrammarRow& row) {
   if (m_pRoot) Push(m_pRoot, *row.type);
 }
 
-bool ZtSchemaDecoder::StartChild(XMLElement& current, const ZtGrammarRow& row, char* name) {
-  const ZtElementType& parentType = *CurrentType();
+bool ZtSchemaDecoder::StartChild(const Open& current, const ZtGrammarRow& row, char* name) {
   const bool extension = row.kind == ZtElementKind::kExtension;
   const bool flag = row.kind == ZtElementKind::kFlag;
   XMLElement* child = extension ? ProcessAnyElement(name, nullptr)
                       : flag    ? MakeFlag(name)
                                 : Make(*row.type);
   if (!child) return false;
-  const ZtOutcome outcome = ZtOfferChild(current, parentType, name, nullptr, child);
+  const ZtOutcome outcome = Offer(current, name, nullptr, child);
   if (outcome == ZtOutcome::kAdopted) {
     m_bOfferEnd = false;
     if (flag) return false;
@@ -106,50 +103,46 @@ bool ZtSchemaDecoder::StartChild(XMLElement& current, const ZtGrammarRow& row, c
   }
   // Nobody wants it. A refused element is offered once more without its object, as an unknown one.
   if (extension) Pop();
-  m_pStarted = nullptr;
+  m_Started = Open();
   ZtRelease(child);
-  m_bOutOfMemory = m_bOutOfMemory || outcome == ZtOutcome::kNoMemory;
   m_bOfferEnd = outcome == ZtOutcome::kRefused;
-  if (m_bOfferEnd) Offer(current, parentType, name, nullptr, nullptr);
+  if (m_bOfferEnd) Offer(current, name, nullptr, nullptr);
   return false;
 }
 
-void ZtSchemaDecoder::End(XMLElement* current, char* name, char* value) {
+void ZtSchemaDecoder::End(const Open& current, char* name, char* value) {
   const ZtGrammarRow* row = FindEnd(name + 1);
   if (row && row->kind == ZtElementKind::kRoot) {
     Pop();
     return;
   }
-  if (!current) return;
-  const ZtElementType& type = *CurrentType();
   const bool takesText = row && row->kind == ZtElementKind::kTextBearing;
   if (!row || row->kind == ZtElementKind::kFlag || row->kind == ZtElementKind::kEndBound) {
     EndSkipped(current, name, value);  // only a caller that reports ends without starts comes here
   } else if (row->kind == ZtElementKind::kExtension) {
     ProcessAnyElement(name, value);
-    Offer(*current, type, name, value, nullptr);
+    Offer(current, name, value, nullptr);
   } else if (m_iDropped) {
     // Its object is not on the stack; its text still reaches it when nothing stood in between.
-    if (takesText && m_pStarted) Offer(*m_pStarted, *m_pStartedType, name, value, nullptr);
+    if (takesText) Offer(m_Started, name, value, nullptr);
     Pop();
-  } else if (row->type == &type) {
-    if (takesText) Offer(*current, type, name, value, nullptr);
+  } else if (row->type == current.type) {
+    if (takesText) Offer(current, name, value, nullptr);
     Pop();
   }
 }
 
 // The end of a text, an unknown or refused element, or a child that is made here.
-void ZtSchemaDecoder::EndSkipped(XMLElement* current, char* name, char* value) {
-  if (!current || !value) return;
-  const ZtElementType& type = *CurrentType();
+void ZtSchemaDecoder::EndSkipped(const Open& current, char* name, char* value) {
+  if (!current.object || !value) return;
   const ZtGrammarRow* row = FindEnd(name + 1);
-  if (!row || row->kind != ZtElementKind::kEndBound) {
-    Offer(*current, type, name, value, nullptr);
-    return;
+  XMLElement* child = nullptr;
+  if (row && row->kind == ZtElementKind::kEndBound) {
+    child = Make(*row->type);
+    m_Started = Open();  // its attributes went by before it was made
+    if (!child) return;
   }
-  XMLElement* child = Make(*row->type);
-  m_pStarted = nullptr;  // its attributes went by before it was made
-  if (child && !Offer(*current, type, name, value, child)) ZtRelease(child);
+  if (Offer(current, name, value, child) != ZtOutcome::kAdopted) ZtRelease(child);
 }
 
 XMLElement* ZtSchemaDecoder::ProcessAnyElement(char* name, char* value) {
@@ -181,25 +174,15 @@ int ZtSchemaDecoder::ProcessAttribute(char* element, char* name, char* value) {
                                          m_Grammar.decoder);
     return -1;
   }
-  if (m_Stack.empty() || !m_pStarted || !*name || m_bOutOfMemory) return 0;
-  if (ZtFindAttribute(*m_pStartedType, name)) {
-    if (value && ZtOfferAttribute(*m_pStarted, *m_pStartedType, name, value, nullptr) ==
-                     ZtOutcome::kNoMemory) {
-      m_bOutOfMemory = true;
-    }
+  if (m_Stack.empty() || !m_Started.object || !*name || m_bOutOfMemory) return 0;
+  zt_AttributeValuePair* pair = nullptr;
+  if (!ZtFindAttribute(*m_Started.type, name)) {
+    pair = MakePair(name, value);
+    if (!pair) return 0;
+  } else if (!value) {
     return 0;
   }
-  auto* pair = ZtCreate<zt_AttributeValuePair>(m_Grammar.source);
-  if (pair) {
-    pair->setName(name);
-    pair->setValue(value);
-  }
-  if (!pair || !pair->getName() || (value && !pair->getValue())) {
-    m_bOutOfMemory = true;
-    ZtRelease(pair);
-    return 0;
-  }
-  const ZtOutcome outcome = ZtOfferAttribute(*m_pStarted, *m_pStartedType, name, value, pair);
+  const ZtOutcome outcome = ZtOfferAttribute(*m_Started.object, *m_Started.type, name, value, pair);
   if (outcome == ZtOutcome::kNoMemory) m_bOutOfMemory = true;
   if (outcome != ZtOutcome::kAdopted) ZtRelease(pair);
   return 0;
@@ -210,8 +193,7 @@ int ZtSchemaDecoder::ProcessAttribute(char* element, char* name, char* value) {
 XMLElement* ZtSchemaDecoder::Make(const ZtElementType& type) {
   XMLElement* object = type.maker.Create(m_Grammar.source);
   if (!object) m_bOutOfMemory = true;
-  m_pStarted = object;
-  m_pStartedType = &type;
+  m_Started = {object, &type};
   return object;
 }
 
@@ -225,14 +207,25 @@ XMLElement* ZtSchemaDecoder::MakeFlag(const char* name) {
   return nullptr;
 }
 
-// Offers a child; whether the parent has taken the object.
-bool ZtSchemaDecoder::Offer(XMLElement& parent, const ZtElementType& type, char* name, char* value,
-                            XMLElement* child) {
-  const ZtOutcome outcome = ZtOfferChild(parent, type, name, value, child);
-  if (outcome == ZtOutcome::kNoMemory || outcome == ZtOutcome::kAdoptedNoMemory) {
-    m_bOutOfMemory = true;
+zt_AttributeValuePair* ZtSchemaDecoder::MakePair(const char* name, const char* value) {
+  auto* pair = ZtCreate<zt_AttributeValuePair>(m_Grammar.source);
+  if (pair) {
+    pair->setName(name);
+    pair->setValue(value);
+    if (pair->getName() && (!value || pair->getValue())) return pair;
   }
-  return outcome == ZtOutcome::kAdopted || outcome == ZtOutcome::kAdoptedNoMemory;
+  m_bOutOfMemory = true;
+  ZtRelease(pair);
+  return nullptr;
+}
+
+// Offers a child to an open element, if there is one.
+ZtOutcome ZtSchemaDecoder::Offer(const Open& parent, char* name, char* value, XMLElement* child) {
+  if (!parent.object || !parent.type) return ZtOutcome::kAccepted;
+  const ZtOutcome outcome = ZtOfferChild(*parent.object, *parent.type, name, value, child);
+  const bool textLost = outcome == ZtOutcome::kAdoptedNoMemory;
+  if (textLost || outcome == ZtOutcome::kNoMemory) m_bOutOfMemory = true;
+  return textLost ? ZtOutcome::kAdopted : outcome;
 }
 
 const ZtElementType* ZtSchemaDecoder::CurrentType() const {
