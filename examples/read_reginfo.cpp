@@ -1,0 +1,119 @@
+// Reads a registration-information file (RFC 3680) and prints what it says.
+// Usage: read_reginfo FILE
+#include <cstdio>
+#include <cstring>
+
+#include "XMLFactory.h"
+#include "XMLFile.h"
+#include "XMLReginfo.h"
+
+namespace {
+
+// Optional texts are null when the document does not have them.
+const char* OrNone(const char* text) { return text ? text : "(none)"; }
+
+// Values beyond the named ones are possible: the document's value was absent or unknown.
+const char* NameOf(zt_registration_state_type_enum state) {
+  switch (state) {
+    case ZT_REGISTRATION_STATE_INIT:
+      return "init";
+    case ZT_REGISTRATION_STATE_ACTIVE:
+      return "active";
+    case ZT_REGISTRATION_STATE_TERMINATED:
+      return "terminated";
+    default:
+      return "unknown";
+  }
+}
+
+const char* NameOf(zt_contact_state_type_enum state) {
+  switch (state) {
+    case ZT_CONTACT_STATE_ACTIVE:
+      return "active";
+    case ZT_CONTACT_STATE_TERMINATED:
+      return "terminated";
+    default:
+      return "unknown";
+  }
+}
+
+// A list is null when it has no entries.
+ZtListNode* HeadOf(ZtSingleElementList* list) { return list ? list->GetPtrToListHead() : nullptr; }
+
+// There is no run-time type information: what a list of any elements holds is told by class name.
+void PrintGruu(const XMLElement& element) {
+  if (std::strcmp(element.ClassName(), "zt_pub_gruu") == 0) {
+    const auto& gruu = static_cast<const zt_pub_gruu&>(element);
+    std::printf("    public GRUU %s\n", OrNone(gruu.getUriValue()));
+  } else if (std::strcmp(element.ClassName(), "zt_temp_gruu") == 0) {
+    const auto& gruu = static_cast<const zt_temp_gruu&>(element);
+    std::printf("    temporary GRUU %s since CSeq %u\n", OrNone(gruu.getUriValue()),
+                gruu.getFirstCseqValue());
+  }
+}
+
+void PrintContact(const zt_ns_reginfo_contact& contact) {
+  std::printf("  contact %s: %s, %s\n", OrNone(contact.getIdValue()),
+              NameOf(contact.getStateValue()), OrNone(contact.getUriValue()));
+  if (contact.getDisplayNameValue()) std::printf("    name %s\n", contact.getDisplayNameValue());
+  // Numbers are 0 when they are absent.
+  if (contact.getExpiresValue()) std::printf("    expires in %llu s\n", contact.getExpiresValue());
+
+  for (ZtListNode* node = HeadOf(contact.getUnknownParamListValue()); node; node = node->next) {
+    // A list of children holds XMLElement pointers: cast to that first, then to the type.
+    const auto* param = static_cast<zt_unknown_param*>(static_cast<XMLElement*>(node->data));
+    std::printf("    parameter %s = %s\n", OrNone(param->getNameValue()),
+                OrNone(param->getValueValue()));
+  }
+  for (ZtListNode* node = HeadOf(contact.getAnyElementValue()); node; node = node->next) {
+    PrintGruu(*static_cast<XMLElement*>(node->data));
+  }
+}
+
+void PrintReginfo(const zt_reginfo& reginfo) {
+  std::printf("registration information, version %u, %s\n", reginfo.getVersionValue(),
+              reginfo.getStateValue() == ZT_REGINFO_STATE_FULL ? "full" : "partial");
+  for (ZtListNode* node = HeadOf(reginfo.getRegistrationListValue()); node; node = node->next) {
+    const auto* registration = static_cast<zt_registration*>(static_cast<XMLElement*>(node->data));
+    std::printf("%s: %s\n", OrNone(registration->getAorValue()),
+                NameOf(registration->getStateValue()));
+    for (ZtListNode* at = HeadOf(registration->getContactListValue()); at; at = at->next) {
+      PrintContact(*static_cast<zt_ns_reginfo_contact*>(static_cast<XMLElement*>(at->data)));
+    }
+  }
+}
+
+// The tree of the document in `path`, which is the caller's, or null.
+XMLElement* ReadReginfo(XMLContext& context, const char* path) {
+  XMLUnMarshaller* unMarshaller = context.createUnMarshaller();  // the context's
+  if (!unMarshaller) return nullptr;
+  XMLFile file(path, XML_FILE_READ);
+  XMLElement* root = unMarshaller->UnMarshall(&file);
+  file.CloseFile();  // UnMarshall leaves it open
+  return root;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  if (argc != 2) {
+    std::fprintf(stderr, "usage: read_reginfo FILE\n");
+    return 2;
+  }
+  XMLContext* context = XMLFactory::newInstance(XML_SCHEMA_REGINFO);
+  if (!context) {
+    std::fprintf(stderr, "read_reginfo: out of memory\n");
+    return 1;
+  }
+  XMLElement* root = ReadReginfo(*context, argv[1]);
+  if (root) {
+    // The root that a context reads is always of the schema's root type.
+    PrintReginfo(*static_cast<zt_reginfo*>(root));
+  } else {
+    std::fprintf(stderr, "read_reginfo: %s is no registration information\n", argv[1]);
+  }
+  const int status = root ? 0 : 1;
+  XMLFactory::DeleteElement(root);     // with everything below it
+  XMLFactory::deleteContext(context);  // with the unmarshaller
+  return status;
+}

@@ -1,0 +1,26 @@
+// The library's log, as far as the tool looks at it.
+#ifndef ZTXML_TOOLS_LOG_H
+#define ZTXML_TOOLS_LOG_H
+
+#include "ztHostPlatform.h"
+
+/// Receives the library's log while it lives. Only one may live at a time.
+class Log {
+ public:
+  /// Prints the lines of `level` (1 to 4) and above on standard error; 0 prints none.
+  explicit Log(int level);
+  ~Log();
+  Log(const Log&) = delete;
+  Log& operator=(const Log&) = delete;
+
+  /// Whether the library has cut a document that was too long for it to write.
+  bool DocumentCut() const { return m_bDocumentCut; }
+
+ private:
+  static void Receive(const zthost::LogLine& line, void* user);
+
+  int m_Level;
+  bool m_bDocumentCut = false;
+};
+
+#endif  // ZTXML_TOOLS_LOG_H
