@@ -13,6 +13,17 @@ namespace {
 const char* OrNone(const char* text) { return text ? text : "(none)"; }
 
 // Values beyond the named ones are possible: the document's value was absent or unknown.
+const char* NameOf(zt_reginfo_state_type_enum state) {
+  switch (state) {
+    case ZT_REGINFO_STATE_FULL:
+      return "full";
+    case ZT_REGINFO_STATE_PARTIAL:
+      return "partial";
+    default:
+      return "unknown";
+  }
+}
+
 const char* NameOf(zt_registration_state_type_enum state) {
   switch (state) {
     case ZT_REGISTRATION_STATE_INIT:
@@ -72,7 +83,7 @@ void PrintContact(const zt_ns_reginfo_contact& contact) {
 
 void PrintReginfo(const zt_reginfo& reginfo) {
   std::printf("registration information, version %u, %s\n", reginfo.getVersionValue(),
-              reginfo.getStateValue() == ZT_REGINFO_STATE_FULL ? "full" : "partial");
+              NameOf(reginfo.getStateValue()));
   for (ZtListNode* node = HeadOf(reginfo.getRegistrationListValue()); node; node = node->next) {
     const auto* registration = static_cast<zt_registration*>(static_cast<XMLElement*>(node->data));
     std::printf("%s: %s\n", OrNone(registration->getAorValue()),

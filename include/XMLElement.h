@@ -9,8 +9,11 @@
 class ZT_API XMLAttribute : public ZtNonCopyable {
  public:
   virtual ~XMLAttribute() = default;
+  /// The concrete type's name (static).
   virtual const char* ClassName() const = 0;
+  /// "XMLAttribute".
   virtual const char* BaseClassName() const = 0;
+  /// A label (static).
   virtual const char* ElementName() const = 0;
   /// Reserved; every type answers 0.
   virtual int ReservedHook() = 0;
@@ -31,8 +34,8 @@ class ZT_API XMLElement : public ZtNonCopyable {
 
   /// Offers a child: at its start under its local name with the object built for it (null for
   /// text and unknown elements), at its end as "/" + name with its text in `value`. Returns 1 when
-  /// the child was taken or may be ignored, 0 when it is refused. A child that was taken belongs to
-  /// this element; any other stays the caller's.
+  /// the child was taken or may be ignored, 0 when it is refused. A child object under a name that
+  /// the type knows for it belongs to this element after a 1; a refused one stays the caller's.
   virtual int ProcessUnMarshall(char* name, char* value, XMLElement* child);
   /// Offers an attribute: as text when `attribute` is null, else as an object, which belongs to
   /// this element when it keeps it. Returns 1 taken or ignored, 0 refused.

@@ -43,6 +43,7 @@ struct XMLSchemaInfo {
   bool writes;            ///< whether its marshaller writes documents
 };
 
+/// Makes contexts, and frees what the library handed to a caller.
 class ZT_API XMLFactory {
  public:
   /// A new context of the schema `id`, or null for an id without one or when out of memory. Free it

@@ -69,6 +69,7 @@ class ZT_API zt_ns_gruuinfo_tempGruu : public ZtTemporaryGruu {
   const ZtElementType& Type() const override;
 };
 
+/// Makes empty objects; each is the caller's until a parent takes it. Null without memory.
 class ZT_API GruuDataBinder : public XMLObjectFactory {
  public:
   /// Chooses what CreateRootElement makes: "pub-gruu", "temp-gruu" or a prefix of one (copied).
@@ -79,11 +80,15 @@ class ZT_API GruuDataBinder : public XMLObjectFactory {
   XMLObject* CreateRootElement() override;
   zt_pub_gruu* CreatePubGruuElement();
   zt_temp_gruu* CreateTempGruuElement();
+  zt_ns_gruuinfo_pubGruu* CreateNsPubGruuElement();
+  zt_ns_gruuinfo_tempGruu* CreateNsTempGruuElement();
 
  private:
   ZtText m_pGruutype;
 };
 
+/// Writes one GRUU without any prefix. Besides Marshall, the steps that write one element each (1
+/// written, 0 failed), which only a running Marshall can use.
 class ZT_API GruuMarshaller : public ZtMarshaller {
  public:
   int AddPubGruuElementToXml(zt_pub_gruu* gruu);
@@ -93,10 +98,12 @@ class ZT_API GruuMarshaller : public ZtMarshaller {
   const ZtDocument& Document() const override;
 };
 
+/// Reads one GRUU: a zt_pub_gruu or a zt_temp_gruu.
 class ZT_API GruuUnMarshaller : public ZtUnMarshaller {
   const ZtDocument& Document() const override;
 };
 
+/// The context of GRUU information, XML_SCHEMA_GRUU.
 class ZT_API GruuContext : public ZtContext {
   const ZtDocument& Document() const override;
 };

@@ -65,8 +65,10 @@ class ZT_API zt_ns_reginfo_contact : public ZtElement {
  public:
   static const ZtElementType kType;
 
+  /// The contact's URI. Texts are copied; null means absent, here and below.
   int setUriValue(const char* uri) { return m_Uri.Assign(uri); }
   const char* getUriValue() const { return m_Uri.Get(); }
+  /// Raw text: what it holds of markup must be escaped already.
   int setDisplayNameValue(const char* name) { return m_DisplayName.Assign(name); }
   const char* getDisplayNameValue() const { return m_DisplayName.Get(); }
 
@@ -115,10 +117,13 @@ class ZT_API zt_ns_reginfo_contact : public ZtElement {
   /// Required on output.
   int setIdValue(const char* id) { return m_Id.Assign(id); }
   const char* getIdValue() const { return m_Id.Get(); }
+  /// The preference of the contact, "0" to "1".
   int setQValue(const char* q) { return m_Q.Assign(q); }
   const char* getQValue() const { return m_Q.Get(); }
+  /// The Call-ID of the REGISTER request that last changed the contact.
   int setCallidValue(const char* callid) { return m_Callid.Assign(callid); }
   const char* getCallidValue() const { return m_Callid.Get(); }
+  /// The CSeq of that request; 0 means absent.
   int setCseqValue(unsigned long long cseq) {
     m_Cseq = cseq;
     return 1;
@@ -163,6 +168,7 @@ class ZT_API zt_registration : public ZtElement {
   /// The address of record; required on output.
   int setAorValue(const char* aor) { return m_Aor.Assign(aor); }
   const char* getAorValue() const { return m_Aor.Get(); }
+  /// Written as an empty attribute when it is absent.
   int setIdValue(const char* id) { return m_Id.Assign(id); }
   const char* getIdValue() const { return m_Id.Get(); }
   /// Required on output.
@@ -242,7 +248,8 @@ class ZT_API ReginfoDataBinder : public XMLObjectFactory {
   zt_temp_gruu* CreateTempGruuElement();
 };
 
-/// Besides Marshall, the steps that write one element each (1 written, 0 failed).
+/// Writes a zt_reginfo. Besides Marshall, the steps that write one element each (1 written, 0
+/// failed), which only a running Marshall can use.
 class ZT_API ReginfoMarshaller : public ZtMarshaller {
  public:
   int AddReginfoElementToXml(zt_reginfo* reginfo);
@@ -256,10 +263,12 @@ class ZT_API ReginfoMarshaller : public ZtMarshaller {
   const ZtDocument& Document() const override;
 };
 
+/// Reads a zt_reginfo.
 class ZT_API ReginfoUnMarshaller : public ZtUnMarshaller {
   const ZtDocument& Document() const override;
 };
 
+/// The context of registration information, XML_SCHEMA_REGINFO.
 class ZT_API ReginfoContext : public ZtContext {
   const ZtDocument& Document() const override;
 };

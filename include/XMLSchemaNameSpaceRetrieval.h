@@ -26,16 +26,18 @@ class ZT_API zt_schema_namespace_retrieval : public ZtObject {
   ZtAttributeList m_NameSpaceInfo;
 };
 
+/// Makes an empty zt_schema_namespace_retrieval.
 class ZT_API SchemaNamespaceRetrievalDataBinder : public XMLObjectFactory {
  public:
   XMLObject* CreateRootElement() override;
 };
 
+/// Reads the declarations of any well-formed document.
 class ZT_API SchemaNamespaceRetrievalUnMarshaller : public ZtUnMarshaller {
   const ZtDocument& Document() const override;
 };
 
-/// There is no marshaller for this schema: createMarshaller returns null.
+/// XML_SCHEMA_NAMESPACE_RETRIEVAL. There is no marshaller: createMarshaller returns null.
 class ZT_API SchemaNamespaceRetrievalContext : public ZtContext {
   const ZtDocument& Document() const override;
 };

@@ -13,6 +13,9 @@ class ZT_API zt_string : public XMLElement {
   const char* ElementName() const override;
   int ReservedHook() override;
 
+  /// `element` as a text, or null when it is of another class.
+  static zt_string* From(XMLElement* element);
+
   int setValue(const char* value) { return m_Value.Assign(value); }
   const char* getValue() const { return m_Value.Get(); }
 
@@ -65,9 +68,12 @@ class ZT_API zt_AttributeValuePair : public XMLAttribute {
   ZtText m_Value;
 };
 
-/// Release of lists of elements.
+/// Lists of elements.
 class ZT_API zt_xml_common_methods {
  public:
+  /// A new, empty list, recorded under tag 14 as the lists that elements take must be. It is the
+  /// caller's until an element takes it; null without memory.
+  static ZtSingleElementList* CreateElementList();
   /// Deletes every element in `list` (recorded under tag 14), then the list. Null only logs the
   /// empty-list warning.
   static void DeleteElementList(ZtSingleElementList* list);

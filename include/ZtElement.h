@@ -15,8 +15,8 @@ class ZT_API ZtElement : public XMLElement {
   const char* BaseClassName() const override;
   const char* ElementName() const override;
   int ReservedHook() override;
-  int ProcessUnMarshall(char* name, char* value, XMLElement* child) override;
-  int ProcessUnMarshallAttribute(char* name, char* value, XMLAttribute* attribute) override;
+  int ProcessUnMarshall(char* name, char* value, XMLElement* child) final;
+  int ProcessUnMarshallAttribute(char* name, char* value, XMLAttribute* attribute) final;
 
  private:
   virtual const ZtElementType& Type() const = 0;
@@ -29,8 +29,8 @@ class ZT_API ZtObject : public XMLObject {
   const char* BaseClassName() const override;
   const char* ElementName() const override;
   int ReservedHook() override;
-  int ProcessUnMarshall(char* name, char* value, XMLElement* child) override;
-  int ProcessUnMarshallAttribute(char* name, char* value, XMLAttribute* attribute) override;
+  int ProcessUnMarshall(char* name, char* value, XMLElement* child) final;
+  int ProcessUnMarshallAttribute(char* name, char* value, XMLAttribute* attribute) final;
   int IsRootElement() const override;
 
  private:

@@ -1,4 +1,8 @@
 // Members of schema types that own what they hold and free it themselves.
+//
+// What an element takes must be on the heap and recorded in the memory log under tag 14: objects
+// come from a schema's object factory, lists from zt_xml_common_methods::CreateElementList. Nothing
+// may be given to two owners, or twice to one list.
 #ifndef ZTXML_INCLUDE_ZTHOLDERS_H
 #define ZTXML_INCLUDE_ZTHOLDERS_H
 
@@ -56,8 +60,9 @@ class ZT_API ZtOwnedList {
   /// Takes `list` with its entries and deletes another one held before; the same again changes
   /// nothing. Returns 1.
   int Set(ZtSingleElementList* list);
-  /// Appends and takes `item`. Returns 1, or 0 for null or without memory: `item` is not taken.
-  int Add(Item* item);
+  /// Appends and takes `item`. Returns 1, or 0 for null or without memory: `item` is not taken. A
+  /// list made for it is recorded under `source`.
+  int Add(Item* item, const char* source = "src/XMLList");
   ZtSingleElementList* Get() const { return m_pList; }
   /// The first node, null when there is none.
   ZtListNode* Head() const { return m_pList ? m_pList->GetPtrToListHead() : nullptr; }

@@ -69,8 +69,8 @@ class ZT_API ZtSchemaDecoder : public XmlDecoderSchema {
   bool Start(const Open& current, char* name);
   void StartRoot(const ZtGrammarRow& row);
   bool StartChild(const Open& current, const ZtGrammarRow& row, char* name);
-  void End(const Open& current, char* name, char* value);
-  void EndSkipped(const Open& current, char* name, char* value);
+  void End(const Open& current, char* name, char* value, bool skipped);
+  void OfferEnd(const Open& current, const ZtGrammarRow* row, char* name, char* value);
   ZtOutcome Offer(const Open& parent, char* name, char* value, XMLElement* child);
   const ZtGrammarRow* FindStart(const char* name) const;
   const ZtGrammarRow* FindEnd(const char* name) const;

@@ -32,21 +32,25 @@ class ZT_API ZtXMLDocGenerator : public ZtNonCopyable {
   void ztAddHeader(const char* version, const char* encoding);
   /// Empties the document and forgets header, open tag and prefix.
   void ztResetHeader();
+  /// A comment on a line of its own; `text` must not hold "--".
   void ztAddComment(const char* text);
   /// The prefix of every later unqualified start and end tag (copied); null for none.
   void ztSetXmlNamespace(const char* prefix);
 
   /// Opens an element; `leaveOpen` 1 leaves the start tag open for attributes.
   void ztStartElement(const char* name, int leaveOpen);
+  /// The same without a line break before it.
   void ztStartElementWithoutNL(const char* name, int leaveOpen);
   /// Closes a start tag left open, then opens prefix:name and declares the prefix; a null prefix or
   /// uri opens it as ztStartElement does.
   void ztStartElementNs(const char* name, const char* prefix, const char* uri, int leaveOpen);
+  /// An empty element without attributes.
   void ztStartElementSelfEnding(const char* name);
 
   /// An attribute of the start tag left open (nothing otherwise). `useNs` 1 writes the current
   /// prefix; `selfEnd` 1 ends the tag with "/>", else `close` 1 with ">".
   void ztStartAttribute(const char* name, const char* value, int useNs, int selfEnd, int close);
+  /// The same with `prefix`, or without any when it is null.
   void ztStartAttributeNs(const char* name, const char* value, const char* prefix, int selfEnd,
                           int close);
   /// A namespace declaration (name "xmlns", suffix the prefix) or an attribute (suffix null); it is
@@ -56,6 +60,7 @@ class ZT_API ZtXMLDocGenerator : public ZtNonCopyable {
 
   /// Closes a start tag left open and writes `text` as it stands; null writes one blank.
   void ztXmlSetData(const char* text);
+  /// An end tag behind what stands there.
   void ztEndXmlElement(const char* name);
   /// An end tag on a line of its own, with `prefix` or else the current one.
   void ztEndXmlElementNs(const char* name, const char* prefix);

@@ -82,6 +82,12 @@ XMLObject* GruuDataBinder::CreateRootElement() {
 
 zt_pub_gruu* GruuDataBinder::CreatePubGruuElement() { return ZtCreate<zt_pub_gruu>(kSource); }
 zt_temp_gruu* GruuDataBinder::CreateTempGruuElement() { return ZtCreate<zt_temp_gruu>(kSource); }
+zt_ns_gruuinfo_pubGruu* GruuDataBinder::CreateNsPubGruuElement() {
+  return ZtCreate<zt_ns_gruuinfo_pubGruu>(kSource);
+}
+zt_ns_gruuinfo_tempGruu* GruuDataBinder::CreateNsTempGruuElement() {
+  return ZtCreate<zt_ns_gruuinfo_tempGruu>(kSource);
+}
 
 int GruuMarshaller::AddPubGruuElementToXml(zt_pub_gruu* gruu) {
   return Write(gruu, zt_pub_gruu::kType);
@@ -102,6 +108,7 @@ constexpr ZtDocumentLines kDocumentLines = {
     "<XML Module>: GruuMarshaller :: Incoming obj is NULL",
     "<XML Module>: GruuMarshaller :: Incoming pObj->ClassName() is NULL",
     "<XML Module>: GruuMarshaller :: Marshall: obj is pub-gruu",  // intended for temp-gruu, too
+    "<XML Module>: %s XML %s",
     "<XML Module>: %s XML Failed at %s!"};
 
 }  // namespace

@@ -20,20 +20,22 @@ constexpr ZtFamily kFamily = {kSource, &kLines, "Cannot accommodate the element 
 
 // ---- Enumerations -------------------------------------------------------------------------------
 
-constexpr char kReginfoStateSlots[][32] = {"full", "partial"};
-constexpr ZtEnumTable kReginfoStates = {kReginfoStateSlots[0], 32, 2, 2, 2, true};
+constexpr ZtEnumSlot kReginfoStateSlots[] = {"full", "partial"};
+constexpr ZtEnumTable kReginfoStates = {kReginfoStateSlots, 2, 2, 2, true};
 
 // Intended: the two lookups of a contact run one slot past their own values, into the next ones, so
 // that "registered" is read as state 2 and "init" as event 9; neither can be written. A
 // registration's looks at the first two only, so that "terminated" is what matches nothing.
-constexpr char kSlots[][32] = {
-    "active",     "terminated",                             // contact state
-    "registered", "created",     "refreshed", "shortened",  // contact event
-    "expired",    "deactivated", "probation", "unregistered",
-    "rejected",   "init",        "active",    "terminated"};  // registration state
-constexpr ZtEnumTable kContactStates = {kSlots[0], 32, 2, 3, 3, true};
-constexpr ZtEnumTable kContactEvents = {kSlots[2], 32, 9, 10, 10, true};
-constexpr ZtEnumTable kRegistrationStates = {kSlots[11], 32, 3, 2, 2, true};
+// clang-format off
+constexpr ZtEnumSlot kSlots[] = {
+    "active", "terminated",
+    "registered", "created", "refreshed", "shortened", "expired", "deactivated", "probation",
+    "unregistered", "rejected",
+    "init", "active", "terminated"};
+// clang-format on
+constexpr ZtEnumTable kContactStates = {kSlots, 2, 3, 3, true};
+constexpr ZtEnumTable kContactEvents = {kSlots + 2, 9, 10, 10, true};
+constexpr ZtEnumTable kRegistrationStates = {kSlots + 11, 3, 2, 2, true};
 
 }  // namespace
 
@@ -100,7 +102,7 @@ struct ReginfoBinding {
   static_assert(ztrow::Sound(kUnknownParam) && ztrow::Sound(kContact));
   static_assert(ztrow::Sound(kRegistration) && ztrow::Sound(kReginfo));
 
-  static constexpr ZtNamespace kNamespaces[] = {
+  static constexpr ZtFixedAttribute kNamespaces[] = {
       {XML_STR_URN_IETF_PARAMS_XML_NS_REGINFO, XML_STR_ZT_NULL},
       {XML_STR_URN_IETF_PARAMS_XML_NS_GRUUINFO, XML_STR_GR}};
 };

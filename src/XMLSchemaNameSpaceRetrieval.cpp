@@ -13,11 +13,22 @@ constexpr ZtFamily kFamily = {kSource, &kNoLines, nullptr, nullptr, ZtUnknown::k
 }  // namespace
 
 struct SchemaNamespaceRetrievalBinding {
+  static bool OnAttribute(XMLElement& self, const char* name, const char* value,
+                          ZtOutcome& outcome) {
+    outcome = Declare(self, name, value);
+    return true;
+  }
+
   // Any name that begins with "xmlns" declares, "xmlnsfoo" too: it has no colon, so no prefix.
   static ZtOutcome Declare(XMLElement& self, const char* name, const char* value) {
     auto& root = static_cast<zt_schema_namespace_retrieval&>(self);
     const char* declares = ZtName(XML_STR_XMLNS);
     if (__strncmp(name, declares, __strlen(declares)) != 0) return ZtOutcome::kAccepted;
+    if (!root.getNameSpaceInfo()) {
+      auto* list = ZtCreate<ZtSingleElementList>(kSource);
+      if (!list) return ZtOutcome::kNoMemory;
+      root.setNameSpaceInfo(list);
+    }
     auto* pair = ZtCreate<zt_AttributeValuePair>(kSource);
     if (!pair) {
       ZtLog(kZtLogState, kSource)(
@@ -38,7 +49,7 @@ struct SchemaNamespaceRetrievalBinding {
 const ZtElementType zt_schema_namespace_retrieval::kType =
     ZtTypeOf<zt_schema_namespace_retrieval>("zt_schema_namespace_retrieval",
                                             "schema_namespace_retrieval", kFamily)
-        .AttributeHook(SchemaNamespaceRetrievalBinding::Declare)
+        .Hooks(SchemaNamespaceRetrievalBinding::OnAttribute, nullptr, nullptr)
         .Root();
 
 const ZtElementType& zt_schema_namespace_retrieval::Type() const { return kType; }

@@ -1,11 +1,17 @@
 #include "XMLValueTypes.h"
 
-#include "ztPlatform.h"
+#include "base/ZtMemory.h"
 
 const char* zt_string::ClassName() const { return "zt_string"; }
 const char* zt_string::BaseClassName() const { return "XMLElement"; }
 const char* zt_string::ElementName() const { return "string_class"; }
 int zt_string::ReservedHook() { return 0; }
+
+zt_string* zt_string::From(XMLElement* element) {
+  const char* className = element ? element->ClassName() : nullptr;
+  const bool text = className && __strcmp(className, "zt_string") == 0;
+  return text ? static_cast<zt_string*>(element) : nullptr;
+}
 
 const char* zt_empty_element_type::ClassName() const { return "zt_empty_element_type"; }
 const char* zt_empty_element_type::BaseClassName() const { return "XMLElement"; }
@@ -26,6 +32,10 @@ zt_AttributeValuePair* zt_AttributeValuePair::From(XMLAttribute* attribute) {
   const char* className = attribute ? attribute->ClassName() : nullptr;
   const bool pair = className && __strcmp(className, "zt_AttributeValuePair") == 0;
   return pair ? static_cast<zt_AttributeValuePair*>(attribute) : nullptr;
+}
+
+ZtSingleElementList* zt_xml_common_methods::CreateElementList() {
+  return ZtCreate<ZtSingleElementList>("src/XMLList");
 }
 
 void zt_xml_common_methods::DeleteElementList(ZtSingleElementList* list) {

@@ -271,7 +271,10 @@ int XmlDecoder::DecodeAttributes(char* n_strAttrList) {
     Log(kZtLogTrace)("XmlDecoder:: DecodeAttributes - Attribute list invalid");
     return -1;
   }
-  if (!m_pSchema) return 0;
+  if (!m_pSchema) {
+    m_bEmptyElement = 0;
+    return 0;
+  }
   return ReportAttributes(element, rest, started);
 }
 

@@ -1,4 +1,5 @@
 // The machinery that documents share, on a document that uses all of it.
+#include <cstring>
 #include <gtest/gtest.h>
 
 #include "DocumentSupport.h"
@@ -16,11 +17,11 @@ namespace {
 constexpr ZtHookLines kNoLines = {};
 constexpr ZtFamily kFamily = {"tests/Toy", &kNoLines, "unknown %s with %s", "failed in %s",
                               ZtUnknown::kIgnore};
-constexpr char kModeSlots[][8] = {"open", "opened"};
-constexpr ZtEnumTable kModes = {kModeSlots[0], 8, 2, 2, 2, false};
+constexpr ZtEnumSlot kModeSlots[] = {"open", "opened"};
+constexpr ZtEnumTable kModes = {kModeSlots, 2, 2, kZtKeepsValue, false};
 
-// Every kind of row stands in one of these: <list> nests, <keywords> comes with its end tag, <name>
-// has text, <busy/> is a flag, <entry> is a list's or, inside <roles>, a text.
+// Every kind of row stands in one of these: <list> nests, <keywords> comes with its end tag,
+// <busy/> is a flag, <external-list> is an entry under another name, <alt-value> a repeated text.
 class Keywords : public ZtElement {
  public:
   static const ZtElementType kType;
@@ -42,20 +43,34 @@ class Entry : public ZtElement {
 class List : public ZtObject {
  public:
   static const ZtElementType kType;
-  ZtText m_Id, m_Note, m_Role;
+  ZtText m_Id, m_Note;
   unsigned m_Version = 0, m_Count = 0, m_Mode = 2;
   ZtAttributeList m_Extras;
-  ZtChild m_Keywords, m_Name;
-  ZtChildList m_Lists, m_Flags, m_Others;
+  ZtChild m_Keywords, m_External;
+  ZtChildList m_Texts, m_Lists, m_Flags, m_Others;
 
  private:
   const ZtElementType& Type() const override { return kType; }
 };
 
+// Hooks: keywords without text are left out, and any name that begins with "busy" is a note.
+int WriteKeywords(ZtElementWriter& writer, XMLElement& self, const ZtElementType& type) {
+  const char* text = static_cast<Keywords&>(self).m_Text.Get();
+  return text && *text ? writer.WriteByRows(self, type, type.tag) : 1;
+}
+bool NoteBusy(XMLElement& self, const char* name, const char* value, XMLElement* child,
+              ZtOutcome& outcome) {
+  if (child || std::strncmp(name, "/busy-", 6) != 0) return false;
+  outcome =
+      static_cast<List&>(self).m_Note.Set(value) ? ZtOutcome::kAccepted : ZtOutcome::kNoMemory;
+  return true;
+}
+
 constexpr ZtField kKeywordsRows[] = {ztrow::OwnText(XML_STR_KEYWORDS, &Keywords::m_Text)};
 const ZtElementType Keywords::kType = ZtTypeOf<Keywords>("Keywords", "keywords", kFamily)
                                           .Fields(kKeywordsRows)
-                                          .Writer(XML_STR_KEYWORDS, "AddKeywords");
+                                          .Writer(XML_STR_KEYWORDS, "AddKeywords", XML_STR_OCP)
+                                          .Hooks(nullptr, nullptr, WriteKeywords);
 
 constexpr ZtField kEntryRows[] = {
     ztrow::Attribute(XML_STR_URI, &Entry::m_Uri).Required("uri is required", kZtLogError)};
@@ -63,20 +78,27 @@ const ZtElementType Entry::kType = ZtTypeOf<Entry>("Entry", "entry", kFamily)
                                        .Fields(kEntryRows)
                                        .Writer(XML_STR_ENTRY, "AddEntry")
                                        .SelfClosing()
+                                       .RefusesUnknownAttributes()
                                        .RefusesUnknownChildren();
 
 constexpr ZtElementType kFlagType = ZtFlagOf(kFamily, "AddFlag", "flag is not present");
 constexpr ZtWritable kWritables[] = {{&Entry::kType, XML_STR_CP}, {nullptr, XML_STR_ZT_NULL}};
-constexpr ZtNamespace kNamespaces[] = {{XML_STR_URI_3GPP_GBA, XML_STR_ZT_NULL},
-                                       {XML_STR_URN_IETF_PARAMS_XML_NS_COMMON_POLICY, XML_STR_CP}};
+constexpr ZtFixedAttribute kFixed[] = {
+    {XML_STR_URI_3GPP_GBA, XML_STR_ZT_NULL},
+    {XML_STR_URN_IETF_PARAMS_XML_NS_COMMON_POLICY, XML_STR_CP},
+    {XML_STR_URI_3GPP_GBA, XML_STR_SCHEMA_LOCATION, XML_STR_XSI}};
 constexpr ZtField kListRows[] = {
     ztrow::Attribute(XML_STR_ID, &List::m_Id),
     ztrow::Attribute(XML_STR_VERSION, &List::m_Version),
     ztrow::OtherAttributes(&List::m_Extras),
-    ztrow::TextElement(XML_STR_NOTE, &List::m_Note),
+    ztrow::TextElement(XML_STR_NOTE, &List::m_Note).Note("no note", kZtLogOptional),
+    ztrow::TextElements(XML_STR_ALT_VALUE, &List::m_Texts),
     ztrow::TextElement(XML_STR_USER_COUNT, &List::m_Count),
     ztrow::TextElement(XML_STR_STATE, &List::m_Mode, kModes),
     ztrow::Child(XML_STR_KEYWORDS, &List::m_Keywords, Keywords::kType).AtEnd(),
+    ztrow::Child(ZT_STR_EXTERNAL_LIST, &List::m_External, Entry::kType)
+        .Lenient()
+        .Note("external list %d failed", kZtLogError),
     ztrow::Children(XML_STR_LIST, &List::m_Lists, List::kType),
     ztrow::Children(XML_STR_BUSY, &List::m_Flags, kFlagType),
     ztrow::OtherChildren(&List::m_Others, kWritables).Note("no writer for %s"),
@@ -88,20 +110,21 @@ static_assert(!ztrow::Sound(kTwice));
 const ZtElementType List::kType = ZtTypeOf<List>("List", "list", kFamily)
                                       .Fields(kListRows)
                                       .Writer(XML_STR_LIST, "AddList")
-                                      .Declares(kNamespaces)
+                                      .Declares(kFixed)
+                                      .Hooks(nullptr, NoteBusy, nullptr)
                                       .Root();
 
 constexpr ZtGrammarRow kRows[] = {
     {XML_STR_RESOURCE_LISTS, ZtElementKind::kRoot, &List::kType},
     {XML_STR_LIST, ZtElementKind::kStructured, &List::kType},
     {XML_STR_ENTRY, ZtElementKind::kStructured, &Entry::kType, &List::kType},
+    {ZT_STR_EXTERNAL_LIST, ZtElementKind::kTextBearing, &Entry::kType, &List::kType},
     {XML_STR_KEYWORDS, ZtElementKind::kEndBound, &Keywords::kType, &List::kType},
     {XML_STR_BUSY, ZtElementKind::kFlag, nullptr},
     {XML_STR_RESOURCE, ZtElementKind::kExtension, &Entry::kType},
 };
 constexpr ZtGrammar kExact("Toy", "tests/Toy", "no memory", ZtPrefixRule::kExact, kRows);
 constexpr ZtGrammar kStrip("Toy", "tests/Toy", "no memory", ZtPrefixRule::kStrip, kRows);
-constexpr ZtGrammar kRewrite("Toy", "tests/Toy", "no memory", ZtPrefixRule::kRewrite, kRows);
 
 class ToyDecoder : public ZtSchemaDecoder {
  public:
@@ -109,7 +132,7 @@ class ToyDecoder : public ZtSchemaDecoder {
 };
 class ToyNamespaceDecoder : public ZtNamespaceDecoder {
  public:
-  ToyNamespaceDecoder() : ZtNamespaceDecoder(kRewrite) {}
+  ToyNamespaceDecoder() : ZtNamespaceDecoder(kStrip) {}
 };
 
 Tree<List> Parse(ZtSchemaDecoder& decoder, std::string text) {
@@ -133,7 +156,8 @@ std::string Written(List* list) {
 }
 
 std::string Around(const std::string& attributes, const std::string& content) {
-  return "\n<list  xmlns=\"uri:3gpp-gba\"  xmlns:cp=\"urn:ietf:params:xml:ns:common-policy\"" +
+  return "\n<list  xmlns=\"uri:3gpp-gba\"  xmlns:cp=\"urn:ietf:params:xml:ns:common-policy\"  "
+         "xsi:schemaLocation=\"uri:3gpp-gba\"" +
          attributes + ">" + content + "</list>";
 }
 
@@ -143,7 +167,8 @@ TEST(Binding, EveryKindOfRowReadsAndWrites) {
     std::string out;
   } kCases[] = {
       {"<resource-lists/>", Around("", "")},
-      {"<resource-lists version='3' b='2' id='i' a='1' xmlns='u' xmlns:x='v' xmlns:cp='w' ='e'/>",
+      {"<resource-lists version='3' b='2' id='i' a='1' xmlns='u' xmlns:x='v' xmlns:cp='w' ='e' "
+       "xsi:schemaLocation='s'/>",
        Around("  id=\"i\"  version=\"3\"  b=\"2\"  a=\"1\"  xmlns:x=\"v\"", "")},
       {"<resource-lists><note a='1'>t</note><user-count>12x</user-count><state>opened</state>"
        "</resource-lists>",
@@ -152,7 +177,12 @@ TEST(Binding, EveryKindOfRowReadsAndWrites) {
        Around("", "")},
       {"<resource-lists><keywords a='b'>one<x/> two</keywords><keywords> last </keywords>"
        "</resource-lists>",
-       Around("", "\n<keywords> last </keywords>")},
+       Around("", "\n<ocp:keywords> last </ocp:keywords>")},
+      {"<resource-lists><keywords></keywords><alt-value>1</alt-value><external-list uri='e' "
+       "x='y'>text</external-list><alt-value/><busy-line>b</busy-line></resource-lists>",
+       Around("",
+              "\n<note>b</note>\n<alt-value>1</alt-value>\n<alt-value></alt-value>"
+              "\n<external-list  uri=\"e\"/>")},
       {"<resource-lists><busy a='1'>t<list/></busy><list id='l'/><busy/></resource-lists>",
        Around("", Around("  id=\"l\"", "") + "\n<busy/>\n<busy/>")},
       {"<resource-lists><entry uri='u'><list id='refused'/><entry uri='text here'/></entry>"
@@ -181,6 +211,10 @@ TEST(Binding, FailuresStayWhereTheyAreAllowed) {
   EntryOf<zt_empty_element_type>(root->m_Flags.Get(), 0)->setPresentValue(0);
   EXPECT_EQ(Written(root.get()).substr(0, 7), "failed:");
   EXPECT_TRUE(log.Has("flag is not present"));
+  root = Parse("<resource-lists><external-list/></resource-lists>");
+  EXPECT_EQ(Written(root.get()), start.substr(0, start.size() - 7) + "\n<external-list </list>");
+  EXPECT_EQ(log.Texts(4).back(), "external list 0 failed");
+  EXPECT_TRUE(log.Has("no note"));
   root = Parse("<resource-lists/>");
   root->m_Others.Add(ZtCreate<zt_string>("tests/Toy"));
   EXPECT_EQ(Written(root.get()), start);
@@ -302,7 +336,8 @@ TEST(Binding, DecoderCallbacksByHand) {
 // Each allocation fails once, then from there on: the tree is whole or null, nothing leaks.
 TEST(Binding, EveryAllocationMayFail) {
   const std::string text =
-      "<resource-lists id='i' x='y'><note>n</note><keywords>k</keywords><list x='y'><busy/></list>"
+      "<resource-lists id='i' "
+      "x='y'><note>n</note><keywords>k</keywords><alt-value>a</alt-value><list x='y'><busy/></list>"
       "<resource uri='u'/><resource-lists><entry uri='v'/></resource-lists></resource-lists>";
   auto whole = Parse(text);
   ASSERT_TRUE(whole);

@@ -139,6 +139,12 @@ TEST(NamespaceRetrieval, CollectsDeclarationsInDocumentOrder) {
   EXPECT_EQ(pairs("<a xmlnsfoo='f' xmlns:a:b='g' xmln='h' xmlns:='i' />"), "-=f;a:b=g;=i;");
   EXPECT_EQ(pairs("<a/>"), "");
   EXPECT_EQ(pairs("<a xmlns='urn:x'>"), "(null)");
+  for (long n = 1; n < 12; ++n) {
+    zthost::FailAllocation(n);
+    const std::string found = pairs("<a xmlns='u' xmlns:p='v'/>");
+    zthost::FailAllocation(0);
+    EXPECT_TRUE(found == "(null)" || found == "-=u;p=v;") << n << found;
+  }
 
   EXPECT_EQ(schema.writer(), nullptr);
   Tree<zt_schema_namespace_retrieval> root(static_cast<zt_schema_namespace_retrieval*>(
@@ -149,11 +155,12 @@ TEST(NamespaceRetrieval, CollectsDeclarationsInDocumentOrder) {
   EXPECT_TRUE(log.Has("<XML Module>: zt_schema_namespace_retrieval::setNameSpaceInfo"));
   EXPECT_TRUE(log.Has("<XML Module>: zt_schema_namespace_retrieval::getNameSpaceInfo"));
   char xmlns[] = "xmlns:p", uri[] = "u";
+  EXPECT_EQ(root->ProcessUnMarshallAttribute(xmlns, uri, nullptr), 1);
   zthost::FailAllocation(1);
   EXPECT_EQ(root->ProcessUnMarshallAttribute(xmlns, uri, nullptr), 0);
   EXPECT_TRUE(log.Has("cannot allocate memory to pXMLNSValuePair "));
   EXPECT_EQ(root->ProcessUnMarshallAttribute(uri, uri, nullptr), 1);
-  EXPECT_EQ(root->getNameSpaceInfo(), nullptr);
+  EXPECT_EQ(root->getNameSpaceInfo()->GetCount(), 1);
   XMLSchemaNamespaceRetrievalDecoder decoder;
   EXPECT_EQ(decoder.ProcessElement(nullptr, nullptr), -1);
   EXPECT_EQ(decoder.ProcessAttribute(uri, nullptr, uri), -1);

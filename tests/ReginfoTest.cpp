@@ -1,8 +1,8 @@
 // Registration information and GRUU: documents in, trees, documents out.
 #include <algorithm>
 #include <functional>
-#include <utility>
 #include <gtest/gtest.h>
+#include <utility>
 
 #include "DocumentSupport.h"
 #include "ReginfoDecoder.h"

@@ -29,10 +29,12 @@ std::atomic<bool> g_logging{false};
 struct MemoryLog {
   std::mutex mutex;
   std::unordered_map<const void*, zthost::MemoryEntry> live;
-  zthost::MemoryReport report;  // its `live` stays empty
+  std::unordered_map<const void*, zthost::MemoryEntry> removed;  // tells who made a double free
+  zthost::MemoryReport report;                                   // its `live` stays empty
 
   void Reset() {
     live.clear();
+    removed.clear();
     report = {};
   }
 };
@@ -98,7 +100,9 @@ void wdmemlog_remove(int tag, const void* pointer) {
   ++log.report.removes;
   const auto at = log.live.find(pointer);
   if (at == log.live.end()) {
-    log.report.badRemoves.push_back({tag, "", 0, pointer, 0});
+    const auto before = log.removed.find(pointer);
+    log.report.badRemoves.push_back(
+        before == log.removed.end() ? zthost::MemoryEntry{tag, "", 0, pointer, 0} : before->second);
     return;
   }
   if (at->second.tag != tag) {
@@ -107,6 +111,7 @@ void wdmemlog_remove(int tag, const void* pointer) {
   }
   // Also under the wrong tag: the memory is released, and its address may be recorded anew.
   log.report.liveBytes -= at->second.size;
+  log.removed[pointer] = at->second;
   log.live.erase(at);
 }
 

@@ -47,7 +47,7 @@ struct MemoryReport {
   std::size_t liveBytes = 0;            ///< bytes of the live entries
   std::vector<MemoryEntry> live;        ///< leaks, when nothing should be alive
   std::vector<MemoryEntry> doubleAdds;  ///< the same pointer added while it was alive
-  std::vector<MemoryEntry> badRemoves;  ///< never added, removed twice, or under another tag
+  std::vector<MemoryEntry> badRemoves;  ///< twice, under another tag, or never added (no file)
 };
 
 /// Switches the live table on (empty) or off (the default: a call costs one test).

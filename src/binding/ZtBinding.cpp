@@ -6,12 +6,6 @@
 
 namespace {
 
-constexpr std::uint8_t kNameSizes[] = {
-#define ZT_NAME(id, text) sizeof(text) - 1,
-#include "XMLCommonNames.inc"
-#undef ZT_NAME
-};
-
 // A decimal number as documents carry it: leading blanks, a sign, digits. Too large a number
 // saturates; a negative or missing one is 0.
 template <class Number>
@@ -41,9 +35,11 @@ ZtOutcome Store(XMLElement& self, const ZtField& field, const char* value) {
     case ZtValue::kNumber64:
       self.*field.member.number64 = ParseNumber<unsigned long long>(value);
       break;
-    case ZtValue::kEnum:
-      self.*field.member.number = field.detail.values->Find(value);
+    case ZtValue::kEnum: {
+      const unsigned index = field.detail.values->Find(value);
+      if (index != kZtKeepsValue) self.*field.member.number = index;
       break;
+    }
     case ZtValue::kObject:
       break;
   }
@@ -97,8 +93,20 @@ class Hook {
     return Append(self, field, child);
   }
 
-  static ZtOutcome Append(XMLElement& self, const ZtField& field, XMLElement* child) {
-    return (self.*field.member.children).Add(child) ? ZtOutcome::kAdopted : ZtOutcome::kNoMemory;
+  ZtOutcome Append(XMLElement& self, const ZtField& field, XMLElement* child) const {
+    return (self.*field.member.children).Add(child, m_Type.family->source) ? ZtOutcome::kAdopted
+                                                                           : ZtOutcome::kNoMemory;
+  }
+
+  ZtOutcome AppendText(XMLElement& self, const ZtField& field, const char* value) const {
+    if (!value) return ZtOutcome::kAccepted;
+    auto* text = ZtCreate<zt_string>(m_Type.family->source);
+    if (text) text->setValue(value);
+    if (text && text->getValue() && Append(self, field, text) == ZtOutcome::kAdopted) {
+      return ZtOutcome::kAccepted;
+    }
+    ZtRelease(text);
+    return ZtOutcome::kNoMemory;
   }
 
   ZtOutcome UnknownChild(XMLElement& self, const char* name, const char* value,
@@ -134,16 +142,12 @@ char* FormatNumber(unsigned long long number, char* buffer) {
 unsigned ZtEnumTable::Find(const char* value) const {
   const std::size_t size = __strlen(value);
   for (unsigned i = 0; i < searched; ++i) {
-    const char* slot = Text(i);
+    const char* slot = slots[i];
     const std::size_t slotSize = __strlen(slot);
     if (slotSize > size || (!byPrefix && slotSize != size)) continue;
     if (std::memcmp(slot, value, slotSize) == 0) return i;
   }
   return noMatch;
-}
-
-bool ZtNameIs(e_XmlStrRef id, const char* text, std::size_t size) {
-  return kNameSizes[id] == size && std::memcmp(ZtName(id), text, size) == 0;
 }
 
 ZtOutcome ZtOfferChild(XMLElement& self, const ZtElementType& type, const char* name,
@@ -153,18 +157,22 @@ ZtOutcome ZtOfferChild(XMLElement& self, const ZtElementType& type, const char* 
     hook.Log(hook.Lines().nullElement);
     return ZtOutcome::kAccepted;
   }
+  ZtOutcome hooked = ZtOutcome::kAccepted;
+  if (type.childHook && type.childHook(self, name, value, child, hooked)) return hooked;
   const bool atEnd = *name == '/';
   const char* local = name + atEnd;
   const std::size_t size = __strlen(local);
   for (const ZtField& field : type) {
-    if (field.IsAttribute() || !field.HasName() || !ZtNameIs(field.name, local, size)) continue;
+    if (field.IsAttribute() || !field.HasName() || !field.name.Is(local, size)) continue;
     switch (field.place) {
       case ZtPlace::kTextElement:
+      case ZtPlace::kTextElements:
       case ZtPlace::kOwnText:
         if (!atEnd && field.place == ZtPlace::kOwnText) continue;
         if (!atEnd) return ZtOutcome::kAccepted;
         if (child) return ZtOutcome::kRefused;
-        return Store(self, field, value);
+        return field.place == ZtPlace::kTextElements ? hook.AppendText(self, field, value)
+                                                     : Store(self, field, value);
       default:
         if (atEnd == field.atEnd) {
           const ZtOutcome outcome = hook.Adopt(self, field, child);
@@ -180,7 +188,7 @@ ZtOutcome ZtOfferChild(XMLElement& self, const ZtElementType& type, const char* 
 const ZtField* ZtFindAttribute(const ZtElementType& type, const char* name) {
   const std::size_t size = __strlen(name);
   for (const ZtField& field : type) {
-    if (field.place == ZtPlace::kAttribute && ZtNameIs(field.name, name, size)) return &field;
+    if (field.place == ZtPlace::kAttribute && field.name.Is(name, size)) return &field;
   }
   return nullptr;
 }
@@ -192,18 +200,21 @@ ZtOutcome ZtOfferAttribute(XMLElement& self, const ZtElementType& type, const ch
     hook.Log(hook.Lines().nullAttribute);
     return ZtOutcome::kAccepted;
   }
-  if (type.attributeHook) return type.attributeHook(self, name, value);
+  ZtOutcome hooked = ZtOutcome::kAccepted;
+  if (type.attributeHook && type.attributeHook(self, name, value, hooked)) return hooked;
   if (const ZtField* field = ZtFindAttribute(type, name)) {
     return attribute ? ZtOutcome::kRefused : Store(self, *field, value);
   }
   for (const ZtField& field : type) {
     if (field.place != ZtPlace::kOtherAttributes || !attribute) continue;
-    return (self.*field.member.attributes).Add(attribute) ? ZtOutcome::kAdopted
-                                                          : ZtOutcome::kNoMemory;
+    return (self.*field.member.attributes).Add(attribute, type.family->source)
+               ? ZtOutcome::kAdopted
+               : ZtOutcome::kNoMemory;
   }
   hook.Log(hook.Lines().unknownAttribute, name);
-  return type.family->unknownAttribute == ZtUnknown::kRefuse ? ZtOutcome::kRefused
-                                                             : ZtOutcome::kAccepted;
+  const bool refuses = type.family->unknownAttribute == ZtUnknown::kRefuse ||
+                       type.unknownAttribute == ZtUnknown::kRefuse;
+  return refuses ? ZtOutcome::kRefused : ZtOutcome::kAccepted;
 }
 
 const char* ZtFieldText(const XMLElement& self, const ZtField& field, char* buffer) {
@@ -218,7 +229,7 @@ const char* ZtFieldText(const XMLElement& self, const ZtField& field, char* buff
     }
     case ZtValue::kEnum: {
       const unsigned index = self.*field.member.number;
-      return index < field.detail.values->count ? field.detail.values->Text(index) : nullptr;
+      return index < field.detail.values->count ? field.detail.values->slots[index] : nullptr;
     }
     case ZtValue::kObject:
       break;

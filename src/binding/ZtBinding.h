@@ -6,24 +6,25 @@
 #include <cstddef>
 #include <cstdint>
 
-#include "XMLCommonDef.h"
 #include "XMLValueTypes.h"
 #include "ZtElement.h"
 #include "base/ZtMemory.h"
+#include "binding/ZtNames.h"
 
 // ---- Values -------------------------------------------------------------------------------------
 
 // The values of an enumeration: slots of fixed width, of which a field holds the index. An index
 // of `count` or more is absent or unknown and is not written.
+using ZtEnumSlot = char[32];
+constexpr std::uint8_t kZtKeepsValue = 0xFF;  // as `noMatch`: the field stays as it is
+
 struct ZtEnumTable {
-  const char* slots;
-  std::uint8_t width;
+  const ZtEnumSlot* slots;
   std::uint8_t count;
   std::uint8_t searched;  // slots looked at on input; may run into the next table of the block
   std::uint8_t noMatch;   // index stored when none matches
   bool byPrefix;          // the first slot that is a prefix of the value, else the equal one
 
-  const char* Text(unsigned index) const { return slots + std::size_t{index} * width; }
   unsigned Find(const char* value) const;
 };
 
@@ -50,6 +51,7 @@ union ZtMember {
 enum class ZtPlace : std::uint8_t {
   kAttribute,        // an attribute of the element
   kTextElement,      // a child element of which the text is kept
+  kTextElements,     // a repeated one; the texts are kept as zt_string
   kOwnText,          // the element's own text
   kChild,            // a child element that occurs at most once
   kChildren,         // a repeated child element
@@ -62,7 +64,7 @@ enum class ZtValue : std::uint8_t { kObject, kText, kNumber, kNumber64, kEnum };
 // A type that may stand in a list of mixed children, and the prefix that it is written with.
 struct ZtWritable {
   const ZtElementType* type;
-  e_XmlStrRef prefix;  // XML_STR_ZT_NULL for none
+  e_XmlStrRef prefix;  // XML_STR_ZT_NULL for the type's own
 };
 
 union ZtFieldDetail {
@@ -81,10 +83,11 @@ union ZtFieldDetail {
 struct ZtField {
   ZtMember member;
   ZtFieldDetail detail;
-  // The writer's line when a required value is absent (%s never occurs), or when an element of the
-  // list cannot be written (%s is its class name).
+  // What the writer logs: when a required value is absent or an optional one with a note is; when
+  // a child fails (%d is its index), instead of the family's line; when an element of a mixed list
+  // cannot be written (%s is its class name).
   const char* line = nullptr;
-  e_XmlStrRef name = XML_STR_ZT_NULL;
+  ZtNameId name = XML_STR_ZT_NULL;
   ZtPlace place;
   ZtValue value;
   std::uint8_t lineLevel = 0;
@@ -93,7 +96,7 @@ struct ZtField {
   bool atEnd = false;     // a child that is made and offered at its end tag
   bool lenient = false;   // a child that cannot be written does not fail its parent
 
-  constexpr ZtField(ZtPlace p, ZtValue v, e_XmlStrRef n, ZtMember m,
+  constexpr ZtField(ZtPlace p, ZtValue v, ZtNameId n, ZtMember m,
                     ZtFieldDetail d = ZtFieldDetail())
       : member(m), detail(d), name(n), place(p), value(v) {}
 
@@ -119,9 +122,10 @@ struct ZtField {
     field.lenient = true;
     return field;
   }
-  constexpr ZtField Note(const char* text) const {
+  constexpr ZtField Note(const char* text, int level = 2) const {
     ZtField field = *this;
     field.line = text;
+    field.lineLevel = static_cast<std::uint8_t>(level);
     return field;
   }
 
@@ -142,44 +146,49 @@ constexpr ZtMember At(M D::*member) {
 }
 
 template <class D>
-constexpr ZtField Attribute(e_XmlStrRef name, ZtText D::*m) {
+constexpr ZtField Attribute(ZtNameId name, ZtText D::*m) {
   return {ZtPlace::kAttribute, ZtValue::kText, name, At(m)};
 }
 template <class D>
-constexpr ZtField Attribute(e_XmlStrRef name, unsigned D::*m) {
+constexpr ZtField Attribute(ZtNameId name, unsigned D::*m) {
   return {ZtPlace::kAttribute, ZtValue::kNumber, name, At(m)};
 }
 template <class D>
-constexpr ZtField Attribute(e_XmlStrRef name, unsigned long long D::*m) {
+constexpr ZtField Attribute(ZtNameId name, unsigned long long D::*m) {
   return {ZtPlace::kAttribute, ZtValue::kNumber64, name, At(m)};
 }
 template <class D>
-constexpr ZtField Attribute(e_XmlStrRef name, unsigned D::*m, const ZtEnumTable& values) {
+constexpr ZtField Attribute(ZtNameId name, unsigned D::*m, const ZtEnumTable& values) {
   return {ZtPlace::kAttribute, ZtValue::kEnum, name, At(m), ZtFieldDetail(&values)};
 }
 template <class D>
-constexpr ZtField TextElement(e_XmlStrRef name, ZtText D::*m) {
+constexpr ZtField TextElement(ZtNameId name, ZtText D::*m) {
   return {ZtPlace::kTextElement, ZtValue::kText, name, At(m)};
 }
 template <class D>
-constexpr ZtField TextElement(e_XmlStrRef name, unsigned D::*m) {
+constexpr ZtField TextElement(ZtNameId name, unsigned D::*m) {
   return {ZtPlace::kTextElement, ZtValue::kNumber, name, At(m)};
 }
 template <class D>
-constexpr ZtField TextElement(e_XmlStrRef name, unsigned D::*m, const ZtEnumTable& values) {
+constexpr ZtField TextElement(ZtNameId name, unsigned D::*m, const ZtEnumTable& values) {
   return {ZtPlace::kTextElement, ZtValue::kEnum, name, At(m), ZtFieldDetail(&values)};
+}
+// A repeated text element; the list holds zt_string.
+template <class D>
+constexpr ZtField TextElements(ZtNameId name, ZtChildList D::*m) {
+  return {ZtPlace::kTextElements, ZtValue::kText, name, At(m)};
 }
 // The element's own text; `name` is the element's.
 template <class D>
-constexpr ZtField OwnText(e_XmlStrRef name, ZtText D::*m) {
+constexpr ZtField OwnText(ZtNameId name, ZtText D::*m) {
   return {ZtPlace::kOwnText, ZtValue::kText, name, At(m)};
 }
 template <class D>
-constexpr ZtField Child(e_XmlStrRef name, ZtChild D::*m, const ZtElementType& type) {
+constexpr ZtField Child(ZtNameId name, ZtChild D::*m, const ZtElementType& type) {
   return {ZtPlace::kChild, ZtValue::kObject, name, At(m), ZtFieldDetail(&type)};
 }
 template <class D>
-constexpr ZtField Children(e_XmlStrRef name, ZtChildList D::*m, const ZtElementType& type) {
+constexpr ZtField Children(ZtNameId name, ZtChildList D::*m, const ZtElementType& type) {
   return {ZtPlace::kChildren, ZtValue::kObject, name, At(m), ZtFieldDetail(&type)};
 }
 // Kept and not written; the row's note is logged instead when there is such a list.
@@ -242,10 +251,12 @@ struct ZtFamily {
   ZtUnknown unknownAttribute;
 };
 
-// A namespace declaration: xmlns="uri", or xmlns:prefix="uri" unless the prefix is ZT_NULL.
-struct ZtNamespace {
-  e_XmlStrRef uri;
-  e_XmlStrRef prefix;
+// An attribute that an element always carries: name="value", or name:suffix="value" unless the
+// suffix is ZT_NULL. Mostly a namespace declaration.
+struct ZtFixedAttribute {
+  e_XmlStrRef value;
+  e_XmlStrRef suffix;
+  e_XmlStrRef name = XML_STR_XMLNS;
 };
 
 enum class ZtOutcome : unsigned char {
@@ -259,6 +270,16 @@ inline int ZtHookResult(ZtOutcome outcome) {
   return outcome == ZtOutcome::kAccepted || outcome == ZtOutcome::kAdopted;
 }
 
+class ZtElementWriter;
+
+// Hooks are asked before the rows; false leaves the matter to them. A write hook replaces the
+// writing of the element between the entry line and the result.
+using ZtAttributeHook = bool (*)(XMLElement& self, const char* name, const char* value,
+                                 ZtOutcome& outcome);
+using ZtChildHook = bool (*)(XMLElement& self, const char* name, const char* value,
+                             XMLElement* child, ZtOutcome& outcome);
+using ZtWriteHook = int (*)(ZtElementWriter& writer, XMLElement& self, const ZtElementType& type);
+
 struct ZtElementType {
   const char* className;
   const char* label;
@@ -267,17 +288,21 @@ struct ZtElementType {
   const ZtField* fields = nullptr;
   const ZtHookLines* lines = nullptr;       // instead of the family's
   const char* unknownElement = nullptr;     // instead of the family's
-  const ZtNamespace* namespaces = nullptr;  // declared by the element's start tag
+  const ZtFixedAttribute* fixed = nullptr;  // attributes that its start tag always carries
   const char* writer = nullptr;             // the name its writer logs
-  // Last resort for attributes that no row can describe; asked before the rows.
-  ZtOutcome (*attributeHook)(XMLElement& self, const char* name, const char* value) = nullptr;
-  e_XmlStrRef tag = XML_STR_ZT_NULL;
+  // The last resort, for what no row can say.
+  ZtAttributeHook attributeHook = nullptr;
+  ZtChildHook childHook = nullptr;
+  ZtWriteHook writeHook = nullptr;
+  ZtNameId tag = XML_STR_ZT_NULL;        // unless its parent's row names it
+  e_XmlStrRef prefix = XML_STR_ZT_NULL;  // written with it and all that is in it
   std::uint8_t fieldCount = 0;
-  std::uint8_t namespaceCount = 0;
+  std::uint8_t fixedCount = 0;
   bool root = false;
   bool selfClosing = false;
   const char* absentFlag = nullptr;  // a flag element that is not present fails with this line
   ZtUnknown unknownChild = ZtUnknown::kIgnore;
+  ZtUnknown unknownAttribute = ZtUnknown::kIgnore;  // or what the family says
 
   template <std::size_t N>
   constexpr ZtElementType Fields(const ZtField (&rows)[N]) const {
@@ -286,17 +311,19 @@ struct ZtElementType {
     type.fieldCount = N;
     return type;
   }
-  constexpr ZtElementType Writer(e_XmlStrRef element, const char* name) const {
+  constexpr ZtElementType Writer(ZtNameId element, const char* name,
+                                 e_XmlStrRef withPrefix = XML_STR_ZT_NULL) const {
     ZtElementType type = *this;
     type.tag = element;
     type.writer = name;
+    type.prefix = withPrefix;
     return type;
   }
   template <std::size_t N>
-  constexpr ZtElementType Declares(const ZtNamespace (&declared)[N]) const {
+  constexpr ZtElementType Declares(const ZtFixedAttribute (&attributes)[N]) const {
     ZtElementType type = *this;
-    type.namespaces = declared;
-    type.namespaceCount = N;
+    type.fixed = attributes;
+    type.fixedCount = N;
     return type;
   }
   constexpr ZtElementType Lines(const ZtHookLines& own) const {
@@ -314,6 +341,11 @@ struct ZtElementType {
     type.unknownChild = ZtUnknown::kRefuse;
     return type;
   }
+  constexpr ZtElementType RefusesUnknownAttributes() const {
+    ZtElementType type = *this;
+    type.unknownAttribute = ZtUnknown::kRefuse;
+    return type;
+  }
   constexpr ZtElementType Root() const {
     ZtElementType type = *this;
     type.root = true;
@@ -324,10 +356,12 @@ struct ZtElementType {
     type.selfClosing = true;
     return type;
   }
-  constexpr ZtElementType AttributeHook(ZtOutcome (*hook)(XMLElement&, const char*,
-                                                          const char*)) const {
+  constexpr ZtElementType Hooks(ZtAttributeHook onAttribute, ZtChildHook onChild,
+                                ZtWriteHook onWrite) const {
     ZtElementType type = *this;
-    type.attributeHook = hook;
+    type.attributeHook = onAttribute;
+    type.childHook = onChild;
+    type.writeHook = onWrite;
     return type;
   }
 
@@ -352,12 +386,6 @@ constexpr ZtElementType ZtFlagOf(const ZtFamily& family, const char* writer,
 }
 
 // ---- Reading ------------------------------------------------------------------------------------
-
-inline const char* ZtName(e_XmlStrRef id) {
-  return zt_xml_common_array_definition::getStringName(id);
-}
-// Whether `text` of `size` bytes is the name `id`.
-bool ZtNameIs(e_XmlStrRef id, const char* text, std::size_t size);
 
 // What ProcessUnMarshall and ProcessUnMarshallAttribute do for an object of `type`, with the
 // outcome told more finely than by their results.

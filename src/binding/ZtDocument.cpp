@@ -67,8 +67,8 @@ XMLElement* ZtUnMarshaller::Read(const char* xml) const {
     // The parser copies what it is given.
     done = parser->Decode(const_cast<char*>(xml), static_cast<int>(size)) == ZT_XML_SUCCESS &&
            !decoder->OutOfMemory();
-    root = static_cast<XMLObject*>(decoder->GetSessionData());
   }
+  if (decoder) root = static_cast<XMLObject*>(decoder->GetSessionData());
   const char* result = done ? document.lines.readDone : document.lines.readFailed;
   if (result) ZtLog(kZtLogTrace, document.source)(result);
   ZtRelease(decoder);
@@ -126,7 +126,7 @@ char* ZtMarshaller::Marshall(XMLElement* root) {
       m_pXml = __strdup(text + (document.dropsFirstNewline && *text == '\n'));
     }
     if (m_pXml) {
-      trace("<XML Module>: %s XML %s", document.marshaller, m_pXml);
+      trace(document.lines.written, document.marshaller, m_pXml);
     } else {
       trace(document.lines.writeFailed, document.marshaller, (*type)->writer);
     }

@@ -18,6 +18,8 @@ struct ZtDocumentLines {
   const char* nullRoot = nullptr;    // Marshall without a root
   const char* nullClass = nullptr;   // Marshall with a root that has no class name
   const char* rootChosen = nullptr;  // the root's writer has been found
+  // A document was written: the marshaller's name, the text.
+  const char* written = "<XML Module>: %s XML %s";
   // The root's writer failed: the marshaller's name, the writer's.
   const char* writeFailed = "<XML Module>: %s XML Failed!";
 };

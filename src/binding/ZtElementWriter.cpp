@@ -82,15 +82,16 @@ class ZtElementWriter::StartTag {
 
 namespace {
 
-// Whether `name` is one of the declarations that the element's start tag carries anyway.
-bool IsDeclared(const ZtElementType& type, const char* name) {
-  const std::size_t size = __strlen(ZtName(XML_STR_XMLNS));
-  if (__strncmp(name, ZtName(XML_STR_XMLNS), size) != 0) return false;
-  for (unsigned i = 0; i < type.namespaceCount; ++i) {
-    const e_XmlStrRef prefix = type.namespaces[i].prefix;
-    if (prefix == XML_STR_ZT_NULL
+// Whether `name` is one of the attributes that the element's start tag carries anyway.
+bool IsFixed(const ZtElementType& type, const char* name) {
+  for (unsigned i = 0; i < type.fixedCount; ++i) {
+    const char* own = ZtName(type.fixed[i].name);
+    const std::size_t size = __strlen(own);
+    if (__strncmp(name, own, size) != 0) continue;
+    const e_XmlStrRef suffix = type.fixed[i].suffix;
+    if (suffix == XML_STR_ZT_NULL
             ? !name[size]
-            : name[size] == ':' && __strcmp(name + size + 1, ZtName(prefix)) == 0) {
+            : name[size] == ':' && __strcmp(name + size + 1, ZtName(suffix)) == 0) {
       return true;
     }
   }
@@ -99,16 +100,18 @@ bool IsDeclared(const ZtElementType& type, const char* name) {
 
 }  // namespace
 
-int ZtElementWriter::Write(XMLElement* element, const ZtElementType& type, e_XmlStrRef prefix) {
+int ZtElementWriter::Write(XMLElement* element, const ZtElementType& type, e_XmlStrRef prefix,
+                           ZtNameId name) {
   ZtLog(kZtLogTrace, type.family->source)("<XML Module>: %s", type.writer);
   // A caller's list may hold anything: rows are applied to objects of their own type only.
   const char* className = element ? element->ClassName() : nullptr;
   if (!className || (className != type.className && __strcmp(className, type.className) != 0)) {
     return 0;
   }
-  const Prefix scope(*this, prefix);
+  const Prefix scope(*this, prefix == XML_STR_ZT_NULL ? type.prefix : prefix);
+  if (type.writeHook) return type.writeHook(*this, *element, type);
   if (type.absentFlag) return WriteFlag(static_cast<zt_empty_element_type&>(*element), type);
-  return WriteContent(*element, type);
+  return WriteByRows(*element, type, name.IsNone() ? type.tag : name);
 }
 
 int ZtElementWriter::WriteFlag(const zt_empty_element_type& flag, const ZtElementType& type) {
@@ -120,31 +123,30 @@ int ZtElementWriter::WriteFlag(const zt_empty_element_type& flag, const ZtElemen
   return 1;
 }
 
-int ZtElementWriter::WriteContent(XMLElement& element, const ZtElementType& type) {
-  if (!WriteStartTag(element, type)) return 0;
+int ZtElementWriter::WriteByRows(XMLElement& element, const ZtElementType& type, ZtNameId name) {
+  if (!WriteStartTag(element, type, name)) return 0;
   if (type.selfClosing) return 1;
   for (const ZtField& field : type) {
     if (!field.IsAttribute() && !WriteField(element, type, field)) return 0;
   }
-  m_Writer.ztEndXmlElement(ZtName(type.tag));
+  m_Writer.ztEndXmlElement(ZtName(name));
   return 1;
 }
 
-bool ZtElementWriter::WriteStartTag(const XMLElement& element, const ZtElementType& type) {
-  StartTag tag(m_Writer, ZtName(type.tag));
-  for (unsigned i = 0; i < type.namespaceCount; ++i) {
-    const ZtNamespace& declared = type.namespaces[i];
-    tag.Add(ZtName(XML_STR_XMLNS), ZtName(declared.uri),
-            declared.prefix == XML_STR_ZT_NULL ? nullptr : ZtName(declared.prefix));
+bool ZtElementWriter::WriteStartTag(const XMLElement& element, const ZtElementType& type,
+                                    ZtNameId name) {
+  StartTag tag(m_Writer, ZtName(name));
+  for (unsigned i = 0; i < type.fixedCount; ++i) {
+    const ZtFixedAttribute& fixed = type.fixed[i];
+    tag.Add(ZtName(fixed.name), ZtName(fixed.value),
+            fixed.suffix == XML_STR_ZT_NULL ? nullptr : ZtName(fixed.suffix));
   }
   for (const ZtField& field : type) {
     if (field.place == ZtPlace::kOtherAttributes) WriteOtherAttributes(element, type, field, tag);
     if (field.place != ZtPlace::kAttribute) continue;
     const char* text = ZtFieldText(element, field, tag.Buffer());
-    if (!text && field.required) {
-      ZtLog(field.lineLevel, type.family->source)(field.line);
-      return false;
-    }
+    if (!text && field.line) ZtLog(field.lineLevel, type.family->source)(field.line);
+    if (!text && field.required) return false;
     if (text || field.always) tag.Add(ZtName(field.name), text);
   }
   tag.Close(type.selfClosing);
@@ -157,9 +159,15 @@ void ZtElementWriter::WriteOtherAttributes(const XMLElement& element, const ZtEl
   for (ZtListNode* node = (element.*field.member.attributes).Head(); node; node = node->next) {
     const auto* pair = zt_AttributeValuePair::From(static_cast<XMLAttribute*>(node->data));
     const char* name = pair ? pair->getName() : nullptr;
-    if (!name || !*name || ZtFindAttribute(type, name) || IsDeclared(type, name)) continue;
+    if (!name || !*name || ZtFindAttribute(type, name) || IsFixed(type, name)) continue;
     tag.Add(name, pair->getValue());
   }
+}
+
+void ZtElementWriter::WriteText(ZtNameId name, const char* text) {
+  m_Writer.ztStartElement(ZtName(name), 0);
+  m_Writer.ztXmlSetData(text);
+  m_Writer.ztEndXmlElement(ZtName(name));
 }
 
 bool ZtElementWriter::WriteField(const XMLElement& element, const ZtElementType& type,
@@ -168,27 +176,34 @@ bool ZtElementWriter::WriteField(const XMLElement& element, const ZtElementType&
     case ZtPlace::kTextElement: {
       char buffer[kZtNumberSize];
       const char* text = ZtFieldText(element, field, buffer);
-      if (!text) return true;
-      m_Writer.ztStartElement(ZtName(field.name), 0);
-      m_Writer.ztXmlSetData(text);
-      m_Writer.ztEndXmlElement(ZtName(field.name));
-      return true;
+      if (text || field.always) WriteText(field.name, text);
+      if (!text && field.line) ZtLog(field.lineLevel, type.family->source)(field.line);
+      return text || !field.required;
     }
+    case ZtPlace::kTextElements:
+      for (ZtListNode* node = (element.*field.member.children).Head(); node; node = node->next) {
+        const auto* text = zt_string::From(static_cast<XMLElement*>(node->data));
+        if (text && text->getValue()) WriteText(field.name, text->getValue());
+      }
+      return true;
     case ZtPlace::kOwnText:
       m_Writer.ztXmlSetData((element.*field.member.text).Get());
       return true;
     case ZtPlace::kChild: {
       XMLElement* child = (element.*field.member.child).Get();
-      return !child || WriteChild(child, type, field, *field.detail.type, XML_STR_ZT_NULL);
+      return !child || WriteChild(child, 0, type, field, {field.detail.type, XML_STR_ZT_NULL});
     }
-    case ZtPlace::kChildren:
+    case ZtPlace::kChildren: {
+      int index = 0;
       for (ZtListNode* node = (element.*field.member.children).Head(); node; node = node->next) {
         auto* child = static_cast<XMLElement*>(node->data);
-        if (child && !WriteChild(child, type, field, *field.detail.type, XML_STR_ZT_NULL)) {
+        if (child && !WriteChild(child, index, type, field, {field.detail.type, XML_STR_ZT_NULL})) {
           return false;
         }
+        ++index;
       }
       return true;
+    }
     case ZtPlace::kOtherChildren:
       return WriteOthers(element, type, field);
     default:
@@ -196,18 +211,24 @@ bool ZtElementWriter::WriteField(const XMLElement& element, const ZtElementType&
   }
 }
 
-bool ZtElementWriter::WriteChild(XMLElement* child, const ZtElementType& type, const ZtField& field,
-                                 const ZtElementType& childType, e_XmlStrRef prefix) {
-  if (Write(child, childType, prefix) != 0 || field.lenient) return true;
-  ZtLog(kZtLogTrace, type.family->source)(type.family->childFailed, childType.writer);
-  return false;
+// Whether the parent may go on. The child stands under its row's name, if that has one.
+bool ZtElementWriter::WriteChild(XMLElement* child, int index, const ZtElementType& type,
+                                 const ZtField& field, const ZtWritable& as) {
+  if (Write(child, *as.type, as.prefix, field.name) != 0) return true;
+  if (field.line && field.HasName()) {
+    ZtLog(field.lineLevel, type.family->source)(field.line, index);
+  } else if (!field.lenient) {
+    ZtLog(kZtLogTrace, type.family->source)(type.family->childFailed, as.type->writer);
+  }
+  return field.lenient;
 }
 
 bool ZtElementWriter::WriteOthers(const XMLElement& element, const ZtElementType& type,
                                   const ZtField& field) {
   const ZtChildList& others = element.*field.member.children;
+  const ZtLog note(field.lineLevel, type.family->source);
   if (!field.detail.writables) {
-    if (others.Get() && field.line) ZtLog(kZtLogTrace, type.family->source)(field.line);
+    if (others.Get() && field.line) note(field.line);
     return true;
   }
   for (ZtListNode* node = others.Head(); node; node = node->next) {
@@ -217,9 +238,9 @@ bool ZtElementWriter::WriteOthers(const XMLElement& element, const ZtElementType
     const ZtWritable* writable = field.detail.writables;
     while (writable->type && __strcmp(writable->type->className, className) != 0) ++writable;
     if (writable->type) {
-      if (!WriteChild(child, type, field, *writable->type, writable->prefix)) return false;
+      if (!WriteChild(child, 0, type, field, *writable)) return false;
     } else if (field.line) {
-      ZtLog(kZtLogTrace, type.family->source)(field.line, className);
+      note(field.line, className);
     }
   }
   return true;

@@ -16,10 +16,15 @@ enum class ZtElementKind : std::uint8_t {
 // One name. Names that stand in no row are texts of their parent or unknown: they are offered
 // without an object at their start and their end, and what is inside them is skipped.
 struct ZtGrammarRow {
-  e_XmlStrRef name;
+  ZtNameId name;
   ZtElementKind kind;
   const ZtElementType* type;              // null for flags
   const ZtElementType* parent = nullptr;  // only inside an element of this type
+
+  // Whether its object is open between its start and its end.
+  constexpr bool IsOpened() const {
+    return kind != ZtElementKind::kFlag && kind != ZtElementKind::kEndBound;
+  }
 };
 
 // Intended: decoders keep the size of a name, with two bytes more, in 16 bits, so that names of
@@ -30,7 +35,8 @@ inline std::size_t ZtShortNameSize(const char* name) {
   return size < room ? size : room ? room - 1 : 0;
 }
 
-enum class ZtPrefixRule : std::uint8_t { kExact, kStrip, kRewrite };
+// What a decoder does with prefixes; a ZtNamespaceDecoder rewrites them instead.
+enum class ZtPrefixRule : std::uint8_t { kExact, kStrip };
 
 struct ZtGrammar {
   const char* decoder;   // class name for the logs

@@ -4,8 +4,6 @@
 
 namespace {
 
-constexpr char kSource[] = "src/XMLList";
-
 // Deletes what a list holds, each entry through the base that it was stored as, then the list.
 template <class Item>
 void ReleaseList(ZtSingleElementList* list) {
@@ -52,9 +50,9 @@ int ZtOwnedList<Item>::Set(ZtSingleElementList* list) {
 }
 
 template <class Item>
-int ZtOwnedList<Item>::Add(Item* item) {
+int ZtOwnedList<Item>::Add(Item* item, const char* source) {
   if (!item) return 0;
-  if (!m_pList) m_pList = ZtCreate<ZtSingleElementList>(kSource);
+  if (!m_pList) m_pList = ZtCreate<ZtSingleElementList>(source);
   return m_pList ? m_pList->Add(item) : 0;
 }
 

@@ -35,7 +35,10 @@ bool ZtNamespaceBindings::Append(const char* prefix, const char* alias, const ch
 }
 
 bool ZtNamespaceBindings::Apply(XMLObject* binder) {
-  if (!binder || __strcmp(binder->ClassName(), "zt_schema_namespace_retrieval") != 0) return true;
+  const char* className = binder ? binder->ClassName() : nullptr;
+  if (!className || __strcmp(className, zt_schema_namespace_retrieval::kType.className) != 0) {
+    return true;
+  }
   for (ZtNamespaceBinding* at = m_pFirst; at; at = at->next) at->given = false;
   ZtSingleElementList* pairs =
       static_cast<zt_schema_namespace_retrieval*>(binder)->getNameSpaceInfo();
@@ -84,13 +87,15 @@ int ZtNamespaceDecoder::XMLChangeNamespaceTag(char* name) {
   }
   if (!at || !at->prefix.Get() || !*at->prefix.Get()) {
     const std::size_t size = __strlen(name);
-    if (!ReservePassName(size, "XmlDecoder:: m_strDup: Malloc unable to allocate memory")) return 0;
+    if (!ReservePassName(2 * size, "XmlDecoder:: m_strDup: Malloc unable to allocate memory")) {
+      return 0;
+    }
     std::memcpy(m_PassName, name, size + 1);
     return 1;
   }
   const std::size_t ownSize = __strlen(at->prefix.Get());
   const auto restSize = static_cast<std::size_t>(name + shortSize - colon);  // with its colon
-  if (!ReservePassName(atEnd + ownSize + restSize, m_Grammar.noMemory)) return 0;
+  if (!ReservePassName(2 * (atEnd + ownSize + restSize), m_Grammar.noMemory)) return 0;
   char* to = m_PassName;
   if (atEnd) *to++ = '/';
   std::memcpy(to, at->prefix.Get(), ownSize);
@@ -106,9 +111,15 @@ char* ZtNamespaceDecoder::LocalName(char* name) {
   for (const ZtNamespaceBinding* at = m_Bindings.First(); at; at = at->next) {
     const std::size_t size = __strlen(at->prefix.Get());
     if (__strncmp(prefixed, at->prefix.Get(), size) != 0 || prefixed[size] != ':') continue;
-    if (!atEnd) return prefixed + size + 1;
-    prefixed[size] = '/';  // an end is known by its slash, which takes the colon's place
-    return prefixed + size;
+    char* local = prefixed + size + 1;
+    if (!atEnd) return local;
+    // An end is known by its slash: the name with it stands behind the pass name's NUL, for which
+    // XMLChangeNamespaceTag left room.
+    const std::size_t localSize = __strlen(local);
+    char* end = local + localSize + 1;
+    *end = '/';
+    std::memcpy(end + 1, local, localSize + 1);
+    return end;
   }
   return m_PassName;
 }

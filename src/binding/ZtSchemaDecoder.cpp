@@ -47,11 +47,8 @@ int ZtSchemaDecoder::ProcessElement(char* name, char* value) {
     return -1;
   }
   const Open current = {static_cast<XMLElement*>(m_Stack.top()), CurrentType()};
-  if (skipped) {
-    EndSkipped(current, local, value);
-  } else if (atEnd) {
-    End(current, local, value);
-    m_Started = Open();
+  if (atEnd) {
+    End(current, local, value, skipped);
   } else if (!Start(current, local)) {
     m_iSkipped = 1;
   }
@@ -110,15 +107,14 @@ bool ZtSchemaDecoder::StartChild(const Open& current, const ZtGrammarRow& row, c
   return false;
 }
 
-void ZtSchemaDecoder::End(const Open& current, char* name, char* value) {
+// The end of an element; `skipped` for one that has no object of its own on the stack.
+void ZtSchemaDecoder::End(const Open& current, char* name, char* value, bool skipped) {
   const ZtGrammarRow* row = FindEnd(name + 1);
-  if (row && row->kind == ZtElementKind::kRoot) {
-    Pop();
-    return;
-  }
   const bool takesText = row && row->kind == ZtElementKind::kTextBearing;
-  if (!row || row->kind == ZtElementKind::kFlag || row->kind == ZtElementKind::kEndBound) {
-    EndSkipped(current, name, value);  // only a caller that reports ends without starts comes here
+  if (skipped || !row || !row->IsOpened()) {
+    if (value) OfferEnd(current, row, name, value);
+  } else if (row->kind == ZtElementKind::kRoot) {
+    Pop();
   } else if (row->kind == ZtElementKind::kExtension) {
     ProcessAnyElement(name, value);
     Offer(current, name, value, nullptr);
@@ -130,16 +126,16 @@ void ZtSchemaDecoder::End(const Open& current, char* name, char* value) {
     if (takesText) Offer(current, name, value, nullptr);
     Pop();
   }
+  m_Started = Open();
 }
 
-// The end of a text, an unknown or refused element, or a child that is made here.
-void ZtSchemaDecoder::EndSkipped(const Open& current, char* name, char* value) {
-  if (!current.object || !value) return;
-  const ZtGrammarRow* row = FindEnd(name + 1);
+// Offers the text of an element, with the object that is made at its end if it has one.
+void ZtSchemaDecoder::OfferEnd(const Open& current, const ZtGrammarRow* row, char* name,
+                               char* value) {
+  if (!current.object) return;
   XMLElement* child = nullptr;
   if (row && row->kind == ZtElementKind::kEndBound) {
     child = Make(*row->type);
-    m_Started = Open();  // its attributes went by before it was made
     if (!child) return;
   }
   if (Offer(current, name, value, child) != ZtOutcome::kAdopted) ZtRelease(child);
@@ -174,7 +170,7 @@ int ZtSchemaDecoder::ProcessAttribute(char* element, char* name, char* value) {
                                          m_Grammar.decoder);
     return -1;
   }
-  if (m_Stack.empty() || !m_Started.object || !*name || m_bOutOfMemory) return 0;
+  if (!m_Stack.top() || !m_Started.object || !*name || m_bOutOfMemory) return 0;
   zt_AttributeValuePair* pair = nullptr;
   if (!ZtFindAttribute(*m_Started.type, name)) {
     pair = MakePair(name, value);
@@ -252,7 +248,7 @@ void ZtSchemaDecoder::Pop() {
 const ZtGrammarRow* ZtSchemaDecoder::FindStart(const char* name) const {
   const std::size_t size = __strlen(name);
   for (const ZtGrammarRow& row : m_Grammar) {
-    if (ZtNameIs(row.name, name, size) && (!row.parent || row.parent == CurrentType())) return &row;
+    if (row.name.Is(name, size) && (!row.parent || row.parent == CurrentType())) return &row;
   }
   return nullptr;
 }
@@ -263,7 +259,7 @@ const ZtGrammarRow* ZtSchemaDecoder::FindEnd(const char* name) const {
   const std::size_t size = __strlen(name);
   const ZtGrammarRow* found = nullptr;
   for (const ZtGrammarRow& row : m_Grammar) {
-    if (!ZtNameIs(row.name, name, size)) continue;
+    if (!row.name.Is(name, size)) continue;
     if (row.kind == ZtElementKind::kEndBound) {
       if (!row.parent || row.parent == CurrentType()) return &row;
       continue;
