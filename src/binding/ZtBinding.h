@@ -96,8 +96,7 @@ struct ZtField {
   bool atEnd = false;     // a child that is made and offered at its end tag
   bool lenient = false;   // a child that cannot be written does not fail its parent
 
-  constexpr ZtField(ZtPlace p, ZtValue v, ZtNameId n, ZtMember m,
-                    ZtFieldDetail d = ZtFieldDetail())
+  constexpr ZtField(ZtPlace p, ZtValue v, ZtNameId n, ZtMember m, ZtFieldDetail d = ZtFieldDetail())
       : member(m), detail(d), name(n), place(p), value(v) {}
 
   constexpr ZtField Required(const char* missing, int level) const {
