@@ -4,7 +4,6 @@
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <string>
-#include <sys/stat.h>
 #include <unistd.h>
 
 #include "TestSupport.h"
@@ -17,7 +16,7 @@ class HostFiles : public testing::Test {
   void SetUp() override { ASSERT_NE(mkdtemp(directory_.data()), nullptr); }
   void TearDown() override {
     ztDplIODeviceClose(&device_);
-    for (const char* name : {"/file", "/fifo", ""}) std::remove((directory_ + name).c_str());
+    for (const char* name : {"/file", ""}) std::remove((directory_ + name).c_str());
   }
   int Open(const std::string& name, int flags) {
     return ztDplIODeviceOpen(&device_, (directory_ + name).c_str(), flags, 0);
@@ -45,25 +44,6 @@ TEST_F(HostFiles, FlagsDecideWhatIsCreatedTruncatedAndKept) {
   EXPECT_EQ(device_.info.size, 0);
   EXPECT_EQ(Open("/file", 2), EINVAL);
   EXPECT_EQ(device_.pSpecificInfo, nullptr);
-}
-
-TEST_F(HostFiles, OnlyRegularFilesOpenAndNothingBlocks) {
-  ASSERT_EQ(mkfifo((directory_ + "/fifo").c_str(), 0600), 0);
-  for (const int flags : {3, 4, 5}) {
-    EXPECT_EQ(Open("", flags), EISDIR);
-    EXPECT_NE(Open("/fifo", flags), 0);
-    EXPECT_NE(ztDplIODeviceOpen(&device_, "/dev/null", flags, 0), 0);
-  }
-}
-
-TEST_F(HostFiles, OpeningTwiceReleasesTheFirstDescriptor) {
-  ASSERT_EQ(Open("/file", 4), 0);
-  const std::intptr_t first = device_.handle;
-  ASSERT_EQ(Open("/file", 3), 0);
-  EXPECT_EQ(device_.handle, first);  // the kernel hands out the lowest free number
-  EXPECT_NE(Open("/none", 3), 0);    // the old file is closed all the same
-  char byte = 0;
-  EXPECT_EQ(ztDplIODeviceRead(&device_, &byte, 1, &count_), EBADF);
 }
 
 TEST_F(HostFiles, ClosingWhatIsNotOpenLeavesStandardInputOpen) {

@@ -52,8 +52,13 @@ int ZtOwnedList<Item>::Set(ZtSingleElementList* list) {
 template <class Item>
 int ZtOwnedList<Item>::Add(Item* item, const char* source) {
   if (!item) return 0;
-  if (!m_pList) m_pList = ZtCreate<ZtSingleElementList>(source);
-  return m_pList ? m_pList->Add(item) : 0;
+  ZtSingleElementList* list = m_pList ? m_pList : ZtCreate<ZtSingleElementList>(source);
+  if (!list || !list->Add(item)) {
+    if (list != m_pList) ZtRelease(list);
+    return 0;
+  }
+  m_pList = list;
+  return 1;
 }
 
 template class ZtOwnedList<XMLElement>;
