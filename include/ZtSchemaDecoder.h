@@ -39,8 +39,9 @@ class ZT_API ZtSchemaDecoder : public XmlDecoderSchema {
   /// The name last normalised (borrowed), or null.
   const char* PassName() const { return m_PassName; }
 
-  /// Whether something was lost for want of memory: the tree is not to be used then.
-  bool OutOfMemory() const { return m_bOutOfMemory; }
+  /// Whether the tree is not to be used: something was lost for want of memory, or a start tag's
+  /// name began with a slash.
+  bool Failed() const { return m_bFailed; }
 
  protected:
   explicit ZtSchemaDecoder(const ZtGrammar& grammar);
@@ -55,7 +56,7 @@ class ZT_API ZtSchemaDecoder : public XmlDecoderSchema {
   char* m_PassName;  // owned
   XmlCodeGenStack m_Stack;
   const ZtGrammar& m_Grammar;
-  bool m_bOutOfMemory;
+  bool m_bFailed;
 
  private:
   struct Open {  // an object and its type, null when there is none

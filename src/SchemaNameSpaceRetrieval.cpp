@@ -13,15 +13,15 @@ constexpr ZtGrammar kGrammar("XMLSchemaNamespaceRetrievalDecoder", kSource, null
 XMLSchemaNamespaceRetrievalDecoder::XMLSchemaNamespaceRetrievalDecoder()
     : ZtSchemaDecoder(kGrammar) {
   m_pRoot = ZtCreate<zt_schema_namespace_retrieval>(kSource, kRootLine);
-  if (!m_pRoot) m_bOutOfMemory = true;
+  if (!m_pRoot) m_bFailed = true;
 }
 
 int XMLSchemaNamespaceRetrievalDecoder::ProcessElement(char* name, char*) { return name ? 0 : -1; }
 
 int XMLSchemaNamespaceRetrievalDecoder::ProcessAttribute(char* element, char* name, char* value) {
   if (!element || !name) return -1;
-  if (!m_pRoot || m_bOutOfMemory) return 0;
+  if (!m_pRoot || m_bFailed) return 0;
   // What does not begin with "xmlns" is accepted and ignored; the only refusal is a lack of memory.
-  if (!m_pRoot->ProcessUnMarshallAttribute(name, value, nullptr)) m_bOutOfMemory = true;
+  if (!m_pRoot->ProcessUnMarshallAttribute(name, value, nullptr)) m_bFailed = true;
   return 0;
 }

@@ -140,7 +140,7 @@ Tree<List> Parse(ZtSchemaDecoder& decoder, std::string text) {
   parser.SetSchema(&decoder);
   const int result = parser.Decode(text.data(), static_cast<int>(text.size()));
   Tree<List> root(static_cast<List*>(static_cast<XMLObject*>(decoder.GetSessionData())));
-  if (result != ZT_XML_SUCCESS || decoder.OutOfMemory()) root.reset();
+  if (result != ZT_XML_SUCCESS || decoder.Failed()) root.reset();
   return root;
 }
 Tree<List> Parse(const std::string& text, const ZtGrammar& grammar = kStrip) {

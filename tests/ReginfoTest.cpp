@@ -166,9 +166,10 @@ TEST(Reginfo, TreeTellsWhatTheDocumentSays) {
 
 TEST(Reginfo, NullForWhatIsNoReginfo) {
   Schema schema(XML_SCHEMA_REGINFO);
-  for (const char* text : {"<x><reginfo state='full'/></x>", "<reginfo><registration></reginfo>",
-                           "<reginfo state='full'><registration aor='a'>", "<Reginfo/>", "", "text",
-                           "<reginfo a=b/>", "<registration aor='a'/>"}) {
+  for (const char* text :
+       {"<x><reginfo state='full'/></x>", "<reginfo><registration></reginfo>",
+        "<reginfo state='full'><registration aor='a'>", "<Reginfo/>", "", "text", "<reginfo a=b/>",
+        "<registration aor='a'/>", "<reginfo state='full'>< /reginfo><//reginfo></reginfo>"}) {
     EXPECT_FALSE(schema.Read<zt_reginfo>(text)) << text;
   }
   // A second root replaces the first, whose elements may still be open.

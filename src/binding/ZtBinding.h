@@ -61,7 +61,8 @@ enum class ZtPlace : std::uint8_t {
 
 enum class ZtValue : std::uint8_t { kObject, kText, kNumber, kNumber64, kEnum };
 
-// A type that may stand in a list of mixed children, and the prefix that it is written with.
+// A type that may stand in a list of mixed children, and the prefix that it is written with. A
+// table of these ends with a null type.
 struct ZtWritable {
   const ZtElementType* type;
   e_XmlStrRef prefix;  // XML_STR_ZT_NULL for the type's own
@@ -136,7 +137,8 @@ struct ZtField {
   }
 };
 
-// Builders of rows; `ztrow::` because the types' members hide short names.
+// Builders of rows, by the kind of the member. They are qualified because the types' members hide
+// short names.
 namespace ztrow {
 
 template <class M, class D>
@@ -201,6 +203,7 @@ constexpr ZtField OtherChildren(ZtChildList D::*m, const ZtWritable* writables) 
   return {ZtPlace::kOtherChildren, ZtValue::kObject, XML_STR_ZT_NULL, At(m),
           ZtFieldDetail(writables)};
 }
+// Kept, and written back in the order received.
 template <class D>
 constexpr ZtField OtherAttributes(ZtAttributeList D::*m) {
   return {ZtPlace::kOtherAttributes, ZtValue::kObject, XML_STR_ZT_NULL, At(m)};
@@ -289,6 +292,7 @@ struct ZtElementType {
   const char* unknownElement = nullptr;     // instead of the family's
   const ZtFixedAttribute* fixed = nullptr;  // attributes that its start tag always carries
   const char* writer = nullptr;             // the name its writer logs
+  const char* absentFlag = nullptr;         // of a flag: its line when it is not present
   // The last resort, for what no row can say.
   ZtAttributeHook attributeHook = nullptr;
   ZtChildHook childHook = nullptr;
@@ -299,7 +303,6 @@ struct ZtElementType {
   std::uint8_t fixedCount = 0;
   bool root = false;
   bool selfClosing = false;
-  const char* absentFlag = nullptr;  // a flag element that is not present fails with this line
   ZtUnknown unknownChild = ZtUnknown::kIgnore;
   ZtUnknown unknownAttribute = ZtUnknown::kIgnore;  // or what the family says
 

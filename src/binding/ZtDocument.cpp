@@ -66,7 +66,7 @@ XMLElement* ZtUnMarshaller::Read(const char* xml) const {
     parser->SetSchema(decoder);
     // The parser copies what it is given.
     done = parser->Decode(const_cast<char*>(xml), static_cast<int>(size)) == ZT_XML_SUCCESS &&
-           !decoder->OutOfMemory();
+           !decoder->Failed();
   }
   if (decoder) root = static_cast<XMLObject*>(decoder->GetSessionData());
   const char* result = done ? document.lines.readDone : document.lines.readFailed;

@@ -60,13 +60,13 @@ bool ZtNamespaceBindings::Apply(XMLObject* binder) {
 
 ZtNamespaceDecoder::ZtNamespaceDecoder(const ZtGrammar& grammar) : ZtSchemaDecoder(grammar) {
   if (m_Bindings.Complete()) return;
-  m_bOutOfMemory = true;
+  m_bFailed = true;
   ZtLog(kZtLogTrace, grammar.source)("%s :: %s: Malloc cannot allocate memory", grammar.decoder,
                                      grammar.decoder);
 }
 
 int ZtNamespaceDecoder::SetNameSpaceBinderInfo(XMLObject* binder) {
-  if (!m_Bindings.Apply(binder)) m_bOutOfMemory = true;
+  if (!m_Bindings.Apply(binder)) m_bFailed = true;
   return 1;
 }
 

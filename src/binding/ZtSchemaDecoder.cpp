@@ -12,7 +12,7 @@ ZtSchemaDecoder::ZtSchemaDecoder(const ZtGrammar& grammar)
     : m_pRoot(nullptr),
       m_PassName(nullptr),
       m_Grammar(grammar),
-      m_bOutOfMemory(false),
+      m_bFailed(false),
       m_iPassCapacity(0),
       m_iDropped(0),
       m_iSkipped(0),
@@ -21,7 +21,14 @@ ZtSchemaDecoder::ZtSchemaDecoder(const ZtGrammar& grammar)
 ZtSchemaDecoder::~ZtSchemaDecoder() { __free(m_PassName); }
 
 int ZtSchemaDecoder::ProcessReserved() { return 0; }
-int ZtSchemaDecoder::ProcessElementOpened(char*) { return 0; }
+
+// The parser lets `< /a>` pass as the start of an element "/a", which a decoder cannot tell from
+// the end of "a" until it is said to be open. Nothing sensible can come of such a document.
+int ZtSchemaDecoder::ProcessElementOpened(char* name) {
+  if (name && *name == '/') m_bFailed = true;
+  return 0;
+}
+
 void* ZtSchemaDecoder::GetSessionData() { return m_pRoot; }
 
 // ---- Elements -----------------------------------------------------------------------------------
@@ -32,7 +39,7 @@ int ZtSchemaDecoder::ProcessElement(char* name, char* value) {
                                          m_Grammar.decoder);
     return -1;
   }
-  if (m_bOutOfMemory) return -1;
+  if (m_bFailed) return -1;
   const bool atEnd = *name == '/';
   const bool skipped = m_iSkipped != 0;
   if (skipped) {
@@ -43,7 +50,7 @@ int ZtSchemaDecoder::ProcessElement(char* name, char* value) {
   if (!local) {
     ZtLog(kZtLogState, m_Grammar.source)("<XML Module>%s :: ProcessElement: m_PassName is NULL",
                                          m_Grammar.decoder);
-    m_bOutOfMemory = true;
+    m_bFailed = true;
     return -1;
   }
   const Open current = {static_cast<XMLElement*>(m_Stack.top()), CurrentType()};
@@ -77,7 +84,7 @@ bool ZtSchemaDecoder::Start(const Open& current, char* name) {
 // its objects may be open.
 void ZtSchemaDecoder::StartRoot(const ZtGrammarRow& row) {
   if (m_pRoot && !m_ReplacedRoots.Add(m_pRoot)) {
-    m_bOutOfMemory = true;
+    m_bFailed = true;
     return;
   }
   m_pRoot = static_cast<XMLObject*>(Make(*row.type));
@@ -170,7 +177,7 @@ int ZtSchemaDecoder::ProcessAttribute(char* element, char* name, char* value) {
                                          m_Grammar.decoder);
     return -1;
   }
-  if (!m_Stack.top() || !m_Started.object || !*name || m_bOutOfMemory) return 0;
+  if (!m_Stack.top() || !m_Started.object || !*name || m_bFailed) return 0;
   zt_AttributeValuePair* pair = nullptr;
   if (!ZtFindAttribute(*m_Started.type, name)) {
     pair = MakePair(name, value);
@@ -179,7 +186,7 @@ int ZtSchemaDecoder::ProcessAttribute(char* element, char* name, char* value) {
     return 0;
   }
   const ZtOutcome outcome = ZtOfferAttribute(*m_Started.object, *m_Started.type, name, value, pair);
-  if (outcome == ZtOutcome::kNoMemory) m_bOutOfMemory = true;
+  if (outcome == ZtOutcome::kNoMemory) m_bFailed = true;
   if (outcome != ZtOutcome::kAdopted) ZtRelease(pair);
   return 0;
 }
@@ -188,7 +195,7 @@ int ZtSchemaDecoder::ProcessAttribute(char* element, char* name, char* value) {
 
 XMLElement* ZtSchemaDecoder::Make(const ZtElementType& type) {
   XMLElement* object = type.maker.Create(m_Grammar.source);
-  if (!object) m_bOutOfMemory = true;
+  if (!object) m_bFailed = true;
   m_Started = {object, &type};
   return object;
 }
@@ -198,7 +205,7 @@ XMLElement* ZtSchemaDecoder::MakeFlag(const char* name) {
   auto* flag = ZtCreate<zt_empty_element_type>(m_Grammar.source);
   if (flag) flag->setValue(name);
   if (flag && flag->getValue()) return flag;
-  m_bOutOfMemory = true;
+  m_bFailed = true;
   ZtRelease(flag);
   return nullptr;
 }
@@ -210,7 +217,7 @@ zt_AttributeValuePair* ZtSchemaDecoder::MakePair(const char* name, const char* v
     pair->setValue(value);
     if (pair->getName() && (!value || pair->getValue())) return pair;
   }
-  m_bOutOfMemory = true;
+  m_bFailed = true;
   ZtRelease(pair);
   return nullptr;
 }
@@ -220,7 +227,7 @@ ZtOutcome ZtSchemaDecoder::Offer(const Open& parent, char* name, char* value, XM
   if (!parent.object || !parent.type) return ZtOutcome::kAccepted;
   const ZtOutcome outcome = ZtOfferChild(*parent.object, *parent.type, name, value, child);
   const bool textLost = outcome == ZtOutcome::kAdoptedNoMemory;
-  if (textLost || outcome == ZtOutcome::kNoMemory) m_bOutOfMemory = true;
+  if (textLost || outcome == ZtOutcome::kNoMemory) m_bFailed = true;
   return textLost ? ZtOutcome::kAdopted : outcome;
 }
 
