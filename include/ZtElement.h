@@ -8,8 +8,9 @@
 /// How the library reads and writes one type; opaque to callers.
 struct ZtElementType;
 
-/// An element whose type is bound by a table.
-class ZT_API ZtElement : public XMLElement {
+/// A type that is bound by a table; `Base` is XMLElement or XMLObject.
+template <class Base>
+class ZT_API ZtBound : public Base {
  public:
   const char* ClassName() const override;
   const char* BaseClassName() const override;
@@ -18,23 +19,20 @@ class ZT_API ZtElement : public XMLElement {
   int ProcessUnMarshall(char* name, char* value, XMLElement* child) final;
   int ProcessUnMarshallAttribute(char* name, char* value, XMLAttribute* attribute) final;
 
- private:
+ protected:
   virtual const ZtElementType& Type() const = 0;
 };
 
-/// The same for types that derive from XMLObject.
-class ZT_API ZtObject : public XMLObject {
- public:
-  const char* ClassName() const override;
-  const char* BaseClassName() const override;
-  const char* ElementName() const override;
-  int ReservedHook() override;
-  int ProcessUnMarshall(char* name, char* value, XMLElement* child) final;
-  int ProcessUnMarshallAttribute(char* name, char* value, XMLAttribute* attribute) final;
-  int IsRootElement() const override;
+extern template class ZtBound<XMLElement>;
+extern template class ZtBound<XMLObject>;
 
- private:
-  virtual const ZtElementType& Type() const = 0;
+/// A bound element.
+using ZtElement = ZtBound<XMLElement>;
+
+/// A bound element that derives from XMLObject.
+class ZT_API ZtObject : public ZtBound<XMLObject> {
+ public:
+  int IsRootElement() const override;
 };
 
 #endif  // ZTXML_INCLUDE_ZTELEMENT_H

@@ -1,6 +1,5 @@
 // Registration information and GRUU: documents in, trees, documents out.
 #include <algorithm>
-#include <functional>
 #include <gtest/gtest.h>
 #include <utility>
 
@@ -182,56 +181,55 @@ TEST(Reginfo, NullForWhatIsNoReginfo) {
 }
 
 TEST(Reginfo, HooksAnswerAndLog) {
-  char state[] = "state", foo[] = "foo", value[] = "active", registration[] = "registration",
-       contact[] = "contact", uri[] = "/uri", param[] = "/unknown-param";
   zt_reginfo root;
   zt_registration reg;
   zt_ns_reginfo_contact device;
   zt_unknown_param unknown;
   zt_pub_gruu gruu;
   zt_ns_gruuinfo_tempGruu nsGruu;
+  const std::string element = "::ProcessUnMarshall", attribute = element + "Attribute",
+                    cannot = " Cannot accommodate the ";
   const struct {
-    std::function<int()> call;
+    XMLElement& self;
+    const char* name;  // attributes begin with an '@'
+    XMLElement* child;
     int result;
-    const char* line;  // null: no line at all
+    std::string line;  // empty: no line at all
   } kCases[] = {
-      {[&] { return root.ProcessUnMarshall(nullptr, nullptr, nullptr); }, 1,
-       "zt_reginfo::ProcessUnMarshall n_strElement is NULL"},
-      {[&] { return root.ProcessUnMarshall(registration, nullptr, nullptr); }, 0,
-       "zt_reginfo::ProcessUnMarshall: n_Object is Null"},
-      {[&] { return root.ProcessUnMarshall(registration, nullptr, &device); }, 0,
-       "zt_reginfo::ProcessUnMarshall: pElementName is zt_ns_reginfo_contact while ClassName is "
-       "zt_registration"},
-      {[&] { return root.ProcessUnMarshall(foo, nullptr, nullptr); }, 1,
-       "zt_reginfo::ProcessUnMarshall Cannot accommodate the element foo"},
-      {[&] { return root.ProcessUnMarshallAttribute(foo, value, nullptr); }, 0,
-       "zt_reginfo::ProcessUnMarshallAttribute Cannot accommodate the attribute foo"},
-      {[&] { return reg.ProcessUnMarshall(contact, nullptr, &root); }, 0,
-       "zt_registration::ProcessUnMarshall: pElementName is zt_reginfo while ClassName is "
-       "zt_ns_reginfo_contact"},
-      {[&] { return reg.ProcessUnMarshallAttribute(nullptr, value, nullptr); }, 1,
-       "zt_registration::ProcessUnMarshallAttribute n_strAttribute is NULL"},
-      {[&] { return reg.ProcessUnMarshallAttribute(state, value, nullptr); }, 1, nullptr},
-      {[&] { return device.ProcessUnMarshall(foo, value, nullptr); }, 1,
-       "Cannot accommodate the element foo"},
-      {[&] { return device.ProcessUnMarshall(uri + 1, nullptr, nullptr); }, 1, nullptr},
-      {[&] { return device.ProcessUnMarshall(uri, nullptr, nullptr); }, 1, nullptr},
-      {[&] { return device.ProcessUnMarshall(uri, value, &gruu); }, 0, nullptr},
-      {[&] { return device.ProcessUnMarshall(uri, value, nullptr); }, 1, nullptr},
-      {[&] { return unknown.ProcessUnMarshall(param, value, nullptr); }, 1, nullptr},
-      {[&] { return unknown.ProcessUnMarshall(foo, nullptr, &gruu); }, 1,
-       "Cannot accommodate the element foo"},
-      {[&] { return gruu.ProcessUnMarshallAttribute(foo, value, nullptr); }, 0,
-       "<XML Module>: Any attribute is not allowed in class zt_pub_gruu"},
-      {[&] { return nsGruu.ProcessUnMarshallAttribute(foo, value, nullptr); }, 0,
+      {root, nullptr, nullptr, 1, "zt_reginfo" + element + " n_strElement is NULL"},
+      {root, "registration", nullptr, 0, "zt_reginfo" + element + ": n_Object is Null"},
+      {root, "registration", &device, 0,
+       "zt_reginfo" + element +
+           ": pElementName is zt_ns_reginfo_contact while ClassName is zt_registration"},
+      {root, "foo", nullptr, 1, "zt_reginfo" + element + cannot + "element foo"},
+      {root, "@foo", nullptr, 0, "zt_reginfo" + attribute + cannot + "attribute foo"},
+      {reg, "contact", &root, 0,
+       "zt_registration" + element +
+           ": pElementName is zt_reginfo while ClassName is zt_ns_reginfo_contact"},
+      {reg, "@state", nullptr, 1, ""},
+      {device, "foo", nullptr, 1, cannot.substr(1) + "element foo"},
+      {device, "uri", nullptr, 1, ""},
+      {device, "/uri", &gruu, 0, ""},
+      {device, "/uri", nullptr, 1, ""},
+      {unknown, "/unknown-param", nullptr, 1, ""},
+      {unknown, "foo", &gruu, 1, cannot.substr(1) + "element foo"},
+      {gruu, "@foo", nullptr, 0, "<XML Module>: Any attribute is not allowed in class zt_pub_gruu"},
+      {nsGruu, "@foo", nullptr, 0,
        "<XML Module>: Any attribute is not allowed in class zt_ns_gruuinfo_tempGruu"},
   };
   for (const auto& test : kCases) {
     LogCapture log;
-    EXPECT_EQ(test.call(), test.result) << (test.line ? test.line : "");
-    const auto texts = log.Texts();
-    EXPECT_EQ(texts, test.line ? std::vector<std::string>{test.line} : std::vector<std::string>{});
+    std::string name = test.name ? test.name : "", value = "active";
+    const int result = name[0] == '@'
+                           ? test.self.ProcessUnMarshallAttribute(&name[1], value.data(), nullptr)
+                           : test.self.ProcessUnMarshall(test.name ? name.data() : nullptr,
+                                                         value.data(), test.child);
+    EXPECT_EQ(result, test.result) << name << test.line;
+    EXPECT_EQ(log.Texts(), std::vector<std::string>(test.line.empty() ? 0 : 1, test.line));
   }
+  LogCapture log;
+  EXPECT_EQ(reg.ProcessUnMarshallAttribute(nullptr, nullptr, nullptr), 1);
+  EXPECT_TRUE(log.Has("zt_registration" + attribute + " n_strAttribute is NULL"));
   EXPECT_EQ(reg.getStateValue(), ZT_REGISTRATION_STATE_ACTIVE);
   EXPECT_STREQ(device.getUriValue(), "active");
   EXPECT_STREQ(unknown.getValueValue(), "active");

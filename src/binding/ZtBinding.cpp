@@ -1,6 +1,7 @@
 #include "binding/ZtBinding.h"
 
 #include <limits>
+#include <type_traits>
 
 #include "base/ZtLog.h"
 
@@ -239,29 +240,37 @@ const char* ZtFieldText(const XMLElement& self, const ZtField& field, char* buff
 
 // ---- The bases of the schema types --------------------------------------------------------------
 
-const char* ZtElement::ClassName() const { return Type().className; }
-const char* ZtElement::BaseClassName() const { return "XMLElement"; }
-const char* ZtElement::ElementName() const { return Type().label; }
-int ZtElement::ReservedHook() { return 0; }
+template <class Base>
+const char* ZtBound<Base>::ClassName() const {
+  return Type().className;
+}
 
-int ZtElement::ProcessUnMarshall(char* name, char* value, XMLElement* child) {
+template <class Base>
+const char* ZtBound<Base>::BaseClassName() const {
+  return std::is_same_v<Base, XMLObject> ? "XMLObject" : "XMLElement";
+}
+
+template <class Base>
+const char* ZtBound<Base>::ElementName() const {
+  return Type().label;
+}
+
+template <class Base>
+int ZtBound<Base>::ReservedHook() {
+  return 0;
+}
+
+template <class Base>
+int ZtBound<Base>::ProcessUnMarshall(char* name, char* value, XMLElement* child) {
   return ZtHookResult(ZtOfferChild(*this, Type(), name, value, child));
 }
 
-int ZtElement::ProcessUnMarshallAttribute(char* name, char* value, XMLAttribute* attribute) {
+template <class Base>
+int ZtBound<Base>::ProcessUnMarshallAttribute(char* name, char* value, XMLAttribute* attribute) {
   return ZtHookResult(ZtOfferAttribute(*this, Type(), name, value, attribute));
 }
 
-const char* ZtObject::ClassName() const { return Type().className; }
-const char* ZtObject::BaseClassName() const { return "XMLObject"; }
-const char* ZtObject::ElementName() const { return Type().label; }
-int ZtObject::ReservedHook() { return 0; }
+template class ZtBound<XMLElement>;
+template class ZtBound<XMLObject>;
+
 int ZtObject::IsRootElement() const { return Type().root ? 1 : 0; }
-
-int ZtObject::ProcessUnMarshall(char* name, char* value, XMLElement* child) {
-  return ZtHookResult(ZtOfferChild(*this, Type(), name, value, child));
-}
-
-int ZtObject::ProcessUnMarshallAttribute(char* name, char* value, XMLAttribute* attribute) {
-  return ZtHookResult(ZtOfferAttribute(*this, Type(), name, value, attribute));
-}

@@ -146,29 +146,22 @@ constexpr ZtMember At(M D::*member) {
   return ZtMember(static_cast<M XMLElement::*>(member));
 }
 
-template <class D>
-constexpr ZtField Attribute(ZtNameId name, ZtText D::*m) {
-  return {ZtPlace::kAttribute, ZtValue::kText, name, At(m)};
-}
-template <class D>
-constexpr ZtField Attribute(ZtNameId name, unsigned D::*m) {
-  return {ZtPlace::kAttribute, ZtValue::kNumber, name, At(m)};
-}
-template <class D>
-constexpr ZtField Attribute(ZtNameId name, unsigned long long D::*m) {
-  return {ZtPlace::kAttribute, ZtValue::kNumber64, name, At(m)};
+// What a scalar member holds.
+constexpr ZtValue ValueOf(ZtText XMLElement::*) { return ZtValue::kText; }
+constexpr ZtValue ValueOf(unsigned XMLElement::*) { return ZtValue::kNumber; }
+constexpr ZtValue ValueOf(unsigned long long XMLElement::*) { return ZtValue::kNumber64; }
+
+template <class M, class D>
+constexpr ZtField Attribute(ZtNameId name, M D::*m) {
+  return {ZtPlace::kAttribute, ValueOf(static_cast<M XMLElement::*>(m)), name, At(m)};
 }
 template <class D>
 constexpr ZtField Attribute(ZtNameId name, unsigned D::*m, const ZtEnumTable& values) {
   return {ZtPlace::kAttribute, ZtValue::kEnum, name, At(m), ZtFieldDetail(&values)};
 }
-template <class D>
-constexpr ZtField TextElement(ZtNameId name, ZtText D::*m) {
-  return {ZtPlace::kTextElement, ZtValue::kText, name, At(m)};
-}
-template <class D>
-constexpr ZtField TextElement(ZtNameId name, unsigned D::*m) {
-  return {ZtPlace::kTextElement, ZtValue::kNumber, name, At(m)};
+template <class M, class D>
+constexpr ZtField TextElement(ZtNameId name, M D::*m) {
+  return {ZtPlace::kTextElement, ValueOf(static_cast<M XMLElement::*>(m)), name, At(m)};
 }
 template <class D>
 constexpr ZtField TextElement(ZtNameId name, unsigned D::*m, const ZtEnumTable& values) {
