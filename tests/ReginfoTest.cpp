@@ -274,7 +274,7 @@ TEST(Reginfo, BuiltByHand) {
   // The same list again changes nothing; another one replaces it with what it holds.
   EXPECT_EQ(root->setRegistrationListValue(root->getRegistrationListValue()), 1);
   EXPECT_EQ(CountOf(root->getRegistrationListValue()), 1);
-  EXPECT_EQ(root->setRegistrationListValue(nullptr), 1);
+  EXPECT_EQ(root->setRegistrationListValue(zt_xml_common_methods::CreateElementList()), 1);
   EXPECT_EQ(schema.Write(root.get()), OutReginfo(""));
   // An object of another class, as root or in a list, is not written.
   zt_registration foreign;
@@ -319,6 +319,9 @@ TEST(Gruu, FactoryMakesTheTypeThatWasSet) {
                                                         {"pub", "zt_pub_gruu"},
                                                         {"temp-gruu", "zt_temp_gruu"},
                                                         {"pub-gruus", nullptr}};
+  Tree<XMLObject> nested(factory->CreateNsPubGruuElement()),
+      temp(factory->CreateNsTempGruuElement());
+  EXPECT_EQ(nested->IsRootElement() + temp->IsRootElement(), 0);
   for (const auto& [type, className] : kTypes) {
     factory->setGruuType(type);
     Tree<XMLObject> root(factory->CreateRootElement());
