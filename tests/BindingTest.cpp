@@ -267,6 +267,12 @@ TEST(Binding, PrefixRules) {
     std::string name(size, 'x');
     EXPECT_EQ(strip.XMLRemoveNameSpaceTag(name.data()), 1);
     EXPECT_EQ(std::string(strip.PassName()).size(), kept) << size;
+    // Nothing that was read before stands in for what a name lost, its end's slash neither.
+    auto root = Parse("<resource-lists><keywords>k</keywords><" + name + ">t</" + name +
+                      "></resource-lists>");
+    ASSERT_TRUE(root);
+    EXPECT_EQ(Written(root.get()), Around("", "\n<ocp:keywords>k</ocp:keywords>")) << size;
+    EXPECT_EQ(root->m_Others.Get(), nullptr) << size;
   }
 }
 

@@ -54,8 +54,10 @@ int ZtSchemaDecoder::ProcessElement(char* name, char* value) {
     return -1;
   }
   const Open current = {static_cast<XMLElement*>(m_Stack.top()), CurrentType()};
+  char nameless[] = "/";
   if (atEnd) {
-    End(current, local, value, skipped);
+    // A name that was cut short may have lost even its slash.
+    End(current, *local == '/' ? local : nameless, value, skipped);
   } else if (!Start(current, local)) {
     m_iSkipped = 1;
   }
