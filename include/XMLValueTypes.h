@@ -2,16 +2,12 @@
 #ifndef ZTXML_INCLUDE_XMLVALUETYPES_H
 #define ZTXML_INCLUDE_XMLVALUETYPES_H
 
-#include "XMLElement.h"
-#include "ZtHolders.h"
+#include "ZtElement.h"
 
 /// A text as an element.
-class ZT_API zt_string : public XMLElement {
+class ZT_API zt_string : public ZtElement {
  public:
-  const char* ClassName() const override;
-  const char* BaseClassName() const override;
-  const char* ElementName() const override;
-  int ReservedHook() override;
+  static const ZtElementType kType;
 
   /// `element` as a text, or null when it is of another class.
   static zt_string* From(XMLElement* element);
@@ -20,16 +16,15 @@ class ZT_API zt_string : public XMLElement {
   const char* getValue() const { return m_Value.Get(); }
 
  private:
+  const ZtElementType& Type() const override;
+
   ZtText m_Value;
 };
 
 /// An element without content whose mere presence carries meaning.
-class ZT_API zt_empty_element_type : public XMLElement {
+class ZT_API zt_empty_element_type : public ZtElement {
  public:
-  const char* ClassName() const override;
-  const char* BaseClassName() const override;
-  const char* ElementName() const override;
-  int ReservedHook() override;
+  static const ZtElementType kType;
 
   int setPresentValue(int present) {
     m_iPresent = present;
@@ -42,6 +37,8 @@ class ZT_API zt_empty_element_type : public XMLElement {
   const char* getValue() const { return m_Value.Get(); }
 
  private:
+  const ZtElementType& Type() const override;
+
   int m_iPresent = 0;
   ZtText m_Value;
 };

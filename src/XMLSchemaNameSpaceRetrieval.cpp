@@ -49,7 +49,7 @@ struct SchemaNamespaceRetrievalBinding {
 const ZtElementType zt_schema_namespace_retrieval::kType =
     ZtTypeOf<zt_schema_namespace_retrieval>("zt_schema_namespace_retrieval",
                                             "schema_namespace_retrieval", kFamily)
-        .Hooks(SchemaNamespaceRetrievalBinding::OnAttribute, nullptr, nullptr)
+        .OnAttribute(SchemaNamespaceRetrievalBinding::OnAttribute)
         .Root();
 
 const ZtElementType& zt_schema_namespace_retrieval::Type() const { return kType; }

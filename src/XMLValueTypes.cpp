@@ -1,22 +1,24 @@
 #include "XMLValueTypes.h"
 
-#include "base/ZtMemory.h"
+#include "binding/ZtBinding.h"
 
-const char* zt_string::ClassName() const { return "zt_string"; }
-const char* zt_string::BaseClassName() const { return "XMLElement"; }
-const char* zt_string::ElementName() const { return "string_class"; }
-int zt_string::ReservedHook() { return 0; }
+namespace {
+constexpr ZtHookLines kNoLines = {};
+constexpr ZtFamily kFamily = {"src/XMLValueTypes", &kNoLines, nullptr, nullptr, ZtUnknown::kIgnore};
+}  // namespace
+
+const ZtElementType zt_string::kType = ZtTypeOf<zt_string>("zt_string", "string_class", kFamily);
+const ZtElementType zt_empty_element_type::kType =
+    ZtTypeOf<zt_empty_element_type>("zt_empty_element_type", "empty_element", kFamily);
+
+const ZtElementType& zt_string::Type() const { return kType; }
+const ZtElementType& zt_empty_element_type::Type() const { return kType; }
 
 zt_string* zt_string::From(XMLElement* element) {
   const char* className = element ? element->ClassName() : nullptr;
   const bool text = className && __strcmp(className, "zt_string") == 0;
   return text ? static_cast<zt_string*>(element) : nullptr;
 }
-
-const char* zt_empty_element_type::ClassName() const { return "zt_empty_element_type"; }
-const char* zt_empty_element_type::BaseClassName() const { return "XMLElement"; }
-const char* zt_empty_element_type::ElementName() const { return "empty_element"; }
-int zt_empty_element_type::ReservedHook() { return 0; }
 
 int zt_empty_element_type::setValue(const char* value) {
   m_iPresent = value ? 1 : 0;

@@ -70,7 +70,7 @@ constexpr ZtField kKeywordsRows[] = {ztrow::OwnText(XML_STR_KEYWORDS, &Keywords:
 const ZtElementType Keywords::kType = ZtTypeOf<Keywords>("Keywords", "keywords", kFamily)
                                           .Fields(kKeywordsRows)
                                           .Writer(XML_STR_KEYWORDS, "AddKeywords", XML_STR_OCP)
-                                          .Hooks(nullptr, nullptr, WriteKeywords);
+                                          .OnWrite(WriteKeywords);
 
 constexpr ZtField kEntryRows[] = {
     ztrow::Attribute(XML_STR_URI, &Entry::m_Uri).Required("uri is required", kZtLogError)};
@@ -111,7 +111,7 @@ const ZtElementType List::kType = ZtTypeOf<List>("List", "list", kFamily)
                                       .Fields(kListRows)
                                       .Writer(XML_STR_LIST, "AddList")
                                       .Declares(kFixed)
-                                      .Hooks(nullptr, NoteBusy, nullptr)
+                                      .OnChild(NoteBusy)
                                       .Root();
 
 constexpr ZtGrammarRow kRows[] = {

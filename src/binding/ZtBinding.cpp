@@ -79,7 +79,7 @@ class Hook {
     const char* className = child->ClassName();
     if (!className) {
       Log(m_Lines.noClass);
-      // A class of its own line refuses, any other lets it pass.
+      // Only families that have a line for it refuse an object without a class name.
       return m_Lines.noClass ? ZtOutcome::kRefused : ZtOutcome::kAccepted;
     }
     const char* expected = field.detail.type->className;

@@ -9,6 +9,7 @@
 #include "XMLValueTypes.h"
 #include "ZtElement.h"
 #include "base/ZtMemory.h"
+#include "base/ZtWith.h"
 #include "binding/ZtNames.h"
 
 // ---- Values -------------------------------------------------------------------------------------
@@ -101,32 +102,14 @@ struct ZtField {
       : member(m), detail(d), name(n), place(p), value(v) {}
 
   constexpr ZtField Required(const char* missing, int level) const {
-    ZtField field = *this;
-    field.required = true;
-    field.line = missing;
-    field.lineLevel = static_cast<std::uint8_t>(level);
-    return field;
+    return ZtWith(Note(missing, level), &ZtField::required, true);
   }
-  constexpr ZtField Always() const {
-    ZtField field = *this;
-    field.always = true;
-    return field;
-  }
-  constexpr ZtField AtEnd() const {
-    ZtField field = *this;
-    field.atEnd = true;
-    return field;
-  }
-  constexpr ZtField Lenient() const {
-    ZtField field = *this;
-    field.lenient = true;
-    return field;
-  }
+  constexpr ZtField Always() const { return ZtWith(*this, &ZtField::always, true); }
+  constexpr ZtField AtEnd() const { return ZtWith(*this, &ZtField::atEnd, true); }
+  constexpr ZtField Lenient() const { return ZtWith(*this, &ZtField::lenient, true); }
   constexpr ZtField Note(const char* text, int level = 2) const {
-    ZtField field = *this;
-    field.line = text;
-    field.lineLevel = static_cast<std::uint8_t>(level);
-    return field;
+    return ZtWith(ZtWith(*this, &ZtField::line, text), &ZtField::lineLevel,
+                  static_cast<std::uint8_t>(level));
   }
 
   constexpr bool IsAttribute() const {
@@ -284,7 +267,7 @@ struct ZtElementType {
   const ZtHookLines* lines = nullptr;       // instead of the family's
   const char* unknownElement = nullptr;     // instead of the family's
   const ZtFixedAttribute* fixed = nullptr;  // attributes that its start tag always carries
-  const char* writer = nullptr;             // the name its writer logs
+  const char* writer = nullptr;             // the name its writer logs; null logs nothing
   const char* absentFlag = nullptr;         // of a flag: its line when it is not present
   // The last resort, for what no row can say.
   ZtAttributeHook attributeHook = nullptr;
@@ -301,63 +284,43 @@ struct ZtElementType {
 
   template <std::size_t N>
   constexpr ZtElementType Fields(const ZtField (&rows)[N]) const {
-    ZtElementType type = *this;
-    type.fields = rows;
-    type.fieldCount = N;
-    return type;
+    return ZtWith(ZtWith(*this, &ZtElementType::fields, rows), &ZtElementType::fieldCount,
+                  static_cast<std::uint8_t>(N));
   }
   constexpr ZtElementType Writer(ZtNameId element, const char* name,
                                  e_XmlStrRef withPrefix = XML_STR_ZT_NULL) const {
-    ZtElementType type = *this;
-    type.tag = element;
-    type.writer = name;
-    type.prefix = withPrefix;
-    return type;
+    return ZtWith(ZtWith(ZtWith(*this, &ZtElementType::tag, element), &ZtElementType::writer, name),
+                  &ZtElementType::prefix, withPrefix);
   }
   template <std::size_t N>
   constexpr ZtElementType Declares(const ZtFixedAttribute (&attributes)[N]) const {
-    ZtElementType type = *this;
-    type.fixed = attributes;
-    type.fixedCount = N;
-    return type;
+    return ZtWith(ZtWith(*this, &ZtElementType::fixed, attributes), &ZtElementType::fixedCount,
+                  static_cast<std::uint8_t>(N));
   }
   constexpr ZtElementType Lines(const ZtHookLines& own) const {
-    ZtElementType type = *this;
-    type.lines = &own;
-    return type;
+    return ZtWith(*this, &ZtElementType::lines, &own);
   }
   constexpr ZtElementType UnknownElement(const char* line) const {
-    ZtElementType type = *this;
-    type.unknownElement = line;
-    return type;
+    return ZtWith(*this, &ZtElementType::unknownElement, line);
   }
   constexpr ZtElementType RefusesUnknownChildren() const {
-    ZtElementType type = *this;
-    type.unknownChild = ZtUnknown::kRefuse;
-    return type;
+    return ZtWith(*this, &ZtElementType::unknownChild, ZtUnknown::kRefuse);
   }
   constexpr ZtElementType RefusesUnknownAttributes() const {
-    ZtElementType type = *this;
-    type.unknownAttribute = ZtUnknown::kRefuse;
-    return type;
+    return ZtWith(*this, &ZtElementType::unknownAttribute, ZtUnknown::kRefuse);
   }
-  constexpr ZtElementType Root() const {
-    ZtElementType type = *this;
-    type.root = true;
-    return type;
-  }
+  constexpr ZtElementType Root() const { return ZtWith(*this, &ZtElementType::root, true); }
   constexpr ZtElementType SelfClosing() const {
-    ZtElementType type = *this;
-    type.selfClosing = true;
-    return type;
+    return ZtWith(*this, &ZtElementType::selfClosing, true);
   }
-  constexpr ZtElementType Hooks(ZtAttributeHook onAttribute, ZtChildHook onChild,
-                                ZtWriteHook onWrite) const {
-    ZtElementType type = *this;
-    type.attributeHook = onAttribute;
-    type.childHook = onChild;
-    type.writeHook = onWrite;
-    return type;
+  constexpr ZtElementType OnAttribute(ZtAttributeHook hook) const {
+    return ZtWith(*this, &ZtElementType::attributeHook, hook);
+  }
+  constexpr ZtElementType OnChild(ZtChildHook hook) const {
+    return ZtWith(*this, &ZtElementType::childHook, hook);
+  }
+  constexpr ZtElementType OnWrite(ZtWriteHook hook) const {
+    return ZtWith(*this, &ZtElementType::writeHook, hook);
   }
 
   const ZtField* begin() const { return fields; }
@@ -373,11 +336,9 @@ constexpr ZtElementType ZtTypeOf(const char* className, const char* label, const
 // A zt_empty_element_type as a document writes it: self-closing, under the name that is its value.
 constexpr ZtElementType ZtFlagOf(const ZtFamily& family, const char* writer,
                                  const char* absentLine) {
-  ZtElementType type =
-      ZtTypeOf<zt_empty_element_type>("zt_empty_element_type", "empty_element", family);
-  type.writer = writer;
-  type.absentFlag = absentLine;
-  return type;
+  return ZtWith(ZtTypeOf<zt_empty_element_type>("zt_empty_element_type", "empty_element", family)
+                    .Writer(XML_STR_ZT_NULL, writer),
+                &ZtElementType::absentFlag, absentLine);
 }
 
 // ---- Reading ------------------------------------------------------------------------------------

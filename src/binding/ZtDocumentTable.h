@@ -41,30 +41,22 @@ struct ZtDocument {
   ZtDocumentLines lines = {};
 
   constexpr ZtDocument Reads(const char* unMarshallerName) const {
-    ZtDocument document = *this;
-    document.unMarshaller = unMarshallerName;
-    return document;
+    return ZtWith(*this, &ZtDocument::unMarshaller, unMarshallerName);
   }
   // `types` ends with null; `field` is what the logs call the text.
   constexpr ZtDocument Writes(const ZtElementType* const* types, const char* marshallerName,
                               const char* field) const {
-    ZtDocument document = *this;
-    document.writables = types;
-    document.marshaller = marshallerName;
-    document.textField = field;
-    return document;
+    return ZtWith(ZtWith(ZtWith(*this, &ZtDocument::writables, types), &ZtDocument::marshaller,
+                         marshallerName),
+                  &ZtDocument::textField, field);
   }
   // A fragment for another document's scope: no declaration, no line break before it.
   constexpr ZtDocument AsFragment() const {
-    ZtDocument document = *this;
-    document.declaration = false;
-    document.dropsFirstNewline = true;
-    return document;
+    return ZtWith(ZtWith(*this, &ZtDocument::declaration, false), &ZtDocument::dropsFirstNewline,
+                  true);
   }
   constexpr ZtDocument Lines(const ZtDocumentLines& own) const {
-    ZtDocument document = *this;
-    document.lines = own;
-    return document;
+    return ZtWith(*this, &ZtDocument::lines, own);
   }
 };
 

@@ -102,7 +102,7 @@ bool IsFixed(const ZtElementType& type, const char* name) {
 
 int ZtElementWriter::Write(XMLElement* element, const ZtElementType& type, e_XmlStrRef prefix,
                            ZtNameId name) {
-  ZtLog(kZtLogTrace, type.family->source)("<XML Module>: %s", type.writer);
+  if (type.writer) ZtLog(kZtLogTrace, type.family->source)("<XML Module>: %s", type.writer);
   // A caller's list may hold anything: rows are applied to objects of their own type only.
   const char* className = element ? element->ClassName() : nullptr;
   if (!className || (className != type.className && __strcmp(className, type.className) != 0)) {

@@ -1,0 +1,12 @@
+// A constant table entry with one of its members changed: what the chained builders of rows, types
+// and documents are made of.
+#ifndef ZTXML_SRC_BASE_ZTWITH_H
+#define ZTXML_SRC_BASE_ZTWITH_H
+
+template <class T, class Member, class Value>
+constexpr T ZtWith(T entry, Member T::*member, Value value) {
+  entry.*member = value;
+  return entry;
+}
+
+#endif  // ZTXML_SRC_BASE_ZTWITH_H
