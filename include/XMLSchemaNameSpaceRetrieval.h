@@ -11,6 +11,9 @@ class ZT_API zt_schema_namespace_retrieval : public ZtObject {
  public:
   static const ZtElementType kType;
 
+  /// `object` as a set of declarations, or null when it is of another class.
+  static zt_schema_namespace_retrieval* From(XMLObject* object);
+
   /// Takes a non-null list of zt_AttributeValuePair with its entries; null changes nothing. Always
   /// 1.
   int setNameSpaceInfo(ZtSingleElementList* list);

@@ -10,6 +10,7 @@
 /// How the library reads and writes a document and an element type; opaque to callers.
 struct ZtDocument;
 struct ZtElementType;
+class ZtNamespaceBindings;
 
 /// A context whose workers are those of a document's description.
 class ZT_API ZtContext : public XMLContext {
@@ -17,8 +18,10 @@ class ZT_API ZtContext : public XMLContext {
   XMLMarshaller* createMarshaller() override;
   XMLUnMarshaller* createUnMarshaller() override;
   XMLObjectFactory* createBinderFactory() override;
+  /// The object given with SetNamespaceBinder (borrowed), null when there is none.
+  virtual XMLObject* namespaceBinder() const;
 
- private:
+ protected:
   virtual const ZtDocument& Document() const = 0;
 };
 
@@ -28,9 +31,19 @@ class ZT_API ZtUnMarshaller : public XMLUnMarshaller {
   XMLElement* UnMarshall(const char* xml) override;
   XMLElement* UnMarshall(XMLFile* file) override;
 
- private:
+ protected:
   virtual const ZtDocument& Document() const = 0;
+  /// Parses `xml`, which is only looked at. False when that fails; else `root` is the tree, null
+  /// when the document has another root.
+  bool Parse(const char* xml, XMLElement*& root) const;
+  /// The namespaces that the context has at this moment, null when there are none.
+  XMLObject* NamespaceBinder() const;
+
+ private:
+  friend class ZtContext;
   XMLElement* Read(const char* xml) const;
+
+  const ZtContext* m_pContext = nullptr;  // null for a worker that no context made
 };
 
 /// The marshalling driver. It holds the document writer and the text of the last Marshall.
@@ -47,13 +60,23 @@ class ZT_API ZtMarshaller : public XMLMarshaller {
   /// Returns 1, or 0 when it is null or lacks something required. Only meaningful while Marshall
   /// runs: the document writer holds no document otherwise.
   int Write(XMLElement* element, const ZtElementType& type, e_XmlStrRef prefix = XML_STR_ZT_NULL);
+  virtual const ZtDocument& Document() const = 0;
+  /// The namespaces that the context has at this moment, null when there are none.
+  XMLObject* NamespaceBinder() const;
 
  private:
-  virtual const ZtDocument& Document() const = 0;
+  friend class ZtContext;
+  /// Sets `bindings` to the prefixes in force, null when the library's own are. False when out of
+  /// memory.
+  virtual bool UseNamespaces(const ZtNamespaceBindings*& bindings);
+  /// The whole text of a document of which `text`, owned and passed on, is the part that the root's
+  /// table says. Null fails.
+  virtual char* Complete(XMLElement* root, char* text);
 
   ZtXMLDocGenerator m_XmlDocGenerator;
   char* m_pXml = nullptr;  // owned; log lines call it by the document's own name
   zt_xml_common_array_definition* m_pXmlStrRef;
+  const ZtContext* m_pContext = nullptr;  // null for a worker that no context made
 };
 
 #endif  // ZTXML_INCLUDE_ZTDOCUMENT_H

@@ -27,6 +27,10 @@ class ZT_API ZtSchemaDecoder : public XmlDecoderSchema {
   /// The root (an XMLObject*), null until its start tag. The decoder never deletes it.
   void* GetSessionData() override;
 
+  /// Tells the namespaces that the document declares, a zt_schema_namespace_retrieval. 0 when the
+  /// decoder has no use for them, else 1.
+  virtual int SetNameSpaceBinderInfo(XMLObject* binder);
+
   /// Handles a known extension element (`name` without prefix): its start makes, opens and returns
   /// a new object, which is the caller's until a parent adopts it; its end closes it. Null for
   /// ends and other names.

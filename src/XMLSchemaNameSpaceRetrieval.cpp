@@ -54,6 +54,10 @@ const ZtElementType zt_schema_namespace_retrieval::kType =
 
 const ZtElementType& zt_schema_namespace_retrieval::Type() const { return kType; }
 
+zt_schema_namespace_retrieval* zt_schema_namespace_retrieval::From(XMLObject* object) {
+  return ZtAs<zt_schema_namespace_retrieval>(object);
+}
+
 int zt_schema_namespace_retrieval::setNameSpaceInfo(ZtSingleElementList* list) {
   ZtLog(kZtLogState, kSource)("<XML Module>: zt_schema_namespace_retrieval::setNameSpaceInfo");
   return list ? m_NameSpaceInfo.Set(list) : 1;

@@ -14,11 +14,7 @@ const ZtElementType zt_empty_element_type::kType =
 const ZtElementType& zt_string::Type() const { return kType; }
 const ZtElementType& zt_empty_element_type::Type() const { return kType; }
 
-zt_string* zt_string::From(XMLElement* element) {
-  const char* className = element ? element->ClassName() : nullptr;
-  const bool text = className && __strcmp(className, "zt_string") == 0;
-  return text ? static_cast<zt_string*>(element) : nullptr;
-}
+zt_string* zt_string::From(XMLElement* element) { return ZtAs<zt_string>(element); }
 
 int zt_empty_element_type::setValue(const char* value) {
   m_iPresent = value ? 1 : 0;

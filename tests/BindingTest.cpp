@@ -53,10 +53,10 @@ class List : public ZtObject {
   const ZtElementType& Type() const override { return kType; }
 };
 
-// Hooks: keywords without text are left out, and any name that begins with "busy" is a note.
-int WriteKeywords(ZtElementWriter& writer, XMLElement& self, const ZtElementType& type) {
-  const char* text = static_cast<Keywords&>(self).m_Text.Get();
-  return text && *text ? writer.WriteByRows(self, type, type.tag) : 1;
+// Hooks: keywords cannot be "none", and any name that begins with "busy" is a note.
+bool WriteKeywords(ZtElementWriter& writer, const XMLElement& self, const ZtElementType& type) {
+  const char* text = static_cast<const Keywords&>(self).m_Text.Get();
+  return text && std::strcmp(text, "none") != 0 && writer.WriteChildren(self, type);
 }
 bool NoteBusy(XMLElement& self, const char* name, const char* value, XMLElement* child,
               ZtOutcome& outcome) {
@@ -70,7 +70,7 @@ constexpr ZtField kKeywordsRows[] = {ztrow::OwnText(XML_STR_KEYWORDS, &Keywords:
 const ZtElementType Keywords::kType = ZtTypeOf<Keywords>("Keywords", "keywords", kFamily)
                                           .Fields(kKeywordsRows)
                                           .Writer(XML_STR_KEYWORDS, "AddKeywords", XML_STR_OCP)
-                                          .OnWrite(WriteKeywords);
+                                          .OnContent(WriteKeywords);
 
 constexpr ZtField kEntryRows[] = {
     ztrow::Attribute(XML_STR_URI, &Entry::m_Uri).Required("uri is required", kZtLogError)};
@@ -81,7 +81,8 @@ const ZtElementType Entry::kType = ZtTypeOf<Entry>("Entry", "entry", kFamily)
                                        .RefusesUnknownAttributes()
                                        .RefusesUnknownChildren();
 
-constexpr ZtElementType kFlagType = ZtFlagOf(kFamily, "AddFlag", "flag is not present");
+constexpr ZtFlag kFlag = {"%s: flag is not present"};
+constexpr ZtElementType kFlagType = ZtFlagOf(kFamily, "AddFlag", kFlag);
 constexpr ZtWritable kWritables[] = {{&Entry::kType, XML_STR_CP}, {nullptr, XML_STR_ZT_NULL}};
 constexpr ZtFixedAttribute kFixed[] = {
     {XML_STR_URI_3GPP_GBA, XML_STR_ZT_NULL},
@@ -151,7 +152,7 @@ Tree<List> Parse(const std::string& text, const ZtGrammar& grammar = kStrip) {
 std::string Written(List* list) {
   ZtXMLDocGenerator writer;
   writer.ztInitXmlDoc();
-  const int result = ZtElementWriter(writer).Write(list, List::kType, XML_STR_ZT_NULL);
+  const int result = ZtElementWriter(writer, {"tests/Toy", "Toy"}).Write(list, List::kType, XML_STR_ZT_NULL);
   return (result ? "" : "failed:") + std::string(writer.ztGetXmlDoc());
 }
 
@@ -167,8 +168,8 @@ TEST(Binding, EveryKindOfRowReadsAndWrites) {
     std::string out;
   } kCases[] = {
       {"<resource-lists/>", Around("", "")},
-      {"<resource-lists version='3' b='2' id='i' a='1' xmlns='u' xmlns:x='v' xmlns:cp='w' ='e' "
-       "xsi:schemaLocation='s'/>",
+      {"<resource-lists version='3' b='2' id='i' a='1' xmlns='u' xmlns:x='v' xmlns:cp='w' ='e' b='3' "
+       "a='4' xsi:schemaLocation='s'/>",
        Around("  id=\"i\"  version=\"3\"  b=\"2\"  a=\"1\"  xmlns:x=\"v\"", "")},
       {"<resource-lists><note a='1'>t</note><user-count>12x</user-count><state>opened</state>"
        "</resource-lists>",
@@ -182,7 +183,7 @@ TEST(Binding, EveryKindOfRowReadsAndWrites) {
        "x='y'>text</external-list><alt-value/><busy-line>b</busy-line></resource-lists>",
        Around("",
               "\n<note>b</note>\n<alt-value>1</alt-value>\n<alt-value></alt-value>"
-              "\n<external-list  uri=\"e\"/>")},
+              "\n<ocp:keywords></ocp:keywords>\n<external-list  uri=\"e\"/>")},
       {"<resource-lists><busy a='1'>t<list/></busy><list id='l'/><busy/></resource-lists>",
        Around("", Around("  id=\"l\"", "") + "\n<busy/>\n<busy/>")},
       {"<resource-lists><entry uri='u'><list id='refused'/><entry uri='text here'/></entry>"
@@ -207,10 +208,13 @@ TEST(Binding, FailuresStayWhereTheyAreAllowed) {
   EXPECT_TRUE(log.Has("uri is required"));
   EXPECT_EQ(log.Count("failed in AddEntry"), 1);
   EXPECT_EQ(log.Count("failed in AddList"), 1);
+  root = Parse("<resource-lists><keywords>none</keywords></resource-lists>");
+  EXPECT_EQ(Written(root.get()),
+            "failed:" + start.substr(0, start.size() - 7) + "\n<ocp:keywords>");
   root = Parse("<resource-lists><busy/></resource-lists>");
   EntryOf<zt_empty_element_type>(root->m_Flags.Get(), 0)->setPresentValue(0);
   EXPECT_EQ(Written(root.get()).substr(0, 7), "failed:");
-  EXPECT_TRUE(log.Has("flag is not present"));
+  EXPECT_TRUE(log.Has("Toy: flag is not present"));
   root = Parse("<resource-lists><external-list/></resource-lists>");
   EXPECT_EQ(Written(root.get()), start.substr(0, start.size() - 7) + "\n<external-list </list>");
   EXPECT_EQ(log.Texts(4).back(), "external list 0 failed");

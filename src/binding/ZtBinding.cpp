@@ -30,9 +30,14 @@ ZtOutcome Store(XMLElement& self, const ZtField& field, const char* value) {
   switch (field.value) {
     case ZtValue::kText:
       return (self.*field.member.text).Set(value) ? ZtOutcome::kAccepted : ZtOutcome::kNoMemory;
-    case ZtValue::kNumber:
-      self.*field.member.number = ParseNumber<unsigned>(value);
+    case ZtValue::kNumber: {
+      const auto number = ParseNumber<unsigned>(value);
+      const ZtRange* range = field.detail.range;
+      if (!range || (number >= range->least && number <= range->most)) {
+        self.*field.member.number = number;
+      }
       break;
+    }
     case ZtValue::kNumber64:
       self.*field.member.number64 = ParseNumber<unsigned long long>(value);
       break;
@@ -48,12 +53,10 @@ ZtOutcome Store(XMLElement& self, const ZtField& field, const char* value) {
 }
 
 // The text that came with the end tag of a child which was made there.
-ZtOutcome StoreOwnText(XMLElement& child, const ZtField& field, const char* value) {
-  if (field.atEnd) {
-    for (const ZtField& own : *field.detail.type) {
-      if (own.place == ZtPlace::kOwnText && Store(child, own, value) == ZtOutcome::kNoMemory) {
-        return ZtOutcome::kAdoptedNoMemory;
-      }
+ZtOutcome StoreOwnText(XMLElement& child, const ZtElementType& type, const char* value) {
+  for (const ZtField& own : type) {
+    if (own.place == ZtPlace::kOwnText && Store(child, own, value) == ZtOutcome::kNoMemory) {
+      return ZtOutcome::kAdoptedNoMemory;
     }
   }
   return ZtOutcome::kAdopted;
@@ -82,9 +85,8 @@ class Hook {
       // Only families that have a line for it refuse an object without a class name.
       return m_Lines.noClass ? ZtOutcome::kRefused : ZtOutcome::kAccepted;
     }
-    const char* expected = field.detail.type->className;
-    if (className != expected && __strcmp(className, expected) != 0) {
-      Log(m_Lines.wrongClass, className, expected);
+    if (!ZtIsA(*child, *field.detail.type)) {
+      Log(m_Lines.wrongClass, className, field.detail.type->className);
       return ZtOutcome::kRefused;
     }
     if (field.place == ZtPlace::kChild) {
@@ -92,6 +94,21 @@ class Hook {
       return ZtOutcome::kAdopted;
     }
     return Append(self, field, child);
+  }
+
+  // A child that no one else makes: at its end its text becomes its object.
+  ZtOutcome MakeChild(XMLElement& self, const ZtField& field, const char* value,
+                      const XMLElement* offered) const {
+    if (offered) return ZtOutcome::kRefused;
+    if (!value) return ZtOutcome::kAccepted;
+    XMLElement* child = field.detail.type->maker.Create(m_Type.family->source);
+    if (!child) return ZtOutcome::kNoMemory;
+    if (StoreOwnText(*child, *field.detail.type, value) == ZtOutcome::kAdopted) {
+      (self.*field.member.child).Set(child);
+      return ZtOutcome::kAccepted;
+    }
+    ZtRelease(child);
+    return ZtOutcome::kNoMemory;
   }
 
   ZtOutcome Append(XMLElement& self, const ZtField& field, XMLElement* child) const {
@@ -175,12 +192,15 @@ ZtOutcome ZtOfferChild(XMLElement& self, const ZtElementType& type, const char* 
         return field.place == ZtPlace::kTextElements ? hook.AppendText(self, field, value)
                                                      : Store(self, field, value);
       default:
+        if (atEnd && field.madeHere) return hook.MakeChild(self, field, value, child);
+        // The start of a child that comes with its end tag tells nothing.
+        if (!atEnd && (field.atEnd || field.madeHere)) return ZtOutcome::kAccepted;
         if (atEnd == field.atEnd) {
           const ZtOutcome outcome = hook.Adopt(self, field, child);
-          return outcome == ZtOutcome::kAdopted ? StoreOwnText(*child, field, value) : outcome;
+          return atEnd && outcome == ZtOutcome::kAdopted
+                     ? StoreOwnText(*child, *field.detail.type, value)
+                     : outcome;
         }
-        // The start of a child that comes with its end tag tells nothing.
-        if (field.atEnd) return ZtOutcome::kAccepted;
     }
   }
   return hook.UnknownChild(self, name, value, child);

@@ -69,13 +69,20 @@ struct ZtWritable {
   e_XmlStrRef prefix;  // XML_STR_ZT_NULL for the type's own
 };
 
+// The numbers that a field takes; others leave it as it is.
+struct ZtRange {
+  unsigned least;
+  unsigned most;
+};
+
 union ZtFieldDetail {
-  std::nullptr_t none;
+  const ZtRange* range;         // kNumber, null for all
   const ZtEnumTable* values;    // kEnum
   const ZtElementType* type;    // kChild, kChildren
   const ZtWritable* writables;  // kOtherChildren, ends with a null type
 
-  constexpr ZtFieldDetail() : none(nullptr) {}
+  constexpr ZtFieldDetail() : range(nullptr) {}
+  constexpr explicit ZtFieldDetail(const ZtRange* r) : range(r) {}
   constexpr explicit ZtFieldDetail(const ZtEnumTable* v) : values(v) {}
   constexpr explicit ZtFieldDetail(const ZtElementType* t) : type(t) {}
   constexpr explicit ZtFieldDetail(const ZtWritable* w) : writables(w) {}
@@ -95,7 +102,8 @@ struct ZtField {
   std::uint8_t lineLevel = 0;
   bool required = false;  // absent: the element cannot be written
   bool always = false;    // written also when absent (a null text as an empty value)
-  bool atEnd = false;     // a child that is made and offered at its end tag
+  bool atEnd = false;     // a child that is made at its end tag and offered with its text
+  bool madeHere = false;  // a child that its parent makes, at its end tag, from its text
   bool lenient = false;   // a child that cannot be written does not fail its parent
 
   constexpr ZtField(ZtPlace p, ZtValue v, ZtNameId n, ZtMember m, ZtFieldDetail d = ZtFieldDetail())
@@ -106,6 +114,7 @@ struct ZtField {
   }
   constexpr ZtField Always() const { return ZtWith(*this, &ZtField::always, true); }
   constexpr ZtField AtEnd() const { return ZtWith(*this, &ZtField::atEnd, true); }
+  constexpr ZtField MadeHere() const { return ZtWith(*this, &ZtField::madeHere, true); }
   constexpr ZtField Lenient() const { return ZtWith(*this, &ZtField::lenient, true); }
   constexpr ZtField Note(const char* text, int level = 2) const {
     return ZtWith(ZtWith(*this, &ZtField::line, text), &ZtField::lineLevel,
@@ -159,6 +168,14 @@ constexpr ZtField TextElements(ZtNameId name, ZtChildList D::*m) {
 template <class D>
 constexpr ZtField OwnText(ZtNameId name, ZtText D::*m) {
   return {ZtPlace::kOwnText, ZtValue::kText, name, At(m)};
+}
+template <class D>
+constexpr ZtField OwnText(ZtNameId name, unsigned D::*m, const ZtEnumTable& values) {
+  return {ZtPlace::kOwnText, ZtValue::kEnum, name, At(m), ZtFieldDetail(&values)};
+}
+template <class D>
+constexpr ZtField OwnText(ZtNameId name, unsigned D::*m, const ZtRange& range) {
+  return ZtField(ZtPlace::kOwnText, ZtValue::kNumber, name, At(m), ZtFieldDetail(&range)).Always();
 }
 template <class D>
 constexpr ZtField Child(ZtNameId name, ZtChild D::*m, const ZtElementType& type) {
@@ -250,13 +267,21 @@ inline int ZtHookResult(ZtOutcome outcome) {
 
 class ZtElementWriter;
 
-// Hooks are asked before the rows; false leaves the matter to them. A write hook replaces the
-// writing of the element between the entry line and the result.
+// Hooks are asked before the rows; false leaves the matter to them. A content hook writes what
+// stands between the start and the end tag; false fails the element, which then has no end tag.
 using ZtAttributeHook = bool (*)(XMLElement& self, const char* name, const char* value,
                                  ZtOutcome& outcome);
 using ZtChildHook = bool (*)(XMLElement& self, const char* name, const char* value,
                              XMLElement* child, ZtOutcome& outcome);
-using ZtWriteHook = int (*)(ZtElementWriter& writer, XMLElement& self, const ZtElementType& type);
+using ZtContentHook = bool (*)(ZtElementWriter& writer, const XMLElement& self,
+                               const ZtElementType& type);
+
+// How an element whose presence is the value is written. In its lines %s is the marshaller.
+struct ZtFlag {
+  const char* absentLine;
+  const char* nullLine = nullptr;
+  std::size_t mostName = static_cast<std::size_t>(-1);  // bytes of its name that are written
+};
 
 struct ZtElementType {
   const char* className;
@@ -268,17 +293,21 @@ struct ZtElementType {
   const char* unknownElement = nullptr;     // instead of the family's
   const ZtFixedAttribute* fixed = nullptr;  // attributes that its start tag always carries
   const char* writer = nullptr;             // the name its writer logs; null logs nothing
-  const char* absentFlag = nullptr;         // of a flag: its line when it is not present
+  const char* entryLine = nullptr;          // instead of the line with that name
+  const char* failedAs = nullptr;           // instead of its marshaller, when Marshall fails
+  const ZtFlag* flag = nullptr;             // only an element whose presence is the value has it
   // The last resort, for what no row can say.
   ZtAttributeHook attributeHook = nullptr;
   ZtChildHook childHook = nullptr;
-  ZtWriteHook writeHook = nullptr;
+  ZtContentHook contentHook = nullptr;
   ZtNameId tag = XML_STR_ZT_NULL;        // unless its parent's row names it
   e_XmlStrRef prefix = XML_STR_ZT_NULL;  // written with it and all that is in it
   std::uint8_t fieldCount = 0;
   std::uint8_t fixedCount = 0;
   bool root = false;
   bool selfClosing = false;
+  bool checksFirst = false;  // without a required attribute nothing of it is written
+  bool staysOpen = false;    // only an attribute closes its start tag
   ZtUnknown unknownChild = ZtUnknown::kIgnore;
   ZtUnknown unknownAttribute = ZtUnknown::kIgnore;  // or what the family says
 
@@ -319,8 +348,20 @@ struct ZtElementType {
   constexpr ZtElementType OnChild(ZtChildHook hook) const {
     return ZtWith(*this, &ZtElementType::childHook, hook);
   }
-  constexpr ZtElementType OnWrite(ZtWriteHook hook) const {
-    return ZtWith(*this, &ZtElementType::writeHook, hook);
+  constexpr ZtElementType OnContent(ZtContentHook hook) const {
+    return ZtWith(*this, &ZtElementType::contentHook, hook);
+  }
+  constexpr ZtElementType EntryLine(const char* line) const {
+    return ZtWith(*this, &ZtElementType::entryLine, line);
+  }
+  constexpr ZtElementType FailsAs(const char* marshaller) const {
+    return ZtWith(*this, &ZtElementType::failedAs, marshaller);
+  }
+  constexpr ZtElementType ChecksFirst() const {
+    return ZtWith(*this, &ZtElementType::checksFirst, true);
+  }
+  constexpr ZtElementType StaysOpen() const {
+    return ZtWith(*this, &ZtElementType::staysOpen, true);
   }
 
   const ZtField* begin() const { return fields; }
@@ -334,11 +375,20 @@ constexpr ZtElementType ZtTypeOf(const char* className, const char* label, const
 }
 
 // A zt_empty_element_type as a document writes it: self-closing, under the name that is its value.
-constexpr ZtElementType ZtFlagOf(const ZtFamily& family, const char* writer,
-                                 const char* absentLine) {
+constexpr ZtElementType ZtFlagOf(const ZtFamily& family, const char* writer, const ZtFlag& flag) {
   return ZtWith(ZtTypeOf<zt_empty_element_type>("zt_empty_element_type", "empty_element", family)
                     .Writer(XML_STR_ZT_NULL, writer),
-                &ZtElementType::absentFlag, absentLine);
+                &ZtElementType::flag, &flag);
+}
+
+// Whether `element` is of the class that `type` describes, and `element` as one.
+inline bool ZtIsA(const XMLElement& element, const ZtElementType& type) {
+  const char* className = element.ClassName();
+  return className && (className == type.className || __strcmp(className, type.className) == 0);
+}
+template <class T>
+T* ZtAs(XMLElement* element) {
+  return element && ZtIsA(*element, T::kType) ? static_cast<T*>(element) : nullptr;
 }
 
 // ---- Reading ------------------------------------------------------------------------------------

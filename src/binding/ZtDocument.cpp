@@ -4,6 +4,7 @@
 
 #include "XMLFile.h"
 #include "XmlDecoder.h"
+#include "ZtNamespaces.h"
 #include "base/ZtLog.h"
 #include "binding/ZtDocumentTable.h"
 #include "binding/ZtElementWriter.h"
@@ -11,16 +12,22 @@
 // ---- Context ------------------------------------------------------------------------------------
 
 XMLMarshaller* ZtContext::createMarshaller() {
-  return Keep(Document().newMarshaller.Create(Document().source));
+  ZtMarshaller* worker = Document().newMarshaller.Create(Document().source);
+  if (worker) worker->m_pContext = this;
+  return Keep(static_cast<XMLMarshaller*>(worker));
 }
 
 XMLUnMarshaller* ZtContext::createUnMarshaller() {
-  return Keep(Document().newUnMarshaller.Create(Document().source));
+  ZtUnMarshaller* worker = Document().newUnMarshaller.Create(Document().source);
+  if (worker) worker->m_pContext = this;
+  return Keep(static_cast<XMLUnMarshaller*>(worker));
 }
 
 XMLObjectFactory* ZtContext::createBinderFactory() {
   return Keep(Document().newBinderFactory.Create(Document().source));
 }
+
+XMLObject* ZtContext::namespaceBinder() const { return nullptr; }
 
 // ---- Unmarshaller -------------------------------------------------------------------------------
 
@@ -54,30 +61,42 @@ XMLElement* ZtUnMarshaller::UnMarshall(XMLFile* file) {
   return Read(text);
 }
 
-// A caller gets a whole tree or nothing: what a failed parse has built is freed.
 XMLElement* ZtUnMarshaller::Read(const char* xml) const {
+  XMLElement* root = nullptr;
+  const bool done = Parse(xml, root);
+  const ZtDocument& document = Document();
+  const char* result = done ? document.lines.readDone : document.lines.readFailed;
+  if (result) ZtLog(kZtLogTrace, document.source)(result);
+  return root;
+}
+
+XMLObject* ZtUnMarshaller::NamespaceBinder() const {
+  return m_pContext ? m_pContext->namespaceBinder() : nullptr;
+}
+
+// A caller gets a whole tree or nothing: what a failed parse has built is freed.
+bool ZtUnMarshaller::Parse(const char* xml, XMLElement*& root) const {
   const ZtDocument& document = Document();
   const std::size_t size = __strlen(xml);
   XmlDecoder* parser = ZtCreate<XmlDecoder>(document.source);
   ZtSchemaDecoder* decoder = document.newDecoder.Create(document.source);
-  XMLElement* root = nullptr;
+  root = nullptr;
   bool done = false;
   if (parser && decoder && size <= INT_MAX) {
+    if (XMLObject* binder = NamespaceBinder()) decoder->SetNameSpaceBinderInfo(binder);
     parser->SetSchema(decoder);
     // The parser copies what it is given.
     done = parser->Decode(const_cast<char*>(xml), static_cast<int>(size)) == ZT_XML_SUCCESS &&
            !decoder->Failed();
   }
   if (decoder) root = static_cast<XMLObject*>(decoder->GetSessionData());
-  const char* result = done ? document.lines.readDone : document.lines.readFailed;
-  if (result) ZtLog(kZtLogTrace, document.source)(result);
   ZtRelease(decoder);
   ZtRelease(parser);
   if (!done) {
     ZtRelease(root);
     root = nullptr;
   }
-  return root;
+  return done;
 }
 
 // ---- Marshaller ---------------------------------------------------------------------------------
@@ -125,10 +144,12 @@ char* ZtMarshaller::Marshall(XMLElement* root) {
     if (written && text && !m_XmlDocGenerator.outOfMemory()) {
       m_pXml = __strdup(text + (document.dropsFirstNewline && *text == '\n'));
     }
+    if (m_pXml) m_pXml = Complete(root, m_pXml);
     if (m_pXml) {
       trace(document.lines.written, document.marshaller, m_pXml);
     } else {
-      trace(document.lines.writeFailed, document.marshaller, (*type)->writer);
+      const char* failed = (*type)->failedAs;
+      trace(document.lines.writeFailed, failed ? failed : document.marshaller, (*type)->writer);
     }
   }
   m_XmlDocGenerator.ztDeInitXmlDoc();
@@ -136,5 +157,16 @@ char* ZtMarshaller::Marshall(XMLElement* root) {
 }
 
 int ZtMarshaller::Write(XMLElement* element, const ZtElementType& type, e_XmlStrRef prefix) {
-  return ZtElementWriter(m_XmlDocGenerator).Write(element, type, prefix);
+  const ZtNamespaceBindings* bindings = nullptr;
+  if (!UseNamespaces(bindings)) return 0;
+  const ZtWriterScope scope = {Document().source, Document().marshaller, bindings};
+  return ZtElementWriter(m_XmlDocGenerator, scope).Write(element, type, prefix);
+}
+
+bool ZtMarshaller::UseNamespaces(const ZtNamespaceBindings*&) { return true; }
+
+char* ZtMarshaller::Complete(XMLElement*, char* text) { return text; }
+
+XMLObject* ZtMarshaller::NamespaceBinder() const {
+  return m_pContext ? m_pContext->namespaceBinder() : nullptr;
 }

@@ -29,8 +29,8 @@ struct ZtDocument {
   const char* source;  // file of the binding, for the logs
   ZtMaker<XMLContext> newContext;
   ZtMaker<ZtSchemaDecoder> newDecoder;
-  ZtMaker<XMLUnMarshaller> newUnMarshaller;
-  ZtMaker<XMLMarshaller> newMarshaller;  // without a maker: the schema has none
+  ZtMaker<ZtUnMarshaller> newUnMarshaller;
+  ZtMaker<ZtMarshaller> newMarshaller;  // without a maker: the schema has none
   ZtMaker<XMLObjectFactory> newBinderFactory;
   const char* unMarshaller = nullptr;  // class names for the logs
   const char* marshaller = nullptr;
@@ -63,13 +63,13 @@ struct ZtDocument {
 // The start of a document's table; `Marshaller` void when the schema has none.
 template <class Context, class Decoder, class UnMarshaller, class Marshaller, class DataBinder>
 constexpr ZtDocument ZtDocumentOf(const XMLSchemaInfo& info, const char* source) {
-  ZtMaker<XMLMarshaller> marshaller = {nullptr, 0};
-  if constexpr (!std::is_void_v<Marshaller>) marshaller = ZtMaker<XMLMarshaller>::Of<Marshaller>();
+  ZtMaker<ZtMarshaller> marshaller = {nullptr, 0};
+  if constexpr (!std::is_void_v<Marshaller>) marshaller = ZtMaker<ZtMarshaller>::Of<Marshaller>();
   return {info,
           source,
           ZtMaker<XMLContext>::Of<Context>(),
           ZtMaker<ZtSchemaDecoder>::Of<Decoder>(),
-          ZtMaker<XMLUnMarshaller>::Of<UnMarshaller>(),
+          ZtMaker<ZtUnMarshaller>::Of<UnMarshaller>(),
           marshaller,
           ZtMaker<XMLObjectFactory>::Of<DataBinder>()};
 }

@@ -1,6 +1,8 @@
 #include "binding/ZtElementWriter.h"
 
-#include "base/ZtLog.h"
+#include <algorithm>
+
+#include "ZtNamespaces.h"
 
 // The prefix of the elements written while it lives.
 class ZtElementWriter::Prefix {
@@ -17,7 +19,10 @@ class ZtElementWriter::Prefix {
  private:
   void Change(e_XmlStrRef prefix) {
     m_Owner.m_Prefix = prefix;
-    m_Owner.m_Writer.ztSetXmlNamespace(prefix == XML_STR_ZT_NULL ? nullptr : ZtName(prefix));
+    const char* text = prefix == XML_STR_ZT_NULL ? nullptr : ZtName(prefix);
+    const ZtNamespaceBindings* namespaces = m_Owner.m_Scope.namespaces;
+    const ZtNamespaceBinding* binding = namespaces ? namespaces->Find(text) : nullptr;
+    m_Owner.m_Writer.ztSetXmlNamespace(binding ? binding->alias.Get() : text);
   }
 
   ZtElementWriter& m_Owner;
@@ -46,6 +51,7 @@ class ZtElementWriter::StartTag {
     m_iBuffer ^= 1;  // the value may stand in the buffer last given out
   }
   char* Buffer() { return m_Buffers[m_iBuffer]; }
+  bool IsEmpty() const { return !m_bStarted && !m_pName; }
   void Close(bool selfEnd) {
     if (m_pName) {
       Settle(selfEnd ? 1 : 0, 1);
@@ -82,6 +88,26 @@ class ZtElementWriter::StartTag {
 
 namespace {
 
+constexpr std::size_t kMostFlagName = 98;  // the longest that a table may ask for
+constexpr std::size_t kFewAttributes = 8;  // so many extra ones are sorted without an allocation
+
+struct ExtraAttribute {
+  const char* name;
+  const char* value;
+  std::size_t order;
+
+  static bool ByName(const ExtraAttribute& a, const ExtraAttribute& b) {
+    const int order = __strcmp(a.name, b.name);
+    return order != 0 ? order < 0 : a.order < b.order;
+  }
+  static bool SameName(const ExtraAttribute& a, const ExtraAttribute& b) {
+    return __strcmp(a.name, b.name) == 0;
+  }
+  static bool ByOrder(const ExtraAttribute& a, const ExtraAttribute& b) {
+    return a.order < b.order;
+  }
+};
+
 // Whether `name` is one of the attributes that the element's start tag carries anyway.
 bool IsFixed(const ZtElementType& type, const char* name) {
   for (unsigned i = 0; i < type.fixedCount; ++i) {
@@ -102,35 +128,57 @@ bool IsFixed(const ZtElementType& type, const char* name) {
 
 int ZtElementWriter::Write(XMLElement* element, const ZtElementType& type, e_XmlStrRef prefix,
                            ZtNameId name) {
-  if (type.writer) ZtLog(kZtLogTrace, type.family->source)("<XML Module>: %s", type.writer);
+  if (type.entryLine) {
+    Log(kZtLogTrace, type.entryLine);
+  } else if (type.writer) {
+    Log(kZtLogTrace, "<XML Module>: %s", type.writer);
+  }
+  if (!element && type.flag) Log(kZtLogState, type.flag->nullLine, m_Scope.marshaller);
   // A caller's list may hold anything: rows are applied to objects of their own type only.
-  const char* className = element ? element->ClassName() : nullptr;
-  if (!className || (className != type.className && __strcmp(className, type.className) != 0)) {
-    return 0;
-  }
+  if (!element || !ZtIsA(*element, type)) return 0;
   const Prefix scope(*this, prefix == XML_STR_ZT_NULL ? type.prefix : prefix);
-  if (type.writeHook) return type.writeHook(*this, *element, type);
-  if (type.absentFlag) return WriteFlag(static_cast<zt_empty_element_type&>(*element), type);
-  return WriteByRows(*element, type, name.IsNone() ? type.tag : name);
+  if (type.flag) return WriteFlag(static_cast<zt_empty_element_type&>(*element), *type.flag);
+  if (name.IsNone()) name = type.tag;
+  if (type.checksFirst && !HasRequired(*element, type)) return 0;
+  if (!WriteStartTag(*element, type, name)) return 0;
+  if (type.selfClosing) return 1;
+  const bool written = type.contentHook ? type.contentHook(*this, *element, type)
+                                        : WriteChildren(*element, type);
+  if (written) m_Writer.ztEndXmlElement(ZtName(name));
+  return written;
 }
 
-int ZtElementWriter::WriteFlag(const zt_empty_element_type& flag, const ZtElementType& type) {
-  if (!flag.getPresentValue() || !flag.getValue()) {
-    ZtLog(kZtLogState, type.family->source)(type.absentFlag);
+int ZtElementWriter::WriteFlag(const zt_empty_element_type& flag, const ZtFlag& how) {
+  const char* name = flag.getPresentValue() ? flag.getValue() : nullptr;
+  if (!name) {
+    Log(kZtLogState, how.absentLine, m_Scope.marshaller);
     return 0;
   }
-  m_Writer.ztStartElementSelfEnding(flag.getValue());
+  char cut[kMostFlagName + 1];
+  if (how.mostName < sizeof(cut) && __strlen(name) > how.mostName) {
+    std::memcpy(cut, name, how.mostName);
+    cut[how.mostName] = '\0';
+    name = cut;
+  }
+  m_Writer.ztStartElementSelfEnding(name);
   return 1;
 }
 
-int ZtElementWriter::WriteByRows(XMLElement& element, const ZtElementType& type, ZtNameId name) {
-  if (!WriteStartTag(element, type, name)) return 0;
-  if (type.selfClosing) return 1;
+bool ZtElementWriter::WriteChildren(const XMLElement& element, const ZtElementType& type) {
   for (const ZtField& field : type) {
-    if (!field.IsAttribute() && !WriteField(element, type, field)) return 0;
+    if (!field.IsAttribute() && !WriteField(element, field)) return false;
   }
-  m_Writer.ztEndXmlElement(ZtName(name));
-  return 1;
+  return true;
+}
+
+bool ZtElementWriter::HasRequired(const XMLElement& element, const ZtElementType& type) const {
+  char buffer[kZtNumberSize];
+  for (const ZtField& field : type) {
+    if (!field.IsAttribute() || !field.required || ZtFieldText(element, field, buffer)) continue;
+    Log(field.lineLevel, field.line);
+    return false;
+  }
+  return true;
 }
 
 bool ZtElementWriter::WriteStartTag(const XMLElement& element, const ZtElementType& type,
@@ -142,26 +190,49 @@ bool ZtElementWriter::WriteStartTag(const XMLElement& element, const ZtElementTy
             fixed.suffix == XML_STR_ZT_NULL ? nullptr : ZtName(fixed.suffix));
   }
   for (const ZtField& field : type) {
-    if (field.place == ZtPlace::kOtherAttributes) WriteOtherAttributes(element, type, field, tag);
+    if (field.place == ZtPlace::kOtherAttributes &&
+        !WriteOtherAttributes((element.*field.member.attributes).Head(), type, tag)) {
+      return false;
+    }
     if (field.place != ZtPlace::kAttribute) continue;
     const char* text = ZtFieldText(element, field, tag.Buffer());
-    if (!text && field.line) ZtLog(field.lineLevel, type.family->source)(field.line);
+    if (!text) Log(field.lineLevel, field.line);
     if (!text && field.required) return false;
     if (text || field.always) tag.Add(ZtName(field.name), text);
   }
-  tag.Close(type.selfClosing);
+  if (!type.staysOpen || !tag.IsEmpty()) tag.Close(type.selfClosing);
   return true;
 }
 
-// Attributes that no row names, in the order received, except those that the tag has already.
-void ZtElementWriter::WriteOtherAttributes(const XMLElement& element, const ZtElementType& type,
-                                           const ZtField& field, StartTag& tag) {
-  for (ZtListNode* node = (element.*field.member.attributes).Head(); node; node = node->next) {
+// Attributes that no row names, in the order received, except those that the tag has already: the
+// first of a name stands. False without memory.
+bool ZtElementWriter::WriteOtherAttributes(ZtListNode* head, const ZtElementType& type,
+                                           StartTag& tag) {
+  std::size_t count = 0;
+  for (ZtListNode* node = head; node; node = node->next) ++count;
+  ExtraAttribute few[kFewAttributes];
+  ExtraAttribute* extras = few;
+  if (count > kFewAttributes) {
+    if (count > static_cast<std::size_t>(-1) / sizeof(few[0])) return false;
+    extras = static_cast<ExtraAttribute*>(__malloc(count * sizeof(few[0])));
+    if (!extras) return false;
+  }
+  ExtraAttribute* end = extras;
+  for (ZtListNode* node = head; node; node = node->next) {
     const auto* pair = zt_AttributeValuePair::From(static_cast<XMLAttribute*>(node->data));
     const char* name = pair ? pair->getName() : nullptr;
     if (!name || !*name || ZtFindAttribute(type, name) || IsFixed(type, name)) continue;
-    tag.Add(name, pair->getValue());
+    *end = {name, pair->getValue(), static_cast<std::size_t>(end - extras)};
+    ++end;
   }
+  std::sort(extras, end, ExtraAttribute::ByName);
+  end = std::unique(extras, end, ExtraAttribute::SameName);
+  std::sort(extras, end, ExtraAttribute::ByOrder);
+  for (const ExtraAttribute* extra = extras; extra != end; ++extra) {
+    tag.Add(extra->name, extra->value);
+  }
+  if (extras != few) __free(extras);
+  return true;
 }
 
 void ZtElementWriter::WriteText(ZtNameId name, const char* text) {
@@ -170,14 +241,13 @@ void ZtElementWriter::WriteText(ZtNameId name, const char* text) {
   m_Writer.ztEndXmlElement(ZtName(name));
 }
 
-bool ZtElementWriter::WriteField(const XMLElement& element, const ZtElementType& type,
-                                 const ZtField& field) {
+bool ZtElementWriter::WriteField(const XMLElement& element, const ZtField& field) {
   switch (field.place) {
     case ZtPlace::kTextElement: {
       char buffer[kZtNumberSize];
       const char* text = ZtFieldText(element, field, buffer);
       if (text || field.always) WriteText(field.name, text);
-      if (!text && field.line) ZtLog(field.lineLevel, type.family->source)(field.line);
+      if (!text) Log(field.lineLevel, field.line);
       return text || !field.required;
     }
     case ZtPlace::kTextElements:
@@ -186,18 +256,20 @@ bool ZtElementWriter::WriteField(const XMLElement& element, const ZtElementType&
         if (text && text->getValue()) WriteText(field.name, text->getValue());
       }
       return true;
-    case ZtPlace::kOwnText:
-      m_Writer.ztXmlSetData((element.*field.member.text).Get());
+    case ZtPlace::kOwnText: {
+      char buffer[kZtNumberSize];
+      m_Writer.ztXmlSetData(ZtFieldText(element, field, buffer));
       return true;
+    }
     case ZtPlace::kChild: {
       XMLElement* child = (element.*field.member.child).Get();
-      return !child || WriteChild(child, 0, type, field, {field.detail.type, XML_STR_ZT_NULL});
+      return !child || WriteChild(child, 0, field, {field.detail.type, XML_STR_ZT_NULL});
     }
     case ZtPlace::kChildren: {
       int index = 0;
       for (ZtListNode* node = (element.*field.member.children).Head(); node; node = node->next) {
         auto* child = static_cast<XMLElement*>(node->data);
-        if (child && !WriteChild(child, index, type, field, {field.detail.type, XML_STR_ZT_NULL})) {
+        if (child && !WriteChild(child, index, field, {field.detail.type, XML_STR_ZT_NULL})) {
           return false;
         }
         ++index;
@@ -205,30 +277,28 @@ bool ZtElementWriter::WriteField(const XMLElement& element, const ZtElementType&
       return true;
     }
     case ZtPlace::kOtherChildren:
-      return WriteOthers(element, type, field);
+      return WriteOthers(element, field);
     default:
       return true;
   }
 }
 
 // Whether the parent may go on. The child stands under its row's name, if that has one.
-bool ZtElementWriter::WriteChild(XMLElement* child, int index, const ZtElementType& type,
-                                 const ZtField& field, const ZtWritable& as) {
+bool ZtElementWriter::WriteChild(XMLElement* child, int index, const ZtField& field,
+                                 const ZtWritable& as) {
   if (Write(child, *as.type, as.prefix, field.name) != 0) return true;
   if (field.line && field.HasName()) {
-    ZtLog(field.lineLevel, type.family->source)(field.line, index);
+    Log(field.lineLevel, field.line, index);
   } else if (!field.lenient) {
-    ZtLog(kZtLogTrace, type.family->source)(type.family->childFailed, as.type->writer);
+    Log(kZtLogTrace, as.type->family->childFailed, as.type->writer);
   }
   return field.lenient;
 }
 
-bool ZtElementWriter::WriteOthers(const XMLElement& element, const ZtElementType& type,
-                                  const ZtField& field) {
+bool ZtElementWriter::WriteOthers(const XMLElement& element, const ZtField& field) {
   const ZtChildList& others = element.*field.member.children;
-  const ZtLog note(field.lineLevel, type.family->source);
   if (!field.detail.writables) {
-    if (others.Get() && field.line) note(field.line);
+    if (others.Get()) Log(field.lineLevel, field.line);
     return true;
   }
   for (ZtListNode* node = others.Head(); node; node = node->next) {
@@ -238,9 +308,9 @@ bool ZtElementWriter::WriteOthers(const XMLElement& element, const ZtElementType
     const ZtWritable* writable = field.detail.writables;
     while (writable->type && __strcmp(writable->type->className, className) != 0) ++writable;
     if (writable->type) {
-      if (!WriteChild(child, 0, type, field, *writable)) return false;
-    } else if (field.line) {
-      note(field.line, className);
+      if (!WriteChild(child, 0, field, *writable)) return false;
+    } else {
+      Log(field.lineLevel, field.line, className);
     }
   }
   return true;

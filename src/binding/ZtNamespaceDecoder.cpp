@@ -1,62 +1,7 @@
 #include "ZtNamespaceDecoder.h"
 
-#include "XMLSchemaNameSpaceRetrieval.h"
-#include "XMLValueTypes.h"
 #include "base/ZtLog.h"
 #include "binding/ZtGrammar.h"
-
-// ---- The chain ----------------------------------------------------------------------------------
-
-ZtNamespaceBindings::ZtNamespaceBindings()
-    // Intended: "ss" has no alias, so it is not recognised as one until a document's declarations
-    // have been applied (names with it pass unchanged, which comes to the same).
-    : m_bComplete(Append(ZtName(XML_STR_SS), nullptr,
-                         ZtName(XML_STR_HTTP_URI_ETSI_ORG_NGN_PARAMS_XML_SIMSERVS_XCAP)) &&
-                  Append(ZtName(XML_STR_CP), ZtName(XML_STR_CP),
-                         ZtName(XML_STR_URN_IETF_PARAMS_XML_NS_COMMON_POLICY)) &&
-                  Append(ZtName(XML_STR_OCP), ZtName(XML_STR_OCP),
-                         ZtName(XML_STR_URN_OMA_XML_XDM_COMMON_POLICY))) {}
-
-ZtNamespaceBindings::~ZtNamespaceBindings() {
-  while (m_pFirst) {
-    ZtNamespaceBinding* binding = m_pFirst;
-    m_pFirst = binding->next;
-    delete binding;
-  }
-}
-
-bool ZtNamespaceBindings::Append(const char* prefix, const char* alias, const char* uri) {
-  auto* binding = new ZtNamespaceBinding;
-  if (!binding) return false;
-  ZtNamespaceBinding** end = &m_pFirst;
-  while (*end) end = &(*end)->next;
-  *end = binding;
-  return binding->prefix.Set(prefix) && binding->alias.Set(alias) && binding->uri.Set(uri);
-}
-
-bool ZtNamespaceBindings::Apply(XMLObject* binder) {
-  const char* className = binder ? binder->ClassName() : nullptr;
-  if (!className || __strcmp(className, zt_schema_namespace_retrieval::kType.className) != 0) {
-    return true;
-  }
-  for (ZtNamespaceBinding* at = m_pFirst; at; at = at->next) at->given = false;
-  ZtSingleElementList* pairs =
-      static_cast<zt_schema_namespace_retrieval*>(binder)->getNameSpaceInfo();
-  for (ZtListNode* node = pairs ? pairs->GetPtrToListHead() : nullptr; node; node = node->next) {
-    const auto* pair = zt_AttributeValuePair::From(static_cast<XMLAttribute*>(node->data));
-    if (!pair || !pair->getValue()) continue;
-    ZtNamespaceBinding* at = m_pFirst;
-    while (at && (!at->uri.Get() || __strcmp(at->uri.Get(), pair->getValue()) != 0)) at = at->next;
-    if (!at) continue;
-    const bool named = pair->getName() && *pair->getName();
-    if (!named && at->given) continue;
-    at->given = named;
-    if (!at->alias.Set(named ? pair->getName() : nullptr)) return false;
-  }
-  return true;
-}
-
-// ---- The decoder --------------------------------------------------------------------------------
 
 ZtNamespaceDecoder::ZtNamespaceDecoder(const ZtGrammar& grammar) : ZtSchemaDecoder(grammar) {
   if (m_Bindings.Complete()) return;

@@ -31,6 +31,8 @@ int ZtSchemaDecoder::ProcessElementOpened(char* name) {
 
 void* ZtSchemaDecoder::GetSessionData() { return m_pRoot; }
 
+int ZtSchemaDecoder::SetNameSpaceBinderInfo(XMLObject*) { return 0; }
+
 // ---- Elements -----------------------------------------------------------------------------------
 
 int ZtSchemaDecoder::ProcessElement(char* name, char* value) {

@@ -1,0 +1,42 @@
+// The namespaces of the supplementary-service documents, which documents bind to any prefixes.
+#ifndef ZTXML_INCLUDE_ZTNAMESPACES_H
+#define ZTXML_INCLUDE_ZTNAMESPACES_H
+
+#include "ZtHolders.h"
+
+/// One namespace: the library's own prefix and the one in force.
+struct ZtNamespaceBinding : ZtHeapObject {
+  ZtText prefix;  ///< the library's own
+  ZtText alias;   ///< the document's; null for none
+  ZtText uri;
+  ZtNamespaceBinding* next = nullptr;
+  bool given = false;  ///< the binder being applied has named a prefix
+};
+
+/// The chain of namespaces of the supplementary services: "ss", "cp", "ocp", in this order.
+class ZT_API ZtNamespaceBindings : public ZtNonCopyable {
+ public:
+  ZtNamespaceBindings();
+  ~ZtNamespaceBindings();
+
+  /// Whether the chain was built whole.
+  bool Complete() const { return m_bComplete; }
+  /// Makes every prefix in force the library's own. False when out of memory.
+  bool UseOwn();
+  /// Takes the prefixes that a zt_schema_namespace_retrieval collected, in document order: the last
+  /// declaration of a namespace holds, but a default one does not displace a prefix. Any other
+  /// object, or null, changes nothing. False when out of memory.
+  bool Apply(XMLObject* binder);
+  /// The first record.
+  const ZtNamespaceBinding* First() const { return m_pFirst; }
+  /// The record of one of the library's own prefixes, or null.
+  const ZtNamespaceBinding* Find(const char* ownPrefix) const;
+
+ private:
+  bool Append(const char* prefix, const char* alias, const char* uri);
+
+  ZtNamespaceBinding* m_pFirst = nullptr;
+  bool m_bComplete;
+};
+
+#endif  // ZTXML_INCLUDE_ZTNAMESPACES_H

@@ -1,0 +1,65 @@
+#include "ZtNamespaces.h"
+
+#include "XMLSchemaNameSpaceRetrieval.h"
+#include "XMLValueTypes.h"
+#include "binding/ZtNames.h"
+#include "ztPlatform.h"
+
+ZtNamespaceBindings::ZtNamespaceBindings()
+    // Intended: "ss" has no alias, so it is not recognised as one until a document's declarations
+    // have been applied (names with it pass unchanged, which comes to the same).
+    : m_bComplete(Append(ZtName(XML_STR_SS), nullptr,
+                         ZtName(XML_STR_HTTP_URI_ETSI_ORG_NGN_PARAMS_XML_SIMSERVS_XCAP)) &&
+                  Append(ZtName(XML_STR_CP), ZtName(XML_STR_CP),
+                         ZtName(XML_STR_URN_IETF_PARAMS_XML_NS_COMMON_POLICY)) &&
+                  Append(ZtName(XML_STR_OCP), ZtName(XML_STR_OCP),
+                         ZtName(XML_STR_URN_OMA_XML_XDM_COMMON_POLICY))) {}
+
+ZtNamespaceBindings::~ZtNamespaceBindings() {
+  while (m_pFirst) {
+    ZtNamespaceBinding* binding = m_pFirst;
+    m_pFirst = binding->next;
+    delete binding;
+  }
+}
+
+bool ZtNamespaceBindings::Append(const char* prefix, const char* alias, const char* uri) {
+  auto* binding = new ZtNamespaceBinding;
+  if (!binding) return false;
+  ZtNamespaceBinding** end = &m_pFirst;
+  while (*end) end = &(*end)->next;
+  *end = binding;
+  return binding->prefix.Set(prefix) && binding->alias.Set(alias) && binding->uri.Set(uri);
+}
+
+bool ZtNamespaceBindings::UseOwn() {
+  for (ZtNamespaceBinding* at = m_pFirst; at; at = at->next) {
+    if (!at->alias.Set(at->prefix.Get())) return false;
+  }
+  return true;
+}
+
+const ZtNamespaceBinding* ZtNamespaceBindings::Find(const char* ownPrefix) const {
+  const ZtNamespaceBinding* at = ownPrefix ? m_pFirst : nullptr;
+  while (at && (!at->prefix.Get() || __strcmp(at->prefix.Get(), ownPrefix) != 0)) at = at->next;
+  return at;
+}
+
+bool ZtNamespaceBindings::Apply(XMLObject* binder) {
+  auto* declarations = zt_schema_namespace_retrieval::From(binder);
+  if (!declarations) return true;
+  for (ZtNamespaceBinding* at = m_pFirst; at; at = at->next) at->given = false;
+  ZtSingleElementList* pairs = declarations->getNameSpaceInfo();
+  for (ZtListNode* node = pairs ? pairs->GetPtrToListHead() : nullptr; node; node = node->next) {
+    const auto* pair = zt_AttributeValuePair::From(static_cast<XMLAttribute*>(node->data));
+    if (!pair || !pair->getValue()) continue;
+    ZtNamespaceBinding* at = m_pFirst;
+    while (at && (!at->uri.Get() || __strcmp(at->uri.Get(), pair->getValue()) != 0)) at = at->next;
+    if (!at) continue;
+    const bool named = pair->getName() && *pair->getName();
+    if (!named && at->given) continue;
+    at->given = named;
+    if (!at->alias.Set(named ? pair->getName() : nullptr)) return false;
+  }
+  return true;
+}
