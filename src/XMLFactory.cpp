@@ -8,9 +8,15 @@ constexpr char kSource[] = "src/XMLFactory";
 
 // Every document that the library binds.
 constexpr const ZtDocument* kDocuments[] = {
+    &kCommunicationBarringDocument,
+    &kCommunicationDiversionDocument,
+    &kCommunicationWaitingDocument,
     &kGruuDocument,
+    &kOIPDocument,
     &kReginfoDocument,
     &kSchemaNamespaceRetrievalDocument,
+    &kSimservsDocument,
+    &kTIPDocument,
 };
 
 const ZtDocument* Find(eXMLSchemaID id) {

@@ -101,8 +101,8 @@ namespace {
 constexpr const ZtElementType* kWritables[] = {&zt_pub_gruu::kType, &zt_temp_gruu::kType, nullptr};
 
 constexpr ZtDocumentLines kDocumentLines = {
-    "<XML Module>: In GruuUnMarshaller::UnMarshall with pXmlString=%s",
-    "<XML Module>: In GruuUnMarshaller::UnMarshall(pfile) with pstring=%s",
+    "<XML Module>: In %s::UnMarshall with pXmlString=%s",
+    "<XML Module>: In %s::UnMarshall(pfile) with pstring=%s",
     "<XML Module>: Xml Decoder Success",
     "<XML Module>: Xml Decoder failed because of some error in XML",
     "<XML Module>: GruuMarshaller :: Incoming obj is NULL",

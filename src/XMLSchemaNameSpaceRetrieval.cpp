@@ -7,8 +7,7 @@
 namespace {
 
 constexpr char kSource[] = "src/XMLSchemaNameSpaceRetrieval";
-constexpr ZtHookLines kNoLines = {};
-constexpr ZtFamily kFamily = {kSource, &kNoLines, nullptr, nullptr, ZtUnknown::kIgnore};
+constexpr ZtFamily kFamily = ZtQuietFamily(kSource);
 
 }  // namespace
 

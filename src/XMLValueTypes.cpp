@@ -3,8 +3,7 @@
 #include "binding/ZtBinding.h"
 
 namespace {
-constexpr ZtHookLines kNoLines = {};
-constexpr ZtFamily kFamily = {"src/XMLValueTypes", &kNoLines, nullptr, nullptr, ZtUnknown::kIgnore};
+constexpr ZtFamily kFamily = ZtQuietFamily("src/XMLValueTypes");
 }  // namespace
 
 const ZtElementType zt_string::kType = ZtTypeOf<zt_string>("zt_string", "string_class", kFamily);

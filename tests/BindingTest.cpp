@@ -152,7 +152,8 @@ Tree<List> Parse(const std::string& text, const ZtGrammar& grammar = kStrip) {
 std::string Written(List* list) {
   ZtXMLDocGenerator writer;
   writer.ztInitXmlDoc();
-  const int result = ZtElementWriter(writer, {"tests/Toy", "Toy"}).Write(list, List::kType, XML_STR_ZT_NULL);
+  const int result =
+      ZtElementWriter(writer, {"tests/Toy", "Toy"}).Write(list, List::kType, XML_STR_ZT_NULL);
   return (result ? "" : "failed:") + std::string(writer.ztGetXmlDoc());
 }
 
@@ -168,7 +169,8 @@ TEST(Binding, EveryKindOfRowReadsAndWrites) {
     std::string out;
   } kCases[] = {
       {"<resource-lists/>", Around("", "")},
-      {"<resource-lists version='3' b='2' id='i' a='1' xmlns='u' xmlns:x='v' xmlns:cp='w' ='e' b='3' "
+      {"<resource-lists version='3' b='2' id='i' a='1' xmlns='u' xmlns:x='v' xmlns:cp='w' ='e' "
+       "b='3' "
        "a='4' xsi:schemaLocation='s'/>",
        Around("  id=\"i\"  version=\"3\"  b=\"2\"  a=\"1\"  xmlns:x=\"v\"", "")},
       {"<resource-lists><note a='1'>t</note><user-count>12x</user-count><state>opened</state>"

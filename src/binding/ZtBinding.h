@@ -246,6 +246,12 @@ struct ZtFamily {
   ZtUnknown unknownAttribute;
 };
 
+// The family of types that log nothing of their own and ignore what they do not know.
+inline constexpr ZtHookLines kZtNoHookLines = {};
+constexpr ZtFamily ZtQuietFamily(const char* source) {
+  return {source, &kZtNoHookLines, nullptr, nullptr, ZtUnknown::kIgnore};
+}
+
 // An attribute that an element always carries: name="value", or name:suffix="value" unless the
 // suffix is ZT_NULL. Mostly a namespace declaration.
 struct ZtFixedAttribute {
@@ -375,9 +381,10 @@ constexpr ZtElementType ZtTypeOf(const char* className, const char* label, const
 }
 
 // A zt_empty_element_type as a document writes it: self-closing, under the name that is its value.
-constexpr ZtElementType ZtFlagOf(const ZtFamily& family, const char* writer, const ZtFlag& flag) {
+constexpr ZtElementType ZtFlagOf(const ZtFamily& family, const char* writer, const ZtFlag& flag,
+                                 e_XmlStrRef prefix = XML_STR_ZT_NULL) {
   return ZtWith(ZtTypeOf<zt_empty_element_type>("zt_empty_element_type", "empty_element", family)
-                    .Writer(XML_STR_ZT_NULL, writer),
+                    .Writer(XML_STR_ZT_NULL, writer, prefix),
                 &ZtElementType::flag, &flag);
 }
 

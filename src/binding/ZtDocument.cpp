@@ -34,7 +34,7 @@ XMLObject* ZtContext::namespaceBinder() const { return nullptr; }
 namespace {
 
 void LogInput(const ZtDocument& document, const char* format, const char* text) {
-  if (format) ZtLog(kZtLogTrace, document.source)(format, text);
+  if (format) ZtLog(kZtLogTrace, document.source)(format, document.unMarshaller, text);
 }
 
 }  // namespace

@@ -11,7 +11,7 @@
 
 // The log lines in which documents differ; null for none.
 struct ZtDocumentLines {
-  const char* textInput = nullptr;  // the text to be read
+  const char* textInput = nullptr;  // the unmarshaller's name, the text to be read
   const char* fileInput = nullptr;  // the same from a file
   const char* readDone = nullptr;
   const char* readFailed = nullptr;
@@ -74,8 +74,14 @@ constexpr ZtDocument ZtDocumentOf(const XMLSchemaInfo& info, const char* source)
           ZtMaker<XMLObjectFactory>::Of<DataBinder>()};
 }
 
-extern const ZtDocument kReginfoDocument;
+extern const ZtDocument kCommunicationBarringDocument;
+extern const ZtDocument kCommunicationDiversionDocument;
+extern const ZtDocument kCommunicationWaitingDocument;
 extern const ZtDocument kGruuDocument;
+extern const ZtDocument kOIPDocument;
+extern const ZtDocument kReginfoDocument;
 extern const ZtDocument kSchemaNamespaceRetrievalDocument;
+extern const ZtDocument kSimservsDocument;
+extern const ZtDocument kTIPDocument;
 
 #endif  // ZTXML_SRC_BINDING_ZTDOCUMENTTABLE_H

@@ -142,8 +142,8 @@ int ZtElementWriter::Write(XMLElement* element, const ZtElementType& type, e_Xml
   if (type.checksFirst && !HasRequired(*element, type)) return 0;
   if (!WriteStartTag(*element, type, name)) return 0;
   if (type.selfClosing) return 1;
-  const bool written = type.contentHook ? type.contentHook(*this, *element, type)
-                                        : WriteChildren(*element, type);
+  const bool written =
+      type.contentHook ? type.contentHook(*this, *element, type) : WriteChildren(*element, type);
   if (written) m_Writer.ztEndXmlElement(ZtName(name));
   return written;
 }

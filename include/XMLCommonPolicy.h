@@ -1,0 +1,318 @@
+// The rule set of a common policy (RFC 4745), as communication diversion and communication barring
+// use it.
+//
+// Every element owns its texts, children and lists: setters copy texts, take objects and lists with
+// their entries, and free what they replace; null means absent. The add operations take one object
+// and return 1, or 0 when it is null or there is no memory.
+#ifndef ZTXML_INCLUDE_XMLCOMMONPOLICY_H
+#define ZTXML_INCLUDE_XMLCOMMONPOLICY_H
+
+#include "XMLSimservsXcap.h"
+#include "XMLValueTypes.h"
+#include "ZtNamespaceDocument.h"
+
+/// An "except": who is excluded from a "many".
+class ZT_API zt_ns_common_policy_exceptType : public ZtElement {
+ public:
+  static const ZtElementType kType;
+
+  /// The attribute "domain".
+  int setDomainValue(const char* text) { return m_Domain.Assign(text); }
+  const char* getDomainValue() const { return m_Domain.Get(); }
+
+  /// The attribute "id", a URI.
+  int setIdValue(const char* text) { return m_Id.Assign(text); }
+  const char* getIdValue() const { return m_Id.Get(); }
+
+ private:
+  friend struct CommonPolicyBinding;
+  const ZtElementType& Type() const override;
+
+  ZtText m_Domain;
+  ZtText m_Id;
+};
+
+/// A "one": a single identity.
+class ZT_API zt_ns_common_policy_oneType : public ZtElement {
+ public:
+  static const ZtElementType kType;
+
+  /// The attribute "id", a URI; required on output.
+  int setIdValue(const char* text) { return m_Id.Assign(text); }
+  const char* getIdValue() const { return m_Id.Get(); }
+
+  /// Other elements, which are never written.
+  int setAnyListValue(ZtSingleElementList* list) { return m_AnyList.Set(list); }
+  ZtSingleElementList* getAnyListValue() const { return m_AnyList.Get(); }
+  int addAny(XMLElement* element) { return m_AnyList.Add(element); }
+
+ private:
+  friend struct CommonPolicyBinding;
+  const ZtElementType& Type() const override;
+
+  ZtText m_Id;
+  ZtChildList m_AnyList;
+};
+
+/// A "many": everyone, or everyone of a domain.
+class ZT_API zt_ns_common_policy_manyType : public ZtElement {
+ public:
+  static const ZtElementType kType;
+
+  /// The attribute "domain". It is what closes the start tag on output: set it always.
+  int setDomainValue(const char* text) { return m_Domain.Assign(text); }
+  const char* getDomainValue() const { return m_Domain.Get(); }
+
+  /// Who is excluded, a list of zt_ns_common_policy_exceptType.
+  int setExceptListValue(ZtSingleElementList* list) { return m_ExceptList.Set(list); }
+  ZtSingleElementList* getExceptListValue() const { return m_ExceptList.Get(); }
+  int addExcept(zt_ns_common_policy_exceptType* element) { return m_ExceptList.Add(element); }
+
+  /// Other elements, which are never written.
+  int setAnyListValue(ZtSingleElementList* list) { return m_AnyList.Set(list); }
+  ZtSingleElementList* getAnyListValue() const { return m_AnyList.Get(); }
+  int addAny(XMLElement* element) { return m_AnyList.Add(element); }
+
+ private:
+  friend struct CommonPolicyBinding;
+  const ZtElementType& Type() const override;
+
+  ZtText m_Domain;
+  ZtChildList m_ExceptList;
+  ZtChildList m_AnyList;
+};
+
+/// The condition "identity". On output it must have a "one" or a "many".
+class ZT_API zt_ns_common_policy_identityType : public ZtElement {
+ public:
+  static const ZtElementType kType;
+
+  /// A list of zt_ns_common_policy_oneType.
+  int setOneListValue(ZtSingleElementList* list) { return m_OneList.Set(list); }
+  ZtSingleElementList* getOneListValue() const { return m_OneList.Get(); }
+  int addOne(zt_ns_common_policy_oneType* element) { return m_OneList.Add(element); }
+
+  /// A list of zt_ns_common_policy_manyType.
+  int setManyListValue(ZtSingleElementList* list) { return m_ManyList.Set(list); }
+  ZtSingleElementList* getManyListValue() const { return m_ManyList.Get(); }
+  int addMany(zt_ns_common_policy_manyType* element) { return m_ManyList.Add(element); }
+
+  /// Other elements, which are never written.
+  int setAnyListValue(ZtSingleElementList* list) { return m_AnyList.Set(list); }
+  ZtSingleElementList* getAnyListValue() const { return m_AnyList.Get(); }
+  int addAny(XMLElement* element) { return m_AnyList.Add(element); }
+
+ private:
+  friend struct CommonPolicyBinding;
+  const ZtElementType& Type() const override;
+
+  ZtChildList m_OneList;
+  ZtChildList m_ManyList;
+  ZtChildList m_AnyList;
+};
+
+/// The condition "sphere".
+class ZT_API zt_ns_common_policy_sphereType : public ZtElement {
+ public:
+  static const ZtElementType kType;
+
+  /// The attribute "value"; required on output.
+  int setValueValue(const char* text) { return m_Value.Assign(text); }
+  const char* getValueValue() const { return m_Value.Get(); }
+
+ private:
+  friend struct CommonPolicyBinding;
+  const ZtElementType& Type() const override;
+
+  ZtText m_Value;
+};
+
+/// The condition "validity": periods of time. The n-th "from" goes with the n-th "until"; on output
+/// there must be as many of both, and at least one.
+class ZT_API zt_ns_common_policy_validityType : public ZtElement {
+ public:
+  static const ZtElementType kType;
+
+  /// The starts, a list of zt_string with dates and times as in RFC 3339.
+  int setFromListValue(ZtSingleElementList* list) { return m_FromList.Set(list); }
+  ZtSingleElementList* getFromListValue() const { return m_FromList.Get(); }
+  int addFrom(zt_string* element) { return m_FromList.Add(element); }
+
+  /// The ends, likewise.
+  int setUntilListValue(ZtSingleElementList* list) { return m_UntilList.Set(list); }
+  ZtSingleElementList* getUntilListValue() const { return m_UntilList.Get(); }
+  int addUntil(zt_string* element) { return m_UntilList.Add(element); }
+
+ private:
+  friend struct CommonPolicyBinding;
+  const ZtElementType& Type() const override;
+
+  ZtChildList m_FromList;
+  ZtChildList m_UntilList;
+};
+
+/// The "conditions" of a rule, all of which must hold.
+class ZT_API zt_ns_common_policy_conditionsType : public ZtElement {
+ public:
+  static const ZtElementType kType;
+
+  /// A list of zt_ns_common_policy_identityType.
+  int setIdentityListValue(ZtSingleElementList* list) { return m_IdentityList.Set(list); }
+  ZtSingleElementList* getIdentityListValue() const { return m_IdentityList.Get(); }
+  int addIdentity(zt_ns_common_policy_identityType* element) { return m_IdentityList.Add(element); }
+
+  /// A list of zt_ns_common_policy_sphereType.
+  int setSphereListValue(ZtSingleElementList* list) { return m_SphereList.Set(list); }
+  ZtSingleElementList* getSphereListValue() const { return m_SphereList.Get(); }
+  int addSphere(zt_ns_common_policy_sphereType* element) { return m_SphereList.Add(element); }
+
+  /// A list of zt_ns_common_policy_validityType.
+  int setValidityListValue(ZtSingleElementList* list) { return m_ValidityList.Set(list); }
+  ZtSingleElementList* getValidityListValue() const { return m_ValidityList.Get(); }
+  int addValidity(zt_ns_common_policy_validityType* element) { return m_ValidityList.Add(element); }
+
+  /// The conditions of the service: flags (zt_empty_element_type, e.g. "busy") and
+  /// zt_ns_xcap_media_type are written, others not.
+  int setAnyListValue(ZtSingleElementList* list) { return m_AnyList.Set(list); }
+  ZtSingleElementList* getAnyListValue() const { return m_AnyList.Get(); }
+  int addAny(XMLElement* element) { return m_AnyList.Add(element); }
+
+ private:
+  friend struct CommonPolicyBinding;
+  const ZtElementType& Type() const override;
+
+  ZtChildList m_IdentityList;
+  ZtChildList m_SphereList;
+  ZtChildList m_ValidityList;
+  ZtChildList m_AnyList;
+};
+
+/// The "actions" or the "transformations" of a rule.
+class ZT_API zt_ns_common_policy_extensibleType : public ZtElement {
+ public:
+  static const ZtElementType kType;
+
+  /// Any elements. Of actions those are written that the service knows; of transformations none:
+  /// the element is always written empty.
+  int setElementsValue(ZtSingleElementList* list) { return m_Elements.Set(list); }
+  ZtSingleElementList* getElementsValue() const { return m_Elements.Get(); }
+  int addElement(XMLElement* element) { return m_Elements.Add(element); }
+
+ private:
+  friend struct CommonPolicyBinding;
+  const ZtElementType& Type() const override;
+
+  ZtChildList m_Elements;
+};
+
+/// A "rule": what happens under which conditions.
+class ZT_API zt_ns_common_policy_ruleType : public ZtElement {
+ public:
+  static const ZtElementType kType;
+
+  /// The attribute "id", unique in the rule set; required on output.
+  int setIdValue(const char* text) { return m_Id.Assign(text); }
+  const char* getIdValue() const { return m_Id.Get(); }
+
+  /// Absent conditions hold always.
+  int setConditionsValue(zt_ns_common_policy_conditionsType* element) {
+    return m_Conditions.Set(element);
+  }
+  zt_ns_common_policy_conditionsType* getConditionsValue() const {
+    return static_cast<zt_ns_common_policy_conditionsType*>(m_Conditions.Get());
+  }
+
+  /// What the service does.
+  int setActionsValue(zt_ns_common_policy_extensibleType* element) {
+    return m_Actions.Set(element);
+  }
+  zt_ns_common_policy_extensibleType* getActionsValue() const {
+    return static_cast<zt_ns_common_policy_extensibleType*>(m_Actions.Get());
+  }
+
+  /// What is hidden from whom; see the type.
+  int setTransformationsValue(zt_ns_common_policy_extensibleType* element) {
+    return m_Transformations.Set(element);
+  }
+  zt_ns_common_policy_extensibleType* getTransformationsValue() const {
+    return static_cast<zt_ns_common_policy_extensibleType*>(m_Transformations.Get());
+  }
+
+ private:
+  friend struct CommonPolicyBinding;
+  const ZtElementType& Type() const override;
+
+  ZtText m_Id;
+  ZtChild m_Conditions;
+  ZtChild m_Actions;
+  ZtChild m_Transformations;
+};
+
+/// The "ruleset": rules in the order in which they are looked at.
+class ZT_API zt_ns_common_policy_ruleset : public ZtElement {
+ public:
+  static const ZtElementType kType;
+
+  /// A list of zt_ns_common_policy_ruleType.
+  int setRulesValue(ZtSingleElementList* list) { return m_Rules.Set(list); }
+  ZtSingleElementList* getRulesValue() const { return m_Rules.Get(); }
+  int addRule(zt_ns_common_policy_ruleType* element) { return m_Rules.Add(element); }
+
+ private:
+  friend struct CommonPolicyBinding;
+  const ZtElementType& Type() const override;
+
+  ZtChildList m_Rules;
+};
+
+/// Makes the elements of a rule set, empty; each is the caller's until a parent takes it. Null
+/// without memory.
+class ZT_API ZtPolicyDataBinder : public XMLObjectFactory {
+ public:
+  zt_ns_common_policy_ruleset* CreateRuleSetElement();
+  zt_ns_common_policy_ruleType* CreateRuleTypeElement();
+  zt_ns_common_policy_conditionsType* CreateConditionsTypeElement();
+  zt_ns_common_policy_identityType* CreateIdentityTypeElement();
+  zt_ns_common_policy_oneType* CreateOneTypeElement();
+  zt_ns_common_policy_manyType* CreateManyTypeElement();
+  zt_ns_common_policy_exceptType* CreateExceptTypeElement();
+  zt_ns_common_policy_sphereType* CreateSphereTypeElement();
+  zt_ns_common_policy_validityType* CreateValidityTypeElement();
+  zt_ns_common_policy_extensibleType* CreateActionsTypeElement();
+  zt_ns_common_policy_extensibleType* CreateTransformationsTypeElement();
+  /// A flag that is not present yet: setValue names it ("busy") and makes it so.
+  zt_empty_element_type* CreateEmptyTypeElement();
+  zt_ns_xcap_media_type* CreateMediaTypeElement();
+
+ protected:
+  /// `source` is the file under which objects are recorded.
+  explicit ZtPolicyDataBinder(const char* source) : m_pSource(source) {}
+
+ private:
+  const char* m_pSource;
+};
+
+/// How a service writes the rule set; opaque to callers.
+struct ZtPolicyTypes;
+
+/// Writes rule sets. Each step writes one element (1 written, 0 failed); only a running Marshall
+/// can use them. A rule whose conditions fail goes on behind them, with the conditions cut short
+/// and without their end tag.
+class ZT_API ZtPolicyMarshaller : public ZtNamespaceMarshaller {
+ public:
+  int AddRuleSetElementToXml(zt_ns_common_policy_ruleset* ruleset);
+  int AddRuleElementToXml(zt_ns_common_policy_ruleType* rule);
+  int AddConditionsElementToXml(zt_ns_common_policy_conditionsType* conditions);
+  int AddExceptElementToXml(zt_ns_common_policy_exceptType* except);
+  int AddActionsElementToXml(zt_ns_common_policy_extensibleType* actions);
+  int AddTransformationsElementToXml(zt_ns_common_policy_extensibleType* transformations);
+  int AddEmptyElementtoXml(zt_empty_element_type* flag);
+
+ protected:
+  using ZtNamespaceMarshaller::ZtNamespaceMarshaller;
+
+ private:
+  virtual const ZtPolicyTypes& Policy() const = 0;
+};
+
+#endif  // ZTXML_INCLUDE_XMLCOMMONPOLICY_H

@@ -1,0 +1,106 @@
+// Communication barring (3GPP TS 24.611): which incoming or outgoing calls are refused.
+#ifndef ZTXML_INCLUDE_XMLCOMMUNICATIONBARRING_H
+#define ZTXML_INCLUDE_XMLCOMMUNICATIONBARRING_H
+
+#include "XMLCommonPolicy.h"
+
+/// Which of the two services an object factory makes.
+enum XML_COMMUNICATION_BARRING_TYPE : int {
+  XML_COMMUNICATION_BARRING_INCOMING = 1,
+  XML_COMMUNICATION_BARRING_OUTGOING = 2,
+  XML_COMMUNICATION_BARRING_NONE = 3  ///< what a fresh factory holds
+};
+
+/// The action "allow".
+class ZT_API zt_allow_action_type : public ZtElement {
+ public:
+  static const ZtElementType kType;
+
+  /// 1 or 0 (at first): whether the call goes through.
+  int setAllowValue(int allow) {
+    m_Allow = allow ? 1 : 0;
+    return 1;
+  }
+  int getAllowValue() const { return m_Allow ? 1 : 0; }
+
+ private:
+  friend struct CommunicationBarringBinding;
+  const ZtElementType& Type() const override;
+
+  unsigned m_Allow = 0;
+};
+
+/// What both services have: the rules.
+class ZT_API ZtCommunicationBarring : public zt_ns_xcap_simservType {
+ public:
+  /// Takes the rules; null for none. Rules that cannot be written cut the rule set short and fail
+  /// nothing.
+  int setRuleSetValue(zt_ns_common_policy_ruleset* ruleset) { return m_RuleSet.Set(ruleset); }
+  zt_ns_common_policy_ruleset* getRuleSetValue() const {
+    return static_cast<zt_ns_common_policy_ruleset*>(m_RuleSet.Get());
+  }
+
+ private:
+  friend struct CommunicationBarringBinding;
+
+  ZtChild m_RuleSet;
+};
+
+/// The root element "incoming-communication-barring".
+class ZT_API zt_incoming_communication_barring : public ZtCommunicationBarring {
+ public:
+  static const ZtElementType kType;
+
+ private:
+  const ZtElementType& Type() const override;
+};
+
+/// The root element "outgoing-communication-barring".
+class ZT_API zt_outgoing_communication_barring : public ZtCommunicationBarring {
+ public:
+  static const ZtElementType kType;
+
+ private:
+  const ZtElementType& Type() const override;
+};
+
+/// Makes empty elements; each is the caller's until a parent takes it. Null without memory.
+class ZT_API CommunicationBarringDataBinder : public ZtPolicyDataBinder {
+ public:
+  CommunicationBarringDataBinder();
+  /// Chooses what CreateRootElement makes, incoming or outgoing. Returns 1; 0 for any other value,
+  /// which changes nothing.
+  int setCBType(XML_COMMUNICATION_BARRING_TYPE type);
+  /// Null before the first setCBType, too.
+  XMLObject* CreateRootElement() override;
+  zt_allow_action_type* CreateAllowTypeElement();
+
+ private:
+  XML_COMMUNICATION_BARRING_TYPE m_CBType = XML_COMMUNICATION_BARRING_NONE;
+};
+
+/// Writes a service, its rule set, a rule, conditions, actions, a flag or an except as an XCAP
+/// fragment: without declarations, for the scope of the document that it goes into.
+class ZT_API Communication_barringMarshaller : public ZtPolicyMarshaller {
+ public:
+  Communication_barringMarshaller();
+  int AddIncoming_communication_barringElementToXml(zt_incoming_communication_barring* barring);
+  int AddOutgoing_communication_barringElementToXml(zt_outgoing_communication_barring* barring);
+
+ private:
+  const ZtDocument& Document() const override;
+  const ZtPolicyTypes& Policy() const override;
+};
+
+/// Reads either service from an XCAP fragment; the root element tells which. Whatever the factory
+/// makes does not matter.
+class ZT_API CommunicationBarringUnMarshaller : public ZtUnMarshaller {
+  const ZtDocument& Document() const override;
+};
+
+/// The context of communication barring, XML_SCHEMA_COMMUNICATION_BARRING.
+class ZT_API CommunicationBarringContext : public ZtNamespaceContext {
+  const ZtDocument& Document() const override;
+};
+
+#endif  // ZTXML_INCLUDE_XMLCOMMUNICATIONBARRING_H

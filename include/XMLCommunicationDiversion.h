@@ -1,0 +1,170 @@
+// Communication diversion, call forwarding (3GPP TS 24.604): when a call is forwarded, where to,
+// and who gets to know of it.
+#ifndef ZTXML_INCLUDE_XMLCOMMUNICATIONDIVERSION_H
+#define ZTXML_INCLUDE_XMLCOMMUNICATIONDIVERSION_H
+
+#include "XMLCommonPolicy.h"
+
+/// The element "NoReplyTimer": how long a call rings before a rule with "no-answer" holds.
+class ZT_API zt_NoReplyTimer : public ZtObject {
+ public:
+  static const ZtElementType kType;
+
+  static constexpr unsigned kLeast = 5;   ///< seconds
+  static constexpr unsigned kMost = 180;  ///< seconds
+
+  /// Seconds, kLeast to kMost. Returns 1; 0 for any other value, which changes nothing.
+  int setNoReplyTimerValue(unsigned int seconds);
+  /// Seconds; 0 when nothing was set.
+  unsigned int getNoReplyTimerValue() const { return m_Seconds; }
+
+ private:
+  friend struct CommunicationDiversionBinding;
+  const ZtElementType& Type() const override;
+
+  unsigned m_Seconds = 0;
+};
+
+/// What a party gets to know of an identity.
+enum zt_reveal_enum : unsigned {
+  ZT_REVEAL_FALSE,
+  ZT_REVEAL_NOT_REVEAL_GRUU,  ///< the identity, but no GRUU
+  ZT_REVEAL_TRUE,
+  ZT_REVEAL_UNSET  ///< not written
+};
+
+/// The action "forward-to". Its switches are 1, 0 or, when unset (at first, and not written), -1;
+/// any other number sets them to 0.
+class ZT_API zt_ns_xcap_forward_to_type : public ZtElement {
+ public:
+  static const ZtElementType kType;
+
+  /// The URI that calls are forwarded to (copied; raw text, to be escaped by the caller), null for
+  /// none.
+  int setTargetValue(const char* target) { return m_Target.Assign(target); }
+  const char* getTargetValue() const { return m_Target.Get(); }
+
+  /// Whether the caller is told of the diversion.
+  int setNotifyCallerValue(int notify) { return Set(m_NotifyCaller, notify); }
+  int getNotifyCallerValue() const { return Get(m_NotifyCaller); }
+
+  /// What the caller gets to know of the target.
+  int setRevealIdentityToCallerValue(zt_reveal_enum reveal) {
+    return Set(m_RevealIdentityToCaller, reveal);
+  }
+  zt_reveal_enum getRevealIdentityToCallerValue() const {
+    return static_cast<zt_reveal_enum>(m_RevealIdentityToCaller);
+  }
+
+  /// What the caller gets to know of the served user who diverts.
+  int setRevealServedUserIdentityToCallerValue(zt_reveal_enum reveal) {
+    return Set(m_RevealServedUserIdentityToCaller, reveal);
+  }
+  zt_reveal_enum getRevealServedUserIdentityToCallerValue() const {
+    return static_cast<zt_reveal_enum>(m_RevealServedUserIdentityToCaller);
+  }
+
+  /// Whether the served user is told of each diversion.
+  int setNotifyServedUserValue(int notify) { return Set(m_NotifyServedUser, notify); }
+  int getNotifyServedUserValue() const { return Get(m_NotifyServedUser); }
+
+  /// Whether the served user is reminded of the diversion on outgoing calls.
+  int setNotifyServedUserOnOutboundCallValue(int notify) {
+    return Set(m_NotifyServedUserOnOutboundCall, notify);
+  }
+  int getNotifyServedUserOnOutboundCallValue() const {
+    return Get(m_NotifyServedUserOnOutboundCall);
+  }
+
+  /// What the target gets to know of the served user.
+  int setRevealIdentityToTargetValue(zt_reveal_enum reveal) {
+    return Set(m_RevealIdentityToTarget, reveal);
+  }
+  zt_reveal_enum getRevealIdentityToTargetValue() const {
+    return static_cast<zt_reveal_enum>(m_RevealIdentityToTarget);
+  }
+
+ private:
+  friend struct CommunicationDiversionBinding;
+  const ZtElementType& Type() const override;
+
+  static constexpr unsigned kUnset = static_cast<unsigned>(-1);
+  static int Set(unsigned& field, int notify) {
+    field = notify == -1 ? kUnset : notify == 1 ? 1 : 0;
+    return 1;
+  }
+  static int Set(unsigned& field, zt_reveal_enum reveal) {
+    field = reveal;
+    return 1;
+  }
+  static int Get(unsigned field) { return field == kUnset ? -1 : static_cast<int>(field); }
+
+  ZtText m_Target;
+  unsigned m_NotifyCaller = kUnset;
+  unsigned m_RevealIdentityToCaller = ZT_REVEAL_UNSET;
+  unsigned m_RevealServedUserIdentityToCaller = ZT_REVEAL_UNSET;
+  unsigned m_NotifyServedUser = kUnset;
+  unsigned m_NotifyServedUserOnOutboundCall = kUnset;
+  unsigned m_RevealIdentityToTarget = ZT_REVEAL_UNSET;
+};
+
+/// The root element "communication-diversion".
+class ZT_API zt_communication_diversion : public zt_ns_xcap_simservType {
+ public:
+  static const ZtElementType kType;
+
+  /// Takes the timer; null for none.
+  int setNoReplyTimerValue(zt_NoReplyTimer* timer) { return m_NoReplyTimer.Set(timer); }
+  zt_NoReplyTimer* getNoReplyTimerValue() const {
+    return static_cast<zt_NoReplyTimer*>(m_NoReplyTimer.Get());
+  }
+  /// Takes the rules; null for none. Rules that cannot be written cut the rule set short and fail
+  /// nothing.
+  int setRuleSetValue(zt_ns_common_policy_ruleset* ruleset) { return m_RuleSet.Set(ruleset); }
+  zt_ns_common_policy_ruleset* getRuleSetValue() const {
+    return static_cast<zt_ns_common_policy_ruleset*>(m_RuleSet.Get());
+  }
+
+ private:
+  friend struct CommunicationDiversionBinding;
+  const ZtElementType& Type() const override;
+
+  ZtChild m_NoReplyTimer;
+  ZtChild m_RuleSet;
+};
+
+/// Makes empty elements; each is the caller's until a parent takes it. Null without memory.
+class ZT_API CommunicationDiversionDataBinder : public ZtPolicyDataBinder {
+ public:
+  CommunicationDiversionDataBinder();
+  XMLObject* CreateRootElement() override;
+  zt_ns_xcap_forward_to_type* CreateForwardToTypeElement();
+  zt_NoReplyTimer* CreateNoReplyTimerElement();
+};
+
+/// Writes the service, its timer, rule set, a rule, conditions, actions, a forward-to or a flag as
+/// an XCAP fragment: without declarations, for the scope of the document that it goes into.
+class ZT_API Communication_diversionMarshaller : public ZtPolicyMarshaller {
+ public:
+  Communication_diversionMarshaller();
+  int AddCommunication_diversionElementToXml(zt_communication_diversion* diversion);
+  /// A null timer is written as nothing and succeeds.
+  int AddNoReplyTimerElementToXml(zt_NoReplyTimer* timer);
+  int AddForwardToElementtoXml(zt_ns_xcap_forward_to_type* forwardTo);
+
+ private:
+  const ZtDocument& Document() const override;
+  const ZtPolicyTypes& Policy() const override;
+};
+
+/// Reads the service from an XCAP fragment.
+class ZT_API CommunicationDiversionUnMarshaller : public ZtUnMarshaller {
+  const ZtDocument& Document() const override;
+};
+
+/// The context of communication diversion, XML_SCHEMA_COMMUNICATION_DIVERSION.
+class ZT_API CommunicationDiversionContext : public ZtNamespaceContext {
+  const ZtDocument& Document() const override;
+};
+
+#endif  // ZTXML_INCLUDE_XMLCOMMUNICATIONDIVERSION_H

@@ -1,0 +1,44 @@
+// Communication waiting (3GPP TS 24.615): a service that is only switched on and off.
+#ifndef ZTXML_INCLUDE_XMLCOMMUNICATIONWAITING_H
+#define ZTXML_INCLUDE_XMLCOMMUNICATIONWAITING_H
+
+#include "XMLSimservsXcap.h"
+#include "ZtNamespaceDocument.h"
+
+/// The element "communication-waiting".
+class ZT_API zt_communication_waiting : public zt_ns_xcap_simservType {
+ public:
+  static const ZtElementType kType;
+
+ private:
+  const ZtElementType& Type() const override;
+};
+
+/// Makes an empty zt_communication_waiting.
+class ZT_API CommunicationWaitingDataBinder : public XMLObjectFactory {
+ public:
+  XMLObject* CreateRootElement() override;
+};
+
+/// Writes the service as an XCAP fragment.
+class ZT_API Communication_waitingMarshaller : public ZtNamespaceMarshaller {
+ public:
+  Communication_waitingMarshaller();
+  /// Writes the element (1 written, 0 failed), which only a running Marshall can use.
+  int AddCommunication_waitingElementToXml(zt_communication_waiting* service);
+
+ private:
+  const ZtDocument& Document() const override;
+};
+
+/// Reads the service from an XCAP fragment.
+class ZT_API CommunicationWaitingUnMarshaller : public ZtUnMarshaller {
+  const ZtDocument& Document() const override;
+};
+
+/// The context of communication waiting, XML_SCHEMA_COMMUNICATION_WAITING.
+class ZT_API CommunicationWaitingContext : public ZtNamespaceContext {
+  const ZtDocument& Document() const override;
+};
+
+#endif  // ZTXML_INCLUDE_XMLCOMMUNICATIONWAITING_H

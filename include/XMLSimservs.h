@@ -1,0 +1,77 @@
+// The XCAP document of the supplementary services (3GPP TS 24.623): the root element "simservs"
+// with the services of one user.
+#ifndef ZTXML_INCLUDE_XMLSIMSERVS_H
+#define ZTXML_INCLUDE_XMLSIMSERVS_H
+
+#include "XMLSimservsXcap.h"
+#include "ZtNamespaceDocument.h"
+
+/// The root element "simservs": services in any order, each an object of the service's own root
+/// type, e.g. zt_communication_diversion.
+class ZT_API zt_Simservs : public ZtObject {
+ public:
+  static const ZtElementType kType;
+
+  /// Takes `service`; 0 when it is null or there is no memory.
+  int addService(XMLObject* service) { return m_Services.Add(service); }
+  /// The services in the order in which they were added (taken; the entries are XMLElement*).
+  int setServiceListValue(ZtSingleElementList* list) { return m_Services.Set(list); }
+  ZtSingleElementList* getServiceListValue() const { return m_Services.Get(); }
+
+ private:
+  const ZtElementType& Type() const override;
+
+  ZtChildList m_Services;
+};
+
+/// Makes an empty zt_Simservs. The factories of the services make what goes into it.
+class ZT_API SimservsDataBinder : public XMLObjectFactory {
+ public:
+  XMLObject* CreateRootElement() override;
+};
+
+/// Writes a whole document: the element "simservs", which declares the prefixes "ss", "cp" and
+/// "ocp", with the texts of its services. A service that cannot be written is left out, with a log
+/// line.
+class ZT_API SimservsMarshaller : public ZtMarshaller {
+ public:
+  /// Writes the empty element (1 written, 0 failed), which only a running Marshall can use.
+  int AddSimservsElementToXml(zt_Simservs* simservs);
+  /// A new text with `services` before the first "</" of `envelope`, which is freed. The envelope
+  /// as it is when either is null, when it has no "</" or when there is no memory. Both texts, and
+  /// the result, are for FreeElement.
+  char* InsertString(char* envelope, const char* services);
+
+ private:
+  const ZtDocument& Document() const override;
+  char* Complete(XMLElement* root, char* text) override;
+};
+
+/// Reads a whole document. Each service is cut out of the text and read by its own unmarshaller;
+/// one that it cannot read is dropped, with a log line. The services come in the order incoming and
+/// outgoing barring, diversion, waiting, originating and terminating identity presentation.
+class ZT_API SimservsUnMarshaller : public ZtUnMarshaller {
+ public:
+  XMLElement* UnMarshall(const char* xml) override;
+  XMLElement* UnMarshall(XMLFile* file) override;
+
+  /// 1 when the parser takes `text` as a whole document, else 0.
+  int validateXML(char* text);
+  /// Moves `length` bytes of `text` from `start` on to a new text, `*out`, which is for
+  /// FreeElement, and closes the gap. Returns `text`. Without memory, or where there are no such
+  /// bytes, nothing is moved and `*out` is null. Its cost is that of the whole text: for one cut,
+  /// not for many.
+  char* replaceSubStringWithNull(char* text, char** out, int start, int length);
+
+ private:
+  const ZtDocument& Document() const override;
+  XMLElement* ReadCut(char* text);
+};
+
+/// The context of the whole document, XML_SCHEMA_SIMSERVS. Its namespace binder serves the reading
+/// of every service; documents are always written with "ss", "cp" and "ocp".
+class ZT_API SimservsContext : public ZtNamespaceContext {
+  const ZtDocument& Document() const override;
+};
+
+#endif  // ZTXML_INCLUDE_XMLSIMSERVS_H

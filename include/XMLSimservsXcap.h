@@ -1,0 +1,82 @@
+// What the supplementary services share (3GPP TS 24.623): the base of every service and the types
+// of a few conditions.
+#ifndef ZTXML_INCLUDE_XMLSIMSERVSXCAP_H
+#define ZTXML_INCLUDE_XMLSIMSERVSXCAP_H
+
+#include "ZtElement.h"
+
+/// The base of every service: whether it is active, and what a document adds to it.
+class ZT_API zt_ns_xcap_simservType : public ZtObject {
+ public:
+  static const ZtElementType kType;
+
+  /// The attribute "active": 1 or 0 (at first); always written.
+  int setActiveValue(int active) {
+    m_Active = active ? 1 : 0;
+    return 1;
+  }
+  int getActiveValue() const { return m_Active ? 1 : 0; }
+
+  /// Unrecognised attributes, a list of zt_AttributeValuePair (taken, stored as XMLAttribute*).
+  /// They are written before "active", the first of each name, and none of the name "active".
+  int setAnyAttributeListValue(ZtSingleElementList* list) { return m_AnyAttributes.Set(list); }
+  ZtSingleElementList* getAnyAttributeListValue() const { return m_AnyAttributes.Get(); }
+  /// Takes `attribute`; 0 when it is null or there is no memory.
+  int addAnyAttribute(XMLAttribute* attribute) { return m_AnyAttributes.Add(attribute); }
+
+  /// Unrecognised child elements (taken), which are never written.
+  int setAnyElementListValue(ZtSingleElementList* list) { return m_AnyElements.Set(list); }
+  ZtSingleElementList* getAnyElementListValue() const { return m_AnyElements.Get(); }
+  int addAnyElement(XMLElement* element) { return m_AnyElements.Add(element); }
+
+ private:
+  friend struct SimservBinding;
+  const ZtElementType& Type() const override;
+
+  unsigned m_Active = 0;
+  ZtAttributeList m_AnyAttributes;
+  ZtChildList m_AnyElements;
+};
+
+/// The condition "media": a rule holds for sessions with this media, e.g. "audio".
+class ZT_API zt_ns_xcap_media_type : public ZtElement {
+ public:
+  static const ZtElementType kType;
+
+  /// Raw text (copied): what it holds of markup must be escaped already.
+  int setMediaValue(const char* media) { return m_Media.Assign(media); }
+  const char* getMediaValue() const { return m_Media.Get(); }
+
+ private:
+  friend struct SimservBinding;
+  const ZtElementType& Type() const override;
+
+  ZtText m_Media;
+};
+
+/// A "presence-status" with an activity as its text. Documents are read with a mere flag in its
+/// place; this type is for callers, and no marshaller writes it.
+class ZT_API zt_presence_status_activity_type : public ZtElement {
+ public:
+  static const ZtElementType kType;
+
+  int setActivityValue(const char* activity) { return m_Activity.Assign(activity); }
+  const char* getActivityValue() const { return m_Activity.Get(); }
+
+ private:
+  friend struct SimservBinding;
+  const ZtElementType& Type() const override;
+
+  ZtText m_Activity;
+};
+
+/// The condition "external-list" of the OMA common policy, without its content.
+class ZT_API zt_external_list : public ZtElement {
+ public:
+  static const ZtElementType kType;
+
+ private:
+  const ZtElementType& Type() const override;
+};
+
+#endif  // ZTXML_INCLUDE_XMLSIMSERVSXCAP_H

@@ -1,0 +1,44 @@
+// Terminating identity presentation (3GPP TS 24.608): a service that is only switched on and off.
+#ifndef ZTXML_INCLUDE_XMLTIP_H
+#define ZTXML_INCLUDE_XMLTIP_H
+
+#include "XMLSimservsXcap.h"
+#include "ZtNamespaceDocument.h"
+
+/// The element "terminating-identity-presentation".
+class ZT_API zt_terminating_identity_presentation : public zt_ns_xcap_simservType {
+ public:
+  static const ZtElementType kType;
+
+ private:
+  const ZtElementType& Type() const override;
+};
+
+/// Makes an empty zt_terminating_identity_presentation.
+class ZT_API TIPDataBinder : public XMLObjectFactory {
+ public:
+  XMLObject* CreateRootElement() override;
+};
+
+/// Writes the service as an XCAP fragment.
+class ZT_API TIPMarshaller : public ZtNamespaceMarshaller {
+ public:
+  TIPMarshaller();
+  /// Writes the element (1 written, 0 failed), which only a running Marshall can use.
+  int AddTIPElementToXml(zt_terminating_identity_presentation* service);
+
+ private:
+  const ZtDocument& Document() const override;
+};
+
+/// Reads the service from an XCAP fragment.
+class ZT_API TIPUnMarshaller : public ZtUnMarshaller {
+  const ZtDocument& Document() const override;
+};
+
+/// The context of terminating identity presentation, XML_SCHEMA_TIP.
+class ZT_API TIPContext : public ZtNamespaceContext {
+  const ZtDocument& Document() const override;
+};
+
+#endif  // ZTXML_INCLUDE_XMLTIP_H

@@ -1,0 +1,18 @@
+#include "CommunicationWaiting.h"
+
+#include "XMLCommunicationWaiting.h"
+#include "binding/ZtGrammar.h"
+
+namespace {
+
+constexpr ZtGrammarRow kRows[] = {
+    {XML_STR_COMMUNICATION_WAITING, ZtElementKind::kRoot, &zt_communication_waiting::kType}};
+// Intended: the line names another decoder; log readers search for it as it is.
+constexpr ZtGrammar kGrammar(
+    "XMLCommunicationWaitingDecoder", "src/CommunicationWaiting",
+    "XMLCommunicationDiversionDecoder :: XMLChangeNamespaceTag Malloc unable to allocate memory",
+    ZtPrefixRule::kStrip, kRows);
+
+}  // namespace
+
+XMLCommunicationWaitingDecoder::XMLCommunicationWaitingDecoder() : ZtNamespaceDecoder(kGrammar) {}

@@ -1,0 +1,17 @@
+#include "OIP.h"
+
+#include "XMLOIP.h"
+#include "binding/ZtGrammar.h"
+
+namespace {
+
+constexpr ZtGrammarRow kRows[] = {{XML_STR_ORIGINATING_IDENTITY_PRESENTATION, ZtElementKind::kRoot,
+                                   &zt_originating_identity_presentation::kType}};
+constexpr ZtGrammar kGrammar(
+    "XMLOIPDecoder", "src/OIP",
+    "XMLOIPDecoder :: XMLChangeNamespaceTag Malloc unable to allocate memory", ZtPrefixRule::kStrip,
+    kRows);
+
+}  // namespace
+
+XMLOIPDecoder::XMLOIPDecoder() : ZtNamespaceDecoder(kGrammar) {}

@@ -1,0 +1,156 @@
+#include "XMLCommunicationBarring.h"
+
+#include "CommonPolicyBinding.h"
+#include "CommunicationBarring.h"
+#include "XMLCommunicationDiversion.h"
+#include "base/ZtLog.h"
+
+namespace {
+
+constexpr char kSource[] = "src/XMLCommunicationBarring";
+constexpr ZtFamily kFamily = ZtQuietFamily(kSource);
+
+// Intended: a forward-to has no place in barring and is written without its content.
+constexpr ZtElementType kEmptyForwardTo =
+    ZtTypeOf<zt_ns_xcap_forward_to_type>("zt_ns_xcap_forward_to_type",
+                                         "CommunicationDiversion:ForwardToType", kFamily)
+        .Writer(XML_STR_FORWARD_TO, nullptr, XML_STR_SS);
+
+struct Actions {
+  // Intended: the line lacks the lead that the others have.
+  static constexpr char kEntryLine[] = "Communication_barringMarshaller: AddActionsElementToXml";
+  static constexpr ZtWritable kActions[] = {{&CommonPolicyBinding::kFlag, XML_STR_ZT_NULL},
+                                            {&zt_ns_xcap_media_type::kType, XML_STR_ZT_NULL},
+                                            {&kEmptyForwardTo, XML_STR_ZT_NULL},
+                                            {&zt_allow_action_type::kType, XML_STR_ZT_NULL},
+                                            {nullptr, XML_STR_ZT_NULL}};
+};
+constexpr const ZtPolicyTypes& kPolicy = CommonPolicyBinding::kTypes<Actions>;
+
+}  // namespace
+
+// ---- Types --------------------------------------------------------------------------------------
+
+struct CommunicationBarringBinding {
+  static constexpr ZtField kAllow[] = {
+      ztrow::OwnText(XML_STR_ALLOW, &zt_allow_action_type::m_Allow, kTrueOrElseFalse)};
+
+  // Intended: a rule set that fails is cut short in a service that is written to its end.
+  static constexpr ZtField kRuleSet =
+      ztrow::Child(XML_STR_RULESET, &ZtCommunicationBarring::m_RuleSet, *kPolicy.ruleset).Lenient();
+  // Intended: the services read "active" in two ways, as peers know them to.
+  static constexpr ZtField kIncoming[] = {SimservBinding::kAnyAttributes,
+                                          SimservBinding::kActiveOrElseNot, kRuleSet};
+  static constexpr ZtField kOutgoing[] = {SimservBinding::kAnyAttributes, SimservBinding::kActive,
+                                          kRuleSet};
+  static_assert(ztrow::Sound(kIncoming) && ztrow::Sound(kOutgoing));
+};
+
+const ZtElementType zt_allow_action_type::kType =
+    ZtTypeOf<zt_allow_action_type>("zt_allow_action_type", "CommunicationBarring:AllowActionType",
+                                   kFamily)
+        .Fields(CommunicationBarringBinding::kAllow)
+        .Writer(XML_STR_ALLOW, nullptr, XML_STR_SS);
+
+const ZtElementType zt_incoming_communication_barring::kType =
+    ZtTypeOf<zt_incoming_communication_barring>(
+        "incoming-communication-barring",
+        "IncomingComunicationBarring",  // intended spelling: callers compare with it
+        kFamily)
+        .Fields(CommunicationBarringBinding::kIncoming)
+        .Writer(XML_STR_INCOMING_COMMUNICATION_BARRING,
+                "AddIncoming_communication_barringElementToXml", XML_STR_SS)
+        .FailsAs("Incoming_communication_barringMarshaller")
+        .Root();
+
+const ZtElementType zt_outgoing_communication_barring::kType =
+    ZtTypeOf<zt_outgoing_communication_barring>("outgoing-communication-barring",
+                                                "OutgoingCommunicationBarring", kFamily)
+        .Fields(CommunicationBarringBinding::kOutgoing)
+        .Writer(XML_STR_OUTGOING_COMMUNICATION_BARRING,
+                "Addoutgoing_communication_barringElementToXml",  // intended lower case
+                XML_STR_SS)
+        .FailsAs("outgoing_communication_barringMarshaller")  // likewise
+        .Root();
+
+const ZtElementType& zt_allow_action_type::Type() const { return kType; }
+const ZtElementType& zt_incoming_communication_barring::Type() const { return kType; }
+const ZtElementType& zt_outgoing_communication_barring::Type() const { return kType; }
+
+// ---- Workers ------------------------------------------------------------------------------------
+
+CommunicationBarringDataBinder::CommunicationBarringDataBinder() : ZtPolicyDataBinder(kSource) {}
+
+int CommunicationBarringDataBinder::setCBType(XML_COMMUNICATION_BARRING_TYPE type) {
+  ZtLog(kZtLogError, kSource)("<XML Module>: in CommunicationBarringDataBinder::setCBType  %d",
+                              static_cast<int>(type));
+  if (type != XML_COMMUNICATION_BARRING_INCOMING && type != XML_COMMUNICATION_BARRING_OUTGOING) {
+    ZtLog(kZtLogError, kSource)("<XML Module>: CB Type is invalid ");
+    return 0;
+  }
+  m_CBType = type;
+  return 1;
+}
+
+XMLObject* CommunicationBarringDataBinder::CreateRootElement() {
+  switch (m_CBType) {
+    case XML_COMMUNICATION_BARRING_INCOMING:
+      return ZtCreate<zt_incoming_communication_barring>(kSource);
+    case XML_COMMUNICATION_BARRING_OUTGOING:
+      return ZtCreate<zt_outgoing_communication_barring>(kSource);
+    default:
+      return nullptr;
+  }
+}
+
+zt_allow_action_type* CommunicationBarringDataBinder::CreateAllowTypeElement() {
+  return ZtCreate<zt_allow_action_type>(kSource);
+}
+
+Communication_barringMarshaller::Communication_barringMarshaller()
+    : ZtPolicyMarshaller("Communication_barringMarshaller", kSource) {}
+int Communication_barringMarshaller::AddIncoming_communication_barringElementToXml(
+    zt_incoming_communication_barring* barring) {
+  return Write(barring, zt_incoming_communication_barring::kType);
+}
+int Communication_barringMarshaller::AddOutgoing_communication_barringElementToXml(
+    zt_outgoing_communication_barring* barring) {
+  return Write(barring, zt_outgoing_communication_barring::kType);
+}
+
+namespace {
+constexpr const ZtElementType* kWritables[] = {&zt_incoming_communication_barring::kType,
+                                               &zt_outgoing_communication_barring::kType,
+                                               kPolicy.ruleset,
+                                               kPolicy.rule,
+                                               &zt_ns_common_policy_conditionsType::kType,
+                                               kPolicy.actions,
+                                               &CommonPolicyBinding::kFlag,
+                                               &zt_ns_common_policy_exceptType::kType,
+                                               nullptr};
+}  // namespace
+
+const ZtDocument kCommunicationBarringDocument =
+    ZtDocumentOf<CommunicationBarringContext, XMLCommunicationBarringDecoder,
+                 CommunicationBarringUnMarshaller, Communication_barringMarshaller,
+                 CommunicationBarringDataBinder>(
+        {XML_SCHEMA_COMMUNICATION_BARRING,
+         "CommunicationBarring",
+         {"incoming-communication-barring", "outgoing-communication-barring"},
+         kSimservsNamespace,
+         true},
+        kSource)
+        .Reads("CommunicationBarringUnMarshaller")
+        .Writes(kWritables, "Communication_barringMarshaller", "mCbXml")
+        .AsFragment();
+
+const ZtPolicyTypes& Communication_barringMarshaller::Policy() const { return kPolicy; }
+const ZtDocument& Communication_barringMarshaller::Document() const {
+  return kCommunicationBarringDocument;
+}
+const ZtDocument& CommunicationBarringUnMarshaller::Document() const {
+  return kCommunicationBarringDocument;
+}
+const ZtDocument& CommunicationBarringContext::Document() const {
+  return kCommunicationBarringDocument;
+}

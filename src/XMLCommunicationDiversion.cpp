@@ -1,0 +1,153 @@
+#include "XMLCommunicationDiversion.h"
+
+#include "CommonPolicyBinding.h"
+#include "CommunicationDiversion.h"
+
+namespace {
+
+constexpr char kSource[] = "src/XMLCommunicationDiversion";
+constexpr ZtFamily kFamily = ZtQuietFamily(kSource);
+
+// Intended: a value is known by its beginning, "true-ish" is "true"; servers append to them.
+constexpr ZtEnumSlot kRevealSlots[] = {"false", "not-reveal-GRUU", "true"};
+constexpr ZtEnumTable kReveal = {kRevealSlots, 3, 3, ZT_REVEAL_UNSET, true};
+
+constexpr ZtRange kSeconds = {zt_NoReplyTimer::kLeast, zt_NoReplyTimer::kMost};
+
+struct Actions {
+  static constexpr char kEntryLine[] = "<XML Module>: AddActionsElementToXml";
+  static constexpr ZtWritable kActions[] = {{&CommonPolicyBinding::kFlag, XML_STR_ZT_NULL},
+                                            {&zt_ns_xcap_media_type::kType, XML_STR_ZT_NULL},
+                                            {&zt_ns_xcap_forward_to_type::kType, XML_STR_ZT_NULL},
+                                            {nullptr, XML_STR_ZT_NULL}};
+};
+constexpr const ZtPolicyTypes& kPolicy = CommonPolicyBinding::kTypes<Actions>;
+
+}  // namespace
+
+// ---- Types --------------------------------------------------------------------------------------
+
+struct CommunicationDiversionBinding {
+  static constexpr ZtField kNoReplyTimer[] = {
+      ztrow::OwnText(XML_STR_NO_REPLY_TIMER, &zt_NoReplyTimer::m_Seconds, kSeconds)};
+
+  static constexpr ZtField kForwardTo[] = {
+      ztrow::TextElement(XML_STR_TARGET, &zt_ns_xcap_forward_to_type::m_Target),
+      ztrow::TextElement(XML_STR_NOTIFY_CALLER, &zt_ns_xcap_forward_to_type::m_NotifyCaller,
+                         kBoolean),
+      ztrow::TextElement(XML_STR_REVEAL_IDENTITY_TO_CALLER,
+                         &zt_ns_xcap_forward_to_type::m_RevealIdentityToCaller, kReveal),
+      ztrow::TextElement(XML_STR_REVEAL_SERVED_USER_IDENTITY_TO_CALLER,
+                         &zt_ns_xcap_forward_to_type::m_RevealServedUserIdentityToCaller, kReveal),
+      ztrow::TextElement(XML_STR_NOTIFY_SERVED_USER,
+                         &zt_ns_xcap_forward_to_type::m_NotifyServedUser, kBoolean),
+      ztrow::TextElement(XML_STR_NOTIFY_SERVED_USER_ON_OUTBOUND_CALL,
+                         &zt_ns_xcap_forward_to_type::m_NotifyServedUserOnOutboundCall, kBoolean),
+      ztrow::TextElement(XML_STR_REVEAL_IDENTITY_TO_TARGET,
+                         &zt_ns_xcap_forward_to_type::m_RevealIdentityToTarget, kReveal),
+  };
+
+  // Intended: a rule set that fails is cut short in a service that is written to its end.
+  static constexpr ZtField kRoot[] = {
+      SimservBinding::kAnyAttributes, SimservBinding::kActive,
+      ztrow::Child(XML_STR_NO_REPLY_TIMER, &zt_communication_diversion::m_NoReplyTimer,
+                   zt_NoReplyTimer::kType)
+          .MadeHere(),
+      ztrow::Child(XML_STR_RULESET, &zt_communication_diversion::m_RuleSet, *kPolicy.ruleset)
+          .Lenient()};
+  static_assert(ztrow::Sound(kForwardTo) && ztrow::Sound(kRoot));
+};
+
+const ZtElementType zt_NoReplyTimer::kType =
+    ZtTypeOf<zt_NoReplyTimer>("zt_NoReplyTimer", "NoReplyTimer", kFamily)
+        .Fields(CommunicationDiversionBinding::kNoReplyTimer)
+        .Writer(XML_STR_NO_REPLY_TIMER, nullptr, XML_STR_SS);
+
+const ZtElementType zt_ns_xcap_forward_to_type::kType =
+    ZtTypeOf<zt_ns_xcap_forward_to_type>("zt_ns_xcap_forward_to_type",
+                                         "CommunicationDiversion:ForwardToType", kFamily)
+        .Fields(CommunicationDiversionBinding::kForwardTo)
+        .Writer(XML_STR_FORWARD_TO, nullptr, XML_STR_SS)
+        .RefusesUnknownChildren();
+
+const ZtElementType zt_communication_diversion::kType =
+    ZtTypeOf<zt_communication_diversion>("communication-diversion", "CommunicationDiversion",
+                                         kFamily)
+        .Fields(CommunicationDiversionBinding::kRoot)
+        .Writer(XML_STR_COMMUNICATION_DIVERSION, "AddCommunication_diversionElementToXml",
+                XML_STR_SS)
+        .Root();
+
+const ZtElementType& zt_NoReplyTimer::Type() const { return kType; }
+const ZtElementType& zt_ns_xcap_forward_to_type::Type() const { return kType; }
+const ZtElementType& zt_communication_diversion::Type() const { return kType; }
+
+int zt_NoReplyTimer::setNoReplyTimerValue(unsigned int seconds) {
+  if (seconds < kLeast || seconds > kMost) return 0;
+  m_Seconds = seconds;
+  return 1;
+}
+
+// ---- Workers ------------------------------------------------------------------------------------
+
+CommunicationDiversionDataBinder::CommunicationDiversionDataBinder()
+    : ZtPolicyDataBinder(kSource) {}
+XMLObject* CommunicationDiversionDataBinder::CreateRootElement() {
+  return ZtCreate<zt_communication_diversion>(kSource);
+}
+zt_ns_xcap_forward_to_type* CommunicationDiversionDataBinder::CreateForwardToTypeElement() {
+  return ZtCreate<zt_ns_xcap_forward_to_type>(kSource);
+}
+zt_NoReplyTimer* CommunicationDiversionDataBinder::CreateNoReplyTimerElement() {
+  return ZtCreate<zt_NoReplyTimer>(kSource);
+}
+
+Communication_diversionMarshaller::Communication_diversionMarshaller()
+    : ZtPolicyMarshaller("Communication_diversionMarshaller", kSource) {}
+int Communication_diversionMarshaller::AddCommunication_diversionElementToXml(
+    zt_communication_diversion* diversion) {
+  return Write(diversion, zt_communication_diversion::kType);
+}
+int Communication_diversionMarshaller::AddNoReplyTimerElementToXml(zt_NoReplyTimer* timer) {
+  return timer ? Write(timer, zt_NoReplyTimer::kType) : 1;
+}
+int Communication_diversionMarshaller::AddForwardToElementtoXml(
+    zt_ns_xcap_forward_to_type* forwardTo) {
+  return Write(forwardTo, zt_ns_xcap_forward_to_type::kType);
+}
+
+namespace {
+constexpr const ZtElementType* kWritables[] = {&zt_communication_diversion::kType,
+                                               &zt_NoReplyTimer::kType,
+                                               kPolicy.ruleset,
+                                               kPolicy.rule,
+                                               &zt_ns_common_policy_conditionsType::kType,
+                                               kPolicy.actions,
+                                               &zt_ns_xcap_forward_to_type::kType,
+                                               &CommonPolicyBinding::kFlag,
+                                               nullptr};
+}  // namespace
+
+const ZtDocument kCommunicationDiversionDocument =
+    ZtDocumentOf<CommunicationDiversionContext, XMLCommunicationDiversionDecoder,
+                 CommunicationDiversionUnMarshaller, Communication_diversionMarshaller,
+                 CommunicationDiversionDataBinder>({XML_SCHEMA_COMMUNICATION_DIVERSION,
+                                                    "CommunicationDiversion",
+                                                    {"communication-diversion", nullptr},
+                                                    kSimservsNamespace,
+                                                    true},
+                                                   kSource)
+        .Reads("CommunicationDiversionUnMarshaller")
+        .Writes(kWritables, "Communication_diversionMarshaller", "mCdivXml")
+        .AsFragment();
+
+const ZtPolicyTypes& Communication_diversionMarshaller::Policy() const { return kPolicy; }
+const ZtDocument& Communication_diversionMarshaller::Document() const {
+  return kCommunicationDiversionDocument;
+}
+const ZtDocument& CommunicationDiversionUnMarshaller::Document() const {
+  return kCommunicationDiversionDocument;
+}
+const ZtDocument& CommunicationDiversionContext::Document() const {
+  return kCommunicationDiversionDocument;
+}

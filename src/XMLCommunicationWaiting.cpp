@@ -1,0 +1,55 @@
+#include "XMLCommunicationWaiting.h"
+
+#include "CommunicationWaiting.h"
+#include "SimservBinding.h"
+
+namespace {
+constexpr char kSource[] = "src/XMLCommunicationWaiting";
+constexpr ZtFamily kFamily = ZtQuietFamily(kSource);
+}  // namespace
+
+const ZtElementType zt_communication_waiting::kType =
+    SimservBinding::Switch<zt_communication_waiting>(
+        XML_STR_COMMUNICATION_WAITING, "communication-waiting", "CommunicationWaiting",
+        "AddCommunication_waitingElementToXml", kFamily);
+
+const ZtElementType& zt_communication_waiting::Type() const { return kType; }
+
+XMLObject* CommunicationWaitingDataBinder::CreateRootElement() {
+  return ZtCreate<zt_communication_waiting>(kSource);
+}
+
+Communication_waitingMarshaller::Communication_waitingMarshaller()
+    : ZtNamespaceMarshaller("Communication_waitingMarshaller", kSource) {}
+int Communication_waitingMarshaller::AddCommunication_waitingElementToXml(
+    zt_communication_waiting* service) {
+  return Write(service, zt_communication_waiting::kType);
+}
+
+namespace {
+constexpr const ZtElementType* kWritables[] = {&zt_communication_waiting::kType, nullptr};
+}  // namespace
+
+const ZtDocument kCommunicationWaitingDocument =
+    ZtDocumentOf<CommunicationWaitingContext, XMLCommunicationWaitingDecoder,
+                 CommunicationWaitingUnMarshaller, Communication_waitingMarshaller,
+                 CommunicationWaitingDataBinder>({XML_SCHEMA_COMMUNICATION_WAITING,
+                                                  "CommunicationWaiting",
+                                                  {"communication-waiting", nullptr},
+                                                  kSimservsNamespace,
+                                                  true},
+                                                 kSource)
+        .Reads("CommunicationWaitingUnMarshaller")
+        .Writes(kWritables, "Communication_waitingMarshaller", "mCommunicationWaitingXml")
+        .AsFragment()
+        .Lines(SimservBinding::kSwitchLines);
+
+const ZtDocument& Communication_waitingMarshaller::Document() const {
+  return kCommunicationWaitingDocument;
+}
+const ZtDocument& CommunicationWaitingUnMarshaller::Document() const {
+  return kCommunicationWaitingDocument;
+}
+const ZtDocument& CommunicationWaitingContext::Document() const {
+  return kCommunicationWaitingDocument;
+}

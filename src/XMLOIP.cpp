@@ -1,0 +1,48 @@
+#include "XMLOIP.h"
+
+#include "OIP.h"
+#include "SimservBinding.h"
+
+namespace {
+constexpr char kSource[] = "src/XMLOIP";
+constexpr ZtFamily kFamily = ZtQuietFamily(kSource);
+}  // namespace
+
+const ZtElementType zt_originating_identity_presentation::kType =
+    SimservBinding::Switch<zt_originating_identity_presentation>(
+        XML_STR_ORIGINATING_IDENTITY_PRESENTATION, "originating-identity-presentation",
+        "OriginatingIdentityPresentation", "AddOriginatingIdentityPresentationElementToXml",
+        kFamily);
+
+const ZtElementType& zt_originating_identity_presentation::Type() const { return kType; }
+
+XMLObject* OIPDataBinder::CreateRootElement() {
+  return ZtCreate<zt_originating_identity_presentation>(kSource);
+}
+
+OIPMarshaller::OIPMarshaller() : ZtNamespaceMarshaller("OIPMarshaller", kSource) {}
+int OIPMarshaller::AddOIPElementToXml(zt_originating_identity_presentation* service) {
+  return Write(service, zt_originating_identity_presentation::kType);
+}
+
+namespace {
+constexpr const ZtElementType* kWritables[] = {&zt_originating_identity_presentation::kType,
+                                               nullptr};
+}  // namespace
+
+const ZtDocument kOIPDocument =
+    ZtDocumentOf<OIPContext, XMLOIPDecoder, OIPUnMarshaller, OIPMarshaller, OIPDataBinder>(
+        {XML_SCHEMA_OIP,
+         "OIP",
+         {"originating-identity-presentation", nullptr},
+         kSimservsNamespace,
+         true},
+        kSource)
+        .Reads("OIPUnMarshaller")
+        .Writes(kWritables, "OIPMarshaller", "mOIPXml")
+        .AsFragment()
+        .Lines(SimservBinding::kSwitchLines);
+
+const ZtDocument& OIPMarshaller::Document() const { return kOIPDocument; }
+const ZtDocument& OIPUnMarshaller::Document() const { return kOIPDocument; }
+const ZtDocument& OIPContext::Document() const { return kOIPDocument; }

@@ -1,0 +1,48 @@
+#include "XMLTIP.h"
+
+#include "SimservBinding.h"
+#include "TIP.h"
+
+namespace {
+constexpr char kSource[] = "src/XMLTIP";
+constexpr ZtFamily kFamily = ZtQuietFamily(kSource);
+}  // namespace
+
+const ZtElementType zt_terminating_identity_presentation::kType =
+    SimservBinding::Switch<zt_terminating_identity_presentation>(
+        XML_STR_TERMINATING_IDENTITY_PRESENTATION, "terminating-identity-presentation",
+        "TerminatingIdentityPresentation", "AddTerminatingIdentityPresentationElementToXml",
+        kFamily);
+
+const ZtElementType& zt_terminating_identity_presentation::Type() const { return kType; }
+
+XMLObject* TIPDataBinder::CreateRootElement() {
+  return ZtCreate<zt_terminating_identity_presentation>(kSource);
+}
+
+TIPMarshaller::TIPMarshaller() : ZtNamespaceMarshaller("TIPMarshaller", kSource) {}
+int TIPMarshaller::AddTIPElementToXml(zt_terminating_identity_presentation* service) {
+  return Write(service, zt_terminating_identity_presentation::kType);
+}
+
+namespace {
+constexpr const ZtElementType* kWritables[] = {&zt_terminating_identity_presentation::kType,
+                                               nullptr};
+}  // namespace
+
+const ZtDocument kTIPDocument =
+    ZtDocumentOf<TIPContext, XMLTIPDecoder, TIPUnMarshaller, TIPMarshaller, TIPDataBinder>(
+        {XML_SCHEMA_TIP,
+         "TIP",
+         {"terminating-identity-presentation", nullptr},
+         kSimservsNamespace,
+         true},
+        kSource)
+        .Reads("TIPUnMarshaller")
+        .Writes(kWritables, "TIPMarshaller", "mTIPXml")
+        .AsFragment()
+        .Lines(SimservBinding::kSwitchLines);
+
+const ZtDocument& TIPMarshaller::Document() const { return kTIPDocument; }
+const ZtDocument& TIPUnMarshaller::Document() const { return kTIPDocument; }
+const ZtDocument& TIPContext::Document() const { return kTIPDocument; }
