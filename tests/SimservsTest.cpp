@@ -1,0 +1,249 @@
+// The whole document: services cut out of the text, read, and written back into it.
+#include <cstdio>
+#include <cstring>
+#include <gtest/gtest.h>
+
+#include "DocumentSupport.h"
+#include "TestSupport.h"
+#include "XMLCommunicationBarring.h"
+#include "XMLCommunicationDiversion.h"
+#include "XMLFile.h"
+#include "XMLSchemaNameSpaceRetrieval.h"
+#include "XMLSimservs.h"
+#include "XmlCommon.h"
+#include "base/ZtMemory.h"
+
+namespace {
+
+const std::string kStart =
+    "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<simservs  "
+    "xmlns=\"http://uri.etsi.org/ngn/params/xml/simservs/xcap\"  "
+    "xmlns:ss=\"http://uri.etsi.org/ngn/params/xml/simservs/xcap\"  "
+    "xmlns:cp=\"urn:ietf:params:xml:ns:common-policy\"  "
+    "xmlns:ocp=\"urn:oma:xml:xdm:common-policy\">";
+const std::string kEnd = "</simservs>";
+
+std::string Waiting(bool active) {
+  return std::string("<ss:communication-waiting  active=\"") + (active ? "true" : "false") + "\"/>";
+}
+std::string Service(const std::string& name, const std::string& content = "") {
+  return "<ss:" + name + "  active=\"true\">" + content + "</ss:" + name + ">";
+}
+std::string Switch(const std::string& name) { return "<ss:" + name + "  active=\"true\"/>"; }
+
+TEST(Simservs, ServicesAreCutOutAndWrittenBack) {
+  const std::string rules =
+      "\n<cp:ruleset>\n<cp:rule  id=\"communication-waiting\"></cp:rule></cp:ruleset>";
+  const struct {
+    std::string in;
+    std::string out;  // between the start and the end of the root
+  } kCases[] = {
+      {"<simservs/>", ""},
+      {"<simservs xmlns:x='y' a='b'>communication-waiting<unknown/></simservs>", ""},
+      // Every service, in the order of reading.
+      {"<?xml version='1.0'?>\r\n<!-- communication-waiting -->\r\n<ss:simservs>\r\n"
+       "<terminating-identity-presentation active='true'/>"
+       "<ss:originating-identity-presentation active='true' />"
+       "<ss:communication-waiting active='true'></ss:communication-waiting>"
+       "<communication-diversion active='true'><cp:ruleset><cp:rule id='communication-waiting'/>"
+       "</cp:ruleset></communication-diversion>"
+       "<ss:outgoing-communication-barring active='true'/>"
+       "<incoming-communication-barring\r\nactive='true'></incoming-communication-barring>"
+       "</ss:simservs>",
+       Service("incoming-communication-barring") + Service("outgoing-communication-barring") +
+           Service("communication-diversion", rules) + Waiting(true) +
+           Switch("originating-identity-presentation") +
+           Switch("terminating-identity-presentation")},
+      // Names that are none.
+      {"<simservs a='communication-waiting'><communication-waitings active='true'/>"
+       "<communication-waiting-x/><originating-identity-presentation-restriction active='true'/>"
+       "< communication-waiting/><!--x:communication-waiting --><x a='<communication-waiting b='>"
+       "</x></simservs>",
+       ""},
+      // At any depth; the kinds come in their order, whichever is inside. A service inside one of
+      // its kind is read with that, and takes its place.
+      {"<simservs><x><communication-waiting active='true'/></x><communication-diversion "
+       "active='true'><communication-waiting/></communication-diversion></simservs>",
+       Service("communication-diversion") + Waiting(true)},
+      {"<simservs><communication-waiting active='true'><communication-diversion active='true'/>"
+       "<communication-waiting><communication-waiting/></communication-waiting>"
+       "</communication-waiting><communication-waiting/></simservs>",
+       Service("communication-diversion") + Waiting(false) + Waiting(false)},
+      // A service under a prefix that nobody bound is dropped, the rest stays.
+      {"<simservs><x:communication-waiting/><ss:communication-waiting/></simservs>",
+       Waiting(false)},
+      // Behind the end of the document anything may stand.
+      {"<simservs/><communication-waiting><ss:communication-waiting/></x></ss:tip><",
+       Waiting(false)},
+      {"<communication-waiting/>", "null"},
+      {"<simservs><communication-waiting></simservs>", "null"},
+      {"<simservs><communication-waiting/>", "null"},
+      {"<tag/>", "null"},
+      {"", "null"},
+  };
+  Schema schema(XML_SCHEMA_SIMSERVS);
+  for (const auto& test : kCases) {
+    EXPECT_EQ(schema.RoundTrip(test.in), test.out == "null" ? "(null)" : kStart + test.out + kEnd)
+        << test.in;
+  }
+  std::string many, all;
+  for (int i = 0; i < 300; ++i) {
+    many += i % 3 ? "<communication-waiting active='true'/>" : "<a:communication-waiting/>";
+    all += i % 3 ? Waiting(true) : Waiting(false);
+  }
+  EXPECT_EQ(Schema(XML_SCHEMA_SIMSERVS).RoundTrip("<simservs>" + many + "</simservs>").size(),
+            kStart.size() + 200 * Waiting(true).size() + kEnd.size());
+  // The services come from the document's prefixes; what is written has its own.
+  const std::string bound =
+      "<r:simservs xmlns:r='http://uri.etsi.org/ngn/params/xml/simservs/xcap' "
+      "xmlns:a='http://uri.etsi.org/ngn/params/xml/simservs/xcap'>" +
+      many + "</r:simservs>";
+  auto binder = Schema(XML_SCHEMA_NAMESPACE_RETRIEVAL).Read<XMLObject>(bound);
+  schema.context()->SetNamespaceBinder(binder.get());
+  EXPECT_EQ(schema.RoundTrip(bound), "(null)");  // "a" is bound later than "r"
+  std::string renamed = bound;
+  renamed.replace(1, 1, "a").replace(renamed.size() - 11, 1, "a");
+  EXPECT_EQ(schema.RoundTrip(renamed), kStart + all + kEnd);
+}
+
+TEST(Simservs, TellsWhatItDid) {
+  LogCapture log(2);
+  Schema schema(XML_SCHEMA_SIMSERVS);
+  auto root = schema.Read<zt_Simservs>(
+      "<simservs><incoming-communication-barring/><outgoing-communication-barring/>"
+      "<communication-diversion/><communication-waiting/><x:communication-waiting/>"
+      "<originating-identity-presentation/><terminating-identity-presentation/></simservs>");
+  for (const char* cut : {"Incoming Communication Barring", "Outgoing Communication Barring",
+                          "Communication Diversion", "Communication Waiting", "OIP", "TIP"}) {
+    const std::string line = "<XML Module>: XML SimservsUnmarshall Success replace Substring ";
+    EXPECT_EQ(log.Count(line + cut + " "), std::strstr(cut, "Waiting") ? 2 : 1) << cut;
+  }
+  for (const char* read :
+       {"Success in Communication Barring (Incoming)",
+        "Success in Communication Barring (Outgoing)", "Success in Communication Diversion",
+        "Success in Communication Waiting", "Failure in Communication Waiting", "Success in poip",
+        "Success in ptip"}) {
+    EXPECT_TRUE(log.Has(std::string("<XML Module>: XML Decode ") + read)) << read;
+  }
+  EXPECT_EQ(log.Count("<XML Module>: XML Decode Failed"), 0);
+  EXPECT_EQ(CountOf(root->getServiceListValue()), 6);
+  EXPECT_EQ(schema.context()->SetNamespaceBinder(nullptr), 0);
+  EXPECT_TRUE(log.Has("<XML Module>: SimservsContext :: SetNamespaceBinder"));
+
+  // What is no service is left out.
+  root->addService(ZtCreate<zt_Simservs>("t"));
+  root->getServiceListValue()->Add(nullptr);
+  const std::string text = schema.Write(root.get());
+  EXPECT_EQ(text.find("simservs", kStart.size()), text.size() - 9);
+  EXPECT_EQ(schema.Write(root.get()), text);
+  EXPECT_EQ(log.Count("SimservsMarshaller XML - Communication Barring Marshalling Success"), 4);
+  EXPECT_EQ(log.Count("SimservsMarshaller XML - TIP Marshalling Success"), 2);
+  EXPECT_EQ(log.Count("SimservsMarshaller GetKeyAtIndex failed"), 2);
+  EXPECT_TRUE(log.Has("<XML Module>: SimservsMarshaller :: Marshall: Deleting SimservsXml"));
+  EXPECT_TRUE(log.Has("<XML Module>: SimservsMarshaller XML <?xml"));
+}
+
+TEST(Simservs, PublicSteps) {
+  SimservsUnMarshaller reader;
+  std::string text = "0123456789";
+  char* cut = nullptr;
+  EXPECT_EQ(reader.replaceSubStringWithNull(text.data(), &cut, 3, 4), text.data());
+  EXPECT_STREQ(text.c_str(), "012789");
+  EXPECT_STREQ(cut, "3456");
+  FreeElement(cut);
+  const int kNone[][2] = {{-1, 2}, {0, 0}, {5, 2}, {7, 1}, {0, -1}};
+  for (const auto& range : kNone) {
+    reader.replaceSubStringWithNull(text.data(), &cut, range[0], range[1]);
+    EXPECT_EQ(cut, nullptr);
+    EXPECT_STREQ(text.c_str(), "012789");
+  }
+  EXPECT_EQ(reader.replaceSubStringWithNull(nullptr, &cut, 0, 1), nullptr);
+  LogCapture log;
+  zthost::FailAllocation(1);
+  reader.replaceSubStringWithNull(text.data(), &cut, 0, 1);
+  EXPECT_EQ(cut, nullptr);
+  EXPECT_TRUE(log.Has("replaceSubStringWithNull malloc failed returning pString"));
+  std::string valid = "<other/>", invalid = "<other>";
+  EXPECT_EQ(reader.validateXML(valid.data()), 1);
+  EXPECT_TRUE(log.Has("<XML Module>: XML Decode Success"));
+  EXPECT_EQ(reader.validateXML(invalid.data()), 0);
+  EXPECT_EQ(reader.validateXML(nullptr), 0);
+  EXPECT_EQ(log.Count("<XML Module>: XML Decode Failed"), 2);
+
+  SimservsMarshaller writer;
+  char* whole = writer.InsertString(__strdup("<a><b></b></a>"), "<c/>");
+  EXPECT_STREQ(whole, "<a><b><c/></b></a>");
+  EXPECT_EQ(writer.InsertString(whole, nullptr), whole);
+  EXPECT_EQ(writer.InsertString(nullptr, "x"), nullptr);
+  EXPECT_EQ(log.Count("SimservsMarshaller :: InsertString mSimservsXml or pString NULL "), 2);
+  zthost::FailAllocation(1);
+  EXPECT_EQ(writer.InsertString(whole, "<d/>"), whole);
+  EXPECT_TRUE(log.Has("InsertString malloc failed for pTempStr returning mSimservsXml "));
+  FreeElement(whole);
+
+  const std::string path = ::testing::TempDir() + "ztxml_simservs_test.xml";
+  XMLFile out(path.c_str(), XML_FILE_WRITE);
+  out.Write("<simservs><communication-waiting/></simservs>");
+  out.CloseFile();
+  XMLFile in(path.c_str(), XML_FILE_READ);
+  Tree<zt_Simservs> root(static_cast<zt_Simservs*>(reader.UnMarshall(&in)));
+  in.CloseFile();
+  std::remove(path.c_str());
+  ASSERT_TRUE(root);
+  EXPECT_EQ(CountOf(root->getServiceListValue()), 1);
+  EXPECT_EQ(reader.UnMarshall(static_cast<XMLFile*>(nullptr)), nullptr);
+}
+
+// Reading with a binder, writing and the factories with each allocation failing, once and from
+// there on. A service may be missing then, as its log line tells; nothing leaks.
+TEST(Simservs, EveryAllocationMayFail) {
+  const std::string text =
+      "<simservs xmlns='http://uri.etsi.org/ngn/params/xml/simservs/xcap' "
+      "xmlns:p='urn:ietf:params:xml:ns:common-policy'><communication-diversion b='c' active='true'>"
+      "<NoReplyTimer>20</NoReplyTimer><p:ruleset><p:rule id='r'><p:conditions><busy/><media>m"
+      "</media><p:validity><p:from>1</p:from><p:until>2</p:until></p:validity></p:conditions>"
+      "<p:actions><forward-to><target>t</target></forward-to></p:actions></p:rule></p:ruleset>"
+      "</communication-diversion><communication-waiting a='1' b='2' c='3' d='4' e='5' f='6' g='7' "
+      "h='8' i='9'/></simservs>";
+  auto binder = Schema(XML_SCHEMA_NAMESPACE_RETRIEVAL).Read<XMLObject>(text);
+  const auto attempt = [&](bool& whole) {
+    XMLContext* context = XMLFactory::newInstance(XML_SCHEMA_SIMSERVS);
+    if (context) context->SetNamespaceBinder(binder.get());
+    XMLUnMarshaller* reader = context ? context->createUnMarshaller() : nullptr;
+    Tree<XMLElement> root(reader ? reader->UnMarshall(text.c_str()) : nullptr);
+    auto* services = static_cast<zt_Simservs*>(root.get());
+    whole = services && CountOf(services->getServiceListValue()) == 2;
+    XMLMarshaller* writer = context ? context->createMarshaller() : nullptr;
+    const char* written = writer ? writer->Marshall(root.get()) : nullptr;
+    const std::string result = written ? written : "(null)";
+    XMLContext* service = XMLFactory::newInstance(XML_SCHEMA_COMMUNICATION_DIVERSION);
+    XMLMarshaller* alone = service ? service->createMarshaller() : nullptr;
+    ZtListNode* first =
+        services ? ZtSingleElementList::HeadOf(services->getServiceListValue()) : nullptr;
+    if (alone && first) {
+      char* prefix = static_cast<ZtNamespaceMarshaller*>(alone)->AddNameSpaceChange("cp");
+      FreeElement(prefix);
+    }
+    XMLFactory::deleteContext(service);
+    XMLFactory::deleteContext(context);
+    return result;
+  };
+  bool whole = false;
+  const std::string expected = attempt(whole);
+  ASSERT_TRUE(whole);
+  for (const bool after : {false, true}) {
+    for (long n = 1, reached = 1; reached; ++n) {
+      LogCapture log(2);
+      zthost::FailAllocation(n, after);
+      const std::string written = attempt(whole);
+      reached = zthost::AllocationCount() >= n;
+      zthost::FailAllocation(0);
+      const bool told = log.Has("Failure in") || log.Has("Marshalling error") ||
+                        log.Has("InsertString malloc failed");
+      EXPECT_TRUE(written == "(null)" || written == expected || told) << n;
+      EXPECT_TRUE(reached || written == expected);
+    }
+  }
+}
+
+}  // namespace
