@@ -54,6 +54,8 @@ for document in "$documents"/*.xml; do
 done
 expect 0 "" "$ztxml" roundtrip "$documents/reginfo-prefixed.xml"
 grep -qF '<gr:temp-gruu  first-cseq="31"' "$work/out" || fail "prefixed: $(cat "$work/out")"
+expect 0 "" "$ztxml" roundtrip "$documents/simservs-prefixed.xml"
+grep -qF '<ss:media>video</ss:media>' "$work/out" || fail "prefixed: $(cat "$work/out")"
 "$ztxml" roundtrip "$documents/reginfo.xml" >"$work/once.xml"
 for schema in ReGiNfO 26; do
   expect 0 "" "$ztxml" roundtrip --schema "$schema" "$documents/reginfo.xml"
@@ -83,6 +85,16 @@ if [[ -n "$examples" ]]; then
   mv "$work/out" "$work/written.xml"
   expect 0 "" "$ztxml" roundtrip "$work/written.xml"
   [[ "$(cat "$work/out")" == "$(cat "$work/written.xml")" ]] || fail "write_reginfo: read differently"
+  # The body to put back is the old one with the changes and nothing else.
+  diversion="$documents/communication-diversion.xml"
+  expect 0 "" "$examples/change_diversion" "$diversion" sip:new@example.com
+  mv "$work/out" "$work/changed.xml"
+  "$ztxml" roundtrip "$diversion" | sed -e 's|<target>.*</target>|<target>sip:new@example.com</target>|' \
+    -e 's|>20</NoReplyTimer>|>30</NoReplyTimer>|' \
+    -e 's|^<media>audio</media></cp:conditions>|<media>audio</media>\n<rule-deactivated/></cp:conditions>|' \
+    >"$work/out"
+  [[ "$(cat "$work/out")" == "$(cat "$work/changed.xml")" ]] ||
+    fail "change_diversion: $(cat "$work/changed.xml")"
 fi
 
 [[ "$failures" -eq 0 ]] && echo "cli: all passed"

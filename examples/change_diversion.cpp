@@ -1,0 +1,109 @@
+// Reads a communication-diversion fragment (3GPP TS 24.604) as an XCAP server sends it, changes it
+// and prints the body to put back: calls ring 30 seconds, every rule that forwards forwards to
+// another address, and the first rule is switched off.
+//
+// Usage: change_diversion FILE TARGET_URI
+#include <cstdio>
+#include <cstring>
+
+#include "XMLCommunicationDiversion.h"
+#include "XMLFactory.h"
+#include "XMLFile.h"
+
+namespace {
+
+// The entry of a list of elements: the lists of the schema types hold XMLElement*.
+template <class T>
+T* ElementOf(const ZtListNode* node) {
+  return static_cast<T*>(static_cast<XMLElement*>(node->data));
+}
+
+// A class name tells which type an element of a mixed list has.
+bool Is(XMLElement* element, const char* className) {
+  return std::strcmp(element->ClassName(), className) == 0;
+}
+
+// What a factory makes is the caller's until a parent takes it.
+bool SetTimer(CommunicationDiversionDataBinder& factory, zt_communication_diversion& diversion,
+              unsigned seconds) {
+  if (!diversion.getNoReplyTimerValue()) {
+    diversion.setNoReplyTimerValue(factory.CreateNoReplyTimerElement());
+  }
+  zt_NoReplyTimer* timer = diversion.getNoReplyTimerValue();
+  return timer && timer->setNoReplyTimerValue(seconds);
+}
+
+void ForwardTo(zt_ns_common_policy_ruleType& rule, const char* target) {
+  zt_ns_common_policy_extensibleType* actions = rule.getActionsValue();
+  ZtSingleElementList* list = actions ? actions->getElementsValue() : nullptr;
+  for (ZtListNode* node = list ? list->GetPtrToListHead() : nullptr; node; node = node->next) {
+    auto* element = ElementOf<XMLElement>(node);
+    if (!Is(element, "zt_ns_xcap_forward_to_type")) continue;
+    static_cast<zt_ns_xcap_forward_to_type*>(element)->setTargetValue(target);
+  }
+}
+
+bool SwitchOff(CommunicationDiversionDataBinder& factory, zt_ns_common_policy_ruleType& rule) {
+  if (!rule.getConditionsValue()) rule.setConditionsValue(factory.CreateConditionsTypeElement());
+  zt_empty_element_type* flag = factory.CreateEmptyTypeElement();
+  if (!flag) return false;
+  flag->setValue("rule-deactivated");
+  if (rule.getConditionsValue() && rule.getConditionsValue()->addAny(flag)) return true;
+  XMLFactory::DeleteElement(flag);
+  return false;
+}
+
+bool Change(XMLContext& context, zt_communication_diversion& diversion, const char* target) {
+  auto* factory = static_cast<CommunicationDiversionDataBinder*>(context.createBinderFactory());
+  if (!factory || !SetTimer(*factory, diversion, 30)) return false;
+  zt_ns_common_policy_ruleset* rules = diversion.getRuleSetValue();
+  ZtSingleElementList* list = rules ? rules->getRulesValue() : nullptr;
+  ZtListNode* first = list ? list->GetPtrToListHead() : nullptr;
+  for (ZtListNode* node = first; node; node = node->next) {
+    ForwardTo(*ElementOf<zt_ns_common_policy_ruleType>(node), target);
+  }
+  return !first || SwitchOff(*factory, *ElementOf<zt_ns_common_policy_ruleType>(first));
+}
+
+// The body with the changes, printed; whether that went well.
+bool Run(XMLContext& context, const char* xml, const char* target) {
+  XMLUnMarshaller* reader = context.createUnMarshaller();
+  XMLMarshaller* writer = context.createMarshaller();
+  XMLElement* root = reader ? reader->UnMarshall(xml) : nullptr;
+  const char* text = nullptr;
+  if (root && writer && Change(context, *static_cast<zt_communication_diversion*>(root), target)) {
+    text = writer->Marshall(root);
+  }
+  if (text) std::printf("%s\n", text);
+  XMLFactory::DeleteElement(root);
+  return text != nullptr;
+}
+
+// The document's own prefixes are collected first: it is read and written back with them.
+bool RunWithNamespaces(const char* xml, const char* target) {
+  XMLContext* retrieval = XMLFactory::newInstance(XML_SCHEMA_NAMESPACE_RETRIEVAL);
+  XMLContext* context = XMLFactory::newInstance(XML_SCHEMA_COMMUNICATION_DIVERSION);
+  XMLUnMarshaller* reader = retrieval ? retrieval->createUnMarshaller() : nullptr;
+  auto* namespaces = static_cast<XMLObject*>(reader ? reader->UnMarshall(xml) : nullptr);
+  const bool done =
+      context && context->SetNamespaceBinder(namespaces) && Run(*context, xml, target);
+  XMLFactory::deleteContext(context);
+  XMLFactory::DeleteElement(namespaces);  // borrowed by the context until here
+  XMLFactory::deleteContext(retrieval);
+  return done;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  if (argc != 3) {
+    std::fprintf(stderr, "usage: change_diversion FILE TARGET_URI\n");
+    return 2;
+  }
+  XMLFile file(argv[1], XML_FILE_READ);
+  const char* xml = file.Read();
+  const bool done = xml && RunWithNamespaces(xml, argv[2]);
+  if (xml) file.CloseFile();
+  if (!done) std::fprintf(stderr, "change_diversion: %s cannot be read or written\n", argv[1]);
+  return done ? 0 : 1;
+}
