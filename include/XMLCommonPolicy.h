@@ -12,7 +12,7 @@
 #include "ZtNamespaceDocument.h"
 
 /// An "except": who is excluded from a "many".
-class ZT_API zt_ns_common_policy_exceptType : public ZtElement {
+class ZT_API zt_ns_common_policy_exceptType : public ZtTyped<zt_ns_common_policy_exceptType> {
  public:
   static const ZtElementType kType;
 
@@ -26,14 +26,13 @@ class ZT_API zt_ns_common_policy_exceptType : public ZtElement {
 
  private:
   friend struct CommonPolicyBinding;
-  const ZtElementType& Type() const override;
 
   ZtText m_Domain;
   ZtText m_Id;
 };
 
 /// A "one": a single identity.
-class ZT_API zt_ns_common_policy_oneType : public ZtElement {
+class ZT_API zt_ns_common_policy_oneType : public ZtTyped<zt_ns_common_policy_oneType> {
  public:
   static const ZtElementType kType;
 
@@ -48,14 +47,13 @@ class ZT_API zt_ns_common_policy_oneType : public ZtElement {
 
  private:
   friend struct CommonPolicyBinding;
-  const ZtElementType& Type() const override;
 
   ZtText m_Id;
   ZtChildList m_AnyList;
 };
 
 /// A "many": everyone, or everyone of a domain.
-class ZT_API zt_ns_common_policy_manyType : public ZtElement {
+class ZT_API zt_ns_common_policy_manyType : public ZtTyped<zt_ns_common_policy_manyType> {
  public:
   static const ZtElementType kType;
 
@@ -75,7 +73,6 @@ class ZT_API zt_ns_common_policy_manyType : public ZtElement {
 
  private:
   friend struct CommonPolicyBinding;
-  const ZtElementType& Type() const override;
 
   ZtText m_Domain;
   ZtChildList m_ExceptList;
@@ -83,7 +80,7 @@ class ZT_API zt_ns_common_policy_manyType : public ZtElement {
 };
 
 /// The condition "identity". On output it must have a "one" or a "many".
-class ZT_API zt_ns_common_policy_identityType : public ZtElement {
+class ZT_API zt_ns_common_policy_identityType : public ZtTyped<zt_ns_common_policy_identityType> {
  public:
   static const ZtElementType kType;
 
@@ -104,7 +101,6 @@ class ZT_API zt_ns_common_policy_identityType : public ZtElement {
 
  private:
   friend struct CommonPolicyBinding;
-  const ZtElementType& Type() const override;
 
   ZtChildList m_OneList;
   ZtChildList m_ManyList;
@@ -112,7 +108,7 @@ class ZT_API zt_ns_common_policy_identityType : public ZtElement {
 };
 
 /// The condition "sphere".
-class ZT_API zt_ns_common_policy_sphereType : public ZtElement {
+class ZT_API zt_ns_common_policy_sphereType : public ZtTyped<zt_ns_common_policy_sphereType> {
  public:
   static const ZtElementType kType;
 
@@ -122,14 +118,13 @@ class ZT_API zt_ns_common_policy_sphereType : public ZtElement {
 
  private:
   friend struct CommonPolicyBinding;
-  const ZtElementType& Type() const override;
 
   ZtText m_Value;
 };
 
 /// The condition "validity": periods of time. The n-th "from" goes with the n-th "until"; on output
 /// there must be as many of both, and at least one.
-class ZT_API zt_ns_common_policy_validityType : public ZtElement {
+class ZT_API zt_ns_common_policy_validityType : public ZtTyped<zt_ns_common_policy_validityType> {
  public:
   static const ZtElementType kType;
 
@@ -145,14 +140,14 @@ class ZT_API zt_ns_common_policy_validityType : public ZtElement {
 
  private:
   friend struct CommonPolicyBinding;
-  const ZtElementType& Type() const override;
 
   ZtChildList m_FromList;
   ZtChildList m_UntilList;
 };
 
 /// The "conditions" of a rule, all of which must hold.
-class ZT_API zt_ns_common_policy_conditionsType : public ZtElement {
+class ZT_API zt_ns_common_policy_conditionsType
+    : public ZtTyped<zt_ns_common_policy_conditionsType> {
  public:
   static const ZtElementType kType;
 
@@ -179,7 +174,6 @@ class ZT_API zt_ns_common_policy_conditionsType : public ZtElement {
 
  private:
   friend struct CommonPolicyBinding;
-  const ZtElementType& Type() const override;
 
   ZtChildList m_IdentityList;
   ZtChildList m_SphereList;
@@ -188,7 +182,8 @@ class ZT_API zt_ns_common_policy_conditionsType : public ZtElement {
 };
 
 /// The "actions" or the "transformations" of a rule.
-class ZT_API zt_ns_common_policy_extensibleType : public ZtElement {
+class ZT_API zt_ns_common_policy_extensibleType
+    : public ZtTyped<zt_ns_common_policy_extensibleType> {
  public:
   static const ZtElementType kType;
 
@@ -200,13 +195,12 @@ class ZT_API zt_ns_common_policy_extensibleType : public ZtElement {
 
  private:
   friend struct CommonPolicyBinding;
-  const ZtElementType& Type() const override;
 
   ZtChildList m_Elements;
 };
 
 /// A "rule": what happens under which conditions.
-class ZT_API zt_ns_common_policy_ruleType : public ZtElement {
+class ZT_API zt_ns_common_policy_ruleType : public ZtTyped<zt_ns_common_policy_ruleType> {
  public:
   static const ZtElementType kType;
 
@@ -240,7 +234,6 @@ class ZT_API zt_ns_common_policy_ruleType : public ZtElement {
 
  private:
   friend struct CommonPolicyBinding;
-  const ZtElementType& Type() const override;
 
   ZtText m_Id;
   ZtChild m_Conditions;
@@ -249,7 +242,7 @@ class ZT_API zt_ns_common_policy_ruleType : public ZtElement {
 };
 
 /// The "ruleset": rules in the order in which they are looked at.
-class ZT_API zt_ns_common_policy_ruleset : public ZtElement {
+class ZT_API zt_ns_common_policy_ruleset : public ZtTyped<zt_ns_common_policy_ruleset> {
  public:
   static const ZtElementType kType;
 
@@ -260,7 +253,6 @@ class ZT_API zt_ns_common_policy_ruleset : public ZtElement {
 
  private:
   friend struct CommonPolicyBinding;
-  const ZtElementType& Type() const override;
 
   ZtChildList m_Rules;
 };

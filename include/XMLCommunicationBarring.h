@@ -12,7 +12,7 @@ enum XML_COMMUNICATION_BARRING_TYPE : int {
 };
 
 /// The action "allow".
-class ZT_API zt_allow_action_type : public ZtElement {
+class ZT_API zt_allow_action_type : public ZtTyped<zt_allow_action_type> {
  public:
   static const ZtElementType kType;
 
@@ -25,7 +25,6 @@ class ZT_API zt_allow_action_type : public ZtElement {
 
  private:
   friend struct CommunicationBarringBinding;
-  const ZtElementType& Type() const override;
 
   unsigned m_Allow = 0;
 };
@@ -47,21 +46,17 @@ class ZT_API ZtCommunicationBarring : public zt_ns_xcap_simservType {
 };
 
 /// The root element "incoming-communication-barring".
-class ZT_API zt_incoming_communication_barring : public ZtCommunicationBarring {
+class ZT_API zt_incoming_communication_barring
+    : public ZtTyped<zt_incoming_communication_barring, ZtCommunicationBarring> {
  public:
   static const ZtElementType kType;
-
- private:
-  const ZtElementType& Type() const override;
 };
 
 /// The root element "outgoing-communication-barring".
-class ZT_API zt_outgoing_communication_barring : public ZtCommunicationBarring {
+class ZT_API zt_outgoing_communication_barring
+    : public ZtTyped<zt_outgoing_communication_barring, ZtCommunicationBarring> {
  public:
   static const ZtElementType kType;
-
- private:
-  const ZtElementType& Type() const override;
 };
 
 /// Makes empty elements; each is the caller's until a parent takes it. Null without memory.
@@ -79,28 +74,31 @@ class ZT_API CommunicationBarringDataBinder : public ZtPolicyDataBinder {
   XML_COMMUNICATION_BARRING_TYPE m_CBType = XML_COMMUNICATION_BARRING_NONE;
 };
 
+class CommunicationBarringContext;
+
 /// Writes a service, its rule set, a rule, conditions, actions, a flag or an except as an XCAP
 /// fragment: without declarations, for the scope of the document that it goes into.
-class ZT_API Communication_barringMarshaller : public ZtPolicyMarshaller {
+class ZT_API Communication_barringMarshaller
+    : public ZtDescribedBy<CommunicationBarringContext, ZtPolicyMarshaller> {
  public:
   Communication_barringMarshaller();
   int AddIncoming_communication_barringElementToXml(zt_incoming_communication_barring* barring);
   int AddOutgoing_communication_barringElementToXml(zt_outgoing_communication_barring* barring);
 
  private:
-  const ZtDocument& Document() const override;
   const ZtPolicyTypes& Policy() const override;
 };
 
 /// Reads either service from an XCAP fragment; the root element tells which. Whatever the factory
 /// makes does not matter.
-class ZT_API CommunicationBarringUnMarshaller : public ZtUnMarshaller {
-  const ZtDocument& Document() const override;
-};
+class ZT_API CommunicationBarringUnMarshaller
+    : public ZtDescribedBy<CommunicationBarringContext, ZtUnMarshaller> {};
 
 /// The context of communication barring, XML_SCHEMA_COMMUNICATION_BARRING.
-class ZT_API CommunicationBarringContext : public ZtNamespaceContext {
-  const ZtDocument& Document() const override;
+class ZT_API CommunicationBarringContext
+    : public ZtDescribedBy<CommunicationBarringContext, ZtNamespaceContext> {
+ public:
+  static const ZtDocument kDocument;
 };
 
 #endif  // ZTXML_INCLUDE_XMLCOMMUNICATIONBARRING_H

@@ -6,7 +6,7 @@
 #include "XMLCommonPolicy.h"
 
 /// The element "NoReplyTimer": how long a call rings before a rule with "no-answer" holds.
-class ZT_API zt_NoReplyTimer : public ZtObject {
+class ZT_API zt_NoReplyTimer : public ZtTyped<zt_NoReplyTimer, ZtObject> {
  public:
   static const ZtElementType kType;
 
@@ -20,7 +20,6 @@ class ZT_API zt_NoReplyTimer : public ZtObject {
 
  private:
   friend struct CommunicationDiversionBinding;
-  const ZtElementType& Type() const override;
 
   unsigned m_Seconds = 0;
 };
@@ -35,7 +34,7 @@ enum zt_reveal_enum : unsigned {
 
 /// The action "forward-to". Its switches are 1, 0 or, when unset (at first, and not written), -1;
 /// any other number sets them to 0.
-class ZT_API zt_ns_xcap_forward_to_type : public ZtElement {
+class ZT_API zt_ns_xcap_forward_to_type : public ZtTyped<zt_ns_xcap_forward_to_type> {
  public:
   static const ZtElementType kType;
 
@@ -86,7 +85,6 @@ class ZT_API zt_ns_xcap_forward_to_type : public ZtElement {
 
  private:
   friend struct CommunicationDiversionBinding;
-  const ZtElementType& Type() const override;
 
   static constexpr unsigned kUnset = static_cast<unsigned>(-1);
   static int Set(unsigned& field, int notify) {
@@ -109,7 +107,8 @@ class ZT_API zt_ns_xcap_forward_to_type : public ZtElement {
 };
 
 /// The root element "communication-diversion".
-class ZT_API zt_communication_diversion : public zt_ns_xcap_simservType {
+class ZT_API zt_communication_diversion
+    : public ZtTyped<zt_communication_diversion, zt_ns_xcap_simservType> {
  public:
   static const ZtElementType kType;
 
@@ -127,7 +126,6 @@ class ZT_API zt_communication_diversion : public zt_ns_xcap_simservType {
 
  private:
   friend struct CommunicationDiversionBinding;
-  const ZtElementType& Type() const override;
 
   ZtChild m_NoReplyTimer;
   ZtChild m_RuleSet;
@@ -142,9 +140,12 @@ class ZT_API CommunicationDiversionDataBinder : public ZtPolicyDataBinder {
   zt_NoReplyTimer* CreateNoReplyTimerElement();
 };
 
+class CommunicationDiversionContext;
+
 /// Writes the service, its timer, rule set, a rule, conditions, actions, a forward-to or a flag as
 /// an XCAP fragment: without declarations, for the scope of the document that it goes into.
-class ZT_API Communication_diversionMarshaller : public ZtPolicyMarshaller {
+class ZT_API Communication_diversionMarshaller
+    : public ZtDescribedBy<CommunicationDiversionContext, ZtPolicyMarshaller> {
  public:
   Communication_diversionMarshaller();
   int AddCommunication_diversionElementToXml(zt_communication_diversion* diversion);
@@ -153,18 +154,18 @@ class ZT_API Communication_diversionMarshaller : public ZtPolicyMarshaller {
   int AddForwardToElementtoXml(zt_ns_xcap_forward_to_type* forwardTo);
 
  private:
-  const ZtDocument& Document() const override;
   const ZtPolicyTypes& Policy() const override;
 };
 
 /// Reads the service from an XCAP fragment.
-class ZT_API CommunicationDiversionUnMarshaller : public ZtUnMarshaller {
-  const ZtDocument& Document() const override;
-};
+class ZT_API CommunicationDiversionUnMarshaller
+    : public ZtDescribedBy<CommunicationDiversionContext, ZtUnMarshaller> {};
 
 /// The context of communication diversion, XML_SCHEMA_COMMUNICATION_DIVERSION.
-class ZT_API CommunicationDiversionContext : public ZtNamespaceContext {
-  const ZtDocument& Document() const override;
+class ZT_API CommunicationDiversionContext
+    : public ZtDescribedBy<CommunicationDiversionContext, ZtNamespaceContext> {
+ public:
+  static const ZtDocument kDocument;
 };
 
 #endif  // ZTXML_INCLUDE_XMLCOMMUNICATIONDIVERSION_H

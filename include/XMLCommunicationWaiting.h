@@ -6,12 +6,10 @@
 #include "ZtNamespaceDocument.h"
 
 /// The element "communication-waiting".
-class ZT_API zt_communication_waiting : public zt_ns_xcap_simservType {
+class ZT_API zt_communication_waiting
+    : public ZtTyped<zt_communication_waiting, zt_ns_xcap_simservType> {
  public:
   static const ZtElementType kType;
-
- private:
-  const ZtElementType& Type() const override;
 };
 
 /// Makes an empty zt_communication_waiting.
@@ -20,25 +18,26 @@ class ZT_API CommunicationWaitingDataBinder : public XMLObjectFactory {
   XMLObject* CreateRootElement() override;
 };
 
+class CommunicationWaitingContext;
+
 /// Writes the service as an XCAP fragment.
-class ZT_API Communication_waitingMarshaller : public ZtNamespaceMarshaller {
+class ZT_API Communication_waitingMarshaller
+    : public ZtDescribedBy<CommunicationWaitingContext, ZtNamespaceMarshaller> {
  public:
   Communication_waitingMarshaller();
   /// Writes the element (1 written, 0 failed), which only a running Marshall can use.
   int AddCommunication_waitingElementToXml(zt_communication_waiting* service);
-
- private:
-  const ZtDocument& Document() const override;
 };
 
 /// Reads the service from an XCAP fragment.
-class ZT_API CommunicationWaitingUnMarshaller : public ZtUnMarshaller {
-  const ZtDocument& Document() const override;
-};
+class ZT_API CommunicationWaitingUnMarshaller
+    : public ZtDescribedBy<CommunicationWaitingContext, ZtUnMarshaller> {};
 
 /// The context of communication waiting, XML_SCHEMA_COMMUNICATION_WAITING.
-class ZT_API CommunicationWaitingContext : public ZtNamespaceContext {
-  const ZtDocument& Document() const override;
+class ZT_API CommunicationWaitingContext
+    : public ZtDescribedBy<CommunicationWaitingContext, ZtNamespaceContext> {
+ public:
+  static const ZtDocument kDocument;
 };
 
 #endif  // ZTXML_INCLUDE_XMLCOMMUNICATIONWAITING_H

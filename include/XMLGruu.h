@@ -34,39 +34,27 @@ class ZT_API ZtTemporaryGruu : public ZtGruu {
 };
 
 /// The element "pub-gruu".
-class ZT_API zt_pub_gruu : public ZtGruu {
+class ZT_API zt_pub_gruu : public ZtTyped<zt_pub_gruu, ZtGruu> {
  public:
   static const ZtElementType kType;
-
- private:
-  const ZtElementType& Type() const override;
 };
 
 /// The element "temp-gruu".
-class ZT_API zt_temp_gruu : public ZtTemporaryGruu {
+class ZT_API zt_temp_gruu : public ZtTyped<zt_temp_gruu, ZtTemporaryGruu> {
  public:
   static const ZtElementType kType;
-
- private:
-  const ZtElementType& Type() const override;
 };
 
 /// "pub-gruu" where it is not a root. The library reads GRUUs as zt_pub_gruu.
-class ZT_API zt_ns_gruuinfo_pubGruu : public ZtGruu {
+class ZT_API zt_ns_gruuinfo_pubGruu : public ZtTyped<zt_ns_gruuinfo_pubGruu, ZtGruu> {
  public:
   static const ZtElementType kType;
-
- private:
-  const ZtElementType& Type() const override;
 };
 
 /// "temp-gruu" where it is not a root. The library reads GRUUs as zt_temp_gruu.
-class ZT_API zt_ns_gruuinfo_tempGruu : public ZtTemporaryGruu {
+class ZT_API zt_ns_gruuinfo_tempGruu : public ZtTyped<zt_ns_gruuinfo_tempGruu, ZtTemporaryGruu> {
  public:
   static const ZtElementType kType;
-
- private:
-  const ZtElementType& Type() const override;
 };
 
 /// Makes empty objects; each is the caller's until a parent takes it. Null without memory.
@@ -87,25 +75,23 @@ class ZT_API GruuDataBinder : public XMLObjectFactory {
   ZtText m_pGruutype;
 };
 
+class GruuContext;
+
 /// Writes one GRUU without any prefix. Besides Marshall, the steps that write one element each (1
 /// written, 0 failed), which only a running Marshall can use.
-class ZT_API GruuMarshaller : public ZtMarshaller {
+class ZT_API GruuMarshaller : public ZtDescribedBy<GruuContext, ZtMarshaller> {
  public:
   int AddPubGruuElementToXml(zt_pub_gruu* gruu);
   int AddTempGruuElementToXml(zt_temp_gruu* gruu);
-
- private:
-  const ZtDocument& Document() const override;
 };
 
 /// Reads one GRUU: a zt_pub_gruu or a zt_temp_gruu.
-class ZT_API GruuUnMarshaller : public ZtUnMarshaller {
-  const ZtDocument& Document() const override;
-};
+class ZT_API GruuUnMarshaller : public ZtDescribedBy<GruuContext, ZtUnMarshaller> {};
 
 /// The context of GRUU information, XML_SCHEMA_GRUU.
-class ZT_API GruuContext : public ZtContext {
-  const ZtDocument& Document() const override;
+class ZT_API GruuContext : public ZtDescribedBy<GruuContext, ZtContext> {
+ public:
+  static const ZtDocument kDocument;
 };
 
 #endif  // ZTXML_INCLUDE_XMLGRUU_H

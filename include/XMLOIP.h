@@ -6,12 +6,10 @@
 #include "ZtNamespaceDocument.h"
 
 /// The element "originating-identity-presentation".
-class ZT_API zt_originating_identity_presentation : public zt_ns_xcap_simservType {
+class ZT_API zt_originating_identity_presentation
+    : public ZtTyped<zt_originating_identity_presentation, zt_ns_xcap_simservType> {
  public:
   static const ZtElementType kType;
-
- private:
-  const ZtElementType& Type() const override;
 };
 
 /// Makes an empty zt_originating_identity_presentation.
@@ -20,25 +18,23 @@ class ZT_API OIPDataBinder : public XMLObjectFactory {
   XMLObject* CreateRootElement() override;
 };
 
+class OIPContext;
+
 /// Writes the service as an XCAP fragment.
-class ZT_API OIPMarshaller : public ZtNamespaceMarshaller {
+class ZT_API OIPMarshaller : public ZtDescribedBy<OIPContext, ZtNamespaceMarshaller> {
  public:
   OIPMarshaller();
   /// Writes the element (1 written, 0 failed), which only a running Marshall can use.
   int AddOIPElementToXml(zt_originating_identity_presentation* service);
-
- private:
-  const ZtDocument& Document() const override;
 };
 
 /// Reads the service from an XCAP fragment.
-class ZT_API OIPUnMarshaller : public ZtUnMarshaller {
-  const ZtDocument& Document() const override;
-};
+class ZT_API OIPUnMarshaller : public ZtDescribedBy<OIPContext, ZtUnMarshaller> {};
 
 /// The context of originating identity presentation, XML_SCHEMA_OIP.
-class ZT_API OIPContext : public ZtNamespaceContext {
-  const ZtDocument& Document() const override;
+class ZT_API OIPContext : public ZtDescribedBy<OIPContext, ZtNamespaceContext> {
+ public:
+  static const ZtDocument kDocument;
 };
 
 #endif  // ZTXML_INCLUDE_XMLOIP_H

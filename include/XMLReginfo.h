@@ -41,7 +41,7 @@ enum zt_contact_event_type_enum : unsigned {
 };
 
 /// The element "unknown-param": a contact header parameter.
-class ZT_API zt_unknown_param : public ZtElement {
+class ZT_API zt_unknown_param : public ZtTyped<zt_unknown_param> {
  public:
   static const ZtElementType kType;
 
@@ -54,14 +54,13 @@ class ZT_API zt_unknown_param : public ZtElement {
 
  private:
   friend struct ReginfoBinding;
-  const ZtElementType& Type() const override;
 
   ZtText m_Value;
   ZtText m_Name;
 };
 
 /// The element "contact".
-class ZT_API zt_ns_reginfo_contact : public ZtElement {
+class ZT_API zt_ns_reginfo_contact : public ZtTyped<zt_ns_reginfo_contact> {
  public:
   static const ZtElementType kType;
 
@@ -137,7 +136,6 @@ class ZT_API zt_ns_reginfo_contact : public ZtElement {
 
  private:
   friend struct ReginfoBinding;
-  const ZtElementType& Type() const override;
 
   ZtText m_Uri;
   ZtText m_DisplayName;
@@ -155,7 +153,7 @@ class ZT_API zt_ns_reginfo_contact : public ZtElement {
 };
 
 /// The element "registration".
-class ZT_API zt_registration : public ZtElement {
+class ZT_API zt_registration : public ZtTyped<zt_registration> {
  public:
   static const ZtElementType kType;
 
@@ -187,7 +185,6 @@ class ZT_API zt_registration : public ZtElement {
 
  private:
   friend struct ReginfoBinding;
-  const ZtElementType& Type() const override;
 
   ZtChildList m_Contacts;
   ZtText m_Aor;
@@ -197,7 +194,7 @@ class ZT_API zt_registration : public ZtElement {
 };
 
 /// The root element "reginfo".
-class ZT_API zt_reginfo : public ZtObject {
+class ZT_API zt_reginfo : public ZtTyped<zt_reginfo, ZtObject> {
  public:
   static const ZtElementType kType;
 
@@ -229,7 +226,6 @@ class ZT_API zt_reginfo : public ZtObject {
 
  private:
   friend struct ReginfoBinding;
-  const ZtElementType& Type() const override;
 
   ZtChildList m_Registrations;
   unsigned m_State = ZT_REGINFO_STATE_ABSENT;
@@ -248,9 +244,11 @@ class ZT_API ReginfoDataBinder : public XMLObjectFactory {
   zt_temp_gruu* CreateTempGruuElement();
 };
 
+class ReginfoContext;
+
 /// Writes a zt_reginfo. Besides Marshall, the steps that write one element each (1 written, 0
 /// failed), which only a running Marshall can use.
-class ZT_API ReginfoMarshaller : public ZtMarshaller {
+class ZT_API ReginfoMarshaller : public ZtDescribedBy<ReginfoContext, ZtMarshaller> {
  public:
   int AddReginfoElementToXml(zt_reginfo* reginfo);
   int AddRegistrationElementToXml(zt_registration* registration);
@@ -258,19 +256,15 @@ class ZT_API ReginfoMarshaller : public ZtMarshaller {
   int AddUnknownParamElementToXml(zt_unknown_param* param);
   int AddPubGruuElementToXml(zt_pub_gruu* gruu);
   int AddTempGruuElementToXml(zt_temp_gruu* gruu);
-
- private:
-  const ZtDocument& Document() const override;
 };
 
 /// Reads a zt_reginfo.
-class ZT_API ReginfoUnMarshaller : public ZtUnMarshaller {
-  const ZtDocument& Document() const override;
-};
+class ZT_API ReginfoUnMarshaller : public ZtDescribedBy<ReginfoContext, ZtUnMarshaller> {};
 
 /// The context of registration information, XML_SCHEMA_REGINFO.
-class ZT_API ReginfoContext : public ZtContext {
-  const ZtDocument& Document() const override;
+class ZT_API ReginfoContext : public ZtDescribedBy<ReginfoContext, ZtContext> {
+ public:
+  static const ZtDocument kDocument;
 };
 
 #endif  // ZTXML_INCLUDE_XMLREGINFO_H

@@ -7,7 +7,8 @@
 #include "ZtElement.h"
 
 /// The declarations of a document.
-class ZT_API zt_schema_namespace_retrieval : public ZtObject {
+class ZT_API zt_schema_namespace_retrieval
+    : public ZtTyped<zt_schema_namespace_retrieval, ZtObject> {
  public:
   static const ZtElementType kType;
 
@@ -24,7 +25,6 @@ class ZT_API zt_schema_namespace_retrieval : public ZtObject {
 
  private:
   friend struct SchemaNamespaceRetrievalBinding;
-  const ZtElementType& Type() const override;
 
   ZtAttributeList m_NameSpaceInfo;
 };
@@ -35,14 +35,17 @@ class ZT_API SchemaNamespaceRetrievalDataBinder : public XMLObjectFactory {
   XMLObject* CreateRootElement() override;
 };
 
+class SchemaNamespaceRetrievalContext;
+
 /// Reads the declarations of any well-formed document.
-class ZT_API SchemaNamespaceRetrievalUnMarshaller : public ZtUnMarshaller {
-  const ZtDocument& Document() const override;
-};
+class ZT_API SchemaNamespaceRetrievalUnMarshaller
+    : public ZtDescribedBy<SchemaNamespaceRetrievalContext, ZtUnMarshaller> {};
 
 /// XML_SCHEMA_NAMESPACE_RETRIEVAL. There is no marshaller: createMarshaller returns null.
-class ZT_API SchemaNamespaceRetrievalContext : public ZtContext {
-  const ZtDocument& Document() const override;
+class ZT_API SchemaNamespaceRetrievalContext
+    : public ZtDescribedBy<SchemaNamespaceRetrievalContext, ZtContext> {
+ public:
+  static const ZtDocument kDocument;
 };
 
 #endif  // ZTXML_INCLUDE_XMLSCHEMANAMESPACERETRIEVAL_H

@@ -8,7 +8,7 @@
 
 /// The root element "simservs": services in any order, each an object of the service's own root
 /// type, e.g. zt_communication_diversion.
-class ZT_API zt_Simservs : public ZtObject {
+class ZT_API zt_Simservs : public ZtTyped<zt_Simservs, ZtObject> {
  public:
   static const ZtElementType kType;
 
@@ -19,8 +19,6 @@ class ZT_API zt_Simservs : public ZtObject {
   ZtSingleElementList* getServiceListValue() const { return m_Services.Get(); }
 
  private:
-  const ZtElementType& Type() const override;
-
   ZtChildList m_Services;
 };
 
@@ -30,10 +28,12 @@ class ZT_API SimservsDataBinder : public XMLObjectFactory {
   XMLObject* CreateRootElement() override;
 };
 
+class SimservsContext;
+
 /// Writes a whole document: the element "simservs", which declares the prefixes "ss", "cp" and
 /// "ocp", with the texts of its services. A service that cannot be written is left out, with a log
 /// line.
-class ZT_API SimservsMarshaller : public ZtMarshaller {
+class ZT_API SimservsMarshaller : public ZtDescribedBy<SimservsContext, ZtMarshaller> {
  public:
   /// Writes the empty element (1 written, 0 failed), which only a running Marshall can use.
   int AddSimservsElementToXml(zt_Simservs* simservs);
@@ -43,14 +43,13 @@ class ZT_API SimservsMarshaller : public ZtMarshaller {
   char* InsertString(char* envelope, const char* services);
 
  private:
-  const ZtDocument& Document() const override;
   char* Complete(XMLElement* root, char* text) override;
 };
 
 /// Reads a whole document. Each service is cut out of the text and read by its own unmarshaller;
 /// one that it cannot read is dropped, with a log line. The services come in the order incoming and
 /// outgoing barring, diversion, waiting, originating and terminating identity presentation.
-class ZT_API SimservsUnMarshaller : public ZtUnMarshaller {
+class ZT_API SimservsUnMarshaller : public ZtDescribedBy<SimservsContext, ZtUnMarshaller> {
  public:
   XMLElement* UnMarshall(const char* xml) override;
   XMLElement* UnMarshall(XMLFile* file) override;
@@ -64,14 +63,14 @@ class ZT_API SimservsUnMarshaller : public ZtUnMarshaller {
   char* replaceSubStringWithNull(char* text, char** out, int start, int length);
 
  private:
-  const ZtDocument& Document() const override;
   XMLElement* ReadCut(char* text);
 };
 
 /// The context of the whole document, XML_SCHEMA_SIMSERVS. Its namespace binder serves the reading
 /// of every service; documents are always written with "ss", "cp" and "ocp".
-class ZT_API SimservsContext : public ZtNamespaceContext {
-  const ZtDocument& Document() const override;
+class ZT_API SimservsContext : public ZtDescribedBy<SimservsContext, ZtNamespaceContext> {
+ public:
+  static const ZtDocument kDocument;
 };
 
 #endif  // ZTXML_INCLUDE_XMLSIMSERVS_H

@@ -6,7 +6,7 @@
 #include "ZtElement.h"
 
 /// The base of every service: whether it is active, and what a document adds to it.
-class ZT_API zt_ns_xcap_simservType : public ZtObject {
+class ZT_API zt_ns_xcap_simservType : public ZtTyped<zt_ns_xcap_simservType, ZtObject> {
  public:
   static const ZtElementType kType;
 
@@ -31,7 +31,6 @@ class ZT_API zt_ns_xcap_simservType : public ZtObject {
 
  private:
   friend struct SimservBinding;
-  const ZtElementType& Type() const override;
 
   unsigned m_Active = 0;
   ZtAttributeList m_AnyAttributes;
@@ -39,7 +38,7 @@ class ZT_API zt_ns_xcap_simservType : public ZtObject {
 };
 
 /// The condition "media": a rule holds for sessions with this media, e.g. "audio".
-class ZT_API zt_ns_xcap_media_type : public ZtElement {
+class ZT_API zt_ns_xcap_media_type : public ZtTyped<zt_ns_xcap_media_type> {
  public:
   static const ZtElementType kType;
 
@@ -49,14 +48,13 @@ class ZT_API zt_ns_xcap_media_type : public ZtElement {
 
  private:
   friend struct SimservBinding;
-  const ZtElementType& Type() const override;
 
   ZtText m_Media;
 };
 
 /// A "presence-status" with an activity as its text. Documents are read with a mere flag in its
 /// place; this type is for callers, and no marshaller writes it.
-class ZT_API zt_presence_status_activity_type : public ZtElement {
+class ZT_API zt_presence_status_activity_type : public ZtTyped<zt_presence_status_activity_type> {
  public:
   static const ZtElementType kType;
 
@@ -65,18 +63,14 @@ class ZT_API zt_presence_status_activity_type : public ZtElement {
 
  private:
   friend struct SimservBinding;
-  const ZtElementType& Type() const override;
 
   ZtText m_Activity;
 };
 
 /// The condition "external-list" of the OMA common policy, without its content.
-class ZT_API zt_external_list : public ZtElement {
+class ZT_API zt_external_list : public ZtTyped<zt_external_list> {
  public:
   static const ZtElementType kType;
-
- private:
-  const ZtElementType& Type() const override;
 };
 
 #endif  // ZTXML_INCLUDE_XMLSIMSERVSXCAP_H

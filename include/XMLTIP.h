@@ -6,12 +6,10 @@
 #include "ZtNamespaceDocument.h"
 
 /// The element "terminating-identity-presentation".
-class ZT_API zt_terminating_identity_presentation : public zt_ns_xcap_simservType {
+class ZT_API zt_terminating_identity_presentation
+    : public ZtTyped<zt_terminating_identity_presentation, zt_ns_xcap_simservType> {
  public:
   static const ZtElementType kType;
-
- private:
-  const ZtElementType& Type() const override;
 };
 
 /// Makes an empty zt_terminating_identity_presentation.
@@ -20,25 +18,23 @@ class ZT_API TIPDataBinder : public XMLObjectFactory {
   XMLObject* CreateRootElement() override;
 };
 
+class TIPContext;
+
 /// Writes the service as an XCAP fragment.
-class ZT_API TIPMarshaller : public ZtNamespaceMarshaller {
+class ZT_API TIPMarshaller : public ZtDescribedBy<TIPContext, ZtNamespaceMarshaller> {
  public:
   TIPMarshaller();
   /// Writes the element (1 written, 0 failed), which only a running Marshall can use.
   int AddTIPElementToXml(zt_terminating_identity_presentation* service);
-
- private:
-  const ZtDocument& Document() const override;
 };
 
 /// Reads the service from an XCAP fragment.
-class ZT_API TIPUnMarshaller : public ZtUnMarshaller {
-  const ZtDocument& Document() const override;
-};
+class ZT_API TIPUnMarshaller : public ZtDescribedBy<TIPContext, ZtUnMarshaller> {};
 
 /// The context of terminating identity presentation, XML_SCHEMA_TIP.
-class ZT_API TIPContext : public ZtNamespaceContext {
-  const ZtDocument& Document() const override;
+class ZT_API TIPContext : public ZtDescribedBy<TIPContext, ZtNamespaceContext> {
+ public:
+  static const ZtDocument kDocument;
 };
 
 #endif  // ZTXML_INCLUDE_XMLTIP_H

@@ -5,7 +5,7 @@
 #include "ZtElement.h"
 
 /// A text as an element.
-class ZT_API zt_string : public ZtElement {
+class ZT_API zt_string : public ZtTyped<zt_string> {
  public:
   static const ZtElementType kType;
 
@@ -16,13 +16,11 @@ class ZT_API zt_string : public ZtElement {
   const char* getValue() const { return m_Value.Get(); }
 
  private:
-  const ZtElementType& Type() const override;
-
   ZtText m_Value;
 };
 
 /// An element without content whose mere presence carries meaning.
-class ZT_API zt_empty_element_type : public ZtElement {
+class ZT_API zt_empty_element_type : public ZtTyped<zt_empty_element_type> {
  public:
   static const ZtElementType kType;
 
@@ -37,8 +35,6 @@ class ZT_API zt_empty_element_type : public ZtElement {
   const char* getValue() const { return m_Value.Get(); }
 
  private:
-  const ZtElementType& Type() const override;
-
   int m_iPresent = 0;
   ZtText m_Value;
 };

@@ -79,4 +79,12 @@ class ZT_API ZtMarshaller : public XMLMarshaller {
   const ZtContext* m_pContext = nullptr;  // null for a worker that no context made
 };
 
+/// The base of a context and of its workers: `Base`, with the description Context::kDocument.
+template <class Context, class Base>
+class ZtDescribedBy : public Base {
+ protected:
+  using Base::Base;
+  const ZtDocument& Document() const override { return Context::kDocument; }
+};
+
 #endif  // ZTXML_INCLUDE_ZTDOCUMENT_H

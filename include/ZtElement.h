@@ -35,4 +35,11 @@ class ZT_API ZtObject : public ZtBound<XMLObject> {
   int IsRootElement() const override;
 };
 
+/// The base of a type `T` whose table is T::kType; `Base` is ZtElement, ZtObject or another type.
+template <class T, class Base = ZtElement>
+class ZtTyped : public Base {
+ protected:
+  const ZtElementType& Type() const override { return T::kType; }
+};
+
 #endif  // ZTXML_INCLUDE_ZTELEMENT_H

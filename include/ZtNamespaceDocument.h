@@ -29,8 +29,7 @@ class ZT_API ZtNamespaceMarshaller : public ZtMarshaller {
   char* AddNameSpaceChange(const char* ownPrefix);
 
  protected:
-  /// `className` is the marshaller's, for the logs.
-  ZtNamespaceMarshaller(const char* className, const char* source);
+  explicit ZtNamespaceMarshaller(const ZtDocument& document);
 
  private:
   bool UseNamespaces(const ZtNamespaceBindings*& bindings) override;

@@ -130,17 +130,6 @@ const ZtElementType zt_ns_common_policy_extensibleType::kType =
 const ZtElementType zt_ns_common_policy_ruleType::kType = CommonPolicyBinding::kRule<AnyService>;
 const ZtElementType zt_ns_common_policy_ruleset::kType = CommonPolicyBinding::kRuleSet<AnyService>;
 
-const ZtElementType& zt_ns_common_policy_exceptType::Type() const { return kType; }
-const ZtElementType& zt_ns_common_policy_oneType::Type() const { return kType; }
-const ZtElementType& zt_ns_common_policy_manyType::Type() const { return kType; }
-const ZtElementType& zt_ns_common_policy_identityType::Type() const { return kType; }
-const ZtElementType& zt_ns_common_policy_sphereType::Type() const { return kType; }
-const ZtElementType& zt_ns_common_policy_validityType::Type() const { return kType; }
-const ZtElementType& zt_ns_common_policy_conditionsType::Type() const { return kType; }
-const ZtElementType& zt_ns_common_policy_extensibleType::Type() const { return kType; }
-const ZtElementType& zt_ns_common_policy_ruleType::Type() const { return kType; }
-const ZtElementType& zt_ns_common_policy_ruleset::Type() const { return kType; }
-
 // ---- Workers ------------------------------------------------------------------------------------
 
 zt_ns_common_policy_ruleset* ZtPolicyDataBinder::CreateRuleSetElement() {

@@ -73,10 +73,6 @@ const ZtElementType zt_outgoing_communication_barring::kType =
         .FailsAs("outgoing_communication_barringMarshaller")  // likewise
         .Root();
 
-const ZtElementType& zt_allow_action_type::Type() const { return kType; }
-const ZtElementType& zt_incoming_communication_barring::Type() const { return kType; }
-const ZtElementType& zt_outgoing_communication_barring::Type() const { return kType; }
-
 // ---- Workers ------------------------------------------------------------------------------------
 
 CommunicationBarringDataBinder::CommunicationBarringDataBinder() : ZtPolicyDataBinder(kSource) {}
@@ -108,7 +104,7 @@ zt_allow_action_type* CommunicationBarringDataBinder::CreateAllowTypeElement() {
 }
 
 Communication_barringMarshaller::Communication_barringMarshaller()
-    : ZtPolicyMarshaller("Communication_barringMarshaller", kSource) {}
+    : ZtDescribedBy(CommunicationBarringContext::kDocument) {}
 int Communication_barringMarshaller::AddIncoming_communication_barringElementToXml(
     zt_incoming_communication_barring* barring) {
   return Write(barring, zt_incoming_communication_barring::kType);
@@ -130,7 +126,7 @@ constexpr const ZtElementType* kWritables[] = {&zt_incoming_communication_barrin
                                                nullptr};
 }  // namespace
 
-const ZtDocument kCommunicationBarringDocument =
+const ZtDocument CommunicationBarringContext::kDocument =
     ZtDocumentOf<CommunicationBarringContext, XMLCommunicationBarringDecoder,
                  CommunicationBarringUnMarshaller, Communication_barringMarshaller,
                  CommunicationBarringDataBinder>(
@@ -145,12 +141,3 @@ const ZtDocument kCommunicationBarringDocument =
         .AsFragment();
 
 const ZtPolicyTypes& Communication_barringMarshaller::Policy() const { return kPolicy; }
-const ZtDocument& Communication_barringMarshaller::Document() const {
-  return kCommunicationBarringDocument;
-}
-const ZtDocument& CommunicationBarringUnMarshaller::Document() const {
-  return kCommunicationBarringDocument;
-}
-const ZtDocument& CommunicationBarringContext::Document() const {
-  return kCommunicationBarringDocument;
-}

@@ -78,10 +78,6 @@ const ZtElementType zt_communication_diversion::kType =
                 XML_STR_SS)
         .Root();
 
-const ZtElementType& zt_NoReplyTimer::Type() const { return kType; }
-const ZtElementType& zt_ns_xcap_forward_to_type::Type() const { return kType; }
-const ZtElementType& zt_communication_diversion::Type() const { return kType; }
-
 int zt_NoReplyTimer::setNoReplyTimerValue(unsigned int seconds) {
   if (seconds < kLeast || seconds > kMost) return 0;
   m_Seconds = seconds;
@@ -103,7 +99,7 @@ zt_NoReplyTimer* CommunicationDiversionDataBinder::CreateNoReplyTimerElement() {
 }
 
 Communication_diversionMarshaller::Communication_diversionMarshaller()
-    : ZtPolicyMarshaller("Communication_diversionMarshaller", kSource) {}
+    : ZtDescribedBy(CommunicationDiversionContext::kDocument) {}
 int Communication_diversionMarshaller::AddCommunication_diversionElementToXml(
     zt_communication_diversion* diversion) {
   return Write(diversion, zt_communication_diversion::kType);
@@ -128,7 +124,7 @@ constexpr const ZtElementType* kWritables[] = {&zt_communication_diversion::kTyp
                                                nullptr};
 }  // namespace
 
-const ZtDocument kCommunicationDiversionDocument =
+const ZtDocument CommunicationDiversionContext::kDocument =
     ZtDocumentOf<CommunicationDiversionContext, XMLCommunicationDiversionDecoder,
                  CommunicationDiversionUnMarshaller, Communication_diversionMarshaller,
                  CommunicationDiversionDataBinder>({XML_SCHEMA_COMMUNICATION_DIVERSION,
@@ -142,12 +138,3 @@ const ZtDocument kCommunicationDiversionDocument =
         .AsFragment();
 
 const ZtPolicyTypes& Communication_diversionMarshaller::Policy() const { return kPolicy; }
-const ZtDocument& Communication_diversionMarshaller::Document() const {
-  return kCommunicationDiversionDocument;
-}
-const ZtDocument& CommunicationDiversionUnMarshaller::Document() const {
-  return kCommunicationDiversionDocument;
-}
-const ZtDocument& CommunicationDiversionContext::Document() const {
-  return kCommunicationDiversionDocument;
-}

@@ -13,14 +13,12 @@ const ZtElementType zt_communication_waiting::kType =
         XML_STR_COMMUNICATION_WAITING, "communication-waiting", "CommunicationWaiting",
         "AddCommunication_waitingElementToXml", kFamily);
 
-const ZtElementType& zt_communication_waiting::Type() const { return kType; }
-
 XMLObject* CommunicationWaitingDataBinder::CreateRootElement() {
   return ZtCreate<zt_communication_waiting>(kSource);
 }
 
 Communication_waitingMarshaller::Communication_waitingMarshaller()
-    : ZtNamespaceMarshaller("Communication_waitingMarshaller", kSource) {}
+    : ZtDescribedBy(CommunicationWaitingContext::kDocument) {}
 int Communication_waitingMarshaller::AddCommunication_waitingElementToXml(
     zt_communication_waiting* service) {
   return Write(service, zt_communication_waiting::kType);
@@ -30,7 +28,7 @@ namespace {
 constexpr const ZtElementType* kWritables[] = {&zt_communication_waiting::kType, nullptr};
 }  // namespace
 
-const ZtDocument kCommunicationWaitingDocument =
+const ZtDocument CommunicationWaitingContext::kDocument =
     ZtDocumentOf<CommunicationWaitingContext, XMLCommunicationWaitingDecoder,
                  CommunicationWaitingUnMarshaller, Communication_waitingMarshaller,
                  CommunicationWaitingDataBinder>({XML_SCHEMA_COMMUNICATION_WAITING,
@@ -43,13 +41,3 @@ const ZtDocument kCommunicationWaitingDocument =
         .Writes(kWritables, "Communication_waitingMarshaller", "mCommunicationWaitingXml")
         .AsFragment()
         .Lines(SimservBinding::kSwitchLines);
-
-const ZtDocument& Communication_waitingMarshaller::Document() const {
-  return kCommunicationWaitingDocument;
-}
-const ZtDocument& CommunicationWaitingUnMarshaller::Document() const {
-  return kCommunicationWaitingDocument;
-}
-const ZtDocument& CommunicationWaitingContext::Document() const {
-  return kCommunicationWaitingDocument;
-}

@@ -1,5 +1,14 @@
 #include "XMLFactory.h"
 
+#include "XMLCommunicationBarring.h"
+#include "XMLCommunicationDiversion.h"
+#include "XMLCommunicationWaiting.h"
+#include "XMLGruu.h"
+#include "XMLOIP.h"
+#include "XMLReginfo.h"
+#include "XMLSchemaNameSpaceRetrieval.h"
+#include "XMLSimservs.h"
+#include "XMLTIP.h"
 #include "binding/ZtDocumentTable.h"
 
 namespace {
@@ -8,15 +17,15 @@ constexpr char kSource[] = "src/XMLFactory";
 
 // Every document that the library binds.
 constexpr const ZtDocument* kDocuments[] = {
-    &kCommunicationBarringDocument,
-    &kCommunicationDiversionDocument,
-    &kCommunicationWaitingDocument,
-    &kGruuDocument,
-    &kOIPDocument,
-    &kReginfoDocument,
-    &kSchemaNamespaceRetrievalDocument,
-    &kSimservsDocument,
-    &kTIPDocument,
+    &CommunicationBarringContext::kDocument,
+    &CommunicationDiversionContext::kDocument,
+    &CommunicationWaitingContext::kDocument,
+    &GruuContext::kDocument,
+    &OIPContext::kDocument,
+    &ReginfoContext::kDocument,
+    &SchemaNamespaceRetrievalContext::kDocument,
+    &SimservsContext::kDocument,
+    &TIPContext::kDocument,
 };
 
 const ZtDocument* Find(eXMLSchemaID id) {

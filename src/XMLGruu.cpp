@@ -58,11 +58,6 @@ const ZtElementType zt_ns_gruuinfo_pubGruu::kType =
 const ZtElementType zt_ns_gruuinfo_tempGruu::kType =
     GruuBinding::Temporary<zt_ns_gruuinfo_tempGruu>("zt_ns_gruuinfo_tempGruu");
 
-const ZtElementType& zt_pub_gruu::Type() const { return kType; }
-const ZtElementType& zt_temp_gruu::Type() const { return kType; }
-const ZtElementType& zt_ns_gruuinfo_pubGruu::Type() const { return kType; }
-const ZtElementType& zt_ns_gruuinfo_tempGruu::Type() const { return kType; }
-
 // ---- Workers ------------------------------------------------------------------------------------
 
 XMLObject* GruuDataBinder::CreateRootElement() {
@@ -113,7 +108,7 @@ constexpr ZtDocumentLines kDocumentLines = {
 
 }  // namespace
 
-const ZtDocument kGruuDocument =
+const ZtDocument GruuContext::kDocument =
     ZtDocumentOf<GruuContext, XMLGruuDecoder, GruuUnMarshaller, GruuMarshaller, GruuDataBinder>(
         {XML_SCHEMA_GRUU,
          "Gruu",
@@ -124,7 +119,3 @@ const ZtDocument kGruuDocument =
         .Reads("GruuUnMarshaller")
         .Writes(kWritables, "GruuMarshaller", "mGruuXml")
         .Lines(kDocumentLines);
-
-const ZtDocument& GruuMarshaller::Document() const { return kGruuDocument; }
-const ZtDocument& GruuUnMarshaller::Document() const { return kGruuDocument; }
-const ZtDocument& GruuContext::Document() const { return kGruuDocument; }

@@ -14,13 +14,11 @@ const ZtElementType zt_originating_identity_presentation::kType =
         "OriginatingIdentityPresentation", "AddOriginatingIdentityPresentationElementToXml",
         kFamily);
 
-const ZtElementType& zt_originating_identity_presentation::Type() const { return kType; }
-
 XMLObject* OIPDataBinder::CreateRootElement() {
   return ZtCreate<zt_originating_identity_presentation>(kSource);
 }
 
-OIPMarshaller::OIPMarshaller() : ZtNamespaceMarshaller("OIPMarshaller", kSource) {}
+OIPMarshaller::OIPMarshaller() : ZtDescribedBy(OIPContext::kDocument) {}
 int OIPMarshaller::AddOIPElementToXml(zt_originating_identity_presentation* service) {
   return Write(service, zt_originating_identity_presentation::kType);
 }
@@ -30,7 +28,7 @@ constexpr const ZtElementType* kWritables[] = {&zt_originating_identity_presenta
                                                nullptr};
 }  // namespace
 
-const ZtDocument kOIPDocument =
+const ZtDocument OIPContext::kDocument =
     ZtDocumentOf<OIPContext, XMLOIPDecoder, OIPUnMarshaller, OIPMarshaller, OIPDataBinder>(
         {XML_SCHEMA_OIP,
          "OIP",
@@ -42,7 +40,3 @@ const ZtDocument kOIPDocument =
         .Writes(kWritables, "OIPMarshaller", "mOIPXml")
         .AsFragment()
         .Lines(SimservBinding::kSwitchLines);
-
-const ZtDocument& OIPMarshaller::Document() const { return kOIPDocument; }
-const ZtDocument& OIPUnMarshaller::Document() const { return kOIPDocument; }
-const ZtDocument& OIPContext::Document() const { return kOIPDocument; }

@@ -130,11 +130,6 @@ const ZtElementType zt_reginfo::kType =
         .UnknownElement("zt_reginfo::ProcessUnMarshall Cannot accommodate the element %s")
         .Root();
 
-const ZtElementType& zt_unknown_param::Type() const { return kType; }
-const ZtElementType& zt_ns_reginfo_contact::Type() const { return kType; }
-const ZtElementType& zt_registration::Type() const { return kType; }
-const ZtElementType& zt_reginfo::Type() const { return kType; }
-
 // ---- Workers ------------------------------------------------------------------------------------
 
 XMLObject* ReginfoDataBinder::CreateRootElement() { return ZtCreate<zt_reginfo>(kSource); }
@@ -173,7 +168,7 @@ namespace {
 constexpr const ZtElementType* kWritables[] = {&zt_reginfo::kType, nullptr};
 }  // namespace
 
-const ZtDocument kReginfoDocument =
+const ZtDocument ReginfoContext::kDocument =
     ZtDocumentOf<ReginfoContext, XMLReginfoDecoder, ReginfoUnMarshaller, ReginfoMarshaller,
                  ReginfoDataBinder>({XML_SCHEMA_REGINFO,
                                      "Reginfo",
@@ -183,7 +178,3 @@ const ZtDocument kReginfoDocument =
                                     kSource)
         .Reads("ReginfoUnMarshaller")
         .Writes(kWritables, "ReginfoMarshaller", "mReginfoXml");
-
-const ZtDocument& ReginfoMarshaller::Document() const { return kReginfoDocument; }
-const ZtDocument& ReginfoUnMarshaller::Document() const { return kReginfoDocument; }
-const ZtDocument& ReginfoContext::Document() const { return kReginfoDocument; }

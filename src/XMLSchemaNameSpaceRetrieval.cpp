@@ -51,8 +51,6 @@ const ZtElementType zt_schema_namespace_retrieval::kType =
         .OnAttribute(SchemaNamespaceRetrievalBinding::OnAttribute)
         .Root();
 
-const ZtElementType& zt_schema_namespace_retrieval::Type() const { return kType; }
-
 zt_schema_namespace_retrieval* zt_schema_namespace_retrieval::From(XMLObject* object) {
   return ZtAs<zt_schema_namespace_retrieval>(object);
 }
@@ -71,15 +69,8 @@ XMLObject* SchemaNamespaceRetrievalDataBinder::CreateRootElement() {
   return ZtCreate<zt_schema_namespace_retrieval>(kSource);
 }
 
-const ZtDocument kSchemaNamespaceRetrievalDocument =
+const ZtDocument SchemaNamespaceRetrievalContext::kDocument =
     ZtDocumentOf<SchemaNamespaceRetrievalContext, XMLSchemaNamespaceRetrievalDecoder,
                  SchemaNamespaceRetrievalUnMarshaller, void, SchemaNamespaceRetrievalDataBinder>(
         {XML_SCHEMA_NAMESPACE_RETRIEVAL, "SchemaNamespaceRetrieval", {}, nullptr, false}, kSource)
         .Reads("SchemaNamespaceRetrievalUnMarshaller");
-
-const ZtDocument& SchemaNamespaceRetrievalUnMarshaller::Document() const {
-  return kSchemaNamespaceRetrievalDocument;
-}
-const ZtDocument& SchemaNamespaceRetrievalContext::Document() const {
-  return kSchemaNamespaceRetrievalDocument;
-}

@@ -150,7 +150,6 @@ const ZtElementType zt_Simservs::kType = ZtTypeOf<zt_Simservs>("zt_Simservs", "s
                                              .Writer(XML_STR_SIMSERVS, "AddSimservsElementToXml")
                                              .Declares(kNamespaces)
                                              .Root();
-const ZtElementType& zt_Simservs::Type() const { return kType; }
 
 XMLObject* SimservsDataBinder::CreateRootElement() { return ZtCreate<zt_Simservs>(kSource); }
 
@@ -303,13 +302,9 @@ namespace {
 constexpr const ZtElementType* kWritables[] = {&zt_Simservs::kType, nullptr};
 }  // namespace
 
-const ZtDocument kSimservsDocument =
+const ZtDocument SimservsContext::kDocument =
     ZtDocumentOf<SimservsContext, XMLSimservsDecoder, SimservsUnMarshaller, SimservsMarshaller,
                  SimservsDataBinder>(
         {XML_SCHEMA_SIMSERVS, "Simservs", {"simservs", nullptr}, kSimservsNamespace, true}, kSource)
         .Reads("SimservsUnMarshaller")
         .Writes(kWritables, "SimservsMarshaller", "SimservsXml");
-
-const ZtDocument& SimservsMarshaller::Document() const { return kSimservsDocument; }
-const ZtDocument& SimservsUnMarshaller::Document() const { return kSimservsDocument; }
-const ZtDocument& SimservsContext::Document() const { return kSimservsDocument; }

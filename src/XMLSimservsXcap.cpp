@@ -20,8 +20,3 @@ const ZtElementType zt_presence_status_activity_type::kType =
         .Fields(SimservBinding::kPresenceStatus);
 const ZtElementType zt_external_list::kType =
     ZtTypeOf<zt_external_list>("zt_external_list", "ExternalList", kFamily);
-
-const ZtElementType& zt_ns_xcap_simservType::Type() const { return kType; }
-const ZtElementType& zt_ns_xcap_media_type::Type() const { return kType; }
-const ZtElementType& zt_presence_status_activity_type::Type() const { return kType; }
-const ZtElementType& zt_external_list::Type() const { return kType; }

@@ -14,13 +14,11 @@ const ZtElementType zt_terminating_identity_presentation::kType =
         "TerminatingIdentityPresentation", "AddTerminatingIdentityPresentationElementToXml",
         kFamily);
 
-const ZtElementType& zt_terminating_identity_presentation::Type() const { return kType; }
-
 XMLObject* TIPDataBinder::CreateRootElement() {
   return ZtCreate<zt_terminating_identity_presentation>(kSource);
 }
 
-TIPMarshaller::TIPMarshaller() : ZtNamespaceMarshaller("TIPMarshaller", kSource) {}
+TIPMarshaller::TIPMarshaller() : ZtDescribedBy(TIPContext::kDocument) {}
 int TIPMarshaller::AddTIPElementToXml(zt_terminating_identity_presentation* service) {
   return Write(service, zt_terminating_identity_presentation::kType);
 }
@@ -30,7 +28,7 @@ constexpr const ZtElementType* kWritables[] = {&zt_terminating_identity_presenta
                                                nullptr};
 }  // namespace
 
-const ZtDocument kTIPDocument =
+const ZtDocument TIPContext::kDocument =
     ZtDocumentOf<TIPContext, XMLTIPDecoder, TIPUnMarshaller, TIPMarshaller, TIPDataBinder>(
         {XML_SCHEMA_TIP,
          "TIP",
@@ -42,7 +40,3 @@ const ZtDocument kTIPDocument =
         .Writes(kWritables, "TIPMarshaller", "mTIPXml")
         .AsFragment()
         .Lines(SimservBinding::kSwitchLines);
-
-const ZtDocument& TIPMarshaller::Document() const { return kTIPDocument; }
-const ZtDocument& TIPUnMarshaller::Document() const { return kTIPDocument; }
-const ZtDocument& TIPContext::Document() const { return kTIPDocument; }

@@ -10,9 +10,6 @@ const ZtElementType zt_string::kType = ZtTypeOf<zt_string>("zt_string", "string_
 const ZtElementType zt_empty_element_type::kType =
     ZtTypeOf<zt_empty_element_type>("zt_empty_element_type", "empty_element", kFamily);
 
-const ZtElementType& zt_string::Type() const { return kType; }
-const ZtElementType& zt_empty_element_type::Type() const { return kType; }
-
 zt_string* zt_string::From(XMLElement* element) { return ZtAs<zt_string>(element); }
 
 int zt_empty_element_type::setValue(const char* value) {

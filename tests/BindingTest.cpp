@@ -22,25 +22,19 @@ constexpr ZtEnumTable kModes = {kModeSlots, 2, 2, kZtKeepsValue, false};
 
 // Every kind of row stands in one of these: <list> nests, <keywords> comes with its end tag,
 // <busy/> is a flag, <external-list> is an entry under another name, <alt-value> a repeated text.
-class Keywords : public ZtElement {
+class Keywords : public ZtTyped<Keywords> {
  public:
   static const ZtElementType kType;
   ZtText m_Text;
-
- private:
-  const ZtElementType& Type() const override { return kType; }
 };
 
-class Entry : public ZtElement {
+class Entry : public ZtTyped<Entry> {
  public:
   static const ZtElementType kType;
   ZtText m_Uri;
-
- private:
-  const ZtElementType& Type() const override { return kType; }
 };
 
-class List : public ZtObject {
+class List : public ZtTyped<List, ZtObject> {
  public:
   static const ZtElementType kType;
   ZtText m_Id, m_Note;
@@ -48,9 +42,6 @@ class List : public ZtObject {
   ZtAttributeList m_Extras;
   ZtChild m_Keywords, m_External;
   ZtChildList m_Texts, m_Lists, m_Flags, m_Others;
-
- private:
-  const ZtElementType& Type() const override { return kType; }
 };
 
 // Hooks: keywords cannot be "none", and any name that begins with "busy" is a note.

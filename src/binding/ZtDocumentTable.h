@@ -74,14 +74,4 @@ constexpr ZtDocument ZtDocumentOf(const XMLSchemaInfo& info, const char* source)
           ZtMaker<XMLObjectFactory>::Of<DataBinder>()};
 }
 
-extern const ZtDocument kCommunicationBarringDocument;
-extern const ZtDocument kCommunicationDiversionDocument;
-extern const ZtDocument kCommunicationWaitingDocument;
-extern const ZtDocument kGruuDocument;
-extern const ZtDocument kOIPDocument;
-extern const ZtDocument kReginfoDocument;
-extern const ZtDocument kSchemaNamespaceRetrievalDocument;
-extern const ZtDocument kSimservsDocument;
-extern const ZtDocument kTIPDocument;
-
 #endif  // ZTXML_SRC_BINDING_ZTDOCUMENTTABLE_H

@@ -12,9 +12,10 @@ int ZtNamespaceContext::SetNamespaceBinder(XMLObject* binder) {
   return 1;
 }
 
-ZtNamespaceMarshaller::ZtNamespaceMarshaller(const char* className, const char* source) {
+ZtNamespaceMarshaller::ZtNamespaceMarshaller(const ZtDocument& document) {
   if (m_Bindings.Complete() && m_Bindings.UseOwn()) return;
-  ZtLog(kZtLogTrace, source)("%s :: %s: Malloc cannot allocate memory", className, className);
+  ZtLog(kZtLogTrace, document.source)("%s :: %s: Malloc cannot allocate memory",
+                                      document.marshaller, document.marshaller);
 }
 
 // A table with gaps would write elements without their prefix: it fails instead.
