@@ -6,7 +6,8 @@
 #include "ZtElement.h"
 
 /// The base of every service: whether it is active, and what a document adds to it.
-class ZT_API zt_ns_xcap_simservType : public ZtTyped<zt_ns_xcap_simservType, ZtObject> {
+class ZT_API zt_ns_xcap_simservType
+    : public ZtTyped<zt_ns_xcap_simservType, ZtExtensible<ZtObject>> {
  public:
   static const ZtElementType kType;
 
@@ -17,24 +18,10 @@ class ZT_API zt_ns_xcap_simservType : public ZtTyped<zt_ns_xcap_simservType, ZtO
   }
   int getActiveValue() const { return m_Active ? 1 : 0; }
 
-  /// Unrecognised attributes, a list of zt_AttributeValuePair (taken, stored as XMLAttribute*).
-  /// They are written before "active", the first of each name, and none of the name "active".
-  int setAnyAttributeListValue(ZtSingleElementList* list) { return m_AnyAttributes.Set(list); }
-  ZtSingleElementList* getAnyAttributeListValue() const { return m_AnyAttributes.Get(); }
-  /// Takes `attribute`; 0 when it is null or there is no memory.
-  int addAnyAttribute(XMLAttribute* attribute) { return m_AnyAttributes.Add(attribute); }
-
-  /// Unrecognised child elements (taken), which are never written.
-  int setAnyElementListValue(ZtSingleElementList* list) { return m_AnyElements.Set(list); }
-  ZtSingleElementList* getAnyElementListValue() const { return m_AnyElements.Get(); }
-  int addAnyElement(XMLElement* element) { return m_AnyElements.Add(element); }
-
  private:
   friend struct SimservBinding;
 
   unsigned m_Active = 0;
-  ZtAttributeList m_AnyAttributes;
-  ZtChildList m_AnyElements;
 };
 
 /// The condition "media": a rule holds for sessions with this media, e.g. "audio".

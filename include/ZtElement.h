@@ -42,4 +42,29 @@ class ZtTyped : public Base {
   const ZtElementType& Type() const override { return T::kType; }
 };
 
+/// What a type keeps of its document beyond what it knows: attributes, which are written back, and
+/// child elements, which never are. `Base` is ZtElement or ZtObject.
+template <class Base = ZtElement>
+class ZtExtensible : public Base {
+ public:
+  /// Takes a list of zt_AttributeValuePair, stored as XMLAttribute*. On output the first of a name
+  /// stands, and none that the element has as an attribute of its own.
+  int setAnyAttributeValue(ZtSingleElementList* list) { return m_AnyAttributes.Set(list); }
+  ZtSingleElementList* getAnyAttributeValue() const { return m_AnyAttributes.Get(); }
+  /// Takes `attribute`; 0 when it is null or there is no memory.
+  int addAnyAttribute(XMLAttribute* attribute) { return m_AnyAttributes.Add(attribute); }
+
+  /// Takes a list of elements, stored as XMLElement*.
+  int setAnyElementValue(ZtSingleElementList* list) { return m_AnyElements.Set(list); }
+  ZtSingleElementList* getAnyElementValue() const { return m_AnyElements.Get(); }
+  /// Takes `element`; 0 when it is null or there is no memory.
+  int addAnyElement(XMLElement* element) { return m_AnyElements.Add(element); }
+
+ private:
+  friend struct ZtExtensibleRows;
+
+  ZtAttributeList m_AnyAttributes;
+  ZtChildList m_AnyElements;
+};
+
 #endif  // ZTXML_INCLUDE_ZTELEMENT_H

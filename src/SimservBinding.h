@@ -16,17 +16,14 @@ inline constexpr char kCannotAccommodate[] = "Cannot accommodate the element %s 
 inline constexpr char kSimservsNamespace[] = "http://uri.etsi.org/ngn/params/xml/simservs/xcap";
 
 struct SimservBinding {
-  static constexpr ZtField kAnyAttributes =
-      ztrow::OtherAttributes(&zt_ns_xcap_simservType::m_AnyAttributes);
   static constexpr ZtField kActive =
       ztrow::Attribute(XML_STR_ACTIVE, &zt_ns_xcap_simservType::m_Active, kBoolean);
   static constexpr ZtField kActiveOrElseNot =
       ztrow::Attribute(XML_STR_ACTIVE, &zt_ns_xcap_simservType::m_Active, kTrueOrElseFalse);
 
   // A service that is only switched on and off.
-  static constexpr ZtField kSwitch[] = {
-      kAnyAttributes, kActiveOrElseNot,
-      ztrow::OtherChildren(&zt_ns_xcap_simservType::m_AnyElements)};
+  static constexpr ZtField kSwitch[] = {ZtExtensibleRows::kAttributes<ZtObject>, kActiveOrElseNot,
+                                        ZtExtensibleRows::kElements<ZtObject>};
   template <class T>
   static constexpr ZtElementType Switch(ZtNameId element, const char* className, const char* label,
                                         const char* writer, const ZtFamily& family) {
@@ -42,8 +39,8 @@ struct SimservBinding {
       "<XML Module>: %s::UnMarshall: pstring is %s",
       "<XML Module>: %s::UnMarshall(XMLFile* pfile): pstring is %s"};
 
-  static constexpr ZtField kService[] = {
-      kAnyAttributes, kActive, ztrow::OtherChildren(&zt_ns_xcap_simservType::m_AnyElements)};
+  static constexpr ZtField kService[] = {ZtExtensibleRows::kAttributes<ZtObject>, kActive,
+                                         ZtExtensibleRows::kElements<ZtObject>};
   static constexpr ZtField kMedia[] = {
       ztrow::OwnText(XML_STR_MEDIA, &zt_ns_xcap_media_type::m_Media)};
   static constexpr ZtField kPresenceStatus[] = {

@@ -39,10 +39,10 @@ struct CommunicationBarringBinding {
   static constexpr ZtField kRuleSet =
       ztrow::Child(XML_STR_RULESET, &ZtCommunicationBarring::m_RuleSet, *kPolicy.ruleset).Lenient();
   // Intended: the services read "active" in two ways, as peers know them to.
-  static constexpr ZtField kIncoming[] = {SimservBinding::kAnyAttributes,
+  static constexpr ZtField kIncoming[] = {ZtExtensibleRows::kAttributes<ZtObject>,
                                           SimservBinding::kActiveOrElseNot, kRuleSet};
-  static constexpr ZtField kOutgoing[] = {SimservBinding::kAnyAttributes, SimservBinding::kActive,
-                                          kRuleSet};
+  static constexpr ZtField kOutgoing[] = {ZtExtensibleRows::kAttributes<ZtObject>,
+                                          SimservBinding::kActive, kRuleSet};
   static_assert(ztrow::Sound(kIncoming) && ztrow::Sound(kOutgoing));
 };
 

@@ -49,7 +49,7 @@ struct CommunicationDiversionBinding {
 
   // Intended: a rule set that fails is cut short in a service that is written to its end.
   static constexpr ZtField kRoot[] = {
-      SimservBinding::kAnyAttributes, SimservBinding::kActive,
+      ZtExtensibleRows::kAttributes<ZtObject>, SimservBinding::kActive,
       ztrow::Child(XML_STR_NO_REPLY_TIMER, &zt_communication_diversion::m_NoReplyTimer,
                    zt_NoReplyTimer::kType)
           .MadeHere(),

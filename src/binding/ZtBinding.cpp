@@ -52,10 +52,49 @@ ZtOutcome Store(XMLElement& self, const ZtField& field, const char* value) {
   return ZtOutcome::kAccepted;
 }
 
+ZtOutcome AppendText(XMLElement& self, const ZtField& field, const char* source,
+                     const char* value) {
+  auto* text = ZtCreate<zt_string>(source);
+  if (text) text->setValue(value);
+  if (text && text->getValue() && (self.*field.member.children).Add(text, source)) {
+    return ZtOutcome::kAccepted;
+  }
+  ZtRelease(text);
+  return ZtOutcome::kNoMemory;
+}
+
+ZtOutcome AppendWords(XMLElement& self, const ZtField& field, const char* source,
+                      const char* value) {
+  char* words = __strdup(value);
+  if (!words) return ZtOutcome::kNoMemory;
+  ZtOutcome outcome = ZtOutcome::kAccepted;
+  for (char* word = words; word && outcome == ZtOutcome::kAccepted;) {
+    char* blank = __strchr(word, ' ');
+    if (blank) *blank = '\0';
+    outcome = AppendText(self, field, source, word);
+    word = blank ? blank + 1 : nullptr;
+  }
+  __free(words);
+  return outcome;
+}
+
+ZtOutcome StoreText(XMLElement& self, const ZtElementType& type, const ZtField& field,
+                    const char* value) {
+  if (!value) return ZtOutcome::kAccepted;
+  switch (field.place) {
+    case ZtPlace::kTextElements:
+      return AppendText(self, field, type.family->source, value);
+    case ZtPlace::kOwnWords:
+      return AppendWords(self, field, type.family->source, value);
+    default:
+      return Store(self, field, value);
+  }
+}
+
 // The text that came with the end tag of a child which was made there.
 ZtOutcome StoreOwnText(XMLElement& child, const ZtElementType& type, const char* value) {
   for (const ZtField& own : type) {
-    if (own.place == ZtPlace::kOwnText && Store(child, own, value) == ZtOutcome::kNoMemory) {
+    if (own.IsOwnText() && StoreText(child, type, own, value) == ZtOutcome::kNoMemory) {
       return ZtOutcome::kAdoptedNoMemory;
     }
   }
@@ -114,17 +153,6 @@ class Hook {
   ZtOutcome Append(XMLElement& self, const ZtField& field, XMLElement* child) const {
     return (self.*field.member.children).Add(child, m_Type.family->source) ? ZtOutcome::kAdopted
                                                                            : ZtOutcome::kNoMemory;
-  }
-
-  ZtOutcome AppendText(XMLElement& self, const ZtField& field, const char* value) const {
-    if (!value) return ZtOutcome::kAccepted;
-    auto* text = ZtCreate<zt_string>(m_Type.family->source);
-    if (text) text->setValue(value);
-    if (text && text->getValue() && Append(self, field, text) == ZtOutcome::kAdopted) {
-      return ZtOutcome::kAccepted;
-    }
-    ZtRelease(text);
-    return ZtOutcome::kNoMemory;
   }
 
   ZtOutcome UnknownChild(XMLElement& self, const char* name, const char* value,
@@ -186,11 +214,11 @@ ZtOutcome ZtOfferChild(XMLElement& self, const ZtElementType& type, const char* 
       case ZtPlace::kTextElement:
       case ZtPlace::kTextElements:
       case ZtPlace::kOwnText:
-        if (!atEnd && field.place == ZtPlace::kOwnText) continue;
+      case ZtPlace::kOwnWords:
+        if (!atEnd && field.IsOwnText()) continue;
         if (!atEnd) return ZtOutcome::kAccepted;
         if (child) return ZtOutcome::kRefused;
-        return field.place == ZtPlace::kTextElements ? hook.AppendText(self, field, value)
-                                                     : Store(self, field, value);
+        return StoreText(self, type, field, value);
       default:
         if (atEnd && field.madeHere) return hook.MakeChild(self, field, value, child);
         // The start of a child that comes with its end tag tells nothing.

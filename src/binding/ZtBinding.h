@@ -54,6 +54,7 @@ enum class ZtPlace : std::uint8_t {
   kTextElement,      // a child element of which the text is kept
   kTextElements,     // a repeated one; the texts are kept as zt_string
   kOwnText,          // the element's own text
+  kOwnWords,         // the same, split at its blanks; the words are kept as zt_string
   kChild,            // a child element that occurs at most once
   kChildren,         // a repeated child element
   kOtherChildren,    // child elements that no row names
@@ -124,6 +125,9 @@ struct ZtField {
   constexpr bool IsAttribute() const {
     return place == ZtPlace::kAttribute || place == ZtPlace::kOtherAttributes;
   }
+  constexpr bool IsOwnText() const {
+    return place == ZtPlace::kOwnText || place == ZtPlace::kOwnWords;
+  }
   constexpr bool HasName() const {
     return place != ZtPlace::kOtherChildren && place != ZtPlace::kOtherAttributes;
   }
@@ -177,6 +181,11 @@ template <class D>
 constexpr ZtField OwnText(ZtNameId name, unsigned D::*m, const ZtRange& range) {
   return ZtField(ZtPlace::kOwnText, ZtValue::kNumber, name, At(m), ZtFieldDetail(&range)).Always();
 }
+// The same as words, one blank between them: n blanks make n + 1 words, of which any may be empty.
+template <class D>
+constexpr ZtField OwnWords(ZtNameId name, ZtChildList D::*m) {
+  return {ZtPlace::kOwnWords, ZtValue::kText, name, At(m)};
+}
 template <class D>
 constexpr ZtField Child(ZtNameId name, ZtChild D::*m, const ZtElementType& type) {
   return {ZtPlace::kChild, ZtValue::kObject, name, At(m), ZtFieldDetail(&type)};
@@ -201,6 +210,19 @@ template <class D>
 constexpr ZtField OtherAttributes(ZtAttributeList D::*m) {
   return {ZtPlace::kOtherAttributes, ZtValue::kObject, XML_STR_ZT_NULL, At(m)};
 }
+
+}  // namespace ztrow
+
+// The rows of what ZtExtensible<Base> keeps.
+struct ZtExtensibleRows {
+  template <class Base>
+  static constexpr ZtField kAttributes =
+      ztrow::OtherAttributes(&ZtExtensible<Base>::m_AnyAttributes);
+  template <class Base>
+  static constexpr ZtField kElements = ztrow::OtherChildren(&ZtExtensible<Base>::m_AnyElements);
+};
+
+namespace ztrow {
 
 // Whether rows can be meant: attributes before children, no name twice in one place, at most one
 // row for the rest.

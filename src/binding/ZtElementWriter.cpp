@@ -261,6 +261,17 @@ bool ZtElementWriter::WriteField(const XMLElement& element, const ZtField& field
       m_Writer.ztXmlSetData(ZtFieldText(element, field, buffer));
       return true;
     }
+    case ZtPlace::kOwnWords: {
+      const char* blank = "";
+      for (ZtListNode* node = (element.*field.member.children).Head(); node; node = node->next) {
+        const auto* word = zt_string::From(static_cast<XMLElement*>(node->data));
+        if (!word || !word->getValue()) continue;
+        m_Writer.ztXmlSetData(blank);
+        m_Writer.ztXmlSetData(word->getValue());
+        blank = " ";
+      }
+      return true;
+    }
     case ZtPlace::kChild: {
       XMLElement* child = (element.*field.member.child).Get();
       return !child || WriteChild(child, 0, field, {field.detail.type, XML_STR_ZT_NULL});
