@@ -56,10 +56,11 @@ class ZT_API ZtMarshaller : public XMLMarshaller {
  protected:
   ZtMarshaller();
 
-  /// Writes `element`, an object of `type`, with its children; `prefix` ZT_NULL writes no prefix.
-  /// Returns 1, or 0 when it is null or lacks something required. Only meaningful while Marshall
-  /// runs: the document writer holds no document otherwise.
-  int Write(XMLElement* element, const ZtElementType& type, e_XmlStrRef prefix = XML_STR_ZT_NULL);
+  /// Writes `element`, an object of `type`, with its children; `prefix` and `name` ZT_NULL are the
+  /// type's. Returns 1, or 0 when it is null or lacks something required. Only meaningful while
+  /// Marshall runs: the document writer holds no document otherwise.
+  int Write(XMLElement* element, const ZtElementType& type, e_XmlStrRef prefix = XML_STR_ZT_NULL,
+            e_XmlStrRef name = XML_STR_ZT_NULL);
   virtual const ZtDocument& Document() const = 0;
   /// The namespaces that the context has at this moment, null when there are none.
   XMLObject* NamespaceBinder() const;

@@ -3,6 +3,7 @@
 #include "XMLCommunicationBarring.h"
 #include "XMLCommunicationDiversion.h"
 #include "XMLCommunicationWaiting.h"
+#include "XMLConferenceInfo.h"
 #include "XMLGruu.h"
 #include "XMLOIP.h"
 #include "XMLReginfo.h"
@@ -20,6 +21,7 @@ constexpr const ZtDocument* kDocuments[] = {
     &CommunicationBarringContext::kDocument,
     &CommunicationDiversionContext::kDocument,
     &CommunicationWaitingContext::kDocument,
+    &ConferenceInfoContext::kDocument,
     &GruuContext::kDocument,
     &OIPContext::kDocument,
     &ReginfoContext::kDocument,

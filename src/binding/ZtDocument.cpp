@@ -156,11 +156,12 @@ char* ZtMarshaller::Marshall(XMLElement* root) {
   return m_pXml;
 }
 
-int ZtMarshaller::Write(XMLElement* element, const ZtElementType& type, e_XmlStrRef prefix) {
+int ZtMarshaller::Write(XMLElement* element, const ZtElementType& type, e_XmlStrRef prefix,
+                        e_XmlStrRef name) {
   const ZtNamespaceBindings* bindings = nullptr;
   if (!UseNamespaces(bindings)) return 0;
   const ZtWriterScope scope = {Document().source, Document().marshaller, bindings};
-  return ZtElementWriter(m_XmlDocGenerator, scope).Write(element, type, prefix);
+  return ZtElementWriter(m_XmlDocGenerator, scope).Write(element, type, prefix, name);
 }
 
 bool ZtMarshaller::UseNamespaces(const ZtNamespaceBindings*&) { return true; }

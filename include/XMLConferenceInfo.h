@@ -1,0 +1,367 @@
+// Conference information: the state of a conference (RFC 4575). What XMLConferenceUsers.h says of
+// ownership, texts and absent values holds here, too.
+#ifndef ZTXML_INCLUDE_XMLCONFERENCEINFO_H
+#define ZTXML_INCLUDE_XMLCONFERENCEINFO_H
+
+#include "XMLConferenceUsers.h"
+#include "ZtDocument.h"
+
+/// The element "keywords".
+class ZT_API zt_keywords_type : public ZtTyped<zt_keywords_type> {
+ public:
+  static const ZtElementType kType;
+
+  /// A list of zt_string; one blank stands between them in a document, and an empty one where two
+  /// do.
+  int setKeywordListValue(ZtSingleElementList* list) { return m_Words.Set(list); }
+  ZtSingleElementList* getKeywordListValue() const { return m_Words.Get(); }
+  int addKeyword(zt_string* element) { return m_Words.Add(element); }
+
+ private:
+  friend struct ConferenceInfoBinding;
+
+  ZtChildList m_Words;
+};
+
+/// An "entry" of "available-media".
+class ZT_API zt_conference_medium_type : public ZtTyped<zt_conference_medium_type, ZtExtensible<>> {
+ public:
+  static const ZtElementType kType;
+
+  /// The attribute "label"; required on output.
+  int setLabelValue(const char* text) { return m_Label.Assign(text); }
+  const char* getLabelValue() const { return m_Label.Get(); }
+
+  /// What to show for it.
+  int setDisplayTextValue(const char* text) { return m_DisplayText.Assign(text); }
+  const char* getDisplayTextValue() const { return m_DisplayText.Get(); }
+
+  /// The kind of medium, e.g. "audio".
+  int setTypeValue(const char* text) { return m_Type.Assign(text); }
+  const char* getTypeValue() const { return m_Type.Get(); }
+
+  /// Its direction.
+  int setStatusValue(zt_media_status_type_enum value) {
+    m_Status = value;
+    return 1;
+  }
+  zt_media_status_type_enum getStatusValue() const {
+    return static_cast<zt_media_status_type_enum>(m_Status);
+  }
+
+ private:
+  friend struct ConferenceInfoBinding;
+
+  ZtText m_Label;
+  ZtText m_DisplayText;
+  ZtText m_Type;
+  unsigned m_Status = ZT_MEDIA_STATUS_ABSENT;
+};
+
+/// The element "available-media".
+class ZT_API zt_conference_media_type : public ZtTyped<zt_conference_media_type, ZtExtensible<>> {
+ public:
+  static const ZtElementType kType;
+
+  /// A list of zt_conference_medium_type.
+  int setEntryListValue(ZtSingleElementList* list) { return m_Entries.Set(list); }
+  ZtSingleElementList* getEntryListValue() const { return m_Entries.Get(); }
+  int addEntry(zt_conference_medium_type* element) { return m_Entries.Add(element); }
+
+ private:
+  friend struct ConferenceInfoBinding;
+
+  ZtChildList m_Entries;
+};
+
+/// The element "conference-description".
+class ZT_API zt_conference_description_type
+    : public ZtTyped<zt_conference_description_type, ZtExtensible<>> {
+ public:
+  static const ZtElementType kType;
+
+  /// What to show for the conference.
+  int setDisplayTextValue(const char* text) { return m_DisplayText.Assign(text); }
+  const char* getDisplayTextValue() const { return m_DisplayText.Get(); }
+
+  /// Its subject.
+  int setSubjectValue(const char* text) { return m_Subject.Assign(text); }
+  const char* getSubjectValue() const { return m_Subject.Get(); }
+
+  /// More about it.
+  int setFreeTextValue(const char* text) { return m_FreeText.Assign(text); }
+  const char* getFreeTextValue() const { return m_FreeText.Get(); }
+
+  /// Words to find it by.
+  int setKeywordsValue(zt_keywords_type* element) { return m_Keywords.Set(element); }
+  zt_keywords_type* getKeywordsValue() const {
+    return static_cast<zt_keywords_type*>(m_Keywords.Get());
+  }
+
+  /// URIs under which it is reached.
+  int setConfUrisValue(zt_uris_type* element) { return m_ConfUris.Set(element); }
+  zt_uris_type* getConfUrisValue() const { return static_cast<zt_uris_type*>(m_ConfUris.Get()); }
+
+  /// URIs of services around it.
+  int setServiceUrisValue(zt_uris_type* element) { return m_ServiceUris.Set(element); }
+  zt_uris_type* getServiceUrisValue() const {
+    return static_cast<zt_uris_type*>(m_ServiceUris.Get());
+  }
+
+  /// The most users that it takes.
+  int setMaximumUserCountValue(unsigned int value) {
+    m_MaximumUserCount = value;
+    return 1;
+  }
+  unsigned int getMaximumUserCountValue() const { return m_MaximumUserCount; }
+
+  /// Its media.
+  int setAvailableMediaValue(zt_conference_media_type* element) {
+    return m_AvailableMedia.Set(element);
+  }
+  zt_conference_media_type* getAvailableMediaValue() const {
+    return static_cast<zt_conference_media_type*>(m_AvailableMedia.Get());
+  }
+
+ private:
+  friend struct ConferenceInfoBinding;
+
+  ZtText m_DisplayText;
+  ZtText m_Subject;
+  ZtText m_FreeText;
+  ZtChild m_Keywords;
+  ZtChild m_ConfUris;
+  ZtChild m_ServiceUris;
+  unsigned m_MaximumUserCount = 0;
+  ZtChild m_AvailableMedia;
+};
+
+/// The element "host-info".
+class ZT_API zt_host_type : public ZtTyped<zt_host_type, ZtExtensible<>> {
+ public:
+  static const ZtElementType kType;
+
+  /// Who hosts the conference.
+  int setDisplayTextValue(const char* text) { return m_DisplayText.Assign(text); }
+  const char* getDisplayTextValue() const { return m_DisplayText.Get(); }
+
+  /// A page about it, a URI.
+  int setWebPageValue(const char* text) { return m_WebPage.Assign(text); }
+  const char* getWebPageValue() const { return m_WebPage.Get(); }
+
+  /// URIs of the host.
+  int setUrisValue(zt_uris_type* element) { return m_Uris.Set(element); }
+  zt_uris_type* getUrisValue() const { return static_cast<zt_uris_type*>(m_Uris.Get()); }
+
+ private:
+  friend struct ConferenceInfoBinding;
+
+  ZtText m_DisplayText;
+  ZtText m_WebPage;
+  ZtChild m_Uris;
+};
+
+/// The element "conference-state".
+class ZT_API zt_conference_state_type : public ZtTyped<zt_conference_state_type, ZtExtensible<>> {
+ public:
+  static const ZtElementType kType;
+
+  /// The users that take part.
+  int setUserCountValue(unsigned int value) {
+    m_UserCount = value;
+    return 1;
+  }
+  unsigned int getUserCountValue() const { return m_UserCount; }
+
+  /// 1 or 0 (any other number, and at first): whether the conference has begun. Always written.
+  int setActiveValue(int value) {
+    m_Active = value == 1 ? 1 : 0;
+    return 1;
+  }
+  int getActiveValue() const { return static_cast<int>(m_Active); }
+
+  /// The same for whether nobody may join any more.
+  int setLockedValue(int value) {
+    m_Locked = value == 1 ? 1 : 0;
+    return 1;
+  }
+  int getLockedValue() const { return static_cast<int>(m_Locked); }
+
+ private:
+  friend struct ConferenceInfoBinding;
+
+  unsigned m_UserCount = 0;
+  unsigned m_Active = 0;
+  unsigned m_Locked = 0;
+};
+
+class zt_conference_type;
+
+/// The element "sidebars-by-val".
+class ZT_API zt_sidebars_by_val_type : public ZtTyped<zt_sidebars_by_val_type, ZtExtensible<>> {
+ public:
+  static const ZtElementType kType;
+
+  /// Whether this is the full state, a change of it, or the end.
+  int setStateValue(zt_state_type_enum value) {
+    m_State = value;
+    return 1;
+  }
+  zt_state_type_enum getStateValue() const { return static_cast<zt_state_type_enum>(m_State); }
+
+  /// A list of zt_conference_type.
+  int setEntryListValue(ZtSingleElementList* list) { return m_Entries.Set(list); }
+  ZtSingleElementList* getEntryListValue() const { return m_Entries.Get(); }
+  int addEntry(zt_conference_type* element);
+
+ private:
+  friend struct ConferenceInfoBinding;
+
+  unsigned m_State = ZT_STATE_ABSENT;
+  ZtChildList m_Entries;
+};
+
+/// The root element "conference-info", and an "entry" of "sidebars-by-val".
+class ZT_API zt_conference_type : public ZtTyped<zt_conference_type, ZtExtensible<ZtObject>> {
+ public:
+  static const ZtElementType kType;
+
+  /// Whether this is the full state, a change of it, or the end.
+  int setStateValue(zt_state_type_enum value) {
+    m_State = value;
+    return 1;
+  }
+  zt_state_type_enum getStateValue() const { return static_cast<zt_state_type_enum>(m_State); }
+
+  /// The attribute "version", counted up from one document to the next.
+  int setVersionValue(unsigned int value) {
+    m_Version = value;
+    return 1;
+  }
+  unsigned int getVersionValue() const { return m_Version; }
+
+  /// The attribute "entity", the URI of the conference; required on output.
+  int setEntityValue(const char* text) { return m_Entity.Assign(text); }
+  const char* getEntityValue() const { return m_Entity.Get(); }
+
+  /// What the conference is.
+  int setConferenceDescriptionValue(zt_conference_description_type* element) {
+    return m_ConferenceDescription.Set(element);
+  }
+  zt_conference_description_type* getConferenceDescriptionValue() const {
+    return static_cast<zt_conference_description_type*>(m_ConferenceDescription.Get());
+  }
+
+  /// Who hosts it.
+  int setHostInfoValue(zt_host_type* element) { return m_HostInfo.Set(element); }
+  zt_host_type* getHostInfoValue() const { return static_cast<zt_host_type*>(m_HostInfo.Get()); }
+
+  /// How it stands.
+  int setConferenceStateValue(zt_conference_state_type* element) {
+    return m_ConferenceState.Set(element);
+  }
+  zt_conference_state_type* getConferenceStateValue() const {
+    return static_cast<zt_conference_state_type*>(m_ConferenceState.Get());
+  }
+
+  /// Who takes part.
+  int setUsersValue(zt_users_type* element) { return m_Users.Set(element); }
+  zt_users_type* getUsersValue() const { return static_cast<zt_users_type*>(m_Users.Get()); }
+
+  /// The URIs of its sidebars.
+  int setSidebarsByRefValue(zt_uris_type* element) { return m_SidebarsByRef.Set(element); }
+  zt_uris_type* getSidebarsByRefValue() const {
+    return static_cast<zt_uris_type*>(m_SidebarsByRef.Get());
+  }
+
+  /// Its sidebars.
+  int setSidebarsByValValue(zt_sidebars_by_val_type* element) {
+    return m_SidebarsByVal.Set(element);
+  }
+  zt_sidebars_by_val_type* getSidebarsByValValue() const {
+    return static_cast<zt_sidebars_by_val_type*>(m_SidebarsByVal.Get());
+  }
+
+ private:
+  friend struct ConferenceInfoBinding;
+
+  unsigned m_State = ZT_STATE_ABSENT;
+  unsigned m_Version = 0;
+  ZtText m_Entity;
+  ZtChild m_ConferenceDescription;
+  ZtChild m_HostInfo;
+  ZtChild m_ConferenceState;
+  ZtChild m_Users;
+  ZtChild m_SidebarsByRef;
+  ZtChild m_SidebarsByVal;
+};
+
+/// The root under its element's name.
+using zt_conference_info = zt_conference_type;
+
+inline int zt_sidebars_by_val_type::addEntry(zt_conference_type* element) {
+  return m_Entries.Add(element);
+}
+
+/// Makes empty elements; each is the caller's until a parent takes it. Null without memory.
+class ZT_API ConferenceInfoDataBinder : public XMLObjectFactory {
+ public:
+  XMLObject* CreateRootElement() override;
+  zt_conference_type* CreateConferenceInfoType();
+  zt_conference_description_type* CreateConferenceDescriptionType();
+  zt_host_type* CreateHostType();
+  zt_conference_state_type* CreateConferenceStateType();
+  zt_users_type* CreateUsersType();
+  zt_user_type* CreateUserType();
+  zt_user_roles_type* CreateUserRolesType();
+  zt_user_languages_type* CreateUserLanguagesType();
+  zt_endpoint_type* CreateEndPointType();
+  zt_execution_type* CreateExecutionType();
+  zt_media_type* CreateMediaType();
+  zt_call_type* CreateCallType();
+  zt_sip_dialog_id_type* CreateSIPDialogIDType();
+  zt_uris_type* CreateURIsType();
+  zt_uri_type* CreateURIType();
+  zt_keywords_type* CreateKeywordsType();
+  zt_conference_medium_type* CreateConferenceMediumType();
+  /// The name is spelled so; callers use it.
+  zt_conference_media_type* CreateConferenceMedaiType();
+  zt_sidebars_by_val_type* CreateSideBarsByValueType();
+};
+
+class ConferenceInfoContext;
+
+/// Writes a zt_conference_type. Besides Marshall, the steps that write one element each (1 written,
+/// 0 failed), which only a running Marshall can use; `name` is the element's name.
+class ZT_API Conference_infoMarshall : public ZtDescribedBy<ConferenceInfoContext, ZtMarshaller> {
+ public:
+  int AddConferenceInfoElementToXml(zt_conference_type* conference, e_XmlStrRef name);
+  int AddConferenceDescriptionElementToXml(zt_conference_description_type* description);
+  int AddHostInfoElementToXml(zt_host_type* host);
+  int AddConferenceStateElementToXml(zt_conference_state_type* state);
+  int AddIUsersElementToXml(zt_users_type* users);
+  int AddUserElementToXml(zt_user_type* user);
+  int AddEndPointElementToXml(zt_endpoint_type* endpoint);
+  int AddExecutionTypeElementToXml(zt_execution_type* execution, e_XmlStrRef name);
+  int AddMediaElementToXml(zt_media_type* media);
+  int AddSipElementToXml(zt_sip_dialog_id_type* sip);
+  int AddUrisTypeElementToXml(zt_uris_type* uris, e_XmlStrRef name);
+  int AddUriTypeElementToXml(zt_uri_type* uri);
+  int AddConferenceMediaTypeElementToXml(zt_conference_media_type* media);
+  int AddConferenceMediumTypeElementToXml(zt_conference_medium_type* medium);
+};
+
+/// Reads a zt_conference_type.
+class ZT_API ConferenceInfoUnMarshaller
+    : public ZtDescribedBy<ConferenceInfoContext, ZtUnMarshaller> {};
+
+/// The context of conference information, XML_SCHEMA_CONFERENCE_INFO.
+class ZT_API ConferenceInfoContext : public ZtDescribedBy<ConferenceInfoContext, ZtContext> {
+ public:
+  static const ZtDocument kDocument;
+};
+
+/// A check for developers: logs that it was called.
+ZT_API void TestConference_infoMarshall();
+
+#endif  // ZTXML_INCLUDE_XMLCONFERENCEINFO_H

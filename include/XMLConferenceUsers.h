@@ -1,0 +1,444 @@
+// The users of a conference with their endpoints and media, and what conference information (RFC
+// 4575) says of URIs and actions.
+//
+// Every element owns its texts, children and lists: setters copy texts, take objects and lists with
+// their entries, and free what they replace; null means absent. The add operations take one object
+// and return 1, or 0 when it is null or there is no memory. Texts are raw: callers escape them. A
+// number is absent when it is 0, an enumeration when it is not one of the named values.
+#ifndef ZTXML_INCLUDE_XMLCONFERENCEUSERS_H
+#define ZTXML_INCLUDE_XMLCONFERENCEUSERS_H
+
+#include "XMLValueTypes.h"
+
+/// How much of the state an element tells.
+enum zt_state_type_enum : unsigned {
+  ZT_STATE_FULL,
+  ZT_STATE_PARTIAL,
+  ZT_STATE_DELETED,
+  ZT_STATE_ABSENT
+};
+
+/// The state of an endpoint.
+enum zt_endpoint_status_type_enum : unsigned {
+  ZT_ENDPOINT_STATUS_PENDING,
+  ZT_ENDPOINT_STATUS_DIALING_OUT,
+  ZT_ENDPOINT_STATUS_DIALING_IN,
+  ZT_ENDPOINT_STATUS_ALERTING,
+  ZT_ENDPOINT_STATUS_ON_HOLD,
+  ZT_ENDPOINT_STATUS_CONNECTED,
+  ZT_ENDPOINT_STATUS_MUTED_VIA_FOCUS,
+  ZT_ENDPOINT_STATUS_DISCONNECTING,
+  ZT_ENDPOINT_STATUS_DISCONNECTED,
+  ZT_ENDPOINT_STATUS_ABSENT
+};
+
+/// How an endpoint joined.
+enum zt_joining_type_enum : unsigned {
+  ZT_JOINING_DIALED_IN,
+  ZT_JOINING_DIALED_OUT,
+  ZT_JOINING_FOCUS_OWNER,
+  ZT_JOINING_ABSENT
+};
+
+/// How an endpoint left.
+enum zt_disconnection_type_enum : unsigned {
+  ZT_DISCONNECTION_DEPARTED,
+  ZT_DISCONNECTION_BOOTED,
+  ZT_DISCONNECTION_FAILED,
+  ZT_DISCONNECTION_BUSY,
+  ZT_DISCONNECTION_ABSENT,
+  ZT_DISCONNECTION_UNKNOWN  ///< a document had another value
+};
+
+/// The direction of a medium.
+enum zt_media_status_type_enum : unsigned {
+  ZT_MEDIA_STATUS_RECVONLY,
+  ZT_MEDIA_STATUS_SENDONLY,
+  ZT_MEDIA_STATUS_SENDRECV,
+  ZT_MEDIA_STATUS_INACTIVE,
+  ZT_MEDIA_STATUS_ABSENT
+};
+
+/// An action on something: "referred", "joining-info", "disconnection-info" or "modified".
+class ZT_API zt_execution_type : public ZtTyped<zt_execution_type, ZtExtensible<>> {
+ public:
+  static const ZtElementType kType;
+
+  /// The date and time, as in RFC 3339.
+  int setWhenValue(const char* text) { return m_When.Assign(text); }
+  const char* getWhenValue() const { return m_When.Get(); }
+
+  /// Why it was done.
+  int setReasonValue(const char* text) { return m_Reason.Assign(text); }
+  const char* getReasonValue() const { return m_Reason.Get(); }
+
+  /// Who did it, a URI.
+  int setByValue(const char* text) { return m_By.Assign(text); }
+  const char* getByValue() const { return m_By.Get(); }
+
+ private:
+  friend struct ConferenceInfoBinding;
+
+  ZtText m_When;
+  ZtText m_Reason;
+  ZtText m_By;
+};
+
+/// An "entry" of a list of URIs.
+class ZT_API zt_uri_type : public ZtTyped<zt_uri_type, ZtExtensible<>> {
+ public:
+  static const ZtElementType kType;
+
+  /// The URI.
+  int setUriValue(const char* text) { return m_Uri.Assign(text); }
+  const char* getUriValue() const { return m_Uri.Get(); }
+
+  /// What to show for it.
+  int setDisplayTextValue(const char* text) { return m_DisplayText.Assign(text); }
+  const char* getDisplayTextValue() const { return m_DisplayText.Get(); }
+
+  /// What it is for, e.g. "participation".
+  int setPurposeValue(const char* text) { return m_Purpose.Assign(text); }
+  const char* getPurposeValue() const { return m_Purpose.Get(); }
+
+  /// Its last change.
+  int setModifiedValue(zt_execution_type* element) { return m_Modified.Set(element); }
+  zt_execution_type* getModifiedValue() const {
+    return static_cast<zt_execution_type*>(m_Modified.Get());
+  }
+
+ private:
+  friend struct ConferenceInfoBinding;
+
+  ZtText m_Uri;
+  ZtText m_DisplayText;
+  ZtText m_Purpose;
+  ZtChild m_Modified;
+};
+
+/// A list of URIs: "conf-uris", "service-uris", "uris", "associated-aors" or "sidebars-by-ref".
+class ZT_API zt_uris_type : public ZtTyped<zt_uris_type, ZtExtensible<>> {
+ public:
+  static const ZtElementType kType;
+
+  /// Whether this is the full state, a change of it, or the end.
+  int setStateValue(zt_state_type_enum value) {
+    m_State = value;
+    return 1;
+  }
+  zt_state_type_enum getStateValue() const { return static_cast<zt_state_type_enum>(m_State); }
+
+  /// A list of zt_uri_type.
+  int setEntryListValue(ZtSingleElementList* list) { return m_Entries.Set(list); }
+  ZtSingleElementList* getEntryListValue() const { return m_Entries.Get(); }
+  int addEntry(zt_uri_type* element) { return m_Entries.Add(element); }
+
+ private:
+  friend struct ConferenceInfoBinding;
+
+  unsigned m_State = ZT_STATE_ABSENT;
+  ZtChildList m_Entries;
+};
+
+/// The element "languages", language tags as in RFC 5646.
+class ZT_API zt_user_languages_type : public ZtTyped<zt_user_languages_type> {
+ public:
+  static const ZtElementType kType;
+
+  /// A list of zt_string; one blank stands between them in a document, and an empty one where two
+  /// do.
+  int setLanguageListValue(ZtSingleElementList* list) { return m_Words.Set(list); }
+  ZtSingleElementList* getLanguageListValue() const { return m_Words.Get(); }
+  int addLanguage(zt_string* element) { return m_Words.Add(element); }
+
+ private:
+  friend struct ConferenceInfoBinding;
+
+  ZtChildList m_Words;
+};
+
+/// The element "roles".
+class ZT_API zt_user_roles_type : public ZtTyped<zt_user_roles_type> {
+ public:
+  static const ZtElementType kType;
+
+  /// A list of zt_string, e.g. "participant".
+  int setEntryListValue(ZtSingleElementList* list) { return m_Entries.Set(list); }
+  ZtSingleElementList* getEntryListValue() const { return m_Entries.Get(); }
+  int addEntry(zt_string* element) { return m_Entries.Add(element); }
+
+ private:
+  friend struct ConferenceInfoBinding;
+
+  ZtChildList m_Entries;
+};
+
+/// The element "sip": a SIP dialog (RFC 3261).
+class ZT_API zt_sip_dialog_id_type : public ZtTyped<zt_sip_dialog_id_type, ZtExtensible<>> {
+ public:
+  static const ZtElementType kType;
+
+  /// What to show for the dialog.
+  int setDisplayTextValue(const char* text) { return m_DisplayText.Assign(text); }
+  const char* getDisplayTextValue() const { return m_DisplayText.Get(); }
+
+  /// The Call-ID.
+  int setCallIdValue(const char* text) { return m_CallId.Assign(text); }
+  const char* getCallIdValue() const { return m_CallId.Get(); }
+
+  /// The tag of the From header.
+  int setFromTagValue(const char* text) { return m_FromTag.Assign(text); }
+  const char* getFromTagValue() const { return m_FromTag.Get(); }
+
+  /// The tag of the To header.
+  int setToTagValue(const char* text) { return m_ToTag.Assign(text); }
+  const char* getToTagValue() const { return m_ToTag.Get(); }
+
+ private:
+  friend struct ConferenceInfoBinding;
+
+  ZtText m_DisplayText;
+  ZtText m_CallId;
+  ZtText m_FromTag;
+  ZtText m_ToTag;
+};
+
+/// The element "call-info".
+class ZT_API zt_call_type : public ZtTyped<zt_call_type, ZtExtensible<>> {
+ public:
+  static const ZtElementType kType;
+
+  /// The dialog.
+  int setSipValue(zt_sip_dialog_id_type* element) { return m_Sip.Set(element); }
+  zt_sip_dialog_id_type* getSipValue() const {
+    return static_cast<zt_sip_dialog_id_type*>(m_Sip.Get());
+  }
+
+ private:
+  friend struct ConferenceInfoBinding;
+
+  ZtChild m_Sip;
+};
+
+/// A "media" of an endpoint.
+class ZT_API zt_media_type : public ZtTyped<zt_media_type, ZtExtensible<>> {
+ public:
+  static const ZtElementType kType;
+
+  /// The attribute "id"; required on output.
+  int setIdValue(const char* text) { return m_Id.Assign(text); }
+  const char* getIdValue() const { return m_Id.Get(); }
+
+  /// What to show for it.
+  int setDisplayTextValue(const char* text) { return m_DisplayText.Assign(text); }
+  const char* getDisplayTextValue() const { return m_DisplayText.Get(); }
+
+  /// The kind of medium, e.g. "audio".
+  int setTypeValue(const char* text) { return m_Type.Assign(text); }
+  const char* getTypeValue() const { return m_Type.Get(); }
+
+  /// Its label (RFC 4574).
+  int setLabelValue(const char* text) { return m_Label.Assign(text); }
+  const char* getLabelValue() const { return m_Label.Get(); }
+
+  /// Its SSRC (RFC 3550).
+  int setSrcIdValue(const char* text) { return m_SrcId.Assign(text); }
+  const char* getSrcIdValue() const { return m_SrcId.Get(); }
+
+  /// Its direction.
+  int setStatusValue(zt_media_status_type_enum value) {
+    m_Status = value;
+    return 1;
+  }
+  zt_media_status_type_enum getStatusValue() const {
+    return static_cast<zt_media_status_type_enum>(m_Status);
+  }
+
+ private:
+  friend struct ConferenceInfoBinding;
+
+  ZtText m_Id;
+  ZtText m_DisplayText;
+  ZtText m_Type;
+  ZtText m_Label;
+  ZtText m_SrcId;
+  unsigned m_Status = ZT_MEDIA_STATUS_ABSENT;
+};
+
+/// An "endpoint" of a user.
+class ZT_API zt_endpoint_type : public ZtTyped<zt_endpoint_type, ZtExtensible<>> {
+ public:
+  static const ZtElementType kType;
+
+  /// Whether this is the full state, a change of it, or the end.
+  int setStateValue(zt_state_type_enum value) {
+    m_State = value;
+    return 1;
+  }
+  zt_state_type_enum getStateValue() const { return static_cast<zt_state_type_enum>(m_State); }
+
+  /// The attribute "entity", a URI.
+  int setEntityValue(const char* text) { return m_Entity.Assign(text); }
+  const char* getEntityValue() const { return m_Entity.Get(); }
+
+  /// What to show for it.
+  int setDisplayTextValue(const char* text) { return m_DisplayText.Assign(text); }
+  const char* getDisplayTextValue() const { return m_DisplayText.Get(); }
+
+  /// Who referred it here.
+  int setReferredValue(zt_execution_type* element) { return m_Referred.Set(element); }
+  zt_execution_type* getReferredValue() const {
+    return static_cast<zt_execution_type*>(m_Referred.Get());
+  }
+
+  /// Its state.
+  int setStatusValue(zt_endpoint_status_type_enum value) {
+    m_Status = value;
+    return 1;
+  }
+  zt_endpoint_status_type_enum getStatusValue() const {
+    return static_cast<zt_endpoint_status_type_enum>(m_Status);
+  }
+
+  /// How it joined.
+  int setJoiningMethodValue(zt_joining_type_enum value) {
+    m_JoiningMethod = value;
+    return 1;
+  }
+  zt_joining_type_enum getJoiningMethodValue() const {
+    return static_cast<zt_joining_type_enum>(m_JoiningMethod);
+  }
+
+  /// When and why it joined.
+  int setJoiningInfoValue(zt_execution_type* element) { return m_JoiningInfo.Set(element); }
+  zt_execution_type* getJoiningInfoValue() const {
+    return static_cast<zt_execution_type*>(m_JoiningInfo.Get());
+  }
+
+  /// How it left.
+  int setDisconnectionMethodValue(zt_disconnection_type_enum value) {
+    m_DisconnectionMethod = value;
+    return 1;
+  }
+  zt_disconnection_type_enum getDisconnectionMethodValue() const {
+    return static_cast<zt_disconnection_type_enum>(m_DisconnectionMethod);
+  }
+
+  /// When and why it left.
+  int setDisconnectionInfoValue(zt_execution_type* element) {
+    return m_DisconnectionInfo.Set(element);
+  }
+  zt_execution_type* getDisconnectionInfoValue() const {
+    return static_cast<zt_execution_type*>(m_DisconnectionInfo.Get());
+  }
+
+  /// A list of zt_media_type.
+  int setMediaListValue(ZtSingleElementList* list) { return m_Media.Set(list); }
+  ZtSingleElementList* getMediaListValue() const { return m_Media.Get(); }
+  int addMedia(zt_media_type* element) { return m_Media.Add(element); }
+
+  /// Its dialog with the focus.
+  int setCallInfoValue(zt_call_type* element) { return m_CallInfo.Set(element); }
+  zt_call_type* getCallInfoValue() const { return static_cast<zt_call_type*>(m_CallInfo.Get()); }
+
+ private:
+  friend struct ConferenceInfoBinding;
+
+  unsigned m_State = ZT_STATE_ABSENT;
+  ZtText m_Entity;
+  ZtText m_DisplayText;
+  ZtChild m_Referred;
+  unsigned m_Status = ZT_ENDPOINT_STATUS_ABSENT;
+  unsigned m_JoiningMethod = ZT_JOINING_ABSENT;
+  ZtChild m_JoiningInfo;
+  unsigned m_DisconnectionMethod = ZT_DISCONNECTION_ABSENT;
+  ZtChild m_DisconnectionInfo;
+  ZtChildList m_Media;
+  ZtChild m_CallInfo;
+};
+
+/// A "user".
+class ZT_API zt_user_type : public ZtTyped<zt_user_type, ZtExtensible<>> {
+ public:
+  static const ZtElementType kType;
+
+  /// Whether this is the full state, a change of it, or the end.
+  int setStateValue(zt_state_type_enum value) {
+    m_State = value;
+    return 1;
+  }
+  zt_state_type_enum getStateValue() const { return static_cast<zt_state_type_enum>(m_State); }
+
+  /// The attribute "entity", a URI.
+  int setEntityValue(const char* text) { return m_Entity.Assign(text); }
+  const char* getEntityValue() const { return m_Entity.Get(); }
+
+  /// The user's name.
+  int setDisplayTextValue(const char* text) { return m_DisplayText.Assign(text); }
+  const char* getDisplayTextValue() const { return m_DisplayText.Get(); }
+
+  /// Further addresses of the user.
+  int setAssociatedAorsValue(zt_uris_type* element) { return m_AssociatedAors.Set(element); }
+  zt_uris_type* getAssociatedAorsValue() const {
+    return static_cast<zt_uris_type*>(m_AssociatedAors.Get());
+  }
+
+  /// Roles in the conference.
+  int setRolesValue(zt_user_roles_type* element) { return m_Roles.Set(element); }
+  zt_user_roles_type* getRolesValue() const {
+    return static_cast<zt_user_roles_type*>(m_Roles.Get());
+  }
+
+  /// Languages that the user speaks.
+  int setLanguagesValue(zt_user_languages_type* element) { return m_Languages.Set(element); }
+  zt_user_languages_type* getLanguagesValue() const {
+    return static_cast<zt_user_languages_type*>(m_Languages.Get());
+  }
+
+  /// The URI of the conference that the user stands for.
+  int setCascadedFocusValue(const char* text) { return m_CascadedFocus.Assign(text); }
+  const char* getCascadedFocusValue() const { return m_CascadedFocus.Get(); }
+
+  /// A list of zt_endpoint_type.
+  int setEndpointListValue(ZtSingleElementList* list) { return m_Endpoints.Set(list); }
+  ZtSingleElementList* getEndpointListValue() const { return m_Endpoints.Get(); }
+  int addEndpoint(zt_endpoint_type* element) { return m_Endpoints.Add(element); }
+
+ private:
+  friend struct ConferenceInfoBinding;
+
+  unsigned m_State = ZT_STATE_ABSENT;
+  ZtText m_Entity;
+  ZtText m_DisplayText;
+  ZtChild m_AssociatedAors;
+  ZtChild m_Roles;
+  ZtChild m_Languages;
+  ZtText m_CascadedFocus;
+  ZtChildList m_Endpoints;
+};
+
+/// The element "users".
+class ZT_API zt_users_type : public ZtTyped<zt_users_type, ZtExtensible<>> {
+ public:
+  static const ZtElementType kType;
+
+  /// Whether this is the full state, a change of it, or the end.
+  int setStateValue(zt_state_type_enum value) {
+    m_State = value;
+    return 1;
+  }
+  zt_state_type_enum getStateValue() const { return static_cast<zt_state_type_enum>(m_State); }
+
+  /// A list of zt_user_type.
+  int setUserListValue(ZtSingleElementList* list) { return m_Users.Set(list); }
+  ZtSingleElementList* getUserListValue() const { return m_Users.Get(); }
+  int addUser(zt_user_type* element) { return m_Users.Add(element); }
+
+ private:
+  friend struct ConferenceInfoBinding;
+
+  unsigned m_State = ZT_STATE_ABSENT;
+  ZtChildList m_Users;
+};
+
+#endif  // ZTXML_INCLUDE_XMLCONFERENCEUSERS_H

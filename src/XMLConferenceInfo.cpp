@@ -1,0 +1,475 @@
+#include "XMLConferenceInfo.h"
+
+#include "ConferenceInfo.h"
+#include "base/ZtLog.h"
+#include "binding/ZtDocumentTable.h"
+#include "binding/ZtElementWriter.h"
+
+namespace {
+
+constexpr char kSource[] = "src/XMLConferenceInfo";
+constexpr ZtFamily kFamily = {kSource, &kZtNoHookLines,
+                              "Cannot accommodate the element %s with value %s",
+                              "<XML Module>: %s XML Failed!", ZtUnknown::kIgnore};
+
+// ---- Enumerations -------------------------------------------------------------------------------
+// A value is known by its beginning.
+
+constexpr ZtEnumSlot kStateSlots[] = {"full", "partial", "deleted"};
+constexpr ZtEnumTable kStates = {kStateSlots, 3, 3, ZT_STATE_ABSENT, true};
+
+// clang-format off
+constexpr ZtEnumSlot kEndpointSlots[] = {
+    "pending", "dialing-out", "dialing-in", "alerting", "on-hold", "connected", "muted-via-focus",
+    "disconnecting", "disconnected"};
+// clang-format on
+constexpr ZtEnumTable kEndpointStatuses = {kEndpointSlots, 9, 9, ZT_ENDPOINT_STATUS_ABSENT, true};
+
+constexpr ZtEnumSlot kJoiningSlots[] = {"dialed-in", "dialed-out", "focus-owner"};
+constexpr ZtEnumTable kJoiningMethods = {kJoiningSlots, 3, 3, ZT_JOINING_ABSENT, true};
+
+// Intended: what matches nothing is one more than absent; callers tell the two apart.
+constexpr ZtEnumSlot kDisconnectionSlots[] = {"departed", "booted", "failed", "busy"};
+constexpr ZtEnumTable kDisconnectionMethods = {kDisconnectionSlots, 4, 4, ZT_DISCONNECTION_UNKNOWN,
+                                               true};
+
+constexpr ZtEnumSlot kMediaSlots[] = {"recvonly", "sendonly", "sendrecv", "inactive"};
+constexpr ZtEnumTable kMediaStatuses = {kMediaSlots, 4, 4, ZT_MEDIA_STATUS_ABSENT, true};
+
+constexpr ZtEnumSlot kFlagSlots[] = {"false", "true"};
+constexpr ZtEnumTable kTrueOrElseFalse = {kFlagSlots, 2, 2, 0, false};
+
+constexpr ZtField kExtras = ZtExtensibleRows::kAttributes<ZtElement>;
+constexpr ZtField kOthers = ZtExtensibleRows::kElements<ZtElement>;
+
+template <class T>
+constexpr ZtElementType TypeOf(const char* className, const char* label) {
+  return ZtTypeOf<T>(className, label, kFamily);
+}
+
+}  // namespace
+
+// ---- Types --------------------------------------------------------------------------------------
+
+struct ConferenceInfoBinding {
+  static constexpr ZtField kExecution[] = {
+      kExtras,
+      ztrow::TextElement(XML_STR_WHEN, &zt_execution_type::m_When),
+      ztrow::TextElement(XML_STR_REASON, &zt_execution_type::m_Reason),
+      ztrow::TextElement(XML_STR_BY, &zt_execution_type::m_By),
+      kOthers,
+  };
+
+  static constexpr ZtField kUri[] = {
+      kExtras,
+      ztrow::TextElement(XML_STR_URI, &zt_uri_type::m_Uri),
+      ztrow::TextElement(XML_STR_DISPLAY_TEXT, &zt_uri_type::m_DisplayText),
+      ztrow::TextElement(XML_STR_PURPOSE, &zt_uri_type::m_Purpose),
+      ztrow::Child(XML_STR_MODIFIED, &zt_uri_type::m_Modified, zt_execution_type::kType),
+      kOthers,
+  };
+
+  static constexpr ZtField kUris[] = {
+      ztrow::Attribute(XML_STR_STATE, &zt_uris_type::m_State, kStates),
+      kExtras,
+      ztrow::Children(XML_STR_ENTRY, &zt_uris_type::m_Entries, zt_uri_type::kType)
+          .Note("<XML Module>: AddUrisTypeElementToXml tempNum: %d"),
+      kOthers,
+  };
+
+  static constexpr ZtField kKeywords[] = {
+      ztrow::OwnWords(XML_STR_KEYWORDS, &zt_keywords_type::m_Words),
+  };
+
+  static constexpr ZtField kLanguages[] = {
+      ztrow::OwnWords(XML_STR_LANGUAGES, &zt_user_languages_type::m_Words),
+  };
+
+  static constexpr ZtField kRoles[] = {
+      ztrow::TextElements(XML_STR_ENTRY, &zt_user_roles_type::m_Entries),
+  };
+
+  static constexpr ZtField kMedium[] = {
+      ztrow::Attribute(XML_STR_LABEL, &zt_conference_medium_type::m_Label)
+          .Required(nullptr, kZtLogError),
+      kExtras,
+      ztrow::TextElement(XML_STR_DISPLAY_TEXT, &zt_conference_medium_type::m_DisplayText),
+      ztrow::TextElement(XML_STR_TYPE, &zt_conference_medium_type::m_Type),
+      ztrow::TextElement(XML_STR_STATUS, &zt_conference_medium_type::m_Status, kMediaStatuses),
+      kOthers,
+  };
+
+  static constexpr ZtField kAvailableMedia[] = {
+      kExtras,
+      ztrow::Children(XML_STR_ENTRY, &zt_conference_media_type::m_Entries,
+                      zt_conference_medium_type::kType),
+      kOthers,
+  };
+
+  static bool WriteAvailableMedia(ZtElementWriter& writer, const XMLElement& self,
+                                  const ZtElementType&) {
+    int index = 0;
+    const auto& media = static_cast<const zt_conference_media_type&>(self);
+    for (ZtListNode* node = media.m_Entries.Head(); node; node = node->next, ++index) {
+      auto* medium = static_cast<XMLElement*>(node->data);
+      if (!medium) continue;
+      writer.Log(kZtLogTrace, "<XML Module>: AddConferenceMediaTypeElementToXml tempNum: %d",
+                 index);
+      if (writer.Write(medium, zt_conference_medium_type::kType, XML_STR_ZT_NULL, XML_STR_ENTRY)) {
+        continue;
+      }
+      writer.Log(kZtLogError,
+                 "<XML Module>: AddConferenceMediaTypeElementToXml: label attribute mandatory "
+                 "tempNum:%d",
+                 index);
+      return false;
+    }
+    return true;
+  }
+
+  static constexpr ZtField kDescription[] = {
+      kExtras,
+      ztrow::TextElement(XML_STR_DISPLAY_TEXT, &zt_conference_description_type::m_DisplayText),
+      ztrow::TextElement(XML_STR_SUBJECT, &zt_conference_description_type::m_Subject),
+      ztrow::TextElement(XML_STR_FREE_TEXT, &zt_conference_description_type::m_FreeText),
+      ztrow::Child(XML_STR_KEYWORDS, &zt_conference_description_type::m_Keywords,
+                   zt_keywords_type::kType)
+          .AtEnd(),
+      ztrow::Child(XML_STR_CONF_URIS, &zt_conference_description_type::m_ConfUris,
+                   zt_uris_type::kType),
+      ztrow::Child(XML_STR_SERVICE_URIS, &zt_conference_description_type::m_ServiceUris,
+                   zt_uris_type::kType),
+      ztrow::TextElement(XML_STR_MAXIMUM_USER_COUNT,
+                         &zt_conference_description_type::m_MaximumUserCount),
+      ztrow::Child(XML_STR_AVAILABLE_MEDIA, &zt_conference_description_type::m_AvailableMedia,
+                   zt_conference_media_type::kType),
+      kOthers,
+  };
+
+  static constexpr ZtField kHost[] = {
+      kExtras,
+      ztrow::TextElement(XML_STR_DISPLAY_TEXT, &zt_host_type::m_DisplayText),
+      ztrow::TextElement(XML_STR_WEB_PAGE, &zt_host_type::m_WebPage),
+      ztrow::Child(XML_STR_URIS, &zt_host_type::m_Uris, zt_uris_type::kType),
+      kOthers,
+  };
+
+  static constexpr ZtField kState[] = {
+      kExtras,
+      ztrow::TextElement(XML_STR_USER_COUNT, &zt_conference_state_type::m_UserCount),
+      ztrow::TextElement(XML_STR_ACTIVE, &zt_conference_state_type::m_Active, kTrueOrElseFalse),
+      ztrow::TextElement(XML_STR_LOCKED, &zt_conference_state_type::m_Locked, kTrueOrElseFalse),
+      kOthers,
+  };
+
+  static constexpr ZtField kSip[] = {
+      kExtras,
+      ztrow::TextElement(XML_STR_DISPLAY_TEXT, &zt_sip_dialog_id_type::m_DisplayText),
+      ztrow::TextElement(XML_STR_CALL_ID, &zt_sip_dialog_id_type::m_CallId),
+      ztrow::TextElement(XML_STR_FROM_TAG, &zt_sip_dialog_id_type::m_FromTag),
+      ztrow::TextElement(XML_STR_TO_TAG, &zt_sip_dialog_id_type::m_ToTag),
+      kOthers,
+  };
+
+  static constexpr ZtField kCall[] = {
+      kExtras,
+      ztrow::Child(XML_STR_SIP, &zt_call_type::m_Sip, zt_sip_dialog_id_type::kType),
+      kOthers,
+  };
+
+  static constexpr ZtField kMedia[] = {
+      ztrow::Attribute(XML_STR_ID, &zt_media_type::m_Id)
+          .Required("<XML Module>: AddMediaElementToXml: id attribute mandatory", kZtLogError),
+      kExtras,
+      ztrow::TextElement(XML_STR_DISPLAY_TEXT, &zt_media_type::m_DisplayText),
+      ztrow::TextElement(XML_STR_TYPE, &zt_media_type::m_Type),
+      ztrow::TextElement(XML_STR_LABEL, &zt_media_type::m_Label),
+      ztrow::TextElement(XML_STR_SRC_ID, &zt_media_type::m_SrcId),
+      ztrow::TextElement(XML_STR_STATUS, &zt_media_type::m_Status, kMediaStatuses),
+      kOthers,
+  };
+
+  static constexpr ZtField kEndpoint[] = {
+      ztrow::Attribute(XML_STR_STATE, &zt_endpoint_type::m_State, kStates),
+      ztrow::Attribute(XML_STR_ENTITY, &zt_endpoint_type::m_Entity),
+      kExtras,
+      ztrow::TextElement(XML_STR_DISPLAY_TEXT, &zt_endpoint_type::m_DisplayText),
+      ztrow::Child(XML_STR_REFERRED, &zt_endpoint_type::m_Referred, zt_execution_type::kType),
+      ztrow::TextElement(XML_STR_STATUS, &zt_endpoint_type::m_Status, kEndpointStatuses),
+      ztrow::TextElement(XML_STR_JOINING_METHOD, &zt_endpoint_type::m_JoiningMethod,
+                         kJoiningMethods),
+      ztrow::Child(XML_STR_JOINING_INFO, &zt_endpoint_type::m_JoiningInfo,
+                   zt_execution_type::kType),
+      ztrow::TextElement(XML_STR_DISCONNECTION_METHOD, &zt_endpoint_type::m_DisconnectionMethod,
+                         kDisconnectionMethods),
+      ztrow::Child(XML_STR_DISCONNECTION_INFO, &zt_endpoint_type::m_DisconnectionInfo,
+                   zt_execution_type::kType),
+      ztrow::Children(XML_STR_MEDIA, &zt_endpoint_type::m_Media, zt_media_type::kType)
+          .Note("<XML Module>: issue in Media Element number [tempNum: %d]"),
+      ztrow::Child(XML_STR_CALL_INFO, &zt_endpoint_type::m_CallInfo, zt_call_type::kType),
+      kOthers,
+  };
+
+  static constexpr ZtField kUser[] = {
+      ztrow::Attribute(XML_STR_STATE, &zt_user_type::m_State, kStates),
+      ztrow::Attribute(XML_STR_ENTITY, &zt_user_type::m_Entity),
+      kExtras,
+      ztrow::TextElement(XML_STR_DISPLAY_TEXT, &zt_user_type::m_DisplayText),
+      ztrow::Child(XML_STR_ASSOCIATED_AORS, &zt_user_type::m_AssociatedAors, zt_uris_type::kType),
+      ztrow::Child(XML_STR_ROLES, &zt_user_type::m_Roles, zt_user_roles_type::kType),
+      ztrow::Child(XML_STR_LANGUAGES, &zt_user_type::m_Languages, zt_user_languages_type::kType)
+          .AtEnd(),
+      ztrow::TextElement(XML_STR_CASCADED_FOCUS, &zt_user_type::m_CascadedFocus),
+      ztrow::Children(XML_STR_ENDPOINT, &zt_user_type::m_Endpoints, zt_endpoint_type::kType),
+      kOthers,
+  };
+
+  static constexpr ZtField kUsers[] = {
+      ztrow::Attribute(XML_STR_STATE, &zt_users_type::m_State, kStates),
+      kExtras,
+      ztrow::Children(XML_STR_USER, &zt_users_type::m_Users, zt_user_type::kType)
+          .Note("<XML Module>: AddIUsersElementToXml tempNum: %d"),
+      kOthers,
+  };
+
+  static constexpr ZtField kConference[] = {
+      ztrow::Attribute(XML_STR_STATE, &zt_conference_type::m_State, kStates),
+      ztrow::Attribute(XML_STR_VERSION, &zt_conference_type::m_Version),
+      ZtExtensibleRows::kAttributes<ZtObject>,
+      ztrow::Attribute(XML_STR_ENTITY, &zt_conference_type::m_Entity)
+          .Required("<XML Module>: AddConferenceInfoElementToXml entity attribute is mandatory",
+                    kZtLogError),
+      ztrow::Child(XML_STR_CONFERENCE_DESCRIPTION, &zt_conference_type::m_ConferenceDescription,
+                   zt_conference_description_type::kType),
+      ztrow::Child(XML_STR_HOST_INFO, &zt_conference_type::m_HostInfo, zt_host_type::kType),
+      ztrow::Child(XML_STR_CONFERENCE_STATE, &zt_conference_type::m_ConferenceState,
+                   zt_conference_state_type::kType),
+      ztrow::Child(XML_STR_USERS, &zt_conference_type::m_Users, zt_users_type::kType),
+      ztrow::Child(XML_STR_SIDEBARS_BY_REF, &zt_conference_type::m_SidebarsByRef,
+                   zt_uris_type::kType),
+      ztrow::Child(XML_STR_SIDEBARS_BY_VAL, &zt_conference_type::m_SidebarsByVal,
+                   zt_sidebars_by_val_type::kType),
+      ZtExtensibleRows::kElements<ZtObject>,
+  };
+
+  // An entry of the sidebars is a conference that does not declare its namespace again.
+  static constexpr ZtElementType kSidebar =
+      ZtTypeOf<zt_conference_type>("zt_conference_type", "conference-info", kFamily)
+          .Fields(kConference)
+          .Writer(XML_STR_ENTRY, "AddConferenceInfoElementToXml");
+  static constexpr ZtField kSidebars[] = {
+      ztrow::Attribute(XML_STR_STATE, &zt_sidebars_by_val_type::m_State, kStates),
+      kExtras,
+      ztrow::Children(XML_STR_ENTRY, &zt_sidebars_by_val_type::m_Entries, kSidebar)
+          .Note("<XML Module>: Add Sidebars_by_val ElementToXml fail @ tempNum: %d"),
+      kOthers,
+  };
+
+  static constexpr ZtFixedAttribute kNamespace[] = {
+      {XML_STR_URN_IETF_PARAMS_XML_NS_CONFERENCE_INFO, XML_STR_ZT_NULL}};
+
+  static_assert(ztrow::Sound(kUser) && ztrow::Sound(kEndpoint) && ztrow::Sound(kMedia));
+  static_assert(ztrow::Sound(kConference) && ztrow::Sound(kDescription) && ztrow::Sound(kUri));
+};
+
+const ZtElementType zt_execution_type::kType =
+    TypeOf<zt_execution_type>("zt_execution_type", "execution")
+        .Fields(ConferenceInfoBinding::kExecution)
+        .Writer(XML_STR_ZT_NULL, "AddExecutionTypeElementToXml");
+const ZtElementType zt_uri_type::kType = TypeOf<zt_uri_type>("zt_uri_type", "entry")
+                                             .Fields(ConferenceInfoBinding::kUri)
+                                             .Writer(XML_STR_ENTRY, "AddUriTypeElementToXml");
+const ZtElementType zt_uris_type::kType = TypeOf<zt_uris_type>("zt_uris_type", "uris")
+                                              .Fields(ConferenceInfoBinding::kUris)
+                                              .Writer(XML_STR_URIS, "AddUrisTypeElementToXml");
+const ZtElementType zt_keywords_type::kType =
+    TypeOf<zt_keywords_type>("zt_keywords_type", "keywords")
+        .Fields(ConferenceInfoBinding::kKeywords)
+        .Writer(XML_STR_KEYWORDS, nullptr);
+const ZtElementType zt_user_languages_type::kType =
+    TypeOf<zt_user_languages_type>("zt_user_languages_type", "languages")
+        .Fields(ConferenceInfoBinding::kLanguages)
+        .Writer(XML_STR_LANGUAGES, nullptr);
+const ZtElementType zt_user_roles_type::kType =
+    TypeOf<zt_user_roles_type>("zt_user_roles_type", "roles")
+        .Fields(ConferenceInfoBinding::kRoles)
+        .Writer(XML_STR_ROLES, nullptr);
+const ZtElementType zt_conference_medium_type::kType =
+    TypeOf<zt_conference_medium_type>("zt_conference_medium_type", "entry")
+        .Fields(ConferenceInfoBinding::kMedium)
+        .Writer(XML_STR_ENTRY, "AddConferenceMediumTypeElementToXml");
+const ZtElementType zt_conference_media_type::kType =
+    TypeOf<zt_conference_media_type>("zt_conference_media_type", "available-media")
+        .Fields(ConferenceInfoBinding::kAvailableMedia)
+        .Writer(XML_STR_AVAILABLE_MEDIA, "AddConferenceMediaTypeElementToXml")
+        .OnContent(ConferenceInfoBinding::WriteAvailableMedia);
+const ZtElementType zt_conference_description_type::kType =
+    TypeOf<zt_conference_description_type>("zt_conference_description_type",
+                                           "conference-description")
+        .Fields(ConferenceInfoBinding::kDescription)
+        .Writer(XML_STR_CONFERENCE_DESCRIPTION, "AddConferenceDescriptionElementToXml");
+const ZtElementType zt_host_type::kType = TypeOf<zt_host_type>("zt_host_type", "host-info")
+                                              .Fields(ConferenceInfoBinding::kHost)
+                                              .Writer(XML_STR_HOST_INFO, "AddHostInfoElementToXml");
+const ZtElementType zt_conference_state_type::kType =
+    TypeOf<zt_conference_state_type>("zt_conference_state_type", "conference-state")
+        .Fields(ConferenceInfoBinding::kState)
+        .Writer(XML_STR_CONFERENCE_STATE, "AddConferenceStateElementToXml");
+const ZtElementType zt_sip_dialog_id_type::kType =
+    TypeOf<zt_sip_dialog_id_type>("zt_sip_dialog_id_type", "sip")
+        .Fields(ConferenceInfoBinding::kSip)
+        .Writer(XML_STR_SIP, "AddSipElementToXml");
+const ZtElementType zt_call_type::kType = TypeOf<zt_call_type>("zt_call_type", "call-info")
+                                              .Fields(ConferenceInfoBinding::kCall)
+                                              .Writer(XML_STR_CALL_INFO, nullptr);
+const ZtElementType zt_media_type::kType = TypeOf<zt_media_type>("zt_media_type", "media")
+                                               .Fields(ConferenceInfoBinding::kMedia)
+                                               .Writer(XML_STR_MEDIA, "AddMediaElementToXml");
+const ZtElementType zt_endpoint_type::kType =
+    TypeOf<zt_endpoint_type>("zt_endpoint_type", "endpoint")
+        .Fields(ConferenceInfoBinding::kEndpoint)
+        .Writer(XML_STR_ENDPOINT, "AddEndPointElementToXml");
+const ZtElementType zt_user_type::kType =
+    TypeOf<zt_user_type>("zt_user_type", "user")
+        .Fields(ConferenceInfoBinding::kUser)
+        .Writer(XML_STR_USER, "AddUserElementToXkjml");  // intended spelling
+const ZtElementType zt_users_type::kType = TypeOf<zt_users_type>("zt_users_type", "users")
+                                               .Fields(ConferenceInfoBinding::kUsers)
+                                               .Writer(XML_STR_USERS, "AddIUsersElementToXml");
+const ZtElementType zt_sidebars_by_val_type::kType =
+    TypeOf<zt_sidebars_by_val_type>("zt_sidebars_by_val_type", "sidebars-by-val")
+        .Fields(ConferenceInfoBinding::kSidebars)
+        .Writer(XML_STR_SIDEBARS_BY_VAL, nullptr);
+const ZtElementType zt_conference_type::kType =
+    TypeOf<zt_conference_type>("zt_conference_type", "conference-info")
+        .Fields(ConferenceInfoBinding::kConference)
+        .Writer(XML_STR_CONFERENCE_INFO, "AddConferenceInfoElementToXml")
+        .Declares(ConferenceInfoBinding::kNamespace)
+        .Root();
+
+// ---- Workers ------------------------------------------------------------------------------------
+
+XMLObject* ConferenceInfoDataBinder::CreateRootElement() { return CreateConferenceInfoType(); }
+zt_conference_type* ConferenceInfoDataBinder::CreateConferenceInfoType() {
+  return ZtCreate<zt_conference_type>(kSource);
+}
+zt_conference_description_type* ConferenceInfoDataBinder::CreateConferenceDescriptionType() {
+  return ZtCreate<zt_conference_description_type>(kSource);
+}
+zt_host_type* ConferenceInfoDataBinder::CreateHostType() { return ZtCreate<zt_host_type>(kSource); }
+zt_conference_state_type* ConferenceInfoDataBinder::CreateConferenceStateType() {
+  return ZtCreate<zt_conference_state_type>(kSource);
+}
+zt_users_type* ConferenceInfoDataBinder::CreateUsersType() {
+  return ZtCreate<zt_users_type>(kSource);
+}
+zt_user_type* ConferenceInfoDataBinder::CreateUserType() { return ZtCreate<zt_user_type>(kSource); }
+zt_user_roles_type* ConferenceInfoDataBinder::CreateUserRolesType() {
+  return ZtCreate<zt_user_roles_type>(kSource);
+}
+zt_user_languages_type* ConferenceInfoDataBinder::CreateUserLanguagesType() {
+  return ZtCreate<zt_user_languages_type>(kSource);
+}
+zt_endpoint_type* ConferenceInfoDataBinder::CreateEndPointType() {
+  return ZtCreate<zt_endpoint_type>(kSource);
+}
+zt_execution_type* ConferenceInfoDataBinder::CreateExecutionType() {
+  return ZtCreate<zt_execution_type>(kSource);
+}
+zt_media_type* ConferenceInfoDataBinder::CreateMediaType() {
+  return ZtCreate<zt_media_type>(kSource);
+}
+zt_call_type* ConferenceInfoDataBinder::CreateCallType() { return ZtCreate<zt_call_type>(kSource); }
+zt_sip_dialog_id_type* ConferenceInfoDataBinder::CreateSIPDialogIDType() {
+  return ZtCreate<zt_sip_dialog_id_type>(kSource);
+}
+zt_uris_type* ConferenceInfoDataBinder::CreateURIsType() { return ZtCreate<zt_uris_type>(kSource); }
+zt_uri_type* ConferenceInfoDataBinder::CreateURIType() { return ZtCreate<zt_uri_type>(kSource); }
+zt_keywords_type* ConferenceInfoDataBinder::CreateKeywordsType() {
+  return ZtCreate<zt_keywords_type>(kSource);
+}
+zt_conference_medium_type* ConferenceInfoDataBinder::CreateConferenceMediumType() {
+  return ZtCreate<zt_conference_medium_type>(kSource);
+}
+zt_conference_media_type* ConferenceInfoDataBinder::CreateConferenceMedaiType() {
+  return ZtCreate<zt_conference_media_type>(kSource);
+}
+zt_sidebars_by_val_type* ConferenceInfoDataBinder::CreateSideBarsByValueType() {
+  return ZtCreate<zt_sidebars_by_val_type>(kSource);
+}
+
+int Conference_infoMarshall::AddConferenceInfoElementToXml(zt_conference_type* conference,
+                                                           e_XmlStrRef name) {
+  const bool root = name == XML_STR_CONFERENCE_INFO;
+  return Write(conference, root ? zt_conference_type::kType : ConferenceInfoBinding::kSidebar,
+               XML_STR_ZT_NULL, name);
+}
+int Conference_infoMarshall::AddConferenceDescriptionElementToXml(
+    zt_conference_description_type* description) {
+  return Write(description, zt_conference_description_type::kType);
+}
+int Conference_infoMarshall::AddHostInfoElementToXml(zt_host_type* host) {
+  return Write(host, zt_host_type::kType);
+}
+int Conference_infoMarshall::AddConferenceStateElementToXml(zt_conference_state_type* state) {
+  return Write(state, zt_conference_state_type::kType);
+}
+int Conference_infoMarshall::AddIUsersElementToXml(zt_users_type* users) {
+  return Write(users, zt_users_type::kType);
+}
+int Conference_infoMarshall::AddUserElementToXml(zt_user_type* user) {
+  return Write(user, zt_user_type::kType);
+}
+int Conference_infoMarshall::AddEndPointElementToXml(zt_endpoint_type* endpoint) {
+  return Write(endpoint, zt_endpoint_type::kType);
+}
+int Conference_infoMarshall::AddExecutionTypeElementToXml(zt_execution_type* execution,
+                                                          e_XmlStrRef name) {
+  return Write(execution, zt_execution_type::kType, XML_STR_ZT_NULL, name);
+}
+int Conference_infoMarshall::AddMediaElementToXml(zt_media_type* media) {
+  return Write(media, zt_media_type::kType);
+}
+int Conference_infoMarshall::AddSipElementToXml(zt_sip_dialog_id_type* sip) {
+  return Write(sip, zt_sip_dialog_id_type::kType);
+}
+int Conference_infoMarshall::AddUrisTypeElementToXml(zt_uris_type* uris, e_XmlStrRef name) {
+  return Write(uris, zt_uris_type::kType, XML_STR_ZT_NULL, name);
+}
+int Conference_infoMarshall::AddUriTypeElementToXml(zt_uri_type* uri) {
+  return Write(uri, zt_uri_type::kType);
+}
+int Conference_infoMarshall::AddConferenceMediaTypeElementToXml(zt_conference_media_type* media) {
+  return Write(media, zt_conference_media_type::kType);
+}
+int Conference_infoMarshall::AddConferenceMediumTypeElementToXml(
+    zt_conference_medium_type* medium) {
+  return Write(medium, zt_conference_medium_type::kType);
+}
+
+void TestConference_infoMarshall() {
+  ZtLog(kZtLogTrace, kSource)("<XML Module>: TestConference_infoMarshall");
+}
+
+namespace {
+constexpr const ZtElementType* kWritables[] = {&zt_conference_type::kType, nullptr};
+constexpr ZtDocumentLines Lines() {
+  ZtDocumentLines lines;
+  // Intended spelling.
+  lines.nullRoot = "<XML Module>: Conference_infoMarshall :: Marshall: Receiven NULL Object";
+  return lines;
+}
+}  // namespace
+
+const ZtDocument ConferenceInfoContext::kDocument =
+    ZtDocumentOf<ConferenceInfoContext, XMLConferenceInfoDecoder, ConferenceInfoUnMarshaller,
+                 Conference_infoMarshall, ConferenceInfoDataBinder>(
+        {XML_SCHEMA_CONFERENCE_INFO,
+         "ConferenceInfo",
+         {"conference-info", nullptr},
+         "urn:ietf:params:xml:ns:conference-info",
+         true},
+        kSource)
+        .Reads("ConferenceInfoUnMarshaller")
+        .Writes(kWritables, "Conference_infoMarshall", "mConferenceInfoXml")
+        .Lines(Lines());
