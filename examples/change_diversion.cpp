@@ -5,6 +5,7 @@
 // Usage: change_diversion FILE TARGET_URI
 #include <cstdio>
 #include <cstring>
+#include <string>
 
 #include "XMLCommunicationDiversion.h"
 #include "XMLFactory.h"
@@ -12,16 +13,31 @@
 
 namespace {
 
+constexpr char kOff[] = "rule-deactivated";
+
+// Texts of elements are written as they stand: what comes from elsewhere is escaped first.
+std::string Escaped(const char* text) {
+  std::string escaped;
+  for (; *text; ++text) {
+    if (*text == '&') {
+      escaped += "&amp;";
+    } else if (*text == '<') {
+      escaped += "&lt;";
+    } else {
+      escaped += *text;
+    }
+  }
+  return escaped;
+}
+
 // The entry of a list of elements: the lists of the schema types hold XMLElement*.
 template <class T>
 T* ElementOf(const ZtListNode* node) {
   return static_cast<T*>(static_cast<XMLElement*>(node->data));
 }
 
-// A class name tells which type an element of a mixed list has.
-bool Is(XMLElement* element, const char* className) {
-  return std::strcmp(element->ClassName(), className) == 0;
-}
+// The first node of a list, which is null when it has no entries.
+ZtListNode* HeadOf(ZtSingleElementList* list) { return list ? list->GetPtrToListHead() : nullptr; }
 
 // What a factory makes is the caller's until a parent takes it.
 bool SetTimer(CommunicationDiversionDataBinder& factory, zt_communication_diversion& diversion,
@@ -35,20 +51,31 @@ bool SetTimer(CommunicationDiversionDataBinder& factory, zt_communication_divers
 
 void ForwardTo(zt_ns_common_policy_ruleType& rule, const char* target) {
   zt_ns_common_policy_extensibleType* actions = rule.getActionsValue();
-  ZtSingleElementList* list = actions ? actions->getElementsValue() : nullptr;
-  for (ZtListNode* node = list ? list->GetPtrToListHead() : nullptr; node; node = node->next) {
-    auto* element = ElementOf<XMLElement>(node);
-    if (!Is(element, "zt_ns_xcap_forward_to_type")) continue;
-    static_cast<zt_ns_xcap_forward_to_type*>(element)->setTargetValue(target);
+  ZtListNode* node = HeadOf(actions ? actions->getElementsValue() : nullptr);
+  for (; node; node = node->next) {
+    // Actions are a list of several types.
+    auto* forwardTo = ZtAs<zt_ns_xcap_forward_to_type>(ElementOf<XMLElement>(node));
+    if (forwardTo) forwardTo->setTargetValue(target);
   }
 }
 
+bool IsOff(zt_ns_common_policy_conditionsType& conditions) {
+  for (ZtListNode* node = HeadOf(conditions.getAnyListValue()); node; node = node->next) {
+    auto* flag = ZtAs<zt_empty_element_type>(ElementOf<XMLElement>(node));
+    if (flag && flag->getValue() && std::strcmp(flag->getValue(), kOff) == 0) return true;
+  }
+  return false;
+}
+
+// To switch it on again: Remove the flag from the list and delete it with XMLFactory.
 bool SwitchOff(CommunicationDiversionDataBinder& factory, zt_ns_common_policy_ruleType& rule) {
   if (!rule.getConditionsValue()) rule.setConditionsValue(factory.CreateConditionsTypeElement());
-  zt_empty_element_type* flag = factory.CreateEmptyTypeElement();
+  zt_ns_common_policy_conditionsType* conditions = rule.getConditionsValue();
+  if (conditions && IsOff(*conditions)) return true;
+  zt_empty_element_type* flag = conditions ? factory.CreateEmptyTypeElement() : nullptr;
   if (!flag) return false;
-  flag->setValue("rule-deactivated");
-  if (rule.getConditionsValue() && rule.getConditionsValue()->addAny(flag)) return true;
+  flag->setValue(kOff);
+  if (conditions->addAny(flag)) return true;
   XMLFactory::DeleteElement(flag);
   return false;
 }
@@ -57,8 +84,7 @@ bool Change(XMLContext& context, zt_communication_diversion& diversion, const ch
   auto* factory = static_cast<CommunicationDiversionDataBinder*>(context.createBinderFactory());
   if (!factory || !SetTimer(*factory, diversion, 30)) return false;
   zt_ns_common_policy_ruleset* rules = diversion.getRuleSetValue();
-  ZtSingleElementList* list = rules ? rules->getRulesValue() : nullptr;
-  ZtListNode* first = list ? list->GetPtrToListHead() : nullptr;
+  ZtListNode* first = HeadOf(rules ? rules->getRulesValue() : nullptr);
   for (ZtListNode* node = first; node; node = node->next) {
     ForwardTo(*ElementOf<zt_ns_common_policy_ruleType>(node), target);
   }
@@ -102,7 +128,7 @@ int main(int argc, char** argv) {
   }
   XMLFile file(argv[1], XML_FILE_READ);
   const char* xml = file.Read();
-  const bool done = xml && RunWithNamespaces(xml, argv[2]);
+  const bool done = xml && RunWithNamespaces(xml, Escaped(argv[2]).c_str());
   if (xml) file.CloseFile();
   if (!done) std::fprintf(stderr, "change_diversion: %s cannot be read or written\n", argv[1]);
   return done ? 0 : 1;

@@ -275,6 +275,8 @@ class ZT_API ZtPolicyDataBinder : public XMLObjectFactory {
   /// A flag that is not present yet: setValue names it ("busy") and makes it so.
   zt_empty_element_type* CreateEmptyTypeElement();
   zt_ns_xcap_media_type* CreateMediaTypeElement();
+  zt_presence_status_activity_type* CreatePresenceStatusActivityTypeElement();
+  zt_external_list* CreateExternalListElement();
 
  protected:
   /// `source` is the file under which objects are recorded.

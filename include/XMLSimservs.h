@@ -31,8 +31,8 @@ class ZT_API SimservsDataBinder : public XMLObjectFactory {
 class SimservsContext;
 
 /// Writes a whole document: the element "simservs", which declares the prefixes "ss", "cp" and
-/// "ocp", with the texts of its services. A service that cannot be written is left out, with a log
-/// line.
+/// "ocp", with the texts of its services. What is no service is left out. Null when memory is too
+/// short for all of them: a document without a service deletes it at a server.
 class ZT_API SimservsMarshaller : public ZtDescribedBy<SimservsContext, ZtMarshaller> {
  public:
   /// Writes the empty element (1 written, 0 failed), which only a running Marshall can use.

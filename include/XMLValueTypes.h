@@ -61,9 +61,13 @@ class ZT_API zt_AttributeValuePair : public XMLAttribute {
   ZtText m_Value;
 };
 
-/// Lists of elements.
+/// What callers give to elements of any schema.
 class ZT_API zt_xml_common_methods {
  public:
+  /// A new text for a list of texts, and a new attribute for a list of attributes (both copied,
+  /// null for none), which are the caller's until an element takes them. Null without memory.
+  static zt_string* CreateString(const char* text);
+  static zt_AttributeValuePair* CreateAttribute(const char* name, const char* value);
   /// A new, empty list, recorded under tag 14 as the lists that elements take must be. It is the
   /// caller's until an element takes it; null without memory.
   static ZtSingleElementList* CreateElementList();

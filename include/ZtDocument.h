@@ -30,12 +30,13 @@ class ZT_API ZtUnMarshaller : public XMLUnMarshaller {
  public:
   XMLElement* UnMarshall(const char* xml) override;
   XMLElement* UnMarshall(XMLFile* file) override;
+  /// Reads `xml` and tells why there is no tree: false when it cannot be parsed or memory is short
+  /// (`root` is null), true when it was read. `root` is null then, too, if the document has another
+  /// root.
+  bool Parse(const char* xml, XMLElement*& root) const;
 
  protected:
   virtual const ZtDocument& Document() const = 0;
-  /// Parses `xml`, which is only looked at. False when that fails; else `root` is the tree, null
-  /// when the document has another root.
-  bool Parse(const char* xml, XMLElement*& root) const;
   /// The namespaces that the context has at this moment, null when there are none.
   XMLObject* NamespaceBinder() const;
 

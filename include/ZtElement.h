@@ -8,6 +8,16 @@
 /// How the library reads and writes one type; opaque to callers.
 struct ZtElementType;
 
+/// Whether `element` is of the class that `type`, a T::kType, describes.
+ZT_API bool ZtIsA(const XMLElement& element, const ZtElementType& type);
+
+/// `element` as a T, or null when it is null or of another class. What an element of a mixed list
+/// is, is asked like this: ZtAs<zt_ns_xcap_forward_to_type>(element).
+template <class T>
+T* ZtAs(XMLElement* element) {
+  return element && ZtIsA(*element, T::kType) ? static_cast<T*>(element) : nullptr;
+}
+
 /// A type that is bound by a table; `Base` is XMLElement or XMLObject.
 template <class Base>
 class ZT_API ZtBound : public Base {

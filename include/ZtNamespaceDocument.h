@@ -10,8 +10,8 @@
 class ZT_API ZtNamespaceContext : public ZtContext {
  public:
   /// Takes (borrows) the zt_schema_namespace_retrieval of a document, which every worker of this
-  /// context, made before or later, uses from now on. 0 for null or another object: nothing
-  /// changes.
+  /// context, made before or later, uses from now on: it must outlive their use, or be replaced
+  /// before it goes. 0 for null or another object: nothing changes.
   int SetNamespaceBinder(XMLObject* binder) override;
   XMLObject* namespaceBinder() const override { return m_pNamespaceBinder; }
 

@@ -10,7 +10,8 @@ struct ZtNamespaceBinding : ZtHeapObject {
   ZtText alias;   ///< the document's; null for none
   ZtText uri;
   ZtNamespaceBinding* next = nullptr;
-  bool given = false;  ///< the binder being applied has named a prefix
+  std::size_t aliasSize = 0;  ///< its bytes, so that a long one costs nothing where it is not used
+  bool given = false;         ///< the binder being applied has named a prefix
 };
 
 /// The chain of namespaces of the supplementary services: "ss", "cp", "ocp", in this order.
@@ -34,6 +35,7 @@ class ZT_API ZtNamespaceBindings : public ZtNonCopyable {
 
  private:
   bool Append(const char* prefix, const char* alias, const char* uri);
+  static bool SetAlias(ZtNamespaceBinding& binding, const char* alias);
 
   ZtNamespaceBinding* m_pFirst = nullptr;
   bool m_bComplete;

@@ -12,7 +12,6 @@ struct ZtElementType;
 struct ZtGrammar;
 struct ZtGrammarRow;
 enum class ZtOutcome : unsigned char;
-class zt_AttributeValuePair;
 
 /// Reads one document. While it is read, what the decoder makes belongs to it until a parent adopts
 /// it; the root belongs to whoever takes it through GetSessionData.
@@ -68,9 +67,9 @@ class ZT_API ZtSchemaDecoder : public XmlDecoderSchema {
     const ZtElementType* type = nullptr;
   };
 
+  const char* SourceOf(const ZtElementType& type) const;
   XMLElement* Make(const ZtElementType& type);
   XMLElement* MakeFlag(const char* name);
-  zt_AttributeValuePair* MakePair(const char* name, const char* value);
   bool Start(const Open& current, char* name);
   void StartRoot(const ZtGrammarRow& row);
   bool StartChild(const Open& current, const ZtGrammarRow& row, char* name);

@@ -16,7 +16,7 @@ struct ZtPolicyTypes {
 };
 
 struct CommonPolicyBinding {
-  static constexpr ZtFamily kFamily = ZtQuietFamily("src/XMLCommonPolicy");
+  static constexpr ZtFamily kFamily = ZtQuietFamily("src/XMLCommonPolicy", "src/XMLCommonPolicy");
 
   // ---- Flags ------------------------------------------------------------------------------------
 

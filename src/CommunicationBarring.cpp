@@ -18,7 +18,7 @@ constexpr auto kRows = ZtWithPolicyRows(kOwnRows);
 constexpr ZtGrammar kGrammar(
     "XMLCommunicationBarringDecoder", "src/CommunicationBarring",
     "XMLCommunicationDiversionDecoder :: XMLChangeNamespaceTag Malloc unable to allocate memory",
-    ZtPrefixRule::kStrip, kRows.rows);
+    ZtPrefixRule::kRewrite, kRows.rows);
 
 }  // namespace
 

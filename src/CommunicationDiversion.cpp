@@ -12,7 +12,7 @@ constexpr auto kRows = ZtWithPolicyRows(kOwnRows);
 constexpr ZtGrammar kGrammar(
     "XMLCommunicationDiversionDecoder", "src/CommunicationDiversion",
     "XMLCommunicationDiversionDecoder :: XMLChangeNamespaceTag Malloc unable to allocate memory",
-    ZtPrefixRule::kStrip, kRows.rows);
+    ZtPrefixRule::kRewrite, kRows.rows);
 
 }  // namespace
 

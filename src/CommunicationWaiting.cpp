@@ -11,7 +11,7 @@ constexpr ZtGrammarRow kRows[] = {
 constexpr ZtGrammar kGrammar(
     "XMLCommunicationWaitingDecoder", "src/CommunicationWaiting",
     "XMLCommunicationDiversionDecoder :: XMLChangeNamespaceTag Malloc unable to allocate memory",
-    ZtPrefixRule::kStrip, kRows);
+    ZtPrefixRule::kRewrite, kRows);
 
 }  // namespace
 

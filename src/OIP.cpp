@@ -9,8 +9,8 @@ constexpr ZtGrammarRow kRows[] = {{XML_STR_ORIGINATING_IDENTITY_PRESENTATION, Zt
                                    &zt_originating_identity_presentation::kType}};
 constexpr ZtGrammar kGrammar(
     "XMLOIPDecoder", "src/OIP",
-    "XMLOIPDecoder :: XMLChangeNamespaceTag Malloc unable to allocate memory", ZtPrefixRule::kStrip,
-    kRows);
+    "XMLOIPDecoder :: XMLChangeNamespaceTag Malloc unable to allocate memory",
+    ZtPrefixRule::kRewrite, kRows);
 
 }  // namespace
 

@@ -16,6 +16,8 @@ inline constexpr char kCannotAccommodate[] = "Cannot accommodate the element %s 
 inline constexpr char kSimservsNamespace[] = "http://uri.etsi.org/ngn/params/xml/simservs/xcap";
 
 struct SimservBinding {
+  static constexpr ZtFamily kFamily = ZtQuietFamily("src/XMLSimservsXcap");
+
   static constexpr ZtField kActive =
       ztrow::Attribute(XML_STR_ACTIVE, &zt_ns_xcap_simservType::m_Active, kBoolean);
   static constexpr ZtField kActiveOrElseNot =
@@ -26,8 +28,8 @@ struct SimservBinding {
                                         ZtExtensibleRows::kElements<ZtObject>};
   template <class T>
   static constexpr ZtElementType Switch(ZtNameId element, const char* className, const char* label,
-                                        const char* writer, const ZtFamily& family) {
-    return ZtTypeOf<T>(className, label, family)
+                                        const char* writer) {
+    return ZtTypeOf<T>(className, label, kFamily)
         .Fields(kSwitch)
         .Writer(element, writer, XML_STR_SS)
         .UnknownElement(kCannotAccommodate)

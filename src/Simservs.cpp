@@ -9,7 +9,7 @@ constexpr ZtGrammarRow kRows[] = {{XML_STR_SIMSERVS, ZtElementKind::kRoot, &zt_S
 constexpr ZtGrammar kGrammar(
     "XMLSimservsDecoder", "src/Simservs",
     "XMLSimservsDecoder :: XMLChangeNamespaceTag Malloc unable to allocate memory",
-    ZtPrefixRule::kStrip, kRows);
+    ZtPrefixRule::kRewrite, kRows);
 
 }  // namespace
 

@@ -9,8 +9,8 @@ constexpr ZtGrammarRow kRows[] = {{XML_STR_TERMINATING_IDENTITY_PRESENTATION, Zt
                                    &zt_terminating_identity_presentation::kType}};
 constexpr ZtGrammar kGrammar(
     "XMLTIPDecoder", "src/TIP",
-    "XMLTIPDecoder :: XMLChangeNamespaceTag Malloc unable to allocate memory", ZtPrefixRule::kStrip,
-    kRows);
+    "XMLTIPDecoder :: XMLChangeNamespaceTag Malloc unable to allocate memory",
+    ZtPrefixRule::kRewrite, kRows);
 
 }  // namespace
 

@@ -171,6 +171,12 @@ zt_empty_element_type* ZtPolicyDataBinder::CreateEmptyTypeElement() {
 zt_ns_xcap_media_type* ZtPolicyDataBinder::CreateMediaTypeElement() {
   return ZtCreate<zt_ns_xcap_media_type>(m_pSource);
 }
+zt_presence_status_activity_type* ZtPolicyDataBinder::CreatePresenceStatusActivityTypeElement() {
+  return ZtCreate<zt_presence_status_activity_type>(m_pSource);
+}
+zt_external_list* ZtPolicyDataBinder::CreateExternalListElement() {
+  return ZtCreate<zt_external_list>(m_pSource);
+}
 
 int ZtPolicyMarshaller::AddRuleSetElementToXml(zt_ns_common_policy_ruleset* ruleset) {
   return Write(ruleset, *Policy().ruleset);

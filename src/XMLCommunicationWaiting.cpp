@@ -5,13 +5,12 @@
 
 namespace {
 constexpr char kSource[] = "src/XMLCommunicationWaiting";
-constexpr ZtFamily kFamily = ZtQuietFamily(kSource);
 }  // namespace
 
 const ZtElementType zt_communication_waiting::kType =
     SimservBinding::Switch<zt_communication_waiting>(
         XML_STR_COMMUNICATION_WAITING, "communication-waiting", "CommunicationWaiting",
-        "AddCommunication_waitingElementToXml", kFamily);
+        "AddCommunication_waitingElementToXml");
 
 XMLObject* CommunicationWaitingDataBinder::CreateRootElement() {
   return ZtCreate<zt_communication_waiting>(kSource);

@@ -5,14 +5,12 @@
 
 namespace {
 constexpr char kSource[] = "src/XMLOIP";
-constexpr ZtFamily kFamily = ZtQuietFamily(kSource);
 }  // namespace
 
 const ZtElementType zt_originating_identity_presentation::kType =
     SimservBinding::Switch<zt_originating_identity_presentation>(
         XML_STR_ORIGINATING_IDENTITY_PRESENTATION, "originating-identity-presentation",
-        "OriginatingIdentityPresentation", "AddOriginatingIdentityPresentationElementToXml",
-        kFamily);
+        "OriginatingIdentityPresentation", "AddOriginatingIdentityPresentationElementToXml");
 
 XMLObject* OIPDataBinder::CreateRootElement() {
   return ZtCreate<zt_originating_identity_presentation>(kSource);

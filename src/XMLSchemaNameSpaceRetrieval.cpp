@@ -28,18 +28,15 @@ struct SchemaNamespaceRetrievalBinding {
       if (!list) return ZtOutcome::kNoMemory;
       root.setNameSpaceInfo(list);
     }
-    auto* pair = ZtCreate<zt_AttributeValuePair>(kSource);
+    const char* colon = __strchr(name, ':');
+    zt_AttributeValuePair* pair = ZtMakePair(kSource, colon ? colon + 1 : nullptr, value);
     if (!pair) {
       ZtLog(kZtLogState, kSource)(
           "<XML Module>: zt_schema_namespace_retrieval::ProcessUnMarshallAttribute: cannot "
           "allocate memory to pXMLNSValuePair ");
       return ZtOutcome::kNoMemory;
     }
-    const char* colon = __strchr(name, ':');
-    if (colon) pair->setName(colon + 1);
-    pair->setValue(value);
-    const bool whole = (!colon || pair->getName()) && (!value || pair->getValue());
-    if (whole && root.m_NameSpaceInfo.Add(pair)) return ZtOutcome::kAccepted;
+    if (root.m_NameSpaceInfo.Add(pair)) return ZtOutcome::kAccepted;
     ZtRelease(pair);
     return ZtOutcome::kNoMemory;
   }

@@ -63,12 +63,14 @@ class Contexts {
   Contexts(const Contexts&) = delete;
   Contexts& operator=(const Contexts&) = delete;
 
-  XMLElement* Read(const Service& service, const char* text) {
+  // False without memory; `root` is null, too, when the service cannot be read.
+  bool Read(const Service& service, const char* text, XMLElement*& root) {
     XMLContext* context = Get(service.schema);
-    if (!context) return nullptr;
-    XMLUnMarshaller* worker = context->unMarshaller();
-    if (!worker) worker = context->createUnMarshaller();
-    return worker ? worker->UnMarshall(text) : nullptr;
+    XMLUnMarshaller* worker = context ? context->unMarshaller() : nullptr;
+    if (context && !worker) worker = context->createUnMarshaller();
+    root = worker ? worker->UnMarshall(text) : nullptr;
+    // The text is part of one that has been parsed: what fails now is not the text's fault.
+    return root || (worker && static_cast<ZtUnMarshaller*>(worker)->Parse(text, root));
   }
   const char* Write(const Service& service, XMLElement* root) {
     XMLContext* context = Get(service.schema);
@@ -91,25 +93,55 @@ class Contexts {
   XMLContext* m_Contexts[XML_SCHEMA_COMMUNICATION_BARRING + 1] = {};
 };
 
-// Sets `few` to the namespaces of the services that `binder` names, so that the declarations of a
-// document are gone through once and not again for each of its services.
-bool PickNamespaces(XMLObject* binder, zt_schema_namespace_retrieval& few) {
-  ZtNamespaceBindings bindings;
+// Sets `few` to the namespaces of the services as `bindings` has them, for texts of at most `size`
+// bytes: a longer prefix cannot occur in them. False without memory.
+bool PickNamespaces(const ZtNamespaceBindings& bindings, std::size_t size,
+                    zt_schema_namespace_retrieval& few) {
   ZtSingleElementList* list = zt_xml_common_methods::CreateElementList();
   few.setNameSpaceInfo(list);
-  if (!list || !bindings.Complete() || !bindings.Apply(binder)) return false;
-  for (const ZtNamespaceBinding* at = bindings.First(); at; at = at->next) {
-    auto* pair = ZtCreate<zt_AttributeValuePair>(kSource);
-    if (!pair) return false;
-    pair->setName(at->alias.Get());
-    pair->setValue(at->uri.Get());
-    const bool whole = pair->getValue() && (pair->getName() || !at->alias.Get());
-    if (whole && list->Add(static_cast<XMLAttribute*>(pair))) continue;
-    ZtRelease(pair);
-    return false;
+  for (const ZtNamespaceBinding* at = bindings.First(); at && list; at = at->next) {
+    const char* alias = at->aliasSize <= size ? at->alias.Get() : nullptr;
+    zt_AttributeValuePair* pair = ZtMakePair(kSource, alias, at->uri.Get());
+    if (!pair || !list->Add(static_cast<XMLAttribute*>(pair))) {
+      ZtRelease(pair);
+      return false;
+    }
   }
-  return true;
+  return list != nullptr;
 }
+
+// The namespaces of a document as its services are to see them. The declarations are gone through
+// once, not again for each service, and a service costs nothing for prefixes that are longer than
+// itself.
+class ServiceNamespaces {
+ public:
+  explicit ServiceNamespaces(XMLObject* binder) : m_bBound(binder != nullptr) {
+    m_bComplete = !binder || (m_Bindings.Complete() && m_Bindings.Apply(binder));
+    for (const ZtNamespaceBinding* at = m_Bindings.First(); at; at = at->next) {
+      if (at->aliasSize > m_iLongest) m_iLongest = at->aliasSize;
+    }
+  }
+
+  // False without memory.
+  bool For(const char* service) {
+    if (!m_bBound || !m_bComplete) return m_bComplete;
+    const std::size_t size = m_iLongest <= kShortPrefix ? kShortPrefix : __strlen(service);
+    if (size == m_iPicked) return true;
+    m_iPicked = size;
+    return PickNamespaces(m_Bindings, size, m_Few);
+  }
+  XMLObject* Binder() { return m_bBound ? &m_Few : nullptr; }
+
+ private:
+  static constexpr std::size_t kShortPrefix = 64;
+
+  ZtNamespaceBindings m_Bindings;
+  zt_schema_namespace_retrieval m_Few;
+  std::size_t m_iLongest = 0;
+  std::size_t m_iPicked = 0;
+  bool m_bBound;
+  bool m_bComplete;
+};
 
 // A text that grows; null before the first piece.
 class GrowingText {
@@ -142,6 +174,12 @@ class GrowingText {
   std::size_t m_iCapacity = 0;
 };
 
+bool Append(GrowingText& services, const char* text) {
+  if (services.Append(text)) return true;
+  ZtLog(kZtLogError, kSource)("<XML Module>: pString calloc failed");
+  return false;
+}
+
 }  // namespace
 
 // ---- Types --------------------------------------------------------------------------------------
@@ -159,9 +197,11 @@ int SimservsMarshaller::AddSimservsElementToXml(zt_Simservs* simservs) {
   return Write(simservs, zt_Simservs::kType);
 }
 
+// Every service can be written, so that only a lack of memory leaves one out. Such a document would
+// delete the service at the server that it is put to: there is none then.
 char* SimservsMarshaller::Complete(XMLElement* root, char* text) {
   GrowingText services;
-  bool whole = services.Append("");
+  bool whole = Append(services, "");
   Contexts contexts(nullptr);
   const ZtLog trace(kZtLogTrace, kSource);
   ZtSingleElementList* list = static_cast<zt_Simservs*>(root)->getServiceListValue();
@@ -179,10 +219,10 @@ char* SimservsMarshaller::Complete(XMLElement* root, char* text) {
     const char* written = contexts.Write(*service, object);
     trace("<XML Module>: SimservsMarshaller XML - %s Marshalling %s", service->written,
           written ? "Success" : "error");
-    if (written) whole = services.Append(written);
+    whole = written && Append(services, written);
   }
-  if (whole) return InsertString(text, services.Get());
-  ZtLog(kZtLogError, kSource)("<XML Module>: pString calloc failed");
+  char* document = whole ? InsertString(text, services.Get()) : text;
+  if (document != text) return document;
   __free(text);
   return nullptr;
 }
@@ -237,42 +277,67 @@ int SimservsUnMarshaller::validateXML(char* text) {
   return valid;
 }
 
-XMLElement* SimservsUnMarshaller::ReadCut(char* text) {
+namespace {
+
+constexpr char kCutLine[] = "<XML Module>: XML SimservsUnmarshall %s replace Substring %s ";
+constexpr char kNoCopyLine[] =
+    "<XML Module>: SimservsUnMarshaller :: replaceSubStringWithNull malloc failed returning "
+    "pString";
+
+bool Cut(const Service& service, char* text, ZtElementCutter& cutter) {
   const ZtLog trace(kZtLogTrace, kSource);
+  switch (cutter.Cut(text, ZtName(service.element))) {
+    case ZtElementCutter::kCut:
+      for (std::size_t n = cutter.Count(); n; --n) trace(kCutLine, "Success", service.cut);
+      return true;
+    case ZtElementCutter::kNoCopy:
+      ZtLog(kZtLogState, kSource)(kNoCopyLine);
+      trace(kCutLine, "Error", service.cut);
+      return false;
+    default:
+      ZtLog(kZtLogError, kSource)(
+          "<XML Module>: Malloc failed in SimservsUnMarshaller::UnMarshall %s", service.table);
+      return false;
+  }
+}
+
+// Reads the services that were cut out into `root`. One that cannot be read is dropped; false when
+// one is missing for want of memory.
+bool ReadServices(const Service& service, const ZtElementCutter& cutter,
+                  ServiceNamespaces& namespaces, Contexts& contexts, zt_Simservs& root) {
+  const char* text = cutter.Texts();
+  for (std::size_t n = cutter.Count(); n; --n, text += __strlen(text) + 1) {
+    XMLElement* read = nullptr;
+    const bool done = namespaces.For(text) && contexts.Read(service, text, read);
+    const bool added = read && root.addService(static_cast<XMLObject*>(read));
+    ZtLog(kZtLogTrace, kSource)("<XML Module>: XML Decode %s in %s", added ? "Success" : "Failure",
+                                service.read);
+    if (added) continue;
+    ZtRelease(read);
+    if (!done || read) return false;
+  }
+  return true;
+}
+
+}  // namespace
+
+XMLElement* SimservsUnMarshaller::ReadCut(char* text) {
   ZtElementCutter cutters[kServiceCount];
   for (std::size_t i = 0; i < kServiceCount; ++i) {
-    const ZtElementCutter::Result result = cutters[i].Cut(text, ZtName(kServices[i].element));
-    constexpr char kLine[] = "<XML Module>: XML SimservsUnmarshall %s replace Substring %s ";
-    for (std::size_t n = cutters[i].Count(); n; --n) trace(kLine, "Success", kServices[i].cut);
-    if (result == ZtElementCutter::kCut) continue;
-    if (result == ZtElementCutter::kNoTable) {
-      ZtLog(kZtLogError, kSource)(
-          "<XML Module>: Malloc failed in SimservsUnMarshaller::UnMarshall %s", kServices[i].table);
-    } else {
-      trace(kLine, "Error", kServices[i].cut);
-    }
-    return nullptr;
+    if (!Cut(kServices[i], text, cutters[i])) return nullptr;
   }
-  if (!*text) trace("<XML Module>: XML Decode Failed pstring NULL");
+  if (!*text) ZtLog(kZtLogTrace, kSource)("<XML Module>: XML Decode Failed pstring NULL");
   XMLElement* parsed = nullptr;
   if (!Parse(text, parsed) || !parsed) return nullptr;
-  auto* root = static_cast<zt_Simservs*>(parsed);
-  zt_schema_namespace_retrieval namespaces;
-  if (NamespaceBinder() && !PickNamespaces(NamespaceBinder(), namespaces)) {
+  ServiceNamespaces namespaces(NamespaceBinder());
+  Contexts contexts(namespaces.Binder());
+  for (std::size_t i = 0; i < kServiceCount; ++i) {
+    auto& root = static_cast<zt_Simservs&>(*parsed);
+    if (ReadServices(kServices[i], cutters[i], namespaces, contexts, root)) continue;
     ZtRelease(parsed);
     return nullptr;
   }
-  Contexts contexts(NamespaceBinder() ? &namespaces : nullptr);
-  for (std::size_t i = 0; i < kServiceCount; ++i) {
-    const char* fragment = cutters[i].Texts();
-    for (std::size_t n = cutters[i].Count(); n; --n, fragment += __strlen(fragment) + 1) {
-      auto* service = static_cast<XMLObject*>(contexts.Read(kServices[i], fragment));
-      const bool added = service && root->addService(service);
-      if (!added) ZtRelease(service);
-      trace("<XML Module>: XML Decode %s in %s", added ? "Success" : "Failure", kServices[i].read);
-    }
-  }
-  return root;
+  return parsed;
 }
 
 char* SimservsUnMarshaller::replaceSubStringWithNull(char* text, char** out, int start,
@@ -285,9 +350,7 @@ char* SimservsUnMarshaller::replaceSubStringWithNull(char* text, char** out, int
   if (from > size || count > size - from) return text;
   *out = static_cast<char*>(__malloc(count + 1));
   if (!*out) {
-    ZtLog(kZtLogState, kSource)(
-        "<XML Module>: SimservsUnMarshaller :: replaceSubStringWithNull malloc failed returning "
-        "pString");
+    ZtLog(kZtLogState, kSource)(kNoCopyLine);
     return text;
   }
   std::memcpy(*out, text + from, count);

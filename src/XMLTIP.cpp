@@ -5,14 +5,12 @@
 
 namespace {
 constexpr char kSource[] = "src/XMLTIP";
-constexpr ZtFamily kFamily = ZtQuietFamily(kSource);
 }  // namespace
 
 const ZtElementType zt_terminating_identity_presentation::kType =
     SimservBinding::Switch<zt_terminating_identity_presentation>(
         XML_STR_TERMINATING_IDENTITY_PRESENTATION, "terminating-identity-presentation",
-        "TerminatingIdentityPresentation", "AddTerminatingIdentityPresentationElementToXml",
-        kFamily);
+        "TerminatingIdentityPresentation", "AddTerminatingIdentityPresentationElementToXml");
 
 XMLObject* TIPDataBinder::CreateRootElement() {
   return ZtCreate<zt_terminating_identity_presentation>(kSource);

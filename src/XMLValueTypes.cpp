@@ -3,7 +3,8 @@
 #include "binding/ZtBinding.h"
 
 namespace {
-constexpr ZtFamily kFamily = ZtQuietFamily("src/XMLValueTypes");
+constexpr char kSource[] = "src/XMLValueTypes";
+constexpr ZtFamily kFamily = ZtQuietFamily(kSource);
 }  // namespace
 
 const ZtElementType zt_string::kType = ZtTypeOf<zt_string>("zt_string", "string_class", kFamily);
@@ -26,6 +27,33 @@ zt_AttributeValuePair* zt_AttributeValuePair::From(XMLAttribute* attribute) {
   const char* className = attribute ? attribute->ClassName() : nullptr;
   const bool pair = className && __strcmp(className, "zt_AttributeValuePair") == 0;
   return pair ? static_cast<zt_AttributeValuePair*>(attribute) : nullptr;
+}
+
+zt_string* ZtMakeString(const char* source, const char* text) {
+  auto* made = ZtCreate<zt_string>(source);
+  if (made) made->setValue(text);
+  if (made && (made->getValue() || !text)) return made;
+  ZtRelease(made);
+  return nullptr;
+}
+
+zt_AttributeValuePair* ZtMakePair(const char* source, const char* name, const char* value) {
+  auto* made = ZtCreate<zt_AttributeValuePair>(source);
+  if (made) {
+    made->setName(name);
+    made->setValue(value);
+    if ((made->getName() || !name) && (made->getValue() || !value)) return made;
+  }
+  ZtRelease(made);
+  return nullptr;
+}
+
+zt_string* zt_xml_common_methods::CreateString(const char* text) {
+  return ZtMakeString(kSource, text);
+}
+
+zt_AttributeValuePair* zt_xml_common_methods::CreateAttribute(const char* name, const char* value) {
+  return ZtMakePair(kSource, name, value);
 }
 
 ZtSingleElementList* zt_xml_common_methods::CreateElementList() {

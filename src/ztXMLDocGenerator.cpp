@@ -75,7 +75,7 @@ void ZtXMLDocGenerator::ztAddComment(const char* text) {
 }
 
 void ZtXMLDocGenerator::ztSetXmlNamespace(const char* prefix) {
-  if (!buffer) return;
+  if (!buffer || m_iLength == kBufferSize - 1) return;
   char* copy = prefix ? __strdup(prefix) : nullptr;
   if (prefix && !copy) m_bOutOfMemory = true;
   __free(nsPrefix);
@@ -239,8 +239,9 @@ void ZtXMLDocGenerator::Append(const char* text, std::size_t size) {
   buffer[m_iLength] = '\0';
 }
 
+// A full document needs no prefix: a long one is not gone through for each tag that is cut off.
 void ZtXMLDocGenerator::AppendPrefix() {
-  if (!nsPrefix) return;
+  if (!nsPrefix || m_iLength == kBufferSize - 1) return;
   Append(nsPrefix);
   Append(":", 1);
 }

@@ -254,6 +254,8 @@ TEST(Services, FragmentsAreWrittenAlone) {
   EXPECT_EQ(timer->setNoReplyTimerValue(4), 0);
   EXPECT_EQ(timer->setNoReplyTimerValue(181), 0);
   EXPECT_EQ(diversion.Write(timer), "<ss:NoReplyTimer>180</ss:NoReplyTimer>");
+  auto* writer = static_cast<Communication_diversionMarshaller*>(diversion.writer());
+  EXPECT_EQ(writer->AddNoReplyTimerElementToXml(nullptr), 1);
   root->setRuleSetValue(factory->CreateRuleSetElement());
   zt_ns_common_policy_ruleType* rule = factory->CreateRuleTypeElement();
   root->getRuleSetValue()->addRule(rule);
@@ -278,6 +280,9 @@ TEST(Services, FragmentsAreWrittenAlone) {
   rule->getConditionsValue()->addAny(flag);
   rule->getConditionsValue()->addAny(factory->CreateMediaTypeElement());
   LogCapture log(3);
+  EXPECT_EQ(writer->AddEmptyElementtoXml(nullptr), 0);
+  EXPECT_TRUE(log.Has(
+      "Communication_diversionMarshaller::AddEmptyElementtoXml: Received empty element is NULL"));
   EXPECT_EQ(diversion.Write(flag), "(null)");
   flag->setPresentValue(1);  // still without a name
   EXPECT_EQ(diversion.Write(rule->getConditionsValue()),
@@ -285,6 +290,19 @@ TEST(Services, FragmentsAreWrittenAlone) {
   const char* absent =
       "Communication_diversionMarshaller::AddEmptyElementtoXml: Received empty present false";
   EXPECT_EQ(log.Count(absent), 2);
+  // A period needs both of its ends; one without a text is written empty.
+  zt_ns_common_policy_validityType* validity = factory->CreateValidityTypeElement();
+  rule->getConditionsValue()->addValidity(validity);
+  for (const char* text : {"a", static_cast<const char*>(nullptr)}) {
+    validity->addFrom(zt_xml_common_methods::CreateString(text));
+    validity->addUntil(zt_xml_common_methods::CreateString("b"));
+  }
+  validity->getFromListValue()->Add(nullptr);
+  validity->addUntil(zt_xml_common_methods::CreateString("c"));
+  EXPECT_EQ(diversion.Write(rule->getConditionsValue()),
+            "<cp:conditions>\n<cp:validity>\n<cp:from>a</cp:from>\n<cp:until>b</cp:until>"
+            "\n<cp:from></cp:from>\n<cp:until>b</cp:until></cp:validity>"
+            "\n<ss:media> </ss:media></cp:conditions>");
   const std::string longName(120, 'n');
   flag->setValue(longName.c_str());
   EXPECT_EQ(diversion.Write(flag), "<ss:" + longName.substr(0, 98) + "/>");
@@ -419,12 +437,12 @@ TEST(Services, TypesAnswerForThemselvesAndRefuseWhatTheyMust) {
        {0, 1, 1, 1},
        false},
       {factory->CreateMediaTypeElement(), "MediaType", "/media", {0, 1, 1, 1}, false},
-      {ZtCreate<zt_presence_status_activity_type>("t"),
+      {factory->CreatePresenceStatusActivityTypeElement(),
        "PresenceStatusActivityType",
        "/presence-status",
        {0, 1, 1, 1},
        false},
-      {ZtCreate<zt_external_list>("t"), "ExternalList", "", {0, 1, 1, 1}, false},
+      {factory->CreateExternalListElement(), "ExternalList", "", {0, 1, 1, 1}, false},
       {ZtCreate<zt_NoReplyTimer>("t"), "NoReplyTimer", "/NoReplyTimer", {0, 1, 1, 1}, false},
       {ZtCreate<zt_ns_xcap_forward_to_type>("t"),
        "CommunicationDiversion:ForwardToType",
@@ -516,6 +534,12 @@ TEST(Namespaces, PrefixesAreTheDocuments) {
     EXPECT_EQ(schema.context()->SetNamespaceBinder(nullptr), 0);
     EXPECT_EQ(schema.context()->SetNamespaceBinder(other.get()), 0);
     EXPECT_NE(schema.RoundTrip(in), "(null)");
+    // A second binder starts anew.
+    auto second = declarations.Read<zt_schema_namespace_retrieval>("<d xmlns='" + ss +
+                                                                   "' xmlns:cp='" + cp + "'/>");
+    schema.context()->SetNamespaceBinder(second.get());
+    EXPECT_EQ(schema.RoundTrip(document("", "cp:", "", " ", "'")),
+              document("", "cp:", "\n", "  ", "\""));
   }
 }
 

@@ -73,6 +73,8 @@ expect 2 "FILE is required" "$ztxml" events
 expect 3 "is only read" "$ztxml" roundtrip --schema 27 "$work/small.xml"
 expect 3 "lacks something required" "$ztxml" roundtrip - <<<'<reginfo version="1"/>'
 expect 3 "log 1 src/XMLReginfo" "$ztxml" roundtrip - --log 1 <<<'<reginfo version="1"/>'
+expect 3 "output not well formed" "$ztxml" roundtrip - \
+  <<<'<communication-diversion><cp:ruleset><cp:rule/></cp:ruleset></communication-diversion>'
 printf '<pub-gruu uri="%040000d"/>' 0 >"$work/long.xml"
 expect 3 "output cut at 32767 characters" "$ztxml" roundtrip "$work/long.xml"
 [[ "$(wc -c <"$work/out")" -eq 32767 ]] || fail "long document: $(wc -c <"$work/out") bytes"
@@ -87,9 +89,9 @@ if [[ -n "$examples" ]]; then
   [[ "$(cat "$work/out")" == "$(cat "$work/written.xml")" ]] || fail "write_reginfo: read differently"
   # The body to put back is the old one with the changes and nothing else.
   diversion="$documents/communication-diversion.xml"
-  expect 0 "" "$examples/change_diversion" "$diversion" sip:new@example.com
+  expect 0 "" "$examples/change_diversion" "$diversion" "sip:new@example.com?a=1&b"
   mv "$work/out" "$work/changed.xml"
-  "$ztxml" roundtrip "$diversion" | sed -e 's|<target>.*</target>|<target>sip:new@example.com</target>|' \
+  "$ztxml" roundtrip "$diversion" | sed -e 's|<target>.*</target>|<target>sip:new@example.com?a=1\&amp;b</target>|' \
     -e 's|>20</NoReplyTimer>|>30</NoReplyTimer>|' \
     -e 's|^<media>audio</media></cp:conditions>|<media>audio</media>\n<rule-deactivated/></cp:conditions>|' \
     >"$work/out"

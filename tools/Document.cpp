@@ -85,12 +85,21 @@ bool ReadDocument(const std::string& path, Document& document) {
   return !document.text.empty();
 }
 
-bool Parse(const Document& document, XmlDecoderSchema* receiver) {
+namespace {
+
+int RunParser(const std::string& text, XmlDecoderSchema* receiver) {
   XmlDecoder parser;
   parser.SetSchema(receiver);
   // The parser leaves unchanged what it is given.
-  auto* text = const_cast<char*>(document.text.c_str());
-  switch (parser.Decode(text, static_cast<int>(document.text.size()))) {
+  return parser.Decode(const_cast<char*>(text.c_str()), static_cast<int>(text.size()));
+}
+
+}  // namespace
+
+bool IsWellFormed(const std::string& text) { return RunParser(text, nullptr) == ZT_XML_SUCCESS; }
+
+bool Parse(const Document& document, XmlDecoderSchema* receiver) {
+  switch (RunParser(document.text, receiver)) {
     case ZT_XML_SUCCESS:
       return true;
     case ZT_XML_INCOMPLETE:

@@ -41,6 +41,9 @@ std::string Quote(const char* text);
 /// Reads the file `path`, or standard input for "-". False after a message.
 bool ReadDocument(const std::string& path, Document& document);
 
+/// Whether the parser takes `text` as a whole document.
+bool IsWellFormed(const std::string& text);
+
 /// Runs the parser over the document; a null `receiver` has it only checked. False after a message.
 bool Parse(const Document& document, XmlDecoderSchema* receiver);
 

@@ -41,9 +41,15 @@ int Write(XMLContext& context, const Document& document, XMLElement* tree, const
     return kCannotWrite;
   }
   std::cout << text;
-  if (!log.DocumentCut()) return kDone;
+  if (log.DocumentCut()) {
+    Complain(document.name,
+             "output cut at " + std::to_string(ZtXMLDocGenerator::kBufferSize - 1) + " characters");
+    return kCannotWrite;
+  }
+  // Some writers go on behind an element that lacks something required.
+  if (IsWellFormed(text)) return kDone;
   Complain(document.name,
-           "output cut at " + std::to_string(ZtXMLDocGenerator::kBufferSize - 1) + " characters");
+           "output not well formed: something required is missing (--log 4 tells what)");
   return kCannotWrite;
 }
 

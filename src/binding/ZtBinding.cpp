@@ -54,11 +54,8 @@ ZtOutcome Store(XMLElement& self, const ZtField& field, const char* value) {
 
 ZtOutcome AppendText(XMLElement& self, const ZtField& field, const char* source,
                      const char* value) {
-  auto* text = ZtCreate<zt_string>(source);
-  if (text) text->setValue(value);
-  if (text && text->getValue() && (self.*field.member.children).Add(text, source)) {
-    return ZtOutcome::kAccepted;
-  }
+  zt_string* text = ZtMakeString(source, value);
+  if ((self.*field.member.children).Add(text, source)) return ZtOutcome::kAccepted;
   ZtRelease(text);
   return ZtOutcome::kNoMemory;
 }
@@ -284,6 +281,11 @@ const char* ZtFieldText(const XMLElement& self, const ZtField& field, char* buff
       break;
   }
   return nullptr;
+}
+
+bool ZtIsA(const XMLElement& element, const ZtElementType& type) {
+  const char* className = element.ClassName();
+  return className && (className == type.className || __strcmp(className, type.className) == 0);
 }
 
 // ---- The bases of the schema types --------------------------------------------------------------

@@ -266,12 +266,15 @@ struct ZtFamily {
   const char* unknownElement;  // name, value; for children without an object
   const char* childFailed;     // the failing child's writer
   ZtUnknown unknownAttribute;
+  // File under which the objects of these types, and all that is made inside one, are recorded
+  // when a document is read; null for the decoder's.
+  const char* recordedUnder = nullptr;
 };
 
 // The family of types that log nothing of their own and ignore what they do not know.
 inline constexpr ZtHookLines kZtNoHookLines = {};
-constexpr ZtFamily ZtQuietFamily(const char* source) {
-  return {source, &kZtNoHookLines, nullptr, nullptr, ZtUnknown::kIgnore};
+constexpr ZtFamily ZtQuietFamily(const char* source, const char* recordedUnder = nullptr) {
+  return {source, &kZtNoHookLines, nullptr, nullptr, ZtUnknown::kIgnore, recordedUnder};
 }
 
 // An attribute that an element always carries: name="value", or name:suffix="value" unless the
@@ -410,15 +413,9 @@ constexpr ZtElementType ZtFlagOf(const ZtFamily& family, const char* writer, con
                 &ZtElementType::flag, &flag);
 }
 
-// Whether `element` is of the class that `type` describes, and `element` as one.
-inline bool ZtIsA(const XMLElement& element, const ZtElementType& type) {
-  const char* className = element.ClassName();
-  return className && (className == type.className || __strcmp(className, type.className) == 0);
-}
-template <class T>
-T* ZtAs(XMLElement* element) {
-  return element && ZtIsA(*element, T::kType) ? static_cast<T*>(element) : nullptr;
-}
+// New, whole values, recorded under `source`; null without memory.
+zt_string* ZtMakeString(const char* source, const char* text);
+zt_AttributeValuePair* ZtMakePair(const char* source, const char* name, const char* value);
 
 // ---- Reading ------------------------------------------------------------------------------------
 

@@ -35,8 +35,8 @@ inline std::size_t ZtShortNameSize(const char* name) {
   return size < room ? size : room ? room - 1 : 0;
 }
 
-// What a decoder does with prefixes; a ZtNamespaceDecoder rewrites them instead.
-enum class ZtPrefixRule : std::uint8_t { kExact, kStrip };
+// What a decoder does with prefixes. Only a ZtNamespaceDecoder rewrites them.
+enum class ZtPrefixRule : std::uint8_t { kExact, kStrip, kRewrite };
 
 struct ZtGrammar {
   const char* decoder;   // class name for the logs

@@ -26,15 +26,13 @@ int ZtNamespaceDecoder::XMLChangeNamespaceTag(char* name) {
   for (const auto prefixSize = static_cast<std::size_t>(colon ? colon - document : 0); at;
        at = at->next) {
     const char* alias = at->alias.Get();
-    if (alias && __strlen(alias) == prefixSize && std::memcmp(alias, document, prefixSize) == 0) {
+    if (alias && at->aliasSize == prefixSize && std::memcmp(alias, document, prefixSize) == 0) {
       break;
     }
   }
   if (!at || !at->prefix.Get() || !*at->prefix.Get()) {
     const std::size_t size = __strlen(name);
-    if (!ReservePassName(2 * size, "XmlDecoder:: m_strDup: Malloc unable to allocate memory")) {
-      return 0;
-    }
+    if (!ReservePassName(2 * size, m_Grammar.noMemory)) return 0;
     std::memcpy(m_PassName, name, size + 1);
     return 1;
   }

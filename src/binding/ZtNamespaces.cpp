@@ -29,12 +29,17 @@ bool ZtNamespaceBindings::Append(const char* prefix, const char* alias, const ch
   ZtNamespaceBinding** end = &m_pFirst;
   while (*end) end = &(*end)->next;
   *end = binding;
-  return binding->prefix.Set(prefix) && binding->alias.Set(alias) && binding->uri.Set(uri);
+  return binding->prefix.Set(prefix) && SetAlias(*binding, alias) && binding->uri.Set(uri);
+}
+
+bool ZtNamespaceBindings::SetAlias(ZtNamespaceBinding& binding, const char* alias) {
+  binding.aliasSize = alias ? __strlen(alias) : 0;
+  return binding.alias.Set(alias);
 }
 
 bool ZtNamespaceBindings::UseOwn() {
   for (ZtNamespaceBinding* at = m_pFirst; at; at = at->next) {
-    if (!at->alias.Set(at->prefix.Get())) return false;
+    if (!SetAlias(*at, at->prefix.Get())) return false;
   }
   return true;
 }
@@ -59,7 +64,7 @@ bool ZtNamespaceBindings::Apply(XMLObject* binder) {
     const bool named = pair->getName() && *pair->getName();
     if (!named && at->given) continue;
     at->given = named;
-    if (!at->alias.Set(named ? pair->getName() : nullptr)) return false;
+    if (!SetAlias(*at, named ? pair->getName() : nullptr)) return false;
   }
   return true;
 }

@@ -184,8 +184,11 @@ int ZtSchemaDecoder::ProcessAttribute(char* element, char* name, char* value) {
   if (!m_Stack.top() || !m_Started.object || !*name || m_bFailed) return 0;
   zt_AttributeValuePair* pair = nullptr;
   if (!ZtFindAttribute(*m_Started.type, name)) {
-    pair = MakePair(name, value);
-    if (!pair) return 0;
+    pair = ZtMakePair(SourceOf(*m_Started.type), name, value);
+    if (!pair) {
+      m_bFailed = true;
+      return 0;
+    }
   } else if (!value) {
     return 0;
   }
@@ -197,8 +200,16 @@ int ZtSchemaDecoder::ProcessAttribute(char* element, char* name, char* value) {
 
 // ---- Objects ------------------------------------------------------------------------------------
 
+// The file under which an object of `type` is recorded that is made now.
+const char* ZtSchemaDecoder::SourceOf(const ZtElementType& type) const {
+  const ZtElementType* outer = CurrentType();
+  const char* source = outer ? outer->family->recordedUnder : nullptr;
+  if (!source) source = type.family->recordedUnder;
+  return source ? source : m_Grammar.source;
+}
+
 XMLElement* ZtSchemaDecoder::Make(const ZtElementType& type) {
-  XMLElement* object = type.maker.Create(m_Grammar.source);
+  XMLElement* object = type.maker.Create(SourceOf(type));
   if (!object) m_bFailed = true;
   m_Started = {object, &type};
   return object;
@@ -206,23 +217,11 @@ XMLElement* ZtSchemaDecoder::Make(const ZtElementType& type) {
 
 // A flag element, present under its own name. Its attributes are nobody's.
 XMLElement* ZtSchemaDecoder::MakeFlag(const char* name) {
-  auto* flag = ZtCreate<zt_empty_element_type>(m_Grammar.source);
+  auto* flag = ZtCreate<zt_empty_element_type>(SourceOf(zt_empty_element_type::kType));
   if (flag) flag->setValue(name);
   if (flag && flag->getValue()) return flag;
   m_bFailed = true;
   ZtRelease(flag);
-  return nullptr;
-}
-
-zt_AttributeValuePair* ZtSchemaDecoder::MakePair(const char* name, const char* value) {
-  auto* pair = ZtCreate<zt_AttributeValuePair>(m_Grammar.source);
-  if (pair) {
-    pair->setName(name);
-    pair->setValue(value);
-    if (pair->getName() && (!value || pair->getValue())) return pair;
-  }
-  m_bFailed = true;
-  ZtRelease(pair);
   return nullptr;
 }
 
