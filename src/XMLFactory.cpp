@@ -5,6 +5,7 @@
 #include "XMLCommunicationWaiting.h"
 #include "XMLGruu.h"
 #include "XMLOIP.h"
+#include "XMLPresence.h"
 #include "XMLReginfo.h"
 #include "XMLSchemaNameSpaceRetrieval.h"
 #include "XMLSimservs.h"
@@ -22,6 +23,7 @@ constexpr const ZtDocument* kDocuments[] = {
     &CommunicationWaitingContext::kDocument,
     &GruuContext::kDocument,
     &OIPContext::kDocument,
+    &PresenceContext::kDocument,
     &ReginfoContext::kDocument,
     &SchemaNamespaceRetrievalContext::kDocument,
     &SimservsContext::kDocument,
