@@ -52,19 +52,12 @@ class ZtTyped : public Base {
   const ZtElementType& Type() const override { return T::kType; }
 };
 
-/// What a type keeps of its document beyond what it knows: attributes, which are written back, and
-/// child elements, which never are. `Base` is ZtElement or ZtObject.
+/// A type that keeps the child elements which it does not know. `Base` is ZtElement or ZtObject.
 template <class Base = ZtElement>
-class ZtExtensible : public Base {
+class ZtKeepsElements : public Base {
  public:
-  /// Takes a list of zt_AttributeValuePair, stored as XMLAttribute*. On output the first of a name
-  /// stands, and none that the element has as an attribute of its own.
-  int setAnyAttributeValue(ZtSingleElementList* list) { return m_AnyAttributes.Set(list); }
-  ZtSingleElementList* getAnyAttributeValue() const { return m_AnyAttributes.Get(); }
-  /// Takes `attribute`; 0 when it is null or there is no memory.
-  int addAnyAttribute(XMLAttribute* attribute) { return m_AnyAttributes.Add(attribute); }
-
-  /// Takes a list of elements, stored as XMLElement*.
+  /// Takes a list of elements, stored as XMLElement*. They are never written unless the type says
+  /// which of them are.
   int setAnyElementValue(ZtSingleElementList* list) { return m_AnyElements.Set(list); }
   ZtSingleElementList* getAnyElementValue() const { return m_AnyElements.Get(); }
   /// Takes `element`; 0 when it is null or there is no memory.
@@ -73,8 +66,25 @@ class ZtExtensible : public Base {
  private:
   friend struct ZtExtensibleRows;
 
-  ZtAttributeList m_AnyAttributes;
   ZtChildList m_AnyElements;
+};
+
+/// A type that keeps all of its document beyond what it knows: child elements, and attributes,
+/// which are written back. `Base` is ZtElement or ZtObject.
+template <class Base = ZtElement>
+class ZtExtensible : public ZtKeepsElements<Base> {
+ public:
+  /// Takes a list of zt_AttributeValuePair, stored as XMLAttribute*. On output the first of a name
+  /// stands, and none that the element has as an attribute of its own.
+  int setAnyAttributeValue(ZtSingleElementList* list) { return m_AnyAttributes.Set(list); }
+  ZtSingleElementList* getAnyAttributeValue() const { return m_AnyAttributes.Get(); }
+  /// Takes `attribute`; 0 when it is null or there is no memory.
+  int addAnyAttribute(XMLAttribute* attribute) { return m_AnyAttributes.Add(attribute); }
+
+ private:
+  friend struct ZtExtensibleRows;
+
+  ZtAttributeList m_AnyAttributes;
 };
 
 #endif  // ZTXML_INCLUDE_ZTELEMENT_H

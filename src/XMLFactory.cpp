@@ -6,6 +6,7 @@
 #include "XMLConferenceInfo.h"
 #include "XMLGruu.h"
 #include "XMLOIP.h"
+#include "XMLPresence.h"
 #include "XMLReginfo.h"
 #include "XMLSchemaNameSpaceRetrieval.h"
 #include "XMLSimservs.h"
@@ -24,6 +25,7 @@ constexpr const ZtDocument* kDocuments[] = {
     &ConferenceInfoContext::kDocument,
     &GruuContext::kDocument,
     &OIPContext::kDocument,
+    &PresenceContext::kDocument,
     &ReginfoContext::kDocument,
     &SchemaNamespaceRetrievalContext::kDocument,
     &SimservsContext::kDocument,

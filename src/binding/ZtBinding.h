@@ -29,6 +29,8 @@ struct ZtEnumTable {
   unsigned Find(const char* value) const;
 };
 
+inline constexpr ZtEnumSlot kBooleanSlots[] = {"false", "true"};
+
 // Where a field lives in its object. A member of a derived type is reached through the base: the
 // object's dynamic type has it.
 union ZtMember {
@@ -213,13 +215,18 @@ constexpr ZtField OtherAttributes(ZtAttributeList D::*m) {
 
 }  // namespace ztrow
 
-// The rows of what ZtExtensible<Base> keeps.
+// The rows of what ZtExtensible<Base> and ZtKeepsElements<Base> keep.
 struct ZtExtensibleRows {
   template <class Base>
   static constexpr ZtField kAttributes =
       ztrow::OtherAttributes(&ZtExtensible<Base>::m_AnyAttributes);
   template <class Base>
-  static constexpr ZtField kElements = ztrow::OtherChildren(&ZtExtensible<Base>::m_AnyElements);
+  static constexpr ZtField kElements = ztrow::OtherChildren(&ZtKeepsElements<Base>::m_AnyElements);
+  // The same, of which those among `writables` are written.
+  template <class Base>
+  static constexpr ZtField Elements(const ZtWritable* writables) {
+    return ztrow::OtherChildren(&ZtKeepsElements<Base>::m_AnyElements, writables);
+  }
 };
 
 namespace ztrow {
@@ -270,6 +277,9 @@ struct ZtFamily {
   // when a document is read; null for the decoder's.
   const char* recordedUnder = nullptr;
 };
+
+// A line that many families have for children without an object.
+inline constexpr char kCannotAccommodate[] = "Cannot accommodate the element %s with value %s";
 
 // The family of types that log nothing of their own and ignore what they do not know.
 inline constexpr ZtHookLines kZtNoHookLines = {};
@@ -331,7 +341,8 @@ struct ZtElementType {
   ZtAttributeHook attributeHook = nullptr;
   ZtChildHook childHook = nullptr;
   ZtContentHook contentHook = nullptr;
-  ZtNameId tag = XML_STR_ZT_NULL;        // unless its parent's row names it
+  // Unless its parent's row names it; without either only its content is written.
+  ZtNameId tag = XML_STR_ZT_NULL;
   e_XmlStrRef prefix = XML_STR_ZT_NULL;  // written with it and all that is in it
   std::uint8_t fieldCount = 0;
   std::uint8_t fixedCount = 0;

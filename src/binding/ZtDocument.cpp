@@ -146,7 +146,8 @@ char* ZtMarshaller::Marshall(XMLElement* root) {
     }
     if (m_pXml) m_pXml = Complete(root, m_pXml);
     if (m_pXml) {
-      trace(document.lines.written, document.marshaller, m_pXml);
+      const char* writtenAs = document.lines.writtenAs;
+      trace(document.lines.written, writtenAs ? writtenAs : document.marshaller, m_pXml);
     } else {
       const char* failed = (*type)->failedAs;
       trace(document.lines.writeFailed, failed ? failed : document.marshaller, (*type)->writer);

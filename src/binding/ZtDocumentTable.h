@@ -22,6 +22,7 @@ struct ZtDocumentLines {
   const char* written = "<XML Module>: %s XML %s";
   // The root's writer failed: the marshaller's name, the writer's.
   const char* writeFailed = "<XML Module>: %s XML Failed!";
+  const char* writtenAs = nullptr;  // the name in `written` instead of the marshaller's
 };
 
 struct ZtDocument {

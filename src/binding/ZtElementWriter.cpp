@@ -140,11 +140,12 @@ int ZtElementWriter::Write(XMLElement* element, const ZtElementType& type, e_Xml
   if (type.flag) return WriteFlag(static_cast<zt_empty_element_type&>(*element), *type.flag);
   if (name.IsNone()) name = type.tag;
   if (type.checksFirst && !HasRequired(*element, type)) return 0;
-  if (!WriteStartTag(*element, type, name)) return 0;
+  const bool tagged = !name.IsNone();
+  if (tagged && !WriteStartTag(*element, type, name)) return 0;
   if (type.selfClosing) return 1;
   const bool written =
       type.contentHook ? type.contentHook(*this, *element, type) : WriteChildren(*element, type);
-  if (written) m_Writer.ztEndXmlElement(ZtName(name));
+  if (written && tagged) m_Writer.ztEndXmlElement(ZtName(name));
   return written;
 }
 

@@ -1,0 +1,186 @@
+// Presence documents: PIDF (RFC 3863) with service capabilities (RFC 5196) and the service
+// description of OMA Presence SIMPLE. Other extensions, such as the data model (RFC 4479) and RPID
+// (RFC 4480), are not kept.
+#ifndef ZTXML_INCLUDE_XMLPRESENCE_H
+#define ZTXML_INCLUDE_XMLPRESENCE_H
+
+#include "XMLCaps.h"
+#include "XMLOmaPres.h"
+#include "ZtDocument.h"
+#include "ZtElement.h"
+
+struct PresenceBinding;
+
+/// Whether a tuple's contact takes communication.
+enum zt_presence_basic_enum : unsigned {
+  ZT_PRESENCE_BASIC_OPEN,
+  ZT_PRESENCE_BASIC_CLOSED,
+  ZT_PRESENCE_BASIC_ABSENT  ///< not said or not understood; not written
+};
+
+/// The element "note": a comment for people.
+class ZT_API zt_note : public ZtTyped<zt_note, ZtKeepsElements<>> {
+ public:
+  static const ZtElementType kType;
+
+  /// The element's text (copied). Raw text, to be escaped by the caller.
+  int setValueValue(const char* value) { return m_Value.Assign(value); }
+  const char* getValueValue() const { return m_Value.Get(); }
+
+ private:
+  friend struct PresenceBinding;
+
+  ZtText m_Value;
+};
+
+/// The element "contact".
+class ZT_API zt_contact : public ZtTyped<zt_contact, ZtKeepsElements<>> {
+ public:
+  static const ZtElementType kType;
+
+  /// The preference of the contact, "0" to "1" (copied); null means absent.
+  int setPriorityValue(const char* priority) { return m_Priority.Assign(priority); }
+  const char* getPriorityValue() const { return m_Priority.Get(); }
+  /// The contact's URI, the element's text (copied).
+  int setUriValue(const char* uri) { return m_Uri.Assign(uri); }
+  const char* getUriValue() const { return m_Uri.Get(); }
+
+ private:
+  friend struct PresenceBinding;
+
+  ZtText m_Priority;
+  ZtText m_Uri;
+};
+
+/// Apart from the type of the same name that disposition notifications have.
+namespace PresenceNameSpace {
+
+/// The element "status".
+class ZT_API zt_status : public ZtTyped<zt_status, ZtKeepsElements<>> {
+ public:
+  static const ZtElementType kType;
+
+  int setBasicValue(zt_presence_basic_enum basic) {
+    m_Basic = basic;
+    return 1;
+  }
+  zt_presence_basic_enum getBasicValue() const {
+    return static_cast<zt_presence_basic_enum>(m_Basic);
+  }
+
+ private:
+  friend struct ::PresenceBinding;
+
+  unsigned m_Basic = ZT_PRESENCE_BASIC_ABSENT;
+};
+
+}  // namespace PresenceNameSpace
+
+/// The element "tuple": one way to reach the presentity. Of the elements that it keeps (see
+/// ZtKeepsElements), zt_ns_oma_pres_service_description and zt_ns_caps_servcaps are written.
+class ZT_API zt_tuple : public ZtTyped<zt_tuple, ZtKeepsElements<>> {
+ public:
+  static const ZtElementType kType;
+
+  /// Required on output. Texts are copied; null means absent, here and below.
+  int setIdValue(const char* id) { return m_Id.Assign(id); }
+  const char* getIdValue() const { return m_Id.Get(); }
+  /// Takes the status; null for none.
+  int setStatusValue(PresenceNameSpace::zt_status* status) { return m_Status.Set(status); }
+  PresenceNameSpace::zt_status* getStatusValue() const {
+    return static_cast<PresenceNameSpace::zt_status*>(m_Status.Get());
+  }
+  /// Takes the contact; null for none.
+  int setContactValue(zt_contact* contact) { return m_Contact.Set(contact); }
+  zt_contact* getContactValue() const { return static_cast<zt_contact*>(m_Contact.Get()); }
+  /// When the tuple last changed (RFC 3339).
+  int setTimestampValue(const char* timestamp) { return m_Timestamp.Assign(timestamp); }
+  const char* getTimestampValue() const { return m_Timestamp.Get(); }
+
+  /// A list of zt_note (taken).
+  int setNoteListValue(ZtSingleElementList* list) { return m_Notes.Set(list); }
+  ZtSingleElementList* getNoteListValue() const { return m_Notes.Get(); }
+  /// Takes `note`; 0 when it is null or there is no memory.
+  int addNote(zt_note* note) { return m_Notes.Add(note); }
+
+ private:
+  friend struct PresenceBinding;
+
+  ZtText m_Id;
+  ZtChild m_Status;
+  ZtChild m_Contact;
+  ZtText m_Timestamp;
+  ZtChildList m_Notes;
+};
+
+/// The root element "presence".
+class ZT_API zt_presence : public ZtTyped<zt_presence, ZtKeepsElements<ZtObject>> {
+ public:
+  static const ZtElementType kType;
+
+  /// The URI of the presentity (copied); required on output.
+  int setEntityValue(const char* entity) { return m_Entity.Assign(entity); }
+  const char* getEntityValue() const { return m_Entity.Get(); }
+
+  /// A list of zt_tuple (taken).
+  int setTupleListValue(ZtSingleElementList* list) { return m_Tuples.Set(list); }
+  ZtSingleElementList* getTupleListValue() const { return m_Tuples.Get(); }
+  /// Takes `tuple`; 0 when it is null or there is no memory.
+  int addTuple(zt_tuple* tuple) { return m_Tuples.Add(tuple); }
+
+  /// A list of zt_note (taken), written behind the tuples.
+  int setNoteListValue(ZtSingleElementList* list) { return m_Notes.Set(list); }
+  ZtSingleElementList* getNoteListValue() const { return m_Notes.Get(); }
+  /// Takes `note`; 0 when it is null or there is no memory.
+  int addNote(zt_note* note) { return m_Notes.Add(note); }
+
+ private:
+  friend struct PresenceBinding;
+
+  ZtText m_Entity;
+  ZtChildList m_Tuples;
+  ZtChildList m_Notes;
+};
+
+/// Makes empty objects; each is the caller's until a parent takes it. Null without memory.
+class ZT_API PresenceDataBinder : public XMLObjectFactory {
+ public:
+  XMLObject* CreateRootElement() override;
+  zt_tuple* CreateTupleElement();
+  PresenceNameSpace::zt_status* CreateStatusElement();
+  zt_contact* CreateContactElement();
+  zt_note* CreateNoteElement();
+  zt_ns_oma_pres_service_description* CreateServiceDescriptionElement();
+  zt_ns_caps_servcaps* CreateServcapsElement();
+  zt_ns_caps_duplextype* CreateDuplexElement();
+  zt_ns_caps_duplextypes* CreateDuplexTypesElement();
+};
+
+class PresenceContext;
+
+/// Writes a zt_presence. Besides Marshall, the steps that write one element each (1 written, 0
+/// failed), which only a running Marshall can use.
+class ZT_API PresenceMarshaller : public ZtDescribedBy<PresenceContext, ZtMarshaller> {
+ public:
+  int AddPresenceElementToXml(zt_presence* presence);
+  int AddTupleElementToXml(zt_tuple* tuple);
+  int AddStatusElementToXml(PresenceNameSpace::zt_status* status);
+  int AddContactElementToXml(zt_contact* contact);
+  int AddNoteElementToXml(zt_note* note);
+  int AddServiceDescriptionElementToXml(zt_ns_oma_pres_service_description* description);
+  int AddServcapsElementToXml(zt_ns_caps_servcaps* servcaps);
+  int AddDuplexElementToXml(zt_ns_caps_duplextype* duplex);
+  /// Writes the modes alone, without an element around them.
+  int AddDuplexTypesElementToXml(zt_ns_caps_duplextypes* modes);
+};
+
+/// Reads a zt_presence. Elements are known by their local names, whatever their prefixes.
+class ZT_API PresenceUnMarshaller : public ZtDescribedBy<PresenceContext, ZtUnMarshaller> {};
+
+/// The context of presence documents, XML_SCHEMA_PRESENCE.
+class ZT_API PresenceContext : public ZtDescribedBy<PresenceContext, ZtContext> {
+ public:
+  static const ZtDocument kDocument;
+};
+
+#endif  // ZTXML_INCLUDE_XMLPRESENCE_H

@@ -1,0 +1,12 @@
+// What the types of presence documents have in common, each under its own file.
+#ifndef ZTXML_SRC_PRESENCEBINDING_H
+#define ZTXML_SRC_PRESENCEBINDING_H
+
+#include "binding/ZtBinding.h"
+
+constexpr ZtFamily ZtPresenceFamily(const char* source) {
+  return {source, &kZtNoHookLines, kCannotAccommodate,
+          "<XML Module>: PresenceMarshaller XML Failed at %s!", ZtUnknown::kIgnore};
+}
+
+#endif  // ZTXML_SRC_PRESENCEBINDING_H

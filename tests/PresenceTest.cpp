@@ -1,0 +1,271 @@
+// Presence documents, with capabilities and service descriptions: in, trees, out.
+#include <gtest/gtest.h>
+
+#include "DocumentSupport.h"
+#include "TestSupport.h"
+#include "XMLPresence.h"
+#include "XMLValueTypes.h"
+#include "base/ZtMemory.h"
+#include "binding/ZtElementWriter.h"
+
+namespace {
+
+// A document with `content`, and the same as it is written: each start tag on a line of its own.
+std::string In(const std::string& content) {
+  return "<presence entity='e'>" + content + "</presence>";
+}
+std::string Out(const std::string& content) {
+  std::string out =
+      "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<presence  xmlns=\"urn:ietf:params:xml:ns:pidf\""
+      "  xmlns:op=\"urn:oma:xml:prs:pidf:oma-pres\"  "
+      "xmlns:caps=\"urn:ietf:params:xml:ns:pidf:caps\""
+      "  entity=\"e\">";
+  for (std::size_t i = 0; i < content.size(); ++i) {
+    if (content[i] == '<' && content[i + 1] != '/') out += '\n';
+    out += content[i];
+  }
+  return out + "</presence>";
+}
+std::string InTuple(const std::string& content) {
+  return In("<tuple id='t'>" + content + "</tuple>");
+}
+std::string OutTuple(const std::string& content) {
+  return Out("<tuple  id=\"t\">" + content + "</tuple>");
+}
+
+TEST(Presence, WritesWhatItReads) {
+  const std::pair<std::string, std::string> kCases[] = {
+      {"<p:presence xmlns:p='u' x='y' entity='e'/>", Out("")},
+      {In("<note>1</note><tuple id='a'/><note xml:lang='en'>&lt;2</note><tuple id='b' id='&quot;' "
+          "x='y'/><note/>"),
+       Out("<tuple  id=\"a\"></tuple><tuple  id=\"&quot;\"></tuple><note>1</note><note>&lt;2</note>"
+           "<note></note>")},
+      {InTuple("<note>1</note><timestamp>2</timestamp><p:contact x='y'>3</p:contact><note>4</note>"
+               "<servcaps/><op:service-description/><status/><p:servcaps/>"),
+       OutTuple("<status></status><caps:servcaps></caps:servcaps><op:service-description>"
+                "</op:service-description><caps:servcaps></caps:servcaps><contact>3</contact>"
+                "<timestamp>2</timestamp><note>1</note><note>4</note>")},
+      {InTuple("<status><basic>open</basic><x><basic>closed</basic></x></status><contact>old"
+               "</contact><contact priority='0.8'><note>no</note>sip:u</contact>"),
+       OutTuple("<status><basic>open</basic></status><contact  priority=\"0.8\">sip:u</contact>")},
+      {In("<tuple id='a'><status><im:basic>closed</im:basic></status></tuple>"
+          "<tuple id='b'><status><basic>open</basic><basic>opened</basic></status></tuple>"),
+       Out("<tuple  id=\"a\"><status><basic>closed</basic></status></tuple>"
+           "<tuple  id=\"b\"><status></status></tuple>")},
+      {InTuple("<service-description><description>d</description><x>y</x><o:version>1</o:version>"
+               "<service-id>s</service-id></service-description>"),
+       OutTuple("<op:service-description><op:service-id>s</op:service-id><op:version>1</op:version>"
+                "<op:description>d</op:description></op:service-description>")},
+      {InTuple("<servcaps><video>false</video><audio>true</audio></servcaps>"
+               "<c:servcaps><c:video>true</c:video><audio>false</audio></c:servcaps>"
+               "<servcaps><video>True</video><audio>1</audio><duplex/></servcaps>"),
+       OutTuple("<caps:servcaps><caps:audio>true</caps:audio><caps:video>false</caps:video>"
+                "</caps:servcaps><caps:servcaps><caps:audio>false</caps:audio><caps:video>true"
+                "</caps:video></caps:servcaps><caps:servcaps><caps:duplex></caps:duplex>"
+                "</caps:servcaps>")},
+      {InTuple("<servcaps><duplex><notsupported><send-only/><receive-only>r</receive-only>"
+               "</notsupported><c:supported><half/><full/><x/></c:supported></duplex>"
+               "<methods><supported><send-only/></supported></methods></servcaps>"),
+       OutTuple("<caps:servcaps><caps:duplex><caps:supported><caps:full></caps:full><caps:half>"
+                "</caps:half></caps:supported><caps:notsupported><caps:receive-only>r"
+                "</caps:receive-only><caps:send-only></caps:send-only></caps:notsupported>"
+                "</caps:duplex></caps:servcaps>")},
+      // Other extensions are skipped with what is in them; known elements elsewhere are only kept.
+      {In("<dm:person id='p'><note>n</note><tuple id='x'/></dm:person><contact/><servcaps/>"),
+       Out("")},
+      {InTuple("<op:willingness><op:basic>open</op:basic></op:willingness><duplex/><tuple id='u'>"
+               "<note>inner</note></tuple><ts:timed-status><note>n</note></ts:timed-status>"),
+       OutTuple("")},
+  };
+  Schema schema(XML_SCHEMA_PRESENCE);
+  for (const auto& [in, out] : kCases) {
+    EXPECT_EQ(schema.RoundTrip(in), out) << in;
+    EXPECT_EQ(schema.RoundTrip(out), out);
+  }
+  for (const char* text : {"<presence entity='e'>", "<tuple id='t'/>", "<x><presence/></x>"}) {
+    EXPECT_FALSE(schema.Read<zt_presence>(text)) << text;
+  }
+}
+
+TEST(Presence, TreeTellsWhatTheDocumentSays) {
+  auto root =
+      Schema(XML_SCHEMA_PRESENCE)
+          .Read<zt_presence>(In("<contact>stray</contact><tuple id='t'><servcaps><video>true"
+                                "</video></servcaps><service-description><version>1"
+                                "</version></service-description></tuple>"));
+  ASSERT_TRUE(root && CountOf(root->getTupleListValue()) == 1);
+  ASSERT_EQ(CountOf(root->getAnyElementValue()), 1);
+  EXPECT_STREQ(EntryOf<zt_contact>(root->getAnyElementValue(), 0)->getUriValue(), "stray");
+  auto* tuple = EntryOf<zt_tuple>(root->getTupleListValue(), 0);
+  EXPECT_EQ(tuple->getStatusValue(), nullptr);
+  ASSERT_EQ(CountOf(tuple->getAnyElementValue()), 2);
+  auto* servcaps = EntryOf<zt_ns_caps_servcaps>(tuple->getAnyElementValue(), 0);
+  EXPECT_EQ(servcaps->getAudioValue(), ZT_CAPS_ABSENT);
+  EXPECT_EQ(servcaps->getVideoValue(), ZT_CAPS_TRUE);
+  auto* service = EntryOf<zt_ns_oma_pres_service_description>(tuple->getAnyElementValue(), 1);
+  EXPECT_STREQ(service->getVersionValue(), "1");
+  EXPECT_EQ(service->getServiceIdValue(), nullptr);
+}
+
+// A service description by its class name the first time that it is asked, and then no more.
+class Changing : public zt_ns_oma_pres_service_description {
+  const char* ClassName() const override {
+    return m_Asked++ ? "changed" : zt_ns_oma_pres_service_description::ClassName();
+  }
+  mutable int m_Asked = 0;
+};
+
+// An object of another class that a cast makes pass for a T.
+template <class T>
+T* Foreign() {
+  return static_cast<T*>(static_cast<XMLElement*>(ZtCreate<zt_string>("t")));
+}
+
+TEST(Presence, EveryWriterTellsWhatFails) {
+  using Status = PresenceNameSpace::zt_status;
+  using Modes = zt_ns_caps_duplextypes;
+  using Spoil = void (*)(zt_presence&, zt_tuple&, zt_ns_caps_servcaps&);
+  const std::string kMandatory =
+      "PresenceMarshaller :: AddPresenceElementToXml: Entity is mandatory attribute";
+  const std::string kFailed = "<XML Module>: PresenceMarshaller XML Failed";
+  const std::pair<Spoil, std::vector<const char*>> kCases[] = {
+      {[](auto& root, auto&, auto&) { root.setEntityValue(nullptr); }, {}},
+      {[](auto&, auto& tuple, auto&) { tuple.setIdValue(nullptr); }, {"Tuple"}},
+      {[](auto& root, auto&, auto&) { root.addNote(Foreign<zt_note>()); }, {"Note"}},
+      {[](auto&, auto& tuple, auto&) { tuple.addNote(Foreign<zt_note>()); }, {"Note", "Tuple"}},
+      {[](auto&, auto& tuple, auto&) { tuple.setStatusValue(Foreign<Status>()); },
+       {"Status", "Tuple"}},
+      {[](auto&, auto& tuple, auto&) { tuple.setContactValue(Foreign<zt_contact>()); },
+       {"Contact", "Tuple"}},
+      {[](auto&, auto& tuple, auto&) { tuple.addAnyElement(ZtCreate<Changing>("t")); },
+       {"ServiceDescription", "Tuple"}},
+      {[](auto&, auto&, auto& caps) { caps.setDuplexValue(Foreign<zt_ns_caps_duplextype>()); },
+       {"Duplex", "Servcaps", "Tuple"}},
+      {[](auto&, auto&, auto& caps) { caps.getDuplexValue()->setSupportedValue(Foreign<Modes>()); },
+       {"DuplexTypes", "Duplex", "Servcaps", "Tuple"}},
+  };
+  Schema schema(XML_SCHEMA_PRESENCE);
+  for (const auto& [spoil, failing] : kCases) {
+    auto root = schema.Read<zt_presence>(InTuple("<servcaps><duplex/></servcaps>"));
+    auto* tuple = EntryOf<zt_tuple>(root->getTupleListValue(), 0);
+    spoil(*root, *tuple, *EntryOf<zt_ns_caps_servcaps>(tuple->getAnyElementValue(), 0));
+    LogCapture log;
+    EXPECT_EQ(schema.Write(root.get()), "(null)");
+    std::vector<std::string> lines = log.Texts(), expected;
+    for (const char* writer : failing) {
+      expected.push_back(kFailed + " at Add" + writer + "ElementToXml!");
+    }
+    if (failing.empty()) expected.push_back(kMandatory);
+    expected.push_back(kFailed + "!");
+    ASSERT_GE(lines.size(), expected.size());
+    lines.erase(lines.begin(), lines.end() - static_cast<std::ptrdiff_t>(expected.size()));
+    EXPECT_EQ(lines, expected);
+    EXPECT_EQ(log.Texts(4).size(), failing.empty());  // only the missing entity is an error
+  }
+}
+
+TEST(Presence, BuiltByHand) {
+  Schema schema(XML_SCHEMA_PRESENCE);
+  auto* make = static_cast<PresenceDataBinder*>(schema.context()->createBinderFactory());
+  Tree<zt_presence> root(static_cast<zt_presence*>(make->CreateRootElement()));
+  root->addNote(make->CreateNoteElement());
+  root->setEntityValue("e");
+  auto* tuple = make->CreateTupleElement();
+  root->addTuple(tuple);
+  tuple->setIdValue("t");
+  tuple->setStatusValue(make->CreateStatusElement());
+  auto* servcaps = make->CreateServcapsElement();
+  servcaps->setAudioValue(ZT_CAPS_TRUE);
+  tuple->addAnyElement(servcaps);
+  tuple->addAnyElement(ZtCreate<zt_ns_oma_pres_willingness>("t"));  // never written
+  const std::string expected =
+      Out("<tuple  id=\"t\"><status></status><caps:servcaps><caps:audio>true</caps:audio>"
+          "</caps:servcaps></tuple><note> </note>");
+  LogCapture log;
+  EXPECT_EQ(schema.Write(root.get()), expected);
+  EXPECT_TRUE(log.Has("<XML Module>: IsComposingMarshaller XML " + expected));
+  EXPECT_FALSE(log.Has("PresenceMarshaller XML"));
+  EXPECT_EQ(schema.Write(root.get()), expected);
+  EXPECT_TRUE(log.Has("<XML Module>: PresenceMarshaller :: Marshall: Deleting mPresenceXml"));
+  EXPECT_EQ(schema.Write(tuple), "(null)");
+
+  // Modes alone have no element around them.
+  zt_ns_caps_duplextypes modes;
+  modes.setFullValue("");
+  ZtXMLDocGenerator text;
+  text.ztInitXmlDoc();
+  EXPECT_EQ(ZtElementWriter(text, {"t"}).Write(&modes, zt_ns_caps_duplextypes::kType), 1);
+  EXPECT_STREQ(text.ztGetXmlDoc(), "\n<caps:full></caps:full>");
+  text.ztDeInitXmlDoc();
+}
+
+// What a type tells of itself and answers to what it does not know. A type that the library makes
+// has a step, which writes a fresh object; one that it does not make takes its text.
+template <class T>
+void Check(const char* className, std::string label, XMLElement* made = ZtCreate<T>("t"),
+           int (PresenceMarshaller::*step)(T*) = nullptr, int written = 1) {
+  Tree<T> self(static_cast<T*>(made));
+  EXPECT_STREQ(self->ClassName(), className);
+  EXPECT_EQ(self->ElementName(), label);
+  std::string end = "/" + label, unknown = "unknown";
+  LogCapture log;
+  EXPECT_EQ(self->ProcessUnMarshall(unknown.data(), label.data(), nullptr), 1);
+  EXPECT_TRUE(log.Has("Cannot accommodate the element unknown with value " + label));
+  if constexpr (std::is_base_of_v<ZtOmaPresText, T>) {
+    EXPECT_EQ(self->ProcessUnMarshall(end.data(), label.data(), nullptr), 1);
+    EXPECT_EQ(self->getValueValue(), label);
+  } else {
+    PresenceMarshaller marshaller;
+    EXPECT_EQ((marshaller.*step)(self.get()), written) << label;
+  }
+}
+
+TEST(Presence, TypesAnswerForThemselves) {
+  PresenceDataBinder make;
+  using M = PresenceMarshaller;
+  Check("zt_presence", "presence", make.CreateRootElement(), &M::AddPresenceElementToXml, 0);
+  Check("zt_tuple", "tuple", make.CreateTupleElement(), &M::AddTupleElementToXml, 0);
+  Check("PresenceNameSpace::zt_status", "status", make.CreateStatusElement(),
+        &M::AddStatusElementToXml);
+  Check("zt_contact", "contact", make.CreateContactElement(), &M::AddContactElementToXml);
+  Check("zt_note", "note", make.CreateNoteElement(), &M::AddNoteElementToXml);
+  Check("zt_ns_oma_pres_service_description", "service-description",
+        make.CreateServiceDescriptionElement(), &M::AddServiceDescriptionElementToXml);
+  Check("zt_ns_caps_servcaps", "servcaps", make.CreateServcapsElement(),
+        &M::AddServcapsElementToXml);
+  Check("zt_ns_caps_duplextype", "duplex", make.CreateDuplexElement(), &M::AddDuplexElementToXml);
+  Check("zt_ns_caps_duplextypes", "duplextypes", make.CreateDuplexTypesElement(),
+        &M::AddDuplexTypesElementToXml);
+#define CHECK(type, label) Check<type>(#type, label)
+  CHECK(zt_ns_oma_pres_willingness, "willingness");
+  CHECK(zt_ns_oma_pres_session_participation, "session-participation");
+  CHECK(zt_ns_oma_pres_registration_state, "registration-state");
+  CHECK(zt_ns_oma_pres_barring_state, "barring-state");
+  CHECK(zt_ns_oma_pres_overriding_willingness, "overriding-willingness");
+#undef CHECK
+}
+
+// Reading, writing and a factory with each allocation failing, once and from there on: null or
+// complete, and nothing leaks.
+TEST(Presence, EveryAllocationMayFail) {
+  const std::string expected = OutTuple(
+      "<status><basic>open</basic></status><caps:servcaps><caps:duplex><caps:supported><caps:full>"
+      "</caps:full></caps:supported></caps:duplex></caps:servcaps><op:service-description>"
+      "<op:version>1</op:version></op:service-description><contact  priority=\"1\">c</contact>"
+      "<timestamp>z</timestamp><note>n</note>");
+  for (const bool after : {false, true}) {
+    for (long n = 1, reached = 1; reached; ++n) {
+      Schema schema(XML_SCHEMA_PRESENCE);
+      zthost::FailAllocation(n, after);
+      auto root = schema.Read<zt_presence>(expected);
+      const char* text = schema.writer()->Marshall(root.get());
+      Tree<zt_tuple> made(PresenceDataBinder().CreateTupleElement());
+      reached = zthost::AllocationCount() >= n;
+      zthost::FailAllocation(0);
+      EXPECT_TRUE(text ? text == expected : reached) << n;
+      EXPECT_TRUE(made || reached) << n;
+    }
+  }
+}
+
+}  // namespace
