@@ -11,8 +11,6 @@ inline constexpr ZtEnumTable kBoolean = {kBooleanSlots, 2, 2, kZtKeepsValue, fal
 // ... or, intended for those fields that peers know to behave so ("1" too), are false.
 inline constexpr ZtEnumTable kTrueOrElseFalse = {kBooleanSlots, 2, 2, 0, false};
 
-inline constexpr char kCannotAccommodate[] = "Cannot accommodate the element %s with value %s";
-
 inline constexpr char kSimservsNamespace[] = "http://uri.etsi.org/ngn/params/xml/simservs/xcap";
 
 struct SimservBinding {
