@@ -4,6 +4,7 @@
 #include "XMLCommunicationDiversion.h"
 #include "XMLCommunicationWaiting.h"
 #include "XMLGruu.h"
+#include "XMLImdn.h"
 #include "XMLOIP.h"
 #include "XMLReginfo.h"
 #include "XMLSchemaNameSpaceRetrieval.h"
@@ -21,6 +22,7 @@ constexpr const ZtDocument* kDocuments[] = {
     &CommunicationDiversionContext::kDocument,
     &CommunicationWaitingContext::kDocument,
     &GruuContext::kDocument,
+    &IMDNContext::kDocument,
     &OIPContext::kDocument,
     &ReginfoContext::kDocument,
     &SchemaNamespaceRetrievalContext::kDocument,
