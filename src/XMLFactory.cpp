@@ -5,6 +5,7 @@
 #include "XMLCommunicationWaiting.h"
 #include "XMLGruu.h"
 #include "XMLImdn.h"
+#include "XMLIsComposing.h"
 #include "XMLOIP.h"
 #include "XMLReginfo.h"
 #include "XMLSchemaNameSpaceRetrieval.h"
@@ -23,6 +24,7 @@ constexpr const ZtDocument* kDocuments[] = {
     &CommunicationWaitingContext::kDocument,
     &GruuContext::kDocument,
     &IMDNContext::kDocument,
+    &IsComposingContext::kDocument,
     &OIPContext::kDocument,
     &ReginfoContext::kDocument,
     &SchemaNamespaceRetrievalContext::kDocument,
