@@ -10,6 +10,7 @@
 /// How the library reads and writes a document and an element type; opaque to callers.
 struct ZtDocument;
 struct ZtElementType;
+class ZtElementWriter;
 class ZtNamespaceBindings;
 
 /// A context whose workers are those of a document's description.
@@ -62,6 +63,8 @@ class ZT_API ZtMarshaller : public XMLMarshaller {
   /// Marshall runs: the document writer holds no document otherwise.
   int Write(XMLElement* element, const ZtElementType& type, e_XmlStrRef prefix = XML_STR_ZT_NULL,
             e_XmlStrRef name = XML_STR_ZT_NULL);
+  /// A writer for steps that have no element, without namespaces; as meaningful as Write.
+  ZtElementWriter Writer();
   virtual const ZtDocument& Document() const = 0;
   /// The namespaces that the context has at this moment, null when there are none.
   XMLObject* NamespaceBinder() const;

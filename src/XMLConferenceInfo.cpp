@@ -8,8 +8,7 @@
 namespace {
 
 constexpr char kSource[] = "src/XMLConferenceInfo";
-constexpr ZtFamily kFamily = {kSource, &kZtNoHookLines,
-                              "Cannot accommodate the element %s with value %s",
+constexpr ZtFamily kFamily = {kSource, &kZtNoHookLines, kCannotAccommodate,
                               "<XML Module>: %s XML Failed!", ZtUnknown::kIgnore};
 
 // ---- Enumerations -------------------------------------------------------------------------------
@@ -36,8 +35,7 @@ constexpr ZtEnumTable kDisconnectionMethods = {kDisconnectionSlots, 4, 4, ZT_DIS
 constexpr ZtEnumSlot kMediaSlots[] = {"recvonly", "sendonly", "sendrecv", "inactive"};
 constexpr ZtEnumTable kMediaStatuses = {kMediaSlots, 4, 4, ZT_MEDIA_STATUS_ABSENT, true};
 
-constexpr ZtEnumSlot kFlagSlots[] = {"false", "true"};
-constexpr ZtEnumTable kTrueOrElseFalse = {kFlagSlots, 2, 2, 0, false};
+constexpr ZtEnumTable kTrueOrElseFalse = {kBooleanSlots, 2, 2, 0, false};
 
 constexpr ZtField kExtras = ZtExtensibleRows::kAttributes<ZtElement>;
 constexpr ZtField kOthers = ZtExtensibleRows::kElements<ZtElement>;

@@ -5,6 +5,8 @@
 #include "XMLCommunicationWaiting.h"
 #include "XMLConferenceInfo.h"
 #include "XMLGruu.h"
+#include "XMLImdn.h"
+#include "XMLIsComposing.h"
 #include "XMLOIP.h"
 #include "XMLPresence.h"
 #include "XMLReginfo.h"
@@ -24,6 +26,8 @@ constexpr const ZtDocument* kDocuments[] = {
     &CommunicationWaitingContext::kDocument,
     &ConferenceInfoContext::kDocument,
     &GruuContext::kDocument,
+    &IMDNContext::kDocument,
+    &IsComposingContext::kDocument,
     &OIPContext::kDocument,
     &PresenceContext::kDocument,
     &ReginfoContext::kDocument,

@@ -142,8 +142,6 @@ namespace {
 constexpr const ZtElementType* kWritables[] = {&zt_presence::kType, nullptr};
 
 // Intended: log readers know a presence that was written by the other marshaller's name.
-constexpr ZtDocumentLines kDocumentLines =
-    ZtWith(ZtDocumentLines(), &ZtDocumentLines::writtenAs, "IsComposingMarshaller");
 
 }  // namespace
 
@@ -157,4 +155,4 @@ const ZtDocument PresenceContext::kDocument =
                                      kSource)
         .Reads("PresenceUnMarshaller")
         .Writes(kWritables, "PresenceMarshaller", "mPresenceXml")
-        .Lines(kDocumentLines);
+        .ReportsAs("IsComposingMarshaller", "PresenceMarshaller");

@@ -2,11 +2,13 @@
 #ifndef ZTXML_TESTS_DOCUMENTSUPPORT_H
 #define ZTXML_TESTS_DOCUMENTSUPPORT_H
 
+#include <gtest/gtest.h>
 #include <memory>
 #include <string>
 
 #include "XMLFactory.h"
 #include "XMLList.h"
+#include "ztHostPlatform.h"
 
 struct TreeDeleter {
   void operator()(XMLElement* element) const { XMLFactory::DeleteElement(element); }
@@ -43,6 +45,22 @@ class Schema {
   XMLUnMarshaller* reader_;
   XMLMarshaller* writer_;
 };
+
+/// Each allocation of reading and writing `text` fails, once and from there on: what comes out is
+/// whole or nothing.
+inline void ExpectWholeOrNothing(Schema& schema, const std::string& text) {
+  const std::string whole = schema.RoundTrip(text);
+  ASSERT_NE(whole, "(null)");
+  for (const bool after : {false, true}) {
+    for (long n = 1, reached = 1; reached; ++n) {
+      zthost::FailAllocation(n, after);
+      const std::string written = schema.RoundTrip(text);
+      reached = zthost::AllocationCount() >= n;
+      zthost::FailAllocation(0);
+      EXPECT_TRUE(written == whole || (reached && written == "(null)")) << n << written;
+    }
+  }
+}
 
 /// How many entries a list of a schema object has.
 inline int CountOf(ZtSingleElementList* list) { return list ? list->GetCount() : 0; }

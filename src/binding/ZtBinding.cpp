@@ -239,6 +239,14 @@ const ZtField* ZtFindAttribute(const ZtElementType& type, const char* name) {
   return nullptr;
 }
 
+const ZtField* ZtFindChild(const ZtElementType& type, const char* name) {
+  const std::size_t size = __strlen(name);
+  for (const ZtField& field : type) {
+    if (!field.IsAttribute() && field.HasName() && field.name.Is(name, size)) return &field;
+  }
+  return nullptr;
+}
+
 ZtOutcome ZtOfferAttribute(XMLElement& self, const ZtElementType& type, const char* name,
                            const char* value, XMLAttribute* attribute) {
   const Hook hook(type);

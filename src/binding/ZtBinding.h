@@ -99,6 +99,7 @@ struct ZtField {
   // a child fails (%d is its index), instead of the family's line; when an element of a mixed list
   // cannot be written (%s is its class name).
   const char* line = nullptr;
+  const char* writer = nullptr;  // the name that the writer of a text element logs
   ZtNameId name = XML_STR_ZT_NULL;
   ZtPlace place;
   ZtValue value;
@@ -108,6 +109,7 @@ struct ZtField {
   bool atEnd = false;     // a child that is made at its end tag and offered with its text
   bool madeHere = false;  // a child that its parent makes, at its end tag, from its text
   bool lenient = false;   // a child that cannot be written does not fail its parent
+  bool oneOf = false;     // of the children with this mark only the first that is set is written
 
   constexpr ZtField(ZtPlace p, ZtValue v, ZtNameId n, ZtMember m, ZtFieldDetail d = ZtFieldDetail())
       : member(m), detail(d), name(n), place(p), value(v) {}
@@ -119,6 +121,8 @@ struct ZtField {
   constexpr ZtField AtEnd() const { return ZtWith(*this, &ZtField::atEnd, true); }
   constexpr ZtField MadeHere() const { return ZtWith(*this, &ZtField::madeHere, true); }
   constexpr ZtField Lenient() const { return ZtWith(*this, &ZtField::lenient, true); }
+  constexpr ZtField OneOf() const { return ZtWith(*this, &ZtField::oneOf, true); }
+  constexpr ZtField Writer(const char* text) const { return ZtWith(*this, &ZtField::writer, text); }
   constexpr ZtField Note(const char* text, int level = 2) const {
     return ZtWith(ZtWith(*this, &ZtField::line, text), &ZtField::lineLevel,
                   static_cast<std::uint8_t>(level));
@@ -278,7 +282,7 @@ struct ZtFamily {
   const char* recordedUnder = nullptr;
 };
 
-// A line that many families have for children without an object.
+// What most documents say of an unknown element.
 inline constexpr char kCannotAccommodate[] = "Cannot accommodate the element %s with value %s";
 
 // The family of types that log nothing of their own and ignore what they do not know.
@@ -309,13 +313,15 @@ inline int ZtHookResult(ZtOutcome outcome) {
 class ZtElementWriter;
 
 // Hooks are asked before the rows; false leaves the matter to them. A content hook writes what
-// stands between the start and the end tag; false fails the element, which then has no end tag.
+// stands between the start and the end tag; false fails the element, which then has no end tag. A
+// write hook writes all of it.
 using ZtAttributeHook = bool (*)(XMLElement& self, const char* name, const char* value,
                                  ZtOutcome& outcome);
 using ZtChildHook = bool (*)(XMLElement& self, const char* name, const char* value,
                              XMLElement* child, ZtOutcome& outcome);
 using ZtContentHook = bool (*)(ZtElementWriter& writer, const XMLElement& self,
                                const ZtElementType& type);
+using ZtWriteHook = ZtContentHook;
 
 // How an element whose presence is the value is written. In its lines %s is the marshaller.
 struct ZtFlag {
@@ -341,6 +347,7 @@ struct ZtElementType {
   ZtAttributeHook attributeHook = nullptr;
   ZtChildHook childHook = nullptr;
   ZtContentHook contentHook = nullptr;
+  ZtWriteHook writeHook = nullptr;
   // Unless its parent's row names it; without either only its content is written.
   ZtNameId tag = XML_STR_ZT_NULL;
   e_XmlStrRef prefix = XML_STR_ZT_NULL;  // written with it and all that is in it
@@ -348,8 +355,9 @@ struct ZtElementType {
   std::uint8_t fixedCount = 0;
   bool root = false;
   bool selfClosing = false;
-  bool checksFirst = false;  // without a required attribute nothing of it is written
-  bool staysOpen = false;    // only an attribute closes its start tag
+  bool checksFirst = false;   // without a required attribute nothing of it is written
+  bool staysOpen = false;     // only an attribute closes its start tag
+  bool awaitsExtras = false;  // a list of other attributes that is empty leaves its start tag open
   ZtUnknown unknownChild = ZtUnknown::kIgnore;
   ZtUnknown unknownAttribute = ZtUnknown::kIgnore;  // or what the family says
 
@@ -393,6 +401,9 @@ struct ZtElementType {
   constexpr ZtElementType OnContent(ZtContentHook hook) const {
     return ZtWith(*this, &ZtElementType::contentHook, hook);
   }
+  constexpr ZtElementType OnWrite(ZtWriteHook hook) const {
+    return ZtWith(*this, &ZtElementType::writeHook, hook);
+  }
   constexpr ZtElementType EntryLine(const char* line) const {
     return ZtWith(*this, &ZtElementType::entryLine, line);
   }
@@ -404,6 +415,9 @@ struct ZtElementType {
   }
   constexpr ZtElementType StaysOpen() const {
     return ZtWith(*this, &ZtElementType::staysOpen, true);
+  }
+  constexpr ZtElementType AwaitsExtras() const {
+    return ZtWith(*this, &ZtElementType::awaitsExtras, true);
   }
 
   const ZtField* begin() const { return fields; }
@@ -436,8 +450,9 @@ ZtOutcome ZtOfferChild(XMLElement& self, const ZtElementType& type, const char* 
                        const char* value, XMLElement* child);
 ZtOutcome ZtOfferAttribute(XMLElement& self, const ZtElementType& type, const char* name,
                            const char* value, XMLAttribute* attribute);
-// The row of the attribute `name`, or null.
+// The row of the attribute or of the child element `name`, or null.
 const ZtField* ZtFindAttribute(const ZtElementType& type, const char* name);
+const ZtField* ZtFindChild(const ZtElementType& type, const char* name);
 
 // ---- Writing ------------------------------------------------------------------------------------
 

@@ -136,7 +136,7 @@ char* ZtMarshaller::Marshall(XMLElement* root) {
   const ZtElementType* const* type = document.writables;
   while (*type && (!className || __strcmp((*type)->className, className) != 0)) ++type;
   if (!*type) {
-    trace("<XML Module>: %s XML Failed!", document.marshaller);
+    trace("<XML Module>: %s XML Failed!", document.failedAs);
   } else {
     if (document.lines.rootChosen) trace(document.lines.rootChosen);
     const int written = Write(root, **type);
@@ -146,11 +146,10 @@ char* ZtMarshaller::Marshall(XMLElement* root) {
     }
     if (m_pXml) m_pXml = Complete(root, m_pXml);
     if (m_pXml) {
-      const char* writtenAs = document.lines.writtenAs;
-      trace(document.lines.written, writtenAs ? writtenAs : document.marshaller, m_pXml);
+      trace(document.lines.written, document.writtenAs, m_pXml);
     } else {
       const char* failed = (*type)->failedAs;
-      trace(document.lines.writeFailed, failed ? failed : document.marshaller, (*type)->writer);
+      trace(document.lines.writeFailed, failed ? failed : document.failedAs, (*type)->writer);
     }
   }
   m_XmlDocGenerator.ztDeInitXmlDoc();
@@ -162,7 +161,12 @@ int ZtMarshaller::Write(XMLElement* element, const ZtElementType& type, e_XmlStr
   const ZtNamespaceBindings* bindings = nullptr;
   if (!UseNamespaces(bindings)) return 0;
   const ZtWriterScope scope = {Document().source, Document().marshaller, bindings};
-  return ZtElementWriter(m_XmlDocGenerator, scope).Write(element, type, prefix, name);
+  ZtElementWriter writer(m_XmlDocGenerator, scope);
+  return writer.Write(element, type, prefix, name) && !writer.OutOfMemory();
+}
+
+ZtElementWriter ZtMarshaller::Writer() {
+  return {m_XmlDocGenerator, {Document().source, Document().marshaller}};
 }
 
 bool ZtMarshaller::UseNamespaces(const ZtNamespaceBindings*&) { return true; }

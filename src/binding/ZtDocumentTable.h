@@ -22,7 +22,6 @@ struct ZtDocumentLines {
   const char* written = "<XML Module>: %s XML %s";
   // The root's writer failed: the marshaller's name, the writer's.
   const char* writeFailed = "<XML Module>: %s XML Failed!";
-  const char* writtenAs = nullptr;  // the name in `written` instead of the marshaller's
 };
 
 struct ZtDocument {
@@ -35,6 +34,8 @@ struct ZtDocument {
   ZtMaker<XMLObjectFactory> newBinderFactory;
   const char* unMarshaller = nullptr;  // class names for the logs
   const char* marshaller = nullptr;
+  const char* writtenAs = nullptr;  // the marshaller, in the lines of the results
+  const char* failedAs = nullptr;
   const char* textField = nullptr;                  // what the logs call the marshaller's text
   const ZtElementType* const* writables = nullptr;  // what Marshall takes, ends with null
   bool declaration = true;                          // writes the XML declaration
@@ -49,7 +50,12 @@ struct ZtDocument {
                               const char* field) const {
     return ZtWith(ZtWith(ZtWith(*this, &ZtDocument::writables, types), &ZtDocument::marshaller,
                          marshallerName),
-                  &ZtDocument::textField, field);
+                  &ZtDocument::textField, field)
+        .ReportsAs(marshallerName, marshallerName);
+  }
+  // For log readers who know the marshaller by other names when it has written or failed.
+  constexpr ZtDocument ReportsAs(const char* written, const char* failed) const {
+    return ZtWith(ZtWith(*this, &ZtDocument::writtenAs, written), &ZtDocument::failedAs, failed);
   }
   // A fragment for another document's scope: no declaration, no line break before it.
   constexpr ZtDocument AsFragment() const {

@@ -138,6 +138,7 @@ int ZtElementWriter::Write(XMLElement* element, const ZtElementType& type, e_Xml
   if (!element || !ZtIsA(*element, type)) return 0;
   const Prefix scope(*this, prefix == XML_STR_ZT_NULL ? type.prefix : prefix);
   if (type.flag) return WriteFlag(static_cast<zt_empty_element_type&>(*element), *type.flag);
+  if (type.writeHook) return type.writeHook(*this, *element, type);
   if (name.IsNone()) name = type.tag;
   if (type.checksFirst && !HasRequired(*element, type)) return 0;
   const bool tagged = !name.IsNone();
@@ -166,8 +167,14 @@ int ZtElementWriter::WriteFlag(const zt_empty_element_type& flag, const ZtFlag& 
 }
 
 bool ZtElementWriter::WriteChildren(const XMLElement& element, const ZtElementType& type) {
+  bool chosen = false;
   for (const ZtField& field : type) {
-    if (!field.IsAttribute() && !WriteField(element, field)) return false;
+    if (field.IsAttribute()) continue;
+    if (field.oneOf) {
+      if (chosen || !(element.*field.member.child).Get()) continue;
+      chosen = true;
+    }
+    if (!WriteField(element, field)) return false;
   }
   return true;
 }
@@ -185,15 +192,17 @@ bool ZtElementWriter::HasRequired(const XMLElement& element, const ZtElementType
 bool ZtElementWriter::WriteStartTag(const XMLElement& element, const ZtElementType& type,
                                     ZtNameId name) {
   StartTag tag(m_Writer, ZtName(name));
+  bool awaited = false;
   for (unsigned i = 0; i < type.fixedCount; ++i) {
     const ZtFixedAttribute& fixed = type.fixed[i];
     tag.Add(ZtName(fixed.name), ZtName(fixed.value),
             fixed.suffix == XML_STR_ZT_NULL ? nullptr : ZtName(fixed.suffix));
   }
   for (const ZtField& field : type) {
-    if (field.place == ZtPlace::kOtherAttributes &&
-        !WriteOtherAttributes((element.*field.member.attributes).Head(), type, tag)) {
-      return false;
+    if (field.place == ZtPlace::kOtherAttributes) {
+      const ZtAttributeList& others = element.*field.member.attributes;
+      awaited = type.awaitsExtras && others.Get() && !others.Head();
+      if (!WriteOtherAttributes(others.Head(), &type, tag)) return false;
     }
     if (field.place != ZtPlace::kAttribute) continue;
     const char* text = ZtFieldText(element, field, tag.Buffer());
@@ -201,28 +210,41 @@ bool ZtElementWriter::WriteStartTag(const XMLElement& element, const ZtElementTy
     if (!text && field.required) return false;
     if (text || field.always) tag.Add(ZtName(field.name), text);
   }
-  if (!type.staysOpen || !tag.IsEmpty()) tag.Close(type.selfClosing);
+  if (!awaited && (!type.staysOpen || !tag.IsEmpty())) tag.Close(type.selfClosing);
+  return true;
+}
+
+bool ZtElementWriter::Start(ZtNameId name, ZtSingleElementList* attributes) {
+  StartTag tag(m_Writer, ZtName(name));
+  if (attributes && !WriteOtherAttributes(attributes->GetPtrToListHead(), nullptr, tag)) {
+    return false;
+  }
+  tag.Close(false);
   return true;
 }
 
 // Attributes that no row names, in the order received, except those that the tag has already: the
-// first of a name stands. False without memory.
-bool ZtElementWriter::WriteOtherAttributes(ZtListNode* head, const ZtElementType& type,
+// first of a name stands. `type` null: it has none yet. False without memory.
+bool ZtElementWriter::WriteOtherAttributes(ZtListNode* head, const ZtElementType* type,
                                            StartTag& tag) {
   std::size_t count = 0;
   for (ZtListNode* node = head; node; node = node->next) ++count;
   ExtraAttribute few[kFewAttributes];
   ExtraAttribute* extras = few;
   if (count > kFewAttributes) {
-    if (count > static_cast<std::size_t>(-1) / sizeof(few[0])) return false;
-    extras = static_cast<ExtraAttribute*>(__malloc(count * sizeof(few[0])));
-    if (!extras) return false;
+    const bool countable = count <= static_cast<std::size_t>(-1) / sizeof(few[0]);
+    extras = countable ? static_cast<ExtraAttribute*>(__malloc(count * sizeof(few[0]))) : nullptr;
+    if (!extras) {
+      m_bOutOfMemory = true;
+      return false;
+    }
   }
   ExtraAttribute* end = extras;
   for (ZtListNode* node = head; node; node = node->next) {
     const auto* pair = zt_AttributeValuePair::From(static_cast<XMLAttribute*>(node->data));
     const char* name = pair ? pair->getName() : nullptr;
-    if (!name || !*name || ZtFindAttribute(type, name) || IsFixed(type, name)) continue;
+    if (!name || !*name) continue;
+    if (type && (ZtFindAttribute(*type, name) || IsFixed(*type, name))) continue;
     *end = {name, pair->getValue(), static_cast<std::size_t>(end - extras)};
     ++end;
   }
@@ -236,6 +258,13 @@ bool ZtElementWriter::WriteOtherAttributes(ZtListNode* head, const ZtElementType
   return true;
 }
 
+int ZtElementWriter::WriteText(const ZtField& field, const char* text) {
+  if (field.writer) Log(kZtLogTrace, "<XML Module>: %s", field.writer);
+  if (!text && !field.always) return 0;
+  WriteText(field.name, text);
+  return 1;
+}
+
 void ZtElementWriter::WriteText(ZtNameId name, const char* text) {
   m_Writer.ztStartElement(ZtName(name), 0);
   m_Writer.ztXmlSetData(text);
@@ -247,7 +276,7 @@ bool ZtElementWriter::WriteField(const XMLElement& element, const ZtField& field
     case ZtPlace::kTextElement: {
       char buffer[kZtNumberSize];
       const char* text = ZtFieldText(element, field, buffer);
-      if (text || field.always) WriteText(field.name, text);
+      if (text || field.always) WriteText(field, text);
       if (!text) Log(field.lineLevel, field.line);
       return text || !field.required;
     }

@@ -26,14 +26,23 @@ class ZtElementWriter {
   int Write(XMLElement* element, const ZtElementType& type, e_XmlStrRef prefix = XML_STR_ZT_NULL,
             ZtNameId name = XML_STR_ZT_NULL);
 
-  // For content hooks: the children as the rows have them, a text element (null: an empty one), and
-  // a line under the marshaller's file.
+  // For hooks and for steps without an object: the children as the rows have them, the text element
+  // of a row (0 when it has no text), and a text element (null: an empty one).
   bool WriteChildren(const XMLElement& element, const ZtElementType& type);
+  int WriteText(const ZtField& field, const char* text);
   void WriteText(ZtNameId name, const char* text);
+  // The same, in pieces: a start tag with a list of attributes (null: none; false without memory),
+  // an element without content, an end tag; and a line under the marshaller's file.
+  bool Start(ZtNameId name, ZtSingleElementList* attributes = nullptr);
+  void WriteEmpty(ZtNameId name) { m_Writer.ztStartElementSelfEnding(ZtName(name)); }
+  void End(ZtNameId name) { m_Writer.ztEndXmlElement(ZtName(name)); }
   template <class... Args>
   void Log(int level, const char* format, Args... args) const {
     if (format) ZtLog(level, m_Scope.source)(format, args...);
   }
+
+  // Whether something was left out for want of memory, also where a failure is let pass.
+  bool OutOfMemory() const { return m_bOutOfMemory; }
 
  private:
   class Prefix;
@@ -45,11 +54,12 @@ class ZtElementWriter {
   bool WriteField(const XMLElement& element, const ZtField& field);
   bool WriteChild(XMLElement* child, int index, const ZtField& field, const ZtWritable& as);
   bool WriteOthers(const XMLElement& element, const ZtField& field);
-  static bool WriteOtherAttributes(ZtListNode* head, const ZtElementType& type, StartTag& tag);
+  bool WriteOtherAttributes(ZtListNode* head, const ZtElementType* type, StartTag& tag);
 
   ZtXMLDocGenerator& m_Writer;
   const ZtWriterScope m_Scope;
   e_XmlStrRef m_Prefix = XML_STR_ZT_NULL;
+  bool m_bOutOfMemory = false;
 };
 
 #endif  // ZTXML_SRC_BINDING_ZTELEMENTWRITER_H

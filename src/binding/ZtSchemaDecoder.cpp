@@ -258,7 +258,9 @@ void ZtSchemaDecoder::Pop() {
 const ZtGrammarRow* ZtSchemaDecoder::FindStart(const char* name) const {
   const std::size_t size = __strlen(name);
   for (const ZtGrammarRow& row : m_Grammar) {
-    if (row.name.Is(name, size) && (!row.parent || row.parent == CurrentType())) return &row;
+    if (row.parent && row.parent != CurrentType()) continue;
+    const bool any = row.name.IsNone() && row.parent;
+    if (any ? !ZtFindChild(*row.parent, name) : row.name.Is(name, size)) return &row;
   }
   return nullptr;
 }

@@ -1,0 +1,202 @@
+// Message disposition notifications (RFC 5438): whether an instant message was delivered, displayed
+// or processed.
+#ifndef ZTXML_INCLUDE_XMLIMDN_H
+#define ZTXML_INCLUDE_XMLIMDN_H
+
+#include "ZtDocument.h"
+#include "ZtElement.h"
+
+/// The values of a status: empty elements whose presence is the value.
+class ZT_API zt_delivered : public ZtTyped<zt_delivered> {
+ public:
+  static const ZtElementType kType;
+};
+class ZT_API zt_failed : public ZtTyped<zt_failed> {
+ public:
+  static const ZtElementType kType;
+};
+class ZT_API zt_displayed : public ZtTyped<zt_displayed> {
+ public:
+  static const ZtElementType kType;
+};
+class ZT_API zt_processed : public ZtTyped<zt_processed> {
+ public:
+  static const ZtElementType kType;
+};
+class ZT_API zt_stored : public ZtTyped<zt_stored> {
+ public:
+  static const ZtElementType kType;
+};
+class ZT_API zt_forbidden : public ZtTyped<zt_forbidden> {
+ public:
+  static const ZtElementType kType;
+};
+class ZT_API zt_error : public ZtTyped<zt_error> {
+ public:
+  static const ZtElementType kType;
+};
+
+/// The element "status": one value, of which each notification knows its own. The setters take the
+/// value; null means absent.
+class ZT_API zt_status : public ZtTyped<zt_status, ZtExtensible<>> {
+ public:
+  static const ZtElementType kType;
+
+  int setDeliveredValue(zt_delivered* value) { return m_Delivered.Set(value); }
+  zt_delivered* getDeliveredValue() const { return static_cast<zt_delivered*>(m_Delivered.Get()); }
+  int setFailedValue(zt_failed* value) { return m_Failed.Set(value); }
+  zt_failed* getFailedValue() const { return static_cast<zt_failed*>(m_Failed.Get()); }
+  int setDisplayedValue(zt_displayed* value) { return m_Displayed.Set(value); }
+  zt_displayed* getDisplayedValue() const { return static_cast<zt_displayed*>(m_Displayed.Get()); }
+  int setProcessedValue(zt_processed* value) { return m_Processed.Set(value); }
+  zt_processed* getProcessedValue() const { return static_cast<zt_processed*>(m_Processed.Get()); }
+  int setStoredValue(zt_stored* value) { return m_Stored.Set(value); }
+  zt_stored* getStoredValue() const { return static_cast<zt_stored*>(m_Stored.Get()); }
+  int setForbiddenValue(zt_forbidden* value) { return m_Forbidden.Set(value); }
+  zt_forbidden* getForbiddenValue() const { return static_cast<zt_forbidden*>(m_Forbidden.Get()); }
+  int setErrorValue(zt_error* value) { return m_Error.Set(value); }
+  zt_error* getErrorValue() const { return static_cast<zt_error*>(m_Error.Get()); }
+
+ private:
+  friend struct ImdnBinding;
+
+  ZtChild m_Delivered;
+  ZtChild m_Failed;
+  ZtChild m_Displayed;
+  ZtChild m_Processed;
+  ZtChild m_Stored;
+  ZtChild m_Forbidden;
+  ZtChild m_Error;
+};
+
+/// What the three notifications have in common.
+class ZT_API ZtImdnNotification : public ZtElement {
+ public:
+  /// Takes the status; required on output, with a value that the notification knows.
+  int setStatusValue(zt_status* status) { return m_Status.Set(status); }
+  zt_status* getStatusValue() const { return static_cast<zt_status*>(m_Status.Get()); }
+
+ private:
+  friend struct ImdnBinding;
+
+  ZtChild m_Status;
+};
+
+/// The element "delivery-notification": delivered, failed, forbidden or error.
+class ZT_API zt_delivery_notification
+    : public ZtTyped<zt_delivery_notification, ZtImdnNotification> {
+ public:
+  static const ZtElementType kType;
+};
+
+/// The element "display-notification": displayed, forbidden or error.
+class ZT_API zt_display_notification : public ZtTyped<zt_display_notification, ZtImdnNotification> {
+ public:
+  static const ZtElementType kType;
+};
+
+/// The element "processing-notification": processed, stored, forbidden or error. It is written as
+/// "proessing-notification", which is not read as one.
+class ZT_API zt_processing_notification
+    : public ZtTyped<zt_processing_notification, ZtImdnNotification> {
+ public:
+  static const ZtElementType kType;
+};
+
+/// The root element "imdn". Texts are copied and raw: what they hold of markup must be escaped
+/// already; null means absent. An attribute list that is set but empty makes the output ill-formed.
+class ZT_API zt_imdn : public ZtTyped<zt_imdn, ZtExtensible<ZtObject>> {
+ public:
+  static const ZtElementType kType;
+
+  /// The Message-ID of the message that the notification is about.
+  int setMessageIdValue(const char* id) { return m_MessageId.Assign(id); }
+  const char* getMessageIdValue() const { return m_MessageId.Get(); }
+  /// When that message was sent, an RFC 3339 date and time.
+  int setDatetimeValue(const char* time) { return m_Datetime.Assign(time); }
+  const char* getDatetimeValue() const { return m_Datetime.Get(); }
+  int setRecipientUriValue(const char* uri) { return m_RecipientUri.Assign(uri); }
+  const char* getRecipientUriValue() const { return m_RecipientUri.Get(); }
+  int setOriginalRecipientUriValue(const char* uri) { return m_OriginalRecipientUri.Assign(uri); }
+  const char* getOriginalRecipientUriValue() const { return m_OriginalRecipientUri.Get(); }
+  int setSubjectValue(const char* subject) { return m_Subject.Assign(subject); }
+  const char* getSubjectValue() const { return m_Subject.Get(); }
+
+  /// Each takes its notification. Only the first of the three that is set is written; one that
+  /// cannot be written is left out.
+  int setDeliveryNotificationValue(zt_delivery_notification* notification) {
+    return m_Delivery.Set(notification);
+  }
+  zt_delivery_notification* getDeliveryNotificationValue() const {
+    return static_cast<zt_delivery_notification*>(m_Delivery.Get());
+  }
+  int setDisplayNotificationValue(zt_display_notification* notification) {
+    return m_Display.Set(notification);
+  }
+  zt_display_notification* getDisplayNotificationValue() const {
+    return static_cast<zt_display_notification*>(m_Display.Get());
+  }
+  int setProcessingNotificationValue(zt_processing_notification* notification) {
+    return m_Processing.Set(notification);
+  }
+  zt_processing_notification* getProcessingNotificationValue() const {
+    return static_cast<zt_processing_notification*>(m_Processing.Get());
+  }
+
+ private:
+  friend struct ImdnBinding;
+
+  ZtText m_MessageId;
+  ZtText m_Datetime;
+  ZtText m_RecipientUri;
+  ZtText m_OriginalRecipientUri;
+  ZtText m_Subject;
+  ZtChild m_Delivery;
+  ZtChild m_Display;
+  ZtChild m_Processing;
+};
+
+/// Makes empty objects; each is the caller's until a parent takes it. Null without memory.
+class ZT_API IMDNDataBinder : public XMLObjectFactory {
+ public:
+  XMLObject* CreateRootElement() override;
+  zt_delivery_notification* CreateDeliverNotification();
+  zt_display_notification* CreateDisplayNotification();
+  zt_processing_notification* CreateProcesssingNotification();
+  zt_status* CreateStatus();
+  zt_delivered* CreateDeliveredElement();
+  zt_failed* CreateFailedElement();
+  zt_displayed* CreateDisplayedElement();
+  zt_processed* CreateProcessedElement();
+  zt_stored* CreateStoredElement();
+  zt_forbidden* CreateForbiddenElement();
+  zt_error* CreateErrorElement();
+};
+
+class IMDNContext;
+
+/// Writes a zt_imdn. Besides Marshall, the steps that write one element each (1 written, 0 failed),
+/// which only a running Marshall can use.
+class ZT_API IMDNMarshaller : public ZtDescribedBy<IMDNContext, ZtMarshaller> {
+ public:
+  int AddIMDNElementToXml(zt_imdn* imdn);
+  int AddDeliverNotificationElementToXml(zt_delivery_notification* notification);
+  int AddDisplayNotificationElementToXml(zt_display_notification* notification);
+  int AddProcessingNotificationElementToXml(zt_processing_notification* notification);
+  /// Writes a notification by its names: `notification` XML_STR_DELIVERY_NOTIFICATION to
+  /// XML_STR_PROESSING_NOTIFICATION, `status` XML_STR_DELIVERED to XML_STR_ERROR; others write
+  /// nothing and return 0. The attributes of its "status" are borrowed; null for none.
+  int AddNotificationXML(e_XmlStrRef notification, e_XmlStrRef status,
+                         ZtSingleElementList* statusAttributes);
+};
+
+/// Reads a zt_imdn.
+class ZT_API IMDNUnMarshaller : public ZtDescribedBy<IMDNContext, ZtUnMarshaller> {};
+
+/// The context of message disposition notifications, XML_SCHEMA_IMDN.
+class ZT_API IMDNContext : public ZtDescribedBy<IMDNContext, ZtContext> {
+ public:
+  static const ZtDocument kDocument;
+};
+
+#endif  // ZTXML_INCLUDE_XMLIMDN_H

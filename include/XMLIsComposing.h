@@ -1,0 +1,78 @@
+// Is-composing indications (RFC 3994): whether somebody is writing a message.
+#ifndef ZTXML_INCLUDE_XMLISCOMPOSING_H
+#define ZTXML_INCLUDE_XMLISCOMPOSING_H
+
+#include "ZtDocument.h"
+#include "ZtElement.h"
+
+/// The root element "isComposing". Texts are copied and raw: what they hold of markup must be
+/// escaped already; null means absent.
+class ZT_API zt_isComposing : public ZtTyped<zt_isComposing, ZtObject> {
+ public:
+  static const ZtElementType kType;
+
+  /// "active" or "idle"; any text is taken. Required on output.
+  int setStateValue(const char* state) { return m_State.Assign(state); }
+  const char* getStateValue() const { return m_State.Get(); }
+  /// When the sender was last active, an RFC 3339 date and time.
+  int setLastactiveValue(const char* time) { return m_Lastactive.Assign(time); }
+  const char* getLastactiveValue() const { return m_Lastactive.Get(); }
+  /// The media type of what is being composed.
+  int setContenttypeValue(const char* type) { return m_Contenttype.Assign(type); }
+  const char* getContenttypeValue() const { return m_Contenttype.Get(); }
+  /// Seconds until the indication is to be sent again; 0 means absent.
+  int setRefreshValue(unsigned int seconds) {
+    m_Refresh = seconds;
+    return 1;
+  }
+  unsigned int getRefreshValue() const { return m_Refresh; }
+
+  /// Unknown child elements (taken), which are never written.
+  int setAnyElementValue(ZtSingleElementList* list) { return m_AnyElements.Set(list); }
+  ZtSingleElementList* getAnyElementValue() const { return m_AnyElements.Get(); }
+  /// Takes `element`; 0 when it is null or there is no memory.
+  int addAnyElement(XMLElement* element) { return m_AnyElements.Add(element); }
+
+ private:
+  friend struct IsComposingBinding;
+
+  ZtText m_State;
+  ZtText m_Lastactive;
+  ZtText m_Contenttype;
+  unsigned m_Refresh = 0;
+  ZtChildList m_AnyElements;
+};
+
+/// Makes empty objects; each is the caller's. Null without memory.
+class ZT_API IsComposingDataBinder : public XMLObjectFactory {
+ public:
+  XMLObject* CreateRootElement() override;
+};
+
+class IsComposingContext;
+
+/// Writes a zt_isComposing. Besides Marshall, the steps that write one element each (1 written, 0
+/// failed), which only a running Marshall can use.
+class ZT_API IsComposingMarshaller : public ZtDescribedBy<IsComposingContext, ZtMarshaller> {
+ public:
+  int AddIsComposingElementToXml(zt_isComposing* indication);
+  /// Null texts and 0 seconds are not written: 0.
+  int AddStateElementToXml(char* state);
+  int AddLastactiveElementToXml(char* time);
+  int AddContenttypeElementToXml(char* type);
+  int AddRefreshElementToXml(unsigned int seconds);
+};
+
+/// Reads a zt_isComposing.
+class ZT_API IsComposingUnMarshaller : public ZtDescribedBy<IsComposingContext, ZtUnMarshaller> {};
+
+/// The context of is-composing indications, XML_SCHEMA_IS_COMPOSING.
+class ZT_API IsComposingContext : public ZtDescribedBy<IsComposingContext, ZtContext> {
+ public:
+  static const ZtDocument kDocument;
+};
+
+/// A self-check for developers: writes a sample indication, which the log shows, and frees it.
+ZT_API void TestIsComposingMarshall();
+
+#endif  // ZTXML_INCLUDE_XMLISCOMPOSING_H

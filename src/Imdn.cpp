@@ -1,0 +1,32 @@
+#include "Imdn.h"
+
+#include "XMLImdn.h"
+#include "binding/ZtGrammar.h"
+
+namespace {
+
+constexpr ZtGrammarRow kRows[] = {
+    {XML_STR_IMDN, ZtElementKind::kRoot, &zt_imdn::kType},
+    {XML_STR_DELIVERY_NOTIFICATION, ZtElementKind::kStructured, &zt_delivery_notification::kType},
+    {XML_STR_DISPLAY_NOTIFICATION, ZtElementKind::kStructured, &zt_display_notification::kType},
+    {ZT_STR_PROCESSING_NOTIFICATION, ZtElementKind::kStructured,
+     &zt_processing_notification::kType},
+    {XML_STR_STATUS, ZtElementKind::kStructured, &zt_status::kType},
+    {XML_STR_DELIVERED, ZtElementKind::kEndBound, &zt_delivered::kType},
+    {XML_STR_FAILED, ZtElementKind::kEndBound, &zt_failed::kType},
+    {XML_STR_DISPLAYED, ZtElementKind::kEndBound, &zt_displayed::kType},
+    {XML_STR_PROCESSED, ZtElementKind::kEndBound, &zt_processed::kType},
+    {XML_STR_STORED, ZtElementKind::kEndBound, &zt_stored::kType},
+    {XML_STR_FORBIDDEN, ZtElementKind::kEndBound, &zt_forbidden::kType},
+    {XML_STR_ERROR, ZtElementKind::kEndBound, &zt_error::kType},
+    {XML_STR_ZT_NULL, ZtElementKind::kFlag, nullptr, &zt_imdn::kType},
+};
+
+constexpr ZtGrammar kGrammar(
+    "XMLImdnDecoder", "src/Imdn",
+    "XMLImdnDecoder :: XMLRemoveNameSpaceTag: Malloc unable to allocate memory",
+    ZtPrefixRule::kStrip, kRows);
+
+}  // namespace
+
+XMLImdnDecoder::XMLImdnDecoder() : ZtSchemaDecoder(kGrammar) {}
