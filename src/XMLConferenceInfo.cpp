@@ -8,8 +8,7 @@
 namespace {
 
 constexpr char kSource[] = "src/XMLConferenceInfo";
-constexpr ZtFamily kFamily = {kSource, &kZtNoHookLines, kCannotAccommodate,
-                              "<XML Module>: %s XML Failed!", ZtUnknown::kIgnore};
+constexpr ZtFamily kFamily = ZtPlainFamily(kSource);
 
 // ---- Enumerations -------------------------------------------------------------------------------
 // A value is known by its beginning.

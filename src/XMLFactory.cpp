@@ -1,18 +1,26 @@
 #include "XMLFactory.h"
 
+#include "XMLBootstrappingInfo.h"
+#include "XMLCWIndication.h"
+#include "XMLCallWaitingIndication.h"
 #include "XMLCommunicationBarring.h"
 #include "XMLCommunicationDiversion.h"
 #include "XMLCommunicationWaiting.h"
 #include "XMLConferenceInfo.h"
+#include "XMLFt.h"
 #include "XMLGruu.h"
 #include "XMLImdn.h"
 #include "XMLIsComposing.h"
+#include "XMLMediaControl.h"
 #include "XMLOIP.h"
 #include "XMLPresence.h"
+#include "XMLRcsTermsInfo.h"
 #include "XMLReginfo.h"
 #include "XMLSchemaNameSpaceRetrieval.h"
 #include "XMLSimservs.h"
 #include "XMLTIP.h"
+#include "XMLVolteConfigInfo.h"
+#include "XMLWapProvisioningDoc.h"
 #include "binding/ZtDocumentTable.h"
 
 namespace {
@@ -21,19 +29,27 @@ constexpr char kSource[] = "src/XMLFactory";
 
 // Every document that the library binds.
 constexpr const ZtDocument* kDocuments[] = {
+    &BootstrappingInfoContext::kDocument,
+    &CWIndicationContext::kDocument,
+    &CallWaitingIndicationContext::kDocument,
     &CommunicationBarringContext::kDocument,
     &CommunicationDiversionContext::kDocument,
     &CommunicationWaitingContext::kDocument,
     &ConferenceInfoContext::kDocument,
+    &FileContext::kDocument,
     &GruuContext::kDocument,
     &IMDNContext::kDocument,
     &IsComposingContext::kDocument,
+    &MediaControlContext::kDocument,
     &OIPContext::kDocument,
     &PresenceContext::kDocument,
+    &RcsTermsInfoContext::kDocument,
     &ReginfoContext::kDocument,
     &SchemaNamespaceRetrievalContext::kDocument,
     &SimservsContext::kDocument,
     &TIPContext::kDocument,
+    &VolteConfigInfoContext::kDocument,
+    &WapProvisioningDocContext::kDocument,
 };
 
 const ZtDocument* Find(eXMLSchemaID id) {

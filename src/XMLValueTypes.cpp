@@ -37,6 +37,14 @@ zt_string* ZtMakeString(const char* source, const char* text) {
   return nullptr;
 }
 
+zt_empty_element_type* ZtMakeFlag(const char* source, const char* name) {
+  auto* made = ZtCreate<zt_empty_element_type>(source);
+  if (made) made->setValue(name);
+  if (made && made->getValue()) return made;
+  ZtRelease(made);
+  return nullptr;
+}
+
 zt_AttributeValuePair* ZtMakePair(const char* source, const char* name, const char* value) {
   auto* made = ZtCreate<zt_AttributeValuePair>(source);
   if (made) {

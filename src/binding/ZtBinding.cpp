@@ -207,6 +207,10 @@ ZtOutcome ZtOfferChild(XMLElement& self, const ZtElementType& type, const char* 
   const std::size_t size = __strlen(local);
   for (const ZtField& field : type) {
     if (field.IsAttribute() || !field.HasName() || !field.name.Is(local, size)) continue;
+    // Only the plain name without an object is that text; all else is nobody's.
+    if (field.fromAttribute) {
+      return atEnd || child ? ZtOutcome::kAccepted : StoreText(self, type, field, value);
+    }
     switch (field.place) {
       case ZtPlace::kTextElement:
       case ZtPlace::kTextElements:

@@ -104,12 +104,13 @@ struct ZtField {
   ZtPlace place;
   ZtValue value;
   std::uint8_t lineLevel = 0;
-  bool required = false;  // absent: the element cannot be written
-  bool always = false;    // written also when absent (a null text as an empty value)
-  bool atEnd = false;     // a child that is made at its end tag and offered with its text
-  bool madeHere = false;  // a child that its parent makes, at its end tag, from its text
-  bool lenient = false;   // a child that cannot be written does not fail its parent
-  bool oneOf = false;     // of the children with this mark only the first that is set is written
+  bool required = false;       // absent: the element cannot be written
+  bool always = false;         // written also when absent (a null text as an empty value)
+  bool atEnd = false;          // a child that is made at its end tag and offered with its text
+  bool fromAttribute = false;  // a text that comes under its plain name, as attributes do
+  bool madeHere = false;       // a child that its parent makes, at its end tag, from its text
+  bool lenient = false;        // a child that cannot be written does not fail its parent
+  bool oneOf = false;  // of the children with this mark only the first that is set is written
 
   constexpr ZtField(ZtPlace p, ZtValue v, ZtNameId n, ZtMember m, ZtFieldDetail d = ZtFieldDetail())
       : member(m), detail(d), name(n), place(p), value(v) {}
@@ -119,6 +120,7 @@ struct ZtField {
   }
   constexpr ZtField Always() const { return ZtWith(*this, &ZtField::always, true); }
   constexpr ZtField AtEnd() const { return ZtWith(*this, &ZtField::atEnd, true); }
+  constexpr ZtField FromAttribute() const { return ZtWith(*this, &ZtField::fromAttribute, true); }
   constexpr ZtField MadeHere() const { return ZtWith(*this, &ZtField::madeHere, true); }
   constexpr ZtField Lenient() const { return ZtWith(*this, &ZtField::lenient, true); }
   constexpr ZtField OneOf() const { return ZtWith(*this, &ZtField::oneOf, true); }
@@ -291,6 +293,12 @@ constexpr ZtFamily ZtQuietFamily(const char* source, const char* recordedUnder =
   return {source, &kZtNoHookLines, nullptr, nullptr, ZtUnknown::kIgnore, recordedUnder};
 }
 
+// The family of most documents.
+constexpr ZtFamily ZtPlainFamily(const char* source) {
+  return {source, &kZtNoHookLines, kCannotAccommodate, "<XML Module>: %s XML Failed!",
+          ZtUnknown::kIgnore};
+}
+
 // An attribute that an element always carries: name="value", or name:suffix="value" unless the
 // suffix is ZT_NULL. Mostly a namespace declaration.
 struct ZtFixedAttribute {
@@ -440,6 +448,7 @@ constexpr ZtElementType ZtFlagOf(const ZtFamily& family, const char* writer, con
 
 // New, whole values, recorded under `source`; null without memory.
 zt_string* ZtMakeString(const char* source, const char* text);
+zt_empty_element_type* ZtMakeFlag(const char* source, const char* name);
 zt_AttributeValuePair* ZtMakePair(const char* source, const char* name, const char* value);
 
 // ---- Reading ------------------------------------------------------------------------------------

@@ -182,6 +182,11 @@ int ZtSchemaDecoder::ProcessAttribute(char* element, char* name, char* value) {
     return -1;
   }
   if (!m_Stack.top() || !m_Started.object || !*name || m_bFailed) return 0;
+  const ZtField* child = ZtFindChild(*m_Started.type, name);
+  if (child && child->fromAttribute) {
+    Offer(m_Started, name, value, nullptr);
+    return 0;
+  }
   zt_AttributeValuePair* pair = nullptr;
   if (!ZtFindAttribute(*m_Started.type, name)) {
     pair = ZtMakePair(SourceOf(*m_Started.type), name, value);
@@ -217,12 +222,9 @@ XMLElement* ZtSchemaDecoder::Make(const ZtElementType& type) {
 
 // A flag element, present under its own name. Its attributes are nobody's.
 XMLElement* ZtSchemaDecoder::MakeFlag(const char* name) {
-  auto* flag = ZtCreate<zt_empty_element_type>(SourceOf(zt_empty_element_type::kType));
-  if (flag) flag->setValue(name);
-  if (flag && flag->getValue()) return flag;
-  m_bFailed = true;
-  ZtRelease(flag);
-  return nullptr;
+  zt_empty_element_type* flag = ZtMakeFlag(SourceOf(zt_empty_element_type::kType), name);
+  if (!flag) m_bFailed = true;
+  return flag;
 }
 
 // Offers a child to an open element, if there is one.

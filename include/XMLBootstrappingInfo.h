@@ -1,0 +1,60 @@
+// What a bootstrapping server answers (3GPP TS 24.109).
+//
+// Elements own their texts, children and lists: setters copy texts, take objects and lists with
+// their entries, and free what they replace; null means absent. The add operations take one object
+// and return 1, or 0 when it is null or there is no memory. Texts are raw: callers escape them.
+#ifndef ZTXML_INCLUDE_XMLBOOTSTRAPPINGINFO_H
+#define ZTXML_INCLUDE_XMLBOOTSTRAPPINGINFO_H
+
+#include "XMLValueTypes.h"
+#include "ZtDocument.h"
+
+/// The root element "BootstrappingInfo".
+class ZT_API zt_bootstrappinginfo : public ZtTyped<zt_bootstrappinginfo, ZtObject> {
+ public:
+  static const ZtElementType kType;
+
+  /// The bootstrapping transaction identifier.
+  int setBtidValue(const char* text) { return m_Btid.Assign(text); }
+  const char* getBtidValue() const { return m_Btid.Get(); }
+
+  /// The date and time up to which it holds.
+  int setLifetimeValue(const char* text) { return m_Lifetime.Assign(text); }
+  const char* getLifetimeValue() const { return m_Lifetime.Get(); }
+
+ private:
+  friend struct BootstrappingInfoBinding;
+
+  ZtText m_Btid;
+  ZtText m_Lifetime;
+};
+
+/// Makes empty elements; each is the caller's until a parent takes it. Null without memory.
+class ZT_API BootstrappingInfoDataBinder : public XMLObjectFactory {
+ public:
+  XMLObject* CreateRootElement() override;
+};
+
+class BootstrappingInfoContext;
+
+/// Writes a zt_bootstrappinginfo. Besides Marshall, the steps that write one element each (1
+/// written, 0 failed), which only a running Marshall can use.
+class ZT_API BootstrappingInfoMarshaller
+    : public ZtDescribedBy<BootstrappingInfoContext, ZtMarshaller> {
+ public:
+  int AddBootstrappingInfoElementToXml(zt_bootstrappinginfo* info);
+  int AddBtidElementToXml(char* btid);
+  int AddLifetimeElementToXml(char* lifetime);
+};
+
+/// Reads a zt_bootstrappinginfo.
+class ZT_API BootstrappingInfoUnMarshaller
+    : public ZtDescribedBy<BootstrappingInfoContext, ZtUnMarshaller> {};
+
+/// The context of this document, XML_SCHEMA_BOOTSTRAPPING_INFO.
+class ZT_API BootstrappingInfoContext : public ZtDescribedBy<BootstrappingInfoContext, ZtContext> {
+ public:
+  static const ZtDocument kDocument;
+};
+
+#endif  // ZTXML_INCLUDE_XMLBOOTSTRAPPINGINFO_H

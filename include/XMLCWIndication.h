@@ -1,0 +1,96 @@
+// The 3GPP IMS body with an alternative service (3GPP TS 24.229).
+//
+// Elements own their texts, children and lists: setters copy texts, take objects and lists with
+// their entries, and free what they replace; null means absent. The add operations take one object
+// and return 1, or 0 when it is null or there is no memory. Texts are raw: callers escape them.
+#ifndef ZTXML_INCLUDE_XMLCWINDICATION_H
+#define ZTXML_INCLUDE_XMLCWINDICATION_H
+
+#include "XMLValueTypes.h"
+#include "ZtDocument.h"
+
+/// The element "alternative-service".
+class ZT_API zt_alternative_service : public ZtTyped<zt_alternative_service> {
+ public:
+  static const ZtElementType kType;
+
+  /// The kind of service, e.g. "emergency".
+  int setTypeValue(const char* text) { return m_Type.Assign(text); }
+  const char* getTypeValue() const { return m_Type.Get(); }
+
+  /// Why it is indicated.
+  int setReasonValue(const char* text) { return m_Reason.Assign(text); }
+  const char* getReasonValue() const { return m_Reason.Get(); }
+
+  /// What is to be done.
+  int setActionValue(const char* text) { return m_Action.Assign(text); }
+  const char* getActionValue() const { return m_Action.Get(); }
+
+ private:
+  friend struct CWIndicationBinding;
+
+  ZtText m_Type;
+  ZtText m_Reason;
+  ZtText m_Action;
+};
+
+/// The root element "ims-3gpp".
+class ZT_API zt_ims_3gpp : public ZtTyped<zt_ims_3gpp, ZtObject> {
+ public:
+  static const ZtElementType kType;
+
+  /// The attribute "version"; 0 when absent.
+  int setVersionValue(unsigned int value) {
+    m_Version = value;
+    return 1;
+  }
+  unsigned int getVersionValue() const { return m_Version; }
+
+  /// The service.
+  int setAlternativeServiceValue(zt_alternative_service* element) {
+    return m_AlternativeService.Set(element);
+  }
+  zt_alternative_service* getAlternativeServiceValue() const {
+    return static_cast<zt_alternative_service*>(m_AlternativeService.Get());
+  }
+
+  /// More about it.
+  int setServiceInfoValue(const char* text) { return m_ServiceInfo.Assign(text); }
+  const char* getServiceInfoValue() const { return m_ServiceInfo.Get(); }
+
+ private:
+  friend struct CWIndicationBinding;
+
+  unsigned m_Version = 0;
+  ZtChild m_AlternativeService;
+  ZtText m_ServiceInfo;
+};
+
+/// Makes empty elements; each is the caller's until a parent takes it. Null without memory.
+class ZT_API CWIndicationDataBinder : public XMLObjectFactory {
+ public:
+  XMLObject* CreateRootElement() override;
+  zt_alternative_service* CreateAlternativeServiceElement();
+};
+
+class CWIndicationContext;
+
+/// Writes a zt_ims_3gpp. Besides Marshall, the steps that write one element each (1 written, 0
+/// failed), which only a running Marshall can use.
+class ZT_API CWIndicationMarshaller : public ZtDescribedBy<CWIndicationContext, ZtMarshaller> {
+ public:
+  int AddIms3gppElementToXml(zt_ims_3gpp* ims);
+  int AddAlternativeServiceElementToXml(zt_alternative_service* service);
+};
+
+/// Reads a zt_ims_3gpp.
+class ZT_API CWIndicationUnMarshaller : public ZtDescribedBy<CWIndicationContext, ZtUnMarshaller> {
+};
+
+/// The context of this document, XML_SCHEMA_CW_INDICATION.
+class ZT_API CWIndicationContext : public ZtDescribedBy<CWIndicationContext, ZtContext> {
+ public:
+  static const ZtDocument kDocument;
+};
+
+#endif  // ZTXML_INCLUDE_XMLCWINDICATION_H

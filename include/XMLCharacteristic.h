@@ -1,0 +1,73 @@
+// The elements of provisioning documents (OMA client provisioning): parameters in groups that nest.
+//
+// Elements own their texts and lists: setters copy texts, take lists with their entries, and free
+// what they replace; null means absent. The add operations take one object and return 1, or 0 when
+// it is null or there is no memory.
+#ifndef ZTXML_INCLUDE_XMLCHARACTERISTIC_H
+#define ZTXML_INCLUDE_XMLCHARACTERISTIC_H
+
+#include "ZtElement.h"
+
+/// A "parm": one parameter.
+class ZT_API zt_parm : public ZtTyped<zt_parm> {
+ public:
+  static const ZtElementType kType;
+
+  /// The attribute "name".
+  int setParmName(const char* name) { return m_Name.Assign(name); }
+  const char* getParmName() const { return m_Name.Get(); }
+  /// The attribute "value".
+  int setParmValue(const char* value) { return m_Value.Assign(value); }
+  const char* getParmValue() const { return m_Value.Get(); }
+
+ private:
+  friend struct CharacteristicBinding;
+
+  ZtText m_Name;
+  ZtText m_Value;
+};
+
+/// A "characteristic": a group of parameters and of other groups.
+class ZT_API zt_characteristic : public ZtTyped<zt_characteristic> {
+ public:
+  static const ZtElementType kType;
+
+  /// The attribute "type", the group's name.
+  int setType(const char* type) { return m_Type.Assign(type); }
+  const char* getType() const { return m_Type.Get(); }
+  /// A list of zt_parm.
+  int setParmList(ZtSingleElementList* list) { return m_Parms.Set(list); }
+  ZtSingleElementList* getParamList() const { return m_Parms.Get(); }
+  int addParm(zt_parm* parm) { return m_Parms.Add(parm); }
+  /// A list of zt_characteristic.
+  int setCharacteristicList(ZtSingleElementList* list) { return m_Characteristics.Set(list); }
+  ZtSingleElementList* getCharacteristicList() const { return m_Characteristics.Get(); }
+  int addCharacteristic(zt_characteristic* group) { return m_Characteristics.Add(group); }
+
+ private:
+  friend struct CharacteristicBinding;
+
+  ZtText m_Type;
+  ZtChildList m_Parms;
+  ZtChildList m_Characteristics;
+};
+
+/// What the roots of provisioning documents have.
+class ZT_API ZtProvisioning : public ZtObject {
+ public:
+  /// The attribute "version".
+  int setVersion(const char* version) { return m_Version.Assign(version); }
+  const char* getVersion() const { return m_Version.Get(); }
+  /// A list of zt_characteristic.
+  int setCharacteristicList(ZtSingleElementList* list) { return m_Characteristics.Set(list); }
+  ZtSingleElementList* getCharacteristicList() const { return m_Characteristics.Get(); }
+  int addCharacteristic(zt_characteristic* group) { return m_Characteristics.Add(group); }
+
+ private:
+  friend struct CharacteristicBinding;
+
+  ZtText m_Version;
+  ZtChildList m_Characteristics;
+};
+
+#endif  // ZTXML_INCLUDE_XMLCHARACTERISTIC_H

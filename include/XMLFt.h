@@ -1,0 +1,109 @@
+// A file to be fetched over HTTP (the file-transfer description of the GSMA RCS services).
+//
+// Elements own their texts, children and lists: setters copy texts, take objects and lists with
+// their entries, and free what they replace; null means absent. The add operations take one object
+// and return 1, or 0 when it is null or there is no memory. Texts are raw: callers escape them.
+#ifndef ZTXML_INCLUDE_XMLFT_H
+#define ZTXML_INCLUDE_XMLFT_H
+
+#include "XMLValueTypes.h"
+#include "ZtDocument.h"
+
+/// A "data": where the file is.
+class ZT_API zt_ns_ft_data : public ZtTyped<zt_ns_ft_data> {
+ public:
+  static const ZtElementType kType;
+
+  /// The attribute "etag", the version of the file there.
+  int setEtagValue(const char* text) { return m_Etag.Assign(text); }
+  const char* getEtagValue() const { return m_Etag.Get(); }
+
+  /// The attribute "until", the date and time up to which it is there.
+  int setUntilValue(const char* text) { return m_Until.Assign(text); }
+  const char* getUntilValue() const { return m_Until.Get(); }
+
+  /// The attribute "url".
+  int setUrlValue(const char* text) { return m_Url.Assign(text); }
+  const char* getUrlValue() const { return m_Url.Get(); }
+
+ private:
+  friend struct FileBinding;
+
+  ZtText m_Etag;
+  ZtText m_Until;
+  ZtText m_Url;
+};
+
+/// A "file-info": the file or its thumbnail.
+class ZT_API zt_ns_ft_file_info : public ZtTyped<zt_ns_ft_file_info> {
+ public:
+  static const ZtElementType kType;
+
+  /// The attribute "type", e.g. "file".
+  int setTypeValue(const char* text) { return m_Type.Assign(text); }
+  const char* getTypeValue() const { return m_Type.Get(); }
+
+  /// Bytes; 0 when absent.
+  int setFileSizeValue(unsigned int value) {
+    m_FileSize = value;
+    return 1;
+  }
+  unsigned int getFileSizeValue() const { return m_FileSize; }
+
+  /// Where it is.
+  int setDataValue(zt_ns_ft_data* element) { return m_Data.Set(element); }
+  zt_ns_ft_data* getDataValue() const { return static_cast<zt_ns_ft_data*>(m_Data.Get()); }
+
+ private:
+  friend struct FileBinding;
+
+  ZtText m_Type;
+  unsigned m_FileSize = 0;
+  ZtChild m_Data;
+};
+
+/// The root element "file".
+class ZT_API zt_file : public ZtTyped<zt_file, ZtObject> {
+ public:
+  static const ZtElementType kType;
+
+  /// A list of zt_ns_ft_file_info.
+  int setFileInfoListValue(ZtSingleElementList* list) { return m_FileInfos.Set(list); }
+  ZtSingleElementList* getFileInfoListValue() const { return m_FileInfos.Get(); }
+  int addFileInfo(zt_ns_ft_file_info* element) { return m_FileInfos.Add(element); }
+
+ private:
+  friend struct FileBinding;
+
+  ZtChildList m_FileInfos;
+};
+
+/// Makes empty elements; each is the caller's until a parent takes it. Null without memory.
+class ZT_API FileDataBinder : public XMLObjectFactory {
+ public:
+  XMLObject* CreateRootElement() override;
+  zt_ns_ft_file_info* CreateFileInfoElement();
+  zt_ns_ft_data* CreateDataElement();
+};
+
+class FileContext;
+
+/// Writes a zt_file. Besides Marshall, the steps that write one element each (1 written, 0
+/// failed), which only a running Marshall can use.
+class ZT_API FileMarshaller : public ZtDescribedBy<FileContext, ZtMarshaller> {
+ public:
+  int AddFileElementToXml(zt_file* file);
+  int AddFileInfoElementToXml(zt_ns_ft_file_info* info);
+  int AddDataElementToXml(zt_ns_ft_data* data);
+};
+
+/// Reads a zt_file.
+class ZT_API FileUnMarshaller : public ZtDescribedBy<FileContext, ZtUnMarshaller> {};
+
+/// The context of this document, XML_SCHEMA_FILE.
+class ZT_API FileContext : public ZtDescribedBy<FileContext, ZtContext> {
+ public:
+  static const ZtDocument kDocument;
+};
+
+#endif  // ZTXML_INCLUDE_XMLFT_H

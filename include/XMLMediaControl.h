@@ -1,0 +1,96 @@
+// A command to the peer's video encoder (RFC 5168).
+//
+// Elements own their texts, children and lists: setters copy texts, take objects and lists with
+// their entries, and free what they replace; null means absent. The add operations take one object
+// and return 1, or 0 when it is null or there is no memory. Texts are raw: callers escape them.
+#ifndef ZTXML_INCLUDE_XMLMEDIACONTROL_H
+#define ZTXML_INCLUDE_XMLMEDIACONTROL_H
+
+#include "XMLValueTypes.h"
+#include "ZtDocument.h"
+
+/// The element "to_encoder".
+class ZT_API zt_to_encoder : public ZtTyped<zt_to_encoder> {
+ public:
+  static const ZtElementType kType;
+
+  /// The command "picture_fast_update": a full picture is to be sent. Null, or not present: none.
+  int setPictureFastUpdateValue(zt_empty_element_type* element) {
+    return m_PictureFastUpdate.Set(element);
+  }
+  zt_empty_element_type* getPictureFastUpdateValue() const {
+    return static_cast<zt_empty_element_type*>(m_PictureFastUpdate.Get());
+  }
+
+ private:
+  friend struct MediaControlBinding;
+
+  ZtChild m_PictureFastUpdate;
+};
+
+/// The element "vc_primitive".
+class ZT_API zt_vc_primitive : public ZtTyped<zt_vc_primitive> {
+ public:
+  static const ZtElementType kType;
+
+  /// A command to the encoder.
+  int setToEncoderValue(zt_to_encoder* element) { return m_ToEncoder.Set(element); }
+  zt_to_encoder* getToEncoderValue() const {
+    return static_cast<zt_to_encoder*>(m_ToEncoder.Get());
+  }
+
+ private:
+  friend struct MediaControlBinding;
+
+  ZtChild m_ToEncoder;
+};
+
+/// The root element "media_control".
+class ZT_API zt_media_control : public ZtTyped<zt_media_control, ZtObject> {
+ public:
+  static const ZtElementType kType;
+
+  /// A command.
+  int setVcPrimitiveValue(zt_vc_primitive* element) { return m_VcPrimitive.Set(element); }
+  zt_vc_primitive* getVcPrimitiveValue() const {
+    return static_cast<zt_vc_primitive*>(m_VcPrimitive.Get());
+  }
+
+ private:
+  friend struct MediaControlBinding;
+
+  ZtChild m_VcPrimitive;
+};
+
+/// Makes empty elements; each is the caller's until a parent takes it. Null without memory.
+class ZT_API MediaControlDataBinder : public XMLObjectFactory {
+ public:
+  XMLObject* CreateRootElement() override;
+  zt_vc_primitive* CreateVcPrimitiveElement();
+  zt_to_encoder* CreateToEncoderElement();
+  zt_empty_element_type* CreatePictureFastUpdateElement();
+};
+
+class MediaControlContext;
+
+/// Writes a zt_media_control. Besides Marshall, the steps that write one element each (1 written, 0
+/// failed), which only a running Marshall can use.
+class ZT_API MediaControlMarshaller : public ZtDescribedBy<MediaControlContext, ZtMarshaller> {
+ public:
+  int AddMediaControlElementToXml(zt_media_control* control);
+  int AddVcPrimitiveElementToXml(zt_vc_primitive* primitive);
+  int AddToEncoderElementToXml(zt_to_encoder* command);
+  int AddEmptyElementToXml(zt_empty_element_type* flag);
+};
+
+/// Reads a zt_media_control.
+class ZT_API MediaControlUnMarshaller : public ZtDescribedBy<MediaControlContext, ZtUnMarshaller> {
+};
+
+/// The context of this document, XML_SCHEMA_MEDIA_CONTROL.
+class ZT_API MediaControlContext : public ZtDescribedBy<MediaControlContext, ZtContext> {
+ public:
+  static const ZtDocument kDocument;
+};
+
+#endif  // ZTXML_INCLUDE_XMLMEDIACONTROL_H

@@ -1,0 +1,88 @@
+// Terms and conditions of an operator's services (GSMA RCS services).
+//
+// Elements own their texts, children and lists: setters copy texts, take objects and lists with
+// their entries, and free what they replace; null means absent. The add operations take one object
+// and return 1, or 0 when it is null or there is no memory. Texts are raw: callers escape them.
+#ifndef ZTXML_INCLUDE_XMLRCSTERMSINFO_H
+#define ZTXML_INCLUDE_XMLRCSTERMSINFO_H
+
+#include "XMLValueTypes.h"
+#include "ZtDocument.h"
+
+/// A "term": a document to be accepted.
+class ZT_API zt_ns_rcs_terms_info_term : public ZtTyped<zt_ns_rcs_terms_info_term> {
+ public:
+  static const ZtElementType kType;
+
+  /// Its title.
+  int setTitleValue(const char* text) { return m_Title.Assign(text); }
+  const char* getTitleValue() const { return m_Title.Get(); }
+
+  /// Where it is.
+  int setUrlValue(const char* text) { return m_Url.Assign(text); }
+  const char* getUrlValue() const { return m_Url.Get(); }
+
+ private:
+  friend struct RcsTermsInfoBinding;
+
+  ZtText m_Title;
+  ZtText m_Url;
+};
+
+/// The root element "rcs-terms-info".
+class ZT_API zt_rcs_terms_info : public ZtTyped<zt_rcs_terms_info, ZtObject> {
+ public:
+  static const ZtElementType kType;
+
+  /// The attribute "version"; 0 when absent.
+  int setVersionValue(unsigned int value) {
+    m_Version = value;
+    return 1;
+  }
+  unsigned int getVersionValue() const { return m_Version; }
+
+  /// The version of the terms.
+  int setTermsVersionValue(const char* text) { return m_TermsVersion.Assign(text); }
+  const char* getTermsVersionValue() const { return m_TermsVersion.Get(); }
+
+  /// A list of zt_ns_rcs_terms_info_term.
+  int setTermListValue(ZtSingleElementList* list) { return m_Terms.Set(list); }
+  ZtSingleElementList* getTermListValue() const { return m_Terms.Get(); }
+  int addTerm(zt_ns_rcs_terms_info_term* element) { return m_Terms.Add(element); }
+
+ private:
+  friend struct RcsTermsInfoBinding;
+
+  unsigned m_Version = 0;
+  ZtText m_TermsVersion;
+  ZtChildList m_Terms;
+};
+
+/// Makes empty elements; each is the caller's until a parent takes it. Null without memory.
+class ZT_API RcsTermsInfoDataBinder : public XMLObjectFactory {
+ public:
+  XMLObject* CreateRootElement() override;
+  zt_ns_rcs_terms_info_term* CreateTermElement();
+};
+
+class RcsTermsInfoContext;
+
+/// Writes a zt_rcs_terms_info. Besides Marshall, the steps that write one element each (1 written,
+/// 0 failed), which only a running Marshall can use.
+class ZT_API RcsTermsInfoMarshaller : public ZtDescribedBy<RcsTermsInfoContext, ZtMarshaller> {
+ public:
+  int AddRcsTermsInfoElementToXml(zt_rcs_terms_info* terms);
+  int AddTermElementToXml(zt_ns_rcs_terms_info_term* term);
+};
+
+/// Reads a zt_rcs_terms_info.
+class ZT_API RcsTermsInfoUnMarshaller : public ZtDescribedBy<RcsTermsInfoContext, ZtUnMarshaller> {
+};
+
+/// The context of this document, XML_SCHEMA_RCS_TERMS_INFO.
+class ZT_API RcsTermsInfoContext : public ZtDescribedBy<RcsTermsInfoContext, ZtContext> {
+ public:
+  static const ZtDocument kDocument;
+};
+
+#endif  // ZTXML_INCLUDE_XMLRCSTERMSINFO_H

@@ -1,0 +1,40 @@
+// A VoLTE configuration (OMA client provisioning), which is only read.
+#ifndef ZTXML_INCLUDE_XMLVOLTECONFIGINFO_H
+#define ZTXML_INCLUDE_XMLVOLTECONFIGINFO_H
+
+#include "XMLCharacteristic.h"
+#include "ZtDocument.h"
+
+/// The root element "volte-config-info", or "wap-provisioningdoc" with the same content.
+class ZT_API zt_volte_config_info : public ZtTyped<zt_volte_config_info, ZtProvisioning> {
+ public:
+  static const ZtElementType kType;
+};
+
+/// Makes empty elements; each is the caller's until a parent takes it. Null without memory.
+class ZT_API VolteConfigInfoDataBinder : public XMLObjectFactory {
+ public:
+  XMLObject* CreateRootElement() override;
+  zt_characteristic* CreateCharacteristic();
+  zt_parm* CreateParm();
+};
+
+class VolteConfigInfoContext;
+
+/// There is nothing to write: Marshall always returns null.
+class ZT_API VolteConfigInfoMarshall : public ZtDescribedBy<VolteConfigInfoContext, ZtMarshaller> {
+ public:
+  char* Marshall(XMLElement* root) override;
+};
+
+/// Reads a zt_volte_config_info.
+class ZT_API VolteConfigInfoUnMarshaller
+    : public ZtDescribedBy<VolteConfigInfoContext, ZtUnMarshaller> {};
+
+/// The context of this document, XML_SCHEMA_VOLTE_CONFIG_INFO.
+class ZT_API VolteConfigInfoContext : public ZtDescribedBy<VolteConfigInfoContext, ZtContext> {
+ public:
+  static const ZtDocument kDocument;
+};
+
+#endif  // ZTXML_INCLUDE_XMLVOLTECONFIGINFO_H

@@ -1,0 +1,42 @@
+// A provisioning document (OMA client provisioning), which is only read.
+#ifndef ZTXML_INCLUDE_XMLWAPPROVISIONINGDOC_H
+#define ZTXML_INCLUDE_XMLWAPPROVISIONINGDOC_H
+
+#include "XMLCharacteristic.h"
+#include "ZtDocument.h"
+
+/// The root element "wap-provisioningdoc".
+class ZT_API zt_wap_provisioning_doc : public ZtTyped<zt_wap_provisioning_doc, ZtProvisioning> {
+ public:
+  static const ZtElementType kType;
+};
+
+/// Makes empty elements; each is the caller's until a parent takes it. Null without memory.
+class ZT_API WapProvisioningDocDataBinder : public XMLObjectFactory {
+ public:
+  XMLObject* CreateRootElement() override;
+  zt_characteristic* CreateCharacteristic();
+  zt_parm* CreateParm();
+};
+
+class WapProvisioningDocContext;
+
+/// There is nothing to write: Marshall always returns null.
+class ZT_API WapProvisioningDocMarshall
+    : public ZtDescribedBy<WapProvisioningDocContext, ZtMarshaller> {
+ public:
+  char* Marshall(XMLElement* root) override;
+};
+
+/// Reads a zt_wap_provisioning_doc.
+class ZT_API WapProvisioningDocUnMarshaller
+    : public ZtDescribedBy<WapProvisioningDocContext, ZtUnMarshaller> {};
+
+/// The context of this document, XML_SCHEMA_WAP_PROVISIONING_DOC.
+class ZT_API WapProvisioningDocContext
+    : public ZtDescribedBy<WapProvisioningDocContext, ZtContext> {
+ public:
+  static const ZtDocument kDocument;
+};
+
+#endif  // ZTXML_INCLUDE_XMLWAPPROVISIONINGDOC_H

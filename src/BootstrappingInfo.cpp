@@ -1,0 +1,18 @@
+#include "BootstrappingInfo.h"
+
+#include "XMLBootstrappingInfo.h"
+#include "binding/ZtGrammar.h"
+
+namespace {
+
+constexpr ZtGrammarRow kRows[] = {
+    {XML_STR_BOOTSTRAPPING_INFO, ZtElementKind::kRoot, &zt_bootstrappinginfo::kType},
+};
+constexpr ZtGrammar kGrammar(
+    "XMLBootstrappingInfoDecoder", "src/BootstrappingInfo",
+    "XMLBootstrappingInfoDecoder :: XMLRemoveNameSpaceTag: Malloc unable to allocate memory",
+    ZtPrefixRule::kStrip, kRows);
+
+}  // namespace
+
+XMLBootstrappingInfoDecoder::XMLBootstrappingInfoDecoder() : ZtSchemaDecoder(kGrammar) {}

@@ -1,0 +1,72 @@
+#include "XMLBootstrappingInfo.h"
+
+#include "BootstrappingInfo.h"
+#include "base/ZtLog.h"
+#include "binding/ZtDocumentTable.h"
+#include "binding/ZtElementWriter.h"
+
+namespace {
+
+constexpr char kSource[] = "src/XMLBootstrappingInfo";
+constexpr ZtFamily kFamily = ZtPlainFamily(kSource);
+}  // namespace
+
+// ---- Types --------------------------------------------------------------------------------------
+
+struct BootstrappingInfoBinding {
+  static constexpr ZtField kBtid =
+      ztrow::TextElement(XML_STR_BTID, &zt_bootstrappinginfo::m_Btid)
+          .Writer("AddBtidElementToXml")
+          .Note("<XML Module>: BootstrappingInfoElement btid not present", kZtLogOptional);
+  static constexpr ZtField kLifetime =
+      ztrow::TextElement(XML_STR_LIFETIME, &zt_bootstrappinginfo::m_Lifetime)
+          .Writer("AddLifetimeElementToXml")
+          .Note("<XML Module>: BootstrappingInfoElement lifetime not present", kZtLogOptional);
+  static constexpr ZtField kInfo[] = {kBtid, kLifetime};
+  static constexpr ZtFixedAttribute kNamespace[] = {{XML_STR_URI_3GPP_GBA, XML_STR_ZT_NULL}};
+};
+
+const ZtElementType zt_bootstrappinginfo::kType =
+    ZtTypeOf<zt_bootstrappinginfo>("zt_bootstrappinginfo", "BootstrappingInfo", kFamily)
+        .Fields(BootstrappingInfoBinding::kInfo)
+        .Writer(XML_STR_BOOTSTRAPPING_INFO, "AddBootstrappingInfoElementToXml")
+        .Declares(BootstrappingInfoBinding::kNamespace)
+        .Root();
+
+// ---- Workers ------------------------------------------------------------------------------------
+
+XMLObject* BootstrappingInfoDataBinder::CreateRootElement() {
+  return ZtCreate<zt_bootstrappinginfo>(kSource);
+}
+
+int BootstrappingInfoMarshaller::AddBootstrappingInfoElementToXml(zt_bootstrappinginfo* info) {
+  return Write(info, zt_bootstrappinginfo::kType);
+}
+int BootstrappingInfoMarshaller::AddBtidElementToXml(char* btid) {
+  return Writer().WriteText(BootstrappingInfoBinding::kBtid, btid);
+}
+int BootstrappingInfoMarshaller::AddLifetimeElementToXml(char* lifetime) {
+  return Writer().WriteText(BootstrappingInfoBinding::kLifetime, lifetime);
+}
+
+namespace {
+constexpr const ZtElementType* kWritables[] = {&zt_bootstrappinginfo::kType, nullptr};
+constexpr ZtDocumentLines Lines() {
+  ZtDocumentLines lines;
+  lines.nullRoot = "<XML Module>: BootstrappingInfoMarshaller pObj is NULL";
+  return lines;
+}
+}  // namespace
+
+const ZtDocument BootstrappingInfoContext::kDocument =
+    ZtDocumentOf<BootstrappingInfoContext, XMLBootstrappingInfoDecoder,
+                 BootstrappingInfoUnMarshaller, BootstrappingInfoMarshaller,
+                 BootstrappingInfoDataBinder>({XML_SCHEMA_BOOTSTRAPPING_INFO,
+                                               "BootstrappingInfo",
+                                               {"BootstrappingInfo", nullptr},
+                                               "uri:3gpp-gba",
+                                               true},
+                                              kSource)
+        .Reads("BootstrappingInfoUnMarshaller")
+        .Writes(kWritables, "BootstrappingInfoMarshaller", "mBootstrappingInfoXml")
+        .Lines(Lines());

@@ -1,0 +1,62 @@
+#include "XMLCWIndication.h"
+
+#include "CWIndication.h"
+#include "binding/ZtDocumentTable.h"
+
+namespace {
+
+constexpr char kSource[] = "src/XMLCWIndication";
+constexpr ZtFamily kFamily = ZtPlainFamily(kSource);
+}  // namespace
+
+// ---- Types --------------------------------------------------------------------------------------
+
+struct CWIndicationBinding {
+  static constexpr ZtField kService[] = {
+      ztrow::TextElement(XML_STR_TYPE, &zt_alternative_service::m_Type),
+      ztrow::TextElement(XML_STR_REASON, &zt_alternative_service::m_Reason),
+      ztrow::TextElement(XML_STR_ACTION, &zt_alternative_service::m_Action),
+  };
+  static constexpr ZtField kIms[] = {
+      ztrow::Attribute(XML_STR_VERSION, &zt_ims_3gpp::m_Version),
+      ztrow::Child(XML_STR_ALTERNATIVE_SERVICE, &zt_ims_3gpp::m_AlternativeService,
+                   zt_alternative_service::kType),
+      ztrow::TextElement(XML_STR_SERVICE_INFO, &zt_ims_3gpp::m_ServiceInfo),
+  };
+};
+
+const ZtElementType zt_alternative_service::kType =
+    ZtTypeOf<zt_alternative_service>("zt_alternative_service", "alternative-service", kFamily)
+        .Fields(CWIndicationBinding::kService)
+        .Writer(XML_STR_ALTERNATIVE_SERVICE, "AddAlternativeServiceElementToXml");
+
+const ZtElementType zt_ims_3gpp::kType = ZtTypeOf<zt_ims_3gpp>("zt_ims_3gpp", "ims-3gpp", kFamily)
+                                             .Fields(CWIndicationBinding::kIms)
+                                             .Writer(XML_STR_IMS_3GPP, "AddIms3gppElementToXml")
+                                             .Root();
+
+// ---- Workers ------------------------------------------------------------------------------------
+
+XMLObject* CWIndicationDataBinder::CreateRootElement() { return ZtCreate<zt_ims_3gpp>(kSource); }
+zt_alternative_service* CWIndicationDataBinder::CreateAlternativeServiceElement() {
+  return ZtCreate<zt_alternative_service>(kSource);
+}
+
+int CWIndicationMarshaller::AddIms3gppElementToXml(zt_ims_3gpp* ims) {
+  return Write(ims, zt_ims_3gpp::kType);
+}
+int CWIndicationMarshaller::AddAlternativeServiceElementToXml(zt_alternative_service* service) {
+  return Write(service, zt_alternative_service::kType);
+}
+
+namespace {
+constexpr const ZtElementType* kWritables[] = {&zt_ims_3gpp::kType, nullptr};
+}  // namespace
+
+const ZtDocument CWIndicationContext::kDocument =
+    ZtDocumentOf<CWIndicationContext, XMLCWIndicationDecoder, CWIndicationUnMarshaller,
+                 CWIndicationMarshaller, CWIndicationDataBinder>(
+        {XML_SCHEMA_CW_INDICATION, "CWIndication", {"ims-3gpp", nullptr}, nullptr, true}, kSource)
+        .Reads("CWIndicationUnMarshaller")
+        // Intended: log readers know this marshaller by the name of the call-waiting indication's.
+        .Writes(kWritables, "CallWaitingIndicationMarshaller", "mCallWaitingIndicationXml");

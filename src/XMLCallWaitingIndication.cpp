@@ -1,0 +1,99 @@
+#include "XMLCallWaitingIndication.h"
+
+#include "CallWaitingIndication.h"
+#include "binding/ZtDocumentTable.h"
+
+namespace {
+
+constexpr char kSource[] = "src/XMLCallWaitingIndication";
+constexpr ZtFamily kFamily = ZtPlainFamily(kSource);
+
+constexpr ZtFlag kFlagText = {
+    "%s::AddCallWaitingIndicationElementToXml: Received empty present false"};
+constexpr ZtElementType kFlag =
+    ZtFlagOf(kFamily, "AddCallWaitingIndicationElementToXml", kFlagText);
+
+}  // namespace
+
+// ---- Types --------------------------------------------------------------------------------------
+
+struct CallWaitingIndicationBinding {
+  static constexpr ZtField kAction[] = {
+      ztrow::Child(XML_STR_CALL_WAITING_INDICATION,
+                   &zt_ns_call_waiting_indication_action::m_CallWaitingIndication, kFlag),
+  };
+  static constexpr ZtField kService[] = {
+      ztrow::Child(XML_STR_ACTION, &zt_ns_call_waiting_indication_alternative_service::m_Action,
+                   zt_ns_call_waiting_indication_action::kType),
+  };
+  static constexpr ZtField kIms[] = {
+      ztrow::Attribute(XML_STR_VERSION, &zt_3gpp_ims::m_Version),
+      ztrow::Child(XML_STR_ALTERNATIVE_SERVICE, &zt_3gpp_ims::m_AlternativeService,
+                   zt_ns_call_waiting_indication_alternative_service::kType),
+  };
+};
+
+const ZtElementType zt_ns_call_waiting_indication_action::kType =
+    ZtTypeOf<zt_ns_call_waiting_indication_action>("zt_ns_call_waiting_indication_action", "action",
+                                                   kFamily)
+        .Fields(CallWaitingIndicationBinding::kAction)
+        .Writer(XML_STR_ACTION, "AddActionElementToXml");
+
+const ZtElementType zt_ns_call_waiting_indication_alternative_service::kType =
+    ZtTypeOf<zt_ns_call_waiting_indication_alternative_service>(
+        "zt_ns_call_waiting_indication_alternative_service", "alternative-service", kFamily)
+        .Fields(CallWaitingIndicationBinding::kService)
+        .Writer(XML_STR_ALTERNATIVE_SERVICE, "AddAlternativeServiceElementToXml");
+
+const ZtElementType zt_3gpp_ims::kType = ZtTypeOf<zt_3gpp_ims>("zt_3gpp_ims", "3gpp-ims", kFamily)
+                                             .Fields(CallWaitingIndicationBinding::kIms)
+                                             .Writer(XML_STR_3GPP_IMS, "Add3gppImsElementToXml")
+                                             .Root();
+
+// ---- Workers ------------------------------------------------------------------------------------
+
+XMLObject* CallWaitingIndicationDataBinder::CreateRootElement() {
+  return ZtCreate<zt_3gpp_ims>(kSource);
+}
+zt_ns_call_waiting_indication_alternative_service*
+CallWaitingIndicationDataBinder::CreateAlternativeServiceElement() {
+  return ZtCreate<zt_ns_call_waiting_indication_alternative_service>(kSource);
+}
+zt_ns_call_waiting_indication_action* CallWaitingIndicationDataBinder::CreateActionElement() {
+  return ZtCreate<zt_ns_call_waiting_indication_action>(kSource);
+}
+zt_empty_element_type* CallWaitingIndicationDataBinder::CreateCallWaitingIndicationElement() {
+  return ZtMakeFlag(kSource, ZtName(XML_STR_CALL_WAITING_INDICATION));
+}
+
+int CallWaitingIndicationMarshaller::Add3gppImsElementToXml(zt_3gpp_ims* ims) {
+  return Write(ims, zt_3gpp_ims::kType);
+}
+int CallWaitingIndicationMarshaller::AddAlternativeServiceElementToXml(
+    zt_ns_call_waiting_indication_alternative_service* service) {
+  return Write(service, zt_ns_call_waiting_indication_alternative_service::kType);
+}
+int CallWaitingIndicationMarshaller::AddActionElementToXml(
+    zt_ns_call_waiting_indication_action* action) {
+  return Write(action, zt_ns_call_waiting_indication_action::kType);
+}
+int CallWaitingIndicationMarshaller::AddCallWaitingIndicationElementToXml(
+    zt_empty_element_type* flag) {
+  return Write(flag, kFlag);
+}
+
+namespace {
+constexpr const ZtElementType* kWritables[] = {&zt_3gpp_ims::kType, nullptr};
+}  // namespace
+
+const ZtDocument CallWaitingIndicationContext::kDocument =
+    ZtDocumentOf<CallWaitingIndicationContext, XMLCallWaitingIndicationDecoder,
+                 CallWaitingIndicationUnMarshaller, CallWaitingIndicationMarshaller,
+                 CallWaitingIndicationDataBinder>({XML_SCHEMA_CALL_WAITING_INDICATION,
+                                                   "CallWaitingIndication",
+                                                   {"3gpp-ims", nullptr},
+                                                   nullptr,
+                                                   true},
+                                                  kSource)
+        .Reads("CallWaitingIndicationUnMarshaller")
+        .Writes(kWritables, "CallWaitingIndicationMarshaller", "mCallWaitingIndicationXml");

@@ -1,0 +1,87 @@
+#include "XMLMediaControl.h"
+
+#include "MediaControl.h"
+#include "binding/ZtDocumentTable.h"
+
+namespace {
+
+constexpr char kSource[] = "src/XMLMediaControl";
+constexpr ZtFamily kFamily = ZtPlainFamily(kSource);
+
+constexpr ZtFlag kFlagText = {"%s::AddEmptyElementToXml: Received empty present false",
+                              "%s::AddEmptyElementToXml: Received empty element is NULL"};
+constexpr ZtElementType kFlag = ZtFlagOf(kFamily, "AddEmptyElementToXml", kFlagText);
+
+}  // namespace
+
+// ---- Types --------------------------------------------------------------------------------------
+
+struct MediaControlBinding {
+  // Intended: a flag that is not present leaves its element empty and fails nothing.
+  static constexpr ZtField kToEncoder[] = {
+      ztrow::Child(XML_STR_PICTURE_FAST_UPDATE, &zt_to_encoder::m_PictureFastUpdate, kFlag)
+          .Lenient(),
+  };
+  static constexpr ZtField kVcPrimitive[] = {
+      ztrow::Child(XML_STR_TO_ENCODER, &zt_vc_primitive::m_ToEncoder, zt_to_encoder::kType),
+  };
+  static constexpr ZtField kMediaControl[] = {
+      ztrow::Child(XML_STR_VC_PRIMITIVE, &zt_media_control::m_VcPrimitive, zt_vc_primitive::kType),
+  };
+};
+
+const ZtElementType zt_to_encoder::kType =
+    ZtTypeOf<zt_to_encoder>("zt_to_encoder", "to_encoder", kFamily)
+        .Fields(MediaControlBinding::kToEncoder)
+        .Writer(XML_STR_TO_ENCODER, "AddToEncoderElementToXml");
+
+const ZtElementType zt_vc_primitive::kType =
+    ZtTypeOf<zt_vc_primitive>("zt_vc_primitive", "vc_primitive", kFamily)
+        .Fields(MediaControlBinding::kVcPrimitive)
+        .Writer(XML_STR_VC_PRIMITIVE, "AddVcPrimitiveElementToXml");
+
+const ZtElementType zt_media_control::kType =
+    ZtTypeOf<zt_media_control>("zt_media_control", "media_control", kFamily)
+        .Fields(MediaControlBinding::kMediaControl)
+        .Writer(XML_STR_MEDIA_CONTROL, "AddMediaControlElementToXml")
+        .Root();
+
+// ---- Workers ------------------------------------------------------------------------------------
+
+XMLObject* MediaControlDataBinder::CreateRootElement() {
+  return ZtCreate<zt_media_control>(kSource);
+}
+zt_vc_primitive* MediaControlDataBinder::CreateVcPrimitiveElement() {
+  return ZtCreate<zt_vc_primitive>(kSource);
+}
+zt_to_encoder* MediaControlDataBinder::CreateToEncoderElement() {
+  return ZtCreate<zt_to_encoder>(kSource);
+}
+zt_empty_element_type* MediaControlDataBinder::CreatePictureFastUpdateElement() {
+  return ZtMakeFlag(kSource, ZtName(XML_STR_PICTURE_FAST_UPDATE));
+}
+
+int MediaControlMarshaller::AddMediaControlElementToXml(zt_media_control* control) {
+  return Write(control, zt_media_control::kType);
+}
+int MediaControlMarshaller::AddVcPrimitiveElementToXml(zt_vc_primitive* primitive) {
+  return Write(primitive, zt_vc_primitive::kType);
+}
+int MediaControlMarshaller::AddToEncoderElementToXml(zt_to_encoder* command) {
+  return Write(command, zt_to_encoder::kType);
+}
+int MediaControlMarshaller::AddEmptyElementToXml(zt_empty_element_type* flag) {
+  return Write(flag, kFlag);
+}
+
+namespace {
+constexpr const ZtElementType* kWritables[] = {&zt_media_control::kType, nullptr};
+}  // namespace
+
+const ZtDocument MediaControlContext::kDocument =
+    ZtDocumentOf<MediaControlContext, XMLMediaControlDecoder, MediaControlUnMarshaller,
+                 MediaControlMarshaller, MediaControlDataBinder>(
+        {XML_SCHEMA_MEDIA_CONTROL, "MediaControl", {"media_control", nullptr}, nullptr, true},
+        kSource)
+        .Reads("MediaControlUnMarshaller")
+        .Writes(kWritables, "MediaControlMarshaller", "mMediaControlXml");

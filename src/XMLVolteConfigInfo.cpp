@@ -1,0 +1,37 @@
+#include "XMLVolteConfigInfo.h"
+
+#include "CharacteristicBinding.h"
+#include "VolteConfigInfo.h"
+
+namespace {
+constexpr char kSource[] = "src/XMLVolteConfigInfo";
+constexpr ZtFamily kFamily = ZtQuietFamily(kSource);
+constexpr const ZtElementType* kWritables[] = {nullptr};
+}  // namespace
+
+const ZtElementType zt_volte_config_info::kType =
+    ZtTypeOf<zt_volte_config_info>("zt_volte_config_info", "volte-config-info", kFamily)
+        .Fields(CharacteristicBinding::kRoot)
+        .Root();
+
+XMLObject* VolteConfigInfoDataBinder::CreateRootElement() {
+  return ZtCreate<zt_volte_config_info>(kSource);
+}
+zt_characteristic* VolteConfigInfoDataBinder::CreateCharacteristic() {
+  return ZtCreate<zt_characteristic>(kSource);
+}
+zt_parm* VolteConfigInfoDataBinder::CreateParm() { return ZtCreate<zt_parm>(kSource); }
+
+char* VolteConfigInfoMarshall::Marshall(XMLElement*) { return nullptr; }
+
+const ZtDocument VolteConfigInfoContext::kDocument =
+    ZtDocumentOf<VolteConfigInfoContext, XMLVolteConfigInfoDecoder, VolteConfigInfoUnMarshaller,
+                 VolteConfigInfoMarshall, VolteConfigInfoDataBinder>(
+        {XML_SCHEMA_VOLTE_CONFIG_INFO,
+         "VolteConfigInfo",
+         {"volte-config-info", "wap-provisioningdoc"},
+         nullptr,
+         false},
+        kSource)
+        .Reads("VolteConfigInfoUnMarshaller")
+        .Writes(kWritables, "VolteConfigInfoMarshall", "mVolteConfigInfoXml");

@@ -1,0 +1,37 @@
+#include "XMLWapProvisioningDoc.h"
+
+#include "CharacteristicBinding.h"
+#include "WapProvisioningDoc.h"
+
+namespace {
+constexpr char kSource[] = "src/XMLWapProvisioningDoc";
+constexpr ZtFamily kFamily = ZtQuietFamily(kSource);
+constexpr const ZtElementType* kWritables[] = {nullptr};
+}  // namespace
+
+const ZtElementType zt_wap_provisioning_doc::kType =
+    ZtTypeOf<zt_wap_provisioning_doc>("zt_wap_provisioning_doc", "wap-provisioningdoc", kFamily)
+        .Fields(CharacteristicBinding::kRoot)
+        .Root();
+
+XMLObject* WapProvisioningDocDataBinder::CreateRootElement() {
+  return ZtCreate<zt_wap_provisioning_doc>(kSource);
+}
+zt_characteristic* WapProvisioningDocDataBinder::CreateCharacteristic() {
+  return ZtCreate<zt_characteristic>(kSource);
+}
+zt_parm* WapProvisioningDocDataBinder::CreateParm() { return ZtCreate<zt_parm>(kSource); }
+
+char* WapProvisioningDocMarshall::Marshall(XMLElement*) { return nullptr; }
+
+const ZtDocument WapProvisioningDocContext::kDocument =
+    ZtDocumentOf<WapProvisioningDocContext, XMLWapProvisioningDocDecoder,
+                 WapProvisioningDocUnMarshaller, WapProvisioningDocMarshall,
+                 WapProvisioningDocDataBinder>({XML_SCHEMA_WAP_PROVISIONING_DOC,
+                                                "WapProvisioningDoc",
+                                                {"wap-provisioningdoc", nullptr},
+                                                nullptr,
+                                                false},
+                                               kSource)
+        .Reads("WapProvisioningDocUnMarshaller")
+        .Writes(kWritables, "WapProvisioningDocMarshall", "mWapProvisioningDocXml");
