@@ -95,6 +95,22 @@ std::string DeclaringServices(std::size_t count) {
                "<communication-waiting xmlns:x='urn:x' active='true'/>", "</simservs>");
 }
 
+std::string Words(std::size_t size) {
+  return "<conference-info entity='e'><conference-description><keywords>" +
+         Repeated("word ", size) + "</keywords></conference-description></conference-info>";
+}
+std::string Users(std::size_t count) {
+  return Times(count, "<conference-info entity='e'><users>",
+               "<user entity='sip:a@example.com' state='full'><display-text>A</display-text>"
+               "<endpoint><media id='1'><type>audio</type></media></endpoint></user>",
+               "</users></conference-info>");
+}
+std::string Tuples(std::size_t count) {
+  return Times(count, "<presence entity='e'>",
+               "<tuple id='t'><status><basic>open</basic></status><contact>c</contact></tuple>",
+               "</presence>");
+}
+
 // A prefix as long as all the elements that do not use it.
 std::string LongPrefix(std::size_t size) {
   return "<simservs xmlns:" + Repeated("p", size / 2) +
@@ -170,6 +186,9 @@ const Shape kShapes[] = {
     {"prefix_longer_than_services", LongPrefix, RoundTrip<XML_SCHEMA_SIMSERVS>, 0},
     {"prefix_longer_than_flags", LongPrefixOfFlags, RoundTrip<XML_SCHEMA_COMMUNICATION_DIVERSION>,
      0},
+    {"words_of_a_text", Words, RoundTrip<XML_SCHEMA_CONFERENCE_INFO>, 0},
+    {"users_of_a_conference", Users, RoundTrip<XML_SCHEMA_CONFERENCE_INFO>, 0, 100, 10000},
+    {"tuples_of_a_presence", Tuples, RoundTrip<XML_SCHEMA_PRESENCE>, 0, 100, 10000},
     {"rules_in_a_rule_set", Rules, RoundTrip<XML_SCHEMA_COMMUNICATION_DIVERSION>, 0, 100, 10000},
     {"identities_in_a_condition", Identities, RoundTrip<XML_SCHEMA_COMMUNICATION_DIVERSION>, 0, 100,
      10000},

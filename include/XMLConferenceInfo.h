@@ -7,7 +7,7 @@
 #include "ZtDocument.h"
 
 /// The element "keywords".
-class ZT_API zt_keywords_type : public ZtTyped<zt_keywords_type> {
+class ZT_API zt_keywords_type : public ZtTyped<zt_keywords_type, ZtExtensible<>> {
  public:
   static const ZtElementType kType;
 
@@ -342,12 +342,14 @@ class ZT_API Conference_infoMarshall : public ZtDescribedBy<ConferenceInfoContex
   int AddIUsersElementToXml(zt_users_type* users);
   int AddUserElementToXml(zt_user_type* user);
   int AddEndPointElementToXml(zt_endpoint_type* endpoint);
-  int AddExecutionTypeElementToXml(zt_execution_type* execution, e_XmlStrRef name);
+  /// The children only: the element around them is the parent's.
+  int AddExecutionTypeElementToXml(zt_execution_type* execution);
   int AddMediaElementToXml(zt_media_type* media);
   int AddSipElementToXml(zt_sip_dialog_id_type* sip);
   int AddUrisTypeElementToXml(zt_uris_type* uris, e_XmlStrRef name);
   int AddUriTypeElementToXml(zt_uri_type* uri);
   int AddConferenceMediaTypeElementToXml(zt_conference_media_type* media);
+  /// The children only, like AddExecutionTypeElementToXml.
   int AddConferenceMediumTypeElementToXml(zt_conference_medium_type* medium);
 };
 

@@ -141,7 +141,7 @@ class ZT_API zt_uris_type : public ZtTyped<zt_uris_type, ZtExtensible<>> {
 };
 
 /// The element "languages", language tags as in RFC 5646.
-class ZT_API zt_user_languages_type : public ZtTyped<zt_user_languages_type> {
+class ZT_API zt_user_languages_type : public ZtTyped<zt_user_languages_type, ZtExtensible<>> {
  public:
   static const ZtElementType kType;
 
@@ -158,7 +158,7 @@ class ZT_API zt_user_languages_type : public ZtTyped<zt_user_languages_type> {
 };
 
 /// The element "roles".
-class ZT_API zt_user_roles_type : public ZtTyped<zt_user_roles_type> {
+class ZT_API zt_user_roles_type : public ZtTyped<zt_user_roles_type, ZtExtensible<>> {
  public:
   static const ZtElementType kType;
 

@@ -7,7 +7,7 @@
 
 /// The root element "isComposing". Texts are copied and raw: what they hold of markup must be
 /// escaped already; null means absent.
-class ZT_API zt_isComposing : public ZtTyped<zt_isComposing, ZtObject> {
+class ZT_API zt_isComposing : public ZtTyped<zt_isComposing, ZtKeepsElements<ZtObject>> {
  public:
   static const ZtElementType kType;
 
@@ -27,12 +27,6 @@ class ZT_API zt_isComposing : public ZtTyped<zt_isComposing, ZtObject> {
   }
   unsigned int getRefreshValue() const { return m_Refresh; }
 
-  /// Unknown child elements (taken), which are never written.
-  int setAnyElementValue(ZtSingleElementList* list) { return m_AnyElements.Set(list); }
-  ZtSingleElementList* getAnyElementValue() const { return m_AnyElements.Get(); }
-  /// Takes `element`; 0 when it is null or there is no memory.
-  int addAnyElement(XMLElement* element) { return m_AnyElements.Add(element); }
-
  private:
   friend struct IsComposingBinding;
 
@@ -40,7 +34,6 @@ class ZT_API zt_isComposing : public ZtTyped<zt_isComposing, ZtObject> {
   ZtText m_Lastactive;
   ZtText m_Contenttype;
   unsigned m_Refresh = 0;
-  ZtChildList m_AnyElements;
 };
 
 /// Makes empty objects; each is the caller's. Null without memory.

@@ -41,7 +41,7 @@ class ZT_API zt_contact : public ZtTyped<zt_contact, ZtKeepsElements<>> {
   /// The preference of the contact, "0" to "1" (copied); null means absent.
   int setPriorityValue(const char* priority) { return m_Priority.Assign(priority); }
   const char* getPriorityValue() const { return m_Priority.Get(); }
-  /// The contact's URI, the element's text (copied).
+  /// The contact's URI, the element's text (copied). Null is written as one blank.
   int setUriValue(const char* uri) { return m_Uri.Assign(uri); }
   const char* getUriValue() const { return m_Uri.Get(); }
 

@@ -1,8 +1,9 @@
 // Members of schema types that own what they hold and free it themselves.
 //
 // What an element takes must be on the heap and recorded in the memory log under tag 14: objects
-// come from a schema's object factory, lists from zt_xml_common_methods::CreateElementList. Nothing
-// may be given to two owners, or twice to one list.
+// come from a schema's object factory; texts, attributes and lists from zt_xml_common_methods
+// (CreateString, CreateAttribute, CreateElementList). Nothing may be given to two owners, or twice
+// to one list.
 #ifndef ZTXML_INCLUDE_ZTHOLDERS_H
 #define ZTXML_INCLUDE_ZTHOLDERS_H
 

@@ -50,7 +50,6 @@ int BootstrappingInfoMarshaller::AddLifetimeElementToXml(char* lifetime) {
 }
 
 namespace {
-constexpr const ZtElementType* kWritables[] = {&zt_bootstrappinginfo::kType, nullptr};
 constexpr ZtDocumentLines Lines() {
   ZtDocumentLines lines;
   lines.nullRoot = "<XML Module>: BootstrappingInfoMarshaller pObj is NULL";
@@ -68,5 +67,6 @@ const ZtDocument BootstrappingInfoContext::kDocument =
                                                true},
                                               kSource)
         .Reads("BootstrappingInfoUnMarshaller")
-        .Writes(kWritables, "BootstrappingInfoMarshaller", "mBootstrappingInfoXml")
+        .Writes(kZtRoots<zt_bootstrappinginfo>, "BootstrappingInfoMarshaller",
+                "mBootstrappingInfoXml")
         .Lines(Lines());

@@ -49,14 +49,11 @@ int CWIndicationMarshaller::AddAlternativeServiceElementToXml(zt_alternative_ser
   return Write(service, zt_alternative_service::kType);
 }
 
-namespace {
-constexpr const ZtElementType* kWritables[] = {&zt_ims_3gpp::kType, nullptr};
-}  // namespace
-
 const ZtDocument CWIndicationContext::kDocument =
     ZtDocumentOf<CWIndicationContext, XMLCWIndicationDecoder, CWIndicationUnMarshaller,
                  CWIndicationMarshaller, CWIndicationDataBinder>(
         {XML_SCHEMA_CW_INDICATION, "CWIndication", {"ims-3gpp", nullptr}, nullptr, true}, kSource)
         .Reads("CWIndicationUnMarshaller")
         // Intended: log readers know this marshaller by the name of the call-waiting indication's.
-        .Writes(kWritables, "CallWaitingIndicationMarshaller", "mCallWaitingIndicationXml");
+        .Writes(kZtRoots<zt_ims_3gpp>, "CallWaitingIndicationMarshaller",
+                "mCallWaitingIndicationXml");

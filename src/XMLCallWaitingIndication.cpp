@@ -82,10 +82,6 @@ int CallWaitingIndicationMarshaller::AddCallWaitingIndicationElementToXml(
   return Write(flag, kFlag);
 }
 
-namespace {
-constexpr const ZtElementType* kWritables[] = {&zt_3gpp_ims::kType, nullptr};
-}  // namespace
-
 const ZtDocument CallWaitingIndicationContext::kDocument =
     ZtDocumentOf<CallWaitingIndicationContext, XMLCallWaitingIndicationDecoder,
                  CallWaitingIndicationUnMarshaller, CallWaitingIndicationMarshaller,
@@ -96,4 +92,5 @@ const ZtDocument CallWaitingIndicationContext::kDocument =
                                                    true},
                                                   kSource)
         .Reads("CallWaitingIndicationUnMarshaller")
-        .Writes(kWritables, "CallWaitingIndicationMarshaller", "mCallWaitingIndicationXml");
+        .Writes(kZtRoots<zt_3gpp_ims>, "CallWaitingIndicationMarshaller",
+                "mCallWaitingIndicationXml");

@@ -23,10 +23,6 @@ int Communication_waitingMarshaller::AddCommunication_waitingElementToXml(
   return Write(service, zt_communication_waiting::kType);
 }
 
-namespace {
-constexpr const ZtElementType* kWritables[] = {&zt_communication_waiting::kType, nullptr};
-}  // namespace
-
 const ZtDocument CommunicationWaitingContext::kDocument =
     ZtDocumentOf<CommunicationWaitingContext, XMLCommunicationWaitingDecoder,
                  CommunicationWaitingUnMarshaller, Communication_waitingMarshaller,
@@ -37,6 +33,7 @@ const ZtDocument CommunicationWaitingContext::kDocument =
                                                   true},
                                                  kSource)
         .Reads("CommunicationWaitingUnMarshaller")
-        .Writes(kWritables, "Communication_waitingMarshaller", "mCommunicationWaitingXml")
+        .Writes(kZtRoots<zt_communication_waiting>, "Communication_waitingMarshaller",
+                "mCommunicationWaitingXml")
         .AsFragment()
         .Lines(SimservBinding::kSwitchLines);

@@ -34,8 +34,6 @@ constexpr ZtEnumTable kDisconnectionMethods = {kDisconnectionSlots, 4, 4, ZT_DIS
 constexpr ZtEnumSlot kMediaSlots[] = {"recvonly", "sendonly", "sendrecv", "inactive"};
 constexpr ZtEnumTable kMediaStatuses = {kMediaSlots, 4, 4, ZT_MEDIA_STATUS_ABSENT, true};
 
-constexpr ZtEnumTable kTrueOrElseFalse = {kBooleanSlots, 2, 2, 0, false};
-
 constexpr ZtField kExtras = ZtExtensibleRows::kAttributes<ZtElement>;
 constexpr ZtField kOthers = ZtExtensibleRows::kElements<ZtElement>;
 
@@ -75,20 +73,25 @@ struct ConferenceInfoBinding {
   };
 
   static constexpr ZtField kKeywords[] = {
+      kExtras,
       ztrow::OwnWords(XML_STR_KEYWORDS, &zt_keywords_type::m_Words),
+      kOthers,
   };
 
   static constexpr ZtField kLanguages[] = {
+      kExtras,
       ztrow::OwnWords(XML_STR_LANGUAGES, &zt_user_languages_type::m_Words),
+      kOthers,
   };
 
   static constexpr ZtField kRoles[] = {
+      kExtras,
       ztrow::TextElements(XML_STR_ENTRY, &zt_user_roles_type::m_Entries),
+      kOthers,
   };
 
   static constexpr ZtField kMedium[] = {
-      ztrow::Attribute(XML_STR_LABEL, &zt_conference_medium_type::m_Label)
-          .Required(nullptr, kZtLogError),
+      ztrow::Attribute(XML_STR_LABEL, &zt_conference_medium_type::m_Label),
       kExtras,
       ztrow::TextElement(XML_STR_DISPLAY_TEXT, &zt_conference_medium_type::m_DisplayText),
       ztrow::TextElement(XML_STR_TYPE, &zt_conference_medium_type::m_Type),
@@ -112,14 +115,17 @@ struct ConferenceInfoBinding {
       if (!medium) continue;
       writer.Log(kZtLogTrace, "<XML Module>: AddConferenceMediaTypeElementToXml tempNum: %d",
                  index);
-      if (writer.Write(medium, zt_conference_medium_type::kType, XML_STR_ZT_NULL, XML_STR_ENTRY)) {
-        continue;
+      const auto* known = ZtAs<zt_conference_medium_type>(medium);
+      if (known && !known->getLabelValue()) {
+        writer.Log(kZtLogError,
+                   "<XML Module>: AddConferenceMediaTypeElementToXml: label attribute mandatory "
+                   "tempNum:%d",
+                   index);
+        return false;
       }
-      writer.Log(kZtLogError,
-                 "<XML Module>: AddConferenceMediaTypeElementToXml: label attribute mandatory "
-                 "tempNum:%d",
-                 index);
-      return false;
+      if (!writer.Write(medium, zt_conference_medium_type::kType, XML_STR_ZT_NULL, XML_STR_ENTRY)) {
+        return false;
+      }
     }
     return true;
   }
@@ -294,7 +300,7 @@ const ZtElementType zt_user_roles_type::kType =
 const ZtElementType zt_conference_medium_type::kType =
     TypeOf<zt_conference_medium_type>("zt_conference_medium_type", "entry")
         .Fields(ConferenceInfoBinding::kMedium)
-        .Writer(XML_STR_ENTRY, "AddConferenceMediumTypeElementToXml");
+        .Writer(XML_STR_ZT_NULL, "AddConferenceMediumTypeElementToXml");
 const ZtElementType zt_conference_media_type::kType =
     TypeOf<zt_conference_media_type>("zt_conference_media_type", "available-media")
         .Fields(ConferenceInfoBinding::kAvailableMedia)
@@ -420,9 +426,8 @@ int Conference_infoMarshall::AddUserElementToXml(zt_user_type* user) {
 int Conference_infoMarshall::AddEndPointElementToXml(zt_endpoint_type* endpoint) {
   return Write(endpoint, zt_endpoint_type::kType);
 }
-int Conference_infoMarshall::AddExecutionTypeElementToXml(zt_execution_type* execution,
-                                                          e_XmlStrRef name) {
-  return Write(execution, zt_execution_type::kType, XML_STR_ZT_NULL, name);
+int Conference_infoMarshall::AddExecutionTypeElementToXml(zt_execution_type* execution) {
+  return Write(execution, zt_execution_type::kType);
 }
 int Conference_infoMarshall::AddMediaElementToXml(zt_media_type* media) {
   return Write(media, zt_media_type::kType);
@@ -449,7 +454,6 @@ void TestConference_infoMarshall() {
 }
 
 namespace {
-constexpr const ZtElementType* kWritables[] = {&zt_conference_type::kType, nullptr};
 constexpr ZtDocumentLines Lines() {
   ZtDocumentLines lines;
   // Intended spelling.
@@ -468,5 +472,5 @@ const ZtDocument ConferenceInfoContext::kDocument =
          true},
         kSource)
         .Reads("ConferenceInfoUnMarshaller")
-        .Writes(kWritables, "Conference_infoMarshall", "mConferenceInfoXml")
+        .Writes(kZtRoots<zt_conference_type>, "Conference_infoMarshall", "mConferenceInfoXml")
         .Lines(Lines());

@@ -58,12 +58,8 @@ int FileMarshaller::AddDataElementToXml(zt_ns_ft_data* data) {
   return Write(data, zt_ns_ft_data::kType);
 }
 
-namespace {
-constexpr const ZtElementType* kWritables[] = {&zt_file::kType, nullptr};
-}  // namespace
-
 const ZtDocument FileContext::kDocument =
     ZtDocumentOf<FileContext, XMLFileDecoder, FileUnMarshaller, FileMarshaller, FileDataBinder>(
         {XML_SCHEMA_FILE, "File", {"file", nullptr}, nullptr, true}, kSource)
         .Reads("FileUnMarshaller")
-        .Writes(kWritables, "FileMarshaller", "mFileXml");
+        .Writes(kZtRoots<zt_file>, "FileMarshaller", "mFileXml");

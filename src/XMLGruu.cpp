@@ -93,8 +93,6 @@ int GruuMarshaller::AddTempGruuElementToXml(zt_temp_gruu* gruu) {
 
 namespace {
 
-constexpr const ZtElementType* kWritables[] = {&zt_pub_gruu::kType, &zt_temp_gruu::kType, nullptr};
-
 constexpr ZtDocumentLines kDocumentLines = {
     "<XML Module>: In %s::UnMarshall with pXmlString=%s",
     "<XML Module>: In %s::UnMarshall(pfile) with pstring=%s",
@@ -117,5 +115,5 @@ const ZtDocument GruuContext::kDocument =
          true},
         kSource)
         .Reads("GruuUnMarshaller")
-        .Writes(kWritables, "GruuMarshaller", "mGruuXml")
+        .Writes(kZtRoots<zt_pub_gruu, zt_temp_gruu>, "GruuMarshaller", "mGruuXml")
         .Lines(kDocumentLines);

@@ -82,6 +82,7 @@ struct ImdnBinding {
   }
 
   // Intended: of the objects that it does not know, a status keeps those of the plain class only.
+  // An attribute comes by the other hook: no element is one, whatever it calls itself.
   static bool DropObject(XMLElement&, const char* name, const char*, XMLElement* child,
                          ZtOutcome&) {
     if (!child || (*name == '/' && ZtFindChild(zt_status::kType, name + 1))) return false;
@@ -144,7 +145,8 @@ const ZtElementType zt_display_notification::kType =
         .Writer(XML_STR_DISPLAY_NOTIFICATION, "AddDisplayNotificationElementToXml")
         .OnWrite(ImdnBinding::Write<ImdnBinding::kDisplayValues>);
 
-// Intended: it is written under a misspelt name, which peers expect, and read under the right one.
+// Intended: it is written under a misspelt name, which peers compare with, and read under the right
+// one.
 const ZtElementType zt_processing_notification::kType =
     ImdnBinding::Notification<zt_processing_notification>("zt_processing_notification",
                                                           "processing-notification")
@@ -204,13 +206,9 @@ int IMDNMarshaller::AddNotificationXML(e_XmlStrRef notification, e_XmlStrRef sta
   return WriteNotification(writer, notification, status, statusAttributes);
 }
 
-namespace {
-constexpr const ZtElementType* kWritables[] = {&zt_imdn::kType, nullptr};
-}  // namespace
-
 const ZtDocument IMDNContext::kDocument =
     ZtDocumentOf<IMDNContext, XMLImdnDecoder, IMDNUnMarshaller, IMDNMarshaller, IMDNDataBinder>(
         {XML_SCHEMA_IMDN, "IMDN", {"imdn", nullptr}, "urn:ietf:params:xml:ns:imdn", true}, kSource)
         .Reads("IMDNUnMarshaller")
-        .Writes(kWritables, "IMDNMarshaller", "mIMDNXml")
+        .Writes(kZtRoots<zt_imdn>, "IMDNMarshaller", "mIMDNXml")
         .ReportsAs("Marshall", "Marshall");

@@ -38,7 +38,7 @@ struct IsComposingBinding {
           .Note("<XML Module>: IsComposingElement Refresh not present", kZtLogOptional);
 
   static constexpr ZtField kRoot[] = {kState, kLastactive, kContenttype, kRefresh,
-                                      ztrow::OtherChildren(&zt_isComposing::m_AnyElements)};
+                                      ZtExtensibleRows::kElements<ZtObject>};
   static_assert(ztrow::Sound(kRoot));
 };
 
@@ -74,10 +74,6 @@ int IsComposingMarshaller::AddRefreshElementToXml(unsigned int seconds) {
                             ZtFieldText(indication, IsComposingBinding::kRefresh, digits));
 }
 
-namespace {
-constexpr const ZtElementType* kWritables[] = {&zt_isComposing::kType, nullptr};
-}  // namespace
-
 const ZtDocument IsComposingContext::kDocument =
     ZtDocumentOf<IsComposingContext, XMLIsComposingDecoder, IsComposingUnMarshaller,
                  IsComposingMarshaller, IsComposingDataBinder>(
@@ -88,7 +84,7 @@ const ZtDocument IsComposingContext::kDocument =
          true},
         kSource)
         .Reads("IsComposingUnMarshaller")
-        .Writes(kWritables, "IsComposingMarshaller", "mIsComposingXml");
+        .Writes(kZtRoots<zt_isComposing>, "IsComposingMarshaller", "mIsComposingXml");
 
 void TestIsComposingMarshall() {
   auto* indication = ZtCreate<zt_isComposing>(kSource);

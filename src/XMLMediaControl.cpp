@@ -74,14 +74,10 @@ int MediaControlMarshaller::AddEmptyElementToXml(zt_empty_element_type* flag) {
   return Write(flag, kFlag);
 }
 
-namespace {
-constexpr const ZtElementType* kWritables[] = {&zt_media_control::kType, nullptr};
-}  // namespace
-
 const ZtDocument MediaControlContext::kDocument =
     ZtDocumentOf<MediaControlContext, XMLMediaControlDecoder, MediaControlUnMarshaller,
                  MediaControlMarshaller, MediaControlDataBinder>(
         {XML_SCHEMA_MEDIA_CONTROL, "MediaControl", {"media_control", nullptr}, nullptr, true},
         kSource)
         .Reads("MediaControlUnMarshaller")
-        .Writes(kWritables, "MediaControlMarshaller", "mMediaControlXml");
+        .Writes(kZtRoots<zt_media_control>, "MediaControlMarshaller", "mMediaControlXml");

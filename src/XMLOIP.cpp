@@ -21,11 +21,6 @@ int OIPMarshaller::AddOIPElementToXml(zt_originating_identity_presentation* serv
   return Write(service, zt_originating_identity_presentation::kType);
 }
 
-namespace {
-constexpr const ZtElementType* kWritables[] = {&zt_originating_identity_presentation::kType,
-                                               nullptr};
-}  // namespace
-
 const ZtDocument OIPContext::kDocument =
     ZtDocumentOf<OIPContext, XMLOIPDecoder, OIPUnMarshaller, OIPMarshaller, OIPDataBinder>(
         {XML_SCHEMA_OIP,
@@ -35,6 +30,6 @@ const ZtDocument OIPContext::kDocument =
          true},
         kSource)
         .Reads("OIPUnMarshaller")
-        .Writes(kWritables, "OIPMarshaller", "mOIPXml")
+        .Writes(kZtRoots<zt_originating_identity_presentation>, "OIPMarshaller", "mOIPXml")
         .AsFragment()
         .Lines(SimservBinding::kSwitchLines);

@@ -137,14 +137,6 @@ int PresenceMarshaller::AddDuplexTypesElementToXml(zt_ns_caps_duplextypes* modes
   return Write(modes, zt_ns_caps_duplextypes::kType);
 }
 
-namespace {
-
-constexpr const ZtElementType* kWritables[] = {&zt_presence::kType, nullptr};
-
-// Intended: log readers know a presence that was written by the other marshaller's name.
-
-}  // namespace
-
 const ZtDocument PresenceContext::kDocument =
     ZtDocumentOf<PresenceContext, XMLPresenceDecoder, PresenceUnMarshaller, PresenceMarshaller,
                  PresenceDataBinder>({XML_SCHEMA_PRESENCE,
@@ -154,5 +146,6 @@ const ZtDocument PresenceContext::kDocument =
                                       true},
                                      kSource)
         .Reads("PresenceUnMarshaller")
-        .Writes(kWritables, "PresenceMarshaller", "mPresenceXml")
+        .Writes(kZtRoots<zt_presence>, "PresenceMarshaller", "mPresenceXml")
+        // Intended: log readers know a presence that was written by the other marshaller's name.
         .ReportsAs("IsComposingMarshaller", "PresenceMarshaller");

@@ -50,14 +50,10 @@ int RcsTermsInfoMarshaller::AddTermElementToXml(zt_ns_rcs_terms_info_term* term)
   return Write(term, zt_ns_rcs_terms_info_term::kType);
 }
 
-namespace {
-constexpr const ZtElementType* kWritables[] = {&zt_rcs_terms_info::kType, nullptr};
-}  // namespace
-
 const ZtDocument RcsTermsInfoContext::kDocument =
     ZtDocumentOf<RcsTermsInfoContext, XMLRcsTermsInfoDecoder, RcsTermsInfoUnMarshaller,
                  RcsTermsInfoMarshaller, RcsTermsInfoDataBinder>(
         {XML_SCHEMA_RCS_TERMS_INFO, "RcsTermsInfo", {"rcs-terms-info", nullptr}, nullptr, true},
         kSource)
         .Reads("RcsTermsInfoUnMarshaller")
-        .Writes(kWritables, "RcsTermsInfoMarshaller", "mRcsTermsInfoXml");
+        .Writes(kZtRoots<zt_rcs_terms_info>, "RcsTermsInfoMarshaller", "mRcsTermsInfoXml");

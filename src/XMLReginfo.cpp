@@ -164,10 +164,6 @@ int ReginfoMarshaller::AddTempGruuElementToXml(zt_temp_gruu* gruu) {
   return Write(gruu, zt_temp_gruu::kType, XML_STR_GR);
 }
 
-namespace {
-constexpr const ZtElementType* kWritables[] = {&zt_reginfo::kType, nullptr};
-}  // namespace
-
 const ZtDocument ReginfoContext::kDocument =
     ZtDocumentOf<ReginfoContext, XMLReginfoDecoder, ReginfoUnMarshaller, ReginfoMarshaller,
                  ReginfoDataBinder>({XML_SCHEMA_REGINFO,
@@ -177,4 +173,4 @@ const ZtDocument ReginfoContext::kDocument =
                                      true},
                                     kSource)
         .Reads("ReginfoUnMarshaller")
-        .Writes(kWritables, "ReginfoMarshaller", "mReginfoXml");
+        .Writes(kZtRoots<zt_reginfo>, "ReginfoMarshaller", "mReginfoXml");

@@ -361,13 +361,9 @@ char* SimservsUnMarshaller::replaceSubStringWithNull(char* text, char** out, int
 
 // ---- Workers ------------------------------------------------------------------------------------
 
-namespace {
-constexpr const ZtElementType* kWritables[] = {&zt_Simservs::kType, nullptr};
-}  // namespace
-
 const ZtDocument SimservsContext::kDocument =
     ZtDocumentOf<SimservsContext, XMLSimservsDecoder, SimservsUnMarshaller, SimservsMarshaller,
                  SimservsDataBinder>(
         {XML_SCHEMA_SIMSERVS, "Simservs", {"simservs", nullptr}, kSimservsNamespace, true}, kSource)
         .Reads("SimservsUnMarshaller")
-        .Writes(kWritables, "SimservsMarshaller", "SimservsXml");
+        .Writes(kZtRoots<zt_Simservs>, "SimservsMarshaller", "SimservsXml");

@@ -21,11 +21,6 @@ int TIPMarshaller::AddTIPElementToXml(zt_terminating_identity_presentation* serv
   return Write(service, zt_terminating_identity_presentation::kType);
 }
 
-namespace {
-constexpr const ZtElementType* kWritables[] = {&zt_terminating_identity_presentation::kType,
-                                               nullptr};
-}  // namespace
-
 const ZtDocument TIPContext::kDocument =
     ZtDocumentOf<TIPContext, XMLTIPDecoder, TIPUnMarshaller, TIPMarshaller, TIPDataBinder>(
         {XML_SCHEMA_TIP,
@@ -35,6 +30,6 @@ const ZtDocument TIPContext::kDocument =
          true},
         kSource)
         .Reads("TIPUnMarshaller")
-        .Writes(kWritables, "TIPMarshaller", "mTIPXml")
+        .Writes(kZtRoots<zt_terminating_identity_presentation>, "TIPMarshaller", "mTIPXml")
         .AsFragment()
         .Lines(SimservBinding::kSwitchLines);

@@ -6,7 +6,6 @@
 namespace {
 constexpr char kSource[] = "src/XMLVolteConfigInfo";
 constexpr ZtFamily kFamily = ZtQuietFamily(kSource);
-constexpr const ZtElementType* kWritables[] = {nullptr};
 }  // namespace
 
 const ZtElementType zt_volte_config_info::kType =
@@ -34,4 +33,4 @@ const ZtDocument VolteConfigInfoContext::kDocument =
          false},
         kSource)
         .Reads("VolteConfigInfoUnMarshaller")
-        .Writes(kWritables, "VolteConfigInfoMarshall", "mVolteConfigInfoXml");
+        .Writes(kZtRoots<>, "VolteConfigInfoMarshall", "mVolteConfigInfoXml");

@@ -6,7 +6,6 @@
 namespace {
 constexpr char kSource[] = "src/XMLWapProvisioningDoc";
 constexpr ZtFamily kFamily = ZtQuietFamily(kSource);
-constexpr const ZtElementType* kWritables[] = {nullptr};
 }  // namespace
 
 const ZtElementType zt_wap_provisioning_doc::kType =
@@ -34,4 +33,4 @@ const ZtDocument WapProvisioningDocContext::kDocument =
                                                 false},
                                                kSource)
         .Reads("WapProvisioningDocUnMarshaller")
-        .Writes(kWritables, "WapProvisioningDocMarshall", "mWapProvisioningDocXml");
+        .Writes(kZtRoots<>, "WapProvisioningDocMarshall", "mWapProvisioningDocXml");

@@ -1,5 +1,6 @@
 // Conference information: what is read, what is kept and what is written.
 #include <gtest/gtest.h>
+#include <iterator>
 
 #include "DocumentSupport.h"
 #include "TestSupport.h"
@@ -71,7 +72,7 @@ TEST(ConferenceInfo, EveryElementAndAttribute) {
        "<display-text>d</display-text><media id='no'/><entry>no</entry></user><user/></users>",
        "\n<users  state=\"partial\"  a=\"1\">\n<user  state=\"full\"  entity=\"u\"  b=\"2\">"
        "\n<display-text>d</display-text>\n<associated-aors>\n<entry>\n<uri>u</uri></entry>"
-       "</associated-aors>\n<roles>\n<entry>r1</entry>\n<entry>r2</entry></roles>"
+       "</associated-aors>\n<roles  z=\"z\">\n<entry>r1</entry>\n<entry>r2</entry></roles>"
        "\n<languages>de  en</languages>\n<cascaded-focus>c</cascaded-focus></user>"
        "\n<user></user></users>"},
       {"<users><user><endpoint a='1' entity='p' state='deleted'><call-info b='2'><sip c='3'>"
@@ -164,20 +165,20 @@ TEST(ConferenceInfo, EveryEnumerationValue) {
     check(test.element, "", test.absent, "", test.get);
   }
   unsigned state = 0;
-  for (const char* value : {"full", "partial", "deleted", "none"}) {
+  for (const char* value : {"full", "partialx", "deleted-ish", "none"}) {
     auto root = schema.Read<zt_conference_type>(In("", std::string(" state='") + value + "'"));
     EXPECT_EQ(root->getStateValue(), state++);
-    EXPECT_EQ(schema.Write(root.get()).find(value) != std::string::npos, state != 4);
+    EXPECT_EQ(schema.Write(root.get()).find("  state=") != std::string::npos, state != 4);
   }
   unsigned media = 0;
-  for (const char* value : {"recvonly", "sendonly", "sendrecv", "inactive", "none"}) {
+  for (const char* value : {"recvonly", "sendonlyx", "sendrecv-ish", "inactive", "none"}) {
     auto root = schema.Read<zt_conference_type>(
         In("<conference-description><available-media><entry label='l'><status>" +
            std::string(value) + "</status></entry></available-media></conference-description>"));
     auto* list = root->getConferenceDescriptionValue()->getAvailableMediaValue();
     EXPECT_EQ(EntryOf<zt_conference_medium_type>(list->getEntryListValue(), 0)->getStatusValue(),
               media++);
-    EXPECT_EQ(schema.Write(root.get()).find(value) != std::string::npos, media != 5);
+    EXPECT_EQ(schema.Write(root.get()).find("<status>") != std::string::npos, media != 5);
   }
 }
 
@@ -207,6 +208,7 @@ TEST(ConferenceInfo, WhatIsRequiredFailsTheDocument) {
     EXPECT_EQ(schema.RoundTrip(test.in), "(null)") << test.in;
     EXPECT_TRUE(log.Has("<XML Module>: Conference_infoMarshall XML Failed!"));
     for (const char* line : test.lines) EXPECT_EQ(log.Count(line), 1) << line;
+    EXPECT_FALSE(log.Has("(null)"));
   }
   LogCapture log;
   EXPECT_EQ(schema.writer()->Marshall(nullptr), nullptr);
@@ -256,6 +258,36 @@ TEST(ConferenceInfo, BuiltByTheFactory) {
                 "\n<sidebars-by-val>\n<entry  entity=\"s\">\n<conference-state>"
                 "\n<active>true</active>\n<locked>false</locked></conference-state></entry>"
                 "</sidebars-by-val>"));
+
+  XMLElement* const made[] = {factory->CreateConferenceDescriptionType(),
+                              factory->CreateHostType(),
+                              factory->CreateUserRolesType(),
+                              factory->CreateEndPointType(),
+                              factory->CreateMediaType(),
+                              factory->CreateCallType(),
+                              factory->CreateSIPDialogIDType(),
+                              factory->CreateURIsType(),
+                              factory->CreateURIType(),
+                              factory->CreateKeywordsType(),
+                              factory->CreateConferenceMediumType(),
+                              factory->CreateConferenceMedaiType()};
+  const char* const labels[] = {"conference-description",
+                                "host-info",
+                                "roles",
+                                "endpoint",
+                                "media",
+                                "call-info",
+                                "sip",
+                                "uris",
+                                "entry",
+                                "keywords",
+                                "entry",
+                                "available-media"};
+  for (std::size_t i = 0; i < std::size(made); ++i) {
+    ASSERT_TRUE(made[i]) << labels[i];
+    EXPECT_STREQ(made[i]->ElementName(), labels[i]);
+    XMLFactory::DeleteElement(made[i]);
+  }
 
   // Known children of another class are refused, others are kept; names are not words.
   Tree<zt_execution_type> other(factory->CreateExecutionType());

@@ -38,7 +38,8 @@ TEST(Imdn, WritesWhatItReads) {
        "<failed/></delivered></status></delivery-notification></imdn>",
        Out(OutNotification("delivery-notification", "delivered", "  a=\"1\"  xmlns=\"u\""))},
       // One notification only, however they are ordered; a later one of a kind replaces the first.
-      {"<imdn><display-notification><status><displayed/></status></display-notification>"
+      {"<imdn><processing-notification><status><stored/></status></processing-notification>"
+       "<display-notification><status><displayed/></status></display-notification>"
        "<delivery-notification/><delivery-notification><status><delivered/></status>"
        "</delivery-notification></imdn>",
        Out(delivered)},
@@ -110,15 +111,20 @@ TEST(Imdn, TreeKeepsWhatIsUnknown) {
   LogCapture log;
   auto root = schema.Read<zt_imdn>(
       "<imdn a='1'><message-id>m</message-id><n:odd b='2'><odd/></n:odd><display-notification>"
-      "<status c='3' d='4'><displayed/><any>t</any></status></display-notification></imdn>");
+      "<status c='3' d='4'><displayed/><any>t</any></status></display-notification>"
+      "<error/><status><failed/></status></imdn>");
   ASSERT_TRUE(root);
   EXPECT_STREQ(root->getMessageIdValue(), "m");
   EXPECT_EQ(CountOf(root->getAnyAttributeValue()), 1);
-  ASSERT_EQ(CountOf(root->getAnyElementValue()), 1);
-  auto* odd = EntryOf<zt_empty_element_type>(root->getAnyElementValue(), 0);
-  EXPECT_STREQ(odd->ClassName(), "zt_empty_element_type");
-  EXPECT_STREQ(odd->getValue(), "odd");
-  EXPECT_EQ(odd->getPresentValue(), 1);
+  ASSERT_EQ(CountOf(root->getAnyElementValue()), 3);
+  unsigned short index = 0;
+  for (const char* name : {"odd", "error", "status"}) {
+    auto* unknown =
+        ZtAs<zt_empty_element_type>(EntryOf<XMLElement>(root->getAnyElementValue(), index++));
+    ASSERT_TRUE(unknown);
+    EXPECT_STREQ(unknown->getValue(), name);
+    EXPECT_EQ(unknown->getPresentValue(), 1);
+  }
   zt_status* status = root->getDisplayNotificationValue()->getStatusValue();
   EXPECT_EQ(CountOf(status->getAnyAttributeValue()), 2);
   EXPECT_EQ(status->getAnyElementValue(), nullptr);

@@ -56,9 +56,10 @@ TEST(Presence, WritesWhatItReads) {
                "<service-id>s</service-id></service-description>"),
        OutTuple("<op:service-description><op:service-id>s</op:service-id><op:version>1</op:version>"
                 "<op:description>d</op:description></op:service-description>")},
-      {InTuple("<servcaps><video>false</video><audio>true</audio></servcaps>"
-               "<c:servcaps><c:video>true</c:video><audio>false</audio></c:servcaps>"
-               "<servcaps><video>True</video><audio>1</audio><duplex/></servcaps>"),
+      {InTuple(
+           "<servcaps><video>false</video><audio>true</audio></servcaps>"
+           "<c:servcaps><c:video>true</c:video><audio>false</audio></c:servcaps>"
+           "<servcaps><video>True</video><audio>true</audio><audio>1</audio><duplex/></servcaps>"),
        OutTuple("<caps:servcaps><caps:audio>true</caps:audio><caps:video>false</caps:video>"
                 "</caps:servcaps><caps:servcaps><caps:audio>false</caps:audio><caps:video>true"
                 "</caps:video></caps:servcaps><caps:servcaps><caps:duplex></caps:duplex>"

@@ -118,8 +118,7 @@ class Hook {
     const char* className = child->ClassName();
     if (!className) {
       Log(m_Lines.noClass);
-      // Only families that have a line for it refuse an object without a class name.
-      return m_Lines.noClass ? ZtOutcome::kRefused : ZtOutcome::kAccepted;
+      return ZtOutcome::kRefused;
     }
     if (!ZtIsA(*child, *field.detail.type)) {
       Log(m_Lines.wrongClass, className, field.detail.type->className);

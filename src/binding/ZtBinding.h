@@ -30,6 +30,8 @@ struct ZtEnumTable {
 };
 
 inline constexpr ZtEnumSlot kBooleanSlots[] = {"false", "true"};
+// Intended, for the booleans that peers know to behave so: any text but "true" is false, "1" too.
+inline constexpr ZtEnumTable kTrueOrElseFalse = {kBooleanSlots, 2, 2, 0, false};
 
 // Where a field lives in its object. A member of a derived type is reached through the base: the
 // object's dynamic type has it.

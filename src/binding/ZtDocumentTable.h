@@ -24,6 +24,10 @@ struct ZtDocumentLines {
   const char* writeFailed = "<XML Module>: %s XML Failed!";
 };
 
+// The types that a marshaller takes: the roots of a document.
+template <class... Roots>
+inline constexpr const ZtElementType* kZtRoots[] = {&Roots::kType..., nullptr};
+
 struct ZtDocument {
   XMLSchemaInfo info;
   const char* source;  // file of the binding, for the logs

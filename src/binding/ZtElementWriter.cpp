@@ -330,7 +330,7 @@ bool ZtElementWriter::WriteChild(XMLElement* child, int index, const ZtField& fi
   if (Write(child, *as.type, as.prefix, field.name) != 0) return true;
   if (field.line && field.HasName()) {
     Log(field.lineLevel, field.line, index);
-  } else if (!field.lenient) {
+  } else if (!field.lenient && as.type->writer) {
     Log(kZtLogTrace, as.type->family->childFailed, as.type->writer);
   }
   return field.lenient;
