@@ -1,0 +1,66 @@
+// The parser: however a text is cut into chunks, the same callbacks come; only the texts of
+// elements depend on the cuts. First byte: how it is cut.
+#include <algorithm>
+
+#include "FuzzSupport.h"
+#include "XmlDecoder.h"
+
+namespace {
+
+class Recorder : public XmlDecoderSchema {
+ public:
+  int ProcessReserved() override { return 0; }
+  int ProcessAttribute(char* element, char* name, char* value) override {
+    return Record({element, "\1", name, "\2", value});
+  }
+  int ProcessElement(char* name, char* value) override {
+    return Record({name, value ? "\3" : "\4"});
+  }
+  int ProcessElementOpened(char* name) override { return Record({name, "\5"}); }
+  void* GetSessionData() override { return nullptr; }
+
+  std::string events;
+
+ private:
+  int Record(std::initializer_list<const char*> parts) {
+    for (const char* part : parts) events += part;
+    return 0;
+  }
+};
+
+struct Outcome {
+  std::string events;
+  int result;
+};
+
+// Chunks of `seed`-dependent sizes up to `largest`; 0 feeds the text whole.
+Outcome Feed(const std::string& text, unsigned seed, std::size_t largest) {
+  Recorder recorder;
+  XmlDecoder parser;
+  parser.SetSchema(&recorder);
+  int result = ZT_XML_INCOMPLETE;
+  for (std::size_t at = 0; at < text.size() && result == ZT_XML_INCOMPLETE;) {
+    seed = seed * 1103515245U + 12345U;
+    const std::size_t size = largest ? 1 + (seed >> 16) % largest : text.size();
+    std::string chunk = text.substr(at, size);
+    result = parser.Decode(chunk.data(), static_cast<int>(chunk.size()));
+    at += size;
+  }
+  return {recorder.events, result};
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  if (size < 2) return 0;
+  const std::string all(reinterpret_cast<const char*>(data + 1), size - 1);
+  const std::string text = all.substr(0, all.find('\0'));  // a NUL ends a chunk
+  const Balanced balanced;
+  const Outcome whole = Feed(text, 0, 0);
+  for (const std::size_t largest : {std::size_t{1}, std::size_t{7}, std::size_t{64}}) {
+    const Outcome cut = Feed(text, data[0], largest);
+    Require(cut.result == whole.result, "chunks give the result of the whole text", text);
+    Require(cut.events == whole.events, "chunks give the callbacks of the whole text", text);
+  }
+  return 0;
+}
