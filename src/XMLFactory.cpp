@@ -13,6 +13,8 @@
 #include "XMLSchemaNameSpaceRetrieval.h"
 #include "XMLSimservs.h"
 #include "XMLTIP.h"
+#include "XMLXcapDirectory.h"
+#include "XMLXcapError.h"
 #include "binding/ZtDocumentTable.h"
 
 namespace {
@@ -34,6 +36,8 @@ constexpr const ZtDocument* kDocuments[] = {
     &SchemaNamespaceRetrievalContext::kDocument,
     &SimservsContext::kDocument,
     &TIPContext::kDocument,
+    &XcapDirectoryContext::kDocument,
+    &XcapErrorContext::kDocument,
 };
 
 const ZtDocument* Find(eXMLSchemaID id) {
