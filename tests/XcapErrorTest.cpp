@@ -27,6 +27,10 @@ std::string Out(const std::string& content) {
 const char* const kPhrased[] = {"not-utf-8",       "cannot-delete",          "constraint-failure",
                                 "not-well-formed", "not-xml-att-value",      "cannot-insert",
                                 "not-xml-frag",    "schema-validation-error"};
+std::pair<std::string, std::string> PhrasedCase(const std::string& name) {
+  return {"<" + name + " phrase='\"p' a='1'></" + name + ">",
+          "\n<" + name + "  phrase=\"&quot;p\"/>"};
+}
 
 TEST(XcapError, WritesWhatItReads) {
   std::vector<std::pair<std::string, std::string>> cases = {
@@ -44,10 +48,7 @@ TEST(XcapError, WritesWhatItReads) {
        "\n<no-parent></no-parent>"},
       {"<not-utf-8-extra><not-utf-8/></not-utf-8-extra>", ""},
   };
-  for (const std::string name : kPhrased) {
-    cases.emplace_back("<" + name + " phrase='\"p' a='1'></" + name + ">",
-                       "\n<" + name + "  phrase=\"&quot;p\"/>");
-  }
+  for (const char* name : kPhrased) cases.push_back(PhrasedCase(name));
   Schema schema(XML_SCHEMA_XCAP_ERROR);
   for (const auto& [in, out] : cases) {
     EXPECT_EQ(schema.RoundTrip("<e:xcap-error a='1'>" + in + "</e:xcap-error>"), Out(out)) << in;
