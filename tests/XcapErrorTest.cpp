@@ -54,7 +54,7 @@ TEST(XcapError, WritesWhatItReads) {
     EXPECT_EQ(schema.RoundTrip("<e:xcap-error a='1'>" + in + "</e:xcap-error>"), Out(out)) << in;
     EXPECT_EQ(schema.RoundTrip(Out(out)), Out(out));
   }
-  for (const std::size_t n : {0, 1, 2}) ExpectWholeOrNothing(schema, Out(cases[n].first));
+  for (const std::size_t n : {0U, 1U, 2U}) ExpectWholeOrNothing(schema, Out(cases[n].first));
 }
 
 TEST(XcapError, HooksTakeWhatTheyKnow) {
