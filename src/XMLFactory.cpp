@@ -21,6 +21,8 @@
 #include "XMLTIP.h"
 #include "XMLVolteConfigInfo.h"
 #include "XMLWapProvisioningDoc.h"
+#include "XMLXcapDirectory.h"
+#include "XMLXcapError.h"
 #include "binding/ZtDocumentTable.h"
 
 namespace {
@@ -50,6 +52,8 @@ constexpr const ZtDocument* kDocuments[] = {
     &TIPContext::kDocument,
     &VolteConfigInfoContext::kDocument,
     &WapProvisioningDocContext::kDocument,
+    &XcapDirectoryContext::kDocument,
+    &XcapErrorContext::kDocument,
 };
 
 const ZtDocument* Find(eXMLSchemaID id) {

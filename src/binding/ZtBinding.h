@@ -112,7 +112,7 @@ struct ZtField {
   bool fromAttribute = false;  // a text that comes under its plain name, as attributes do
   bool madeHere = false;       // a child that its parent makes, at its end tag, from its text
   bool lenient = false;        // a child that cannot be written does not fail its parent
-  bool oneOf = false;  // of the children with this mark only the first that is set is written
+  bool oneOf = false;          // of the rows with this mark only the first that is set is written
 
   constexpr ZtField(ZtPlace p, ZtValue v, ZtNameId n, ZtMember m, ZtFieldDetail d = ZtFieldDetail())
       : member(m), detail(d), name(n), place(p), value(v) {}
@@ -284,6 +284,13 @@ struct ZtFamily {
   // File under which the objects of these types, and all that is made inside one, are recorded
   // when a document is read; null for the decoder's.
   const char* recordedUnder = nullptr;
+  // What a writer logs on entry, with its name.
+  const char* entryLine = "<XML Module>: %s";
+  int entryLevel = 2;
+
+  constexpr ZtFamily Enters(const char* line, int level) const {
+    return ZtWith(ZtWith(*this, &ZtFamily::entryLine, line), &ZtFamily::entryLevel, level);
+  }
 };
 
 // What most documents say of an unknown element.
@@ -350,7 +357,7 @@ struct ZtElementType {
   const char* unknownElement = nullptr;     // instead of the family's
   const ZtFixedAttribute* fixed = nullptr;  // attributes that its start tag always carries
   const char* writer = nullptr;             // the name its writer logs; null logs nothing
-  const char* entryLine = nullptr;          // instead of the line with that name
+  const char* entryLine = nullptr;          // instead of the family's line with that name
   const char* failedAs = nullptr;           // instead of its marshaller, when Marshall fails
   const ZtFlag* flag = nullptr;             // only an element whose presence is the value has it
   // The last resort, for what no row can say.

@@ -108,6 +108,19 @@ struct ExtraAttribute {
   }
 };
 
+// Whether a row among which one is chosen has something to write.
+bool IsSet(const XMLElement& element, const ZtField& field) {
+  char buffer[kZtNumberSize];
+  switch (field.place) {
+    case ZtPlace::kChild:
+      return (element.*field.member.child).Get();
+    case ZtPlace::kTextElement:
+      return field.always || ZtFieldText(element, field, buffer);
+    default:
+      return (element.*field.member.children).Head();
+  }
+}
+
 // Whether `name` is one of the attributes that the element's start tag carries anyway.
 bool IsFixed(const ZtElementType& type, const char* name) {
   for (unsigned i = 0; i < type.fixedCount; ++i) {
@@ -131,7 +144,7 @@ int ZtElementWriter::Write(XMLElement* element, const ZtElementType& type, e_Xml
   if (type.entryLine) {
     Log(kZtLogTrace, type.entryLine);
   } else if (type.writer) {
-    Log(kZtLogTrace, "<XML Module>: %s", type.writer);
+    Log(type.family->entryLevel, type.family->entryLine, type.writer);
   }
   if (!element && type.flag) Log(kZtLogState, type.flag->nullLine, m_Scope.marshaller);
   // A caller's list may hold anything: rows are applied to objects of their own type only.
@@ -171,7 +184,7 @@ bool ZtElementWriter::WriteChildren(const XMLElement& element, const ZtElementTy
   for (const ZtField& field : type) {
     if (field.IsAttribute()) continue;
     if (field.oneOf) {
-      if (chosen || !(element.*field.member.child).Get()) continue;
+      if (chosen || !IsSet(element, field)) continue;
       chosen = true;
     }
     if (!WriteField(element, field)) return false;

@@ -1,0 +1,119 @@
+// XCAP directories (OMA XML Document Management): which documents a user has, by application usage.
+#ifndef ZTXML_INCLUDE_XMLXCAPDIRECTORY_H
+#define ZTXML_INCLUDE_XMLXCAPDIRECTORY_H
+
+#include "ZtDocument.h"
+#include "ZtElement.h"
+
+/// The element "entry": one document. Texts are copied; null means absent, here and below.
+class ZT_API zt_entry : public ZtTyped<zt_entry> {
+ public:
+  static const ZtElementType kType;
+
+  /// The document's URI; required on output.
+  int setUriValue(const char* uri) { return m_Uri.Assign(uri); }
+  const char* getUriValue() const { return m_Uri.Get(); }
+  /// The document's entity tag; required on output.
+  int setEtagValue(const char* etag) { return m_Etag.Assign(etag); }
+  const char* getEtagValue() const { return m_Etag.Get(); }
+  /// When the document last changed.
+  int setLastModifiedValue(const char* time) { return m_LastModified.Assign(time); }
+  const char* getLastModifiedValue() const { return m_LastModified.Get(); }
+  /// The document's size in bytes; 0 means absent.
+  int setSizeValue(unsigned int bytes) {
+    m_Size = bytes;
+    return 1;
+  }
+  unsigned int getSizeValue() const { return m_Size; }
+
+  /// Further attributes: a list of zt_AttributeValuePair, stored as XMLAttribute* (taken). On
+  /// output the first of a name stands, and none of the names above.
+  int setAnyAttributeValue(ZtSingleElementList* list) { return m_AnyAttributes.Set(list); }
+  ZtSingleElementList* getAnyAttributeValue() const { return m_AnyAttributes.Get(); }
+  /// Takes `attribute`; 0 when it is null or there is no memory.
+  int addAnyAttribute(XMLAttribute* attribute) { return m_AnyAttributes.Add(attribute); }
+
+ private:
+  friend struct XcapDirectoryBinding;
+
+  ZtText m_Uri;
+  ZtText m_Etag;
+  ZtText m_LastModified;
+  unsigned m_Size = 0;
+  ZtAttributeList m_AnyAttributes;
+};
+
+/// The element "folder": the documents of one application usage, or why they are not listed.
+class ZT_API zt_folder : public ZtTyped<zt_folder> {
+ public:
+  static const ZtElementType kType;
+
+  /// The application usage's id, "resource-lists" for example; required on output.
+  int setAuidValue(const char* auid) { return m_Auid.Assign(auid); }
+  const char* getAuidValue() const { return m_Auid.Get(); }
+
+  /// A list of zt_entry (taken).
+  int setEntryListValue(ZtSingleElementList* list) { return m_Entries.Set(list); }
+  ZtSingleElementList* getEntryListValue() const { return m_Entries.Get(); }
+  /// Takes `entry`; 0 when it is null or there is no memory.
+  int addEntry(zt_entry* entry) { return m_Entries.Add(entry); }
+
+  /// Written in place of the entries when there are none. Raw text, to be escaped by the caller.
+  int setErrorCodeValue(const char* code) { return m_ErrorCode.Assign(code); }
+  const char* getErrorCodeValue() const { return m_ErrorCode.Get(); }
+
+ private:
+  friend struct XcapDirectoryBinding;
+
+  ZtText m_Auid;
+  ZtChildList m_Entries;
+  ZtText m_ErrorCode;
+};
+
+/// The root element "xcap-directory".
+class ZT_API zt_xcap_directory : public ZtTyped<zt_xcap_directory, ZtObject> {
+ public:
+  static const ZtElementType kType;
+
+  /// A list of zt_folder (taken).
+  int setFolderListValue(ZtSingleElementList* list) { return m_Folders.Set(list); }
+  ZtSingleElementList* getFolderListValue() const { return m_Folders.Get(); }
+  /// Takes `folder`; 0 when it is null or there is no memory.
+  int addFolder(zt_folder* folder) { return m_Folders.Add(folder); }
+
+ private:
+  friend struct XcapDirectoryBinding;
+
+  ZtChildList m_Folders;
+};
+
+/// Makes empty objects; each is the caller's until a parent takes it. Null without memory.
+class ZT_API XcapDirectoryDataBinder : public XMLObjectFactory {
+ public:
+  XMLObject* CreateRootElement() override;
+  zt_folder* CreateFolderElement();
+  zt_entry* CreateEntryElement();
+};
+
+class XcapDirectoryContext;
+
+/// Writes a zt_xcap_directory. Besides Marshall, the steps that write one element each (1 written,
+/// 0 failed), which only a running Marshall can use.
+class ZT_API XcapDirectoryMarshaller : public ZtDescribedBy<XcapDirectoryContext, ZtMarshaller> {
+ public:
+  int AddXcapDirectoryElementToXml(zt_xcap_directory* directory);
+  int AddFolderElementToXml(zt_folder* folder);
+  int AddEntryElementToXml(zt_entry* entry);
+};
+
+/// Reads a zt_xcap_directory. Elements are known by their local names, whatever their prefixes.
+class ZT_API XcapDirectoryUnMarshaller
+    : public ZtDescribedBy<XcapDirectoryContext, ZtUnMarshaller> {};
+
+/// The context of XCAP directories, XML_SCHEMA_XCAP_DIRECTORY.
+class ZT_API XcapDirectoryContext : public ZtDescribedBy<XcapDirectoryContext, ZtContext> {
+ public:
+  static const ZtDocument kDocument;
+};
+
+#endif  // ZTXML_INCLUDE_XMLXCAPDIRECTORY_H

@@ -1,0 +1,90 @@
+#include "XMLXcapDirectory.h"
+
+#include "XcapDirectory.h"
+#include "base/ZtLog.h"
+#include "binding/ZtDocumentTable.h"
+
+namespace {
+
+constexpr char kSource[] = "src/XMLXcapDirectory";
+constexpr ZtFamily kFamily = {kSource, &kZtNoHookLines, nullptr, "<XML Module>: %s XML Failed!",
+                              ZtUnknown::kIgnore};
+
+constexpr ZtFixedAttribute kDeclarations[] = {
+    {XML_STR_URN_OMA_XML_XDM_XCAP_DIRECTORY, XML_STR_ZT_NULL}};
+
+}  // namespace
+
+// ---- Types --------------------------------------------------------------------------------------
+
+struct XcapDirectoryBinding {
+  static constexpr ZtField kEntry[] = {
+      ztrow::Attribute(XML_STR_URI, &zt_entry::m_Uri)
+          .Required("<XML Module>: AddEntryElementToXml URI mandatory attribute", kZtLogError),
+      ztrow::Attribute(XML_STR_LAST_MODIFIED, &zt_entry::m_LastModified),
+      ztrow::Attribute(XML_STR_SIZE, &zt_entry::m_Size),
+      ztrow::OtherAttributes(&zt_entry::m_AnyAttributes),
+      ztrow::Attribute(XML_STR_ETAG, &zt_entry::m_Etag)
+          .Required("<XML Module>: AddEntryElementToXml ETAG mandatory attribute", kZtLogError),
+  };
+
+  // Intended: a folder without entries always has an error code, if need be a blank one; with
+  // entries it has none.
+  static constexpr ZtField kFolder[] = {
+      ztrow::Attribute(XML_STR_AUID, &zt_folder::m_Auid)
+          .Required("<XML Module>: AddFolderElementToXml AUID mandatory attribute", kZtLogError),
+      ztrow::Children(XML_STR_ENTRY, &zt_folder::m_Entries, zt_entry::kType).OneOf(),
+      ztrow::TextElement(XML_STR_ERROR_CODE, &zt_folder::m_ErrorCode).Always().OneOf(),
+  };
+
+  static constexpr ZtField kDirectory[] = {
+      ztrow::Children(XML_STR_FOLDER, &zt_xcap_directory::m_Folders, zt_folder::kType)};
+
+  static_assert(ztrow::Sound(kEntry) && ztrow::Sound(kFolder) && ztrow::Sound(kDirectory));
+};
+
+const ZtElementType zt_entry::kType = ZtTypeOf<zt_entry>("zt_entry", "entry", kFamily)
+                                          .Fields(XcapDirectoryBinding::kEntry)
+                                          .Writer(XML_STR_ENTRY, "AddEntryElementToXml")
+                                          .SelfClosing();
+
+const ZtElementType zt_folder::kType = ZtTypeOf<zt_folder>("zt_folder", "folder", kFamily)
+                                           .Fields(XcapDirectoryBinding::kFolder)
+                                           .Writer(XML_STR_FOLDER, "AddFolderElementToXml");
+
+const ZtElementType zt_xcap_directory::kType =
+    ZtTypeOf<zt_xcap_directory>("zt_xcap_directory", "xcap-directory", kFamily)
+        .Fields(XcapDirectoryBinding::kDirectory)
+        .Writer(XML_STR_XCAP_DIRECTORY, "AddXcapDirectoryElementToXml")
+        .Declares(kDeclarations)
+        .Root();
+
+// ---- Workers ------------------------------------------------------------------------------------
+
+XMLObject* XcapDirectoryDataBinder::CreateRootElement() {
+  return ZtCreate<zt_xcap_directory>(kSource);
+}
+zt_folder* XcapDirectoryDataBinder::CreateFolderElement() { return ZtCreate<zt_folder>(kSource); }
+zt_entry* XcapDirectoryDataBinder::CreateEntryElement() { return ZtCreate<zt_entry>(kSource); }
+
+int XcapDirectoryMarshaller::AddXcapDirectoryElementToXml(zt_xcap_directory* directory) {
+  return Write(directory, zt_xcap_directory::kType);
+}
+int XcapDirectoryMarshaller::AddFolderElementToXml(zt_folder* folder) {
+  return Write(folder, zt_folder::kType);
+}
+int XcapDirectoryMarshaller::AddEntryElementToXml(zt_entry* entry) {
+  return Write(entry, zt_entry::kType);
+}
+
+const ZtDocument XcapDirectoryContext::kDocument =
+    ZtDocumentOf<XcapDirectoryContext, XMLXcapDirectoryDecoder, XcapDirectoryUnMarshaller,
+                 XcapDirectoryMarshaller, XcapDirectoryDataBinder>(
+        {XML_SCHEMA_XCAP_DIRECTORY,
+         "XcapDirectory",
+         {"xcap-directory", nullptr},
+         "urn:oma:xml:xdm:xcap-directory",
+         true},
+        kSource)
+        .Reads("XcapDirectoryUnMarshaller")
+        .Writes(kZtRoots<zt_xcap_directory>, "XcapDirectoryMarshaller", "mXcapDirectoryXml");

@@ -1,0 +1,263 @@
+#include "XMLXcapError.h"
+
+#include "XMLValueTypes.h"
+#include "XcapError.h"
+#include "base/ZtLog.h"
+#include "binding/ZtDocumentTable.h"
+#include "binding/ZtElementWriter.h"
+
+namespace {
+
+constexpr char kSource[] = "src/XMLXcapError";
+constexpr ZtFamily kFamily =
+    ZtQuietFamily(kSource).Enters("<XML Module>: Xcap_ErrorMarshall::%s", kZtLogState);
+
+// Intended: the location names the namespace and no schema file.
+constexpr ZtFixedAttribute kDeclarations[] = {
+    {XML_STR_URN_IETF_PARAMS_XML_NS_XCAP_ERROR, XML_STR_ZT_NULL},
+    {XML_STR_HTTP_WWW_W3_ORG_2001_XMLSCHEMA_INSTANCE, XML_STR_XSI},
+    {XML_STR_URN_IETF_PARAMS_XML_NS_XCAP_ERROR, XML_STR_SCHEMA_LOCATION, XML_STR_XSI}};
+
+constexpr const ZtElementType* kErrors[] = {&zt_schema_validation_error::kType,
+                                            &zt_not_xml_frag::kType,
+                                            &zt_no_parent::kType,
+                                            &zt_cannot_insert::kType,
+                                            &zt_not_xml_att_value::kType,
+                                            &zt_uniqueness_failure::kType,
+                                            &zt_not_well_formed::kType,
+                                            &zt_constraint_failure::kType,
+                                            &zt_cannot_delete::kType,
+                                            &zt_not_utf_8::kType,
+                                            &zt_extension::kType};
+
+// The type of the error `element`, null when it is none.
+const ZtElementType* ErrorTypeOf(const XMLElement* element) {
+  for (const ZtElementType* type : kErrors) {
+    if (element && ZtIsA(*element, *type)) return type;
+  }
+  return nullptr;
+}
+
+bool IsErrorName(const char* name) {
+  for (const ZtElementType* type : kErrors) {
+    if (__strncmp(name, type->label, __strlen(type->label)) == 0) return true;
+  }
+  return false;
+}
+
+}  // namespace
+
+// ---- Types --------------------------------------------------------------------------------------
+
+struct XcapErrorBinding {
+  static constexpr ZtField kPhrase =
+      ztrow::Attribute(XML_STR_PHRASE, &ZtXcapPhrasedError::m_Phrase);
+  static constexpr ZtField kPhrased[] = {kPhrase};
+  static constexpr ZtField kNoParent[] = {
+      kPhrase, ztrow::TextElement(XML_STR_ANCESTOR, &zt_no_parent::m_Ancestor)};
+  static constexpr ZtField kExists[] = {
+      ztrow::Attribute(XML_STR_FIELD, &zt_exists::m_Field),
+      ztrow::TextElements(XML_STR_ALT_VALUE, &zt_exists::m_AltValues)};
+  static constexpr ZtField kUniquenessFailure[] = {
+      kPhrase, ztrow::Children(XML_STR_EXISTS, &zt_uniqueness_failure::m_Exists, zt_exists::kType)
+                   .Lenient()
+                   .Note("<XML Module>: AddExistsElementToXml tempNum: %d ")};
+  static constexpr ZtField kExtension[] = {ZtExtensibleRows::kElements<ZtElement>};
+  static_assert(ztrow::Sound(kNoParent) && ztrow::Sound(kExists) &&
+                ztrow::Sound(kUniquenessFailure));
+
+  // An error that is no more than its phrase.
+  template <class T>
+  static constexpr ZtElementType Phrased(const char* className, const char* label, ZtNameId tag,
+                                         const char* writer) {
+    return ZtTypeOf<T>(className, label, kFamily)
+        .Fields(kPhrased)
+        .Writer(tag, writer)
+        .SelfClosing();
+  }
+
+  // Intended: a name that only begins with an error's is taken for an error, and under any of the
+  // names an object of any error's class will do. The last one stands.
+  static bool TakeError(XMLElement& self, const char* name, const char*, XMLElement* child,
+                        ZtOutcome& outcome) {
+    if (!IsErrorName(name)) return false;
+    outcome = ZtOutcome::kRefused;
+    if (!ErrorTypeOf(child)) return true;
+    static_cast<zt_xcap_error&>(self).m_Error.Set(child);
+    outcome = ZtOutcome::kAdopted;
+    return true;
+  }
+
+  // Intended: an object of another class is left out, and the document is written without it.
+  static bool WriteError(ZtElementWriter& writer, const XMLElement& self, const ZtElementType&) {
+    XMLElement* error = static_cast<const zt_xcap_error&>(self).m_Error.Get();
+    const ZtElementType* type = ErrorTypeOf(error);
+    return !type || writer.Write(error, *type);
+  }
+};
+
+const ZtElementType zt_not_utf_8::kType = XcapErrorBinding::Phrased<zt_not_utf_8>(
+    "zt_not_utf_8", "not-utf-8", XML_STR_NOT_UTF_8, "AddNot_utf_8ElementToXml");
+const ZtElementType zt_cannot_delete::kType = XcapErrorBinding::Phrased<zt_cannot_delete>(
+    "zt_cannot_delete", "cannot-delete", XML_STR_CANNOT_DELETE, "AddCannot_deleteElementToXml");
+const ZtElementType zt_constraint_failure::kType = XcapErrorBinding::Phrased<zt_constraint_failure>(
+    "zt_constraint_failure", "constraint-failure", XML_STR_CONSTRAINT_FAILURE,
+    "AddConstraint_failureElementToXml");
+const ZtElementType zt_not_well_formed::kType = XcapErrorBinding::Phrased<zt_not_well_formed>(
+    "zt_not_well_formed", "not-well-formed", XML_STR_NOT_WELL_FORMED,
+    "AddNot_well_formedElementToXml");
+const ZtElementType zt_not_xml_att_value::kType = XcapErrorBinding::Phrased<zt_not_xml_att_value>(
+    "zt_not_xml_att_value", "not-xml-att-value", XML_STR_NOT_XML_ATT_VALUE,
+    "AddNot_xml_att_valueElementToXml");
+const ZtElementType zt_cannot_insert::kType = XcapErrorBinding::Phrased<zt_cannot_insert>(
+    "zt_cannot_insert", "cannot-insert", XML_STR_CANNOT_INSERT, "AddCannot_insertElementToXml");
+const ZtElementType zt_not_xml_frag::kType = XcapErrorBinding::Phrased<zt_not_xml_frag>(
+    "zt_not_xml_frag", "not-xml-frag", XML_STR_NOT_XML_FRAG, "AddNot_xml_fragElementToXml");
+const ZtElementType zt_schema_validation_error::kType =
+    XcapErrorBinding::Phrased<zt_schema_validation_error>(
+        "zt_schema_validation_error", "schema-validation-error", XML_STR_SCHEMA_VALIDATION_ERROR,
+        "AddSchema_validation_errorElementToXml");
+
+const ZtElementType zt_no_parent::kType =
+    ZtTypeOf<zt_no_parent>("zt_no_parent", "no-parent", kFamily)
+        .Fields(XcapErrorBinding::kNoParent)
+        .Writer(XML_STR_NO_PARENT, "AddNo_parentElementToXml");
+
+const ZtElementType zt_exists::kType = ZtTypeOf<zt_exists>("zt_exists", "exists", kFamily)
+                                           .Fields(XcapErrorBinding::kExists)
+                                           .Writer(XML_STR_EXISTS, "AddExistsElementToXml");
+
+const ZtElementType zt_uniqueness_failure::kType =
+    ZtTypeOf<zt_uniqueness_failure>("zt_uniqueness_failure", "uniqueness-failure", kFamily)
+        .Fields(XcapErrorBinding::kUniquenessFailure)
+        .Writer(XML_STR_UNIQUENESS_FAILURE, "AddUniqueness_failureElementToXml");
+
+const ZtElementType zt_extension::kType =
+    ZtTypeOf<zt_extension>("zt_extension", "extension", kFamily)
+        .Fields(XcapErrorBinding::kExtension)
+        .Writer(XML_STR_EXTENSION, "AddExtensionElementToXml")
+        .UnknownElement(kCannotAccommodate);
+
+// Intended: log readers know the root's writer by a name that is said twice.
+const ZtElementType zt_xcap_error::kType =
+    ZtTypeOf<zt_xcap_error>("zt_xcap_error", "xcap-error", kFamily)
+        .Writer(XML_STR_XCAP_ERROR, "AddXcap_errorElementToXml")
+        .EntryLine("<XML Module>: AddXcap_errorElementToXmlErrorElementToXml")
+        .Declares(kDeclarations)
+        .OnChild(XcapErrorBinding::TakeError)
+        .OnContent(XcapErrorBinding::WriteError)
+        .Root();
+
+// ---- Workers ------------------------------------------------------------------------------------
+
+namespace {
+
+void LogFactory(const char* name) {
+  ZtLog(kZtLogTrace, kSource)("<XML Module>: XcapErrorDataBinder::%s", name);
+}
+
+template <class T>
+T* Make(const char* name) {
+  LogFactory(name);
+  return ZtCreate<T>(kSource);
+}
+
+}  // namespace
+
+XMLObject* XcapErrorDataBinder::CreateRootElement() { return Make<zt_xcap_error>(__func__); }
+zt_extension* XcapErrorDataBinder::CreateExtensionElement() { return Make<zt_extension>(__func__); }
+zt_not_utf_8* XcapErrorDataBinder::CreateNot_utf_8Element() { return Make<zt_not_utf_8>(__func__); }
+zt_cannot_delete* XcapErrorDataBinder::CreateCannot_deleteElement() {
+  return Make<zt_cannot_delete>(__func__);
+}
+zt_constraint_failure* XcapErrorDataBinder::CreateConstraint_failureElement() {
+  return Make<zt_constraint_failure>(__func__);
+}
+zt_not_well_formed* XcapErrorDataBinder::CreateNot_well_formedElement() {
+  return Make<zt_not_well_formed>(__func__);
+}
+zt_exists* XcapErrorDataBinder::CreateExistsElement() { return Make<zt_exists>(__func__); }
+zt_uniqueness_failure* XcapErrorDataBinder::CreateUniqueness_failureElement() {
+  return Make<zt_uniqueness_failure>(__func__);
+}
+zt_not_xml_att_value* XcapErrorDataBinder::CreateNot_xml_att_valueElement() {
+  return Make<zt_not_xml_att_value>(__func__);
+}
+zt_cannot_insert* XcapErrorDataBinder::CreateCannot_insertElement() {
+  return Make<zt_cannot_insert>(__func__);
+}
+zt_no_parent* XcapErrorDataBinder::CreateNo_parentElement() { return Make<zt_no_parent>(__func__); }
+zt_not_xml_frag* XcapErrorDataBinder::CreateNot_xml_fragElement() {
+  return Make<zt_not_xml_frag>(__func__);
+}
+zt_schema_validation_error* XcapErrorDataBinder::CreateSchema_validation_errorElement() {
+  return Make<zt_schema_validation_error>(__func__);
+}
+ZtSingleElementList* XcapErrorDataBinder::CreateList() {
+  LogFactory(__func__);
+  return zt_xml_common_methods::CreateElementList();
+}
+
+int Xcap_ErrorMarshall::AddXcap_errorElementToXml(zt_xcap_error* root) {
+  return Write(root, zt_xcap_error::kType);
+}
+int Xcap_ErrorMarshall::AddNot_utf_8ElementToXml(zt_not_utf_8* error) {
+  return Write(error, zt_not_utf_8::kType);
+}
+int Xcap_ErrorMarshall::AddCannot_deleteElementToXml(zt_cannot_delete* error) {
+  return Write(error, zt_cannot_delete::kType);
+}
+int Xcap_ErrorMarshall::AddConstraint_failureElementToXml(zt_constraint_failure* error) {
+  return Write(error, zt_constraint_failure::kType);
+}
+int Xcap_ErrorMarshall::AddNot_well_formedElementToXml(zt_not_well_formed* error) {
+  return Write(error, zt_not_well_formed::kType);
+}
+int Xcap_ErrorMarshall::AddExistsElementToXml(zt_exists* exists) {
+  return Write(exists, zt_exists::kType);
+}
+int Xcap_ErrorMarshall::AddUniqueness_failureElementToXml(zt_uniqueness_failure* error) {
+  return Write(error, zt_uniqueness_failure::kType);
+}
+int Xcap_ErrorMarshall::AddNot_xml_att_valueElementToXml(zt_not_xml_att_value* error) {
+  return Write(error, zt_not_xml_att_value::kType);
+}
+int Xcap_ErrorMarshall::AddCannot_insertElementToXml(zt_cannot_insert* error) {
+  return Write(error, zt_cannot_insert::kType);
+}
+int Xcap_ErrorMarshall::AddNo_parentElementToXml(zt_no_parent* error) {
+  return Write(error, zt_no_parent::kType);
+}
+int Xcap_ErrorMarshall::AddNot_xml_fragElementToXml(zt_not_xml_frag* error) {
+  return Write(error, zt_not_xml_frag::kType);
+}
+int Xcap_ErrorMarshall::AddSchema_validation_errorElementToXml(zt_schema_validation_error* error) {
+  return Write(error, zt_schema_validation_error::kType);
+}
+int Xcap_ErrorMarshall::AddExtensionElementToXml(zt_extension* error) {
+  return Write(error, zt_extension::kType);
+}
+
+namespace {
+
+constexpr ZtDocumentLines Lines() {
+  ZtDocumentLines lines;
+  lines.textInput = "<XML Module>: %s::UnMarshall";
+  lines.fileInput = lines.textInput;
+  lines.nullRoot = "<XML Module>: Xcap_ErrorMarshall :: Marshall: Received Object is NULL";
+  return lines;
+}
+
+}  // namespace
+
+const ZtDocument XcapErrorContext::kDocument =
+    ZtDocumentOf<XcapErrorContext, XMLXcapErrorDecoder, XcapErrorUnMarshaller, Xcap_ErrorMarshall,
+                 XcapErrorDataBinder>({XML_SCHEMA_XCAP_ERROR,
+                                       "XcapError",
+                                       {"xcap-error", nullptr},
+                                       "urn:ietf:params:xml:ns:xcap-error",
+                                       true},
+                                      kSource)
+        .Reads("XcapErrorUnMarshaller")
+        .Writes(kZtRoots<zt_xcap_error>, "Xcap_ErrorMarshall", "mXcapErrorXml")
+        .Lines(Lines());

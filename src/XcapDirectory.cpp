@@ -1,0 +1,21 @@
+#include "XcapDirectory.h"
+
+#include "XMLXcapDirectory.h"
+#include "binding/ZtGrammar.h"
+
+namespace {
+
+constexpr ZtGrammarRow kRows[] = {
+    {XML_STR_XCAP_DIRECTORY, ZtElementKind::kRoot, &zt_xcap_directory::kType},
+    {XML_STR_FOLDER, ZtElementKind::kStructured, &zt_folder::kType},
+    {XML_STR_ENTRY, ZtElementKind::kStructured, &zt_entry::kType},
+};
+
+constexpr ZtGrammar kGrammar(
+    "XMLXcapDirectoryDecoder", "src/XcapDirectory",
+    "XMLXcapDirectoryDecoder :: XMLRemoveNameSpaceTag: Malloc unable to allocate memory",
+    ZtPrefixRule::kStrip, kRows);
+
+}  // namespace
+
+XMLXcapDirectoryDecoder::XMLXcapDirectoryDecoder() : ZtSchemaDecoder(kGrammar) {}
