@@ -5,10 +5,8 @@
 #include "XMLSimservsXcap.h"
 #include "binding/ZtDocumentTable.h"
 
-// Booleans as documents write them. Other texts leave the field as it is ...
+// Booleans as documents write them. Other texts leave the field as it is.
 inline constexpr ZtEnumTable kBoolean = {kBooleanSlots, 2, 2, kZtKeepsValue, false};
-// ... or, intended for those fields that peers know to behave so ("1" too), are false.
-inline constexpr ZtEnumTable kTrueOrElseFalse = {kBooleanSlots, 2, 2, 0, false};
 
 inline constexpr char kSimservsNamespace[] = "http://uri.etsi.org/ngn/params/xml/simservs/xcap";
 

@@ -8,8 +8,7 @@
 namespace {
 
 constexpr char kSource[] = "src/XMLConferenceInfo";
-constexpr ZtFamily kFamily = {kSource, &kZtNoHookLines, kCannotAccommodate,
-                              "<XML Module>: %s XML Failed!", ZtUnknown::kIgnore};
+constexpr ZtFamily kFamily = ZtUsualFamily(kSource);
 
 // ---- Enumerations -------------------------------------------------------------------------------
 // A value is known by its beginning.
@@ -34,8 +33,6 @@ constexpr ZtEnumTable kDisconnectionMethods = {kDisconnectionSlots, 4, 4, ZT_DIS
 
 constexpr ZtEnumSlot kMediaSlots[] = {"recvonly", "sendonly", "sendrecv", "inactive"};
 constexpr ZtEnumTable kMediaStatuses = {kMediaSlots, 4, 4, ZT_MEDIA_STATUS_ABSENT, true};
-
-constexpr ZtEnumTable kTrueOrElseFalse = {kBooleanSlots, 2, 2, 0, false};
 
 constexpr ZtField kExtras = ZtExtensibleRows::kAttributes<ZtElement>;
 constexpr ZtField kOthers = ZtExtensibleRows::kElements<ZtElement>;

@@ -30,6 +30,8 @@ struct ZtEnumTable {
 };
 
 inline constexpr ZtEnumSlot kBooleanSlots[] = {"false", "true"};
+// Intended, for fields that peers know to behave so: all other texts are false, "1" too.
+inline constexpr ZtEnumTable kTrueOrElseFalse = {kBooleanSlots, 2, 2, 0, false};
 
 // Where a field lives in its object. A member of a derived type is reached through the base: the
 // object's dynamic type has it.
@@ -109,7 +111,7 @@ struct ZtField {
   bool atEnd = false;     // a child that is made at its end tag and offered with its text
   bool madeHere = false;  // a child that its parent makes, at its end tag, from its text
   bool lenient = false;   // a child that cannot be written does not fail its parent
-  bool oneOf = false;     // of the children with this mark only the first that is set is written
+  bool oneOf = false;     // of the child elements so marked only the first that is set is written
 
   constexpr ZtField(ZtPlace p, ZtValue v, ZtNameId n, ZtMember m, ZtFieldDetail d = ZtFieldDetail())
       : member(m), detail(d), name(n), place(p), value(v) {}
@@ -289,6 +291,12 @@ inline constexpr char kCannotAccommodate[] = "Cannot accommodate the element %s 
 inline constexpr ZtHookLines kZtNoHookLines = {};
 constexpr ZtFamily ZtQuietFamily(const char* source, const char* recordedUnder = nullptr) {
   return {source, &kZtNoHookLines, nullptr, nullptr, ZtUnknown::kIgnore, recordedUnder};
+}
+
+// The family of types that say the usual of unknown elements and of children that fail.
+constexpr ZtFamily ZtUsualFamily(const char* source) {
+  return {source, &kZtNoHookLines, kCannotAccommodate, "<XML Module>: %s XML Failed!",
+          ZtUnknown::kIgnore};
 }
 
 // An attribute that an element always carries: name="value", or name:suffix="value" unless the

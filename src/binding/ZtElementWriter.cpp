@@ -108,6 +108,13 @@ struct ExtraAttribute {
   }
 };
 
+// Whether a child element, of an object or of a text, is there to be written.
+bool HasChild(const XMLElement& element, const ZtField& field) {
+  if (field.place == ZtPlace::kChild) return (element.*field.member.child).Get() != nullptr;
+  char buffer[kZtNumberSize];
+  return ZtFieldText(element, field, buffer) != nullptr;
+}
+
 // Whether `name` is one of the attributes that the element's start tag carries anyway.
 bool IsFixed(const ZtElementType& type, const char* name) {
   for (unsigned i = 0; i < type.fixedCount; ++i) {
@@ -171,7 +178,7 @@ bool ZtElementWriter::WriteChildren(const XMLElement& element, const ZtElementTy
   for (const ZtField& field : type) {
     if (field.IsAttribute()) continue;
     if (field.oneOf) {
-      if (chosen || !(element.*field.member.child).Get()) continue;
+      if (chosen || !HasChild(element, field)) continue;
       chosen = true;
     }
     if (!WriteField(element, field)) return false;
