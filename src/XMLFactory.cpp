@@ -10,6 +10,9 @@
 #include "XMLOIP.h"
 #include "XMLPresence.h"
 #include "XMLReginfo.h"
+#include "XMLResourceList.h"
+#include "XMLRlmi.h"
+#include "XMLRlsServices.h"
 #include "XMLSchemaNameSpaceRetrieval.h"
 #include "XMLSimservs.h"
 #include "XMLTIP.h"
@@ -28,9 +31,12 @@ constexpr const ZtDocument* kDocuments[] = {
     &GruuContext::kDocument,
     &IMDNContext::kDocument,
     &IsComposingContext::kDocument,
+    &ListContext::kDocument,
     &OIPContext::kDocument,
     &PresenceContext::kDocument,
     &ReginfoContext::kDocument,
+    &ResourceListsContext::kDocument,
+    &RlsServicesContext::kDocument,
     &SchemaNamespaceRetrievalContext::kDocument,
     &SimservsContext::kDocument,
     &TIPContext::kDocument,
