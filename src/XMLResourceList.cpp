@@ -81,6 +81,7 @@ struct ResourceListsBinding {
     return false;
   }
 
+  // Of the root, too, extra attributes are kept: they declare the prefixes of its members' ones.
   static constexpr ZtField kLists[] = {
       ZtExtensibleRows::kAttributes<ZtObject>,
       ztrow::Children(XML_STR_LIST, &zt_resource_lists::m_Lists, zt_listType::kType)

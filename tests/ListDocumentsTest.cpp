@@ -37,14 +37,12 @@ std::string OutRlmi(const std::string& content,
   return Out("<list  xmlns='urn:ietf:params:xml:ns:rlmi'" + rest + ">" + content + "</list>");
 }
 std::string InRls(const std::string& content) {
-  return "<rls-services><service uri='s'>" + content + "</service></rls-services>";
+  return "<r:rls-services xmlns:r='u' a='1'><service uri='s'>" + content +
+         "</service></r:rls-services>";
 }
-std::string OutRls(const std::string& content) {
-  return Out("<rls-services  xmlns='urn:ietf:params:xml:ns:rls-services'>" + content +
-             "</rls-services>");
-}
-std::string OutService(const std::string& content) {
-  return OutRls("<service  uri='s'>" + content + "</service>");
+std::string OutRls(const std::string& content, const std::string& attributes = "  uri='s'") {
+  return Out("<rls-services  xmlns='urn:ietf:params:xml:ns:rls-services'><service" + attributes +
+             ">" + content + "</service></rls-services>");
 }
 
 using Cases = std::vector<std::pair<std::string, std::string>>;
@@ -114,22 +112,21 @@ TEST(Rlmi, WritesWhatItReads) {
 
 TEST(RlsServices, WriteWhatTheyRead) {
   const Cases kCases = {
-      {"<r:rls-services xmlns:r='u' a='1'/>", OutRls("")},
       {"<rls-services><service a='1' uri='&quot;' b='2' a='3'/></rls-services>",
-       OutRls("<service  uri='&quot;'  a='1'  b='2'></service>")},
+       OutRls("", "  uri='&quot;'  a='1'  b='2'")},
       {InRls("<packages a='1'><package a='1'>presence</package><x/><p:package>a&lt;<package/>b"
              "</p:package></packages><resource-list a='1'>http://l</resource-list>"),
-       OutService("<resource-list>http://l</resource-list><packages><package>presence</package>"
-                  "<package>b</package></packages>")},
+       OutRls("<resource-list>http://l</resource-list><packages><package>presence</package>"
+              "<package>b</package></packages>")},
       // A list's URI, be it empty, stands for the list.
-      {InRls("<list name='l'/><resource-list/>"), OutService("<resource-list></resource-list>")},
+      {InRls("<list name='l'/><resource-list/>"), OutRls("<resource-list></resource-list>")},
       {InRls("<list name='no'/><packages/><list a='1' name='l'><display-name>d</display-name>"
              "<l:entry a='1' uri='e'/><list><entry-ref ref='r'/></list><external/></list>"),
-       OutService("<list  name='l'  a='1'><display-name>d</display-name><entry  a='1'  "
-                  "uri='e'></entry><list><entry-ref  ref='r'></entry-ref></list>"
-                  "<external></external></list><packages></packages>")},
+       OutRls("<list  name='l'  a='1'><display-name>d</display-name><entry  a='1'  "
+              "uri='e'></entry><list><entry-ref  ref='r'></entry-ref></list>"
+              "<external></external></list><packages></packages>")},
       {InRls("<package>no</package><x><list/></x><service/><packages><list/></packages>"),
-       OutService("<packages></packages>")},
+       OutRls("<packages></packages>")},
   };
   ExpectWritten(XML_SCHEMA_RLS_SERVICES, kCases);
 }
@@ -139,8 +136,8 @@ std::string Describe(XMLElement* member) {
   if (auto* entry = ZtAs<zt_entryType>(member)) return entry->getUriValue() + std::string(" ");
   auto* members = ZtAs<zt_listType>(member)->getAnyElementValue();
   std::string text = "(";
-  for (unsigned short i = 0; i < CountOf(members); ++i) {
-    text += Describe(EntryOf<XMLElement>(members, i));
+  for (auto* node = members ? members->GetPtrToListHead() : nullptr; node; node = node->next) {
+    text += Describe(static_cast<XMLElement*>(node->data));
   }
   return text + ") ";
 }
@@ -152,11 +149,12 @@ TEST(ResourceLists, NestedListsKeepTheirSiblings) {
   for (int depth : {2, kMost, kMost + 1, kMost + 60}) {
     std::string in = "<entry uri='0'/>", members = "0 ";
     for (int i = depth; i > 0; --i) {
-      in = "<list>" + in + "</list>";
-      members = i > kMost ? "() " + members : "(" + members + ") ";
+      const std::string number = std::to_string(i);
+      in.insert(0, "<list>").append("</list>");
+      members.insert(0, i > kMost ? "() " : "(").append(i > kMost ? "" : ") ");
       if (i == 1) continue;
-      in += "<entry uri='" + std::to_string(i) + "'/>";
-      members += std::to_string(i) + " ";
+      in.append("<entry uri='").append(number).append("'/>");
+      members.append(number).append(" ");
     }
     auto root = Schema(XML_SCHEMA_RESOURCE_LISTS).Read<zt_resource_lists>(InLists(in));
     EXPECT_EQ(Describe(EntryOf<XMLElement>(root->getListListValue(), 0)), members);
@@ -177,8 +175,12 @@ void ExpectFailure(const Kind& kind, const std::string& in, std::string missing,
   missing.insert(missing.find(' ', kModule.size()), "ElementToXml");
   std::vector<std::string> expected = {missing};
   for (const std::string& name : failing) {
-    expected.push_back(kModule + (name < "A" ? "AddResource_listsElementToXml tempNum: " + name
-                                             : "Add" + name + "ElementToXml XML Failed!"));
+    std::string& line = expected.emplace_back(kModule);
+    if (name < "A") {
+      line.append("AddResource_listsElementToXml tempNum: ").append(name);
+    } else {
+      line.append("Add").append(name).append("ElementToXml XML Failed!");
+    }
   }
   expected.push_back(kModule + kind.marshaller + " XML Failed!");
   Schema schema(kind.id);
@@ -298,7 +300,7 @@ TEST(RlsServices, BuiltByHand) {
   packages->addPackage(RlsServicesDataBinder().CreatePackageElement());
   // Who writes logs, also for the list.
   ExpectLines(
-      schema, root.get(), OutService("<list></list><packages><package> </package></packages>"),
+      schema, root.get(), OutRls("<list></list><packages><package> </package></packages>"),
       "src/XMLRlsServices",
       {"RlsServicesMarshaller :: Marshall",
        "RlsServicesMarshaller :: Marshall: Deleting mRlsServicesXml", "AddRlsServicesElementToXml",
