@@ -16,6 +16,9 @@
 #include "XMLPresence.h"
 #include "XMLRcsTermsInfo.h"
 #include "XMLReginfo.h"
+#include "XMLResourceList.h"
+#include "XMLRlmi.h"
+#include "XMLRlsServices.h"
 #include "XMLSchemaNameSpaceRetrieval.h"
 #include "XMLSimservs.h"
 #include "XMLTIP.h"
@@ -42,11 +45,14 @@ constexpr const ZtDocument* kDocuments[] = {
     &GruuContext::kDocument,
     &IMDNContext::kDocument,
     &IsComposingContext::kDocument,
+    &ListContext::kDocument,
     &MediaControlContext::kDocument,
     &OIPContext::kDocument,
     &PresenceContext::kDocument,
     &RcsTermsInfoContext::kDocument,
     &ReginfoContext::kDocument,
+    &ResourceListsContext::kDocument,
+    &RlsServicesContext::kDocument,
     &SchemaNamespaceRetrievalContext::kDocument,
     &SimservsContext::kDocument,
     &TIPContext::kDocument,

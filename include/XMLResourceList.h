@@ -1,0 +1,161 @@
+// Resource lists (RFC 4826): lists of URIs, nested in each other.
+#ifndef ZTXML_INCLUDE_XMLRESOURCELIST_H
+#define ZTXML_INCLUDE_XMLRESOURCELIST_H
+
+#include "ZtDocument.h"
+#include "ZtElement.h"
+
+struct ResourceListsBinding;
+
+/// The element "display-name": what to show for the element that it stands in.
+class ZT_API zt_display_nameType : public ZtTyped<zt_display_nameType, ZtExtensible<>> {
+ public:
+  static const ZtElementType kType;
+
+  /// The element's text (copied). Raw text, to be escaped by the caller.
+  int setValueValue(const char* value) { return m_Value.Assign(value); }
+  const char* getValueValue() const { return m_Value.Get(); }
+
+ private:
+  friend struct ResourceListsBinding;
+
+  ZtText m_Value;
+};
+
+/// What has a "display-name". Here and below texts are copied, and null means absent.
+class ZT_API ZtDisplayNamed : public ZtExtensible<> {
+ public:
+  /// Takes the name; null for none.
+  int setDisplayNameValue(zt_display_nameType* name) { return m_DisplayName.Set(name); }
+  zt_display_nameType* getDisplayNameValue() const {
+    return static_cast<zt_display_nameType*>(m_DisplayName.Get());
+  }
+
+ private:
+  friend struct ResourceListsBinding;
+
+  ZtChild m_DisplayName;
+};
+
+/// The element "entry": one resource.
+class ZT_API zt_entryType : public ZtTyped<zt_entryType, ZtDisplayNamed> {
+ public:
+  static const ZtElementType kType;
+
+  /// The resource's URI; required on output.
+  int setUriValue(const char* uri) { return m_Uri.Assign(uri); }
+  const char* getUriValue() const { return m_Uri.Get(); }
+
+ private:
+  friend struct ResourceListsBinding;
+
+  ZtText m_Uri;
+};
+
+/// The element "entry-ref": an entry of a document on the same server.
+class ZT_API zt_entry_refType : public ZtTyped<zt_entry_refType, ZtDisplayNamed> {
+ public:
+  static const ZtElementType kType;
+
+  /// The entry's relative URI; required on output.
+  int setRefValue(const char* ref) { return m_Ref.Assign(ref); }
+  const char* getRefValue() const { return m_Ref.Get(); }
+
+ private:
+  friend struct ResourceListsBinding;
+
+  ZtText m_Ref;
+};
+
+/// The element "external": a list of another document.
+class ZT_API zt_externalType : public ZtTyped<zt_externalType, ZtDisplayNamed> {
+ public:
+  static const ZtElementType kType;
+
+  /// The list's absolute URI.
+  int setAnchorValue(const char* anchor) { return m_Anchor.Assign(anchor); }
+  const char* getAnchorValue() const { return m_Anchor.Get(); }
+
+ private:
+  friend struct ResourceListsBinding;
+
+  ZtText m_Anchor;
+};
+
+/// The element "list". Of the elements that it keeps (see ZtKeepsElements), in the order of the
+/// document, those of the classes below are its members and are written; ZtAs tells which is which.
+class ZT_API zt_listType : public ZtTyped<zt_listType, ZtDisplayNamed> {
+ public:
+  static const ZtElementType kType;
+
+  /// A name that no list beside it has.
+  int setNameValue(const char* name) { return m_Name.Assign(name); }
+  const char* getNameValue() const { return m_Name.Get(); }
+
+  /// Each takes a member and puts it behind the others; 0 when it is null or there is no memory.
+  int addList(zt_listType* list) { return addAnyElement(list); }
+  int addEntry(zt_entryType* entry) { return addAnyElement(entry); }
+  int addEntryRef(zt_entry_refType* entry) { return addAnyElement(entry); }
+  int addExternal(zt_externalType* external) { return addAnyElement(external); }
+
+ private:
+  friend struct ResourceListsBinding;
+
+  ZtText m_Name;
+};
+
+/// The root element "resource-lists".
+class ZT_API zt_resource_lists : public ZtTyped<zt_resource_lists, ZtExtensible<ZtObject>> {
+ public:
+  static const ZtElementType kType;
+
+  /// A list of zt_listType (taken).
+  int setListListValue(ZtSingleElementList* list) { return m_Lists.Set(list); }
+  ZtSingleElementList* getListListValue() const { return m_Lists.Get(); }
+  /// Takes `list`; 0 when it is null or there is no memory.
+  int addList(zt_listType* list) { return m_Lists.Add(list); }
+
+ private:
+  friend struct ResourceListsBinding;
+
+  ZtChildList m_Lists;
+};
+
+/// Makes empty objects; each is the caller's until a parent takes it. Null without memory.
+class ZT_API ResourceListsDataBinder : public XMLObjectFactory {
+ public:
+  XMLObject* CreateRootElement() override;
+  zt_listType* CreateListType();
+  zt_entryType* CreateEntryType();
+  zt_entry_refType* CreateEntryRefType();
+  zt_externalType* CreateExternalType();
+  zt_display_nameType* CreateDisplayNameType();
+};
+
+class ResourceListsContext;
+
+/// Writes a zt_resource_lists. Besides Marshall, the steps that write one element each (1 written,
+/// 0 failed), which only a running Marshall can use.
+class ZT_API Resource_listsMarshall : public ZtDescribedBy<ResourceListsContext, ZtMarshaller> {
+ public:
+  int AddResource_listsElementToXml(zt_resource_lists* lists);
+  int AddListElementToXml(zt_listType* list);
+  int AddEntryElementToXml(zt_entryType* entry);
+  int AddEntryRefElementToXml(zt_entry_refType* entry);
+  int AddExternalElementToXml(zt_externalType* external);
+};
+
+/// Reads a zt_resource_lists.
+class ZT_API ResourceListsUnMarshaller
+    : public ZtDescribedBy<ResourceListsContext, ZtUnMarshaller> {};
+
+/// The context of resource lists, XML_SCHEMA_RESOURCE_LISTS.
+class ZT_API ResourceListsContext : public ZtDescribedBy<ResourceListsContext, ZtContext> {
+ public:
+  static const ZtDocument kDocument;
+};
+
+/// A self-check for developers: writes a small document, which the log shows, and frees it.
+ZT_API void TestResource_listsMarshall();
+
+#endif  // ZTXML_INCLUDE_XMLRESOURCELIST_H

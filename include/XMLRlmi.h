@@ -1,0 +1,169 @@
+// Resource list meta-information (RFC 4662): how the subscriptions to a list's resources stand.
+#ifndef ZTXML_INCLUDE_XMLRLMI_H
+#define ZTXML_INCLUDE_XMLRLMI_H
+
+#include "ZtDocument.h"
+#include "ZtElement.h"
+
+struct RlmiBinding;
+
+/// How a subscription to a resource stands.
+enum zt_instance_state_enum : unsigned {
+  ZT_INSTANCE_STATE_ACTIVE,
+  ZT_INSTANCE_STATE_PENDING,
+  ZT_INSTANCE_STATE_TERMINATED,
+  ZT_INSTANCE_STATE_ABSENT  ///< not said or not understood; cannot be written
+};
+
+/// The element "name": what to show for a list or a resource.
+class ZT_API zt_name : public ZtTyped<zt_name, ZtKeepsElements<>> {
+ public:
+  static const ZtElementType kType;
+
+  /// The element's text (copied). Raw text, to be escaped by the caller.
+  int setValueValue(const char* value) { return m_Value.Assign(value); }
+  const char* getValueValue() const { return m_Value.Get(); }
+
+ private:
+  friend struct RlmiBinding;
+
+  ZtText m_Value;
+};
+
+/// The element "instance": one subscription to a resource. Here and below texts are copied, and
+/// null means absent.
+class ZT_API zt_instance : public ZtTyped<zt_instance, ZtExtensible<>> {
+ public:
+  static const ZtElementType kType;
+
+  /// Tells the instances of a resource apart; required on output.
+  int setIdValue(const char* id) { return m_Id.Assign(id); }
+  const char* getIdValue() const { return m_Id.Get(); }
+  /// Required on output.
+  int setStateValue(zt_instance_state_enum state) {
+    m_State = state;
+    return 1;
+  }
+  zt_instance_state_enum getStateValue() const {
+    return static_cast<zt_instance_state_enum>(m_State);
+  }
+  /// Why the subscription was terminated.
+  int setReasonValue(const char* reason) { return m_Reason.Assign(reason); }
+  const char* getReasonValue() const { return m_Reason.Get(); }
+  /// The Content-ID of the body part with the resource's state.
+  int setCidValue(const char* cid) { return m_Cid.Assign(cid); }
+  const char* getCidValue() const { return m_Cid.Get(); }
+
+ private:
+  friend struct RlmiBinding;
+
+  ZtText m_Id;
+  unsigned m_State = ZT_INSTANCE_STATE_ABSENT;
+  ZtText m_Reason;
+  ZtText m_Cid;
+};
+
+/// The element "resource".
+class ZT_API zt_resource : public ZtTyped<zt_resource, ZtExtensible<>> {
+ public:
+  static const ZtElementType kType;
+
+  /// The resource's URI; required on output.
+  int setUriValue(const char* uri) { return m_Uri.Assign(uri); }
+  const char* getUriValue() const { return m_Uri.Get(); }
+
+  /// A list of zt_name (taken).
+  int setNameListValue(ZtSingleElementList* list) { return m_Names.Set(list); }
+  ZtSingleElementList* getNameListValue() const { return m_Names.Get(); }
+  /// Takes `name`; 0 when it is null or there is no memory.
+  int addName(zt_name* name) { return m_Names.Add(name); }
+
+  /// A list of zt_instance (taken).
+  int setInstanceListValue(ZtSingleElementList* list) { return m_Instances.Set(list); }
+  ZtSingleElementList* getInstanceListValue() const { return m_Instances.Get(); }
+  /// Takes `instance`; 0 when it is null or there is no memory.
+  int addInstance(zt_instance* instance) { return m_Instances.Add(instance); }
+
+ private:
+  friend struct RlmiBinding;
+
+  ZtText m_Uri;
+  ZtChildList m_Names;
+  ZtChildList m_Instances;
+};
+
+/// The root element "list".
+class ZT_API zt_list : public ZtTyped<zt_list, ZtExtensible<ZtObject>> {
+ public:
+  static const ZtElementType kType;
+
+  /// The list's URI; required on output.
+  int setUriValue(const char* uri) { return m_Uri.Assign(uri); }
+  const char* getUriValue() const { return m_Uri.Get(); }
+  /// Counted up from one document to the next; always written.
+  int setVersionValue(unsigned int version) {
+    m_Version = version;
+    return 1;
+  }
+  unsigned int getVersionValue() const { return m_Version; }
+  /// 1 or 0 (any other number, and at first): whether all resources are told of, not only those
+  /// that changed. Always written.
+  int setFullStateValue(int full) {
+    m_FullState = full == 1 ? 1 : 0;
+    return 1;
+  }
+  int getFullStateValue() const { return static_cast<int>(m_FullState); }
+
+  /// A list of zt_name (taken).
+  int setNameListValue(ZtSingleElementList* list) { return m_Names.Set(list); }
+  ZtSingleElementList* getNameListValue() const { return m_Names.Get(); }
+  /// Takes `name`; 0 when it is null or there is no memory.
+  int addName(zt_name* name) { return m_Names.Add(name); }
+
+  /// A list of zt_resource (taken).
+  int setResourceListValue(ZtSingleElementList* list) { return m_Resources.Set(list); }
+  ZtSingleElementList* getResourceListValue() const { return m_Resources.Get(); }
+  /// Takes `resource`; 0 when it is null or there is no memory.
+  int addResource(zt_resource* resource) { return m_Resources.Add(resource); }
+
+ private:
+  friend struct RlmiBinding;
+
+  ZtText m_Uri;
+  unsigned m_Version = 0;
+  unsigned m_FullState = 0;
+  ZtChildList m_Names;
+  ZtChildList m_Resources;
+};
+
+/// Makes empty objects; each is the caller's until a parent takes it. Null without memory.
+class ZT_API ListDataBinder : public XMLObjectFactory {
+ public:
+  XMLObject* CreateRootElement() override;
+  zt_resource* CreateResourceElement();
+  zt_instance* CreateInstanceElement();
+  zt_name* CreateNameElement();
+};
+
+class ListContext;
+
+/// Writes a zt_list. Besides Marshall, the steps that write one element each (1 written, 0 failed),
+/// which only a running Marshall can use.
+class ZT_API ListMarshaller : public ZtDescribedBy<ListContext, ZtMarshaller> {
+ public:
+  int AddListElementToXml(zt_list* list);
+  int AddResourceElementToXml(zt_resource* resource);
+  int AddInstanceElementToXml(zt_instance* instance);
+  int AddNameElementToXml(zt_name* name);
+};
+
+/// Reads a zt_list.
+class ZT_API ListUnMarshaller : public ZtDescribedBy<ListContext, ZtUnMarshaller> {};
+
+/// The context of resource list meta-information, XML_SCHEMA_LIST.
+class ZT_API ListContext : public ZtDescribedBy<ListContext, ZtContext> {
+ public:
+  static const ZtDocument kDocument;
+};
+
+#endif  // ZTXML_INCLUDE_XMLRLMI_H

@@ -1,0 +1,125 @@
+// Resource list services (RFC 4826): the lists to which a resource list server takes subscriptions.
+#ifndef ZTXML_INCLUDE_XMLRLSSERVICES_H
+#define ZTXML_INCLUDE_XMLRLSSERVICES_H
+
+#include "XMLResourceList.h"
+#include "ZtDocument.h"
+#include "ZtElement.h"
+
+struct RlsServicesBinding;
+
+/// The element "package".
+class ZT_API zt_ns_rls_services_packageType
+    : public ZtTyped<zt_ns_rls_services_packageType, ZtKeepsElements<>> {
+ public:
+  static const ZtElementType kType;
+
+  /// The name of an event package, the element's text (copied).
+  int setValueValue(const char* value) { return m_Value.Assign(value); }
+  const char* getValueValue() const { return m_Value.Get(); }
+
+ private:
+  friend struct RlsServicesBinding;
+
+  ZtText m_Value;
+};
+
+/// The element "packages": what can be subscribed to.
+class ZT_API zt_ns_rls_services_packagesType
+    : public ZtTyped<zt_ns_rls_services_packagesType, ZtKeepsElements<>> {
+ public:
+  static const ZtElementType kType;
+
+  /// A list of zt_ns_rls_services_packageType (taken).
+  int setPackageListValue(ZtSingleElementList* list) { return m_Packages.Set(list); }
+  ZtSingleElementList* getPackageListValue() const { return m_Packages.Get(); }
+  /// Takes `package`; 0 when it is null or there is no memory.
+  int addPackage(zt_ns_rls_services_packageType* package) { return m_Packages.Add(package); }
+
+ private:
+  friend struct RlsServicesBinding;
+
+  ZtChildList m_Packages;
+};
+
+/// The element "service". Texts are copied; null means absent.
+class ZT_API zt_ns_rls_services_serviceType
+    : public ZtTyped<zt_ns_rls_services_serviceType, ZtExtensible<>> {
+ public:
+  static const ZtElementType kType;
+
+  /// The URI to subscribe to; required on output.
+  int setUriValue(const char* uri) { return m_Uri.Assign(uri); }
+  const char* getUriValue() const { return m_Uri.Get(); }
+  /// The URI of the list, when that is kept elsewhere.
+  int setResourceListValue(const char* uri) { return m_ResourceList.Assign(uri); }
+  const char* getResourceListValue() const { return m_ResourceList.Get(); }
+  /// Takes the list itself; null for none. It is written when there is no URI of a list, not even
+  /// an empty one. See ResourceListsDataBinder.
+  int setListValue(zt_listType* list) { return m_List.Set(list); }
+  zt_listType* getListValue() const { return static_cast<zt_listType*>(m_List.Get()); }
+  /// Takes the packages; null for none.
+  int setPackagesValue(zt_ns_rls_services_packagesType* packages) {
+    return m_Packages.Set(packages);
+  }
+  zt_ns_rls_services_packagesType* getPackagesValue() const {
+    return static_cast<zt_ns_rls_services_packagesType*>(m_Packages.Get());
+  }
+
+ private:
+  friend struct RlsServicesBinding;
+
+  ZtText m_Uri;
+  ZtText m_ResourceList;
+  ZtChild m_List;
+  ZtChild m_Packages;
+};
+
+/// The root element "rls-services".
+class ZT_API zt_rls_services : public ZtTyped<zt_rls_services, ZtKeepsElements<ZtObject>> {
+ public:
+  static const ZtElementType kType;
+
+  /// A list of zt_ns_rls_services_serviceType (taken).
+  int setServiceListValue(ZtSingleElementList* list) { return m_Services.Set(list); }
+  ZtSingleElementList* getServiceListValue() const { return m_Services.Get(); }
+  /// Takes `service`; 0 when it is null or there is no memory.
+  int addService(zt_ns_rls_services_serviceType* service) { return m_Services.Add(service); }
+
+ private:
+  friend struct RlsServicesBinding;
+
+  ZtChildList m_Services;
+};
+
+/// Makes empty objects; each is the caller's until a parent takes it. Null without memory.
+class ZT_API RlsServicesDataBinder : public XMLObjectFactory {
+ public:
+  XMLObject* CreateRootElement() override;
+  zt_ns_rls_services_serviceType* CreateServiceElement();
+  zt_ns_rls_services_packagesType* CreatePackagesElement();
+  zt_ns_rls_services_packageType* CreatePackageElement();
+};
+
+class RlsServicesContext;
+
+/// Writes a zt_rls_services. Besides Marshall, the steps that write one element each (1 written, 0
+/// failed), which only a running Marshall can use.
+class ZT_API RlsServicesMarshaller : public ZtDescribedBy<RlsServicesContext, ZtMarshaller> {
+ public:
+  int AddRlsServicesElementToXml(zt_rls_services* services);
+  int AddServiceElementToXml(zt_ns_rls_services_serviceType* service);
+  int AddPackagesElementToXml(zt_ns_rls_services_packagesType* packages);
+  int AddPackageElementToXml(zt_ns_rls_services_packageType* package);
+};
+
+/// Reads a zt_rls_services.
+class ZT_API RlsServicesUnMarshaller : public ZtDescribedBy<RlsServicesContext, ZtUnMarshaller> {};
+
+/// The context of resource list services, XML_SCHEMA_RLS_SERVICES.
+class ZT_API RlsServicesContext : public ZtDescribedBy<RlsServicesContext, ZtContext> {
+ public:
+  static const ZtDocument kDocument;
+};
+
+#endif  // ZTXML_INCLUDE_XMLRLSSERVICES_H

@@ -1,0 +1,184 @@
+#include "XMLResourceList.h"
+
+#include "ResourceLists.h"
+#include "base/ZtLog.h"
+#include "binding/ZtDocumentTable.h"
+
+namespace {
+
+constexpr char kSource[] = "src/XMLResourceList";
+constexpr ZtFamily kFamily = ZtPlainFamily(kSource);
+
+constexpr ZtField kExtras = ZtExtensibleRows::kAttributes<ZtElement>;
+constexpr ZtField kOthers = ZtExtensibleRows::kElements<ZtElement>;
+
+constexpr ZtFixedAttribute kNamespaces[] = {
+    {XML_STR_URN_IETF_PARAMS_XML_NS_RESOURCE_LISTS, XML_STR_ZT_NULL},
+    {XML_STR_HTTP_WWW_W3_ORG_2001_XMLSCHEMA_INSTANCE, XML_STR_XSI},
+    {XML_STR_URN_IETF_PARAMS_XML_NS_COPYCONTROL, XML_STR_CP}};
+
+template <class T>
+constexpr ZtElementType TypeOf(const char* className, const char* label) {
+  return ZtTypeOf<T>(className, label, kFamily);
+}
+
+}  // namespace
+
+// ---- Types --------------------------------------------------------------------------------------
+
+struct ResourceListsBinding {
+  static constexpr ZtField kDisplayName[] = {
+      kExtras,
+      ztrow::OwnText(XML_STR_DISPLAY_NAME, &zt_display_nameType::m_Value),
+      kOthers,
+  };
+  static constexpr ZtField kNamed =
+      ztrow::Child(XML_STR_DISPLAY_NAME, &ZtDisplayNamed::m_DisplayName, zt_display_nameType::kType)
+          .Note("<XML Module>: AddDisplayNameElementToXml XML Failed!");
+
+  static constexpr ZtField kEntry[] = {
+      kExtras,
+      ztrow::Attribute(XML_STR_URI, &zt_entryType::m_Uri)
+          .Required("<XML Module>: AddEntryElementToXml Uri mandatory attribute", kZtLogError),
+      kNamed,
+      kOthers,
+  };
+  static constexpr ZtField kEntryRef[] = {
+      kExtras,
+      ztrow::Attribute(XML_STR_REF, &zt_entry_refType::m_Ref)
+          .Required("<XML Module>: AddEntryRefElementToXml attribute: ref mandatory attribute",
+                    kZtLogError),
+      kNamed,
+      kOthers,
+  };
+  static constexpr ZtField kExternal[] = {
+      ztrow::Attribute(XML_STR_ANCHOR, &zt_externalType::m_Anchor),
+      kExtras,
+      kNamed,
+      kOthers,
+  };
+
+  static constexpr ZtWritable kMembers[] = {{&zt_listType::kType, XML_STR_ZT_NULL},
+                                            {&zt_externalType::kType, XML_STR_ZT_NULL},
+                                            {&zt_entryType::kType, XML_STR_ZT_NULL},
+                                            {&zt_entry_refType::kType, XML_STR_ZT_NULL},
+                                            {nullptr, XML_STR_ZT_NULL}};
+  static constexpr ZtField kList[] = {
+      ztrow::Attribute(XML_STR_NAME, &zt_listType::m_Name),
+      kExtras,
+      kNamed,
+      ZtExtensibleRows::Elements<ZtElement>(kMembers),
+  };
+
+  // The list of members has no names of its own: a member is refused under another one's name.
+  static bool RefusesMember(XMLElement&, const char* name, const char*, XMLElement* child,
+                            ZtOutcome& outcome) {
+    for (const ZtWritable* member = kMembers; member->type; ++member) {
+      if (__strcmp(name, member->type->label) != 0) continue;
+      outcome = ZtOutcome::kRefused;
+      return !child || !ZtIsA(*child, *member->type);
+    }
+    return false;
+  }
+
+  // Of the root, too, extra attributes are kept: they declare the prefixes of its members' ones.
+  static constexpr ZtField kLists[] = {
+      ZtExtensibleRows::kAttributes<ZtObject>,
+      ztrow::Children(XML_STR_LIST, &zt_resource_lists::m_Lists, zt_listType::kType)
+          .Note("<XML Module>: AddResource_listsElementToXml tempNum: %d"),
+      ZtExtensibleRows::kElements<ZtObject>,
+  };
+
+  static_assert(ztrow::Sound(kDisplayName) && ztrow::Sound(kEntry) && ztrow::Sound(kEntryRef));
+  static_assert(ztrow::Sound(kExternal) && ztrow::Sound(kList) && ztrow::Sound(kLists));
+};
+
+const ZtElementType zt_display_nameType::kType =
+    TypeOf<zt_display_nameType>("zt_display_nameType", "display-name")
+        .Fields(ResourceListsBinding::kDisplayName)
+        .Writer(XML_STR_DISPLAY_NAME, nullptr);
+const ZtElementType zt_entryType::kType = TypeOf<zt_entryType>("zt_entryType", "entry")
+                                              .Fields(ResourceListsBinding::kEntry)
+                                              .Writer(XML_STR_ENTRY, "AddEntryElementToXml");
+const ZtElementType zt_entry_refType::kType =
+    TypeOf<zt_entry_refType>("zt_entry_refType", "entry-ref")
+        .Fields(ResourceListsBinding::kEntryRef)
+        .Writer(XML_STR_ENTRY_REF, "AddEntryRefElementToXml");
+const ZtElementType zt_externalType::kType =
+    TypeOf<zt_externalType>("zt_externalType", "external")
+        .Fields(ResourceListsBinding::kExternal)
+        .Writer(XML_STR_EXTERNAL, "AddExternalElementToXml");
+const ZtElementType zt_listType::kType = TypeOf<zt_listType>("zt_listType", "list")
+                                             .Fields(ResourceListsBinding::kList)
+                                             .Writer(XML_STR_LIST, "AddListElementToXml")
+                                             .OnChild(ResourceListsBinding::RefusesMember);
+const ZtElementType zt_resource_lists::kType =
+    TypeOf<zt_resource_lists>("zt_resource_lists", "resource-lists")
+        .Fields(ResourceListsBinding::kLists)
+        .Writer(XML_STR_RESOURCE_LISTS, "AddResource_listsElementToXml")
+        .Declares(kNamespaces)
+        .Root();
+
+// ---- Workers ------------------------------------------------------------------------------------
+
+XMLObject* ResourceListsDataBinder::CreateRootElement() {
+  return ZtCreate<zt_resource_lists>(kSource);
+}
+zt_listType* ResourceListsDataBinder::CreateListType() { return ZtCreate<zt_listType>(kSource); }
+zt_entryType* ResourceListsDataBinder::CreateEntryType() { return ZtCreate<zt_entryType>(kSource); }
+zt_entry_refType* ResourceListsDataBinder::CreateEntryRefType() {
+  return ZtCreate<zt_entry_refType>(kSource);
+}
+zt_externalType* ResourceListsDataBinder::CreateExternalType() {
+  return ZtCreate<zt_externalType>(kSource);
+}
+zt_display_nameType* ResourceListsDataBinder::CreateDisplayNameType() {
+  return ZtCreate<zt_display_nameType>(kSource);
+}
+
+int Resource_listsMarshall::AddResource_listsElementToXml(zt_resource_lists* lists) {
+  return Write(lists, zt_resource_lists::kType);
+}
+int Resource_listsMarshall::AddListElementToXml(zt_listType* list) {
+  return Write(list, zt_listType::kType);
+}
+int Resource_listsMarshall::AddEntryElementToXml(zt_entryType* entry) {
+  return Write(entry, zt_entryType::kType);
+}
+int Resource_listsMarshall::AddEntryRefElementToXml(zt_entry_refType* entry) {
+  return Write(entry, zt_entry_refType::kType);
+}
+int Resource_listsMarshall::AddExternalElementToXml(zt_externalType* external) {
+  return Write(external, zt_externalType::kType);
+}
+
+const ZtDocument ResourceListsContext::kDocument =
+    ZtDocumentOf<ResourceListsContext, XMLResourceListsDecoder, ResourceListsUnMarshaller,
+                 Resource_listsMarshall, ResourceListsDataBinder>(
+        {XML_SCHEMA_RESOURCE_LISTS,
+         "ResourceLists",
+         {"resource-lists", nullptr},
+         "urn:ietf:params:xml:ns:resource-lists",
+         true},
+        kSource)
+        .Reads("ResourceListsUnMarshaller")
+        .Writes(kZtRoots<zt_resource_lists>, "Resource_listsMarshall", "mResourceListsXml");
+
+void TestResource_listsMarshall() {
+  ZtLog(kZtLogTrace, kSource)("<XML Module>: TestResource_listsMarshall");
+  auto* lists = ZtCreate<zt_resource_lists>(kSource);
+  auto* list = ZtCreate<zt_listType>(kSource);
+  auto* entry = ZtCreate<zt_entryType>(kSource);
+  auto* marshaller = ZtCreate<Resource_listsMarshall>(kSource);
+  const bool hasEntry = list && list->addEntry(entry);
+  const bool hasList = hasEntry && lists && lists->addList(list);
+  if (hasList && marshaller) {
+    list->setNameValue("friends");
+    entry->setUriValue("sip:friend@example.com");
+    marshaller->Marshall(lists);
+  }
+  ZtRelease(marshaller);
+  if (!hasEntry) ZtRelease(entry);
+  if (!hasList) ZtRelease(list);
+  ZtRelease(lists);
+}

@@ -1,0 +1,102 @@
+#include "XMLRlmi.h"
+
+#include "List.h"
+#include "base/ZtLog.h"
+#include "binding/ZtDocumentTable.h"
+
+namespace {
+
+constexpr char kSource[] = "src/XMLRlmi";
+constexpr ZtFamily kFamily = ZtPlainFamily(kSource);
+
+constexpr ZtField kExtras = ZtExtensibleRows::kAttributes<ZtElement>;
+constexpr ZtField kOthers = ZtExtensibleRows::kElements<ZtElement>;
+
+// A state is known by its beginning.
+constexpr ZtEnumSlot kStateSlots[] = {"active", "pending", "terminated"};
+constexpr ZtEnumTable kStates = {kStateSlots, 3, 3, ZT_INSTANCE_STATE_ABSENT, true};
+
+constexpr ZtFixedAttribute kNamespace[] = {{XML_STR_URN_IETF_PARAMS_XML_NS_RLMI, XML_STR_ZT_NULL}};
+
+}  // namespace
+
+// ---- Types --------------------------------------------------------------------------------------
+
+struct RlmiBinding {
+  static constexpr ZtField kName[] = {
+      ztrow::OwnText(XML_STR_NAME, &zt_name::m_Value),
+      kOthers,
+  };
+
+  static constexpr ZtField kInstance[] = {
+      kExtras,
+      ztrow::Attribute(XML_STR_REASON, &zt_instance::m_Reason),
+      ztrow::Attribute(XML_STR_CID, &zt_instance::m_Cid),
+      ztrow::Attribute(XML_STR_ID, &zt_instance::m_Id)
+          .Required("<XML Module>: AddInstanceElementToXml Id mandatory attribute", kZtLogError),
+      ztrow::Attribute(XML_STR_STATE, &zt_instance::m_State, kStates)
+          .Required("<XML Module>: AddInstanceElementToXml state mandatory attribute", kZtLogError),
+      kOthers,
+  };
+
+  static constexpr ZtField kResource[] = {
+      kExtras,
+      ztrow::Attribute(XML_STR_URI, &zt_resource::m_Uri)
+          .Required("<XML Module>: AddResourceElementToXml Uri mandatory attribute", kZtLogError),
+      ztrow::Children(XML_STR_NAME, &zt_resource::m_Names, zt_name::kType),
+      ztrow::Children(XML_STR_INSTANCE, &zt_resource::m_Instances, zt_instance::kType),
+      kOthers,
+  };
+
+  static constexpr ZtField kList[] = {
+      ZtExtensibleRows::kAttributes<ZtObject>,
+      ztrow::Attribute(XML_STR_URI, &zt_list::m_Uri)
+          .Required("<XML Module>: AddListElementToXml Uri mandatory attribute", kZtLogError),
+      ztrow::Attribute(XML_STR_VERSION, &zt_list::m_Version).Always(),
+      ztrow::Attribute(XML_STR_FULL_STATE, &zt_list::m_FullState, kTrueOrElseFalse),
+      ztrow::Children(XML_STR_NAME, &zt_list::m_Names, zt_name::kType),
+      ztrow::Children(XML_STR_RESOURCE, &zt_list::m_Resources, zt_resource::kType),
+      ZtExtensibleRows::kElements<ZtObject>,
+  };
+
+  static_assert(ztrow::Sound(kName) && ztrow::Sound(kInstance));
+  static_assert(ztrow::Sound(kResource) && ztrow::Sound(kList));
+};
+
+const ZtElementType zt_name::kType = ZtTypeOf<zt_name>("zt_name", "name", kFamily)
+                                         .Fields(RlmiBinding::kName)
+                                         .Writer(XML_STR_NAME, "AddNameElementToXml");
+const ZtElementType zt_instance::kType = ZtTypeOf<zt_instance>("zt_instance", "instance", kFamily)
+                                             .Fields(RlmiBinding::kInstance)
+                                             .Writer(XML_STR_INSTANCE, "AddInstanceElementToXml")
+                                             .SelfClosing();
+const ZtElementType zt_resource::kType = ZtTypeOf<zt_resource>("zt_resource", "resource", kFamily)
+                                             .Fields(RlmiBinding::kResource)
+                                             .Writer(XML_STR_RESOURCE, "AddResourceElementToXml");
+const ZtElementType zt_list::kType = ZtTypeOf<zt_list>("zt_list", "list", kFamily)
+                                         .Fields(RlmiBinding::kList)
+                                         .Writer(XML_STR_LIST, "AddListElementToXml")
+                                         .Declares(kNamespace)
+                                         .Root();
+
+// ---- Workers ------------------------------------------------------------------------------------
+
+XMLObject* ListDataBinder::CreateRootElement() { return ZtCreate<zt_list>(kSource); }
+zt_resource* ListDataBinder::CreateResourceElement() { return ZtCreate<zt_resource>(kSource); }
+zt_instance* ListDataBinder::CreateInstanceElement() { return ZtCreate<zt_instance>(kSource); }
+zt_name* ListDataBinder::CreateNameElement() { return ZtCreate<zt_name>(kSource); }
+
+int ListMarshaller::AddListElementToXml(zt_list* list) { return Write(list, zt_list::kType); }
+int ListMarshaller::AddResourceElementToXml(zt_resource* resource) {
+  return Write(resource, zt_resource::kType);
+}
+int ListMarshaller::AddInstanceElementToXml(zt_instance* instance) {
+  return Write(instance, zt_instance::kType);
+}
+int ListMarshaller::AddNameElementToXml(zt_name* name) { return Write(name, zt_name::kType); }
+
+const ZtDocument ListContext::kDocument =
+    ZtDocumentOf<ListContext, XMLListDecoder, ListUnMarshaller, ListMarshaller, ListDataBinder>(
+        {XML_SCHEMA_LIST, "List", {"list", nullptr}, "urn:ietf:params:xml:ns:rlmi", true}, kSource)
+        .Reads("ListUnMarshaller")
+        .Writes(kZtRoots<zt_list>, "ListMarshaller", "mListXml");

@@ -1,0 +1,112 @@
+#include "XMLRlsServices.h"
+
+#include "RlsServices.h"
+#include "base/ZtLog.h"
+#include "binding/ZtDocumentTable.h"
+
+namespace {
+
+constexpr char kSource[] = "src/XMLRlsServices";
+constexpr ZtFamily kFamily = ZtPlainFamily(kSource);
+
+constexpr ZtField kOthers = ZtExtensibleRows::kElements<ZtElement>;
+
+constexpr ZtFixedAttribute kNamespace[] = {
+    {XML_STR_URN_IETF_PARAMS_XML_NS_RLS_SERVICES, XML_STR_ZT_NULL}};
+
+template <class T>
+constexpr ZtElementType TypeOf(const char* className, const char* label) {
+  return ZtTypeOf<T>(className, label, kFamily);
+}
+
+}  // namespace
+
+// ---- Types --------------------------------------------------------------------------------------
+
+struct RlsServicesBinding {
+  using Service = zt_ns_rls_services_serviceType;
+  using Packages = zt_ns_rls_services_packagesType;
+  using Package = zt_ns_rls_services_packageType;
+
+  static constexpr ZtField kPackage[] = {
+      ztrow::OwnText(XML_STR_PACKAGE, &Package::m_Value),
+      kOthers,
+  };
+  static constexpr ZtField kPackages[] = {
+      ztrow::Children(XML_STR_PACKAGE, &Packages::m_Packages, Package::kType),
+      kOthers,
+  };
+  static constexpr ZtField kService[] = {
+      ztrow::Attribute(XML_STR_URI, &Service::m_Uri)
+          .Required("<XML Module>: AddServiceElementToXml Uri mandatory attribute", kZtLogError),
+      ZtExtensibleRows::kAttributes<ZtElement>,
+      ztrow::TextElement(XML_STR_RESOURCE_LIST, &Service::m_ResourceList).OneOf(),
+      ztrow::Child(XML_STR_LIST, &Service::m_List, zt_listType::kType).OneOf(),
+      ztrow::Child(XML_STR_PACKAGES, &Service::m_Packages, Packages::kType),
+      kOthers,
+  };
+  static constexpr ZtField kServices[] = {
+      ztrow::Children(XML_STR_SERVICE, &zt_rls_services::m_Services, Service::kType),
+      ZtExtensibleRows::kElements<ZtObject>,
+  };
+
+  static_assert(ztrow::Sound(kPackage) && ztrow::Sound(kPackages));
+  static_assert(ztrow::Sound(kService) && ztrow::Sound(kServices));
+};
+
+const ZtElementType zt_ns_rls_services_packageType::kType =
+    TypeOf<zt_ns_rls_services_packageType>("zt_ns_rls_services_packageType", "package")
+        .Fields(RlsServicesBinding::kPackage)
+        .Writer(XML_STR_PACKAGE, "AddPackageElementToXml");
+const ZtElementType zt_ns_rls_services_packagesType::kType =
+    TypeOf<zt_ns_rls_services_packagesType>("zt_ns_rls_services_packagesType", "packages")
+        .Fields(RlsServicesBinding::kPackages)
+        .Writer(XML_STR_PACKAGES, "AddPackagesElementToXml");
+const ZtElementType zt_ns_rls_services_serviceType::kType =
+    TypeOf<zt_ns_rls_services_serviceType>("zt_ns_rls_services_serviceType", "service")
+        .Fields(RlsServicesBinding::kService)
+        .Writer(XML_STR_SERVICE, "AddServiceElementToXml");
+const ZtElementType zt_rls_services::kType =
+    TypeOf<zt_rls_services>("zt_rls_services", "rls-services")
+        .Fields(RlsServicesBinding::kServices)
+        .Writer(XML_STR_RLS_SERVICES, "AddRlsServicesElementToXml")
+        .Declares(kNamespace)
+        .Root();
+
+// ---- Workers ------------------------------------------------------------------------------------
+
+XMLObject* RlsServicesDataBinder::CreateRootElement() { return ZtCreate<zt_rls_services>(kSource); }
+zt_ns_rls_services_serviceType* RlsServicesDataBinder::CreateServiceElement() {
+  return ZtCreate<zt_ns_rls_services_serviceType>(kSource);
+}
+zt_ns_rls_services_packagesType* RlsServicesDataBinder::CreatePackagesElement() {
+  return ZtCreate<zt_ns_rls_services_packagesType>(kSource);
+}
+zt_ns_rls_services_packageType* RlsServicesDataBinder::CreatePackageElement() {
+  return ZtCreate<zt_ns_rls_services_packageType>(kSource);
+}
+
+int RlsServicesMarshaller::AddRlsServicesElementToXml(zt_rls_services* services) {
+  return Write(services, zt_rls_services::kType);
+}
+int RlsServicesMarshaller::AddServiceElementToXml(zt_ns_rls_services_serviceType* service) {
+  return Write(service, zt_ns_rls_services_serviceType::kType);
+}
+int RlsServicesMarshaller::AddPackagesElementToXml(zt_ns_rls_services_packagesType* packages) {
+  return Write(packages, zt_ns_rls_services_packagesType::kType);
+}
+int RlsServicesMarshaller::AddPackageElementToXml(zt_ns_rls_services_packageType* package) {
+  return Write(package, zt_ns_rls_services_packageType::kType);
+}
+
+const ZtDocument RlsServicesContext::kDocument =
+    ZtDocumentOf<RlsServicesContext, XMLRlsServicesDecoder, RlsServicesUnMarshaller,
+                 RlsServicesMarshaller, RlsServicesDataBinder>(
+        {XML_SCHEMA_RLS_SERVICES,
+         "RlsServices",
+         {"rls-services", nullptr},
+         "urn:ietf:params:xml:ns:rls-services",
+         true},
+        kSource)
+        .Reads("RlsServicesUnMarshaller")
+        .Writes(kZtRoots<zt_rls_services>, "RlsServicesMarshaller", "mRlsServicesXml");
