@@ -8,10 +8,9 @@ namespace {
 constexpr ZtGrammarRow kRows[] = {
     {XML_STR_BOOTSTRAPPING_INFO, ZtElementKind::kRoot, &zt_bootstrappinginfo::kType},
 };
-constexpr ZtGrammar kGrammar(
-    "XMLBootstrappingInfoDecoder", "src/BootstrappingInfo",
-    "XMLBootstrappingInfoDecoder :: XMLRemoveNameSpaceTag: Malloc unable to allocate memory",
-    ZtPrefixRule::kStrip, kRows);
+constexpr ZtGrammar kGrammar =
+    ZtGrammar("XMLBootstrappingInfoDecoder", "src/BootstrappingInfo", ZtPrefixRule::kStrip)
+        .Names(kRows);
 
 }  // namespace
 

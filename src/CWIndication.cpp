@@ -9,10 +9,8 @@ constexpr ZtGrammarRow kRows[] = {
     {XML_STR_IMS_3GPP, ZtElementKind::kRoot, &zt_ims_3gpp::kType},
     {XML_STR_ALTERNATIVE_SERVICE, ZtElementKind::kStructured, &zt_alternative_service::kType},
 };
-constexpr ZtGrammar kGrammar(
-    "XMLCWIndicationDecoder", "src/CWIndication",
-    "XMLCWIndicationDecoder :: XMLRemoveNameSpaceTag: Malloc unable to allocate memory",
-    ZtPrefixRule::kStrip, kRows);
+constexpr ZtGrammar kGrammar =
+    ZtGrammar("XMLCWIndicationDecoder", "src/CWIndication", ZtPrefixRule::kStrip).Names(kRows);
 
 }  // namespace
 

@@ -12,10 +12,9 @@ constexpr ZtGrammarRow kRows[] = {
     {XML_STR_ACTION, ZtElementKind::kStructured, &zt_ns_call_waiting_indication_action::kType},
     {XML_STR_CALL_WAITING_INDICATION, ZtElementKind::kFlag, nullptr},
 };
-constexpr ZtGrammar kGrammar(
-    "XMLCallWaitingIndicationDecoder", "src/CallWaitingIndication",
-    "XMLCallWaitingIndicationDecoder :: XMLRemoveNameSpaceTag: Malloc unable to allocate memory",
-    ZtPrefixRule::kStrip, kRows);
+constexpr ZtGrammar kGrammar =
+    ZtGrammar("XMLCallWaitingIndicationDecoder", "src/CallWaitingIndication", ZtPrefixRule::kStrip)
+        .Names(kRows);
 
 }  // namespace
 

@@ -24,10 +24,9 @@ struct CharacteristicBinding {
   };
   static_assert(ztrow::Sound(kParm) && ztrow::Sound(kCharacteristic) && ztrow::Sound(kRoot));
 
-  static constexpr ZtGrammarRow kCharacteristicRow = {
-      ZT_STR_CHARACTERISTIC, ZtElementKind::kStructured, &zt_characteristic::kType};
-  static constexpr ZtGrammarRow kParmRow = {ZT_STR_PARM, ZtElementKind::kStructured,
-                                            &zt_parm::kType};
+  static constexpr ZtGrammarRow kGrammarRows[] = {
+      {ZT_STR_CHARACTERISTIC, ZtElementKind::kStructured, &zt_characteristic::kType},
+      {ZT_STR_PARM, ZtElementKind::kStructured, &zt_parm::kType}};
 };
 
 #endif  // ZTXML_SRC_CHARACTERISTICBINDING_H

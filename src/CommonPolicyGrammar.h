@@ -2,8 +2,6 @@
 #ifndef ZTXML_SRC_COMMONPOLICYGRAMMAR_H
 #define ZTXML_SRC_COMMONPOLICYGRAMMAR_H
 
-#include <utility>
-
 #include "XMLCommonPolicy.h"
 #include "XMLCommunicationDiversion.h"
 #include "binding/ZtGrammar.h"
@@ -36,21 +34,5 @@ inline constexpr ZtGrammarRow kPolicyRows[] = {
     {XML_STR_INTERNATIONAL, ZtElementKind::kFlag, nullptr},
     {XML_STR_INTERNATIONAL_EX_HC, ZtElementKind::kFlag, nullptr},
 };
-
-// The rows of a service's own elements, then those of the rule set.
-template <std::size_t N>
-struct ZtServiceRows {
-  ZtGrammarRow rows[N + sizeof(kPolicyRows) / sizeof(kPolicyRows[0])];
-};
-template <std::size_t N, std::size_t... I, std::size_t... P>
-constexpr ZtServiceRows<N> ZtJoin(const ZtGrammarRow (&own)[N], std::index_sequence<I...>,
-                                  std::index_sequence<P...>) {
-  return {{own[I]..., kPolicyRows[P]...}};
-}
-template <std::size_t N>
-constexpr ZtServiceRows<N> ZtWithPolicyRows(const ZtGrammarRow (&own)[N]) {
-  return ZtJoin(own, std::make_index_sequence<N>(),
-                std::make_index_sequence<sizeof(kPolicyRows) / sizeof(kPolicyRows[0])>());
-}
 
 #endif  // ZTXML_SRC_COMMONPOLICYGRAMMAR_H

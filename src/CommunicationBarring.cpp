@@ -5,20 +5,22 @@
 
 namespace {
 
-constexpr ZtGrammarRow kOwnRows[] = {
+constexpr ZtGrammarRow kRows[] = {
     {XML_STR_INCOMING_COMMUNICATION_BARRING, ZtElementKind::kRoot,
      &zt_incoming_communication_barring::kType},
     {XML_STR_OUTGOING_COMMUNICATION_BARRING, ZtElementKind::kRoot,
      &zt_outgoing_communication_barring::kType},
     {XML_STR_ALLOW, ZtElementKind::kTextBearing, &zt_allow_action_type::kType},
 };
-constexpr auto kRows = ZtWithPolicyRows(kOwnRows);
 
 // Intended: the line names another decoder; log readers search for it as it is.
-constexpr ZtGrammar kGrammar(
-    "XMLCommunicationBarringDecoder", "src/CommunicationBarring",
-    "XMLCommunicationDiversionDecoder :: XMLChangeNamespaceTag Malloc unable to allocate memory",
-    ZtPrefixRule::kRewrite, kRows.rows);
+constexpr ZtGrammar kGrammar =
+    ZtGrammar("XMLCommunicationBarringDecoder", "src/CommunicationBarring", ZtPrefixRule::kRewrite)
+        .Names(kRows)
+        .Shares(kPolicyRows)
+        .NoMemory(
+            "XMLCommunicationDiversionDecoder :: XMLChangeNamespaceTag Malloc unable to allocate "
+            "memory");
 
 }  // namespace
 

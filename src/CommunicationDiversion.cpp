@@ -4,15 +4,14 @@
 
 namespace {
 
-constexpr ZtGrammarRow kOwnRows[] = {
+constexpr ZtGrammarRow kRows[] = {
     {XML_STR_COMMUNICATION_DIVERSION, ZtElementKind::kRoot, &zt_communication_diversion::kType},
 };
-constexpr auto kRows = ZtWithPolicyRows(kOwnRows);
 
-constexpr ZtGrammar kGrammar(
-    "XMLCommunicationDiversionDecoder", "src/CommunicationDiversion",
-    "XMLCommunicationDiversionDecoder :: XMLChangeNamespaceTag Malloc unable to allocate memory",
-    ZtPrefixRule::kRewrite, kRows.rows);
+constexpr ZtGrammar kGrammar = ZtGrammar("XMLCommunicationDiversionDecoder",
+                                         "src/CommunicationDiversion", ZtPrefixRule::kRewrite)
+                                   .Names(kRows)
+                                   .Shares(kPolicyRows);
 
 }  // namespace
 

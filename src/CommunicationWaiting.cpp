@@ -8,10 +8,12 @@ namespace {
 constexpr ZtGrammarRow kRows[] = {
     {XML_STR_COMMUNICATION_WAITING, ZtElementKind::kRoot, &zt_communication_waiting::kType}};
 // Intended: the line names another decoder; log readers search for it as it is.
-constexpr ZtGrammar kGrammar(
-    "XMLCommunicationWaitingDecoder", "src/CommunicationWaiting",
-    "XMLCommunicationDiversionDecoder :: XMLChangeNamespaceTag Malloc unable to allocate memory",
-    ZtPrefixRule::kRewrite, kRows);
+constexpr ZtGrammar kGrammar =
+    ZtGrammar("XMLCommunicationWaitingDecoder", "src/CommunicationWaiting", ZtPrefixRule::kRewrite)
+        .Names(kRows)
+        .NoMemory(
+            "XMLCommunicationDiversionDecoder :: XMLChangeNamespaceTag Malloc unable to allocate "
+            "memory");
 
 }  // namespace
 

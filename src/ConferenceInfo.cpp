@@ -52,10 +52,8 @@ constexpr ZtGrammarRow kRows[] = {
     {XML_STR_ENTRY, ZtElementKind::kStructured, &zt_conference_type::kType,
      &zt_sidebars_by_val_type::kType},
 };
-constexpr ZtGrammar kGrammar(
-    "XMLConferenceInfoDecoder", "src/ConferenceInfo",
-    "XMLConferenceInfoDecoder :: XMLRemoveNameSpaceTag: Malloc unable to allocate memory",
-    ZtPrefixRule::kStrip, kRows);
+constexpr ZtGrammar kGrammar =
+    ZtGrammar("XMLConferenceInfoDecoder", "src/ConferenceInfo", ZtPrefixRule::kStrip).Names(kRows);
 
 }  // namespace
 

@@ -10,10 +10,8 @@ constexpr ZtGrammarRow kRows[] = {
     {XML_STR_FILE_INFO, ZtElementKind::kStructured, &zt_ns_ft_file_info::kType},
     {XML_STR_DATA, ZtElementKind::kStructured, &zt_ns_ft_data::kType},
 };
-constexpr ZtGrammar kGrammar(
-    "XMLFileDecoder", "src/File",
-    "XMLFileDecoder :: XMLRemoveNameSpaceTag: Malloc unable to allocate memory",
-    ZtPrefixRule::kStrip, kRows);
+constexpr ZtGrammar kGrammar =
+    ZtGrammar("XMLFileDecoder", "src/File", ZtPrefixRule::kStrip).Names(kRows);
 
 }  // namespace
 

@@ -10,10 +10,8 @@ constexpr ZtGrammarRow kRows[] = {
     {XML_STR_TEMP_GRUU, ZtElementKind::kRoot, &zt_temp_gruu::kType},
 };
 
-constexpr ZtGrammar kGrammar(
-    "XMLGruuDecoder", "src/Gruu",
-    "XMLGruuDecoder :: XMLRemoveNameSpaceTag: Malloc unable to allocate memory",
-    ZtPrefixRule::kStrip, kRows);
+constexpr ZtGrammar kGrammar =
+    ZtGrammar("XMLGruuDecoder", "src/Gruu", ZtPrefixRule::kStrip).Names(kRows);
 
 }  // namespace
 

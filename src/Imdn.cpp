@@ -27,10 +27,8 @@ constexpr ZtGrammarRow kRows[] = {
     {XML_STR_ZT_NULL, ZtElementKind::kFlag, nullptr, &zt_imdn::kType},  // any other name
 };
 
-constexpr ZtGrammar kGrammar(
-    "XMLImdnDecoder", "src/Imdn",
-    "XMLImdnDecoder :: XMLRemoveNameSpaceTag: Malloc unable to allocate memory",
-    ZtPrefixRule::kStrip, kRows);
+constexpr ZtGrammar kGrammar =
+    ZtGrammar("XMLImdnDecoder", "src/Imdn", ZtPrefixRule::kStrip).Names(kRows);
 
 }  // namespace
 

@@ -10,10 +10,8 @@ constexpr ZtGrammarRow kRows[] = {
 };
 
 // Intended: names are compared as they stand, so that a document with prefixes has no root.
-constexpr ZtGrammar kGrammar(
-    "XMLIsComposingDecoder", "src/IsComposing",
-    "XMLIsComposingDecoder :: XMLRemoveNameSpaceTag: Malloc unable to allocate memory",
-    ZtPrefixRule::kExact, kRows);
+constexpr ZtGrammar kGrammar =
+    ZtGrammar("XMLIsComposingDecoder", "src/IsComposing", ZtPrefixRule::kExact).Names(kRows);
 
 }  // namespace
 

@@ -12,10 +12,8 @@ constexpr ZtGrammarRow kRows[] = {
     {XML_STR_NAME, ZtElementKind::kTextBearing, &zt_name::kType},
 };
 
-constexpr ZtGrammar kGrammar(
-    "XMLListDecoder", "src/List",
-    "XMLListDecoder :: XMLRemoveNameSpaceTag: Malloc unable to allocate memory",
-    ZtPrefixRule::kStrip, kRows);
+constexpr ZtGrammar kGrammar =
+    ZtGrammar("XMLListDecoder", "src/List", ZtPrefixRule::kStrip).Names(kRows);
 
 }  // namespace
 

@@ -11,10 +11,8 @@ constexpr ZtGrammarRow kRows[] = {
     {XML_STR_TO_ENCODER, ZtElementKind::kStructured, &zt_to_encoder::kType},
     {XML_STR_PICTURE_FAST_UPDATE, ZtElementKind::kFlag, nullptr},
 };
-constexpr ZtGrammar kGrammar(
-    "XMLMediaControlDecoder", "src/MediaControl",
-    "XMLMediaControlDecoder :: XMLRemoveNameSpaceTag: Malloc unable to allocate memory",
-    ZtPrefixRule::kStrip, kRows);
+constexpr ZtGrammar kGrammar =
+    ZtGrammar("XMLMediaControlDecoder", "src/MediaControl", ZtPrefixRule::kStrip).Names(kRows);
 
 }  // namespace
 

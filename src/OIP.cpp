@@ -7,10 +7,8 @@ namespace {
 
 constexpr ZtGrammarRow kRows[] = {{XML_STR_ORIGINATING_IDENTITY_PRESENTATION, ZtElementKind::kRoot,
                                    &zt_originating_identity_presentation::kType}};
-constexpr ZtGrammar kGrammar(
-    "XMLOIPDecoder", "src/OIP",
-    "XMLOIPDecoder :: XMLChangeNamespaceTag Malloc unable to allocate memory",
-    ZtPrefixRule::kRewrite, kRows);
+constexpr ZtGrammar kGrammar =
+    ZtGrammar("XMLOIPDecoder", "src/OIP", ZtPrefixRule::kRewrite).Names(kRows);
 
 }  // namespace
 

@@ -19,10 +19,8 @@ constexpr ZtGrammarRow kRows[] = {
     {XML_STR_NOTSUPPORTED, ZtElementKind::kStructured, &zt_ns_caps_duplextypes::kType},
 };
 
-constexpr ZtGrammar kGrammar(
-    "XMLPresenceDecoder", "src/Presence",
-    "XMLPresenceDecoder :: XMLRemoveNameSpaceTag: Malloc unable to allocate memory",
-    ZtPrefixRule::kStrip, kRows);
+constexpr ZtGrammar kGrammar =
+    ZtGrammar("XMLPresenceDecoder", "src/Presence", ZtPrefixRule::kStrip).Names(kRows);
 
 }  // namespace
 

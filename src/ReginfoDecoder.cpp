@@ -15,10 +15,12 @@ constexpr ZtGrammarRow kRows[] = {
 };
 
 // Intended: the line names another decoder; log readers search for it as it is.
-constexpr ZtGrammar kGrammar(
-    "XMLReginfoDecoder", "src/ReginfoDecoder",
-    "XMLCommunicationDiversionDecoder :: XMLRemoveNameSpaceTag: Malloc unable to allocate memory",
-    ZtPrefixRule::kStrip, kRows);
+constexpr ZtGrammar kGrammar =
+    ZtGrammar("XMLReginfoDecoder", "src/ReginfoDecoder", ZtPrefixRule::kStrip)
+        .Names(kRows)
+        .NoMemory(
+            "XMLCommunicationDiversionDecoder :: XMLRemoveNameSpaceTag: Malloc unable to allocate "
+            "memory");
 
 }  // namespace
 

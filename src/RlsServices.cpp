@@ -1,7 +1,7 @@
 #include "RlsServices.h"
 
+#include "ResourceListGrammar.h"
 #include "XMLRlsServices.h"
-#include "binding/ZtGrammar.h"
 
 namespace {
 
@@ -10,17 +10,12 @@ constexpr ZtGrammarRow kRows[] = {
     {XML_STR_SERVICE, ZtElementKind::kStructured, &zt_ns_rls_services_serviceType::kType},
     {XML_STR_PACKAGES, ZtElementKind::kStructured, &zt_ns_rls_services_packagesType::kType},
     {XML_STR_PACKAGE, ZtElementKind::kTextBearing, &zt_ns_rls_services_packageType::kType},
-    {XML_STR_LIST, ZtElementKind::kStructured, &zt_listType::kType},
-    {XML_STR_ENTRY, ZtElementKind::kStructured, &zt_entryType::kType},
-    {XML_STR_ENTRY_REF, ZtElementKind::kStructured, &zt_entry_refType::kType},
-    {XML_STR_EXTERNAL, ZtElementKind::kStructured, &zt_externalType::kType},
-    {XML_STR_DISPLAY_NAME, ZtElementKind::kTextBearing, &zt_display_nameType::kType},
 };
 
-constexpr ZtGrammar kGrammar(
-    "XMLRlsServicesDecoder", "src/RlsServices",
-    "XMLRlsServicesDecoder :: XMLRemoveNameSpaceTag: Malloc unable to allocate memory",
-    ZtPrefixRule::kStrip, kRows);
+constexpr ZtGrammar kGrammar =
+    ZtGrammar("XMLRlsServicesDecoder", "src/RlsServices", ZtPrefixRule::kStrip)
+        .Names(kRows)
+        .Shares(kResourceListRows);
 
 }  // namespace
 

@@ -6,8 +6,8 @@
 namespace {
 constexpr char kSource[] = "src/SchemaNameSpaceRetrieval";
 constexpr int kRootLine = 14;  // where the memory log's readers know the root from
-constexpr ZtGrammar kGrammar("XMLSchemaNamespaceRetrievalDecoder", kSource, nullptr,
-                             ZtPrefixRule::kExact);
+constexpr ZtGrammar kGrammar =
+    ZtGrammar("XMLSchemaNamespaceRetrievalDecoder", kSource, ZtPrefixRule::kExact);
 }  // namespace
 
 XMLSchemaNamespaceRetrievalDecoder::XMLSchemaNamespaceRetrievalDecoder()

@@ -6,10 +6,8 @@
 namespace {
 
 constexpr ZtGrammarRow kRows[] = {{XML_STR_SIMSERVS, ZtElementKind::kRoot, &zt_Simservs::kType}};
-constexpr ZtGrammar kGrammar(
-    "XMLSimservsDecoder", "src/Simservs",
-    "XMLSimservsDecoder :: XMLChangeNamespaceTag Malloc unable to allocate memory",
-    ZtPrefixRule::kRewrite, kRows);
+constexpr ZtGrammar kGrammar =
+    ZtGrammar("XMLSimservsDecoder", "src/Simservs", ZtPrefixRule::kRewrite).Names(kRows);
 
 }  // namespace
 

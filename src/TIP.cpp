@@ -7,10 +7,8 @@ namespace {
 
 constexpr ZtGrammarRow kRows[] = {{XML_STR_TERMINATING_IDENTITY_PRESENTATION, ZtElementKind::kRoot,
                                    &zt_terminating_identity_presentation::kType}};
-constexpr ZtGrammar kGrammar(
-    "XMLTIPDecoder", "src/TIP",
-    "XMLTIPDecoder :: XMLChangeNamespaceTag Malloc unable to allocate memory",
-    ZtPrefixRule::kRewrite, kRows);
+constexpr ZtGrammar kGrammar =
+    ZtGrammar("XMLTIPDecoder", "src/TIP", ZtPrefixRule::kRewrite).Names(kRows);
 
 }  // namespace
 

@@ -8,13 +8,11 @@ namespace {
 constexpr ZtGrammarRow kRows[] = {
     {ZT_STR_VOLTE_CONFIG_INFO, ZtElementKind::kRoot, &zt_volte_config_info::kType},
     {ZT_STR_WAP_PROVISIONINGDOC, ZtElementKind::kRoot, &zt_volte_config_info::kType},
-    CharacteristicBinding::kCharacteristicRow,
-    CharacteristicBinding::kParmRow,
 };
-constexpr ZtGrammar kGrammar(
-    "XMLVolteConfigInfoDecoder", "src/VolteConfigInfo",
-    "XMLVolteConfigInfoDecoder :: XMLRemoveNameSpaceTag: Malloc unable to allocate memory",
-    ZtPrefixRule::kStrip, kRows);
+constexpr ZtGrammar kGrammar =
+    ZtGrammar("XMLVolteConfigInfoDecoder", "src/VolteConfigInfo", ZtPrefixRule::kStrip)
+        .Names(kRows)
+        .Shares(CharacteristicBinding::kGrammarRows);
 
 }  // namespace
 

@@ -7,13 +7,11 @@ namespace {
 
 constexpr ZtGrammarRow kRows[] = {
     {ZT_STR_WAP_PROVISIONINGDOC, ZtElementKind::kRoot, &zt_wap_provisioning_doc::kType},
-    CharacteristicBinding::kCharacteristicRow,
-    CharacteristicBinding::kParmRow,
 };
-constexpr ZtGrammar kGrammar(
-    "XMLWapProvisioningDocDecoder", "src/WapProvisioningDoc",
-    "XMLWapProvisioningDocDecoder :: XMLRemoveNameSpaceTag: Malloc unable to allocate memory",
-    ZtPrefixRule::kStrip, kRows);
+constexpr ZtGrammar kGrammar =
+    ZtGrammar("XMLWapProvisioningDocDecoder", "src/WapProvisioningDoc", ZtPrefixRule::kStrip)
+        .Names(kRows)
+        .Shares(CharacteristicBinding::kGrammarRows);
 
 }  // namespace
 

@@ -11,10 +11,8 @@ constexpr ZtGrammarRow kRows[] = {
     {XML_STR_ENTRY, ZtElementKind::kStructured, &zt_entry::kType},
 };
 
-constexpr ZtGrammar kGrammar(
-    "XMLXcapDirectoryDecoder", "src/XcapDirectory",
-    "XMLXcapDirectoryDecoder :: XMLRemoveNameSpaceTag: Malloc unable to allocate memory",
-    ZtPrefixRule::kStrip, kRows);
+constexpr ZtGrammar kGrammar =
+    ZtGrammar("XMLXcapDirectoryDecoder", "src/XcapDirectory", ZtPrefixRule::kStrip).Names(kRows);
 
 }  // namespace
 

@@ -22,10 +22,8 @@ constexpr ZtGrammarRow kRows[] = {
     {XML_STR_EXTENSION, ZtElementKind::kStructured, &zt_extension::kType},
 };
 
-constexpr ZtGrammar kGrammar(
-    "XMLXcapErrorDecoder", "src/XcapError",
-    "XMLXcapErrorDecoder :: XMLRemoveNameSpaceTag: Malloc unable to allocate memory",
-    ZtPrefixRule::kStrip, kRows);
+constexpr ZtGrammar kGrammar =
+    ZtGrammar("XMLXcapErrorDecoder", "src/XcapError", ZtPrefixRule::kStrip).Names(kRows);
 
 }  // namespace
 

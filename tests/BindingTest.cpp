@@ -115,8 +115,10 @@ constexpr ZtGrammarRow kRows[] = {
     {XML_STR_BUSY, ZtElementKind::kFlag, nullptr},
     {XML_STR_RESOURCE, ZtElementKind::kExtension, &Entry::kType},
 };
-constexpr ZtGrammar kExact("Toy", "tests/Toy", "no memory", ZtPrefixRule::kExact, kRows);
-constexpr ZtGrammar kStrip("Toy", "tests/Toy", "no memory", ZtPrefixRule::kStrip, kRows);
+constexpr ZtGrammar kExact =
+    ZtGrammar("Toy", "tests/Toy", ZtPrefixRule::kExact).Names(kRows).NoMemory("no memory");
+constexpr ZtGrammar kStrip =
+    ZtGrammar("Toy", "tests/Toy", ZtPrefixRule::kStrip).Names(kRows).NoMemory("no memory");
 
 class ToyDecoder : public ZtSchemaDecoder {
  public:

@@ -501,6 +501,8 @@ TEST(Namespaces, PrefixesAreTheDocuments) {
       {"xmlns:a='" + ss + "' xmlns:c='" + ss + "'", "c:", "cp:", "c:", "cp:"},
       {"xmlns:cp='" + ss + "' xmlns:ss='" + cp + "'", "cp:", "ss:", "cp:", "ss:"},
       {"xmlns:x='" + ss + "/'", "ss:", "cp:", "ss:", "cp:"},
+      // No name can have these prefixes.
+      {"xmlns:a:b='" + ss + "' xmlns:c/='" + cp + "'", "ss:", "cp:", "ss:", "cp:"},
   };
   Schema declarations(XML_SCHEMA_NAMESPACE_RETRIEVAL);
   for (const auto& test : kCases) {

@@ -2,6 +2,8 @@
 #ifndef ZTXML_SRC_BINDING_ZTGRAMMAR_H
 #define ZTXML_SRC_BINDING_ZTGRAMMAR_H
 
+#include <initializer_list>
+
 #include "binding/ZtBinding.h"
 
 enum class ZtElementKind : std::uint8_t {
@@ -40,27 +42,50 @@ inline std::size_t ZtShortNameSize(const char* name) {
 // What a decoder does with prefixes. Only a ZtNamespaceDecoder rewrites them.
 enum class ZtPrefixRule : std::uint8_t { kExact, kStrip, kRewrite };
 
+struct ZtGrammarTable {
+  const ZtGrammarRow* rows = nullptr;
+  std::size_t count = 0;
+};
+
+// A decoder's names: its own, and those that it shares with other decoders.
 struct ZtGrammar {
   const char* decoder;   // class name for the logs
   const char* source;    // file of the decoder, for the logs
-  const char* noMemory;  // the line when a name cannot be normalised
+  const char* noMemory;  // the line when a name cannot be normalised; %s is the decoder
   ZtPrefixRule prefixes;
-  const ZtGrammarRow* rows = nullptr;
-  std::size_t rowCount = 0;
+  ZtGrammarTable own = {};
+  ZtGrammarTable shared = {};
 
-  constexpr ZtGrammar(const char* className, const char* file, const char* noMemoryLine,
-                      ZtPrefixRule rule)
-      : decoder(className), source(file), noMemory(noMemoryLine), prefixes(rule) {}
+  constexpr ZtGrammar(const char* className, const char* file, ZtPrefixRule rule)
+      : decoder(className),
+        source(file),
+        noMemory(rule == ZtPrefixRule::kRewrite
+                     ? "%s :: XMLChangeNamespaceTag Malloc unable to allocate memory"
+                     : "%s :: XMLRemoveNameSpaceTag: Malloc unable to allocate memory"),
+        prefixes(rule) {}
+
   template <std::size_t N>
-  constexpr ZtGrammar(const char* className, const char* file, const char* noMemoryLine,
-                      ZtPrefixRule rule, const ZtGrammarRow (&names)[N])
-      : ZtGrammar(className, file, noMemoryLine, rule) {
-    rows = names;
-    rowCount = N;
+  constexpr ZtGrammar Names(const ZtGrammarRow (&rows)[N]) const {
+    return ZtWith(*this, &ZtGrammar::own, ZtGrammarTable{rows, N});
+  }
+  template <std::size_t N>
+  constexpr ZtGrammar Shares(const ZtGrammarRow (&rows)[N]) const {
+    return ZtWith(*this, &ZtGrammar::shared, ZtGrammarTable{rows, N});
+  }
+  constexpr ZtGrammar NoMemory(const char* line) const {
+    return ZtWith(*this, &ZtGrammar::noMemory, line);
   }
 
-  const ZtGrammarRow* begin() const { return rows; }
-  const ZtGrammarRow* end() const { return rows + rowCount; }
+  // The first row that `matches`, or null.
+  template <class Matches>
+  const ZtGrammarRow* Find(Matches matches) const {
+    for (const ZtGrammarTable& table : {own, shared}) {
+      for (const ZtGrammarRow* row = table.rows; row != table.rows + table.count; ++row) {
+        if (matches(*row)) return row;
+      }
+    }
+    return nullptr;
+  }
 };
 
 #endif  // ZTXML_SRC_BINDING_ZTGRAMMAR_H

@@ -5,6 +5,11 @@
 #include "binding/ZtNames.h"
 #include "ztPlatform.h"
 
+namespace {
+// What no name can begin with must not be written before one.
+bool IsPrefix(const char* text) { return !text[std::strcspn(text, ":<>&\"'/= \t\r\n")]; }
+}  // namespace
+
 ZtNamespaceBindings::ZtNamespaceBindings()
     // Intended: "ss" has no alias, so it is not recognised as one until a document's declarations
     // have been applied (names with it pass unchanged, which comes to the same).
@@ -62,7 +67,7 @@ bool ZtNamespaceBindings::Apply(XMLObject* binder) {
     while (at && (!at->uri.Get() || __strcmp(at->uri.Get(), pair->getValue()) != 0)) at = at->next;
     if (!at) continue;
     const bool named = pair->getName() && *pair->getName();
-    if (!named && at->given) continue;
+    if (named ? !IsPrefix(pair->getName()) : at->given) continue;
     at->given = named;
     if (!SetAlias(*at, named ? pair->getName() : nullptr)) return false;
   }

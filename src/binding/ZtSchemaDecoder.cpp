@@ -259,29 +259,27 @@ void ZtSchemaDecoder::Pop() {
 
 const ZtGrammarRow* ZtSchemaDecoder::FindStart(const char* name) const {
   const std::size_t size = __strlen(name);
-  for (const ZtGrammarRow& row : m_Grammar) {
-    if (row.parent && row.parent != CurrentType()) continue;
+  const ZtElementType* current = CurrentType();
+  return m_Grammar.Find([=](const ZtGrammarRow& row) {
+    if (row.parent && row.parent != current) return false;
     const bool any = row.name.IsNone() && row.parent;
-    if (any ? !ZtFindChild(*row.parent, name) : row.name.Is(name, size)) return &row;
-  }
-  return nullptr;
+    return any ? !ZtFindChild(*row.parent, name) : row.name.Is(name, size);
+  });
 }
 
 // The row that the end tag `name` closes. Rows of one name differ in their types, so the open
 // object tells which; ends of flags are nobody's.
 const ZtGrammarRow* ZtSchemaDecoder::FindEnd(const char* name) const {
   const std::size_t size = __strlen(name);
-  const ZtGrammarRow* found = nullptr;
-  for (const ZtGrammarRow& row : m_Grammar) {
-    if (!row.name.Is(name, size)) continue;
-    if (row.kind == ZtElementKind::kEndBound) {
-      if (!row.parent || row.parent == CurrentType()) return &row;
-      continue;
-    }
-    if (row.type && row.type == CurrentType()) return &row;
-    if (!found) found = &row;
-  }
-  return found;
+  const ZtElementType* current = CurrentType();
+  const ZtGrammarRow* first = nullptr;
+  const ZtGrammarRow* found = m_Grammar.Find([&](const ZtGrammarRow& row) {
+    if (!row.name.Is(name, size)) return false;
+    if (row.kind == ZtElementKind::kEndBound) return !row.parent || row.parent == current;
+    if (!first) first = &row;
+    return row.type && row.type == current;
+  });
+  return found ? found : first;
 }
 
 char* ZtSchemaDecoder::LocalName(char* name) {
@@ -297,7 +295,7 @@ char* ZtSchemaDecoder::ReservePassName(std::size_t size, const char* noMemory) {
   m_PassName = static_cast<char*>(__malloc(m_iPassCapacity));
   if (!m_PassName) {
     m_iPassCapacity = 0;
-    ZtLog(kZtLogTrace, m_Grammar.source, __LINE__, kZtModuleParser)(noMemory);
+    ZtLog(kZtLogTrace, m_Grammar.source, __LINE__, kZtModuleParser)(noMemory, m_Grammar.decoder);
   }
   return m_PassName;
 }
