@@ -1,66 +1,12 @@
 // What strangers may send: every sample document cut short, with bytes replaced, and read and
 // written while memory runs out. The memory log is balanced after each test.
 #include <algorithm>
-#include <filesystem>
-#include <fstream>
 #include <gtest/gtest.h>
-#include <iterator>
 
-#include "DocumentSupport.h"
+#include "Samples.h"
 #include "TestSupport.h"
-#include "XmlDecoder.h"
 
 namespace {
-
-struct Sample {
-  std::string name;
-  std::string text;
-  eXMLSchemaID id;
-};
-
-class RootFinder : public XmlDecoderSchema {
- public:
-  int ProcessReserved() override { return 0; }
-  int ProcessAttribute(char*, char*, char*) override { return 0; }
-  int ProcessElement(char* name, char*) override {
-    if (root.empty()) root = name;
-    return 0;
-  }
-  int ProcessElementOpened(char*) override { return 0; }
-  void* GetSessionData() override { return nullptr; }
-
-  std::string root;
-};
-
-int Parse(std::string text, XmlDecoderSchema* receiver) {
-  XmlDecoder parser;
-  parser.SetSchema(receiver);
-  return parser.Decode(text.data(), static_cast<int>(text.size()));
-}
-
-eXMLSchemaID SchemaOf(const std::string& text) {
-  RootFinder finder;
-  Parse(text, &finder);
-  const std::string local = finder.root.substr(finder.root.find(':') + 1);
-  for (int id = 0; id < 28; ++id) {
-    const XMLSchemaInfo* info = XMLFactory::getSchemaInfo(static_cast<eXMLSchemaID>(id));
-    if (!info) continue;
-    for (const char* root : info->roots) {
-      if (root && local == root) return info->id;
-    }
-  }
-  return XML_SCHEMA_NAMESPACE_RETRIEVAL;
-}
-
-std::vector<Sample> Samples() {
-  std::vector<Sample> samples;
-  for (const auto& entry : std::filesystem::directory_iterator(ZTXML_DOCUMENTS_DIR)) {
-    std::ifstream file(entry.path());
-    const std::string text(std::istreambuf_iterator<char>(file), {});
-    samples.push_back({entry.path().filename().string(), text, SchemaOf(text)});
-  }
-  return samples;
-}
 
 // The writers of rule sets and GRUUs go on behind what lacks something required.
 bool MayBeMalformed(eXMLSchemaID id) {
