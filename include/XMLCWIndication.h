@@ -1,8 +1,7 @@
 // The 3GPP IMS body with an alternative service (3GPP TS 24.229).
 //
-// Elements own their texts, children and lists: setters copy texts, take objects and lists with
-// their entries, and free what they replace; null means absent. The add operations take one object
-// and return 1, or 0 when it is null or there is no memory. Texts are raw: callers escape them.
+// Elements own what they hold: setters copy texts, take objects, and free what they replace; null
+// means absent. Texts are raw: callers escape them.
 #ifndef ZTXML_INCLUDE_XMLCWINDICATION_H
 #define ZTXML_INCLUDE_XMLCWINDICATION_H
 
@@ -14,7 +13,8 @@ class ZT_API zt_alternative_service : public ZtTyped<zt_alternative_service> {
  public:
   static const ZtElementType kType;
 
-  /// The kind of service, e.g. "emergency".
+  /// The kind of service, e.g. "restoration". Only texts are kept here and below: where a document
+  /// has an element instead ("<emergency/>"), this is empty.
   int setTypeValue(const char* text) { return m_Type.Assign(text); }
   const char* getTypeValue() const { return m_Type.Get(); }
 

@@ -1,8 +1,7 @@
 // The indication that a call waits (3GPP TS 24.615).
 //
-// Elements own their texts, children and lists: setters copy texts, take objects and lists with
-// their entries, and free what they replace; null means absent. The add operations take one object
-// and return 1, or 0 when it is null or there is no memory. Texts are raw: callers escape them.
+// Elements own what they hold: setters copy texts, take objects, and free what they replace; null
+// means absent. Texts are raw: callers escape them.
 #ifndef ZTXML_INCLUDE_XMLCALLWAITINGINDICATION_H
 #define ZTXML_INCLUDE_XMLCALLWAITINGINDICATION_H
 

@@ -2,6 +2,7 @@
 #ifndef ZTXML_INCLUDE_XMLXCAPERROR_H
 #define ZTXML_INCLUDE_XMLXCAPERROR_H
 
+#include "XMLValueTypes.h"
 #include "ZtDocument.h"
 #include "ZtElement.h"
 
@@ -82,7 +83,7 @@ class ZT_API zt_exists : public ZtTyped<zt_exists> {
   int setAltValueListValue(ZtSingleElementList* list) { return m_AltValues.Set(list); }
   ZtSingleElementList* getAltValueListValue() const { return m_AltValues.Get(); }
   /// Takes `value`, a zt_string; 0 when it is null or there is no memory.
-  int addAltValue(XMLElement* value) { return m_AltValues.Add(value); }
+  int addAltValue(zt_string* value) { return m_AltValues.Add(value); }
 
  private:
   friend struct XcapErrorBinding;

@@ -24,6 +24,7 @@ struct BootstrappingInfoBinding {
           .Note("<XML Module>: BootstrappingInfoElement lifetime not present", kZtLogOptional);
   static constexpr ZtField kInfo[] = {kBtid, kLifetime};
   static constexpr ZtFixedAttribute kNamespace[] = {{XML_STR_URI_3GPP_GBA, XML_STR_ZT_NULL}};
+  static_assert(ztrow::Sound(kInfo));
 };
 
 const ZtElementType zt_bootstrappinginfo::kType =

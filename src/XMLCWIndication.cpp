@@ -23,6 +23,7 @@ struct CWIndicationBinding {
                    zt_alternative_service::kType),
       ztrow::TextElement(XML_STR_SERVICE_INFO, &zt_ims_3gpp::m_ServiceInfo),
   };
+  static_assert(ztrow::Sound(kService) && ztrow::Sound(kIms));
 };
 
 const ZtElementType zt_alternative_service::kType =

@@ -31,6 +31,7 @@ struct CallWaitingIndicationBinding {
       ztrow::Child(XML_STR_ALTERNATIVE_SERVICE, &zt_3gpp_ims::m_AlternativeService,
                    zt_ns_call_waiting_indication_alternative_service::kType),
   };
+  static_assert(ztrow::Sound(kAction) && ztrow::Sound(kIms));
 };
 
 const ZtElementType zt_ns_call_waiting_indication_action::kType =

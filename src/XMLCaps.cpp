@@ -17,20 +17,20 @@ struct CapsBinding {
       ztrow::TextElement(XML_STR_HALF, &zt_ns_caps_duplextypes::m_Half),
       ztrow::TextElement(XML_STR_RECEIVE_ONLY, &zt_ns_caps_duplextypes::m_ReceiveOnly),
       ztrow::TextElement(XML_STR_SEND_ONLY, &zt_ns_caps_duplextypes::m_SendOnly),
-      ZtExtensibleRows::kElements<ZtElement>,
+      kZtOthers,
   };
   static constexpr ZtField kDuplex[] = {
       ztrow::Child(XML_STR_SUPPORTED, &zt_ns_caps_duplextype::m_Supported,
                    zt_ns_caps_duplextypes::kType),
       ztrow::Child(XML_STR_NOTSUPPORTED, &zt_ns_caps_duplextype::m_Notsupported,
                    zt_ns_caps_duplextypes::kType),
-      ZtExtensibleRows::kElements<ZtElement>,
+      kZtOthers,
   };
   static constexpr ZtField kServcaps[] = {
       ztrow::TextElement(XML_STR_AUDIO, &zt_ns_caps_servcaps::m_Audio, kCapability),
       ztrow::Child(XML_STR_DUPLEX, &zt_ns_caps_servcaps::m_Duplex, zt_ns_caps_duplextype::kType),
       ztrow::TextElement(XML_STR_VIDEO, &zt_ns_caps_servcaps::m_Video, kCapability),
-      ZtExtensibleRows::kElements<ZtElement>,
+      kZtOthers,
   };
   static_assert(ztrow::Sound(kDuplexTypes) && ztrow::Sound(kDuplex) && ztrow::Sound(kServcaps));
 };

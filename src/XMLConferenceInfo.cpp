@@ -34,76 +34,68 @@ constexpr ZtEnumTable kDisconnectionMethods = {kDisconnectionSlots, 4, 4, ZT_DIS
 constexpr ZtEnumSlot kMediaSlots[] = {"recvonly", "sendonly", "sendrecv", "inactive"};
 constexpr ZtEnumTable kMediaStatuses = {kMediaSlots, 4, 4, ZT_MEDIA_STATUS_ABSENT, true};
 
-constexpr ZtField kExtras = ZtExtensibleRows::kAttributes<ZtElement>;
-constexpr ZtField kOthers = ZtExtensibleRows::kElements<ZtElement>;
-
-template <class T>
-constexpr ZtElementType TypeOf(const char* className, const char* label) {
-  return ZtTypeOf<T>(className, label, kFamily);
-}
-
 }  // namespace
 
 // ---- Types --------------------------------------------------------------------------------------
 
 struct ConferenceInfoBinding {
   static constexpr ZtField kExecution[] = {
-      kExtras,
+      kZtExtras,
       ztrow::TextElement(XML_STR_WHEN, &zt_execution_type::m_When),
       ztrow::TextElement(XML_STR_REASON, &zt_execution_type::m_Reason),
       ztrow::TextElement(XML_STR_BY, &zt_execution_type::m_By),
-      kOthers,
+      kZtOthers,
   };
 
   static constexpr ZtField kUri[] = {
-      kExtras,
+      kZtExtras,
       ztrow::TextElement(XML_STR_URI, &zt_uri_type::m_Uri),
       ztrow::TextElement(XML_STR_DISPLAY_TEXT, &zt_uri_type::m_DisplayText),
       ztrow::TextElement(XML_STR_PURPOSE, &zt_uri_type::m_Purpose),
       ztrow::Child(XML_STR_MODIFIED, &zt_uri_type::m_Modified, zt_execution_type::kType),
-      kOthers,
+      kZtOthers,
   };
 
   static constexpr ZtField kUris[] = {
       ztrow::Attribute(XML_STR_STATE, &zt_uris_type::m_State, kStates),
-      kExtras,
+      kZtExtras,
       ztrow::Children(XML_STR_ENTRY, &zt_uris_type::m_Entries, zt_uri_type::kType)
           .Note("<XML Module>: AddUrisTypeElementToXml tempNum: %d"),
-      kOthers,
+      kZtOthers,
   };
 
   static constexpr ZtField kKeywords[] = {
-      kExtras,
+      kZtExtras,
       ztrow::OwnWords(XML_STR_KEYWORDS, &zt_keywords_type::m_Words),
-      kOthers,
+      kZtOthers,
   };
 
   static constexpr ZtField kLanguages[] = {
-      kExtras,
+      kZtExtras,
       ztrow::OwnWords(XML_STR_LANGUAGES, &zt_user_languages_type::m_Words),
-      kOthers,
+      kZtOthers,
   };
 
   static constexpr ZtField kRoles[] = {
-      kExtras,
+      kZtExtras,
       ztrow::TextElements(XML_STR_ENTRY, &zt_user_roles_type::m_Entries),
-      kOthers,
+      kZtOthers,
   };
 
   static constexpr ZtField kMedium[] = {
       ztrow::Attribute(XML_STR_LABEL, &zt_conference_medium_type::m_Label),
-      kExtras,
+      kZtExtras,
       ztrow::TextElement(XML_STR_DISPLAY_TEXT, &zt_conference_medium_type::m_DisplayText),
       ztrow::TextElement(XML_STR_TYPE, &zt_conference_medium_type::m_Type),
       ztrow::TextElement(XML_STR_STATUS, &zt_conference_medium_type::m_Status, kMediaStatuses),
-      kOthers,
+      kZtOthers,
   };
 
   static constexpr ZtField kAvailableMedia[] = {
-      kExtras,
+      kZtExtras,
       ztrow::Children(XML_STR_ENTRY, &zt_conference_media_type::m_Entries,
                       zt_conference_medium_type::kType),
-      kOthers,
+      kZtOthers,
   };
 
   static bool WriteAvailableMedia(ZtElementWriter& writer, const XMLElement& self,
@@ -131,7 +123,7 @@ struct ConferenceInfoBinding {
   }
 
   static constexpr ZtField kDescription[] = {
-      kExtras,
+      kZtExtras,
       ztrow::TextElement(XML_STR_DISPLAY_TEXT, &zt_conference_description_type::m_DisplayText),
       ztrow::TextElement(XML_STR_SUBJECT, &zt_conference_description_type::m_Subject),
       ztrow::TextElement(XML_STR_FREE_TEXT, &zt_conference_description_type::m_FreeText),
@@ -146,56 +138,56 @@ struct ConferenceInfoBinding {
                          &zt_conference_description_type::m_MaximumUserCount),
       ztrow::Child(XML_STR_AVAILABLE_MEDIA, &zt_conference_description_type::m_AvailableMedia,
                    zt_conference_media_type::kType),
-      kOthers,
+      kZtOthers,
   };
 
   static constexpr ZtField kHost[] = {
-      kExtras,
+      kZtExtras,
       ztrow::TextElement(XML_STR_DISPLAY_TEXT, &zt_host_type::m_DisplayText),
       ztrow::TextElement(XML_STR_WEB_PAGE, &zt_host_type::m_WebPage),
       ztrow::Child(XML_STR_URIS, &zt_host_type::m_Uris, zt_uris_type::kType),
-      kOthers,
+      kZtOthers,
   };
 
   static constexpr ZtField kState[] = {
-      kExtras,
+      kZtExtras,
       ztrow::TextElement(XML_STR_USER_COUNT, &zt_conference_state_type::m_UserCount),
       ztrow::TextElement(XML_STR_ACTIVE, &zt_conference_state_type::m_Active, kTrueOrElseFalse),
       ztrow::TextElement(XML_STR_LOCKED, &zt_conference_state_type::m_Locked, kTrueOrElseFalse),
-      kOthers,
+      kZtOthers,
   };
 
   static constexpr ZtField kSip[] = {
-      kExtras,
+      kZtExtras,
       ztrow::TextElement(XML_STR_DISPLAY_TEXT, &zt_sip_dialog_id_type::m_DisplayText),
       ztrow::TextElement(XML_STR_CALL_ID, &zt_sip_dialog_id_type::m_CallId),
       ztrow::TextElement(XML_STR_FROM_TAG, &zt_sip_dialog_id_type::m_FromTag),
       ztrow::TextElement(XML_STR_TO_TAG, &zt_sip_dialog_id_type::m_ToTag),
-      kOthers,
+      kZtOthers,
   };
 
   static constexpr ZtField kCall[] = {
-      kExtras,
+      kZtExtras,
       ztrow::Child(XML_STR_SIP, &zt_call_type::m_Sip, zt_sip_dialog_id_type::kType),
-      kOthers,
+      kZtOthers,
   };
 
   static constexpr ZtField kMedia[] = {
       ztrow::Attribute(XML_STR_ID, &zt_media_type::m_Id)
           .Required("<XML Module>: AddMediaElementToXml: id attribute mandatory", kZtLogError),
-      kExtras,
+      kZtExtras,
       ztrow::TextElement(XML_STR_DISPLAY_TEXT, &zt_media_type::m_DisplayText),
       ztrow::TextElement(XML_STR_TYPE, &zt_media_type::m_Type),
       ztrow::TextElement(XML_STR_LABEL, &zt_media_type::m_Label),
       ztrow::TextElement(XML_STR_SRC_ID, &zt_media_type::m_SrcId),
       ztrow::TextElement(XML_STR_STATUS, &zt_media_type::m_Status, kMediaStatuses),
-      kOthers,
+      kZtOthers,
   };
 
   static constexpr ZtField kEndpoint[] = {
       ztrow::Attribute(XML_STR_STATE, &zt_endpoint_type::m_State, kStates),
       ztrow::Attribute(XML_STR_ENTITY, &zt_endpoint_type::m_Entity),
-      kExtras,
+      kZtExtras,
       ztrow::TextElement(XML_STR_DISPLAY_TEXT, &zt_endpoint_type::m_DisplayText),
       ztrow::Child(XML_STR_REFERRED, &zt_endpoint_type::m_Referred, zt_execution_type::kType),
       ztrow::TextElement(XML_STR_STATUS, &zt_endpoint_type::m_Status, kEndpointStatuses),
@@ -210,13 +202,13 @@ struct ConferenceInfoBinding {
       ztrow::Children(XML_STR_MEDIA, &zt_endpoint_type::m_Media, zt_media_type::kType)
           .Note("<XML Module>: issue in Media Element number [tempNum: %d]"),
       ztrow::Child(XML_STR_CALL_INFO, &zt_endpoint_type::m_CallInfo, zt_call_type::kType),
-      kOthers,
+      kZtOthers,
   };
 
   static constexpr ZtField kUser[] = {
       ztrow::Attribute(XML_STR_STATE, &zt_user_type::m_State, kStates),
       ztrow::Attribute(XML_STR_ENTITY, &zt_user_type::m_Entity),
-      kExtras,
+      kZtExtras,
       ztrow::TextElement(XML_STR_DISPLAY_TEXT, &zt_user_type::m_DisplayText),
       ztrow::Child(XML_STR_ASSOCIATED_AORS, &zt_user_type::m_AssociatedAors, zt_uris_type::kType),
       ztrow::Child(XML_STR_ROLES, &zt_user_type::m_Roles, zt_user_roles_type::kType),
@@ -224,15 +216,15 @@ struct ConferenceInfoBinding {
           .AtEnd(),
       ztrow::TextElement(XML_STR_CASCADED_FOCUS, &zt_user_type::m_CascadedFocus),
       ztrow::Children(XML_STR_ENDPOINT, &zt_user_type::m_Endpoints, zt_endpoint_type::kType),
-      kOthers,
+      kZtOthers,
   };
 
   static constexpr ZtField kUsers[] = {
       ztrow::Attribute(XML_STR_STATE, &zt_users_type::m_State, kStates),
-      kExtras,
+      kZtExtras,
       ztrow::Children(XML_STR_USER, &zt_users_type::m_Users, zt_user_type::kType)
           .Note("<XML Module>: AddIUsersElementToXml tempNum: %d"),
-      kOthers,
+      kZtOthers,
   };
 
   static constexpr ZtField kConference[] = {
@@ -262,10 +254,10 @@ struct ConferenceInfoBinding {
           .Writer(XML_STR_ENTRY, "AddConferenceInfoElementToXml");
   static constexpr ZtField kSidebars[] = {
       ztrow::Attribute(XML_STR_STATE, &zt_sidebars_by_val_type::m_State, kStates),
-      kExtras,
+      kZtExtras,
       ztrow::Children(XML_STR_ENTRY, &zt_sidebars_by_val_type::m_Entries, kSidebar)
           .Note("<XML Module>: Add Sidebars_by_val ElementToXml fail @ tempNum: %d"),
-      kOthers,
+      kZtOthers,
   };
 
   static constexpr ZtFixedAttribute kNamespace[] = {
@@ -276,75 +268,79 @@ struct ConferenceInfoBinding {
 };
 
 const ZtElementType zt_execution_type::kType =
-    TypeOf<zt_execution_type>("zt_execution_type", "execution")
+    ZtTypeOf<zt_execution_type>("zt_execution_type", "execution", kFamily)
         .Fields(ConferenceInfoBinding::kExecution)
         .Writer(XML_STR_ZT_NULL, "AddExecutionTypeElementToXml");
-const ZtElementType zt_uri_type::kType = TypeOf<zt_uri_type>("zt_uri_type", "entry")
+const ZtElementType zt_uri_type::kType = ZtTypeOf<zt_uri_type>("zt_uri_type", "entry", kFamily)
                                              .Fields(ConferenceInfoBinding::kUri)
                                              .Writer(XML_STR_ENTRY, "AddUriTypeElementToXml");
-const ZtElementType zt_uris_type::kType = TypeOf<zt_uris_type>("zt_uris_type", "uris")
+const ZtElementType zt_uris_type::kType = ZtTypeOf<zt_uris_type>("zt_uris_type", "uris", kFamily)
                                               .Fields(ConferenceInfoBinding::kUris)
                                               .Writer(XML_STR_URIS, "AddUrisTypeElementToXml");
 const ZtElementType zt_keywords_type::kType =
-    TypeOf<zt_keywords_type>("zt_keywords_type", "keywords")
+    ZtTypeOf<zt_keywords_type>("zt_keywords_type", "keywords", kFamily)
         .Fields(ConferenceInfoBinding::kKeywords)
         .Writer(XML_STR_KEYWORDS, nullptr);
 const ZtElementType zt_user_languages_type::kType =
-    TypeOf<zt_user_languages_type>("zt_user_languages_type", "languages")
+    ZtTypeOf<zt_user_languages_type>("zt_user_languages_type", "languages", kFamily)
         .Fields(ConferenceInfoBinding::kLanguages)
         .Writer(XML_STR_LANGUAGES, nullptr);
 const ZtElementType zt_user_roles_type::kType =
-    TypeOf<zt_user_roles_type>("zt_user_roles_type", "roles")
+    ZtTypeOf<zt_user_roles_type>("zt_user_roles_type", "roles", kFamily)
         .Fields(ConferenceInfoBinding::kRoles)
         .Writer(XML_STR_ROLES, nullptr);
 const ZtElementType zt_conference_medium_type::kType =
-    TypeOf<zt_conference_medium_type>("zt_conference_medium_type", "entry")
+    ZtTypeOf<zt_conference_medium_type>("zt_conference_medium_type", "entry", kFamily)
         .Fields(ConferenceInfoBinding::kMedium)
         .Writer(XML_STR_ZT_NULL, "AddConferenceMediumTypeElementToXml");
 const ZtElementType zt_conference_media_type::kType =
-    TypeOf<zt_conference_media_type>("zt_conference_media_type", "available-media")
+    ZtTypeOf<zt_conference_media_type>("zt_conference_media_type", "available-media", kFamily)
         .Fields(ConferenceInfoBinding::kAvailableMedia)
         .Writer(XML_STR_AVAILABLE_MEDIA, "AddConferenceMediaTypeElementToXml")
         .OnContent(ConferenceInfoBinding::WriteAvailableMedia);
 const ZtElementType zt_conference_description_type::kType =
-    TypeOf<zt_conference_description_type>("zt_conference_description_type",
-                                           "conference-description")
+    ZtTypeOf<zt_conference_description_type>("zt_conference_description_type",
+                                             "conference-description", kFamily)
         .Fields(ConferenceInfoBinding::kDescription)
         .Writer(XML_STR_CONFERENCE_DESCRIPTION, "AddConferenceDescriptionElementToXml");
-const ZtElementType zt_host_type::kType = TypeOf<zt_host_type>("zt_host_type", "host-info")
-                                              .Fields(ConferenceInfoBinding::kHost)
-                                              .Writer(XML_STR_HOST_INFO, "AddHostInfoElementToXml");
+const ZtElementType zt_host_type::kType =
+    ZtTypeOf<zt_host_type>("zt_host_type", "host-info", kFamily)
+        .Fields(ConferenceInfoBinding::kHost)
+        .Writer(XML_STR_HOST_INFO, "AddHostInfoElementToXml");
 const ZtElementType zt_conference_state_type::kType =
-    TypeOf<zt_conference_state_type>("zt_conference_state_type", "conference-state")
+    ZtTypeOf<zt_conference_state_type>("zt_conference_state_type", "conference-state", kFamily)
         .Fields(ConferenceInfoBinding::kState)
         .Writer(XML_STR_CONFERENCE_STATE, "AddConferenceStateElementToXml");
 const ZtElementType zt_sip_dialog_id_type::kType =
-    TypeOf<zt_sip_dialog_id_type>("zt_sip_dialog_id_type", "sip")
+    ZtTypeOf<zt_sip_dialog_id_type>("zt_sip_dialog_id_type", "sip", kFamily)
         .Fields(ConferenceInfoBinding::kSip)
         .Writer(XML_STR_SIP, "AddSipElementToXml");
-const ZtElementType zt_call_type::kType = TypeOf<zt_call_type>("zt_call_type", "call-info")
-                                              .Fields(ConferenceInfoBinding::kCall)
-                                              .Writer(XML_STR_CALL_INFO, nullptr);
-const ZtElementType zt_media_type::kType = TypeOf<zt_media_type>("zt_media_type", "media")
-                                               .Fields(ConferenceInfoBinding::kMedia)
-                                               .Writer(XML_STR_MEDIA, "AddMediaElementToXml");
+const ZtElementType zt_call_type::kType =
+    ZtTypeOf<zt_call_type>("zt_call_type", "call-info", kFamily)
+        .Fields(ConferenceInfoBinding::kCall)
+        .Writer(XML_STR_CALL_INFO, nullptr);
+const ZtElementType zt_media_type::kType =
+    ZtTypeOf<zt_media_type>("zt_media_type", "media", kFamily)
+        .Fields(ConferenceInfoBinding::kMedia)
+        .Writer(XML_STR_MEDIA, "AddMediaElementToXml");
 const ZtElementType zt_endpoint_type::kType =
-    TypeOf<zt_endpoint_type>("zt_endpoint_type", "endpoint")
+    ZtTypeOf<zt_endpoint_type>("zt_endpoint_type", "endpoint", kFamily)
         .Fields(ConferenceInfoBinding::kEndpoint)
         .Writer(XML_STR_ENDPOINT, "AddEndPointElementToXml");
 const ZtElementType zt_user_type::kType =
-    TypeOf<zt_user_type>("zt_user_type", "user")
+    ZtTypeOf<zt_user_type>("zt_user_type", "user", kFamily)
         .Fields(ConferenceInfoBinding::kUser)
         .Writer(XML_STR_USER, "AddUserElementToXkjml");  // intended spelling
-const ZtElementType zt_users_type::kType = TypeOf<zt_users_type>("zt_users_type", "users")
-                                               .Fields(ConferenceInfoBinding::kUsers)
-                                               .Writer(XML_STR_USERS, "AddIUsersElementToXml");
+const ZtElementType zt_users_type::kType =
+    ZtTypeOf<zt_users_type>("zt_users_type", "users", kFamily)
+        .Fields(ConferenceInfoBinding::kUsers)
+        .Writer(XML_STR_USERS, "AddIUsersElementToXml");
 const ZtElementType zt_sidebars_by_val_type::kType =
-    TypeOf<zt_sidebars_by_val_type>("zt_sidebars_by_val_type", "sidebars-by-val")
+    ZtTypeOf<zt_sidebars_by_val_type>("zt_sidebars_by_val_type", "sidebars-by-val", kFamily)
         .Fields(ConferenceInfoBinding::kSidebars)
         .Writer(XML_STR_SIDEBARS_BY_VAL, nullptr);
 const ZtElementType zt_conference_type::kType =
-    TypeOf<zt_conference_type>("zt_conference_type", "conference-info")
+    ZtTypeOf<zt_conference_type>("zt_conference_type", "conference-info", kFamily)
         .Fields(ConferenceInfoBinding::kConference)
         .Writer(XML_STR_CONFERENCE_INFO, "AddConferenceInfoElementToXml")
         .Declares(ConferenceInfoBinding::kNamespace)

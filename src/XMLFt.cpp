@@ -25,6 +25,7 @@ struct FileBinding {
   static constexpr ZtField kFile[] = {
       ztrow::Children(XML_STR_FILE_INFO, &zt_file::m_FileInfos, zt_ns_ft_file_info::kType),
   };
+  static_assert(ztrow::Sound(kData) && ztrow::Sound(kFileInfo));
 };
 
 const ZtElementType zt_ns_ft_data::kType = ZtTypeOf<zt_ns_ft_data>("zt_ns_ft_data", "data", kFamily)

@@ -45,15 +45,8 @@ struct ImdnBinding {
       ztrow::Child(XML_STR_FORBIDDEN, &zt_status::m_Forbidden, zt_forbidden::kType).AtEnd();
   static constexpr ZtField kError =
       ztrow::Child(XML_STR_ERROR, &zt_status::m_Error, zt_error::kType).AtEnd();
-  static constexpr ZtField kStatus[] = {ZtExtensibleRows::kAttributes<ZtElement>,
-                                        kDelivered,
-                                        kFailed,
-                                        kDisplayed,
-                                        kProcessed,
-                                        kStored,
-                                        kForbidden,
-                                        kError,
-                                        ZtExtensibleRows::kElements<ZtElement>};
+  static constexpr ZtField kStatus[] = {kZtExtras, kDelivered, kFailed, kDisplayed, kProcessed,
+                                        kStored,   kForbidden, kError,  kZtOthers};
 
   // What each notification writes of a status: the first of these that is set.
   static constexpr ZtField kDeliveryValues[] = {kDelivered, kFailed, kForbidden, kError};

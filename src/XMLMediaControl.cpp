@@ -28,6 +28,7 @@ struct MediaControlBinding {
   static constexpr ZtField kMediaControl[] = {
       ztrow::Child(XML_STR_VC_PRIMITIVE, &zt_media_control::m_VcPrimitive, zt_vc_primitive::kType),
   };
+  static_assert(ztrow::Sound(kToEncoder) && ztrow::Sound(kMediaControl));
 };
 
 const ZtElementType zt_to_encoder::kType =

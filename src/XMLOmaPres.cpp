@@ -12,7 +12,7 @@ struct OmaPresBinding {
       ztrow::TextElement(XML_STR_SERVICE_ID, &ServiceDescription::m_ServiceId),
       ztrow::TextElement(XML_STR_VERSION, &ServiceDescription::m_Version),
       ztrow::TextElement(XML_STR_DESCRIPTION, &ServiceDescription::m_Description),
-      ZtExtensibleRows::kElements<ZtElement>,
+      kZtOthers,
   };
   static_assert(ztrow::Sound(kServiceDescription));
 

@@ -22,16 +22,16 @@ struct PresenceBinding {
 
   static constexpr ZtField kNote[] = {
       ztrow::OwnText(XML_STR_NOTE, &zt_note::m_Value),
-      ZtExtensibleRows::kElements<ZtElement>,
+      kZtOthers,
   };
   static constexpr ZtField kContact[] = {
       ztrow::Attribute(XML_STR_PRIORITY, &zt_contact::m_Priority),
       ztrow::OwnText(XML_STR_CONTACT, &zt_contact::m_Uri),
-      ZtExtensibleRows::kElements<ZtElement>,
+      kZtOthers,
   };
   static constexpr ZtField kStatus[] = {
       ztrow::TextElement(XML_STR_BASIC, &Status::m_Basic, kBasic),
-      ZtExtensibleRows::kElements<ZtElement>,
+      kZtOthers,
   };
 
   static constexpr ZtWritable kExtensions[] = {

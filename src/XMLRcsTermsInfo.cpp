@@ -21,6 +21,7 @@ struct RcsTermsInfoBinding {
       ztrow::TextElement(XML_STR_TERMS_VERSION, &zt_rcs_terms_info::m_TermsVersion),
       ztrow::Children(XML_STR_TERM, &zt_rcs_terms_info::m_Terms, zt_ns_rcs_terms_info_term::kType),
   };
+  static_assert(ztrow::Sound(kTerm) && ztrow::Sound(kTerms));
 };
 
 const ZtElementType zt_ns_rcs_terms_info_term::kType =

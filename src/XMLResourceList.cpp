@@ -9,18 +9,10 @@ namespace {
 constexpr char kSource[] = "src/XMLResourceList";
 constexpr ZtFamily kFamily = ZtPlainFamily(kSource);
 
-constexpr ZtField kExtras = ZtExtensibleRows::kAttributes<ZtElement>;
-constexpr ZtField kOthers = ZtExtensibleRows::kElements<ZtElement>;
-
 constexpr ZtFixedAttribute kNamespaces[] = {
     {XML_STR_URN_IETF_PARAMS_XML_NS_RESOURCE_LISTS, XML_STR_ZT_NULL},
     {XML_STR_HTTP_WWW_W3_ORG_2001_XMLSCHEMA_INSTANCE, XML_STR_XSI},
     {XML_STR_URN_IETF_PARAMS_XML_NS_COPYCONTROL, XML_STR_CP}};
-
-template <class T>
-constexpr ZtElementType TypeOf(const char* className, const char* label) {
-  return ZtTypeOf<T>(className, label, kFamily);
-}
 
 }  // namespace
 
@@ -28,34 +20,34 @@ constexpr ZtElementType TypeOf(const char* className, const char* label) {
 
 struct ResourceListsBinding {
   static constexpr ZtField kDisplayName[] = {
-      kExtras,
+      kZtExtras,
       ztrow::OwnText(XML_STR_DISPLAY_NAME, &zt_display_nameType::m_Value),
-      kOthers,
+      kZtOthers,
   };
   static constexpr ZtField kNamed =
       ztrow::Child(XML_STR_DISPLAY_NAME, &ZtDisplayNamed::m_DisplayName, zt_display_nameType::kType)
           .Note("<XML Module>: AddDisplayNameElementToXml XML Failed!");
 
   static constexpr ZtField kEntry[] = {
-      kExtras,
+      kZtExtras,
       ztrow::Attribute(XML_STR_URI, &zt_entryType::m_Uri)
           .Required("<XML Module>: AddEntryElementToXml Uri mandatory attribute", kZtLogError),
       kNamed,
-      kOthers,
+      kZtOthers,
   };
   static constexpr ZtField kEntryRef[] = {
-      kExtras,
+      kZtExtras,
       ztrow::Attribute(XML_STR_REF, &zt_entry_refType::m_Ref)
           .Required("<XML Module>: AddEntryRefElementToXml attribute: ref mandatory attribute",
                     kZtLogError),
       kNamed,
-      kOthers,
+      kZtOthers,
   };
   static constexpr ZtField kExternal[] = {
       ztrow::Attribute(XML_STR_ANCHOR, &zt_externalType::m_Anchor),
-      kExtras,
+      kZtExtras,
       kNamed,
-      kOthers,
+      kZtOthers,
   };
 
   static constexpr ZtWritable kMembers[] = {{&zt_listType::kType, XML_STR_ZT_NULL},
@@ -65,7 +57,7 @@ struct ResourceListsBinding {
                                             {nullptr, XML_STR_ZT_NULL}};
   static constexpr ZtField kList[] = {
       ztrow::Attribute(XML_STR_NAME, &zt_listType::m_Name),
-      kExtras,
+      kZtExtras,
       kNamed,
       ZtExtensibleRows::Elements<ZtElement>(kMembers),
   };
@@ -94,26 +86,26 @@ struct ResourceListsBinding {
 };
 
 const ZtElementType zt_display_nameType::kType =
-    TypeOf<zt_display_nameType>("zt_display_nameType", "display-name")
+    ZtTypeOf<zt_display_nameType>("zt_display_nameType", "display-name", kFamily)
         .Fields(ResourceListsBinding::kDisplayName)
         .Writer(XML_STR_DISPLAY_NAME, nullptr);
-const ZtElementType zt_entryType::kType = TypeOf<zt_entryType>("zt_entryType", "entry")
+const ZtElementType zt_entryType::kType = ZtTypeOf<zt_entryType>("zt_entryType", "entry", kFamily)
                                               .Fields(ResourceListsBinding::kEntry)
                                               .Writer(XML_STR_ENTRY, "AddEntryElementToXml");
 const ZtElementType zt_entry_refType::kType =
-    TypeOf<zt_entry_refType>("zt_entry_refType", "entry-ref")
+    ZtTypeOf<zt_entry_refType>("zt_entry_refType", "entry-ref", kFamily)
         .Fields(ResourceListsBinding::kEntryRef)
         .Writer(XML_STR_ENTRY_REF, "AddEntryRefElementToXml");
 const ZtElementType zt_externalType::kType =
-    TypeOf<zt_externalType>("zt_externalType", "external")
+    ZtTypeOf<zt_externalType>("zt_externalType", "external", kFamily)
         .Fields(ResourceListsBinding::kExternal)
         .Writer(XML_STR_EXTERNAL, "AddExternalElementToXml");
-const ZtElementType zt_listType::kType = TypeOf<zt_listType>("zt_listType", "list")
+const ZtElementType zt_listType::kType = ZtTypeOf<zt_listType>("zt_listType", "list", kFamily)
                                              .Fields(ResourceListsBinding::kList)
                                              .Writer(XML_STR_LIST, "AddListElementToXml")
                                              .OnChild(ResourceListsBinding::RefusesMember);
 const ZtElementType zt_resource_lists::kType =
-    TypeOf<zt_resource_lists>("zt_resource_lists", "resource-lists")
+    ZtTypeOf<zt_resource_lists>("zt_resource_lists", "resource-lists", kFamily)
         .Fields(ResourceListsBinding::kLists)
         .Writer(XML_STR_RESOURCE_LISTS, "AddResource_listsElementToXml")
         .Declares(kNamespaces)

@@ -9,9 +9,6 @@ namespace {
 constexpr char kSource[] = "src/XMLRlmi";
 constexpr ZtFamily kFamily = ZtPlainFamily(kSource);
 
-constexpr ZtField kExtras = ZtExtensibleRows::kAttributes<ZtElement>;
-constexpr ZtField kOthers = ZtExtensibleRows::kElements<ZtElement>;
-
 // A state is known by its beginning.
 constexpr ZtEnumSlot kStateSlots[] = {"active", "pending", "terminated"};
 constexpr ZtEnumTable kStates = {kStateSlots, 3, 3, ZT_INSTANCE_STATE_ABSENT, true};
@@ -25,27 +22,27 @@ constexpr ZtFixedAttribute kNamespace[] = {{XML_STR_URN_IETF_PARAMS_XML_NS_RLMI,
 struct RlmiBinding {
   static constexpr ZtField kName[] = {
       ztrow::OwnText(XML_STR_NAME, &zt_name::m_Value),
-      kOthers,
+      kZtOthers,
   };
 
   static constexpr ZtField kInstance[] = {
-      kExtras,
+      kZtExtras,
       ztrow::Attribute(XML_STR_REASON, &zt_instance::m_Reason),
       ztrow::Attribute(XML_STR_CID, &zt_instance::m_Cid),
       ztrow::Attribute(XML_STR_ID, &zt_instance::m_Id)
           .Required("<XML Module>: AddInstanceElementToXml Id mandatory attribute", kZtLogError),
       ztrow::Attribute(XML_STR_STATE, &zt_instance::m_State, kStates)
           .Required("<XML Module>: AddInstanceElementToXml state mandatory attribute", kZtLogError),
-      kOthers,
+      kZtOthers,
   };
 
   static constexpr ZtField kResource[] = {
-      kExtras,
+      kZtExtras,
       ztrow::Attribute(XML_STR_URI, &zt_resource::m_Uri)
           .Required("<XML Module>: AddResourceElementToXml Uri mandatory attribute", kZtLogError),
       ztrow::Children(XML_STR_NAME, &zt_resource::m_Names, zt_name::kType),
       ztrow::Children(XML_STR_INSTANCE, &zt_resource::m_Instances, zt_instance::kType),
-      kOthers,
+      kZtOthers,
   };
 
   static constexpr ZtField kList[] = {

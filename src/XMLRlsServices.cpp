@@ -9,15 +9,8 @@ namespace {
 constexpr char kSource[] = "src/XMLRlsServices";
 constexpr ZtFamily kFamily = ZtPlainFamily(kSource);
 
-constexpr ZtField kOthers = ZtExtensibleRows::kElements<ZtElement>;
-
 constexpr ZtFixedAttribute kNamespace[] = {
     {XML_STR_URN_IETF_PARAMS_XML_NS_RLS_SERVICES, XML_STR_ZT_NULL}};
-
-template <class T>
-constexpr ZtElementType TypeOf(const char* className, const char* label) {
-  return ZtTypeOf<T>(className, label, kFamily);
-}
 
 }  // namespace
 
@@ -30,20 +23,20 @@ struct RlsServicesBinding {
 
   static constexpr ZtField kPackage[] = {
       ztrow::OwnText(XML_STR_PACKAGE, &Package::m_Value),
-      kOthers,
+      kZtOthers,
   };
   static constexpr ZtField kPackages[] = {
       ztrow::Children(XML_STR_PACKAGE, &Packages::m_Packages, Package::kType),
-      kOthers,
+      kZtOthers,
   };
   static constexpr ZtField kService[] = {
       ztrow::Attribute(XML_STR_URI, &Service::m_Uri)
           .Required("<XML Module>: AddServiceElementToXml Uri mandatory attribute", kZtLogError),
-      ZtExtensibleRows::kAttributes<ZtElement>,
+      kZtExtras,
       ztrow::TextElement(XML_STR_RESOURCE_LIST, &Service::m_ResourceList).OneOf(),
       ztrow::Child(XML_STR_LIST, &Service::m_List, zt_listType::kType).OneOf(),
       ztrow::Child(XML_STR_PACKAGES, &Service::m_Packages, Packages::kType),
-      kOthers,
+      kZtOthers,
   };
   static constexpr ZtField kServices[] = {
       ztrow::Children(XML_STR_SERVICE, &zt_rls_services::m_Services, Service::kType),
@@ -55,19 +48,20 @@ struct RlsServicesBinding {
 };
 
 const ZtElementType zt_ns_rls_services_packageType::kType =
-    TypeOf<zt_ns_rls_services_packageType>("zt_ns_rls_services_packageType", "package")
+    ZtTypeOf<zt_ns_rls_services_packageType>("zt_ns_rls_services_packageType", "package", kFamily)
         .Fields(RlsServicesBinding::kPackage)
         .Writer(XML_STR_PACKAGE, "AddPackageElementToXml");
 const ZtElementType zt_ns_rls_services_packagesType::kType =
-    TypeOf<zt_ns_rls_services_packagesType>("zt_ns_rls_services_packagesType", "packages")
+    ZtTypeOf<zt_ns_rls_services_packagesType>("zt_ns_rls_services_packagesType", "packages",
+                                              kFamily)
         .Fields(RlsServicesBinding::kPackages)
         .Writer(XML_STR_PACKAGES, "AddPackagesElementToXml");
 const ZtElementType zt_ns_rls_services_serviceType::kType =
-    TypeOf<zt_ns_rls_services_serviceType>("zt_ns_rls_services_serviceType", "service")
+    ZtTypeOf<zt_ns_rls_services_serviceType>("zt_ns_rls_services_serviceType", "service", kFamily)
         .Fields(RlsServicesBinding::kService)
         .Writer(XML_STR_SERVICE, "AddServiceElementToXml");
 const ZtElementType zt_rls_services::kType =
-    TypeOf<zt_rls_services>("zt_rls_services", "rls-services")
+    ZtTypeOf<zt_rls_services>("zt_rls_services", "rls-services", kFamily)
         .Fields(RlsServicesBinding::kServices)
         .Writer(XML_STR_RLS_SERVICES, "AddRlsServicesElementToXml")
         .Declares(kNamespace)

@@ -32,5 +32,4 @@ const ZtDocument VolteConfigInfoContext::kDocument =
          nullptr,
          false},
         kSource)
-        .Reads("VolteConfigInfoUnMarshaller")
-        .Writes(kZtRoots<>, "VolteConfigInfoMarshall", "mVolteConfigInfoXml");
+        .Reads("VolteConfigInfoUnMarshaller");

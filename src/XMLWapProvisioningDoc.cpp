@@ -32,5 +32,4 @@ const ZtDocument WapProvisioningDocContext::kDocument =
                                                 nullptr,
                                                 false},
                                                kSource)
-        .Reads("WapProvisioningDocUnMarshaller")
-        .Writes(kZtRoots<>, "WapProvisioningDocMarshall", "mWapProvisioningDocXml");
+        .Reads("WapProvisioningDocUnMarshaller");

@@ -62,7 +62,7 @@ struct XcapErrorBinding {
       kPhrase, ztrow::Children(XML_STR_EXISTS, &zt_uniqueness_failure::m_Exists, zt_exists::kType)
                    .Lenient()
                    .Note("<XML Module>: AddExistsElementToXml tempNum: %d ")};
-  static constexpr ZtField kExtension[] = {ZtExtensibleRows::kElements<ZtElement>};
+  static constexpr ZtField kExtension[] = {kZtOthers};
   static_assert(ztrow::Sound(kNoParent) && ztrow::Sound(kExists) &&
                 ztrow::Sound(kUniquenessFailure));
 

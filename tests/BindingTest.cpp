@@ -164,8 +164,8 @@ TEST(Binding, EveryKindOfRowReadsAndWrites) {
       {"<resource-lists/>", Around("", "")},
       {"<resource-lists version='3' b='2' id='i' a='1' xmlns='u' xmlns:x='v' xmlns:cp='w' ='e' "
        "b='3' "
-       "a='4' xsi:schemaLocation='s'/>",
-       Around("  id=\"i\"  version=\"3\"  b=\"2\"  a=\"1\"  xmlns:x=\"v\"", "")},
+       "a='4' c='5'='d' xsi:schemaLocation='s'/>",
+       Around("  id=\"i\"  version=\"3\"  b=\"2\"  a=\"1\"  xmlns:x=\"v\"  c=\"5\"", "")},
       {"<resource-lists><note a='1'>t</note><user-count>12x</user-count><state>opened</state>"
        "</resource-lists>",
        Around("", "\n<note>t</note>\n<user-count>12</user-count>\n<state>opened</state>")},

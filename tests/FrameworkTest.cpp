@@ -85,6 +85,50 @@ TEST(UnMarshaller, FilesAndTexts) {
                               "<XML Module>: StrDup failed in ReginfoUnMarshaller::UnMarshall"});
 }
 
+// Every schema under its name, and its unmarshaller under its own.
+TEST(UnMarshaller, SaysWhenItCannotCopyTheText) {
+  const char* const kNames[] = {"IsComposing",
+                                "ResourceLists",
+                                "ConferenceInfo",
+                                "IMDN",
+                                "CommunicationWaiting",
+                                "OIP",
+                                nullptr,
+                                "TIP",
+                                nullptr,
+                                "CommunicationDiversion",
+                                "CommunicationBarring",
+                                "Simservs",
+                                "XcapError",
+                                "WapProvisioningDoc",
+                                "VolteConfigInfo",
+                                "Presence",
+                                "RlsServices",
+                                "List",
+                                "XcapDirectory",
+                                "File",
+                                "MediaControl",
+                                "CallWaitingIndication",
+                                "CWIndication",
+                                "RcsTermsInfo",
+                                "BootstrappingInfo",
+                                "Gruu",
+                                "Reginfo",
+                                "SchemaNamespaceRetrieval"};
+  for (int id = 0; id < 28; ++id) {
+    if (!kNames[id]) continue;
+    Schema schema(static_cast<eXMLSchemaID>(id));
+    XMLUnMarshaller* reader = schema.context()->createUnMarshaller();
+    const std::string name = kNames[id];
+    EXPECT_EQ(XMLFactory::getSchemaInfo(static_cast<eXMLSchemaID>(id))->name, name);
+    LogCapture log(4);
+    zthost::FailAllocation(1);
+    EXPECT_EQ(reader->UnMarshall("<a/>"), nullptr);
+    EXPECT_EQ(log.Texts(), std::vector<std::string>{"<XML Module>: StrDup failed in " + name +
+                                                    "UnMarshaller::UnMarshall"});
+  }
+}
+
 // Reading, writing and the factories with each allocation failing, once and from there on: null
 // or complete, and nothing leaks.
 TEST(Drivers, EveryAllocationMayFail) {

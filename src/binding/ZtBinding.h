@@ -237,6 +237,9 @@ struct ZtExtensibleRows {
   }
 };
 
+inline constexpr ZtField kZtExtras = ZtExtensibleRows::kAttributes<ZtElement>;
+inline constexpr ZtField kZtOthers = ZtExtensibleRows::kElements<ZtElement>;
+
 namespace ztrow {
 
 // Whether rows can be meant: attributes before children, no name twice in one place, at most one

@@ -1,7 +1,5 @@
 #include "binding/ZtElementWriter.h"
 
-#include <algorithm>
-
 #include "ZtNamespaces.h"
 
 // The prefix of the elements written while it lives.
@@ -89,23 +87,60 @@ class ZtElementWriter::StartTag {
 namespace {
 
 constexpr std::size_t kMostFlagName = 98;  // the longest that a table may ask for
-constexpr std::size_t kFewAttributes = 8;  // so many extra ones are sorted without an allocation
 
-struct ExtraAttribute {
-  const char* name;
-  const char* value;
-  std::size_t order;
+// The names of the attributes that a tag has. It holds as many as fit into a document: all that are
+// behind those are cut off.
+class NameSet {
+ public:
+  NameSet() = default;
+  ~NameSet() {
+    if (m_Slots != m_Few) __free(m_Slots);
+  }
+  NameSet(const NameSet&) = delete;
+  NameSet& operator=(const NameSet&) = delete;
 
-  static bool ByName(const ExtraAttribute& a, const ExtraAttribute& b) {
-    const int order = __strcmp(a.name, b.name);
-    return order != 0 ? order < 0 : a.order < b.order;
+  // Room for `count` names, or for those that fit; false without memory.
+  bool Reserve(std::size_t count) {
+    if (count > kMostNames) count = kMostNames;
+    std::size_t slots = kFewSlots;
+    while (slots < 2 * count) slots *= 2;
+    if (slots == kFewSlots) return true;
+    auto* memory = static_cast<const char**>(__calloc(slots, sizeof(const char*)));
+    if (!memory) return false;
+    m_Slots = memory;
+    m_iMask = slots - 1;
+    return true;
   }
-  static bool SameName(const ExtraAttribute& a, const ExtraAttribute& b) {
-    return __strcmp(a.name, b.name) == 0;
+
+  bool IsFull() const { return m_iCount == kMostNames; }
+
+  // False when `name` is in the set already.
+  bool Insert(const char* name) {
+    std::size_t slot = Hash(name) & m_iMask;
+    for (; m_Slots[slot]; slot = (slot + 1) & m_iMask) {
+      if (__strcmp(m_Slots[slot], name) == 0) return false;
+    }
+    m_Slots[slot] = name;
+    ++m_iCount;
+    return true;
   }
-  static bool ByOrder(const ExtraAttribute& a, const ExtraAttribute& b) {
-    return a.order < b.order;
+
+ private:
+  static constexpr std::size_t kFewSlots = 16;
+  static constexpr std::size_t kMostNames = ZtXMLDocGenerator::kBufferSize / sizeof(" a=\"\"");
+
+  // Where the set lies makes the order of the slots one that a document cannot aim at.
+  std::size_t Hash(const char* name) const {
+    std::uint64_t hash = reinterpret_cast<std::uintptr_t>(this);
+    for (; *name; ++name) hash = (hash ^ static_cast<unsigned char>(*name)) * 0x100000001B3U;
+    hash = (hash ^ (hash >> 32)) * 0x9E3779B97F4A7C15U;
+    return static_cast<std::size_t>(hash >> 32);
   }
+
+  const char* m_Few[kFewSlots] = {};
+  const char** m_Slots = m_Few;
+  std::size_t m_iMask = kFewSlots - 1;
+  std::size_t m_iCount = 0;
 };
 
 // Whether a row among which one is chosen has something to write.
@@ -242,32 +277,18 @@ bool ZtElementWriter::WriteOtherAttributes(ZtListNode* head, const ZtElementType
                                            StartTag& tag) {
   std::size_t count = 0;
   for (ZtListNode* node = head; node; node = node->next) ++count;
-  ExtraAttribute few[kFewAttributes];
-  ExtraAttribute* extras = few;
-  if (count > kFewAttributes) {
-    const bool countable = count <= static_cast<std::size_t>(-1) / sizeof(few[0]);
-    extras = countable ? static_cast<ExtraAttribute*>(__malloc(count * sizeof(few[0]))) : nullptr;
-    if (!extras) {
-      m_bOutOfMemory = true;
-      return false;
-    }
+  NameSet names;
+  if (!names.Reserve(count)) {
+    m_bOutOfMemory = true;
+    return false;
   }
-  ExtraAttribute* end = extras;
-  for (ZtListNode* node = head; node; node = node->next) {
+  for (ZtListNode* node = head; node && !names.IsFull(); node = node->next) {
     const auto* pair = zt_AttributeValuePair::From(static_cast<XMLAttribute*>(node->data));
     const char* name = pair ? pair->getName() : nullptr;
     if (!name || !*name) continue;
     if (type && (ZtFindAttribute(*type, name) || IsFixed(*type, name))) continue;
-    *end = {name, pair->getValue(), static_cast<std::size_t>(end - extras)};
-    ++end;
+    if (names.Insert(name)) tag.Add(name, pair->getValue());
   }
-  std::sort(extras, end, ExtraAttribute::ByName);
-  end = std::unique(extras, end, ExtraAttribute::SameName);
-  std::sort(extras, end, ExtraAttribute::ByOrder);
-  for (const ExtraAttribute* extra = extras; extra != end; ++extra) {
-    tag.Add(extra->name, extra->value);
-  }
-  if (extras != few) __free(extras);
   return true;
 }
 

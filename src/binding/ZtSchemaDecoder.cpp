@@ -173,15 +173,21 @@ XMLElement* ZtSchemaDecoder::ProcessAnyElement(char* name, char* value) {
 
 // ---- Attributes ---------------------------------------------------------------------------------
 
+namespace {
+// The parser makes attributes of whatever stands before an equals sign, and one without a name of
+// white space before the end of a tag. What is no name must not be written back.
+bool IsAttributeName(const char* name) { return *name && !name[std::strcspn(name, "\"'<&")]; }
+}  // namespace
+
 // Attributes reach an object only from the element that made it; those of texts and of unknown
-// elements are dropped, as are attributes with an empty name.
+// elements are dropped.
 int ZtSchemaDecoder::ProcessAttribute(char* element, char* name, char* value) {
   if (!element || !name) {
     ZtLog(kZtLogTrace, m_Grammar.source)("In %s :: ProcessAttribute, Element name is NULL",
                                          m_Grammar.decoder);
     return -1;
   }
-  if (!m_Stack.top() || !m_Started.object || !*name || m_bFailed) return 0;
+  if (!m_Stack.top() || !m_Started.object || !IsAttributeName(name) || m_bFailed) return 0;
   const ZtField* child = ZtFindChild(*m_Started.type, name);
   if (child && child->fromAttribute) {
     Offer(m_Started, name, value, nullptr);
