@@ -53,8 +53,7 @@ Outcome Feed(const std::string& text, unsigned seed, std::size_t largest) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   if (size < 2) return 0;
-  const std::string all(reinterpret_cast<const char*>(data + 1), size - 1);
-  const std::string text = all.substr(0, all.find('\0'));  // a NUL ends a chunk
+  const std::string text = TextBehind(1, data, size);
   const Balanced balanced;
   const Outcome whole = Feed(text, 0, 0);
   for (const std::size_t largest : {std::size_t{1}, std::size_t{7}, std::size_t{64}}) {

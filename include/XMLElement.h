@@ -40,6 +40,11 @@ class ZT_API XMLElement : public ZtNonCopyable {
   /// Offers an attribute: as text when `attribute` is null, else as an object, which belongs to
   /// this element when it keeps it. Returns 1 taken or ignored, 0 refused.
   virtual int ProcessUnMarshallAttribute(char* name, char* value, XMLAttribute* attribute);
+
+ private:
+  friend class ZtReleaseQueue;
+
+  XMLElement* m_pNextReleased = nullptr;
 };
 
 /// An element that can be the root of a document.

@@ -162,7 +162,7 @@ int ZtMarshaller::Write(XMLElement* element, const ZtElementType& type, e_XmlStr
   if (!UseNamespaces(bindings)) return 0;
   const ZtWriterScope scope = {Document().source, Document().marshaller, bindings};
   ZtElementWriter writer(m_XmlDocGenerator, scope);
-  return writer.Write(element, type, prefix, name) && !writer.OutOfMemory();
+  return writer.Write(element, type, prefix, name) && !writer.IsIncomplete();
 }
 
 ZtElementWriter ZtMarshaller::Writer() {

@@ -184,16 +184,29 @@ int ZtElementWriter::Write(XMLElement* element, const ZtElementType& type, e_Xml
   if (!element && type.flag) Log(kZtLogState, type.flag->nullLine, m_Scope.marshaller);
   // A caller's list may hold anything: rows are applied to objects of their own type only.
   if (!element || !ZtIsA(*element, type)) return 0;
+  if (m_iDepth == kMostDepth) {
+    Log(kZtLogError, "<XML Module>: more than %d elements within each other", kMostDepth);
+    m_bIncomplete = true;
+    return 0;
+  }
+  ++m_iDepth;
+  const int written = WriteNested(*element, type, prefix, name);
+  --m_iDepth;
+  return written;
+}
+
+int ZtElementWriter::WriteNested(XMLElement& element, const ZtElementType& type, e_XmlStrRef prefix,
+                                 ZtNameId name) {
   const Prefix scope(*this, prefix == XML_STR_ZT_NULL ? type.prefix : prefix);
-  if (type.flag) return WriteFlag(static_cast<zt_empty_element_type&>(*element), *type.flag);
-  if (type.writeHook) return type.writeHook(*this, *element, type);
+  if (type.flag) return WriteFlag(static_cast<zt_empty_element_type&>(element), *type.flag);
+  if (type.writeHook) return type.writeHook(*this, element, type);
   if (name.IsNone()) name = type.tag;
-  if (type.checksFirst && !HasRequired(*element, type)) return 0;
+  if (type.checksFirst && !HasRequired(element, type)) return 0;
   const bool tagged = !name.IsNone();
-  if (tagged && !WriteStartTag(*element, type, name)) return 0;
+  if (tagged && !WriteStartTag(element, type, name)) return 0;
   if (type.selfClosing) return 1;
   const bool written =
-      type.contentHook ? type.contentHook(*this, *element, type) : WriteChildren(*element, type);
+      type.contentHook ? type.contentHook(*this, element, type) : WriteChildren(element, type);
   if (written && tagged) m_Writer.ztEndXmlElement(ZtName(name));
   return written;
 }
@@ -279,7 +292,7 @@ bool ZtElementWriter::WriteOtherAttributes(ZtListNode* head, const ZtElementType
   for (ZtListNode* node = head; node; node = node->next) ++count;
   NameSet names;
   if (!names.Reserve(count)) {
-    m_bOutOfMemory = true;
+    m_bIncomplete = true;
     return false;
   }
   for (ZtListNode* node = head; node && !names.IsFull(); node = node->next) {

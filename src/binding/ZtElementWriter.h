@@ -2,6 +2,7 @@
 #ifndef ZTXML_SRC_BINDING_ZTELEMENTWRITER_H
 #define ZTXML_SRC_BINDING_ZTELEMENTWRITER_H
 
+#include "XMLStack.h"
 #include "base/ZtLog.h"
 #include "binding/ZtBinding.h"
 #include "ztXMLDocGenerator.h"
@@ -17,6 +18,9 @@ struct ZtWriterScope {
 
 class ZtElementWriter {
  public:
+  // Elements within each other beyond which a tree is not written: twice what one that was read has.
+  static constexpr int kMostDepth = 2 * XmlCodeGenStack::kCapacity;
+
   ZtElementWriter(ZtXMLDocGenerator& writer, const ZtWriterScope& scope)
       : m_Writer(writer), m_Scope(scope) {}
 
@@ -41,13 +45,16 @@ class ZtElementWriter {
     if (format) ZtLog(level, m_Scope.source)(format, args...);
   }
 
-  // Whether something was left out for want of memory, also where a failure is let pass.
-  bool OutOfMemory() const { return m_bOutOfMemory; }
+  // Whether something was left out for want of memory or for lying too deep, also where a failure is
+  // let pass.
+  bool IsIncomplete() const { return m_bIncomplete; }
 
  private:
   class Prefix;
   class StartTag;
 
+  int WriteNested(XMLElement& element, const ZtElementType& type, e_XmlStrRef prefix,
+                  ZtNameId name);
   int WriteFlag(const zt_empty_element_type& flag, const ZtFlag& how);
   bool HasRequired(const XMLElement& element, const ZtElementType& type) const;
   bool WriteStartTag(const XMLElement& element, const ZtElementType& type, ZtNameId name);
@@ -59,7 +66,8 @@ class ZtElementWriter {
   ZtXMLDocGenerator& m_Writer;
   const ZtWriterScope m_Scope;
   e_XmlStrRef m_Prefix = XML_STR_ZT_NULL;
-  bool m_bOutOfMemory = false;
+  int m_iDepth = 0;  // of elements within each other
+  bool m_bIncomplete = false;
 };
 
 #endif  // ZTXML_SRC_BINDING_ZTELEMENTWRITER_H

@@ -2,14 +2,53 @@
 
 #include "base/ZtMemory.h"
 
+// Deletes elements without recursion, however deep a tree is: what an element's destructor releases
+// waits until that element is gone. One per thread is running.
+class ZtReleaseQueue {
+ public:
+  static void Release(XMLElement* element) {
+    if (!element) return;
+    if (t_pRunning) {
+      t_pRunning->Add(element);
+    } else {
+      ZtReleaseQueue().Run(element);
+    }
+  }
+
+ private:
+  void Add(XMLElement* element) {
+    element->m_pNextReleased = m_pFirst;
+    m_pFirst = element;
+  }
+  void Run(XMLElement* element) {
+    t_pRunning = this;
+    for (; element; element = Take()) ZtRelease(element);
+    t_pRunning = nullptr;
+  }
+  XMLElement* Take() {
+    XMLElement* element = m_pFirst;
+    if (element) m_pFirst = element->m_pNextReleased;
+    return element;
+  }
+
+  static thread_local ZtReleaseQueue* t_pRunning;
+
+  XMLElement* m_pFirst = nullptr;
+};
+
+thread_local ZtReleaseQueue* ZtReleaseQueue::t_pRunning = nullptr;
+
 namespace {
 
-// Deletes what a list holds, each entry through the base that it was stored as, then the list.
+void Release(XMLElement* element) { ZtReleaseQueue::Release(element); }
+void Release(XMLAttribute* attribute) { ZtRelease(attribute); }
+
+// Deletes what a list holds, each entry through the base that it was stored as, and the list.
 template <class Item>
 void ReleaseList(ZtSingleElementList* list) {
   if (!list) return;
   for (ZtListNode* node = list->GetPtrToListHead(); node; node = node->next) {
-    ZtRelease(static_cast<Item*>(node->data));
+    Release(static_cast<Item*>(node->data));
   }
   ZtRelease(list);
 }
@@ -25,13 +64,13 @@ bool ZtText::Set(const char* text) {
   return copy || !text;
 }
 
-ZtChild::~ZtChild() { ZtRelease(m_pChild); }
+ZtChild::~ZtChild() { Release(m_pChild); }
 
 int ZtChild::Set(XMLElement* child) {
   if (child == m_pChild) return 1;
   XMLElement* old = m_pChild;
   m_pChild = child;
-  ZtRelease(old);
+  Release(old);
   return 1;
 }
 

@@ -1,0 +1,95 @@
+// The namespace pass: what a text declares is found, and what is written with it is read
+// again. First byte: which allocation fails.
+#include "FuzzSupport.h"
+#include "XMLCommunicationDiversion.h"
+#include "XMLSchemaNameSpaceRetrieval.h"
+
+namespace {
+
+class Namespaces {
+ public:
+  explicit Namespaces(const std::string& text)
+      : m_pContext(XMLFactory::newInstance(XML_SCHEMA_NAMESPACE_RETRIEVAL)) {
+    XMLUnMarshaller* reader = m_pContext ? m_pContext->createUnMarshaller() : nullptr;
+    m_pRoot = static_cast<XMLObject*>(reader ? reader->UnMarshall(text.c_str()) : nullptr);
+  }
+  ~Namespaces() {
+    XMLFactory::DeleteElement(m_pRoot);
+    XMLFactory::deleteContext(m_pContext);
+  }
+  Namespaces(const Namespaces&) = delete;
+  Namespaces& operator=(const Namespaces&) = delete;
+
+  XMLObject* Root() const { return m_pRoot; }
+
+  // One declaration per line; every word of it stands in `text`, where entities do not hide it.
+  std::string Told(const std::string& text) const {
+    auto* found = zt_schema_namespace_retrieval::From(m_pRoot);
+    ZtSingleElementList* list = found ? found->getNameSpaceInfo() : nullptr;
+    std::string told;
+    for (ZtListNode* node = list ? list->GetPtrToListHead() : nullptr; node; node = node->next) {
+      const auto* pair = zt_AttributeValuePair::From(static_cast<XMLAttribute*>(node->data));
+      Require(pair != nullptr, "a declaration is a pair");
+      for (const char* word : {pair->getName(), pair->getValue()}) {
+        const bool stands = !word || text.find(word) != std::string::npos;
+        Require(stands || text.find('&') != std::string::npos, "a declaration is the text's", text);
+        told += word ? word : "-";
+        told += '\n';
+      }
+    }
+    return told;
+  }
+
+ private:
+  XMLContext* m_pContext;
+  XMLObject* m_pRoot = nullptr;
+};
+
+// A diversion with a rule, so that every namespace is written.
+XMLElement* Diversion() {
+  CommunicationDiversionDataBinder make;
+  auto* root = static_cast<zt_communication_diversion*>(make.CreateRootElement());
+  root->setRuleSetValue(make.CreateRuleSetElement());
+  zt_ns_common_policy_ruleType* rule = make.CreateRuleTypeElement();
+  rule->setIdValue("one");
+  rule->setActionsValue(make.CreateActionsTypeElement());
+  root->getRuleSetValue()->addRule(rule);
+  return root;
+}
+
+// `tree` is written with the prefixes of `namespaces` and read with them again.
+void CheckWritten(const Namespaces& namespaces, XMLElement* tree) {
+  XMLContext* context = XMLFactory::newInstance(XML_SCHEMA_COMMUNICATION_DIVERSION);
+  context->SetNamespaceBinder(namespaces.Root());
+  const char* text = context->createMarshaller()->Marshall(tree);
+  Require(text != nullptr, "what is whole is written");
+  Require(IsWellFormed(text), "what is written is well formed", text);
+  const std::string first = text;
+  XMLElement* again = context->createUnMarshaller()->UnMarshall(first.c_str());
+  Require(again != nullptr, "its own prefixes are read", first);
+  text = context->createMarshaller()->Marshall(again);
+  Require(text && text == first, "it reads what it has written", first);
+  XMLFactory::DeleteElement(again);
+  XMLFactory::deleteContext(context);
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  if (size < 2) return 0;
+  const Balanced balanced;
+  const std::string text = TextBehind(1, data, size);
+  const Namespaces whole(text);
+  Require((whole.Root() != nullptr) == IsWellFormed(text), "any document is read", text);
+  const std::string told = whole.Told(text);
+  XMLElement* tree = Diversion();
+  CheckWritten(whole, tree);
+  XMLFactory::DeleteElement(tree);
+  zthost::FailAllocation(data[0] % 128, data[0] >= 128);
+  {
+    const Namespaces unsure(text);
+    zthost::FailAllocation(0);
+    Require(!unsure.Root() || unsure.Told(text) == told, "without memory whole or nothing", text);
+  }
+  return 0;
+}

@@ -1,0 +1,390 @@
+// Trees as callers build them, by a script of bytes: every element of every document, every setter,
+// children and lists replaced, hooks called, allocations failing, and any of it written by any
+// marshaller at any time.
+#ifndef ZTXML_TESTS_API_APISCRIPT_H
+#define ZTXML_TESTS_API_APISCRIPT_H
+
+#include <array>
+#include <iterator>
+#include <string>
+#include <type_traits>
+#include <vector>
+
+#include "ApiTable.h"
+#include "base/ZtMemory.h"
+#include "binding/ZtBinding.h"
+#include "binding/ZtNames.h"
+#include "ztHostPlatform.h"
+
+/// A factory of class `C` that can make everything it has a method for.
+template <class C>
+struct ApiFactory : C {
+  ApiFactory() {
+    if constexpr (std::is_same_v<C, CommunicationBarringDataBinder>) {
+      this->setCBType(XML_COMMUNICATION_BARRING_INCOMING);
+    }
+    if constexpr (std::is_same_v<C, GruuDataBinder>) this->setGruuType("pub-gruu");
+  }
+};
+/// The base of two factories is made as one of them.
+template <>
+struct ApiFactory<ZtPolicyDataBinder> : CommunicationDiversionDataBinder {};
+
+/// The classes, factories and setters of the public headers.
+class ApiTables {
+ public:
+#define ZT_TYPE(C) &C::kType,
+#define ZT_DERIVES(C) __is_base_of(Base, C),  // the library's would take long to compile
+  static constexpr const ZtElementType* kTypes[] = {ZT_API_ELEMENTS(ZT_TYPE)};
+  static constexpr unsigned kTypeCount = sizeof(kTypes) / sizeof(*kTypes);
+  /// Which of the types derive from `Base`.
+  using Types = std::array<bool, kTypeCount>;
+  template <class Base>
+  static constexpr Types kDerive = {ZT_API_ELEMENTS(ZT_DERIVES)};
+#undef ZT_TYPE
+#undef ZT_DERIVES
+
+  struct Factory {
+    XMLElement* (*make)();
+    const ZtElementType* made;  // null: one of the roots
+    const char* name;
+  };
+
+  enum class Kind { kText, kNumber, kList, kAttribute, kChild };
+  struct Value {
+    const char* text;
+    unsigned number;
+    ZtSingleElementList* list;
+    zt_AttributeValuePair* attribute;
+    XMLElement* child;
+  };
+  struct Setter {
+    const Types* appliesTo;
+    const Types* child;
+    Kind kind;
+    int (*set)(XMLElement&, const Value&);
+    const char* name;
+  };
+
+  template <class C, auto method>
+  struct Method;
+
+  template <class C, class Owner, class Made, Made* (Owner::*method)()>
+  struct Method<C, method> {
+    static constexpr Factory Entry(const char* name) { return {&Make, MadeType(), name}; }
+
+   private:
+    static XMLElement* Make() { return (ApiFactory<C>().*method)(); }
+    static constexpr const ZtElementType* MadeType() {
+      if constexpr (std::is_same_v<Made, XMLObject>) {
+        return nullptr;
+      } else {
+        return &Made::kType;
+      }
+    }
+  };
+
+  template <class C, class Owner, class Argument, int (Owner::*method)(Argument)>
+  struct Method<C, method> {
+    static constexpr Setter Entry(const char* name) {
+      return {&kDerive<C>, &kDerive<std::remove_pointer_t<Argument>>, Of<Argument>(), &Set, name};
+    }
+
+   private:
+    template <class T>
+    static constexpr Kind Of() {
+      if (std::is_same_v<T, const char*>) return Kind::kText;
+      if (!std::is_pointer_v<T>) return Kind::kNumber;
+      if (std::is_same_v<T, ZtSingleElementList*>) return Kind::kList;
+      return std::is_same_v<T, XMLAttribute*> ? Kind::kAttribute : Kind::kChild;
+    }
+    static int Set(XMLElement& element, const Value& value) {
+      constexpr Kind kKind = Of<Argument>();
+      if constexpr (!std::is_base_of_v<XMLElement, C>) {  // applies to no type
+        return 0;
+      } else {
+        auto& self = static_cast<C&>(element);
+        if constexpr (kKind == Kind::kText) return (self.*method)(value.text);
+        if constexpr (kKind == Kind::kNumber) {
+          return (self.*method)(static_cast<Argument>(value.number));
+        }
+        if constexpr (kKind == Kind::kList) return (self.*method)(value.list);
+        if constexpr (kKind == Kind::kAttribute) return (self.*method)(value.attribute);
+        if constexpr (kKind == Kind::kChild) {
+          return (self.*method)(static_cast<Argument>(value.child));
+        }
+      }
+    }
+  };
+};
+
+#define ZT_FACTORY(C, method) ApiTables::Method<C, &C::method>::Entry(#C "::" #method),
+#define ZT_SETTER(C, method) ApiTables::Method<C, &C::method>::Entry(#method),
+inline constexpr ApiTables::Factory kApiFactories[] = {ZT_API_FACTORIES(ZT_FACTORY)};
+inline constexpr ApiTables::Setter kApiSetters[] = {ZT_API_SETTERS(ZT_SETTER)};
+#undef ZT_FACTORY
+#undef ZT_SETTER
+
+/// Builds trees as its bytes say.
+class ApiScript {
+ public:
+  ApiScript(const std::uint8_t* data, std::size_t size) : m_pData(data), m_iSize(size) {}
+  ~ApiScript() {
+    for (const Object& object : m_Objects) {
+      if (object.live && object.parent < 0) XMLFactory::DeleteElement(object.element);
+    }
+    for (XMLContext* context : m_Contexts) XMLFactory::deleteContext(context);
+    XMLFactory::DeleteElement(m_pNamespaces);
+  }
+  ApiScript(const ApiScript&) = delete;
+  ApiScript& operator=(const ApiScript&) = delete;
+
+  /// What was broken, empty when nothing was.
+  std::string Run() {
+    if (Below(4) == 0) m_pNamespaces = Namespaces();
+    while (m_iSize && m_Broken.empty()) Step();
+    zthost::FailAllocation(0);
+    for (std::size_t i = 0; i < m_Objects.size() && m_Broken.empty(); ++i) {
+      if (m_Objects[i].live && m_Objects[i].parent < 0) Write(i);
+    }
+    return m_Broken;
+  }
+
+ private:
+  using Types = ApiTables::Types;
+  static constexpr unsigned kTypeCount = ApiTables::kTypeCount;
+
+  struct Object {
+    XMLElement* element;
+    unsigned type;  // index into ApiTables::kTypes
+    int parent;     // index of the object that owns it, -1: the script
+    bool live;      // false: its parent has let it go
+  };
+
+  // The setters of one type.
+  static const std::vector<const ApiTables::Setter*>& SettersOf(unsigned type) {
+    static const auto kSetters = [] {
+      std::array<std::vector<const ApiTables::Setter*>, kTypeCount> setters;
+      for (const ApiTables::Setter& setter : kApiSetters) {
+        for (unsigned i = 0; i < kTypeCount; ++i) {
+          if ((*setter.appliesTo)[i]) setters[i].push_back(&setter);
+        }
+      }
+      return setters;
+    }();
+    return kSetters[type];
+  }
+
+  // ---- What the bytes say -----------------------------------------------------------------------
+
+  unsigned Below(unsigned bound) {
+    if (!m_iSize) return 0;
+    --m_iSize;
+    return *m_pData++ % bound;
+  }
+
+  const char* Text() {
+    const unsigned kind = Below(16);
+    if (kind == 0) return nullptr;
+    m_Text.clear();
+    if (kind < 8) {
+      m_Text = ZtName(static_cast<e_XmlStrRef>(Below(256)));
+    } else if (kind < 15) {
+      for (unsigned n = Below(12); n; --n) m_Text += static_cast<char>(1 + Below(255));
+    } else {
+      m_Text.assign(Below(256) * 16, 'x');
+    }
+    return m_Text.c_str();
+  }
+
+  zt_AttributeValuePair* Attribute() {
+    const char* name = Text();
+    const std::string copy = name ? name : "";
+    const char* value = Text();
+    return zt_xml_common_methods::CreateAttribute(name ? copy.c_str() : nullptr, value);
+  }
+
+  void Step() {
+    const unsigned kind = Below(16);
+    const std::size_t at = m_Objects.empty() ? 0 : Below(256) % m_Objects.size();
+    if (m_Objects.empty() || kind == 0) {
+      const auto& factories = kApiFactories;
+      Take(factories[Below(256) % std::size(factories)].make());
+    } else if (kind == 1) {
+      zthost::FailAllocation(Below(40), Below(2) != 0);
+    } else if (kind == 2) {
+      zthost::FailAllocation(0);
+    } else if (!m_Objects[at].live) {
+      return;
+    } else if (kind == 3) {
+      Write(at);
+    } else if (kind == 4) {
+      Hooks(at);
+    } else {
+      const auto& setters = SettersOf(m_Objects[at].type);
+      if (!setters.empty()) Call(at, *setters[Below(256) % setters.size()]);
+    }
+  }
+
+  void Call(std::size_t at, const ApiTables::Setter& setter) {
+    XMLElement& self = *m_Objects[at].element;
+    ApiTables::Value value = {};
+    switch (setter.kind) {
+      case ApiTables::Kind::kText:
+        value.text = Text();
+        setter.set(self, value);
+        break;
+      case ApiTables::Kind::kNumber:
+        value.number = Below(256) ? Below(6) : ~0U;
+        setter.set(self, value);
+        break;
+      case ApiTables::Kind::kAttribute:
+        value.attribute = Attribute();
+        if (!setter.set(self, value)) ZtRelease(value.attribute);
+        break;
+      case ApiTables::Kind::kList:
+        GiveList(at, setter);
+        break;
+      case ApiTables::Kind::kChild:
+        GiveChild(at, setter);
+    }
+  }
+
+  // ---- Objects ----------------------------------------------------------------------------------
+
+  // The index of a new object, -1 for null.
+  int Take(XMLElement* element) {
+    if (!element) return -1;
+    unsigned type = 0;
+    while (type < kTypeCount && !ZtIsA(*element, *ApiTables::kTypes[type])) ++type;
+    if (type == kTypeCount) {
+      m_Broken = std::string("a factory makes what is no element: ") + element->ClassName();
+      return -1;
+    }
+    m_Objects.push_back({element, type, -1, true});
+    return static_cast<int>(m_Objects.size()) - 1;
+  }
+
+  std::size_t RootOf(std::size_t at) const {
+    while (m_Objects[at].parent >= 0) at = static_cast<std::size_t>(m_Objects[at].parent);
+    return at;
+  }
+
+  // An object of one of `types` that nobody owns and that is not above `at`, made when there is
+  // none; -1 without memory.
+  int Free(std::size_t at, const Types& types) {
+    const std::size_t above = RootOf(at);
+    const std::size_t count = m_Objects.size();
+    for (std::size_t n = 0, i = Below(256); n < count; ++n, ++i) {
+      const Object& object = m_Objects[i % count];
+      if (object.live && object.parent < 0 && i % count != above && types[object.type]) {
+        return static_cast<int>(i % count);
+      }
+    }
+    for (unsigned n = 0, i = Below(256); n < kTypeCount; ++n, ++i) {
+      const ZtElementType* type = ApiTables::kTypes[i % kTypeCount];
+      if (types[i % kTypeCount]) return Take(type->maker.Create("tests/ApiScript"));
+    }
+    return -1;
+  }
+
+  void GiveChild(std::size_t at, const ApiTables::Setter& setter) {
+    const int given = Below(8) ? Free(at, *setter.child) : -1;
+    ApiTables::Value value = {};
+    if (given >= 0) value.child = m_Objects[static_cast<std::size_t>(given)].element;
+    if (!setter.set(*m_Objects[at].element, value)) return;
+    if (*setter.name == 's') LetGo(at, *setter.child);
+    if (given >= 0) m_Objects[static_cast<std::size_t>(given)].parent = static_cast<int>(at);
+  }
+
+  void GiveList(std::size_t at, const ApiTables::Setter& setter) {
+    ApiTables::Value value = {};
+    if (Below(4)) value.list = zt_xml_common_methods::CreateElementList();
+    std::vector<std::size_t> given;
+    for (unsigned n = value.list ? Below(4) : 0; n; --n) {
+      if (std::strstr(setter.name, "Attribute")) {
+        XMLAttribute* attribute = Attribute();
+        if (attribute && !value.list->Add(attribute)) ZtRelease(attribute);
+        continue;
+      }
+      const int child = Free(at, ApiTables::kDerive<XMLElement>);
+      if (child < 0) continue;
+      Object& object = m_Objects[static_cast<std::size_t>(child)];
+      if (!value.list->Add(object.element)) continue;
+      object.parent = static_cast<int>(m_Objects.size());  // not free any more
+      given.push_back(static_cast<std::size_t>(child));
+    }
+    if (!setter.set(*m_Objects[at].element, value)) m_Broken = "a list is not taken";
+    LetGo(at, ApiTables::kDerive<XMLElement>);
+    for (const std::size_t child : given) m_Objects[child].parent = static_cast<int>(at);
+  }
+
+  // Children of the given types may be gone, with all that is below them.
+  void LetGo(std::size_t at, const Types& types) {
+    for (Object& object : m_Objects) {
+      if (object.parent == static_cast<int>(at) && types[object.type]) object.live = false;
+    }
+    for (bool changed = true; changed;) {
+      changed = false;
+      for (Object& object : m_Objects) {
+        if (!object.live || object.parent < 0) continue;
+        const auto parent = static_cast<std::size_t>(object.parent);
+        if (parent >= m_Objects.size() || m_Objects[parent].live) continue;
+        object.live = false;
+        changed = true;
+      }
+    }
+  }
+
+  // ---- The library at work ----------------------------------------------------------------------
+
+  void Hooks(std::size_t at) {
+    const char* name = Text();
+    std::string copy = name && Below(2) ? "/" : "";
+    if (name) copy += name;
+    const char* value = Text();
+    std::string text = value ? value : "";
+    XMLElement& element = *m_Objects[at].element;
+    char* given = name ? copy.data() : nullptr;
+    if (Below(2)) {
+      element.ProcessUnMarshallAttribute(given, value ? text.data() : nullptr, nullptr);
+    } else {
+      element.ProcessUnMarshall(given, value ? text.data() : nullptr, nullptr);
+      LetGo(at, ApiTables::kDerive<XMLElement>);
+    }
+  }
+
+  void Write(std::size_t at) {
+    for (std::size_t id = 0; id < m_Contexts.size(); ++id) {
+      if (!m_Contexts[id]) {
+        m_Contexts[id] = XMLFactory::newInstance(static_cast<eXMLSchemaID>(id));
+        if (m_Contexts[id] && m_pNamespaces) m_Contexts[id]->SetNamespaceBinder(m_pNamespaces);
+      }
+      XMLMarshaller* writer = m_Contexts[id] ? m_Contexts[id]->createMarshaller() : nullptr;
+      const char* text = writer ? writer->Marshall(m_Objects[at].element) : nullptr;
+      if (!text) continue;
+      const std::string first = text;
+      text = writer->Marshall(m_Objects[at].element);
+      if (text && first != text) m_Broken = "written again it differs:\n" + first + "\n" + text;
+    }
+  }
+
+  static XMLObject* Namespaces() {
+    XMLContext* context = XMLFactory::newInstance(XML_SCHEMA_NAMESPACE_RETRIEVAL);
+    XMLElement* read = context->createUnMarshaller()->UnMarshall(
+        "<a xmlns:a='http://uri.etsi.org/ngn/params/xml/simservs/xcap'"
+        " xmlns:b='urn:ietf:params:xml:ns:common-policy'/>");
+    XMLFactory::deleteContext(context);
+    return static_cast<XMLObject*>(read);
+  }
+
+  const std::uint8_t* m_pData;
+  std::size_t m_iSize;
+  std::string m_Text;
+  std::vector<Object> m_Objects;
+  std::array<XMLContext*, 27> m_Contexts = {};
+  XMLObject* m_pNamespaces = nullptr;
+  std::string m_Broken;
+};
+
+#endif  // ZTXML_TESTS_API_APISCRIPT_H

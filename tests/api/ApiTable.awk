@@ -1,0 +1,35 @@
+# Reads the public headers and prints one that lists what callers build trees with:
+# ZT_API_ELEMENTS(DO): DO(class); ZT_API_FACTORIES(DO): DO(factory, method);
+# ZT_API_SETTERS(DO): DO(class, method).
+FNR == 1 { name = FILENAME; sub(/.*\//, "", name); print "#include \"" name "\"" }
+/^namespace [A-Za-z]+ \{/ { space = $2 "::" }
+/^}/ && class == "" { space = "" }
+/^class ZT_API [A-Za-z0-9_]+/ {
+  class = space $3
+  while (!/[{;]/) { line = $0; getline; $0 = line $0 }
+  factory = /XMLObjectFactory|DataBinder :/
+  keeps = /Zt(Extensible|KeepsElements)</
+  extends = /ZtExtensible</
+  open = 0
+}
+/^};/ { class = "" }
+/^ (public|private|protected):/ { open = /public/ }
+class == "" || !open { next }
+/^  static const ZtElementType kType;/ {
+  elements = elements " \\\n  DO(" class ")"
+  if (keeps) { Setter("addAnyElement"); Setter("setAnyElementValue") }
+  if (extends) { Setter("addAnyAttribute"); Setter("setAnyAttributeValue") }
+}
+/^  int (set|add)[A-Za-z0-9_]*\(/ { Setter(Method()) }
+# A list is no element.
+factory && !/ZtSingleElementList/ && /^  [A-Za-z0-9_:]+\* Create[A-Za-z0-9_]*\(/ {
+  factories = factories " \\\n  DO(" class ", " Method() ")"
+}
+END {
+  print "#define ZT_API_ELEMENTS(DO)" elements
+  print "#define ZT_API_FACTORIES(DO)" factories
+  print "#define ZT_API_SETTERS(DO)" setters
+}
+
+function Method() { return substr($2, 1, index($2, "(") - 1) }
+function Setter(method) { setters = setters " \\\n  DO(" class ", " method ")" }
