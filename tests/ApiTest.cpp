@@ -31,7 +31,7 @@ TEST(Api, FactoriesMakeWhatTheySayOrNull) {
 
 TEST(Api, TreesOfAnyCallsAreWrittenAndFreed) {
   std::mt19937 random(1);
-  for (int run = 0; run < 1500; ++run) {
+  for (int run = 0; run < 500; ++run) {
     std::vector<std::uint8_t> bytes(random() % 2000);
     for (std::uint8_t& byte : bytes) byte = static_cast<std::uint8_t>(random());
     EXPECT_EQ(ApiScript(bytes.data(), bytes.size()).Run(), "") << run;

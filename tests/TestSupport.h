@@ -3,6 +3,7 @@
 #define ZTXML_TESTS_TESTSUPPORT_H
 
 #include <cstddef>
+#include <gtest/gtest.h>
 #include <mutex>
 #include <string>
 #include <vector>
@@ -67,5 +68,24 @@ class LogCapture {
   mutable std::mutex mutex_;
   std::vector<CapturedLine> lines_;
 };
+
+/// Fails allocation 1, 2, 3 ... of `attempt`, once and then from there on, until a run needs no
+/// more. What each run tells is what it tells with memory or "(null)", nothing; without any memory
+/// it is nothing.
+template <class Attempt>
+void ExpectWholeOrNothing(const Attempt& attempt) {
+  const std::string whole = attempt();
+  ASSERT_NE(whole, "(null)");
+  for (const bool after : {false, true}) {
+    for (long n = 1, reached = 1; reached; ++n) {
+      zthost::FailAllocation(n, after);
+      const std::string told = attempt();
+      reached = zthost::AllocationCount() >= n;
+      zthost::FailAllocation(0);
+      EXPECT_TRUE(told == whole || (reached && told == "(null)")) << n << told;
+      EXPECT_TRUE(n > 1 || !after || told == "(null)");
+    }
+  }
+}
 
 #endif  // ZTXML_TESTS_TESTSUPPORT_H

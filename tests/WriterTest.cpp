@@ -121,6 +121,12 @@ TEST(XmlWriter, CutsWhatIsTooLongAndSaysSoOnce) {
 }
 
 TEST(XmlWriter, LacksWhatThereWasNoMemoryFor) {
+  ExpectWholeOrNothing([] {
+    ZtXMLDocGenerator g;
+    const std::string text =
+        Write(g, "init|header,1.0,UTF-8|prefix,p|start,a,1|decl,x,\"1\",-,0,1|prefix,q|end,a");
+    return g.outOfMemory() ? "(null)" : text;
+  });
   const LogCapture log;
   const std::pair<std::string, std::string> cases[] = {
       {"init|header,1.0,x|start,a,1|data,x", "(null)"},
