@@ -88,6 +88,23 @@ TEST(HostAllocation, FailsTheNthOnceOrFromThenOn) {
   EXPECT_EQ(zthost::AllocationCount(), 3);
 }
 
+TEST(HostMemory, KnowsTheMostThatWasAlive) {
+  zthost::CountAllocations();
+  void* first = __malloc(1000);
+  __free(__calloc(3, 1000));
+  void* second = __malloc(1000);
+  const zthost::HeapUse use = zthost::GetHeapUse();
+  EXPECT_EQ(use.allocations, 3);
+  EXPECT_GE(use.liveBytes, 2000);
+  EXPECT_LT(use.liveBytes, 3000);
+  EXPECT_GE(use.peakBytes, 4000);
+  EXPECT_LT(use.peakBytes, 5000);
+  __free(first);
+  __free(second);
+  EXPECT_EQ(zthost::GetHeapUse().liveBytes, 0);
+  zthost::FailAllocation(0);
+}
+
 TEST(HostText, StaysWithinItsBuffers) {
   char to[6] = "#####";
   EXPECT_STREQ(__strlncpy(to, 4, "abcdef", 6), "abc");

@@ -1,5 +1,6 @@
 // Memory of the Linux host platform: the failable allocator and the memory log.
 #include <atomic>
+#include <malloc.h>
 #include <mutex>
 #include <unordered_map>
 
@@ -14,12 +15,25 @@ std::atomic<bool> g_counting{false};
 std::atomic<long> g_count{0};
 std::atomic<long> g_failAt{0};
 std::atomic<bool> g_failAfter{false};
+std::atomic<long> g_liveBytes{0};
+std::atomic<long> g_peakBytes{0};
 
 bool MustFail() {
   if (!g_counting.load(std::memory_order_relaxed)) return false;
   const long number = g_count.fetch_add(1) + 1;
   const long failAt = g_failAt.load();
   return failAt > 0 && (number == failAt || (number > failAt && g_failAfter.load()));
+}
+
+void* Allocated(void* pointer) {
+  if (g_counting.load(std::memory_order_relaxed) && pointer) {
+    const auto size = static_cast<long>(malloc_usable_size(pointer));
+    const long live = g_liveBytes.fetch_add(size) + size;
+    long peak = g_peakBytes.load();
+    while (peak < live && !g_peakBytes.compare_exchange_weak(peak, live)) {
+    }
+  }
+  return pointer;
 }
 
 // ---- Memory log ---------------------------------------------------------------------------
@@ -47,13 +61,18 @@ MemoryLog& Log() {
 
 }  // namespace
 
-void* __malloc(std::size_t size) { return MustFail() ? nullptr : std::malloc(size); }
+void* __malloc(std::size_t size) { return MustFail() ? nullptr : Allocated(std::malloc(size)); }
 
 void* __calloc(std::size_t count, std::size_t size) {
-  return MustFail() ? nullptr : std::calloc(count, size);
+  return MustFail() ? nullptr : Allocated(std::calloc(count, size));
 }
 
-void __free(void* pointer) { std::free(pointer); }
+void __free(void* pointer) {
+  if (g_counting.load(std::memory_order_relaxed) && pointer) {
+    g_liveBytes -= static_cast<long>(malloc_usable_size(pointer));
+  }
+  std::free(pointer);
+}
 
 char* __strdup(const char* text) {
   const std::size_t size = std::strlen(text) + 1;
@@ -66,6 +85,8 @@ void zthost::FailAllocation(long nth, bool andAfter) {
   g_count = 0;
   g_failAt = nth;
   g_failAfter = andAfter;
+  g_liveBytes = 0;
+  g_peakBytes = 0;
   g_counting = nth > 0;
 }
 
@@ -75,6 +96,8 @@ void zthost::CountAllocations() {
   FailAllocation(0);
   g_counting = true;
 }
+
+zthost::HeapUse zthost::GetHeapUse() { return {g_count, g_liveBytes, g_peakBytes}; }
 
 void wdmemlog_add(int tag, const char* sourceFile, int line, const void* pointer,
                   std::size_t size) {

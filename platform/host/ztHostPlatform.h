@@ -69,6 +69,14 @@ ZT_PLATFORM_API long AllocationCount();
 /// Starts counting at 0 without making anything fail.
 ZT_PLATFORM_API void CountAllocations();
 
+/// What was allocated while allocations were counted, in bytes as the heap rounds sizes up.
+struct HeapUse {
+  long allocations = 0;
+  long liveBytes = 0;  ///< less than 0 when more was released than allocated since
+  long peakBytes = 0;  ///< the most that was live at one time
+};
+ZT_PLATFORM_API HeapUse GetHeapUse();
+
 }  // namespace zthost
 
 #endif  // ZTXML_PLATFORM_HOST_ZTHOSTPLATFORM_H
