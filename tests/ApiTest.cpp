@@ -1,6 +1,7 @@
 // What callers build: every factory's objects, and trees of every class by every setter.
 #include <gtest/gtest.h>
 #include <random>
+#include <set>
 
 #include "ApiScript.h"
 #include "DocumentSupport.h"
@@ -27,6 +28,108 @@ TEST(Api, FactoriesMakeWhatTheySayOrNull) {
       }
     }
   }
+}
+
+// Classes are called as they are written, but for the roots of five services.
+TEST(Api, ClassesTellWhoTheyAre) {
+  std::string told;
+#define ZT_TELL(C)                                                                          \
+  told += C::kType.label;                                                                   \
+  if (__strcmp(C::kType.className, #C) != 0) told += std::string("!") + C::kType.className; \
+  told += " ";
+  ZT_API_ELEMENTS(ZT_TELL)
+#undef ZT_TELL
+  EXPECT_EQ(told,
+            "BootstrappingInfo alternative-service ims-3gpp action alternative-service 3gpp-ims "
+            "duplextypes duplex servcaps parm characteristic CommonPolicy:ExceptType "
+            "CommonPolicy:OneType CommonPolicy:ManyType CommonPolicy:IdentityType "
+            "CommonPolicy:SphereType CommonPolicy:ValidityType CommonPolicy:ConditionsType "
+            "CommonPolicy:ExtensibleType CommonPolicy:RuleType CommonPolicy:Ruleset "
+            "CommunicationBarring:AllowActionType "
+            "IncomingComunicationBarring!incoming-communication-barring "
+            "OutgoingCommunicationBarring!outgoing-communication-barring NoReplyTimer "
+            "CommunicationDiversion:ForwardToType CommunicationDiversion!communication-diversion "
+            "CommunicationWaiting!communication-waiting keywords entry available-media "
+            "conference-description host-info conference-state sidebars-by-val conference-info "
+            "execution entry uris languages roles sip call-info media endpoint user users data "
+            "file-info file pub-gruu temp-gruu pub-gruu temp-gruu delivered failed displayed "
+            "processed stored forbidden error status delivery-notification display-notification "
+            "processing-notification imdn isComposing to_encoder vc_primitive media_control "
+            "OriginatingIdentityPresentation!originating-identity-presentation service-description "
+            "willingness session-participation registration-state barring-state "
+            "overriding-willingness note contact status tuple presence term rcs-terms-info "
+            "unknown-param contact registration reginfo display-name entry entry-ref external list "
+            "resource-lists name instance resource list package packages service rls-services "
+            "schema_namespace_retrieval simservs SimservType MediaType PresenceStatusActivityType "
+            "ExternalList TerminatingIdentityPresentation!terminating-identity-presentation "
+            "string_class empty_element volte-config-info wap-provisioningdoc entry folder "
+            "xcap-directory not-utf-8 cannot-delete constraint-failure not-well-formed "
+            "not-xml-att-value cannot-insert not-xml-frag schema-validation-error no-parent exists "
+            "uniqueness-failure extension xcap-error ");
+}
+
+// What the step `method` of a marshaller M makes of an empty object. Null it takes only as a timer,
+// which is optional.
+template <class M, class Base, class Element>
+std::pair<std::string, int> Step(int (Base::*method)(Element*), const char* name) {
+  std::conditional_t<std::is_abstract_v<M>, Communication_diversionMarshaller, M> marshaller;
+  const bool optional = std::is_same_v<Element, zt_NoReplyTimer>;
+  EXPECT_EQ((marshaller.*method)(nullptr), optional ? 1 : 0) << name;
+  const Tree<XMLElement> empty(Element::kType.maker.Create("tests/ApiTest"));
+  return {name, (marshaller.*method)(static_cast<Element*>(empty.get()))};
+}
+
+TEST(Api, StepsTakeTheirTypes) {
+  const std::set<std::string> lackSomething = {
+      "CallWaitingIndicationMarshaller::AddCallWaitingIndicationElementToXml",
+      "Conference_infoMarshall::AddMediaElementToXml",
+      "GruuMarshaller::AddPubGruuElementToXml",
+      "GruuMarshaller::AddTempGruuElementToXml",
+      "IMDNMarshaller::AddDeliverNotificationElementToXml",
+      "IMDNMarshaller::AddDisplayNotificationElementToXml",
+      "IMDNMarshaller::AddProcessingNotificationElementToXml",
+      "IsComposingMarshaller::AddIsComposingElementToXml",
+      "ListMarshaller::AddInstanceElementToXml",
+      "ListMarshaller::AddListElementToXml",
+      "ListMarshaller::AddResourceElementToXml",
+      "MediaControlMarshaller::AddEmptyElementToXml",
+      "PresenceMarshaller::AddPresenceElementToXml",
+      "PresenceMarshaller::AddTupleElementToXml",
+      "ReginfoMarshaller::AddPubGruuElementToXml",
+      "ReginfoMarshaller::AddReginfoContactElementToXml",
+      "ReginfoMarshaller::AddReginfoElementToXml",
+      "ReginfoMarshaller::AddRegistrationElementToXml",
+      "ReginfoMarshaller::AddTempGruuElementToXml",
+      "ReginfoMarshaller::AddUnknownParamElementToXml",
+      "Resource_listsMarshall::AddEntryElementToXml",
+      "Resource_listsMarshall::AddEntryRefElementToXml",
+      "RlsServicesMarshaller::AddServiceElementToXml",
+      "XcapDirectoryMarshaller::AddEntryElementToXml",
+      "XcapDirectoryMarshaller::AddFolderElementToXml",
+      "ZtPolicyMarshaller::AddEmptyElementtoXml",
+      "ZtPolicyMarshaller::AddRuleElementToXml",
+  };
+#define ZT_STEP(M, method) Step<M>(&M::method, #M "::" #method),
+  for (const auto& [name, written] : {ZT_API_STEPS(ZT_STEP)}) {
+    EXPECT_EQ(written, lackSomething.count(name) ? 0 : 1) << name;
+  }
+#undef ZT_STEP
+}
+
+// Steps that take more or less than one object.
+TEST(Api, OtherSteps) {
+  ConferenceInfoDataBinder make;
+  Tree<zt_uris_type> uris(make.CreateURIsType());
+  Tree<zt_conference_type> sidebar(make.CreateConferenceInfoType());
+  Conference_infoMarshall conference;
+  EXPECT_EQ(conference.AddUrisTypeElementToXml(uris.get(), XML_STR_CONF_URIS), 1);
+  EXPECT_EQ(conference.AddConferenceInfoElementToXml(sidebar.get(), XML_STR_ENTRY), 0);
+  sidebar->setEntityValue("e");
+  EXPECT_EQ(conference.AddConferenceInfoElementToXml(sidebar.get(), XML_STR_ENTRY), 1);
+  EXPECT_EQ(conference.AddConferenceInfoElementToXml(nullptr, XML_STR_CONFERENCE_INFO), 0);
+  char text[] = "text";
+  EXPECT_EQ(BootstrappingInfoMarshaller().AddBtidElementToXml(text), 1);
+  EXPECT_EQ(BootstrappingInfoMarshaller().AddLifetimeElementToXml(nullptr), 0);
 }
 
 TEST(Api, TreesOfAnyCallsAreWrittenAndFreed) {

@@ -259,36 +259,6 @@ TEST(ConferenceInfo, BuiltByTheFactory) {
                 "\n<active>true</active>\n<locked>false</locked></conference-state></entry>"
                 "</sidebars-by-val>"));
 
-  XMLElement* const made[] = {factory->CreateConferenceDescriptionType(),
-                              factory->CreateHostType(),
-                              factory->CreateUserRolesType(),
-                              factory->CreateEndPointType(),
-                              factory->CreateMediaType(),
-                              factory->CreateCallType(),
-                              factory->CreateSIPDialogIDType(),
-                              factory->CreateURIsType(),
-                              factory->CreateURIType(),
-                              factory->CreateKeywordsType(),
-                              factory->CreateConferenceMediumType(),
-                              factory->CreateConferenceMedaiType()};
-  const char* const labels[] = {"conference-description",
-                                "host-info",
-                                "roles",
-                                "endpoint",
-                                "media",
-                                "call-info",
-                                "sip",
-                                "uris",
-                                "entry",
-                                "keywords",
-                                "entry",
-                                "available-media"};
-  for (std::size_t i = 0; i < std::size(made); ++i) {
-    ASSERT_TRUE(made[i]) << labels[i];
-    EXPECT_STREQ(made[i]->ElementName(), labels[i]);
-    XMLFactory::DeleteElement(made[i]);
-  }
-
   // Known children of another class are refused, others are kept; names are not words.
   Tree<zt_execution_type> other(factory->CreateExecutionType());
   std::string known[] = {"users", "/languages", "/display-text", "display-text", "other"};

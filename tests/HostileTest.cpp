@@ -59,4 +59,40 @@ TEST(Hostile, MemoryRunsOutInEveryDocument) {
   }
 }
 
+// The most memory that a byte of a document costs while it is read: a hundred bytes for a blank
+// between empty words, which are objects, too, and thirty for everything else.
+TEST(Hostile, MemoryIsAConstantTimesTheInput) {
+  const struct {
+    eXMLSchemaID id;
+    const char *start, *piece, *end;
+    long most;
+  } kCases[] = {
+      {XML_SCHEMA_CONFERENCE_INFO, "<conference-info><conference-description><keywords>", " ",
+       "</keywords></conference-description></conference-info>", 100},
+      {XML_SCHEMA_CONFERENCE_INFO, "<conference-info><users>", "<user/>",
+       "</users></conference-info>", 30},
+      {XML_SCHEMA_REGINFO, "<reginfo><registration>", "<contact/>", "</registration></reginfo>",
+       30},
+      {XML_SCHEMA_COMMUNICATION_WAITING, "<communication-waiting", " a=''", "/>", 30},
+      {XML_SCHEMA_NAMESPACE_RETRIEVAL, "<a>", "<b>", "", 30},
+      {XML_SCHEMA_SIMSERVS, "<simservs>", "<communication-waiting/>", "</simservs>", 30},
+      {XML_SCHEMA_COMMUNICATION_DIVERSION,
+       "<communication-diversion><cp:ruleset><cp:rule><cp:conditions>", "<busy/>",
+       "</cp:conditions></cp:rule></cp:ruleset></communication-diversion>", 30},
+      {XML_SCHEMA_REGINFO, "<reginfo>", "x", "</reginfo>", 30},
+  };
+  for (const auto& test : kCases) {
+    std::string text = test.start;
+    while (text.size() < 200000) text += test.piece;
+    text += test.end;
+    Schema schema(test.id);
+    zthost::CountAllocations();
+    const auto root = schema.Read<XMLElement>(text);
+    const long peak = zthost::GetHeapUse().peakBytes;
+    zthost::FailAllocation(0);
+    EXPECT_GT(peak, static_cast<long>(text.size())) << test.piece;
+    EXPECT_LT(peak, test.most * static_cast<long>(text.size())) << test.piece;
+  }
+}
+
 }  // namespace

@@ -313,41 +313,6 @@ TEST(RlsServices, BuiltByHand) {
   EXPECT_TRUE(log.Has(kModule + "AddPackagesElementToXml XML Failed!"));
 }
 
-// What a type tells of itself, and what the step that writes it makes of a fresh object.
-template <class M, class T>
-void Check(const std::string& names, XMLElement* made, int (M::*step)(T*), int written) {
-  Tree<T> self(static_cast<T*>(made));
-  EXPECT_EQ(self->ClassName() + std::string(" ") + self->ElementName(), names);
-  M marshaller;
-  EXPECT_EQ((marshaller.*step)(self.get()), written) << names;
-}
-
-TEST(ListDocuments, TypesAnswerForThemselves) {
-  ResourceListsDataBinder lists;
-  using L = Resource_listsMarshall;
-  Check("zt_resource_lists resource-lists", lists.CreateRootElement(),
-        &L::AddResource_listsElementToXml, 1);
-  Check("zt_listType list", lists.CreateListType(), &L::AddListElementToXml, 1);
-  Check("zt_externalType external", lists.CreateExternalType(), &L::AddExternalElementToXml, 1);
-  Check("zt_entryType entry", lists.CreateEntryType(), &L::AddEntryElementToXml, 0);
-  Check("zt_entry_refType entry-ref", lists.CreateEntryRefType(), &L::AddEntryRefElementToXml, 0);
-  ListDataBinder rlmi;
-  using M = ListMarshaller;
-  Check("zt_list list", rlmi.CreateRootElement(), &M::AddListElementToXml, 0);
-  Check("zt_resource resource", rlmi.CreateResourceElement(), &M::AddResourceElementToXml, 0);
-  Check("zt_instance instance", rlmi.CreateInstanceElement(), &M::AddInstanceElementToXml, 0);
-  Check("zt_name name", rlmi.CreateNameElement(), &M::AddNameElementToXml, 1);
-  RlsServicesDataBinder rls;
-  using R = RlsServicesMarshaller;
-  Check("zt_rls_services rls-services", rls.CreateRootElement(), &R::AddRlsServicesElementToXml, 1);
-  Check("zt_ns_rls_services_serviceType service", rls.CreateServiceElement(),
-        &R::AddServiceElementToXml, 0);
-  Check("zt_ns_rls_services_packagesType packages", rls.CreatePackagesElement(),
-        &R::AddPackagesElementToXml, 1);
-  Check("zt_ns_rls_services_packageType package", rls.CreatePackageElement(),
-        &R::AddPackageElementToXml, 1);
-}
-
 TEST(ResourceLists, SelfCheck) {
   LogCapture log;
   TestResource_listsMarshall();

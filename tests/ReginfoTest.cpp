@@ -284,32 +284,6 @@ TEST(Reginfo, BuiltByHand) {
   EXPECT_EQ(schema.Write(root.get()), "(null)");
 }
 
-// The steps tell by their results what lacks something, for each element alone.
-template <class Marshaller, class Object>
-void CheckStep(int (Marshaller::*step)(Object*), const std::string& name) {
-  Marshaller marshaller;
-  Object fresh;
-  LogCapture log;
-  EXPECT_EQ((marshaller.*step)(nullptr), 0) << name;
-  EXPECT_EQ((marshaller.*step)(&fresh), 0) << name;
-  EXPECT_EQ(log.Count("<XML Module>: " + name), 3) << name;  // two entries, one complaint
-}
-
-TEST(Reginfo, StepsFailForWhatCannotBeWritten) {
-  CheckStep(&ReginfoMarshaller::AddReginfoElementToXml, "AddReginfoElementToXml");
-  CheckStep(&ReginfoMarshaller::AddRegistrationElementToXml, "AddRegistrationElementToXml");
-  CheckStep(&ReginfoMarshaller::AddReginfoContactElementToXml, "AddReginfoContactElementToXml");
-  CheckStep(&ReginfoMarshaller::AddUnknownParamElementToXml, "AddUnknownParamElementToXml");
-  CheckStep(&ReginfoMarshaller::AddPubGruuElementToXml, "AddPubGruuElementToXml");
-  CheckStep(&ReginfoMarshaller::AddTempGruuElementToXml, "AddTempGruuElementToXml");
-  CheckStep(&GruuMarshaller::AddPubGruuElementToXml, "AddPubGruuElementToXml");
-  CheckStep(&GruuMarshaller::AddTempGruuElementToXml, "AddTempGruuElementToXml");
-  ReginfoMarshaller marshaller;
-  zt_pub_gruu gruu;
-  gruu.setUriValue("u");
-  EXPECT_EQ(marshaller.AddPubGruuElementToXml(&gruu), 1);
-}
-
 TEST(Gruu, ReadAndWrittenAlone) {
   Schema schema(XML_SCHEMA_GRUU);
   const std::string header(kHeader);

@@ -167,49 +167,6 @@ TEST(SmallDocuments, FlagsOfTheFactories) {
               "Received empty present false"));
 }
 
-TEST(SmallDocuments, FactoriesMakeWhatTheySay) {
-  FileDataBinder file;
-  MediaControlDataBinder control;
-  RcsTermsInfoDataBinder terms;
-  CallWaitingIndicationDataBinder waiting;
-  CWIndicationDataBinder indication;
-  VolteConfigInfoDataBinder volte;
-  WapProvisioningDocDataBinder wap;
-  const struct {
-    XMLElement* made;
-    const char* className;
-    const char* label;
-  } kCases[] = {
-      {file.CreateRootElement(), "zt_file", "file"},
-      {file.CreateFileInfoElement(), "zt_ns_ft_file_info", "file-info"},
-      {file.CreateDataElement(), "zt_ns_ft_data", "data"},
-      {control.CreateRootElement(), "zt_media_control", "media_control"},
-      {control.CreateVcPrimitiveElement(), "zt_vc_primitive", "vc_primitive"},
-      {control.CreateToEncoderElement(), "zt_to_encoder", "to_encoder"},
-      {terms.CreateRootElement(), "zt_rcs_terms_info", "rcs-terms-info"},
-      {terms.CreateTermElement(), "zt_ns_rcs_terms_info_term", "term"},
-      {BootstrappingInfoDataBinder().CreateRootElement(), "zt_bootstrappinginfo",
-       "BootstrappingInfo"},
-      {waiting.CreateRootElement(), "zt_3gpp_ims", "3gpp-ims"},
-      {waiting.CreateAlternativeServiceElement(),
-       "zt_ns_call_waiting_indication_alternative_service", "alternative-service"},
-      {waiting.CreateActionElement(), "zt_ns_call_waiting_indication_action", "action"},
-      {indication.CreateRootElement(), "zt_ims_3gpp", "ims-3gpp"},
-      {indication.CreateAlternativeServiceElement(), "zt_alternative_service",
-       "alternative-service"},
-      {volte.CreateRootElement(), "zt_volte_config_info", "volte-config-info"},
-      {volte.CreateCharacteristic(), "zt_characteristic", "characteristic"},
-      {volte.CreateParm(), "zt_parm", "parm"},
-      {wap.CreateRootElement(), "zt_wap_provisioning_doc", "wap-provisioningdoc"},
-  };
-  for (const auto& test : kCases) {
-    ASSERT_TRUE(test.made) << test.className;
-    EXPECT_STREQ(test.made->ClassName(), test.className);
-    EXPECT_STREQ(test.made->ElementName(), test.label);
-    XMLFactory::DeleteElement(test.made);
-  }
-}
-
 // A provisioning tree on one line: type(name=value ... groups).
 std::string Told(const char* type, ZtSingleElementList* parms, ZtSingleElementList* groups) {
   std::string text = std::string(type ? type : "-") + "(";

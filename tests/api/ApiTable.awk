@@ -25,10 +25,15 @@ class == "" || !open { next }
 factory && !/ZtSingleElementList/ && /^  [A-Za-z0-9_:]+\* Create[A-Za-z0-9_]*\(/ {
   factories = factories " \\\n  DO(" class ", " Method() ")"
 }
+/^  int Add/ { while (!/;/) { line = $0; getline; sub(/^ +/, ""); $0 = line $0 } }
+/^  int Add[A-Za-z0-9_]*\([A-Za-z0-9_:]+\* [a-z]+\);/ && !/(char|void)\*/ {
+  steps = steps " \\\n  DO(" class ", " Method() ")"
+}
 END {
   print "#define ZT_API_ELEMENTS(DO)" elements
   print "#define ZT_API_FACTORIES(DO)" factories
   print "#define ZT_API_SETTERS(DO)" setters
+  print "#define ZT_API_STEPS(DO)" steps
 }
 
 function Method() { return substr($2, 1, index($2, "(") - 1) }
