@@ -47,6 +47,8 @@ class ZT_API XmlDecoderSchema : public ZtNonCopyable {
   virtual XmlDecoderSchema* Identity() { return this; }
 };
 
+struct ScannedTag;
+
 /// The parser. One object reads one document on one thread.
 class ZT_API XmlDecoder : public ZtNonCopyable {
  public:
@@ -90,12 +92,22 @@ class ZT_API XmlDecoder : public ZtNonCopyable {
   static void UnescapeXml(char* text);
 
  private:
+  struct OpenElement;
+
   int DecodeAttributes(char* n_strAttrList);
   int ReportAttributes(char* element, char* rest, bool started);
   int AppendText(const char* text, int count);
   int Continue();
   int OutOfTags(char* position);
   int EndTag(char* text, char* tag);
+  char* PlainTag(char* text, char* tag);
+  int AnyTag(char* text, char* tag, char* close, bool& counts);
+  bool Opened(char* element, std::size_t size);
+  void ReportScanned(char* element, const ScannedTag& tag);
+  void ReportEmpty(char* element, char* text);
+  void ReportEnd(char* slashName, char* text);
+  OpenElement* Push(const char* name, std::size_t size);
+  void Pop();
   int ParseError();
   void ForgetConsumed();
 
@@ -106,7 +118,8 @@ class ZT_API XmlDecoder : public ZtNonCopyable {
   int m_bEmptyElement;
 
   // Accelerators: they keep every push, pop, chunk and append at constant cost.
-  BuddyLinkList* m_pTop;    // the innermost open element, or the sentinel
+  OpenElement* m_pTop;      // the innermost open element, null when there is none
+  OpenElement* m_pSpare;    // nodes to be used again
   std::size_t m_iLength;    // bytes of pending text
   std::size_t m_iCapacity;  // bytes allocated for it
   std::size_t m_iTag;       // where a partial tag begins in it, or m_iLength

@@ -14,7 +14,7 @@ void FreeElement(void* p) {
 BuddyLinkList* BuddyLinkList::Append(void* newData) {
   auto* node = new BuddyLinkList;
   if (!node) return nullptr;
-  wdmemlog_add(kZtTagStackNode, kSource, __LINE__, node, sizeof(BuddyLinkList));
+  ZtRecord(kZtTagStackNode, kSource, __LINE__, node, sizeof(BuddyLinkList));
   BuddyLinkList* last = SeekEnd();
   node->data = newData;
   node->m_pPrevious = last;
@@ -49,7 +49,7 @@ void BuddyLinkList::FreeList(void (*release)(void*)) {
 
 void BuddyLinkList::Release(BuddyLinkList* node) {
   if (!node) return;
-  wdmemlog_remove(kZtTagStackNode, node);
+  ZtWithdraw(kZtTagStackNode, node);
   delete node;
 }
 

@@ -2,12 +2,14 @@
 
 #include <climits>
 
+#include "TagScanner.h"
 #include "base/ZtLog.h"
 #include "base/ZtMemory.h"
 
 namespace {
 
 constexpr char kSource[] = "src/XmlDecoder";
+constexpr char kNodeSource[] = "src/XmlCommon";  // of all nodes but the sentinel
 constexpr int kSentinelLine = 100;  // where the memory log's readers know the sentinel from
 constexpr char kWhiteSpace[] = " \t\r\n";
 constexpr int kMostDelimiters = 32;
@@ -33,12 +35,22 @@ bool HoldsSpace(const char* begin, const char* end) {
 
 }  // namespace
 
+// A node of the element stack, behind the sentinel, with the element's name.
+struct XmlDecoder::OpenElement : BuddyLinkList {
+  static constexpr std::size_t kRoom = 24;
+
+  OpenElement* outer = nullptr;
+  std::size_t size = 0;  // of the name
+  char room[kRoom];      // for all but long names
+};
+
 XmlDecoder::XmlDecoder()
     : m_pElementStack(nullptr),
       m_pPendingText(nullptr),
       m_pSchema(nullptr),
       m_bEmptyElement(0),
       m_pTop(nullptr),
+      m_pSpare(nullptr),
       m_iLength(0),
       m_iCapacity(0),
       m_iTag(0),
@@ -52,9 +64,8 @@ void XmlDecoder::InitXmlDecoder() {
   if (!m_pElementStack) {
     m_pElementStack = new BuddyLinkList;
     if (m_pElementStack) {
-      wdmemlog_add(kZtTagStackNode, kSource, kSentinelLine, m_pElementStack, sizeof(BuddyLinkList));
+      ZtRecord(kZtTagStackNode, kSource, kSentinelLine, m_pElementStack, sizeof(BuddyLinkList));
     }
-    m_pTop = m_pElementStack;
   }
   __free(m_pPendingText);
   m_pPendingText = nullptr;
@@ -67,10 +78,13 @@ void XmlDecoder::ResetXmlDecoder() {
   m_pPendingText = nullptr;
   m_iLength = m_iCapacity = m_iTag = m_iScanned = 0;
   if (!m_pElementStack) return;
-  m_pElementStack->FreeList(FreeElement);
+  while (m_pTop) Pop();
+  while (OpenElement* spare = m_pSpare) {
+    m_pSpare = spare->outer;
+    delete spare;
+  }
   BuddyLinkList::Release(m_pElementStack);
   m_pElementStack = nullptr;
-  m_pTop = nullptr;
 }
 
 // ---- Feeding ------------------------------------------------------------------------------------
@@ -137,58 +151,114 @@ int XmlDecoder::Continue() {
       Log(kZtLogState)("<XML Decoder>:ZT_XML_PARSE_CONTINUE ret:ZT_XML_INCOMPLETE");
       return ZT_XML_INCOMPLETE;
     }
-    if (scan <= tag) scan = tag + 1;
-    auto* close = static_cast<char*>(std::memchr(scan, '>', static_cast<std::size_t>(end - scan)));
-    if (!close) {
-      m_iTag = static_cast<std::size_t>(tag - position);
-      return OutOfTags(position);
-    }
-    *close = '\0';
-    char* const name = tag + 1;
+    char* close = nullptr;
     bool counts = true;  // whether the tag can end the document
-    if (*name == '?') {
-      if (close[-1] != '?' || m_pTop != m_pElementStack) return ParseError();
-      counts = false;
-    } else if (close - tag >= 4 && std::memcmp(name, "!--", 3) == 0) {
-      if (close - tag < 6 || close[-1] != '-' || close[-2] != '-') return ParseError();
-      counts = false;
-    } else if (*name == '/') {
-      const int result = EndTag(position, tag);
+    if (scan <= tag) {
+      // Only once: a tag that the chunk cuts short goes the other way when it is whole.
+      scan = tag + 1;
+      close = PlainTag(position, tag);
+      if (m_DecodeState == ZT_XML_PARSE_ERROR) return ParseError();
+    }
+    if (!close) {
+      close = static_cast<char*>(std::memchr(scan, '>', static_cast<std::size_t>(end - scan)));
+      if (!close) {
+        m_iTag = static_cast<std::size_t>(tag - position);
+        return OutOfTags(position);
+      }
+      *close = '\0';
+      const int result = AnyTag(position, tag, close, counts);
       if (result != 0) return result;
-    } else if (close[-1] == '/') {
-      close[-1] = '\0';
-      m_bEmptyElement = 1;
-      if (DecodeAttributes(name) < 0) {
-        Log(kZtLogState)(
-            "<XML Decoder>:Decoder Failed in DecodeAttributes and ret:ZT_XML_PARSE_ERROR");
-        return ParseError();
-      }
-    } else {
-      const int result = DecodeAttributes(name);
-      if (result < 0) {
-        Log(kZtLogState)("<XML Decoder>:Decoder Failed in DecodeAttributes");
-        return ParseError();
-      }
-      char* const element = name + std::strspn(name, kWhiteSpace);
-      if (m_pSchema) {
-        if (result == 1) m_pSchema->ProcessElement(element, nullptr);
-        m_pSchema->ProcessElementOpened(element);
-      }
-      if (!PushElement(element)) {
-        m_DecodeState = ZT_XML_PARSE_ERROR;
-        Log(kZtLogState)(
-            "<XML Decoder>:Decoder Failed as stack is not empty at end, reason: "
-            "ZT_XML_PARSE_ERROR");
-        return ParseError();
-      }
     }
     position = tag = scan = close + 1;
-    if (counts && m_pTop == m_pElementStack) {
+    if (counts && !m_pTop) {
       m_DecodeState = ZT_XML_PARSE_COMPLETE;
       Log(kZtLogState)("<XML Decoder>:Decoder Success");
       return ZT_XML_SUCCESS;
     }
   }
+}
+
+// A tag in its plain form is reported in one go. Its '>', or null when it has another form.
+char* XmlDecoder::PlainTag(char* text, char* tag) {
+  char* const name = tag + 1;
+  if (*name == '/') {
+    const auto left = static_cast<std::size_t>(m_pPendingText + m_iLength - name);
+    if (!m_pTop || left <= m_pTop->size + 1) return nullptr;
+    char* const close = name + 1 + m_pTop->size;
+    if (*close != '>' || std::memcmp(name + 1, m_pTop->data, m_pTop->size) != 0) return nullptr;
+    *tag = *close = '\0';
+    ReportEnd(name, text);
+    return close;
+  }
+  ScannedTag scanned;
+  if (!scanned.Scan(name)) return nullptr;
+  *scanned.nameEnd = *scanned.close = '\0';
+  const bool started = scanned.isEmpty || scanned.count > 0;
+  if (started && m_pSchema) m_pSchema->ProcessElement(name, nullptr);
+  Log(kZtLogTrace)("XmlDecoder:: DecodeAttributes %d", 0);
+  if (m_pSchema) {
+    ReportScanned(name, scanned);
+    if (!started) m_pSchema->ProcessElement(name, nullptr);
+  }
+  if (!scanned.isEmpty) {
+    Opened(name, static_cast<std::size_t>(scanned.nameEnd - name));
+  } else if (m_pSchema) {
+    ReportEmpty(name, scanned.close);
+  }
+  return scanned.close;
+}
+
+void XmlDecoder::ReportScanned(char* element, const ScannedTag& tag) {
+  for (int i = 0; i < tag.count; ++i) {
+    const ScannedAttribute& attribute = tag.attributes[i];
+    *attribute.nameEnd = *attribute.valueEnd = '\0';
+    if (attribute.hasEntity) UnescapeXml(attribute.value);
+    m_pSchema->ProcessAttribute(element, attribute.name, attribute.value);
+  }
+  if (tag.blankAtEnd) m_pSchema->ProcessAttribute(element, tag.close, tag.close);
+}
+
+// A tag of any other form, cut at its '>'. 0, or the result of the parse; `counts` is cleared for
+// one that cannot end the document.
+int XmlDecoder::AnyTag(char* text, char* tag, char* close, bool& counts) {
+  char* const name = tag + 1;
+  if (*name == '?') {
+    if (close[-1] != '?' || m_pTop) return ParseError();
+    counts = false;
+  } else if (close - tag >= 4 && std::memcmp(name, "!--", 3) == 0) {
+    if (close - tag < 6 || close[-1] != '-' || close[-2] != '-') return ParseError();
+    counts = false;
+  } else if (*name == '/') {
+    return EndTag(text, tag);
+  } else if (close[-1] == '/') {
+    close[-1] = '\0';
+    m_bEmptyElement = 1;
+    if (DecodeAttributes(name) < 0) {
+      Log(kZtLogState)(
+          "<XML Decoder>:Decoder Failed in DecodeAttributes and ret:ZT_XML_PARSE_ERROR");
+      return ParseError();
+    }
+  } else {
+    const int result = DecodeAttributes(name);
+    if (result < 0) {
+      Log(kZtLogState)("<XML Decoder>:Decoder Failed in DecodeAttributes");
+      return ParseError();
+    }
+    char* const element = name + std::strspn(name, kWhiteSpace);
+    if (m_pSchema && result == 1) m_pSchema->ProcessElement(element, nullptr);
+    if (!Opened(element, __strlen(element))) return ParseError();
+  }
+  return 0;
+}
+
+// The start tag of `element` is complete; false without memory.
+bool XmlDecoder::Opened(char* element, std::size_t size) {
+  if (m_pSchema) m_pSchema->ProcessElementOpened(element);
+  if (Push(element, size)) return true;
+  m_DecodeState = ZT_XML_PARSE_ERROR;
+  Log(kZtLogState)(
+      "<XML Decoder>:Decoder Failed as stack is not empty at end, reason: ZT_XML_PARSE_ERROR");
+  return false;
 }
 
 // The input ended inside a tag that begins at or behind `position`: keeps the text from there.
@@ -207,32 +277,33 @@ int XmlDecoder::OutOfTags(char* position) {
 // An end tag: `tag` points at its '<', `text` at the element's text before it. The failures here
 // leave the state as it was.
 int XmlDecoder::EndTag(char* text, char* tag) {
-  BuddyLinkList* node = PopElement();
-  if (!node) {
+  if (!m_pTop) {
     Log(kZtLogState)("<XML Decoder>:stack is empty when decodeBegin is not");
     ForgetConsumed();
     return ZT_XML_ERROR;
   }
-  auto* stored = static_cast<char*>(node->data);
   char* const slashName = tag + 1;  // "/name": the slash is the end tag's own
+  const char* stored = static_cast<char*>(m_pTop->data);
   if (__strcmp(stored, slashName + 1) != 0) {
     Log(kZtLogState)(
         "<XML Decoder>:stack mismatch happened when stored value is \"%s\" and ret:ZT_XML_ERROR",
         stored);
-    FreeElement(stored);
-    BuddyLinkList::Release(node);
+    Pop();
     ForgetConsumed();
     return ZT_XML_ERROR;
   }
   *tag = '\0';
+  ReportEnd(slashName, text);
+  return 0;
+}
+
+void XmlDecoder::ReportEnd(char* slashName, char* text) {
   if (m_pSchema && m_pSchema->ProcessElement(slashName, text) != 0) {
     Log(kZtLogState)(
         "<XML Decoder>:ProcessElement(pStrEndElement, start) failed when pStrEndElement=\"%s\"",
         slashName);
   }
-  FreeElement(stored);
-  BuddyLinkList::Release(node);
-  return 0;
+  Pop();
 }
 
 // After a failure that keeps the state a later call reads what is left up to the first cut again:
@@ -297,12 +368,16 @@ int XmlDecoder::ReportAttributes(char* element, char* rest, bool started) {
     m_pSchema->ProcessAttribute(element, name, value);
   }
   if (m_bEmptyElement != 1) return started ? 0 : 1;
+  ReportEmpty(element, rest);
+  m_bEmptyElement = 0;
+  return 0;
+}
+
+void XmlDecoder::ReportEmpty(char* element, char* text) {
   m_pSchema->ProcessElementOpened(element);
   // The byte before the name is the '<' or white space behind it: it becomes the end tag's slash.
   element[-1] = '/';
-  m_pSchema->ProcessElement(element - 1, rest);
-  m_bEmptyElement = 0;
-  return 0;
+  m_pSchema->ProcessElement(element - 1, text);
 }
 
 int XmlDecoder::ValidateAttributeList(const char* list) {
@@ -418,23 +493,49 @@ void XmlDecoder::UnescapeXml(char* text) {
 // ---- Stack of open elements ---------------------------------------------------------------------
 
 BuddyLinkList* XmlDecoder::PushElement(char* name) {
-  char* copy = name ? __strdup(name) : nullptr;
-  if (!copy) {
+  return name ? Push(name, __strlen(name)) : nullptr;
+}
+
+XmlDecoder::OpenElement* XmlDecoder::Push(const char* name, std::size_t size) {
+  if (!m_pElementStack) return nullptr;
+  OpenElement* node = m_pSpare ? m_pSpare : new OpenElement;
+  if (node) {
+    m_pSpare = node->outer;
+    node->data = size < OpenElement::kRoom ? node->room : __malloc(size + 1);
+  }
+  if (!node || !node->data) {
     Log(kZtLogTrace)("XmlDecoder::PushElement | ztDplStrdup failed");
+    delete node;
     return nullptr;
   }
-  BuddyLinkList* node = m_pTop ? m_pTop->Append(copy) : nullptr;
-  if (!node) {
-    FreeElement(copy);
-    return nullptr;
-  }
+  std::memcpy(node->data, name, size);
+  static_cast<char*>(node->data)[size] = '\0';
+  node->size = size;
+  node->outer = m_pTop;
+  (m_pTop ? m_pTop : m_pElementStack)->next = node;
+  ZtRecord(kZtTagStackNode, kNodeSource, __LINE__, node, sizeof(BuddyLinkList));
   m_pTop = node;
   return node;
 }
 
+void XmlDecoder::Pop() {
+  OpenElement* node = m_pTop;
+  ZtWithdraw(kZtTagStackNode, node);
+  if (node->data != node->room) __free(node->data);
+  m_pTop = node->outer;
+  (m_pTop ? m_pTop : m_pElementStack)->next = nullptr;
+  node->outer = m_pSpare;
+  m_pSpare = node;
+}
+
 BuddyLinkList* XmlDecoder::PopElement() {
-  if (m_pTop == m_pElementStack) return nullptr;
-  BuddyLinkList* node = m_pTop;
-  m_pTop = node->Previous();
-  return node->Detach();
+  char* name = m_pTop ? __strdup(static_cast<char*>(m_pTop->data)) : nullptr;
+  BuddyLinkList single;
+  BuddyLinkList* node = name ? single.Append(name) : nullptr;
+  if (node) {
+    Pop();
+    return node->Detach();
+  }
+  __free(name);
+  return nullptr;
 }

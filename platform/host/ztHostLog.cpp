@@ -5,10 +5,11 @@
 
 #include "ztHostPlatform.h"
 
+// Lines up to this level are discarded. With no sink that is every line, so that one test decides.
+int ztLogDiscardedUpTo = INT_MAX;
+
 namespace {
 
-// Lines up to this level are discarded. With no sink that is every line, so that one test decides.
-int g_discardUpTo = INT_MAX;
 zthost::LogSink g_sink = nullptr;
 void* g_user = nullptr;
 
@@ -91,12 +92,12 @@ std::string Format(const char* format, const ztLogArgument (&arguments)[3]) {
 void zthost::SetLogSink(LogSink sink, void* user, int minLevel) {
   g_sink = sink;
   g_user = user;
-  g_discardUpTo = sink == nullptr ? INT_MAX : minLevel == INT_MIN ? INT_MIN : minLevel - 1;
+  ztLogDiscardedUpTo = sink == nullptr ? INT_MAX : minLevel == INT_MIN ? INT_MIN : minLevel - 1;
 }
 
 void ztLogModuleEventSimple(int level, int moduleId, const char* sourceFile, int line,
                             const char* format, ztLogArgument a, ztLogArgument b, ztLogArgument c) {
-  if (level <= g_discardUpTo) return;
+  if (level <= ztLogDiscardedUpTo) return;
   const std::string text = Format(format == nullptr ? "(null)" : format, {a, b, c});
   g_sink({level, moduleId, sourceFile == nullptr ? "" : sourceFile, line, text.c_str()}, g_user);
 }

@@ -6,6 +6,8 @@
 
 #include "ztHostPlatform.h"
 
+int ztMemoryLogOff = 1;
+
 namespace {
 
 // ---- Allocation failure -------------------------------------------------------------------
@@ -141,6 +143,7 @@ void wdmemlog_remove(int tag, const void* pointer) {
 void zthost::EnableMemoryLog(bool on) {
   if (on) ResetMemoryLog();
   g_logging = on;
+  ztMemoryLogOff = on ? 0 : 1;
 }
 
 zthost::MemoryReport zthost::GetMemoryReport() {

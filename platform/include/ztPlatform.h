@@ -15,8 +15,10 @@
 
 #if defined(__GNUC__)
 #define ZT_PLATFORM_API __attribute__((visibility("default")))
+#define ZT_PLATFORM_OPTIONAL __attribute__((visibility("default"), weak))
 #else
 #define ZT_PLATFORM_API
+#define ZT_PLATFORM_OPTIONAL
 #endif
 
 extern "C" {
@@ -33,6 +35,10 @@ ZT_PLATFORM_API void ztLogModuleEventSimple(int level, int moduleId, const char*
                                             int line, const char* format, ztLogArgument a,
                                             ztLogArgument b, ztLogArgument c);
 
+/// Optional: the highest level of which every line is discarded. Where a platform defines it, the
+/// library makes no call for such lines; without it the platform is called for all of them.
+ZT_PLATFORM_OPTIONAL extern int ztLogDiscardedUpTo;
+
 // ---- Memory log ---------------------------------------------------------------------------
 
 /// Records an allocation of `size` bytes at `pointer`, made at `sourceFile`:`line`.
@@ -41,6 +47,10 @@ ZT_PLATFORM_API void wdmemlog_add(int tag, const char* sourceFile, int line, con
 
 /// Records that `pointer`, recorded under `tag`, is about to be released.
 ZT_PLATFORM_API void wdmemlog_remove(int tag, const void* pointer);
+
+/// Optional: not 0 while the memory log is off. Where a platform defines it, the library makes no
+/// call then.
+ZT_PLATFORM_OPTIONAL extern int ztMemoryLogOff;
 
 // ---- Files --------------------------------------------------------------------------------
 

@@ -23,8 +23,10 @@ class ZtLog {
                   int module = kZtModuleLibrary)
       : m_Level(level), m_Module(module), m_Line(line), m_pSource(source) {}
 
+  // Lines that nobody would see are not made.
   template <class A = int, class B = int, class C = int>
   void operator()(const char* format, A a = A(), B b = B(), C c = C()) const {
+    if (&ztLogDiscardedUpTo && m_Level <= ztLogDiscardedUpTo) return;
     ztLogModuleEventSimple(m_Level, m_Module, m_pSource, m_Line, format, Argument(a), Argument(b),
                            Argument(c));
   }

@@ -6,10 +6,20 @@
 
 enum ZtMemoryTag : int { kZtTagStackNode = 1, kZtTagDocument = 14 };
 
+// The memory log, which is not called while it is off.
+inline void ZtRecord(int tag, const char* source, int line, const void* object, std::size_t size) {
+  if (&ztMemoryLogOff && ztMemoryLogOff) return;
+  wdmemlog_add(tag, source, line, object, size);
+}
+inline void ZtWithdraw(int tag, const void* object) {
+  if (&ztMemoryLogOff && ztMemoryLogOff) return;
+  wdmemlog_remove(tag, object);
+}
+
 // Records an object that was just made. Null passes through, so a failed `new` needs no test.
 template <class T>
 T* ZtTrack(T* object, std::size_t size, const char* source, int line) {
-  if (object) wdmemlog_add(kZtTagDocument, source, line, object, size);
+  if (object) ZtRecord(kZtTagDocument, source, line, object, size);
   return object;
 }
 
@@ -23,7 +33,7 @@ T* ZtCreate(const char* source, int line = __builtin_LINE()) {
 template <class T>
 void ZtRelease(T* object) {
   if (!object) return;
-  wdmemlog_remove(kZtTagDocument, object);
+  ZtWithdraw(kZtTagDocument, object);
   delete object;
 }
 
