@@ -128,7 +128,8 @@ void PreparePeers() {
 std::string PeerVersions() {
   std::string versions;
 #if ZTXML_BENCH_EXPAT
-  versions += std::string(", ") + XML_ExpatVersion();
+  const XML_Expat_Version expat = XML_ExpatVersionInfo();
+  versions += ", Expat " + std::to_string(expat.major) + "." + std::to_string(expat.minor);
 #endif
 #if ZTXML_BENCH_LIBXML2
   versions += ", libxml2 " LIBXML_DOTTED_VERSION;

@@ -388,7 +388,7 @@ int main(int argc, char** argv) {
   const char* markdown = nullptr;
   // Given before the user's, so that these win.
   static char defaults[][64] = {"--benchmark_enable_random_interleaving=true",
-                                "--benchmark_repetitions=7", "--benchmark_min_time=0.04",
+                                "--benchmark_repetitions=15", "--benchmark_min_time=0.03",
                                 "--benchmark_report_aggregates_only=true"};
   std::vector<char*> arguments = {argv[0]};
   for (char* argument : defaults) arguments.push_back(argument);

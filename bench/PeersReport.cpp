@@ -57,6 +57,7 @@ std::string NameOf(const Key& key) {
 void PeersReport::ReportRuns(const std::vector<Run>& runs) {
   std::vector<Run> shown;
   for (const Run& run : runs) {
+    if (run.aggregate_name == "cv") spreads_.push_back(run.cpu_accumulated_time);
     const bool median = run.run_type == Run::RT_Aggregate && run.aggregate_name == "median";
     if (!median && run.run_type != Run::RT_Iteration) continue;
     const auto key = keys_.find(run.run_name.function_name);
@@ -66,6 +67,17 @@ void PeersReport::ReportRuns(const std::vector<Run>& runs) {
     shown.push_back(run);
   }
   if (!shown.empty()) ConsoleReporter::ReportRuns(shown);
+}
+
+// How far the machine can be trusted.
+std::string PeersReport::Spread() const {
+  if (spreads_.empty()) return "";
+  std::vector<double> sorted = spreads_;
+  std::sort(sorted.begin(), sorted.end());
+  return Print(
+      "Between repetitions half of the cases varied by less than %.0f %%, nine of ten by less than "
+      "%.0f %% (standard deviation).\n\n",
+      sorted[sorted.size() / 2] * 100, sorted[sorted.size() * 9 / 10] * 100);
 }
 
 double PeersReport::SpeedOf(const Key& key) const {
@@ -207,7 +219,7 @@ std::string PeersReport::GrowthTable(const std::vector<const Document*>& documen
 std::string PeersReport::Markdown(const std::vector<const Document*>& documents) const {
   return "### Speed\n\nMB/s of CPU time, medians; in brackets how many times as fast ztxml "
          "is.\n\n" +
-         Speeds(documents) +
+         Spread() + Speeds(documents) +
          "\n### Allocations\n\nAllocations of one run / the most bytes that were live in it.\n\n" +
          AllocationTable(documents) + "\n### The logs\n\nReading and writing in one.\n\n" +
          LogTable(documents) + "\n### Growth\n\n" + GrowthTable(documents);

@@ -55,10 +55,12 @@ class PeersReport : public benchmark::ConsoleReporter {
   std::string Bars(Work work, const Document& document) const;
   std::string AllocationTable(const std::vector<const Document*>& documents) const;
   std::string LogTable(const std::vector<const Document*>& documents) const;
+  std::string Spread() const;
   std::string GrowthTable(const std::vector<const Document*>& documents) const;
 
   std::map<std::string, Key> keys_;
   std::map<Key, double> speeds_;  // MB/s, the median of the repetitions
+  std::vector<double> spreads_;   // standard deviations over means
   std::map<Key, Allocations> allocations_;
   std::map<const Document*, std::size_t> items_;
 };
