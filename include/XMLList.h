@@ -19,8 +19,9 @@ class ZT_API ZtSingleElementList : public ZtNonCopyable {
   ZtSingleElementList();
   ~ZtSingleElementList();
 
-  /// Appends `data` (null is stored too). Returns 1, or 0 when there is no memory.
-  int Add(void* data);
+  /// Appends `data` (null is stored too), with a node of `arena` unless that is null. Returns 1, or
+  /// 0 when there is no memory.
+  int Add(void* data, ZtArena* arena = nullptr);
 
   /// Removes the first node that holds `data` (never null); the data is not freed. Returns 1
   /// removed, 0 not found.

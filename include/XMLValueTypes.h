@@ -16,6 +16,8 @@ class ZT_API zt_string : public ZtTyped<zt_string> {
   const char* getValue() const { return m_Value.Get(); }
 
  private:
+  friend struct ZtValueMaker;
+
   ZtText m_Value;
 };
 
@@ -35,6 +37,8 @@ class ZT_API zt_empty_element_type : public ZtTyped<zt_empty_element_type> {
   const char* getValue() const { return m_Value.Get(); }
 
  private:
+  friend struct ZtValueMaker;
+
   int m_iPresent = 0;
   ZtText m_Value;
 };
@@ -57,6 +61,8 @@ class ZT_API zt_AttributeValuePair : public XMLAttribute {
   const char* getValue() const { return m_Value.Get(); }
 
  private:
+  friend struct ZtValueMaker;
+
   ZtText m_Name;
   ZtText m_Value;
 };

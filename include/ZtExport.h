@@ -11,14 +11,18 @@
 #define ZT_API
 #endif
 
+class ZtArena;
+
 /// Base of the classes that live on the heap: `new` takes memory from the device platform layer
 /// and yields null when there is none (it never throws or aborts).
 class ZT_API ZtHeapObject {
  public:
   static void* operator new(std::size_t size) noexcept;
   static void* operator new(std::size_t size, const std::nothrow_t&) noexcept;
+  static void* operator new(std::size_t size, ZtArena* arena) noexcept;
   static void operator delete(void* pointer) noexcept;
   static void operator delete(void* pointer, const std::nothrow_t&) noexcept;
+  static void operator delete(void* pointer, ZtArena*) noexcept;
 };
 
 /// Base of the classes that own something and therefore must not be copied.

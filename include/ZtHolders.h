@@ -18,9 +18,9 @@ class ZT_API ZtText {
   ZtText(const ZtText&) = delete;
   ZtText& operator=(const ZtText&) = delete;
 
-  /// Stores a copy and frees the old one after; null clears. False when there was no memory for the
-  /// copy: the text is null then.
-  bool Set(const char* text);
+  /// Stores a copy, in `arena` unless that is null, and frees the old one after; null clears. False
+  /// when there was no memory for the copy: the text is null then.
+  bool Set(const char* text, ZtArena* arena = nullptr);
   /// Set as the public setters have it: always 1.
   int Assign(const char* text) {
     static_cast<void>(Set(text));
@@ -62,8 +62,8 @@ class ZT_API ZtOwnedList {
   /// nothing. Returns 1.
   int Set(ZtSingleElementList* list);
   /// Appends and takes `item`. Returns 1, or 0 for null or without memory: `item` is not taken. A
-  /// list made for it is recorded under `source`.
-  int Add(Item* item, const char* source = "src/XMLList");
+  /// list made for it is recorded under `source`; `arena` (null: the heap) has what is made.
+  int Add(Item* item, const char* source = "src/XMLList", ZtArena* arena = nullptr);
   ZtSingleElementList* Get() const { return m_pList; }
   /// The first node, null when there is none.
   ZtListNode* Head() const { return m_pList ? m_pList->GetPtrToListHead() : nullptr; }

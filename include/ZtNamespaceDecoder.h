@@ -19,9 +19,11 @@ class ZT_API ZtNamespaceDecoder : public ZtSchemaDecoder {
 
  protected:
   explicit ZtNamespaceDecoder(const ZtGrammar& grammar);
-  char* LocalName(char* name) override;
+  char* LocalName(char* name, std::size_t& size) override;
 
  private:
+  char* Rewritten(char* name);
+
   ZtNamespaceBindings m_Bindings;
 };
 

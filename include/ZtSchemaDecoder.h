@@ -5,12 +5,16 @@
 
 #include "XMLStack.h"
 #include "XmlDecoder.h"
+#include "ZtArena.h"
 #include "ZtHolders.h"
 
 /// How the library reads a document and an element type; opaque to callers.
 struct ZtElementType;
 struct ZtGrammar;
 struct ZtGrammarRow;
+struct ZtChildName;
+struct ZtSource;
+class ZtNameId;
 enum class ZtOutcome : unsigned char;
 
 /// Reads one document. While it is read, what the decoder makes belongs to it until a parent adopts
@@ -25,6 +29,9 @@ class ZT_API ZtSchemaDecoder : public XmlDecoderSchema {
   int ProcessElementOpened(char* name) override;
   /// The root (an XMLObject*), null until its start tag. The decoder never deletes it.
   void* GetSessionData() override;
+
+  /// Tells the size of the document in bytes, before it is read.
+  void Expect(std::size_t size) { m_Arena.Expect(size); }
 
   /// Tells the namespaces that the document declares, a zt_schema_namespace_retrieval. 0 when the
   /// decoder has no use for them, else 1.
@@ -49,8 +56,8 @@ class ZT_API ZtSchemaDecoder : public XmlDecoderSchema {
  protected:
   explicit ZtSchemaDecoder(const ZtGrammar& grammar);
 
-  /// The name that the grammar knows for `name`, null without memory.
-  virtual char* LocalName(char* name);
+  /// The name that the grammar knows for `name`, of `size` bytes; null without memory.
+  virtual char* LocalName(char* name, std::size_t& size);
 
   /// Room for a pass name of `size` bytes and its NUL; null without memory, with the given line.
   char* ReservePassName(std::size_t size, const char* noMemory);
@@ -67,17 +74,19 @@ class ZT_API ZtSchemaDecoder : public XmlDecoderSchema {
     const ZtElementType* type = nullptr;
   };
 
-  const char* SourceOf(const ZtElementType& type) const;
+  ZtSource SourceOf(const ZtElementType& type);
+  ZtOutcome OfferAttribute(const ZtElementType& type, const char* name, const char* value);
   XMLElement* Make(const ZtElementType& type);
   XMLElement* MakeFlag(const char* name);
-  bool Start(const Open& current, char* name);
+  bool Start(const Open& current, const ZtChildName& name);
   void StartRoot(const ZtGrammarRow& row);
-  bool StartChild(const Open& current, const ZtGrammarRow& row, char* name);
-  void End(const Open& current, char* name, char* value, bool skipped);
-  void OfferEnd(const Open& current, const ZtGrammarRow* row, char* name, char* value);
-  ZtOutcome Offer(const Open& parent, char* name, char* value, XMLElement* child);
-  const ZtGrammarRow* FindStart(const char* name) const;
-  const ZtGrammarRow* FindEnd(const char* name) const;
+  bool StartChild(const Open& current, const ZtGrammarRow& row, const ZtChildName& name);
+  XMLElement* StartExtension(const ZtGrammarRow& row);
+  void End(const Open& current, const ZtChildName& name, char* value, bool skipped);
+  void OfferEnd(const Open& current, const ZtGrammarRow* row, const ZtChildName& name, char* value);
+  ZtOutcome Offer(const Open& parent, const ZtChildName& name, char* value, XMLElement* child);
+  const ZtGrammarRow* FindStart(ZtNameId name) const;
+  const ZtGrammarRow* FindEnd(ZtNameId name) const;
   const ZtElementType* CurrentType() const;
   void Push(XMLElement* object, const ZtElementType& type);
   void Pop();
@@ -88,6 +97,8 @@ class ZT_API ZtSchemaDecoder : public XmlDecoderSchema {
   std::size_t m_iDropped;       // open elements that a full stack did not take
   std::size_t m_iSkipped;       // depth inside an element whose content is skipped, 0 outside
   bool m_bOfferEnd;             // the skipped element's end is offered with its text
+  char* m_pCut;                 // a colon of the name at hand that a slash stands for
+  ZtArena m_Arena;              // of what is made
   ZtChildList m_ReplacedRoots;  // earlier roots: they may still be open
 };
 

@@ -1,5 +1,6 @@
 #include "XMLList.h"
 
+#include "ZtArena.h"
 #include "base/ZtLog.h"
 
 namespace {
@@ -26,13 +27,13 @@ ZtSingleElementList::~ZtSingleElementList() {
   while (m_pHead) {
     ZtListNode* node = m_pHead;
     m_pHead = node->next;
-    __free(node);
+    ZtFree(node);
   }
 }
 
-int ZtSingleElementList::Add(void* data) {
+int ZtSingleElementList::Add(void* data, ZtArena* arena) {
   ZtLog(kZtLogState, kSource)("<XML Module>: ZtSingleElementList::Add");
-  auto* node = static_cast<ZtListNode*>(__calloc(1, sizeof(ZtListNode)));
+  auto* node = static_cast<ZtListNode*>(ZtAllocate(sizeof(ZtListNode), arena));
   if (!node) {
     ZtLog(kZtLogError,
           kSource)(m_pHead ? "<XML Module>: ZtSingleElementList:Add pTravNode Buffer is NULL"
@@ -40,6 +41,7 @@ int ZtSingleElementList::Add(void* data) {
     return 0;
   }
   node->data = data;
+  node->next = nullptr;
   (m_pHead ? m_pTail->next : m_pHead) = node;
   m_pTail = node;
   ++m_iListCount;
@@ -58,7 +60,7 @@ int ZtSingleElementList::Remove(void* data) {
     if (!node->data || node->data != data) continue;
     (previous ? previous->next : m_pHead) = node->next;
     if (node == m_pTail) m_pTail = previous;
-    __free(node);
+    ZtFree(node);
     --m_iListCount;
     return 1;
   }

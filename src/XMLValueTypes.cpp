@@ -29,31 +29,39 @@ zt_AttributeValuePair* zt_AttributeValuePair::From(XMLAttribute* attribute) {
   return pair ? static_cast<zt_AttributeValuePair*>(attribute) : nullptr;
 }
 
-zt_string* ZtMakeString(const char* source, const char* text) {
-  auto* made = ZtCreate<zt_string>(source);
-  if (made) made->setValue(text);
-  if (made && (made->getValue() || !text)) return made;
-  ZtRelease(made);
-  return nullptr;
-}
-
-zt_empty_element_type* ZtMakeFlag(const char* source, const char* name) {
-  auto* made = ZtCreate<zt_empty_element_type>(source);
-  if (made) made->setValue(name);
-  if (made && made->getValue()) return made;
-  ZtRelease(made);
-  return nullptr;
-}
-
-zt_AttributeValuePair* ZtMakePair(const char* source, const char* name, const char* value) {
-  auto* made = ZtCreate<zt_AttributeValuePair>(source);
-  if (made) {
-    made->setName(name);
-    made->setValue(value);
-    if ((made->getName() || !name) && (made->getValue() || !value)) return made;
+struct ZtValueMaker {
+  // `made` with its texts, or null when one was lost.
+  template <class T>
+  static T* Whole(T* made, bool whole) {
+    if (made && whole) return made;
+    ZtRelease(made);
+    return nullptr;
   }
-  ZtRelease(made);
-  return nullptr;
+
+  static zt_string* String(const ZtSource& source, const char* text) {
+    auto* made = ZtCreate<zt_string>(source);
+    return Whole(made, made && made->m_Value.Set(text, source.arena));
+  }
+  static zt_empty_element_type* Flag(const ZtSource& source, const char* name) {
+    auto* made = ZtCreate<zt_empty_element_type>(source);
+    if (made) made->m_iPresent = 1;
+    return Whole(made, made && name && made->m_Value.Set(name, source.arena));
+  }
+  static zt_AttributeValuePair* Pair(const ZtSource& source, const char* name, const char* value) {
+    auto* made = ZtCreate<zt_AttributeValuePair>(source);
+    return Whole(made, made && made->m_Name.Set(name, source.arena) &&
+                           made->m_Value.Set(value, source.arena));
+  }
+};
+
+zt_string* ZtMakeString(const ZtSource& source, const char* text) {
+  return ZtValueMaker::String(source, text);
+}
+zt_empty_element_type* ZtMakeFlag(const ZtSource& source, const char* name) {
+  return ZtValueMaker::Flag(source, name);
+}
+zt_AttributeValuePair* ZtMakePair(const ZtSource& source, const char* name, const char* value) {
+  return ZtValueMaker::Pair(source, name, value);
 }
 
 zt_string* zt_xml_common_methods::CreateString(const char* text) {

@@ -2,6 +2,7 @@
 #ifndef ZTXML_SRC_BASE_ZTMEMORY_H
 #define ZTXML_SRC_BASE_ZTMEMORY_H
 
+#include "ZtArena.h"
 #include "ztPlatform.h"
 
 enum ZtMemoryTag : int { kZtTagStackNode = 1, kZtTagDocument = 14 };
@@ -23,10 +24,19 @@ T* ZtTrack(T* object, std::size_t size, const char* source, int line) {
   return object;
 }
 
+// Where something is made: the file under which it is recorded, and the arena, null for the heap.
+struct ZtSource {
+  const char* file;
+  ZtArena* arena;
+
+  constexpr ZtSource(const char* f, ZtArena* a = nullptr)  // NOLINT(google-explicit-constructor)
+      : file(f), arena(a) {}
+};
+
 // A new, recorded T, or null when there is no memory.
 template <class T>
-T* ZtCreate(const char* source, int line = __builtin_LINE()) {
-  return ZtTrack(new T, sizeof(T), source, line);
+T* ZtCreate(const ZtSource& source, int line = __builtin_LINE()) {
+  return ZtTrack(new (source.arena) T, sizeof(T), source.file, line);
 }
 
 // Withdraws an object from the memory log and deletes it through its (virtual) destructor.
@@ -40,15 +50,15 @@ void ZtRelease(T* object) {
 // A T of which only the maker is known, for tables: the object is made, sized and recorded alike.
 template <class Base>
 struct ZtMaker {
-  Base* (*make)();
+  Base* (*make)(ZtArena*);
   std::size_t size;
 
   template <class T>
   static constexpr ZtMaker Of() {
-    return {[]() -> Base* { return new T; }, sizeof(T)};
+    return {[](ZtArena* arena) -> Base* { return new (arena) T; }, sizeof(T)};
   }
-  Base* Create(const char* source, int line = __builtin_LINE()) const {
-    return ZtTrack(make ? make() : nullptr, size, source, line);
+  Base* Create(const ZtSource& source, int line = __builtin_LINE()) const {
+    return ZtTrack(make ? make(source.arena) : nullptr, size, source.file, line);
   }
 };
 

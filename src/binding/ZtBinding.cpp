@@ -25,11 +25,14 @@ Number ParseNumber(const char* text) {
   return number;
 }
 
-ZtOutcome Store(XMLElement& self, const ZtField& field, const char* value) {
+}  // namespace
+
+ZtOutcome ZtStore(XMLElement& self, const ZtField& field, const char* value, ZtArena* arena) {
   if (!value) return ZtOutcome::kAccepted;
   switch (field.value) {
     case ZtValue::kText:
-      return (self.*field.member.text).Set(value) ? ZtOutcome::kAccepted : ZtOutcome::kNoMemory;
+      return (self.*field.member.text).Set(value, arena) ? ZtOutcome::kAccepted
+                                                         : ZtOutcome::kNoMemory;
     case ZtValue::kNumber: {
       const auto number = ParseNumber<unsigned>(value);
       const ZtRange* range = field.detail.range;
@@ -52,15 +55,19 @@ ZtOutcome Store(XMLElement& self, const ZtField& field, const char* value) {
   return ZtOutcome::kAccepted;
 }
 
-ZtOutcome AppendText(XMLElement& self, const ZtField& field, const char* source,
+namespace {
+
+ZtOutcome AppendText(XMLElement& self, const ZtField& field, const ZtSource& source,
                      const char* value) {
   zt_string* text = ZtMakeString(source, value);
-  if ((self.*field.member.children).Add(text, source)) return ZtOutcome::kAccepted;
+  if ((self.*field.member.children).Add(text, source.file, source.arena)) {
+    return ZtOutcome::kAccepted;
+  }
   ZtRelease(text);
   return ZtOutcome::kNoMemory;
 }
 
-ZtOutcome AppendWords(XMLElement& self, const ZtField& field, const char* source,
+ZtOutcome AppendWords(XMLElement& self, const ZtField& field, const ZtSource& source,
                       const char* value) {
   char* words = __strdup(value);
   if (!words) return ZtOutcome::kNoMemory;
@@ -75,23 +82,25 @@ ZtOutcome AppendWords(XMLElement& self, const ZtField& field, const char* source
   return outcome;
 }
 
-ZtOutcome StoreText(XMLElement& self, const ZtElementType& type, const ZtField& field,
-                    const char* value) {
+ZtOutcome StoreText(XMLElement& self, const ZtField& field, const char* value,
+                    const ZtSource& source) {
   if (!value) return ZtOutcome::kAccepted;
   switch (field.place) {
     case ZtPlace::kTextElements:
-      return AppendText(self, field, type.family->source, value);
+      return AppendText(self, field, source, value);
     case ZtPlace::kOwnWords:
-      return AppendWords(self, field, type.family->source, value);
+      return AppendWords(self, field, source, value);
     default:
-      return Store(self, field, value);
+      return ZtStore(self, field, value, source.arena);
   }
 }
 
 // The text that came with the end tag of a child which was made there.
-ZtOutcome StoreOwnText(XMLElement& child, const ZtElementType& type, const char* value) {
+ZtOutcome StoreOwnText(XMLElement& child, const ZtElementType& type, const char* value,
+                       ZtArena* arena) {
   for (const ZtField& own : type) {
-    if (own.IsOwnText() && StoreText(child, type, own, value) == ZtOutcome::kNoMemory) {
+    if (own.IsOwnText() &&
+        StoreText(child, own, value, {type.family->source, arena}) == ZtOutcome::kNoMemory) {
       return ZtOutcome::kAdoptedNoMemory;
     }
   }
@@ -100,8 +109,10 @@ ZtOutcome StoreOwnText(XMLElement& child, const ZtElementType& type, const char*
 
 class Hook {
  public:
-  explicit Hook(const ZtElementType& type)
-      : m_Type(type), m_Lines(type.lines ? *type.lines : *type.family->lines) {}
+  Hook(const ZtElementType& type, ZtArena* arena)
+      : m_Type(type),
+        m_Lines(type.lines ? *type.lines : *type.family->lines),
+        m_Source(type.family->source, arena) {}
 
   const ZtHookLines& Lines() const { return m_Lines; }
 
@@ -128,7 +139,7 @@ class Hook {
       (self.*field.member.child).Set(child);
       return ZtOutcome::kAdopted;
     }
-    return Append(self, field, child);
+    return Append(self.*field.member.children, child);
   }
 
   // A child that no one else makes: at its end its text becomes its object.
@@ -136,9 +147,9 @@ class Hook {
                       const XMLElement* offered) const {
     if (offered) return ZtOutcome::kRefused;
     if (!value) return ZtOutcome::kAccepted;
-    XMLElement* child = field.detail.type->maker.Create(m_Type.family->source);
+    XMLElement* child = field.detail.type->maker.Create(m_Source);
     if (!child) return ZtOutcome::kNoMemory;
-    if (StoreOwnText(*child, *field.detail.type, value) == ZtOutcome::kAdopted) {
+    if (StoreOwnText(*child, *field.detail.type, value, m_Source.arena) == ZtOutcome::kAdopted) {
       (self.*field.member.child).Set(child);
       return ZtOutcome::kAccepted;
     }
@@ -146,16 +157,19 @@ class Hook {
     return ZtOutcome::kNoMemory;
   }
 
-  ZtOutcome Append(XMLElement& self, const ZtField& field, XMLElement* child) const {
-    return (self.*field.member.children).Add(child, m_Type.family->source) ? ZtOutcome::kAdopted
-                                                                           : ZtOutcome::kNoMemory;
+  template <class List, class Item>
+  ZtOutcome Append(List& list, Item* item) const {
+    return list.Add(item, m_Source.file, m_Source.arena) ? ZtOutcome::kAdopted
+                                                         : ZtOutcome::kNoMemory;
   }
 
   ZtOutcome UnknownChild(XMLElement& self, const char* name, const char* value,
                          XMLElement* child) const {
     if (child) {
       for (const ZtField& field : m_Type) {
-        if (field.place == ZtPlace::kOtherChildren) return Append(self, field, child);
+        if (field.place == ZtPlace::kOtherChildren) {
+          return Append(self.*field.member.children, child);
+        }
       }
     }
     const char* format =
@@ -167,6 +181,7 @@ class Hook {
  private:
   const ZtElementType& m_Type;
   const ZtHookLines& m_Lines;
+  const ZtSource m_Source;
 };
 
 char* FormatNumber(unsigned long long number, char* buffer) {
@@ -192,81 +207,75 @@ unsigned ZtEnumTable::Find(const char* value) const {
   return noMatch;
 }
 
-ZtOutcome ZtOfferChild(XMLElement& self, const ZtElementType& type, const char* name,
-                       const char* value, XMLElement* child) {
-  const Hook hook(type);
-  if (!name) {
+ZtOutcome ZtOfferChild(XMLElement& self, const ZtElementType& type, const ZtChildName& name,
+                       const char* value, XMLElement* child, ZtArena* arena) {
+  const Hook hook(type, arena);
+  if (!name.text) {
     hook.Log(hook.Lines().nullElement);
     return ZtOutcome::kAccepted;
   }
   ZtOutcome hooked = ZtOutcome::kAccepted;
-  if (type.childHook && type.childHook(self, name, value, child, hooked)) return hooked;
-  const bool atEnd = *name == '/';
-  const char* local = name + atEnd;
-  const std::size_t size = __strlen(local);
+  if (type.childHook && type.childHook(self, name.text, value, child, hooked)) return hooked;
   for (const ZtField& field : type) {
-    if (field.IsAttribute() || !field.HasName() || !field.name.Is(local, size)) continue;
+    if (field.name != name.id || field.IsAttribute() || !field.HasName()) continue;
     // Only the plain name without an object is that text; all else is nobody's.
     if (field.fromAttribute) {
-      return atEnd || child ? ZtOutcome::kAccepted : StoreText(self, type, field, value);
+      return name.atEnd || child ? ZtOutcome::kAccepted
+                                 : StoreText(self, field, value, {type.family->source, arena});
     }
     switch (field.place) {
       case ZtPlace::kTextElement:
       case ZtPlace::kTextElements:
       case ZtPlace::kOwnText:
       case ZtPlace::kOwnWords:
-        if (!atEnd && field.IsOwnText()) continue;
-        if (!atEnd) return ZtOutcome::kAccepted;
+        if (!name.atEnd && field.IsOwnText()) continue;
+        if (!name.atEnd) return ZtOutcome::kAccepted;
         if (child) return ZtOutcome::kRefused;
-        return StoreText(self, type, field, value);
+        return StoreText(self, field, value, {type.family->source, arena});
       default:
-        if (atEnd && field.madeHere) return hook.MakeChild(self, field, value, child);
+        if (name.atEnd && field.madeHere) return hook.MakeChild(self, field, value, child);
         // The start of a child that comes with its end tag tells nothing.
-        if (!atEnd && (field.atEnd || field.madeHere)) return ZtOutcome::kAccepted;
-        if (atEnd == field.atEnd) {
+        if (!name.atEnd && (field.atEnd || field.madeHere)) return ZtOutcome::kAccepted;
+        if (name.atEnd == field.atEnd) {
           const ZtOutcome outcome = hook.Adopt(self, field, child);
-          return atEnd && outcome == ZtOutcome::kAdopted
-                     ? StoreOwnText(*child, *field.detail.type, value)
+          return name.atEnd && outcome == ZtOutcome::kAdopted
+                     ? StoreOwnText(*child, *field.detail.type, value, arena)
                      : outcome;
         }
     }
   }
-  return hook.UnknownChild(self, name, value, child);
+  return hook.UnknownChild(self, name.text, value, child);
 }
 
-const ZtField* ZtFindAttribute(const ZtElementType& type, const char* name) {
-  const std::size_t size = __strlen(name);
+const ZtField* ZtFindAttribute(const ZtElementType& type, ZtNameId name) {
   for (const ZtField& field : type) {
-    if (field.place == ZtPlace::kAttribute && field.name.Is(name, size)) return &field;
+    if (field.name == name && field.place == ZtPlace::kAttribute) return &field;
   }
   return nullptr;
 }
 
-const ZtField* ZtFindChild(const ZtElementType& type, const char* name) {
-  const std::size_t size = __strlen(name);
+const ZtField* ZtFindChild(const ZtElementType& type, ZtNameId name) {
   for (const ZtField& field : type) {
-    if (!field.IsAttribute() && field.HasName() && field.name.Is(name, size)) return &field;
+    if (field.name == name && !field.IsAttribute() && field.HasName()) return &field;
   }
   return nullptr;
 }
 
 ZtOutcome ZtOfferAttribute(XMLElement& self, const ZtElementType& type, const char* name,
-                           const char* value, XMLAttribute* attribute) {
-  const Hook hook(type);
+                           const char* value, XMLAttribute* attribute, ZtArena* arena) {
+  const Hook hook(type, arena);
   if (!name) {
     hook.Log(hook.Lines().nullAttribute);
     return ZtOutcome::kAccepted;
   }
   ZtOutcome hooked = ZtOutcome::kAccepted;
   if (type.attributeHook && type.attributeHook(self, name, value, hooked)) return hooked;
-  if (const ZtField* field = ZtFindAttribute(type, name)) {
-    return attribute ? ZtOutcome::kRefused : Store(self, *field, value);
+  if (const ZtField* field = ZtFindAttribute(type, ZtNameOf(name))) {
+    return attribute ? ZtOutcome::kRefused : ZtStore(self, *field, value, arena);
   }
   for (const ZtField& field : type) {
     if (field.place != ZtPlace::kOtherAttributes || !attribute) continue;
-    return (self.*field.member.attributes).Add(attribute, type.family->source)
-               ? ZtOutcome::kAdopted
-               : ZtOutcome::kNoMemory;
+    return hook.Append(self.*field.member.attributes, attribute);
   }
   hook.Log(hook.Lines().unknownAttribute, name);
   const bool refuses = type.family->unknownAttribute == ZtUnknown::kRefuse ||

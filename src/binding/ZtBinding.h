@@ -373,6 +373,9 @@ struct ZtElementType {
   e_XmlStrRef prefix = XML_STR_ZT_NULL;  // written with it and all that is in it
   std::uint8_t fieldCount = 0;
   std::uint8_t fixedCount = 0;
+  // What the rows hold: one of a text that comes as an attribute, one of other attributes.
+  bool textsFromAttributes = false;
+  bool keepsAttributes = false;
   bool root = false;
   bool selfClosing = false;
   bool checksFirst = false;   // without a required attribute nothing of it is written
@@ -383,8 +386,14 @@ struct ZtElementType {
 
   template <std::size_t N>
   constexpr ZtElementType Fields(const ZtField (&rows)[N]) const {
-    return ZtWith(ZtWith(*this, &ZtElementType::fields, rows), &ZtElementType::fieldCount,
-                  static_cast<std::uint8_t>(N));
+    ZtElementType type = *this;
+    type.fields = rows;
+    type.fieldCount = static_cast<std::uint8_t>(N);
+    for (const ZtField& row : rows) {
+      type.textsFromAttributes = type.textsFromAttributes || row.fromAttribute;
+      type.keepsAttributes = type.keepsAttributes || row.place == ZtPlace::kOtherAttributes;
+    }
+    return type;
   }
   constexpr ZtElementType Writer(ZtNameId element, const char* name,
                                  e_XmlStrRef withPrefix = XML_STR_ZT_NULL) const {
@@ -459,21 +468,40 @@ constexpr ZtElementType ZtFlagOf(const ZtFamily& family, const char* writer, con
 }
 
 // New, whole values, recorded under `source`; null without memory.
-zt_string* ZtMakeString(const char* source, const char* text);
-zt_empty_element_type* ZtMakeFlag(const char* source, const char* name);
-zt_AttributeValuePair* ZtMakePair(const char* source, const char* name, const char* value);
+zt_string* ZtMakeString(const ZtSource& source, const char* text);
+zt_empty_element_type* ZtMakeFlag(const ZtSource& source, const char* name);
+zt_AttributeValuePair* ZtMakePair(const ZtSource& source, const char* name, const char* value);
 
 // ---- Reading ------------------------------------------------------------------------------------
 
+// The name `text`, kZtNoName when rows have none such.
+inline ZtNameId ZtNameOf(const char* text) { return ZtNameId::Of(text, __strlen(text)); }
+
+// The name under which a child is offered: its own, or at its end with a slash before it.
+struct ZtChildName {
+  const char* text;  // with the slash
+  bool atEnd;
+  ZtNameId id;
+
+  ZtChildName(const char* t)  // NOLINT(google-explicit-constructor)
+      : ZtChildName(t, t ? __strlen(t) : 0) {}
+  ZtChildName(const char* t, std::size_t size)
+      : text(t),
+        atEnd(size && *t == '/'),
+        id(size ? ZtNameId::Of(t + atEnd, size - atEnd) : ZtNameId(kZtNoName)) {}
+};
+
 // What ProcessUnMarshall and ProcessUnMarshallAttribute do for an object of `type`, with the
-// outcome told more finely than by their results.
-ZtOutcome ZtOfferChild(XMLElement& self, const ZtElementType& type, const char* name,
-                       const char* value, XMLElement* child);
+// outcome told more finely than by their results. What is made lies in `arena`, null for the heap.
+ZtOutcome ZtOfferChild(XMLElement& self, const ZtElementType& type, const ZtChildName& name,
+                       const char* value, XMLElement* child, ZtArena* arena = nullptr);
 ZtOutcome ZtOfferAttribute(XMLElement& self, const ZtElementType& type, const char* name,
-                           const char* value, XMLAttribute* attribute);
+                           const char* value, XMLAttribute* attribute, ZtArena* arena = nullptr);
+// Keeps the value of a scalar field.
+ZtOutcome ZtStore(XMLElement& self, const ZtField& field, const char* value, ZtArena* arena);
 // The row of the attribute or of the child element `name`, or null.
-const ZtField* ZtFindAttribute(const ZtElementType& type, const char* name);
-const ZtField* ZtFindChild(const ZtElementType& type, const char* name);
+const ZtField* ZtFindAttribute(const ZtElementType& type, ZtNameId name);
+const ZtField* ZtFindChild(const ZtElementType& type, ZtNameId name);
 
 // ---- Writing ------------------------------------------------------------------------------------
 

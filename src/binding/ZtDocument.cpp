@@ -84,6 +84,7 @@ bool ZtUnMarshaller::Parse(const char* xml, XMLElement*& root) const {
   bool done = false;
   if (parser && decoder && size <= INT_MAX) {
     if (XMLObject* binder = NamespaceBinder()) decoder->SetNameSpaceBinderInfo(binder);
+    decoder->Expect(size);
     parser->SetSchema(decoder);
     // The parser copies what it is given.
     done = parser->Decode(const_cast<char*>(xml), static_cast<int>(size)) == ZT_XML_SUCCESS &&

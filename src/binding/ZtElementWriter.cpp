@@ -299,7 +299,7 @@ bool ZtElementWriter::WriteOtherAttributes(ZtListNode* head, const ZtElementType
     const auto* pair = zt_AttributeValuePair::From(static_cast<XMLAttribute*>(node->data));
     const char* name = pair ? pair->getName() : nullptr;
     if (!name || !*name) continue;
-    if (type && (ZtFindAttribute(*type, name) || IsFixed(*type, name))) continue;
+    if (type && (ZtFindAttribute(*type, ZtNameOf(name)) || IsFixed(*type, name))) continue;
     if (names.Insert(name)) tag.Add(name, pair->getValue());
   }
   return true;

@@ -18,7 +18,8 @@ struct ZtWriterScope {
 
 class ZtElementWriter {
  public:
-  // Elements within each other beyond which a tree is not written: twice what one that was read has.
+  // Elements within each other beyond which a tree is not written: twice what one that was read
+  // has.
   static constexpr int kMostDepth = 2 * XmlCodeGenStack::kCapacity;
 
   ZtElementWriter(ZtXMLDocGenerator& writer, const ZtWriterScope& scope)
@@ -45,8 +46,8 @@ class ZtElementWriter {
     if (format) ZtLog(level, m_Scope.source)(format, args...);
   }
 
-  // Whether something was left out for want of memory or for lying too deep, also where a failure is
-  // let pass.
+  // Whether something was left out for want of memory or for lying too deep, also where a failure
+  // is let pass.
   bool IsIncomplete() const { return m_bIncomplete; }
 
  private:

@@ -55,11 +55,16 @@ void ReleaseList(ZtSingleElementList* list) {
 
 }  // namespace
 
-ZtText::~ZtText() { __free(m_pText); }
+ZtText::~ZtText() { ZtFree(m_pText); }
 
-bool ZtText::Set(const char* text) {
-  char* copy = text ? __strdup(text) : nullptr;
-  __free(m_pText);
+bool ZtText::Set(const char* text, ZtArena* arena) {
+  char* copy = nullptr;
+  if (text) {
+    const std::size_t size = __strlen(text) + 1;
+    copy = static_cast<char*>(ZtAllocate(size, arena));
+    if (copy) std::memcpy(copy, text, size);
+  }
+  ZtFree(m_pText);
   m_pText = copy;
   return copy || !text;
 }
@@ -89,10 +94,10 @@ int ZtOwnedList<Item>::Set(ZtSingleElementList* list) {
 }
 
 template <class Item>
-int ZtOwnedList<Item>::Add(Item* item, const char* source) {
+int ZtOwnedList<Item>::Add(Item* item, const char* source, ZtArena* arena) {
   if (!item) return 0;
-  ZtSingleElementList* list = m_pList ? m_pList : ZtCreate<ZtSingleElementList>(source);
-  if (!list || !list->Add(item)) {
+  ZtSingleElementList* list = m_pList ? m_pList : ZtCreate<ZtSingleElementList>({source, arena});
+  if (!list || !list->Add(item, arena)) {
     if (list != m_pList) ZtRelease(list);
     return 0;
   }

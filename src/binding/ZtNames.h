@@ -12,20 +12,27 @@ enum ZtExtraName : int {
 #define ZT_NAME(id, text) id,
 #include "binding/ZtExtraNames.inc"
 #undef ZT_NAME
+  kZtNameCount,
+  kZtNoName = -1,
 };
 
-// A row of the table or an extra name.
+// A row of the table or an extra name. Equal texts are the same name.
 class ZtNameId {
  public:
-  constexpr ZtNameId(e_XmlStrRef row) : m_Id(row) {}      // NOLINT(google-explicit-constructor)
+  constexpr ZtNameId(e_XmlStrRef row)  // NOLINT(google-explicit-constructor)
+      : m_Id(row == XML_STR_SIMSERVS_2 ? XML_STR_SIMSERVS
+             : row == XML_STR_ALLOW_2  ? XML_STR_ALLOW
+                                       : row) {}
   constexpr ZtNameId(ZtExtraName extra) : m_Id(extra) {}  // NOLINT(google-explicit-constructor)
+  // The name whose text is `text`, kZtNoName when there is none.
+  static ZtNameId Of(const char* text, std::size_t size);
+
   constexpr bool IsNone() const { return m_Id == XML_STR_ZT_NULL; }
   constexpr bool operator==(ZtNameId other) const { return m_Id == other.m_Id; }
   constexpr bool operator!=(ZtNameId other) const { return m_Id != other.m_Id; }
 
   const char* Text() const;
-  // Whether `text` of `size` bytes is this name.
-  bool Is(const char* text, std::size_t size) const;
+  std::size_t Size() const;
 
  private:
   int m_Id;

@@ -47,7 +47,13 @@ int ZtNamespaceDecoder::XMLChangeNamespaceTag(char* name) {
   return 1;
 }
 
-char* ZtNamespaceDecoder::LocalName(char* name) {
+char* ZtNamespaceDecoder::LocalName(char* name, std::size_t& size) {
+  char* local = Rewritten(name);
+  size = local ? __strlen(local) : 0;
+  return local;
+}
+
+char* ZtNamespaceDecoder::Rewritten(char* name) {
   if (!XMLChangeNamespaceTag(name)) return nullptr;
   const bool atEnd = *m_PassName == '/';
   char* prefixed = m_PassName + atEnd;

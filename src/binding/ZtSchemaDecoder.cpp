@@ -6,6 +6,7 @@
 
 namespace {
 constexpr std::size_t kLeastPassName = 32;
+constexpr std::size_t kMostShortName = 65533;  // ZtShortNameSize cuts longer ones
 }  // namespace
 
 ZtSchemaDecoder::ZtSchemaDecoder(const ZtGrammar& grammar)
@@ -16,7 +17,8 @@ ZtSchemaDecoder::ZtSchemaDecoder(const ZtGrammar& grammar)
       m_iPassCapacity(0),
       m_iDropped(0),
       m_iSkipped(0),
-      m_bOfferEnd(false) {}
+      m_bOfferEnd(false),
+      m_pCut(nullptr) {}
 
 ZtSchemaDecoder::~ZtSchemaDecoder() { __free(m_PassName); }
 
@@ -48,7 +50,8 @@ int ZtSchemaDecoder::ProcessElement(char* name, char* value) {
     m_iSkipped = atEnd ? m_iSkipped - 1 : m_iSkipped + 1;
     if (m_iSkipped || !m_bOfferEnd) return 0;
   }
-  char* local = LocalName(name);
+  std::size_t size = 0;
+  char* local = LocalName(name, size);
   if (!local) {
     ZtLog(kZtLogState, m_Grammar.source)("<XML Module>%s :: ProcessElement: m_PassName is NULL",
                                          m_Grammar.decoder);
@@ -56,21 +59,22 @@ int ZtSchemaDecoder::ProcessElement(char* name, char* value) {
     return -1;
   }
   const Open current = {static_cast<XMLElement*>(m_Stack.top()), CurrentType()};
-  char nameless[] = "/";
   if (atEnd) {
     // A name that was cut short may have lost even its slash.
-    End(current, *local == '/' ? local : nameless, value, skipped);
-  } else if (!Start(current, local)) {
+    End(current, *local == '/' ? ZtChildName(local, size) : ZtChildName("/", 1), value, skipped);
+    if (m_pCut) *m_pCut = ':';
+    m_pCut = nullptr;
+  } else if (!Start(current, {local, size})) {
     m_iSkipped = 1;
   }
   return 0;
 }
 
 // False when the content of the element is to be skipped.
-bool ZtSchemaDecoder::Start(const Open& current, char* name) {
+bool ZtSchemaDecoder::Start(const Open& current, const ZtChildName& name) {
   m_bOfferEnd = true;
   m_Started = Open();
-  const ZtGrammarRow* row = FindStart(name);
+  const ZtGrammarRow* row = FindStart(name.id);
   if (row && row->kind == ZtElementKind::kRoot) {
     StartRoot(*row);
     return m_Started.object != nullptr;
@@ -95,11 +99,12 @@ void ZtSchemaDecoder::StartRoot(const ZtGrammarRow& row) {
   if (m_pRoot) Push(m_pRoot, *row.type);
 }
 
-bool ZtSchemaDecoder::StartChild(const Open& current, const ZtGrammarRow& row, char* name) {
+bool ZtSchemaDecoder::StartChild(const Open& current, const ZtGrammarRow& row,
+                                 const ZtChildName& name) {
   const bool extension = row.kind == ZtElementKind::kExtension;
   const bool flag = row.kind == ZtElementKind::kFlag;
-  XMLElement* child = extension ? ProcessAnyElement(name, nullptr)
-                      : flag    ? MakeFlag(name)
+  XMLElement* child = extension ? StartExtension(row)
+                      : flag    ? MakeFlag(name.text)
                                 : Make(*row.type);
   if (!child) return false;
   const ZtOutcome outcome = Offer(current, name, nullptr, child);
@@ -119,15 +124,15 @@ bool ZtSchemaDecoder::StartChild(const Open& current, const ZtGrammarRow& row, c
 }
 
 // The end of an element; `skipped` for one that has no object of its own on the stack.
-void ZtSchemaDecoder::End(const Open& current, char* name, char* value, bool skipped) {
-  const ZtGrammarRow* row = FindEnd(name + 1);
+void ZtSchemaDecoder::End(const Open& current, const ZtChildName& name, char* value, bool skipped) {
+  const ZtGrammarRow* row = FindEnd(name.id);
   const bool takesText = row && row->kind == ZtElementKind::kTextBearing;
   if (skipped || !row || !row->IsOpened()) {
     if (value) OfferEnd(current, row, name, value);
   } else if (row->kind == ZtElementKind::kRoot) {
     Pop();
   } else if (row->kind == ZtElementKind::kExtension) {
-    ProcessAnyElement(name, value);
+    Pop();
     Offer(current, name, value, nullptr);
   } else if (m_iDropped) {
     // Its object is not on the stack; its text still reaches it when nothing stood in between.
@@ -141,8 +146,8 @@ void ZtSchemaDecoder::End(const Open& current, char* name, char* value, bool ski
 }
 
 // Offers the text of an element, with the object that is made at its end if it has one.
-void ZtSchemaDecoder::OfferEnd(const Open& current, const ZtGrammarRow* row, char* name,
-                               char* value) {
+void ZtSchemaDecoder::OfferEnd(const Open& current, const ZtGrammarRow* row,
+                               const ZtChildName& name, char* value) {
   if (!current.object) return;
   XMLElement* child = nullptr;
   if (row && row->kind == ZtElementKind::kEndBound) {
@@ -159,15 +164,17 @@ XMLElement* ZtSchemaDecoder::ProcessAnyElement(char* name, char* value) {
                                          m_Grammar.decoder);
     return nullptr;
   }
-  const bool atEnd = *name == '/';
-  const ZtGrammarRow* row = atEnd ? FindEnd(name + 1) : FindStart(name);
+  const ZtChildName child(name);
+  const ZtGrammarRow* row = child.atEnd ? FindEnd(child.id) : FindStart(child.id);
   if (!row || row->kind != ZtElementKind::kExtension) return nullptr;
-  if (atEnd) {
-    Pop();
-    return nullptr;
-  }
-  XMLElement* object = Make(*row->type);
-  if (object) Push(object, *row->type);
+  if (!child.atEnd) return StartExtension(*row);
+  Pop();
+  return nullptr;
+}
+
+XMLElement* ZtSchemaDecoder::StartExtension(const ZtGrammarRow& row) {
+  XMLElement* object = Make(*row.type);
+  if (object) Push(object, *row.type);
   return object;
 }
 
@@ -187,36 +194,49 @@ int ZtSchemaDecoder::ProcessAttribute(char* element, char* name, char* value) {
                                          m_Grammar.decoder);
     return -1;
   }
-  if (!m_Stack.top() || !m_Started.object || !IsAttributeName(name) || m_bFailed) return 0;
-  const ZtField* child = ZtFindChild(*m_Started.type, name);
-  if (child && child->fromAttribute) {
-    Offer(m_Started, name, value, nullptr);
-    return 0;
-  }
-  zt_AttributeValuePair* pair = nullptr;
-  if (!ZtFindAttribute(*m_Started.type, name)) {
-    pair = ZtMakePair(SourceOf(*m_Started.type), name, value);
-    if (!pair) {
-      m_bFailed = true;
+  if (!m_Started.object || m_bFailed || !m_Stack.top()) return 0;
+  const ZtElementType& type = *m_Started.type;
+  const ZtNameId id = ZtNameOf(name);
+  if (type.textsFromAttributes) {
+    const ZtField* text = ZtFindChild(type, id);
+    if (text && text->fromAttribute) {
+      Offer(m_Started, name, value, nullptr);
       return 0;
     }
-  } else if (!value) {
-    return 0;
   }
-  const ZtOutcome outcome = ZtOfferAttribute(*m_Started.object, *m_Started.type, name, value, pair);
+  const ZtField* field = type.attributeHook ? nullptr : ZtFindAttribute(type, id);
+  ZtOutcome outcome = ZtOutcome::kAccepted;
+  if (field) {
+    outcome = ZtStore(*m_Started.object, *field, value, &m_Arena);
+  } else if (IsAttributeName(name)) {
+    outcome = OfferAttribute(type, name, value);
+  }
   if (outcome == ZtOutcome::kNoMemory) m_bFailed = true;
-  if (outcome != ZtOutcome::kAdopted) ZtRelease(pair);
   return 0;
+}
+
+// An attribute that no row names, or that a hook is to see first. A type that keeps none of these
+// is not given one, only told of it.
+ZtOutcome ZtSchemaDecoder::OfferAttribute(const ZtElementType& type, const char* name,
+                                          const char* value) {
+  zt_AttributeValuePair* pair = nullptr;
+  if (type.keepsAttributes) {
+    pair = ZtMakePair(SourceOf(type), name, value);
+    if (!pair) return ZtOutcome::kNoMemory;
+  }
+  const ZtOutcome outcome = ZtOfferAttribute(*m_Started.object, type, name, value, pair, &m_Arena);
+  if (outcome != ZtOutcome::kAdopted) ZtRelease(pair);
+  return outcome;
 }
 
 // ---- Objects ------------------------------------------------------------------------------------
 
 // The file under which an object of `type` is recorded that is made now.
-const char* ZtSchemaDecoder::SourceOf(const ZtElementType& type) const {
+ZtSource ZtSchemaDecoder::SourceOf(const ZtElementType& type) {
   const ZtElementType* outer = CurrentType();
   const char* source = outer ? outer->family->recordedUnder : nullptr;
   if (!source) source = type.family->recordedUnder;
-  return source ? source : m_Grammar.source;
+  return {source ? source : m_Grammar.source, &m_Arena};
 }
 
 XMLElement* ZtSchemaDecoder::Make(const ZtElementType& type) {
@@ -234,9 +254,11 @@ XMLElement* ZtSchemaDecoder::MakeFlag(const char* name) {
 }
 
 // Offers a child to an open element, if there is one.
-ZtOutcome ZtSchemaDecoder::Offer(const Open& parent, char* name, char* value, XMLElement* child) {
+ZtOutcome ZtSchemaDecoder::Offer(const Open& parent, const ZtChildName& name, char* value,
+                                 XMLElement* child) {
   if (!parent.object || !parent.type) return ZtOutcome::kAccepted;
-  const ZtOutcome outcome = ZtOfferChild(*parent.object, *parent.type, name, value, child);
+  const ZtOutcome outcome =
+      ZtOfferChild(*parent.object, *parent.type, name, value, child, &m_Arena);
   const bool textLost = outcome == ZtOutcome::kAdoptedNoMemory;
   if (textLost || outcome == ZtOutcome::kNoMemory) m_bFailed = true;
   return textLost ? ZtOutcome::kAdopted : outcome;
@@ -263,24 +285,22 @@ void ZtSchemaDecoder::Pop() {
 
 // ---- Names --------------------------------------------------------------------------------------
 
-const ZtGrammarRow* ZtSchemaDecoder::FindStart(const char* name) const {
-  const std::size_t size = __strlen(name);
+const ZtGrammarRow* ZtSchemaDecoder::FindStart(ZtNameId name) const {
   const ZtElementType* current = CurrentType();
   return m_Grammar.Find([=](const ZtGrammarRow& row) {
-    if (row.parent && row.parent != current) return false;
-    const bool any = row.name.IsNone() && row.parent;
-    return any ? !ZtFindChild(*row.parent, name) : row.name.Is(name, size);
+    if (row.name == name) return !row.parent || row.parent == current;
+    return row.name.IsNone() && row.parent && row.parent == current &&
+           !ZtFindChild(*row.parent, name);
   });
 }
 
 // The row that the end tag `name` closes. Rows of one name differ in their types, so the open
 // object tells which; ends of flags are nobody's.
-const ZtGrammarRow* ZtSchemaDecoder::FindEnd(const char* name) const {
-  const std::size_t size = __strlen(name);
+const ZtGrammarRow* ZtSchemaDecoder::FindEnd(ZtNameId name) const {
   const ZtElementType* current = CurrentType();
   const ZtGrammarRow* first = nullptr;
   const ZtGrammarRow* found = m_Grammar.Find([&](const ZtGrammarRow& row) {
-    if (!row.name.Is(name, size)) return false;
+    if (row.name != name) return false;
     if (row.kind == ZtElementKind::kEndBound) return !row.parent || row.parent == current;
     if (!first) first = &row;
     return row.type && row.type == current;
@@ -288,10 +308,29 @@ const ZtGrammarRow* ZtSchemaDecoder::FindEnd(const char* name) const {
   return found ? found : first;
 }
 
-char* ZtSchemaDecoder::LocalName(char* name) {
+// The name without its prefix, in place where that can be.
+char* ZtSchemaDecoder::LocalName(char* name, std::size_t& size) {
+  char* colon = nullptr;
+  char* end = name;
+  for (; *end; ++end) {
+    if (*end == ':' && !colon) colon = end;
+  }
+  size = static_cast<std::size_t>(end - name);
   if (m_Grammar.prefixes == ZtPrefixRule::kExact) return name;
-  XMLRemoveNameSpaceTag(name);
-  return m_PassName;
+  if (size > kMostShortName) {
+    if (!XMLRemoveNameSpaceTag(name)) return nullptr;
+    size = __strlen(m_PassName);
+    return m_PassName;
+  }
+  if (!colon || (*name != '/' && colon == name)) return name;
+  char* local = colon + 1;
+  if (*name == '/') {
+    // The end's slash stands in the colon's place until the end is done with.
+    m_pCut = local = colon;
+    *colon = '/';
+  }
+  size = static_cast<std::size_t>(end - local);
+  return local;
 }
 
 char* ZtSchemaDecoder::ReservePassName(std::size_t size, const char* noMemory) {
