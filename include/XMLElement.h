@@ -34,11 +34,13 @@ class ZT_API XMLElement : public ZtNonCopyable {
 
   /// Offers a child: at its start under its local name with the object built for it (null for
   /// text and unknown elements), at its end as "/" + name with its text in `value`. Returns 1 when
-  /// the child was taken or may be ignored, 0 when it is refused. A child object under a name that
-  /// the type knows for it belongs to this element after a 1; a refused one stays the caller's.
+  /// the child was taken or may be ignored, 0 when it is refused. After a 1 a child object of the
+  /// class that the type expects under the name belongs to this element, when it came at its start,
+  /// or at its end if it is of those that are made there; any other object stays the caller's.
   virtual int ProcessUnMarshall(char* name, char* value, XMLElement* child);
   /// Offers an attribute: as text when `attribute` is null, else as an object, which belongs to
-  /// this element when it keeps it. Returns 1 taken or ignored, 0 refused.
+  /// this element when no attribute of its own has that name and it keeps others. Returns 1 taken
+  /// or ignored, 0 refused.
   virtual int ProcessUnMarshallAttribute(char* name, char* value, XMLAttribute* attribute);
 
  private:

@@ -99,7 +99,7 @@ class ZT_API XmlDecoder : public ZtNonCopyable {
   int AppendText(const char* text, int count);
   int Continue();
   int OutOfTags(char* position);
-  int EndTag(char* text, char* tag);
+  int EndTag(char* text, char* tag, const char* close);
   char* PlainTag(char* text, char* tag);
   int AnyTag(char* text, char* tag, char* close, bool& counts);
   bool Opened(char* element, std::size_t size);
@@ -109,7 +109,7 @@ class ZT_API XmlDecoder : public ZtNonCopyable {
   OpenElement* Push(const char* name, std::size_t size);
   void Pop();
   int ParseError();
-  void ForgetConsumed();
+  void ForgetConsumed(const char* text, const char* tag, const char* close);
 
   eXmlDecodeState m_DecodeState;
   BuddyLinkList* m_pElementStack;  // sentinel

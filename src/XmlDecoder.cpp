@@ -229,7 +229,7 @@ int XmlDecoder::AnyTag(char* text, char* tag, char* close, bool& counts) {
     if (close - tag < 6 || close[-1] != '-' || close[-2] != '-') return ParseError();
     counts = false;
   } else if (*name == '/') {
-    return EndTag(text, tag);
+    return EndTag(text, tag, close);
   } else if (close[-1] == '/') {
     close[-1] = '\0';
     m_bEmptyElement = 1;
@@ -276,10 +276,10 @@ int XmlDecoder::OutOfTags(char* position) {
 
 // An end tag: `tag` points at its '<', `text` at the element's text before it. The failures here
 // leave the state as it was.
-int XmlDecoder::EndTag(char* text, char* tag) {
+int XmlDecoder::EndTag(char* text, char* tag, const char* close) {
   if (!m_pTop) {
     Log(kZtLogState)("<XML Decoder>:stack is empty when decodeBegin is not");
-    ForgetConsumed();
+    ForgetConsumed(text, tag, close);
     return ZT_XML_ERROR;
   }
   char* const slashName = tag + 1;  // "/name": the slash is the end tag's own
@@ -289,7 +289,7 @@ int XmlDecoder::EndTag(char* text, char* tag) {
         "<XML Decoder>:stack mismatch happened when stored value is \"%s\" and ret:ZT_XML_ERROR",
         stored);
     Pop();
-    ForgetConsumed();
+    ForgetConsumed(text, tag, close);
     return ZT_XML_ERROR;
   }
   *tag = '\0';
@@ -307,10 +307,15 @@ void XmlDecoder::ReportEnd(char* slashName, char* text) {
 }
 
 // After a failure that keeps the state a later call reads what is left up to the first cut again:
-// nothing sensible, but within the buffer.
-void XmlDecoder::ForgetConsumed() {
-  m_iLength = __strlen(m_pPendingText);
+// nothing sensible, but within the buffer. What is known of it is not looked for again.
+void XmlDecoder::ForgetConsumed(const char* text, const char* tag, const char* close) {
   m_iTag = m_iScanned = 0;
+  if (text == m_pPendingText) {
+    m_iLength = m_iScanned = static_cast<std::size_t>(close - text);
+    m_iTag = static_cast<std::size_t>(tag - text);
+  } else {
+    m_iLength = __strlen(m_pPendingText);
+  }
 }
 
 int XmlDecoder::ParseError() {

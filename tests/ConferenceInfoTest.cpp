@@ -275,13 +275,4 @@ TEST(ConferenceInfo, BuiltByTheFactory) {
   EXPECT_EQ(EntryOf<XMLElement>(root->getAnyElementValue(), 0), other.release());
 }
 
-TEST(ConferenceInfo, EveryAllocationMayFail) {
-  const std::string text =
-      In("<conference-description><keywords>a b</keywords><conf-uris><entry x='y'><uri>u</uri>"
-         "</entry></conf-uris></conference-description><users><user><roles><entry>r</entry>"
-         "</roles><languages>en</languages></user></users>");
-  Schema schema(XML_SCHEMA_CONFERENCE_INFO);
-  ExpectWholeOrNothing(schema, text);
-}
-
 }  // namespace

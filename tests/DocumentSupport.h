@@ -33,7 +33,7 @@ class Schema {
     return Tree<T>(static_cast<T*>(reader_->UnMarshall(text.c_str())));
   }
   std::string Write(XMLElement* root) {
-    const char* text = writer_->Marshall(root);
+    const char* text = writer_ ? writer_->Marshall(root) : nullptr;
     return text ? text : "(null)";
   }
   std::string RoundTrip(const std::string& text) { return Write(Read<XMLElement>(text).get()); }
@@ -45,6 +45,18 @@ class Schema {
   XMLContext* context_;
   XMLUnMarshaller* reader_;
   XMLMarshaller* writer_;
+};
+
+/// A schema with the namespaces that `text` declares.
+class BoundSchema : public Schema {
+ public:
+  BoundSchema(eXMLSchemaID id, const std::string& text)
+      : Schema(id), namespaces_(Schema(XML_SCHEMA_NAMESPACE_RETRIEVAL).Read<XMLObject>(text)) {
+    context()->SetNamespaceBinder(namespaces_.get());
+  }
+
+ private:
+  Tree<XMLObject> namespaces_;
 };
 
 inline void ExpectWholeOrNothing(Schema& schema, const std::string& text) {

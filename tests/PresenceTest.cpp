@@ -220,14 +220,4 @@ TEST(Presence, TextsOfCallers) {
   Check<zt_ns_oma_pres_overriding_willingness>("overriding-willingness");
 }
 
-TEST(Presence, EveryAllocationMayFail) {
-  const std::string text = OutTuple(
-      "<status><basic>open</basic></status><caps:servcaps><caps:duplex><caps:supported><caps:full>"
-      "</caps:full></caps:supported></caps:duplex></caps:servcaps><op:service-description>"
-      "<op:version>1</op:version></op:service-description><contact  priority=\"1\">c</contact>"
-      "<timestamp>z</timestamp><note>n</note>");
-  Schema schema(XML_SCHEMA_PRESENCE);
-  ExpectWholeOrNothing(schema, text);
-}
-
 }  // namespace

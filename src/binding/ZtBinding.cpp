@@ -95,16 +95,15 @@ ZtOutcome StoreText(XMLElement& self, const ZtField& field, const char* value,
   }
 }
 
-// The text that came with the end tag of a child which was made there.
-ZtOutcome StoreOwnText(XMLElement& child, const ZtElementType& type, const char* value,
-                       ZtArena* arena) {
+// The text that came with the end tag of a child which was made there. False without memory.
+bool StoreOwnText(XMLElement& child, const ZtElementType& type, const char* value, ZtArena* arena) {
   for (const ZtField& own : type) {
     if (own.IsOwnText() &&
         StoreText(child, own, value, {type.family->source, arena}) == ZtOutcome::kNoMemory) {
-      return ZtOutcome::kAdoptedNoMemory;
+      return false;
     }
   }
-  return ZtOutcome::kAdopted;
+  return true;
 }
 
 class Hook {
@@ -121,7 +120,9 @@ class Hook {
     if (format) ZtLog(kZtLogTrace, m_Type.family->source, line)(format, m_Type.className, a, b);
   }
 
-  ZtOutcome Adopt(XMLElement& self, const ZtField& field, XMLElement* child) const {
+  // Takes a child, at its end with the text that came with it.
+  ZtOutcome Adopt(XMLElement& self, const ZtField& field, XMLElement* child,
+                  const char* ownText) const {
     if (!child) {
       Log(m_Lines.noObject);
       return ZtOutcome::kRefused;
@@ -134,6 +135,9 @@ class Hook {
     if (!ZtIsA(*child, *field.detail.type)) {
       Log(m_Lines.wrongClass, className, field.detail.type->className);
       return ZtOutcome::kRefused;
+    }
+    if (field.atEnd && !StoreOwnText(*child, *field.detail.type, ownText, m_Source.arena)) {
+      return ZtOutcome::kNoMemory;
     }
     if (field.place == ZtPlace::kChild) {
       (self.*field.member.child).Set(child);
@@ -149,7 +153,7 @@ class Hook {
     if (!value) return ZtOutcome::kAccepted;
     XMLElement* child = field.detail.type->maker.Create(m_Source);
     if (!child) return ZtOutcome::kNoMemory;
-    if (StoreOwnText(*child, *field.detail.type, value, m_Source.arena) == ZtOutcome::kAdopted) {
+    if (StoreOwnText(*child, *field.detail.type, value, m_Source.arena)) {
       (self.*field.member.child).Set(child);
       return ZtOutcome::kAccepted;
     }
@@ -236,12 +240,7 @@ ZtOutcome ZtOfferChild(XMLElement& self, const ZtElementType& type, const ZtChil
         if (name.atEnd && field.madeHere) return hook.MakeChild(self, field, value, child);
         // The start of a child that comes with its end tag tells nothing.
         if (!name.atEnd && (field.atEnd || field.madeHere)) return ZtOutcome::kAccepted;
-        if (name.atEnd == field.atEnd) {
-          const ZtOutcome outcome = hook.Adopt(self, field, child);
-          return name.atEnd && outcome == ZtOutcome::kAdopted
-                     ? StoreOwnText(*child, *field.detail.type, value, arena)
-                     : outcome;
-        }
+        if (name.atEnd == field.atEnd) return hook.Adopt(self, field, child, value);
     }
   }
   return hook.UnknownChild(self, name.text, value, child);

@@ -323,8 +323,7 @@ enum class ZtOutcome : unsigned char {
   kRefused,
   kAccepted,  // taken as a text or number, or ignored: an offered object stays the offerer's
   kAdopted,   // the offered object belongs to the element now
-  kNoMemory,
-  kAdoptedNoMemory,  // the object belongs to the element, its text was lost
+  kNoMemory,  // an offered object stays the offerer's
 };
 inline int ZtHookResult(ZtOutcome outcome) {
   return outcome == ZtOutcome::kAccepted || outcome == ZtOutcome::kAdopted;

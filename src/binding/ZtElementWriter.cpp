@@ -88,6 +88,9 @@ namespace {
 
 constexpr std::size_t kMostFlagName = 98;  // the longest that a table may ask for
 
+// Of `x ="1"` the parser keeps the blank: the attribute's name is what stands before it.
+std::size_t NameSize(const char* name) { return std::strcspn(name, " \t\r\n"); }
+
 // The names of the attributes that a tag has. It holds as many as fit into a document: all that are
 // behind those are cut off.
 class NameSet {
@@ -114,11 +117,13 @@ class NameSet {
 
   bool IsFull() const { return m_iCount == kMostNames; }
 
-  // False when `name` is in the set already.
-  bool Insert(const char* name) {
-    std::size_t slot = Hash(name) & m_iMask;
+  // False when the name of `size` bytes is in the set already.
+  bool Insert(const char* name, std::size_t size) {
+    std::size_t slot = Hash(name, size) & m_iMask;
     for (; m_Slots[slot]; slot = (slot + 1) & m_iMask) {
-      if (__strcmp(m_Slots[slot], name) == 0) return false;
+      if (NameSize(m_Slots[slot]) == size && std::memcmp(m_Slots[slot], name, size) == 0) {
+        return false;
+      }
     }
     m_Slots[slot] = name;
     ++m_iCount;
@@ -130,9 +135,11 @@ class NameSet {
   static constexpr std::size_t kMostNames = ZtXMLDocGenerator::kBufferSize / sizeof(" a=\"\"");
 
   // Where the set lies makes the order of the slots one that a document cannot aim at.
-  std::size_t Hash(const char* name) const {
+  std::size_t Hash(const char* name, std::size_t size) const {
     std::uint64_t hash = reinterpret_cast<std::uintptr_t>(this);
-    for (; *name; ++name) hash = (hash ^ static_cast<unsigned char>(*name)) * 0x100000001B3U;
+    for (const char* end = name + size; name != end; ++name) {
+      hash = (hash ^ static_cast<unsigned char>(*name)) * 0x100000001B3U;
+    }
     hash = (hash ^ (hash >> 32)) * 0x9E3779B97F4A7C15U;
     return static_cast<std::size_t>(hash >> 32);
   }
@@ -157,15 +164,20 @@ bool IsSet(const XMLElement& element, const ZtField& field) {
 }
 
 // Whether `name` is one of the attributes that the element's start tag carries anyway.
-bool IsFixed(const ZtElementType& type, const char* name) {
+bool IsFixed(const ZtElementType& type, const char* name, std::size_t nameSize) {
   for (unsigned i = 0; i < type.fixedCount; ++i) {
-    const char* own = ZtName(type.fixed[i].name);
+    const ZtFixedAttribute& fixed = type.fixed[i];
+    const char* own = ZtName(fixed.name);
     const std::size_t size = __strlen(own);
-    if (__strncmp(name, own, size) != 0) continue;
-    const e_XmlStrRef suffix = type.fixed[i].suffix;
-    if (suffix == XML_STR_ZT_NULL
-            ? !name[size]
-            : name[size] == ':' && __strcmp(name + size + 1, ZtName(suffix)) == 0) {
+    if (nameSize < size || std::memcmp(name, own, size) != 0) continue;
+    if (fixed.suffix == XML_STR_ZT_NULL) {
+      if (nameSize == size) return true;
+      continue;
+    }
+    const char* suffix = ZtName(fixed.suffix);
+    const std::size_t suffixSize = __strlen(suffix);
+    if (nameSize == size + 1 + suffixSize && name[size] == ':' &&
+        std::memcmp(name + size + 1, suffix, suffixSize) == 0) {
       return true;
     }
   }
@@ -298,9 +310,12 @@ bool ZtElementWriter::WriteOtherAttributes(ZtListNode* head, const ZtElementType
   for (ZtListNode* node = head; node && !names.IsFull(); node = node->next) {
     const auto* pair = zt_AttributeValuePair::From(static_cast<XMLAttribute*>(node->data));
     const char* name = pair ? pair->getName() : nullptr;
-    if (!name || !*name) continue;
-    if (type && (ZtFindAttribute(*type, ZtNameOf(name)) || IsFixed(*type, name))) continue;
-    if (names.Insert(name)) tag.Add(name, pair->getValue());
+    const std::size_t size = name ? NameSize(name) : 0;
+    if (size == 0) continue;
+    if (type && (ZtFindAttribute(*type, ZtNameId::Of(name, size)) || IsFixed(*type, name, size))) {
+      continue;
+    }
+    if (names.Insert(name, size)) tag.Add(name, pair->getValue());
   }
   return true;
 }

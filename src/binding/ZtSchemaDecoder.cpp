@@ -259,9 +259,8 @@ ZtOutcome ZtSchemaDecoder::Offer(const Open& parent, const ZtChildName& name, ch
   if (!parent.object || !parent.type) return ZtOutcome::kAccepted;
   const ZtOutcome outcome =
       ZtOfferChild(*parent.object, *parent.type, name, value, child, &m_Arena);
-  const bool textLost = outcome == ZtOutcome::kAdoptedNoMemory;
-  if (textLost || outcome == ZtOutcome::kNoMemory) m_bFailed = true;
-  return textLost ? ZtOutcome::kAdopted : outcome;
+  if (outcome == ZtOutcome::kNoMemory) m_bFailed = true;
+  return outcome;
 }
 
 const ZtElementType* ZtSchemaDecoder::CurrentType() const {
