@@ -16,7 +16,6 @@ namespace {
 constexpr std::size_t kLeastBlock = 128;
 constexpr std::size_t kFirstBlock = 1024;
 constexpr std::size_t kMostBlock = 16 * 1024;
-constexpr std::size_t kMostPiece = 256;  // larger ones are the heap's
 constexpr std::size_t kAlignment = alignof(void*);
 
 // Stands before each piece: its block, or null.
@@ -24,11 +23,16 @@ struct Head {
   void* block;
 };
 
-// With an address sanitizer that watches each piece the heap gives them all.
-#if defined(__clang__) && defined(__has_feature)
+// Larger pieces are the heap's; with clang's address sanitizer, which then sees each, all are.
+#if defined(__has_feature)
 #if __has_feature(address_sanitizer)
-#define ZT_ARENA_IS_HEAP
+#define ZT_HEAP_ONLY 1
 #endif
+#endif
+#ifdef ZT_HEAP_ONLY
+constexpr std::size_t kMostPiece = 0;
+#else
+constexpr std::size_t kMostPiece = 256;
 #endif
 
 }  // namespace
@@ -62,9 +66,7 @@ void ZtArena::Retire() {
 }
 
 void* ZtAllocate(std::size_t size, ZtArena* arena) {
-#ifndef ZT_ARENA_IS_HEAP
   if (arena && size <= kMostPiece) return arena->Take(size);
-#endif
   if (size > SIZE_MAX - sizeof(Head)) return nullptr;
   void* memory = __malloc(size + sizeof(Head));
   return memory ? new (memory) Head{nullptr} + 1 : nullptr;
