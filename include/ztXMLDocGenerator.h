@@ -3,8 +3,19 @@
 #define ZTXML_INCLUDE_ZTXMLDOCGENERATOR_H
 
 #include <cstddef>
+#include <cstring>
 
 #include "ZtExport.h"
+
+/// A part of the text, with its size in bytes; null has none.
+struct ZtPiece {
+  const char* text;
+  std::size_t size;
+
+  constexpr ZtPiece(const char* t, std::size_t s) : text(t), size(s) {}
+  ZtPiece(const char* t)  // NOLINT(google-explicit-constructor)
+      : text(t), size(t ? std::strlen(t) : 0) {}
+};
 
 /// Writes what it is told, in order; it knows no schema and no open elements. The text is exact to
 /// the byte: start tags begin on a new line, end tags follow the content, an element name before
@@ -73,12 +84,25 @@ class ZT_API ZtXMLDocGenerator : public ZtNonCopyable {
   bool outOfMemory() const { return m_bOutOfMemory; }
 
  private:
-  void Append(const char* text, std::size_t size);
-  void Append(const char* text);
-  void AppendPrefix();
-  void AppendValue(const char* value);
-  void Start(const char* lead, const char* name, int leaveOpen);
-  void EndAttribute(int selfEnd, int close, bool blank);
+  friend class ZtElementWriter;
+
+  // What the calls above do, for names of known size.
+  void Start(const ZtPiece& name, int leaveOpen);
+  void StartEmpty(const ZtPiece& name);
+  void End(const ZtPiece& name);
+  void TextElement(const ZtPiece& name, const char* text);
+  void Attribute(const ZtPiece& name, const char* value, const ZtPiece& suffix, int selfEnd,
+                 int close);
+
+  template <class... Parts>
+  void Append(const Parts&... parts);
+  template <class Lead, class Tail>
+  void AppendName(const Lead& lead, const ZtPiece& name, const Tail& tail);
+  template <class... Lead>
+  void AppendAttribute(const char* value, const ZtPiece& end, const Lead&... lead);
+  void AppendCut(const ZtPiece& piece);
+  ZtPiece Value(const char* value, char*& escaped);
+  ZtPiece EndOfAttribute(int selfEnd, int close, bool blank);
 
   int initialised;
   int headerAdded;
@@ -87,7 +111,8 @@ class ZT_API ZtXMLDocGenerator : public ZtNonCopyable {
   char* buffer;    // owned
   char* nsPrefix;  // owned
 
-  std::size_t m_iLength;  // of the text, so that an append costs its own size only
+  std::size_t m_iLength;      // of the text, so that an append costs its own size only
+  std::size_t m_iPrefixSize;  // of nsPrefix
   bool m_bCutReported;
   bool m_bOutOfMemory;
 };

@@ -7,6 +7,41 @@ constexpr char kSource[] = "src/ztXMLDocGenerator";
 constexpr int kEscapeLine = 880;  // the line under which log readers know this failure
 constexpr char kQuote[] = "&quot;";
 constexpr std::size_t kQuoteGrowth = sizeof(kQuote) - 2;
+
+// Parts of the text: literals, of which the compiler knows the sizes, and pieces.
+template <std::size_t N>
+constexpr std::size_t SizeOf(const char (&)[N]) {
+  return N - 1;
+}
+constexpr std::size_t SizeOf(const ZtPiece& piece) { return piece.size; }
+
+template <std::size_t N>
+char* Copy(char* to, const char (&literal)[N]) {
+  std::memcpy(to, literal, N - 1);
+  return to + N - 1;
+}
+// Most pieces are short: a call would cost more than the copy.
+char* Copy(char* to, const ZtPiece& piece) {
+  const char* from = piece.text;
+  const std::size_t size = piece.size;
+  if (size > 32) {
+    std::memcpy(to, from, size);
+  } else if (size > 16) {
+    std::memcpy(to, from, 16);
+    std::memcpy(to + size - 16, from + size - 16, 16);
+  } else if (size >= 8) {
+    std::memcpy(to, from, 8);
+    std::memcpy(to + size - 8, from + size - 8, 8);
+  } else if (size >= 4) {
+    std::memcpy(to, from, 4);
+    std::memcpy(to + size - 4, from + size - 4, 4);
+  } else if (size) {
+    to[0] = from[0];
+    to[size / 2] = from[size / 2];
+    to[size - 1] = from[size - 1];
+  }
+  return to + size;
+}
 }  // namespace
 
 ZtXMLDocGenerator::ZtXMLDocGenerator()
@@ -17,6 +52,7 @@ ZtXMLDocGenerator::ZtXMLDocGenerator()
       buffer(nullptr),
       nsPrefix(nullptr),
       m_iLength(0),
+      m_iPrefixSize(0),
       m_bCutReported(false),
       m_bOutOfMemory(false) {}
 
@@ -25,12 +61,25 @@ ZtXMLDocGenerator::~ZtXMLDocGenerator() {
   __free(nsPrefix);
 }
 
+// Appends all parts at once when they fit, else one by one up to the end of the buffer.
+template <class... Parts>
+void ZtXMLDocGenerator::Append(const Parts&... parts) {
+  const std::size_t size = (SizeOf(parts) + ...);
+  if (size > kBufferSize - 1 - m_iLength) {
+    (AppendCut(parts), ...);
+    return;
+  }
+  char* to = buffer + m_iLength;
+  ((to = Copy(to, parts)), ...);
+  m_iLength += size;
+}
+
 // ---- Document -----------------------------------------------------------------------------------
 
 void ZtXMLDocGenerator::ztInitXmlDoc() {
   if (initialised == 1) return;
   ztDeInitXmlDoc();
-  buffer = static_cast<char*>(__calloc(1, kBufferSize));
+  buffer = static_cast<char*>(__malloc(kBufferSize));
   m_bOutOfMemory = !buffer;
   initialised = 1;
 }
@@ -40,20 +89,20 @@ void ZtXMLDocGenerator::ztDeInitXmlDoc() {
   __free(nsPrefix);
   buffer = nsPrefix = nullptr;
   initialised = headerAdded = headerAllowed = tagOpen = 0;
-  m_iLength = 0;
+  m_iLength = m_iPrefixSize = 0;
   m_bCutReported = false;
 }
 
-char* ZtXMLDocGenerator::ztGetXmlDoc() { return buffer; }
+char* ZtXMLDocGenerator::ztGetXmlDoc() {
+  if (buffer) buffer[m_iLength] = '\0';
+  return buffer;
+}
 
 void ZtXMLDocGenerator::ztAddHeader(const char* version, const char* encoding) {
   if (!buffer || headerAdded != 0 || (m_iLength != 0 && headerAllowed != 1)) return;
   m_iLength = 0;
-  Append("<?xml version=\"");
-  Append(version ? version : "1.0");
-  Append("\" encoding=\"");
-  Append(encoding ? encoding : "ISO-8859-15");
-  Append("\"?>");
+  Append("<?xml version=\"", ZtPiece(version ? version : "1.0"), "\" encoding=\"",
+         ZtPiece(encoding ? encoding : "ISO-8859-15"), "\"?>");
   headerAdded = 1;
 }
 
@@ -62,50 +111,59 @@ void ZtXMLDocGenerator::ztResetHeader() {
   headerAdded = headerAllowed = tagOpen = 0;
   __free(nsPrefix);
   nsPrefix = nullptr;
-  __memset(buffer, 0, kBufferSize);
-  m_iLength = 0;
+  m_iLength = m_iPrefixSize = 0;
   m_bCutReported = false;
 }
 
 void ZtXMLDocGenerator::ztAddComment(const char* text) {
   if (!buffer || !text) return;
-  Append("\n<!--");
-  Append(text);
-  Append(" -->");
+  Append("\n<!--", ZtPiece(text), " -->");
 }
 
 void ZtXMLDocGenerator::ztSetXmlNamespace(const char* prefix) {
   if (!buffer || m_iLength == kBufferSize - 1) return;
   char* copy = prefix ? __strdup(prefix) : nullptr;
   if (prefix && !copy) m_bOutOfMemory = true;
+  m_iPrefixSize = copy ? __strlen(copy) : 0;
   __free(nsPrefix);
   nsPrefix = copy;
 }
 
 // ---- Start tags ---------------------------------------------------------------------------------
 
-void ZtXMLDocGenerator::Start(const char* lead, const char* name, int leaveOpen) {
-  if (!buffer || !name) return;
-  tagOpen = leaveOpen;
-  Append(lead);
-  AppendPrefix();
-  Append(name);
-  Append(leaveOpen == 1 ? " " : ">", 1);
+// `lead`, the name with the current prefix, `tail`.
+template <class Lead, class Tail>
+void ZtXMLDocGenerator::AppendName(const Lead& lead, const ZtPiece& name, const Tail& tail) {
+  if (nsPrefix) {
+    Append(lead, ZtPiece(nsPrefix, m_iPrefixSize), ":", name, tail);
+  } else {
+    Append(lead, name, tail);
+  }
 }
 
-void ZtXMLDocGenerator::ztStartElement(const char* name, int leaveOpen) {
-  Start("\n<", name, leaveOpen);
+void ZtXMLDocGenerator::Start(const ZtPiece& name, int leaveOpen) {
+  if (!buffer || !name.text) return;
+  tagOpen = leaveOpen;
+  if (leaveOpen == 1) {
+    AppendName("\n<", name, " ");
+  } else {
+    AppendName("\n<", name, ">");
+  }
 }
+
+void ZtXMLDocGenerator::ztStartElement(const char* name, int leaveOpen) { Start(name, leaveOpen); }
 
 void ZtXMLDocGenerator::ztStartElementWithoutNL(const char* name, int leaveOpen) {
-  Start("<", name, leaveOpen);
+  if (!buffer || !name) return;
+  tagOpen = leaveOpen;
+  AppendName("<", name, ZtPiece(leaveOpen == 1 ? " " : ">", 1));
 }
 
 void ZtXMLDocGenerator::ztStartElementNs(const char* name, const char* prefix, const char* uri,
                                          int leaveOpen) {
   if (!buffer) return;
   if (tagOpen == 1) {
-    Append(">", 1);
+    Append(">");
     tagOpen = 0;
   }
   if (!name) return;
@@ -114,52 +172,51 @@ void ZtXMLDocGenerator::ztStartElementNs(const char* name, const char* prefix, c
     return;
   }
   tagOpen = leaveOpen;
-  Append("\n<");
-  Append(prefix);
-  Append(":", 1);
-  Append(name);
-  Append(" xmlns:");
-  Append(prefix);
-  Append("=\"");
-  Append(uri);
-  Append("\"", 1);
-  Append(leaveOpen == 1 ? " " : ">", 1);
+  const ZtPiece own(prefix);
+  Append("\n<", own, ":", ZtPiece(name), " xmlns:", own, "=\"", ZtPiece(uri), "\"",
+         ZtPiece(leaveOpen == 1 ? " " : ">", 1));
 }
 
-void ZtXMLDocGenerator::ztStartElementSelfEnding(const char* name) {
-  if (!buffer || !name) return;
-  Append("\n<");
-  AppendPrefix();
-  Append(name);
-  Append("/>");
+void ZtXMLDocGenerator::StartEmpty(const ZtPiece& name) {
+  if (buffer && name.text) AppendName("\n<", name, "/>");
 }
+
+void ZtXMLDocGenerator::ztStartElementSelfEnding(const char* name) { StartEmpty(name); }
 
 // ---- Attributes ---------------------------------------------------------------------------------
 
 // What ends an attribute also ends the start tag, which is then not open any more.
-void ZtXMLDocGenerator::EndAttribute(int selfEnd, int close, bool blank) {
-  if (selfEnd == 1) {
-    Append("/>");
-  } else if (close == 1) {
-    Append(">", 1);
-  } else {
-    if (blank) Append(" ", 1);
-    return;
-  }
+ZtPiece ZtXMLDocGenerator::EndOfAttribute(int selfEnd, int close, bool blank) {
+  if (selfEnd != 1 && close != 1) return {" ", blank ? 1U : 0U};
   tagOpen = 0;
+  return selfEnd == 1 ? ZtPiece("/>", 2) : ZtPiece(">", 1);
+}
+
+// The value as it is written; `escaped` is to be freed behind its use.
+ZtPiece ZtXMLDocGenerator::Value(const char* value, char*& escaped) {
+  const ZtPiece piece(value);
+  if (!piece.size || !std::memchr(value, '"', piece.size)) return piece;
+  escaped = escapeString(value);
+  if (!escaped) m_bOutOfMemory = true;
+  return escaped;
+}
+
+// `lead`, the attribute's name, value and end.
+template <class... Lead>
+void ZtXMLDocGenerator::AppendAttribute(const char* value, const ZtPiece& end,
+                                        const Lead&... lead) {
+  char* escaped = nullptr;
+  Append(lead..., "=\"", Value(value, escaped), "\"", end);
+  __free(escaped);
 }
 
 void ZtXMLDocGenerator::ztStartAttribute(const char* name, const char* value, int useNs,
                                          int selfEnd, int close) {
   if (!buffer || !name || tagOpen != 1) return;
-  if (nsPrefix && useNs == 1) {
-    Append(" ", 1);
-    Append(nsPrefix);
-    if (*nsPrefix) Append(":", 1);
-  }
-  Append(name);
-  AppendValue(value);
-  EndAttribute(selfEnd, close, false);
+  const bool prefixed = nsPrefix && useNs == 1;
+  AppendAttribute(value, EndOfAttribute(selfEnd, close, false), ZtPiece(" ", prefixed ? 1U : 0U),
+                  ZtPiece(nsPrefix, prefixed ? m_iPrefixSize : 0),
+                  ZtPiece(":", prefixed && *nsPrefix ? 1U : 0U), ZtPiece(name));
 }
 
 void ZtXMLDocGenerator::ztStartAttributeNs(const char* name, const char* value, const char* prefix,
@@ -169,97 +226,66 @@ void ZtXMLDocGenerator::ztStartAttributeNs(const char* name, const char* value, 
     return;
   }
   if (!buffer || !name || tagOpen != 1) return;
-  Append(" ", 1);
-  Append(prefix);
-  Append(":", 1);
-  Append(name);
-  AppendValue(value);
-  EndAttribute(selfEnd, close, true);
+  AppendAttribute(value, EndOfAttribute(selfEnd, close, true), " ", ZtPiece(prefix), ":",
+                  ZtPiece(name));
+}
+
+void ZtXMLDocGenerator::Attribute(const ZtPiece& name, const char* value, const ZtPiece& suffix,
+                                  int selfEnd, int close) {
+  if (!buffer || !name.text) return;
+  const ZtPiece end = EndOfAttribute(selfEnd, close, true);
+  if (suffix.text) {
+    AppendAttribute(value, end, " ", name, ":", suffix);
+  } else {
+    AppendAttribute(value, end, " ", name);
+  }
 }
 
 void ZtXMLDocGenerator::ztAddNameSpacePrefixToXml(const char* name, const char* value,
                                                   const char* suffix, int selfEnd, int close) {
-  if (!buffer || !name) return;
-  Append(" ", 1);
-  Append(name);
-  if (suffix) {
-    Append(":", 1);
-    Append(suffix);
-  }
-  AppendValue(value);
-  EndAttribute(selfEnd, close, true);
+  Attribute(name, value, suffix, selfEnd, close);
 }
 
 // ---- Text and end tags --------------------------------------------------------------------------
 
 void ZtXMLDocGenerator::ztXmlSetData(const char* text) {
   if (!buffer) return;
-  if (tagOpen == 1) Append(">", 1);
-  Append(text ? text : " ");
+  Append(ZtPiece(">", tagOpen == 1 ? 1U : 0U), ZtPiece(text ? text : " "));
   tagOpen = 0;
 }
 
-void ZtXMLDocGenerator::ztEndXmlElement(const char* name) {
-  if (!buffer || !name) return;
-  Append("</");
-  AppendPrefix();
-  Append(name);
-  Append(">", 1);
+void ZtXMLDocGenerator::End(const ZtPiece& name) {
+  if (!buffer || !name.text) return;
+  AppendName("</", name, ">");
   tagOpen = 0;
 }
+
+// An element with a text and nothing else.
+void ZtXMLDocGenerator::TextElement(const ZtPiece& name, const char* text) {
+  Start(name, 0);
+  if (buffer) Append(ZtPiece(text ? text : " "));
+  End(name);
+}
+
+void ZtXMLDocGenerator::ztEndXmlElement(const char* name) { End(name); }
 
 void ZtXMLDocGenerator::ztEndXmlElementNs(const char* name, const char* prefix) {
   if (!buffer || !name) return;
   if (!prefix) prefix = nsPrefix;
-  Append("\n</");
-  if (prefix) {
-    Append(prefix);
-    Append(":", 1);
-  }
-  Append(name);
-  Append(">", 1);
+  Append("\n</", ZtPiece(prefix), ZtPiece(":", prefix ? 1U : 0U), ZtPiece(name), ">");
   tagOpen = 0;
 }
 
 // ---- Appending ----------------------------------------------------------------------------------
 
-void ZtXMLDocGenerator::Append(const char* text) { Append(text, __strlen(text)); }
-
-void ZtXMLDocGenerator::Append(const char* text, std::size_t size) {
+void ZtXMLDocGenerator::AppendCut(const ZtPiece& piece) {
   const std::size_t room = kBufferSize - 1 - m_iLength;
-  if (size > room) {
-    size = room;
-    if (!m_bCutReported) {
-      m_bCutReported = true;
-      ZtLog(kZtLogError, kSource)("ZtXMLDocGenerator :: document cut at 32767 characters");
-    }
+  const std::size_t size = piece.size < room ? piece.size : room;
+  if (size < piece.size && !m_bCutReported) {
+    m_bCutReported = true;
+    ZtLog(kZtLogError, kSource)("ZtXMLDocGenerator :: document cut at 32767 characters");
   }
-  std::memcpy(buffer + m_iLength, text, size);
-  m_iLength += size;
-  buffer[m_iLength] = '\0';
-}
-
-// A full document needs no prefix: a long one is not gone through for each tag that is cut off.
-void ZtXMLDocGenerator::AppendPrefix() {
-  if (!nsPrefix || m_iLength == kBufferSize - 1) return;
-  Append(nsPrefix);
-  Append(":", 1);
-}
-
-void ZtXMLDocGenerator::AppendValue(const char* value) {
-  Append("=\"");
-  if (value && __strchr(value, '"')) {
-    char* escaped = escapeString(value);
-    if (escaped) {
-      Append(escaped);
-    } else {
-      m_bOutOfMemory = true;
-    }
-    __free(escaped);
-  } else if (value) {
-    Append(value);
-  }
-  Append("\"", 1);
+  m_iLength = static_cast<std::size_t>(Copy(buffer + m_iLength, {piece.text, size}) - buffer);
 }
 
 char* ZtXMLDocGenerator::escapeString(const char* text) {

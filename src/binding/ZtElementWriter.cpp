@@ -31,8 +31,8 @@ class ZtElementWriter::Prefix {
 // known whether another follows. A tag that is never closed stays open in the text.
 class ZtElementWriter::StartTag {
  public:
-  StartTag(ZtXMLDocGenerator& writer, const char* element)
-      : m_Writer(writer), m_pElement(element) {}
+  StartTag(ZtXMLDocGenerator& writer, const ZtPiece& element)
+      : m_Writer(writer), m_Element(element) {}
   ~StartTag() {
     Settle(0, 0);
     Open();
@@ -41,22 +41,22 @@ class ZtElementWriter::StartTag {
   StartTag& operator=(const StartTag&) = delete;
 
   // The texts are borrowed until the next attribute or the end of the tag.
-  void Add(const char* name, const char* value, const char* suffix = nullptr) {
+  void Add(const ZtPiece& name, const char* value, const ZtPiece& suffix = nullptr) {
     Settle(0, 0);
-    m_pName = name;
+    m_Name = name;
     m_pValue = value;
-    m_pSuffix = suffix;
+    m_Suffix = suffix;
     m_iBuffer ^= 1;  // the value may stand in the buffer last given out
   }
   char* Buffer() { return m_Buffers[m_iBuffer]; }
-  bool IsEmpty() const { return !m_bStarted && !m_pName; }
+  bool IsEmpty() const { return !m_bStarted && !m_Name.text; }
   void Close(bool selfEnd) {
-    if (m_pName) {
+    if (m_Name.text) {
       Settle(selfEnd ? 1 : 0, 1);
     } else if (selfEnd) {
-      m_Writer.ztStartElementSelfEnding(m_pElement);
+      m_Writer.StartEmpty(m_Element);
     } else {
-      m_Writer.ztStartElement(m_pElement, 0);
+      m_Writer.Start(m_Element, 0);
     }
     m_bStarted = true;
   }
@@ -65,20 +65,20 @@ class ZtElementWriter::StartTag {
   void Open() {
     if (m_bStarted) return;
     m_bStarted = true;
-    m_Writer.ztStartElement(m_pElement, 1);
+    m_Writer.Start(m_Element, 1);
   }
   void Settle(int selfEnd, int close) {
-    if (!m_pName) return;
+    if (!m_Name.text) return;
     Open();
-    m_Writer.ztAddNameSpacePrefixToXml(m_pName, m_pValue, m_pSuffix, selfEnd, close);
-    m_pName = nullptr;
+    m_Writer.Attribute(m_Name, m_pValue, m_Suffix, selfEnd, close);
+    m_Name.text = nullptr;
   }
 
   ZtXMLDocGenerator& m_Writer;
-  const char* m_pElement;
-  const char* m_pName = nullptr;
+  const ZtPiece m_Element;
+  ZtPiece m_Name = nullptr;
   const char* m_pValue = nullptr;
-  const char* m_pSuffix = nullptr;
+  ZtPiece m_Suffix = nullptr;
   char m_Buffers[2][kZtNumberSize];
   int m_iBuffer = 0;
   bool m_bStarted = false;
@@ -219,7 +219,7 @@ int ZtElementWriter::WriteNested(XMLElement& element, const ZtElementType& type,
   if (type.selfClosing) return 1;
   const bool written =
       type.contentHook ? type.contentHook(*this, element, type) : WriteChildren(element, type);
-  if (written && tagged) m_Writer.ztEndXmlElement(ZtName(name));
+  if (written && tagged) End(name);
   return written;
 }
 
@@ -264,12 +264,12 @@ bool ZtElementWriter::HasRequired(const XMLElement& element, const ZtElementType
 
 bool ZtElementWriter::WriteStartTag(const XMLElement& element, const ZtElementType& type,
                                     ZtNameId name) {
-  StartTag tag(m_Writer, ZtName(name));
+  StartTag tag(m_Writer, PieceOf(name));
   bool awaited = false;
   for (unsigned i = 0; i < type.fixedCount; ++i) {
     const ZtFixedAttribute& fixed = type.fixed[i];
-    tag.Add(ZtName(fixed.name), ZtName(fixed.value),
-            fixed.suffix == XML_STR_ZT_NULL ? nullptr : ZtName(fixed.suffix));
+    tag.Add(PieceOf(fixed.name), ZtName(fixed.value),
+            fixed.suffix == XML_STR_ZT_NULL ? ZtPiece(nullptr) : PieceOf(fixed.suffix));
   }
   for (const ZtField& field : type) {
     if (field.place == ZtPlace::kOtherAttributes) {
@@ -281,14 +281,14 @@ bool ZtElementWriter::WriteStartTag(const XMLElement& element, const ZtElementTy
     const char* text = ZtFieldText(element, field, tag.Buffer());
     if (!text) Log(field.lineLevel, field.line);
     if (!text && field.required) return false;
-    if (text || field.always) tag.Add(ZtName(field.name), text);
+    if (text || field.always) tag.Add(PieceOf(field.name), text);
   }
   if (!awaited && (!type.staysOpen || !tag.IsEmpty())) tag.Close(type.selfClosing);
   return true;
 }
 
 bool ZtElementWriter::Start(ZtNameId name, ZtSingleElementList* attributes) {
-  StartTag tag(m_Writer, ZtName(name));
+  StartTag tag(m_Writer, PieceOf(name));
   if (attributes && !WriteOtherAttributes(attributes->GetPtrToListHead(), nullptr, tag)) {
     return false;
   }
@@ -328,9 +328,7 @@ int ZtElementWriter::WriteText(const ZtField& field, const char* text) {
 }
 
 void ZtElementWriter::WriteText(ZtNameId name, const char* text) {
-  m_Writer.ztStartElement(ZtName(name), 0);
-  m_Writer.ztXmlSetData(text);
-  m_Writer.ztEndXmlElement(ZtName(name));
+  m_Writer.TextElement(PieceOf(name), text);
 }
 
 bool ZtElementWriter::WriteField(const XMLElement& element, const ZtField& field) {

@@ -39,8 +39,8 @@ class ZtElementWriter {
   // The same, in pieces: a start tag with a list of attributes (null: none; false without memory),
   // an element without content, an end tag; and a line under the marshaller's file.
   bool Start(ZtNameId name, ZtSingleElementList* attributes = nullptr);
-  void WriteEmpty(ZtNameId name) { m_Writer.ztStartElementSelfEnding(ZtName(name)); }
-  void End(ZtNameId name) { m_Writer.ztEndXmlElement(ZtName(name)); }
+  void WriteEmpty(ZtNameId name) { m_Writer.StartEmpty(PieceOf(name)); }
+  void End(ZtNameId name) { m_Writer.End(PieceOf(name)); }
   template <class... Args>
   void Log(int level, const char* format, Args... args) const {
     if (format) ZtLog(level, m_Scope.source)(format, args...);
@@ -54,6 +54,7 @@ class ZtElementWriter {
   class Prefix;
   class StartTag;
 
+  static ZtPiece PieceOf(ZtNameId name) { return {name.Text(), name.Size()}; }
   int WriteNested(XMLElement& element, const ZtElementType& type, e_XmlStrRef prefix,
                   ZtNameId name);
   int WriteFlag(const zt_empty_element_type& flag, const ZtFlag& how);
