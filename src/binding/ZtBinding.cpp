@@ -204,6 +204,7 @@ unsigned ZtEnumTable::Find(const char* value) const {
   const std::size_t size = __strlen(value);
   for (unsigned i = 0; i < searched; ++i) {
     const char* slot = slots[i];
+    if (*slot != *value && *slot) continue;
     const std::size_t slotSize = __strlen(slot);
     if (slotSize > size || (!byPrefix && slotSize != size)) continue;
     if (std::memcmp(slot, value, slotSize) == 0) return i;
