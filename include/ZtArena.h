@@ -7,8 +7,9 @@
 
 #include "ZtExport.h"
 
-/// Memory for what is read together. Every piece is freed on its own, by ZtFree, on any thread and
-/// also after the arena is gone; a block of the arena is released with the last piece in it.
+/// Memory for what is read together. Every piece is freed on its own, by ZtFree, also after the
+/// arena is gone; a block of the arena is released with the last piece in it. The pieces of one
+/// arena belong to one thread at a time.
 class ZT_API ZtArena {
  public:
   ZtArena() = default;

@@ -9,12 +9,15 @@
 
 #include "XMLElement.h"
 #include "XMLList.h"
+#include "ZtArena.h"
 
 /// A heap copy of a text.
 class ZT_API ZtText {
  public:
   ZtText() = default;
-  ~ZtText();
+  ~ZtText() {
+    if (m_pText) ZtFree(m_pText);
+  }
   ZtText(const ZtText&) = delete;
   ZtText& operator=(const ZtText&) = delete;
 
@@ -36,7 +39,9 @@ class ZT_API ZtText {
 class ZT_API ZtChild {
  public:
   ZtChild() = default;
-  ~ZtChild();
+  ~ZtChild() {
+    if (m_pChild) Set(nullptr);
+  }
   ZtChild(const ZtChild&) = delete;
   ZtChild& operator=(const ZtChild&) = delete;
 
@@ -54,7 +59,9 @@ template <class Item>
 class ZT_API ZtOwnedList {
  public:
   ZtOwnedList() = default;
-  ~ZtOwnedList();
+  ~ZtOwnedList() {
+    if (m_pList) Set(nullptr);
+  }
   ZtOwnedList(const ZtOwnedList&) = delete;
   ZtOwnedList& operator=(const ZtOwnedList&) = delete;
 

@@ -1,13 +1,11 @@
 #include "ZtArena.h"
 
-#include <atomic>
-
 #include "ztPlatform.h"
 
 // The pieces of a block that are not freed yet. While the arena takes from it, frees count below
 // zero; when it is retired, what was taken is added, and who brings the sum to zero releases it.
 struct ZtArena::Block {
-  std::atomic<long> live;
+  long live;
   std::size_t size;  // with this head
 };
 
@@ -45,7 +43,7 @@ void* ZtArena::Take(std::size_t size) {
     auto* block = static_cast<Block*>(__malloc(room));
     if (!block) return nullptr;
     Retire();
-    m_pBlock = new (block) Block{{0}, room};
+    m_pBlock = new (block) Block{0, room};
     m_iUsed = sizeof(Block);
     m_iNext = 2 * room < kMostBlock ? 2 * room : kMostBlock;
   }
@@ -60,7 +58,7 @@ void ZtArena::Expect(std::size_t bytes) {
 }
 
 void ZtArena::Retire() {
-  if (m_pBlock && m_pBlock->live.fetch_add(m_iTaken) + m_iTaken == 0) __free(m_pBlock);
+  if (m_pBlock && (m_pBlock->live += m_iTaken) == 0) __free(m_pBlock);
   m_pBlock = nullptr;
   m_iTaken = 0;
 }
@@ -78,7 +76,7 @@ void ZtFree(void* piece) {
   auto* block = static_cast<ZtArena::Block*>(head->block);
   if (!block) {
     __free(head);
-  } else if (block->live.fetch_sub(1) == 1) {
+  } else if (--block->live == 0) {
     __free(block);
   }
 }

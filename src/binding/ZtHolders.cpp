@@ -55,8 +55,6 @@ void ReleaseList(ZtSingleElementList* list) {
 
 }  // namespace
 
-ZtText::~ZtText() { ZtFree(m_pText); }
-
 bool ZtText::Set(const char* text, ZtArena* arena) {
   char* copy = nullptr;
   if (text) {
@@ -69,19 +67,12 @@ bool ZtText::Set(const char* text, ZtArena* arena) {
   return copy || !text;
 }
 
-ZtChild::~ZtChild() { Release(m_pChild); }
-
 int ZtChild::Set(XMLElement* child) {
   if (child == m_pChild) return 1;
   XMLElement* old = m_pChild;
   m_pChild = child;
   Release(old);
   return 1;
-}
-
-template <class Item>
-ZtOwnedList<Item>::~ZtOwnedList() {
-  ReleaseList<Item>(m_pList);
 }
 
 template <class Item>

@@ -24,10 +24,15 @@ constexpr std::size_t Hash(const char* text, std::size_t size) {
   return ((size * 31 + at(0)) * 31 + at(size / 2)) * 31 + at(size - 1);
 }
 
-// Where to look for a name: open addressing, an id + 1 in each slot, 0 in free ones.
+// Where to look for a name: open addressing, size 0 in free slots.
 struct Index {
-  static constexpr std::size_t kSlots = 1024;
-  std::uint16_t slots[kSlots] = {};
+  struct Slot {
+    std::uint16_t id;
+    std::uint8_t size;
+    char first;
+  };
+  static constexpr std::size_t kSlots = 2048;
+  Slot slots[kSlots] = {};
 
   constexpr Index() {
     const char* const texts[] = {
@@ -39,12 +44,30 @@ struct Index {
     // Of equal texts the first comes first; "ZT_NULL" is the name of no element.
     for (std::size_t id = 1; id < kZtNameCount; ++id) {
       std::size_t slot = Hash(texts[id], kSizes[id]) % kSlots;
-      while (slots[slot]) slot = (slot + 1) % kSlots;
-      slots[slot] = static_cast<std::uint16_t>(id + 1);
+      while (slots[slot].size) slot = (slot + 1) % kSlots;
+      slots[slot] = {static_cast<std::uint16_t>(id), kSizes[id], texts[id][0]};
     }
   }
 };
 constexpr Index kIndex;
+
+template <class Word>
+bool SameEnds(const char* a, const char* b, std::size_t size) {
+  Word words[4];
+  std::memcpy(&words[0], a, sizeof(Word));
+  std::memcpy(&words[1], b, sizeof(Word));
+  std::memcpy(&words[2], a + size - sizeof(Word), sizeof(Word));
+  std::memcpy(&words[3], b + size - sizeof(Word), sizeof(Word));
+  return words[0] == words[1] && words[2] == words[3];
+}
+
+// Nearly all names have less than 17 bytes: a call would cost more than the comparison.
+bool Same(const char* a, const char* b, std::size_t size) {
+  if (size > 16) return std::memcmp(a, b, size) == 0;
+  if (size >= 8) return SameEnds<std::uint64_t>(a, b, size);
+  if (size >= 4) return SameEnds<std::uint32_t>(a, b, size);
+  return a[0] == b[0] && a[size / 2] == b[size / 2] && a[size - 1] == b[size - 1];
+}
 
 const char* TextOf(int id) {
   return id < kXmlStrRefCount
@@ -56,11 +79,11 @@ const char* TextOf(int id) {
 
 ZtNameId ZtNameId::Of(const char* text, std::size_t size) {
   if (size == 0) return kZtNoName;
-  for (std::size_t slot = Hash(text, size) % Index::kSlots; kIndex.slots[slot];
-       slot = (slot + 1) % Index::kSlots) {
-    const int id = kIndex.slots[slot] - 1;
-    if (kSizes[id] == size && std::memcmp(TextOf(id), text, size) == 0) {
-      return static_cast<ZtExtraName>(id);
+  for (std::size_t at = Hash(text, size) % Index::kSlots; kIndex.slots[at].size;
+       at = (at + 1) % Index::kSlots) {
+    const Index::Slot& slot = kIndex.slots[at];
+    if (slot.size == size && slot.first == *text && Same(TextOf(slot.id), text, size)) {
+      return static_cast<ZtExtraName>(slot.id);
     }
   }
   return kZtNoName;
