@@ -67,6 +67,11 @@ class ZT_API XmlDecoder : public ZtNonCopyable {
   /// completed by the next one; text cut so is lost.
   int Decode(char* n_strXML, int n_count);
 
+  /// The same as Decode for the first `size` bytes of `text`, memory of the device platform layer
+  /// that the parser takes and frees; it has room for a NUL behind them and no NUL among them. Only
+  /// for a parser that has no pending text.
+  int DecodeWhole(char* text, std::size_t size);
+
   /// Frees the pending text and the stack with its sentinel. The state stays; a decoder that was
   /// in the middle of a document cannot go on with it.
   void ResetXmlDecoder();

@@ -43,7 +43,8 @@ class ZT_API ZtUnMarshaller : public XMLUnMarshaller {
 
  private:
   friend class ZtContext;
-  XMLElement* Read(const char* xml) const;
+  XMLElement* Read(const char* xml, char* copy) const;
+  bool Parse(const char* xml, char* copy, XMLElement*& root) const;
 
   const ZtContext* m_pContext = nullptr;  // null for a worker that no context made
 };

@@ -104,6 +104,19 @@ int XmlDecoder::Decode(char* n_strXML, int n_count) {
   return Continue();
 }
 
+int XmlDecoder::DecodeWhole(char* text, std::size_t size) {
+  Log(kZtLogTrace)("XmlDecoder::n_count = %d", static_cast<int>(size));
+  __free(m_pPendingText);
+  m_pPendingText = text;
+  m_iLength = size;
+  m_iCapacity = size + 1;
+  if (size == 0) {
+    Log(kZtLogTrace)("XmlDecoder::Decode n_strXML is null");
+    return ZT_XML_ERROR;
+  }
+  return Continue();
+}
+
 // Adds the chunk to the pending text. The buffer doubles, so that feeding byte by byte stays
 // linear. 0, or -1 with everything as it was.
 int XmlDecoder::AppendText(const char* text, int count) {

@@ -221,7 +221,9 @@ ZtOutcome ZtOfferChild(XMLElement& self, const ZtElementType& type, const ZtChil
   }
   ZtOutcome hooked = ZtOutcome::kAccepted;
   if (type.childHook && type.childHook(self, name.text, value, child, hooked)) return hooked;
-  for (const ZtField& field : type) {
+  const ZtField* const end = type.names.MayHave(name.id) ? type.end() : type.begin();
+  for (const ZtField* at = type.begin(); at != end; ++at) {
+    const ZtField& field = *at;
     if (field.name != name.id || field.IsAttribute() || !field.HasName()) continue;
     // Only the plain name without an object is that text; all else is nobody's.
     if (field.fromAttribute) {
@@ -248,6 +250,7 @@ ZtOutcome ZtOfferChild(XMLElement& self, const ZtElementType& type, const ZtChil
 }
 
 const ZtField* ZtFindAttribute(const ZtElementType& type, ZtNameId name) {
+  if (!type.names.MayHave(name)) return nullptr;
   for (const ZtField& field : type) {
     if (field.name == name && field.place == ZtPlace::kAttribute) return &field;
   }
@@ -255,6 +258,7 @@ const ZtField* ZtFindAttribute(const ZtElementType& type, ZtNameId name) {
 }
 
 const ZtField* ZtFindChild(const ZtElementType& type, ZtNameId name) {
+  if (!type.names.MayHave(name)) return nullptr;
   for (const ZtField& field : type) {
     if (field.name == name && !field.IsAttribute() && field.HasName()) return &field;
   }

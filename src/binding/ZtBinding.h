@@ -372,6 +372,7 @@ struct ZtElementType {
   e_XmlStrRef prefix = XML_STR_ZT_NULL;  // written with it and all that is in it
   std::uint8_t fieldCount = 0;
   std::uint8_t fixedCount = 0;
+  ZtNameFilter names = {};  // of the rows
   // What the rows hold: one of a text that comes as an attribute, one of other attributes.
   bool textsFromAttributes = false;
   bool keepsAttributes = false;
@@ -389,6 +390,7 @@ struct ZtElementType {
     type.fields = rows;
     type.fieldCount = static_cast<std::uint8_t>(N);
     for (const ZtField& row : rows) {
+      type.names.Add(row.name);
       type.textsFromAttributes = type.textsFromAttributes || row.fromAttribute;
       type.keepsAttributes = type.keepsAttributes || row.place == ZtPlace::kOtherAttributes;
     }

@@ -49,21 +49,19 @@ XMLElement* ZtUnMarshaller::UnMarshall(const char* xml) {
                                         document.unMarshaller);
     return nullptr;
   }
-  XMLElement* root = Read(copy);
-  __free(copy);
-  return root;
+  return Read(xml, copy);
 }
 
 XMLElement* ZtUnMarshaller::UnMarshall(XMLFile* file) {
   const char* text = file ? file->Read() : nullptr;
   if (!text) return nullptr;
   LogInput(Document(), Document().lines.fileInput, text);
-  return Read(text);
+  return Read(text, nullptr);
 }
 
-XMLElement* ZtUnMarshaller::Read(const char* xml) const {
+XMLElement* ZtUnMarshaller::Read(const char* xml, char* copy) const {
   XMLElement* root = nullptr;
-  const bool done = Parse(xml, root);
+  const bool done = Parse(xml, copy, root);
   const ZtDocument& document = Document();
   const char* result = done ? document.lines.readDone : document.lines.readFailed;
   if (result) ZtLog(kZtLogTrace, document.source)(result);
@@ -74,8 +72,13 @@ XMLObject* ZtUnMarshaller::NamespaceBinder() const {
   return m_pContext ? m_pContext->namespaceBinder() : nullptr;
 }
 
-// A caller gets a whole tree or nothing: what a failed parse has built is freed.
 bool ZtUnMarshaller::Parse(const char* xml, XMLElement*& root) const {
+  return Parse(xml, nullptr, root);
+}
+
+// A caller gets a whole tree or nothing: what a failed parse has built is freed. The parser takes
+// `copy`, a copy of `xml`; without one it makes its own.
+bool ZtUnMarshaller::Parse(const char* xml, char* copy, XMLElement*& root) const {
   const ZtDocument& document = Document();
   const std::size_t size = __strlen(xml);
   XmlDecoder* parser = ZtCreate<XmlDecoder>(document.source);
@@ -86,10 +89,12 @@ bool ZtUnMarshaller::Parse(const char* xml, XMLElement*& root) const {
     if (XMLObject* binder = NamespaceBinder()) decoder->SetNameSpaceBinderInfo(binder);
     decoder->Expect(size);
     parser->SetSchema(decoder);
-    // The parser copies what it is given.
-    done = parser->Decode(const_cast<char*>(xml), static_cast<int>(size)) == ZT_XML_SUCCESS &&
-           !decoder->Failed();
+    const int result = copy ? parser->DecodeWhole(copy, size)
+                            : parser->Decode(const_cast<char*>(xml), static_cast<int>(size));
+    copy = nullptr;
+    done = result == ZT_XML_SUCCESS && !decoder->Failed();
   }
+  __free(copy);
   if (decoder) root = static_cast<XMLObject*>(decoder->GetSessionData());
   ZtRelease(decoder);
   ZtRelease(parser);

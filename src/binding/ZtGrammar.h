@@ -53,6 +53,7 @@ struct ZtGrammar {
   const char* source;    // file of the decoder, for the logs
   const char* noMemory;  // the line when a name cannot be normalised; %s is the decoder
   ZtPrefixRule prefixes;
+  ZtNameFilter names = {};  // of the rows
   ZtGrammarTable own = {};
   ZtGrammarTable shared = {};
 
@@ -66,14 +67,19 @@ struct ZtGrammar {
 
   template <std::size_t N>
   constexpr ZtGrammar Names(const ZtGrammarRow (&rows)[N]) const {
-    return ZtWith(*this, &ZtGrammar::own, ZtGrammarTable{rows, N});
+    return With(&ZtGrammar::own, rows);
   }
   template <std::size_t N>
   constexpr ZtGrammar Shares(const ZtGrammarRow (&rows)[N]) const {
-    return ZtWith(*this, &ZtGrammar::shared, ZtGrammarTable{rows, N});
+    return With(&ZtGrammar::shared, rows);
   }
   constexpr ZtGrammar NoMemory(const char* line) const {
     return ZtWith(*this, &ZtGrammar::noMemory, line);
+  }
+
+  // Whether a row may have this name, or any.
+  constexpr bool MayHave(ZtNameId name) const {
+    return names.MayHave(name) || names.MayHave(XML_STR_ZT_NULL);
   }
 
   // The first row that `matches`, or null.
@@ -85,6 +91,14 @@ struct ZtGrammar {
       }
     }
     return nullptr;
+  }
+
+ private:
+  template <std::size_t N>
+  constexpr ZtGrammar With(ZtGrammarTable ZtGrammar::*table, const ZtGrammarRow (&rows)[N]) const {
+    ZtGrammar grammar = ZtWith(*this, table, ZtGrammarTable{rows, N});
+    for (const ZtGrammarRow& row : rows) grammar.names.Add(row.name);
+    return grammar;
   }
 };
 

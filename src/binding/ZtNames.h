@@ -3,6 +3,7 @@
 #define ZTXML_SRC_BINDING_ZTNAMES_H
 
 #include <cstddef>
+#include <cstdint>
 
 #include "XMLCommonDef.h"
 
@@ -27,6 +28,7 @@ class ZtNameId {
   // The name whose text is `text`, kZtNoName when there is none.
   static ZtNameId Of(const char* text, std::size_t size);
 
+  constexpr unsigned Low6Bits() const { return static_cast<unsigned>(m_Id) & 63U; }
   constexpr bool IsNone() const { return m_Id == XML_STR_ZT_NULL; }
   constexpr bool operator==(ZtNameId other) const { return m_Id == other.m_Id; }
   constexpr bool operator!=(ZtNameId other) const { return m_Id != other.m_Id; }
@@ -36,6 +38,19 @@ class ZtNameId {
 
  private:
   int m_Id;
+};
+
+// Names that may be among some rows: most that are not are told at once.
+class ZtNameFilter {
+ public:
+  constexpr void Add(ZtNameId name) { m_Bits |= Bit(name); }
+  constexpr void Add(ZtNameFilter other) { m_Bits |= other.m_Bits; }
+  constexpr bool MayHave(ZtNameId name) const { return (m_Bits & Bit(name)) != 0; }
+
+ private:
+  static constexpr std::uint64_t Bit(ZtNameId name) { return std::uint64_t{1} << name.Low6Bits(); }
+
+  std::uint64_t m_Bits = 0;
 };
 
 inline const char* ZtName(ZtNameId id) { return id.Text(); }

@@ -285,6 +285,7 @@ void ZtSchemaDecoder::Pop() {
 // ---- Names --------------------------------------------------------------------------------------
 
 const ZtGrammarRow* ZtSchemaDecoder::FindStart(ZtNameId name) const {
+  if (!m_Grammar.MayHave(name)) return nullptr;
   const ZtElementType* current = CurrentType();
   return m_Grammar.Find([=](const ZtGrammarRow& row) {
     if (row.name == name) return !row.parent || row.parent == current;
@@ -296,6 +297,7 @@ const ZtGrammarRow* ZtSchemaDecoder::FindStart(ZtNameId name) const {
 // The row that the end tag `name` closes. Rows of one name differ in their types, so the open
 // object tells which; ends of flags are nobody's.
 const ZtGrammarRow* ZtSchemaDecoder::FindEnd(ZtNameId name) const {
+  if (!m_Grammar.MayHave(name)) return nullptr;
   const ZtElementType* current = CurrentType();
   const ZtGrammarRow* first = nullptr;
   const ZtGrammarRow* found = m_Grammar.Find([&](const ZtGrammarRow& row) {
