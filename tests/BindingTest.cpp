@@ -162,6 +162,7 @@ TEST(Binding, EveryKindOfRowReadsAndWrites) {
     std::string out;
   } kCases[] = {
       {"<resource-lists/>", Around("", "")},
+      {"<resource-lists no name/>", Around("", "")},
       {"<resource-lists version='3' b='2' id='i' a='1' xmlns='u' xmlns:x='v' xmlns:cp='w' ='e' "
        "b='3' "
        "a='4' c='5'='d' xsi:schemaLocation='s'/>",

@@ -183,7 +183,10 @@ XMLElement* ZtSchemaDecoder::StartExtension(const ZtGrammarRow& row) {
 namespace {
 // The parser makes attributes of whatever stands before an equals sign, and one without a name of
 // white space before the end of a tag. What is no name must not be written back.
-bool IsAttributeName(const char* name) { return *name && !name[std::strcspn(name, "\"'<&")]; }
+bool IsAttributeName(const char* name) {
+  const char* end = name + std::strcspn(name, "\"'<& \t\r\n");
+  return end != name && !end[std::strspn(end, " \t\r\n")];
+}
 }  // namespace
 
 // Attributes reach an object only from the element that made it; those of texts and of unknown
