@@ -21,7 +21,7 @@ namespace {
 
 constexpr std::size_t kSmall = 64 * 1024;
 constexpr std::size_t kLarge = 1024 * 1024;
-constexpr double kBar = 2;  // up to 1.8 where a large tree leaves the caches
+constexpr double kBar = 2;    // up to 1.8 where a large tree leaves the caches
 constexpr int kSchemas = 32;  // no id is greater
 
 // Takes every callback and does nothing.

@@ -13,7 +13,7 @@ namespace {
 
 constexpr std::size_t kLeastBlock = 128;
 constexpr std::size_t kFirstBlock = 1024;
-constexpr std::size_t kMostBlock = 16 * 1024;
+constexpr std::size_t kMostBlock = std::size_t{16} * 1024;
 constexpr std::size_t kAlignment = alignof(void*);
 
 // Stands before each piece: its block, or null.
