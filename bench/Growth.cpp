@@ -13,8 +13,8 @@
 #include <string>
 #include <vector>
 
+#include "NullSchema.h"
 #include "XMLFactory.h"
-#include "XmlDecoder.h"
 #include "ztXMLDocGenerator.h"
 
 namespace {
@@ -23,16 +23,6 @@ constexpr std::size_t kSmall = 64 * 1024;
 constexpr std::size_t kLarge = 1024 * 1024;
 constexpr double kBar = 2;    // up to 1.8 where a large tree leaves the caches
 constexpr int kSchemas = 32;  // no id is greater
-
-// Takes every callback and does nothing.
-class NullSchema : public XmlDecoderSchema {
- public:
-  int ProcessReserved() override { return 0; }
-  int ProcessAttribute(char*, char*, char*) override { return 0; }
-  int ProcessElement(char*, char*) override { return 0; }
-  int ProcessElementOpened(char*) override { return 0; }
-  void* GetSessionData() override { return nullptr; }
-};
 
 std::string Repeated(const std::string& piece, std::size_t size) {
   std::string text;

@@ -12,10 +12,10 @@
 #include <vector>
 
 #include "Documents.h"
+#include "NullSchema.h"
 #include "PeerParsers.h"
 #include "PeersReport.h"
 #include "TreeCounts.h"
-#include "XmlDecoder.h"
 #include "ztHostPlatform.h"
 #include "ztXMLDocGenerator.h"
 #if ZTXML_BENCH_PUGIXML
@@ -68,16 +68,6 @@ class Cases {
 };
 
 // ---- The library --------------------------------------------------------------------------------
-
-// Takes every callback and does nothing.
-class NullSchema : public XmlDecoderSchema {
- public:
-  int ProcessReserved() override { return 0; }
-  int ProcessAttribute(char*, char*, char*) override { return 0; }
-  int ProcessElement(char*, char*) override { return 0; }
-  int ProcessElementOpened(char*) override { return 0; }
-  void* GetSessionData() override { return nullptr; }
-};
 
 bool EventsByLibrary(const std::string& text) {
   NullSchema schema;
