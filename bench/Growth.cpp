@@ -202,6 +202,8 @@ const Shape kShapes[] = {
      },
      RoundTrip<XML_SCHEMA_REGINFO>, 0},
     {"byte_by_byte", Registrations, Parse, 1},
+    {"byte_by_byte_after_an_error",
+     [](std::size_t n) { return Repeated("x", n / 2) + "</a" + Repeated(">", n / 2); }, Parse, 1},
     {"conditions", Conditions, RoundTrip<XML_SCHEMA_COMMUNICATION_DIVERSION>, 0},
     {"namespace_declarations", Declarations, RoundTrip<XML_SCHEMA_SIMSERVS>, 0},
     {"nesting", [](std::size_t n) { return Repeated("<a>", n); }, Parse, kLarge * 2},

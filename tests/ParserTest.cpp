@@ -235,6 +235,27 @@ TEST(XmlDecoder, EveryAllocationMayFail) {
   EXPECT_EQ(parse.recorder.events, "+a;!a;+b;!b;/b=" + text + ";/a=;");
 }
 
+// What callers push and pop: what is popped is theirs, and stays when there is no memory for it.
+TEST(XmlDecoder, CallersOpenAndCloseElements) {
+  XmlDecoder decoder;
+  EXPECT_EQ(decoder.PushElement(nullptr), nullptr);
+  const std::string names[] = {"a", std::string(200, 'n')};
+  for (std::string name : names) {
+    ASSERT_NE(decoder.PushElement(name.data()), nullptr);
+    for (long n = 1; n <= 2; ++n) {
+      zthost::FailAllocation(n);
+      EXPECT_EQ(decoder.PopElement(), nullptr);
+    }
+    zthost::FailAllocation(0);
+    BuddyLinkList* node = decoder.PopElement();
+    ASSERT_NE(node, nullptr);
+    EXPECT_EQ(static_cast<const char*>(node->data), name);
+    FreeElement(node->data);
+    BuddyLinkList::Release(node);
+    EXPECT_EQ(decoder.PopElement(), nullptr);
+  }
+}
+
 TEST(XmlDecoder, DepthIsLimitedByMemoryOnly) {
   std::string open, close;
   for (int i = 0; i < 100000; ++i) open += "<a>", close += "</a>";

@@ -26,7 +26,7 @@ factory && !/ZtSingleElementList/ && /^  [A-Za-z0-9_:]+\* Create[A-Za-z0-9_]*\(/
   factories = factories " \\\n  DO(" class ", " Method() ")"
 }
 /^  int Add/ { while (!/;/) { line = $0; getline; sub(/^ +/, ""); $0 = line $0 } }
-/^  int Add[A-Za-z0-9_]*\([A-Za-z0-9_:]+\* [a-z]+\);/ && !/(char|void)\*/ {
+/^  int Add[A-Za-z0-9_]*\([A-Za-z0-9_:]+\* [A-Za-z]+\);/ && !/(char|void)\*/ {
   steps = steps " \\\n  DO(" class ", " Method() ")"
 }
 END {
