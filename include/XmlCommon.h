@@ -27,9 +27,6 @@ class ZT_API BuddyLinkList : public ZtNonCopyable {
   /// Unlinks this node, which must be the last and not the sentinel, in constant time.
   BuddyLinkList* Detach();
 
-  /// The node before this one, null for the sentinel.
-  BuddyLinkList* Previous() const { return m_pPrevious; }
-
   /// Deletes every node behind this one, calling `release` (may be null) on each node's data.
   void FreeList(void (*release)(void*));
 
