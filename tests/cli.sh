@@ -69,8 +69,8 @@ done
 
 # ---- Failures -----------------------------------------------------------------------------------
 expect 1 "$work/none.xml: file: no such file" "$ztxml" events "$work/none.xml"
-expect 1 "(standard input): parser: not well formed" "$ztxml" events - <<<'<a></b>'
-expect 1 "(standard input): parser: incomplete" "$ztxml" namespaces - <<<'<a><b></b>'
+expect 1 "(standard input):1:4: parser: not well formed" "$ztxml" events - <<<'<a></b>'
+expect 1 "(standard input):1:1: parser: incomplete" "$ztxml" namespaces - <<<'<a><b></b>'
 expect 1 'root element: no schema has the root element "a"' "$ztxml" roundtrip "$work/small.xml"
 expect 1 'root element: "a" is not' "$ztxml" roundtrip --schema gruu "$work/small.xml"
 expect 2 "unknown schema 'nope'" "$ztxml" roundtrip --schema nope "$work/small.xml"

@@ -2,19 +2,14 @@
 #include <iostream>
 
 #include "Commands.h"
-
-Namespaces::Namespaces(const Document& document) {
-  const ContextPtr context(XMLFactory::newInstance(XML_SCHEMA_NAMESPACE_RETRIEVAL));
-  if (context) m_Tree = ReadTree(*context, document);
-}
+#include "Read.h"
+#include "Text.h"
 
 int PrintNamespaces(const Document& document) {
-  if (!Parse(document, nullptr)) return kCannotRead;
+  Failure failure;
+  if (!Parse(document, nullptr, failure)) return Refuse(document.name, failure);
   const Namespaces namespaces(document);
-  if (!namespaces.get()) {
-    Complain(document.name, "schema decoder: the namespaces cannot be read");
-    return kCannotRead;
-  }
+  if (!namespaces.get()) return Refuse(document.name, {"schema decoder", "out of memory"});
   ZtSingleElementList* list = namespaces.get()->getNameSpaceInfo();
   for (ZtListNode* node = list ? list->GetPtrToListHead() : nullptr; node; node = node->next) {
     const auto* declared = zt_AttributeValuePair::From(static_cast<XMLAttribute*>(node->data));
