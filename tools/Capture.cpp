@@ -38,7 +38,7 @@ std::string HeaderName(std::string_view line) {
   const std::size_t colon = line.find(':');
   const std::string_view name = Trim(line.substr(0, colon));
   if (colon == std::string_view::npos || !IsToken(name)) return "";
-  const std::string lower = LowerCase(name);
+  std::string lower = LowerCase(name);
   if (lower == "c") return "content-type";
   if (lower == "l") return "content-length";
   if (lower == "e") return "content-encoding";
@@ -54,14 +54,16 @@ bool IsStartLine(std::string_view line) {
 struct Headers {
   std::string type;      // of the content, with its parameters
   std::string length;    // of the content
-  std::string transfer;  // its transfer encoding
+  std::string transfer;  // its transfer encoding in MIME
   std::string encoding;
+  std::string chunks;  // its transfer encoding in HTTP
 
   std::string* Find(const std::string& name) {
     if (name == "content-type") return &type;
     if (name == "content-length") return &length;
     if (name == "content-transfer-encoding") return &transfer;
     if (name == "content-encoding") return &encoding;
+    if (name == "transfer-encoding") return &chunks;
     return nullptr;
   }
 };
@@ -194,7 +196,8 @@ class Reader {
       return true;
     }
     if (!IsPlain(headers)) {
-      return Fail(start, "the body is encoded (" + QuoteShort(headers.transfer + headers.encoding) +
+      return Fail(start, "the body is encoded (" +
+                             QuoteShort(headers.transfer + headers.encoding + headers.chunks) +
                              "), which is not supported");
     }
     if (isXml) {
@@ -217,7 +220,7 @@ class Reader {
     const std::string transfer = LowerCase(headers.transfer);
     const std::string encoding = LowerCase(headers.encoding);
     return (transfer.empty() || transfer == "7bit" || transfer == "8bit" || transfer == "binary") &&
-           (encoding.empty() || encoding == "identity");
+           (encoding.empty() || encoding == "identity") && headers.chunks.empty();
   }
 
   // A length that is right ends the body. One that is not tells of line ends that were converted,

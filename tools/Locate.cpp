@@ -92,6 +92,13 @@ bool StartsWith(std::string_view text, std::string_view begin) {
   return text.substr(0, begin.size()) == begin;
 }
 
+// The parser takes these for start tags until an end tag is missing. Null for a name that is one.
+const char* WhyNoElement(std::string_view name) {
+  if (StartsWith(name, "![CDATA[")) return "a CDATA section, which is not supported";
+  if (StartsWith(name, "!DOCTYPE")) return "a document type, which is not supported";
+  return nullptr;
+}
+
 std::string WhyBadTag(const Document& document, std::string_view tag,
                       const std::vector<Tracker::Element>& open) {
   if (StartsWith(tag, "</")) {
@@ -100,8 +107,7 @@ std::string WhyBadTag(const Document& document, std::string_view tag,
            QuoteShort("</" + open.back().name + ">") + " is expected (opened at " +
            ToString(document.At(open.back().offset)) + ')';
   }
-  if (StartsWith(tag, "<![CDATA[")) return "a CDATA section, which is not supported";
-  if (StartsWith(tag, "<!DOCTYPE")) return "a document type, which is not supported";
+  if (const char* why = WhyNoElement(tag.substr(1))) return why;
   if (StartsWith(tag, "<!--")) return "the comment holds a \">\" or does not end with \"-->\"";
   if (StartsWith(tag, "<?")) {
     return open.empty() ? "the processing instruction does not end with \"?>\""
@@ -122,6 +128,9 @@ Failure WhyNotParsed(const Document& document) {
   Tracker tracker(nullptr);
   const Outcome outcome = Feed(document.text, tracker, [] { return false; });
   const std::vector<Tracker::Element>& open = tracker.OpenElements();
+  if (const char* why = open.empty() ? nullptr : WhyNoElement(open.back().name)) {
+    return {"parser", std::string("not well formed: ") + why, document.At(open.back().offset)};
+  }
   if (outcome.result == ZT_XML_ERROR) {
     return {"parser", "not well formed: " + WhyBadTag(document, outcome.text, open),
             document.At(outcome.tag)};
@@ -154,7 +163,7 @@ Failure WhyRefused(const Document& document, const XMLSchemaInfo& schema, XMLObj
     return {"schema decoder", by + " at the tag " + QuoteShort(outcome.text),
             document.At(outcome.tag)};
   }
-  if (root) return {"schema decoder", by};  // nothing in the document tells why
+  if (root) return {"schema decoder", by + " for want of memory"};
   return {"schema decoder",
           by + ": the root element's prefix is not bound to a namespace that it knows",
           document.At(RootOffset(document))};

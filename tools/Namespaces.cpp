@@ -2,6 +2,7 @@
 #include <iostream>
 
 #include "Commands.h"
+#include "Locate.h"
 #include "Read.h"
 #include "Text.h"
 
@@ -9,7 +10,10 @@ int PrintNamespaces(const Document& document) {
   Failure failure;
   if (!Parse(document, nullptr, failure)) return Refuse(document.name, failure);
   const Namespaces namespaces(document);
-  if (!namespaces.get()) return Refuse(document.name, {"schema decoder", "out of memory"});
+  if (!namespaces.get()) {
+    const XMLSchemaInfo& schema = *XMLFactory::getSchemaInfo(XML_SCHEMA_NAMESPACE_RETRIEVAL);
+    return Refuse(document.name, WhyRefused(document, schema, nullptr));
+  }
   ZtSingleElementList* list = namespaces.get()->getNameSpaceInfo();
   for (ZtListNode* node = list ? list->GetPtrToListHead() : nullptr; node; node = node->next) {
     const auto* declared = zt_AttributeValuePair::From(static_cast<XMLAttribute*>(node->data));

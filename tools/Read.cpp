@@ -82,14 +82,12 @@ bool ReadTree(const Document& document, const XMLSchemaInfo* schema, Tree& tree,
   tree.schema = schema;
   tree.namespaces = Namespaces(document);
   tree.context.reset(XMLFactory::newInstance(schema->id));
-  if (!tree.namespaces.get() || !tree.context) {
-    failure = {"schema decoder", "out of memory"};
-    return false;
+  if (tree.namespaces.get() && tree.context) {
+    tree.context->SetNamespaceBinder(tree.namespaces.get());
+    tree.root = UnMarshall(*tree.context, document);
   }
-  tree.context->SetNamespaceBinder(tree.namespaces.get());
-  tree.root = UnMarshall(*tree.context, document);
   if (tree.root) return true;
-  if (!HasRoot(*schema, root)) {
+  if (schema->roots[0] && !HasRoot(*schema, root)) {
     return FailAtRoot(
         document, Quote(root) + " is not a root element of the schema " + schema->name, failure);
   }

@@ -94,10 +94,11 @@ std::string JsonQuote(std::string_view text) {
     } else if (c == '"' || c == '\\') {
       quoted += '\\';
       quoted += c;
-    } else if (IsControl(c)) {
+    } else if (IsControl(c) || IsControlPair(character)) {
+      const auto code = static_cast<unsigned char>(character.back());
       quoted += "\\u00";
-      quoted += kDigits[static_cast<unsigned char>(c) / 16];
-      quoted += kDigits[static_cast<unsigned char>(c) % 16];
+      quoted += kDigits[code / 16];
+      quoted += kDigits[code % 16];
     } else {
       quoted += character;
     }
