@@ -131,10 +131,10 @@ class CommandLine {
     AddSchema(m_pCheck);
     m_pCheck->add_flag("-q,--quiet", m_bQuiet, "Print only what is refused");
     m_pDiff = AddCommand("diff", "Compare two documents", kDiffFooter);
-    m_pDiff->add_option("FILES", m_Paths, "The documents; - is standard input")
-        ->option_text("OLD NEW")
-        ->required()
-        ->expected(2);
+    m_pDiff->add_option("OLD", m_OldPath, "The first document; - is standard input")
+        ->option_text(" ")
+        ->required();
+    m_pDiff->add_option("NEW", m_NewPath, "The second one")->option_text(" ")->required();
     AddSchema(m_pDiff);
     m_pRoundTrip = AddCommand("roundtrip", "Read documents and write them again to standard output",
                               kRoundTripFooter);
@@ -178,7 +178,7 @@ class CommandLine {
     const Log log(m_LogLevel);
     const XMLSchemaInfo* schema = m_Schema.empty() ? nullptr : FindSchema(m_Schema);
     if (m_pCheck->parsed()) return Check(m_Paths, schema, m_bQuiet);
-    if (m_pDiff->parsed()) return Diff(m_Paths[0], m_Paths[1], schema);
+    if (m_pDiff->parsed()) return Diff(m_OldPath, m_NewPath, schema);
     int status = kDone;
     for (const std::string& path : m_Paths) status = std::max(status, RunFile(path, schema, log));
     return status;
@@ -219,6 +219,8 @@ class CommandLine {
   bool m_bJson = false;
   bool m_bQuiet = false;
   std::vector<std::string> m_Paths;
+  std::string m_OldPath;
+  std::string m_NewPath;
   std::string m_Schema;
 };
 
