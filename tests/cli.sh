@@ -72,6 +72,8 @@ expect 0 "" "$ztxml" show "$documents"/*.xml
 expect 0 "" "$ztxml" check "$documents"/*.xml
 [[ "$(tail -n 1 "$work/out")" == "documents: $(ls "$documents"/*.xml | wc -l) ok, 0 refused" ]] ||
   fail "check: $(tail -n 1 "$work/out")"
+expect 0 "" "$ztxml" check --quiet "$documents"/*.xml
+prints ''
 printf '<conference-info state="full" x="\x1b\xff" entity="sip:c"><conference-description><keywords>a b</keywords>
 </conference-description><users><user entity="sip:u1"><roles><entry>host</entry></roles></user>
 <user entity="sip:u2"/></users><x:y xmlns:x="urn:x"/></conference-info>' >"$work/conference.xml"

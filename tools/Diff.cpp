@@ -42,10 +42,10 @@ class Contents {
     std::string text = reflect::TypeOf(object).className;
     Append(reflect::ElementNameOf(object), text);
     for (const Field& field : reflect::FieldsOf(object)) {
-      text += '|' + std::to_string(field.items.size());
+      text += '|';
       if (field.HoldsAttributes()) {
-        // Their order means nothing.
-        std::multimap<std::string, std::string> sorted;
+        // Their order means nothing; of several with one name the first stands.
+        std::map<std::string, std::string> sorted;
         for (const Item& item : field.items) sorted.emplace(OrEmpty(item.name), OrEmpty(item.text));
         for (const auto& [name, value] : sorted) {
           Append(name, text);
