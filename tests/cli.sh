@@ -56,6 +56,17 @@ for document in "$documents"/*.xml; do
   mv "$work/out" "$work/once.xml"
   expect 0 "" "$ztxml" roundtrip - <"$work/once.xml"
   cmp "$work/once.xml" "$work/out" || fail "$document: no fixed point"
+  # Every value that is written is shown; words are shown one by one.
+  "$ztxml" events "$work/once.xml" |
+    sed -n -e '/^attribute [^ ]* xmlns/d' -e '/^attribute [^ ]* xsi:/d' \
+      -e 's/^attribute .*="\(.*\)"$/\1/p' -e 's/^end [^ ]* "\(.*\)"$/\1/p' >"$work/values"
+  expect 0 "" "$ztxml" show "$document"
+  awk 'NR == FNR { shown = shown $0; next }
+       { gsub(/\\n/, " ") }
+       index(shown, $0) == 0 { for (i = 1; i <= NF; ++i) if (index(shown, "= \"" $i "\"") == 0) print }' \
+    "$work/out" "$work/values" >"$work/missing"
+  [[ -s "$work/values" && ! -s "$work/missing" ]] ||
+    fail "$document: not shown: $(cat "$work/missing")"
 done
 expect 0 "" "$ztxml" roundtrip "$documents/reginfo-prefixed.xml"
 grep -qF '<gr:temp-gruu  first-cseq="31"' "$work/out" || fail "prefixed: $(cat "$work/out")"
