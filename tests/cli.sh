@@ -128,6 +128,10 @@ prints '- /conference-info/@state = full
 + /conference-info/users/user[1] : zt_user_type @entity="sip:u0"
 + /conference-info/users/user[2]/cascaded-focus = "f"
 + /conference-info/users/user[3] : zt_user_type'
+printf '<pub-gruu uri="%060d-old"/>' 0 >"$work/old.xml"
+printf '<pub-gruu uri="%060d-new"/>' 0 >"$work/new.xml"
+expect 1 "" "$ztxml" diff "$work/old.xml" "$work/new.xml"
+prints '~ /pub-gruu/@uri: ..."0000000000000000000-old" -> ..."0000000000000000000-new"'
 expect 0 "" "$ztxml" diff "$work/changed.xml" - <"$work/changed.xml"
 expect 1 "" "$ztxml" diff "$work/conference.xml" "$documents/reginfo.xml"
 expect 2 "none.xml: file: no such file" "$ztxml" diff "$work/conference.xml" "$work/none.xml"
