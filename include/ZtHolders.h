@@ -15,10 +15,8 @@
 /// A text: a copy, or what was left in place in the document that it was read from.
 class ZT_API ZtText {
  public:
-  ZtText() : m_iSize(0), m_bInPlace(0) {}
-  ~ZtText() {
-    if (m_pText && !m_bInPlace) ZtFree(m_pText);
-  }
+  ZtText() : m_iSize(0), m_bCopy(0) {}
+  ~ZtText();
   ZtText(const ZtText&) = delete;
   ZtText& operator=(const ZtText&) = delete;
 
@@ -26,16 +24,9 @@ class ZT_API ZtText {
   /// after; null clears. What is left in place ends with a NUL, and the object that the text is a
   /// member of lies in the arena. False when there was no memory for the copy: the text is null
   /// then.
-  bool Set(const ZtPiece& text, const ZtArena* arena = nullptr) {
-    if (!arena || !arena->Holds(text.text)) return Copy(text);
-    Keep(const_cast<char*>(text.text), text.size, 1);
-    return true;
-  }
+  bool Set(const ZtPiece& text, const ZtArena* arena = nullptr);
   /// Set as the public setters have it: always 1.
-  int Assign(const char* text) {
-    static_cast<void>(Copy(text));
-    return 1;
-  }
+  int Assign(const char* text);
   const char* Get() const { return m_pText; }
   ZtPiece Piece() const { return {m_pText, m_iSize}; }
 
@@ -43,16 +34,11 @@ class ZT_API ZtText {
   static constexpr unsigned kSizeBits = 8 * sizeof(std::size_t) - 1;
 
   bool Copy(const ZtPiece& text);
-  void Keep(char* text, std::size_t size, std::size_t inPlace) {
-    if (m_pText && !m_bInPlace) ZtFree(m_pText);
-    m_pText = text;
-    m_iSize = size & (~std::size_t{0} >> 1);
-    m_bInPlace = inPlace & 1;
-  }
+  void Keep(char* text, std::size_t size, std::size_t copy);
 
   char* m_pText = nullptr;
   std::size_t m_iSize : kSizeBits;
-  std::size_t m_bInPlace : 1;
+  std::size_t m_bCopy : 1;  // else it is null or in place
 };
 
 /// A child that occurs at most once.

@@ -89,6 +89,8 @@ class ZT_API ZtXMLDocGenerator : public ZtNonCopyable {
 
   template <class... Parts>
   void Append(const Parts&... parts);
+  template <class... Parts>
+  void AppendFast(const Parts&... parts);
   template <class Lead, class Tail>
   void AppendName(const Lead& lead, const ZtPiece& name, const Tail& tail);
   template <class... Lead>

@@ -23,15 +23,20 @@ char* Copy(char* to, const char (&literal)[N]) {
   return to + N - 1;
 }
 // Most pieces are short: a call would cost more than the copy.
-char* Copy(char* to, const ZtPiece& piece) {
-  const char* from = piece.text;
-  const std::size_t size = piece.size;
+char* CopyLong(char* to, const char* from, std::size_t size) {
   if (size > 32) {
     std::memcpy(to, from, size);
-  } else if (size > 16) {
+  } else {
     std::memcpy(to, from, 16);
     std::memcpy(to + size - 16, from + size - 16, 16);
-  } else if (size >= 8) {
+  }
+  return to + size;
+}
+inline __attribute__((always_inline)) char* Copy(char* to, const ZtPiece& piece) {
+  const char* from = piece.text;
+  const std::size_t size = piece.size;
+  if (size > 16) return CopyLong(to, from, size);
+  if (size >= 8) {
     std::memcpy(to, from, 8);
     std::memcpy(to + size - 8, from + size - 8, 8);
   } else if (size >= 4) {
@@ -46,32 +51,36 @@ char* Copy(char* to, const ZtPiece& piece) {
 }
 
 // Whether one of the bytes in the word is a double quote.
-bool HasQuote(std::uint64_t word) {
-  constexpr std::uint64_t kOnes = ~std::uint64_t{0} / 255;
-  const std::uint64_t other = word ^ (kOnes * '"');
+template <class Word>
+bool HasQuote(Word word) {
+  constexpr Word kOnes = static_cast<Word>(~Word{0}) / 255;
+  const Word other = word ^ (kOnes * '"');
   return ((other - kOnes) & ~other & (kOnes * 128)) != 0;
 }
 
-// Copies a value that holds no double quote; false when it does.
-bool CopyUnquoted(char* to, const ZtPiece& value) {
-  const char* from = value.text;
-  const std::size_t size = value.size;
-  if (size < sizeof(std::uint64_t)) {
-    for (std::size_t i = 0; i < size; ++i) {
-      if (from[i] == '"') return false;
-      to[i] = from[i];
-    }
-    return true;
-  }
-  for (std::size_t i = 0;; i += sizeof(std::uint64_t)) {
-    const std::size_t last = size - sizeof(std::uint64_t);
+// Copies a value of a word or more; false when it holds a double quote.
+template <class Word>
+bool CopyWords(char* to, const char* from, std::size_t size) {
+  const std::size_t last = size - sizeof(Word);
+  for (std::size_t i = 0;; i += sizeof(Word)) {
     if (i > last) i = last;
-    std::uint64_t word;
+    Word word;
     std::memcpy(&word, from + i, sizeof(word));
     if (HasQuote(word)) return false;
     std::memcpy(to + i, &word, sizeof(word));
     if (i == last) return true;
   }
+}
+
+bool CopyUnquoted(char* to, const ZtPiece& value) {
+  const char* from = value.text;
+  if (value.size >= sizeof(std::uint64_t)) return CopyWords<std::uint64_t>(to, from, value.size);
+  if (value.size >= sizeof(std::uint32_t)) return CopyWords<std::uint32_t>(to, from, value.size);
+  for (std::size_t i = 0; i < value.size; ++i) {
+    if (from[i] == '"') return false;
+    to[i] = from[i];
+  }
+  return true;
 }
 
 // An absent text is written as a blank.
@@ -95,14 +104,17 @@ ZtXMLDocGenerator::~ZtXMLDocGenerator() {
   __free(nsPrefix);
 }
 
-// Appends all parts at once when they fit, else one by one up to the end of the buffer.
+// Appends the parts up to the end of the buffer.
 template <class... Parts>
 void ZtXMLDocGenerator::Append(const Parts&... parts) {
+  (AppendCut(parts), ...);
+}
+
+// The same for what is written often: all at once when they fit.
+template <class... Parts>
+void ZtXMLDocGenerator::AppendFast(const Parts&... parts) {
   const std::size_t size = (SizeOf(parts) + ...);
-  if (size > kBufferSize - 1 - m_iLength) {
-    (AppendCut(parts), ...);
-    return;
-  }
+  if (size > kBufferSize - 1 - m_iLength) return Append(parts...);
   char* to = buffer + m_iLength;
   ((to = Copy(to, parts)), ...);
   m_iLength += size;
@@ -169,9 +181,9 @@ void ZtXMLDocGenerator::ztSetXmlNamespace(const char* prefix) {
 template <class Lead, class Tail>
 void ZtXMLDocGenerator::AppendName(const Lead& lead, const ZtPiece& name, const Tail& tail) {
   if (nsPrefix) {
-    Append(lead, ZtPiece(nsPrefix, m_iPrefixSize), ":", name, tail);
+    AppendFast(lead, ZtPiece(nsPrefix, m_iPrefixSize), ":", name, tail);
   } else {
-    Append(lead, name, tail);
+    AppendFast(lead, name, tail);
   }
 }
 
@@ -316,9 +328,11 @@ void ZtXMLDocGenerator::End(const ZtPiece& name) {
 
 // An element with a text and nothing else.
 void ZtXMLDocGenerator::TextElement(const ZtPiece& name, const ZtPiece& text) {
-  Start(name, 0);
-  if (buffer) Append(OrBlank(text));
-  End(name);
+  if (!buffer || !name.text) return;
+  AppendName("\n<", name, ">");
+  Append(OrBlank(text));
+  AppendName("</", name, ">");
+  tagOpen = 0;
 }
 
 void ZtXMLDocGenerator::ztEndXmlElement(const char* name) { End(name); }

@@ -264,7 +264,8 @@ bool ZtElementWriter::WriteStartTag(const XMLElement& element, const ZtElementTy
       if (!WriteOtherAttributes(others.Head(), &type, tag)) return false;
     }
     if (field.place != ZtPlace::kAttribute) continue;
-    const ZtPiece text = ZtFieldText(element, field, buffer);
+    const ZtPiece text = field.value == ZtValue::kText ? (element.*field.member.text).Piece()
+                                                       : ZtFieldText(element, field, buffer);
     if (!text.text) {
       Log(field.lineLevel, field.line);
       if (field.required) return false;

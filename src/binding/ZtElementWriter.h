@@ -54,7 +54,7 @@ class ZtElementWriter {
   class Prefix;
   class StartTag;
 
-  static ZtPiece PieceOf(ZtNameId name) { return {name.Text(), name.Size()}; }
+  static ZtPiece PieceOf(ZtNameId name) { return name.Piece(); }
   int WriteNested(XMLElement& element, const ZtElementType& type, e_XmlStrRef prefix,
                   ZtNameId name);
   int WriteFlag(const zt_empty_element_type& flag, const ZtFlag& how);

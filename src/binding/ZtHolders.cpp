@@ -55,6 +55,23 @@ void ReleaseList(ZtSingleElementList* list) {
 
 }  // namespace
 
+ZtText::~ZtText() {
+  if (m_bCopy) ZtFree(m_pText);
+}
+
+inline void ZtText::Keep(char* text, std::size_t size, std::size_t copy) {
+  if (m_bCopy) ZtFree(m_pText);
+  m_pText = text;
+  m_iSize = size & (~std::size_t{0} >> 1);
+  m_bCopy = copy & 1;
+}
+
+bool ZtText::Set(const ZtPiece& text, const ZtArena* arena) {
+  if (!arena || !arena->Holds(text.text)) return Copy(text);
+  Keep(const_cast<char*>(text.text), text.size, 0);
+  return true;
+}
+
 bool ZtText::Copy(const ZtPiece& text) {
   char* copy = nullptr;
   if (text.text) {
@@ -64,8 +81,13 @@ bool ZtText::Copy(const ZtPiece& text) {
       copy[text.size] = '\0';
     }
   }
-  Keep(copy, copy ? text.size : 0, 0);
+  Keep(copy, copy ? text.size : 0, copy ? 1 : 0);
   return copy || !text.text;
+}
+
+int ZtText::Assign(const char* text) {
+  static_cast<void>(Copy(text));
+  return 1;
 }
 
 int ZtChild::Set(XMLElement* child) {

@@ -3,21 +3,20 @@
 #include <cstdint>
 #include <cstring>
 
-namespace {
-
-constexpr std::uint8_t kSizes[] = {
+const std::uint8_t kZtNameSizes[kZtNameCount] = {
 #define ZT_NAME(id, text) sizeof(text) - 1,
 #include "XMLCommonNames.inc"
 #include "binding/ZtExtraNames.inc"
 #undef ZT_NAME
 };
-static_assert(sizeof(kSizes) == kZtNameCount, "every name has a size");
 
-constexpr char kExtraNames[][32] = {
+const char kZtExtraNames[kZtNameCount - kXmlStrRefCount][kZtExtraNameSize] = {
 #define ZT_NAME(id, text) text,
 #include "binding/ZtExtraNames.inc"
 #undef ZT_NAME
 };
+
+namespace {
 
 constexpr std::size_t Hash(const char* text, std::size_t size) {
   const auto at = [text](std::size_t i) { return static_cast<unsigned char>(text[i]); };
@@ -43,9 +42,11 @@ struct Index {
     };
     // Of equal texts the first comes first; "ZT_NULL" is the name of no element.
     for (std::size_t id = 1; id < kZtNameCount; ++id) {
-      std::size_t slot = Hash(texts[id], kSizes[id]) % kSlots;
+      std::size_t size = 0;
+      while (texts[id][size]) ++size;
+      std::size_t slot = Hash(texts[id], size) % kSlots;
       while (slots[slot].size) slot = (slot + 1) % kSlots;
-      slots[slot] = {static_cast<std::uint16_t>(id), kSizes[id], texts[id][0]};
+      slots[slot] = {static_cast<std::uint16_t>(id), static_cast<std::uint8_t>(size), texts[id][0]};
     }
   }
 };
@@ -69,12 +70,6 @@ bool Same(const char* a, const char* b, std::size_t size) {
   return a[0] == b[0] && a[size / 2] == b[size / 2] && a[size - 1] == b[size - 1];
 }
 
-const char* TextOf(int id) {
-  return id < kXmlStrRefCount
-             ? zt_xml_common_array_definition::getStringName(static_cast<e_XmlStrRef>(id))
-             : kExtraNames[id - kXmlStrRefCount];
-}
-
 }  // namespace
 
 ZtNameId ZtNameId::Of(const ZtPiece& name) {
@@ -84,17 +79,12 @@ ZtNameId ZtNameId::Of(const ZtPiece& name) {
   for (std::size_t at = Hash(text, size) % Index::kSlots; kIndex.slots[at].size;
        at = (at + 1) % Index::kSlots) {
     const Index::Slot& slot = kIndex.slots[at];
-    if (slot.size == size && slot.first == *text && Same(TextOf(slot.id), text, size)) {
-      return static_cast<ZtExtraName>(slot.id);
-    }
+    const ZtNameId id = static_cast<ZtExtraName>(slot.id);
+    if (slot.size == size && slot.first == *text && Same(id.Text(), text, size)) return id;
   }
   return kZtNoName;
 }
 
 bool ZtNameId::Is(const ZtPiece& text) const {
-  return text.size == kSizes[m_Id] && Same(TextOf(m_Id), text.text, text.size);
+  return text.size == kZtNameSizes[m_Id] && Same(Text(), text.text, text.size);
 }
-
-const char* ZtNameId::Text() const { return TextOf(m_Id); }
-
-std::size_t ZtNameId::Size() const { return kSizes[m_Id]; }

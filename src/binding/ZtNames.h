@@ -37,7 +37,7 @@ class ZtNameId {
   constexpr bool operator!=(ZtNameId other) const { return m_Id != other.m_Id; }
 
   const char* Text() const;
-  std::size_t Size() const;
+  ZtPiece Piece() const;
 
  private:
   int m_Id;
@@ -55,6 +55,19 @@ class ZtNameFilter {
 
   std::uint64_t m_Bits = 0;
 };
+
+// The names beyond the table, and the sizes of all.
+constexpr std::size_t kZtExtraNameSize = 32;
+extern const char kZtExtraNames[kZtNameCount - kXmlStrRefCount][kZtExtraNameSize];
+extern const std::uint8_t kZtNameSizes[kZtNameCount];
+
+inline const char* ZtNameId::Text() const {
+  return m_Id < kXmlStrRefCount
+             ? zt_xml_common_array_definition::getStringName(static_cast<e_XmlStrRef>(m_Id))
+             : kZtExtraNames[m_Id - kXmlStrRefCount];
+}
+
+inline ZtPiece ZtNameId::Piece() const { return {Text(), kZtNameSizes[m_Id]}; }
 
 inline const char* ZtName(ZtNameId id) { return id.Text(); }
 
