@@ -24,6 +24,9 @@ class ZT_API ZtContext : public XMLContext {
 
  protected:
   virtual const ZtDocument& Document() const = 0;
+
+ private:
+  friend class ZtReflection;
 };
 
 /// The unmarshalling driver: one parser and one schema decoder for each call.

@@ -32,6 +32,9 @@ class ZT_API ZtBound : public Base {
 
  protected:
   virtual const ZtElementType& Type() const = 0;
+
+ private:
+  friend class ZtReflection;
 };
 
 extern template class ZtBound<XMLElement>;

@@ -69,6 +69,8 @@ class ZT_API ZtSchemaDecoder : public XmlDecoderSchema {
   bool m_bFailed;
 
  private:
+  friend class ZtReflection;
+
   struct Open {  // an object and its type, null when there is none
     XMLElement* object = nullptr;
     const ZtElementType* type = nullptr;

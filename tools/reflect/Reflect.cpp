@@ -1,0 +1,347 @@
+#include "reflect/Reflect.h"
+
+#include <algorithm>
+#include <cstring>
+#include <memory>
+
+#include "XMLSchemaNameSpaceRetrieval.h"
+#include "XMLSimservs.h"
+#include "XMLXcapError.h"
+
+// Asks the library's classes what only they can tell.
+class ZtReflection {
+ public:
+  static const ZtElementType& TypeOf(const XMLElement& object) {
+    // There is no type information; the two bases of all types tell which one an object has.
+    if (std::strcmp(object.BaseClassName(), "XMLObject") == 0) {
+      return static_cast<const ZtBound<XMLObject>&>(object).Type();
+    }
+    return static_cast<const ZtBound<XMLElement>&>(object).Type();
+  }
+  static const ZtDocument& DocumentOf(const ZtContext& context) { return context.Document(); }
+  static const ZtGrammar& GrammarOf(const ZtSchemaDecoder& decoder) { return decoder.m_Grammar; }
+};
+
+namespace reflect {
+
+namespace {
+
+constexpr char kSource[] = "tools/Reflect";
+
+struct Release {
+  template <class T>
+  void operator()(T* object) const {
+    ZtRelease(object);
+  }
+};
+
+// The field of a type that keeps something by other means than rows: `place` tells where it stands.
+std::vector<Field> HiddenField(const ZtElementType& type) {
+  if (&type == &zt_string::kType) {
+    return {{nullptr, "value", ZtPlace::kOwnText, ZtValue::kText, 0, {}}};
+  }
+  if (&type == &zt_Simservs::kType || &type == &zt_xcap_error::kType) {
+    return {{nullptr, nullptr, ZtPlace::kOtherChildren, ZtValue::kObject, 0, {}}};
+  }
+  if (&type == &zt_schema_namespace_retrieval::kType) {
+    return {{nullptr, nullptr, ZtPlace::kOtherAttributes, ZtValue::kObject, 0, {}}};
+  }
+  return {};
+}
+
+void AddObject(const XMLElement* object, Field& field) {
+  if (object) field.items.push_back({nullptr, nullptr, object});
+}
+
+void AddText(const char* text, Field& field) {
+  if (text) field.items.push_back({nullptr, text, nullptr});
+}
+
+void AddObjects(ZtListNode* node, Field& field) {
+  for (; node; node = node->next) AddObject(static_cast<XMLElement*>(node->data), field);
+}
+
+void AddTexts(ZtListNode* node, Field& field) {
+  for (; node; node = node->next) {
+    const auto* text = zt_string::From(static_cast<XMLElement*>(node->data));
+    if (text) AddText(text->getValue(), field);
+  }
+}
+
+void AddAttributes(ZtListNode* node, Field& field) {
+  for (; node; node = node->next) {
+    const auto* pair = zt_AttributeValuePair::From(static_cast<XMLAttribute*>(node->data));
+    if (pair) field.items.push_back({pair->getName(), pair->getValue(), nullptr});
+  }
+}
+
+void AddScalar(const XMLElement& object, const ZtField& row, Field& field) {
+  char buffer[kZtNumberSize];
+  const char* text = ZtFieldText(object, row, buffer);
+  switch (row.value) {
+    case ZtValue::kNumber:
+      field.number = object.*row.member.number;
+      if (text) field.items.emplace_back();
+      return;
+    case ZtValue::kNumber64:
+      field.number = object.*row.member.number64;
+      if (text) field.items.emplace_back();
+      return;
+    case ZtValue::kEnum:
+      field.number = object.*row.member.number;
+      AddText(text, field);
+      return;
+    default:
+      AddText(text, field);
+  }
+}
+
+void FillRow(const XMLElement& object, const ZtField& row, Field& field) {
+  switch (row.place) {
+    case ZtPlace::kTextElements:
+    case ZtPlace::kOwnWords:
+      return AddTexts((object.*row.member.children).Head(), field);
+    case ZtPlace::kChild:
+      return AddObject((object.*row.member.child).Get(), field);
+    case ZtPlace::kChildren:
+    case ZtPlace::kOtherChildren:
+      return AddObjects((object.*row.member.children).Head(), field);
+    case ZtPlace::kOtherAttributes:
+      return AddAttributes((object.*row.member.attributes).Head(), field);
+    default:
+      return AddScalar(object, row, field);
+  }
+}
+
+ZtListNode* HeadOf(ZtSingleElementList* list) { return list ? list->GetPtrToListHead() : nullptr; }
+
+void FillHidden(const XMLElement& object, const ZtElementType& type, Field& field) {
+  if (&type == &zt_string::kType) {
+    AddText(static_cast<const zt_string&>(object).getValue(), field);
+  } else if (&type == &zt_Simservs::kType) {
+    AddObjects(HeadOf(static_cast<const zt_Simservs&>(object).getServiceListValue()), field);
+  } else if (&type == &zt_xcap_error::kType) {
+    AddObject(static_cast<const zt_xcap_error&>(object).getErrorValue(), field);
+  } else if (&type == &zt_schema_namespace_retrieval::kType) {
+    // The getter logs, so that it is not const; it changes nothing.
+    auto& namespaces = const_cast<zt_schema_namespace_retrieval&>(
+        static_cast<const zt_schema_namespace_retrieval&>(object));
+    AddAttributes(HeadOf(namespaces.getNameSpaceInfo()), field);
+  }
+}
+
+}  // namespace
+
+// ---- Objects ------------------------------------------------------------------------------------
+
+bool Field::IsRepeated() const {
+  switch (place) {
+    case ZtPlace::kTextElements:
+    case ZtPlace::kOwnWords:
+    case ZtPlace::kChildren:
+    case ZtPlace::kOtherChildren:
+    case ZtPlace::kOtherAttributes:
+      return true;
+    default:
+      return false;
+  }
+}
+
+const ZtElementType& TypeOf(const XMLElement& object) { return ZtReflection::TypeOf(object); }
+
+const char* ElementNameOf(const XMLElement& object) {
+  const ZtElementType& type = TypeOf(object);
+  if (&type == &zt_empty_element_type::kType) {
+    const char* name = static_cast<const zt_empty_element_type&>(object).getValue();
+    if (name) return name;
+  }
+  return type.tag.IsNone() ? type.label : ZtName(type.tag);
+}
+
+std::vector<Field> FieldsOf(const ZtElementType& type) {
+  std::vector<Field> fields = HiddenField(type);
+  fields.reserve(fields.size() + type.fieldCount);
+  for (const ZtField& row : type) {
+    const char* name = row.HasName() ? ZtName(row.name) : nullptr;
+    fields.push_back({&row, name, row.place, row.value, 0, {}});
+  }
+  return fields;
+}
+
+std::vector<Field> FieldsOf(const XMLElement& object) {
+  const ZtElementType& type = TypeOf(object);
+  std::vector<Field> fields = FieldsOf(type);
+  for (Field& field : fields) {
+    if (field.row) {
+      FillRow(object, *field.row, field);
+    } else {
+      FillHidden(object, type, field);
+    }
+  }
+  return fields;
+}
+
+namespace {
+
+// An object that is being gone through: which of its fields, which item of that.
+struct Open {
+  const XMLElement* object;
+  std::vector<Field> fields;
+  std::size_t field = 0;
+  std::size_t item = 0;
+};
+
+}  // namespace
+
+bool Walk(const XMLElement& root, Visitor& visitor) {
+  bool whole = true;
+  std::vector<Open> stack;
+  const auto enter = [&](const XMLElement& object, const char* name, const Field* in) {
+    const bool wanted = visitor.Enter(object, name, in);
+    if (wanted && stack.size() < kMostDepth) {
+      stack.push_back({&object, FieldsOf(object)});
+      return;
+    }
+    whole = whole && !wanted;
+    visitor.Leave(object);
+  };
+  enter(root, ElementNameOf(root), nullptr);
+  while (!stack.empty()) {
+    Open& top = stack.back();
+    if (top.field == top.fields.size()) {
+      visitor.Leave(*top.object);
+      stack.pop_back();
+      continue;
+    }
+    const Field& field = top.fields[top.field];
+    if (top.item == 0 && field.IsPresent()) visitor.Begin(field);
+    const XMLElement* child =
+        top.item < field.items.size() ? field.items[top.item].object : nullptr;
+    if (child) {
+      ++top.item;
+      enter(*child, field.name ? field.name : ElementNameOf(*child), &field);
+      continue;
+    }
+    if (field.IsPresent()) visitor.End(field);
+    ++top.field;
+    top.item = 0;
+  }
+  return whole;
+}
+
+// ---- Tables -------------------------------------------------------------------------------------
+
+bool FindSchema(eXMLSchemaID id, Schema& schema) {
+  const std::unique_ptr<XMLContext, Release> context(XMLFactory::newInstance(id));
+  if (!context) return false;
+  // Every context of the library is one.
+  const ZtDocument& document = ZtReflection::DocumentOf(static_cast<const ZtContext&>(*context));
+  const std::unique_ptr<ZtSchemaDecoder, Release> decoder(document.newDecoder.Create(kSource));
+  if (!decoder) return false;
+  schema = {&document, &ZtReflection::GrammarOf(*decoder)};
+  return true;
+}
+
+std::vector<Schema> Schemas() {
+  std::vector<Schema> schemas;
+  for (int id = XML_SCHEMA_IS_COMPOSING; id <= XML_SCHEMA_NAMESPACE_RETRIEVAL; ++id) {
+    Schema schema;
+    if (FindSchema(static_cast<eXMLSchemaID>(id), schema)) schemas.push_back(schema);
+  }
+  return schemas;
+}
+
+std::vector<const ZtGrammarRow*> Schema::GrammarRows() const {
+  std::vector<const ZtGrammarRow*> rows;
+  grammar->Find([&](const ZtGrammarRow& row) {
+    rows.push_back(&row);
+    return false;
+  });
+  return rows;
+}
+
+std::vector<const ZtElementType*> Schema::Roots() const {
+  std::vector<const ZtElementType*> roots;
+  for (const ZtGrammarRow* row : GrammarRows()) {
+    const bool known = std::find(roots.begin(), roots.end(), row->type) != roots.end();
+    if (row->kind == ZtElementKind::kRoot && !known) roots.push_back(row->type);
+  }
+  // The retrieval of namespaces takes any root and has no grammar.
+  if (roots.empty() && document->info.id == XML_SCHEMA_NAMESPACE_RETRIEVAL) {
+    roots.push_back(&zt_schema_namespace_retrieval::kType);
+  }
+  return roots;
+}
+
+std::vector<const ZtElementType*> Schema::Types() const {
+  std::vector<const ZtElementType*> types;
+  const auto add = [&](const ZtElementType* type) {
+    if (!type) return;
+    const auto same = [&](const ZtElementType* other) {
+      return std::strcmp(other->className, type->className) == 0;
+    };
+    if (std::none_of(types.begin(), types.end(), same)) types.push_back(&ReadAs(*type));
+  };
+  std::size_t next = 0;
+  const auto follow = [&] {
+    for (; next < types.size(); ++next) {
+      for (const ZtField& row : *types[next]) {
+        for (const ZtElementType* child : ChildTypesOf(row)) add(child);
+      }
+    }
+  };
+  for (const ZtElementType* root : Roots()) add(root);
+  follow();
+  for (const ZtGrammarRow* row : GrammarRows()) {
+    add(row->kind == ZtElementKind::kFlag ? &zt_empty_element_type::kType : row->type);
+    follow();
+  }
+  return types;
+}
+
+std::vector<const ZtElementType*> ChildTypesOf(const ZtField& row) {
+  switch (row.place) {
+    case ZtPlace::kChild:
+    case ZtPlace::kChildren:
+      return {row.detail.type};
+    case ZtPlace::kOtherChildren: {
+      std::vector<const ZtElementType*> types;
+      const ZtWritable* writable = row.detail.writables;
+      for (; writable && writable->type; ++writable) types.push_back(writable->type);
+      return types;
+    }
+    default:
+      return {};
+  }
+}
+
+const ZtElementType& ReadAs(const ZtElementType& type) {
+  const std::unique_ptr<XMLElement, Release> object(type.maker.Create(kSource));
+  return object ? TypeOf(*object) : type;
+}
+
+const char* NameOf(ZtPlace place) {
+  switch (place) {
+    case ZtPlace::kAttribute:
+      return "attribute";
+    case ZtPlace::kTextElement:
+      return "text element";
+    case ZtPlace::kTextElements:
+      return "text elements";
+    case ZtPlace::kOwnText:
+      return "own text";
+    case ZtPlace::kOwnWords:
+      return "own words";
+    case ZtPlace::kChild:
+      return "child";
+    case ZtPlace::kChildren:
+      return "children";
+    case ZtPlace::kOtherChildren:
+      return "other children";
+    case ZtPlace::kOtherAttributes:
+      return "other attributes";
+  }
+  return "";
+}
+
+}  // namespace reflect

@@ -1,0 +1,123 @@
+// Objects and documents without knowing their classes: what an object holds, field by field, and
+// which schemas, element names, types, rows and enumerations there are. For programs that show,
+// compare or document any of them. It works on the library's own tables, so what is told here is
+// what the library does.
+//
+// Two levels. On the side of the tables there are the library's own records: ZtDocument,
+// ZtGrammarRow, ZtElementType, ZtField, ZtEnumTable; this header only tells how to find them all.
+// On the side of the objects there is Field, one row of a type with what an object has in it.
+#ifndef ZTXML_TOOLS_REFLECT_REFLECT_H
+#define ZTXML_TOOLS_REFLECT_REFLECT_H
+
+#include <cstddef>
+#include <vector>
+
+#include "binding/ZtBinding.h"
+#include "binding/ZtDocumentTable.h"
+#include "binding/ZtGrammar.h"
+
+namespace reflect {
+
+// ---- Objects ------------------------------------------------------------------------------------
+
+/// One thing in a field. All pointers are borrowed from the object.
+struct Item {
+  const char* name = nullptr;          ///< of another attribute; null for the default namespace
+  const char* text = nullptr;          ///< a text, an enumeration's value, an attribute's value
+  const XMLElement* object = nullptr;  ///< of kObject fields other than attributes
+};
+
+/// One row of a type and what an object has there. What types keep by other means than rows looks
+/// as if it were in one: the text of a zt_string, the services of a simservs document, the error of
+/// an XCAP error, retrieved namespaces.
+struct Field {
+  const ZtField* row;  ///< null for what no row of the type's table says
+  const char* name;    ///< of the attribute or element in the document; null: items have their own
+  ZtPlace place;
+  ZtValue value;                  ///< kObject for other attributes, too: they have names
+  unsigned long long number = 0;  ///< kNumber, kNumber64; the index of kEnum
+  std::vector<Item> items;        ///< in order; numbers have one without anything
+
+  /// Whether the object has the field: a text that is not null, a number that is not 0 (or that is
+  /// written even so), a value that the enumeration has, an object, a list that is not empty.
+  bool IsPresent() const { return !items.empty(); }
+  /// Whether it may occur more than once.
+  bool IsRepeated() const;
+  /// Whether it is another attribute (a pair of name and value) and no object.
+  bool HoldsAttributes() const { return place == ZtPlace::kOtherAttributes; }
+};
+
+/// The table of the class of `object`, one of the library's.
+const ZtElementType& TypeOf(const XMLElement& object);
+
+/// The name of `object` in a document, as far as it knows it itself: that of a flag, its class's
+/// tag or label. In a field with a name the object has that name.
+const char* ElementNameOf(const XMLElement& object);
+
+/// The fields of `object`, absent ones without items, in the order of its rows.
+std::vector<Field> FieldsOf(const XMLElement& object);
+
+/// The fields of a type, in the order of its rows; all are without items.
+std::vector<Field> FieldsOf(const ZtElementType& type);
+
+/// The deepest tree that Walk goes through; one that the library has read is never deeper.
+constexpr std::size_t kMostDepth = 200;
+
+/// Told of a tree, in the order of the document that would be written.
+class Visitor {
+ public:
+  virtual ~Visitor() = default;
+  /// An object begins; it is called `name` in the document. `in` is null for the root. False: its
+  /// fields are left out, and Leave follows at once.
+  virtual bool Enter(const XMLElement& object, const char* name, const Field* in) = 0;
+  /// A field that is present; what is in it follows when it is an object.
+  virtual void Begin(const Field& field) = 0;
+  /// The same field is done.
+  virtual void End(const Field& field) = 0;
+  /// The object is done.
+  virtual void Leave(const XMLElement& object) = 0;
+};
+
+/// Tells `visitor` of the tree at `root`. It keeps its own stack. False when the tree was cut at
+/// kMostDepth objects within each other.
+bool Walk(const XMLElement& root, Visitor& visitor);
+
+// ---- Tables -------------------------------------------------------------------------------------
+
+/// A document that the library knows.
+struct Schema {
+  const ZtDocument* document;  ///< its record; `document->info` has id, name, roots, namespace
+  const ZtGrammar* grammar;    ///< the element names that its decoder knows, `own` and `shared`
+
+  /// The rows of the grammar, own ones first.
+  std::vector<const ZtGrammarRow*> GrammarRows() const;
+  /// The types that its roots have.
+  std::vector<const ZtElementType*> Roots() const;
+  /// Every type that its objects can have, once each by class name, roots first and then in the
+  /// order in which the rows lead to them.
+  std::vector<const ZtElementType*> Types() const;
+};
+
+/// Every schema, by its number. Empty when out of memory.
+std::vector<Schema> Schemas();
+/// The schema `id`; false when there is none.
+bool FindSchema(eXMLSchemaID id, Schema& schema);
+
+/// The types that objects in a row have: the child's, those that a list of other children writes.
+std::vector<const ZtElementType*> ChildTypesOf(const ZtField& row);
+
+/// The table that the class of `type` is read by. Some types have further tables, by which one
+/// document writes them in its own way.
+const ZtElementType& ReadAs(const ZtElementType& type);
+
+/// The table of values of an enumeration, null for other rows.
+inline const ZtEnumTable* ValuesOf(const ZtField& row) {
+  return row.value == ZtValue::kEnum ? row.detail.values : nullptr;
+}
+
+/// The name of a place, e.g. "attribute" or "other children".
+const char* NameOf(ZtPlace place);
+
+}  // namespace reflect
+
+#endif  // ZTXML_TOOLS_REFLECT_REFLECT_H
