@@ -13,7 +13,7 @@ constexpr std::uint8_t kSizes[] = {
 };
 static_assert(sizeof(kSizes) == kZtNameCount, "every name has a size");
 
-constexpr char kExtraNames[][32] = {
+constexpr char kExtraNames[][48] = {
 #define ZT_NAME(id, text) text,
 #include "binding/ZtExtraNames.inc"
 #undef ZT_NAME
