@@ -67,10 +67,105 @@ for schema in ReGiNfO 26; do
   cmp "$work/once.xml" "$work/out" || fail "--schema $schema: written differently"
 done
 
+# ---- Showing and comparing ----------------------------------------------------------------------
+expect 0 "" "$ztxml" show "$documents"/*.xml
+expect 0 "" "$ztxml" check "$documents"/*.xml
+[[ "$(tail -n 1 "$work/out")" == "documents: $(ls "$documents"/*.xml | wc -l) ok, 0 refused" ]] ||
+  fail "check: $(tail -n 1 "$work/out")"
+printf '<conference-info state="full" x="\x1b\xff" entity="sip:c"><conference-description><keywords>a b</keywords>
+</conference-description><users><user entity="sip:u1"><roles><entry>host</entry></roles></user>
+<user entity="sip:u2"/></users><x:y xmlns:x="urn:x"/></conference-info>' >"$work/conference.xml"
+expect 0 "" "$ztxml" show "$work/conference.xml"
+prints 'conference-info : zt_conference_type
+  @state = full
+  @x = "\x1b\xff"
+  @entity = "sip:c"
+  conference-description : zt_conference_description_type
+    keywords : zt_keywords_type
+      (words) = "a"
+      (words) = "b"
+  users : zt_users_type
+    user : zt_user_type
+      @entity = "sip:u1"
+      roles : zt_user_roles_type
+        entry = "host"
+    user : zt_user_type
+      @entity = "sip:u2"'
+cd "$work" || exit 1
+expect 1 "none.xml: file: no such file" "$ztxml" show --json conference.xml none.xml
+prints '{"file":"conference.xml","schema":"ConferenceInfo","document":{"#element":"conference-info","#type":"zt_conference_type","@state":"full","#attributes":[{"name":"x","value":"\u001b\ufffd"}],"@entity":"sip:c","conference-description":{"#element":"conference-description","#type":"zt_conference_description_type","keywords":{"#element":"keywords","#type":"zt_keywords_type","#words":["a","b"]}},"users":{"#element":"users","#type":"zt_users_type","user":[{"#element":"user","#type":"zt_user_type","@entity":"sip:u1","roles":{"#element":"roles","#type":"zt_user_roles_type","entry":["host"]}},{"#element":"user","#type":"zt_user_type","@entity":"sip:u2"}]}}}
+{"file":"none.xml","error":{"stage":"file","message":"no such file"}}'
+cd "$OLDPWD" || exit 1
+# What types keep by other means than rows.
+expect 0 "" "$ztxml" show "$documents/simservs.xml"
+grep -q '^  communication-diversion : communication-diversion$' "$work/out" || fail "$(cat "$work/out")"
+expect 0 "" "$ztxml" show "$documents/xcap-error-uniqueness.xml"
+grep -q '^      alt-value = "sip:' "$work/out" || fail "$(cat "$work/out")"
+expect 0 "" "$ztxml" show --schema 27 "$work/small.xml"
+grep -qx '  @p = "urn:p"' "$work/out" || fail "$(cat "$work/out")"
+expect 0 "" "$ztxml" show "$documents/wap-provisioningdoc.xml"
+grep -qx '      @value = "ap2001"' "$work/out" || fail "$(cat "$work/out")"
+
+sed -e 's/a b</a c</' -e 's/ state="full"//' -e 's/u1/u0/' -e 's|<user entity="sip:u2"/>|<user entity="sip:u2"><cascaded-focus>f</cascaded-focus></user>|' \
+  -e 's|</users>|<user/></users>|' "$work/conference.xml" >"$work/changed.xml"
+expect 1 "" "$ztxml" diff "$work/conference.xml" "$work/changed.xml"
+prints '- /conference-info/@state = full
+~ /conference-info/conference-description/keywords/(words)[2]: "b" -> "c"
+- /conference-info/users/user[1] : zt_user_type @entity="sip:u1"
++ /conference-info/users/user[1] : zt_user_type @entity="sip:u0"
++ /conference-info/users/user[2]/cascaded-focus = "f"
++ /conference-info/users/user[3] : zt_user_type'
+expect 0 "" "$ztxml" diff "$work/changed.xml" - <"$work/changed.xml"
+expect 1 "" "$ztxml" diff "$work/conference.xml" "$documents/reginfo.xml"
+expect 2 "none.xml: file: no such file" "$ztxml" diff "$work/conference.xml" "$work/none.xml"
+
+# ---- Captured messages --------------------------------------------------------------------------
+body="$(tr -d '\n' <"$documents/reginfo.xml")"
+printf 'NOTIFY sip:a@b SIP/2.0\r\nEvent: reg\r\nl: %d\r\nc:\r\n application/reginfo+xml;charset=utf-8\r\n\r\n%s\r\n\r\n' \
+  "$(printf %s "$body" | wc -c)" "$body" >"$work/notify.txt"
+expect 0 "" "$ztxml" diff "$work/notify.txt" "$documents/reginfo.xml"
+{
+  printf 'Content-Type: multipart/related; type="application/rlmi+xml"; boundary="a\\"; b"\n\npreamble\n--a"; b\n'
+  printf 'Content-Type: application/rlmi+xml\n\n%s\n--a"; b\n' "$(cat "$documents/rlmi.xml")"
+  printf 'Content-Type: multipart/mixed;boundary=in\n\n--in\n\n<pub-gruu uri="u"/>\n--in\nContent-Type: application/sdp\n\nv=0\n'
+  printf -- '--in\nContent-Type: Message/CPIM\n\nFrom: <sip:a>\nNS: imdn <urn:x>\n\nContent-Type: message/imdn+xml\n\n<imdn>\n--in--\n--a"; b--\n'
+} >"$work/multipart.txt"
+expect 1 "" "$ztxml" check "$work/multipart.txt" "$work/notify.txt"
+line="$(grep -n '<imdn>' "$work/multipart.txt" | cut -d: -f1)"
+prints "$work/multipart.txt (body 1): ok, List
+$work/multipart.txt (body 2): ok, Gruu
+$work/multipart.txt (body 3):$line:1: parser: incomplete: the element \"imdn\" is not closed
+$work/notify.txt: ok, Reginfo
+documents: 3 ok, 1 refused"
+# refused MESSAGE TEXT: how a capture, and a document, that is refused is told; line breaks as \n.
+refused() { expect 1 "$1" "$ztxml" roundtrip - < <(printf "$2"); }
+refused ':2:1: capture: not a header: "bad"' 'c: a/xml\nbad\n\n<a/>'
+refused ':3:1: capture: the headers have no blank line' 'c: a/xml\n  b\n'
+refused 'a second "content-type" header' 'c: a/xml\nContent-Type: a/xml\n\n<a/>'
+refused 'the Content-Type is malformed' 'c: multipart/mixed;boundary="x\n\n--x'
+refused 'the multipart body has no boundary' 'c: multipart/mixed\n\n--x'
+refused 'the Content-Length is no number: "-1"' 'l: -1\n\n<a/>'
+refused 'the body has 4 bytes' 'l: 99999999999999999999999\n\n<a/>'
+refused 'the body is encoded ("base64")' 'c: a/xml\nContent-Transfer-Encoding: base64\n\nPGEvPg=='
+refused 'no XML body (but "application/sdp")' 'INVITE sip:a SIP/2.0\nc: application/sdp\n\nv=0\n'
+refused ':4:2: root element: "gruu" is not a root element of the schema Presence, which the Content-Type' \
+  'SIP/2.0 200 OK\nc: application/pidf+xml\n\n <gruu/>'
+nested='<a/>'
+for i in 1 2 3 4 5 6 7 8 9; do nested="c: multipart/mixed;boundary=b$i\\n\\n--b$i\\n$nested\\n--b$i--"; done
+refused 'more than 8 bodies within each other' "$nested"
+
 # ---- Failures -----------------------------------------------------------------------------------
 expect 1 "$work/none.xml: file: no such file" "$ztxml" events "$work/none.xml"
-expect 1 "(standard input): parser: not well formed" "$ztxml" events - <<<'<a></b>'
-expect 1 "(standard input): parser: incomplete" "$ztxml" namespaces - <<<'<a><b></b>'
+expect 1 "(standard input):1:4: parser: not well formed" "$ztxml" events - <<<'<a></b>'
+expect 1 "(standard input):1:1: parser: incomplete" "$ztxml" namespaces - <<<'<a><b></b>'
+refused ':3:2: parser: not well formed: the end tag "</b>" where "</c>" is expected (opened at 2:3)' \
+  '<a>\n\303\251 <c\n></b></a>'
+refused ':2:1: parser: not well formed: a document type' '\n<!DOCTYPE a>\n<a></a>'
+refused ':1:4: parser: not well formed: the tag "<b c=1>"' '<a><b c=1></a>'
+refused ':1:4: parser: incomplete: the tag "<b" is not closed' '<a><b'
+refused ':1:22: schema decoder: refused by the schema Reginfo at the tag "< /a>"' \
+  '<reginfo version="0">< /a><//a></reginfo>'
+refused ':1:1: schema decoder: refused by the schema Simservs: the root' '<x:simservs xmlns:x="urn:x"/>'
 expect 1 'root element: no schema has the root element "a"' "$ztxml" roundtrip "$work/small.xml"
 expect 1 'root element: "a" is not' "$ztxml" roundtrip --schema gruu "$work/small.xml"
 expect 2 "unknown schema 'nope'" "$ztxml" roundtrip --schema nope "$work/small.xml"
@@ -83,6 +178,22 @@ expect 3 "output not well formed" "$ztxml" roundtrip - \
 printf '<pub-gruu uri="%040000d"/>' 0 >"$work/long.xml"
 expect 3 "output cut at 32767 characters" "$ztxml" roundtrip "$work/long.xml"
 [[ "$(wc -c <"$work/out")" -eq 32767 ]] || fail "long document: $(wc -c <"$work/out") bytes"
+
+# ---- Completion ---------------------------------------------------------------------------------
+# completes EXPECTED WORD...: what is offered for the last word.
+completes() {
+  local expected="$1" got
+  got="$(bash -c 'source "$1" && shift && COMP_WORDS=("$@") COMP_CWORD=$(($# - 1)) && { _ztxml; echo "${COMPREPLY[*]}"; }' \
+    - "$(dirname "$0")/../tools/completion/ztxml" "$ztxml" "${@:2}")"
+  [[ "$got" == "$expected" ]] || fail "completion of '${*:2}': $got"
+}
+completes "show schemas" s
+completes "--schema" show --s
+completes "--quiet" check --q
+completes "Presence" check --schema pres
+completes "VolteConfigInfo" show --schema = V
+completes "1 2 3 4" --log ""
+completes "$work/small.xml" --log 2 events "$work/sma"
 
 # ---- Examples -----------------------------------------------------------------------------------
 if [[ -n "$examples" ]]; then

@@ -3,35 +3,29 @@
 #define ZTXML_TOOLS_COMMANDS_H
 
 #include <string>
+#include <vector>
 
 #include "Document.h"
 #include "Log.h"
-#include "XMLSchemaNameSpaceRetrieval.h"
+#include "XMLFactory.h"
 
-/// The schema with the given name, in any case, or number; null for none.
-const XMLSchemaInfo* FindSchema(const std::string& nameOrId);
-/// The schema that has the root element `localName`, or null.
-const XMLSchemaInfo* FindSchemaOfRoot(const std::string& localName);
-/// Whether the schema is known to have the root element `localName`.
-bool HasRoot(const XMLSchemaInfo& schema, const std::string& localName);
-
-/// The namespace declarations of a document, as the library retrieves them; `get` is null when it
-/// cannot.
-class Namespaces {
- public:
-  explicit Namespaces(const Document& document);
-  zt_schema_namespace_retrieval* get() const {
-    return static_cast<zt_schema_namespace_retrieval*>(m_Tree.get());
-  }
-
- private:
-  ElementPtr m_Tree;
-};
+// A null `schema` is chosen by the document's content type or root element.
 
 int PrintSchemas();
 int PrintEvents(const Document& document);
 int PrintNamespaces(const Document& document);
-/// Reads and writes the document by `schema`, or by its root element when that is null.
+/// Reads and writes the document.
 int RoundTrip(const Document& document, const XMLSchemaInfo* schema, const Log& log);
+/// Prints the tree of objects.
+int Show(const Document& document, const XMLSchemaInfo* schema);
+/// The same on one line of JSON, also for a document that cannot be read.
+int ShowJson(const Document& document, const XMLSchemaInfo* schema);
+/// The line of JSON for a file from which there is no document.
+void PrintJson(const std::string& name, const Failure& failure);
+/// Reads every document of the files: a line for each, unless `quiet` only for those that are
+/// refused, and a summary.
+int Check(const std::vector<std::string>& paths, const XMLSchemaInfo* schema, bool quiet);
+/// Compares two documents as trees of objects. 0 the same, 1 different, 2 not to be compared.
+int Diff(const std::string& oldPath, const std::string& newPath, const XMLSchemaInfo* schema);
 
 #endif  // ZTXML_TOOLS_COMMANDS_H

@@ -1,5 +1,6 @@
 #include "Document.h"
 
+#include <algorithm>
 #include <climits>
 #include <cstring>
 #include <filesystem>
@@ -7,32 +8,11 @@
 #include <iterator>
 #include <system_error>
 
+#include "Capture.h"
+#include "Text.h"
 #include "XMLFile.h"
 
 namespace {
-
-std::string EscapeWith(const char* text, bool quotes) {
-  constexpr char kDigits[] = "0123456789abcdef";
-  std::string escaped;
-  for (; *text; ++text) {
-    const auto byte = static_cast<unsigned char>(*text);
-    if (*text == '\n') {
-      escaped += "\\n";
-    } else if (*text == '\t') {
-      escaped += "\\t";
-    } else if (*text == '\\' || (quotes && *text == '"')) {
-      escaped += '\\';
-      escaped += *text;
-    } else if (byte < 0x20 || byte == 0x7f) {
-      escaped += "\\x";
-      escaped += kDigits[byte / 16];
-      escaped += kDigits[byte % 16];
-    } else {
-      escaped += *text;
-    }
-  }
-  return escaped;
-}
 
 const char* WhyNotOpened(const std::string& path) {
   std::error_code error;
@@ -44,74 +24,69 @@ const char* WhyNotOpened(const std::string& path) {
   return "cannot be opened";
 }
 
-bool ReadFile(const std::string& path, Document& document) {
+// Null, or why there is no text.
+const char* ReadFile(const std::string& path, std::string& text) {
   XMLFile file(path.c_str(), XML_FILE_READ);
-  if (!file.OpenFile()) {
-    Complain(document.name, std::string("file: ") + WhyNotOpened(path));
-    return false;
-  }
-  const char* text = file.Read();
-  if (text) document.text = text;
+  if (!file.OpenFile()) return WhyNotOpened(path);
+  const char* read = file.Read();
+  if (read) text = read;
   file.CloseFile();
-  if (!text) Complain(document.name, "file: empty, or cannot be read whole");
-  return text != nullptr;
+  return read ? nullptr : "empty, or cannot be read whole";
 }
 
-bool ReadStandardInput(Document& document) {
-  document.text.assign(std::istreambuf_iterator<char>(std::cin), {});
-  if (std::cin.bad() || document.text.size() >= INT_MAX) {
-    Complain(document.name, "file: cannot be read whole");
-    return false;
-  }
-  document.text.resize(std::strlen(document.text.c_str()));
-  return true;
+const char* ReadStandardInput(std::string& text) {
+  text.assign(std::istreambuf_iterator<char>(std::cin), {});
+  if (std::cin.bad() || text.size() >= INT_MAX) return "cannot be read whole";
+  text.resize(std::strlen(text.c_str()));
+  return nullptr;
 }
 
 }  // namespace
+
+Position PositionBehind(std::string_view passed, Position start) {
+  const std::size_t last = passed.rfind('\n');
+  if (last != std::string_view::npos) {
+    start.line += static_cast<std::size_t>(std::count(passed.begin(), passed.end(), '\n'));
+    start.column = 1;
+    passed.remove_prefix(last + 1);
+  }
+  for (const char c : passed) start.column += (static_cast<unsigned char>(c) & 0xc0) != 0x80;
+  return start;
+}
+
+std::string ToString(Position position) {
+  return std::to_string(position.line) + ':' + std::to_string(position.column);
+}
+
+std::string Describe(const std::string& name, const Failure& failure) {
+  std::string text = Escape(name);
+  if (failure.at.line) text += ':' + ToString(failure.at);
+  return text + ": " + failure.stage + ": " + failure.what;
+}
 
 void Complain(const std::string& name, const std::string& message) {
   std::cout.flush();
-  std::cerr << "ztxml: " << name << ": " << message << '\n';
+  std::cerr << "ztxml: " << Escape(name) << ": " << message << '\n';
 }
 
-std::string Escape(const char* text) { return EscapeWith(text, false); }
-std::string Quote(const char* text) { return '"' + EscapeWith(text, true) + '"'; }
-
-bool ReadDocument(const std::string& path, Document& document) {
-  const bool isInput = path == "-";
-  document.name = isInput ? "(standard input)" : path;
-  if (!(isInput ? ReadStandardInput(document) : ReadFile(path, document))) return false;
-  if (document.text.empty()) Complain(document.name, "file: empty");
-  return !document.text.empty();
+int Refuse(const std::string& name, const Failure& failure) {
+  std::cout.flush();
+  std::cerr << "ztxml: " << Describe(name, failure) << '\n';
+  return kCannotRead;
 }
 
-namespace {
+std::string NameOfInput(const std::string& path) { return path == "-" ? "(standard input)" : path; }
 
-int RunParser(const std::string& text, XmlDecoderSchema* receiver) {
-  XmlDecoder parser;
-  parser.SetSchema(receiver);
-  // The parser leaves unchanged what it is given.
-  return parser.Decode(const_cast<char*>(text.c_str()), static_cast<int>(text.size()));
-}
-
-}  // namespace
-
-bool IsWellFormed(const std::string& text) { return RunParser(text, nullptr) == ZT_XML_SUCCESS; }
-
-bool Parse(const Document& document, XmlDecoderSchema* receiver) {
-  switch (RunParser(document.text, receiver)) {
-    case ZT_XML_SUCCESS:
-      return true;
-    case ZT_XML_INCOMPLETE:
-      Complain(document.name, "parser: incomplete: the root element is missing or not closed");
-      return false;
-    default:
-      Complain(document.name, "parser: not well formed (--log 2 may tell more)");
-      return false;
+bool ReadDocuments(const std::string& path, std::vector<Document>& documents, Failure& failure) {
+  Document document;
+  document.name = NameOfInput(path);
+  const char* why = path == "-" ? ReadStandardInput(document.text) : ReadFile(path, document.text);
+  if (!why && document.text.empty()) why = "empty";
+  if (why) {
+    failure = {"file", why};
+    return false;
   }
-}
-
-ElementPtr ReadTree(XMLContext& context, const Document& document) {
-  XMLUnMarshaller* unMarshaller = context.createUnMarshaller();
-  return ElementPtr(unMarshaller ? unMarshaller->UnMarshall(document.text.c_str()) : nullptr);
+  if (IsCapture(document.text)) return ReadCapture(document, documents, failure);
+  documents.push_back(std::move(document));
+  return true;
 }

@@ -1,63 +1,63 @@
-// What the commands share: exit status, messages, the document they work on and what is read of it.
+// The documents that the commands work on: where they come from and what is said of them.
 #ifndef ZTXML_TOOLS_DOCUMENT_H
 #define ZTXML_TOOLS_DOCUMENT_H
 
-#include <memory>
+#include <cstddef>
 #include <string>
-
-#include "XMLFactory.h"
-#include "XmlDecoder.h"
+#include <string_view>
+#include <vector>
 
 enum ExitStatus : int {
   kDone = 0,
-  kCannotRead = 1,  ///< the document was refused, by the stage that the message names
+  kCannotRead = 1,  ///< a document was refused, by the stage that the message names
   kUsage = 2,
   kCannotWrite = 3
 };
 
+/// A place in a file: lines and, in them, characters of UTF-8, both counted from 1. Line 0: none.
+struct Position {
+  std::size_t line = 0;
+  std::size_t column = 0;
+};
+
+/// The place behind `passed`, which begins at `start`.
+Position PositionBehind(std::string_view passed, Position start);
+/// "3:17".
+std::string ToString(Position position);
+
 /// A whole document and what messages call it.
 struct Document {
   std::string name;
-  std::string text;  ///< without NUL bytes: one ends the document
+  std::string text;         ///< without NUL bytes: one ends the document
+  std::string contentType;  ///< lower case, "" when nothing tells
+  Position start = {1, 1};  ///< of the text in its file
+
+  /// The place of the byte `offset`.
+  Position At(std::size_t offset) const {
+    return PositionBehind(std::string_view(text).substr(0, offset), start);
+  }
 };
 
-struct ContextDeleter {
-  void operator()(XMLContext* context) const { XMLFactory::deleteContext(context); }
+/// Why a document was refused.
+struct Failure {
+  const char* stage = "";  ///< "file", "capture", "parser", "root element" or "schema decoder"
+  std::string what;
+  Position at = {};
 };
-struct ElementDeleter {
-  void operator()(XMLElement* element) const { XMLFactory::DeleteElement(element); }
-};
-using ContextPtr = std::unique_ptr<XMLContext, ContextDeleter>;
-using ElementPtr = std::unique_ptr<XMLElement, ElementDeleter>;
+
+/// "name:line:column: stage: what".
+std::string Describe(const std::string& name, const Failure& failure);
 
 /// Prints "ztxml: name: message" on standard error, behind what standard output has so far.
 void Complain(const std::string& name, const std::string& message);
+/// The same for a failure. Returns kCannotRead.
+int Refuse(const std::string& name, const Failure& failure);
 
-/// `text` on one line: control characters and backslashes as \n, \t, \\ or \xNN.
-std::string Escape(const char* text);
-/// The same in double quotes, with those inside as \".
-std::string Quote(const char* text);
+/// What messages call `path`.
+std::string NameOfInput(const std::string& path);
 
-/// Reads the file `path`, or standard input for "-". False after a message.
-bool ReadDocument(const std::string& path, Document& document);
-
-/// Whether the parser takes `text` as a whole document.
-bool IsWellFormed(const std::string& text);
-
-/// Runs the parser over the document; a null `receiver` has it only checked. False after a message.
-bool Parse(const Document& document, XmlDecoderSchema* receiver);
-
-/// The tree that the schema of `context` reads from the document, or null.
-ElementPtr ReadTree(XMLContext& context, const Document& document);
-
-/// A receiver that ignores every callback.
-class Receiver : public XmlDecoderSchema {
- public:
-  int ProcessReserved() override { return 0; }
-  int ProcessAttribute(char* /*element*/, char* /*name*/, char* /*value*/) override { return 0; }
-  int ProcessElement(char* /*name*/, char* /*value*/) override { return 0; }
-  int ProcessElementOpened(char* /*name*/) override { return 0; }
-  void* GetSessionData() override { return nullptr; }
-};
+/// Adds what the file `path`, or standard input for "-", has: a document, or the XML bodies of a
+/// captured message. False with the failure; what was added before is kept.
+bool ReadDocuments(const std::string& path, std::vector<Document>& documents, Failure& failure);
 
 #endif  // ZTXML_TOOLS_DOCUMENT_H

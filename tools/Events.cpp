@@ -2,6 +2,8 @@
 #include <iostream>
 
 #include "Commands.h"
+#include "Read.h"
+#include "Text.h"
 
 namespace {
 
@@ -28,5 +30,6 @@ class EventPrinter : public Receiver {
 
 int PrintEvents(const Document& document) {
   EventPrinter printer;
-  return Parse(document, &printer) ? kDone : kCannotRead;
+  Failure failure;
+  return Parse(document, &printer, failure) ? kDone : Refuse(document.name, failure);
 }

@@ -3,7 +3,7 @@
 #include <cstring>
 #include <iostream>
 
-#include "Document.h"
+#include "Text.h"
 
 namespace {
 constexpr int kErrors = 4;  // the level of the line about a document that was cut

@@ -2,18 +2,17 @@
 #include <iostream>
 
 #include "Commands.h"
-
-Namespaces::Namespaces(const Document& document) {
-  const ContextPtr context(XMLFactory::newInstance(XML_SCHEMA_NAMESPACE_RETRIEVAL));
-  if (context) m_Tree = ReadTree(*context, document);
-}
+#include "Locate.h"
+#include "Read.h"
+#include "Text.h"
 
 int PrintNamespaces(const Document& document) {
-  if (!Parse(document, nullptr)) return kCannotRead;
+  Failure failure;
+  if (!Parse(document, nullptr, failure)) return Refuse(document.name, failure);
   const Namespaces namespaces(document);
   if (!namespaces.get()) {
-    Complain(document.name, "schema decoder: the namespaces cannot be read");
-    return kCannotRead;
+    const XMLSchemaInfo& schema = *XMLFactory::getSchemaInfo(XML_SCHEMA_NAMESPACE_RETRIEVAL);
+    return Refuse(document.name, WhyRefused(document, schema, nullptr));
   }
   ZtSingleElementList* list = namespaces.get()->getNameSpaceInfo();
   for (ZtListNode* node = list ? list->GetPtrToListHead() : nullptr; node; node = node->next) {

@@ -1,13 +1,15 @@
 // ztxml schemas: what the library can read and write.
+#include "Schemas.h"
+
 #include <algorithm>
 #include <array>
-#include <cctype>
 #include <iostream>
 #include <iterator>
 #include <string>
 #include <vector>
 
 #include "Commands.h"
+#include "Text.h"
 
 namespace {
 
@@ -18,11 +20,6 @@ std::vector<const XMLSchemaInfo*> AllSchemas() {
     if (info) schemas.push_back(info);
   }
   return schemas;
-}
-
-std::string LowerCase(std::string text) {
-  for (char& c : text) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
-  return text;
 }
 
 std::string Roots(const XMLSchemaInfo& schema) {
@@ -50,6 +47,34 @@ void PrintTable(const std::vector<Row>& rows) {
   }
 }
 
+// The content types that tell a schema. Two documents share theirs, with roots of their own.
+struct TypeRow {
+  const char* type;
+  eXMLSchemaID schema;
+};
+constexpr TypeRow kTypes[] = {
+    {"application/im-iscomposing+xml", XML_SCHEMA_IS_COMPOSING},
+    {"application/resource-lists+xml", XML_SCHEMA_RESOURCE_LISTS},
+    {"application/conference-info+xml", XML_SCHEMA_CONFERENCE_INFO},
+    {"message/imdn+xml", XML_SCHEMA_IMDN},
+    {"application/vnd.etsi.simservs+xml", XML_SCHEMA_SIMSERVS},
+    {"application/xcap-error+xml", XML_SCHEMA_XCAP_ERROR},
+    {"text/vnd.wap.connectivity-xml", XML_SCHEMA_WAP_PROVISIONING_DOC},
+    {"application/pidf+xml", XML_SCHEMA_PRESENCE},
+    {"application/rls-services+xml", XML_SCHEMA_RLS_SERVICES},
+    {"application/rlmi+xml", XML_SCHEMA_LIST},
+    {"application/vnd.oma.xcap-directory+xml", XML_SCHEMA_XCAP_DIRECTORY},
+    {"application/vnd.gsma.rcs-ft-http+xml", XML_SCHEMA_FILE},
+    {"application/media_control+xml", XML_SCHEMA_MEDIA_CONTROL},
+    {"application/vnd.3gpp.cw+xml", XML_SCHEMA_CALL_WAITING_INDICATION},
+    {"application/3gpp-ims+xml", XML_SCHEMA_CW_INDICATION},
+    {"application/3gpp-ims+xml", XML_SCHEMA_CALL_WAITING_INDICATION},
+    {"application/vnd.3gpp-ims+xml", XML_SCHEMA_CW_INDICATION},
+    {"application/vnd.3gpp-ims+xml", XML_SCHEMA_CALL_WAITING_INDICATION},
+    {"application/vnd.3gpp.bsf+xml", XML_SCHEMA_BOOTSTRAPPING_INFO},
+    {"application/reginfo+xml", XML_SCHEMA_REGINFO},
+};
+
 }  // namespace
 
 const XMLSchemaInfo* FindSchema(const std::string& nameOrId) {
@@ -65,6 +90,17 @@ const XMLSchemaInfo* FindSchemaOfRoot(const std::string& localName) {
     if (HasRoot(*schema, localName)) return schema;
   }
   return nullptr;
+}
+
+const XMLSchemaInfo* FindSchemaOfType(const std::string& type, const std::string& localName) {
+  const XMLSchemaInfo* first = nullptr;
+  for (const TypeRow& row : kTypes) {
+    if (type != row.type) continue;
+    const XMLSchemaInfo* schema = XMLFactory::getSchemaInfo(row.schema);
+    if (HasRoot(*schema, localName)) return schema;
+    if (!first) first = schema;
+  }
+  return first;
 }
 
 bool HasRoot(const XMLSchemaInfo& schema, const std::string& localName) {

@@ -1,46 +1,106 @@
 // The command line tool: looks at documents as the library does.
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <exception>
 #include <iostream>
 #include <string>
+#include <vector>
 
 #include "Commands.h"
 #include "Document.h"
 #include "Log.h"
+#include "Schemas.h"
+#include "Text.h"
 
 namespace {
 
-constexpr char kFooter[] = R"(Examples:
+constexpr char kFooter[] =
+    R"(Files are documents, or messages as captured: SIP or HTTP with headers and a body, or a MIME
+entity. Of a message every XML body is taken, also in multipart and CPIM bodies. Its Content-Type
+tells the schema; without one, or in a document, the root element does.
+
+What is refused is told as FILE:LINE:COLUMN: STAGE: REASON, with the place of the tag. Columns count
+characters. Stages: file, capture (headers and bodies), parser, root element, schema decoder.
+
+Examples:
   ztxml schemas
-  ztxml events notify.xml
-  ztxml roundtrip --log 1 notify.xml
+  ztxml show notify.xml
+  ztxml check *.xml
+  ztxml diff old.xml new.xml
   ztxml namespaces - < notify.xml
+  ztxml COMMAND --help
 
 Log levels, on standard error: 1 everything; 2 trace lines and most failures; 3 state changes;
 4 errors.
 
-Exit status: 0 done; 1 the document cannot be read; 2 wrong usage; 3 it cannot be written.)";
+Exit status: 0 done; 1 a document cannot be read; 2 wrong usage; 3 it cannot be written. Of several
+files the highest counts. diff: 0 the same; 1 different; 2 wrong usage, or one cannot be read.)";
 
 constexpr char kEventsFooter[] = R"(Lines:
   start NAME
   attribute ELEMENT NAME="VALUE"
   opened NAME             all attributes of the start tag have been reported
   end /NAME "TEXT"        with the text since the last tag or comment, entities as they stand
-Control characters, quotes and backslashes are escaped: \n, \t, \", \\, \xNN.
+Control characters, quotes and backslashes are escaped: \n, \t, \", \\; so are these and bytes that
+are not UTF-8: \xNN. Each of several documents has a line "# FILE" before it.
 
 Example:
   ztxml events notify.xml)";
 
 constexpr char kNamespacesFooter[] =
-    R"(Lines: PREFIX<tab>URI in document order, with (default) for the default namespace.
+    R"(Lines: PREFIX<tab>URI in document order, with (default) for the default namespace. Each of several
+documents has a line "# FILE" before it.
 
 Example:
   ztxml namespaces notify.xml)";
 
-constexpr char kRoundTripFooter[] = R"(Examples:
+constexpr char kRoundTripFooter[] =
+    R"(What is written to a terminal has its control characters escaped.
+
+Examples:
   ztxml roundtrip notify.xml
   ztxml roundtrip --schema reginfo notify.xml
   ztxml roundtrip --schema 26 - < notify.xml)";
+
+constexpr char kShowFooter[] = R"(Lines, indented by depth:
+  ELEMENT : TYPE          an object
+  @NAME = VALUE           an attribute
+  NAME = VALUE            a child element of which the text is kept
+  (text) = VALUE          the element's own text; (words) for each word of it
+Texts are in quotes and escaped as by "events", enumerations and numbers are not. What is absent is
+not shown. Each of several documents has a line "# FILE" before it.
+
+With --json each document is one line,
+  {"file":NAME,"schema":NAME,"document":OBJECT}
+  {"file":NAME,"error":{"stage":STAGE,"message":TEXT,"line":N,"column":N}}
+and each object has "#element", "#type" and its fields: "@NAME" for attributes, "NAME" for child
+elements, "#text", "#words", "#attributes" (other attributes: a list of name and value; the name of
+a default namespace is null) and "#children" (other child elements). What may be repeated is a list.
+Each byte of a text that is not UTF-8 becomes U+FFFD.
+
+Examples:
+  ztxml show notify.xml
+  ztxml show --json notify.xml | jq '.document.registration[]["@aor"]')";
+
+constexpr char kCheckFooter[] = R"(Lines: "FILE: ok, SCHEMA" or the reason, then a summary.
+
+Examples:
+  ztxml check *.xml
+  ztxml check --quiet capture/*.txt || echo some were refused)";
+
+constexpr char kDiffFooter[] =
+    R"(Compares what the library keeps of the documents: white space between elements, the order of
+attributes and what it skips do not count. Lines:
+  - PATH ...              only in the first document
+  + PATH ...              only in the second
+  ~ PATH: OLD -> NEW      different
+Entries of lists belong together when they are equal, else by their id (or entity, uri, aor, name),
+else by their place. Entries that changed places are in one "-" and one "+" line.
+
+Exit status: 0 the same; 1 different; 2 wrong usage, or a document cannot be read.
+
+Example:
+  ztxml diff old.xml new.xml)";
 
 std::string CheckSchema(const std::string& nameOrId) {
   return FindSchema(nameOrId) ? "" : "unknown schema '" + nameOrId + "' (see: ztxml schemas)";
@@ -62,18 +122,29 @@ class CommandLine {
     m_App.require_subcommand(1);
     m_App.fallthrough();  // --log may follow the command
 
+    m_pShow = AddCommand("show", "Print the objects that documents are read as", kShowFooter);
+    AddFiles(m_pShow);
+    AddSchema(m_pShow);
+    m_pShow->add_flag("--json", m_bJson, "Print JSON, one line for each document");
+    m_pCheck = AddCommand("check", "Read many documents and tell which are refused", kCheckFooter);
+    AddFiles(m_pCheck);
+    AddSchema(m_pCheck);
+    m_pCheck->add_flag("-q,--quiet", m_bQuiet, "Print only what is refused");
+    m_pDiff = AddCommand("diff", "Compare two documents", kDiffFooter);
+    m_pDiff->add_option("OLD", m_OldPath, "The first document; - is standard input")
+        ->option_text(" ")
+        ->required();
+    m_pDiff->add_option("NEW", m_NewPath, "The second one")->option_text(" ")->required();
+    AddSchema(m_pDiff);
+    m_pRoundTrip = AddCommand("roundtrip", "Read documents and write them again to standard output",
+                              kRoundTripFooter);
+    AddFiles(m_pRoundTrip);
+    AddSchema(m_pRoundTrip);
+    m_pEvents = AddCommand("events", "Print the parser's callbacks, one a line", kEventsFooter);
+    AddFiles(m_pEvents);
+    m_pNamespaces = AddCommand("namespaces", "Print the namespace declarations", kNamespacesFooter);
+    AddFiles(m_pNamespaces);
     m_pSchemas = m_App.add_subcommand("schemas", "List the schemas that the library knows");
-    m_pEvents =
-        AddDocumentCommand("events", "Print the parser's callbacks, one a line", kEventsFooter);
-    m_pNamespaces = AddDocumentCommand("namespaces", "Print a document's namespace declarations",
-                                       kNamespacesFooter);
-    m_pRoundTrip = AddDocumentCommand(
-        "roundtrip", "Read a document and write it again to standard output", kRoundTripFooter);
-    m_pRoundTrip
-        ->add_option("--schema", m_Schema,
-                     "A schema of ztxml schemas; by default the root element decides")
-        ->option_text("NAME|ID")
-        ->check(CheckSchema);
   }
 
   int Run(int argc, const char* const* argv) {
@@ -86,32 +157,70 @@ class CommandLine {
   }
 
  private:
-  CLI::App* AddDocumentCommand(const char* name, const char* description, const char* footer) {
+  CLI::App* AddCommand(const char* name, const char* description, const char* footer) {
     CLI::App* command = m_App.add_subcommand(name, description);
-    command->add_option("FILE", m_Path, "The document; - is standard input")
-        ->option_text(" ")
-        ->required();
     command->footer(footer);
     return command;
+  }
+  void AddFiles(CLI::App* command) {
+    command->add_option("FILE", m_Paths, "The documents; - is standard input")
+        ->option_text("...")
+        ->required();
+  }
+  void AddSchema(CLI::App* command) {
+    command->add_option("--schema", m_Schema, "A schema of ztxml schemas, for every document")
+        ->option_text("NAME|ID")
+        ->check(CheckSchema);
   }
 
   int RunCommand() const {
     if (m_pSchemas->parsed()) return PrintSchemas();
     const Log log(m_LogLevel);
-    Document document;
-    if (!ReadDocument(m_Path, document)) return kCannotRead;
+    const XMLSchemaInfo* schema = m_Schema.empty() ? nullptr : FindSchema(m_Schema);
+    if (m_pCheck->parsed()) return Check(m_Paths, schema, m_bQuiet);
+    if (m_pDiff->parsed()) return Diff(m_OldPath, m_NewPath, schema);
+    int status = kDone;
+    for (const std::string& path : m_Paths) status = std::max(status, RunFile(path, schema, log));
+    return status;
+  }
+
+  int RunFile(const std::string& path, const XMLSchemaInfo* schema, const Log& log) const {
+    std::vector<Document> documents;
+    Failure failure;
+    const bool opened = ReadDocuments(path, documents, failure);
+    const bool headings =
+        (m_Paths.size() > 1 || documents.size() > 1) && !m_bJson && !m_pRoundTrip->parsed();
+    int status = kDone;
+    for (const Document& document : documents) {
+      if (headings) std::cout << "# " << Escape(document.name) << '\n';
+      status = std::max(status, RunDocument(document, schema, log));
+    }
+    if (opened) return status;
+    if (m_bJson) PrintJson(NameOfInput(path), failure);
+    return std::max<int>(status, Refuse(NameOfInput(path), failure));
+  }
+
+  int RunDocument(const Document& document, const XMLSchemaInfo* schema, const Log& log) const {
     if (m_pEvents->parsed()) return PrintEvents(document);
     if (m_pNamespaces->parsed()) return PrintNamespaces(document);
-    return RoundTrip(document, m_Schema.empty() ? nullptr : FindSchema(m_Schema), log);
+    if (m_pRoundTrip->parsed()) return RoundTrip(document, schema, log);
+    return m_bJson ? ShowJson(document, schema) : Show(document, schema);
   }
 
   CLI::App m_App{"Shows how ztxml reads and writes the XML bodies of an IMS client.", "ztxml"};
-  CLI::App* m_pSchemas = nullptr;
+  CLI::App* m_pShow = nullptr;
+  CLI::App* m_pCheck = nullptr;
+  CLI::App* m_pDiff = nullptr;
+  CLI::App* m_pRoundTrip = nullptr;
   CLI::App* m_pEvents = nullptr;
   CLI::App* m_pNamespaces = nullptr;
-  CLI::App* m_pRoundTrip = nullptr;
+  CLI::App* m_pSchemas = nullptr;
   int m_LogLevel = 0;
-  std::string m_Path;
+  bool m_bJson = false;
+  bool m_bQuiet = false;
+  std::vector<std::string> m_Paths;
+  std::string m_OldPath;
+  std::string m_NewPath;
   std::string m_Schema;
 };
 

@@ -47,6 +47,12 @@ struct Field {
   bool HoldsAttributes() const { return place == ZtPlace::kOtherAttributes; }
 };
 
+/// Whether the field stands in the start tag. Some types take what comes there as texts.
+inline bool IsAttribute(const Field& field) {
+  return field.place == ZtPlace::kAttribute || field.place == ZtPlace::kOtherAttributes ||
+         (field.row && field.row->fromAttribute);
+}
+
 /// The table of the class of `object`, one of the library's.
 const ZtElementType& TypeOf(const XMLElement& object);
 

@@ -1,0 +1,272 @@
+// ztxml diff: two documents compared as the library has them.
+#include <iostream>
+#include <iterator>
+#include <map>
+#include <string>
+#include <unordered_map>
+
+#include "Align.h"
+#include "Commands.h"
+#include "Read.h"
+#include "Text.h"
+#include "reflect/Reflect.h"
+
+using reflect::Field;
+using reflect::Item;
+
+namespace {
+
+constexpr int kTrouble = 2;
+
+const char* OrEmpty(const char* text) { return text ? text : ""; }
+
+// A number for each text, so that equal texts have equal ones. A map, since a hash could be made to
+// collide.
+class Numbers {
+ public:
+  std::size_t Of(const std::string& text) {
+    return m_Numbers.emplace(text, m_Numbers.size()).first->second;
+  }
+
+ private:
+  std::map<std::string, std::size_t> m_Numbers;
+};
+
+// Numbers for objects: equal ones for equal trees.
+class Contents {
+ public:
+  // A tree that was read is no deeper than the decoder's stack.
+  std::size_t Of(const XMLElement& object) {
+    const auto known = m_Objects.find(&object);
+    if (known != m_Objects.end()) return known->second;
+    std::string text = reflect::TypeOf(object).className;
+    Append(reflect::ElementNameOf(object), text);
+    for (const Field& field : reflect::FieldsOf(object)) {
+      text += '|' + std::to_string(field.items.size());
+      if (field.HoldsAttributes()) {
+        // Their order means nothing.
+        std::multimap<std::string, std::string> sorted;
+        for (const Item& item : field.items) sorted.emplace(OrEmpty(item.name), OrEmpty(item.text));
+        for (const auto& [name, value] : sorted) {
+          Append(name, text);
+          Append(value, text);
+        }
+        continue;
+      }
+      for (const Item& item : field.items) text += ',' + std::to_string(Of(field, item));
+    }
+    const std::size_t number = m_Numbers.Of(text);
+    m_Objects.emplace(&object, number);
+    return number;
+  }
+  std::size_t Of(const Field& field, const Item& item) {
+    if (item.object) return Of(*item.object);
+    return m_Numbers.Of(item.text ? '"' + std::string(item.text) : std::to_string(field.number));
+  }
+
+ private:
+  static void Append(const std::string& part, std::string& text) {
+    text += ':' + std::to_string(part.size()) + ':' + part;
+  }
+
+  Numbers m_Numbers;
+  std::unordered_map<const XMLElement*, std::size_t> m_Objects;
+};
+
+std::string ValueOf(const Field& field, const Item& item) {
+  if (!item.text) return std::to_string(field.number);
+  return field.value == ZtValue::kEnum ? item.text : QuoteShort(item.text);
+}
+
+// What tells an object from its neighbours, and the same for people, e.g. @id="r1"; "" when it has
+// nothing such.
+struct Key {
+  std::string text;
+  std::string shown;
+};
+
+Key KeyOf(const XMLElement& object) {
+  constexpr std::string_view kKeys[] = {"id", "entity", "uri", "aor", "name", "ref", "type", "cid"};
+  Key key;
+  std::size_t best = std::size(kKeys);
+  for (const Field& field : reflect::FieldsOf(object)) {
+    if (!reflect::IsAttribute(field) || !field.name || !field.IsPresent()) continue;
+    for (std::size_t i = 0; i < best; ++i) {
+      if (kKeys[i] != field.name) continue;
+      best = i;
+      const Item& item = field.items[0];
+      key = {field.name + ('=' + (item.text ? item.text : std::to_string(field.number))),
+             " @" + std::string(field.name) + '=' + ValueOf(field, item)};
+    }
+  }
+  return key;
+}
+
+std::string NameIn(const Field& field, const Item& item) {
+  if (field.place == ZtPlace::kOwnText) return "(text)";
+  if (field.place == ZtPlace::kOwnWords) return "(words)";
+  const char* name = field.name    ? field.name
+                     : item.object ? reflect::ElementNameOf(*item.object)
+                                   : OrEmpty(item.name);
+  return (reflect::IsAttribute(field) ? "@" : "") + Escape(name);
+}
+
+// The names of the entries of a list, with their places among those of the same name.
+std::vector<std::string> NamesIn(const Field& field) {
+  std::map<std::string, std::size_t> counts;
+  std::vector<std::string> names;
+  names.reserve(field.items.size());
+  for (const Item& item : field.items) {
+    std::string name = NameIn(field, item);
+    const std::size_t count = ++counts[name];
+    if (field.IsRepeated()) name += '[' + std::to_string(count) + ']';
+    names.push_back(std::move(name));
+  }
+  return names;
+}
+
+class Comparer {
+ public:
+  // Returns whether they are equal.
+  bool Compare(const XMLElement& before, const XMLElement& after) {
+    const std::string path = '/' + std::string(reflect::ElementNameOf(before));
+    if (&reflect::TypeOf(before) == &reflect::TypeOf(after)) {
+      CompareObjects(before, after, path);
+    } else {
+      Line('~', path) << " : " << reflect::TypeOf(before).className << " -> "
+                      << reflect::TypeOf(after).className << '\n';
+    }
+    return m_bEqual;
+  }
+
+ private:
+  std::ostream& Line(char sign, const std::string& path) {
+    m_bEqual = false;
+    return std::cout << sign << ' ' << path;
+  }
+
+  // Something that only one of the documents has.
+  void Single(char sign, const std::string& path, const Field& field, const Item& item) {
+    std::ostream& line = Line(sign, path);
+    if (item.object) {
+      line << " : " << reflect::TypeOf(*item.object).className << KeyOf(*item.object).shown;
+    } else {
+      line << " = " << ValueOf(field, item);
+    }
+    line << '\n';
+  }
+
+  void CompareObjects(const XMLElement& before, const XMLElement& after, const std::string& path) {
+    if (m_Contents.Of(before) == m_Contents.Of(after)) return;
+    const std::vector<Field> old = reflect::FieldsOf(before);
+    const std::vector<Field> now = reflect::FieldsOf(after);
+    for (std::size_t i = 0; i < old.size(); ++i) {
+      if (old[i].HoldsAttributes()) {
+        CompareAttributes(old[i], now[i], path);
+      } else {
+        CompareLists(old[i], now[i], path);
+      }
+    }
+  }
+
+  // Objects of different types, flags of different names and entries with different keys are not
+  // one thing that has changed.
+  static bool AreSame(const Field& old, const Item& before, const Field& now, const Item& after) {
+    if (!before.object || !after.object) return true;
+    return &reflect::TypeOf(*before.object) == &reflect::TypeOf(*after.object) &&
+           NameIn(old, before) == NameIn(now, after) &&
+           (!old.IsRepeated() || KeyOf(*before.object).text == KeyOf(*after.object).text);
+  }
+
+  void CompareItems(const Field& old, const Item& before, const Field& now, const Item& after,
+                    const std::string& path) {
+    if (m_Contents.Of(old, before) == m_Contents.Of(now, after)) return;
+    if (before.object && after.object) return CompareObjects(*before.object, *after.object, path);
+    Line('~', path) << ": " << ValueOf(old, before) << " -> " << ValueOf(now, after) << '\n';
+  }
+
+  std::vector<AlignEntry> Entries(const Field& field) {
+    std::vector<AlignEntry> entries;
+    for (const Item& item : field.items) {
+      const std::string key = item.object ? KeyOf(*item.object).text : "";
+      entries.push_back({m_Contents.Of(field, item), m_Keys.Of(NameIn(field, item) + ' ' + key)});
+    }
+    return entries;
+  }
+
+  void CompareLists(const Field& old, const Field& now, const std::string& path) {
+    if (old.items.empty() && now.items.empty()) return;
+    const std::vector<std::string> oldNames = NamesIn(old);
+    const std::vector<std::string> newNames = NamesIn(now);
+    const std::vector<std::size_t> matches = Align(Entries(old), Entries(now));
+    std::size_t next = 0;  // the first of the new ones that has not been dealt with
+    for (std::size_t i = 0; i <= old.items.size(); ++i) {
+      const bool end = i == old.items.size();
+      const bool matched = !end && matches[i] != kUnmatched;
+      if (!end && (!matched || !AreSame(old, old.items[i], now, now.items[matches[i]]))) {
+        Single('-', path + '/' + oldNames[i], old, old.items[i]);
+        continue;
+      }
+      const std::size_t match = end ? now.items.size() : matches[i];
+      for (; next < match; ++next) {
+        Single('+', path + '/' + newNames[next], now, now.items[next]);
+      }
+      if (end) return;
+      CompareItems(old, old.items[i], now, now.items[match], path + '/' + oldNames[i]);
+      next = match + 1;
+    }
+  }
+
+  // Their order means nothing; of several with one name the first stands.
+  void CompareAttributes(const Field& old, const Field& now, const std::string& path) {
+    std::map<std::string, const Item*> others;
+    for (const Item& item : now.items) others.emplace(OrEmpty(item.name), &item);
+    std::map<std::string, const Item*> own;
+    for (const Item& item : old.items) own.emplace(OrEmpty(item.name), &item);
+    for (const auto& [name, item] : own) {
+      const auto other = others.find(name);
+      const std::string at = path + '/' + NameIn(old, *item);
+      if (other == others.end()) {
+        Line('-', at) << " = " << QuoteShort(OrEmpty(item->text)) << '\n';
+      } else if (std::string(OrEmpty(item->text)) != OrEmpty(other->second->text)) {
+        Line('~', at) << ": " << QuoteShort(OrEmpty(item->text)) << " -> "
+                      << QuoteShort(OrEmpty(other->second->text)) << '\n';
+      }
+    }
+    for (const auto& [name, item] : others) {
+      if (own.count(name)) continue;
+      Line('+', path + '/' + NameIn(now, *item))
+          << " = " << QuoteShort(OrEmpty(item->text)) << '\n';
+    }
+  }
+
+  Contents m_Contents;
+  Numbers m_Keys;
+  bool m_bEqual = true;
+};
+
+bool ReadOne(const std::string& path, const XMLSchemaInfo* schema, Tree& tree) {
+  std::vector<Document> documents;
+  Failure failure;
+  if (!ReadDocuments(path, documents, failure)) {
+    Refuse(NameOfInput(path), failure);
+    return false;
+  }
+  if (documents.size() > 1) {
+    Refuse(NameOfInput(path), {"capture", std::to_string(documents.size()) +
+                                              " XML bodies, of which only one can be compared"});
+    return false;
+  }
+  if (ReadTree(documents[0], schema, tree, failure)) return true;
+  Refuse(documents[0].name, failure);
+  return false;
+}
+
+}  // namespace
+
+int Diff(const std::string& oldPath, const std::string& newPath, const XMLSchemaInfo* schema) {
+  Tree before;
+  Tree after;
+  if (!ReadOne(oldPath, schema, before) || !ReadOne(newPath, schema, after)) return kTrouble;
+  return Comparer().Compare(*before.root, *after.root) ? 0 : 1;
+}

@@ -1,0 +1,22 @@
+// Where in a document something went wrong. The parser reports no places: it is given the text once
+// more, in pieces that end behind each tag, until it or the schema's decoder says no.
+#ifndef ZTXML_TOOLS_LOCATE_H
+#define ZTXML_TOOLS_LOCATE_H
+
+#include <cstddef>
+
+#include "Document.h"
+#include "XMLElement.h"
+#include "XMLFactory.h"
+
+/// Where the root element's start tag begins, in a document that the parser takes.
+std::size_t RootOffset(const Document& document);
+
+/// Why the parser does not take the document.
+Failure WhyNotParsed(const Document& document);
+
+/// Why the decoder of `schema`, told of `namespaces`, gives no tree for a document that the parser
+/// takes.
+Failure WhyRefused(const Document& document, const XMLSchemaInfo& schema, XMLObject* namespaces);
+
+#endif  // ZTXML_TOOLS_LOCATE_H

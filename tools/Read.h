@@ -1,0 +1,66 @@
+// Reading a document as the library does, and telling where and why it was refused.
+#ifndef ZTXML_TOOLS_READ_H
+#define ZTXML_TOOLS_READ_H
+
+#include <memory>
+#include <string>
+
+#include "Document.h"
+#include "XMLFactory.h"
+#include "XMLSchemaNameSpaceRetrieval.h"
+#include "XmlDecoder.h"
+
+struct ContextDeleter {
+  void operator()(XMLContext* context) const { XMLFactory::deleteContext(context); }
+};
+struct ElementDeleter {
+  void operator()(XMLElement* element) const { XMLFactory::DeleteElement(element); }
+};
+using ContextPtr = std::unique_ptr<XMLContext, ContextDeleter>;
+using ElementPtr = std::unique_ptr<XMLElement, ElementDeleter>;
+
+/// A receiver that ignores every callback.
+class Receiver : public XmlDecoderSchema {
+ public:
+  int ProcessReserved() override { return 0; }
+  int ProcessAttribute(char* /*element*/, char* /*name*/, char* /*value*/) override { return 0; }
+  int ProcessElement(char* /*name*/, char* /*value*/) override { return 0; }
+  int ProcessElementOpened(char* /*name*/) override { return 0; }
+  void* GetSessionData() override { return nullptr; }
+};
+
+/// Whether the parser takes `text` as a whole document.
+bool IsWellFormed(const std::string& text);
+
+/// Runs the parser over the document; a null `receiver` has it only checked. False with the
+/// failure.
+bool Parse(const Document& document, XmlDecoderSchema* receiver, Failure& failure);
+
+/// The namespace declarations of a document, as the library retrieves them; `get` is null when it
+/// cannot.
+class Namespaces {
+ public:
+  Namespaces() = default;
+  explicit Namespaces(const Document& document);
+  zt_schema_namespace_retrieval* get() const {
+    return static_cast<zt_schema_namespace_retrieval*>(m_Tree.get());
+  }
+
+ private:
+  ElementPtr m_Tree;
+};
+
+/// A document that was read. Some schemas take prefixes from its declarations, which therefore
+/// outlive the context.
+struct Tree {
+  const XMLSchemaInfo* schema = nullptr;
+  Namespaces namespaces;
+  ContextPtr context;
+  ElementPtr root;
+};
+
+/// Reads the document by `schema`. When that is null its content type decides, else its root
+/// element. False with the failure.
+bool ReadTree(const Document& document, const XMLSchemaInfo* schema, Tree& tree, Failure& failure);
+
+#endif  // ZTXML_TOOLS_READ_H

@@ -1,0 +1,19 @@
+// Finding schemas: by their name or number, by a root element, by a content type.
+#ifndef ZTXML_TOOLS_SCHEMAS_H
+#define ZTXML_TOOLS_SCHEMAS_H
+
+#include <string>
+
+#include "XMLFactory.h"
+
+/// The schema with the given name, in any case, or number; null for none.
+const XMLSchemaInfo* FindSchema(const std::string& nameOrId);
+/// The schema that has the root element `localName`, or null.
+const XMLSchemaInfo* FindSchemaOfRoot(const std::string& localName);
+/// The schema of bodies of the content type `type`, in lower case; of several the one that has the
+/// root element `localName`. Null when the type tells none.
+const XMLSchemaInfo* FindSchemaOfType(const std::string& type, const std::string& localName);
+/// Whether the schema is known to have the root element `localName`.
+bool HasRoot(const XMLSchemaInfo& schema, const std::string& localName);
+
+#endif  // ZTXML_TOOLS_SCHEMAS_H

@@ -1,0 +1,30 @@
+// Texts of strangers as the tool prints them.
+#ifndef ZTXML_TOOLS_TEXT_H
+#define ZTXML_TOOLS_TEXT_H
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+/// The bytes of the character that `text`, not empty, begins with; 0 when its first byte begins no
+/// character of UTF-8.
+std::size_t CharacterSize(std::string_view text);
+
+/// `text` on one line and harmless to a terminal: control characters, backslashes and bytes that
+/// are not UTF-8 as \n, \t, \\ or \xNN.
+std::string Escape(std::string_view text);
+/// The same in double quotes, with those inside as \".
+std::string Quote(std::string_view text);
+/// `text` in quotes, cut when it is long.
+std::string QuoteShort(std::string_view text);
+/// `text` with its line breaks and tabs, all else as Escape has it, backslashes excepted.
+std::string EscapeControls(std::string_view text);
+/// `text` as a string of JSON. Each byte that is not UTF-8 becomes U+FFFD, since JSON has none
+/// such.
+std::string JsonQuote(std::string_view text);
+
+std::string LowerCase(std::string_view text);
+/// `text` without white space at both ends.
+std::string_view Trim(std::string_view text);
+
+#endif  // ZTXML_TOOLS_TEXT_H
