@@ -338,7 +338,8 @@ std::string Facts(const reflect::Schema& schema) {
   const auto add = [&](const char* what, const std::string& value) {
     text += std::string("| ") + what + " | " + value + " |\n";
   };
-  add("id", std::to_string(info.id) + ", " + Code(EnumeratorOf("eXMLSchemaID", info.id)));
+  add("id", std::to_string(info.id) + ", " +
+                Code(EnumeratorOf("eXMLSchemaID", static_cast<unsigned>(info.id))));
   add("context", Code(std::string(info.name) + "Context"));
   add("object factory", Code(RootFactoryOf(*roots.front())));
   add("header", Code(HeaderOf(std::string(info.name) + "Context")));
