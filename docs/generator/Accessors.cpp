@@ -135,6 +135,7 @@ std::size_t FieldOf(const ApiTables::Setter& setter, const ZtElementType& type) 
     const Object object = Make(type);
     const auto before = reflect::FieldsOf(*object);
     std::vector<unsigned long long> states;
+    states.reserve(before.size());
     for (const reflect::Field& field : before) states.push_back(StateOf(*object, field));
     Call(setter, *object, number);
     const auto after = reflect::FieldsOf(*object);

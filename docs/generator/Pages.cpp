@@ -60,7 +60,11 @@ std::string AttributeText(const ZtFixedAttribute& attribute) {
 
 std::string NameCell(const reflect::Field& field) {
   const std::string name = field.name ? Code(field.name) : "";
-  const bool fromAttribute = field.row && field.row->fromAttribute;
+  if (!field.row) {
+    return field.HoldsAttributes() ? "the declarations"
+                                   : "elements, see [On the wire](#on-the-wire)";
+  }
+  const bool fromAttribute = field.row->fromAttribute;
   switch (field.place) {
     case ZtPlace::kAttribute:
       return "attribute " + name;
@@ -145,15 +149,30 @@ std::string WrittenCell(const reflect::Field& field, const std::string& page, co
     cell = "always; " + Code(field.items[0].text) + " until it is set";
   }
   if (row->oneOf) cell = "only the first set of those that say so";
+  if (row->oneOf && row->always) cell += "; as a blank when none is";
   if (row->lenient) cell += "; if it fails, the rest is written";
   return cell;
 }
 
-// The element names under which a type stands, each with the type that it is in.
-std::string PlacesOf(const ZtElementType& type, const std::vector<const ZtElementType*>& types,
-                     const std::string& page, const Homes& homes) {
+// What the sections of a page are made for: all types of the documents that have them, and the rows
+// of those documents' grammars.
+struct Scope {
+  std::vector<const ZtElementType*> types;
+  std::vector<const ZtGrammarRow*> rows;
+  bool writes = false;
+
+  void Add(const reflect::Schema& schema) {
+    for (const ZtElementType* type : schema.Types()) types.push_back(type);
+    for (const ZtGrammarRow* row : schema.GrammarRows()) rows.push_back(row);
+    writes = writes || schema.document->info.writes;
+  }
+};
+
+// The element names under which a type stands, with the types that it is in as far as rows say so.
+std::string PlacesOf(const ZtElementType& type, const Scope& scope, const std::string& page,
+                     const Homes& homes) {
   std::vector<std::string> places;
-  for (const ZtElementType* parent : types) {
+  for (const ZtElementType* parent : scope.types) {
     for (const ZtField& row : *parent) {
       for (const ZtElementType* child : reflect::ChildTypesOf(row)) {
         if (!Same(*child, type)) continue;
@@ -162,26 +181,36 @@ std::string PlacesOf(const ZtElementType& type, const std::vector<const ZtElemen
       }
     }
   }
-  if (type.root)
-    return "Root element " + Code(TagOf(type)) + (places.empty() ? "" : "; ") + Join(places);
-  return (places.size() > 1 ? "Elements " : "Element ") +
-         (places.empty() ? Code(TagOf(type)) : Join(places));
+  std::vector<std::string> names;
+  for (const ZtGrammarRow* row : scope.rows) {
+    const bool root = row->kind == ZtElementKind::kRoot;
+    if (row->type && Same(*row->type, type) && (root || places.empty())) {
+      AddOnce(names, Code(ZtName(row->name)));
+    }
+  }
+  std::string text;
+  if (type.root) text = names.empty() ? "Any root element" : "Root element " + Join(names, " or ");
+  if (type.root && places.empty()) return text;
+  if (places.empty()) return "Element " + Join(names);
+  if (!text.empty()) text += ". ";
+  return text + (places.size() > 1 ? "Elements " : "Element ") + Join(places);
 }
 
 // The fields of an object that was just made. Of what is in them only the values of enumerations,
 // which are static, outlive it.
 std::vector<reflect::Field> FreshFieldsOf(const ZtElementType& type) {
   XMLElement* object = type.maker.Create("docs/Pages");
-  const auto fields = reflect::FieldsOf(*object);
+  std::vector<reflect::Field> fields = reflect::FieldsOf(*object);
   XMLFactory::DeleteElement(object);
   return fields;
 }
 
-std::string TypeSection(const ZtElementType& type, const std::vector<const ZtElementType*>& types,
-                        const std::string& page, const Homes& homes, bool writes) {
+std::string TypeSection(const ZtElementType& type, const Scope& scope, const std::string& page,
+                        const Homes& homes) {
+  const bool writes = scope.writes;
   const std::string name = CppNameOf(type);
   std::string text = "### " + Code(name) + "\n\n";
-  text += PlacesOf(type, types, page, homes);
+  text += PlacesOf(type, scope, page, homes);
   const std::string header = HeaderOf(name);
   if (!header.empty()) text += ". Declared in " + Code(header);
   std::vector<std::string> factories;
@@ -218,6 +247,10 @@ std::string TypeSection(const ZtElementType& type, const std::vector<const ZtEle
   if (!keepsElements) dropped.emplace_back("other elements");
   if (!dropped.empty()) text += "Dropped when read: " + Join(dropped) + ". ";
   if (writes && type.selfClosing) text += "Written as an empty tag. ";
+  if (writes && type.staysOpen) text += "Without an attribute its start tag is left open. ";
+  if (writes && type.awaitsExtras) {
+    text += "A list of other attributes that is empty leaves its start tag open. ";
+  }
   if (writes && type.fixedCount) {
     std::vector<std::string> fixed;
     for (unsigned n = 0; n < type.fixedCount; ++n) {
@@ -365,14 +398,15 @@ std::string Facts(const reflect::Schema& schema) {
 }
 
 std::string Elements(const reflect::Schema& schema, const std::string& page, const Homes& homes) {
-  const auto types = schema.Types();
+  Scope scope;
+  scope.Add(schema);
   std::string text = FlagsOf(schema, page, homes);
   std::vector<std::string> elsewhere;
   std::string sections;
-  for (const ZtElementType* type : types) {
+  for (const ZtElementType* type : scope.types) {
     if (IsFlag(*type)) continue;
     if (homes.at(type->className) == page) {
-      sections += TypeSection(*type, types, page, homes, schema.document->info.writes);
+      sections += TypeSection(*type, scope, page, homes);
     } else {
       elsewhere.push_back(LinkTo(*type, page, homes));
     }
@@ -388,18 +422,19 @@ std::string SharedElements(const std::vector<reflect::Schema>& schemas, const st
                            const Homes& homes) {
   std::vector<const ZtElementType*> all;
   std::vector<std::string> users;
-  bool writes = false;
+  Scope scope;
   for (const reflect::Schema& schema : schemas) {
+    const std::size_t known = users.size();
     for (const ZtElementType* type : schema.Types()) {
       const auto home = homes.find(type->className);
       if (home == homes.end() || home->second != page) continue;
       if (std::find(all.begin(), all.end(), type) == all.end()) all.push_back(type);
       AddOnce(users, "[" + std::string(schema.document->info.name) + "](" + PageOf(schema) + ")");
-      writes = writes || schema.document->info.writes;
     }
+    if (users.size() != known) scope.Add(schema);
   }
   std::string text = "Used by " + Join(users) + ".\n\n";
-  for (const ZtElementType* type : all) text += TypeSection(*type, all, page, homes, writes);
+  for (const ZtElementType* type : all) text += TypeSection(*type, scope, page, homes);
   return text;
 }
 
@@ -416,11 +451,16 @@ std::string Documents(const std::vector<reflect::Schema>& schemas,
     }
     const std::string page = PageOf(schema);
     const auto standard = standards.find(page);
-    text += "| " + std::to_string(info.id) + " | [" + Code(std::string(info.name) + "Context") +
-            "](" + folder + page + ") | " + (roots.empty() ? "any" : Join(roots)) + " | " +
-            (info.nameSpace ? info.nameSpace : "") + " | " +
-            (standard == standards.end() ? "" : standard->second) + " | " +
-            (info.writes ? "reads, writes" : "reads") + " |\n";
+    const std::string context = Code(std::string(info.name) + "Context");
+    const std::vector<std::string> cells = {std::to_string(info.id),
+                                            "[" + context + "](" + folder + page + ")",
+                                            roots.empty() ? "any" : Join(roots),
+                                            info.nameSpace ? info.nameSpace : "",
+                                            standard == standards.end() ? "" : standard->second,
+                                            info.writes ? "reads, writes" : "reads"};
+    text += "| ";
+    text += Join(cells, " | ");
+    text += " |\n";
   }
   return text;
 }
