@@ -56,6 +56,17 @@ for document in "$documents"/*.xml; do
   mv "$work/out" "$work/once.xml"
   expect 0 "" "$ztxml" roundtrip - <"$work/once.xml"
   cmp "$work/once.xml" "$work/out" || fail "$document: no fixed point"
+  # Every value that is written is shown; words are shown one by one.
+  "$ztxml" events "$work/once.xml" |
+    sed -n -e '/^attribute [^ ]* xmlns/d' -e '/^attribute [^ ]* xsi:/d' \
+      -e 's/^attribute .*="\(.*\)"$/\1/p' -e 's/^end [^ ]* "\(.*\)"$/\1/p' >"$work/values"
+  expect 0 "" "$ztxml" show "$document"
+  awk 'NR == FNR { shown = shown $0; next }
+       { gsub(/\\n/, " ") }
+       index(shown, $0) == 0 { for (i = 1; i <= NF; ++i) if (index(shown, "= \"" $i "\"") == 0) print }' \
+    "$work/out" "$work/values" >"$work/missing"
+  [[ -s "$work/values" && ! -s "$work/missing" ]] ||
+    fail "$document: not shown: $(cat "$work/missing")"
 done
 expect 0 "" "$ztxml" roundtrip "$documents/reginfo-prefixed.xml"
 grep -qF '<gr:temp-gruu  first-cseq="31"' "$work/out" || fail "prefixed: $(cat "$work/out")"
@@ -72,6 +83,8 @@ expect 0 "" "$ztxml" show "$documents"/*.xml
 expect 0 "" "$ztxml" check "$documents"/*.xml
 [[ "$(tail -n 1 "$work/out")" == "documents: $(ls "$documents"/*.xml | wc -l) ok, 0 refused" ]] ||
   fail "check: $(tail -n 1 "$work/out")"
+expect 0 "" "$ztxml" check --quiet "$documents"/*.xml
+prints ''
 printf '<conference-info state="full" x="\x1b\xff" entity="sip:c"><conference-description><keywords>a b</keywords>
 </conference-description><users><user entity="sip:u1"><roles><entry>host</entry></roles></user>
 <user entity="sip:u2"/></users><x:y xmlns:x="urn:x"/></conference-info>' >"$work/conference.xml"
@@ -115,6 +128,10 @@ prints '- /conference-info/@state = full
 + /conference-info/users/user[1] : zt_user_type @entity="sip:u0"
 + /conference-info/users/user[2]/cascaded-focus = "f"
 + /conference-info/users/user[3] : zt_user_type'
+printf '<pub-gruu uri="%060d-old"/>' 0 >"$work/old.xml"
+printf '<pub-gruu uri="%060d-new"/>' 0 >"$work/new.xml"
+expect 1 "" "$ztxml" diff "$work/old.xml" "$work/new.xml"
+prints '~ /pub-gruu/@uri: ..."0000000000000000000-old" -> ..."0000000000000000000-new"'
 expect 0 "" "$ztxml" diff "$work/changed.xml" - <"$work/changed.xml"
 expect 1 "" "$ztxml" diff "$work/conference.xml" "$documents/reginfo.xml"
 expect 2 "none.xml: file: no such file" "$ztxml" diff "$work/conference.xml" "$work/none.xml"

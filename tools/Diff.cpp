@@ -1,8 +1,11 @@
 // ztxml diff: two documents compared as the library has them.
+#include <algorithm>
+#include <cstddef>
 #include <iostream>
 #include <iterator>
 #include <map>
 #include <string>
+#include <string_view>
 #include <unordered_map>
 
 #include "Align.h"
@@ -42,10 +45,10 @@ class Contents {
     std::string text = reflect::TypeOf(object).className;
     Append(reflect::ElementNameOf(object), text);
     for (const Field& field : reflect::FieldsOf(object)) {
-      text += '|' + std::to_string(field.items.size());
+      text += '|';
       if (field.HoldsAttributes()) {
-        // Their order means nothing.
-        std::multimap<std::string, std::string> sorted;
+        // Their order means nothing; of several with one name the first stands.
+        std::map<std::string, std::string> sorted;
         for (const Item& item : field.items) sorted.emplace(OrEmpty(item.name), OrEmpty(item.text));
         for (const auto& [name, value] : sorted) {
           Append(name, text);
@@ -76,6 +79,21 @@ class Contents {
 std::string ValueOf(const Field& field, const Item& item) {
   if (!item.text) return std::to_string(field.number);
   return field.value == ZtValue::kEnum ? item.text : QuoteShort(item.text);
+}
+
+// What stands in for each of two different texts: of long ones the part where they begin to differ.
+std::string ChangeOf(std::string_view before, std::string_view after) {
+  constexpr std::size_t kContext = 20;
+  const std::size_t least = std::min(before.size(), after.size());
+  const auto same = static_cast<std::size_t>(
+      std::mismatch(before.begin(), before.begin() + static_cast<std::ptrdiff_t>(least),
+                    after.begin())
+          .first -
+      before.begin());
+  std::size_t cut = same > 2 * kContext ? same - kContext : 0;
+  while (cut && cut < same && (static_cast<unsigned char>(before[cut]) & 0xc0) == 0x80) ++cut;
+  const char* mark = cut ? "..." : "";
+  return mark + QuoteShort(before.substr(cut)) + " -> " + mark + QuoteShort(after.substr(cut));
 }
 
 // What tells an object from its neighbours, and the same for people, e.g. @id="r1"; "" when it has
@@ -182,7 +200,11 @@ class Comparer {
                     const std::string& path) {
     if (m_Contents.Of(old, before) == m_Contents.Of(now, after)) return;
     if (before.object && after.object) return CompareObjects(*before.object, *after.object, path);
-    Line('~', path) << ": " << ValueOf(old, before) << " -> " << ValueOf(now, after) << '\n';
+    const bool texts = old.value == ZtValue::kText && before.text && after.text;
+    Line('~', path) << ": "
+                    << (texts ? ChangeOf(before.text, after.text)
+                              : ValueOf(old, before) + " -> " + ValueOf(now, after))
+                    << '\n';
   }
 
   std::vector<AlignEntry> Entries(const Field& field) {
@@ -229,8 +251,8 @@ class Comparer {
       if (other == others.end()) {
         Line('-', at) << " = " << QuoteShort(OrEmpty(item->text)) << '\n';
       } else if (std::string(OrEmpty(item->text)) != OrEmpty(other->second->text)) {
-        Line('~', at) << ": " << QuoteShort(OrEmpty(item->text)) << " -> "
-                      << QuoteShort(OrEmpty(other->second->text)) << '\n';
+        Line('~', at) << ": " << ChangeOf(OrEmpty(item->text), OrEmpty(other->second->text))
+                      << '\n';
       }
     }
     for (const auto& [name, item] : others) {
