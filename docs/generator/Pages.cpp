@@ -453,7 +453,7 @@ std::string Documents(const std::vector<reflect::Schema>& schemas,
     const auto standard = standards.find(page);
     const std::string context = Code(std::string(info.name) + "Context");
     const std::vector<std::string> cells = {std::to_string(info.id),
-                                            "[" + context + "](" + folder + page + ")",
+                                            Join({"[", context, "](", folder, page, ")"}, ""),
                                             roots.empty() ? "any" : Join(roots),
                                             info.nameSpace ? info.nameSpace : "",
                                             standard == standards.end() ? "" : standard->second,
