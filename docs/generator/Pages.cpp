@@ -5,6 +5,7 @@
 #include <cstring>
 
 #include "Accessors.h"
+#include "Links.h"
 
 namespace docs {
 
@@ -26,16 +27,6 @@ bool Same(const ZtElementType& a, const ZtElementType& b) {
   return std::strcmp(a.className, b.className) == 0;
 }
 bool IsFlag(const ZtElementType& type) { return Same(type, zt_empty_element_type::kType); }
-
-// The anchor that Markdown makes of a heading.
-std::string AnchorOf(const std::string& heading) {
-  std::string anchor;
-  for (const char c : heading) {
-    const auto byte = static_cast<unsigned char>(c);
-    if (std::isalnum(byte) || c == '_' || c == '-') anchor += static_cast<char>(std::tolower(byte));
-  }
-  return anchor;
-}
 
 std::string LinkTo(const ZtElementType& type, const std::string& page, const Homes& homes) {
   if (IsFlag(type)) return "flag";

@@ -1,4 +1,5 @@
-// Brings the generated parts of the documents' pages up to date, or tells which are not.
+// Brings the generated parts of the documents' pages up to date, or tells which are not; then
+// checks the links of all pages.
 //
 // Usage: doc_pages [--check] ROOT_OF_THE_PROJECT
 //
@@ -16,6 +17,7 @@
 #include <iterator>
 #include <sstream>
 
+#include "Links.h"
 #include "Pages.h"
 
 namespace {
@@ -61,6 +63,18 @@ class Project {
     }
     m_Homes = docs::FindHomes(m_Schemas, shared);
     return true;
+  }
+
+  // Tells which links lead nowhere; their number.
+  std::size_t CheckLinks() const {
+    std::vector<fs::path> pages = {m_Root / "CONTRIBUTING.md"};
+    for (const Page& page : m_Pages) pages.push_back(page.path);
+    for (const auto& entry : fs::directory_iterator(m_Root / "docs")) {
+      if (entry.path().extension() == ".md") pages.push_back(entry.path());
+    }
+    const std::vector<std::string> broken = docs::BrokenLinks(pages);
+    for (const std::string& link : broken) std::cout << "leads nowhere: " << link << '\n';
+    return broken.size();
   }
 
   // Writes the pages that are out of date, or only tells of them. The number of those, -1 after a
@@ -172,5 +186,6 @@ int main(int argc, char** argv) {
   Project project(argv[argc - 1]);
   if (!project.Load()) return 1;
   const int outdated = project.Update(check);
-  return outdated < 0 || (check && outdated > 0) ? 1 : 0;
+  if (outdated < 0 || (check && outdated > 0)) return 1;
+  return project.CheckLinks() == 0 ? 0 : 1;
 }
