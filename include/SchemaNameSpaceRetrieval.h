@@ -11,6 +11,11 @@ class ZT_API XMLSchemaNamespaceRetrievalDecoder : public ZtSchemaDecoder {
   XMLSchemaNamespaceRetrievalDecoder();
   int ProcessElement(char* name, char* value) override;
   int ProcessAttribute(char* element, char* name, char* value) override;
+
+ private:
+  int ProcessStart(ScannedTag& tag) override;
+  void ProcessAttributes(ScannedTag& tag) override;
+  int ProcessEnd(char* slashName, std::size_t nameSize, char* text, std::size_t textSize) override;
 };
 
 #endif  // ZTXML_INCLUDE_SCHEMANAMESPACERETRIEVAL_H

@@ -27,6 +27,8 @@ enum eXmlDecodeState : int {
   ZT_XML_PARSE_COMPLETE = 3   ///< the root element has been closed
 };
 
+struct ScannedTag;
+
 /// Receiver of the parser's callbacks. All strings are borrowed for the duration of the call.
 class ZT_API XmlDecoderSchema : public ZtNonCopyable {
  public:
@@ -45,9 +47,17 @@ class ZT_API XmlDecoderSchema : public ZtNonCopyable {
   virtual void* GetSessionData() = 0;
   /// The object itself.
   virtual XmlDecoderSchema* Identity() { return this; }
-};
 
-struct ScannedTag;
+ private:
+  friend class XmlDecoder;
+  friend class XMLSchemaNamespaceRetrievalDecoder;
+
+  // What the parser calls where it knows more than the calls above can say; by default they are
+  // made. Start tags of the plain form come in two parts: the start, and the attributes if any.
+  virtual int ProcessStart(ScannedTag& tag);
+  virtual void ProcessAttributes(ScannedTag& tag);
+  virtual int ProcessEnd(char* slashName, std::size_t nameSize, char* text, std::size_t textSize);
+};
 
 /// The parser. One object reads one document on one thread.
 class ZT_API XmlDecoder : public ZtNonCopyable {
@@ -66,11 +76,6 @@ class ZT_API XmlDecoder : public ZtNonCopyable {
   /// Returns ZT_XML_SUCCESS, ZT_XML_INCOMPLETE or ZT_XML_ERROR. A tag cut by the end of a chunk is
   /// completed by the next one; text cut so is lost.
   int Decode(char* n_strXML, int n_count);
-
-  /// The same as Decode for the first `size` bytes of `text`, memory of the device platform layer
-  /// that the parser takes and frees; it has room for a NUL behind them and no NUL among them. Only
-  /// for a parser that has no pending text.
-  int DecodeWhole(char* text, std::size_t size);
 
   /// Frees the pending text and the stack with its sentinel. The state stays; a decoder that was
   /// in the middle of a document cannot go on with it.
@@ -98,7 +103,12 @@ class ZT_API XmlDecoder : public ZtNonCopyable {
   static void UnescapeXml(char* text);
 
  private:
+  friend class ZtUnMarshaller;
   struct OpenElement;
+
+  // Reads a whole document of `size` bytes, with a NUL behind them and none among them; they are
+  // borrowed and cut in place, and what the callbacks are handed stays as it is.
+  int DecodeWhole(char* text, std::size_t size);
 
   int DecodeAttributes(char* n_strAttrList);
   int ReportAttributes(char* element, char* rest, bool started);
@@ -106,12 +116,14 @@ class ZT_API XmlDecoder : public ZtNonCopyable {
   int Continue();
   int OutOfTags(char* position);
   int EndTag(char* text, char* tag, const char* close);
-  char* PlainTag(char* text, char* tag);
+  bool PlainTag(char* text, char* tag, char* close);
   int AnyTag(char* text, char* tag, char* close, bool& counts);
   bool Opened(char* element, std::size_t size);
-  void ReportScanned(char* element, const ScannedTag& tag);
-  void ReportEmpty(char* element, char* text);
-  void ReportEnd(char* slashName, char* text);
+  void ReportScanned(ScannedTag& tag);
+  void ReportEmpty(char* element, std::size_t size, char* text, std::size_t textSize);
+  void ReportEnd(char* text, char* tag);
+  static char* Unescape(char* text, char* end);
+  void DropPending();
   OpenElement* Push(const char* name, std::size_t size);
   void Pop();
   int ParseError();
@@ -119,13 +131,14 @@ class ZT_API XmlDecoder : public ZtNonCopyable {
 
   eXmlDecodeState m_DecodeState;
   BuddyLinkList* m_pElementStack;  // sentinel
-  char* m_pPendingText;            // owned
+  char* m_pPendingText;            // owned, unless m_bBorrowed
   XmlDecoderSchema* m_pSchema;     // borrowed
   int m_bEmptyElement;
 
   // Accelerators: they keep every push, pop, chunk and append at constant cost.
   OpenElement* m_pTop;      // the innermost open element, null when there is none
   OpenElement* m_pSpare;    // nodes to be used again
+  bool m_bBorrowed;         // the pending text is a whole document's
   std::size_t m_iLength;    // bytes of pending text
   std::size_t m_iCapacity;  // bytes allocated for it
   std::size_t m_iTag;       // where a partial tag begins in it, or m_iLength

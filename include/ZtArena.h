@@ -1,37 +1,50 @@
-// Where the library's objects and texts lie: one by one on the heap, or side by side in the arena
-// of the document that they were read from.
+// Where the library's objects and texts lie: one by one on the heap, or side by side with the
+// document that they were read from.
 #ifndef ZTXML_INCLUDE_ZTARENA_H
 #define ZTXML_INCLUDE_ZTARENA_H
 
 #include <cstddef>
+#include <cstdint>
 
 #include "ZtExport.h"
 
-/// Memory for what is read together. Every piece is freed on its own, by ZtFree, also after the
-/// arena is gone; a block of the arena is released with the last piece in it. The pieces of one
-/// arena belong to one thread at a time.
+/// Memory for what is read together: the text of a document, the objects made from it, and the
+/// texts of these, which are left in place. It is released with the last object in it, also after
+/// the arena is gone. What lies in one arena belongs to one thread at a time.
 class ZT_API ZtArena {
  public:
+  static constexpr std::size_t kSlack = 16;  ///< bytes behind a kept text that may be read
+
   ZtArena() = default;
-  ~ZtArena() { Retire(); }
+  ~ZtArena();
   ZtArena(const ZtArena&) = delete;
   ZtArena& operator=(const ZtArena&) = delete;
 
-  /// Tells before the first piece how large the document is, so that a small one takes little.
-  void Expect(std::size_t bytes);
+  /// A copy of the `size` bytes of `text`, with a NUL, that lives as long as the arena's objects.
+  /// Before the first object, and once. Null without memory.
+  char* Keep(const char* text, std::size_t size);
+  /// Whether `text` lies in the copy.
+  bool Holds(const char* text) const {
+    return reinterpret_cast<std::uintptr_t>(text) - reinterpret_cast<std::uintptr_t>(m_pText) <
+           m_iTextSize;
+  }
 
  private:
   friend void* ZtAllocate(std::size_t size, ZtArena* arena);
   friend void ZtFree(void* piece);
   struct Block;
+  struct Store;
 
   void* Take(std::size_t size);
-  void Retire();
+  bool Grow(std::size_t size);
+  static void Release(Store* store);
 
-  Block* m_pBlock = nullptr;  // the one that pieces are taken from
-  std::size_t m_iUsed = 0;    // bytes of it
-  long m_iTaken = 0;          // pieces of it
-  std::size_t m_iNext = 0;    // bytes of the next one
+  Store* m_pStore = nullptr;  // of all blocks
+  char* m_pFree = nullptr;    // of the last block: where the next piece goes
+  char* m_pEnd = nullptr;
+  std::size_t m_iNext = 0;  // bytes of the next block
+  const char* m_pText = nullptr;
+  std::size_t m_iTextSize = 0;  // of the copy with its NUL; 0 where nothing is left in place
 };
 
 /// `size` bytes of `arena`, or of the heap when it is null; null without memory.

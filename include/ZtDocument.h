@@ -46,8 +46,8 @@ class ZT_API ZtUnMarshaller : public XMLUnMarshaller {
 
  private:
   friend class ZtContext;
-  XMLElement* Read(const char* xml, char* copy) const;
-  bool Parse(const char* xml, char* copy, XMLElement*& root) const;
+  XMLElement* Read(const char* xml) const;
+  bool Parse(ZtArena& arena, char* text, std::size_t size, XMLElement*& root) const;
 
   const ZtContext* m_pContext = nullptr;  // null for a worker that no context made
 };

@@ -10,29 +10,49 @@
 #include "XMLElement.h"
 #include "XMLList.h"
 #include "ZtArena.h"
+#include "ZtPiece.h"
 
-/// A heap copy of a text.
+/// A text: a copy, or what was left in place in the document that it was read from.
 class ZT_API ZtText {
  public:
-  ZtText() = default;
+  ZtText() : m_iSize(0), m_bInPlace(0) {}
   ~ZtText() {
-    if (m_pText) ZtFree(m_pText);
+    if (m_pText && !m_bInPlace) ZtFree(m_pText);
   }
   ZtText(const ZtText&) = delete;
   ZtText& operator=(const ZtText&) = delete;
 
-  /// Stores a copy, in `arena` unless that is null, and frees the old one after; null clears. False
-  /// when there was no memory for the copy: the text is null then.
-  bool Set(const char* text, ZtArena* arena = nullptr);
+  /// Stores `text`, left in place where `arena` holds it, else copied, and frees the old copy
+  /// after; null clears. What is left in place ends with a NUL, and the object that the text is a
+  /// member of lies in the arena. False when there was no memory for the copy: the text is null
+  /// then.
+  bool Set(const ZtPiece& text, const ZtArena* arena = nullptr) {
+    if (!arena || !arena->Holds(text.text)) return Copy(text);
+    Keep(const_cast<char*>(text.text), text.size, 1);
+    return true;
+  }
   /// Set as the public setters have it: always 1.
   int Assign(const char* text) {
-    static_cast<void>(Set(text));
+    static_cast<void>(Copy(text));
     return 1;
   }
   const char* Get() const { return m_pText; }
+  ZtPiece Piece() const { return {m_pText, m_iSize}; }
 
  private:
+  static constexpr unsigned kSizeBits = 8 * sizeof(std::size_t) - 1;
+
+  bool Copy(const ZtPiece& text);
+  void Keep(char* text, std::size_t size, std::size_t inPlace) {
+    if (m_pText && !m_bInPlace) ZtFree(m_pText);
+    m_pText = text;
+    m_iSize = size & (~std::size_t{0} >> 1);
+    m_bInPlace = inPlace & 1;
+  }
+
   char* m_pText = nullptr;
+  std::size_t m_iSize : kSizeBits;
+  std::size_t m_bInPlace : 1;
 };
 
 /// A child that occurs at most once.

@@ -20,6 +20,7 @@ class ZT_API ZtNamespaceDecoder : public ZtSchemaDecoder {
  protected:
   explicit ZtNamespaceDecoder(const ZtGrammar& grammar);
   char* LocalName(char* name, std::size_t& size) override;
+  char* LocalPart(char* name, char* colon) const override;
 
  private:
   char* Rewritten(char* name);

@@ -13,6 +13,8 @@ struct ZtElementType;
 struct ZtGrammar;
 struct ZtGrammarRow;
 struct ZtChildName;
+struct ZtField;
+struct ZtPiece;
 struct ZtSource;
 class ZtNameId;
 enum class ZtOutcome : unsigned char;
@@ -30,8 +32,9 @@ class ZT_API ZtSchemaDecoder : public XmlDecoderSchema {
   /// The root (an XMLObject*), null until its start tag. The decoder never deletes it.
   void* GetSessionData() override;
 
-  /// Tells the size of the document in bytes, before it is read.
-  void Expect(std::size_t size) { m_Arena.Expect(size); }
+  /// What is made lies in `arena` (borrowed) from here on, with the texts of the document that it
+  /// keeps left in place; on the heap without one.
+  void Use(ZtArena& arena) { m_pArena = &arena; }
 
   /// Tells the namespaces that the document declares, a zt_schema_namespace_retrieval. 0 when the
   /// decoder has no use for them, else 1.
@@ -59,6 +62,10 @@ class ZT_API ZtSchemaDecoder : public XmlDecoderSchema {
   /// The name that the grammar knows for `name`, of `size` bytes; null without memory.
   virtual char* LocalName(char* name, std::size_t& size);
 
+  /// The same for the name of a start tag, of which `colon` is the first or null: a part of the
+  /// name, or null when only LocalName can tell.
+  virtual char* LocalPart(char* name, char* colon) const;
+
   /// Room for a pass name of `size` bytes and its NUL; null without memory, with the given line.
   char* ReservePassName(std::size_t size, const char* noMemory);
 
@@ -76,31 +83,49 @@ class ZT_API ZtSchemaDecoder : public XmlDecoderSchema {
     const ZtElementType* type = nullptr;
   };
 
+  struct Level {  // of an object on the stack
+    const ZtElementType* type;
+    const ZtGrammarRow* row;
+  };
+
+  int ProcessStart(ScannedTag& tag) override;
+  void ProcessAttributes(ScannedTag& tag) override;
+  int ProcessEnd(char* slashName, std::size_t nameSize, char* text, std::size_t textSize) override;
+  bool EndOpened(char* slashName, std::size_t nameSize, const ZtPiece& text);
+
   ZtSource SourceOf(const ZtElementType& type);
-  ZtOutcome OfferAttribute(const ZtElementType& type, const char* name, const char* value);
+  const ZtField* Attribute(const ZtElementType& type, const ZtPiece& name, const ZtPiece& value);
+  ZtOutcome OfferAttribute(const ZtElementType& type, const ZtPiece& name, const ZtPiece& value);
   XMLElement* Make(const ZtElementType& type);
-  XMLElement* MakeFlag(const char* name);
+  XMLElement* MakeFlag(const ZtPiece& name);
   bool Start(const Open& current, const ZtChildName& name);
   void StartRoot(const ZtGrammarRow& row);
   bool StartChild(const Open& current, const ZtGrammarRow& row, const ZtChildName& name);
   XMLElement* StartExtension(const ZtGrammarRow& row);
-  void End(const Open& current, const ZtChildName& name, char* value, bool skipped);
-  void OfferEnd(const Open& current, const ZtGrammarRow* row, const ZtChildName& name, char* value);
-  ZtOutcome Offer(const Open& parent, const ZtChildName& name, char* value, XMLElement* child);
+  void End(const Open& current, const ZtChildName& name, const ZtPiece& value, bool skipped);
+  void OfferEnd(const Open& current, const ZtGrammarRow* row, const ZtChildName& name,
+                const ZtPiece& value);
+  ZtOutcome Offer(const Open& parent, const ZtChildName& name, const ZtPiece& value,
+                  XMLElement* child);
+  ZtOutcome OfferStarted(const Open& parent, const ZtGrammarRow& row, const ZtChildName& name,
+                         XMLElement* child);
+  int Element(char* name, const ZtPiece& value);
+  Open Current() const;
   const ZtGrammarRow* FindStart(ZtNameId name) const;
   const ZtGrammarRow* FindEnd(ZtNameId name) const;
   const ZtElementType* CurrentType() const;
-  void Push(XMLElement* object, const ZtElementType& type);
+  void Push(XMLElement* object, const ZtGrammarRow& row);
   void Pop();
 
-  std::size_t m_iPassCapacity;                               // bytes allocated for m_PassName
-  const ZtElementType* m_Types[XmlCodeGenStack::kCapacity];  // of the objects on the stack
+  std::size_t m_iPassCapacity;  // bytes allocated for m_PassName
+  Level m_Levels[XmlCodeGenStack::kCapacity];
   Open m_Started;               // made by the last start tag: its attributes go there
   std::size_t m_iDropped;       // open elements that a full stack did not take
   std::size_t m_iSkipped;       // depth inside an element whose content is skipped, 0 outside
   bool m_bOfferEnd;             // the skipped element's end is offered with its text
+  const ZtField* m_pText;       // the row that the skipped element's text is for, or null
   char* m_pCut;                 // a colon of the name at hand that a slash stands for
-  ZtArena m_Arena;              // of what is made
+  ZtArena* m_pArena;            // of what is made, null for the heap
   ZtChildList m_ReplacedRoots;  // earlier roots: they may still be open
 };
 

@@ -3,20 +3,9 @@
 #define ZTXML_INCLUDE_ZTXMLDOCGENERATOR_H
 
 #include <cstddef>
-#include <cstring>
 
 #include "ZtExport.h"
-
-/// A part of the text, with its size in bytes; null has none.
-struct ZtPiece {
-  const char* text;  ///< borrowed
-  std::size_t size;  ///< in bytes
-
-  /// Of a size that is known, or of a text that ends with a NUL.
-  constexpr ZtPiece(const char* t, std::size_t s) : text(t), size(s) {}
-  ZtPiece(const char* t)  // NOLINT(google-explicit-constructor)
-      : text(t), size(t ? std::strlen(t) : 0) {}
-};
+#include "ZtPiece.h"
 
 /// Writes what it is told, in order; it knows no schema and no open elements. The text is exact to
 /// the byte: start tags begin on a new line, end tags follow the content, an element name before
@@ -91,18 +80,21 @@ class ZT_API ZtXMLDocGenerator : public ZtNonCopyable {
   void Start(const ZtPiece& name, int leaveOpen);
   void StartEmpty(const ZtPiece& name);
   void End(const ZtPiece& name);
-  void TextElement(const ZtPiece& name, const char* text);
-  void Attribute(const ZtPiece& name, const char* value, const ZtPiece& suffix, int selfEnd,
+  void Text(const ZtPiece& text);
+  void TextElement(const ZtPiece& name, const ZtPiece& text);
+  void Attribute(const ZtPiece& name, const ZtPiece& value, const ZtPiece& suffix, int selfEnd,
                  int close);
+  // Puts the end of the start tag behind an attribute that did not end it.
+  void CloseTag(bool selfEnd);
 
   template <class... Parts>
   void Append(const Parts&... parts);
   template <class Lead, class Tail>
   void AppendName(const Lead& lead, const ZtPiece& name, const Tail& tail);
   template <class... Lead>
-  void AppendAttribute(const char* value, const ZtPiece& end, const Lead&... lead);
+  void AppendAttribute(const ZtPiece& value, const ZtPiece& end, const Lead&... lead);
   void AppendCut(const ZtPiece& piece);
-  ZtPiece Value(const char* value, char*& escaped);
+  ZtPiece Value(const ZtPiece& value, char*& escaped);
   ZtPiece EndOfAttribute(int selfEnd, int close, bool blank);
 
   int initialised;

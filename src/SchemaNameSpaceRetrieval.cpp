@@ -25,3 +25,14 @@ int XMLSchemaNamespaceRetrievalDecoder::ProcessAttribute(char* element, char* na
   if (!m_pRoot->ProcessUnMarshallAttribute(name, value, nullptr)) m_bFailed = true;
   return 0;
 }
+
+// Attributes are all that counts here: each comes to ProcessAttribute.
+int XMLSchemaNamespaceRetrievalDecoder::ProcessStart(ScannedTag&) { return 0; }
+
+void XMLSchemaNamespaceRetrievalDecoder::ProcessAttributes(ScannedTag& tag) {
+  XmlDecoderSchema::ProcessAttributes(tag);
+}
+
+int XMLSchemaNamespaceRetrievalDecoder::ProcessEnd(char*, std::size_t, char*, std::size_t) {
+  return 0;
+}

@@ -2,18 +2,16 @@
 
 namespace {
 
-// What a character ends. A NUL ends everything.
-enum : unsigned char { kEndsName = 1, kEndsDouble = 2, kEndsSingle = 4, kSpace = 8 };
+enum : unsigned char { kEndsName = 1, kColon = 2, kSpace = 4 };
 
 struct Classes {
   unsigned char of[256] = {};
 
   constexpr Classes() {
     Add(" \t\r\n>/=\"'<!?", kEndsName);
-    Add(">&\"", kEndsDouble);
-    Add(">&'", kEndsSingle);
+    Add(":", kColon);
     Add(" \t\r\n", kSpace);
-    of[0] = kEndsName | kEndsDouble | kEndsSingle;
+    of[0] = kEndsName;
   }
   constexpr void Add(const char* characters, unsigned char what) {
     for (; *characters; ++characters) {
@@ -33,28 +31,29 @@ char* EndOf(char* at, unsigned char what) {
   return at;
 }
 
-// The closing quote of the value at `at`, or null.
-char* EndOfValue(char* at, char quote, bool& hasEntity) {
-  const unsigned char what = quote == '"' ? kEndsDouble : kEndsSingle;
-  hasEntity = false;
-  for (at = EndOf(at, what); *at == '&'; at = EndOf(at + 1, what)) hasEntity = true;
-  return *at == quote ? at : nullptr;
+char* Find(char* at, char c, const char* end) {
+  return static_cast<char*>(std::memchr(at, c, static_cast<std::size_t>(end - at)));
 }
 
 }  // namespace
 
-bool ScannedTag::Scan(char* name) {
-  char* at = nameEnd = EndOf(name, kEndsName);
-  if (at == name) return false;
-  blankAtEnd = false;
+// The first '>' ends the tag, so that none is in a value.
+bool ScannedTag::Scan(char* begin, char* end) {
+  char* at = name = begin;
+  close = end;
+  at = EndOf(at, kEndsName | kColon);
+  colon = *at == ':' ? at : nullptr;
+  if (colon) at = EndOf(at, kEndsName);
+  nameEnd = at;
+  if (at == begin) return false;
   count = 0;
   for (;;) {
     const bool spaced = Is(*at, kSpace);
     while (Is(*at, kSpace)) ++at;
-    isEmpty = *at == '/' && at[1] == '>';
-    if (isEmpty || *at == '>') {
+    isEmpty = *at == '/' && at + 1 == end;
+    if (isEmpty || at == end) {
       blankAtEnd = spaced && count > 0;
-      close = at + isEmpty;
+      hasEntity = count > 0 && Find(begin, '&', end);
       return !spaced || count > 0;
     }
     if (!spaced || count == kMostAttributes) return false;
@@ -63,7 +62,7 @@ bool ScannedTag::Scan(char* name) {
     at = attribute.nameEnd = EndOf(at, kEndsName);
     if (*at != '=' || at == attribute.name || (at[1] != '"' && at[1] != '\'')) return false;
     attribute.value = at + 2;
-    at = attribute.valueEnd = EndOfValue(attribute.value, at[1], attribute.hasEntity);
+    at = attribute.valueEnd = Find(attribute.value, at[1], end);
     if (!at) return false;
     ++at;
   }

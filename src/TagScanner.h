@@ -3,24 +3,34 @@
 #ifndef ZTXML_SRC_TAGSCANNER_H
 #define ZTXML_SRC_TAGSCANNER_H
 
+#include "ZtPiece.h"
+
 struct ScannedAttribute {
   char* name;
   char* nameEnd;
   char* value;
   char* valueEnd;  // its closing quote
-  bool hasEntity;
+
+  ZtPiece Name() const { return {name, static_cast<std::size_t>(nameEnd - name)}; }
+  ZtPiece Value() const { return {value, static_cast<std::size_t>(valueEnd - value)}; }
 };
 
 struct ScannedTag {
   static constexpr int kMostAttributes = 16;
 
-  // Whether the tag whose name would begin at `name`, in a NUL-terminated text, has that form.
-  bool Scan(char* name);
+  // Whether the tag that ends with the '>' at `end`, and whose name would begin at `begin`, has
+  // that form.
+  bool Scan(char* begin, char* end);
 
+  std::size_t NameSize() const { return static_cast<std::size_t>(nameEnd - name); }
+
+  char* name;
   char* nameEnd;
+  char* colon;      // the first of the name, or null
   char* close;      // the '>'
   bool isEmpty;     // "/>"
   bool blankAtEnd;  // white space behind the last attribute, which is reported as one, too
+  bool hasEntity;   // among the values there may be one
   int count;
   ScannedAttribute attributes[kMostAttributes];
 };

@@ -78,7 +78,8 @@ struct ImdnBinding {
   // An attribute comes by the other hook: no element is one, whatever it calls itself.
   static bool DropObject(XMLElement&, const char* name, const char*, XMLElement* child,
                          ZtOutcome&) {
-    if (!child || (*name == '/' && ZtFindChild(zt_status::kType, ZtNameOf(name + 1)))) return false;
+    if (!child || (*name == '/' && ZtFindChild(zt_status::kType, ZtNameId::Of(name + 1))))
+      return false;
     const char* className = child->ClassName();
     return !className || __strcmp(className, "XMLElement") != 0;
   }

@@ -38,29 +38,31 @@ struct ZtValueMaker {
     return nullptr;
   }
 
-  static zt_string* String(const ZtSource& source, const char* text) {
+  static zt_string* String(const ZtSource& source, const ZtPiece& text) {
     auto* made = ZtCreate<zt_string>(source);
     return Whole(made, made && made->m_Value.Set(text, source.arena));
   }
-  static zt_empty_element_type* Flag(const ZtSource& source, const char* name) {
+  static zt_empty_element_type* Flag(const ZtSource& source, const ZtPiece& name) {
     auto* made = ZtCreate<zt_empty_element_type>(source);
     if (made) made->m_iPresent = 1;
-    return Whole(made, made && name && made->m_Value.Set(name, source.arena));
+    return Whole(made, made && name.text && made->m_Value.Set(name, source.arena));
   }
-  static zt_AttributeValuePair* Pair(const ZtSource& source, const char* name, const char* value) {
+  static zt_AttributeValuePair* Pair(const ZtSource& source, const ZtPiece& name,
+                                     const ZtPiece& value) {
     auto* made = ZtCreate<zt_AttributeValuePair>(source);
     return Whole(made, made && made->m_Name.Set(name, source.arena) &&
                            made->m_Value.Set(value, source.arena));
   }
 };
 
-zt_string* ZtMakeString(const ZtSource& source, const char* text) {
+zt_string* ZtMakeString(const ZtSource& source, const ZtPiece& text) {
   return ZtValueMaker::String(source, text);
 }
-zt_empty_element_type* ZtMakeFlag(const ZtSource& source, const char* name) {
+zt_empty_element_type* ZtMakeFlag(const ZtSource& source, const ZtPiece& name) {
   return ZtValueMaker::Flag(source, name);
 }
-zt_AttributeValuePair* ZtMakePair(const ZtSource& source, const char* name, const char* value) {
+zt_AttributeValuePair* ZtMakePair(const ZtSource& source, const ZtPiece& name,
+                                  const ZtPiece& value) {
   return ZtValueMaker::Pair(source, name, value);
 }
 

@@ -44,6 +44,20 @@ struct XmlDecoder::OpenElement : BuddyLinkList {
   char room[kRoom];      // for all but long names
 };
 
+int XmlDecoderSchema::ProcessStart(ScannedTag& tag) { return ProcessElement(tag.name, nullptr); }
+
+void XmlDecoderSchema::ProcessAttributes(ScannedTag& tag) {
+  for (int i = 0; i < tag.count; ++i) {
+    const ScannedAttribute& attribute = tag.attributes[i];
+    ProcessAttribute(tag.name, attribute.name, attribute.value);
+  }
+  if (tag.blankAtEnd) ProcessAttribute(tag.name, tag.close, tag.close);
+}
+
+int XmlDecoderSchema::ProcessEnd(char* slashName, std::size_t, char* text, std::size_t) {
+  return ProcessElement(slashName, text);
+}
+
 XmlDecoder::XmlDecoder()
     : m_pElementStack(nullptr),
       m_pPendingText(nullptr),
@@ -51,6 +65,7 @@ XmlDecoder::XmlDecoder()
       m_bEmptyElement(0),
       m_pTop(nullptr),
       m_pSpare(nullptr),
+      m_bBorrowed(false),
       m_iLength(0),
       m_iCapacity(0),
       m_iTag(0),
@@ -67,16 +82,19 @@ void XmlDecoder::InitXmlDecoder() {
       ZtRecord(kZtTagStackNode, kSource, kSentinelLine, m_pElementStack, sizeof(BuddyLinkList));
     }
   }
-  __free(m_pPendingText);
-  m_pPendingText = nullptr;
-  m_iLength = m_iCapacity = m_iTag = m_iScanned = 0;
+  DropPending();
   m_DecodeState = ZT_XML_PARSE_BEGIN;
 }
 
-void XmlDecoder::ResetXmlDecoder() {
-  __free(m_pPendingText);
+void XmlDecoder::DropPending() {
+  if (!m_bBorrowed) __free(m_pPendingText);
   m_pPendingText = nullptr;
+  m_bBorrowed = false;
   m_iLength = m_iCapacity = m_iTag = m_iScanned = 0;
+}
+
+void XmlDecoder::ResetXmlDecoder() {
+  DropPending();
   if (!m_pElementStack) return;
   while (m_pTop) Pop();
   while (OpenElement* spare = m_pSpare) {
@@ -106,15 +124,18 @@ int XmlDecoder::Decode(char* n_strXML, int n_count) {
 
 int XmlDecoder::DecodeWhole(char* text, std::size_t size) {
   Log(kZtLogTrace)("XmlDecoder::n_count = %d", static_cast<int>(size));
-  __free(m_pPendingText);
-  m_pPendingText = text;
-  m_iLength = size;
-  m_iCapacity = size + 1;
   if (size == 0) {
     Log(kZtLogTrace)("XmlDecoder::Decode n_strXML is null");
     return ZT_XML_ERROR;
   }
-  return Continue();
+  DropPending();
+  m_pPendingText = text;
+  m_bBorrowed = true;
+  m_iLength = size;
+  m_iCapacity = size + 1;
+  const int result = Continue();
+  DropPending();
+  return result;
 }
 
 // Adds the chunk to the pending text. The buffer doubles, so that feeding byte by byte stays
@@ -164,20 +185,16 @@ int XmlDecoder::Continue() {
       Log(kZtLogState)("<XML Decoder>:ZT_XML_PARSE_CONTINUE ret:ZT_XML_INCOMPLETE");
       return ZT_XML_INCOMPLETE;
     }
-    char* close = nullptr;
-    bool counts = true;  // whether the tag can end the document
-    if (scan <= tag) {
-      // Only once: a tag that the chunk cuts short goes the other way when it is whole.
-      scan = tag + 1;
-      close = PlainTag(position, tag);
-      if (m_DecodeState == ZT_XML_PARSE_ERROR) return ParseError();
-    }
+    if (scan <= tag) scan = tag + 1;
+    auto* close = static_cast<char*>(std::memchr(scan, '>', static_cast<std::size_t>(end - scan)));
     if (!close) {
-      close = static_cast<char*>(std::memchr(scan, '>', static_cast<std::size_t>(end - scan)));
-      if (!close) {
-        m_iTag = static_cast<std::size_t>(tag - position);
-        return OutOfTags(position);
-      }
+      m_iTag = static_cast<std::size_t>(tag - position);
+      return OutOfTags(position);
+    }
+    bool counts = true;  // whether the tag can end the document
+    if (PlainTag(position, tag, close)) {
+      if (m_DecodeState == ZT_XML_PARSE_ERROR) return ParseError();
+    } else {
       *close = '\0';
       const int result = AnyTag(position, tag, close, counts);
       if (result != 0) return result;
@@ -191,44 +208,43 @@ int XmlDecoder::Continue() {
   }
 }
 
-// A tag in its plain form is reported in one go. Its '>', or null when it has another form.
-char* XmlDecoder::PlainTag(char* text, char* tag) {
+// A tag in its plain form is reported in one go; false, with nothing cut, when it has another.
+bool XmlDecoder::PlainTag(char* text, char* tag, char* close) {
   char* const name = tag + 1;
   if (*name == '/') {
-    const auto left = static_cast<std::size_t>(m_pPendingText + m_iLength - name);
-    if (!m_pTop || left <= m_pTop->size + 1) return nullptr;
-    char* const close = name + 1 + m_pTop->size;
-    if (*close != '>' || std::memcmp(name + 1, m_pTop->data, m_pTop->size) != 0) return nullptr;
-    *tag = *close = '\0';
-    ReportEnd(name, text);
-    return close;
+    const auto size = static_cast<std::size_t>(close - name) - 1;
+    if (!m_pTop || m_pTop->size != size || std::memcmp(name + 1, m_pTop->data, size) != 0) {
+      return false;
+    }
+    *close = '\0';
+    ReportEnd(text, tag);
+    return true;
   }
   ScannedTag scanned;
-  if (!scanned.Scan(name)) return nullptr;
-  *scanned.nameEnd = *scanned.close = '\0';
+  if (!scanned.Scan(name, close)) return false;
+  *scanned.nameEnd = *close = '\0';
   const bool started = scanned.isEmpty || scanned.count > 0;
-  if (started && m_pSchema) m_pSchema->ProcessElement(name, nullptr);
+  if (started && m_pSchema) m_pSchema->ProcessStart(scanned);
   Log(kZtLogTrace)("XmlDecoder:: DecodeAttributes %d", 0);
   if (m_pSchema) {
-    ReportScanned(name, scanned);
-    if (!started) m_pSchema->ProcessElement(name, nullptr);
+    if (scanned.count) ReportScanned(scanned);
+    if (!started) m_pSchema->ProcessStart(scanned);
   }
   if (!scanned.isEmpty) {
-    Opened(name, static_cast<std::size_t>(scanned.nameEnd - name));
+    Opened(name, scanned.NameSize());
   } else if (m_pSchema) {
-    ReportEmpty(name, scanned.close);
+    ReportEmpty(name, scanned.NameSize(), close, 0);
   }
-  return scanned.close;
+  return true;
 }
 
-void XmlDecoder::ReportScanned(char* element, const ScannedTag& tag) {
+void XmlDecoder::ReportScanned(ScannedTag& tag) {
   for (int i = 0; i < tag.count; ++i) {
-    const ScannedAttribute& attribute = tag.attributes[i];
+    ScannedAttribute& attribute = tag.attributes[i];
     *attribute.nameEnd = *attribute.valueEnd = '\0';
-    if (attribute.hasEntity) UnescapeXml(attribute.value);
-    m_pSchema->ProcessAttribute(element, attribute.name, attribute.value);
+    if (tag.hasEntity) attribute.valueEnd = Unescape(attribute.value, attribute.valueEnd);
   }
-  if (tag.blankAtEnd) m_pSchema->ProcessAttribute(element, tag.close, tag.close);
+  m_pSchema->ProcessAttributes(tag);
 }
 
 // A tag of any other form, cut at its '>'. 0, or the result of the parse; `counts` is cleared for
@@ -305,13 +321,16 @@ int XmlDecoder::EndTag(char* text, char* tag, const char* close) {
     ForgetConsumed(text, tag, close);
     return ZT_XML_ERROR;
   }
-  *tag = '\0';
-  ReportEnd(slashName, text);
+  ReportEnd(text, tag);
   return 0;
 }
 
-void XmlDecoder::ReportEnd(char* slashName, char* text) {
-  if (m_pSchema && m_pSchema->ProcessElement(slashName, text) != 0) {
+// The end of the innermost open element, whose '<' is at `tag`.
+void XmlDecoder::ReportEnd(char* text, char* tag) {
+  char* const slashName = tag + 1;
+  *tag = '\0';
+  if (m_pSchema && m_pSchema->ProcessEnd(slashName, m_pTop->size + 1, text,
+                                         static_cast<std::size_t>(tag - text)) != 0) {
     Log(kZtLogState)(
         "<XML Decoder>:ProcessElement(pStrEndElement, start) failed when pStrEndElement=\"%s\"",
         slashName);
@@ -386,16 +405,16 @@ int XmlDecoder::ReportAttributes(char* element, char* rest, bool started) {
     m_pSchema->ProcessAttribute(element, name, value);
   }
   if (m_bEmptyElement != 1) return started ? 0 : 1;
-  ReportEmpty(element, rest);
+  ReportEmpty(element, __strlen(element), rest, __strlen(rest));
   m_bEmptyElement = 0;
   return 0;
 }
 
-void XmlDecoder::ReportEmpty(char* element, char* text) {
+void XmlDecoder::ReportEmpty(char* element, std::size_t size, char* text, std::size_t textSize) {
   m_pSchema->ProcessElementOpened(element);
   // The byte before the name is the '<' or white space behind it: it becomes the end tag's slash.
   element[-1] = '/';
-  m_pSchema->ProcessElement(element - 1, text);
+  m_pSchema->ProcessEnd(element - 1, size + 1, text, textSize);
 }
 
 int XmlDecoder::ValidateAttributeList(const char* list) {
@@ -476,9 +495,13 @@ void XmlDecoder::UnescapeXmlString(char* text, const char* entity, char ch) {
   if (to != from) std::memmove(to, from, __strlen(from) + 1);
 }
 
-// One pass over all five: none of the replacements can complete another entity except "&amp;",
-// whose result is not looked at again.
 void XmlDecoder::UnescapeXml(char* text) {
+  if (text) Unescape(text, text + __strlen(text));
+}
+
+// Returns the new end. One pass over all five: none of the replacements can complete another entity
+// except "&amp;", whose result is not looked at again.
+char* XmlDecoder::Unescape(char* text, char* end) {
   static constexpr struct {
     char entity[8];
     std::size_t size;
@@ -487,9 +510,8 @@ void XmlDecoder::UnescapeXml(char* text) {
       {"&quot;", 6, '"'},  {"&gt;", 4, '>'},  {"&lt;", 4, '<'},
       {"&apos;", 6, '\''}, {"&amp;", 5, '&'},
   };
-  if (!text) return;
-  char* from = __strchr(text, '&');
-  if (!from) return;
+  auto* from = static_cast<char*>(std::memchr(text, '&', static_cast<std::size_t>(end - text)));
+  if (!from) return end;
   char* to = from;
   while (*from) {
     std::size_t size = 1;
@@ -506,6 +528,7 @@ void XmlDecoder::UnescapeXml(char* text) {
     from += size;
   }
   *to = '\0';
+  return to;
 }
 
 // ---- Stack of open elements ---------------------------------------------------------------------

@@ -1,5 +1,7 @@
 #include "ztXMLDocGenerator.h"
 
+#include <cstdint>
+
 #include "base/ZtLog.h"
 
 namespace {
@@ -42,6 +44,38 @@ char* Copy(char* to, const ZtPiece& piece) {
   }
   return to + size;
 }
+
+// Whether one of the bytes in the word is a double quote.
+bool HasQuote(std::uint64_t word) {
+  constexpr std::uint64_t kOnes = ~std::uint64_t{0} / 255;
+  const std::uint64_t other = word ^ (kOnes * '"');
+  return ((other - kOnes) & ~other & (kOnes * 128)) != 0;
+}
+
+// Copies a value that holds no double quote; false when it does.
+bool CopyUnquoted(char* to, const ZtPiece& value) {
+  const char* from = value.text;
+  const std::size_t size = value.size;
+  if (size < sizeof(std::uint64_t)) {
+    for (std::size_t i = 0; i < size; ++i) {
+      if (from[i] == '"') return false;
+      to[i] = from[i];
+    }
+    return true;
+  }
+  for (std::size_t i = 0;; i += sizeof(std::uint64_t)) {
+    const std::size_t last = size - sizeof(std::uint64_t);
+    if (i > last) i = last;
+    std::uint64_t word;
+    std::memcpy(&word, from + i, sizeof(word));
+    if (HasQuote(word)) return false;
+    std::memcpy(to + i, &word, sizeof(word));
+    if (i == last) return true;
+  }
+}
+
+// An absent text is written as a blank.
+ZtPiece OrBlank(const ZtPiece& text) { return text.text ? text : ZtPiece(" ", 1); }
 }  // namespace
 
 ZtXMLDocGenerator::ZtXMLDocGenerator()
@@ -193,17 +227,16 @@ ZtPiece ZtXMLDocGenerator::EndOfAttribute(int selfEnd, int close, bool blank) {
 }
 
 // The value as it is written; `escaped` is to be freed behind its use.
-ZtPiece ZtXMLDocGenerator::Value(const char* value, char*& escaped) {
-  const ZtPiece piece(value);
-  if (!piece.size || !std::memchr(value, '"', piece.size)) return piece;
-  escaped = escapeString(value);
+ZtPiece ZtXMLDocGenerator::Value(const ZtPiece& value, char*& escaped) {
+  if (!value.size || !std::memchr(value.text, '"', value.size)) return value;
+  escaped = escapeString(value.text);
   if (!escaped) m_bOutOfMemory = true;
   return escaped;
 }
 
 // `lead`, the attribute's name, value and end.
 template <class... Lead>
-void ZtXMLDocGenerator::AppendAttribute(const char* value, const ZtPiece& end,
+void ZtXMLDocGenerator::AppendAttribute(const ZtPiece& value, const ZtPiece& end,
                                         const Lead&... lead) {
   char* escaped = nullptr;
   Append(lead..., "=\"", Value(value, escaped), "\"", end);
@@ -230,15 +263,34 @@ void ZtXMLDocGenerator::ztStartAttributeNs(const char* name, const char* value, 
                   ZtPiece(name));
 }
 
-void ZtXMLDocGenerator::Attribute(const ZtPiece& name, const char* value, const ZtPiece& suffix,
+void ZtXMLDocGenerator::Attribute(const ZtPiece& name, const ZtPiece& value, const ZtPiece& suffix,
                                   int selfEnd, int close) {
   if (!buffer || !name.text) return;
   const ZtPiece end = EndOfAttribute(selfEnd, close, true);
+  const std::size_t most = sizeof(" =\"\"/>") + name.size + value.size;
+  char* const to = buffer + m_iLength;
+  if (!suffix.text && most < kBufferSize - m_iLength) {
+    char* at = Copy(Copy(Copy(to, " "), name), "=\"");
+    if (CopyUnquoted(at, value)) {
+      at = Copy(Copy(at + value.size, "\""), end);
+      m_iLength += static_cast<std::size_t>(at - to);
+      return;
+    }
+  }
   if (suffix.text) {
     AppendAttribute(value, end, " ", name, ":", suffix);
   } else {
     AppendAttribute(value, end, " ", name);
   }
+}
+
+// The attribute's last blank makes room for it, unless the document was cut before.
+void ZtXMLDocGenerator::CloseTag(bool selfEnd) {
+  if (!buffer) return;
+  tagOpen = 0;
+  if (m_bCutReported) return;
+  --m_iLength;
+  Append(selfEnd ? ZtPiece("/>", 2) : ZtPiece(">", 1));
 }
 
 void ZtXMLDocGenerator::ztAddNameSpacePrefixToXml(const char* name, const char* value,
@@ -248,9 +300,11 @@ void ZtXMLDocGenerator::ztAddNameSpacePrefixToXml(const char* name, const char* 
 
 // ---- Text and end tags --------------------------------------------------------------------------
 
-void ZtXMLDocGenerator::ztXmlSetData(const char* text) {
+void ZtXMLDocGenerator::ztXmlSetData(const char* text) { Text(text); }
+
+void ZtXMLDocGenerator::Text(const ZtPiece& text) {
   if (!buffer) return;
-  Append(ZtPiece(">", tagOpen == 1 ? 1U : 0U), ZtPiece(text ? text : " "));
+  Append(ZtPiece(">", tagOpen == 1 ? 1U : 0U), OrBlank(text));
   tagOpen = 0;
 }
 
@@ -261,9 +315,9 @@ void ZtXMLDocGenerator::End(const ZtPiece& name) {
 }
 
 // An element with a text and nothing else.
-void ZtXMLDocGenerator::TextElement(const ZtPiece& name, const char* text) {
+void ZtXMLDocGenerator::TextElement(const ZtPiece& name, const ZtPiece& text) {
   Start(name, 0);
-  if (buffer) Append(ZtPiece(text ? text : " "));
+  if (buffer) Append(OrBlank(text));
   End(name);
 }
 

@@ -2,11 +2,19 @@
 
 #include "ztPlatform.h"
 
-// The pieces of a block that are not freed yet. While the arena takes from it, frees count below
-// zero; when it is retired, what was taken is added, and who brings the sum to zero releases it.
-struct ZtArena::Block {
+namespace {
+constexpr std::size_t kAlignment = alignof(unsigned long long);  // of the strictest member
+}
+
+// One allocation of an arena; the first has the store and the text behind it.
+struct alignas(kAlignment) ZtArena::Block {
+  Block* older;
+};
+
+// What is alive of the arena: its pieces, and itself while it takes from the blocks.
+struct alignas(kAlignment) ZtArena::Store {
   long live;
-  std::size_t size;  // with this head
+  Block* last;
 };
 
 namespace {
@@ -14,69 +22,121 @@ namespace {
 constexpr std::size_t kLeastBlock = 128;
 constexpr std::size_t kFirstBlock = 1024;
 constexpr std::size_t kMostBlock = std::size_t{16} * 1024;
-constexpr std::size_t kAlignment = alignof(void*);
 
-// Stands before each piece: its block, or null.
-struct Head {
-  void* block;
+// Stands before each piece: the store of its arena, null on the heap.
+struct alignas(kAlignment) Head {
+  void* store;
 };
 
-// Larger pieces are the heap's; with clang's address sanitizer, which then sees each, all are.
+// With clang's address sanitizer everything is on the heap, where it sees each piece and text.
 #if defined(__has_feature)
 #if __has_feature(address_sanitizer)
 #define ZT_HEAP_ONLY 1
 #endif
 #endif
 #ifdef ZT_HEAP_ONLY
-constexpr std::size_t kMostPiece = 0;
+constexpr bool kHeapOnly = true;
 #else
-constexpr std::size_t kMostPiece = 256;
+constexpr bool kHeapOnly = false;
 #endif
 
-}  // namespace
-
-void* ZtArena::Take(std::size_t size) {
-  size = (size + sizeof(Head) + kAlignment - 1) & ~(kAlignment - 1);
-  if (!m_pBlock || m_pBlock->size - m_iUsed < size) {
-    std::size_t room = m_iNext ? m_iNext : kFirstBlock;
-    if (room < size + sizeof(Block)) room = size + sizeof(Block);
-    auto* block = static_cast<Block*>(__malloc(room));
-    if (!block) return nullptr;
-    Retire();
-    m_pBlock = new (block) Block{0, room};
-    m_iUsed = sizeof(Block);
-    m_iNext = 2 * room < kMostBlock ? 2 * room : kMostBlock;
-  }
-  auto* head = new (reinterpret_cast<char*>(m_pBlock) + m_iUsed) Head{m_pBlock};
-  m_iUsed += size;
-  ++m_iTaken;
-  return head + 1;
+constexpr std::size_t Aligned(std::size_t size) {
+  return (size + kAlignment - 1) & ~(kAlignment - 1);
 }
 
-void ZtArena::Expect(std::size_t bytes) {
-  m_iNext = bytes < kLeastBlock ? kLeastBlock : bytes < kFirstBlock ? bytes : kFirstBlock;
-}
-
-void ZtArena::Retire() {
-  if (m_pBlock && (m_pBlock->live += m_iTaken) == 0) __free(m_pBlock);
-  m_pBlock = nullptr;
-  m_iTaken = 0;
-}
-
-void* ZtAllocate(std::size_t size, ZtArena* arena) {
-  if (arena && size <= kMostPiece) return arena->Take(size);
+void* TakeFromHeap(std::size_t size) {
   if (size > SIZE_MAX - sizeof(Head)) return nullptr;
   void* memory = __malloc(size + sizeof(Head));
   return memory ? new (memory) Head{nullptr} + 1 : nullptr;
 }
 
+}  // namespace
+
+ZtArena::~ZtArena() {
+  if (m_pStore && --m_pStore->live == 0) Release(m_pStore);
+}
+
+char* ZtArena::Keep(const char* text, std::size_t size) {
+  if (m_pStore || size > SIZE_MAX / 2) return nullptr;
+  m_iNext = size < kLeastBlock ? kLeastBlock : size < kFirstBlock ? size : kFirstBlock;
+  const std::size_t room = Aligned(size + 1 + kSlack);
+  if (!Grow(room)) return nullptr;
+  char* copy = m_pFree;
+  m_pFree += room;
+  std::memcpy(copy, text, size);
+  std::memset(copy + size, '\0', room - size);
+  m_pText = copy;
+  m_iTextSize = kHeapOnly ? 0 : size + 1;
+  return copy;
+}
+
+inline void* ZtArena::Take(std::size_t size) {
+  size = Aligned(size + sizeof(Head));
+  if (static_cast<std::size_t>(m_pEnd - m_pFree) < size && !Grow(size)) return nullptr;
+  auto* head = new (m_pFree) Head{m_pStore};
+  m_pFree += size;
+  ++m_pStore->live;
+  return head + 1;
+}
+
+// A new block with room for `size` bytes and, as pieces follow, for more.
+bool ZtArena::Grow(std::size_t size) {
+  if (m_iNext == 0) m_iNext = kFirstBlock;
+  const std::size_t head = sizeof(Block) + (m_pStore ? 0 : sizeof(Store));
+  const std::size_t room = m_pStore && size < m_iNext ? m_iNext : size + m_iNext;
+  auto* memory = static_cast<char*>(__malloc(head + room));
+  if (!memory) return false;
+  auto* block = new (memory) Block{m_pStore ? m_pStore->last : nullptr};
+  if (m_pStore) {
+    m_pStore->last = block;
+  } else {
+    m_pStore = new (memory + sizeof(Block)) Store{1, block};
+  }
+  m_pFree = memory + head;
+  m_pEnd = m_pFree + room;
+  m_iNext = 2 * m_iNext < kMostBlock ? 2 * m_iNext : kMostBlock;
+  return true;
+}
+
+void ZtArena::Release(Store* store) {
+  for (Block* block = store->last; block;) {
+    Block* older = block->older;
+    __free(block);
+    block = older;
+  }
+}
+
+void* ZtAllocate(std::size_t size, ZtArena* arena) {
+  return arena && !kHeapOnly ? arena->Take(size) : TakeFromHeap(size);
+}
+
 void ZtFree(void* piece) {
   if (!piece) return;
   Head* head = static_cast<Head*>(piece) - 1;
-  auto* block = static_cast<ZtArena::Block*>(head->block);
-  if (!block) {
+  auto* store = static_cast<ZtArena::Store*>(head->store);
+  if (!store) {
     __free(head);
-  } else if (--block->live == 0) {
-    __free(block);
+  } else if (--store->live == 0) {
+    ZtArena::Release(store);
   }
 }
+
+// ---- The library's objects ----------------------------------------------------------------------
+
+void* ZtHeapObject::operator new(std::size_t size) noexcept { return TakeFromHeap(size); }
+
+void* ZtHeapObject::operator new(std::size_t size, const std::nothrow_t&) noexcept {
+  return TakeFromHeap(size);
+}
+
+void* ZtHeapObject::operator new(std::size_t size, ZtArena* arena) noexcept {
+  return ZtAllocate(size, arena);
+}
+
+void ZtHeapObject::operator delete(void* pointer) noexcept { ZtFree(pointer); }
+
+void ZtHeapObject::operator delete(void* pointer, const std::nothrow_t&) noexcept {
+  ZtFree(pointer);
+}
+
+void ZtHeapObject::operator delete(void* pointer, ZtArena*) noexcept { ZtFree(pointer); }

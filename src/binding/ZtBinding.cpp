@@ -27,14 +27,15 @@ Number ParseNumber(const char* text) {
 
 }  // namespace
 
-ZtOutcome ZtStore(XMLElement& self, const ZtField& field, const char* value, ZtArena* arena) {
-  if (!value) return ZtOutcome::kAccepted;
+ZtOutcome ZtStore(XMLElement& self, const ZtField& field, const ZtPiece& value,
+                  const ZtArena* arena) {
+  if (!value.text) return ZtOutcome::kAccepted;
   switch (field.value) {
     case ZtValue::kText:
       return (self.*field.member.text).Set(value, arena) ? ZtOutcome::kAccepted
                                                          : ZtOutcome::kNoMemory;
     case ZtValue::kNumber: {
-      const auto number = ParseNumber<unsigned>(value);
+      const auto number = ParseNumber<unsigned>(value.text);
       const ZtRange* range = field.detail.range;
       if (!range || (number >= range->least && number <= range->most)) {
         self.*field.member.number = number;
@@ -42,7 +43,7 @@ ZtOutcome ZtStore(XMLElement& self, const ZtField& field, const char* value, ZtA
       break;
     }
     case ZtValue::kNumber64:
-      self.*field.member.number64 = ParseNumber<unsigned long long>(value);
+      self.*field.member.number64 = ParseNumber<unsigned long long>(value.text);
       break;
     case ZtValue::kEnum: {
       const unsigned index = field.detail.values->Find(value);
@@ -58,7 +59,7 @@ ZtOutcome ZtStore(XMLElement& self, const ZtField& field, const char* value, ZtA
 namespace {
 
 ZtOutcome AppendText(XMLElement& self, const ZtField& field, const ZtSource& source,
-                     const char* value) {
+                     const ZtPiece& value) {
   zt_string* text = ZtMakeString(source, value);
   if ((self.*field.member.children).Add(text, source.file, source.arena)) {
     return ZtOutcome::kAccepted;
@@ -67,9 +68,11 @@ ZtOutcome AppendText(XMLElement& self, const ZtField& field, const ZtSource& sou
   return ZtOutcome::kNoMemory;
 }
 
+// The words are cut out of the text where it is the document's own, else out of a copy.
 ZtOutcome AppendWords(XMLElement& self, const ZtField& field, const ZtSource& source,
-                      const char* value) {
-  char* words = __strdup(value);
+                      const ZtPiece& value) {
+  const bool inPlace = source.arena && source.arena->Holds(value.text);
+  char* words = inPlace ? const_cast<char*>(value.text) : __strdup(value.text);
   if (!words) return ZtOutcome::kNoMemory;
   ZtOutcome outcome = ZtOutcome::kAccepted;
   for (char* word = words; word && outcome == ZtOutcome::kAccepted;) {
@@ -78,13 +81,15 @@ ZtOutcome AppendWords(XMLElement& self, const ZtField& field, const ZtSource& so
     outcome = AppendText(self, field, source, word);
     word = blank ? blank + 1 : nullptr;
   }
-  __free(words);
+  if (!inPlace) __free(words);
   return outcome;
 }
 
-ZtOutcome StoreText(XMLElement& self, const ZtField& field, const char* value,
-                    const ZtSource& source) {
-  if (!value) return ZtOutcome::kAccepted;
+}  // namespace
+
+ZtOutcome ZtStoreText(XMLElement& self, const ZtField& field, const ZtPiece& value,
+                      const ZtSource& source) {
+  if (!value.text) return ZtOutcome::kAccepted;
   switch (field.place) {
     case ZtPlace::kTextElements:
       return AppendText(self, field, source, value);
@@ -95,11 +100,14 @@ ZtOutcome StoreText(XMLElement& self, const ZtField& field, const char* value,
   }
 }
 
+namespace {
+
 // The text that came with the end tag of a child which was made there. False without memory.
-bool StoreOwnText(XMLElement& child, const ZtElementType& type, const char* value, ZtArena* arena) {
+bool StoreOwnText(XMLElement& child, const ZtElementType& type, const ZtPiece& value,
+                  ZtArena* arena) {
   for (const ZtField& own : type) {
     if (own.IsOwnText() &&
-        StoreText(child, own, value, {type.family->source, arena}) == ZtOutcome::kNoMemory) {
+        ZtStoreText(child, own, value, {type.family->source, arena}) == ZtOutcome::kNoMemory) {
       return false;
     }
   }
@@ -122,7 +130,7 @@ class Hook {
 
   // Takes a child, at its end with the text that came with it.
   ZtOutcome Adopt(XMLElement& self, const ZtField& field, XMLElement* child,
-                  const char* ownText) const {
+                  const ZtPiece& ownText) const {
     if (!child) {
       Log(m_Lines.noObject);
       return ZtOutcome::kRefused;
@@ -139,18 +147,14 @@ class Hook {
     if (field.atEnd && !StoreOwnText(*child, *field.detail.type, ownText, m_Source.arena)) {
       return ZtOutcome::kNoMemory;
     }
-    if (field.place == ZtPlace::kChild) {
-      (self.*field.member.child).Set(child);
-      return ZtOutcome::kAdopted;
-    }
-    return Append(self.*field.member.children, child);
+    return ZtAdopt(self, field, child, m_Source);
   }
 
   // A child that no one else makes: at its end its text becomes its object.
-  ZtOutcome MakeChild(XMLElement& self, const ZtField& field, const char* value,
+  ZtOutcome MakeChild(XMLElement& self, const ZtField& field, const ZtPiece& value,
                       const XMLElement* offered) const {
     if (offered) return ZtOutcome::kRefused;
-    if (!value) return ZtOutcome::kAccepted;
+    if (!value.text) return ZtOutcome::kAccepted;
     XMLElement* child = field.detail.type->maker.Create(m_Source);
     if (!child) return ZtOutcome::kNoMemory;
     if (StoreOwnText(*child, *field.detail.type, value, m_Source.arena)) {
@@ -188,39 +192,39 @@ class Hook {
   const ZtSource m_Source;
 };
 
-char* FormatNumber(unsigned long long number, char* buffer) {
-  char* at = buffer + kZtNumberSize - 1;
+ZtPiece FormatNumber(unsigned long long number, char* buffer) {
+  char* const end = buffer + kZtNumberSize - 1;
+  char* at = end;
   *at = '\0';
   do {
     *--at = static_cast<char>('0' + number % 10);
     number /= 10;
   } while (number != 0);
-  return at;
+  return {at, static_cast<std::size_t>(end - at)};
 }
 
 }  // namespace
 
-unsigned ZtEnumTable::Find(const char* value) const {
-  const std::size_t size = __strlen(value);
+unsigned ZtEnumTable::Find(const ZtPiece& value) const {
   for (unsigned i = 0; i < searched; ++i) {
     const char* slot = slots[i];
-    if (*slot != *value && *slot) continue;
-    const std::size_t slotSize = __strlen(slot);
-    if (slotSize > size || (!byPrefix && slotSize != size)) continue;
-    if (std::memcmp(slot, value, slotSize) == 0) return i;
+    if (*slot != *value.text && *slot) continue;
+    if (!byPrefix && (value.size >= sizeof(ZtEnumSlot) || slot[value.size])) continue;
+    const std::size_t size = byPrefix ? __strlen(slot) : value.size;
+    if (size <= value.size && std::memcmp(slot, value.text, size) == 0) return i;
   }
   return noMatch;
 }
 
 ZtOutcome ZtOfferChild(XMLElement& self, const ZtElementType& type, const ZtChildName& name,
-                       const char* value, XMLElement* child, ZtArena* arena) {
+                       const ZtPiece& value, XMLElement* child, ZtArena* arena) {
   const Hook hook(type, arena);
   if (!name.text) {
     hook.Log(hook.Lines().nullElement);
     return ZtOutcome::kAccepted;
   }
   ZtOutcome hooked = ZtOutcome::kAccepted;
-  if (type.childHook && type.childHook(self, name.text, value, child, hooked)) return hooked;
+  if (type.childHook && type.childHook(self, name.text, value.text, child, hooked)) return hooked;
   const ZtField* const end = type.names.MayHave(name.id) ? type.end() : type.begin();
   for (const ZtField* at = type.begin(); at != end; ++at) {
     const ZtField& field = *at;
@@ -228,7 +232,7 @@ ZtOutcome ZtOfferChild(XMLElement& self, const ZtElementType& type, const ZtChil
     // Only the plain name without an object is that text; all else is nobody's.
     if (field.fromAttribute) {
       return name.atEnd || child ? ZtOutcome::kAccepted
-                                 : StoreText(self, field, value, {type.family->source, arena});
+                                 : ZtStoreText(self, field, value, {type.family->source, arena});
     }
     switch (field.place) {
       case ZtPlace::kTextElement:
@@ -238,7 +242,7 @@ ZtOutcome ZtOfferChild(XMLElement& self, const ZtElementType& type, const ZtChil
         if (!name.atEnd && field.IsOwnText()) continue;
         if (!name.atEnd) return ZtOutcome::kAccepted;
         if (child) return ZtOutcome::kRefused;
-        return StoreText(self, field, value, {type.family->source, arena});
+        return ZtStoreText(self, field, value, {type.family->source, arena});
       default:
         if (name.atEnd && field.madeHere) return hook.MakeChild(self, field, value, child);
         // The start of a child that comes with its end tag tells nothing.
@@ -246,7 +250,17 @@ ZtOutcome ZtOfferChild(XMLElement& self, const ZtElementType& type, const ZtChil
         if (name.atEnd == field.atEnd) return hook.Adopt(self, field, child, value);
     }
   }
-  return hook.UnknownChild(self, name.text, value, child);
+  return hook.UnknownChild(self, name.text, value.text, child);
+}
+
+ZtOutcome ZtAdopt(XMLElement& self, const ZtField& field, XMLElement* child,
+                  const ZtSource& source) {
+  if (field.place == ZtPlace::kChild) {
+    (self.*field.member.child).Set(child);
+    return ZtOutcome::kAdopted;
+  }
+  return (self.*field.member.children).Add(child, source.file, source.arena) ? ZtOutcome::kAdopted
+                                                                             : ZtOutcome::kNoMemory;
 }
 
 const ZtField* ZtFindAttribute(const ZtElementType& type, ZtNameId name) {
@@ -265,37 +279,52 @@ const ZtField* ZtFindChild(const ZtElementType& type, ZtNameId name) {
   return nullptr;
 }
 
-ZtOutcome ZtOfferAttribute(XMLElement& self, const ZtElementType& type, const char* name,
+const ZtField* ZtFindTextElement(const ZtElementType& type, ZtNameId name) {
+  const ZtField* field = type.childHook ? nullptr : ZtFindChild(type, name);
+  const bool text =
+      field && !field->fromAttribute &&
+      (field->place == ZtPlace::kTextElement || field->place == ZtPlace::kTextElements);
+  return text ? field : nullptr;
+}
+
+const ZtField* ZtFindObject(const ZtElementType& type, ZtNameId name) {
+  const ZtField* field = type.childHook ? nullptr : ZtFindChild(type, name);
+  const bool object = field && !field->atEnd && !field->madeHere &&
+                      (field->place == ZtPlace::kChild || field->place == ZtPlace::kChildren);
+  return object ? field : nullptr;
+}
+
+ZtOutcome ZtOfferAttribute(XMLElement& self, const ZtElementType& type, const ZtPiece& name,
                            const char* value, XMLAttribute* attribute, ZtArena* arena) {
   const Hook hook(type, arena);
-  if (!name) {
+  if (!name.text) {
     hook.Log(hook.Lines().nullAttribute);
     return ZtOutcome::kAccepted;
   }
   ZtOutcome hooked = ZtOutcome::kAccepted;
-  if (type.attributeHook && type.attributeHook(self, name, value, hooked)) return hooked;
-  if (const ZtField* field = ZtFindAttribute(type, ZtNameOf(name))) {
+  if (type.attributeHook && type.attributeHook(self, name.text, value, hooked)) return hooked;
+  if (const ZtField* field = ZtFindAttribute(type, ZtNameId::Of(name))) {
     return attribute ? ZtOutcome::kRefused : ZtStore(self, *field, value, arena);
   }
   for (const ZtField& field : type) {
     if (field.place != ZtPlace::kOtherAttributes || !attribute) continue;
     return hook.Append(self.*field.member.attributes, attribute);
   }
-  hook.Log(hook.Lines().unknownAttribute, name);
+  hook.Log(hook.Lines().unknownAttribute, name.text);
   const bool refuses = type.family->unknownAttribute == ZtUnknown::kRefuse ||
                        type.unknownAttribute == ZtUnknown::kRefuse;
   return refuses ? ZtOutcome::kRefused : ZtOutcome::kAccepted;
 }
 
-const char* ZtFieldText(const XMLElement& self, const ZtField& field, char* buffer) {
+ZtPiece ZtFieldText(const XMLElement& self, const ZtField& field, char* buffer) {
   switch (field.value) {
     case ZtValue::kText:
-      return (self.*field.member.text).Get();
+      return (self.*field.member.text).Piece();
     case ZtValue::kNumber:
     case ZtValue::kNumber64: {
       const unsigned long long number =
           field.value == ZtValue::kNumber ? self.*field.member.number : self.*field.member.number64;
-      return number || field.always ? FormatNumber(number, buffer) : nullptr;
+      return number || field.always ? FormatNumber(number, buffer) : ZtPiece(nullptr);
     }
     case ZtValue::kEnum: {
       const unsigned index = self.*field.member.number;

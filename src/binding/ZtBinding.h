@@ -8,6 +8,7 @@
 
 #include "XMLValueTypes.h"
 #include "ZtElement.h"
+#include "ZtPiece.h"
 #include "base/ZtMemory.h"
 #include "base/ZtWith.h"
 #include "binding/ZtNames.h"
@@ -26,7 +27,7 @@ struct ZtEnumTable {
   std::uint8_t noMatch;   // index stored when none matches
   bool byPrefix;          // the first slot that is a prefix of the value, else the equal one
 
-  unsigned Find(const char* value) const;
+  unsigned Find(const ZtPiece& value) const;
 };
 
 inline constexpr ZtEnumSlot kBooleanSlots[] = {"false", "true"};
@@ -469,40 +470,53 @@ constexpr ZtElementType ZtFlagOf(const ZtFamily& family, const char* writer, con
 }
 
 // New, whole values, recorded under `source`; null without memory.
-zt_string* ZtMakeString(const ZtSource& source, const char* text);
-zt_empty_element_type* ZtMakeFlag(const ZtSource& source, const char* name);
-zt_AttributeValuePair* ZtMakePair(const ZtSource& source, const char* name, const char* value);
+zt_string* ZtMakeString(const ZtSource& source, const ZtPiece& text);
+zt_empty_element_type* ZtMakeFlag(const ZtSource& source, const ZtPiece& name);
+zt_AttributeValuePair* ZtMakePair(const ZtSource& source, const ZtPiece& name,
+                                  const ZtPiece& value);
 
 // ---- Reading ------------------------------------------------------------------------------------
-
-// The name `text`, kZtNoName when rows have none such.
-inline ZtNameId ZtNameOf(const char* text) { return ZtNameId::Of(text, __strlen(text)); }
 
 // The name under which a child is offered: its own, or at its end with a slash before it.
 struct ZtChildName {
   const char* text;  // with the slash
+  std::size_t size;
   bool atEnd;
   ZtNameId id;
 
   ZtChildName(const char* t)  // NOLINT(google-explicit-constructor)
       : ZtChildName(t, t ? __strlen(t) : 0) {}
-  ZtChildName(const char* t, std::size_t size)
+  ZtChildName(const char* t, std::size_t s)
       : text(t),
-        atEnd(size && *t == '/'),
-        id(size ? ZtNameId::Of(t + atEnd, size - atEnd) : ZtNameId(kZtNoName)) {}
+        size(s),
+        atEnd(s && *t == '/'),
+        id(s ? ZtNameId::Of({t + atEnd, s - atEnd}) : ZtNameId(kZtNoName)) {}
+  ZtChildName(const ZtPiece& name, bool end, ZtNameId known)
+      : text(name.text), size(name.size), atEnd(end), id(known) {}
 };
 
 // What ProcessUnMarshall and ProcessUnMarshallAttribute do for an object of `type`, with the
 // outcome told more finely than by their results. What is made lies in `arena`, null for the heap.
 ZtOutcome ZtOfferChild(XMLElement& self, const ZtElementType& type, const ZtChildName& name,
-                       const char* value, XMLElement* child, ZtArena* arena = nullptr);
-ZtOutcome ZtOfferAttribute(XMLElement& self, const ZtElementType& type, const char* name,
+                       const ZtPiece& value, XMLElement* child, ZtArena* arena = nullptr);
+ZtOutcome ZtOfferAttribute(XMLElement& self, const ZtElementType& type, const ZtPiece& name,
                            const char* value, XMLAttribute* attribute, ZtArena* arena = nullptr);
 // Keeps the value of a scalar field.
-ZtOutcome ZtStore(XMLElement& self, const ZtField& field, const char* value, ZtArena* arena);
+ZtOutcome ZtStore(XMLElement& self, const ZtField& field, const ZtPiece& value,
+                  const ZtArena* arena);
+// Keeps the text of a text row, whatever its place.
+ZtOutcome ZtStoreText(XMLElement& self, const ZtField& field, const ZtPiece& value,
+                      const ZtSource& source);
+// Takes a child of the class that a row of objects has, at its start.
+ZtOutcome ZtAdopt(XMLElement& self, const ZtField& field, XMLElement* child,
+                  const ZtSource& source);
 // The row of the attribute or of the child element `name`, or null.
 const ZtField* ZtFindAttribute(const ZtElementType& type, ZtNameId name);
 const ZtField* ZtFindChild(const ZtElementType& type, ZtNameId name);
+// The same if nothing but its text, kept at its end, or nothing but its object, taken at its start,
+// is to be had of the child, and no hook is to see it.
+const ZtField* ZtFindTextElement(const ZtElementType& type, ZtNameId name);
+const ZtField* ZtFindObject(const ZtElementType& type, ZtNameId name);
 
 // ---- Writing ------------------------------------------------------------------------------------
 
@@ -510,6 +524,6 @@ constexpr std::size_t kZtNumberSize = 24;  // room for any number in decimal, wi
 
 // The text of a scalar field, null when it is absent: a null text, a 0, an index beyond the values.
 // Numbers are formatted in `buffer`.
-const char* ZtFieldText(const XMLElement& self, const ZtField& field, char* buffer);
+ZtPiece ZtFieldText(const XMLElement& self, const ZtField& field, char* buffer);
 
 #endif  // ZTXML_SRC_BINDING_ZTBINDING_H

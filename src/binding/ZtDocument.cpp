@@ -41,28 +41,29 @@ void LogInput(const ZtDocument& document, const char* format, const char* text) 
 
 XMLElement* ZtUnMarshaller::UnMarshall(const char* xml) {
   if (!xml) return nullptr;
-  const ZtDocument& document = Document();
-  LogInput(document, document.lines.textInput, xml);
-  char* copy = __strdup(xml);
-  if (!copy) {
-    ZtLog(kZtLogError, document.source)("<XML Module>: StrDup failed in %s::UnMarshall",
-                                        document.unMarshaller);
-    return nullptr;
-  }
-  return Read(xml, copy);
+  LogInput(Document(), Document().lines.textInput, xml);
+  return Read(xml);
 }
 
 XMLElement* ZtUnMarshaller::UnMarshall(XMLFile* file) {
   const char* text = file ? file->Read() : nullptr;
   if (!text) return nullptr;
   LogInput(Document(), Document().lines.fileInput, text);
-  return Read(text, nullptr);
+  return Read(text);
 }
 
-XMLElement* ZtUnMarshaller::Read(const char* xml, char* copy) const {
-  XMLElement* root = nullptr;
-  const bool done = Parse(xml, copy, root);
+XMLElement* ZtUnMarshaller::Read(const char* xml) const {
   const ZtDocument& document = Document();
+  XMLElement* root = nullptr;
+  ZtArena arena;
+  const std::size_t size = __strlen(xml);
+  char* text = arena.Keep(xml, size);
+  if (!text) {
+    ZtLog(kZtLogError, document.source)("<XML Module>: StrDup failed in %s::UnMarshall",
+                                        document.unMarshaller);
+    return nullptr;
+  }
+  const bool done = Parse(arena, text, size, root);
   const char* result = done ? document.lines.readDone : document.lines.readFailed;
   if (result) ZtLog(kZtLogTrace, document.source)(result);
   return root;
@@ -73,28 +74,26 @@ XMLObject* ZtUnMarshaller::NamespaceBinder() const {
 }
 
 bool ZtUnMarshaller::Parse(const char* xml, XMLElement*& root) const {
-  return Parse(xml, nullptr, root);
+  ZtArena arena;
+  const std::size_t size = __strlen(xml);
+  char* text = arena.Keep(xml, size);
+  root = nullptr;
+  return text && Parse(arena, text, size, root);
 }
 
-// A caller gets a whole tree or nothing: what a failed parse has built is freed. The parser takes
-// `copy`, a copy of `xml`; without one it makes its own.
-bool ZtUnMarshaller::Parse(const char* xml, char* copy, XMLElement*& root) const {
+// Reads a copy that `arena` keeps. A caller gets a whole tree or nothing: what a failed parse has
+// built is freed.
+bool ZtUnMarshaller::Parse(ZtArena& arena, char* text, std::size_t size, XMLElement*& root) const {
   const ZtDocument& document = Document();
-  const std::size_t size = __strlen(xml);
   XmlDecoder* parser = ZtCreate<XmlDecoder>(document.source);
   ZtSchemaDecoder* decoder = document.newDecoder.Create(document.source);
-  root = nullptr;
   bool done = false;
   if (parser && decoder && size <= INT_MAX) {
     if (XMLObject* binder = NamespaceBinder()) decoder->SetNameSpaceBinderInfo(binder);
-    decoder->Expect(size);
+    decoder->Use(arena);
     parser->SetSchema(decoder);
-    const int result = copy ? parser->DecodeWhole(copy, size)
-                            : parser->Decode(const_cast<char*>(xml), static_cast<int>(size));
-    copy = nullptr;
-    done = result == ZT_XML_SUCCESS && !decoder->Failed();
+    done = parser->DecodeWhole(text, size) == ZT_XML_SUCCESS && !decoder->Failed();
   }
-  __free(copy);
   if (decoder) root = static_cast<XMLObject*>(decoder->GetSessionData());
   ZtRelease(decoder);
   ZtRelease(parser);

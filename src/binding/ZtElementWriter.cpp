@@ -27,32 +27,27 @@ class ZtElementWriter::Prefix {
   e_XmlStrRef m_Outer;
 };
 
-// A start tag of which the last attribute written closes the tag: each attribute waits until it is
-// known whether another follows. A tag that is never closed stays open in the text.
+// A start tag, which is begun with its first attribute: without any it has another form. One that
+// is never closed stays open in the text.
 class ZtElementWriter::StartTag {
  public:
   StartTag(ZtXMLDocGenerator& writer, const ZtPiece& element)
       : m_Writer(writer), m_Element(element) {}
   ~StartTag() {
-    Settle(0, 0);
-    Open();
+    if (!m_bStarted) Open();
   }
   StartTag(const StartTag&) = delete;
   StartTag& operator=(const StartTag&) = delete;
 
-  // The texts are borrowed until the next attribute or the end of the tag.
-  void Add(const ZtPiece& name, const char* value, const ZtPiece& suffix = nullptr) {
-    Settle(0, 0);
-    m_Name = name;
-    m_pValue = value;
-    m_Suffix = suffix;
-    m_iBuffer ^= 1;  // the value may stand in the buffer last given out
+  void Add(const ZtPiece& name, const ZtPiece& value, const ZtPiece& suffix = nullptr) {
+    if (!m_bStarted) Open();
+    m_bEmpty = false;
+    m_Writer.Attribute(name, value, suffix, 0, 0);
   }
-  char* Buffer() { return m_Buffers[m_iBuffer]; }
-  bool IsEmpty() const { return !m_bStarted && !m_Name.text; }
+  bool IsEmpty() const { return m_bEmpty; }
   void Close(bool selfEnd) {
-    if (m_Name.text) {
-      Settle(selfEnd ? 1 : 0, 1);
+    if (!m_bEmpty) {
+      m_Writer.CloseTag(selfEnd);
     } else if (selfEnd) {
       m_Writer.StartEmpty(m_Element);
     } else {
@@ -63,24 +58,13 @@ class ZtElementWriter::StartTag {
 
  private:
   void Open() {
-    if (m_bStarted) return;
     m_bStarted = true;
     m_Writer.Start(m_Element, 1);
-  }
-  void Settle(int selfEnd, int close) {
-    if (!m_Name.text) return;
-    Open();
-    m_Writer.Attribute(m_Name, m_pValue, m_Suffix, selfEnd, close);
-    m_Name.text = nullptr;
   }
 
   ZtXMLDocGenerator& m_Writer;
   const ZtPiece m_Element;
-  ZtPiece m_Name = nullptr;
-  const char* m_pValue = nullptr;
-  ZtPiece m_Suffix = nullptr;
-  char m_Buffers[2][kZtNumberSize];
-  int m_iBuffer = 0;
+  bool m_bEmpty = true;
   bool m_bStarted = false;
 };
 
@@ -157,7 +141,7 @@ bool IsSet(const XMLElement& element, const ZtField& field) {
     case ZtPlace::kChild:
       return (element.*field.member.child).Get();
     case ZtPlace::kTextElement:
-      return field.always || ZtFieldText(element, field, buffer);
+      return field.always || ZtFieldText(element, field, buffer).text;
     default:
       return (element.*field.member.children).Head();
   }
@@ -255,7 +239,8 @@ bool ZtElementWriter::WriteChildren(const XMLElement& element, const ZtElementTy
 bool ZtElementWriter::HasRequired(const XMLElement& element, const ZtElementType& type) const {
   char buffer[kZtNumberSize];
   for (const ZtField& field : type) {
-    if (!field.IsAttribute() || !field.required || ZtFieldText(element, field, buffer)) continue;
+    if (!field.IsAttribute() || !field.required) continue;
+    if (ZtFieldText(element, field, buffer).text) continue;
     Log(field.lineLevel, field.line);
     return false;
   }
@@ -265,10 +250,11 @@ bool ZtElementWriter::HasRequired(const XMLElement& element, const ZtElementType
 bool ZtElementWriter::WriteStartTag(const XMLElement& element, const ZtElementType& type,
                                     ZtNameId name) {
   StartTag tag(m_Writer, PieceOf(name));
+  char buffer[kZtNumberSize];
   bool awaited = false;
   for (unsigned i = 0; i < type.fixedCount; ++i) {
     const ZtFixedAttribute& fixed = type.fixed[i];
-    tag.Add(PieceOf(fixed.name), ZtName(fixed.value),
+    tag.Add(PieceOf(fixed.name), PieceOf(fixed.value),
             fixed.suffix == XML_STR_ZT_NULL ? ZtPiece(nullptr) : PieceOf(fixed.suffix));
   }
   for (const ZtField& field : type) {
@@ -278,10 +264,13 @@ bool ZtElementWriter::WriteStartTag(const XMLElement& element, const ZtElementTy
       if (!WriteOtherAttributes(others.Head(), &type, tag)) return false;
     }
     if (field.place != ZtPlace::kAttribute) continue;
-    const char* text = ZtFieldText(element, field, tag.Buffer());
-    if (!text) Log(field.lineLevel, field.line);
-    if (!text && field.required) return false;
-    if (text || field.always) tag.Add(PieceOf(field.name), text);
+    const ZtPiece text = ZtFieldText(element, field, buffer);
+    if (!text.text) {
+      Log(field.lineLevel, field.line);
+      if (field.required) return false;
+      if (!field.always) continue;
+    }
+    tag.Add(PieceOf(field.name), text);
   }
   if (!awaited && (!type.staysOpen || !tag.IsEmpty())) tag.Close(type.selfClosing);
   return true;
@@ -312,7 +301,8 @@ bool ZtElementWriter::WriteOtherAttributes(ZtListNode* head, const ZtElementType
     const char* name = pair ? pair->getName() : nullptr;
     const std::size_t size = name ? NameSize(name) : 0;
     if (size == 0) continue;
-    if (type && (ZtFindAttribute(*type, ZtNameId::Of(name, size)) || IsFixed(*type, name, size))) {
+    if (type &&
+        (ZtFindAttribute(*type, ZtNameId::Of({name, size})) || IsFixed(*type, name, size))) {
       continue;
     }
     if (names.Insert(name, size)) tag.Add(name, pair->getValue());
@@ -320,14 +310,14 @@ bool ZtElementWriter::WriteOtherAttributes(ZtListNode* head, const ZtElementType
   return true;
 }
 
-int ZtElementWriter::WriteText(const ZtField& field, const char* text) {
+int ZtElementWriter::WriteText(const ZtField& field, const ZtPiece& text) {
   if (field.writer) Log(kZtLogTrace, "<XML Module>: %s", field.writer);
-  if (!text && !field.always) return 0;
+  if (!text.text && !field.always) return 0;
   WriteText(field.name, text);
   return 1;
 }
 
-void ZtElementWriter::WriteText(ZtNameId name, const char* text) {
+void ZtElementWriter::WriteText(ZtNameId name, const ZtPiece& text) {
   m_Writer.TextElement(PieceOf(name), text);
 }
 
@@ -335,10 +325,10 @@ bool ZtElementWriter::WriteField(const XMLElement& element, const ZtField& field
   switch (field.place) {
     case ZtPlace::kTextElement: {
       char buffer[kZtNumberSize];
-      const char* text = ZtFieldText(element, field, buffer);
-      if (text || field.always) WriteText(field, text);
-      if (!text) Log(field.lineLevel, field.line);
-      return text || !field.required;
+      const ZtPiece text = ZtFieldText(element, field, buffer);
+      if (text.text || field.always) WriteText(field, text);
+      if (!text.text) Log(field.lineLevel, field.line);
+      return text.text || !field.required;
     }
     case ZtPlace::kTextElements:
       for (ZtListNode* node = (element.*field.member.children).Head(); node; node = node->next) {
@@ -348,7 +338,7 @@ bool ZtElementWriter::WriteField(const XMLElement& element, const ZtField& field
       return true;
     case ZtPlace::kOwnText: {
       char buffer[kZtNumberSize];
-      m_Writer.ztXmlSetData(ZtFieldText(element, field, buffer));
+      m_Writer.Text(ZtFieldText(element, field, buffer));
       return true;
     }
     case ZtPlace::kOwnWords: {

@@ -34,8 +34,8 @@ class ZtElementWriter {
   // For hooks and for steps without an object: the children as the rows have them, the text element
   // of a row (0 when it has no text), and a text element (null: an empty one).
   bool WriteChildren(const XMLElement& element, const ZtElementType& type);
-  int WriteText(const ZtField& field, const char* text);
-  void WriteText(ZtNameId name, const char* text);
+  int WriteText(const ZtField& field, const ZtPiece& text);
+  void WriteText(ZtNameId name, const ZtPiece& text);
   // The same, in pieces: a start tag with a list of attributes (null: none; false without memory),
   // an element without content, an end tag; and a line under the marshaller's file.
   bool Start(ZtNameId name, ZtSingleElementList* attributes = nullptr);

@@ -54,6 +54,9 @@ struct ZtGrammar {
   const char* noMemory;  // the line when a name cannot be normalised; %s is the decoder
   ZtPrefixRule prefixes;
   ZtNameFilter names = {};  // of the rows
+  // Whether what ends is always what its start has opened: no name of an opened element is also
+  // that of one which is made at its end.
+  bool endsAsStarted = true;
   ZtGrammarTable own = {};
   ZtGrammarTable shared = {};
 
@@ -97,8 +100,21 @@ struct ZtGrammar {
   template <std::size_t N>
   constexpr ZtGrammar With(ZtGrammarTable ZtGrammar::*table, const ZtGrammarRow (&rows)[N]) const {
     ZtGrammar grammar = ZtWith(*this, table, ZtGrammarTable{rows, N});
-    for (const ZtGrammarRow& row : rows) grammar.names.Add(row.name);
+    for (const ZtGrammarRow& row : rows) {
+      grammar.names.Add(row.name);
+      grammar.endsAsStarted = grammar.endsAsStarted && !grammar.EndsElsewhere(row);
+    }
     return grammar;
+  }
+  // Whether another row of this name tells `row`'s end otherwise.
+  constexpr bool EndsElsewhere(const ZtGrammarRow& row) const {
+    for (const ZtGrammarTable* table : {&own, &shared}) {
+      for (std::size_t i = 0; i < table->count; ++i) {
+        const ZtGrammarRow& other = table->rows[i];
+        if (other.name == row.name && other.IsOpened() != row.IsOpened()) return true;
+      }
+    }
+    return false;
   }
 };
 

@@ -55,16 +55,17 @@ void ReleaseList(ZtSingleElementList* list) {
 
 }  // namespace
 
-bool ZtText::Set(const char* text, ZtArena* arena) {
+bool ZtText::Copy(const ZtPiece& text) {
   char* copy = nullptr;
-  if (text) {
-    const std::size_t size = __strlen(text) + 1;
-    copy = static_cast<char*>(ZtAllocate(size, arena));
-    if (copy) std::memcpy(copy, text, size);
+  if (text.text) {
+    copy = static_cast<char*>(ZtAllocate(text.size + 1));
+    if (copy) {
+      std::memcpy(copy, text.text, text.size);
+      copy[text.size] = '\0';
+    }
   }
-  ZtFree(m_pText);
-  m_pText = copy;
-  return copy || !text;
+  Keep(copy, copy ? text.size : 0, 0);
+  return copy || !text.text;
 }
 
 int ZtChild::Set(XMLElement* child) {

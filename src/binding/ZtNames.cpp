@@ -77,7 +77,9 @@ const char* TextOf(int id) {
 
 }  // namespace
 
-ZtNameId ZtNameId::Of(const char* text, std::size_t size) {
+ZtNameId ZtNameId::Of(const ZtPiece& name) {
+  const char* const text = name.text;
+  const std::size_t size = name.size;
   if (size == 0) return kZtNoName;
   for (std::size_t at = Hash(text, size) % Index::kSlots; kIndex.slots[at].size;
        at = (at + 1) % Index::kSlots) {
@@ -87,6 +89,10 @@ ZtNameId ZtNameId::Of(const char* text, std::size_t size) {
     }
   }
   return kZtNoName;
+}
+
+bool ZtNameId::Is(const ZtPiece& text) const {
+  return text.size == kSizes[m_Id] && Same(TextOf(m_Id), text.text, text.size);
 }
 
 const char* ZtNameId::Text() const { return TextOf(m_Id); }

@@ -6,6 +6,7 @@
 #include <cstdint>
 
 #include "XMLCommonDef.h"
+#include "ZtPiece.h"
 
 // The names beyond the table, numbered behind its rows.
 enum ZtExtraName : int {
@@ -26,7 +27,9 @@ class ZtNameId {
                                        : row) {}
   constexpr ZtNameId(ZtExtraName extra) : m_Id(extra) {}  // NOLINT(google-explicit-constructor)
   // The name whose text is `text`, kZtNoName when there is none.
-  static ZtNameId Of(const char* text, std::size_t size);
+  static ZtNameId Of(const ZtPiece& text);
+  // Whether its text is `text`.
+  bool Is(const ZtPiece& text) const;
 
   constexpr unsigned Low6Bits() const { return static_cast<unsigned>(m_Id) & 63U; }
   constexpr bool IsNone() const { return m_Id == XML_STR_ZT_NULL; }

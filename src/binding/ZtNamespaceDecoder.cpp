@@ -53,6 +53,21 @@ char* ZtNamespaceDecoder::LocalName(char* name, std::size_t& size) {
   return local;
 }
 
+// A prefix that a declaration binds, or one of the library's own, is taken off.
+char* ZtNamespaceDecoder::LocalPart(char* name, char* colon) const {
+  if (!colon) return name;
+  if (colon == name) return nullptr;
+  const auto size = static_cast<std::size_t>(colon - name);
+  const auto isPrefix = [=](const ZtText& text) {
+    const ZtPiece piece = text.Piece();
+    return piece.size == size && std::memcmp(piece.text, name, size) == 0;
+  };
+  for (const ZtNamespaceBinding* at = m_Bindings.First(); at; at = at->next) {
+    if (isPrefix(at->prefix) || (isPrefix(at->alias) && at->prefix.Piece().size)) return colon + 1;
+  }
+  return name;
+}
+
 char* ZtNamespaceDecoder::Rewritten(char* name) {
   if (!XMLChangeNamespaceTag(name)) return nullptr;
   const bool atEnd = *m_PassName == '/';

@@ -1,5 +1,6 @@
 #include "ZtSchemaDecoder.h"
 
+#include "TagScanner.h"
 #include "XMLValueTypes.h"
 #include "base/ZtLog.h"
 #include "binding/ZtGrammar.h"
@@ -18,7 +19,9 @@ ZtSchemaDecoder::ZtSchemaDecoder(const ZtGrammar& grammar)
       m_iDropped(0),
       m_iSkipped(0),
       m_bOfferEnd(false),
-      m_pCut(nullptr) {}
+      m_pText(nullptr),
+      m_pCut(nullptr),
+      m_pArena(nullptr) {}
 
 ZtSchemaDecoder::~ZtSchemaDecoder() { __free(m_PassName); }
 
@@ -43,6 +46,10 @@ int ZtSchemaDecoder::ProcessElement(char* name, char* value) {
                                          m_Grammar.decoder);
     return -1;
   }
+  return Element(name, value);
+}
+
+int ZtSchemaDecoder::Element(char* name, const ZtPiece& value) {
   if (m_bFailed) return -1;
   const bool atEnd = *name == '/';
   const bool skipped = m_iSkipped != 0;
@@ -58,21 +65,68 @@ int ZtSchemaDecoder::ProcessElement(char* name, char* value) {
     m_bFailed = true;
     return -1;
   }
-  const Open current = {static_cast<XMLElement*>(m_Stack.top()), CurrentType()};
   if (atEnd) {
     // A name that was cut short may have lost even its slash.
-    End(current, *local == '/' ? ZtChildName(local, size) : ZtChildName("/", 1), value, skipped);
+    const ZtChildName ended = *local == '/' ? ZtChildName(local, size) : ZtChildName("/", 1);
+    End(Current(), ended, value, skipped);
     if (m_pCut) *m_pCut = ':';
     m_pCut = nullptr;
-  } else if (!Start(current, {local, size})) {
+  } else if (!Start(Current(), {local, size})) {
     m_iSkipped = 1;
   }
   return 0;
 }
 
+int ZtSchemaDecoder::ProcessStart(ScannedTag& tag) {
+  if (m_bFailed) return -1;
+  if (m_iSkipped) {
+    ++m_iSkipped;
+    return 0;
+  }
+  char* local = tag.NameSize() < kMostShortName ? LocalPart(tag.name, tag.colon) : nullptr;
+  if (!local) return Element(tag.name, nullptr);
+  const ZtChildName name(local, static_cast<std::size_t>(tag.nameEnd - local));
+  if (!Start(Current(), name)) m_iSkipped = 1;
+  return 0;
+}
+
+// The parser ends what it has started, so that what was found at the start need not be looked for.
+int ZtSchemaDecoder::ProcessEnd(char* slashName, std::size_t nameSize, char* text,
+                                std::size_t textSize) {
+  if (m_bFailed) return -1;
+  const ZtPiece value(text, textSize);
+  if (nameSize > kMostShortName) return Element(slashName, value);
+  if (m_iSkipped == 1 && m_bOfferEnd && m_pText) {
+    m_iSkipped = 0;
+    m_Started = Open();
+    const Open current = Current();
+    const ZtSource source = {current.type->family->source, m_pArena};
+    const ZtOutcome outcome = ZtStoreText(*current.object, *m_pText, value, source);
+    if (outcome == ZtOutcome::kNoMemory) m_bFailed = true;
+    return 0;
+  }
+  return EndOpened(slashName, nameSize, value) ? 0 : Element(slashName, value);
+}
+
+// The end of the innermost object; false when that is not what ends, or not all there is to it.
+bool ZtSchemaDecoder::EndOpened(char* slashName, std::size_t nameSize, const ZtPiece& text) {
+  if (m_iSkipped || m_iDropped || m_Stack.empty() || !m_Grammar.endsAsStarted) return false;
+  const ZtGrammarRow& row = *m_Levels[m_Stack.size()].row;
+  if (row.kind == ZtElementKind::kTextBearing) {
+    if (std::memchr(slashName, ':', nameSize)) return false;
+    Offer(Current(), ZtChildName(slashName, true, row.name), text, nullptr);
+  } else if (row.kind == ZtElementKind::kExtension) {
+    return false;
+  }
+  Pop();
+  m_Started = Open();
+  return true;
+}
+
 // False when the content of the element is to be skipped.
 bool ZtSchemaDecoder::Start(const Open& current, const ZtChildName& name) {
   m_bOfferEnd = true;
+  m_pText = nullptr;
   m_Started = Open();
   const ZtGrammarRow* row = FindStart(name.id);
   if (row && row->kind == ZtElementKind::kRoot) {
@@ -84,7 +138,8 @@ bool ZtSchemaDecoder::Start(const Open& current, const ZtChildName& name) {
     return false;
   }
   if (row && row->kind != ZtElementKind::kEndBound) return StartChild(current, *row, name);
-  Offer(current, name, nullptr, nullptr);
+  if (!row) m_pText = ZtFindTextElement(*current.type, name.id);
+  if (!m_pText) Offer(current, name, nullptr, nullptr);
   return false;
 }
 
@@ -96,7 +151,7 @@ void ZtSchemaDecoder::StartRoot(const ZtGrammarRow& row) {
     return;
   }
   m_pRoot = static_cast<XMLObject*>(Make(*row.type));
-  if (m_pRoot) Push(m_pRoot, *row.type);
+  if (m_pRoot) Push(m_pRoot, row);
 }
 
 bool ZtSchemaDecoder::StartChild(const Open& current, const ZtGrammarRow& row,
@@ -104,14 +159,14 @@ bool ZtSchemaDecoder::StartChild(const Open& current, const ZtGrammarRow& row,
   const bool extension = row.kind == ZtElementKind::kExtension;
   const bool flag = row.kind == ZtElementKind::kFlag;
   XMLElement* child = extension ? StartExtension(row)
-                      : flag    ? MakeFlag(name.text)
+                      : flag    ? MakeFlag({name.text, name.size})
                                 : Make(*row.type);
   if (!child) return false;
-  const ZtOutcome outcome = Offer(current, name, nullptr, child);
+  const ZtOutcome outcome = OfferStarted(current, row, name, child);
   if (outcome == ZtOutcome::kAdopted) {
     m_bOfferEnd = false;
     if (flag) return false;
-    if (!extension) Push(child, *row.type);
+    if (!extension) Push(child, row);
     return true;
   }
   // Nobody wants it. A refused element is offered once more without its object, as an unknown one.
@@ -124,11 +179,12 @@ bool ZtSchemaDecoder::StartChild(const Open& current, const ZtGrammarRow& row,
 }
 
 // The end of an element; `skipped` for one that has no object of its own on the stack.
-void ZtSchemaDecoder::End(const Open& current, const ZtChildName& name, char* value, bool skipped) {
+void ZtSchemaDecoder::End(const Open& current, const ZtChildName& name, const ZtPiece& value,
+                          bool skipped) {
   const ZtGrammarRow* row = FindEnd(name.id);
   const bool takesText = row && row->kind == ZtElementKind::kTextBearing;
   if (skipped || !row || !row->IsOpened()) {
-    if (value) OfferEnd(current, row, name, value);
+    if (value.text) OfferEnd(current, row, name, value);
   } else if (row->kind == ZtElementKind::kRoot) {
     Pop();
   } else if (row->kind == ZtElementKind::kExtension) {
@@ -147,7 +203,7 @@ void ZtSchemaDecoder::End(const Open& current, const ZtChildName& name, char* va
 
 // Offers the text of an element, with the object that is made at its end if it has one.
 void ZtSchemaDecoder::OfferEnd(const Open& current, const ZtGrammarRow* row,
-                               const ZtChildName& name, char* value) {
+                               const ZtChildName& name, const ZtPiece& value) {
   if (!current.object) return;
   XMLElement* child = nullptr;
   if (row && row->kind == ZtElementKind::kEndBound) {
@@ -174,7 +230,7 @@ XMLElement* ZtSchemaDecoder::ProcessAnyElement(char* name, char* value) {
 
 XMLElement* ZtSchemaDecoder::StartExtension(const ZtGrammarRow& row) {
   XMLElement* object = Make(*row.type);
-  if (object) Push(object, *row.type);
+  if (object) Push(object, row);
   return object;
 }
 
@@ -197,37 +253,63 @@ int ZtSchemaDecoder::ProcessAttribute(char* element, char* name, char* value) {
                                          m_Grammar.decoder);
     return -1;
   }
-  if (!m_Started.object || m_bFailed || !m_Stack.top()) return 0;
+  if (m_Started.object && !m_bFailed && m_Stack.top()) Attribute(*m_Started.type, name, value);
+  return 0;
+}
+
+// Attributes mostly come in the order of their rows.
+void ZtSchemaDecoder::ProcessAttributes(ScannedTag& tag) {
+  if (!m_Started.object || m_Stack.empty()) return;
   const ZtElementType& type = *m_Started.type;
-  const ZtNameId id = ZtNameOf(name);
+  const bool hooked = type.attributeHook || type.textsFromAttributes;
+  const ZtField* next = hooked ? type.end() : type.begin();
+  for (int i = 0; i < tag.count && !m_bFailed; ++i) {
+    const ZtPiece name = tag.attributes[i].Name();
+    const ZtPiece value = tag.attributes[i].Value();
+    if (next != type.end() && next->place == ZtPlace::kAttribute && next->name.Is(name)) {
+      if (ZtStore(*m_Started.object, *next, value, m_pArena) == ZtOutcome::kNoMemory) {
+        m_bFailed = true;
+      }
+      ++next;
+    } else if (const ZtField* field = Attribute(type, name, value)) {
+      if (!hooked) next = field + 1;
+    }
+  }
+}
+
+// Keeps an attribute of the element that was started. Returns its row, null when it has none.
+const ZtField* ZtSchemaDecoder::Attribute(const ZtElementType& type, const ZtPiece& name,
+                                          const ZtPiece& value) {
+  const ZtNameId id = ZtNameId::Of(name);
   if (type.textsFromAttributes) {
     const ZtField* text = ZtFindChild(type, id);
     if (text && text->fromAttribute) {
-      Offer(m_Started, name, value, nullptr);
-      return 0;
+      Offer(m_Started, ZtChildName(name.text, false, id), value, nullptr);
+      return nullptr;
     }
   }
   const ZtField* field = type.attributeHook ? nullptr : ZtFindAttribute(type, id);
   ZtOutcome outcome = ZtOutcome::kAccepted;
   if (field) {
-    outcome = ZtStore(*m_Started.object, *field, value, &m_Arena);
-  } else if (IsAttributeName(name)) {
+    outcome = ZtStore(*m_Started.object, *field, value, m_pArena);
+  } else if (IsAttributeName(name.text)) {
     outcome = OfferAttribute(type, name, value);
   }
   if (outcome == ZtOutcome::kNoMemory) m_bFailed = true;
-  return 0;
+  return field;
 }
 
 // An attribute that no row names, or that a hook is to see first. A type that keeps none of these
 // is not given one, only told of it.
-ZtOutcome ZtSchemaDecoder::OfferAttribute(const ZtElementType& type, const char* name,
-                                          const char* value) {
+ZtOutcome ZtSchemaDecoder::OfferAttribute(const ZtElementType& type, const ZtPiece& name,
+                                          const ZtPiece& value) {
   zt_AttributeValuePair* pair = nullptr;
   if (type.keepsAttributes) {
     pair = ZtMakePair(SourceOf(type), name, value);
     if (!pair) return ZtOutcome::kNoMemory;
   }
-  const ZtOutcome outcome = ZtOfferAttribute(*m_Started.object, type, name, value, pair, &m_Arena);
+  const ZtOutcome outcome =
+      ZtOfferAttribute(*m_Started.object, type, name, value.text, pair, m_pArena);
   if (outcome != ZtOutcome::kAdopted) ZtRelease(pair);
   return outcome;
 }
@@ -239,7 +321,7 @@ ZtSource ZtSchemaDecoder::SourceOf(const ZtElementType& type) {
   const ZtElementType* outer = CurrentType();
   const char* source = outer ? outer->family->recordedUnder : nullptr;
   if (!source) source = type.family->recordedUnder;
-  return {source ? source : m_Grammar.source, &m_Arena};
+  return {source ? source : m_Grammar.source, m_pArena};
 }
 
 XMLElement* ZtSchemaDecoder::Make(const ZtElementType& type) {
@@ -250,30 +332,47 @@ XMLElement* ZtSchemaDecoder::Make(const ZtElementType& type) {
 }
 
 // A flag element, present under its own name. Its attributes are nobody's.
-XMLElement* ZtSchemaDecoder::MakeFlag(const char* name) {
+XMLElement* ZtSchemaDecoder::MakeFlag(const ZtPiece& name) {
   zt_empty_element_type* flag = ZtMakeFlag(SourceOf(zt_empty_element_type::kType), name);
   if (!flag) m_bFailed = true;
   return flag;
 }
 
 // Offers a child to an open element, if there is one.
-ZtOutcome ZtSchemaDecoder::Offer(const Open& parent, const ZtChildName& name, char* value,
+ZtOutcome ZtSchemaDecoder::Offer(const Open& parent, const ZtChildName& name, const ZtPiece& value,
                                  XMLElement* child) {
   if (!parent.object || !parent.type) return ZtOutcome::kAccepted;
   const ZtOutcome outcome =
-      ZtOfferChild(*parent.object, *parent.type, name, value, child, &m_Arena);
+      ZtOfferChild(*parent.object, *parent.type, name, value, child, m_pArena);
   if (outcome == ZtOutcome::kNoMemory) m_bFailed = true;
   return outcome;
 }
 
-const ZtElementType* ZtSchemaDecoder::CurrentType() const {
-  return m_Stack.empty() ? nullptr : m_Types[m_Stack.size()];
+// The same for an object that was made by `row`: mostly the parent has a row for just these.
+ZtOutcome ZtSchemaDecoder::OfferStarted(const Open& parent, const ZtGrammarRow& row,
+                                        const ZtChildName& name, XMLElement* child) {
+  const ZtField* field = ZtFindObject(*parent.type, name.id);
+  if (!field || field->detail.type != row.type) return Offer(parent, name, nullptr, child);
+  const ZtSource source = {parent.type->family->source, m_pArena};
+  const ZtOutcome outcome = ZtAdopt(*parent.object, *field, child, source);
+  if (outcome == ZtOutcome::kNoMemory) m_bFailed = true;
+  return outcome;
 }
 
-void ZtSchemaDecoder::Push(XMLElement* object, const ZtElementType& type) {
+ZtSchemaDecoder::Open ZtSchemaDecoder::Current() const {
+  if (!m_Stack.empty()) return {static_cast<XMLElement*>(m_Stack.top()), CurrentType()};
+  m_Stack.top();  // for its warning
+  return {};
+}
+
+const ZtElementType* ZtSchemaDecoder::CurrentType() const {
+  return m_Stack.empty() ? nullptr : m_Levels[m_Stack.size()].type;
+}
+
+void ZtSchemaDecoder::Push(XMLElement* object, const ZtGrammarRow& row) {
   if (m_Stack.size() == XmlCodeGenStack::kCapacity - 1) ++m_iDropped;
   m_Stack.push(object);
-  if (!m_iDropped) m_Types[m_Stack.size()] = &type;
+  if (!m_iDropped) m_Levels[m_Stack.size()] = {row.type, &row};
 }
 
 // The end of an element that the full stack did not take closes nothing.
@@ -310,6 +409,11 @@ const ZtGrammarRow* ZtSchemaDecoder::FindEnd(ZtNameId name) const {
     return row.type && row.type == current;
   });
   return found ? found : first;
+}
+
+char* ZtSchemaDecoder::LocalPart(char* name, char* colon) const {
+  if (!colon || m_Grammar.prefixes == ZtPrefixRule::kExact) return name;
+  return colon == name ? nullptr : colon + 1;
 }
 
 // The name without its prefix, in place where that can be.

@@ -77,7 +77,7 @@ void AddAttributes(ZtListNode* node, Field& field) {
 
 void AddScalar(const XMLElement& object, const ZtField& row, Field& field) {
   char buffer[kZtNumberSize];
-  const char* text = ZtFieldText(object, row, buffer);
+  const char* text = ZtFieldText(object, row, buffer).text;
   switch (row.value) {
     case ZtValue::kNumber:
       field.number = object.*row.member.number;
