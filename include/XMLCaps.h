@@ -17,6 +17,7 @@ class ZT_API zt_ns_caps_duplextypes : public ZtTyped<zt_ns_caps_duplextypes, ZtK
  public:
   static const ZtElementType kType;
 
+  /// Any text makes the mode present and null makes it absent; the text is not written.
   int setFullValue(const char* full) { return m_Full.Assign(full); }
   const char* getFullValue() const { return m_Full.Get(); }
   int setHalfValue(const char* half) { return m_Half.Assign(half); }

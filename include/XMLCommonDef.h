@@ -30,6 +30,7 @@ class ZT_API zt_xml_common_array_definition : public ZtNonCopyable {
 
   static constexpr int kRowSize = 100;  ///< bytes of a row, padded with NULs
 
+  /// The rows; read them through getStringName.
   static char arrXmlStrRef[kXmlStrRefCount][kRowSize];
 
  private:

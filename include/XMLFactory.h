@@ -36,7 +36,7 @@ enum eXMLSchemaID : int {
 
 /// What there is to know of a schema. All texts are static.
 struct XMLSchemaInfo {
-  eXMLSchemaID id;
+  eXMLSchemaID id;        ///< its number
   const char* name;       ///< the context's name without "Context", e.g. "Reginfo"
   const char* roots[2];   ///< local names of its root elements; null: none, or any root
   const char* nameSpace;  ///< namespace of the root element, null when it has none

@@ -12,6 +12,7 @@ enum eXMLFileAccessMode : int {
   XML_FILE_READ_WRITE = 2  ///< creates and keeps
 };
 
+/// One file by its name. Open it, read or write it whole, then close it.
 class ZT_API XMLFile : public ZtNonCopyable {
  public:
   /// Copies `fileName` (null: every open fails). Opens nothing.

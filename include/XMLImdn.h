@@ -6,42 +6,48 @@
 #include "ZtDocument.h"
 #include "ZtElement.h"
 
-/// The values of a status: empty elements whose presence is the value.
+/// The value "delivered" of a status: like the others an empty element whose presence is the value.
 class ZT_API zt_delivered : public ZtTyped<zt_delivered> {
  public:
   static const ZtElementType kType;
 };
+/// The value "failed".
 class ZT_API zt_failed : public ZtTyped<zt_failed> {
  public:
   static const ZtElementType kType;
 };
+/// The value "displayed".
 class ZT_API zt_displayed : public ZtTyped<zt_displayed> {
  public:
   static const ZtElementType kType;
 };
+/// The value "processed".
 class ZT_API zt_processed : public ZtTyped<zt_processed> {
  public:
   static const ZtElementType kType;
 };
+/// The value "stored".
 class ZT_API zt_stored : public ZtTyped<zt_stored> {
  public:
   static const ZtElementType kType;
 };
+/// The value "forbidden".
 class ZT_API zt_forbidden : public ZtTyped<zt_forbidden> {
  public:
   static const ZtElementType kType;
 };
+/// The value "error".
 class ZT_API zt_error : public ZtTyped<zt_error> {
  public:
   static const ZtElementType kType;
 };
 
-/// The element "status": one value, of which each notification knows its own. The setters take the
-/// value; null means absent.
+/// The element "status": one value, of which each notification knows its own.
 class ZT_API zt_status : public ZtTyped<zt_status, ZtExtensible<>> {
  public:
   static const ZtElementType kType;
 
+  /// Each takes a value and answers 1; null means absent.
   int setDeliveredValue(zt_delivered* value) { return m_Delivered.Set(value); }
   zt_delivered* getDeliveredValue() const { return static_cast<zt_delivered*>(m_Delivered.Get()); }
   int setFailedValue(zt_failed* value) { return m_Failed.Set(value); }

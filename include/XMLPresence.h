@@ -60,6 +60,7 @@ class ZT_API zt_status : public ZtTyped<zt_status, ZtKeepsElements<>> {
  public:
   static const ZtElementType kType;
 
+  /// The text of "basic".
   int setBasicValue(zt_presence_basic_enum basic) {
     m_Basic = basic;
     return 1;

@@ -14,6 +14,7 @@ enum zt_reginfo_state_type_enum : unsigned {
   ZT_REGINFO_STATE_ABSENT
 };
 
+/// The state of a registration.
 enum zt_registration_state_type_enum : unsigned {
   ZT_REGISTRATION_STATE_INIT,
   ZT_REGISTRATION_STATE_ACTIVE,
@@ -21,12 +22,14 @@ enum zt_registration_state_type_enum : unsigned {
   ZT_REGISTRATION_STATE_ABSENT
 };
 
+/// The state of a contact.
 enum zt_contact_state_type_enum : unsigned {
   ZT_CONTACT_STATE_ACTIVE,
   ZT_CONTACT_STATE_TERMINATED,
   ZT_CONTACT_STATE_ABSENT
 };
 
+/// What last changed the state of a contact.
 enum zt_contact_event_type_enum : unsigned {
   ZT_CONTACT_EVENT_REGISTERED,
   ZT_CONTACT_EVENT_CREATED,

@@ -45,6 +45,7 @@ class ZT_API zt_presence_status_activity_type : public ZtTyped<zt_presence_statu
  public:
   static const ZtElementType kType;
 
+  /// The activity (copied); null means absent.
   int setActivityValue(const char* activity) { return m_Activity.Assign(activity); }
   const char* getActivityValue() const { return m_Activity.Get(); }
 

@@ -7,7 +7,7 @@
 /// Fixed-capacity stack of untyped pointers, which it does not own.
 class ZT_API XmlCodeGenStack : public ZtNonCopyable {
  public:
-  static constexpr int kCapacity = 100;
+  static constexpr int kCapacity = 100;  ///< entries
 
   XmlCodeGenStack() : m_iTop(-1) {}
 

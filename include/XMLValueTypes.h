@@ -12,6 +12,7 @@ class ZT_API zt_string : public ZtTyped<zt_string> {
   /// `element` as a text, or null when it is of another class.
   static zt_string* From(XMLElement* element);
 
+  /// The text (copied); null means absent.
   int setValue(const char* value) { return m_Value.Assign(value); }
   const char* getValue() const { return m_Value.Get(); }
 
@@ -26,6 +27,7 @@ class ZT_API zt_empty_element_type : public ZtTyped<zt_empty_element_type> {
  public:
   static const ZtElementType kType;
 
+  /// Not 0 when the element is there.
   int setPresentValue(int present) {
     m_iPresent = present;
     return 1;

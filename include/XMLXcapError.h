@@ -19,35 +19,42 @@ class ZT_API ZtXcapPhrasedError : public ZtElement {
   ZtText m_Phrase;
 };
 
-/// The errors that say no more than their name and the phrase.
+/// The error "not-utf-8". It and those below say no more than their name and the phrase.
 class ZT_API zt_not_utf_8 : public ZtTyped<zt_not_utf_8, ZtXcapPhrasedError> {
  public:
   static const ZtElementType kType;
 };
+/// The error "cannot-delete".
 class ZT_API zt_cannot_delete : public ZtTyped<zt_cannot_delete, ZtXcapPhrasedError> {
  public:
   static const ZtElementType kType;
 };
+/// The error "constraint-failure".
 class ZT_API zt_constraint_failure : public ZtTyped<zt_constraint_failure, ZtXcapPhrasedError> {
  public:
   static const ZtElementType kType;
 };
+/// The error "not-well-formed".
 class ZT_API zt_not_well_formed : public ZtTyped<zt_not_well_formed, ZtXcapPhrasedError> {
  public:
   static const ZtElementType kType;
 };
+/// The error "not-xml-att-value".
 class ZT_API zt_not_xml_att_value : public ZtTyped<zt_not_xml_att_value, ZtXcapPhrasedError> {
  public:
   static const ZtElementType kType;
 };
+/// The error "cannot-insert".
 class ZT_API zt_cannot_insert : public ZtTyped<zt_cannot_insert, ZtXcapPhrasedError> {
  public:
   static const ZtElementType kType;
 };
+/// The error "not-xml-frag".
 class ZT_API zt_not_xml_frag : public ZtTyped<zt_not_xml_frag, ZtXcapPhrasedError> {
  public:
   static const ZtElementType kType;
 };
+/// The error "schema-validation-error".
 class ZT_API zt_schema_validation_error
     : public ZtTyped<zt_schema_validation_error, ZtXcapPhrasedError> {
  public:

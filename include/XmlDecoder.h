@@ -81,6 +81,7 @@ class ZT_API XmlDecoder : public ZtNonCopyable {
   /// in the middle of a document cannot go on with it.
   void ResetXmlDecoder();
 
+  /// How far the document is read.
   eXmlDecodeState State() const { return m_DecodeState; }
 
   /// Pushes a copy of `name` on the stack of open elements; null when out of memory or reset.

@@ -22,6 +22,7 @@ T* ZtAs(XMLElement* element) {
 template <class Base>
 class ZT_API ZtBound : public Base {
  public:
+  /// What XMLElement says, as the type's table has it.
   const char* ClassName() const override;
   const char* BaseClassName() const override;
   const char* ElementName() const override;

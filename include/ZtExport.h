@@ -17,9 +17,11 @@ class ZtArena;
 /// and yields null when there is none (it never throws or aborts).
 class ZT_API ZtHeapObject {
  public:
+  /// Memory of the platform layer, or of an arena; null when there is none.
   static void* operator new(std::size_t size) noexcept;
   static void* operator new(std::size_t size, const std::nothrow_t&) noexcept;
   static void* operator new(std::size_t size, ZtArena* arena) noexcept;
+  /// Gives the memory back.
   static void operator delete(void* pointer) noexcept;
   static void operator delete(void* pointer, const std::nothrow_t&) noexcept;
   static void operator delete(void* pointer, ZtArena*) noexcept;

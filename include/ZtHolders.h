@@ -87,7 +87,9 @@ class ZT_API ZtOwnedList {
 
 extern template class ZtOwnedList<XMLElement>;
 extern template class ZtOwnedList<XMLAttribute>;
+/// Repeated children.
 using ZtChildList = ZtOwnedList<XMLElement>;
+/// Repeated attributes.
 using ZtAttributeList = ZtOwnedList<XMLAttribute>;
 
 #endif  // ZTXML_INCLUDE_ZTHOLDERS_H

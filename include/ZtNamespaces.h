@@ -6,10 +6,10 @@
 
 /// One namespace: the library's own prefix and the one in force.
 struct ZtNamespaceBinding : ZtHeapObject {
-  ZtText prefix;  ///< the library's own
-  ZtText alias;   ///< the document's; null for none
-  ZtText uri;
-  ZtNamespaceBinding* next = nullptr;
+  ZtText prefix;                       ///< the library's own
+  ZtText alias;                        ///< the document's; null for none
+  ZtText uri;                          ///< of the namespace
+  ZtNamespaceBinding* next = nullptr;  ///< null at the end of the chain
   std::size_t aliasSize = 0;  ///< its bytes, so that a long one costs nothing where it is not used
   bool given = false;         ///< the binder being applied has named a prefix
 };

@@ -7,9 +7,10 @@
 
 /// A text, borrowed, with its size in bytes; null has none.
 struct ZtPiece {
-  const char* text;
-  std::size_t size;
+  const char* text;  ///< borrowed
+  std::size_t size;  ///< in bytes
 
+  /// Of a size that is known, or of a text that ends with a NUL.
   constexpr ZtPiece(const char* t, std::size_t s) : text(t), size(s) {}
   ZtPiece(const char* t)  // NOLINT(google-explicit-constructor)
       : text(t), size(t ? std::strlen(t) : 0) {}

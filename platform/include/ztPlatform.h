@@ -116,14 +116,18 @@ ZT_PLATFORM_API std::size_t __strlcpy(char* to, const char* from, std::size_t ca
 /// BSD strlcat: returns the length that the whole result would have had.
 ZT_PLATFORM_API std::size_t __strlcat(char* to, const char* from, std::size_t capacity);
 
+/// As the C library's memset.
 inline void* __memset(void* to, int byte, std::size_t size) { return std::memset(to, byte, size); }
+/// As the C library's atoi.
 // NOLINTNEXTLINE(cert-err34-c): the C library call is what is meant
 inline int __atoi(const char* text) { return std::atoi(text); }
+/// As the C library's atoll.
 // NOLINTNEXTLINE(cert-err34-c): the C library call is what is meant
 inline std::int64_t __atoi64(const char* text) { return std::atoll(text); }
 
 // ---- Texts --------------------------------------------------------------------------------
 
+/// As the C library's functions of these names.
 inline std::size_t __strlen(const char* text) { return std::strlen(text); }
 inline int __strcmp(const char* a, const char* b) { return std::strcmp(a, b); }
 inline int __strncmp(const char* a, const char* b, std::size_t n) { return std::strncmp(a, b, n); }

@@ -315,7 +315,7 @@ constexpr ZtFamily ZtPlainFamily(const char* source) {
 // An attribute that an element always carries: name="value", or name:suffix="value" unless the
 // suffix is ZT_NULL. Mostly a namespace declaration.
 struct ZtFixedAttribute {
-  e_XmlStrRef value;
+  ZtNameId value;
   e_XmlStrRef suffix;
   e_XmlStrRef name = XML_STR_XMLNS;
 };

@@ -57,7 +57,7 @@ class ZtNameFilter {
 };
 
 // The names beyond the table, and the sizes of all.
-constexpr std::size_t kZtExtraNameSize = 32;
+constexpr std::size_t kZtExtraNameSize = 48;
 extern const char kZtExtraNames[kZtNameCount - kXmlStrRefCount][kZtExtraNameSize];
 extern const std::uint8_t kZtNameSizes[kZtNameCount];
 

@@ -8,18 +8,14 @@ FNR == 1 { name = FILENAME; sub(/.*\//, "", name); print "#include \"" name "\""
   class = space $3
   while (!/[{;]/) { line = $0; getline; $0 = line $0 }
   factory = /XMLObjectFactory|DataBinder :/
-  keeps = /Zt(Extensible|KeepsElements)</
-  extends = /ZtExtensible</
+  if (/Zt(Extensible|KeepsElements)</) { Setter("addAnyElement"); Setter("setAnyElementValue") }
+  if (/ZtExtensible</) { Setter("addAnyAttribute"); Setter("setAnyAttributeValue") }
   open = 0
 }
 /^};/ { class = "" }
 /^ (public|private|protected):/ { open = /public/ }
 class == "" || !open { next }
-/^  static const ZtElementType kType;/ {
-  elements = elements " \\\n  DO(" class ")"
-  if (keeps) { Setter("addAnyElement"); Setter("setAnyElementValue") }
-  if (extends) { Setter("addAnyAttribute"); Setter("setAnyAttributeValue") }
-}
+/^  static const ZtElementType kType;/ { elements = elements " \\\n  DO(" class ")" }
 /^  int (set|add)[A-Za-z0-9_]*\(/ { Setter(Method()) }
 # A list is no element.
 factory && !/ZtSingleElementList/ && /^  [A-Za-z0-9_:]+\* Create[A-Za-z0-9_]*\(/ {

@@ -238,6 +238,9 @@ bool FindSchema(eXMLSchemaID id, Schema& schema) {
   const ZtDocument& document = ZtReflection::DocumentOf(static_cast<const ZtContext&>(*context));
   const std::unique_ptr<ZtSchemaDecoder, Release> decoder(document.newDecoder.Create(kSource));
   if (!decoder) return false;
+  // A decoder that has its root from the start leaves it to whoever asks.
+  const std::unique_ptr<XMLObject, Release> root(
+      static_cast<XMLObject*>(decoder->GetSessionData()));
   schema = {&document, &ZtReflection::GrammarOf(*decoder)};
   return true;
 }

@@ -1,0 +1,35 @@
+// Which setters, adders and getters of the public headers belong to which row of a type's table.
+#ifndef ZTXML_DOCS_GENERATOR_ACCESSORS_H
+#define ZTXML_DOCS_GENERATOR_ACCESSORS_H
+
+#include <string>
+#include <vector>
+
+#include "reflect/Reflect.h"
+
+namespace docs {
+
+/// The accessors of one row.
+struct Accessors {
+  std::vector<std::string> names;  ///< as they are written in a page: getX, setX, addY
+  std::string given;               ///< what the getter gives
+};
+
+/// Of each of FieldsOf(type), in that order. A setter belongs to the row of which the member is
+/// another one after the setter was called.
+std::vector<Accessors> AccessorsOf(const ZtElementType& type);
+
+/// The name of the type's class in C++, which is mostly its ClassName().
+std::string CppNameOf(const ZtElementType& type);
+/// The header that declares a class, "" when there is none.
+std::string HeaderOf(const std::string& className);
+/// The enumerator of an enumeration's value, "" when there is none.
+std::string EnumeratorOf(const std::string& enumeration, unsigned value);
+/// The factories that make objects of the type, as Class::Method.
+std::vector<std::string> FactoriesOf(const ZtElementType& type);
+/// The class of which CreateRootElement makes an object of the type, "" when there is none.
+std::string RootFactoryOf(const ZtElementType& type);
+
+}  // namespace docs
+
+#endif  // ZTXML_DOCS_GENERATOR_ACCESSORS_H

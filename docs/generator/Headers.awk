@@ -1,0 +1,39 @@
+# Reads the public headers and prints what the generator of the documents' pages cannot learn from
+# the library's tables: which header has a class, its getters with what they give, and the
+# enumerators of the enumerations.
+FNR == 1 { header = FILENAME; sub(/.*\//, "", header) }
+/^namespace [A-Za-z]+ \{/ { space = $2 "::" }
+/^}/ && class == "" { space = "" }
+/^class ZT_API [A-Za-z0-9_]+/ {
+  class = space $3
+  classes = classes "    {\"" class "\", \"" header "\"},\n"
+  while (!/[{;]/) { line = $0; getline; $0 = line $0 }
+  if (/Zt(Extensible|KeepsElements)</) Getter("ZtSingleElementList*", "getAnyElementValue")
+  if (/ZtExtensible</) Getter("ZtSingleElementList*", "getAnyAttributeValue")
+  open = 0
+}
+/^};/ { class = "" }
+/^ (public|private|protected):/ { open = /public/ }
+class != "" && open && match($0, /^  [A-Za-z][A-Za-z0-9_:* ]* \*?get[A-Z][A-Za-z0-9_]*\(/) {
+  method = substr($0, 1, RLENGTH - 1)
+  given = method
+  sub(/ [A-Za-z0-9_]+$/, "", given)
+  sub(/.* /, "", method)
+  gsub(/^ +/, "", given)
+  Getter(given, method)
+}
+/^enum [A-Za-z0-9_]+ : [a-z]+ \{/ { enumeration = $2; value = 0; next }
+enumeration != "" && /^}/ { enumeration = "" }
+enumeration != "" && match($0, /^  [A-Z][A-Z0-9_]+/) {
+  enumerator = substr($0, 3, RLENGTH - 2)
+  if (match($0, /= [0-9]+/)) value = substr($0, RSTART + 2, RLENGTH - 2) + 0
+  enumerators = enumerators "    {\"" enumeration "\", \"" enumerator "\", " value++ "},\n"
+}
+END {
+  print "constexpr ClassHeader kClassHeaders[] = {\n" classes "};"
+  print "#define ZT_DOC_GETTERS(DO)" getters
+  print "constexpr Enumerator kEnumerators[] = {\n" enumerators "};"
+}
+function Getter(given, method) {
+  getters = getters " \\\n  DO(" class ", \"" method "\", \"" given "\")"
+}
