@@ -45,9 +45,7 @@ class ZT_API ZtText {
 class ZT_API ZtChild {
  public:
   ZtChild() = default;
-  ~ZtChild() {
-    if (m_pChild) Set(nullptr);
-  }
+  ~ZtChild();
   ZtChild(const ZtChild&) = delete;
   ZtChild& operator=(const ZtChild&) = delete;
 
@@ -65,9 +63,7 @@ template <class Item>
 class ZT_API ZtOwnedList {
  public:
   ZtOwnedList() = default;
-  ~ZtOwnedList() {
-    if (m_pList) Set(nullptr);
-  }
+  ~ZtOwnedList();
   ZtOwnedList(const ZtOwnedList&) = delete;
   ZtOwnedList& operator=(const ZtOwnedList&) = delete;
 

@@ -336,6 +336,10 @@ ZtPiece ZtFieldText(const XMLElement& self, const ZtField& field, char* buffer) 
   return nullptr;
 }
 
+XMLElement* ZtMakeElement(const ZtElementType& type, const ZtSource& source, int line) {
+  return type.maker.Create(source, line);
+}
+
 bool ZtIsA(const XMLElement& element, const ZtElementType& type) {
   const char* className = element.ClassName();
   return className && (className == type.className || __strcmp(className, type.className) == 0);

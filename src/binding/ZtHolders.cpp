@@ -90,12 +90,19 @@ int ZtText::Assign(const char* text) {
   return 1;
 }
 
+ZtChild::~ZtChild() { Release(m_pChild); }
+
 int ZtChild::Set(XMLElement* child) {
   if (child == m_pChild) return 1;
   XMLElement* old = m_pChild;
   m_pChild = child;
   Release(old);
   return 1;
+}
+
+template <class Item>
+ZtOwnedList<Item>::~ZtOwnedList() {
+  ReleaseList<Item>(m_pList);
 }
 
 template <class Item>
