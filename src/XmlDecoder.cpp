@@ -44,6 +44,16 @@ struct XmlDecoder::OpenElement : BuddyLinkList {
   char room[kRoom];      // for all but long names
 };
 
+// Nodes that are allocated together: most documents need no more.
+struct XmlDecoder::OpenElements : ZtHeapObject {
+  OpenElements* older;
+  OpenElement nodes[8];
+
+  explicit OpenElements(OpenElements* before) : older(before) {
+    for (int i = 1; i < 8; ++i) nodes[i - 1].outer = &nodes[i];
+  }
+};
+
 int XmlDecoderSchema::ProcessStart(ScannedTag& tag) { return ProcessElement(tag.name, nullptr); }
 
 void XmlDecoderSchema::ProcessAttributes(ScannedTag& tag) {
@@ -65,6 +75,7 @@ XmlDecoder::XmlDecoder()
       m_bEmptyElement(0),
       m_pTop(nullptr),
       m_pSpare(nullptr),
+      m_pNodes(nullptr),
       m_bBorrowed(false),
       m_iLength(0),
       m_iCapacity(0),
@@ -97,9 +108,10 @@ void XmlDecoder::ResetXmlDecoder() {
   DropPending();
   if (!m_pElementStack) return;
   while (m_pTop) Pop();
-  while (OpenElement* spare = m_pSpare) {
-    m_pSpare = spare->outer;
-    delete spare;
+  m_pSpare = nullptr;
+  while (OpenElements* nodes = m_pNodes) {
+    m_pNodes = nodes->older;
+    delete nodes;
   }
   BuddyLinkList::Release(m_pElementStack);
   m_pElementStack = nullptr;
@@ -539,16 +551,20 @@ BuddyLinkList* XmlDecoder::PushElement(char* name) {
 
 XmlDecoder::OpenElement* XmlDecoder::Push(const char* name, std::size_t size) {
   if (!m_pElementStack) return nullptr;
-  OpenElement* node = m_pSpare ? m_pSpare : new OpenElement;
-  if (node) {
-    m_pSpare = node->outer;
-    node->data = size < OpenElement::kRoom ? node->room : __malloc(size + 1);
+  if (!m_pSpare) {
+    auto* nodes = new OpenElements(m_pNodes);
+    if (nodes) {
+      m_pNodes = nodes;
+      m_pSpare = nodes->nodes;
+    }
   }
+  OpenElement* node = m_pSpare;
+  if (node) node->data = size < OpenElement::kRoom ? node->room : __malloc(size + 1);
   if (!node || !node->data) {
     Log(kZtLogTrace)("XmlDecoder::PushElement | ztDplStrdup failed");
-    delete node;
     return nullptr;
   }
+  m_pSpare = node->outer;
   std::memcpy(node->data, name, size);
   static_cast<char*>(node->data)[size] = '\0';
   node->size = size;
