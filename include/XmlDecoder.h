@@ -117,10 +117,10 @@ class ZT_API XmlDecoder : public ZtNonCopyable {
   int Continue();
   int OutOfTags(char* position);
   int EndTag(char* text, char* tag, const char* close);
-  bool PlainTag(char* text, char* tag, char* close);
+  bool PlainTag(char* text, char* tag, char* close, bool hasEntity);
   int AnyTag(char* text, char* tag, char* close, bool& counts);
   bool Opened(char* element, std::size_t size);
-  void ReportScanned(ScannedTag& tag);
+  void ReportScanned(ScannedTag& tag, bool hasEntity);
   void ReportEmpty(char* element, std::size_t size, char* text, std::size_t textSize);
   void ReportEnd(char* text, char* tag);
   static char* Unescape(char* text, char* end);

@@ -186,6 +186,7 @@ int XmlDecoder::Continue() {
   char* end = position + m_iLength;
   char* tag = position + m_iTag;
   char* scan = position + m_iScanned;
+  char* entity = nullptr;  // the next one from here on: one search finds it for many tags
   for (;;) {
     m_bEmptyElement = 0;
     tag = static_cast<char*>(std::memchr(tag, '<', static_cast<std::size_t>(end - tag)));
@@ -203,8 +204,12 @@ int XmlDecoder::Continue() {
       m_iTag = static_cast<std::size_t>(tag - position);
       return OutOfTags(position);
     }
+    if (!entity || entity < tag) {
+      entity = static_cast<char*>(std::memchr(tag, '&', static_cast<std::size_t>(end - tag)));
+      if (!entity) entity = end;
+    }
     bool counts = true;  // whether the tag can end the document
-    if (PlainTag(position, tag, close)) {
+    if (PlainTag(position, tag, close, entity < close)) {
       if (m_DecodeState == ZT_XML_PARSE_ERROR) return ParseError();
     } else {
       *close = '\0';
@@ -221,7 +226,7 @@ int XmlDecoder::Continue() {
 }
 
 // A tag in its plain form is reported in one go; false, with nothing cut, when it has another.
-bool XmlDecoder::PlainTag(char* text, char* tag, char* close) {
+bool XmlDecoder::PlainTag(char* text, char* tag, char* close, bool hasEntity) {
   char* const name = tag + 1;
   if (*name == '/') {
     const auto size = static_cast<std::size_t>(close - name) - 1;
@@ -239,7 +244,7 @@ bool XmlDecoder::PlainTag(char* text, char* tag, char* close) {
   if (started && m_pSchema) m_pSchema->ProcessStart(scanned);
   Log(kZtLogTrace)("XmlDecoder:: DecodeAttributes %d", 0);
   if (m_pSchema) {
-    if (scanned.count) ReportScanned(scanned);
+    if (scanned.count) ReportScanned(scanned, hasEntity);
     if (!started) m_pSchema->ProcessStart(scanned);
   }
   if (!scanned.isEmpty) {
@@ -250,11 +255,11 @@ bool XmlDecoder::PlainTag(char* text, char* tag, char* close) {
   return true;
 }
 
-void XmlDecoder::ReportScanned(ScannedTag& tag) {
+void XmlDecoder::ReportScanned(ScannedTag& tag, bool hasEntity) {
   for (int i = 0; i < tag.count; ++i) {
     ScannedAttribute& attribute = tag.attributes[i];
     *attribute.nameEnd = *attribute.valueEnd = '\0';
-    if (tag.hasEntity) attribute.valueEnd = Unescape(attribute.value, attribute.valueEnd);
+    if (hasEntity) attribute.valueEnd = Unescape(attribute.value, attribute.valueEnd);
   }
   m_pSchema->ProcessAttributes(tag);
 }
