@@ -8,6 +8,7 @@
 #include <cstdlib>
 #include <string>
 
+#include "PublicCallbacks.h"
 #include "WellFormed.h"
 #include "XMLFactory.h"
 #include "XmlDecoder.h"
@@ -70,6 +71,7 @@ class Workers {
     XMLFactory::DeleteElement(root);
     return result;
   }
+  XMLContext* Context() { return m_pContext; }
 
  private:
   XMLContext* m_pRetrieval = nullptr;
@@ -98,6 +100,11 @@ inline void CheckRoundTrip(eXMLSchemaID id, const std::string& text, bool bound,
   Workers workers(id, text, bound);
   const std::string first = workers.RoundTrip(text);
   Require(IsSound(id, text, first), "what is written is well formed", text + "\n---\n" + first);
+  if (workers.Context() && id != XML_SCHEMA_SIMSERVS) {
+    const std::string other = RoundTripThroughCallbacks(*workers.Context(), text);
+    Require(other == first, "the callbacks one by one make the same tree",
+            text + "\n---\n" + first + "\n---\n" + other);
+  }
   if (first != "(null)" && !MayDiffer(id, text, first)) {
     const std::string second = workers.RoundTrip(first);  // with the same namespaces bound
     Require(second == first, "what was written is read and written the same",

@@ -13,8 +13,6 @@
 /// the arena is gone. What lies in one arena belongs to one thread at a time.
 class ZT_API ZtArena {
  public:
-  static constexpr std::size_t kSlack = 16;  ///< bytes behind a kept text that may be read
-
   ZtArena() = default;
   ~ZtArena();
   ZtArena(const ZtArena&) = delete;

@@ -59,12 +59,12 @@ ZtArena::~ZtArena() {
 char* ZtArena::Keep(const char* text, std::size_t size) {
   if (m_pStore || size > SIZE_MAX / 2) return nullptr;
   m_iNext = size < kLeastBlock ? kLeastBlock : size < kFirstBlock ? size : kFirstBlock;
-  const std::size_t room = Aligned(size + 1 + kSlack);
+  const std::size_t room = Aligned(size + 1);
   if (!Grow(room)) return nullptr;
   char* copy = m_pFree;
   m_pFree += room;
   std::memcpy(copy, text, size);
-  std::memset(copy + size, '\0', room - size);
+  copy[size] = '\0';
   m_pText = copy;
   m_iTextSize = kHeapOnly ? 0 : size + 1;
   return copy;

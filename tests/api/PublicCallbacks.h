@@ -1,0 +1,70 @@
+// Another way from a text to a tree: through the callbacks that receivers of callers get, one by
+// one, and with every object and text on the heap. An unmarshaller, which takes the parser's tags
+// whole and leaves texts in place, has to come to the same tree.
+#ifndef ZTXML_TESTS_API_PUBLICCALLBACKS_H
+#define ZTXML_TESTS_API_PUBLICCALLBACKS_H
+
+#include <string>
+
+#include "XMLFactory.h"
+#include "base/ZtMemory.h"
+#include "binding/ZtDocumentTable.h"
+
+/// Passes on what the parser says in its public callbacks.
+class PublicCallbacks : public XmlDecoderSchema {
+ public:
+  explicit PublicCallbacks(XmlDecoderSchema* next) : m_pNext(next) {}
+  int ProcessReserved() override { return 0; }
+  int ProcessAttribute(char* element, char* name, char* value) override {
+    return m_pNext->ProcessAttribute(element, name, value);
+  }
+  int ProcessElement(char* name, char* value) override {
+    return m_pNext->ProcessElement(name, value);
+  }
+  int ProcessElementOpened(char* name) override { return m_pNext->ProcessElementOpened(name); }
+  void* GetSessionData() override { return m_pNext->GetSessionData(); }
+
+ private:
+  XmlDecoderSchema* m_pNext;
+};
+
+/// The document that a context is of.
+struct DocumentOf : ZtContext {
+  static const ZtDocument& Of(const XMLContext& context) {
+    return (static_cast<const ZtContext&>(context).*&DocumentOf::Document)();
+  }
+};
+
+/// `text` read by the schema of `context` that way; null when it cannot be. A simservs document has
+/// none of its services.
+inline XMLElement* ReadThroughCallbacks(const XMLContext& context, std::string text) {
+  constexpr char kSource[] = "tests/PublicCallbacks";
+  ZtSchemaDecoder* decoder = DocumentOf::Of(context).newDecoder.Create(kSource);
+  if (!decoder) return nullptr;
+  if (XMLObject* binder = static_cast<const ZtContext&>(context).namespaceBinder()) {
+    decoder->SetNameSpaceBinderInfo(binder);
+  }
+  PublicCallbacks callbacks(decoder);
+  XmlDecoder parser;
+  parser.SetSchema(&callbacks);
+  const int result = parser.Decode(text.data(), static_cast<int>(text.size()));
+  XMLElement* root = static_cast<XMLObject*>(decoder->GetSessionData());
+  if (result != ZT_XML_SUCCESS || decoder->Failed()) {
+    ZtRelease(root);
+    root = nullptr;
+  }
+  ZtRelease(decoder);
+  return root;
+}
+
+/// The same written again; "(null)" when either fails.
+inline std::string RoundTripThroughCallbacks(XMLContext& context, const std::string& text) {
+  XMLElement* root = ReadThroughCallbacks(context, text);
+  XMLMarshaller* writer = context.marshaller() ? context.marshaller() : context.createMarshaller();
+  const char* written = writer && root ? writer->Marshall(root) : nullptr;
+  const std::string result = written ? written : "(null)";
+  XMLFactory::DeleteElement(root);
+  return result;
+}
+
+#endif  // ZTXML_TESTS_API_PUBLICCALLBACKS_H
