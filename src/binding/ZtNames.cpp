@@ -10,7 +10,7 @@ const std::uint8_t kZtNameSizes[kZtNameCount] = {
 #undef ZT_NAME
 };
 
-const char kZtExtraNames[kZtNameCount - kXmlStrRefCount][kZtExtraNameSize] = {
+const char kZtExtraNames[kZtExtraNameCount][kZtExtraNameSize] = {
 #define ZT_NAME(id, text) text,
 #include "binding/ZtExtraNames.inc"
 #undef ZT_NAME

@@ -58,7 +58,8 @@ class ZtNameFilter {
 
 // The names beyond the table, and the sizes of all.
 constexpr std::size_t kZtExtraNameSize = 48;
-extern const char kZtExtraNames[kZtNameCount - kXmlStrRefCount][kZtExtraNameSize];
+constexpr int kZtExtraNameCount = int{kZtNameCount} - int{kXmlStrRefCount};
+extern const char kZtExtraNames[kZtExtraNameCount][kZtExtraNameSize];
 extern const std::uint8_t kZtNameSizes[kZtNameCount];
 
 inline const char* ZtNameId::Text() const {
