@@ -2,43 +2,46 @@
 
 #include "ztPlatform.h"
 
+// The address sanitizer is told what of a block may be touched: the pieces that are alive, and the
+// text. What lies between them, and what is freed, is watched as on the heap.
+#if defined(__SANITIZE_ADDRESS__)
+#define ZT_WATCHED 1
+#elif defined(__has_feature)
+#if __has_feature(address_sanitizer)
+#define ZT_WATCHED 1
+#endif
+#endif
+#ifdef ZT_WATCHED
+#include <sanitizer/asan_interface.h>
+#else
+#define ASAN_POISON_MEMORY_REGION(memory, size) (static_cast<void>(memory), static_cast<void>(size))
+#define ASAN_UNPOISON_MEMORY_REGION(memory, size) ASAN_POISON_MEMORY_REGION(memory, size)
+#endif
+
 namespace {
+
 constexpr std::size_t kAlignment = alignof(unsigned long long);  // of the strictest member
-}
-
-// One allocation of an arena; the first has the store and the text behind it.
-struct alignas(kAlignment) ZtArena::Block {
-  Block* older;
-};
-
-// What is alive of the arena: its pieces, and itself while it takes from the blocks.
-struct alignas(kAlignment) ZtArena::Store {
-  long live;
-  Block* last;
-};
-
-namespace {
-
 constexpr std::size_t kLeastBlock = 128;
 constexpr std::size_t kFirstBlock = 1024;
 constexpr std::size_t kMostBlock = std::size_t{16} * 1024;
 
-// Stands before each piece: the store of its arena, null on the heap.
-struct alignas(kAlignment) Head {
-  void* store;
+// What only the sanitizer needs to know takes no room otherwise.
+struct Size {
+#ifdef ZT_WATCHED
+  std::size_t bytes;
+  explicit Size(std::size_t b) : bytes(b) {}
+#else
+  static constexpr std::size_t bytes = 0;
+  explicit Size(std::size_t) {}
+#endif
 };
 
-// With clang's address sanitizer everything is on the heap, where it sees each piece and text.
-#if defined(__has_feature)
-#if __has_feature(address_sanitizer)
-#define ZT_HEAP_ONLY 1
-#endif
-#endif
-#ifdef ZT_HEAP_ONLY
-constexpr bool kHeapOnly = true;
-#else
-constexpr bool kHeapOnly = false;
-#endif
+// Stands before each piece: the store of its arena, null on the heap.
+struct alignas(kAlignment) Head : Size {
+  void* store;
+
+  Head(void* s, std::size_t size) : Size(size), store(s) {}
+};
 
 constexpr std::size_t Aligned(std::size_t size) {
   return (size + kAlignment - 1) & ~(kAlignment - 1);
@@ -47,10 +50,23 @@ constexpr std::size_t Aligned(std::size_t size) {
 void* TakeFromHeap(std::size_t size) {
   if (size > SIZE_MAX - sizeof(Head)) return nullptr;
   void* memory = __malloc(size + sizeof(Head));
-  return memory ? new (memory) Head{nullptr} + 1 : nullptr;
+  return memory ? new (memory) Head(nullptr, size) + 1 : nullptr;
 }
 
 }  // namespace
+
+// One allocation of an arena; the first has the store and the text behind it.
+struct alignas(kAlignment) ZtArena::Block : Size {
+  Block* older;
+
+  Block(Block* o, std::size_t size) : Size(size), older(o) {}
+};
+
+// What is alive of the arena: its pieces, and itself while it takes from the blocks.
+struct alignas(kAlignment) ZtArena::Store {
+  long live;
+  Block* last;
+};
 
 ZtArena::~ZtArena() {
   if (m_pStore && --m_pStore->live == 0) Release(m_pStore);
@@ -63,18 +79,21 @@ char* ZtArena::Keep(const char* text, std::size_t size) {
   if (!Grow(room)) return nullptr;
   char* copy = m_pFree;
   m_pFree += room;
+  ASAN_UNPOISON_MEMORY_REGION(copy, size + 1);
   std::memcpy(copy, text, size);
   copy[size] = '\0';
   m_pText = copy;
-  m_iTextSize = kHeapOnly ? 0 : size + 1;
+  m_iTextSize = size + 1;
   return copy;
 }
 
 inline void* ZtArena::Take(std::size_t size) {
-  size = Aligned(size + sizeof(Head));
-  if (static_cast<std::size_t>(m_pEnd - m_pFree) < size && !Grow(size)) return nullptr;
-  auto* head = new (m_pFree) Head{m_pStore};
-  m_pFree += size;
+  const std::size_t room = Aligned(size + sizeof(Head));
+  if (static_cast<std::size_t>(m_pEnd - m_pFree) < room && !Grow(room)) return nullptr;
+  ASAN_UNPOISON_MEMORY_REGION(m_pFree, sizeof(Head) + size);
+  auto* head = new (m_pFree) Head(m_pStore, size);
+  ASAN_POISON_MEMORY_REGION(head, sizeof(Head));
+  m_pFree += room;
   ++m_pStore->live;
   return head + 1;
 }
@@ -86,7 +105,7 @@ bool ZtArena::Grow(std::size_t size) {
   const std::size_t room = m_pStore && size < m_iNext ? m_iNext : size + m_iNext;
   auto* memory = static_cast<char*>(__malloc(head + room));
   if (!memory) return false;
-  auto* block = new (memory) Block{m_pStore ? m_pStore->last : nullptr};
+  auto* block = new (memory) Block(m_pStore ? m_pStore->last : nullptr, head + room);
   if (m_pStore) {
     m_pStore->last = block;
   } else {
@@ -94,6 +113,7 @@ bool ZtArena::Grow(std::size_t size) {
   }
   m_pFree = memory + head;
   m_pEnd = m_pFree + room;
+  ASAN_POISON_MEMORY_REGION(m_pFree, room);
   m_iNext = 2 * m_iNext < kMostBlock ? 2 * m_iNext : kMostBlock;
   return true;
 }
@@ -101,22 +121,30 @@ bool ZtArena::Grow(std::size_t size) {
 void ZtArena::Release(Store* store) {
   for (Block* block = store->last; block;) {
     Block* older = block->older;
+    ASAN_UNPOISON_MEMORY_REGION(block, block->bytes);
     __free(block);
     block = older;
   }
 }
 
 void* ZtAllocate(std::size_t size, ZtArena* arena) {
-  return arena && !kHeapOnly ? arena->Take(size) : TakeFromHeap(size);
+  return arena ? arena->Take(size) : TakeFromHeap(size);
 }
 
 void ZtFree(void* piece) {
   if (!piece) return;
+#ifdef ZT_WATCHED
+  static_cast<void>(*static_cast<volatile char*>(piece));  // reports one that is freed already
+#endif
   Head* head = static_cast<Head*>(piece) - 1;
+  ASAN_UNPOISON_MEMORY_REGION(head, sizeof(Head));
   auto* store = static_cast<ZtArena::Store*>(head->store);
   if (!store) {
     __free(head);
-  } else if (--store->live == 0) {
+    return;
+  }
+  ASAN_POISON_MEMORY_REGION(head, sizeof(Head) + head->bytes);
+  if (--store->live == 0) {
     ZtArena::Release(store);
   }
 }
