@@ -105,6 +105,7 @@ class ZT_API XmlDecoder : public ZtNonCopyable {
  private:
   friend class ZtUnMarshaller;
   struct OpenElement;
+  struct OpenElements;
 
   // Reads a whole document of `size` bytes, with a NUL behind them and none among them; they are
   // borrowed and cut in place, and what the callbacks are handed stays as it is.
@@ -116,10 +117,10 @@ class ZT_API XmlDecoder : public ZtNonCopyable {
   int Continue();
   int OutOfTags(char* position);
   int EndTag(char* text, char* tag, const char* close);
-  bool PlainTag(char* text, char* tag, char* close);
+  bool PlainTag(char* text, char* tag, char* close, bool hasEntity);
   int AnyTag(char* text, char* tag, char* close, bool& counts);
   bool Opened(char* element, std::size_t size);
-  void ReportScanned(ScannedTag& tag);
+  void ReportScanned(ScannedTag& tag, bool hasEntity);
   void ReportEmpty(char* element, std::size_t size, char* text, std::size_t textSize);
   void ReportEnd(char* text, char* tag);
   static char* Unescape(char* text, char* end);
@@ -138,6 +139,7 @@ class ZT_API XmlDecoder : public ZtNonCopyable {
   // Accelerators: they keep every push, pop, chunk and append at constant cost.
   OpenElement* m_pTop;      // the innermost open element, null when there is none
   OpenElement* m_pSpare;    // nodes to be used again
+  OpenElements* m_pNodes;   // all of them, but the sentinel
   bool m_bBorrowed;         // the pending text is a whole document's
   std::size_t m_iLength;    // bytes of pending text
   std::size_t m_iCapacity;  // bytes allocated for it

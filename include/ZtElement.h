@@ -52,6 +52,9 @@ class ZT_API ZtObject : public ZtBound<XMLObject> {
 /// The base of a type `T` whose table is T::kType; `Base` is ZtElement, ZtObject or another type.
 template <class T, class Base = ZtElement>
 class ZtTyped : public Base {
+ public:
+  using Described = T;  ///< the type that T::kType is the table of
+
  protected:
   const ZtElementType& Type() const override { return T::kType; }
 };

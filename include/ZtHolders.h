@@ -12,7 +12,8 @@
 #include "ZtArena.h"
 #include "ZtPiece.h"
 
-/// A text: a copy, or what was left in place in the document that it was read from.
+/// A text: a copy, or one that stays where it is: in the document that it was read from, or among
+/// the library's own.
 class ZT_API ZtText {
  public:
   ZtText() : m_iSize(0), m_bCopy(0) {}
@@ -25,6 +26,8 @@ class ZT_API ZtText {
   /// member of lies in the arena. False when there was no memory for the copy: the text is null
   /// then.
   bool Set(const ZtPiece& text, const ZtArena* arena = nullptr);
+  /// Stores `text`, which outlives the object, without a copy.
+  void Refer(const ZtPiece& text);
   /// Set as the public setters have it: always 1.
   int Assign(const char* text);
   const char* Get() const { return m_pText; }
@@ -45,9 +48,7 @@ class ZT_API ZtText {
 class ZT_API ZtChild {
  public:
   ZtChild() = default;
-  ~ZtChild() {
-    if (m_pChild) Set(nullptr);
-  }
+  ~ZtChild();
   ZtChild(const ZtChild&) = delete;
   ZtChild& operator=(const ZtChild&) = delete;
 
@@ -65,9 +66,7 @@ template <class Item>
 class ZT_API ZtOwnedList {
  public:
   ZtOwnedList() = default;
-  ~ZtOwnedList() {
-    if (m_pList) Set(nullptr);
-  }
+  ~ZtOwnedList();
   ZtOwnedList(const ZtOwnedList&) = delete;
   ZtOwnedList& operator=(const ZtOwnedList&) = delete;
 

@@ -2,6 +2,7 @@
 #ifndef ZTXML_INCLUDE_ZTNAMESPACES_H
 #define ZTXML_INCLUDE_ZTNAMESPACES_H
 
+#include "XMLCommonDef.h"
 #include "ZtHolders.h"
 
 /// One namespace: the library's own prefix and the one in force.
@@ -22,8 +23,8 @@ class ZT_API ZtNamespaceBindings : public ZtNonCopyable {
 
   /// Whether the chain was built whole.
   bool Complete() const { return m_bComplete; }
-  /// Makes every prefix in force the library's own. False when out of memory.
-  bool UseOwn();
+  /// Makes every prefix in force the library's own.
+  void UseOwn();
   /// Takes the prefixes that a zt_schema_namespace_retrieval collected, in document order: the last
   /// declaration of a namespace holds, but a default one does not displace a prefix. Any other
   /// object, or null, changes nothing. False when out of memory.
@@ -34,7 +35,7 @@ class ZT_API ZtNamespaceBindings : public ZtNonCopyable {
   const ZtNamespaceBinding* Find(const char* ownPrefix) const;
 
  private:
-  bool Append(const char* prefix, const char* alias, const char* uri);
+  bool Append(e_XmlStrRef prefix, const char* alias, e_XmlStrRef uri);
   static bool SetAlias(ZtNamespaceBinding& binding, const char* alias);
 
   ZtNamespaceBinding* m_pFirst = nullptr;

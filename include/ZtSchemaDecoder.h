@@ -94,7 +94,9 @@ class ZT_API ZtSchemaDecoder : public XmlDecoderSchema {
   bool EndOpened(char* slashName, std::size_t nameSize, const ZtPiece& text);
 
   ZtSource SourceOf(const ZtElementType& type);
-  const ZtField* Attribute(const ZtElementType& type, const ZtPiece& name, const ZtPiece& value);
+  void Attribute(const ZtElementType& type, const ZtPiece& name, const ZtPiece& value);
+  void KeepAttribute(const ZtElementType& type, const ZtField* field, const ZtPiece& name,
+                     const ZtPiece& value);
   ZtOutcome OfferAttribute(const ZtElementType& type, const ZtPiece& name, const ZtPiece& value);
   XMLElement* Make(const ZtElementType& type);
   XMLElement* MakeFlag(const ZtPiece& name);

@@ -53,7 +53,6 @@ bool ScannedTag::Scan(char* begin, char* end) {
     isEmpty = *at == '/' && at + 1 == end;
     if (isEmpty || at == end) {
       blankAtEnd = spaced && count > 0;
-      hasEntity = count > 0 && Find(begin, '&', end);
       return !spaced || count > 0;
     }
     if (!spaced || count == kMostAttributes) return false;

@@ -30,7 +30,6 @@ struct ScannedTag {
   char* close;      // the '>'
   bool isEmpty;     // "/>"
   bool blankAtEnd;  // white space behind the last attribute, which is reported as one, too
-  bool hasEntity;   // among the values there may be one
   int count;
   ScannedAttribute attributes[kMostAttributes];
 };

@@ -44,6 +44,16 @@ struct XmlDecoder::OpenElement : BuddyLinkList {
   char room[kRoom];      // for all but long names
 };
 
+// Nodes that are allocated together: most documents need no more.
+struct XmlDecoder::OpenElements : ZtHeapObject {
+  OpenElements* older;
+  OpenElement nodes[8];
+
+  explicit OpenElements(OpenElements* before) : older(before) {
+    for (int i = 1; i < 8; ++i) nodes[i - 1].outer = &nodes[i];
+  }
+};
+
 int XmlDecoderSchema::ProcessStart(ScannedTag& tag) { return ProcessElement(tag.name, nullptr); }
 
 void XmlDecoderSchema::ProcessAttributes(ScannedTag& tag) {
@@ -65,6 +75,7 @@ XmlDecoder::XmlDecoder()
       m_bEmptyElement(0),
       m_pTop(nullptr),
       m_pSpare(nullptr),
+      m_pNodes(nullptr),
       m_bBorrowed(false),
       m_iLength(0),
       m_iCapacity(0),
@@ -97,9 +108,10 @@ void XmlDecoder::ResetXmlDecoder() {
   DropPending();
   if (!m_pElementStack) return;
   while (m_pTop) Pop();
-  while (OpenElement* spare = m_pSpare) {
-    m_pSpare = spare->outer;
-    delete spare;
+  m_pSpare = nullptr;
+  while (OpenElements* nodes = m_pNodes) {
+    m_pNodes = nodes->older;
+    delete nodes;
   }
   BuddyLinkList::Release(m_pElementStack);
   m_pElementStack = nullptr;
@@ -174,6 +186,7 @@ int XmlDecoder::Continue() {
   char* end = position + m_iLength;
   char* tag = position + m_iTag;
   char* scan = position + m_iScanned;
+  char* entity = nullptr;  // the next one from here on: one search finds it for many tags
   for (;;) {
     m_bEmptyElement = 0;
     tag = static_cast<char*>(std::memchr(tag, '<', static_cast<std::size_t>(end - tag)));
@@ -191,8 +204,12 @@ int XmlDecoder::Continue() {
       m_iTag = static_cast<std::size_t>(tag - position);
       return OutOfTags(position);
     }
+    if (!entity || entity < tag) {
+      entity = static_cast<char*>(std::memchr(tag, '&', static_cast<std::size_t>(end - tag)));
+      if (!entity) entity = end;
+    }
     bool counts = true;  // whether the tag can end the document
-    if (PlainTag(position, tag, close)) {
+    if (PlainTag(position, tag, close, entity < close)) {
       if (m_DecodeState == ZT_XML_PARSE_ERROR) return ParseError();
     } else {
       *close = '\0';
@@ -209,7 +226,7 @@ int XmlDecoder::Continue() {
 }
 
 // A tag in its plain form is reported in one go; false, with nothing cut, when it has another.
-bool XmlDecoder::PlainTag(char* text, char* tag, char* close) {
+bool XmlDecoder::PlainTag(char* text, char* tag, char* close, bool hasEntity) {
   char* const name = tag + 1;
   if (*name == '/') {
     const auto size = static_cast<std::size_t>(close - name) - 1;
@@ -227,7 +244,7 @@ bool XmlDecoder::PlainTag(char* text, char* tag, char* close) {
   if (started && m_pSchema) m_pSchema->ProcessStart(scanned);
   Log(kZtLogTrace)("XmlDecoder:: DecodeAttributes %d", 0);
   if (m_pSchema) {
-    if (scanned.count) ReportScanned(scanned);
+    if (scanned.count) ReportScanned(scanned, hasEntity);
     if (!started) m_pSchema->ProcessStart(scanned);
   }
   if (!scanned.isEmpty) {
@@ -238,11 +255,11 @@ bool XmlDecoder::PlainTag(char* text, char* tag, char* close) {
   return true;
 }
 
-void XmlDecoder::ReportScanned(ScannedTag& tag) {
+void XmlDecoder::ReportScanned(ScannedTag& tag, bool hasEntity) {
   for (int i = 0; i < tag.count; ++i) {
     ScannedAttribute& attribute = tag.attributes[i];
     *attribute.nameEnd = *attribute.valueEnd = '\0';
-    if (tag.hasEntity) attribute.valueEnd = Unescape(attribute.value, attribute.valueEnd);
+    if (hasEntity) attribute.valueEnd = Unescape(attribute.value, attribute.valueEnd);
   }
   m_pSchema->ProcessAttributes(tag);
 }
@@ -539,16 +556,20 @@ BuddyLinkList* XmlDecoder::PushElement(char* name) {
 
 XmlDecoder::OpenElement* XmlDecoder::Push(const char* name, std::size_t size) {
   if (!m_pElementStack) return nullptr;
-  OpenElement* node = m_pSpare ? m_pSpare : new OpenElement;
-  if (node) {
-    m_pSpare = node->outer;
-    node->data = size < OpenElement::kRoom ? node->room : __malloc(size + 1);
+  if (!m_pSpare) {
+    auto* nodes = new OpenElements(m_pNodes);
+    if (nodes) {
+      m_pNodes = nodes;
+      m_pSpare = nodes->nodes;
+    }
   }
+  OpenElement* node = m_pSpare;
+  if (node) node->data = size < OpenElement::kRoom ? node->room : __malloc(size + 1);
   if (!node || !node->data) {
     Log(kZtLogTrace)("XmlDecoder::PushElement | ztDplStrdup failed");
-    delete node;
     return nullptr;
   }
+  m_pSpare = node->outer;
   std::memcpy(node->data, name, size);
   static_cast<char*>(node->data)[size] = '\0';
   node->size = size;

@@ -279,21 +279,24 @@ void ZtXMLDocGenerator::Attribute(const ZtPiece& name, const ZtPiece& value, con
                                   int selfEnd, int close) {
   if (!buffer || !name.text) return;
   const ZtPiece end = EndOfAttribute(selfEnd, close, true);
-  const std::size_t most = sizeof(" =\"\"/>") + name.size + value.size;
-  char* const to = buffer + m_iLength;
-  if (!suffix.text && most < kBufferSize - m_iLength) {
-    char* at = Copy(Copy(Copy(to, " "), name), "=\"");
-    if (CopyUnquoted(at, value)) {
-      at = Copy(Copy(at + value.size, "\""), end);
-      m_iLength += static_cast<std::size_t>(at - to);
-      return;
-    }
-  }
   if (suffix.text) {
     AppendAttribute(value, end, " ", name, ":", suffix);
   } else {
     AppendAttribute(value, end, " ", name);
   }
+}
+
+void ZtXMLDocGenerator::Attribute(const ZtPiece& name, const ZtPiece& value) {
+  const std::size_t size = sizeof(" =\"\" ") - 1 + name.size + value.size;
+  if (buffer && size < kBufferSize - m_iLength) {
+    char* const at = Copy(Copy(Copy(buffer + m_iLength, " "), name), "=\"");
+    if (CopyUnquoted(at, value)) {
+      Copy(at + value.size, "\" ");
+      m_iLength += size;
+      return;
+    }
+  }
+  Attribute(name, value, nullptr, 0, 0);
 }
 
 // The attribute's last blank makes room for it, unless the document was cut before.
@@ -330,7 +333,7 @@ void ZtXMLDocGenerator::End(const ZtPiece& name) {
 void ZtXMLDocGenerator::TextElement(const ZtPiece& name, const ZtPiece& text) {
   if (!buffer || !name.text) return;
   AppendName("\n<", name, ">");
-  Append(OrBlank(text));
+  AppendFast(OrBlank(text));
   AppendName("</", name, ">");
   tagOpen = 0;
 }

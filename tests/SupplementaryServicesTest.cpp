@@ -369,7 +369,7 @@ TEST(Services, MarshallersLogUnderTheirNames) {
     for (const char* line : test.lines) EXPECT_TRUE(log.Has(line)) << line;
     // Without memory the root's own line tells.
     log.Clear();
-    zthost::FailAllocation(4, true);
+    zthost::FailAllocation(2, true);
     EXPECT_EQ(schema.Write(root.get()), "(null)");
     zthost::FailAllocation(0);
     EXPECT_EQ(log.Count(" XML Failed!"), 1);

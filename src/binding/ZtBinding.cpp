@@ -225,10 +225,10 @@ ZtOutcome ZtOfferChild(XMLElement& self, const ZtElementType& type, const ZtChil
   }
   ZtOutcome hooked = ZtOutcome::kAccepted;
   if (type.childHook && type.childHook(self, name.text, value.text, child, hooked)) return hooked;
-  const ZtField* const end = type.names.MayHave(name.id) ? type.end() : type.begin();
-  for (const ZtField* at = type.begin(); at != end; ++at) {
+  const ZtField* const end = type.names.MayHave(name.id) ? type.end() : type.children();
+  for (const ZtField* at = type.children(); at != end; ++at) {
     const ZtField& field = *at;
-    if (field.name != name.id || field.IsAttribute() || !field.HasName()) continue;
+    if (field.name != name.id || !field.HasName()) continue;
     // Only the plain name without an object is that text; all else is nobody's.
     if (field.fromAttribute) {
       return name.atEnd || child ? ZtOutcome::kAccepted
@@ -265,16 +265,16 @@ ZtOutcome ZtAdopt(XMLElement& self, const ZtField& field, XMLElement* child,
 
 const ZtField* ZtFindAttribute(const ZtElementType& type, ZtNameId name) {
   if (!type.names.MayHave(name)) return nullptr;
-  for (const ZtField& field : type) {
-    if (field.name == name && field.place == ZtPlace::kAttribute) return &field;
+  for (const ZtField* field = type.begin(); field != type.children(); ++field) {
+    if (field->name == name && field->place == ZtPlace::kAttribute) return field;
   }
   return nullptr;
 }
 
 const ZtField* ZtFindChild(const ZtElementType& type, ZtNameId name) {
   if (!type.names.MayHave(name)) return nullptr;
-  for (const ZtField& field : type) {
-    if (field.name == name && !field.IsAttribute() && field.HasName()) return &field;
+  for (const ZtField* field = type.children(); field != type.end(); ++field) {
+    if (field->name == name && field->HasName()) return field;
   }
   return nullptr;
 }
@@ -334,6 +334,10 @@ ZtPiece ZtFieldText(const XMLElement& self, const ZtField& field, char* buffer) 
       break;
   }
   return nullptr;
+}
+
+XMLElement* ZtMakeElement(const ZtElementType& type, const ZtSource& source, int line) {
+  return type.maker.Create(source, line);
 }
 
 bool ZtIsA(const XMLElement& element, const ZtElementType& type) {

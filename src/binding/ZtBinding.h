@@ -372,6 +372,7 @@ struct ZtElementType {
   ZtNameId tag = XML_STR_ZT_NULL;
   e_XmlStrRef prefix = XML_STR_ZT_NULL;  // written with it and all that is in it
   std::uint8_t fieldCount = 0;
+  std::uint8_t attributeCount = 0;  // of the fields, which begin with them
   std::uint8_t fixedCount = 0;
   ZtNameFilter names = {};  // of the rows
   // What the rows hold: one of a text that comes as an attribute, one of other attributes.
@@ -390,7 +391,9 @@ struct ZtElementType {
     ZtElementType type = *this;
     type.fields = rows;
     type.fieldCount = static_cast<std::uint8_t>(N);
+    type.attributeCount = 0;
     for (const ZtField& row : rows) {
+      if (row.IsAttribute()) ++type.attributeCount;
       type.names.Add(row.name);
       type.textsFromAttributes = type.textsFromAttributes || row.fromAttribute;
       type.keepsAttributes = type.keepsAttributes || row.place == ZtPlace::kOtherAttributes;
@@ -452,6 +455,7 @@ struct ZtElementType {
   }
 
   const ZtField* begin() const { return fields; }
+  const ZtField* children() const { return fields + attributeCount; }  // and own texts
   const ZtField* end() const { return fields + fieldCount; }
 };
 

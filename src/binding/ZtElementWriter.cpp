@@ -39,7 +39,12 @@ class ZtElementWriter::StartTag {
   StartTag(const StartTag&) = delete;
   StartTag& operator=(const StartTag&) = delete;
 
-  void Add(const ZtPiece& name, const ZtPiece& value, const ZtPiece& suffix = nullptr) {
+  void Add(const ZtPiece& name, const ZtPiece& value) {
+    if (!m_bStarted) Open();
+    m_bEmpty = false;
+    m_Writer.Attribute(name, value);
+  }
+  void Add(const ZtPiece& name, const ZtPiece& value, const ZtPiece& suffix) {
     if (!m_bStarted) Open();
     m_bEmpty = false;
     m_Writer.Attribute(name, value, suffix, 0, 0);
@@ -225,8 +230,8 @@ int ZtElementWriter::WriteFlag(const zt_empty_element_type& flag, const ZtFlag& 
 
 bool ZtElementWriter::WriteChildren(const XMLElement& element, const ZtElementType& type) {
   bool chosen = false;
-  for (const ZtField& field : type) {
-    if (field.IsAttribute()) continue;
+  for (const ZtField* at = type.children(); at != type.end(); ++at) {
+    const ZtField& field = *at;
     if (field.oneOf) {
       if (chosen || !IsSet(element, field)) continue;
       chosen = true;
@@ -238,10 +243,9 @@ bool ZtElementWriter::WriteChildren(const XMLElement& element, const ZtElementTy
 
 bool ZtElementWriter::HasRequired(const XMLElement& element, const ZtElementType& type) const {
   char buffer[kZtNumberSize];
-  for (const ZtField& field : type) {
-    if (!field.IsAttribute() || !field.required) continue;
-    if (ZtFieldText(element, field, buffer).text) continue;
-    Log(field.lineLevel, field.line);
+  for (const ZtField* field = type.begin(); field != type.children(); ++field) {
+    if (!field->required || ZtFieldText(element, *field, buffer).text) continue;
+    Log(field->lineLevel, field->line);
     return false;
   }
   return true;
@@ -257,13 +261,14 @@ bool ZtElementWriter::WriteStartTag(const XMLElement& element, const ZtElementTy
     tag.Add(PieceOf(fixed.name), PieceOf(fixed.value),
             fixed.suffix == XML_STR_ZT_NULL ? ZtPiece(nullptr) : PieceOf(fixed.suffix));
   }
-  for (const ZtField& field : type) {
+  for (const ZtField* at = type.begin(); at != type.children(); ++at) {
+    const ZtField& field = *at;
     if (field.place == ZtPlace::kOtherAttributes) {
       const ZtAttributeList& others = element.*field.member.attributes;
       awaited = type.awaitsExtras && others.Get() && !others.Head();
       if (!WriteOtherAttributes(others.Head(), &type, tag)) return false;
+      continue;
     }
-    if (field.place != ZtPlace::kAttribute) continue;
     const ZtPiece text = field.value == ZtValue::kText ? (element.*field.member.text).Piece()
                                                        : ZtFieldText(element, field, buffer);
     if (!text.text) {

@@ -68,9 +68,11 @@ inline void ZtText::Keep(char* text, std::size_t size, std::size_t copy) {
 
 bool ZtText::Set(const ZtPiece& text, const ZtArena* arena) {
   if (!arena || !arena->Holds(text.text)) return Copy(text);
-  Keep(const_cast<char*>(text.text), text.size, 0);
+  Refer(text);
   return true;
 }
+
+void ZtText::Refer(const ZtPiece& text) { Keep(const_cast<char*>(text.text), text.size, 0); }
 
 bool ZtText::Copy(const ZtPiece& text) {
   char* copy = nullptr;
@@ -90,12 +92,19 @@ int ZtText::Assign(const char* text) {
   return 1;
 }
 
+ZtChild::~ZtChild() { Release(m_pChild); }
+
 int ZtChild::Set(XMLElement* child) {
   if (child == m_pChild) return 1;
   XMLElement* old = m_pChild;
   m_pChild = child;
   Release(old);
   return 1;
+}
+
+template <class Item>
+ZtOwnedList<Item>::~ZtOwnedList() {
+  ReleaseList<Item>(m_pList);
 }
 
 template <class Item>

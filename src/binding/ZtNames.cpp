@@ -20,7 +20,7 @@ namespace {
 
 constexpr std::size_t Hash(const char* text, std::size_t size) {
   const auto at = [text](std::size_t i) { return static_cast<unsigned char>(text[i]); };
-  return ((size * 31 + at(0)) * 31 + at(size / 2)) * 31 + at(size - 1);
+  return size * 19 + at(0) * 67 + at(size / 2) * 257 + at(size - 1);
 }
 
 // Where to look for a name: open addressing, size 0 in free slots.
@@ -62,15 +62,15 @@ bool SameEnds(const char* a, const char* b, std::size_t size) {
   return words[0] == words[1] && words[2] == words[3];
 }
 
+}  // namespace
+
 // Nearly all names have less than 17 bytes: a call would cost more than the comparison.
-bool Same(const char* a, const char* b, std::size_t size) {
+bool ZtSameBytes(const char* a, const char* b, std::size_t size) {
   if (size > 16) return std::memcmp(a, b, size) == 0;
   if (size >= 8) return SameEnds<std::uint64_t>(a, b, size);
   if (size >= 4) return SameEnds<std::uint32_t>(a, b, size);
   return a[0] == b[0] && a[size / 2] == b[size / 2] && a[size - 1] == b[size - 1];
 }
-
-}  // namespace
 
 ZtNameId ZtNameId::Of(const ZtPiece& name) {
   const char* const text = name.text;
@@ -80,11 +80,7 @@ ZtNameId ZtNameId::Of(const ZtPiece& name) {
        at = (at + 1) % Index::kSlots) {
     const Index::Slot& slot = kIndex.slots[at];
     const ZtNameId id = static_cast<ZtExtraName>(slot.id);
-    if (slot.size == size && slot.first == *text && Same(id.Text(), text, size)) return id;
+    if (slot.size == size && slot.first == *text && ZtSameBytes(id.Text(), text, size)) return id;
   }
   return kZtNoName;
-}
-
-bool ZtNameId::Is(const ZtPiece& text) const {
-  return text.size == kZtNameSizes[m_Id] && Same(Text(), text.text, text.size);
 }

@@ -28,7 +28,7 @@ class ZtNameId {
   constexpr ZtNameId(ZtExtraName extra) : m_Id(extra) {}  // NOLINT(google-explicit-constructor)
   // The name whose text is `text`, kZtNoName when there is none.
   static ZtNameId Of(const ZtPiece& text);
-  // Whether its text is `text`.
+  // Whether its text is `text`, which is not empty.
   bool Is(const ZtPiece& text) const;
 
   constexpr unsigned Low6Bits() const { return static_cast<unsigned>(m_Id) & 63U; }
@@ -65,6 +65,14 @@ inline const char* ZtNameId::Text() const {
   return m_Id < kXmlStrRefCount
              ? zt_xml_common_array_definition::getStringName(static_cast<e_XmlStrRef>(m_Id))
              : kZtExtraNames[m_Id - kXmlStrRefCount];
+}
+
+bool ZtSameBytes(const char* a, const char* b, std::size_t size);
+
+inline bool ZtNameId::Is(const ZtPiece& text) const {
+  if (text.size != kZtNameSizes[m_Id]) return false;
+  const char* own = Text();
+  return *text.text == *own && ZtSameBytes(own, text.text, text.size);
 }
 
 inline ZtPiece ZtNameId::Piece() const { return {Text(), kZtNameSizes[m_Id]}; }

@@ -13,7 +13,8 @@ int ZtNamespaceContext::SetNamespaceBinder(XMLObject* binder) {
 }
 
 ZtNamespaceMarshaller::ZtNamespaceMarshaller(const ZtDocument& document) {
-  if (m_Bindings.Complete() && m_Bindings.UseOwn()) return;
+  m_Bindings.UseOwn();
+  if (m_Bindings.Complete()) return;
   ZtLog(kZtLogTrace, document.source)("%s :: %s: Malloc cannot allocate memory",
                                       document.marshaller, document.marshaller);
 }
@@ -21,7 +22,8 @@ ZtNamespaceMarshaller::ZtNamespaceMarshaller(const ZtDocument& document) {
 // A table with gaps would write elements without their prefix: it fails instead.
 bool ZtNamespaceMarshaller::UseNamespaces(const ZtNamespaceBindings*& bindings) {
   bindings = &m_Bindings;
-  return m_Bindings.Complete() && m_Bindings.UseOwn() && m_Bindings.Apply(NamespaceBinder());
+  m_Bindings.UseOwn();
+  return m_Bindings.Complete() && m_Bindings.Apply(NamespaceBinder());
 }
 
 char* ZtNamespaceMarshaller::AddNameSpaceChange(const char* ownPrefix) {

@@ -13,12 +13,10 @@ bool IsPrefix(const char* text) { return !text[std::strcspn(text, ":<>&\"'/= \t\
 ZtNamespaceBindings::ZtNamespaceBindings()
     // Intended: "ss" has no alias, so it is not recognised as one until a document's declarations
     // have been applied (names with it pass unchanged, which comes to the same).
-    : m_bComplete(Append(ZtName(XML_STR_SS), nullptr,
-                         ZtName(XML_STR_HTTP_URI_ETSI_ORG_NGN_PARAMS_XML_SIMSERVS_XCAP)) &&
-                  Append(ZtName(XML_STR_CP), ZtName(XML_STR_CP),
-                         ZtName(XML_STR_URN_IETF_PARAMS_XML_NS_COMMON_POLICY)) &&
-                  Append(ZtName(XML_STR_OCP), ZtName(XML_STR_OCP),
-                         ZtName(XML_STR_URN_OMA_XML_XDM_COMMON_POLICY))) {}
+    : m_bComplete(
+          Append(XML_STR_SS, nullptr, XML_STR_HTTP_URI_ETSI_ORG_NGN_PARAMS_XML_SIMSERVS_XCAP) &&
+          Append(XML_STR_CP, ZtName(XML_STR_CP), XML_STR_URN_IETF_PARAMS_XML_NS_COMMON_POLICY) &&
+          Append(XML_STR_OCP, ZtName(XML_STR_OCP), XML_STR_URN_OMA_XML_XDM_COMMON_POLICY)) {}
 
 ZtNamespaceBindings::~ZtNamespaceBindings() {
   while (m_pFirst) {
@@ -28,13 +26,17 @@ ZtNamespaceBindings::~ZtNamespaceBindings() {
   }
 }
 
-bool ZtNamespaceBindings::Append(const char* prefix, const char* alias, const char* uri) {
+bool ZtNamespaceBindings::Append(e_XmlStrRef prefix, const char* alias, e_XmlStrRef uri) {
   auto* binding = new ZtNamespaceBinding;
   if (!binding) return false;
   ZtNamespaceBinding** end = &m_pFirst;
   while (*end) end = &(*end)->next;
   *end = binding;
-  return binding->prefix.Set(prefix) && SetAlias(*binding, alias) && binding->uri.Set(uri);
+  binding->prefix.Refer(ZtName(prefix));
+  binding->uri.Refer(ZtName(uri));
+  binding->alias.Refer(alias);
+  binding->aliasSize = binding->alias.Piece().size;
+  return true;
 }
 
 bool ZtNamespaceBindings::SetAlias(ZtNamespaceBinding& binding, const char* alias) {
@@ -42,11 +44,11 @@ bool ZtNamespaceBindings::SetAlias(ZtNamespaceBinding& binding, const char* alia
   return binding.alias.Set(alias);
 }
 
-bool ZtNamespaceBindings::UseOwn() {
+void ZtNamespaceBindings::UseOwn() {
   for (ZtNamespaceBinding* at = m_pFirst; at; at = at->next) {
-    if (!SetAlias(*at, at->prefix.Get())) return false;
+    at->alias.Refer(at->prefix.Piece());
+    at->aliasSize = at->prefix.Piece().size;
   }
-  return true;
 }
 
 const ZtNamespaceBinding* ZtNamespaceBindings::Find(const char* ownPrefix) const {

@@ -257,38 +257,45 @@ int ZtSchemaDecoder::ProcessAttribute(char* element, char* name, char* value) {
   return 0;
 }
 
-// Attributes mostly come in the order of their rows.
+// Attributes mostly come in the order of their rows: each is looked for from the last one on.
 void ZtSchemaDecoder::ProcessAttributes(ScannedTag& tag) {
   if (!m_Started.object || m_Stack.empty()) return;
   const ZtElementType& type = *m_Started.type;
   const bool hooked = type.attributeHook || type.textsFromAttributes;
-  const ZtField* next = hooked ? type.end() : type.begin();
+  const ZtField* row = type.begin();
   for (int i = 0; i < tag.count && !m_bFailed; ++i) {
     const ZtPiece name = tag.attributes[i].Name();
     const ZtPiece value = tag.attributes[i].Value();
-    if (next != type.end() && next->place == ZtPlace::kAttribute && next->name.Is(name)) {
-      if (ZtStore(*m_Started.object, *next, value, m_pArena) == ZtOutcome::kNoMemory) {
-        m_bFailed = true;
-      }
-      ++next;
-    } else if (const ZtField* field = Attribute(type, name, value)) {
-      if (!hooked) next = field + 1;
+    if (hooked) {
+      Attribute(type, name, value);
+      continue;
     }
+    int left = type.attributeCount;
+    while (left && !(row->place == ZtPlace::kAttribute && row->name.Is(name))) {
+      if (++row == type.children()) row = type.begin();
+      --left;
+    }
+    KeepAttribute(type, left ? row : nullptr, name, value);
   }
 }
 
-// Keeps an attribute of the element that was started. Returns its row, null when it has none.
-const ZtField* ZtSchemaDecoder::Attribute(const ZtElementType& type, const ZtPiece& name,
-                                          const ZtPiece& value) {
+// An attribute of the element that was started.
+void ZtSchemaDecoder::Attribute(const ZtElementType& type, const ZtPiece& name,
+                                const ZtPiece& value) {
   const ZtNameId id = ZtNameId::Of(name);
   if (type.textsFromAttributes) {
     const ZtField* text = ZtFindChild(type, id);
     if (text && text->fromAttribute) {
       Offer(m_Started, ZtChildName(name.text, false, id), value, nullptr);
-      return nullptr;
+      return;
     }
   }
-  const ZtField* field = type.attributeHook ? nullptr : ZtFindAttribute(type, id);
+  KeepAttribute(type, type.attributeHook ? nullptr : ZtFindAttribute(type, id), name, value);
+}
+
+// `field` null: no row has it, or a hook is to see it first.
+void ZtSchemaDecoder::KeepAttribute(const ZtElementType& type, const ZtField* field,
+                                    const ZtPiece& name, const ZtPiece& value) {
   ZtOutcome outcome = ZtOutcome::kAccepted;
   if (field) {
     outcome = ZtStore(*m_Started.object, *field, value, m_pArena);
@@ -296,7 +303,6 @@ const ZtField* ZtSchemaDecoder::Attribute(const ZtElementType& type, const ZtPie
     outcome = OfferAttribute(type, name, value);
   }
   if (outcome == ZtOutcome::kNoMemory) m_bFailed = true;
-  return field;
 }
 
 // An attribute that no row names, or that a hook is to see first. A type that keeps none of these
