@@ -21,8 +21,7 @@ namespace {
 
 constexpr std::size_t kSmall = 64 * 1024;
 constexpr std::size_t kLarge = 1024 * 1024;
-constexpr double kBar = 2;    // up to 1.8 where a large tree leaves the caches
-constexpr int kSchemas = 32;  // no id is greater
+constexpr double kBar = 2;  // up to 1.8 where a large tree leaves the caches
 
 std::string Repeated(const std::string& piece, std::size_t size) {
   std::string text;
@@ -255,7 +254,7 @@ void AddDocuments(const char* folder, std::vector<Shape>& shapes) {
     std::ifstream file(entry.path());
     const std::string text((std::istreambuf_iterator<char>(file)),
                            std::istreambuf_iterator<char>());
-    for (int id = 0; id < kSchemas; ++id) {
+    for (int id = 0; id < XML_SCHEMA_END; ++id) {
       const auto schema = static_cast<eXMLSchemaID>(id);
       if (schema == XML_SCHEMA_NAMESPACE_RETRIEVAL || !XMLFactory::getSchemaInfo(schema)) continue;
       if (Grown(text, 1).empty() || !ReadAndWrite(schema, text)) continue;

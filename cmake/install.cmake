@@ -37,6 +37,7 @@ install(FILES ${PROJECT_BINARY_DIR}/ztxmlConfig.cmake ${PROJECT_BINARY_DIR}/ztxm
 # ---- pkg-config --------------------------------------------------------------------------------
 # Directories are relative to the file's own, so that a moved tree needs nothing.
 file(RELATIVE_PATH ztxml_pc_prefix /prefix/${pkgconfig_dir} /prefix)
+string(REGEX REPLACE "/$" "" ztxml_pc_prefix "${ztxml_pc_prefix}")
 set(pkgconfig_files ztxml)
 if(TARGET ztplatform_host)
   set(ztxml_pc_platform ztplatform_host)

@@ -36,8 +36,8 @@ T* ElementOf(const ZtListNode* node) {
   return static_cast<T*>(static_cast<XMLElement*>(node->data));
 }
 
-// The first node of a list, which is null when it has no entries.
-ZtListNode* HeadOf(ZtSingleElementList* list) { return list ? list->GetPtrToListHead() : nullptr; }
+// The first node of a list; null for a list that is null, because it has no entries.
+constexpr auto* HeadOf = &ZtSingleElementList::HeadOf;
 
 // What a factory makes is the caller's until a parent takes it.
 bool SetTimer(CommunicationDiversionDataBinder& factory, zt_communication_diversion& diversion,

@@ -1,13 +1,15 @@
 // Reads a registration-information file (RFC 3680) and prints what it says.
 // Usage: read_reginfo FILE
 #include <cstdio>
-#include <cstring>
 
 #include "XMLFactory.h"
 #include "XMLFile.h"
 #include "XMLReginfo.h"
 
 namespace {
+
+// The first node of a list; null for a list that is null, because it has no entries.
+constexpr auto* HeadOf = &ZtSingleElementList::HeadOf;
 
 // Optional texts are null when the document does not have them.
 const char* OrNone(const char* text) { return text ? text : "(none)"; }
@@ -48,18 +50,13 @@ const char* NameOf(zt_contact_state_type_enum state) {
   }
 }
 
-// A list is null when it has no entries.
-ZtListNode* HeadOf(ZtSingleElementList* list) { return list ? list->GetPtrToListHead() : nullptr; }
-
-// There is no run-time type information: what a list of any elements holds is told by class name.
-void PrintGruu(const XMLElement& element) {
-  if (std::strcmp(element.ClassName(), "zt_pub_gruu") == 0) {
-    const auto& gruu = static_cast<const zt_pub_gruu&>(element);
-    std::printf("    public GRUU %s\n", OrNone(gruu.getUriValue()));
-  } else if (std::strcmp(element.ClassName(), "zt_temp_gruu") == 0) {
-    const auto& gruu = static_cast<const zt_temp_gruu&>(element);
-    std::printf("    temporary GRUU %s since CSeq %u\n", OrNone(gruu.getUriValue()),
-                gruu.getFirstCseqValue());
+// A list of other elements holds several types: ZtAs gives null for those that it is not asked for.
+void PrintGruu(XMLElement* element) {
+  if (const auto* gruu = ZtAs<zt_pub_gruu>(element)) {
+    std::printf("    public GRUU %s\n", OrNone(gruu->getUriValue()));
+  } else if (const auto* temporary = ZtAs<zt_temp_gruu>(element)) {
+    std::printf("    temporary GRUU %s since CSeq %u\n", OrNone(temporary->getUriValue()),
+                temporary->getFirstCseqValue());
   }
 }
 
@@ -77,7 +74,7 @@ void PrintContact(const zt_ns_reginfo_contact& contact) {
                 OrNone(param->getValueValue()));
   }
   for (ZtListNode* node = HeadOf(contact.getAnyElementValue()); node; node = node->next) {
-    PrintGruu(*static_cast<XMLElement*>(node->data));
+    PrintGruu(static_cast<XMLElement*>(node->data));
   }
 }
 

@@ -4,7 +4,7 @@
 
 #include "XMLContext.h"
 
-/// The schemas. 6 and 8 have no context; neither have values from 28 upward.
+/// The schemas. 6 and 8 have no context.
 enum eXMLSchemaID : int {
   XML_SCHEMA_IS_COMPOSING = 0,
   XML_SCHEMA_RESOURCE_LISTS = 1,
@@ -32,6 +32,7 @@ enum eXMLSchemaID : int {
   XML_SCHEMA_GRUU = 25,
   XML_SCHEMA_REGINFO = 26,
   XML_SCHEMA_NAMESPACE_RETRIEVAL = 27,
+  XML_SCHEMA_END  ///< one more than the last: no schema
 };
 
 /// What there is to know of a schema. All texts are static.

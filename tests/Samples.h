@@ -52,7 +52,7 @@ inline std::vector<Sample> Samples() {
     RootFinder finder;
     Parse(text, &finder);
     const std::string local = finder.root.substr(finder.root.find(':') + 1);
-    for (int id = 0; id < 32; ++id) {
+    for (int id = 0; id < XML_SCHEMA_END; ++id) {
       const XMLSchemaInfo* info = XMLFactory::getSchemaInfo(static_cast<eXMLSchemaID>(id));
       if (!info) continue;
       for (const char* root : info->roots) {

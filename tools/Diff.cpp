@@ -23,6 +23,13 @@ constexpr int kTrouble = 2;
 
 const char* OrEmpty(const char* text) { return text ? text : ""; }
 
+// Other attributes. Their order means nothing; of several with one name the first stands.
+std::map<std::string, std::string> AttributesOf(const Field& field) {
+  std::map<std::string, std::string> sorted;
+  for (const Item& item : field.items) sorted.emplace(OrEmpty(item.name), OrEmpty(item.text));
+  return sorted;
+}
+
 // A number for each text, so that equal texts have equal ones. A map, since a hash could be made to
 // collide.
 class Numbers {
@@ -47,10 +54,7 @@ class Contents {
     for (const Field& field : reflect::FieldsOf(object)) {
       text += '|';
       if (field.HoldsAttributes()) {
-        // Their order means nothing; of several with one name the first stands.
-        std::map<std::string, std::string> sorted;
-        for (const Item& item : field.items) sorted.emplace(OrEmpty(item.name), OrEmpty(item.text));
-        for (const auto& [name, value] : sorted) {
+        for (const auto& [name, value] : AttributesOf(field)) {
           Append(name, text);
           Append(value, text);
         }
@@ -239,26 +243,21 @@ class Comparer {
     }
   }
 
-  // Their order means nothing; of several with one name the first stands.
   void CompareAttributes(const Field& old, const Field& now, const std::string& path) {
-    std::map<std::string, const Item*> others;
-    for (const Item& item : now.items) others.emplace(OrEmpty(item.name), &item);
-    std::map<std::string, const Item*> own;
-    for (const Item& item : old.items) own.emplace(OrEmpty(item.name), &item);
-    for (const auto& [name, item] : own) {
-      const auto other = others.find(name);
-      const std::string at = path + '/' + NameIn(old, *item);
-      if (other == others.end()) {
-        Line('-', at) << " = " << QuoteShort(OrEmpty(item->text)) << '\n';
-      } else if (std::string(OrEmpty(item->text)) != OrEmpty(other->second->text)) {
-        Line('~', at) << ": " << ChangeOf(OrEmpty(item->text), OrEmpty(other->second->text))
-                      << '\n';
+    const std::map<std::string, std::string> before = AttributesOf(old);
+    const std::map<std::string, std::string> after = AttributesOf(now);
+    for (const auto& [name, value] : before) {
+      const auto other = after.find(name);
+      const std::string at = path + "/@" + Escape(name);
+      if (other == after.end()) {
+        Line('-', at) << " = " << QuoteShort(value) << '\n';
+      } else if (value != other->second) {
+        Line('~', at) << ": " << ChangeOf(value, other->second) << '\n';
       }
     }
-    for (const auto& [name, item] : others) {
-      if (own.count(name)) continue;
-      Line('+', path + '/' + NameIn(now, *item))
-          << " = " << QuoteShort(OrEmpty(item->text)) << '\n';
+    for (const auto& [name, value] : after) {
+      if (before.count(name)) continue;
+      Line('+', path + "/@" + Escape(name)) << " = " << QuoteShort(value) << '\n';
     }
   }
 

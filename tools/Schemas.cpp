@@ -15,7 +15,7 @@ namespace {
 
 std::vector<const XMLSchemaInfo*> AllSchemas() {
   std::vector<const XMLSchemaInfo*> schemas;
-  for (int id = XML_SCHEMA_IS_COMPOSING; id <= XML_SCHEMA_NAMESPACE_RETRIEVAL; ++id) {
+  for (int id = 0; id < XML_SCHEMA_END; ++id) {
     const XMLSchemaInfo* info = XMLFactory::getSchemaInfo(static_cast<eXMLSchemaID>(id));
     if (info) schemas.push_back(info);
   }

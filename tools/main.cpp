@@ -55,7 +55,8 @@ Example:
   ztxml namespaces notify.xml)";
 
 constexpr char kRoundTripFooter[] =
-    R"(What is written to a terminal has its control characters escaped.
+    R"(Each of several documents is followed by a line break. What is written to a terminal has its control
+characters escaped.
 
 Examples:
   ztxml roundtrip notify.xml
@@ -102,12 +103,21 @@ Exit status: 0 the same; 1 different; 2 wrong usage, or a document cannot be rea
 Example:
   ztxml diff old.xml new.xml)";
 
+constexpr char kSchemasFooter[] = R"(The other commands take a NAME or an ID as --schema.
+
+Example:
+  ztxml schemas)";
+
 std::string CheckSchema(const std::string& nameOrId) {
   return FindSchema(nameOrId) ? "" : "unknown schema '" + nameOrId + "' (see: ztxml schemas)";
 }
 
-std::string FailureMessage(const CLI::App* /*app*/, const CLI::Error& error) {
-  return std::string("ztxml: ") + error.what() + "\nTry: ztxml --help\n";
+std::string FailureMessage(const CLI::App* app, const CLI::Error& error) {
+  // A command that is misspelt would only be told as a missing one.
+  const std::vector<std::string> rest = app->remaining();
+  const bool unknown = app->get_subcommands().empty() && !rest.empty();
+  const std::string what = unknown ? "no such command: " + rest[0] : error.what();
+  return "ztxml: " + what + "\nTry: ztxml --help\n";
 }
 
 class CommandLine {
@@ -144,7 +154,7 @@ class CommandLine {
     AddFiles(m_pEvents);
     m_pNamespaces = AddCommand("namespaces", "Print the namespace declarations", kNamespacesFooter);
     AddFiles(m_pNamespaces);
-    m_pSchemas = m_App.add_subcommand("schemas", "List the schemas that the library knows");
+    m_pSchemas = AddCommand("schemas", "List the schemas that the library knows", kSchemasFooter);
   }
 
   int Run(int argc, const char* const* argv) {
@@ -188,12 +198,14 @@ class CommandLine {
     std::vector<Document> documents;
     Failure failure;
     const bool opened = ReadDocuments(path, documents, failure);
-    const bool headings =
-        (m_Paths.size() > 1 || documents.size() > 1) && !m_bJson && !m_pRoundTrip->parsed();
+    const bool several = m_Paths.size() > 1 || documents.size() > 1;
+    const bool written = m_pRoundTrip->parsed();
     int status = kDone;
     for (const Document& document : documents) {
-      if (headings) std::cout << "# " << Escape(document.name) << '\n';
-      status = std::max(status, RunDocument(document, schema, log));
+      if (several && !m_bJson && !written) std::cout << "# " << Escape(document.name) << '\n';
+      const int own = RunDocument(document, schema, log);
+      if (several && written && own == kDone) std::cout << '\n';
+      status = std::max(status, own);
     }
     if (opened) return status;
     if (m_bJson) PrintJson(NameOfInput(path), failure);

@@ -139,8 +139,8 @@ std::string WrittenCell(const reflect::Field& field, const std::string& page, co
   if (field.value == ZtValue::kEnum && field.IsPresent()) {
     cell = "always; " + Code(field.items[0].text) + " until it is set";
   }
-  if (row->oneOf) cell = "only the first set of those that say so";
-  if (row->oneOf && row->always) cell += "; as a blank when none is";
+  if (row->oneOf) cell = "one of these rows: the first that is set";
+  if (row->oneOf && row->always) cell += "; a blank when none is";
   if (row->lenient) cell += "; if it fails, the rest is written";
   return cell;
 }
@@ -292,9 +292,8 @@ std::string FlagsOf(const reflect::Schema& schema, const std::string& page, cons
     AddOnce(names, name + (row->parent ? " in " + LinkTo(*row->parent, page, homes) : ""));
   }
   if (names.empty()) return "";
-  return "Flags, empty elements whose presence is the value (`zt_empty_element_type`, whose value "
-         "is "
-         "the name): " +
+  return "Flags (empty elements whose presence is the value; each a `zt_empty_element_type` with "
+         "the element's name as its value): " +
          Join(names) + ".\n\n";
 }
 
@@ -433,7 +432,7 @@ std::string Documents(const std::vector<reflect::Schema>& schemas,
                       const std::map<std::string, std::string>& standards,
                       const std::string& folder) {
   std::string text =
-      "| id | context | root | namespace | standard | |\n|---|---|---|---|---|---|\n";
+      "| id | context | root | namespace | standard | access |\n|---|---|---|---|---|---|\n";
   for (const reflect::Schema& schema : schemas) {
     const XMLSchemaInfo& info = schema.document->info;
     std::vector<std::string> roots;

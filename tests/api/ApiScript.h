@@ -382,7 +382,7 @@ class ApiScript {
   std::size_t m_iSize;
   std::string m_Text;
   std::vector<Object> m_Objects;
-  std::array<XMLContext*, 27> m_Contexts = {};
+  std::array<XMLContext*, XML_SCHEMA_END> m_Contexts = {};
   XMLObject* m_pNamespaces = nullptr;
   std::string m_Broken;
 };

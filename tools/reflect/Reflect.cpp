@@ -247,7 +247,7 @@ bool FindSchema(eXMLSchemaID id, Schema& schema) {
 
 std::vector<Schema> Schemas() {
   std::vector<Schema> schemas;
-  for (int id = XML_SCHEMA_IS_COMPOSING; id <= XML_SCHEMA_NAMESPACE_RETRIEVAL; ++id) {
+  for (int id = 0; id < XML_SCHEMA_END; ++id) {
     Schema schema;
     if (FindSchema(static_cast<eXMLSchemaID>(id), schema)) schemas.push_back(schema);
   }
