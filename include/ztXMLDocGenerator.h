@@ -84,7 +84,7 @@ class ZT_API ZtXMLDocGenerator : public ZtNonCopyable {
   void TextElement(const ZtPiece& name, const ZtPiece& text);
   void Attribute(const ZtPiece& name, const ZtPiece& value, const ZtPiece& suffix, int selfEnd,
                  int close);
-  void Attribute(const ZtPiece& name, const ZtPiece& value);
+  void Attribute(ZtPiece name, ZtPiece value);
   // Puts the end of the start tag behind an attribute that did not end it.
   void CloseTag(bool selfEnd);
 

@@ -286,7 +286,7 @@ void ZtXMLDocGenerator::Attribute(const ZtPiece& name, const ZtPiece& value, con
   }
 }
 
-void ZtXMLDocGenerator::Attribute(const ZtPiece& name, const ZtPiece& value) {
+void ZtXMLDocGenerator::Attribute(ZtPiece name, ZtPiece value) {
   const std::size_t size = sizeof(" =\"\" ") - 1 + name.size + value.size;
   if (buffer && size < kBufferSize - m_iLength) {
     char* const at = Copy(Copy(Copy(buffer + m_iLength, " "), name), "=\"");
@@ -304,8 +304,8 @@ void ZtXMLDocGenerator::CloseTag(bool selfEnd) {
   if (!buffer) return;
   tagOpen = 0;
   if (m_bCutReported) return;
-  --m_iLength;
-  Append(selfEnd ? ZtPiece("/>", 2) : ZtPiece(">", 1));
+  buffer[m_iLength - 1] = selfEnd ? '/' : '>';
+  if (selfEnd) Append(">");
 }
 
 void ZtXMLDocGenerator::ztAddNameSpacePrefixToXml(const char* name, const char* value,
@@ -319,7 +319,7 @@ void ZtXMLDocGenerator::ztXmlSetData(const char* text) { Text(text); }
 
 void ZtXMLDocGenerator::Text(const ZtPiece& text) {
   if (!buffer) return;
-  Append(ZtPiece(">", tagOpen == 1 ? 1U : 0U), OrBlank(text));
+  AppendFast(ZtPiece(">", tagOpen == 1 ? 1U : 0U), OrBlank(text));
   tagOpen = 0;
 }
 
@@ -332,9 +332,13 @@ void ZtXMLDocGenerator::End(const ZtPiece& name) {
 // An element with a text and nothing else.
 void ZtXMLDocGenerator::TextElement(const ZtPiece& name, const ZtPiece& text) {
   if (!buffer || !name.text) return;
-  AppendName("\n<", name, ">");
-  AppendFast(OrBlank(text));
-  AppendName("</", name, ">");
+  if (nsPrefix) {
+    AppendName("\n<", name, ">");
+    AppendFast(OrBlank(text));
+    AppendName("</", name, ">");
+  } else {
+    AppendFast("\n<", name, ">", OrBlank(text), "</", name, ">");
+  }
   tagOpen = 0;
 }
 

@@ -39,7 +39,7 @@ class ZtElementWriter::StartTag {
   StartTag(const StartTag&) = delete;
   StartTag& operator=(const StartTag&) = delete;
 
-  void Add(const ZtPiece& name, const ZtPiece& value) {
+  void Add(ZtPiece name, ZtPiece value) {
     if (!m_bStarted) Open();
     m_bEmpty = false;
     m_Writer.Attribute(name, value);
