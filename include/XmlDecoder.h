@@ -48,9 +48,8 @@ class ZT_API XmlDecoderSchema : public ZtNonCopyable {
   /// The object itself.
   virtual XmlDecoderSchema* Identity() { return this; }
 
- private:
+ protected:
   friend class XmlDecoder;
-  friend class XMLSchemaNamespaceRetrievalDecoder;
 
   // What the parser calls where it knows more than the calls above can say; by default they are
   // made. Start tags of the plain form come in two parts: the start, and the attributes if any.
@@ -86,8 +85,8 @@ class ZT_API XmlDecoder : public ZtNonCopyable {
 
   /// Pushes a copy of `name` on the stack of open elements; null when out of memory or reset.
   BuddyLinkList* PushElement(char* name);
-  /// Takes the innermost open element off the stack; null when there is none. The node and its
-  /// data are the caller's (FreeElement, BuddyLinkList::Release).
+  /// Takes the innermost open element off the stack; null when there is none or no memory. The node
+  /// and its data are the caller's (FreeElement, BuddyLinkList::Release).
   BuddyLinkList* PopElement();
 
   /// Whether the text behind an element's name is a well-formed attribute list: 0, else -1.
@@ -108,7 +107,8 @@ class ZT_API XmlDecoder : public ZtNonCopyable {
   struct OpenElements;
 
   // Reads a whole document of `size` bytes, with a NUL behind them and none among them; they are
-  // borrowed and cut in place, and what the callbacks are handed stays as it is.
+  // borrowed and cut in place, and what the callbacks are handed stays as it is when they are
+  // complete.
   int DecodeWhole(char* text, std::size_t size);
 
   int DecodeAttributes(char* n_strAttrList);

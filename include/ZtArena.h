@@ -9,8 +9,9 @@
 #include "ZtExport.h"
 
 /// Memory for what is read together: the text of a document, the objects made from it, and the
-/// texts of these, which are left in place. It is released with the last object in it, also after
-/// the arena is gone. What lies in one arena belongs to one thread at a time.
+/// texts of these, which are left in place. The text is released with the last object, the objects
+/// in blocks of some kilobytes, also after the arena is gone. What lies in one arena belongs to one
+/// thread at a time.
 class ZT_API ZtArena {
  public:
   ZtArena() = default;
@@ -31,14 +32,15 @@ class ZT_API ZtArena {
   friend void* ZtAllocate(std::size_t size, ZtArena* arena);
   friend void ZtFree(void* piece);
   struct Block;
-  struct Store;
 
   void* Take(std::size_t size);
   bool Grow(std::size_t size);
-  static void Release(Store* store);
+  static void Drop(Block* block);
+  static void Release(Block* block);
+  static void Free(Block* block);
 
-  Store* m_pStore = nullptr;  // of all blocks
-  char* m_pFree = nullptr;    // of the last block: where the next piece goes
+  Block* m_pBlock = nullptr;  // the one that pieces are taken from
+  char* m_pFree = nullptr;    // of it: where the next piece goes
   char* m_pEnd = nullptr;
   std::size_t m_iNext = 0;  // bytes of the next block
   const char* m_pText = nullptr;

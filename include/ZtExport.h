@@ -14,7 +14,8 @@
 class ZtArena;
 
 /// Base of the classes that live on the heap: `new` takes memory from the device platform layer
-/// and yields null when there is none (it never throws or aborts).
+/// and yields null when there is none (it never throws or aborts). The memory is aligned for
+/// members of up to 8 bytes.
 class ZT_API ZtHeapObject {
  public:
   /// Memory of the platform layer, or of an arena; null when there is none.

@@ -1,9 +1,9 @@
 // Members of schema types that own what they hold and free it themselves.
 //
-// What an element takes must be on the heap and recorded in the memory log under tag 14: objects
-// come from a schema's object factory; texts, attributes and lists from zt_xml_common_methods
-// (CreateString, CreateAttribute, CreateElementList). Nothing may be given to two owners, or twice
-// to one list.
+// What an element takes must come from the library and be recorded in the memory log under tag 14:
+// objects from a schema's object factory or out of another tree; texts, attributes and lists from
+// zt_xml_common_methods (CreateString, CreateAttribute, CreateElementList). Nothing may be given to
+// two owners, or twice to one list.
 #ifndef ZTXML_INCLUDE_ZTHOLDERS_H
 #define ZTXML_INCLUDE_ZTHOLDERS_H
 
@@ -37,7 +37,7 @@ class ZT_API ZtText {
   static constexpr unsigned kSizeBits = 8 * sizeof(std::size_t) - 1;
 
   bool Copy(const ZtPiece& text);
-  void Keep(char* text, std::size_t size, std::size_t copy);
+  void Hold(char* text, std::size_t size, bool copy);
 
   char* m_pText = nullptr;
   std::size_t m_iSize : kSizeBits;

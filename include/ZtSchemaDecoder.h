@@ -14,7 +14,6 @@ struct ZtGrammar;
 struct ZtGrammarRow;
 struct ZtChildName;
 struct ZtField;
-struct ZtPiece;
 struct ZtSource;
 class ZtNameId;
 enum class ZtOutcome : unsigned char;
@@ -32,9 +31,12 @@ class ZT_API ZtSchemaDecoder : public XmlDecoderSchema {
   /// The root (an XMLObject*), null until its start tag. The decoder never deletes it.
   void* GetSessionData() override;
 
-  /// What is made lies in `arena` (borrowed) from here on, with the texts of the document that it
-  /// keeps left in place; on the heap without one.
-  void Use(ZtArena& arena) { m_pArena = &arena; }
+  /// Before anything is read: what is made lies in `arena` (borrowed), with the texts of the
+  /// document that it keeps left in place; on the heap without one. A parser then hands its tags
+  /// over whole: the callbacks above, and a derived class's, are not made for each.
+  void Use(ZtArena& arena) {
+    if (!m_pRoot) m_pArena = &arena;
+  }
 
   /// Tells the namespaces that the document declares, a zt_schema_namespace_retrieval. 0 when the
   /// decoder has no use for them, else 1.

@@ -144,7 +144,6 @@ int XmlDecoder::DecodeWhole(char* text, std::size_t size) {
   m_pPendingText = text;
   m_bBorrowed = true;
   m_iLength = size;
-  m_iCapacity = size + 1;
   const int result = Continue();
   DropPending();
   return result;
@@ -312,7 +311,7 @@ int XmlDecoder::OutOfTags(char* position) {
   Log(kZtLogState)("<XML Decoder>:ZT_XML_PARSE_CONTINUE ret:ZT_XML_INCOMPLETE ");
   m_DecodeState = ZT_XML_PARSE_CONTINUE;
   const auto consumed = static_cast<std::size_t>(position - m_pPendingText);
-  if (consumed) {
+  if (consumed && !m_bBorrowed) {
     m_iLength -= consumed;
     __memmove(m_pPendingText, m_iCapacity, position, m_iLength + 1);
   }

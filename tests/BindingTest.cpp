@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "DocumentSupport.h"
+#include "ReginfoDecoder.h"
 #include "TestSupport.h"
 #include "XMLSchemaNameSpaceRetrieval.h"
 #include "XMLValueTypes.h"
@@ -367,6 +368,31 @@ TEST(Binding, EveryAllocationMayFail) {
     }
     EXPECT_GT(nulls, 5);
   }
+}
+
+// The parser hands tags over whole only to decoders of unmarshallers: a caller's class that derives
+// from one and drives it by hand gets every callback.
+TEST(Binding, DerivedDecodersGetEveryCallback) {
+  struct Counting : XMLReginfoDecoder {
+    int elements = 0;
+    int attributes = 0;
+    int ProcessElement(char* name, char* value) override {
+      ++elements;
+      return XMLReginfoDecoder::ProcessElement(name, value);
+    }
+    int ProcessAttribute(char* element, char* name, char* value) override {
+      ++attributes;
+      return XMLReginfoDecoder::ProcessAttribute(element, name, value);
+    }
+  };
+  std::string text = "<reginfo version='1' state='full'><registration aor='a'/></reginfo>";
+  Counting decoder;
+  XmlDecoder parser;
+  parser.SetSchema(&decoder);
+  EXPECT_EQ(parser.Decode(text.data(), static_cast<int>(text.size())), ZT_XML_SUCCESS);
+  Tree<XMLObject> tree(static_cast<XMLObject*>(decoder.GetSessionData()));
+  EXPECT_EQ(decoder.elements, 4);
+  EXPECT_EQ(decoder.attributes, 3);
 }
 
 }  // namespace

@@ -56,7 +56,8 @@ TEST(Hostile, MemoryRunsOutInEveryDocument) {
 }
 
 // The most memory that a byte of a document costs while it is read: a hundred bytes for a blank
-// between empty words, which are objects, too, and thirty for everything else.
+// between empty words, which are objects, too, 45 for roots within each other, and thirty for
+// everything else.
 TEST(Hostile, MemoryIsAConstantTimesTheInput) {
   const struct {
     eXMLSchemaID id;
@@ -76,6 +77,7 @@ TEST(Hostile, MemoryIsAConstantTimesTheInput) {
        "<communication-diversion><cp:ruleset><cp:rule><cp:conditions>", "<busy/>",
        "</cp:conditions></cp:rule></cp:ruleset></communication-diversion>", 30},
       {XML_SCHEMA_REGINFO, "<reginfo>", "x", "</reginfo>", 30},
+      {XML_SCHEMA_IMDN, "", "<imdn>", "", 45},
   };
   for (const auto& test : kCases) {
     std::string text = test.start;

@@ -36,11 +36,11 @@ struct Size {
 #endif
 };
 
-// Stands before each piece: the store of its arena, null on the heap.
+// Stands before each piece: its block, null on the heap.
 struct alignas(kAlignment) Head : Size {
-  void* store;
+  void* block;
 
-  Head(void* s, std::size_t size) : Size(size), store(s) {}
+  Head(void* b, std::size_t size) : Size(size), block(b) {}
 };
 
 constexpr std::size_t Aligned(std::size_t size) {
@@ -55,25 +55,23 @@ void* TakeFromHeap(std::size_t size) {
 
 }  // namespace
 
-// One allocation of an arena; the first has the store and the text behind it.
+// One allocation of an arena: its pieces that are alive, and one more while pieces are taken from
+// it. It goes with the last of them, but the first block, which has the text of all objects, goes
+// last.
 struct alignas(kAlignment) ZtArena::Block : Size {
-  Block* older;
+  Block* first;
+  long live = 1;
+  long blocks = 0;  // of the first: all that are there
 
-  Block(Block* o, std::size_t size) : Size(size), older(o) {}
-};
-
-// What is alive of the arena: its pieces, and itself while it takes from the blocks.
-struct alignas(kAlignment) ZtArena::Store {
-  long live;
-  Block* last;
+  Block(Block* f, std::size_t size) : Size(size), first(f ? f : this) {}
 };
 
 ZtArena::~ZtArena() {
-  if (m_pStore && --m_pStore->live == 0) Release(m_pStore);
+  if (m_pBlock) Drop(m_pBlock);
 }
 
 char* ZtArena::Keep(const char* text, std::size_t size) {
-  if (m_pStore || size > SIZE_MAX / 2) return nullptr;
+  if (m_pBlock || size > SIZE_MAX / 2) return nullptr;
   m_iNext = size < kLeastBlock ? kLeastBlock : size < kFirstBlock ? size : kFirstBlock;
   const std::size_t room = Aligned(size + 1);
   if (!Grow(room)) return nullptr;
@@ -88,43 +86,48 @@ char* ZtArena::Keep(const char* text, std::size_t size) {
 }
 
 inline void* ZtArena::Take(std::size_t size) {
+  if (size > SIZE_MAX / 2) return nullptr;
   const std::size_t room = Aligned(size + sizeof(Head));
   if (static_cast<std::size_t>(m_pEnd - m_pFree) < room && !Grow(room)) return nullptr;
   ASAN_UNPOISON_MEMORY_REGION(m_pFree, sizeof(Head) + size);
-  auto* head = new (m_pFree) Head(m_pStore, size);
+  auto* head = new (m_pFree) Head(m_pBlock, size);
   ASAN_POISON_MEMORY_REGION(head, sizeof(Head));
   m_pFree += room;
-  ++m_pStore->live;
+  ++m_pBlock->live;
   return head + 1;
 }
 
 // A new block with room for `size` bytes and, as pieces follow, for more.
 bool ZtArena::Grow(std::size_t size) {
   if (m_iNext == 0) m_iNext = kFirstBlock;
-  const std::size_t head = sizeof(Block) + (m_pStore ? 0 : sizeof(Store));
-  const std::size_t room = m_pStore && size < m_iNext ? m_iNext : size + m_iNext;
-  auto* memory = static_cast<char*>(__malloc(head + room));
+  const std::size_t room = m_pBlock && size < m_iNext ? m_iNext : size + m_iNext;
+  auto* memory = static_cast<char*>(__malloc(sizeof(Block) + room));
   if (!memory) return false;
-  auto* block = new (memory) Block(m_pStore ? m_pStore->last : nullptr, head + room);
-  if (m_pStore) {
-    m_pStore->last = block;
-  } else {
-    m_pStore = new (memory + sizeof(Block)) Store{1, block};
-  }
-  m_pFree = memory + head;
+  Block* full = m_pBlock;
+  m_pBlock = new (memory) Block(full ? full->first : nullptr, sizeof(Block) + room);
+  ++m_pBlock->first->blocks;
+  if (full) Drop(full);
+  m_pFree = memory + sizeof(Block);
   m_pEnd = m_pFree + room;
   ASAN_POISON_MEMORY_REGION(m_pFree, room);
   m_iNext = 2 * m_iNext < kMostBlock ? 2 * m_iNext : kMostBlock;
   return true;
 }
 
-void ZtArena::Release(Store* store) {
-  for (Block* block = store->last; block;) {
-    Block* older = block->older;
-    ASAN_UNPOISON_MEMORY_REGION(block, block->bytes);
-    __free(block);
-    block = older;
-  }
+// Takes one off what is alive of the block.
+inline void ZtArena::Drop(Block* block) {
+  if (--block->live == 0) Release(block);
+}
+
+void ZtArena::Release(Block* block) {
+  Block* first = block->first;
+  if (block != first) Free(block);
+  if (--first->blocks == 0) Free(first);
+}
+
+void ZtArena::Free(Block* block) {
+  ASAN_UNPOISON_MEMORY_REGION(block, block->bytes);
+  __free(block);
 }
 
 void* ZtAllocate(std::size_t size, ZtArena* arena) {
@@ -138,15 +141,13 @@ void ZtFree(void* piece) {
 #endif
   Head* head = static_cast<Head*>(piece) - 1;
   ASAN_UNPOISON_MEMORY_REGION(head, sizeof(Head));
-  auto* store = static_cast<ZtArena::Store*>(head->store);
-  if (!store) {
+  auto* block = static_cast<ZtArena::Block*>(head->block);
+  if (!block) {
     __free(head);
     return;
   }
   ASAN_POISON_MEMORY_REGION(head, sizeof(Head) + head->bytes);
-  if (--store->live == 0) {
-    ZtArena::Release(store);
-  }
+  ZtArena::Drop(block);
 }
 
 // ---- The library's objects ----------------------------------------------------------------------

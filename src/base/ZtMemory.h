@@ -74,6 +74,7 @@ struct ZtMaker {
 
   template <class T>
   static constexpr ZtMaker Of() {
+    static_assert(alignof(T) <= alignof(unsigned long long), "pieces are aligned for no more");
     return {[](ZtArena* arena) -> Base* { return new (arena) T; }, sizeof(T)};
   }
   Base* Create(const ZtSource& source, int line = __builtin_LINE()) const {

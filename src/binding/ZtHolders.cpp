@@ -59,11 +59,11 @@ ZtText::~ZtText() {
   if (m_bCopy) ZtFree(m_pText);
 }
 
-inline void ZtText::Keep(char* text, std::size_t size, std::size_t copy) {
+inline void ZtText::Hold(char* text, std::size_t size, bool copy) {
   if (m_bCopy) ZtFree(m_pText);
   m_pText = text;
   m_iSize = size & (~std::size_t{0} >> 1);
-  m_bCopy = copy & 1;
+  m_bCopy = copy;
 }
 
 bool ZtText::Set(const ZtPiece& text, const ZtArena* arena) {
@@ -72,7 +72,7 @@ bool ZtText::Set(const ZtPiece& text, const ZtArena* arena) {
   return true;
 }
 
-void ZtText::Refer(const ZtPiece& text) { Keep(const_cast<char*>(text.text), text.size, 0); }
+void ZtText::Refer(const ZtPiece& text) { Hold(const_cast<char*>(text.text), text.size, false); }
 
 bool ZtText::Copy(const ZtPiece& text) {
   char* copy = nullptr;
@@ -83,7 +83,7 @@ bool ZtText::Copy(const ZtPiece& text) {
       copy[text.size] = '\0';
     }
   }
-  Keep(copy, copy ? text.size : 0, copy ? 1 : 0);
+  Hold(copy, copy ? text.size : 0, copy != nullptr);
   return copy || !text.text;
 }
 

@@ -77,7 +77,9 @@ int ZtSchemaDecoder::Element(char* name, const ZtPiece& value) {
   return 0;
 }
 
+// Without an arena a caller drives the parser, whose own class may have the callbacks one by one.
 int ZtSchemaDecoder::ProcessStart(ScannedTag& tag) {
+  if (!m_pArena) return XmlDecoderSchema::ProcessStart(tag);
   if (m_bFailed) return -1;
   if (m_iSkipped) {
     ++m_iSkipped;
@@ -93,6 +95,7 @@ int ZtSchemaDecoder::ProcessStart(ScannedTag& tag) {
 // The parser ends what it has started, so that what was found at the start need not be looked for.
 int ZtSchemaDecoder::ProcessEnd(char* slashName, std::size_t nameSize, char* text,
                                 std::size_t textSize) {
+  if (!m_pArena) return XmlDecoderSchema::ProcessEnd(slashName, nameSize, text, textSize);
   if (m_bFailed) return -1;
   const ZtPiece value(text, textSize);
   if (nameSize > kMostShortName) return Element(slashName, value);
@@ -224,7 +227,8 @@ XMLElement* ZtSchemaDecoder::ProcessAnyElement(char* name, char* value) {
   const ZtGrammarRow* row = child.atEnd ? FindEnd(child.id) : FindStart(child.id);
   if (!row || row->kind != ZtElementKind::kExtension) return nullptr;
   if (!child.atEnd) return StartExtension(*row);
-  Pop();
+  if (m_iDropped || row->type == CurrentType()) Pop();
+  m_Started = Open();
   return nullptr;
 }
 
@@ -259,6 +263,7 @@ int ZtSchemaDecoder::ProcessAttribute(char* element, char* name, char* value) {
 
 // Attributes mostly come in the order of their rows: each is looked for from the last one on.
 void ZtSchemaDecoder::ProcessAttributes(ScannedTag& tag) {
+  if (!m_pArena) return XmlDecoderSchema::ProcessAttributes(tag);
   if (!m_Started.object || m_Stack.empty()) return;
   const ZtElementType& type = *m_Started.type;
   const bool hooked = type.attributeHook || type.textsFromAttributes;
@@ -376,6 +381,7 @@ const ZtElementType* ZtSchemaDecoder::CurrentType() const {
 }
 
 void ZtSchemaDecoder::Push(XMLElement* object, const ZtGrammarRow& row) {
+  m_pText = nullptr;
   if (m_Stack.size() == XmlCodeGenStack::kCapacity - 1) ++m_iDropped;
   m_Stack.push(object);
   if (!m_iDropped) m_Levels[m_Stack.size()] = {row.type, &row};
@@ -383,6 +389,7 @@ void ZtSchemaDecoder::Push(XMLElement* object, const ZtGrammarRow& row) {
 
 // The end of an element that the full stack did not take closes nothing.
 void ZtSchemaDecoder::Pop() {
+  m_pText = nullptr;
   if (m_iDropped) {
     --m_iDropped;
   } else {
