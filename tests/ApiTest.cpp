@@ -13,6 +13,8 @@ namespace {
 TEST(Api, FactoriesMakeWhatTheySayOrNull) {
   for (const ApiTables::Factory& factory : kApiFactories) {
     SCOPED_TRACE(factory.name);
+    const std::string name = factory.name;
+    const LogCapture log;
     for (long n = 1, reached = 1; reached; ++n) {
       zthost::FailAllocation(n, true);
       const Tree<XMLElement> made(factory.make());
@@ -28,6 +30,7 @@ TEST(Api, FactoriesMakeWhatTheySayOrNull) {
         EXPECT_EQ(static_cast<XMLObject*>(made.get())->IsRootElement(), 1);
       }
     }
+    EXPECT_EQ(log.Has("<XML Module>: " + name), name.find("XcapErrorDataBinder") == 0);
   }
 }
 

@@ -273,21 +273,7 @@ TEST(Binding, ForeignPrefixesAreRewrittenByTheDocumentsDeclarations) {
   EXPECT_EQ(rewritten(x, "x:"), "ss:");
   EXPECT_EQ(rewritten(x, "busy"), "busy");
   EXPECT_EQ(rewritten(x + " xmlns='" + kSs + "'", "x:busy"), "ss:busy");
-  EXPECT_EQ(rewritten("xmlns='" + kSs + "' " + x, "x:busy"), "ss:busy");
-  EXPECT_EQ(rewritten(x + " xmlns:y='" + kSs + "'", "x:busy"), "x:busy");  // the last one holds
-  EXPECT_EQ(rewritten(x + " xmlns:y='" + kSs + "'", "y:busy"), "ss:busy");
   EXPECT_EQ(rewritten("xmlns='" + kCp + "'", "cp:rule"), "cp:rule");
-
-  auto binder = retrieval.Read<XMLObject>("<a " + x + " xmlns:y='urn:other'/>");
-  ToyNamespaceDecoder decoder;
-  decoder.SetNameSpaceBinderInfo(nullptr);
-  decoder.SetNameSpaceBinderInfo(binder.get());
-  auto root = Parse(decoder,
-                    "<x:resource-lists><ss:note>ss</ss:note><list><x:note>x</x:note></list>"
-                    "<y:note>y</y:note></x:resource-lists>");
-  ASSERT_TRUE(root);
-  EXPECT_STREQ(root->m_Note.Get(), "ss");
-  EXPECT_STREQ(EntryOf<List>(root->m_Lists.Get(), 0)->m_Note.Get(), "x");
 }
 
 TEST(Binding, DecoderCallbacksByHand) {

@@ -81,10 +81,6 @@ TEST(UnMarshaller, FilesAndTexts) {
   EXPECT_EQ(reader->UnMarshall(static_cast<const char*>(nullptr)), nullptr);
   EXPECT_EQ(reader->UnMarshall(static_cast<XMLFile*>(nullptr)), nullptr);
   EXPECT_TRUE(log.Texts().empty());
-  zthost::FailAllocation(1);
-  EXPECT_EQ(reader->UnMarshall(kReginfo), nullptr);
-  EXPECT_EQ(log.Texts(4), std::vector<std::string>{
-                              "<XML Module>: StrDup failed in ReginfoUnMarshaller::UnMarshall"});
 }
 
 // Each under its own name. (The names themselves stand in the README's table, which is checked.)
