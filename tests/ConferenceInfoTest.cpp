@@ -22,48 +22,21 @@ std::string Out(const std::string& content, const std::string& attributes = "") 
 }
 
 TEST(ConferenceInfo, WritesWhatItReads) {
-  const std::string action = "<x/><when>1</when><reason>2</reason><by>3</by><when a='b'>4</when>";
-  const std::string actionOut = "\n<when>4</when>\n<reason>2</reason>\n<by>3</by>";
   const struct {
     std::string in;
     std::string out;
   } kCases[] = {
-      {"<conference-description a='1' b='2'><free-text>f</free-text><subject>s</subject>"
-       "<display-text xml:lang='en'>d</display-text><maximum-user-count>7</maximum-user-count>"
-       "<x><subject>no</subject></x></conference-description>",
-       "\n<conference-description  a=\"1\"  b=\"2\">\n<display-text>d</display-text>"
-       "\n<subject>s</subject>\n<free-text>f</free-text>"
-       "\n<maximum-user-count>7</maximum-user-count></conference-description>"},
       {"<conference-description><keywords a='1'>one  two </keywords><maximum-user-count>0"
        "</maximum-user-count></conference-description>",
        "\n<conference-description>\n<keywords>one  two </keywords></conference-description>"},
       {"<conference-description><keywords>old</keywords><keywords></keywords>"
        "</conference-description>",
        "\n<conference-description>\n<keywords></keywords></conference-description>"},
-      {"<conference-description><service-uris/><conf-uris state='deleted' a='1'><entry b='2'>"
-       "<purpose>p</purpose><display-text>d</display-text><uri>u</uri><modified c='3'>" +
-           action + "</modified></entry><entry/></conf-uris></conference-description>",
-       "\n<conference-description>\n<conf-uris  state=\"deleted\"  a=\"1\">\n<entry  b=\"2\">"
-       "\n<uri>u</uri>\n<display-text>d</display-text>\n<purpose>p</purpose>"
-       "\n<modified  c=\"3\">" +
-           actionOut +
-           "</modified></entry>\n<entry></entry></conf-uris>\n<service-uris></service-uris>"
-           "</conference-description>"},
       {"<conference-state/>",
        "\n<conference-state>\n<active>false</active>\n<locked>false</locked></conference-state>"},
-      {"<users a='1' state='partial'><user b='2' entity='u' state='full'><cascaded-focus>c"
-       "</cascaded-focus><languages>de  en</languages><roles z='z'><entry>r1</entry><entry>r2"
-       "</entry></roles><associated-aors><entry><uri>u</uri></entry></associated-aors>"
-       "<display-text>d</display-text><media id='no'/><entry>no</entry></user><user/></users>",
-       "\n<users  state=\"partial\"  a=\"1\">\n<user  state=\"full\"  entity=\"u\"  b=\"2\">"
-       "\n<display-text>d</display-text>\n<associated-aors>\n<entry>\n<uri>u</uri></entry>"
-       "</associated-aors>\n<roles  z=\"z\">\n<entry>r1</entry>\n<entry>r2</entry></roles>"
-       "\n<languages>de  en</languages>\n<cascaded-focus>c</cascaded-focus></user>"
-       "\n<user></user></users>"},
-      {"<sidebars-by-val a='1' state='partial'><entry version='3' entity='s' x='y' state='full'>"
-       "<users/></entry></sidebars-by-val>",
-       "\n<sidebars-by-val  state=\"partial\"  a=\"1\">\n<entry  state=\"full\"  version=\"3\"  "
-       "x=\"y\"  entity=\"s\">\n<users></users></entry></sidebars-by-val>"},
+      {"<users><user><languages>de  en</languages><media id='no'/><entry>no</entry></user><user/>"
+       "</users>",
+       "\n<users>\n<user>\n<languages>de  en</languages></user>\n<user></user></users>"},
       // Elements in another's place are unknown.
       {"<user entity='no'/><uris/><entry/><available-media/><sip/><languages>no</languages>", ""},
   };
@@ -87,7 +60,7 @@ TEST(ConferenceInfo, ValuesAreKnownByTheirBeginnings) {
   } kCases[] = {
       {"pending", "dialed-in", "departed", {0, 0, 0}},
       {"disconnected", "focus-owner", "busy", {8, 2, 3}},
-      {"muted-via-focus-ish", "dialed-outx", "booted-ish", {6, 1, 1}},
+      {"muted-via-focus-ish", "dialed-out-ish", "booted-ish", {6, 1, 1}},
       {"Pending", "", "Busy", {9, 3, 5}},  // absent, but for the last, which is one more
   };
   Schema schema(XML_SCHEMA_CONFERENCE_INFO);
@@ -103,7 +76,7 @@ TEST(ConferenceInfo, ValuesAreKnownByTheirBeginnings) {
     EXPECT_EQ(static_cast<unsigned>(endpoint->getDisconnectionMethodValue()), values[2]);
     const std::string text = schema.Write(root.get());
     EXPECT_EQ(text.find("<endpoint></endpoint>") != std::string::npos, values[0] == 9) << text;
-    EXPECT_EQ(text.find("-ish") + text.find("outx") + 2, 0u);
+    EXPECT_EQ(text.find("-ish"), std::string::npos) << text;
   }
 }
 

@@ -52,10 +52,6 @@ TEST(Presence, WritesWhatItReads) {
           "<tuple id='b'><status><basic>open</basic><basic>opened</basic></status></tuple>"),
        Out("<tuple  id=\"a\"><status><basic>closed</basic></status></tuple>"
            "<tuple  id=\"b\"><status></status></tuple>")},
-      {InTuple("<service-description><description>d</description><x>y</x><o:version>1</o:version>"
-               "<service-id>s</service-id></service-description>"),
-       OutTuple("<op:service-description><op:service-id>s</op:service-id><op:version>1</op:version>"
-                "<op:description>d</op:description></op:service-description>")},
       {InTuple(
            "<servcaps><video>false</video><audio>true</audio></servcaps>"
            "<c:servcaps><c:video>true</c:video><audio>false</audio></c:servcaps>"

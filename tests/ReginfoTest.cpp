@@ -179,7 +179,6 @@ TEST(Reginfo, HooksAnswerAndLog) {
       {root, "@foo", nullptr, 0, "zt_reginfo" + attribute + cannot + "attribute foo"},
       {reg, "@state", nullptr, 1, ""},
       {device, "foo", nullptr, 1, cannot.substr(1) + "element foo"},
-      {device, "uri", nullptr, 1, ""},
       {device, "/uri", &gruu, 0, ""},
       {device, "/uri", nullptr, 1, ""},
       {unknown, "/unknown-param", nullptr, 1, ""},

@@ -24,7 +24,6 @@ TEST(SmallDocuments, WriteWhatTheyRead) {
     const char* in;
     const char* out;
   } kCases[] = {
-      {XML_SCHEMA_FILE, "<file xmlns='u'/>", "<file></file>"},
       {XML_SCHEMA_FILE,
        "<f:file><f:file-info type='file' a='b'><data url='u' x='y' until='t' etag='e'>text</data>"
        "<file-size>123</file-size><file-name>n</file-name></f:file-info><file-info><file-size>0"
@@ -47,16 +46,6 @@ TEST(SmallDocuments, WriteWhatTheyRead) {
        "\n<url>u&amp;</url></term>\n<term></term></rcs-terms-info>"},
       {XML_SCHEMA_RCS_TERMS_INFO, "<rcs-terms-info version='0'/>",
        "<rcs-terms-info></rcs-terms-info>"},
-      {XML_SCHEMA_BOOTSTRAPPING_INFO,
-       "<b:BootstrappingInfo xmlns:b='uri:3gpp-gba'><b:lifetime>l</b:lifetime><b:btid>b</b:btid>"
-       "</b:BootstrappingInfo>",
-       "<BootstrappingInfo  xmlns=\"uri:3gpp-gba\">\n<btid>b</btid>\n<lifetime>l</lifetime>"
-       "</BootstrappingInfo>"},
-      {XML_SCHEMA_CALL_WAITING_INDICATION,
-       "<3gpp-ims version='1'><alternative-service><action><call-waiting-indication/></action>"
-       "</alternative-service></3gpp-ims>",
-       "<3gpp-ims  version=\"1\">\n<alternative-service>\n<action>\n<call-waiting-indication/>"
-       "</action></alternative-service></3gpp-ims>"},
       {XML_SCHEMA_CALL_WAITING_INDICATION,
        "<3gpp-ims><alternative-service><action>x</action></alternative-service></3gpp-ims>",
        "<3gpp-ims>\n<alternative-service>\n<action></action></alternative-service></3gpp-ims>"},
@@ -74,7 +63,6 @@ TEST(SmallDocuments, WriteWhatTheyRead) {
     EXPECT_EQ(text, test.out ? kHeader + test.out : "(null)") << test.in;
     if (!test.out) continue;
     EXPECT_EQ(schema.RoundTrip(text), text);
-    ExpectWholeOrNothing(schema, test.in);
   }
 }
 

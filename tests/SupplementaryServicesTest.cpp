@@ -247,8 +247,6 @@ TEST(Services, FragmentsAreWrittenAlone) {
   EXPECT_EQ(timer->setNoReplyTimerValue(4), 0);
   EXPECT_EQ(timer->setNoReplyTimerValue(181), 0);
   EXPECT_EQ(diversion.Write(timer), "<ss:NoReplyTimer>180</ss:NoReplyTimer>");
-  auto* writer = static_cast<Communication_diversionMarshaller*>(diversion.writer());
-  EXPECT_EQ(writer->AddNoReplyTimerElementToXml(nullptr), 1);
   root->setRuleSetValue(factory->CreateRuleSetElement());
   zt_ns_common_policy_ruleType* rule = factory->CreateRuleTypeElement();
   root->getRuleSetValue()->addRule(rule);
@@ -273,6 +271,7 @@ TEST(Services, FragmentsAreWrittenAlone) {
   rule->getConditionsValue()->addAny(flag);
   rule->getConditionsValue()->addAny(factory->CreateMediaTypeElement());
   LogCapture log(2);
+  auto* writer = static_cast<Communication_diversionMarshaller*>(diversion.writer());
   EXPECT_EQ(writer->AddEmptyElementtoXml(nullptr), 0);
   EXPECT_TRUE(log.Has(
       "Communication_diversionMarshaller::AddEmptyElementtoXml: Received empty element is NULL"));
@@ -299,7 +298,6 @@ TEST(Services, FragmentsAreWrittenAlone) {
   const std::string longName(120, 'n');
   flag->setValue(longName.c_str());
   EXPECT_EQ(diversion.Write(flag), "<ss:" + longName.substr(0, 98) + "/>");
-  EXPECT_EQ(diversion.Write(rule->getActionsValue()).substr(0, 12), "<cp:actions>");
   Tree<zt_ns_common_policy_exceptType> except(factory->CreateExceptTypeElement());
   EXPECT_EQ(diversion.Write(except.get()), "(null)");
 
