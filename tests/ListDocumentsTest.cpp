@@ -12,20 +12,11 @@ namespace {
 
 const std::string kModule = "<XML Module>: ";
 
-// A whole document as it is written: a line break before each start tag, double quotes.
-std::string Out(const std::string& content) {
-  std::string text = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>";
-  for (std::size_t i = 0; i < content.size(); ++i) {
-    if (content[i] == '<' && content[i + 1] != '/') text += '\n';
-    text += content[i] == '\'' ? '"' : content[i];
-  }
-  return text;
-}
 std::string InLists(const std::string& content) {
   return "<resource-lists>" + content + "</resource-lists>";
 }
 std::string OutLists(const std::string& content, const std::string& attributes = "") {
-  return Out(
+  return Document(
       "<resource-lists  xmlns='urn:ietf:params:xml:ns:resource-lists'  "
       "xmlns:xsi='http://www.w3.org/2001/XMLSchema-instance'  "
       "xmlns:cp='urn:ietf:params:xml:ns:copycontrol'" +
@@ -34,15 +25,15 @@ std::string OutLists(const std::string& content, const std::string& attributes =
 std::string InRlmi(const std::string& content) { return "<list uri='u'>" + content + "</list>"; }
 std::string OutRlmi(const std::string& content,
                     const std::string& rest = "  uri='u'  version='0'  fullState='false'") {
-  return Out("<list  xmlns='urn:ietf:params:xml:ns:rlmi'" + rest + ">" + content + "</list>");
+  return Document("<list  xmlns='urn:ietf:params:xml:ns:rlmi'" + rest + ">" + content + "</list>");
 }
 std::string InRls(const std::string& content) {
   return "<r:rls-services xmlns:r='u' a='1'><service uri='s'>" + content +
          "</service></r:rls-services>";
 }
 std::string OutRls(const std::string& content, const std::string& attributes = "  uri='s'") {
-  return Out("<rls-services  xmlns='urn:ietf:params:xml:ns:rls-services'><service" + attributes +
-             ">" + content + "</service></rls-services>");
+  return Document("<rls-services  xmlns='urn:ietf:params:xml:ns:rls-services'><service" +
+                  attributes + ">" + content + "</service></rls-services>");
 }
 
 using Cases = std::vector<std::pair<std::string, std::string>>;
@@ -205,12 +196,6 @@ TEST(ListDocuments, EveryWriterTellsWhatFails) {
                 "Instance state", {"Instance", "Resource"});
   ExpectFailure(kRls, "<rls-services><service/></rls-services>", "Service Uri", {"Service"});
   ExpectFailure(kRls, InRls("<list><entry/></list>"), "Entry Uri", {"Entry", "List", "Service"});
-}
-
-// An object of another class that a cast makes pass for a T.
-template <class T>
-T* Foreign() {
-  return static_cast<T*>(static_cast<XMLElement*>(ZtCreate<zt_string>("t")));
 }
 
 TEST(ResourceLists, BuiltByHand) {

@@ -10,21 +10,14 @@
 
 namespace {
 
-// A document with `content`, and the same as it is written: each start tag on a line of its own.
 std::string In(const std::string& content) {
   return "<presence entity='e'>" + content + "</presence>";
 }
 std::string Out(const std::string& content) {
-  std::string out =
-      "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<presence  xmlns=\"urn:ietf:params:xml:ns:pidf\""
-      "  xmlns:op=\"urn:oma:xml:prs:pidf:oma-pres\"  "
-      "xmlns:caps=\"urn:ietf:params:xml:ns:pidf:caps\""
-      "  entity=\"e\">";
-  for (std::size_t i = 0; i < content.size(); ++i) {
-    if (content[i] == '<' && content[i + 1] != '/') out += '\n';
-    out += content[i];
-  }
-  return out + "</presence>";
+  return Document(
+      "<presence  xmlns='urn:ietf:params:xml:ns:pidf'  xmlns:op='urn:oma:xml:prs:pidf:oma-pres'  "
+      "xmlns:caps='urn:ietf:params:xml:ns:pidf:caps'  entity='e'>" +
+      content + "</presence>");
 }
 std::string InTuple(const std::string& content) {
   return In("<tuple id='t'>" + content + "</tuple>");
@@ -91,12 +84,6 @@ class Changing : public zt_ns_oma_pres_service_description {
   }
   mutable int m_Asked = 0;
 };
-
-// An object of another class that a cast makes pass for a T.
-template <class T>
-T* Foreign() {
-  return static_cast<T*>(static_cast<XMLElement*>(ZtCreate<zt_string>("t")));
-}
 
 TEST(Presence, EveryWriterTellsWhatFails) {
   using Status = PresenceNameSpace::zt_status;

@@ -156,8 +156,6 @@ TEST(Simservs, TellsWhatItDid) {
   EXPECT_EQ(log.Count("SimservsMarshaller XML - Communication Barring Marshalling Success"), 4);
   EXPECT_EQ(log.Count("SimservsMarshaller XML - TIP Marshalling Success"), 2);
   EXPECT_EQ(log.Count("SimservsMarshaller GetKeyAtIndex failed"), 2);
-  EXPECT_TRUE(log.Has("<XML Module>: SimservsMarshaller :: Marshall: Deleting SimservsXml"));
-  EXPECT_TRUE(log.Has("<XML Module>: SimservsMarshaller XML <?xml"));
 }
 
 TEST(Simservs, PublicSteps) {
