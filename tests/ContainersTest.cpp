@@ -140,6 +140,8 @@ TEST(XmlValues, CopyTheirTexts) {
   zt_string text;
   zt_empty_element_type empty;
   zt_AttributeValuePair pair;
+  EXPECT_EQ(std::string(pair.BaseClassName()) + ' ' + pair.ElementName(),
+            "XMLAttribute AttributeValuePair");
   char name[] = "name";
   EXPECT_TRUE(text.ProcessUnMarshall(name, name, &empty) && pair.ReservedHook() == 0);
   EXPECT_TRUE(text.setValue(name) && pair.setName(name) && pair.setValue(name));

@@ -147,12 +147,14 @@ TEST(Reginfo, NullForWhatIsNoReginfo) {
     EXPECT_FALSE(schema.Read<zt_reginfo>(text)) << text;
   }
   // A second root replaces the first, whose elements may still be open.
-  auto root = schema.Read<zt_reginfo>(
-      "<reginfo version='1'><registration aor='a'><reginfo version='2'><registration "
-      "aor='b'/></reginfo><contact id='c'/></registration></reginfo>");
+  const std::string text =
+      "<reginfo version='1'><registration aor='a'><reginfo version='2' state='full'><registration "
+      "aor='b' state='init'/></reginfo><contact id='c'/></registration></reginfo>";
+  auto root = schema.Read<zt_reginfo>(text);
   ASSERT_TRUE(root);
   EXPECT_EQ(root->getVersionValue(), 2U);
   EXPECT_EQ(CountOf(root->getRegistrationListValue()), 1);
+  ExpectWholeOrNothing(schema, text);
 }
 
 TEST(Reginfo, HooksAnswerAndLog) {
