@@ -59,8 +59,14 @@ TEST(ConferenceInfo, ValuesAreKnownByTheirBeginnings) {
     unsigned values[3];
   } kCases[] = {
       {"pending", "dialed-in", "departed", {0, 0, 0}},
-      {"disconnected", "focus-owner", "busy", {8, 2, 3}},
-      {"muted-via-focus-ish", "dialed-out-ish", "booted-ish", {6, 1, 1}},
+      {"dialing-out", "dialed-out", "booted", {1, 1, 1}},
+      {"dialing-in-ish", "focus-owner-ish", "failed-ish", {2, 2, 2}},
+      {"alerting", "none", "busy", {3, 3, 3}},
+      {"on-hold", "none", "none", {4, 3, 5}},
+      {"connected", "none", "none", {5, 3, 5}},
+      {"muted-via-focus", "none", "none", {6, 3, 5}},
+      {"disconnecting", "none", "none", {7, 3, 5}},
+      {"disconnected", "none", "none", {8, 3, 5}},
       {"Pending", "", "Busy", {9, 3, 5}},  // absent, but for the last, which is one more
   };
   Schema schema(XML_SCHEMA_CONFERENCE_INFO);
