@@ -230,13 +230,14 @@ TEST(Api, OfferedChildrenAreTakenOrNot) {
   for (const ZtElementType* type : ApiTables::kTypes) {
     for (const ZtField& field : *type) {
       const bool child = field.place == ZtPlace::kChild || field.place == ZtPlace::kChildren;
-      if (!child || field.madeHere) continue;
-      std::string name = std::string(field.atEnd ? "/" : "") + ZtName(field.name), text = "a b";
+      if (!child) continue;
+      std::string name = ZtName(field.name), text = "a b";
+      if (field.atEnd || field.madeHere) name.insert(0, "/");
       const Tree<XMLElement> sparse(type->maker.Create("tests/ApiTest")),
           foreign(ZtCreate<zt_string>("tests/ApiTest"));
-      for (XMLElement* other : {static_cast<XMLElement*>(nullptr), foreign.get()}) {
-        EXPECT_EQ(sparse->ProcessUnMarshall(name.data(), text.data(), other), 0) << name;
-      }
+      EXPECT_EQ(sparse->ProcessUnMarshall(name.data(), text.data(), foreign.get()), 0) << name;
+      if (field.madeHere) continue;
+      EXPECT_EQ(sparse->ProcessUnMarshall(name.data(), text.data(), nullptr), 0) << name;
       for (long n = 1, reached = 1; reached; ++n) {
         const Tree<XMLElement> parent(type->maker.Create("tests/ApiTest"));
         Tree<XMLElement> offered(field.detail.type->maker.Create("tests/ApiTest"));

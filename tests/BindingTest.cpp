@@ -147,6 +147,7 @@ std::string Written(List* list) {
   writer.ztInitXmlDoc();
   const int result =
       ZtElementWriter(writer, {"tests/Toy", "Toy"}).Write(list, List::kType, XML_STR_ZT_NULL);
+  if (!writer.ztGetXmlDoc() || writer.outOfMemory()) return "(null)";
   return (result ? "" : "failed:") + std::string(writer.ztGetXmlDoc());
 }
 
@@ -302,6 +303,17 @@ TEST(Binding, DecoderCallbacksByHand) {
   Tree<List> tree(static_cast<List*>(static_cast<XMLObject*>(decoder.GetSessionData())));
   EXPECT_EQ(tree->m_Id.Get(), nullptr);
   EXPECT_EQ(EntryOf<List>(tree->m_Lists.Get(), 0)->m_Id.Get(), nullptr);
+}
+
+// With every object and text on the heap, as without an unmarshaller.
+TEST(Binding, EveryAllocationMayFail) {
+  ExpectWholeOrNothing([] {
+    auto root = Parse(
+        "<resource-lists id='i' x='y'><note>n</note><keywords>k</keywords><alt-value>a</alt-value>"
+        "<list x='y'><busy/></list><resource uri='u'/><resource-lists><entry uri='v'/>"
+        "</resource-lists></resource-lists>");
+    return root ? Written(root.get()) : "(null)";
+  });
 }
 
 }  // namespace

@@ -220,9 +220,12 @@ TEST(ResourceLists, BuiltByHand) {
   EXPECT_EQ(schema.Write(root.get()), "(null)");
   EXPECT_TRUE(log.Has(kModule + "AddDisplayNameElementToXml XML Failed!"));
 
-  // What no name tells of is kept.
-  std::string end = "/x";
+  // A member stands under its own name; what no name tells of is kept.
+  std::string name = "entry", end = "/x";
   Tree<XMLElement> other(make.CreateListType());
+  for (XMLElement* none : {other.get(), static_cast<XMLElement*>(nullptr)}) {
+    EXPECT_EQ(list->ProcessUnMarshall(name.data(), nullptr, none), 0);
+  }
   EXPECT_EQ(root->ProcessUnMarshall(end.data(), nullptr, other.get()), 1);
   EXPECT_EQ(EntryOf<XMLElement>(root->getAnyElementValue(), 0), other.release());
 }
