@@ -140,20 +140,13 @@ TEST(ConferenceInfo, BuiltByTheFactory) {
     if (*tag) word->setValue(tag);
     languages->addLanguage(word);
   }
-  zt_sidebars_by_val_type* sidebars = factory->CreateSideBarsByValueType();
-  root->setSidebarsByValValue(sidebars);
-  zt_conference_type* sidebar = factory->CreateConferenceInfoType();
-  sidebar->setEntityValue("s");
-  sidebar->setConferenceStateValue(factory->CreateConferenceStateType());
-  sidebar->getConferenceStateValue()->setActiveValue(1);
-  sidebar->getConferenceStateValue()->setLockedValue(2);
-  sidebars->addEntry(sidebar);
-  EXPECT_EQ(schema.Write(root.get()),
-            Out("\n<users>\n<user>\n<languages>en de</languages></user></users>"
-                "\n<sidebars-by-val>\n<entry  entity=\"s\">\n<conference-state>"
-                "\n<active>true</active>\n<locked>false</locked></conference-state></entry>"
-                "</sidebars-by-val>"));
-
+  root->setConferenceStateValue(factory->CreateConferenceStateType());
+  root->getConferenceStateValue()->setActiveValue(1);
+  root->getConferenceStateValue()->setLockedValue(2);
+  EXPECT_EQ(
+      schema.Write(root.get()),
+      Out("\n<conference-state>\n<active>true</active>\n<locked>false</locked>"
+          "</conference-state>\n<users>\n<user>\n<languages>en de</languages></user></users>"));
   // Names are not words.
   std::string end = "/languages", text = "a b";
   EXPECT_EQ(user->ProcessUnMarshall(end.data(), text.data(), factory->CreateUserLanguagesType()),

@@ -13,6 +13,9 @@
 #include "base/ZtMemory.h"
 #include "ztHostPlatform.h"
 
+/// How most lines of the documents begin.
+inline const std::string kModule = "<XML Module>: ";
+
 struct TreeDeleter {
   void operator()(XMLElement* element) const { XMLFactory::DeleteElement(element); }
 };

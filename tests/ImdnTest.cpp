@@ -10,8 +10,6 @@
 
 namespace {
 
-const std::string kModule = "<XML Module>: ";
-
 std::string Out(const std::string& content, const std::string& attributes = "") {
   return "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<imdn  "
          "xmlns=\"urn:ietf:params:xml:ns:imdn\"" +
@@ -134,7 +132,6 @@ TEST(Imdn, HooksKeepWhatTheyKnow) {
   zt_status status;
   zt_error error;
   const std::tuple<XMLElement&, std::string, XMLElement*, int> kCases[] = {
-      {status, "/stored", &error, 0},
       {status, "other", &error, 1},  // dropped: only the plain class is kept, and the values
       {status, "other", ZtCreate<Plain>("tests/Imdn"), 1},
       {status, "/error", ZtCreate<zt_error>("tests/Imdn"), 1},

@@ -10,8 +10,6 @@
 
 namespace {
 
-const std::string kModule = "<XML Module>: ";
-
 std::string InLists(const std::string& content) {
   return "<resource-lists>" + content + "</resource-lists>";
 }

@@ -49,11 +49,6 @@ TEST(SmallDocuments, WriteWhatTheyRead) {
       {XML_SCHEMA_CALL_WAITING_INDICATION,
        "<3gpp-ims><alternative-service><action>x</action></alternative-service></3gpp-ims>",
        "<3gpp-ims>\n<alternative-service>\n<action></action></alternative-service></3gpp-ims>"},
-      {XML_SCHEMA_CW_INDICATION,
-       "<ims-3gpp version='1'><service-info>s</service-info><alternative-service><action>a</action>"
-       "<reason>r</reason><type><emergency/></type></alternative-service></ims-3gpp>",
-       "<ims-3gpp  version=\"1\">\n<alternative-service>\n<type></type>\n<reason>r</reason>"
-       "\n<action>a</action></alternative-service>\n<service-info>s</service-info></ims-3gpp>"},
       {XML_SCHEMA_CW_INDICATION, "<3gpp-ims/>", nullptr},
       {XML_SCHEMA_CALL_WAITING_INDICATION, "<ims-3gpp/>", nullptr},
   };

@@ -10,8 +10,6 @@
 
 namespace {
 
-const std::string kModule = "<XML Module>: ";
-
 std::string Out(const std::string& folder) {
   return "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<xcap-directory  "
          "xmlns=\"urn:oma:xml:xdm:xcap-directory\">\n<folder  auid=\"a\">" +

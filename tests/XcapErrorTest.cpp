@@ -12,7 +12,6 @@
 
 namespace {
 
-const std::string kModule = "<XML Module>: ";
 const std::string kMarshaller = kModule + "Xcap_ErrorMarshall";
 
 std::string Out(const std::string& content) {
