@@ -136,16 +136,12 @@ TEST(XmlNames, OneInstanceIsShared) {
   for (std::thread& thread : threads) thread.join();
 }
 
-TEST(XmlValues, TellTheirTypesAndCopyTheirTexts) {
+TEST(XmlValues, CopyTheirTexts) {
   zt_string text;
   zt_empty_element_type empty;
   zt_AttributeValuePair pair;
-  const auto type = [](const auto& of) {
-    return std::string(of.ClassName()) + ' ' + of.BaseClassName() + ' ' + of.ElementName();
-  };
-  EXPECT_EQ(type(text), "zt_string XMLElement string_class");
-  EXPECT_EQ(type(empty), "zt_empty_element_type XMLElement empty_element");
-  EXPECT_EQ(type(pair), "zt_AttributeValuePair XMLAttribute AttributeValuePair");
+  EXPECT_EQ(std::string(pair.BaseClassName()) + ' ' + pair.ElementName(),
+            "XMLAttribute AttributeValuePair");
   char name[] = "name";
   EXPECT_TRUE(text.ProcessUnMarshall(name, name, &empty) && pair.ReservedHook() == 0);
   EXPECT_TRUE(text.setValue(name) && pair.setName(name) && pair.setValue(name));

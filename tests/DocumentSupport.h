@@ -9,7 +9,12 @@
 #include "TestSupport.h"
 #include "XMLFactory.h"
 #include "XMLList.h"
+#include "XMLValueTypes.h"
+#include "base/ZtMemory.h"
 #include "ztHostPlatform.h"
+
+/// How most lines of the documents begin.
+inline const std::string kModule = "<XML Module>: ";
 
 struct TreeDeleter {
   void operator()(XMLElement* element) const { XMLFactory::DeleteElement(element); }
@@ -70,6 +75,22 @@ inline int CountOf(ZtSingleElementList* list) { return list ? list->GetCount() :
 template <class T>
 T* EntryOf(ZtSingleElementList* list, unsigned short index) {
   return list ? static_cast<T*>(static_cast<XMLElement*>(list->GetKeyAtIndex(index))) : nullptr;
+}
+
+/// An object of another class that a cast makes pass for a T.
+template <class T>
+T* Foreign() {
+  return static_cast<T*>(static_cast<XMLElement*>(ZtCreate<zt_string>("tests/Foreign")));
+}
+
+/// A whole document as it is written: a line break before each start tag, double quotes.
+inline std::string Document(const std::string& content) {
+  std::string text = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>";
+  for (std::size_t i = 0; i < content.size(); ++i) {
+    if (content[i] == '<' && content[i + 1] != '/') text += '\n';
+    text += content[i] == '\'' ? '"' : content[i];
+  }
+  return text;
 }
 
 #endif  // ZTXML_TESTS_DOCUMENTSUPPORT_H

@@ -70,18 +70,6 @@ TEST_F(XmlFiles, ReadsWholeFilesAgainAndAgain) {
   EXPECT_EQ(FreeDescriptor(), descriptor);
 }
 
-TEST_F(XmlFiles, EveryAllocationMayFail) {
-  ExpectWholeOrNothing([&] {
-    XMLFile write(Path("file").c_str(), XML_FILE_WRITE);
-    if (!write.Write("<a/>")) return std::string("(null)");
-    write.CloseFile();
-    XMLFile read(Path("file").c_str(), XML_FILE_READ);
-    const char* text = read.Read();
-    return std::string(text ? text : "(null)");
-  });
-  Logged();
-}
-
 TEST_F(XmlFiles, RefusesToReadWhatIsNoDocument) {
   ASSERT_EQ(mkfifo(Path("fifo").c_str(), 0600), 0);
   for (const char* name : {"empty", "huge"}) std::ofstream(Path(name)).close();

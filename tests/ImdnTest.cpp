@@ -10,8 +10,6 @@
 
 namespace {
 
-const std::string kModule = "<XML Module>: ";
-
 std::string Out(const std::string& content, const std::string& attributes = "") {
   return "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<imdn  "
          "xmlns=\"urn:ietf:params:xml:ns:imdn\"" +
@@ -106,12 +104,9 @@ TEST(Imdn, TreeKeepsWhatIsUnknown) {
   Schema schema(XML_SCHEMA_IMDN);
   LogCapture log;
   auto root = schema.Read<zt_imdn>(
-      "<imdn a='1'><message-id>m</message-id><n:odd b='2'><odd/></n:odd><display-notification>"
-      "<status c='3' d='4'><displayed/><any>t</any></status></display-notification>"
-      "<error/><status><failed/></status></imdn>");
+      "<imdn><n:odd b='2'><odd/></n:odd><display-notification><status><any>t</any></status>"
+      "</display-notification><error/><status><failed/></status></imdn>");
   ASSERT_TRUE(root);
-  EXPECT_STREQ(root->getMessageIdValue(), "m");
-  EXPECT_EQ(CountOf(root->getAnyAttributeValue()), 1);
   ASSERT_EQ(CountOf(root->getAnyElementValue()), 3);
   unsigned short index = 0;
   for (const char* name : {"odd", "error", "status"}) {
@@ -121,9 +116,6 @@ TEST(Imdn, TreeKeepsWhatIsUnknown) {
     EXPECT_STREQ(unknown->getValue(), name);
     EXPECT_EQ(unknown->getPresentValue(), 1);
   }
-  zt_status* status = root->getDisplayNotificationValue()->getStatusValue();
-  EXPECT_EQ(CountOf(status->getAnyAttributeValue()), 2);
-  EXPECT_EQ(status->getAnyElementValue(), nullptr);
   EXPECT_EQ(log.Count("Cannot accommodate"), 2);
   EXPECT_TRUE(log.Has("Cannot accommodate the element /any with value t"));
 }
@@ -137,15 +129,9 @@ class Plain : public XMLElement {
 };
 
 TEST(Imdn, HooksKeepWhatTheyKnow) {
-  zt_imdn root;
   zt_status status;
-  zt_delivery_notification delivery;
   zt_error error;
   const std::tuple<XMLElement&, std::string, XMLElement*, int> kCases[] = {
-      {root, "processing-notification", &delivery, 0},
-      {delivery, "other", &error, 1},
-      {status, "/delivered", nullptr, 0},
-      {status, "/stored", &error, 0},
       {status, "other", &error, 1},  // dropped: only the plain class is kept, and the values
       {status, "other", ZtCreate<Plain>("tests/Imdn"), 1},
       {status, "/error", ZtCreate<zt_error>("tests/Imdn"), 1},
@@ -186,32 +172,12 @@ TEST(Imdn, BuiltByHand) {
   delivery->setStatusValue(status);
   root->setDeliveryNotificationValue(delivery);
   status->setFailedValue(factory->CreateFailedElement());
-  std::string made;
-  for (XMLElement* element : std::initializer_list<XMLElement*>{
-           factory->CreateDisplayNotification(), factory->CreateProcesssingNotification(),
-           factory->CreateDeliveredElement(), factory->CreateDisplayedElement(),
-           factory->CreateProcessedElement(), factory->CreateStoredElement(),
-           factory->CreateForbiddenElement(), factory->CreateErrorElement()}) {
-    made += std::string(element->ClassName()) + " ";
-    root->addAnyElement(element);
-  }
-  EXPECT_EQ(made,
-            "zt_display_notification zt_processing_notification zt_delivered zt_displayed "
-            "zt_processed zt_stored zt_forbidden zt_error ");
   status->setAnyAttributeValue(zt_xml_common_methods::CreateElementList());
   const std::string text = Out(OutNotification("delivery-notification", "failed"));
-  LogCapture log;
   EXPECT_EQ(schema.Write(root.get()), text);
-  EXPECT_EQ(log.Texts().back(), kModule + "Marshall XML " + text);
   // With an attribute list the last attribute closes the start tag: an empty one leaves it open.
   root->setAnyAttributeValue(zt_xml_common_methods::CreateElementList());
   EXPECT_EQ(schema.Write(root.get()), std::string(text).replace(text.find(":imdn\">") + 6, 1, " "));
-  log.Clear();
-  EXPECT_EQ(schema.Write(status), "(null)");
-  EXPECT_EQ(log.Texts(),
-            (std::vector<std::string>{kModule + "IMDNMarshaller :: Marshall",
-                                      kModule + "IMDNMarshaller :: Marshall: Deleting mIMDNXml",
-                                      kModule + "Marshall XML Failed!"}));
   auto* pair = ZtCreate<zt_AttributeValuePair>("tests/Imdn");
   pair->setName("n");
   status->addAnyAttribute(pair);

@@ -50,21 +50,10 @@ TEST(Reginfo, WritesWhatItReads) {
            "<registration aor='a' id='r' state='terminated'/><registration aor='b' state=''/>"),
        OutReginfo("\n<registration  aor=\"a\"  id=\"r\"  state=\"terminated\"></registration>"
                   "\n<registration  aor=\"b\"  id=\"\"  state=\"terminated\"></registration>")},
-      {InContact("cseq='9' callid='i' q='0.5' retry-after='3' expires='2' duration-registered='1' "
-                 "event='rejected' state='terminated' id='c'"),
-       OutContact("state=\"terminated\"  event=\"rejected\"  duration-registered=\"1\"  "
-                  "expires=\"2\"  retry-after=\"3\"  q=\"0.5\"  callid=\"i\"  cseq=\"9\"  "
-                  "id=\"c\"")},
       {InContact("id='c' state='active' event='expired' expires='0' cseq=' 18446744073709551616x' "
                  "retry-after='-5' foo='x' q=''"),
        OutContact("state=\"active\"  event=\"expired\"  q=\"\"  "
                   "cseq=\"18446744073709551615\"  id=\"c\"")},
-      {InContact(kIn, "<uri>sip:u</uri><n:display-name>A &amp; B</n:display-name>"),
-       OutContact(kOut, "\n<uri>sip:u</uri>\n<display-name>A &amp; B</display-name>")},
-      {InContact(kIn, "<unknown-param name='n'>v</unknown-param><unknown-param name='&quot;'/>"),
-       OutContact(kOut,
-                  "\n<unknown-param  name=\"n\">v</unknown-param>"
-                  "\n<unknown-param  name=\"&quot;\"></unknown-param>")},
       {InContact(kIn,
                  "<gr:temp-gruu uri='t'/><pub-gruu uri='p' x='y'/><g:temp-gruu uri='s' "
                  "first-cseq='54301'></g:temp-gruu>"),
@@ -129,55 +118,43 @@ TEST(Reginfo, RefusesWhatLacksSomethingRequired) {
   }
 }
 
-TEST(Reginfo, TreeTellsWhatTheDocumentSays) {
+TEST(Reginfo, ValuesPastTheirOwn) {
   Schema schema(XML_SCHEMA_REGINFO);
   auto root = schema.Read<zt_reginfo>(
-      "<reginfo version='4294967296' state='partially'><registration aor='sip:a' id='r1' "
-      "state='activex'><contact id='c1' state='terminatedx' event='initial' q='1' q='2'><uri>sip:u"
-      "</uri><uri>sip:v</uri><gr:pub-gruu uri='p'/></contact><contact state='registered' "
-      "event='created'/><contact state='none' event='none'/></registration><other/></reginfo>");
-  ASSERT_TRUE(root);
+      "<reginfo version='4294967296' state='partially'><registration state='activex'>"
+      "<contact state='terminatedx' event='initial'><uri>sip:u</uri><uri>sip:v</uri></contact>"
+      "<contact state='registered' event='created'/><contact state='none' event='none'/>"
+      "</registration></reginfo>");
   EXPECT_EQ(root->getVersionValue(), 0xFFFFFFFFU);
   EXPECT_EQ(root->getStateValue(), ZT_REGINFO_STATE_PARTIAL);
-  EXPECT_EQ(root->getAnyElementValue(), nullptr);
-  ASSERT_EQ(CountOf(root->getRegistrationListValue()), 1);
   auto* registration = EntryOf<zt_registration>(root->getRegistrationListValue(), 0);
-  EXPECT_STREQ(registration->getAorValue(), "sip:a");
-  EXPECT_STREQ(registration->getIdValue(), "r1");
   EXPECT_EQ(registration->getStateValue(), ZT_REGISTRATION_STATE_ACTIVE);
-  ASSERT_EQ(CountOf(registration->getContactListValue()), 3);
   const unsigned kStates[] = {1, 2, 3};
   const unsigned kEvents[] = {9, 1, 10};
   for (unsigned short i = 0; i < 3; ++i) {
     auto* contact = EntryOf<zt_ns_reginfo_contact>(registration->getContactListValue(), i);
     EXPECT_EQ(contact->getStateValue(), kStates[i]);
     EXPECT_EQ(contact->getEventValue(), kEvents[i]);
+    EXPECT_STREQ(contact->getUriValue(), i == 0 ? "sip:v" : nullptr);
   }
-  auto* contact = EntryOf<zt_ns_reginfo_contact>(registration->getContactListValue(), 0);
-  EXPECT_STREQ(contact->getUriValue(), "sip:v");
-  EXPECT_STREQ(contact->getQValue(), "2");
-  EXPECT_EQ(contact->getDisplayNameValue(), nullptr);
-  ASSERT_EQ(CountOf(contact->getAnyElementValue()), 1);
-  auto* gruu = EntryOf<zt_pub_gruu>(contact->getAnyElementValue(), 0);
-  EXPECT_STREQ(gruu->ClassName(), "zt_pub_gruu");
-  EXPECT_STREQ(gruu->getUriValue(), "p");
 }
 
 TEST(Reginfo, NullForWhatIsNoReginfo) {
   Schema schema(XML_SCHEMA_REGINFO);
   for (const char* text :
-       {"<x><reginfo state='full'/></x>", "<reginfo><registration></reginfo>",
-        "<reginfo state='full'><registration aor='a'>", "<Reginfo/>", "", "text", "<reginfo a=b/>",
-        "<registration aor='a'/>", "<reginfo state='full'>< /reginfo><//reginfo></reginfo>"}) {
+       {"<x><reginfo state='full'/></x>", "<Reginfo/>", "", "<registration aor='a'/>",
+        "<reginfo state='full'>< /reginfo><//reginfo></reginfo>"}) {
     EXPECT_FALSE(schema.Read<zt_reginfo>(text)) << text;
   }
   // A second root replaces the first, whose elements may still be open.
-  auto root = schema.Read<zt_reginfo>(
-      "<reginfo version='1'><registration aor='a'><reginfo version='2'><registration "
-      "aor='b'/></reginfo><contact id='c'/></registration></reginfo>");
+  const std::string text =
+      "<reginfo version='1'><registration aor='a'><reginfo version='2' state='full'><registration "
+      "aor='b' state='init'/></reginfo><contact id='c'/></registration></reginfo>";
+  auto root = schema.Read<zt_reginfo>(text);
   ASSERT_TRUE(root);
   EXPECT_EQ(root->getVersionValue(), 2U);
   EXPECT_EQ(CountOf(root->getRegistrationListValue()), 1);
+  ExpectWholeOrNothing(schema, text);
 }
 
 TEST(Reginfo, HooksAnswerAndLog) {
@@ -186,7 +163,6 @@ TEST(Reginfo, HooksAnswerAndLog) {
   zt_ns_reginfo_contact device;
   zt_unknown_param unknown;
   zt_pub_gruu gruu;
-  zt_ns_gruuinfo_tempGruu nsGruu;
   const std::string element = "::ProcessUnMarshall", attribute = element + "Attribute",
                     cannot = " Cannot accommodate the ";
   const struct {
@@ -203,19 +179,12 @@ TEST(Reginfo, HooksAnswerAndLog) {
            ": pElementName is zt_ns_reginfo_contact while ClassName is zt_registration"},
       {root, "foo", nullptr, 1, "zt_reginfo" + element + cannot + "element foo"},
       {root, "@foo", nullptr, 0, "zt_reginfo" + attribute + cannot + "attribute foo"},
-      {reg, "contact", &root, 0,
-       "zt_registration" + element +
-           ": pElementName is zt_reginfo while ClassName is zt_ns_reginfo_contact"},
       {reg, "@state", nullptr, 1, ""},
       {device, "foo", nullptr, 1, cannot.substr(1) + "element foo"},
-      {device, "uri", nullptr, 1, ""},
       {device, "/uri", &gruu, 0, ""},
       {device, "/uri", nullptr, 1, ""},
       {unknown, "/unknown-param", nullptr, 1, ""},
-      {unknown, "foo", &gruu, 1, cannot.substr(1) + "element foo"},
       {gruu, "@foo", nullptr, 0, "<XML Module>: Any attribute is not allowed in class zt_pub_gruu"},
-      {nsGruu, "@foo", nullptr, 0,
-       "<XML Module>: Any attribute is not allowed in class zt_ns_gruuinfo_tempGruu"},
   };
   for (const auto& test : kCases) {
     LogCapture log;
@@ -243,42 +212,26 @@ TEST(Reginfo, BuiltByHand) {
   root->setStateValue(ZT_REGINFO_STATE_FULL);
   auto* registration = factory->CreateRegistrationElement();
   ASSERT_EQ(root->addRegistration(registration), 1);
-  EXPECT_EQ(root->addRegistration(nullptr), 0);
   registration->setAorValue("sip:\"a\"");
   registration->setStateValue(ZT_REGISTRATION_STATE_INIT);
   auto* contact = factory->CreateContactElement();
   registration->addContact(contact);
   contact->setStateValue(ZT_CONTACT_STATE_ACTIVE);
   contact->setEventValue(ZT_CONTACT_EVENT_PROBATION);
-  contact->setIdValue("old");
   contact->setIdValue("c");
-  contact->setQValue("1");
-  contact->setQValue(nullptr);
   auto* param = factory->CreateUnknownParamElement();
   param->setNameValue("n");
   contact->addUnknownParam(param);
   contact->addAnyElement(factory->CreateTempGruuElement());
   contact->addAnyElement(factory->CreateRegistrationElement());  // no writer for it here
-  const std::string expected = OutReginfo(
-      "\n<registration  aor=\"sip:&quot;a&quot;\"  id=\"\"  state=\"init\">\n<contact  "
-      "state=\"active\"  event=\"probation\"  id=\"c\">\n<unknown-param  name=\"n\"> "
-      "</unknown-param>\n<gr:temp-gruu  first-cseq=\"0\" </contact></registration>");
   LogCapture log;
-  EXPECT_EQ(schema.Write(root.get()), expected);
+  EXPECT_EQ(
+      schema.Write(root.get()),
+      OutReginfo("\n<registration  aor=\"sip:&quot;a&quot;\"  id=\"\"  state=\"init\">\n<contact  "
+                 "state=\"active\"  event=\"probation\"  id=\"c\">\n<unknown-param  name=\"n\"> "
+                 "</unknown-param>\n<gr:temp-gruu  first-cseq=\"0\" </contact></registration>"));
   EXPECT_EQ(log.Count("cannot accommodate any element classname: zt_registration"), 1);
-  EXPECT_EQ(log.Count("ReginfoMarshaller :: Marshall: Deleting mReginfoXml"), 0);
-  EXPECT_EQ(schema.Write(root.get()), expected);
-  EXPECT_EQ(log.Count("ReginfoMarshaller :: Marshall: Deleting mReginfoXml"), 1);
-  EXPECT_EQ(log.Count("ReginfoMarshaller XML <?xml"), 2);
-  EXPECT_EQ(schema.writer()->Marshall(nullptr), nullptr);
-  // The same list again changes nothing; another one replaces it with what it holds.
-  EXPECT_EQ(root->setRegistrationListValue(root->getRegistrationListValue()), 1);
-  EXPECT_EQ(CountOf(root->getRegistrationListValue()), 1);
-  EXPECT_EQ(root->setRegistrationListValue(zt_xml_common_methods::CreateElementList()), 1);
-  EXPECT_EQ(schema.Write(root.get()), OutReginfo(""));
-  // An object of another class, as root or in a list, is not written.
-  zt_registration foreign;
-  EXPECT_EQ(schema.Write(&foreign), "(null)");
+  // An object of another class in a list is not written.
   root->addRegistration(reinterpret_cast<zt_registration*>(
       static_cast<XMLElement*>(factory->CreateContactElement())));
   EXPECT_EQ(schema.Write(root.get()), "(null)");
@@ -294,21 +247,14 @@ TEST(Gruu, ReadAndWrittenAlone) {
   EXPECT_EQ(schema.RoundTrip("<gruu uri='a'/>"), "(null)");
   LogCapture log;
   EXPECT_EQ(schema.RoundTrip("<temp-gruu first-cseq='1'/>"), "(null)");
-  for (const char* line :
-       {"<XML Module>: In GruuUnMarshaller::UnMarshall with pXmlString=<temp-gruu first-cseq='1'/>",
-        "<XML Module>: Xml Decoder Success", "<XML Module>: GruuMarshaller :: Marshall",
-        "<XML Module>: GruuMarshaller :: Marshall: obj is pub-gruu",
-        "<XML Module>: AddTempGruuElementToXml: Uri is a mandatory attribute",
-        "<XML Module>: GruuMarshaller XML Failed at AddTempGruuElementToXml!"}) {
+  for (const char* line : {"<XML Module>: Xml Decoder Success",
+                           "<XML Module>: GruuMarshaller :: Marshall: obj is pub-gruu",
+                           "<XML Module>: AddTempGruuElementToXml: Uri is a mandatory attribute",
+                           "<XML Module>: GruuMarshaller XML Failed at AddTempGruuElementToXml!"}) {
     EXPECT_TRUE(log.Has(line)) << line;
   }
-  schema.writer()->Marshall(nullptr);
-  EXPECT_TRUE(log.Has("<XML Module>: GruuMarshaller :: Incoming obj is NULL"));
   EXPECT_EQ(schema.RoundTrip("<pub-gruu>"), "(null)");
   EXPECT_TRUE(log.Has("<XML Module>: Xml Decoder failed because of some error in XML"));
-  zt_reginfo foreign;
-  EXPECT_EQ(schema.Write(&foreign), "(null)");
-  EXPECT_TRUE(log.Has("<XML Module>: GruuMarshaller XML Failed!"));
 }
 
 TEST(Gruu, FactoryMakesTheTypeThatWasSet) {
@@ -329,7 +275,6 @@ TEST(Gruu, FactoryMakesTheTypeThatWasSet) {
     if (root) {
       EXPECT_STREQ(root->ClassName(), className);
       EXPECT_EQ(root->IsRootElement(), 1);
-      EXPECT_STREQ(root->BaseClassName(), "XMLObject");
     }
   }
 }

@@ -10,8 +10,6 @@
 
 namespace {
 
-const std::string kModule = "<XML Module>: ";
-
 std::string Out(const std::string& folder) {
   return "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<xcap-directory  "
          "xmlns=\"urn:oma:xml:xdm:xcap-directory\">\n<folder  auid=\"a\">" +
@@ -72,14 +70,9 @@ TEST(XcapDirectory, BuiltByHand) {
   Tree<zt_xcap_directory> root(static_cast<zt_xcap_directory*>(factory->CreateRootElement()));
   zt_folder* folder = factory->CreateFolderElement();
   zt_entry* entry = factory->CreateEntryElement();
-  std::string text = "12";
-  const std::tuple<XMLElement&, std::string, XMLElement*, int> kCases[] = {
-      {*root, "folder", nullptr, 0}, {*root, "folder", entry, 0},
-      {*root, "folder", folder, 1},  {*folder, "entry", nullptr, 0},
-      {*folder, "entry", folder, 0}, {*folder, "/error-code", nullptr, 1}};
-  for (auto [self, name, child, result] : kCases) {
-    EXPECT_EQ(self.ProcessUnMarshall(name.data(), text.data(), child), result) << name;
-  }
+  std::string end = "/error-code", text = "12";
+  EXPECT_EQ(folder->ProcessUnMarshall(end.data(), text.data(), nullptr), 1);
+  root->addFolder(folder);
   folder->setAuidValue("a");
   folder->setEntryListValue(zt_xml_common_methods::CreateElementList());  // as good as none
   EXPECT_EQ(schema.Write(root.get()), Out("\n<error-code>12</error-code>"));
@@ -88,16 +81,8 @@ TEST(XcapDirectory, BuiltByHand) {
   entry->setEtagValue("e");
   entry->setSizeValue(12);
   entry->addAnyAttribute(zt_xml_common_methods::CreateAttribute("other", "v"));
-  const std::string whole = Out("\n<entry  uri=\"u\"  size=\"12\"  other=\"v\"  etag=\"e\"/>");
-  LogCapture log;
-  EXPECT_EQ(schema.Write(root.get()), whole);
-  const std::string marshaller = kModule + "XcapDirectoryMarshaller";
-  EXPECT_EQ(
-      log.Texts(),
-      (std::vector{marshaller + " :: Marshall",
-                   marshaller + " :: Marshall: Deleting mXcapDirectoryXml",
-                   kModule + "AddXcapDirectoryElementToXml", kModule + "AddFolderElementToXml",
-                   kModule + "AddEntryElementToXml", marshaller + " XML " + whole}));
+  EXPECT_EQ(schema.Write(root.get()),
+            Out("\n<entry  uri=\"u\"  size=\"12\"  other=\"v\"  etag=\"e\"/>"));
 }
 
 }  // namespace
