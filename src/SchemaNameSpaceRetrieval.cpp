@@ -30,7 +30,7 @@ int XMLSchemaNamespaceRetrievalDecoder::ProcessAttribute(char* element, char* na
 int XMLSchemaNamespaceRetrievalDecoder::ProcessStart(ScannedTag&) { return 0; }
 
 void XMLSchemaNamespaceRetrievalDecoder::ProcessAttributes(ScannedTag& tag) {
-  XmlDecoderSchema::ProcessAttributes(tag);
+  XmlDecoderSchema::ProcessAttributes(tag);  // NOLINT(bugprone-parent-virtual-call): one by one
 }
 
 int XMLSchemaNamespaceRetrievalDecoder::ProcessEnd(char*, std::size_t, char*, std::size_t) {

@@ -50,7 +50,9 @@ constexpr std::size_t Aligned(std::size_t size) {
 void* TakeFromHeap(std::size_t size) {
   if (size > SIZE_MAX - sizeof(Head)) return nullptr;
   void* memory = __malloc(size + sizeof(Head));
-  return memory ? new (memory) Head(nullptr, size) + 1 : nullptr;
+  if (!memory) return nullptr;
+  Head* head = new (memory) Head(nullptr, size);
+  return head + 1;
 }
 
 }  // namespace

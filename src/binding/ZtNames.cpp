@@ -19,7 +19,9 @@ const char kZtExtraNames[kZtExtraNameCount][kZtExtraNameSize] = {
 namespace {
 
 constexpr std::size_t Hash(const char* text, std::size_t size) {
-  const auto at = [text](std::size_t i) { return static_cast<unsigned char>(text[i]); };
+  const auto at = [text](std::size_t i) -> std::size_t {
+    return static_cast<unsigned char>(text[i]);
+  };
   return size * 19 + at(0) * 67 + at(size / 2) * 257 + at(size - 1);
 }
 

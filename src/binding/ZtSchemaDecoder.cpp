@@ -86,7 +86,7 @@ int ZtSchemaDecoder::ProcessStart(ScannedTag& tag) {
     return 0;
   }
   char* local = tag.NameSize() < kMostShortName ? LocalPart(tag.name, tag.colon) : nullptr;
-  if (!local) return Element(tag.name, nullptr);
+  if (!local) return ZtSchemaDecoder::ProcessElement(tag.name, nullptr);
   const ZtChildName name(local, static_cast<std::size_t>(tag.nameEnd - local));
   if (!Start(Current(), name)) m_iSkipped = 1;
   return 0;
@@ -99,12 +99,11 @@ int ZtSchemaDecoder::ProcessEnd(char* slashName, std::size_t nameSize, char* tex
   if (m_bFailed) return -1;
   const ZtPiece value(text, textSize);
   if (nameSize > kMostShortName) return Element(slashName, value);
-  if (m_iSkipped == 1 && m_bOfferEnd && m_pText) {
+  if (m_iSkipped == 1 && m_bOfferEnd && m_pText && CurrentType()) {
     m_iSkipped = 0;
     m_Started = Open();
-    const Open current = Current();
-    const ZtSource source = {current.type->family->source, m_pArena};
-    const ZtOutcome outcome = ZtStoreText(*current.object, *m_pText, value, source);
+    const ZtSource source = {CurrentType()->family->source, m_pArena};
+    const ZtOutcome outcome = ZtStoreText(*Current().object, *m_pText, value, source);
     if (outcome == ZtOutcome::kNoMemory) m_bFailed = true;
     return 0;
   }
