@@ -15,6 +15,9 @@ struct ZtListNode {
 /// Singly linked list of untyped pointers. It owns its nodes and never what they point to. A list
 /// inside a schema type holds exactly XMLElement* (children) or exactly XMLAttribute* (attributes).
 class ZT_API ZtSingleElementList : public ZtNonCopyable {
+  template <class Item>
+  friend class ZtOwnedList;
+
  public:
   ZtSingleElementList();
   ~ZtSingleElementList();

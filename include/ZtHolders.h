@@ -78,7 +78,7 @@ class ZT_API ZtOwnedList {
   int Add(Item* item, const char* source = "src/XMLList", ZtArena* arena = nullptr);
   ZtSingleElementList* Get() const { return m_pList; }
   /// The first node, null when there is none.
-  ZtListNode* Head() const { return m_pList ? m_pList->GetPtrToListHead() : nullptr; }
+  ZtListNode* Head() const { return m_pList ? m_pList->m_pHead : nullptr; }
 
  private:
   ZtSingleElementList* m_pList = nullptr;

@@ -74,30 +74,27 @@ class ZT_API ZtXMLDocGenerator : public ZtNonCopyable {
   bool outOfMemory() const { return m_bOutOfMemory; }
 
  private:
-  friend class ZtElementWriter;
+  friend class ZtPen;
 
-  // What the calls above do, for names of known size.
-  void Start(const ZtPiece& name, int leaveOpen);
-  void StartEmpty(const ZtPiece& name);
-  void End(const ZtPiece& name);
-  void Text(const ZtPiece& text);
-  void TextElement(const ZtPiece& name, const ZtPiece& text);
-  void Attribute(const ZtPiece& name, const ZtPiece& value, const ZtPiece& suffix, int selfEnd,
-                 int close);
-  void Attribute(ZtPiece name, ZtPiece value);
+  // What the calls above do, for names of known size and for a prefix that outlives its use.
+  void UsePrefix(ZtPiece prefix);
+  void Start(ZtPiece name, int leaveOpen);
+  void StartEmpty(ZtPiece name);
+  void End(ZtPiece name);
+  void Text(ZtPiece text);
+  void TextElement(ZtPiece name, ZtPiece text);
+  void Attribute(ZtPiece name, ZtPiece value, ZtPiece suffix, int selfEnd, int close);
   // Puts the end of the start tag behind an attribute that did not end it.
   void CloseTag(bool selfEnd);
 
   template <class... Parts>
   void Append(const Parts&... parts);
-  template <class... Parts>
-  void AppendFast(const Parts&... parts);
   template <class Lead, class Tail>
-  void AppendName(const Lead& lead, const ZtPiece& name, const Tail& tail);
+  void AppendName(const Lead& lead, ZtPiece name, const Tail& tail);
   template <class... Lead>
-  void AppendAttribute(const ZtPiece& value, const ZtPiece& end, const Lead&... lead);
-  void AppendCut(const ZtPiece& piece);
-  ZtPiece Value(const ZtPiece& value, char*& escaped);
+  void AppendAttribute(ZtPiece value, ZtPiece end, const Lead&... lead);
+  void AppendCut(ZtPiece piece);
+  ZtPiece Value(ZtPiece value, char*& escaped);
   ZtPiece EndOfAttribute(int selfEnd, int close, bool blank);
 
   int initialised;
@@ -105,10 +102,12 @@ class ZT_API ZtXMLDocGenerator : public ZtNonCopyable {
   int headerAllowed;
   int tagOpen;
   char* buffer;    // owned
-  char* nsPrefix;  // owned
+  char* nsPrefix;  // owned, unless it is borrowed
 
-  std::size_t m_iLength;      // of the text, so that an append costs its own size only
+  char* m_pAt;                // the end of the text, so that an append costs its own size only
+  char* m_pEnd;               // of the buffer, less one for the NUL; null without it
   std::size_t m_iPrefixSize;  // of nsPrefix
+  bool m_bPrefixBorrowed;
   bool m_bCutReported;
   bool m_bOutOfMemory;
 };

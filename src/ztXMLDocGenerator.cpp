@@ -1,7 +1,5 @@
 #include "ztXMLDocGenerator.h"
 
-#include <cstdint>
-
 #include "base/ZtLog.h"
 
 namespace {
@@ -10,81 +8,8 @@ constexpr int kEscapeLine = 880;  // the line under which log readers know this 
 constexpr char kQuote[] = "&quot;";
 constexpr std::size_t kQuoteGrowth = sizeof(kQuote) - 2;
 
-// Parts of the text: literals, of which the compiler knows the sizes, and pieces.
-template <std::size_t N>
-constexpr std::size_t SizeOf(const char (&)[N]) {
-  return N - 1;
-}
-constexpr std::size_t SizeOf(const ZtPiece& piece) { return piece.size; }
-
-template <std::size_t N>
-char* Copy(char* to, const char (&literal)[N]) {
-  std::memcpy(to, literal, N - 1);
-  return to + N - 1;
-}
-// Most pieces are short: a call would cost more than the copy.
-char* CopyLong(char* to, const char* from, std::size_t size) {
-  if (size > 32) {
-    std::memcpy(to, from, size);
-  } else {
-    std::memcpy(to, from, 16);
-    std::memcpy(to + size - 16, from + size - 16, 16);
-  }
-  return to + size;
-}
-inline __attribute__((always_inline)) char* Copy(char* to, const ZtPiece& piece) {
-  const char* from = piece.text;
-  const std::size_t size = piece.size;
-  if (size > 16) return CopyLong(to, from, size);
-  if (size >= 8) {
-    std::memcpy(to, from, 8);
-    std::memcpy(to + size - 8, from + size - 8, 8);
-  } else if (size >= 4) {
-    std::memcpy(to, from, 4);
-    std::memcpy(to + size - 4, from + size - 4, 4);
-  } else if (size) {
-    to[0] = from[0];
-    to[size / 2] = from[size / 2];
-    to[size - 1] = from[size - 1];
-  }
-  return to + size;
-}
-
-// Whether one of the bytes in the word is a double quote.
-template <class Word>
-bool HasQuote(Word word) {
-  constexpr Word kOnes = static_cast<Word>(~Word{0}) / 255;
-  const Word other = word ^ (kOnes * '"');
-  return ((other - kOnes) & ~other & (kOnes * 128)) != 0;
-}
-
-// Copies a value of a word or more; false when it holds a double quote.
-template <class Word>
-bool CopyWords(char* to, const char* from, std::size_t size) {
-  const std::size_t last = size - sizeof(Word);
-  for (std::size_t i = 0;; i += sizeof(Word)) {
-    if (i > last) i = last;
-    Word word;
-    std::memcpy(&word, from + i, sizeof(word));
-    if (HasQuote(word)) return false;
-    std::memcpy(to + i, &word, sizeof(word));
-    if (i == last) return true;
-  }
-}
-
-bool CopyUnquoted(char* to, const ZtPiece& value) {
-  const char* from = value.text;
-  if (value.size >= sizeof(std::uint64_t)) return CopyWords<std::uint64_t>(to, from, value.size);
-  if (value.size >= sizeof(std::uint32_t)) return CopyWords<std::uint32_t>(to, from, value.size);
-  for (std::size_t i = 0; i < value.size; ++i) {
-    if (from[i] == '"') return false;
-    to[i] = from[i];
-  }
-  return true;
-}
-
 // An absent text is written as a blank.
-ZtPiece OrBlank(const ZtPiece& text) { return text.text ? text : ZtPiece(" ", 1); }
+ZtPiece OrBlank(ZtPiece text) { return text.text ? text : ZtPiece(" ", 1); }
 }  // namespace
 
 ZtXMLDocGenerator::ZtXMLDocGenerator()
@@ -94,30 +19,19 @@ ZtXMLDocGenerator::ZtXMLDocGenerator()
       tagOpen(0),
       buffer(nullptr),
       nsPrefix(nullptr),
-      m_iLength(0),
+      m_pAt(nullptr),
+      m_pEnd(nullptr),
       m_iPrefixSize(0),
+      m_bPrefixBorrowed(false),
       m_bCutReported(false),
       m_bOutOfMemory(false) {}
 
-ZtXMLDocGenerator::~ZtXMLDocGenerator() {
-  __free(buffer);
-  __free(nsPrefix);
-}
+ZtXMLDocGenerator::~ZtXMLDocGenerator() { ztDeInitXmlDoc(); }
 
 // Appends the parts up to the end of the buffer.
 template <class... Parts>
 void ZtXMLDocGenerator::Append(const Parts&... parts) {
   (AppendCut(parts), ...);
-}
-
-// The same for what is written often: all at once when they fit.
-template <class... Parts>
-void ZtXMLDocGenerator::AppendFast(const Parts&... parts) {
-  const std::size_t size = (SizeOf(parts) + ...);
-  if (size > kBufferSize - 1 - m_iLength) return Append(parts...);
-  char* to = buffer + m_iLength;
-  ((to = Copy(to, parts)), ...);
-  m_iLength += size;
 }
 
 // ---- Document -----------------------------------------------------------------------------------
@@ -127,26 +41,27 @@ void ZtXMLDocGenerator::ztInitXmlDoc() {
   ztDeInitXmlDoc();
   buffer = static_cast<char*>(__malloc(kBufferSize));
   m_bOutOfMemory = !buffer;
+  m_pAt = buffer;
+  m_pEnd = buffer ? buffer + kBufferSize - 1 : nullptr;
   initialised = 1;
 }
 
 void ZtXMLDocGenerator::ztDeInitXmlDoc() {
+  UsePrefix(nullptr);
   __free(buffer);
-  __free(nsPrefix);
-  buffer = nsPrefix = nullptr;
+  buffer = m_pAt = m_pEnd = nullptr;
   initialised = headerAdded = headerAllowed = tagOpen = 0;
-  m_iLength = m_iPrefixSize = 0;
   m_bCutReported = false;
 }
 
 char* ZtXMLDocGenerator::ztGetXmlDoc() {
-  if (buffer) buffer[m_iLength] = '\0';
+  if (buffer) *m_pAt = '\0';
   return buffer;
 }
 
 void ZtXMLDocGenerator::ztAddHeader(const char* version, const char* encoding) {
-  if (!buffer || headerAdded != 0 || (m_iLength != 0 && headerAllowed != 1)) return;
-  m_iLength = 0;
+  if (!buffer || headerAdded != 0 || (m_pAt != buffer && headerAllowed != 1)) return;
+  m_pAt = buffer;
   Append("<?xml version=\"", ZtPiece(version ? version : "1.0"), "\" encoding=\"",
          ZtPiece(encoding ? encoding : "ISO-8859-15"), "\"?>");
   headerAdded = 1;
@@ -155,9 +70,8 @@ void ZtXMLDocGenerator::ztAddHeader(const char* version, const char* encoding) {
 void ZtXMLDocGenerator::ztResetHeader() {
   if (!buffer) return;
   headerAdded = headerAllowed = tagOpen = 0;
-  __free(nsPrefix);
-  nsPrefix = nullptr;
-  m_iLength = m_iPrefixSize = 0;
+  UsePrefix(nullptr);
+  m_pAt = buffer;
   m_bCutReported = false;
 }
 
@@ -167,27 +81,33 @@ void ZtXMLDocGenerator::ztAddComment(const char* text) {
 }
 
 void ZtXMLDocGenerator::ztSetXmlNamespace(const char* prefix) {
-  if (!buffer || m_iLength == kBufferSize - 1) return;
+  if (!buffer || m_pAt == m_pEnd) return;
   char* copy = prefix ? __strdup(prefix) : nullptr;
   if (prefix && !copy) m_bOutOfMemory = true;
-  m_iPrefixSize = copy ? __strlen(copy) : 0;
-  __free(nsPrefix);
-  nsPrefix = copy;
+  UsePrefix(copy);
+  m_bPrefixBorrowed = false;
+}
+
+void ZtXMLDocGenerator::UsePrefix(ZtPiece prefix) {
+  if (!m_bPrefixBorrowed) __free(nsPrefix);
+  nsPrefix = const_cast<char*>(prefix.text);
+  m_iPrefixSize = prefix.size;
+  m_bPrefixBorrowed = true;
 }
 
 // ---- Start tags ---------------------------------------------------------------------------------
 
 // `lead`, the name with the current prefix, `tail`.
 template <class Lead, class Tail>
-void ZtXMLDocGenerator::AppendName(const Lead& lead, const ZtPiece& name, const Tail& tail) {
+void ZtXMLDocGenerator::AppendName(const Lead& lead, ZtPiece name, const Tail& tail) {
   if (nsPrefix) {
-    AppendFast(lead, ZtPiece(nsPrefix, m_iPrefixSize), ":", name, tail);
+    Append(lead, ZtPiece(nsPrefix, m_iPrefixSize), ":", name, tail);
   } else {
-    AppendFast(lead, name, tail);
+    Append(lead, name, tail);
   }
 }
 
-void ZtXMLDocGenerator::Start(const ZtPiece& name, int leaveOpen) {
+void ZtXMLDocGenerator::Start(ZtPiece name, int leaveOpen) {
   if (!buffer || !name.text) return;
   tagOpen = leaveOpen;
   if (leaveOpen == 1) {
@@ -223,7 +143,7 @@ void ZtXMLDocGenerator::ztStartElementNs(const char* name, const char* prefix, c
          ZtPiece(leaveOpen == 1 ? " " : ">", 1));
 }
 
-void ZtXMLDocGenerator::StartEmpty(const ZtPiece& name) {
+void ZtXMLDocGenerator::StartEmpty(ZtPiece name) {
   if (buffer && name.text) AppendName("\n<", name, "/>");
 }
 
@@ -239,7 +159,7 @@ ZtPiece ZtXMLDocGenerator::EndOfAttribute(int selfEnd, int close, bool blank) {
 }
 
 // The value as it is written; `escaped` is to be freed behind its use.
-ZtPiece ZtXMLDocGenerator::Value(const ZtPiece& value, char*& escaped) {
+ZtPiece ZtXMLDocGenerator::Value(ZtPiece value, char*& escaped) {
   if (!value.size || !std::memchr(value.text, '"', value.size)) return value;
   escaped = escapeString(value.text);
   if (!escaped) m_bOutOfMemory = true;
@@ -248,8 +168,7 @@ ZtPiece ZtXMLDocGenerator::Value(const ZtPiece& value, char*& escaped) {
 
 // `lead`, the attribute's name, value and end.
 template <class... Lead>
-void ZtXMLDocGenerator::AppendAttribute(const ZtPiece& value, const ZtPiece& end,
-                                        const Lead&... lead) {
+void ZtXMLDocGenerator::AppendAttribute(ZtPiece value, ZtPiece end, const Lead&... lead) {
   char* escaped = nullptr;
   Append(lead..., "=\"", Value(value, escaped), "\"", end);
   __free(escaped);
@@ -275,8 +194,8 @@ void ZtXMLDocGenerator::ztStartAttributeNs(const char* name, const char* value, 
                   ZtPiece(name));
 }
 
-void ZtXMLDocGenerator::Attribute(const ZtPiece& name, const ZtPiece& value, const ZtPiece& suffix,
-                                  int selfEnd, int close) {
+void ZtXMLDocGenerator::Attribute(ZtPiece name, ZtPiece value, ZtPiece suffix, int selfEnd,
+                                  int close) {
   if (!buffer || !name.text) return;
   const ZtPiece end = EndOfAttribute(selfEnd, close, true);
   if (suffix.text) {
@@ -286,25 +205,12 @@ void ZtXMLDocGenerator::Attribute(const ZtPiece& name, const ZtPiece& value, con
   }
 }
 
-void ZtXMLDocGenerator::Attribute(ZtPiece name, ZtPiece value) {
-  const std::size_t size = sizeof(" =\"\" ") - 1 + name.size + value.size;
-  if (buffer && size < kBufferSize - m_iLength) {
-    char* const at = Copy(Copy(Copy(buffer + m_iLength, " "), name), "=\"");
-    if (CopyUnquoted(at, value)) {
-      Copy(at + value.size, "\" ");
-      m_iLength += size;
-      return;
-    }
-  }
-  Attribute(name, value, nullptr, 0, 0);
-}
-
 // The attribute's last blank makes room for it, unless the document was cut before.
 void ZtXMLDocGenerator::CloseTag(bool selfEnd) {
   if (!buffer) return;
   tagOpen = 0;
   if (m_bCutReported) return;
-  buffer[m_iLength - 1] = selfEnd ? '/' : '>';
+  m_pAt[-1] = selfEnd ? '/' : '>';
   if (selfEnd) Append(">");
 }
 
@@ -317,29 +223,23 @@ void ZtXMLDocGenerator::ztAddNameSpacePrefixToXml(const char* name, const char* 
 
 void ZtXMLDocGenerator::ztXmlSetData(const char* text) { Text(text); }
 
-void ZtXMLDocGenerator::Text(const ZtPiece& text) {
+void ZtXMLDocGenerator::Text(ZtPiece text) {
   if (!buffer) return;
-  AppendFast(ZtPiece(">", tagOpen == 1 ? 1U : 0U), OrBlank(text));
+  Append(ZtPiece(">", tagOpen == 1 ? 1U : 0U), OrBlank(text));
   tagOpen = 0;
 }
 
-void ZtXMLDocGenerator::End(const ZtPiece& name) {
+void ZtXMLDocGenerator::End(ZtPiece name) {
   if (!buffer || !name.text) return;
   AppendName("</", name, ">");
   tagOpen = 0;
 }
 
 // An element with a text and nothing else.
-void ZtXMLDocGenerator::TextElement(const ZtPiece& name, const ZtPiece& text) {
-  if (!buffer || !name.text) return;
-  if (nsPrefix) {
-    AppendName("\n<", name, ">");
-    AppendFast(OrBlank(text));
-    AppendName("</", name, ">");
-  } else {
-    AppendFast("\n<", name, ">", OrBlank(text), "</", name, ">");
-  }
-  tagOpen = 0;
+void ZtXMLDocGenerator::TextElement(ZtPiece name, ZtPiece text) {
+  Start(name, 0);
+  Text(text);
+  End(name);
 }
 
 void ZtXMLDocGenerator::ztEndXmlElement(const char* name) { End(name); }
@@ -353,14 +253,15 @@ void ZtXMLDocGenerator::ztEndXmlElementNs(const char* name, const char* prefix) 
 
 // ---- Appending ----------------------------------------------------------------------------------
 
-void ZtXMLDocGenerator::AppendCut(const ZtPiece& piece) {
-  const std::size_t room = kBufferSize - 1 - m_iLength;
+void ZtXMLDocGenerator::AppendCut(ZtPiece piece) {
+  const auto room = static_cast<std::size_t>(m_pEnd - m_pAt);
   const std::size_t size = piece.size < room ? piece.size : room;
   if (size < piece.size && !m_bCutReported) {
     m_bCutReported = true;
     ZtLog(kZtLogError, kSource)("ZtXMLDocGenerator :: document cut at 32767 characters");
   }
-  m_iLength = static_cast<std::size_t>(Copy(buffer + m_iLength, {piece.text, size}) - buffer);
+  if (size) std::memcpy(m_pAt, piece.text, size);
+  m_pAt += size;
 }
 
 char* ZtXMLDocGenerator::escapeString(const char* text) {

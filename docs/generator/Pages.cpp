@@ -82,14 +82,14 @@ std::string EnumerationCell(const ZtEnumTable& table, const std::string& enumera
   std::vector<std::string> values;
   for (unsigned i = 0; i < table.count; ++i) {
     const std::string enumerator = EnumeratorOf(enumeration, i);
-    values.push_back(Code(table.slots[i]) +
+    values.push_back(Code(table.slots[i].Piece().text) +
                      (enumerator.empty() ? "" : " (" + Code(enumerator) + ")"));
   }
   std::string cell = Join(values);
   if (table.byPrefix) cell += "; known by their beginnings";
   if (table.noMatch == kZtKeepsValue) return cell + "; other texts change nothing";
   if (table.noMatch < table.count)
-    return cell + "; other texts are " + Code(table.slots[table.noMatch]);
+    return cell + "; other texts are " + Code(table.slots[table.noMatch].Piece().text);
   const std::string absent = EnumeratorOf(enumeration, table.noMatch);
   return cell + "; other texts are " + (absent.empty() ? "absent" : Code(absent));
 }

@@ -192,14 +192,27 @@ class Hook {
   const ZtSource m_Source;
 };
 
+// The digits of every number below a hundred.
+struct DigitPairs {
+  char text[200] = {};
+
+  constexpr DigitPairs() {
+    for (unsigned i = 0; i < sizeof(text); ++i) {
+      text[i] = static_cast<char>('0' + (i % 2 == 0 ? i / 20 : i / 2 % 10));
+    }
+  }
+};
+constexpr DigitPairs kDigitPairs;
+
 ZtPiece FormatNumber(unsigned long long number, char* buffer) {
   char* const end = buffer + kZtNumberSize - 1;
   char* at = end;
   *at = '\0';
-  do {
-    *--at = static_cast<char>('0' + number % 10);
-    number /= 10;
-  } while (number != 0);
+  for (; number >= 10; number /= 100) {
+    at -= 2;
+    std::memcpy(at, kDigitPairs.text + 2 * (number % 100), 2);
+  }
+  if (number != 0 || at == end) *--at = static_cast<char>('0' + number);
   return {at, static_cast<std::size_t>(end - at)};
 }
 
@@ -207,11 +220,11 @@ ZtPiece FormatNumber(unsigned long long number, char* buffer) {
 
 unsigned ZtEnumTable::Find(const ZtPiece& value) const {
   for (unsigned i = 0; i < searched; ++i) {
-    const char* slot = slots[i];
-    if (*slot != *value.text && *slot) continue;
-    if (!byPrefix && (value.size >= sizeof(ZtEnumSlot) || slot[value.size])) continue;
-    const std::size_t size = byPrefix ? __strlen(slot) : value.size;
-    if (size <= value.size && std::memcmp(slot, value.text, size) == 0) return i;
+    const ZtPiece slot = slots[i].Piece();
+    const bool fits = byPrefix ? slot.size <= value.size : slot.size == value.size;
+    if (fits && *slot.text == *value.text && ZtSameBytes(slot.text, value.text, slot.size)) {
+      return i;
+    }
   }
   return noMatch;
 }
@@ -328,7 +341,8 @@ ZtPiece ZtFieldText(const XMLElement& self, const ZtField& field, char* buffer) 
     }
     case ZtValue::kEnum: {
       const unsigned index = self.*field.member.number;
-      return index < field.detail.values->count ? field.detail.values->slots[index] : nullptr;
+      return index < field.detail.values->count ? field.detail.values->slots[index].Piece()
+                                                : nullptr;
     }
     case ZtValue::kObject:
       break;

@@ -17,7 +17,20 @@
 
 // The values of an enumeration: slots of fixed width, of which a field holds the index. An index
 // of `count` or more is absent or unknown and is not written.
-using ZtEnumSlot = char[32];
+class ZtEnumSlot {
+ public:
+  template <std::size_t N>
+  constexpr ZtEnumSlot(const char (&text)[N])  // NOLINT(google-explicit-constructor)
+      : m_iSize(N - 1) {
+    static_assert(N > 1 && N <= sizeof(m_Text));
+    for (std::size_t i = 0; i < N; ++i) m_Text[i] = text[i];
+  }
+  constexpr ZtPiece Piece() const { return {m_Text, m_iSize}; }
+
+ private:
+  char m_Text[31] = {};
+  std::uint8_t m_iSize;
+};
 constexpr std::uint8_t kZtKeepsValue = 0xFF;  // as `noMatch`: the field stays as it is
 
 struct ZtEnumTable {

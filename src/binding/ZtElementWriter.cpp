@@ -17,60 +17,44 @@ class ZtElementWriter::Prefix {
  private:
   void Change(e_XmlStrRef prefix) {
     m_Owner.m_Prefix = prefix;
-    const char* text = prefix == XML_STR_ZT_NULL ? nullptr : ZtName(prefix);
+    const ZtPiece text = prefix == XML_STR_ZT_NULL ? nullptr : ZtNameId(prefix).Piece();
     const ZtNamespaceBindings* namespaces = m_Owner.m_Scope.namespaces;
-    const ZtNamespaceBinding* binding = namespaces ? namespaces->Find(text) : nullptr;
-    m_Owner.m_Writer.ztSetXmlNamespace(binding ? binding->alias.Get() : text);
+    const ZtNamespaceBinding* binding = namespaces ? namespaces->Find(text.text) : nullptr;
+    m_Owner.m_Pen.Prefix(binding ? binding->alias.Piece() : text);
   }
 
   ZtElementWriter& m_Owner;
   e_XmlStrRef m_Outer;
 };
 
-// A start tag, which is begun with its first attribute: without any it has another form. One that
-// is never closed stays open in the text.
+// A start tag. One that is never closed stays open in the text.
 class ZtElementWriter::StartTag {
  public:
-  StartTag(ZtXMLDocGenerator& writer, const ZtPiece& element)
-      : m_Writer(writer), m_Element(element) {}
+  StartTag(ZtPen& pen, ZtNameId element) : m_Pen(pen) { pen.Open(element.Piece()); }
   ~StartTag() {
-    if (!m_bStarted) Open();
+    if (!m_bClosed) m_Pen.LeaveOpen();
   }
   StartTag(const StartTag&) = delete;
   StartTag& operator=(const StartTag&) = delete;
 
-  void Add(ZtPiece name, ZtPiece value) {
-    if (!m_bStarted) Open();
+  void Add(ZtNameId name, ZtPiece value) {
     m_bEmpty = false;
-    m_Writer.Attribute(name, value);
+    m_Pen.Attribute(name.Piece(), value);
   }
-  void Add(const ZtPiece& name, const ZtPiece& value, const ZtPiece& suffix) {
-    if (!m_bStarted) Open();
+  void Add(const char* name, const char* value, const char* suffix) {
     m_bEmpty = false;
-    m_Writer.Attribute(name, value, suffix, 0, 0);
+    m_Pen.Writer().ztAddNameSpacePrefixToXml(name, value, suffix, 0, 0);
   }
   bool IsEmpty() const { return m_bEmpty; }
   void Close(bool selfEnd) {
-    if (!m_bEmpty) {
-      m_Writer.CloseTag(selfEnd);
-    } else if (selfEnd) {
-      m_Writer.StartEmpty(m_Element);
-    } else {
-      m_Writer.Start(m_Element, 0);
-    }
-    m_bStarted = true;
+    m_bClosed = true;
+    m_Pen.Close(selfEnd);
   }
 
  private:
-  void Open() {
-    m_bStarted = true;
-    m_Writer.Start(m_Element, 1);
-  }
-
-  ZtXMLDocGenerator& m_Writer;
-  const ZtPiece m_Element;
+  ZtPen& m_Pen;
   bool m_bEmpty = true;
-  bool m_bStarted = false;
+  bool m_bClosed = false;
 };
 
 namespace {
@@ -152,6 +136,16 @@ bool IsSet(const XMLElement& element, const ZtField& field) {
   }
 }
 
+// The entry of a class, its end when there is none. The library's own names are told by where they
+// lie.
+const ZtWritable* FindClass(const ZtWritable* writables, const char* className) {
+  const ZtWritable* at = writables;
+  while (at->type && at->type->className != className) ++at;
+  if (at->type) return at;
+  for (at = writables; at->type && __strcmp(at->type->className, className) != 0;) ++at;
+  return at;
+}
+
 // Whether `name` is one of the attributes that the element's start tag carries anyway.
 bool IsFixed(const ZtElementType& type, const char* name, std::size_t nameSize) {
   for (unsigned i = 0; i < type.fixedCount; ++i) {
@@ -224,13 +218,14 @@ int ZtElementWriter::WriteFlag(const zt_empty_element_type& flag, const ZtFlag& 
     cut[how.mostName] = '\0';
     name = cut;
   }
-  m_Writer.ztStartElementSelfEnding(name);
+  m_Pen.Writer().ztStartElementSelfEnding(name);
   return 1;
 }
 
 bool ZtElementWriter::WriteChildren(const XMLElement& element, const ZtElementType& type) {
   bool chosen = false;
-  for (const ZtField* at = type.children(); at != type.end(); ++at) {
+  const ZtField* const end = type.end();
+  for (const ZtField* at = type.children(); at != end; ++at) {
     const ZtField& field = *at;
     if (field.oneOf) {
       if (chosen || !IsSet(element, field)) continue;
@@ -253,15 +248,16 @@ bool ZtElementWriter::HasRequired(const XMLElement& element, const ZtElementType
 
 bool ZtElementWriter::WriteStartTag(const XMLElement& element, const ZtElementType& type,
                                     ZtNameId name) {
-  StartTag tag(m_Writer, PieceOf(name));
+  StartTag tag(m_Pen, name);
   char buffer[kZtNumberSize];
   bool awaited = false;
   for (unsigned i = 0; i < type.fixedCount; ++i) {
     const ZtFixedAttribute& fixed = type.fixed[i];
-    tag.Add(PieceOf(fixed.name), PieceOf(fixed.value),
-            fixed.suffix == XML_STR_ZT_NULL ? ZtPiece(nullptr) : PieceOf(fixed.suffix));
+    tag.Add(ZtName(fixed.name), ZtName(fixed.value),
+            fixed.suffix == XML_STR_ZT_NULL ? nullptr : ZtName(fixed.suffix));
   }
-  for (const ZtField* at = type.begin(); at != type.children(); ++at) {
+  const ZtField* const end = type.children();
+  for (const ZtField* at = type.begin(); at != end; ++at) {
     const ZtField& field = *at;
     if (field.place == ZtPlace::kOtherAttributes) {
       const ZtAttributeList& others = element.*field.member.attributes;
@@ -276,14 +272,14 @@ bool ZtElementWriter::WriteStartTag(const XMLElement& element, const ZtElementTy
       if (field.required) return false;
       if (!field.always) continue;
     }
-    tag.Add(PieceOf(field.name), text);
+    tag.Add(field.name, text);
   }
   if (!awaited && (!type.staysOpen || !tag.IsEmpty())) tag.Close(type.selfClosing);
   return true;
 }
 
 bool ZtElementWriter::Start(ZtNameId name, ZtSingleElementList* attributes) {
-  StartTag tag(m_Writer, PieceOf(name));
+  StartTag tag(m_Pen, name);
   if (attributes && !WriteOtherAttributes(attributes->GetPtrToListHead(), nullptr, tag)) {
     return false;
   }
@@ -311,20 +307,20 @@ bool ZtElementWriter::WriteOtherAttributes(ZtListNode* head, const ZtElementType
         (ZtFindAttribute(*type, ZtNameId::Of({name, size})) || IsFixed(*type, name, size))) {
       continue;
     }
-    if (names.Insert(name, size)) tag.Add(name, pair->getValue());
+    if (names.Insert(name, size)) tag.Add(name, pair->getValue(), nullptr);
   }
   return true;
 }
 
-int ZtElementWriter::WriteText(const ZtField& field, const ZtPiece& text) {
+int ZtElementWriter::WriteText(const ZtField& field, ZtPiece text) {
   if (field.writer) Log(kZtLogTrace, "<XML Module>: %s", field.writer);
   if (!text.text && !field.always) return 0;
   WriteText(field.name, text);
   return 1;
 }
 
-void ZtElementWriter::WriteText(ZtNameId name, const ZtPiece& text) {
-  m_Writer.TextElement(PieceOf(name), text);
+void ZtElementWriter::WriteText(ZtNameId name, ZtPiece text) {
+  m_Pen.TextElement(name.Piece(), text);
 }
 
 bool ZtElementWriter::WriteField(const XMLElement& element, const ZtField& field) {
@@ -344,7 +340,7 @@ bool ZtElementWriter::WriteField(const XMLElement& element, const ZtField& field
       return true;
     case ZtPlace::kOwnText: {
       char buffer[kZtNumberSize];
-      m_Writer.Text(ZtFieldText(element, field, buffer));
+      m_Pen.Text(ZtFieldText(element, field, buffer));
       return true;
     }
     case ZtPlace::kOwnWords: {
@@ -352,8 +348,8 @@ bool ZtElementWriter::WriteField(const XMLElement& element, const ZtField& field
       for (ZtListNode* node = (element.*field.member.children).Head(); node; node = node->next) {
         const auto* word = zt_string::From(static_cast<XMLElement*>(node->data));
         if (!word || !word->getValue()) continue;
-        m_Writer.ztXmlSetData(blank);
-        m_Writer.ztXmlSetData(word->getValue());
+        m_Pen.Writer().ztXmlSetData(blank);
+        m_Pen.Writer().ztXmlSetData(word->getValue());
         blank = " ";
       }
       return true;
@@ -402,8 +398,7 @@ bool ZtElementWriter::WriteOthers(const XMLElement& element, const ZtField& fiel
     auto* child = static_cast<XMLElement*>(node->data);
     const char* className = child ? child->ClassName() : nullptr;
     if (!className) continue;
-    const ZtWritable* writable = field.detail.writables;
-    while (writable->type && __strcmp(writable->type->className, className) != 0) ++writable;
+    const ZtWritable* writable = FindClass(field.detail.writables, className);
     if (writable->type) {
       if (!WriteChild(child, 0, field, *writable)) return false;
     } else {

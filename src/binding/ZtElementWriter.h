@@ -5,7 +5,7 @@
 #include "XMLStack.h"
 #include "base/ZtLog.h"
 #include "binding/ZtBinding.h"
-#include "ztXMLDocGenerator.h"
+#include "binding/ZtPen.h"
 
 class ZtNamespaceBindings;
 
@@ -23,7 +23,7 @@ class ZtElementWriter {
   static constexpr int kMostDepth = 2 * XmlCodeGenStack::kCapacity;
 
   ZtElementWriter(ZtXMLDocGenerator& writer, const ZtWriterScope& scope)
-      : m_Writer(writer), m_Scope(scope) {}
+      : m_Pen(writer), m_Scope(scope) {}
 
   // 1, or 0 when `element` is null, of another class or lacks something required. The prefix
   // (ZT_NULL: the type's) holds for the element with all that is in it; the caller's is restored.
@@ -34,13 +34,13 @@ class ZtElementWriter {
   // For hooks and for steps without an object: the children as the rows have them, the text element
   // of a row (0 when it has no text), and a text element (null: an empty one).
   bool WriteChildren(const XMLElement& element, const ZtElementType& type);
-  int WriteText(const ZtField& field, const ZtPiece& text);
-  void WriteText(ZtNameId name, const ZtPiece& text);
+  int WriteText(const ZtField& field, ZtPiece text);
+  void WriteText(ZtNameId name, ZtPiece text);
   // The same, in pieces: a start tag with a list of attributes (null: none; false without memory),
   // an element without content, an end tag; and a line under the marshaller's file.
   bool Start(ZtNameId name, ZtSingleElementList* attributes = nullptr);
-  void WriteEmpty(ZtNameId name) { m_Writer.StartEmpty(PieceOf(name)); }
-  void End(ZtNameId name) { m_Writer.End(PieceOf(name)); }
+  void WriteEmpty(ZtNameId name) { m_Pen.Writer().ztStartElementSelfEnding(ZtName(name)); }
+  void End(ZtNameId name) { m_Pen.End(name.Piece()); }
   template <class... Args>
   void Log(int level, const char* format, Args... args) const {
     if (format) ZtLog(level, m_Scope.source)(format, args...);
@@ -54,18 +54,17 @@ class ZtElementWriter {
   class Prefix;
   class StartTag;
 
-  static ZtPiece PieceOf(ZtNameId name) { return name.Piece(); }
-  int WriteNested(XMLElement& element, const ZtElementType& type, e_XmlStrRef prefix,
-                  ZtNameId name);
+  inline int WriteNested(XMLElement& element, const ZtElementType& type, e_XmlStrRef prefix,
+                         ZtNameId name);
   int WriteFlag(const zt_empty_element_type& flag, const ZtFlag& how);
   bool HasRequired(const XMLElement& element, const ZtElementType& type) const;
-  bool WriteStartTag(const XMLElement& element, const ZtElementType& type, ZtNameId name);
-  bool WriteField(const XMLElement& element, const ZtField& field);
-  bool WriteChild(XMLElement* child, int index, const ZtField& field, const ZtWritable& as);
+  inline bool WriteStartTag(const XMLElement& element, const ZtElementType& type, ZtNameId name);
+  inline bool WriteField(const XMLElement& element, const ZtField& field);
+  inline bool WriteChild(XMLElement* child, int index, const ZtField& field, const ZtWritable& as);
   bool WriteOthers(const XMLElement& element, const ZtField& field);
   bool WriteOtherAttributes(ZtListNode* head, const ZtElementType* type, StartTag& tag);
 
-  ZtXMLDocGenerator& m_Writer;
+  ZtPen m_Pen;
   const ZtWriterScope m_Scope;
   e_XmlStrRef m_Prefix = XML_STR_ZT_NULL;
   int m_iDepth = 0;  // of elements within each other

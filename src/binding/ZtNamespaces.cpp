@@ -53,6 +53,10 @@ void ZtNamespaceBindings::UseOwn() {
 
 const ZtNamespaceBinding* ZtNamespaceBindings::Find(const char* ownPrefix) const {
   const ZtNamespaceBinding* at = ownPrefix ? m_pFirst : nullptr;
+  // The library's own texts are told by where they lie.
+  while (at && at->prefix.Get() != ownPrefix) at = at->next;
+  if (at || !ownPrefix) return at;
+  at = m_pFirst;
   while (at && (!at->prefix.Get() || __strcmp(at->prefix.Get(), ownPrefix) != 0)) at = at->next;
   return at;
 }

@@ -1,0 +1,191 @@
+// What an element writer appends most, straight into the document writer's buffer: each operation
+// asks once for the room that all its parts take. Where that is short the writer's own operations
+// do it, which cut the text.
+#ifndef ZTXML_SRC_BINDING_ZTPEN_H
+#define ZTXML_SRC_BINDING_ZTPEN_H
+
+#include <cstdint>
+#include <cstring>
+
+#include "binding/ZtNames.h"
+#include "ztXMLDocGenerator.h"
+
+class ZtPen {
+ public:
+  explicit ZtPen(ZtXMLDocGenerator& writer) : m_Writer(writer) {}
+
+  // The writer, for what is not written often.
+  ZtXMLDocGenerator& Writer() { return m_Writer; }
+  // The prefix of the elements from here on; it outlives its use.
+  void Prefix(ZtPiece prefix) { m_Writer.UsePrefix(prefix); }
+
+  // A start tag, up to the blank before its first attribute or its end.
+  void Open(ZtPiece name) {
+    char* at = RoomFor(PrefixSize() + name.size);
+    if (!at) return m_Writer.Start(name, 1);
+    at = Name(Literal(at, "\n<"), name);
+    m_Writer.m_pAt = Literal(at, " ");
+  }
+  // An attribute between two blanks.
+  void Attribute(ZtPiece name, ZtPiece value) {
+    if (char* at = value.text ? RoomFor(name.size + value.size) : nullptr) {
+      at = Literal(Row(Literal(at, " "), name), "=\"");
+      if (Unquoted(at, value)) {
+        m_Writer.m_pAt = Literal(at + value.size, "\" ");
+        return;
+      }
+    }
+    m_Writer.Attribute(name, value, nullptr, 0, 0);
+  }
+  // Ends a start tag in place of the blank behind its name or last attribute.
+  void Close(bool selfEnd) {
+    if (selfEnd || m_Writer.m_bCutReported || !m_Writer.buffer) return m_Writer.CloseTag(selfEnd);
+    m_Writer.m_pAt[-1] = '>';
+    m_Writer.tagOpen = 0;
+  }
+  // Leaves it open instead.
+  void LeaveOpen() { m_Writer.tagOpen = 1; }
+  void Text(ZtPiece text) {
+    char* at = m_Writer.tagOpen == 1 || !text.text ? nullptr : RoomFor(text.size);
+    if (!at) return m_Writer.Text(text);
+    m_Writer.m_pAt = Copy(at, text);
+  }
+  void End(ZtPiece name) {
+    char* at = RoomFor(PrefixSize() + name.size);
+    if (!at) return m_Writer.End(name);
+    at = Name(Literal(at, "</"), name);
+    m_Writer.m_pAt = Literal(at, ">");
+    m_Writer.tagOpen = 0;
+  }
+  // An element with a text and nothing else.
+  void TextElement(ZtPiece name, ZtPiece text) {
+    char* at = text.text ? RoomFor(2 * (PrefixSize() + name.size) + text.size) : nullptr;
+    if (!at) return m_Writer.TextElement(name, text);
+    at = Literal(Name(Literal(at, "\n<"), name), ">");
+    at = Name(Literal(Copy(at, text), "</"), name);
+    m_Writer.m_pAt = Literal(at, ">");
+    m_Writer.tagOpen = 0;
+  }
+
+ private:
+  // Sixteen bytes, on which processors work at once.
+  using Block = unsigned char __attribute__((vector_size(16)));
+  // More than an operation writes besides the pieces that it counts, and than the copy of a row
+  // writes too much.
+  static constexpr std::size_t kSlack = 32;
+
+  template <class T>
+  static T Load(const char* from) {
+    T value;
+    std::memcpy(&value, from, sizeof(value));
+    return value;
+  }
+  template <class T>
+  static void Store(char* to, T value) {
+    std::memcpy(to, &value, sizeof(value));
+  }
+
+  std::size_t PrefixSize() const { return m_Writer.m_iPrefixSize; }
+  char* RoomFor(std::size_t size) const {
+    char* const at = m_Writer.m_pAt;
+    return size + kSlack < static_cast<std::size_t>(m_Writer.m_pEnd - at) ? at : nullptr;
+  }
+
+  template <std::size_t N>
+  static char* Literal(char* to, const char (&literal)[N]) {
+    std::memcpy(to, literal, N - 1);
+    return to + N - 1;
+  }
+  // A name, which lies in a row that is longer: whole blocks are quickest.
+  static char* Row(char* to, ZtPiece name) {
+    std::size_t i = 0;
+    do {
+      Store(to + i, Load<Block>(name.text + i));
+      i += sizeof(Block);
+    } while (i < name.size);
+    return to + name.size;
+  }
+  // A name behind the prefix.
+  char* Name(char* to, ZtPiece name) const {
+    if (m_Writer.nsPrefix) {
+      to = Literal(Copy(to, {m_Writer.nsPrefix, m_Writer.m_iPrefixSize}), ":");
+    }
+    return Row(to, name);
+  }
+
+  // Copies by two words or blocks, which may overlap; most texts are short, and a call would cost
+  // more than the copy.
+  template <class T>
+  static void Ends(char* to, ZtPiece text) {
+    const std::size_t last = text.size - sizeof(T);
+    const T end = Load<T>(text.text + last);
+    Store(to, Load<T>(text.text));
+    Store(to + last, end);
+  }
+  static char* Copy(char* to, ZtPiece text) {
+    if (text.size > 2 * sizeof(Block)) {
+      std::memcpy(to, text.text, text.size);
+    } else if (text.size >= sizeof(Block)) {
+      Ends<Block>(to, text);
+    } else if (text.size >= sizeof(std::uint64_t)) {
+      Ends<std::uint64_t>(to, text);
+    } else if (text.size >= sizeof(std::uint32_t)) {
+      Ends<std::uint32_t>(to, text);
+    } else {
+      for (std::size_t i = 0; i < text.size; ++i) to[i] = text.text[i];
+    }
+    return to + text.size;
+  }
+
+  // Whether one of the bytes in the word is a double quote.
+  static bool HasQuote(std::uint64_t word) {
+    constexpr std::uint64_t kOnes = ~std::uint64_t{0} / 255;
+    const std::uint64_t other = word ^ (kOnes * '"');
+    return ((other - kOnes) & ~other & (kOnes * 128)) != 0;
+  }
+  // Copies a value; false when it holds a double quote.
+  static bool Unquoted(char* to, ZtPiece value) {
+    const char* const from = value.text;
+    if (value.size >= sizeof(Block)) return UnquotedBlocks(to, from, value.size);
+    if (value.size >= sizeof(std::uint64_t)) {
+      const std::size_t last = value.size - sizeof(std::uint64_t);
+      const auto start = Load<std::uint64_t>(from);
+      const auto end = Load<std::uint64_t>(from + last);
+      Store(to, start);
+      Store(to + last, end);
+      return !HasQuote(start) && !HasQuote(end);
+    }
+    if (value.size >= sizeof(std::uint32_t)) {
+      const std::size_t last = value.size - sizeof(std::uint32_t);
+      const auto start = Load<std::uint32_t>(from);
+      const auto end = Load<std::uint32_t>(from + last);
+      Store(to, start);
+      Store(to + last, end);
+      return !HasQuote(std::uint64_t{start} << 32 | end);
+    }
+    for (std::size_t i = 0; i < value.size; ++i) {
+      if (from[i] == '"') return false;
+      to[i] = from[i];
+    }
+    return true;
+  }
+  static bool UnquotedBlocks(char* to, const char* from, std::size_t size) {
+    const std::size_t last = size - sizeof(Block);
+    const Block quote = Block{} + static_cast<unsigned char>('"');
+    Block found = {};
+    const auto step = [&](std::size_t i) {
+      const auto block = Load<Block>(from + i);
+      found |= reinterpret_cast<Block>(block == quote);
+      Store(to + i, block);
+    };
+    for (std::size_t i = 0; i < last; i += sizeof(Block)) step(i);
+    step(last);
+    std::uint64_t words[2];
+    std::memcpy(words, &found, sizeof(words));
+    return (words[0] | words[1]) == 0;
+  }
+
+  ZtXMLDocGenerator& m_Writer;
+};
+
+#endif  // ZTXML_SRC_BINDING_ZTPEN_H
