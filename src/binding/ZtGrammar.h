@@ -2,8 +2,6 @@
 #ifndef ZTXML_SRC_BINDING_ZTGRAMMAR_H
 #define ZTXML_SRC_BINDING_ZTGRAMMAR_H
 
-#include <initializer_list>
-
 #include "binding/ZtBinding.h"
 
 enum class ZtElementKind : std::uint8_t {
@@ -53,12 +51,16 @@ struct ZtGrammar {
   const char* source;    // file of the decoder, for the logs
   const char* noMemory;  // the line when a name cannot be normalised; %s is the decoder
   ZtPrefixRule prefixes;
-  ZtNameFilter names = {};  // of the rows
   // Whether what ends is always what its start has opened: no name of an opened element is also
   // that of one which is made at its end.
   bool endsAsStarted = true;
   ZtGrammarTable own = {};
   ZtGrammarTable shared = {};
+  // Rows by the low bits of their names: the first, and behind each the next one, in their order;
+  // 0 where there is none.
+  static constexpr std::size_t kMostRows = 40;
+  std::uint8_t first[64] = {};
+  std::uint8_t next[kMostRows + 1] = {};
 
   constexpr ZtGrammar(const char* className, const char* file, ZtPrefixRule rule)
       : decoder(className),
@@ -80,18 +82,18 @@ struct ZtGrammar {
     return ZtWith(*this, &ZtGrammar::noMemory, line);
   }
 
-  // Whether a row may have this name, or any.
-  constexpr bool MayHave(ZtNameId name) const {
-    return names.MayHave(name) || names.MayHave(XML_STR_ZT_NULL);
+  constexpr std::size_t Count() const { return own.count + shared.count; }
+  // From 1 on, the own ones first.
+  constexpr const ZtGrammarRow& Row(std::size_t i) const {
+    return i <= own.count ? own.rows[i - 1] : shared.rows[i - 1 - own.count];
   }
 
-  // The first row that `matches`, or null.
+  // The first row with this name that `matches`, or null.
   template <class Matches>
-  const ZtGrammarRow* Find(Matches matches) const {
-    for (const ZtGrammarTable& table : {own, shared}) {
-      for (const ZtGrammarRow* row = table.rows; row != table.rows + table.count; ++row) {
-        if (matches(*row)) return row;
-      }
+  const ZtGrammarRow* Find(ZtNameId name, Matches matches) const {
+    for (std::size_t i = first[name.Low6Bits()]; i; i = next[i]) {
+      const ZtGrammarRow& row = Row(i);
+      if (row.name == name && matches(row)) return &row;
     }
     return nullptr;
   }
@@ -100,19 +102,22 @@ struct ZtGrammar {
   template <std::size_t N>
   constexpr ZtGrammar With(ZtGrammarTable ZtGrammar::*table, const ZtGrammarRow (&rows)[N]) const {
     ZtGrammar grammar = ZtWith(*this, table, ZtGrammarTable{rows, N});
-    for (const ZtGrammarRow& row : rows) {
-      grammar.names.Add(row.name);
+    for (std::uint8_t& chain : grammar.first) chain = 0;
+    // Too many rows are an index out of bounds, with which nothing compiles.
+    for (std::size_t i = grammar.Count(); i; --i) {
+      const ZtGrammarRow& row = grammar.Row(i);
+      std::uint8_t& chain = grammar.first[row.name.Low6Bits()];
+      grammar.next[i] = chain;
+      chain = static_cast<std::uint8_t>(i);
       grammar.endsAsStarted = grammar.endsAsStarted && !grammar.EndsElsewhere(row);
     }
     return grammar;
   }
   // Whether another row of this name tells `row`'s end otherwise.
   constexpr bool EndsElsewhere(const ZtGrammarRow& row) const {
-    for (const ZtGrammarTable* table : {&own, &shared}) {
-      for (std::size_t i = 0; i < table->count; ++i) {
-        const ZtGrammarRow& other = table->rows[i];
-        if (other.name == row.name && other.IsOpened() != row.IsOpened()) return true;
-      }
+    for (std::size_t i = Count(); i; --i) {
+      const ZtGrammarRow& other = Row(i);
+      if (other.name == row.name && other.IsOpened() != row.IsOpened()) return true;
     }
     return false;
   }

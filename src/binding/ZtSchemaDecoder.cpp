@@ -399,23 +399,21 @@ void ZtSchemaDecoder::Pop() {
 // ---- Names --------------------------------------------------------------------------------------
 
 const ZtGrammarRow* ZtSchemaDecoder::FindStart(ZtNameId name) const {
-  if (!m_Grammar.MayHave(name)) return nullptr;
   const ZtElementType* current = CurrentType();
-  return m_Grammar.Find([=](const ZtGrammarRow& row) {
-    if (row.name == name) return !row.parent || row.parent == current;
-    return row.name.IsNone() && row.parent && row.parent == current &&
-           !ZtFindChild(*row.parent, name);
+  const ZtGrammarRow* named = m_Grammar.Find(
+      name, [=](const ZtGrammarRow& row) { return !row.parent || row.parent == current; });
+  if (named) return named;
+  return m_Grammar.Find(XML_STR_ZT_NULL, [=](const ZtGrammarRow& row) {
+    return row.parent && row.parent == current && !ZtFindChild(*row.parent, name);
   });
 }
 
 // The row that the end tag `name` closes. Rows of one name differ in their types, so the open
 // object tells which; ends of flags are nobody's.
 const ZtGrammarRow* ZtSchemaDecoder::FindEnd(ZtNameId name) const {
-  if (!m_Grammar.MayHave(name)) return nullptr;
   const ZtElementType* current = CurrentType();
   const ZtGrammarRow* first = nullptr;
-  const ZtGrammarRow* found = m_Grammar.Find([&](const ZtGrammarRow& row) {
-    if (row.name != name) return false;
+  const ZtGrammarRow* found = m_Grammar.Find(name, [&](const ZtGrammarRow& row) {
     if (row.kind == ZtElementKind::kEndBound) return !row.parent || row.parent == current;
     if (!first) first = &row;
     return row.type && row.type == current;

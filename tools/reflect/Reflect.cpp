@@ -256,10 +256,7 @@ std::vector<Schema> Schemas() {
 
 std::vector<const ZtGrammarRow*> Schema::GrammarRows() const {
   std::vector<const ZtGrammarRow*> rows;
-  grammar->Find([&](const ZtGrammarRow& row) {
-    rows.push_back(&row);
-    return false;
-  });
+  for (std::size_t i = 1; i <= grammar->Count(); ++i) rows.push_back(&grammar->Row(i));
   return rows;
 }
 
