@@ -117,16 +117,17 @@ class ZT_API XmlDecoder : public ZtNonCopyable {
   int Continue();
   int OutOfTags(char* position);
   int EndTag(char* text, char* tag, const char* close);
-  bool PlainTag(char* text, char* tag, char* close, bool hasEntity);
+  inline char* PlainEnd(char* tag, const char* end) const;
+  inline void ReportTag(ScannedTag& tag, bool hasEntity);
   int AnyTag(char* text, char* tag, char* close, bool& counts);
-  bool Opened(char* element, std::size_t size);
+  inline bool Opened(char* element, std::size_t size);
   void ReportScanned(ScannedTag& tag, bool hasEntity);
   void ReportEmpty(char* element, std::size_t size, char* text, std::size_t textSize);
-  void ReportEnd(char* text, char* tag);
+  inline void ReportEnd(char* text, char* tag);
   static char* Unescape(char* text, char* end);
   void DropPending();
-  OpenElement* Push(const char* name, std::size_t size);
-  void Pop();
+  inline OpenElement* Push(const char* name, std::size_t size);
+  inline void Pop();
   int ParseError();
   void ForgetConsumed(const char* text, const char* tag, const char* close);
 

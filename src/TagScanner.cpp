@@ -1,5 +1,7 @@
 #include "TagScanner.h"
 
+#include "base/ZtBytes.h"
+
 namespace {
 
 enum : unsigned char { kEndsName = 1, kColon = 2, kSpace = 4 };
@@ -31,27 +33,28 @@ char* EndOf(char* at, unsigned char what) {
   return at;
 }
 
-char* Find(char* at, char c, const char* end) {
-  return static_cast<char*>(std::memchr(at, c, static_cast<std::size_t>(end - at)));
-}
-
 }  // namespace
 
-// The first '>' ends the tag, so that none is in a value.
-bool ScannedTag::Scan(char* begin, char* end) {
+// The first '>' ends the tag, so that none is in a name or a value. Most tags end behind their
+// name.
+bool ScannedTag::Scan(char* begin, char* scanned, const char* end) {
+  const bool resumed = scanned > begin;
+  close = resumed ? ZtFind(scanned, '>', end) : nullptr;
+  if (resumed && !close) return false;
   char* at = name = begin;
-  close = end;
   at = EndOf(at, kEndsName | kColon);
   colon = *at == ':' ? at : nullptr;
   if (colon) at = EndOf(at, kEndsName);
   nameEnd = at;
-  if (at == begin) return false;
+  if (!close) close = *at == '>' ? at : ZtFind(at, '>', end);
+  if (!close || at == begin) return false;
   count = 0;
-  for (;;) {
+  isEmpty = blankAtEnd = false;
+  while (at != close) {
     const bool spaced = Is(*at, kSpace);
     while (Is(*at, kSpace)) ++at;
-    isEmpty = *at == '/' && at + 1 == end;
-    if (isEmpty || at == end) {
+    isEmpty = *at == '/' && at + 1 == close;
+    if (isEmpty || at == close) {
       blankAtEnd = spaced && count > 0;
       return !spaced || count > 0;
     }
@@ -61,8 +64,9 @@ bool ScannedTag::Scan(char* begin, char* end) {
     at = attribute.nameEnd = EndOf(at, kEndsName);
     if (*at != '=' || at == attribute.name || (at[1] != '"' && at[1] != '\'')) return false;
     attribute.value = at + 2;
-    at = attribute.valueEnd = Find(attribute.value, at[1], end);
+    at = attribute.valueEnd = ZtFind(attribute.value, at[1], close);
     if (!at) return false;
     ++at;
   }
+  return true;
 }

@@ -18,16 +18,16 @@ struct ScannedAttribute {
 struct ScannedTag {
   static constexpr int kMostAttributes = 16;
 
-  // Whether the tag that ends with the '>' at `end`, and whose name would begin at `begin`, has
-  // that form.
-  bool Scan(char* begin, char* end);
+  // Whether the tag whose name would begin at `begin`, in a text that ends with a NUL at `end`, has
+  // that form. Up to `scanned` the text is known to hold no '>'. In any case `close` is set.
+  bool Scan(char* begin, char* scanned, const char* end);
 
   std::size_t NameSize() const { return static_cast<std::size_t>(nameEnd - name); }
 
   char* name;
   char* nameEnd;
   char* colon;      // the first of the name, or null
-  char* close;      // the '>'
+  char* close;      // the first '>', or null
   bool isEmpty;     // "/>"
   bool blankAtEnd;  // white space behind the last attribute, which is reported as one, too
   int count;

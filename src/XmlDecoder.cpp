@@ -3,6 +3,7 @@
 #include <climits>
 
 #include "TagScanner.h"
+#include "base/ZtBytes.h"
 #include "base/ZtLog.h"
 #include "base/ZtMemory.h"
 
@@ -182,13 +183,13 @@ int XmlDecoder::AppendText(const char* text, int count) {
 // points into the pending text.
 int XmlDecoder::Continue() {
   char* position = m_pPendingText;
-  char* end = position + m_iLength;
+  char* const end = position + m_iLength;
   char* tag = position + m_iTag;
   char* scan = position + m_iScanned;
   char* entity = nullptr;  // the next one from here on: one search finds it for many tags
   for (;;) {
     m_bEmptyElement = 0;
-    tag = static_cast<char*>(std::memchr(tag, '<', static_cast<std::size_t>(end - tag)));
+    tag = ZtFind(tag, '<', end);
     if (!tag) {
       // Text behind the last tag is dropped, also when its end tag comes with the next chunk.
       m_DecodeState = ZT_XML_PARSE_CONTINUE;
@@ -197,23 +198,31 @@ int XmlDecoder::Continue() {
       Log(kZtLogState)("<XML Decoder>:ZT_XML_PARSE_CONTINUE ret:ZT_XML_INCOMPLETE");
       return ZT_XML_INCOMPLETE;
     }
-    if (scan <= tag) scan = tag + 1;
-    auto* close = static_cast<char*>(std::memchr(scan, '>', static_cast<std::size_t>(end - scan)));
-    if (!close) {
-      m_iTag = static_cast<std::size_t>(tag - position);
-      return OutOfTags(position);
-    }
-    if (!entity || entity < tag) {
-      entity = static_cast<char*>(std::memchr(tag, '&', static_cast<std::size_t>(end - tag)));
-      if (!entity) entity = end;
-    }
     bool counts = true;  // whether the tag can end the document
-    if (PlainTag(position, tag, close, entity < close)) {
-      if (m_DecodeState == ZT_XML_PARSE_ERROR) return ParseError();
-    } else {
+    char* close = PlainEnd(tag, end);
+    if (close) {
       *close = '\0';
-      const int result = AnyTag(position, tag, close, counts);
-      if (result != 0) return result;
+      ReportEnd(position, tag);
+    } else {
+      ScannedTag scanned;
+      const bool plain = scanned.Scan(tag + 1, scan, end);
+      close = scanned.close;
+      if (!close) {
+        m_iTag = static_cast<std::size_t>(tag - position);
+        return OutOfTags(position);
+      }
+      if (plain) {
+        if (scanned.count && (!entity || entity < tag)) {
+          entity = ZtFind(tag, '&', end);
+          if (!entity) entity = end;
+        }
+        ReportTag(scanned, entity && entity < close);
+        if (m_DecodeState == ZT_XML_PARSE_ERROR) return ParseError();
+      } else {
+        *close = '\0';
+        const int result = AnyTag(position, tag, close, counts);
+        if (result != 0) return result;
+      }
     }
     position = tag = scan = close + 1;
     if (counts && !m_pTop) {
@@ -224,34 +233,30 @@ int XmlDecoder::Continue() {
   }
 }
 
-// A tag in its plain form is reported in one go; false, with nothing cut, when it has another.
-bool XmlDecoder::PlainTag(char* text, char* tag, char* close, bool hasEntity) {
-  char* const name = tag + 1;
-  if (*name == '/') {
-    const auto size = static_cast<std::size_t>(close - name) - 1;
-    if (!m_pTop || m_pTop->size != size || std::memcmp(name + 1, m_pTop->data, size) != 0) {
-      return false;
-    }
-    *close = '\0';
-    ReportEnd(text, tag);
-    return true;
-  }
-  ScannedTag scanned;
-  if (!scanned.Scan(name, close)) return false;
-  *scanned.nameEnd = *close = '\0';
-  const bool started = scanned.isEmpty || scanned.count > 0;
-  if (started && m_pSchema) m_pSchema->ProcessStart(scanned);
+// The '>' of an end tag that is nothing but that of the innermost open element; null for others.
+char* XmlDecoder::PlainEnd(char* tag, const char* end) const {
+  if (tag[1] != '/' || !m_pTop || m_pTop->size == 0) return nullptr;
+  char* const name = tag + 2;
+  const std::size_t size = m_pTop->size;
+  if (size >= static_cast<std::size_t>(end - name) || name[size] != '>') return nullptr;
+  return ZtSameBytes(name, static_cast<char*>(m_pTop->data), size) ? name + size : nullptr;
+}
+
+// Reports a tag in its plain form in one go.
+void XmlDecoder::ReportTag(ScannedTag& tag, bool hasEntity) {
+  *tag.nameEnd = *tag.close = '\0';
+  const bool started = tag.isEmpty || tag.count > 0;
+  if (started && m_pSchema) m_pSchema->ProcessStart(tag);
   Log(kZtLogTrace)("XmlDecoder:: DecodeAttributes %d", 0);
   if (m_pSchema) {
-    if (scanned.count) ReportScanned(scanned, hasEntity);
-    if (!started) m_pSchema->ProcessStart(scanned);
+    if (tag.count) ReportScanned(tag, hasEntity);
+    if (!started) m_pSchema->ProcessStart(tag);
   }
-  if (!scanned.isEmpty) {
-    Opened(name, scanned.NameSize());
+  if (!tag.isEmpty) {
+    Opened(tag.name, tag.NameSize());
   } else if (m_pSchema) {
-    ReportEmpty(name, scanned.NameSize(), close, 0);
+    ReportEmpty(tag.name, tag.NameSize(), tag.close, 0);
   }
-  return true;
 }
 
 void XmlDecoder::ReportScanned(ScannedTag& tag, bool hasEntity) {
@@ -569,8 +574,7 @@ XmlDecoder::OpenElement* XmlDecoder::Push(const char* name, std::size_t size) {
     return nullptr;
   }
   m_pSpare = node->outer;
-  std::memcpy(node->data, name, size);
-  static_cast<char*>(node->data)[size] = '\0';
+  *ZtCopy(static_cast<char*>(node->data), {name, size}) = '\0';
   node->size = size;
   node->outer = m_pTop;
   (m_pTop ? m_pTop : m_pElementStack)->next = node;

@@ -54,25 +54,7 @@ struct Index {
 };
 constexpr Index kIndex;
 
-template <class Word>
-bool SameEnds(const char* a, const char* b, std::size_t size) {
-  Word words[4];
-  std::memcpy(&words[0], a, sizeof(Word));
-  std::memcpy(&words[1], b, sizeof(Word));
-  std::memcpy(&words[2], a + size - sizeof(Word), sizeof(Word));
-  std::memcpy(&words[3], b + size - sizeof(Word), sizeof(Word));
-  return words[0] == words[1] && words[2] == words[3];
-}
-
 }  // namespace
-
-// Nearly all names have less than 17 bytes: a call would cost more than the comparison.
-bool ZtSameBytes(const char* a, const char* b, std::size_t size) {
-  if (size > 16) return std::memcmp(a, b, size) == 0;
-  if (size >= 8) return SameEnds<std::uint64_t>(a, b, size);
-  if (size >= 4) return SameEnds<std::uint32_t>(a, b, size);
-  return a[0] == b[0] && a[size / 2] == b[size / 2] && a[size - 1] == b[size - 1];
-}
 
 ZtNameId ZtNameId::Of(const ZtPiece& name) {
   const char* const text = name.text;

@@ -7,6 +7,7 @@
 
 #include "XMLCommonDef.h"
 #include "ZtPiece.h"
+#include "base/ZtBytes.h"
 
 // The names beyond the table, numbered behind its rows.
 enum ZtExtraName : int {
@@ -67,8 +68,6 @@ inline const char* ZtNameId::Text() const {
              ? zt_xml_common_array_definition::getStringName(static_cast<e_XmlStrRef>(m_Id))
              : kZtExtraNames[m_Id - kXmlStrRefCount];
 }
-
-bool ZtSameBytes(const char* a, const char* b, std::size_t size);
 
 inline bool ZtNameId::Is(const ZtPiece& text) const {
   if (text.size != kZtNameSizes[m_Id]) return false;

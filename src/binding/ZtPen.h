@@ -4,9 +4,7 @@
 #ifndef ZTXML_SRC_BINDING_ZTPEN_H
 #define ZTXML_SRC_BINDING_ZTPEN_H
 
-#include <cstdint>
-#include <cstring>
-
+#include "base/ZtBytes.h"
 #include "binding/ZtNames.h"
 #include "ztXMLDocGenerator.h"
 
@@ -48,7 +46,7 @@ class ZtPen {
   void Text(ZtPiece text) {
     char* at = m_Writer.tagOpen == 1 || !text.text ? nullptr : RoomFor(text.size);
     if (!at) return m_Writer.Text(text);
-    m_Writer.m_pAt = Copy(at, text);
+    m_Writer.m_pAt = ZtCopy(at, text);
   }
   void End(ZtPiece name) {
     char* at = RoomFor(PrefixSize() + name.size);
@@ -62,28 +60,15 @@ class ZtPen {
     char* at = text.text ? RoomFor(2 * (PrefixSize() + name.size) + text.size) : nullptr;
     if (!at) return m_Writer.TextElement(name, text);
     at = Literal(Name(Literal(at, "\n<"), name), ">");
-    at = Name(Literal(Copy(at, text), "</"), name);
+    at = Name(Literal(ZtCopy(at, text), "</"), name);
     m_Writer.m_pAt = Literal(at, ">");
     m_Writer.tagOpen = 0;
   }
 
  private:
-  // Sixteen bytes, on which processors work at once.
-  using Block = unsigned char __attribute__((vector_size(16)));
   // More than an operation writes besides the pieces that it counts, and than the copy of a row
   // writes too much.
   static constexpr std::size_t kSlack = 32;
-
-  template <class T>
-  static T Load(const char* from) {
-    T value;
-    std::memcpy(&value, from, sizeof(value));
-    return value;
-  }
-  template <class T>
-  static void Store(char* to, T value) {
-    std::memcpy(to, &value, sizeof(value));
-  }
 
   std::size_t PrefixSize() const { return m_Writer.m_iPrefixSize; }
   char* RoomFor(std::size_t size) const {
@@ -100,41 +85,17 @@ class ZtPen {
   static char* Row(char* to, ZtPiece name) {
     std::size_t i = 0;
     do {
-      Store(to + i, Load<Block>(name.text + i));
-      i += sizeof(Block);
+      ZtStore(to + i, ZtLoad<ZtBlock>(name.text + i));
+      i += sizeof(ZtBlock);
     } while (i < name.size);
     return to + name.size;
   }
   // A name behind the prefix.
   char* Name(char* to, ZtPiece name) const {
     if (m_Writer.nsPrefix) {
-      to = Literal(Copy(to, {m_Writer.nsPrefix, m_Writer.m_iPrefixSize}), ":");
+      to = Literal(ZtCopy(to, {m_Writer.nsPrefix, m_Writer.m_iPrefixSize}), ":");
     }
     return Row(to, name);
-  }
-
-  // Copies by two words or blocks, which may overlap; most texts are short, and a call would cost
-  // more than the copy.
-  template <class T>
-  static void Ends(char* to, ZtPiece text) {
-    const std::size_t last = text.size - sizeof(T);
-    const T end = Load<T>(text.text + last);
-    Store(to, Load<T>(text.text));
-    Store(to + last, end);
-  }
-  static char* Copy(char* to, ZtPiece text) {
-    if (text.size > 2 * sizeof(Block)) {
-      std::memcpy(to, text.text, text.size);
-    } else if (text.size >= sizeof(Block)) {
-      Ends<Block>(to, text);
-    } else if (text.size >= sizeof(std::uint64_t)) {
-      Ends<std::uint64_t>(to, text);
-    } else if (text.size >= sizeof(std::uint32_t)) {
-      Ends<std::uint32_t>(to, text);
-    } else {
-      for (std::size_t i = 0; i < text.size; ++i) to[i] = text.text[i];
-    }
-    return to + text.size;
   }
 
   // Whether one of the bytes in the word is a double quote.
@@ -146,22 +107,18 @@ class ZtPen {
   // Copies a value; false when it holds a double quote.
   static bool Unquoted(char* to, ZtPiece value) {
     const char* const from = value.text;
-    if (value.size >= sizeof(Block)) return UnquotedBlocks(to, from, value.size);
+    if (value.size >= sizeof(ZtBlock)) return UnquotedBlocks(to, value);
     if (value.size >= sizeof(std::uint64_t)) {
+      ZtCopyEnds<std::uint64_t>(to, value);
       const std::size_t last = value.size - sizeof(std::uint64_t);
-      const auto start = Load<std::uint64_t>(from);
-      const auto end = Load<std::uint64_t>(from + last);
-      Store(to, start);
-      Store(to + last, end);
-      return !HasQuote(start) && !HasQuote(end);
+      return !HasQuote(ZtLoad<std::uint64_t>(from)) &&
+             !HasQuote(ZtLoad<std::uint64_t>(from + last));
     }
     if (value.size >= sizeof(std::uint32_t)) {
+      ZtCopyEnds<std::uint32_t>(to, value);
       const std::size_t last = value.size - sizeof(std::uint32_t);
-      const auto start = Load<std::uint32_t>(from);
-      const auto end = Load<std::uint32_t>(from + last);
-      Store(to, start);
-      Store(to + last, end);
-      return !HasQuote(std::uint64_t{start} << 32 | end);
+      const std::uint64_t start = ZtLoad<std::uint32_t>(from);
+      return !HasQuote(start << 32 | ZtLoad<std::uint32_t>(from + last));
     }
     for (std::size_t i = 0; i < value.size; ++i) {
       if (from[i] == '"') return false;
@@ -169,20 +126,18 @@ class ZtPen {
     }
     return true;
   }
-  static bool UnquotedBlocks(char* to, const char* from, std::size_t size) {
-    const std::size_t last = size - sizeof(Block);
-    const Block quote = Block{} + static_cast<unsigned char>('"');
-    Block found = {};
+  static bool UnquotedBlocks(char* to, ZtPiece value) {
+    const std::size_t last = value.size - sizeof(ZtBlock);
+    ZtBlock found = {};
     const auto step = [&](std::size_t i) {
-      const auto block = Load<Block>(from + i);
-      found |= reinterpret_cast<Block>(block == quote);
-      Store(to + i, block);
+      const auto block = ZtLoad<ZtBlock>(value.text + i);
+      found |= ZtMatches(block, '"');
+      ZtStore(to + i, block);
     };
-    for (std::size_t i = 0; i < last; i += sizeof(Block)) step(i);
+    for (std::size_t i = 0; i < last; i += sizeof(ZtBlock)) step(i);
     step(last);
-    std::uint64_t words[2];
-    std::memcpy(words, &found, sizeof(words));
-    return (words[0] | words[1]) == 0;
+    const ZtHalves quotes(found);
+    return (quotes.low | quotes.high) == 0;
   }
 
   ZtXMLDocGenerator& m_Writer;
