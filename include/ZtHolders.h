@@ -25,9 +25,13 @@ class ZT_API ZtText {
   /// after; null clears. What is left in place ends with a NUL, and the object that the text is a
   /// member of lies in the arena. False when there was no memory for the copy: the text is null
   /// then.
-  bool Set(const ZtPiece& text, const ZtArena* arena = nullptr);
+  bool Set(ZtPiece text, const ZtArena* arena = nullptr);
   /// Stores `text`, which outlives the object, without a copy.
-  void Refer(const ZtPiece& text);
+  void Refer(ZtPiece text) {
+    if (m_bCopy) FreeCopy();
+    m_pText = const_cast<char*>(text.text);
+    m_iSize = text.size & kMostSize;
+  }
   /// Set as the public setters have it: always 1.
   int Assign(const char* text);
   const char* Get() const { return m_pText; }
@@ -35,9 +39,10 @@ class ZT_API ZtText {
 
  private:
   static constexpr unsigned kSizeBits = 8 * sizeof(std::size_t) - 1;
+  static constexpr std::size_t kMostSize = ~std::size_t{0} >> 1;
 
-  bool Copy(const ZtPiece& text);
-  void Hold(char* text, std::size_t size, bool copy);
+  bool Copy(ZtPiece text);
+  void FreeCopy();
 
   char* m_pText = nullptr;
   std::size_t m_iSize : kSizeBits;

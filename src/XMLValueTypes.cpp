@@ -38,31 +38,31 @@ struct ZtValueMaker {
     return nullptr;
   }
 
-  static zt_string* String(const ZtSource& source, const ZtPiece& text) {
+  static zt_string* String(const ZtSource& source, ZtPiece text) {
     auto* made = ZtCreate<zt_string>(source);
     return Whole(made, made && made->m_Value.Set(text, source.arena));
   }
-  static zt_empty_element_type* Flag(const ZtSource& source, const ZtPiece& name) {
+  static zt_empty_element_type* Flag(const ZtSource& source, ZtPiece name) {
     auto* made = ZtCreate<zt_empty_element_type>(source);
     if (made) made->m_iPresent = 1;
     return Whole(made, made && name.text && made->m_Value.Set(name, source.arena));
   }
-  static zt_AttributeValuePair* Pair(const ZtSource& source, const ZtPiece& name,
-                                     const ZtPiece& value) {
+  static zt_AttributeValuePair* Pair(const ZtSource& source, ZtPiece name,
+                                     ZtPiece value) {
     auto* made = ZtCreate<zt_AttributeValuePair>(source);
     return Whole(made, made && made->m_Name.Set(name, source.arena) &&
                            made->m_Value.Set(value, source.arena));
   }
 };
 
-zt_string* ZtMakeString(const ZtSource& source, const ZtPiece& text) {
+zt_string* ZtMakeString(const ZtSource& source, ZtPiece text) {
   return ZtValueMaker::String(source, text);
 }
-zt_empty_element_type* ZtMakeFlag(const ZtSource& source, const ZtPiece& name) {
+zt_empty_element_type* ZtMakeFlag(const ZtSource& source, ZtPiece name) {
   return ZtValueMaker::Flag(source, name);
 }
-zt_AttributeValuePair* ZtMakePair(const ZtSource& source, const ZtPiece& name,
-                                  const ZtPiece& value) {
+zt_AttributeValuePair* ZtMakePair(const ZtSource& source, ZtPiece name,
+                                  ZtPiece value) {
   return ZtValueMaker::Pair(source, name, value);
 }
 

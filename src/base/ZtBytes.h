@@ -12,13 +12,13 @@
 using ZtBlock = unsigned char __attribute__((vector_size(16)));
 
 template <class T>
-inline T ZtLoad(const char* from) {
+inline T ZtGet(const char* from) {
   T value;
   std::memcpy(&value, from, sizeof(value));
   return value;
 }
 template <class T>
-inline void ZtStore(char* to, T value) {
+inline void ZtPut(char* to, T value) {
   std::memcpy(to, &value, sizeof(value));
 }
 
@@ -38,7 +38,7 @@ inline char* ZtFind(char* at, char c, const char* end) {
 #if (defined(__SSE2__) || defined(__ARM_NEON)) && __BYTE_ORDER__ == __ORDER_LITTLE_ENDIAN__
   constexpr int kNear = 4;  // blocks
   for (int i = 0; i < kNear && end - at >= static_cast<std::ptrdiff_t>(sizeof(ZtBlock)); ++i) {
-    const ZtHalves found(ZtMatches(ZtLoad<ZtBlock>(at), c));
+    const ZtHalves found(ZtMatches(ZtGet<ZtBlock>(at), c));
     if (found.low) return at + __builtin_ctzll(found.low) / 8;
     if (found.high) return at + 8 + __builtin_ctzll(found.high) / 8;
     at += sizeof(ZtBlock);
@@ -51,9 +51,9 @@ inline char* ZtFind(char* at, char c, const char* end) {
 template <class T>
 inline void ZtCopyEnds(char* to, ZtPiece text) {
   const std::size_t last = text.size - sizeof(T);
-  const T end = ZtLoad<T>(text.text + last);
-  ZtStore(to, ZtLoad<T>(text.text));
-  ZtStore(to + last, end);
+  const T end = ZtGet<T>(text.text + last);
+  ZtPut(to, ZtGet<T>(text.text));
+  ZtPut(to + last, end);
 }
 
 // Returns the end of the copy.
@@ -75,7 +75,7 @@ inline char* ZtCopy(char* to, ZtPiece text) {
 template <class T>
 inline bool ZtSameEnds(const char* a, const char* b, std::size_t size) {
   const std::size_t last = size - sizeof(T);
-  return ZtLoad<T>(a) == ZtLoad<T>(b) && ZtLoad<T>(a + last) == ZtLoad<T>(b + last);
+  return ZtGet<T>(a) == ZtGet<T>(b) && ZtGet<T>(a + last) == ZtGet<T>(b + last);
 }
 
 // Whether two runs of `size` bytes, at least one, are the same.

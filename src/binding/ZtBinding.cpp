@@ -19,7 +19,7 @@ Number ParseNumber(const char* text) {
   Number number = 0;
   for (; *text >= '0' && *text <= '9'; ++text) {
     const auto digit = static_cast<Number>(*text - '0');
-    if (number > (kMost - digit) / 10) return kMost;
+    if (number >= kMost / 10 && (number > kMost / 10 || digit > kMost % 10)) return kMost;
     number = number * 10 + digit;
   }
   return number;
@@ -27,13 +27,17 @@ Number ParseNumber(const char* text) {
 
 }  // namespace
 
-ZtOutcome ZtStore(XMLElement& self, const ZtField& field, const ZtPiece& value,
-                  const ZtArena* arena) {
+ZtOutcome ZtStore(XMLElement& self, const ZtField& field, ZtPiece value, const ZtArena* arena) {
   if (!value.text) return ZtOutcome::kAccepted;
   switch (field.value) {
-    case ZtValue::kText:
-      return (self.*field.member.text).Set(value, arena) ? ZtOutcome::kAccepted
-                                                         : ZtOutcome::kNoMemory;
+    case ZtValue::kText: {
+      ZtText& text = self.*field.member.text;
+      if (!arena || !arena->Holds(value.text)) {
+        return text.Set(value) ? ZtOutcome::kAccepted : ZtOutcome::kNoMemory;
+      }
+      text.Refer(value);
+      break;
+    }
     case ZtValue::kNumber: {
       const auto number = ParseNumber<unsigned>(value.text);
       const ZtRange* range = field.detail.range;
@@ -59,7 +63,7 @@ ZtOutcome ZtStore(XMLElement& self, const ZtField& field, const ZtPiece& value,
 namespace {
 
 ZtOutcome AppendText(XMLElement& self, const ZtField& field, const ZtSource& source,
-                     const ZtPiece& value) {
+                     ZtPiece value) {
   zt_string* text = ZtMakeString(source, value);
   if ((self.*field.member.children).Add(text, source.file, source.arena)) {
     return ZtOutcome::kAccepted;
@@ -70,7 +74,7 @@ ZtOutcome AppendText(XMLElement& self, const ZtField& field, const ZtSource& sou
 
 // The words are cut out of the text where it is the document's own, else out of a copy.
 ZtOutcome AppendWords(XMLElement& self, const ZtField& field, const ZtSource& source,
-                      const ZtPiece& value) {
+                      ZtPiece value) {
   const bool inPlace = source.arena && source.arena->Holds(value.text);
   char* words = inPlace ? const_cast<char*>(value.text) : __strdup(value.text);
   if (!words) return ZtOutcome::kNoMemory;
@@ -87,7 +91,7 @@ ZtOutcome AppendWords(XMLElement& self, const ZtField& field, const ZtSource& so
 
 }  // namespace
 
-ZtOutcome ZtStoreText(XMLElement& self, const ZtField& field, const ZtPiece& value,
+ZtOutcome ZtStoreText(XMLElement& self, const ZtField& field, ZtPiece value,
                       const ZtSource& source) {
   if (!value.text) return ZtOutcome::kAccepted;
   switch (field.place) {
@@ -103,8 +107,7 @@ ZtOutcome ZtStoreText(XMLElement& self, const ZtField& field, const ZtPiece& val
 namespace {
 
 // The text that came with the end tag of a child which was made there. False without memory.
-bool StoreOwnText(XMLElement& child, const ZtElementType& type, const ZtPiece& value,
-                  ZtArena* arena) {
+bool StoreOwnText(XMLElement& child, const ZtElementType& type, ZtPiece value, ZtArena* arena) {
   for (const ZtField& own : type) {
     if (own.IsOwnText() &&
         ZtStoreText(child, own, value, {type.family->source, arena}) == ZtOutcome::kNoMemory) {
@@ -130,7 +133,7 @@ class Hook {
 
   // Takes a child, at its end with the text that came with it.
   ZtOutcome Adopt(XMLElement& self, const ZtField& field, XMLElement* child,
-                  const ZtPiece& ownText) const {
+                  ZtPiece ownText) const {
     if (!child) {
       Log(m_Lines.noObject);
       return ZtOutcome::kRefused;
@@ -151,7 +154,7 @@ class Hook {
   }
 
   // A child that no one else makes: at its end its text becomes its object.
-  ZtOutcome MakeChild(XMLElement& self, const ZtField& field, const ZtPiece& value,
+  ZtOutcome MakeChild(XMLElement& self, const ZtField& field, ZtPiece value,
                       const XMLElement* offered) const {
     if (offered) return ZtOutcome::kRefused;
     if (!value.text) return ZtOutcome::kAccepted;
@@ -218,7 +221,7 @@ ZtPiece FormatNumber(unsigned long long number, char* buffer) {
 
 }  // namespace
 
-unsigned ZtEnumTable::Find(const ZtPiece& value) const {
+unsigned ZtEnumTable::Find(ZtPiece value) const {
   for (unsigned i = 0; i < searched; ++i) {
     const ZtPiece slot = slots[i].Piece();
     const bool fits = byPrefix ? slot.size <= value.size : slot.size == value.size;
@@ -230,7 +233,7 @@ unsigned ZtEnumTable::Find(const ZtPiece& value) const {
 }
 
 ZtOutcome ZtOfferChild(XMLElement& self, const ZtElementType& type, const ZtChildName& name,
-                       const ZtPiece& value, XMLElement* child, ZtArena* arena) {
+                       ZtPiece value, XMLElement* child, ZtArena* arena) {
   const Hook hook(type, arena);
   if (!name.text) {
     hook.Log(hook.Lines().nullElement);
@@ -307,7 +310,7 @@ const ZtField* ZtFindObject(const ZtElementType& type, ZtNameId name) {
   return object ? field : nullptr;
 }
 
-ZtOutcome ZtOfferAttribute(XMLElement& self, const ZtElementType& type, const ZtPiece& name,
+ZtOutcome ZtOfferAttribute(XMLElement& self, const ZtElementType& type, ZtPiece name,
                            const char* value, XMLAttribute* attribute, ZtArena* arena) {
   const Hook hook(type, arena);
   if (!name.text) {

@@ -40,7 +40,7 @@ struct ZtEnumTable {
   std::uint8_t noMatch;   // index stored when none matches
   bool byPrefix;          // the first slot that is a prefix of the value, else the equal one
 
-  unsigned Find(const ZtPiece& value) const;
+  unsigned Find(ZtPiece value) const;
 };
 
 inline constexpr ZtEnumSlot kBooleanSlots[] = {"false", "true"};
@@ -487,10 +487,9 @@ constexpr ZtElementType ZtFlagOf(const ZtFamily& family, const char* writer, con
 }
 
 // New, whole values, recorded under `source`; null without memory.
-zt_string* ZtMakeString(const ZtSource& source, const ZtPiece& text);
-zt_empty_element_type* ZtMakeFlag(const ZtSource& source, const ZtPiece& name);
-zt_AttributeValuePair* ZtMakePair(const ZtSource& source, const ZtPiece& name,
-                                  const ZtPiece& value);
+zt_string* ZtMakeString(const ZtSource& source, ZtPiece text);
+zt_empty_element_type* ZtMakeFlag(const ZtSource& source, ZtPiece name);
+zt_AttributeValuePair* ZtMakePair(const ZtSource& source, ZtPiece name, ZtPiece value);
 
 // ---- Reading ------------------------------------------------------------------------------------
 
@@ -508,21 +507,20 @@ struct ZtChildName {
         size(s),
         atEnd(s && *t == '/'),
         id(s ? ZtNameId::Of({t + atEnd, s - atEnd}) : ZtNameId(kZtNoName)) {}
-  ZtChildName(const ZtPiece& name, bool end, ZtNameId known)
+  ZtChildName(ZtPiece name, bool end, ZtNameId known)
       : text(name.text), size(name.size), atEnd(end), id(known) {}
 };
 
 // What ProcessUnMarshall and ProcessUnMarshallAttribute do for an object of `type`, with the
 // outcome told more finely than by their results. What is made lies in `arena`, null for the heap.
 ZtOutcome ZtOfferChild(XMLElement& self, const ZtElementType& type, const ZtChildName& name,
-                       const ZtPiece& value, XMLElement* child, ZtArena* arena = nullptr);
-ZtOutcome ZtOfferAttribute(XMLElement& self, const ZtElementType& type, const ZtPiece& name,
+                       ZtPiece value, XMLElement* child, ZtArena* arena = nullptr);
+ZtOutcome ZtOfferAttribute(XMLElement& self, const ZtElementType& type, ZtPiece name,
                            const char* value, XMLAttribute* attribute, ZtArena* arena = nullptr);
 // Keeps the value of a scalar field.
-ZtOutcome ZtStore(XMLElement& self, const ZtField& field, const ZtPiece& value,
-                  const ZtArena* arena);
+ZtOutcome ZtStore(XMLElement& self, const ZtField& field, ZtPiece value, const ZtArena* arena);
 // Keeps the text of a text row, whatever its place.
-ZtOutcome ZtStoreText(XMLElement& self, const ZtField& field, const ZtPiece& value,
+ZtOutcome ZtStoreText(XMLElement& self, const ZtField& field, ZtPiece value,
                       const ZtSource& source);
 // Takes a child of the class that a row of objects has, at its start.
 ZtOutcome ZtAdopt(XMLElement& self, const ZtField& field, XMLElement* child,

@@ -59,22 +59,18 @@ ZtText::~ZtText() {
   if (m_bCopy) ZtFree(m_pText);
 }
 
-inline void ZtText::Hold(char* text, std::size_t size, bool copy) {
-  if (m_bCopy) ZtFree(m_pText);
-  m_pText = text;
-  m_iSize = size & (~std::size_t{0} >> 1);
-  m_bCopy = copy;
+void ZtText::FreeCopy() {
+  ZtFree(m_pText);
+  m_bCopy = 0;
 }
 
-bool ZtText::Set(const ZtPiece& text, const ZtArena* arena) {
+bool ZtText::Set(ZtPiece text, const ZtArena* arena) {
   if (!arena || !arena->Holds(text.text)) return Copy(text);
   Refer(text);
   return true;
 }
 
-void ZtText::Refer(const ZtPiece& text) { Hold(const_cast<char*>(text.text), text.size, false); }
-
-bool ZtText::Copy(const ZtPiece& text) {
+bool ZtText::Copy(ZtPiece text) {
   char* copy = nullptr;
   if (text.text) {
     copy = static_cast<char*>(ZtAllocate(text.size + 1));
@@ -83,7 +79,8 @@ bool ZtText::Copy(const ZtPiece& text) {
       copy[text.size] = '\0';
     }
   }
-  Hold(copy, copy ? text.size : 0, copy != nullptr);
+  Refer({copy, copy ? text.size : 0});
+  m_bCopy = copy != nullptr;
   return copy || !text.text;
 }
 

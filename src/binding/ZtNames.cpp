@@ -56,7 +56,7 @@ constexpr Index kIndex;
 
 }  // namespace
 
-ZtNameId ZtNameId::Of(const ZtPiece& name) {
+ZtNameId ZtNameId::Of(ZtPiece name) {
   const char* const text = name.text;
   const std::size_t size = name.size;
   if (size == 0) return kZtNoName;

@@ -28,9 +28,9 @@ class ZtNameId {
                                        : row) {}
   constexpr ZtNameId(ZtExtraName extra) : m_Id(extra) {}  // NOLINT(google-explicit-constructor)
   // The name whose text is `text`, kZtNoName when there is none.
-  static ZtNameId Of(const ZtPiece& text);
+  static ZtNameId Of(ZtPiece text);
   // Whether its text is `text`, which is not empty.
-  bool Is(const ZtPiece& text) const;
+  bool Is(ZtPiece text) const;
 
   constexpr unsigned Low6Bits() const { return static_cast<unsigned>(m_Id) & 63U; }
   constexpr bool IsNone() const { return m_Id == XML_STR_ZT_NULL; }
@@ -69,7 +69,7 @@ inline const char* ZtNameId::Text() const {
              : kZtExtraNames[m_Id - kXmlStrRefCount];
 }
 
-inline bool ZtNameId::Is(const ZtPiece& text) const {
+inline bool ZtNameId::Is(ZtPiece text) const {
   if (text.size != kZtNameSizes[m_Id]) return false;
   const char* own = Text();
   return *text.text == *own && ZtSameBytes(own, text.text, text.size);

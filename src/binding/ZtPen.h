@@ -85,7 +85,7 @@ class ZtPen {
   static char* Row(char* to, ZtPiece name) {
     std::size_t i = 0;
     do {
-      ZtStore(to + i, ZtLoad<ZtBlock>(name.text + i));
+      ZtPut(to + i, ZtGet<ZtBlock>(name.text + i));
       i += sizeof(ZtBlock);
     } while (i < name.size);
     return to + name.size;
@@ -111,14 +111,13 @@ class ZtPen {
     if (value.size >= sizeof(std::uint64_t)) {
       ZtCopyEnds<std::uint64_t>(to, value);
       const std::size_t last = value.size - sizeof(std::uint64_t);
-      return !HasQuote(ZtLoad<std::uint64_t>(from)) &&
-             !HasQuote(ZtLoad<std::uint64_t>(from + last));
+      return !HasQuote(ZtGet<std::uint64_t>(from)) && !HasQuote(ZtGet<std::uint64_t>(from + last));
     }
     if (value.size >= sizeof(std::uint32_t)) {
       ZtCopyEnds<std::uint32_t>(to, value);
       const std::size_t last = value.size - sizeof(std::uint32_t);
-      const std::uint64_t start = ZtLoad<std::uint32_t>(from);
-      return !HasQuote(start << 32 | ZtLoad<std::uint32_t>(from + last));
+      const std::uint64_t start = ZtGet<std::uint32_t>(from);
+      return !HasQuote(start << 32 | ZtGet<std::uint32_t>(from + last));
     }
     for (std::size_t i = 0; i < value.size; ++i) {
       if (from[i] == '"') return false;
@@ -130,9 +129,9 @@ class ZtPen {
     const std::size_t last = value.size - sizeof(ZtBlock);
     ZtBlock found = {};
     const auto step = [&](std::size_t i) {
-      const auto block = ZtLoad<ZtBlock>(value.text + i);
+      const auto block = ZtGet<ZtBlock>(value.text + i);
       found |= ZtMatches(block, '"');
-      ZtStore(to + i, block);
+      ZtPut(to + i, block);
     };
     for (std::size_t i = 0; i < last; i += sizeof(ZtBlock)) step(i);
     step(last);

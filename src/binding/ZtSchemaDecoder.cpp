@@ -49,7 +49,7 @@ int ZtSchemaDecoder::ProcessElement(char* name, char* value) {
   return Element(name, value);
 }
 
-int ZtSchemaDecoder::Element(char* name, const ZtPiece& value) {
+int ZtSchemaDecoder::Element(char* name, ZtPiece value) {
   if (m_bFailed) return -1;
   const bool atEnd = *name == '/';
   const bool skipped = m_iSkipped != 0;
@@ -111,7 +111,7 @@ int ZtSchemaDecoder::ProcessEnd(char* slashName, std::size_t nameSize, char* tex
 }
 
 // The end of the innermost object; false when that is not what ends, or not all there is to it.
-bool ZtSchemaDecoder::EndOpened(char* slashName, std::size_t nameSize, const ZtPiece& text) {
+bool ZtSchemaDecoder::EndOpened(char* slashName, std::size_t nameSize, ZtPiece text) {
   if (m_iSkipped || m_iDropped || m_Stack.empty() || !m_Grammar.endsAsStarted) return false;
   const ZtGrammarRow& row = *m_Levels[m_Stack.size()].row;
   if (row.kind == ZtElementKind::kTextBearing) {
@@ -181,7 +181,7 @@ bool ZtSchemaDecoder::StartChild(const Open& current, const ZtGrammarRow& row,
 }
 
 // The end of an element; `skipped` for one that has no object of its own on the stack.
-void ZtSchemaDecoder::End(const Open& current, const ZtChildName& name, const ZtPiece& value,
+void ZtSchemaDecoder::End(const Open& current, const ZtChildName& name, ZtPiece value,
                           bool skipped) {
   const ZtGrammarRow* row = FindEnd(name.id);
   const bool takesText = row && row->kind == ZtElementKind::kTextBearing;
@@ -205,7 +205,7 @@ void ZtSchemaDecoder::End(const Open& current, const ZtChildName& name, const Zt
 
 // Offers the text of an element, with the object that is made at its end if it has one.
 void ZtSchemaDecoder::OfferEnd(const Open& current, const ZtGrammarRow* row,
-                               const ZtChildName& name, const ZtPiece& value) {
+                               const ZtChildName& name, ZtPiece value) {
   if (!current.object) return;
   XMLElement* child = nullptr;
   if (row && row->kind == ZtElementKind::kEndBound) {
@@ -284,8 +284,7 @@ void ZtSchemaDecoder::ProcessAttributes(ScannedTag& tag) {
 }
 
 // An attribute of the element that was started.
-void ZtSchemaDecoder::Attribute(const ZtElementType& type, const ZtPiece& name,
-                                const ZtPiece& value) {
+void ZtSchemaDecoder::Attribute(const ZtElementType& type, ZtPiece name, ZtPiece value) {
   const ZtNameId id = ZtNameId::Of(name);
   if (type.textsFromAttributes) {
     const ZtField* text = ZtFindChild(type, id);
@@ -298,8 +297,8 @@ void ZtSchemaDecoder::Attribute(const ZtElementType& type, const ZtPiece& name,
 }
 
 // `field` null: no row has it, or a hook is to see it first.
-void ZtSchemaDecoder::KeepAttribute(const ZtElementType& type, const ZtField* field,
-                                    const ZtPiece& name, const ZtPiece& value) {
+void ZtSchemaDecoder::KeepAttribute(const ZtElementType& type, const ZtField* field, ZtPiece name,
+                                    ZtPiece value) {
   ZtOutcome outcome = ZtOutcome::kAccepted;
   if (field) {
     outcome = ZtStore(*m_Started.object, *field, value, m_pArena);
@@ -311,8 +310,7 @@ void ZtSchemaDecoder::KeepAttribute(const ZtElementType& type, const ZtField* fi
 
 // An attribute that no row names, or that a hook is to see first. A type that keeps none of these
 // is not given one, only told of it.
-ZtOutcome ZtSchemaDecoder::OfferAttribute(const ZtElementType& type, const ZtPiece& name,
-                                          const ZtPiece& value) {
+ZtOutcome ZtSchemaDecoder::OfferAttribute(const ZtElementType& type, ZtPiece name, ZtPiece value) {
   zt_AttributeValuePair* pair = nullptr;
   if (type.keepsAttributes) {
     pair = ZtMakePair(SourceOf(type), name, value);
@@ -342,14 +340,14 @@ XMLElement* ZtSchemaDecoder::Make(const ZtElementType& type) {
 }
 
 // A flag element, present under its own name. Its attributes are nobody's.
-XMLElement* ZtSchemaDecoder::MakeFlag(const ZtPiece& name) {
+XMLElement* ZtSchemaDecoder::MakeFlag(ZtPiece name) {
   zt_empty_element_type* flag = ZtMakeFlag(SourceOf(zt_empty_element_type::kType), name);
   if (!flag) m_bFailed = true;
   return flag;
 }
 
 // Offers a child to an open element, if there is one.
-ZtOutcome ZtSchemaDecoder::Offer(const Open& parent, const ZtChildName& name, const ZtPiece& value,
+ZtOutcome ZtSchemaDecoder::Offer(const Open& parent, const ZtChildName& name, ZtPiece value,
                                  XMLElement* child) {
   if (!parent.object || !parent.type) return ZtOutcome::kAccepted;
   const ZtOutcome outcome =
