@@ -93,7 +93,7 @@ class ZT_API ZtSchemaDecoder : public XmlDecoderSchema {
   int ProcessStart(ScannedTag& tag) override;
   void ProcessAttributes(ScannedTag& tag) override;
   int ProcessEnd(char* slashName, std::size_t nameSize, char* text, std::size_t textSize) override;
-  bool EndOpened(char* slashName, std::size_t nameSize, ZtPiece text);
+  inline bool EndOpened(char* slashName, std::size_t nameSize, ZtPiece text);
 
   ZtSource SourceOf(const ZtElementType& type);
   void Attribute(const ZtElementType& type, ZtPiece name, ZtPiece value);
@@ -102,19 +102,19 @@ class ZT_API ZtSchemaDecoder : public XmlDecoderSchema {
   ZtOutcome OfferAttribute(const ZtElementType& type, ZtPiece name, ZtPiece value);
   XMLElement* Make(const ZtElementType& type);
   XMLElement* MakeFlag(ZtPiece name);
-  bool Start(const Open& current, const ZtChildName& name);
+  inline bool Start(const Open& current, const ZtChildName& name);
   void StartRoot(const ZtGrammarRow& row);
-  bool StartChild(const Open& current, const ZtGrammarRow& row, const ZtChildName& name);
+  inline bool StartChild(const Open& current, const ZtGrammarRow& row, const ZtChildName& name);
   XMLElement* StartExtension(const ZtGrammarRow& row);
   void End(const Open& current, const ZtChildName& name, ZtPiece value, bool skipped);
   void OfferEnd(const Open& current, const ZtGrammarRow* row, const ZtChildName& name,
                 ZtPiece value);
   ZtOutcome Offer(const Open& parent, const ZtChildName& name, ZtPiece value, XMLElement* child);
-  ZtOutcome OfferStarted(const Open& parent, const ZtGrammarRow& row, const ZtChildName& name,
+  inline ZtOutcome OfferStarted(const Open& parent, const ZtGrammarRow& row, const ZtChildName& name,
                          XMLElement* child);
   int Element(char* name, ZtPiece value);
   Open Current() const;
-  const ZtGrammarRow* FindStart(ZtNameId name) const;
+  inline const ZtGrammarRow* FindStart(ZtNameId name) const;
   const ZtGrammarRow* FindEnd(ZtNameId name) const;
   const ZtElementType* CurrentType() const;
   void Push(XMLElement* object, const ZtGrammarRow& row);

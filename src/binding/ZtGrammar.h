@@ -54,6 +54,7 @@ struct ZtGrammar {
   // Whether what ends is always what its start has opened: no name of an opened element is also
   // that of one which is made at its end.
   bool endsAsStarted = true;
+  bool takesAny = false;  // a row without a name
   ZtGrammarTable own = {};
   ZtGrammarTable shared = {};
   // Rows by the low bits of their names: the first, and behind each the next one, in their order;
@@ -103,12 +104,14 @@ struct ZtGrammar {
   constexpr ZtGrammar With(ZtGrammarTable ZtGrammar::*table, const ZtGrammarRow (&rows)[N]) const {
     ZtGrammar grammar = ZtWith(*this, table, ZtGrammarTable{rows, N});
     for (std::uint8_t& chain : grammar.first) chain = 0;
+    grammar.takesAny = false;
     // Too many rows are an index out of bounds, with which nothing compiles.
     for (std::size_t i = grammar.Count(); i; --i) {
       const ZtGrammarRow& row = grammar.Row(i);
       std::uint8_t& chain = grammar.first[row.name.Low6Bits()];
       grammar.next[i] = chain;
       chain = static_cast<std::uint8_t>(i);
+      grammar.takesAny = grammar.takesAny || row.name.IsNone();
       grammar.endsAsStarted = grammar.endsAsStarted && !grammar.EndsElsewhere(row);
     }
     return grammar;

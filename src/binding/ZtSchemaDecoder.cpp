@@ -400,7 +400,7 @@ const ZtGrammarRow* ZtSchemaDecoder::FindStart(ZtNameId name) const {
   const ZtElementType* current = CurrentType();
   const ZtGrammarRow* named = m_Grammar.Find(
       name, [=](const ZtGrammarRow& row) { return !row.parent || row.parent == current; });
-  if (named) return named;
+  if (named || !m_Grammar.takesAny) return named;
   return m_Grammar.Find(XML_STR_ZT_NULL, [=](const ZtGrammarRow& row) {
     return row.parent && row.parent == current && !ZtFindChild(*row.parent, name);
   });
