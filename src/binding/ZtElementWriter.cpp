@@ -2,35 +2,39 @@
 
 #include "ZtNamespaces.h"
 
-// The prefix of the elements written while it lives.
-class ZtElementWriter::Prefix {
+// The inside of an element: its depth and prefix hold until it ends.
+class ZtElementWriter::Nesting {
  public:
-  Prefix(ZtElementWriter& owner, e_XmlStrRef prefix) : m_Owner(owner), m_Outer(owner.m_Prefix) {
+  Nesting(ZtElementWriter& owner, e_XmlStrRef prefix) : m_Owner(owner), m_Outer(owner.m_Prefix) {
+    ++owner.m_iDepth;
     if (prefix != XML_STR_ZT_NULL) Change(prefix);
   }
-  ~Prefix() {
+  ~Nesting() {
+    --m_Owner.m_iDepth;
     if (m_Owner.m_Prefix != m_Outer) Change(m_Outer);
   }
-  Prefix(const Prefix&) = delete;
-  Prefix& operator=(const Prefix&) = delete;
+  Nesting(const Nesting&) = delete;
+  Nesting& operator=(const Nesting&) = delete;
 
  private:
-  void Change(e_XmlStrRef prefix) {
-    m_Owner.m_Prefix = prefix;
-    const ZtPiece text = prefix == XML_STR_ZT_NULL ? nullptr : ZtNameId(prefix).Piece();
-    const ZtNamespaceBindings* namespaces = m_Owner.m_Scope.namespaces;
-    const ZtNamespaceBinding* binding = namespaces ? namespaces->Find(text.text) : nullptr;
-    m_Owner.m_Pen.Prefix(binding ? binding->alias.Piece() : text);
-  }
+  void Change(e_XmlStrRef prefix) { m_Owner.ChangePrefix(prefix); }
 
   ZtElementWriter& m_Owner;
   e_XmlStrRef m_Outer;
 };
 
+void ZtElementWriter::ChangePrefix(e_XmlStrRef prefix) {
+  m_Prefix = prefix;
+  const ZtPiece text = prefix == XML_STR_ZT_NULL ? nullptr : ZtNameId(prefix).Piece();
+  const ZtNamespaceBinding* binding =
+      m_Scope.namespaces ? m_Scope.namespaces->Find(text.text) : nullptr;
+  m_Pen.Prefix(binding ? binding->alias.Piece() : text);
+}
+
 // A start tag. One that is never closed stays open in the text.
 class ZtElementWriter::StartTag {
  public:
-  StartTag(ZtPen& pen, ZtNameId element) : m_Pen(pen) { pen.Open(element.Piece()); }
+  StartTag(ZtPen& pen, ZtPiece element) : m_Pen(pen) { pen.Open(element); }
   ~StartTag() {
     if (!m_bClosed) m_Pen.LeaveOpen();
   }
@@ -58,6 +62,12 @@ class ZtElementWriter::StartTag {
 };
 
 namespace {
+
+// ZtFieldText without a call for what most fields are.
+inline ZtPiece TextOf(const XMLElement& element, const ZtField& field, char* buffer) {
+  return field.value == ZtValue::kText ? (element.*field.member.text).Piece()
+                                       : ZtFieldText(element, field, buffer);
+}
 
 constexpr std::size_t kMostFlagName = 98;  // the longest that a table may ask for
 
@@ -178,31 +188,23 @@ int ZtElementWriter::Write(XMLElement* element, const ZtElementType& type, e_Xml
   }
   if (!element && type.flag) Log(kZtLogState, type.flag->nullLine, m_Scope.marshaller);
   // A caller's list may hold anything: rows are applied to objects of their own type only.
-  if (!element || !ZtIsA(*element, type)) return 0;
+  if (!element || (element->ClassName() != type.className && !ZtIsA(*element, type))) return 0;
   if (m_iDepth == kMostDepth) {
     Log(kZtLogError, "<XML Module>: more than %d elements within each other", kMostDepth);
     m_bIncomplete = true;
     return 0;
   }
-  ++m_iDepth;
-  const int written = WriteNested(*element, type, prefix, name);
-  --m_iDepth;
-  return written;
-}
-
-int ZtElementWriter::WriteNested(XMLElement& element, const ZtElementType& type, e_XmlStrRef prefix,
-                                 ZtNameId name) {
-  const Prefix scope(*this, prefix == XML_STR_ZT_NULL ? type.prefix : prefix);
-  if (type.flag) return WriteFlag(static_cast<zt_empty_element_type&>(element), *type.flag);
-  if (type.writeHook) return type.writeHook(*this, element, type);
+  const Nesting nesting(*this, prefix == XML_STR_ZT_NULL ? type.prefix : prefix);
+  if (type.flag) return WriteFlag(static_cast<zt_empty_element_type&>(*element), *type.flag);
+  if (type.writeHook) return type.writeHook(*this, *element, type);
   if (name.IsNone()) name = type.tag;
-  if (type.checksFirst && !HasRequired(element, type)) return 0;
-  const bool tagged = !name.IsNone();
-  if (tagged && !WriteStartTag(element, type, name)) return 0;
+  if (type.checksFirst && !HasRequired(*element, type)) return 0;
+  const ZtPiece tag = name.IsNone() ? nullptr : name.Piece();
+  if (tag.text && !WriteStartTag(*element, type, tag)) return 0;
   if (type.selfClosing) return 1;
   const bool written =
-      type.contentHook ? type.contentHook(*this, element, type) : WriteChildren(element, type);
-  if (written && tagged) End(name);
+      type.contentHook ? type.contentHook(*this, *element, type) : WriteChildren(*element, type);
+  if (written && tag.text) m_Pen.End(tag);
   return written;
 }
 
@@ -231,7 +233,21 @@ bool ZtElementWriter::WriteChildren(const XMLElement& element, const ZtElementTy
       if (chosen || !IsSet(element, field)) continue;
       chosen = true;
     }
-    if (!WriteField(element, field)) return false;
+    if (field.place == ZtPlace::kTextElement) {
+      char buffer[kZtNumberSize];
+      const ZtPiece text = TextOf(element, field, buffer);
+      if (text.text || field.always) WriteText(field, text);
+      if (text.text) continue;
+      Log(field.lineLevel, field.line);
+      if (field.required) return false;
+    } else if (field.place == ZtPlace::kChild) {
+      XMLElement* child = (element.*field.member.child).Get();
+      if (child && !WriteChild(child, 0, field, {field.detail.type, XML_STR_ZT_NULL})) {
+        return false;
+      }
+    } else if ((element.*field.member.children).Get() || field.place == ZtPlace::kOwnText) {
+      if (!WriteMany(element, field)) return false;
+    }
   }
   return true;
 }
@@ -247,26 +263,29 @@ bool ZtElementWriter::HasRequired(const XMLElement& element, const ZtElementType
 }
 
 bool ZtElementWriter::WriteStartTag(const XMLElement& element, const ZtElementType& type,
-                                    ZtNameId name) {
+                                    ZtPiece name) {
   StartTag tag(m_Pen, name);
   char buffer[kZtNumberSize];
   bool awaited = false;
   for (unsigned i = 0; i < type.fixedCount; ++i) {
     const ZtFixedAttribute& fixed = type.fixed[i];
-    tag.Add(ZtName(fixed.name), ZtName(fixed.value),
-            fixed.suffix == XML_STR_ZT_NULL ? nullptr : ZtName(fixed.suffix));
+    if (fixed.suffix == XML_STR_ZT_NULL) {
+      tag.Add(fixed.name, fixed.value.Piece());
+    } else {
+      tag.Add(ZtName(fixed.name), ZtName(fixed.value), ZtName(fixed.suffix));
+    }
   }
   const ZtField* const end = type.children();
   for (const ZtField* at = type.begin(); at != end; ++at) {
     const ZtField& field = *at;
     if (field.place == ZtPlace::kOtherAttributes) {
       const ZtAttributeList& others = element.*field.member.attributes;
-      awaited = type.awaitsExtras && others.Get() && !others.Head();
+      if (!others.Get()) continue;
+      awaited = type.awaitsExtras && !others.Head();
       if (!WriteOtherAttributes(others.Head(), &type, tag)) return false;
       continue;
     }
-    const ZtPiece text = field.value == ZtValue::kText ? (element.*field.member.text).Piece()
-                                                       : ZtFieldText(element, field, buffer);
+    const ZtPiece text = TextOf(element, field, buffer);
     if (!text.text) {
       Log(field.lineLevel, field.line);
       if (field.required) return false;
@@ -279,7 +298,7 @@ bool ZtElementWriter::WriteStartTag(const XMLElement& element, const ZtElementTy
 }
 
 bool ZtElementWriter::Start(ZtNameId name, ZtSingleElementList* attributes) {
-  StartTag tag(m_Pen, name);
+  StartTag tag(m_Pen, name.Piece());
   if (attributes && !WriteOtherAttributes(attributes->GetPtrToListHead(), nullptr, tag)) {
     return false;
   }
@@ -315,7 +334,7 @@ bool ZtElementWriter::WriteOtherAttributes(ZtListNode* head, const ZtElementType
 int ZtElementWriter::WriteText(const ZtField& field, ZtPiece text) {
   if (field.writer) Log(kZtLogTrace, "<XML Module>: %s", field.writer);
   if (!text.text && !field.always) return 0;
-  WriteText(field.name, text);
+  m_Pen.TextElement(field.name.Piece(), text);
   return 1;
 }
 
@@ -323,57 +342,36 @@ void ZtElementWriter::WriteText(ZtNameId name, ZtPiece text) {
   m_Pen.TextElement(name.Piece(), text);
 }
 
-bool ZtElementWriter::WriteField(const XMLElement& element, const ZtField& field) {
-  switch (field.place) {
-    case ZtPlace::kTextElement: {
-      char buffer[kZtNumberSize];
-      const ZtPiece text = ZtFieldText(element, field, buffer);
-      if (text.text || field.always) WriteText(field, text);
-      if (!text.text) Log(field.lineLevel, field.line);
-      return text.text || !field.required;
-    }
-    case ZtPlace::kTextElements:
-      for (ZtListNode* node = (element.*field.member.children).Head(); node; node = node->next) {
-        const auto* text = zt_string::From(static_cast<XMLElement*>(node->data));
-        if (text && text->getValue()) WriteText(field.name, text->getValue());
-      }
-      return true;
-    case ZtPlace::kOwnText: {
-      char buffer[kZtNumberSize];
-      m_Pen.Text(ZtFieldText(element, field, buffer));
-      return true;
-    }
-    case ZtPlace::kOwnWords: {
-      const char* blank = "";
-      for (ZtListNode* node = (element.*field.member.children).Head(); node; node = node->next) {
-        const auto* word = zt_string::From(static_cast<XMLElement*>(node->data));
-        if (!word || !word->getValue()) continue;
-        m_Pen.Writer().ztXmlSetData(blank);
-        m_Pen.Writer().ztXmlSetData(word->getValue());
-        blank = " ";
-      }
-      return true;
-    }
-    case ZtPlace::kChild: {
-      XMLElement* child = (element.*field.member.child).Get();
-      return !child || WriteChild(child, 0, field, {field.detail.type, XML_STR_ZT_NULL});
-    }
-    case ZtPlace::kChildren: {
-      int index = 0;
-      for (ZtListNode* node = (element.*field.member.children).Head(); node; node = node->next) {
-        auto* child = static_cast<XMLElement*>(node->data);
-        if (child && !WriteChild(child, index, field, {field.detail.type, XML_STR_ZT_NULL})) {
-          return false;
-        }
-        ++index;
-      }
-      return true;
-    }
-    case ZtPlace::kOtherChildren:
-      return WriteOthers(element, field);
-    default:
-      return true;
+// What a row has that stands for more than one child, or for the element's own text.
+bool ZtElementWriter::WriteMany(const XMLElement& element, const ZtField& field) {
+  if (field.place == ZtPlace::kOwnText) {
+    char buffer[kZtNumberSize];
+    m_Pen.Text(TextOf(element, field, buffer));
+    return true;
   }
+  if (field.place == ZtPlace::kOtherChildren) return WriteOthers(element, field);
+  const char* blank = "";
+  int index = 0;
+  for (ZtListNode* node = (element.*field.member.children).Head(); node; node = node->next) {
+    auto* child = static_cast<XMLElement*>(node->data);
+    if (field.place == ZtPlace::kChildren) {
+      if (child && !WriteChild(child, index, field, {field.detail.type, XML_STR_ZT_NULL})) {
+        return false;
+      }
+      ++index;
+      continue;
+    }
+    const auto* text = zt_string::From(child);
+    if (!text || !text->getValue()) continue;
+    if (field.place == ZtPlace::kTextElements) {
+      WriteText(field.name, text->getValue());
+    } else {  // a word
+      m_Pen.Writer().ztXmlSetData(blank);
+      m_Pen.Writer().ztXmlSetData(text->getValue());
+      blank = " ";
+    }
+  }
+  return true;
 }
 
 // Whether the parent may go on. The child stands under its row's name, if that has one.

@@ -51,15 +51,14 @@ class ZtElementWriter {
   bool IsIncomplete() const { return m_bIncomplete; }
 
  private:
-  class Prefix;
+  class Nesting;
   class StartTag;
 
-  inline int WriteNested(XMLElement& element, const ZtElementType& type, e_XmlStrRef prefix,
-                         ZtNameId name);
+  void ChangePrefix(e_XmlStrRef prefix);
   int WriteFlag(const zt_empty_element_type& flag, const ZtFlag& how);
   bool HasRequired(const XMLElement& element, const ZtElementType& type) const;
-  inline bool WriteStartTag(const XMLElement& element, const ZtElementType& type, ZtNameId name);
-  inline bool WriteField(const XMLElement& element, const ZtField& field);
+  inline bool WriteStartTag(const XMLElement& element, const ZtElementType& type, ZtPiece name);
+  bool WriteMany(const XMLElement& element, const ZtField& field);
   inline bool WriteChild(XMLElement* child, int index, const ZtField& field, const ZtWritable& as);
   bool WriteOthers(const XMLElement& element, const ZtField& field);
   bool WriteOtherAttributes(ZtListNode* head, const ZtElementType* type, StartTag& tag);
