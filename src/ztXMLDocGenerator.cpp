@@ -1,5 +1,6 @@
 #include "ztXMLDocGenerator.h"
 
+#include "base/ZtBytes.h"
 #include "base/ZtLog.h"
 
 namespace {
@@ -260,8 +261,7 @@ void ZtXMLDocGenerator::AppendCut(ZtPiece piece) {
     m_bCutReported = true;
     ZtLog(kZtLogError, kSource)("ZtXMLDocGenerator :: document cut at 32767 characters");
   }
-  if (size) std::memcpy(m_pAt, piece.text, size);
-  m_pAt += size;
+  m_pAt = ZtCopy(m_pAt, {piece.text, size});
 }
 
 char* ZtXMLDocGenerator::escapeString(const char* text) {

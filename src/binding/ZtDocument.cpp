@@ -106,6 +106,18 @@ bool ZtUnMarshaller::Parse(ZtArena& arena, char* text, std::size_t size, XMLElem
 
 // ---- Marshaller ---------------------------------------------------------------------------------
 
+namespace {
+
+// A copy of the document, with a line break at its beginning dropped.
+char* CopyOf(ZtPiece text, bool dropsFirstNewline) {
+  const std::size_t dropped = dropsFirstNewline && text.size && *text.text == '\n' ? 1 : 0;
+  auto* copy = text.text ? static_cast<char*>(__malloc(text.size - dropped + 1)) : nullptr;
+  if (copy) std::memcpy(copy, text.text + dropped, text.size - dropped + 1);
+  return copy;
+}
+
+}  // namespace
+
 ZtMarshaller::ZtMarshaller()
     : m_pXmlStrRef(zt_xml_common_array_definition::CreateArrayInstance()) {}
 
@@ -145,9 +157,8 @@ char* ZtMarshaller::Marshall(XMLElement* root) {
   } else {
     if (document.lines.rootChosen) trace(document.lines.rootChosen);
     const int written = Write(root, **type);
-    const char* text = m_XmlDocGenerator.ztGetXmlDoc();
-    if (written && text && !m_XmlDocGenerator.outOfMemory()) {
-      m_pXml = __strdup(text + (document.dropsFirstNewline && *text == '\n'));
+    if (written && !m_XmlDocGenerator.outOfMemory()) {
+      m_pXml = CopyOf(ZtPen(m_XmlDocGenerator).Document(), document.dropsFirstNewline);
     }
     if (m_pXml) m_pXml = Complete(root, m_pXml);
     if (m_pXml) {

@@ -45,9 +45,16 @@ class ZtElementWriter::StartTag {
     m_bEmpty = false;
     m_Pen.Attribute(name.Piece(), value);
   }
-  void Add(const char* name, const char* value, const char* suffix) {
+  void Add(const ZtFixedAttribute& fixed) {
+    if (fixed.suffix == XML_STR_ZT_NULL) return Add(fixed.name, fixed.value.Piece());
     m_bEmpty = false;
-    m_Pen.Writer().ztAddNameSpacePrefixToXml(name, value, suffix, 0, 0);
+    m_Pen.Attribute(ZtNameId(fixed.name).Piece(), ZtNameId(fixed.suffix).Piece(),
+                    fixed.value.Piece());
+  }
+  // One whose name is no row.
+  void Add(const char* name, const char* value) {
+    m_bEmpty = false;
+    m_Pen.Writer().ztAddNameSpacePrefixToXml(name, value, nullptr, 0, 0);
   }
   bool IsEmpty() const { return m_bEmpty; }
   void Close(bool selfEnd) {
@@ -267,14 +274,7 @@ bool ZtElementWriter::WriteStartTag(const XMLElement& element, const ZtElementTy
   StartTag tag(m_Pen, name);
   char buffer[kZtNumberSize];
   bool awaited = false;
-  for (unsigned i = 0; i < type.fixedCount; ++i) {
-    const ZtFixedAttribute& fixed = type.fixed[i];
-    if (fixed.suffix == XML_STR_ZT_NULL) {
-      tag.Add(fixed.name, fixed.value.Piece());
-    } else {
-      tag.Add(ZtName(fixed.name), ZtName(fixed.value), ZtName(fixed.suffix));
-    }
-  }
+  for (unsigned i = 0; i < type.fixedCount; ++i) tag.Add(type.fixed[i]);
   const ZtField* const end = type.children();
   for (const ZtField* at = type.begin(); at != end; ++at) {
     const ZtField& field = *at;
@@ -326,7 +326,7 @@ bool ZtElementWriter::WriteOtherAttributes(ZtListNode* head, const ZtElementType
         (ZtFindAttribute(*type, ZtNameId::Of({name, size})) || IsFixed(*type, name, size))) {
       continue;
     }
-    if (names.Insert(name, size)) tag.Add(name, pair->getValue(), nullptr);
+    if (names.Insert(name, size)) tag.Add(name, pair->getValue());
   }
   return true;
 }

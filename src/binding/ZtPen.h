@@ -14,6 +14,11 @@ class ZtPen {
 
   // The writer, for what is not written often.
   ZtXMLDocGenerator& Writer() { return m_Writer; }
+  // The document so far, null without memory for it.
+  ZtPiece Document() const {
+    const char* text = m_Writer.ztGetXmlDoc();
+    return {text, static_cast<std::size_t>(m_Writer.m_pAt - text)};
+  }
   // The prefix of the elements from here on; it outlives its use.
   void Prefix(ZtPiece prefix) { m_Writer.UsePrefix(prefix); }
 
@@ -34,6 +39,13 @@ class ZtPen {
       }
     }
     m_Writer.Attribute(name, value, nullptr, 0, 0);
+  }
+  // The same of a name with a suffix, where the value is known to hold no double quote.
+  void Attribute(ZtPiece name, ZtPiece suffix, ZtPiece value) {
+    char* at = RoomFor(name.size + suffix.size + value.size);
+    if (!at) return m_Writer.Attribute(name, value, suffix, 0, 0);
+    at = Literal(Row(Literal(Row(Literal(at, " "), name), ":"), suffix), "=\"");
+    m_Writer.m_pAt = Literal(ZtCopy(at, value), "\" ");
   }
   // Ends a start tag in place of the blank behind its name or last attribute.
   void Close(bool selfEnd) {
