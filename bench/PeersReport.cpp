@@ -123,7 +123,7 @@ std::string PeersReport::Bars(Work work, const Document& document) const {
       return bound ? Bar(ratio(Who::kPugixmlMapped), 1, 1.5, "mapping") : "";
     }
     case Work::kWrite:
-      return Bar(ratio(Who::kPugixml), 3, 5, "pugixml");
+      return Bar(ratio(Who::kPugixmlMapped), 3, 5, "mapping");
     default:
       return "";
   }

@@ -52,9 +52,9 @@ class ZtElementWriter::StartTag {
                     fixed.value.Piece());
   }
   // One whose name is no row.
-  void Add(const char* name, const char* value) {
+  void AddOther(ZtPiece name, ZtPiece value) {
     m_bEmpty = false;
-    m_Pen.Writer().ztAddNameSpacePrefixToXml(name, value, nullptr, 0, 0);
+    m_Pen.Attribute<false>(name, value);
   }
   bool IsEmpty() const { return m_bEmpty; }
   void Close(bool selfEnd) {
@@ -107,15 +107,16 @@ class NameSet {
 
   bool IsFull() const { return m_iCount == kMostNames; }
 
-  // False when the name of `size` bytes is in the set already.
-  bool Insert(const char* name, std::size_t size) {
-    std::size_t slot = Hash(name, size) & m_iMask;
+  // False when the name is in the set already.
+  bool Insert(ZtPiece name) {
+    std::size_t slot = Hash(name) & m_iMask;
     for (; m_Slots[slot]; slot = (slot + 1) & m_iMask) {
-      if (NameSize(m_Slots[slot]) == size && std::memcmp(m_Slots[slot], name, size) == 0) {
+      if (NameSize(m_Slots[slot]) == name.size &&
+          std::memcmp(m_Slots[slot], name.text, name.size) == 0) {
         return false;
       }
     }
-    m_Slots[slot] = name;
+    m_Slots[slot] = name.text;
     ++m_iCount;
     return true;
   }
@@ -125,10 +126,10 @@ class NameSet {
   static constexpr std::size_t kMostNames = ZtXMLDocGenerator::kBufferSize / sizeof(" a=\"\"");
 
   // Where the set lies makes the order of the slots one that a document cannot aim at.
-  std::size_t Hash(const char* name, std::size_t size) const {
+  std::size_t Hash(ZtPiece name) const {
     std::uint64_t hash = reinterpret_cast<std::uintptr_t>(this);
-    for (const char* end = name + size; name != end; ++name) {
-      hash = (hash ^ static_cast<unsigned char>(*name)) * 0x100000001B3U;
+    for (std::size_t i = 0; i < name.size; ++i) {
+      hash = (hash ^ static_cast<unsigned char>(name.text[i])) * 0x100000001B3U;
     }
     hash = (hash ^ (hash >> 32)) * 0x9E3779B97F4A7C15U;
     return static_cast<std::size_t>(hash >> 32);
@@ -164,22 +165,16 @@ const ZtWritable* FindClass(const ZtWritable* writables, const char* className) 
 }
 
 // Whether `name` is one of the attributes that the element's start tag carries anyway.
-bool IsFixed(const ZtElementType& type, const char* name, std::size_t nameSize) {
+bool IsFixed(const ZtElementType& type, ZtPiece name) {
   for (unsigned i = 0; i < type.fixedCount; ++i) {
     const ZtFixedAttribute& fixed = type.fixed[i];
-    const char* own = ZtName(fixed.name);
-    const std::size_t size = __strlen(own);
-    if (nameSize < size || std::memcmp(name, own, size) != 0) continue;
-    if (fixed.suffix == XML_STR_ZT_NULL) {
-      if (nameSize == size) return true;
-      continue;
-    }
-    const char* suffix = ZtName(fixed.suffix);
-    const std::size_t suffixSize = __strlen(suffix);
-    if (nameSize == size + 1 + suffixSize && name[size] == ':' &&
-        std::memcmp(name + size + 1, suffix, suffixSize) == 0) {
-      return true;
-    }
+    const bool plain = fixed.suffix == XML_STR_ZT_NULL;
+    const ZtPiece own = ZtNameId(fixed.name).Piece();
+    const ZtPiece suffix = plain ? nullptr : ZtNameId(fixed.suffix).Piece();
+    if (name.size != own.size + (plain ? 0 : 1 + suffix.size)) continue;
+    if (!ZtSameBytes(name.text, own.text, own.size)) continue;
+    const char* const colon = name.text + own.size;
+    if (plain || (*colon == ':' && ZtSameBytes(colon + 1, suffix.text, suffix.size))) return true;
   }
   return false;
 }
@@ -312,6 +307,7 @@ bool ZtElementWriter::WriteOtherAttributes(ZtListNode* head, const ZtElementType
                                            StartTag& tag) {
   std::size_t count = 0;
   for (ZtListNode* node = head; node; node = node->next) ++count;
+  if (count == 0) return true;
   NameSet names;
   if (!names.Reserve(count)) {
     m_bIncomplete = true;
@@ -319,14 +315,12 @@ bool ZtElementWriter::WriteOtherAttributes(ZtListNode* head, const ZtElementType
   }
   for (ZtListNode* node = head; node && !names.IsFull(); node = node->next) {
     const auto* pair = zt_AttributeValuePair::From(static_cast<XMLAttribute*>(node->data));
-    const char* name = pair ? pair->getName() : nullptr;
-    const std::size_t size = name ? NameSize(name) : 0;
-    if (size == 0) continue;
-    if (type &&
-        (ZtFindAttribute(*type, ZtNameId::Of({name, size})) || IsFixed(*type, name, size))) {
-      continue;
-    }
-    if (names.Insert(name, size)) tag.Add(name, pair->getValue());
+    const char* text = pair ? pair->getName() : nullptr;
+    const ZtPiece name(text, text ? NameSize(text) : 0);
+    if (name.size == 0) continue;
+    if (type && (ZtFindAttribute(*type, ZtNameId::Of(name)) || IsFixed(*type, name))) continue;
+    if (count > 1 && !names.Insert(name)) continue;
+    tag.AddOther({text, __strlen(text)}, pair->getValue());
   }
   return true;
 }

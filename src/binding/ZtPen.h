@@ -29,10 +29,12 @@ class ZtPen {
     at = Name(Literal(at, "\n<"), name);
     m_Writer.m_pAt = Literal(at, " ");
   }
-  // An attribute between two blanks.
+  // An attribute between two blanks; its name is a row's or, when told, any text.
+  template <bool kIsRow = true>
   void Attribute(ZtPiece name, ZtPiece value) {
     if (char* at = value.text ? RoomFor(name.size + value.size) : nullptr) {
-      at = Literal(Row(Literal(at, " "), name), "=\"");
+      at = Literal(at, " ");
+      at = Literal(kIsRow ? Row(at, name) : ZtCopy(at, name), "=\"");
       if (Unquoted(at, value)) {
         m_Writer.m_pAt = Literal(at + value.size, "\" ");
         return;
