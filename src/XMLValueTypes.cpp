@@ -47,8 +47,7 @@ struct ZtValueMaker {
     if (made) made->m_iPresent = 1;
     return Whole(made, made && name.text && made->m_Value.Set(name, source.arena));
   }
-  static zt_AttributeValuePair* Pair(const ZtSource& source, ZtPiece name,
-                                     ZtPiece value) {
+  static zt_AttributeValuePair* Pair(const ZtSource& source, ZtPiece name, ZtPiece value) {
     auto* made = ZtCreate<zt_AttributeValuePair>(source);
     return Whole(made, made && made->m_Name.Set(name, source.arena) &&
                            made->m_Value.Set(value, source.arena));
@@ -61,8 +60,7 @@ zt_string* ZtMakeString(const ZtSource& source, ZtPiece text) {
 zt_empty_element_type* ZtMakeFlag(const ZtSource& source, ZtPiece name) {
   return ZtValueMaker::Flag(source, name);
 }
-zt_AttributeValuePair* ZtMakePair(const ZtSource& source, ZtPiece name,
-                                  ZtPiece value) {
+zt_AttributeValuePair* ZtMakePair(const ZtSource& source, ZtPiece name, ZtPiece value) {
   return ZtValueMaker::Pair(source, name, value);
 }
 

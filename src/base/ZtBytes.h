@@ -6,10 +6,19 @@
 #include <cstdint>
 #include <cstring>
 
+#ifdef __SSE2__
+#include <emmintrin.h>
+#endif
+
 #include "ZtPiece.h"
 
 // Sixteen bytes, on which processors with vectors work at once.
 using ZtBlock = unsigned char __attribute__((vector_size(16)));
+#if (defined(__SSE2__) || defined(__ARM_NEON)) && __BYTE_ORDER__ == __ORDER_LITTLE_ENDIAN__
+constexpr bool kZtHasVectors = true;
+#else
+constexpr bool kZtHasVectors = false;
+#endif
 
 template <class T>
 inline T ZtGet(const char* from) {
@@ -26,24 +35,32 @@ inline void ZtPut(char* to, T value) {
 inline ZtBlock ZtMatches(ZtBlock block, char c) {
   return reinterpret_cast<ZtBlock>(block == ZtBlock{} + static_cast<unsigned char>(c));
 }
-// The halves of such a block.
-struct ZtHalves {
-  std::uint64_t low, high;
 
-  explicit ZtHalves(ZtBlock block) { std::memcpy(this, &block, sizeof(block)); }
-};
+// The first byte that is all ones in a block in which the others are 0; 16 when there is none.
+inline unsigned ZtFirst(ZtBlock matches) {
+#ifdef __SSE2__
+  const int bits = _mm_movemask_epi8(reinterpret_cast<__m128i>(matches));
+  return static_cast<unsigned>(__builtin_ctz(static_cast<unsigned>(bits) | 1U << sizeof(matches)));
+#else
+  std::uint64_t halves[2];
+  std::memcpy(halves, &matches, sizeof(halves));
+  if (halves[0]) return static_cast<unsigned>(__builtin_ctzll(halves[0])) / 8;
+  return halves[1] ? 8 + static_cast<unsigned>(__builtin_ctzll(halves[1])) / 8 : sizeof(matches);
+#endif
+}
+
+// Whether there is a block from `at` up to `end` that can be looked at.
+inline bool ZtHasBlock(const char* at, const char* end) {
+  return kZtHasVectors && end - at >= static_cast<std::ptrdiff_t>(sizeof(ZtBlock));
+}
 
 // The first `c` from `at` up to `end`, null when there is none.
 inline char* ZtFind(char* at, char c, const char* end) {
-#if (defined(__SSE2__) || defined(__ARM_NEON)) && __BYTE_ORDER__ == __ORDER_LITTLE_ENDIAN__
   constexpr int kNear = 4;  // blocks
-  for (int i = 0; i < kNear && end - at >= static_cast<std::ptrdiff_t>(sizeof(ZtBlock)); ++i) {
-    const ZtHalves found(ZtMatches(ZtGet<ZtBlock>(at), c));
-    if (found.low) return at + __builtin_ctzll(found.low) / 8;
-    if (found.high) return at + 8 + __builtin_ctzll(found.high) / 8;
-    at += sizeof(ZtBlock);
+  for (int i = 0; i < kNear && ZtHasBlock(at, end); ++i, at += sizeof(ZtBlock)) {
+    const unsigned first = ZtFirst(ZtMatches(ZtGet<ZtBlock>(at), c));
+    if (first < sizeof(ZtBlock)) return at + first;
   }
-#endif
   return static_cast<char*>(std::memchr(at, c, static_cast<std::size_t>(end - at)));
 }
 

@@ -149,8 +149,7 @@ class ZtPen {
     };
     for (std::size_t i = 0; i < last; i += sizeof(ZtBlock)) step(i);
     step(last);
-    const ZtHalves quotes(found);
-    return (quotes.low | quotes.high) == 0;
+    return ZtFirst(found) == sizeof(ZtBlock);
   }
 
   ZtXMLDocGenerator& m_Writer;

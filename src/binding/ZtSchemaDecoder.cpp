@@ -260,13 +260,14 @@ int ZtSchemaDecoder::ProcessAttribute(char* element, char* name, char* value) {
   return 0;
 }
 
-// Attributes mostly come in the order of their rows: each is looked for from the last one on.
+// Attributes mostly come in the order of their rows: each is looked for behind the last one.
 void ZtSchemaDecoder::ProcessAttributes(ScannedTag& tag) {
   if (!m_pArena) return XmlDecoderSchema::ProcessAttributes(tag);
   if (!m_Started.object || m_Stack.empty()) return;
   const ZtElementType& type = *m_Started.type;
   const bool hooked = type.attributeHook || type.textsFromAttributes;
-  const ZtField* row = type.begin();
+  const ZtField* const end = type.children();
+  const ZtField* next = type.begin();
   for (int i = 0; i < tag.count && !m_bFailed; ++i) {
     const ZtPiece name = tag.attributes[i].Name();
     const ZtPiece value = tag.attributes[i].Value();
@@ -274,12 +275,13 @@ void ZtSchemaDecoder::ProcessAttributes(ScannedTag& tag) {
       Attribute(type, name, value);
       continue;
     }
-    int left = type.attributeCount;
-    while (left && !(row->place == ZtPlace::kAttribute && row->name.Is(name))) {
-      if (++row == type.children()) row = type.begin();
-      --left;
+    const ZtField* row = nullptr;
+    for (int left = type.attributeCount; left && !row; --left) {
+      if (next == end) next = type.begin();
+      if (next->place == ZtPlace::kAttribute && next->name.Is(name)) row = next;
+      ++next;
     }
-    KeepAttribute(type, left ? row : nullptr, name, value);
+    KeepAttribute(type, row, name, value);
   }
 }
 
