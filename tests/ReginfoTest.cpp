@@ -81,6 +81,46 @@ TEST(Reginfo, WritesWhatItReads) {
   }
 }
 
+TEST(Reginfo, ValuesOfEverySize) {
+  Schema schema(XML_SCHEMA_REGINFO);
+  for (std::size_t size = 0; size <= 40; ++size) {
+    for (std::size_t quote = 0; quote <= size; ++quote) {  // the last one: none
+      std::string value(size, 'v');
+      std::string written = value;
+      if (quote < size) value.replace(quote, 1, "\""), written.replace(quote, 1, "&quot;");
+      EXPECT_EQ(schema.RoundTrip(InContact("id='" + value + "' state='active' event='created'")),
+                OutContact("state=\"active\"  event=\"created\"  id=\"" + written + "\""));
+    }
+  }
+  for (std::string digits = "1"; digits.size() < 20; digits += digits.size() % 3 ? '0' : '9') {
+    EXPECT_EQ(
+        schema.RoundTrip(InContact(std::string(kIn) + " expires='" + digits + "'")),
+        OutContact("state=\"active\"  event=\"created\"  expires=\"" + digits + "\"  id=\"c\""));
+  }
+}
+
+// The cut falls on every byte of a tag, of an element with text and of names with a prefix.
+TEST(Reginfo, CutAnywhere) {
+  const LogCapture log(4);
+  Schema schema(XML_SCHEMA_REGINFO);
+  constexpr std::size_t kMost = 32767;
+  const std::string more = " q='1' callid='a\"b'";
+  const std::string content = "<uri>sip:u@example.com</uri><gr:temp-gruu uri='t' first-cseq='7'/>";
+  const std::string tail =
+      OutContact("state=\"active\"  event=\"created\"  q=\"1\"  callid=\"a&quot;b\"  id=\"c\"",
+                 "\n<uri>sip:u@example.com</uri>\n<gr:temp-gruu  first-cseq=\"7\"  uri=\"t\"/>");
+  const std::size_t aor = tail.find("aor=\"a") + 5;
+  for (std::size_t over = 0; over < tail.size() - aor + 2; ++over) {
+    const std::string filler(kMost + over - tail.size(), 'f');
+    std::string in = InContact(kIn + more, content);
+    in.insert(in.find("aor='") + 5, filler);
+    std::string whole = tail;
+    whole.insert(aor, filler);
+    ASSERT_EQ(schema.RoundTrip(in), whole.substr(0, kMost)) << over;
+    ASSERT_EQ(log.Has("ZtXMLDocGenerator :: document cut at 32767 characters"), over != 0);
+  }
+}
+
 TEST(Reginfo, RefusesWhatLacksSomethingRequired) {
   const struct {
     std::string in;
