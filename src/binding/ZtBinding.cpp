@@ -358,8 +358,7 @@ XMLElement* ZtMakeElement(const ZtElementType& type, const ZtSource& source, int
 }
 
 bool ZtIsA(const XMLElement& element, const ZtElementType& type) {
-  const char* className = element.ClassName();
-  return className && (className == type.className || __strcmp(className, type.className) == 0);
+  return ZtIsClass(element.ClassName(), type);
 }
 
 // ---- The bases of the schema types --------------------------------------------------------------

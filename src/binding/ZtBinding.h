@@ -12,6 +12,7 @@
 #include "base/ZtMemory.h"
 #include "base/ZtWith.h"
 #include "binding/ZtNames.h"
+#include "ztPlatform.h"
 
 // ---- Values -------------------------------------------------------------------------------------
 
@@ -471,6 +472,12 @@ struct ZtElementType {
   const ZtField* children() const { return fields + attributeCount; }  // and own texts
   const ZtField* end() const { return fields + fieldCount; }
 };
+
+// Whether `className`, which may be null, is that of `type`. The library's own names are mostly
+// told by where they lie.
+inline bool ZtIsClass(const char* className, const ZtElementType& type) {
+  return className == type.className || (className && __strcmp(className, type.className) == 0);
+}
 
 // The start of a type's table.
 template <class T>

@@ -151,7 +151,7 @@ char* ZtMarshaller::Marshall(XMLElement* root) {
     m_XmlDocGenerator.ztAddHeader(ZtName(XML_STR_1_0), ZtName(XML_STR_UTF_8));
   const ZtLog trace(kZtLogTrace, document.source);
   const ZtElementType* const* type = document.writables;
-  while (*type && (!className || __strcmp((*type)->className, className) != 0)) ++type;
+  while (*type && !ZtIsClass(className, **type)) ++type;
   if (!*type) {
     trace("<XML Module>: %s XML Failed!", document.failedAs);
   } else {

@@ -190,7 +190,7 @@ int ZtElementWriter::Write(XMLElement* element, const ZtElementType& type, e_Xml
   }
   if (!element && type.flag) Log(kZtLogState, type.flag->nullLine, m_Scope.marshaller);
   // A caller's list may hold anything: rows are applied to objects of their own type only.
-  if (!element || (element->ClassName() != type.className && !ZtIsA(*element, type))) return 0;
+  if (!element || !ZtIsClass(element->ClassName(), type)) return 0;
   if (m_iDepth == kMostDepth) {
     Log(kZtLogError, "<XML Module>: more than %d elements within each other", kMostDepth);
     m_bIncomplete = true;
@@ -238,7 +238,10 @@ bool ZtElementWriter::WriteChildren(const XMLElement& element, const ZtElementTy
     if (field.place == ZtPlace::kTextElement) {
       char buffer[kZtNumberSize];
       const ZtPiece text = TextOf(element, field, buffer);
-      if (text.text || field.always) WriteText(field, text);
+      if (text.text || field.always) {
+        LogWriter(field);
+        m_Pen.TextElement(field.name.Piece(), text);
+      }
       if (text.text) continue;
       Log(field.lineLevel, field.line);
       if (field.required) return false;
@@ -326,7 +329,7 @@ bool ZtElementWriter::WriteOtherAttributes(ZtListNode* head, const ZtElementType
 }
 
 int ZtElementWriter::WriteText(const ZtField& field, ZtPiece text) {
-  if (field.writer) Log(kZtLogTrace, "<XML Module>: %s", field.writer);
+  LogWriter(field);
   if (!text.text && !field.always) return 0;
   m_Pen.TextElement(field.name.Piece(), text);
   return 1;

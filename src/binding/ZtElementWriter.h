@@ -55,6 +55,9 @@ class ZtElementWriter {
   class StartTag;
 
   void ChangePrefix(e_XmlStrRef prefix);
+  void LogWriter(const ZtField& field) const {
+    if (field.writer) Log(kZtLogTrace, "<XML Module>: %s", field.writer);
+  }
   int WriteFlag(const zt_empty_element_type& flag, const ZtFlag& how);
   bool HasRequired(const XMLElement& element, const ZtElementType& type) const;
   inline bool WriteStartTag(const XMLElement& element, const ZtElementType& type, ZtPiece name);

@@ -3,6 +3,13 @@
 #include <cstdint>
 #include <cstring>
 
+// Names are copied by whole blocks of their rows.
+#define ZT_NAME(id, text) static_assert(sizeof(text) - 1 <= 96);
+#include "XMLCommonNames.inc"
+#undef ZT_NAME
+static_assert(zt_xml_common_array_definition::kRowSize >= 96);
+static_assert(kZtExtraNameSize % sizeof(ZtBlock) == 0);
+
 const std::uint8_t kZtNameSizes[kZtNameCount] = {
 #define ZT_NAME(id, text) sizeof(text) - 1,
 #include "XMLCommonNames.inc"

@@ -80,8 +80,8 @@ class ZtPen {
   }
 
  private:
-  // More than an operation writes besides the pieces that it counts, and than the copy of a row
-  // writes too much.
+  // Room for what an operation writes besides the pieces that it counts, and for what the copy of a
+  // row writes too much.
   static constexpr std::size_t kSlack = 32;
 
   std::size_t PrefixSize() const { return m_Writer.m_iPrefixSize; }
@@ -95,7 +95,7 @@ class ZtPen {
     std::memcpy(to, literal, N - 1);
     return to + N - 1;
   }
-  // A name, which lies in a row that is longer: whole blocks are quickest.
+  // A name that lies in a row, which has room for whole blocks: these are quickest.
   static char* Row(char* to, ZtPiece name) {
     std::size_t i = 0;
     do {
