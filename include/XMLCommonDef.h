@@ -26,7 +26,7 @@ class ZT_API zt_xml_common_array_definition : public ZtNonCopyable {
   static void ReleaseArrayInstance();
 
   /// The text of row `id` (borrowed, static). No bounds check: pass enumerators only.
-  static char* getStringName(e_XmlStrRef id) { return arrXmlStrRef[id]; }
+  static char* getStringName(e_XmlStrRef id);
 
   static constexpr int kRowSize = 100;  ///< bytes of a row, padded with NULs
 

@@ -83,7 +83,10 @@ class ZT_API ZtOwnedList {
   int Add(Item* item, const char* source = "src/XMLList", ZtArena* arena = nullptr);
   ZtSingleElementList* Get() const { return m_pList; }
   /// The first node, null when there is none.
-  ZtListNode* Head() const { return m_pList ? m_pList->m_pHead : nullptr; }
+  ZtListNode* Head() const {
+    if (!m_pList || m_pList->m_pHead) return m_pList ? m_pList->m_pHead : nullptr;
+    return m_pList->GetPtrToListHead();  // for its line: the list is empty
+  }
 
  private:
   ZtSingleElementList* m_pList = nullptr;

@@ -110,8 +110,8 @@ class ZT_API ZtSchemaDecoder : public XmlDecoderSchema {
   void OfferEnd(const Open& current, const ZtGrammarRow* row, const ZtChildName& name,
                 ZtPiece value);
   ZtOutcome Offer(const Open& parent, const ZtChildName& name, ZtPiece value, XMLElement* child);
-  inline ZtOutcome OfferStarted(const Open& parent, const ZtGrammarRow& row, const ZtChildName& name,
-                         XMLElement* child);
+  inline ZtOutcome OfferStarted(const Open& parent, const ZtGrammarRow& row,
+                                const ZtChildName& name, XMLElement* child);
   int Element(char* name, ZtPiece value);
   Open Current() const;
   inline const ZtGrammarRow* FindStart(ZtNameId name) const;

@@ -79,7 +79,6 @@ class ZT_API ZtXMLDocGenerator : public ZtNonCopyable {
   // What the calls above do, for names of known size and for a prefix that outlives its use.
   void UsePrefix(ZtPiece prefix);
   void Start(ZtPiece name, int leaveOpen);
-  void StartEmpty(ZtPiece name);
   void End(ZtPiece name);
   void Text(ZtPiece text);
   void TextElement(ZtPiece name, ZtPiece text);

@@ -33,9 +33,10 @@ char* EndOf(char* at, unsigned char what) {
   return at;
 }
 
-// The end of an element's name, or its colon, in a text that ends with a NUL at `end`. All that can
-// be meant is told from names sixteen bytes at once, with some bytes that belong to one. (Names of
-// attributes are shorter and come in the same order again and again: there the loop is as fast.)
+// The end of an element's name, or its colon, in a text that ends with a NUL at `end`. Sixteen
+// bytes at once are looked through for those that end a name and a few others; the loop goes on
+// behind what is none of them. (Names of attributes come in the same order again and again: there
+// the loop alone is as fast.)
 char* EndOfElement(char* at, const char* end) {
   if (ZtHasBlock(at, end)) {
     const auto block = ZtGet<ZtBlock>(at);

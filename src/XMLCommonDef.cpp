@@ -8,6 +8,9 @@ char zt_xml_common_array_definition::arrXmlStrRef[kXmlStrRefCount][kRowSize] = {
 #undef ZT_NAME
 };
 
+// Not inline: a program that named the rows itself would get a copy of them all.
+char* zt_xml_common_array_definition::getStringName(e_XmlStrRef id) { return arrXmlStrRef[id]; }
+
 std::atomic<zt_xml_common_array_definition*> zt_xml_common_array_definition::m_pXmlStrRef{nullptr};
 
 static_assert(kXmlStrRefCount == 267, "row numbers are shared with the callers");

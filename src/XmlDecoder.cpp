@@ -41,7 +41,7 @@ struct XmlDecoder::OpenElement : BuddyLinkList {
   static constexpr std::size_t kRoom = 24;
 
   OpenElement* outer = nullptr;
-  std::size_t size = 0;  // of the name
+  std::size_t size = 0;  // of the name; 0 when it is none that a tag can have
   char room[kRoom];      // for all but long names
 };
 
@@ -555,7 +555,10 @@ char* XmlDecoder::Unescape(char* text, char* end) {
 // ---- Stack of open elements ---------------------------------------------------------------------
 
 BuddyLinkList* XmlDecoder::PushElement(char* name) {
-  return name ? Push(name, __strlen(name)) : nullptr;
+  OpenElement* node = name ? Push(name, __strlen(name)) : nullptr;
+  // The first '>' ends a tag, so that none can end this element.
+  if (node && __strchr(name, '>')) node->size = 0;
+  return node;
 }
 
 XmlDecoder::OpenElement* XmlDecoder::Push(const char* name, std::size_t size) {

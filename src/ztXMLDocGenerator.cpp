@@ -144,11 +144,9 @@ void ZtXMLDocGenerator::ztStartElementNs(const char* name, const char* prefix, c
          ZtPiece(leaveOpen == 1 ? " " : ">", 1));
 }
 
-void ZtXMLDocGenerator::StartEmpty(ZtPiece name) {
-  if (buffer && name.text) AppendName("\n<", name, "/>");
+void ZtXMLDocGenerator::ztStartElementSelfEnding(const char* name) {
+  if (buffer && name) AppendName("\n<", name, "/>");
 }
-
-void ZtXMLDocGenerator::ztStartElementSelfEnding(const char* name) { StartEmpty(name); }
 
 // ---- Attributes ---------------------------------------------------------------------------------
 

@@ -221,6 +221,9 @@ TEST(Binding, FailuresStayWhereTheyAreAllowed) {
   root->m_Others.Add(ZtCreate<zt_string>("tests/Toy"));
   EXPECT_EQ(Written(root.get()), start);
   EXPECT_TRUE(log.Has("no writer for zt_string"));
+  root->m_Others.Set(zt_xml_common_methods::CreateElementList());
+  EXPECT_EQ(Written(root.get()), start);
+  EXPECT_EQ(log.Count("Head itself is null and No item is there"), 1);
 }
 
 TEST(Binding, PrefixRules) {

@@ -250,6 +250,13 @@ TEST(XmlDecoder, CallersOpenAndCloseElements) {
     BuddyLinkList::Release(node);
     EXPECT_EQ(decoder.PopElement(), nullptr);
   }
+  // An end tag ends what was pushed, but at its first '>'.
+  for (const auto& [name, result] : {std::pair("b"s, ZT_XML_INCOMPLETE), {"b>c"s, ZT_XML_ERROR}}) {
+    Parse parse;
+    parse.Feed("<a>");
+    ASSERT_NE(parse.decoder.PushElement(std::string(name).data()), nullptr);
+    EXPECT_EQ(parse.Feed("</" + name + ">"), result);
+  }
 }
 
 TEST(XmlDecoder, DepthIsLimitedByMemoryOnly) {

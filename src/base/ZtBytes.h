@@ -12,8 +12,14 @@
 
 #include "ZtPiece.h"
 
+#if defined(__GNUC__) && !defined(__clang__)
+// How blocks are passed differs between builds with and without vectors; all this is inlined.
+#pragma GCC diagnostic ignored "-Wpsabi"
+#endif
+
 // Sixteen bytes, on which processors with vectors work at once.
 using ZtBlock = unsigned char __attribute__((vector_size(16)));
+// Without vectors blocks are slower than bytes, and ZtFirst counts from the low end.
 #if (defined(__SSE2__) || defined(__ARM_NEON)) && __BYTE_ORDER__ == __ORDER_LITTLE_ENDIAN__
 constexpr bool kZtHasVectors = true;
 #else

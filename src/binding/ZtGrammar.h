@@ -16,8 +16,8 @@ enum class ZtElementKind : std::uint8_t {
 // One name. Names that stand in no row are texts of their parent or unknown: they are offered
 // without an object at their start and their end, and what is inside them is skipped.
 struct ZtGrammarRow {
-  // ZT_NULL, in the last rows and with a parent: every element that neither another row nor one of
-  // the parent's own rows names.
+  // ZT_NULL, with a parent: every element that neither another row nor one of the parent's own rows
+  // names.
   ZtNameId name;
   ZtElementKind kind;
   const ZtElementType* type;              // null for flags

@@ -48,7 +48,6 @@ class ZtNameId {
 class ZtNameFilter {
  public:
   constexpr void Add(ZtNameId name) { m_Bits |= Bit(name); }
-  constexpr void Add(ZtNameFilter other) { m_Bits |= other.m_Bits; }
   constexpr bool MayHave(ZtNameId name) const { return (m_Bits & Bit(name)) != 0; }
 
  private:
@@ -64,9 +63,8 @@ extern const char kZtExtraNames[kZtExtraNameCount][kZtExtraNameSize];
 extern const std::uint8_t kZtNameSizes[kZtNameCount];
 
 inline const char* ZtNameId::Text() const {
-  return m_Id < kXmlStrRefCount
-             ? zt_xml_common_array_definition::getStringName(static_cast<e_XmlStrRef>(m_Id))
-             : kZtExtraNames[m_Id - kXmlStrRefCount];
+  return m_Id < kXmlStrRefCount ? zt_xml_common_array_definition::arrXmlStrRef[m_Id]
+                                : kZtExtraNames[m_Id - kXmlStrRefCount];
 }
 
 inline bool ZtNameId::Is(ZtPiece text) const {
