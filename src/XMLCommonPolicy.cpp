@@ -51,8 +51,9 @@ bool CommonPolicyBinding::WriteValidity(ZtElementWriter& writer, const XMLElemen
                CountOf(validity.m_FromList), CountOf(validity.m_UntilList));
     return false;
   }
+  from = validity.m_FromList.Head();
   until = validity.m_UntilList.Head();
-  for (from = validity.m_FromList.Head(); from; from = from->next, until = until->next) {
+  for (; from && until; from = from->next, until = until->next) {
     const zt_string* start = TextAt(from);
     const zt_string* end = TextAt(until);
     if (!start || !end) continue;
