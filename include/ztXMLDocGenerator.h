@@ -3,6 +3,7 @@
 #define ZTXML_INCLUDE_ZTXMLDOCGENERATOR_H
 
 #include <cstddef>
+#include <initializer_list>
 
 #include "ZtExport.h"
 #include "ZtPiece.h"
@@ -86,13 +87,9 @@ class ZT_API ZtXMLDocGenerator : public ZtNonCopyable {
   // Puts the end of the start tag behind an attribute that did not end it.
   void CloseTag(bool selfEnd);
 
-  template <class... Parts>
-  void Append(const Parts&... parts);
-  template <class Lead, class Tail>
-  void AppendName(const Lead& lead, ZtPiece name, const Tail& tail);
-  template <class... Lead>
-  void AppendAttribute(ZtPiece value, ZtPiece end, const Lead&... lead);
-  void AppendCut(ZtPiece piece);
+  void Append(std::initializer_list<ZtPiece> pieces);
+  void AppendName(ZtPiece lead, ZtPiece name, ZtPiece tail);
+  void AppendAttribute(std::initializer_list<ZtPiece> name, ZtPiece value, ZtPiece end);
   ZtPiece Value(ZtPiece value, char*& escaped);
   ZtPiece EndOfAttribute(int selfEnd, int close, bool blank);
 

@@ -29,12 +29,6 @@ ZtXMLDocGenerator::ZtXMLDocGenerator()
 
 ZtXMLDocGenerator::~ZtXMLDocGenerator() { ztDeInitXmlDoc(); }
 
-// Appends the parts up to the end of the buffer.
-template <class... Parts>
-void ZtXMLDocGenerator::Append(const Parts&... parts) {
-  (AppendCut(parts), ...);
-}
-
 // ---- Document -----------------------------------------------------------------------------------
 
 void ZtXMLDocGenerator::ztInitXmlDoc() {
@@ -63,8 +57,8 @@ char* ZtXMLDocGenerator::ztGetXmlDoc() {
 void ZtXMLDocGenerator::ztAddHeader(const char* version, const char* encoding) {
   if (!buffer || headerAdded != 0 || (m_pAt != buffer && headerAllowed != 1)) return;
   m_pAt = buffer;
-  Append("<?xml version=\"", ZtPiece(version ? version : "1.0"), "\" encoding=\"",
-         ZtPiece(encoding ? encoding : "ISO-8859-15"), "\"?>");
+  Append({"<?xml version=\"", version ? version : "1.0", "\" encoding=\"",
+          encoding ? encoding : "ISO-8859-15", "\"?>"});
   headerAdded = 1;
 }
 
@@ -78,7 +72,7 @@ void ZtXMLDocGenerator::ztResetHeader() {
 
 void ZtXMLDocGenerator::ztAddComment(const char* text) {
   if (!buffer || !text) return;
-  Append("\n<!--", ZtPiece(text), " -->");
+  Append({"\n<!--", text, " -->"});
 }
 
 void ZtXMLDocGenerator::ztSetXmlNamespace(const char* prefix) {
@@ -99,13 +93,8 @@ void ZtXMLDocGenerator::UsePrefix(ZtPiece prefix) {
 // ---- Start tags ---------------------------------------------------------------------------------
 
 // `lead`, the name with the current prefix, `tail`.
-template <class Lead, class Tail>
-void ZtXMLDocGenerator::AppendName(const Lead& lead, ZtPiece name, const Tail& tail) {
-  if (nsPrefix) {
-    Append(lead, ZtPiece(nsPrefix, m_iPrefixSize), ":", name, tail);
-  } else {
-    Append(lead, name, tail);
-  }
+void ZtXMLDocGenerator::AppendName(ZtPiece lead, ZtPiece name, ZtPiece tail) {
+  Append({lead, {nsPrefix, m_iPrefixSize}, {":", nsPrefix ? 1U : 0U}, name, tail});
 }
 
 void ZtXMLDocGenerator::Start(ZtPiece name, int leaveOpen) {
@@ -130,7 +119,7 @@ void ZtXMLDocGenerator::ztStartElementNs(const char* name, const char* prefix, c
                                          int leaveOpen) {
   if (!buffer) return;
   if (tagOpen == 1) {
-    Append(">");
+    Append({">"});
     tagOpen = 0;
   }
   if (!name) return;
@@ -140,8 +129,8 @@ void ZtXMLDocGenerator::ztStartElementNs(const char* name, const char* prefix, c
   }
   tagOpen = leaveOpen;
   const ZtPiece own(prefix);
-  Append("\n<", own, ":", ZtPiece(name), " xmlns:", own, "=\"", ZtPiece(uri), "\"",
-         ZtPiece(leaveOpen == 1 ? " " : ">", 1));
+  Append(
+      {"\n<", own, ":", name, " xmlns:", own, "=\"", uri, "\"", {leaveOpen == 1 ? " " : ">", 1}});
 }
 
 void ZtXMLDocGenerator::ztStartElementSelfEnding(const char* name) {
@@ -165,11 +154,13 @@ ZtPiece ZtXMLDocGenerator::Value(ZtPiece value, char*& escaped) {
   return escaped;
 }
 
-// `lead`, the attribute's name, value and end.
-template <class... Lead>
-void ZtXMLDocGenerator::AppendAttribute(ZtPiece value, ZtPiece end, const Lead&... lead) {
+// `name`, in its parts, value and end of an attribute.
+void ZtXMLDocGenerator::AppendAttribute(std::initializer_list<ZtPiece> name, ZtPiece value,
+                                        ZtPiece end) {
   char* escaped = nullptr;
-  Append(lead..., "=\"", Value(value, escaped), "\"", end);
+  const ZtPiece written = Value(value, escaped);
+  Append(name);
+  Append({"=\"", written, "\"", end});
   __free(escaped);
 }
 
@@ -177,9 +168,11 @@ void ZtXMLDocGenerator::ztStartAttribute(const char* name, const char* value, in
                                          int selfEnd, int close) {
   if (!buffer || !name || tagOpen != 1) return;
   const bool prefixed = nsPrefix && useNs == 1;
-  AppendAttribute(value, EndOfAttribute(selfEnd, close, false), ZtPiece(" ", prefixed ? 1U : 0U),
-                  ZtPiece(nsPrefix, prefixed ? m_iPrefixSize : 0),
-                  ZtPiece(":", prefixed && *nsPrefix ? 1U : 0U), ZtPiece(name));
+  AppendAttribute({{" ", prefixed ? 1U : 0U},
+                   {nsPrefix, prefixed ? m_iPrefixSize : 0},
+                   {":", prefixed && *nsPrefix ? 1U : 0U},
+                   name},
+                  value, EndOfAttribute(selfEnd, close, false));
 }
 
 void ZtXMLDocGenerator::ztStartAttributeNs(const char* name, const char* value, const char* prefix,
@@ -189,19 +182,14 @@ void ZtXMLDocGenerator::ztStartAttributeNs(const char* name, const char* value, 
     return;
   }
   if (!buffer || !name || tagOpen != 1) return;
-  AppendAttribute(value, EndOfAttribute(selfEnd, close, true), " ", ZtPiece(prefix), ":",
-                  ZtPiece(name));
+  AppendAttribute({" ", prefix, ":", name}, value, EndOfAttribute(selfEnd, close, true));
 }
 
 void ZtXMLDocGenerator::Attribute(ZtPiece name, ZtPiece value, ZtPiece suffix, int selfEnd,
                                   int close) {
   if (!buffer || !name.text) return;
-  const ZtPiece end = EndOfAttribute(selfEnd, close, true);
-  if (suffix.text) {
-    AppendAttribute(value, end, " ", name, ":", suffix);
-  } else {
-    AppendAttribute(value, end, " ", name);
-  }
+  AppendAttribute({" ", name, {":", suffix.text ? 1U : 0U}, suffix}, value,
+                  EndOfAttribute(selfEnd, close, true));
 }
 
 // The attribute's last blank makes room for it, unless the document was cut before.
@@ -210,7 +198,7 @@ void ZtXMLDocGenerator::CloseTag(bool selfEnd) {
   tagOpen = 0;
   if (m_bCutReported) return;
   m_pAt[-1] = selfEnd ? '/' : '>';
-  if (selfEnd) Append(">");
+  if (selfEnd) Append({">"});
 }
 
 void ZtXMLDocGenerator::ztAddNameSpacePrefixToXml(const char* name, const char* value,
@@ -224,7 +212,7 @@ void ZtXMLDocGenerator::ztXmlSetData(const char* text) { Text(text); }
 
 void ZtXMLDocGenerator::Text(ZtPiece text) {
   if (!buffer) return;
-  Append(ZtPiece(">", tagOpen == 1 ? 1U : 0U), OrBlank(text));
+  Append({{">", tagOpen == 1 ? 1U : 0U}, OrBlank(text)});
   tagOpen = 0;
 }
 
@@ -246,20 +234,23 @@ void ZtXMLDocGenerator::ztEndXmlElement(const char* name) { End(name); }
 void ZtXMLDocGenerator::ztEndXmlElementNs(const char* name, const char* prefix) {
   if (!buffer || !name) return;
   if (!prefix) prefix = nsPrefix;
-  Append("\n</", ZtPiece(prefix), ZtPiece(":", prefix ? 1U : 0U), ZtPiece(name), ">");
+  Append({"\n</", prefix, {":", prefix ? 1U : 0U}, name, ">"});
   tagOpen = 0;
 }
 
 // ---- Appending ----------------------------------------------------------------------------------
 
-void ZtXMLDocGenerator::AppendCut(ZtPiece piece) {
-  const auto room = static_cast<std::size_t>(m_pEnd - m_pAt);
-  const std::size_t size = piece.size < room ? piece.size : room;
-  if (size < piece.size && !m_bCutReported) {
-    m_bCutReported = true;
-    ZtLog(kZtLogError, kSource)("ZtXMLDocGenerator :: document cut at 32767 characters");
+// Up to the end of the buffer.
+void ZtXMLDocGenerator::Append(std::initializer_list<ZtPiece> pieces) {
+  for (const ZtPiece& piece : pieces) {
+    const auto room = static_cast<std::size_t>(m_pEnd - m_pAt);
+    const std::size_t size = piece.size < room ? piece.size : room;
+    if (size < piece.size && !m_bCutReported) {
+      m_bCutReported = true;
+      ZtLog(kZtLogError, kSource)("ZtXMLDocGenerator :: document cut at 32767 characters");
+    }
+    m_pAt = ZtCopy(m_pAt, {piece.text, size});
   }
-  m_pAt = ZtCopy(m_pAt, {piece.text, size});
 }
 
 char* ZtXMLDocGenerator::escapeString(const char* text) {
