@@ -84,8 +84,9 @@ class ZT_API ZtOwnedList {
   ZtSingleElementList* Get() const { return m_pList; }
   /// The first node, null when there is none.
   ZtListNode* Head() const {
-    if (!m_pList || m_pList->m_pHead) return m_pList ? m_pList->m_pHead : nullptr;
-    return m_pList->GetPtrToListHead();  // for its line: the list is empty
+    if (!m_pList) return nullptr;
+    // The call is for an empty list's line in the log.
+    return m_pList->m_pHead ? m_pList->m_pHead : m_pList->GetPtrToListHead();
   }
 
  private:
