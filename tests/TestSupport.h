@@ -2,6 +2,7 @@
 #ifndef ZTXML_TESTS_TESTSUPPORT_H
 #define ZTXML_TESTS_TESTSUPPORT_H
 
+#include <algorithm>
 #include <cstddef>
 #include <gtest/gtest.h>
 #include <mutex>
@@ -69,6 +70,26 @@ class LogCapture {
   std::vector<CapturedLine> lines_;
 };
 
+/// Whether two texts are the same; if not, the first difference with what stands around it:
+/// documents and logs are too long to be shown whole.
+inline testing::AssertionResult SameText(const char* actualName, const char* expectedName,
+                                         const std::string& actual, const std::string& expected) {
+  if (actual == expected) return testing::AssertionSuccess();
+  std::size_t at = 0;
+  while (at < actual.size() && at < expected.size() && actual[at] == expected[at]) ++at;
+  const std::size_t from = at < 40 ? 0 : at - 40;
+  const auto around = [&](const std::string& text) {
+    return testing::PrintToString(text.substr(from < text.size() ? from : text.size(), 80)) +
+           " of " + std::to_string(text.size()) + " bytes";
+  };
+  return testing::AssertionFailure()
+         << actualName << " differs from " << expectedName << " at byte " << at << ", line "
+         << 1 + std::count(actual.begin(), actual.begin() + static_cast<std::ptrdiff_t>(at), '\n')
+         << ":\n  " << around(actual) << "\n  where expected\n  " << around(expected);
+}
+#define EXPECT_SAME(actual, expected) EXPECT_PRED_FORMAT2(SameText, actual, expected)
+#define ASSERT_SAME(actual, expected) ASSERT_PRED_FORMAT2(SameText, actual, expected)
+
 /// Fails allocation 1, 2, 3 ... of `attempt`, once and then from there on, until a run needs no
 /// more. What each run tells is what it tells with memory or "(null)", nothing; without any memory
 /// it is nothing.
@@ -82,7 +103,9 @@ void ExpectWholeOrNothing(const Attempt& attempt) {
       const std::string told = attempt();
       reached = zthost::AllocationCount() >= n;
       zthost::FailAllocation(0);
-      EXPECT_TRUE(told == whole || (reached && told == "(null)")) << n << told;
+      SCOPED_TRACE(n);
+      const bool nothing = reached && told == "(null)";
+      EXPECT_SAME(nothing ? whole : told, whole);
       EXPECT_TRUE(n > 1 || !after || told == "(null)");
     }
   }
