@@ -17,6 +17,11 @@ class ZT_API XMLAttribute : public ZtNonCopyable {
   virtual const char* ElementName() const = 0;
   /// Reserved; every type answers 0.
   virtual int ReservedHook() = 0;
+
+ private:
+  friend class ZtOwnership;
+
+  bool m_bOwned = false;  // an element deletes it
 };
 
 /// An element. A parent owns its children and deletes them with itself.
@@ -44,8 +49,10 @@ class ZT_API XMLElement : public ZtNonCopyable {
   virtual int ProcessUnMarshallAttribute(char* name, char* value, XMLAttribute* attribute);
 
  private:
+  friend class ZtOwnership;
   friend class ZtReleaseQueue;
 
+  // The element itself while a parent owns it; while it waits to be deleted, who waits after it.
   XMLElement* m_pNextReleased = nullptr;
 };
 

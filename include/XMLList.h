@@ -13,7 +13,9 @@ struct ZtListNode {
 };
 
 /// Singly linked list of untyped pointers. It owns its nodes and never what they point to. A list
-/// inside a schema type holds exactly XMLElement* (children) or exactly XMLAttribute* (attributes).
+/// that an element has taken holds exactly XMLElement* (children) or exactly XMLAttribute*
+/// (attributes), which the element owns: what has an owner already cannot be added to it, and what
+/// is removed from it is the caller's.
 class ZT_API ZtSingleElementList : public ZtNonCopyable {
   template <class Item>
   friend class ZtOwnedList;
@@ -22,9 +24,9 @@ class ZT_API ZtSingleElementList : public ZtNonCopyable {
   ZtSingleElementList();
   ~ZtSingleElementList();
 
-  /// Appends `data` (null is stored too), with a node of `arena` unless that is null. Returns 1, or
-  /// 0 when there is no memory.
-  int Add(void* data, ZtArena* arena = nullptr);
+  /// Appends `data` (null is stored too). Returns 1, or 0 when there is no memory, and for an
+  /// object that has an owner when an element has taken the list.
+  int Add(void* data);
 
   /// Removes the first node that holds `data` (never null); the data is not freed. Returns 1
   /// removed, 0 not found.
@@ -46,9 +48,21 @@ class ZT_API ZtSingleElementList : public ZtNonCopyable {
   std::uint16_t GetCount() const { return m_iListCount; }
 
  private:
+  // How the objects of a list that an element has taken get their owner and lose it.
+  struct Items {
+    bool (*take)(void* data);
+    void (*drop)(void* data);
+  };
+
+  // Appends `data` with a node of `arena`, null for the heap; false without memory.
+  bool Append(void* data, ZtArena* arena);
+  // Unlinks the node after `previous`, null for the first.
+  void Unlink(ZtListNode* previous);
+
   ZtListNode* m_pHead;
   std::uint16_t m_iListCount;
-  ZtListNode* m_pTail;  // makes Add independent of the length
+  ZtListNode* m_pTail;              // makes Add independent of the length
+  const Items* m_pItems = nullptr;  // null until an element takes the list
 };
 
 #endif  // ZTXML_INCLUDE_XMLLIST_H

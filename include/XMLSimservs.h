@@ -63,6 +63,7 @@ class ZT_API SimservsUnMarshaller : public ZtDescribedBy<SimservsContext, ZtUnMa
   char* replaceSubStringWithNull(char* text, char** out, int start, int length);
 
  private:
+  XMLElement* ReadCopy(char* text);
   XMLElement* ReadCut(char* text);
 };
 

@@ -14,27 +14,22 @@ class ZT_API BuddyLinkList : public ZtNonCopyable {
   void* data = nullptr;           ///< untyped, not owned by the node
   BuddyLinkList* next = nullptr;  ///< null at the end
 
-  /// Appends a new node with `data` to the end of the chain and returns it; null when out of
-  /// memory.
+  /// Links a new node with `data` in after this one, before those that follow, and returns it; null
+  /// when out of memory.
   BuddyLinkList* Append(void* data);
 
-  /// The last node of the chain. Linear in the nodes behind this one.
+  /// The last node of the chain. Linear in the nodes after this one.
   BuddyLinkList* SeekEnd();
 
   /// Unlinks the last node and returns it (for Release); null when the chain is only this node.
+  /// Linear in the nodes after this one.
   BuddyLinkList* RemoveLast();
 
-  /// Unlinks this node, which must be the last and not the sentinel, in constant time.
-  BuddyLinkList* Detach();
-
-  /// Deletes every node behind this one, calling `release` (may be null) on each node's data.
+  /// Deletes every node after this one, calling `release` (may be null) on each node's data.
   void FreeList(void (*release)(void*));
 
   /// Withdraws `node` from the memory log and deletes it; its data is the caller's.
   static void Release(BuddyLinkList* node);
-
- private:
-  BuddyLinkList* m_pPrevious = nullptr;  // makes Detach independent of the depth
 };
 
 /// Helpers on NUL-terminated byte strings. None reads before the start or behind the end.

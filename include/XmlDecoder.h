@@ -85,8 +85,10 @@ class ZT_API XmlDecoder : public ZtNonCopyable {
 
   /// Pushes a copy of `name` on the stack of open elements; null when out of memory or reset.
   BuddyLinkList* PushElement(char* name);
-  /// Takes the innermost open element off the stack; null when there is none or no memory. The node
-  /// and its data are the caller's (FreeElement, BuddyLinkList::Release).
+  /// Takes the innermost open element off the stack: the node that PushElement made, or for an
+  /// element that the parser has opened one with a copy of its name. Null when there is none, or no
+  /// memory for a copy. The node and its data are the caller's (FreeElement,
+  /// BuddyLinkList::Release).
   BuddyLinkList* PopElement();
 
   /// Whether the text behind an element's name is a well-formed attribute list: 0, else -1.
@@ -127,6 +129,8 @@ class ZT_API XmlDecoder : public ZtNonCopyable {
   static char* Unescape(char* text, char* end);
   void DropPending();
   inline OpenElement* Push(const char* name, std::size_t size);
+  inline void Link(OpenElement* node);
+  inline OpenElement* Unlink();
   inline void Pop();
   int ParseError();
   void ForgetConsumed(const char* text, const char* tag, const char* close);

@@ -46,7 +46,7 @@ class ZT_API ZtUnMarshaller : public XMLUnMarshaller {
 
  private:
   friend class ZtContext;
-  XMLElement* Read(const char* xml) const;
+  XMLElement* Read(const char* xml, const char* noMemory) const;
   bool Parse(ZtArena& arena, char* text, std::size_t size, XMLElement*& root) const;
 
   const ZtContext* m_pContext = nullptr;  // null for a worker that no context made

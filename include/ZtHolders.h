@@ -2,8 +2,9 @@
 //
 // What an element takes must come from the library and be recorded in the memory log under tag 14:
 // objects from a schema's object factory or out of another tree; texts, attributes and lists from
-// zt_xml_common_methods (CreateString, CreateAttribute, CreateElementList). Nothing may be given to
-// two owners, or twice to one list.
+// zt_xml_common_methods (CreateString, CreateAttribute, CreateElementList). An object has one
+// owner: one that is offered while it has an owner is not taken, with a line in the log. What a
+// list's Remove takes out of a tree is the caller's and may be given away again.
 #ifndef ZTXML_INCLUDE_ZTHOLDERS_H
 #define ZTXML_INCLUDE_ZTHOLDERS_H
 
@@ -57,8 +58,14 @@ class ZT_API ZtChild {
   ZtChild(const ZtChild&) = delete;
   ZtChild& operator=(const ZtChild&) = delete;
 
-  /// Takes `child` and deletes another one held before; the same again changes nothing. Returns 1.
-  int Set(XMLElement* child);
+  /// Takes `child` and deletes another one held before; the same again changes nothing, nor does
+  /// one that has an owner. Returns 1.
+  int Set(XMLElement* child) {
+    static_cast<void>(Take(child));
+    return 1;
+  }
+  /// The same; false when `child` has another owner.
+  bool Take(XMLElement* child);
   XMLElement* Get() const { return m_pChild; }
 
  private:
@@ -76,10 +83,12 @@ class ZT_API ZtOwnedList {
   ZtOwnedList& operator=(const ZtOwnedList&) = delete;
 
   /// Takes `list` with its entries and deletes another one held before; the same again changes
-  /// nothing. Returns 1.
+  /// nothing, nor does one that has an owner. Entries that have an owner are taken out of the list.
+  /// Returns 1.
   int Set(ZtSingleElementList* list);
-  /// Appends and takes `item`. Returns 1, or 0 for null or without memory: `item` is not taken. A
-  /// list made for it is recorded under `source`; `arena` (null: the heap) has what is made.
+  /// Appends and takes `item`. Returns 1, or 0 for null, for one that has an owner, or without
+  /// memory: `item` is not taken. A list made for it is recorded under `source`; `arena` (null: the
+  /// heap) has what is made.
   int Add(Item* item, const char* source = "src/XMLList", ZtArena* arena = nullptr);
   ZtSingleElementList* Get() const { return m_pList; }
   /// The first node, null when there is none.
@@ -90,6 +99,8 @@ class ZT_API ZtOwnedList {
   }
 
  private:
+  static const ZtSingleElementList::Items kItems;
+
   ZtSingleElementList* m_pList = nullptr;
 };
 

@@ -19,11 +19,11 @@ class ZT_API ZtNamespaceDecoder : public ZtSchemaDecoder {
 
  protected:
   explicit ZtNamespaceDecoder(const ZtGrammar& grammar);
-  char* LocalName(char* name, std::size_t& size) override;
-  char* LocalPart(char* name, char* colon) const override;
+  const char* LocalName(char* name, std::size_t& size) override;
+  const char* LocalPart(const char* name, const char* colon) const override;
 
  private:
-  char* Rewritten(char* name);
+  const char* Rewritten(char* name);
 
   ZtNamespaceBindings m_Bindings;
 };

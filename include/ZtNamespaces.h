@@ -21,8 +21,10 @@ class ZT_API ZtNamespaceBindings : public ZtNonCopyable {
   ZtNamespaceBindings();
   ~ZtNamespaceBindings();
 
-  /// Whether the chain was built whole.
+  /// Whether the chain is whole.
   bool Complete() const { return m_bComplete; }
+  /// Adds the records for which there was no memory before; false when there still is none.
+  bool Build();
   /// Makes every prefix in force the library's own.
   void UseOwn();
   /// Takes the prefixes that a zt_schema_namespace_retrieval collected, in document order: the last
@@ -35,11 +37,11 @@ class ZT_API ZtNamespaceBindings : public ZtNonCopyable {
   const ZtNamespaceBinding* Find(const char* ownPrefix) const;
 
  private:
-  bool Append(e_XmlStrRef prefix, const char* alias, e_XmlStrRef uri);
+  static ZtNamespaceBinding* New(e_XmlStrRef prefix, e_XmlStrRef alias, e_XmlStrRef uri);
   static bool SetAlias(ZtNamespaceBinding& binding, const char* alias);
 
   ZtNamespaceBinding* m_pFirst = nullptr;
-  bool m_bComplete;
+  bool m_bComplete = false;
 };
 
 #endif  // ZTXML_INCLUDE_ZTNAMESPACES_H

@@ -51,7 +51,8 @@ class ZT_API ZtSchemaDecoder : public XmlDecoderSchema {
   /// without memory: PassName() is null then.
   int XMLRemoveNameSpaceTag(char* name);
 
-  /// The name last normalised (borrowed), or null.
+  /// The name of the element in the last callback as it was normalised (borrowed). Null before, and
+  /// in decoders that compare names as they stand in the document.
   const char* PassName() const { return m_PassName; }
 
   /// Whether the tree is not to be used: something was lost for want of memory, or a start tag's
@@ -61,12 +62,17 @@ class ZT_API ZtSchemaDecoder : public XmlDecoderSchema {
  protected:
   explicit ZtSchemaDecoder(const ZtGrammar& grammar);
 
-  /// The name that the grammar knows for `name`, of `size` bytes; null without memory.
-  virtual char* LocalName(char* name, std::size_t& size);
+  /// The name that the grammar knows for `name`, of `size` bytes; null without memory. Sets
+  /// PassName().
+  virtual const char* LocalName(char* name, std::size_t& size);
 
-  /// The same for the name of a start tag, of which `colon` is the first or null: a part of the
-  /// name, or null when only LocalName can tell.
-  virtual char* LocalPart(char* name, char* colon) const;
+  /// The part of a start tag's name that the grammar knows; `colon` is the first of the name, or
+  /// null. Null when only LocalName can tell.
+  virtual const char* LocalPart(const char* name, const char* colon) const;
+
+  /// Whether the start tag `name` is refused, with the document and a line in the log: what follows
+  /// its prefix begins with a slash, so that it would pass for the end of an element.
+  bool RefusesStart(const char* name);
 
   /// Room for a pass name of `size` bytes and its NUL; null without memory, with the given line.
   char* ReservePassName(std::size_t size, const char* noMemory);
@@ -113,6 +119,8 @@ class ZT_API ZtSchemaDecoder : public XmlDecoderSchema {
   inline ZtOutcome OfferStarted(const Open& parent, const ZtGrammarRow& row,
                                 const ZtChildName& name, XMLElement* child);
   int Element(char* name, ZtPiece value);
+  void RefuseSlash();
+  void NoteEmptyStack(int callbacks) const;
   Open Current() const;
   inline const ZtGrammarRow* FindStart(ZtNameId name) const;
   const ZtGrammarRow* FindEnd(ZtNameId name) const;
@@ -127,7 +135,6 @@ class ZT_API ZtSchemaDecoder : public XmlDecoderSchema {
   std::size_t m_iSkipped;       // depth inside an element whose content is skipped, 0 outside
   bool m_bOfferEnd;             // the skipped element's end is offered with its text
   const ZtField* m_pText;       // the row that the skipped element's text is for, or null
-  char* m_pCut;                 // a colon of the name at hand that a slash stands for
   ZtArena* m_pArena;            // of what is made, null for the heap
   ZtChildList m_ReplacedRoots;  // earlier roots: they may still be open
 };

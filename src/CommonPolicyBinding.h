@@ -25,7 +25,8 @@ struct CommonPolicyBinding {
       "%s::AddEmptyElementtoXml: Received empty element is NULL",
       // Intended: names were written through 100 bytes with "/" and NUL.
       98};
-  static constexpr ZtElementType kFlag = ZtFlagOf(kFamily, nullptr, kFlagText, XML_STR_SS);
+  static constexpr ZtElementType kFlag =
+      ZtFlagOf(kFamily, "AddEmptyElementtoXml", kFlagText, XML_STR_SS);
 
   // ---- Conditions -------------------------------------------------------------------------------
 
@@ -59,8 +60,8 @@ struct CommonPolicyBinding {
           .Required("<XML Module>: Sphere element's - Value attribute is mandatory", kZtLogError),
   };
   static constexpr ZtField kValidity[] = {
-      ztrow::TextElements(XML_STR_FROM, &zt_ns_common_policy_validityType::m_FromList),
-      ztrow::TextElements(XML_STR_UNTIL, &zt_ns_common_policy_validityType::m_UntilList),
+      ztrow::TextElements(XML_STR_FROM, &zt_ns_common_policy_validityType::m_FromList).Always(),
+      ztrow::TextElements(XML_STR_UNTIL, &zt_ns_common_policy_validityType::m_UntilList).Always(),
   };
   static bool WriteValidity(ZtElementWriter& writer, const XMLElement& self,
                             const ZtElementType& type);

@@ -16,7 +16,9 @@ XMLSchemaNamespaceRetrievalDecoder::XMLSchemaNamespaceRetrievalDecoder()
   if (!m_pRoot) m_bFailed = true;
 }
 
-int XMLSchemaNamespaceRetrievalDecoder::ProcessElement(char* name, char*) { return name ? 0 : -1; }
+int XMLSchemaNamespaceRetrievalDecoder::ProcessElement(char* name, char*) {
+  return name && !RefusesStart(name) ? 0 : -1;
+}
 
 int XMLSchemaNamespaceRetrievalDecoder::ProcessAttribute(char* element, char* name, char* value) {
   if (!element || !name) return -1;

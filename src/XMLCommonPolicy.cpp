@@ -67,7 +67,7 @@ const ZtElementType zt_ns_common_policy_exceptType::kType =
     ZtTypeOf<zt_ns_common_policy_exceptType>(
         "zt_ns_common_policy_exceptType", "CommonPolicy:ExceptType", CommonPolicyBinding::kFamily)
         .Fields(CommonPolicyBinding::kExcept)
-        .Writer(XML_STR_EXCEPT, nullptr, XML_STR_CP)
+        .Writer(XML_STR_EXCEPT, "AddExceptElementToXml", XML_STR_CP)
         .RefusesUnknownChildren();
 
 const ZtElementType zt_ns_common_policy_oneType::kType =

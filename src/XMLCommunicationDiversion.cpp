@@ -61,13 +61,13 @@ struct CommunicationDiversionBinding {
 const ZtElementType zt_NoReplyTimer::kType =
     ZtTypeOf<zt_NoReplyTimer>("zt_NoReplyTimer", "NoReplyTimer", kFamily)
         .Fields(CommunicationDiversionBinding::kNoReplyTimer)
-        .Writer(XML_STR_NO_REPLY_TIMER, nullptr, XML_STR_SS);
+        .Writer(XML_STR_NO_REPLY_TIMER, "AddNoReplyTimerElementToXml", XML_STR_SS);
 
 const ZtElementType zt_ns_xcap_forward_to_type::kType =
     ZtTypeOf<zt_ns_xcap_forward_to_type>("zt_ns_xcap_forward_to_type",
                                          "CommunicationDiversion:ForwardToType", kFamily)
         .Fields(CommunicationDiversionBinding::kForwardTo)
-        .Writer(XML_STR_FORWARD_TO, nullptr, XML_STR_SS)
+        .Writer(XML_STR_FORWARD_TO, "AddForwardToElementtoXml", XML_STR_SS)
         .RefusesUnknownChildren();
 
 const ZtElementType zt_communication_diversion::kType =
@@ -105,7 +105,7 @@ int Communication_diversionMarshaller::AddCommunication_diversionElementToXml(
   return Write(diversion, zt_communication_diversion::kType);
 }
 int Communication_diversionMarshaller::AddNoReplyTimerElementToXml(zt_NoReplyTimer* timer) {
-  return timer ? Write(timer, zt_NoReplyTimer::kType) : 1;
+  return Write(timer, zt_NoReplyTimer::kType) || !timer;
 }
 int Communication_diversionMarshaller::AddForwardToElementtoXml(
     zt_ns_xcap_forward_to_type* forwardTo) {

@@ -8,7 +8,7 @@
 namespace {
 
 constexpr char kSource[] = "src/XMLConferenceInfo";
-constexpr ZtFamily kFamily = ZtPlainFamily(kSource);
+constexpr ZtFamily kFamily = ZtPlainFamily(kSource).RefusesNullClasses();
 
 // ---- Enumerations -------------------------------------------------------------------------------
 // A value is known by its beginning.

@@ -7,7 +7,7 @@
 namespace {
 
 constexpr char kSource[] = "src/XMLImdn";
-constexpr ZtFamily kFamily = ZtQuietFamily(kSource);
+constexpr ZtFamily kFamily = ZtQuietFamily(kSource).RefusesNullClasses();
 
 constexpr ZtFixedAttribute kDeclarations[] = {
     {XML_STR_URN_IETF_PARAMS_XML_NS_IMDN, XML_STR_ZT_NULL}};

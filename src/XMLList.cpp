@@ -31,14 +31,22 @@ ZtSingleElementList::~ZtSingleElementList() {
   }
 }
 
-int ZtSingleElementList::Add(void* data, ZtArena* arena) {
+int ZtSingleElementList::Add(void* data) {
+  const Items* items = data ? m_pItems : nullptr;
+  if (items && !items->take(data)) return 0;
+  if (Append(data, nullptr)) return 1;
+  if (items) items->drop(data);
+  return 0;
+}
+
+bool ZtSingleElementList::Append(void* data, ZtArena* arena) {
   ZtLog(kZtLogState, kSource)("<XML Module>: ZtSingleElementList::Add");
   auto* node = static_cast<ZtListNode*>(ZtAllocate(sizeof(ZtListNode), arena));
   if (!node) {
     ZtLog(kZtLogError,
           kSource)(m_pHead ? "<XML Module>: ZtSingleElementList:Add pTravNode Buffer is NULL"
                            : "<XML Module>: ZtSingleElementList:Add m_pHead Buffer is NULL");
-    return 0;
+    return false;
   }
   node->data = data;
   node->next = nullptr;
@@ -46,7 +54,15 @@ int ZtSingleElementList::Add(void* data, ZtArena* arena) {
   m_pTail = node;
   ++m_iListCount;
   ZtLog(kZtLogState, kSource)("<XML Module>: m_iListCount: %d", m_iListCount);
-  return 1;
+  return true;
+}
+
+void ZtSingleElementList::Unlink(ZtListNode* previous) {
+  ZtListNode* node = previous ? previous->next : m_pHead;
+  (previous ? previous->next : m_pHead) = node->next;
+  if (node == m_pTail) m_pTail = previous;
+  ZtFree(node);
+  --m_iListCount;
 }
 
 int ZtSingleElementList::Remove(void* data) {
@@ -58,10 +74,8 @@ int ZtSingleElementList::Remove(void* data) {
   ZtListNode* previous = nullptr;
   for (ZtListNode* node = m_pHead; node; previous = node, node = node->next) {
     if (!node->data || node->data != data) continue;
-    (previous ? previous->next : m_pHead) = node->next;
-    if (node == m_pTail) m_pTail = previous;
-    ZtFree(node);
-    --m_iListCount;
+    Unlink(previous);
+    if (m_pItems) m_pItems->drop(data);
     return 1;
   }
   ZtLog(kZtLogError,

@@ -15,8 +15,9 @@ constexpr ZtHookLines kLines = {
     "%s::ProcessUnMarshall: pElementName is Null",
     "%s::ProcessUnMarshall: pElementName is %s while ClassName is %s",
     "%s::ProcessUnMarshallAttribute Cannot accommodate the attribute %s"};
-constexpr ZtFamily kFamily = {kSource, &kLines, "Cannot accommodate the element %s",
-                              "<XML Module>: %s Failed", ZtUnknown::kRefuse};
+constexpr ZtFamily kFamily = ZtFamily{kSource, &kLines, "Cannot accommodate the element %s",
+                                      "<XML Module>: %s Failed", ZtUnknown::kRefuse}
+                                 .RefusesNullClasses();
 
 // ---- Enumerations -------------------------------------------------------------------------------
 

@@ -67,7 +67,7 @@ struct ResourceListsBinding {
                             ZtOutcome& outcome) {
     for (const ZtWritable* member = kMembers; member->type; ++member) {
       if (__strcmp(name, member->type->label) != 0) continue;
-      outcome = ZtOutcome::kRefused;
+      outcome = child && !child->ClassName() ? ZtOutcome::kAccepted : ZtOutcome::kRefused;
       return !child || !ZtIsA(*child, *member->type);
     }
     return false;

@@ -50,7 +50,7 @@ struct RlmiBinding {
       ztrow::Attribute(XML_STR_URI, &zt_list::m_Uri)
           .Required("<XML Module>: AddListElementToXml Uri mandatory attribute", kZtLogError),
       ztrow::Attribute(XML_STR_VERSION, &zt_list::m_Version).Always(),
-      ztrow::Attribute(XML_STR_FULL_STATE, &zt_list::m_FullState, kTrueOrElseFalse),
+      ztrow::Attribute(XML_STR_FULL_STATE, &zt_list::m_FullState, kSchemaTrueOrElseFalse),
       ztrow::Children(XML_STR_NAME, &zt_list::m_Names, zt_name::kType),
       ztrow::Children(XML_STR_RESOURCE, &zt_list::m_Resources, zt_resource::kType),
       ZtExtensibleRows::kElements<ZtObject>,

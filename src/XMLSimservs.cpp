@@ -253,19 +253,23 @@ char* SimservsMarshaller::InsertString(char* envelope, const char* services) {
 // ---- Reading ------------------------------------------------------------------------------------
 
 XMLElement* SimservsUnMarshaller::UnMarshall(const char* xml) {
-  if (!xml) return nullptr;
-  char* text = __strdup(xml);
-  if (!text) {
+  char* text = xml ? __strdup(xml) : nullptr;
+  if (xml && !text) {
     ZtLog(kZtLogError, kSource)("<XML Module>: StrDup failed in SimservsUnMarshaller::UnMarshall");
-    return nullptr;
   }
-  XMLElement* root = validateXML(text) ? ReadCut(text) : nullptr;
-  __free(text);
-  return root;
+  return ReadCopy(text);
 }
 
 XMLElement* SimservsUnMarshaller::UnMarshall(XMLFile* file) {
-  return UnMarshall(file ? file->Read() : nullptr);
+  const char* xml = file ? file->Read() : nullptr;
+  return ReadCopy(xml ? __strdup(xml) : nullptr);
+}
+
+XMLElement* SimservsUnMarshaller::ReadCopy(char* text) {
+  if (!text) return nullptr;
+  XMLElement* root = validateXML(text) ? ReadCut(text) : nullptr;
+  __free(text);
+  return root;
 }
 
 int SimservsUnMarshaller::validateXML(char* text) {

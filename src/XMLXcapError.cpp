@@ -81,10 +81,9 @@ struct XcapErrorBinding {
   static bool TakeError(XMLElement& self, const char* name, const char*, XMLElement* child,
                         ZtOutcome& outcome) {
     if (!IsErrorName(name)) return false;
-    outcome = ZtOutcome::kRefused;
+    outcome = child && !child->ClassName() ? ZtOutcome::kAccepted : ZtOutcome::kRefused;
     if (!ErrorTypeOf(child)) return true;
-    static_cast<zt_xcap_error&>(self).m_Error.Set(child);
-    outcome = ZtOutcome::kAdopted;
+    if (static_cast<zt_xcap_error&>(self).m_Error.Take(child)) outcome = ZtOutcome::kAdopted;
     return true;
   }
 

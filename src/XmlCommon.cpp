@@ -15,10 +15,9 @@ BuddyLinkList* BuddyLinkList::Append(void* newData) {
   auto* node = new BuddyLinkList;
   if (!node) return nullptr;
   ZtRecord(kZtTagStackNode, kSource, __LINE__, node, sizeof(BuddyLinkList));
-  BuddyLinkList* last = SeekEnd();
   node->data = newData;
-  node->m_pPrevious = last;
-  last->next = node;
+  node->next = next;
+  next = node;
   return node;
 }
 
@@ -28,12 +27,13 @@ BuddyLinkList* BuddyLinkList::SeekEnd() {
   return node;
 }
 
-BuddyLinkList* BuddyLinkList::RemoveLast() { return next ? SeekEnd()->Detach() : nullptr; }
-
-BuddyLinkList* BuddyLinkList::Detach() {
-  if (m_pPrevious) m_pPrevious->next = nullptr;
-  m_pPrevious = nullptr;
-  return this;
+BuddyLinkList* BuddyLinkList::RemoveLast() {
+  if (!next) return nullptr;
+  BuddyLinkList* before = this;
+  while (before->next->next) before = before->next;
+  BuddyLinkList* last = before->next;
+  before->next = nullptr;
+  return last;
 }
 
 void BuddyLinkList::FreeList(void (*release)(void*)) {

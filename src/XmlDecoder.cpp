@@ -36,12 +36,13 @@ bool HoldsSpace(const char* begin, const char* end) {
 
 }  // namespace
 
-// A node of the element stack, behind the sentinel, with the element's name.
+// A node of the element stack, after the sentinel, with the element's name.
 struct XmlDecoder::OpenElement : BuddyLinkList {
   static constexpr std::size_t kRoom = 24;
 
   OpenElement* outer = nullptr;
   std::size_t size = 0;  // of the name; 0 when it is none that a tag can have
+  bool alone = false;    // an allocation of its own, with its name in another: a caller may take it
   char room[kRoom];      // for all but long names
 };
 
@@ -555,9 +556,19 @@ char* XmlDecoder::Unescape(char* text, char* end) {
 // ---- Stack of open elements ---------------------------------------------------------------------
 
 BuddyLinkList* XmlDecoder::PushElement(char* name) {
-  OpenElement* node = name ? Push(name, __strlen(name)) : nullptr;
-  // The first '>' ends a tag, so that none can end this element.
-  if (node && __strchr(name, '>')) node->size = 0;
+  if (!name || !m_pElementStack) return nullptr;
+  auto* node = new OpenElement;
+  char* copy = node ? __strdup(name) : nullptr;
+  if (!copy) {
+    delete node;
+    Log(kZtLogTrace)("XmlDecoder::PushElement | ztDplStrdup failed");
+    return nullptr;
+  }
+  node->alone = true;
+  node->data = copy;
+  // The first '>' ends a tag, so that none can end an element that has one in its name.
+  node->size = __strchr(name, '>') ? 0 : __strlen(name);
+  Link(node);
   return node;
 }
 
@@ -579,31 +590,56 @@ XmlDecoder::OpenElement* XmlDecoder::Push(const char* name, std::size_t size) {
   m_pSpare = node->outer;
   *ZtCopy(static_cast<char*>(node->data), {name, size}) = '\0';
   node->size = size;
+  Link(node);
+  return node;
+}
+
+void XmlDecoder::Link(OpenElement* node) {
   node->outer = m_pTop;
   (m_pTop ? m_pTop : m_pElementStack)->next = node;
   ZtRecord(kZtTagStackNode, kNodeSource, __LINE__, node, sizeof(BuddyLinkList));
   m_pTop = node;
+}
+
+XmlDecoder::OpenElement* XmlDecoder::Unlink() {
+  OpenElement* node = m_pTop;
+  m_pTop = node->outer;
+  (m_pTop ? m_pTop : m_pElementStack)->next = nullptr;
   return node;
 }
 
 void XmlDecoder::Pop() {
-  OpenElement* node = m_pTop;
+  OpenElement* node = Unlink();
   ZtWithdraw(kZtTagStackNode, node);
-  if (node->data != node->room) __free(node->data);
-  m_pTop = node->outer;
-  (m_pTop ? m_pTop : m_pElementStack)->next = nullptr;
+  if (node->data != node->room) {
+    __free(node->data);
+    if (node->alone) {
+      delete node;
+      return;
+    }
+  }
   node->outer = m_pSpare;
   m_pSpare = node;
 }
 
+// What the parser itself has opened shares its memory with others: the caller gets a copy.
 BuddyLinkList* XmlDecoder::PopElement() {
-  char* name = m_pTop ? __strdup(static_cast<char*>(m_pTop->data)) : nullptr;
-  BuddyLinkList single;
-  BuddyLinkList* node = name ? single.Append(name) : nullptr;
+  if (!m_pTop) return nullptr;
+  if (m_pTop->alone) {
+    OpenElement* node = Unlink();
+    char* name = static_cast<char*>(node->data);
+    // The caller deletes it as what it is declared to be.
+    auto* plain = ::new (static_cast<void*>(node)) BuddyLinkList;
+    plain->data = name;
+    return plain;
+  }
+  char* name = __strdup(static_cast<char*>(m_pTop->data));
+  BuddyLinkList copy;
+  BuddyLinkList* node = name ? copy.Append(name) : nullptr;
   if (node) {
     Pop();
-    return node->Detach();
+  } else {
+    __free(name);
   }
-  __free(name);
-  return nullptr;
+  return node;
 }

@@ -38,6 +38,7 @@ void ZtXMLDocGenerator::ztInitXmlDoc() {
   m_bOutOfMemory = !buffer;
   m_pAt = buffer;
   m_pEnd = buffer ? buffer + kBufferSize - 1 : nullptr;
+  if (buffer) *buffer = '\0';
   initialised = 1;
 }
 
@@ -67,6 +68,7 @@ void ZtXMLDocGenerator::ztResetHeader() {
   headerAdded = headerAllowed = tagOpen = 0;
   UsePrefix(nullptr);
   m_pAt = buffer;
+  *m_pAt = '\0';
   m_bCutReported = false;
 }
 
@@ -251,6 +253,7 @@ void ZtXMLDocGenerator::Append(std::initializer_list<ZtPiece> pieces) {
     }
     m_pAt = ZtCopy(m_pAt, {piece.text, size});
   }
+  *m_pAt = '\0';  // for those who hold the text already
 }
 
 char* ZtXMLDocGenerator::escapeString(const char* text) {

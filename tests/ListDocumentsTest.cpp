@@ -82,7 +82,7 @@ TEST(Rlmi, WritesWhatItReads) {
        OutRlmi("", "  b='1'  xmlns:r='v'  uri='&quot;'  version='7'  fullState='true'")},
       {"<list uri='u' fullState='True' version='-1'/>", OutRlmi("")},
       {"<list uri='u' fullState='1' version='4294967296'/>",
-       OutRlmi("", "  uri='u'  version='4294967295'  fullState='false'")},
+       OutRlmi("", "  uri='u'  version='4294967295'  fullState='true'")},
       {InRlmi("<resource uri='a'/><name>1</name><resource b='1' uri='b'><instance state='active' "
               "b='1' id='i' cid='c' reason='r'>t</instance><name>2</name><instance id='j' "
               "state='pending;x'/><n:name xml:lang='de'>&lt;<x/>&gt;</n:name></resource><name/>"),

@@ -231,25 +231,36 @@ TEST(XmlDecoder, EveryAllocationMayFail) {
   EXPECT_EQ(parse.recorder.events, "+a;!a;+b;!b;/b=" + text + ";/a=;");
 }
 
-// What callers push and pop: what is popped is theirs, and stays when there is no memory for it.
+// What callers push and pop: they get back the node that was made, without any memory; of what the
+// parser has opened they get a copy.
 TEST(XmlDecoder, CallersOpenAndCloseElements) {
-  XmlDecoder decoder;
-  EXPECT_EQ(decoder.PushElement(nullptr), nullptr);
-  const std::string names[] = {"a", std::string(200, 'n')};
-  for (std::string name : names) {
-    ASSERT_NE(decoder.PushElement(name.data()), nullptr);
-    for (long n = 1; n <= 2; ++n) {
-      zthost::FailAllocation(n);
-      EXPECT_EQ(decoder.PopElement(), nullptr);
-    }
-    zthost::FailAllocation(0);
-    BuddyLinkList* node = decoder.PopElement();
-    ASSERT_NE(node, nullptr);
-    EXPECT_EQ(static_cast<const char*>(node->data), name);
+  Parse parsed;
+  EXPECT_EQ(parsed.decoder.PushElement(nullptr), nullptr);
+  EXPECT_EQ(parsed.decoder.PopElement(), nullptr);
+  parsed.Feed("<parsed>");
+  const auto release = [](BuddyLinkList* node) {
     FreeElement(node->data);
     BuddyLinkList::Release(node);
-    EXPECT_EQ(decoder.PopElement(), nullptr);
+  };
+  for (std::string name : {"a"s, std::string(200, 'n')}) {
+    for (long n = 1; n <= 2; ++n) {
+      zthost::FailAllocation(n);
+      EXPECT_EQ(parsed.decoder.PushElement(name.data()), nullptr);
+    }
+    zthost::FailAllocation(0);
+    BuddyLinkList* pushed = parsed.decoder.PushElement(name.data());
+    ASSERT_NE(pushed, nullptr);
+    zthost::FailAllocation(1);
+    ASSERT_EQ(parsed.decoder.PopElement(), pushed);
+    EXPECT_EQ(parsed.decoder.PopElement(), nullptr);
+    zthost::FailAllocation(0);
+    EXPECT_TRUE(static_cast<const char*>(pushed->data) == name && !pushed->next);
+    release(pushed);
   }
+  BuddyLinkList* node = parsed.decoder.PopElement();
+  ASSERT_NE(node, nullptr);
+  EXPECT_STREQ(static_cast<const char*>(node->data), "parsed");
+  release(node);
   // An end tag ends what was pushed, but at its first '>'.
   for (const auto& [name, result] : {std::pair("b"s, ZT_XML_INCOMPLETE), {"b>c"s, ZT_XML_ERROR}}) {
     Parse parse;
@@ -319,13 +330,17 @@ TEST(BuddyLinkList, LeavesTheSentinelAlone) {
   BuddyLinkList list;
   EXPECT_EQ(list.RemoveLast(), nullptr);
   BuddyLinkList* first = list.Append(&list);
-  BuddyLinkList* second = first->Append(nullptr);
-  BuddyLinkList* third = list.Append(nullptr);
-  EXPECT_EQ(list.SeekEnd(), third);
-  EXPECT_EQ(list.RemoveLast(), third);
-  EXPECT_EQ(second->Detach(), second);
+  BuddyLinkList* last = first->Append(nullptr);
+  BuddyLinkList* between = first->Append(nullptr);  // hangs after the node that it is asked of
+  EXPECT_TRUE(first->next == between && between->next == last && !last->next);
+  EXPECT_EQ(list.SeekEnd(), last);
+  BuddyLinkList mine;  // a chain that was linked by hand
+  last->next = &mine;
+  EXPECT_EQ(list.RemoveLast(), &mine);
+  EXPECT_EQ(list.RemoveLast(), last);
+  EXPECT_EQ(list.RemoveLast(), between);
   EXPECT_TRUE(list.next == first && first->data == &list && !first->next);
-  for (BuddyLinkList* node : {second, third}) BuddyLinkList::Release(node);
+  for (BuddyLinkList* node : {between, last}) BuddyLinkList::Release(node);
   list.FreeList(nullptr);  // the data is not its own
   EXPECT_EQ(list.RemoveLast(), nullptr);
 }

@@ -4,6 +4,7 @@
 #include <type_traits>
 
 #include "base/ZtLog.h"
+#include "binding/ZtOwnership.h"
 
 namespace {
 
@@ -62,6 +63,13 @@ ZtOutcome ZtStore(XMLElement& self, const ZtField& field, ZtPiece value, const Z
 
 namespace {
 
+// Only a lack of memory keeps a list from taking what has no owner.
+template <class Item>
+ZtOutcome AppendItem(ZtOwnedList<Item>& list, Item& item, const ZtSource& source) {
+  if (list.Add(&item, source.file, source.arena)) return ZtOutcome::kAdopted;
+  return ZtOwnership::IsOwned(item) ? ZtOutcome::kRefused : ZtOutcome::kNoMemory;
+}
+
 ZtOutcome AppendText(XMLElement& self, const ZtField& field, const ZtSource& source,
                      ZtPiece value) {
   zt_string* text = ZtMakeString(source, value);
@@ -93,6 +101,7 @@ ZtOutcome AppendWords(XMLElement& self, const ZtField& field, const ZtSource& so
 
 ZtOutcome ZtStoreText(XMLElement& self, const ZtField& field, ZtPiece value,
                       const ZtSource& source) {
+  if (!value.text && field.place == ZtPlace::kTextElements && field.always) value = {"", 0};
   if (!value.text) return ZtOutcome::kAccepted;
   switch (field.place) {
     case ZtPlace::kTextElements:
@@ -141,13 +150,15 @@ class Hook {
     const char* className = child->ClassName();
     if (!className) {
       Log(m_Lines.noClass);
-      return ZtOutcome::kRefused;
+      return m_Type.family->nullClass == ZtUnknown::kRefuse ? ZtOutcome::kRefused
+                                                            : ZtOutcome::kAccepted;
     }
     if (!ZtIsA(*child, *field.detail.type)) {
       Log(m_Lines.wrongClass, className, field.detail.type->className);
       return ZtOutcome::kRefused;
     }
-    if (field.atEnd && !StoreOwnText(*child, *field.detail.type, ownText, m_Source.arena)) {
+    if (field.atEnd && !ZtOwnership::IsOwned(*child) &&
+        !StoreOwnText(*child, *field.detail.type, ownText, m_Source.arena)) {
       return ZtOutcome::kNoMemory;
     }
     return ZtAdopt(self, field, child, m_Source);
@@ -170,8 +181,7 @@ class Hook {
 
   template <class List, class Item>
   ZtOutcome Append(List& list, Item* item) const {
-    return list.Add(item, m_Source.file, m_Source.arena) ? ZtOutcome::kAdopted
-                                                         : ZtOutcome::kNoMemory;
+    return AppendItem(list, *item, m_Source);
   }
 
   ZtOutcome UnknownChild(XMLElement& self, const char* name, const char* value,
@@ -226,7 +236,7 @@ unsigned ZtEnumTable::Find(ZtPiece value) const {
     const ZtPiece slot = slots[i].Piece();
     const bool fits = byPrefix ? slot.size <= value.size : slot.size == value.size;
     if (fits && *slot.text == *value.text && ZtSameBytes(slot.text, value.text, slot.size)) {
-      return i;
+      return respelt ? i % count : i;
     }
   }
   return noMatch;
@@ -260,10 +270,11 @@ ZtOutcome ZtOfferChild(XMLElement& self, const ZtElementType& type, const ZtChil
         if (child) return ZtOutcome::kRefused;
         return ZtStoreText(self, field, value, {type.family->source, arena});
       default:
-        if (name.atEnd && field.madeHere) return hook.MakeChild(self, field, value, child);
-        // The start of a child that comes with its end tag tells nothing.
-        if (!name.atEnd && (field.atEnd || field.madeHere)) return ZtOutcome::kAccepted;
+        if (field.madeHere) {
+          return name.atEnd ? hook.MakeChild(self, field, value, child) : ZtOutcome::kAccepted;
+        }
         if (name.atEnd == field.atEnd) return hook.Adopt(self, field, child, value);
+        // A child that comes with its end tag is at its start like any that no row names.
     }
   }
   return hook.UnknownChild(self, name.text, value.text, child);
@@ -272,11 +283,10 @@ ZtOutcome ZtOfferChild(XMLElement& self, const ZtElementType& type, const ZtChil
 ZtOutcome ZtAdopt(XMLElement& self, const ZtField& field, XMLElement* child,
                   const ZtSource& source) {
   if (field.place == ZtPlace::kChild) {
-    (self.*field.member.child).Set(child);
-    return ZtOutcome::kAdopted;
+    const bool taken = (self.*field.member.child).Take(child);
+    return taken ? ZtOutcome::kAdopted : ZtOutcome::kRefused;
   }
-  return (self.*field.member.children).Add(child, source.file, source.arena) ? ZtOutcome::kAdopted
-                                                                             : ZtOutcome::kNoMemory;
+  return AppendItem(self.*field.member.children, *child, source);
 }
 
 const ZtField* ZtFindAttribute(const ZtElementType& type, ZtNameId name) {
@@ -338,9 +348,12 @@ ZtPiece ZtFieldText(const XMLElement& self, const ZtField& field, char* buffer) 
       return (self.*field.member.text).Piece();
     case ZtValue::kNumber:
     case ZtValue::kNumber64: {
+      const bool is32 = field.value == ZtValue::kNumber;
       const unsigned long long number =
-          field.value == ZtValue::kNumber ? self.*field.member.number : self.*field.member.number64;
-      return number || field.always ? FormatNumber(number, buffer) : ZtPiece(nullptr);
+          is32 ? self.*field.member.number : self.*field.member.number64;
+      const bool absent =
+          number == 0 || (number == kZtNotSet && is32 && field.place == ZtPlace::kAttribute);
+      return absent && !field.always ? ZtPiece(nullptr) : FormatNumber(number, buffer);
     }
     case ZtValue::kEnum: {
       const unsigned index = self.*field.member.number;

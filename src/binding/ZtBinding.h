@@ -40,6 +40,7 @@ struct ZtEnumTable {
   std::uint8_t searched;  // slots looked at on input; may run into the next table of the block
   std::uint8_t noMatch;   // index stored when none matches
   bool byPrefix;          // the first slot that is a prefix of the value, else the equal one
+  bool respelt = false;   // the slots after the values spell these again, in their order
 
   unsigned Find(ZtPiece value) const;
 };
@@ -47,6 +48,10 @@ struct ZtEnumTable {
 inline constexpr ZtEnumSlot kBooleanSlots[] = {"false", "true"};
 // Intended, for the booleans that peers know to behave so: any text but "true" is false, "1" too.
 inline constexpr ZtEnumTable kTrueOrElseFalse = {kBooleanSlots, 2, 2, 0, false};
+
+// A boolean as schemas have it: "1" is true, and any other text is false here.
+inline constexpr ZtEnumSlot kSchemaBooleanSlots[] = {"false", "true", "0", "1"};
+inline constexpr ZtEnumTable kSchemaTrueOrElseFalse = {kSchemaBooleanSlots, 2, 4, 0, false, true};
 
 // Where a field lives in its object. A member of a derived type is reached through the base: the
 // object's dynamic type has it.
@@ -122,7 +127,8 @@ struct ZtField {
   ZtValue value;
   std::uint8_t lineLevel = 0;
   bool required = false;       // absent: the element cannot be written
-  bool always = false;         // written also when absent (a null text as an empty value)
+  bool always = false;         // written also when absent (a null text as an empty value); a null
+                               // text that is offered to a repeated element is kept as an empty one
   bool atEnd = false;          // a child that is made at its end tag and offered with its text
   bool fromAttribute = false;  // a text that comes under its plain name, as attributes do
   bool madeHere = false;       // a child that its parent makes, at its end tag, from its text
@@ -305,7 +311,12 @@ struct ZtFamily {
   // What a writer logs on entry, with its name.
   const char* entryLine = "<XML Module>: %s";
   int entryLevel = 2;
+  // What becomes of a child that has no class name, under a name that asks for one.
+  ZtUnknown nullClass = ZtUnknown::kIgnore;
 
+  constexpr ZtFamily RefusesNullClasses() const {
+    return ZtWith(*this, &ZtFamily::nullClass, ZtUnknown::kRefuse);
+  }
   constexpr ZtFamily Enters(const char* line, int level) const {
     return ZtWith(ZtWith(*this, &ZtFamily::entryLine, line), &ZtFamily::entryLevel, level);
   }
@@ -361,7 +372,9 @@ using ZtWriteHook = ZtContentHook;
 struct ZtFlag {
   const char* absentLine;
   const char* nullLine = nullptr;
-  std::size_t mostName = static_cast<std::size_t>(-1);  // bytes of its name that are written
+  // Bytes of its name that are written. 0 for one that is written as it stands, and is nothing when
+  // the flag has none; the others cannot be written without a name.
+  std::size_t mostName = 0;
 };
 
 struct ZtElementType {
@@ -542,9 +555,11 @@ const ZtField* ZtFindObject(const ZtElementType& type, ZtNameId name);
 
 // ---- Writing ------------------------------------------------------------------------------------
 
-constexpr std::size_t kZtNumberSize = 24;  // room for any number in decimal, with its NUL
+constexpr std::size_t kZtNumberSize = 24;   // room for any number in decimal, with its NUL
+constexpr unsigned kZtNotSet = 0xFFFFFFFF;  // an attribute of 32 bits that is not written
 
-// The text of a scalar field, null when it is absent: a null text, a 0, an index beyond the values.
+// The text of a scalar field, null when it is absent: a null text, a 0, kZtNotSet in an attribute,
+// an index beyond the values.
 // Numbers are formatted in `buffer`.
 ZtPiece ZtFieldText(const XMLElement& self, const ZtField& field, char* buffer);
 

@@ -42,25 +42,25 @@ void LogInput(const ZtDocument& document, const char* format, const char* text) 
 XMLElement* ZtUnMarshaller::UnMarshall(const char* xml) {
   if (!xml) return nullptr;
   LogInput(Document(), Document().lines.textInput, xml);
-  return Read(xml);
+  return Read(xml, "<XML Module>: StrDup failed in %s::UnMarshall");
 }
 
 XMLElement* ZtUnMarshaller::UnMarshall(XMLFile* file) {
   const char* text = file ? file->Read() : nullptr;
   if (!text) return nullptr;
   LogInput(Document(), Document().lines.fileInput, text);
-  return Read(text);
+  return Read(text, nullptr);
 }
 
-XMLElement* ZtUnMarshaller::Read(const char* xml) const {
+// `noMemory` is the line of a text that cannot be copied, null for none.
+XMLElement* ZtUnMarshaller::Read(const char* xml, const char* noMemory) const {
   const ZtDocument& document = Document();
   XMLElement* root = nullptr;
   ZtArena arena;
   const std::size_t size = __strlen(xml);
   char* text = arena.Keep(xml, size);
   if (!text) {
-    ZtLog(kZtLogError, document.source)("<XML Module>: StrDup failed in %s::UnMarshall",
-                                        document.unMarshaller);
+    if (noMemory) ZtLog(kZtLogError, document.source)(noMemory, document.unMarshaller);
     return nullptr;
   }
   const bool done = Parse(arena, text, size, root);

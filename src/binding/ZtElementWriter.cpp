@@ -164,8 +164,12 @@ const ZtWritable* FindClass(const ZtWritable* writables, const char* className) 
   return at;
 }
 
-// Whether `name` is one of the attributes that the element's start tag carries anyway.
-bool IsFixed(const ZtElementType& type, ZtPiece name) {
+// Whether the element's start tag carries an attribute `name` by what its type says.
+bool Carries(const XMLElement& element, const ZtElementType& type, ZtPiece name) {
+  if (const ZtField* field = ZtFindAttribute(type, ZtNameId::Of(name))) {
+    char buffer[kZtNumberSize];
+    return field->always || ZtFieldText(element, *field, buffer).text;
+  }
   for (unsigned i = 0; i < type.fixedCount; ++i) {
     const ZtFixedAttribute& fixed = type.fixed[i];
     const bool plain = fixed.suffix == XML_STR_ZT_NULL;
@@ -211,13 +215,13 @@ int ZtElementWriter::Write(XMLElement* element, const ZtElementType& type, e_Xml
 }
 
 int ZtElementWriter::WriteFlag(const zt_empty_element_type& flag, const ZtFlag& how) {
-  const char* name = flag.getPresentValue() ? flag.getValue() : nullptr;
-  if (!name) {
+  const char* name = flag.getValue();
+  if (!flag.getPresentValue() || (how.mostName && !name)) {
     Log(kZtLogState, how.absentLine, m_Scope.marshaller);
     return 0;
   }
   char cut[kMostFlagName + 1];
-  if (how.mostName < sizeof(cut) && __strlen(name) > how.mostName) {
+  if (how.mostName && how.mostName < sizeof(cut) && __strlen(name) > how.mostName) {
     std::memcpy(cut, name, how.mostName);
     cut[how.mostName] = '\0';
     name = cut;
@@ -280,7 +284,7 @@ bool ZtElementWriter::WriteStartTag(const XMLElement& element, const ZtElementTy
       const ZtAttributeList& others = element.*field.member.attributes;
       if (!others.Get()) continue;
       awaited = type.awaitsExtras && !others.Head();
-      if (!WriteOtherAttributes(others.Head(), &type, tag)) return false;
+      if (!WriteOtherAttributes(others.Head(), &element, &type, tag)) return false;
       continue;
     }
     const ZtPiece text = TextOf(element, field, buffer);
@@ -297,7 +301,7 @@ bool ZtElementWriter::WriteStartTag(const XMLElement& element, const ZtElementTy
 
 bool ZtElementWriter::Start(ZtNameId name, ZtSingleElementList* attributes) {
   StartTag tag(m_Pen, name.Piece());
-  if (attributes && !WriteOtherAttributes(attributes->GetPtrToListHead(), nullptr, tag)) {
+  if (attributes && !WriteOtherAttributes(attributes->GetPtrToListHead(), nullptr, nullptr, tag)) {
     return false;
   }
   tag.Close(false);
@@ -305,9 +309,9 @@ bool ZtElementWriter::Start(ZtNameId name, ZtSingleElementList* attributes) {
 }
 
 // Attributes that no row names, in the order received, except those that the tag has already: the
-// first of a name stands. `type` null: it has none yet. False without memory.
-bool ZtElementWriter::WriteOtherAttributes(ZtListNode* head, const ZtElementType* type,
-                                           StartTag& tag) {
+// first of a name stands. `type` and `element` null: it has none yet. False without memory.
+bool ZtElementWriter::WriteOtherAttributes(ZtListNode* head, const XMLElement* element,
+                                           const ZtElementType* type, StartTag& tag) {
   std::size_t count = 0;
   for (ZtListNode* node = head; node; node = node->next) ++count;
   if (count == 0) return true;
@@ -321,7 +325,7 @@ bool ZtElementWriter::WriteOtherAttributes(ZtListNode* head, const ZtElementType
     const char* text = pair ? pair->getName() : nullptr;
     const ZtPiece name(text, text ? NameSize(text) : 0);
     if (name.size == 0) continue;
-    if (type && (ZtFindAttribute(*type, ZtNameId::Of(name)) || IsFixed(*type, name))) continue;
+    if (type && Carries(*element, *type, name)) continue;
     if (count > 1 && !names.Insert(name)) continue;
     tag.AddOther({text, __strlen(text)}, pair->getValue());
   }
@@ -359,10 +363,10 @@ bool ZtElementWriter::WriteMany(const XMLElement& element, const ZtField& field)
       continue;
     }
     const auto* text = zt_string::From(child);
-    if (!text || !text->getValue()) continue;
+    if (!text) continue;
     if (field.place == ZtPlace::kTextElements) {
       WriteText(field.name, text->getValue());
-    } else {  // a word
+    } else if (text->getValue()) {  // a word
       m_Pen.Writer().ztXmlSetData(blank);
       m_Pen.Writer().ztXmlSetData(text->getValue());
       blank = " ";

@@ -64,7 +64,8 @@ class ZtElementWriter {
   bool WriteMany(const XMLElement& element, const ZtField& field);
   inline bool WriteChild(XMLElement* child, int index, const ZtField& field, const ZtWritable& as);
   bool WriteOthers(const XMLElement& element, const ZtField& field);
-  bool WriteOtherAttributes(ZtListNode* head, const ZtElementType* type, StartTag& tag);
+  bool WriteOtherAttributes(ZtListNode* head, const XMLElement* element, const ZtElementType* type,
+                            StartTag& tag);
 
   ZtPen m_Pen;
   const ZtWriterScope m_Scope;

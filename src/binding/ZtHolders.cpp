@@ -1,6 +1,7 @@
 #include "ZtHolders.h"
 
 #include "base/ZtMemory.h"
+#include "binding/ZtOwnership.h"
 
 // Deletes elements without recursion, however deep a tree is: what an element's destructor releases
 // waits until that element is gone. One per thread is running.
@@ -91,13 +92,19 @@ int ZtText::Assign(const char* text) {
 
 ZtChild::~ZtChild() { Release(m_pChild); }
 
-int ZtChild::Set(XMLElement* child) {
-  if (child == m_pChild) return 1;
+bool ZtChild::Take(XMLElement* child) {
+  if (child == m_pChild) return true;
+  if (child && !ZtOwnership::Take(*child)) return false;
   XMLElement* old = m_pChild;
   m_pChild = child;
   Release(old);
-  return 1;
+  return true;
 }
+
+template <class Item>
+const ZtSingleElementList::Items ZtOwnedList<Item>::kItems = {
+    [](void* data) { return ZtOwnership::Take(*static_cast<Item*>(data)); },
+    [](void* data) { ZtOwnership::Drop(*static_cast<Item*>(data)); }};
 
 template <class Item>
 ZtOwnedList<Item>::~ZtOwnedList() {
@@ -107,20 +114,37 @@ ZtOwnedList<Item>::~ZtOwnedList() {
 template <class Item>
 int ZtOwnedList<Item>::Set(ZtSingleElementList* list) {
   if (list == m_pList) return 1;
+  if (list && list->m_pItems) {
+    ZtOwnership::LogOwned("ZtSingleElementList");
+    return 1;
+  }
   ZtSingleElementList* old = m_pList;
   m_pList = list;
   ReleaseList<Item>(old);
+  if (!list) return 1;
+  list->m_pItems = &kItems;
+  ZtListNode* previous = nullptr;
+  for (ZtListNode* node = list->m_pHead; node; node = previous ? previous->next : list->m_pHead) {
+    auto* item = static_cast<Item*>(node->data);
+    if (item && !ZtOwnership::Take(*item)) {
+      list->Unlink(previous);
+    } else {
+      previous = node;
+    }
+  }
   return 1;
 }
 
 template <class Item>
 int ZtOwnedList<Item>::Add(Item* item, const char* source, ZtArena* arena) {
-  if (!item) return 0;
+  if (!item || !ZtOwnership::Take(*item)) return 0;
   ZtSingleElementList* list = m_pList ? m_pList : ZtCreate<ZtSingleElementList>({source, arena});
-  if (!list || !list->Add(item, arena)) {
+  if (!list || !list->Append(item, arena)) {
     if (list != m_pList) ZtRelease(list);
+    ZtOwnership::Drop(*item);
     return 0;
   }
+  list->m_pItems = &kItems;
   m_pList = list;
   return 1;
 }

@@ -47,14 +47,14 @@ int ZtNamespaceDecoder::XMLChangeNamespaceTag(char* name) {
   return 1;
 }
 
-char* ZtNamespaceDecoder::LocalName(char* name, std::size_t& size) {
-  char* local = Rewritten(name);
+const char* ZtNamespaceDecoder::LocalName(char* name, std::size_t& size) {
+  const char* local = Rewritten(name);
   size = local ? __strlen(local) : 0;
   return local;
 }
 
 // A prefix that a declaration binds, or one of the library's own, is taken off.
-char* ZtNamespaceDecoder::LocalPart(char* name, char* colon) const {
+const char* ZtNamespaceDecoder::LocalPart(const char* name, const char* colon) const {
   if (!colon) return name;
   if (colon == name) return nullptr;
   const auto size = static_cast<std::size_t>(colon - name);
@@ -68,7 +68,7 @@ char* ZtNamespaceDecoder::LocalPart(char* name, char* colon) const {
   return name;
 }
 
-char* ZtNamespaceDecoder::Rewritten(char* name) {
+const char* ZtNamespaceDecoder::Rewritten(char* name) {
   if (!XMLChangeNamespaceTag(name)) return nullptr;
   const bool atEnd = *m_PassName == '/';
   char* prefixed = m_PassName + atEnd;

@@ -22,8 +22,9 @@ ZtNamespaceMarshaller::ZtNamespaceMarshaller(const ZtDocument& document) {
 // A table with gaps would write elements without their prefix: it fails instead.
 bool ZtNamespaceMarshaller::UseNamespaces(const ZtNamespaceBindings*& bindings) {
   bindings = &m_Bindings;
+  if (!m_Bindings.Complete() && !m_Bindings.Build()) return false;
   m_Bindings.UseOwn();
-  return m_Bindings.Complete() && m_Bindings.Apply(NamespaceBinder());
+  return m_Bindings.Apply(NamespaceBinder());
 }
 
 char* ZtNamespaceMarshaller::AddNameSpaceChange(const char* ownPrefix) {

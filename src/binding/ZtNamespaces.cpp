@@ -10,13 +10,27 @@ namespace {
 bool IsPrefix(const char* text) { return !text[std::strcspn(text, ":<>&\"'/= \t\r\n")]; }
 }  // namespace
 
-ZtNamespaceBindings::ZtNamespaceBindings()
-    // Intended: "ss" has no alias, so it is not recognised as one until a document's declarations
-    // have been applied (names with it pass unchanged, which comes to the same).
-    : m_bComplete(
-          Append(XML_STR_SS, nullptr, XML_STR_HTTP_URI_ETSI_ORG_NGN_PARAMS_XML_SIMSERVS_XCAP) &&
-          Append(XML_STR_CP, ZtName(XML_STR_CP), XML_STR_URN_IETF_PARAMS_XML_NS_COMMON_POLICY) &&
-          Append(XML_STR_OCP, ZtName(XML_STR_OCP), XML_STR_URN_OMA_XML_XDM_COMMON_POLICY)) {}
+ZtNamespaceBindings::ZtNamespaceBindings() { Build(); }
+
+bool ZtNamespaceBindings::Build() {
+  static constexpr struct {
+    e_XmlStrRef prefix, alias, uri;
+  } kRecords[] = {
+      // Intended: "ss" has no alias, so it is not recognised as one until a document's declarations
+      // have been applied (names with it pass unchanged, which comes to the same).
+      {XML_STR_SS, XML_STR_ZT_NULL, XML_STR_HTTP_URI_ETSI_ORG_NGN_PARAMS_XML_SIMSERVS_XCAP},
+      {XML_STR_CP, XML_STR_CP, XML_STR_URN_IETF_PARAMS_XML_NS_COMMON_POLICY},
+      {XML_STR_OCP, XML_STR_OCP, XML_STR_URN_OMA_XML_XDM_COMMON_POLICY},
+  };
+  ZtNamespaceBinding** end = &m_pFirst;
+  for (const auto& record : kRecords) {
+    if (!*end) *end = New(record.prefix, record.alias, record.uri);
+    if (!*end) return false;
+    end = &(*end)->next;
+  }
+  m_bComplete = true;
+  return true;
+}
 
 ZtNamespaceBindings::~ZtNamespaceBindings() {
   while (m_pFirst) {
@@ -26,17 +40,15 @@ ZtNamespaceBindings::~ZtNamespaceBindings() {
   }
 }
 
-bool ZtNamespaceBindings::Append(e_XmlStrRef prefix, const char* alias, e_XmlStrRef uri) {
+ZtNamespaceBinding* ZtNamespaceBindings::New(e_XmlStrRef prefix, e_XmlStrRef alias,
+                                             e_XmlStrRef uri) {
   auto* binding = new ZtNamespaceBinding;
-  if (!binding) return false;
-  ZtNamespaceBinding** end = &m_pFirst;
-  while (*end) end = &(*end)->next;
-  *end = binding;
+  if (!binding) return nullptr;
   binding->prefix.Refer(ZtName(prefix));
   binding->uri.Refer(ZtName(uri));
-  binding->alias.Refer(alias);
+  if (alias != XML_STR_ZT_NULL) binding->alias.Refer(ZtName(alias));
   binding->aliasSize = binding->alias.Piece().size;
-  return true;
+  return binding;
 }
 
 bool ZtNamespaceBindings::SetAlias(ZtNamespaceBinding& binding, const char* alias) {

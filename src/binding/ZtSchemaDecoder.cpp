@@ -20,7 +20,6 @@ ZtSchemaDecoder::ZtSchemaDecoder(const ZtGrammar& grammar)
       m_iSkipped(0),
       m_bOfferEnd(false),
       m_pText(nullptr),
-      m_pCut(nullptr),
       m_pArena(nullptr) {}
 
 ZtSchemaDecoder::~ZtSchemaDecoder() { __free(m_PassName); }
@@ -28,10 +27,25 @@ ZtSchemaDecoder::~ZtSchemaDecoder() { __free(m_PassName); }
 int ZtSchemaDecoder::ProcessReserved() { return 0; }
 
 // The parser lets `< /a>` pass as the start of an element "/a", which a decoder cannot tell from
-// the end of "a" until it is said to be open. Nothing sensible can come of such a document.
+// the end of "a" until it is said to be open.
 int ZtSchemaDecoder::ProcessElementOpened(char* name) {
-  if (name && *name == '/') m_bFailed = true;
+  if (name && *name == '/') RefuseSlash();
   return 0;
+}
+
+bool ZtSchemaDecoder::RefusesStart(const char* name) {
+  const char* colon = *name == '/' ? nullptr : __strchr(name, ':');
+  if (!colon || colon[1] != '/') return false;
+  RefuseSlash();
+  return true;
+}
+
+void ZtSchemaDecoder::RefuseSlash() {
+  if (!m_bFailed) {
+    ZtLog(kZtLogError, m_Grammar.source)(
+        "<XML Module>: %s: the name of a start tag begins with a slash", m_Grammar.decoder);
+  }
+  m_bFailed = true;
 }
 
 void* ZtSchemaDecoder::GetSessionData() { return m_pRoot; }
@@ -50,31 +64,34 @@ int ZtSchemaDecoder::ProcessElement(char* name, char* value) {
 }
 
 int ZtSchemaDecoder::Element(char* name, ZtPiece value) {
+  if (RefusesStart(name)) return -1;
+  std::size_t size = 0;
+  const char* local = LocalName(name, size);
+  if (!local) {
+    ZtLog(kZtLogState, m_Grammar.source)("<XML Module>%s :: ProcessElement: m_PassName is NULL",
+                                         m_Grammar.decoder);
+    m_bFailed = true;
+  }
   if (m_bFailed) return -1;
+  const Open current = Current();
   const bool atEnd = *name == '/';
   const bool skipped = m_iSkipped != 0;
   if (skipped) {
     m_iSkipped = atEnd ? m_iSkipped - 1 : m_iSkipped + 1;
     if (m_iSkipped || !m_bOfferEnd) return 0;
   }
-  std::size_t size = 0;
-  char* local = LocalName(name, size);
-  if (!local) {
-    ZtLog(kZtLogState, m_Grammar.source)("<XML Module>%s :: ProcessElement: m_PassName is NULL",
-                                         m_Grammar.decoder);
-    m_bFailed = true;
-    return -1;
+  if (!atEnd) {
+    if (!Start(current, {local, size})) m_iSkipped = 1;
+    return 0;
   }
-  if (atEnd) {
-    // A name that was cut short may have lost even its slash.
-    const ZtChildName ended = *local == '/' ? ZtChildName(local, size) : ZtChildName("/", 1);
-    End(Current(), ended, value, skipped);
-    if (m_pCut) *m_pCut = ':';
-    m_pCut = nullptr;
-  } else if (!Start(Current(), {local, size})) {
-    m_iSkipped = 1;
-  }
+  // A name that was cut short may have lost even its slash.
+  End(current, *local == '/' ? ZtChildName(local, size) : ZtChildName("/", 1), value, skipped);
   return 0;
+}
+
+// What stands outside of the tree has its line in the log.
+void ZtSchemaDecoder::NoteEmptyStack(int callbacks) const {
+  while (m_Stack.empty() && callbacks--) m_Stack.top();
 }
 
 // Without an arena a caller drives the parser, whose own class may have the callbacks one by one.
@@ -83,9 +100,10 @@ int ZtSchemaDecoder::ProcessStart(ScannedTag& tag) {
   if (m_bFailed) return -1;
   if (m_iSkipped) {
     ++m_iSkipped;
+    NoteEmptyStack(1);
     return 0;
   }
-  char* local = tag.NameSize() < kMostShortName ? LocalPart(tag.name, tag.colon) : nullptr;
+  const char* local = tag.NameSize() < kMostShortName ? LocalPart(tag.name, tag.colon) : nullptr;
   if (!local) return ZtSchemaDecoder::ProcessElement(tag.name, nullptr);
   const ZtChildName name(local, static_cast<std::size_t>(tag.nameEnd - local));
   if (!Start(Current(), name)) m_iSkipped = 1;
@@ -99,7 +117,12 @@ int ZtSchemaDecoder::ProcessEnd(char* slashName, std::size_t nameSize, char* tex
   if (m_bFailed) return -1;
   const ZtPiece value(text, textSize);
   if (nameSize > kMostShortName) return Element(slashName, value);
-  if (m_iSkipped == 1 && m_bOfferEnd && m_pText && CurrentType()) {
+  if (m_iSkipped > 1 || (m_iSkipped && !m_bOfferEnd)) {
+    --m_iSkipped;
+    NoteEmptyStack(1);
+    return 0;
+  }
+  if (m_iSkipped && m_pText && CurrentType()) {
     m_iSkipped = 0;
     m_Started = Open();
     const ZtSource source = {CurrentType()->family->source, m_pArena};
@@ -226,7 +249,7 @@ XMLElement* ZtSchemaDecoder::ProcessAnyElement(char* name, char* value) {
   const ZtGrammarRow* row = child.atEnd ? FindEnd(child.id) : FindStart(child.id);
   if (!row || row->kind != ZtElementKind::kExtension) return nullptr;
   if (!child.atEnd) return StartExtension(*row);
-  if (m_iDropped || row->type == CurrentType()) Pop();
+  Pop();
   m_Started = Open();
   return nullptr;
 }
@@ -256,14 +279,22 @@ int ZtSchemaDecoder::ProcessAttribute(char* element, char* name, char* value) {
                                          m_Grammar.decoder);
     return -1;
   }
-  if (m_Started.object && !m_bFailed && m_Stack.top()) Attribute(*m_Started.type, name, value);
+  std::size_t size = 0;
+  if (!LocalName(element, size)) {
+    ZtLog(kZtLogState, m_Grammar.source)("<XML Module>%s :: ProcessAttribute: m_PassName is NULL",
+                                         m_Grammar.decoder);
+    m_bFailed = true;
+    return -1;
+  }
+  if (m_Stack.top() && m_Started.object && !m_bFailed) Attribute(*m_Started.type, name, value);
   return 0;
 }
 
 // Attributes mostly come in the order of their rows: each is looked for behind the last one.
 void ZtSchemaDecoder::ProcessAttributes(ScannedTag& tag) {
   if (!m_pArena) return XmlDecoderSchema::ProcessAttributes(tag);
-  if (!m_Started.object || m_Stack.empty()) return;
+  if (m_Stack.empty()) return NoteEmptyStack(tag.count + tag.blankAtEnd);
+  if (!m_Started.object) return;
   const ZtElementType& type = *m_Started.type;
   const bool hooked = type.attributeHook || type.textsFromAttributes;
   const ZtField* const end = type.children();
@@ -421,33 +452,16 @@ const ZtGrammarRow* ZtSchemaDecoder::FindEnd(ZtNameId name) const {
   return found ? found : first;
 }
 
-char* ZtSchemaDecoder::LocalPart(char* name, char* colon) const {
-  if (!colon || m_Grammar.prefixes == ZtPrefixRule::kExact) return name;
-  return colon == name ? nullptr : colon + 1;
+const char* ZtSchemaDecoder::LocalPart(const char* name, const char* colon) const {
+  return !colon || m_Grammar.prefixes == ZtPrefixRule::kExact ? name : colon + 1;
 }
 
-// The name without its prefix, in place where that can be.
-char* ZtSchemaDecoder::LocalName(char* name, std::size_t& size) {
-  char* colon = nullptr;
-  char* end = name;
-  for (; *end; ++end) {
-    if (*end == ':' && !colon) colon = end;
+const char* ZtSchemaDecoder::LocalName(char* name, std::size_t& size) {
+  const char* local = name;
+  if (m_Grammar.prefixes != ZtPrefixRule::kExact) {
+    local = XMLRemoveNameSpaceTag(name) ? m_PassName : nullptr;
   }
-  size = static_cast<std::size_t>(end - name);
-  if (m_Grammar.prefixes == ZtPrefixRule::kExact) return name;
-  if (size > kMostShortName) {
-    if (!XMLRemoveNameSpaceTag(name)) return nullptr;
-    size = __strlen(m_PassName);
-    return m_PassName;
-  }
-  if (!colon || (*name != '/' && colon == name)) return name;
-  char* local = colon + 1;
-  if (*name == '/') {
-    // The end's slash stands in the colon's place until the end is done with.
-    m_pCut = local = colon;
-    *colon = '/';
-  }
-  size = static_cast<std::size_t>(end - local);
+  size = local ? __strlen(local) : 0;
   return local;
 }
 

@@ -1,0 +1,39 @@
+// Who owns an object: nobody, or one element, which deletes it.
+#ifndef ZTXML_SRC_BINDING_ZTOWNERSHIP_H
+#define ZTXML_SRC_BINDING_ZTOWNERSHIP_H
+
+#include "XMLElement.h"
+#include "base/ZtLog.h"
+
+class ZtOwnership {
+ public:
+  static bool IsOwned(const XMLElement& element) { return element.m_pNextReleased == &element; }
+  static bool IsOwned(const XMLAttribute& attribute) { return attribute.m_bOwned; }
+
+  // Gives an object its owner; false, with a line in the log, when it has one already.
+  template <class Item>
+  static bool Take(Item& item) {
+    if (IsOwned(item)) {
+      LogOwned(item.ClassName());
+      return false;
+    }
+    Set(item, true);
+    return true;
+  }
+  // The object belongs to nobody any more.
+  template <class Item>
+  static void Drop(Item& item) {
+    Set(item, false);
+  }
+  static void LogOwned(const char* what) {
+    ZtLog(kZtLogError, "src/ZtHolders")("<XML Module>: %s has an owner already", what);
+  }
+
+ private:
+  static void Set(XMLElement& element, bool owned) {
+    element.m_pNextReleased = owned ? &element : nullptr;
+  }
+  static void Set(XMLAttribute& attribute, bool owned) { attribute.m_bOwned = owned; }
+};
+
+#endif  // ZTXML_SRC_BINDING_ZTOWNERSHIP_H

@@ -1,0 +1,137 @@
+// Schema decoders as callers drive them: by the public callbacks, one by one.
+#include <gtest/gtest.h>
+
+#include "BootstrappingInfo.h"
+#include "CommunicationDiversion.h"
+#include "DocumentSupport.h"
+#include "IsComposing.h"
+#include "ReginfoDecoder.h"
+#include "Samples.h"
+#include "XMLReginfo.h"
+
+namespace {
+
+// The parser's callbacks take texts that could be written to; these must not be.
+char* Literal(const char* text) { return const_cast<char*>(text); }
+
+Tree<zt_reginfo> RootOf(XMLReginfoDecoder& decoder) {
+  return Tree<zt_reginfo>(
+      static_cast<zt_reginfo*>(static_cast<XMLObject*>(decoder.GetSessionData())));
+}
+
+TEST(Decoder, NamesAreNormalisedApartFromTheirTexts) {
+  XMLReginfoDecoder decoder;
+  EXPECT_EQ(decoder.PassName(), nullptr);
+  const struct {
+    const char *element, *attribute, *passName;  // an attribute of it, null: its start or end
+  } kCallbacks[] = {
+      {":reginfo", nullptr, "reginfo"},
+      {"p:reginfo", "version", "reginfo"},
+      {"q:registration", nullptr, "registration"},
+      {"q:registration", "aor", "registration"},
+      {"a:b:unknown", nullptr, "b:unknown"},
+      {"inside", nullptr, "inside"},  // skipped
+      {"/inside", nullptr, "/inside"},
+      {"/a:b:unknown", nullptr, "/b:unknown"},
+      {"/:registration", nullptr, "/registration"},
+      {"/ns:reginfo", nullptr, "/reginfo"},
+  };
+  for (const auto& [element, attribute, passName] : kCallbacks) {
+    if (attribute) {
+      EXPECT_EQ(decoder.ProcessAttribute(Literal(element), Literal(attribute), Literal("7")), 0);
+    } else {
+      EXPECT_EQ(decoder.ProcessElement(Literal(element), Literal("")), 0);
+    }
+    EXPECT_STREQ(decoder.PassName(), passName);
+  }
+  const Tree<zt_reginfo> root = RootOf(decoder);
+  ASSERT_TRUE(root);
+  EXPECT_EQ(root->getVersionValue(), 7U);
+  ASSERT_EQ(CountOf(root->getRegistrationListValue()), 1);
+  EXPECT_STREQ(EntryOf<zt_registration>(root->getRegistrationListValue(), 0)->getAorValue(), "7");
+
+  XMLCommunicationDiversionDecoder services;
+  services.ProcessElement(Literal("cp:rule"), nullptr);
+  EXPECT_STREQ(services.PassName(), "cp:rule");
+  XMLIsComposingDecoder exact;  // knows no prefixes
+  exact.ProcessElement(Literal("ic:isComposing"), nullptr);
+  EXPECT_EQ(exact.GetSessionData(), nullptr);
+}
+
+TEST(Decoder, WithoutMemoryForANameTheTreeIsNotUsed) {
+  for (const bool attribute : {false, true}) {
+    XMLReginfoDecoder decoder;
+    const LogCapture log(3);
+    zthost::FailAllocation(1);
+    EXPECT_EQ(attribute
+                  ? decoder.ProcessAttribute(Literal("reginfo"), Literal("state"), Literal("full"))
+                  : decoder.ProcessElement(Literal("reginfo"), nullptr),
+              -1);
+    EXPECT_EQ(log.Texts(), std::vector<std::string>{
+                               std::string("<XML Module>XMLReginfoDecoder :: Process") +
+                               (attribute ? "Attribute" : "Element") + ": m_PassName is NULL"});
+    EXPECT_TRUE(decoder.Failed());
+  }
+}
+
+// What stands outside of the tree is told as such, whichever way it comes.
+TEST(Decoder, SaysThatNothingIsOpen) {
+  const std::string text = "<x a='1' b='2'><y c='3' >t</y></x>";
+  LogCapture log;
+  EXPECT_EQ(Schema(XML_SCHEMA_REGINFO).RoundTrip(text), "(null)");
+  EXPECT_EQ(log.Count("stack is empty\n"), 8);  // two starts, four attributes, two ends
+  log.Clear();
+  XMLReginfoDecoder decoder;
+  EXPECT_EQ(Parse(text, &decoder), ZT_XML_SUCCESS);
+  EXPECT_EQ(log.Count("stack is empty\n"), 8);
+}
+
+TEST(Decoder, ExtensionsAreOpenedAndClosed) {
+  XMLReginfoDecoder decoder;
+  for (const char* name : {"reginfo", "registration", "contact"}) {
+    decoder.ProcessElement(Literal(name), nullptr);
+  }
+  const Tree<XMLElement> gruu(decoder.ProcessAnyElement(Literal("pub-gruu"), nullptr));
+  ASSERT_TRUE(gruu);
+  EXPECT_EQ(decoder.ProcessAnyElement(Literal("/pub-gruu"), Literal("")), nullptr);
+  // Whatever is on top: the contact.
+  EXPECT_EQ(decoder.ProcessAnyElement(Literal("/temp-gruu"), Literal("")), nullptr);
+  decoder.ProcessElement(Literal("contact"), nullptr);
+  const Tree<zt_reginfo> root = RootOf(decoder);
+  auto* registration = EntryOf<zt_registration>(root->getRegistrationListValue(), 0);
+  EXPECT_EQ(CountOf(registration->getContactListValue()), 2);
+}
+
+// A start tag that would pass for an end.
+TEST(Decoder, StartTagsWithASlashRefuseTheDocument) {
+  const struct {
+    eXMLSchemaID schema;
+    const char* text;
+  } kCases[] = {
+      {XML_SCHEMA_REGINFO, "<reginfo state='full'>< /reginfo><//reginfo></reginfo>"},
+      {XML_SCHEMA_REGINFO,
+       "<reginfo state='full'><x:/registration aor='a' state='init'></x:/registration></reginfo>"},
+      {XML_SCHEMA_REGINFO, "<reginfo state='full'><x><:/y/></x></reginfo>"},
+      {XML_SCHEMA_IS_COMPOSING,
+       "<isComposing><state>s</state><x:/state>t</x:/state></isComposing>"},
+      {XML_SCHEMA_COMMUNICATION_WAITING,
+       "<communication-waiting>< /a><//a></communication-waiting>"},
+      {XML_SCHEMA_COMMUNICATION_DIVERSION,
+       "<communication-diversion><cp:/ruleset/></communication-diversion>"},
+      {XML_SCHEMA_NAMESPACE_RETRIEVAL, "<a xmlns='u'>< /b><//b></a>"},
+      {XML_SCHEMA_NAMESPACE_RETRIEVAL, "<a xmlns='u'><x:/b y='z'/></a>"},
+      {XML_SCHEMA_SIMSERVS, "<simservs>< /b><//b></simservs>"},
+  };
+  for (const auto& [schema, text] : kCases) {
+    const LogCapture log(4);
+    EXPECT_FALSE(Schema(schema).Read<XMLElement>(text)) << text;
+    EXPECT_EQ(log.Count(": the name of a start tag begins with a slash"), 1) << text;
+  }
+  XMLReginfoDecoder decoder;
+  decoder.ProcessElement(Literal("reginfo"), nullptr);
+  EXPECT_EQ(decoder.ProcessElement(Literal("x:/registration"), nullptr), -1);
+  EXPECT_TRUE(decoder.Failed());
+  EXPECT_EQ(RootOf(decoder)->getRegistrationListValue(), nullptr);
+}
+
+}  // namespace
