@@ -1,10 +1,8 @@
 // Factory, contexts, drivers, and the namespace retrieval, on the documents that exist.
 #include <cstdio>
 #include <gtest/gtest.h>
-#include <map>
-#include <set>
 
-#include "Samples.h"
+#include "DocumentSupport.h"
 #include "SchemaNameSpaceRetrieval.h"
 #include "TestSupport.h"
 #include "XMLFile.h"
@@ -81,120 +79,6 @@ TEST(UnMarshaller, FilesAndTexts) {
   EXPECT_EQ(reader->UnMarshall(static_cast<const char*>(nullptr)), nullptr);
   EXPECT_EQ(reader->UnMarshall(static_cast<XMLFile*>(nullptr)), nullptr);
   EXPECT_TRUE(log.Texts().empty());
-}
-
-// Each under its own name. (The names themselves stand in the README's table, which is checked.)
-TEST(UnMarshaller, SaysWhenItCannotCopyTheText) {
-  for (int id = 0; id < XML_SCHEMA_END; ++id) {
-    const XMLSchemaInfo* info = XMLFactory::getSchemaInfo(static_cast<eXMLSchemaID>(id));
-    if (!info) continue;
-    Schema schema(info->id);
-    XMLUnMarshaller* reader = schema.context()->createUnMarshaller();
-    LogCapture log(4);
-    zthost::FailAllocation(1);
-    EXPECT_EQ(reader->UnMarshall("<a/>"), nullptr);
-    EXPECT_EQ(log.Texts(), std::vector<std::string>{std::string("<XML Module>: StrDup failed in ") +
-                                                    info->name + "UnMarshaller::UnMarshall"});
-  }
-}
-
-// What a document's workers call themselves and their buffer, what they log of null, and when they
-// read.
-struct WorkerNames {
-  std::string marshaller, buffer, null = "", read = "";
-};
-
-TEST(Marshaller, LogsUnderItsName) {
-  const std::map<int, WorkerNames> kOwn = {
-      {XML_SCHEMA_RESOURCE_LISTS, {"Resource_listsMarshall", "mResourceListsXml"}},
-      {XML_SCHEMA_CONFERENCE_INFO,
-       {"Conference_infoMarshall", "mConferenceInfoXml", " :: Marshall: Receiven NULL Object"}},
-      {XML_SCHEMA_IMDN, {"IMDNMarshaller", "mIMDNXml"}},
-      {XML_SCHEMA_COMMUNICATION_WAITING,
-       {"Communication_waitingMarshaller", "mCommunicationWaitingXml", "",
-        "CommunicationWaitingUnMarshaller::UnMarshall: pstring is <"}},
-      {XML_SCHEMA_OIP,
-       {"OIPMarshaller", "mOIPXml", "", "OIPUnMarshaller::UnMarshall: pstring is <"}},
-      {XML_SCHEMA_TIP,
-       {"TIPMarshaller", "mTIPXml", "", "TIPUnMarshaller::UnMarshall: pstring is <"}},
-      {XML_SCHEMA_COMMUNICATION_DIVERSION, {"Communication_diversionMarshaller", "mCdivXml"}},
-      {XML_SCHEMA_COMMUNICATION_BARRING, {"Communication_barringMarshaller", "mCbXml"}},
-      {XML_SCHEMA_SIMSERVS, {"SimservsMarshaller", "SimservsXml"}},
-      {XML_SCHEMA_XCAP_ERROR,
-       {"Xcap_ErrorMarshall", "mXcapErrorXml", " :: Marshall: Received Object is NULL",
-        "XcapErrorUnMarshaller::UnMarshall"}},
-      // Under the name of the other indication's marshaller.
-      {XML_SCHEMA_CW_INDICATION, {"CallWaitingIndicationMarshaller", "mCallWaitingIndicationXml"}},
-      {XML_SCHEMA_BOOTSTRAPPING_INFO,
-       {"BootstrappingInfoMarshaller", "mBootstrappingInfoXml", " pObj is NULL"}},
-      {XML_SCHEMA_GRUU,
-       {"GruuMarshaller", "mGruuXml", " :: Incoming obj is NULL",
-        "In GruuUnMarshaller::UnMarshall with pXmlString=<"}},
-  };
-  std::set<std::string> files;
-  for (const Sample& sample : Samples()) {
-    const XMLSchemaInfo* info = XMLFactory::getSchemaInfo(sample.id);
-    if (!info->writes) continue;
-    SCOPED_TRACE(sample.name);
-    const std::string name = info->name, module = "<XML Module>: ";
-    const auto own = kOwn.find(sample.id);
-    const WorkerNames names =
-        own != kOwn.end() ? own->second : WorkerNames{name + "Marshaller", "m" + name + "Xml"};
-    const std::string marshaller = module + names.marshaller;
-    BoundSchema schema(sample.id, sample.text);
-    LogCapture log(2);
-    auto root = schema.Read<XMLElement>(sample.text);
-    ASSERT_TRUE(root);
-    EXPECT_TRUE(names.read.empty() || log.Has(module + names.read));
-    const std::string text = schema.Write(root.get());
-    log.Clear();
-    EXPECT_EQ(schema.Write(root.get()), text);
-    const std::vector<CapturedLine> lines = log.Lines();
-    EXPECT_EQ(lines[0].text, marshaller + " :: Marshall");
-    EXPECT_EQ(lines[1].text, marshaller + " :: Marshall: Deleting " + names.buffer);
-    // Two of them use other names for what they have written or not.
-    const bool imdn = sample.id == XML_SCHEMA_IMDN;
-    const std::string writer = sample.id == XML_SCHEMA_PRESENCE ? module + "IsComposingMarshaller"
-                               : imdn                           ? module + "Marshall"
-                                                                : marshaller;
-    EXPECT_EQ(lines.back().text, writer + " XML " + text);
-    // Who writes logs, also for types of other documents.
-    files.insert(lines[0].file.substr(lines[0].file.find("XML") + 3));
-    for (const CapturedLine& line : lines) {
-      const bool step = line.text.find("ElementToXml") != std::string::npos;
-      EXPECT_TRUE(!step || line.file == lines[0].file || sample.id == XML_SCHEMA_SIMSERVS);
-    }
-    log.Clear();
-    EXPECT_EQ(schema.Write(nullptr), "(null)");
-    EXPECT_EQ(log.Texts(), std::vector(names.null.empty() ? 0 : 1, marshaller + names.null));
-    zt_string foreign;
-    EXPECT_EQ(schema.Write(&foreign), "(null)");
-    EXPECT_EQ(log.Texts().back(), (imdn ? writer : marshaller) + " XML Failed!");
-  }
-  const std::set<std::string> kFiles = {"BootstrappingInfo",
-                                        "CWIndication",
-                                        "CallWaitingIndication",
-                                        "CommunicationBarring",
-                                        "CommunicationDiversion",
-                                        "CommunicationWaiting",
-                                        "ConferenceInfo",
-                                        "Ft",
-                                        "Gruu",
-                                        "Imdn",
-                                        "IsComposing",
-                                        "MediaControl",
-                                        "OIP",
-                                        "Presence",
-                                        "RcsTermsInfo",
-                                        "Reginfo",
-                                        "ResourceList",
-                                        "Rlmi",
-                                        "RlsServices",
-                                        "Simservs",
-                                        "TIP",
-                                        "XcapDirectory",
-                                        "XcapError"};
-  EXPECT_EQ(files, kFiles);
 }
 
 // Contexts, workers, reading and writing with each allocation failing, once and from there on: null

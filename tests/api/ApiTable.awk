@@ -1,6 +1,7 @@
 # Reads the public headers and prints one that lists what callers build trees with:
-# ZT_API_ELEMENTS(DO): DO(class); ZT_API_FACTORIES(DO): DO(factory, method);
-# ZT_API_SETTERS(DO): DO(class, method).
+# ZT_API_ELEMENTS(DO): DO(class); ZT_API_HEADERS(DO): DO(class, "header");
+# ZT_API_FACTORIES(DO): DO(factory, method); ZT_API_SETTERS(DO): DO(class, method);
+# ZT_API_STEPS(DO): DO(marshaller, method).
 FNR == 1 { name = FILENAME; sub(/.*\//, "", name); print "#include \"" name "\"" }
 /^namespace [A-Za-z]+ \{/ { space = $2 "::" }
 /^}/ && class == "" { space = "" }
@@ -15,7 +16,10 @@ FNR == 1 { name = FILENAME; sub(/.*\//, "", name); print "#include \"" name "\""
 /^};/ { class = "" }
 /^ (public|private|protected):/ { open = /public/ }
 class == "" || !open { next }
-/^  static const ZtElementType kType;/ { elements = elements " \\\n  DO(" class ")" }
+/^  static const ZtElementType kType;/ {
+  elements = elements " \\\n  DO(" class ")"
+  headers = headers " \\\n  DO(" class ", \"" name "\")"
+}
 /^  int (set|add)[A-Za-z0-9_]*\(/ { Setter(Method()) }
 # A list is no element.
 factory && !/ZtSingleElementList/ && /^  [A-Za-z0-9_:]+\* Create[A-Za-z0-9_]*\(/ {
@@ -27,6 +31,7 @@ factory && !/ZtSingleElementList/ && /^  [A-Za-z0-9_:]+\* Create[A-Za-z0-9_]*\(/
 }
 END {
   print "#define ZT_API_ELEMENTS(DO)" elements
+  print "#define ZT_API_HEADERS(DO)" headers
   print "#define ZT_API_FACTORIES(DO)" factories
   print "#define ZT_API_SETTERS(DO)" setters
   print "#define ZT_API_STEPS(DO)" steps

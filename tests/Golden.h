@@ -1,0 +1,203 @@
+// Golden files: texts below tests/golden that say what callers see of the library. A test computes
+// each of them anew and compares; `scripts/golden --update` writes them instead.
+#ifndef ZTXML_TESTS_GOLDEN_H
+#define ZTXML_TESTS_GOLDEN_H
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <gtest/gtest.h>
+#include <iterator>
+#include <map>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "DocumentSupport.h"
+#include "reflect/Reflect.h"
+
+inline std::string ReadFile(const std::filesystem::path& path) {
+  std::ifstream file(path, std::ios::binary);
+  return std::string(std::istreambuf_iterator<char>(file), {});
+}
+
+/// The files of one folder of tests/golden, all of which one test computes. When it is done, a file
+/// that was not expected is a failure, or deleted by an update.
+class GoldenFolder {
+ public:
+  explicit GoldenFolder(const char* name)
+      : m_Path(std::filesystem::path(ZTXML_GOLDEN_DIR) / name) {}
+  GoldenFolder(const GoldenFolder&) = delete;
+  GoldenFolder& operator=(const GoldenFolder&) = delete;
+  ~GoldenFolder() {
+    std::error_code none;
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(m_Path, none)) {
+      if (entry.path().extension() != ".txt" || m_Expected.count(entry.path())) continue;
+      if (Updates()) {
+        std::filesystem::remove(entry.path());
+      } else {
+        ADD_FAILURE() << entry.path() << " is of no case any more" << kHow;
+      }
+    }
+  }
+
+  const std::filesystem::path& Path() const { return m_Path; }
+
+  /// Compares `text` with the file `name`, or writes it there.
+  void Expect(const std::string& name, const std::string& text) {
+    const std::filesystem::path path = m_Path / name;
+    m_Expected.insert(path);
+    const bool exists = std::filesystem::exists(path);
+    if (!Updates()) {
+      EXPECT_SAME(text, exists ? ReadFile(path) : "(no such file)") << path << kHow;
+    } else if (!exists || ReadFile(path) != text) {
+      std::filesystem::create_directories(path.parent_path());
+      std::ofstream(path, std::ios::binary) << text;
+    }
+  }
+
+ private:
+  static constexpr char kHow[] =
+      "\n(If it is meant to be so: scripts/golden --update, and read the difference.)";
+  static bool Updates() { return std::getenv("ZTXML_GOLDEN_UPDATE") != nullptr; }
+
+  const std::filesystem::path m_Path;
+  std::set<std::filesystem::path> m_Expected;
+};
+
+// ---- Texts --------------------------------------------------------------------------------------
+
+inline std::string Replaced(std::string text, const std::string& from, const std::string& to) {
+  for (std::size_t at = 0; !from.empty() && (at = text.find(from, at)) != std::string::npos;) {
+    text.replace(at, from.size(), to);
+    at += to.size();
+  }
+  return text;
+}
+
+inline std::string Quoted(const std::string& text) {
+  return '"' + Replaced(Replaced(text, "\\", "\\\\"), "\n", "\\n") + '"';
+}
+
+inline std::vector<std::string> LinesOf(const std::string& text) {
+  std::vector<std::string> lines;
+  for (std::size_t at = 0; at < text.size();) {
+    const std::size_t end = std::min(text.find('\n', at), text.size());
+    lines.push_back(text.substr(at, end - at));
+    at = end + 1;
+  }
+  return lines;
+}
+
+/// The lines of the log: level, module, file, text. Not those of the parser and the containers, and
+/// of whole documents only that they are there.
+inline std::vector<std::string> Told(const LogCapture& log, const std::string& input = "",
+                                     const std::string& output = "") {
+  std::vector<std::string> lines;
+  for (const CapturedLine& line : log.Lines()) {
+    if (line.file == "src/XMLList" || line.file == "src/XmlDecoder" ||
+        line.file == "src/XMLStack") {
+      continue;
+    }
+    std::string text =
+        Replaced(Replaced(line.text, output, "(what is written)"), input, "(what is read)");
+    if (text.size() > 300) {  // a part of a document
+      text = text.substr(0, 120) + " ... (" + std::to_string(text.size()) + " bytes)";
+    }
+    text = Replaced(Replaced(text, "\\", "\\\\"), "\n", "\\n");
+    lines.push_back(std::to_string(line.level) + ' ' + std::to_string(line.module) + ' ' +
+                    line.file + ' ' + text);
+  }
+  return lines;
+}
+
+inline std::string Joined(const std::vector<std::string>& lines, const std::string& indent = "") {
+  std::string text;
+  for (const std::string& line : lines) text += indent + line + '\n';
+  return text;
+}
+
+// ---- Objects ------------------------------------------------------------------------------------
+
+/// A field by the name that documents have for it, attributes with "@".
+inline std::string NameOf(const reflect::Field& field) {
+  switch (field.place) {
+    case ZtPlace::kOwnText:
+      return "(text)";
+    case ZtPlace::kOwnWords:
+      return "(words)";
+    case ZtPlace::kOtherChildren:
+      return "(other elements)";
+    case ZtPlace::kOtherAttributes:
+      return "(other attributes)";
+    default:
+      return (reflect::IsAttribute(field) ? "@" : "") + std::string(field.name);
+  }
+}
+
+/// What is in a field, objects by their classes: texts in quotes, enumerations with their index.
+inline std::vector<std::string> ValuesOf(const reflect::Field& field) {
+  std::vector<std::string> values;
+  for (const reflect::Item& item : field.items) {
+    std::string value;
+    if (item.object) {
+      value = item.object->ClassName();
+    } else if (field.HoldsAttributes()) {
+      value = std::string(item.name ? item.name : "(default)") + " = " +
+              (item.text ? Quoted(item.text) : "(null)");
+    } else if (field.value == ZtValue::kText) {
+      value = Quoted(item.text);
+    } else {
+      value = std::to_string(field.number) + (item.text ? " " + std::string(item.text) : "");
+    }
+    values.push_back(value);
+  }
+  return values;
+}
+
+/// All fields of an object, one line each; what is in its children is left out.
+inline std::vector<std::string> FieldsOf(const XMLElement& object) {
+  std::vector<std::string> lines;
+  for (const reflect::Field& field : reflect::FieldsOf(object)) {
+    std::string line;
+    for (const std::string& value : ValuesOf(field)) line += (line.empty() ? "" : ", ") + value;
+    const bool number = field.value != ZtValue::kObject && field.value != ZtValue::kText;
+    if (line.empty()) line = number ? std::to_string(field.number) + " (absent)" : "(absent)";
+    lines.push_back(NameOf(field) + " = " + line);
+  }
+  return lines;
+}
+
+/// A tree, one line for each object and each value that it has.
+class TreeTeller : public reflect::Visitor {
+ public:
+  static std::vector<std::string> Tell(const XMLElement& root) {
+    TreeTeller teller;
+    reflect::Walk(root, teller);
+    return teller.m_Lines;
+  }
+
+  bool Enter(const XMLElement& object, const char* name, const reflect::Field* in) override {
+    const bool other = in && in->place == ZtPlace::kOtherChildren;
+    Line(name + (" : " + std::string(object.ClassName())) + (other ? " (other element)" : ""));
+    m_Indent += "  ";
+    return true;
+  }
+  void Begin(const reflect::Field& field) override {
+    if (!field.items.empty() && field.items[0].object) return;
+    const bool named = !field.HoldsAttributes();
+    for (const std::string& value : ValuesOf(field)) {
+      Line((named ? NameOf(field) + " = " : "other @") + value);
+    }
+  }
+  void End(const reflect::Field& /*field*/) override {}
+  void Leave(const XMLElement& /*object*/) override { m_Indent.resize(m_Indent.size() - 2); }
+
+ private:
+  void Line(const std::string& text) { m_Lines.push_back(m_Indent + text); }
+
+  std::string m_Indent;
+  std::vector<std::string> m_Lines;
+};
+
+#endif  // ZTXML_TESTS_GOLDEN_H

@@ -1,0 +1,396 @@
+// Golden answers: what every public class says of itself and does with what it is offered, what the
+// factories make, and what the marshallers' steps and the workers log.
+#include <cctype>
+#include <functional>
+
+#include "ApiScript.h"
+#include "Golden.h"
+
+namespace {
+
+constexpr char kSource[] = "tests/Golden";
+using Lines = std::vector<std::string>;
+
+std::string Listed(const Lines& lines, const char* between = ", ") {
+  std::string text;
+  for (const std::string& line : lines) text += (text.empty() ? "" : between) + line;
+  return text;
+}
+
+// ---- Offering -----------------------------------------------------------------------------------
+
+struct ApiClass {
+  const char* name;
+  std::string header;
+  XMLElement* (*make)();
+};
+template <class C>
+XMLElement* Make() {
+  return ZtCreate<C>(kSource);
+}
+#define ZT_CLASS(C, header) {#C, header, &Make<C>},
+const ApiClass kClasses[] = {ZT_API_HEADERS(ZT_CLASS)};
+#undef ZT_CLASS
+
+// Under which name, with what, something is offered.
+struct Offer {
+  bool attribute;
+  const char* name;  // without a slash
+  bool atEnd = false;
+  const char* text = nullptr;
+  XMLElement* (*child)() = nullptr;
+  bool pair = false;
+};
+
+bool IsAlive(const void* object) {
+  for (const zthost::MemoryEntry& entry : zthost::GetMemoryReport().live) {
+    if (entry.pointer == object) return true;
+  }
+  return false;
+}
+
+// The fields in which `now` differs from `before`.
+Lines Changes(const Lines& before, const Lines& now) {
+  Lines changes;
+  for (std::size_t i = 0; i < now.size(); ++i) {
+    if (now[i] != before[i]) changes.push_back(now[i]);
+  }
+  return changes;
+}
+
+// What a new object of a class answers to offers, one after the other: the last one's result,
+// whether the object was taken, the log and what has changed since the beginning.
+struct Answer {
+  int result = 0;
+  std::string taken;
+  Lines log;
+  Lines changes;
+};
+Answer Ask(const ApiClass& of, const std::vector<Offer>& offers) {
+  Answer answer;
+  Tree<XMLElement> self(of.make());
+  const Lines before = FieldsOf(*self);
+  std::vector<XMLElement*> children;
+  std::vector<XMLAttribute*> pairs;
+  for (const Offer& offer : offers) {
+    std::string name = (offer.atEnd ? "/" : "") + std::string(offer.name ? offer.name : "");
+    std::string text = offer.text ? offer.text : "";
+    char* given = offer.name ? name.data() : nullptr;
+    const LogCapture log;
+    if (offer.attribute) {
+      if (offer.pair) {
+        pairs.push_back(zt_xml_common_methods::CreateAttribute(name.c_str(), text.c_str()));
+      }
+      answer.result =
+          self->ProcessUnMarshallAttribute(given, text.data(), offer.pair ? pairs.back() : nullptr);
+    } else {
+      if (offer.child) children.push_back(offer.child());
+      answer.result = self->ProcessUnMarshall(given, offer.text ? text.data() : nullptr,
+                                              offer.child ? children.back() : nullptr);
+    }
+    answer.log = Told(log);
+  }
+  answer.changes = Changes(before, FieldsOf(*self));
+  self.reset();
+  for (XMLElement* child : children) {
+    answer.taken = IsAlive(child) ? ", not taken" : ", taken";
+    if (IsAlive(child)) XMLFactory::DeleteElement(child);
+  }
+  for (XMLAttribute* pair : pairs) {
+    answer.taken = IsAlive(pair) ? ", not taken" : ", taken";
+    if (IsAlive(pair)) ZtRelease(pair);
+  }
+  return answer;
+}
+
+std::string Summary(const Answer& answer) {
+  std::string text = std::to_string(answer.result) + answer.taken;
+  if (!answer.changes.empty()) text += "; then " + Listed(answer.changes);
+  if (!answer.log.empty()) text += "; logs " + Listed(answer.log, " | ");
+  return text;
+}
+
+// ---- Which words a name takes -------------------------------------------------------------------
+
+const Lines& OddWords() {
+  static const Lines kWords = {"",      "0",          "1",          "5",
+                               "180",   "181",        "-1",         "true",
+                               "Full",  "true-ish",   " 7 x",       "a b",
+                               "a  b ", "4294967295", "4294967296", "99999999999999999999"};
+  return kWords;
+}
+
+// The odd ones, all words that stand in the golden documents, and what begins with these.
+const Lines& AllWords() {
+  static const Lines kWords = [] {
+    std::set<std::string> words;
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(
+             std::filesystem::path(ZTXML_GOLDEN_DIR) / "documents")) {
+      const std::string name = entry.path().filename();
+      if (entry.path().extension() != ".xml" || name.find("unknown") == 0) continue;
+      const std::string text = ReadFile(entry.path());
+      for (std::size_t at = 0, end; at < text.size(); at = end) {
+        const auto stands = [](char c) { return std::strchr("\"<>", c) != nullptr; };
+        for (end = at + 1; end < text.size() && !stands(text[end]);) ++end;
+        if (text[at] == '<') continue;
+        const std::string word = text.substr(at + 1, end - at - 1);
+        const bool plain = std::all_of(word.begin(), word.end(), [](char c) {
+          return std::isalpha(static_cast<unsigned char>(c)) || c == '-';
+        });
+        if (plain && !word.empty()) words.insert(word);
+      }
+    }
+    Lines all = OddWords();
+    for (const std::string& word : words) {
+      for (const std::string& variant : {word, word + "-ish"}) {
+        if (std::find(all.begin(), all.end(), variant) == all.end()) all.push_back(variant);
+      }
+    }
+    return all;
+  }();
+  return kWords;
+}
+
+// What becomes of each of `words`: outcomes in order, with their words.
+using Outcomes = std::vector<std::pair<std::string, Lines>>;
+void AddTo(Outcomes& outcomes, const std::string& outcome, const std::string& member) {
+  for (auto& [known, members] : outcomes) {
+    if (known == outcome) return members.push_back(member);
+  }
+  outcomes.push_back({outcome, {member}});
+}
+
+// The outcomes, one line each; the one with most members comes last.
+std::string TellOutcomes(const std::string& indent, Outcomes outcomes, const char* members) {
+  std::size_t most = 0;
+  for (std::size_t i = 0; i < outcomes.size(); ++i) {
+    if (outcomes[i].second.size() > outcomes[most].second.size()) most = i;
+  }
+  std::string text;
+  for (std::size_t i = 0; i < outcomes.size(); ++i) {
+    if (i != most) text += indent + Listed(outcomes[i].second) + ": " + outcomes[i].first + '\n';
+  }
+  return text + indent + (outcomes.size() == 1 ? "all " : "all other ") + members + ": " +
+         outcomes[most].first + '\n';
+}
+
+std::string TellWords(const ApiClass& of, Offer offer) {
+  const auto asked = [&](const Lines& words) {
+    Offer first = offer;
+    first.text = nullptr;
+    for (const std::string& word : words) {
+      offer.text = word.c_str();
+      if (!first.text && !Ask(of, {offer}).changes.empty()) first.text = offer.text;
+    }
+    Outcomes outcomes;
+    for (const std::string& word : words) {
+      const auto told = [&](const Answer& answer) {
+        return Replaced(Summary(answer), Quoted(word), "(the text)");
+      };
+      offer.text = word.c_str();
+      const Answer alone = Ask(of, {offer});
+      std::string outcome = told(alone);
+      if (first.text) {
+        const std::string before = Quoted(first.text);
+        const std::string after = Replaced(told(Ask(of, {first, offer})), before, "(a first)");
+        if (after != Replaced(outcome, before, "(a first)") && word != first.text) {
+          outcome += "; after a first value " + after;
+        }
+      }
+      AddTo(outcomes, outcome, Quoted(word));
+    }
+    return outcomes;
+  };
+  const auto keepsText = [](const Outcomes& outcomes) {
+    return outcomes.size() == 1 && outcomes[0].first.find("(the text)") != std::string::npos;
+  };
+  Outcomes outcomes = asked(OddWords());
+  if (!keepsText(outcomes)) outcomes = asked(AllWords());
+  if (outcomes.size() > 1 || keepsText(outcomes)) {
+    return '\n' + TellOutcomes("      ", outcomes, "texts");
+  }
+  return ' ' + outcomes[0].first + '\n';
+}
+
+// ---- Classes ------------------------------------------------------------------------------------
+
+Lines Names() {
+  Lines names;
+  for (int id = 0; id < kXmlStrRefCount; ++id) {
+    names.push_back(zt_xml_common_array_definition::getStringName(static_cast<e_XmlStrRef>(id)));
+  }
+#define ZT_NAME(id, text) names.push_back(text);
+#include "binding/ZtExtraNames.inc"
+#undef ZT_NAME
+  std::set<std::string> seen = {""};
+  names.erase(std::remove_if(names.begin(), names.end(),
+                             [&](const std::string& name) { return !seen.insert(name).second; }),
+              names.end());
+  return names;
+}
+
+constexpr char kUnknown[] = "of-no-document";
+
+// The ways of offering something that are told of each name, two each that belong together.
+struct Way {
+  const char* label;
+  Offer offer;
+};
+std::vector<Way> WaysOf(const char* name) {
+  const auto foreign = &Make<zt_string>;
+  return {{"start, no object", {false, name, false, "some text"}},
+          {"start, an object", {false, name, false, "some text", foreign}},
+          {"end, no object", {false, name, true, "some text"}},
+          {"end, an object", {false, name, true, "some text", foreign}},
+          {"attribute, a text", {true, name, false, "some text"}},
+          {"attribute, a pair", {true, name, false, "some text", nullptr, true}}};
+}
+
+std::string TellName(const ApiClass& of, const std::string& name, const Lines& toUnknown) {
+  std::string text;
+  const std::vector<Way> ways = WaysOf(name.c_str());
+  Lines answers, unknown;
+  for (const Way& way : ways) answers.push_back(Summary(Ask(of, {way.offer})));
+  for (const std::string& answer : toUnknown) unknown.push_back(Replaced(answer, kUnknown, name));
+  if (answers == unknown) return text;
+  const std::string ownLines = Tree<XMLElement>(of.make())->ClassName() + std::string("::");
+  for (std::size_t i = 0; i < ways.size(); ++i) {
+    const Way& way = ways[i];
+    const std::size_t pair = i / 2 * 2;
+    if (answers[pair] == unknown[pair] && answers[pair + 1] == unknown[pair + 1]) continue;
+    std::string told = ' ' + answers[i] + '\n';
+    if (way.offer.child) {
+      Outcomes outcomes;
+      for (const ApiClass& child : kClasses) {
+        Offer offer = way.offer;
+        offer.child = child.make;
+        const std::string className = Tree<XMLElement>(child.make())->ClassName();
+        std::string answer = Replaced(Summary(Ask(of, {offer})), ownLines, "(own lines)");
+        answer = Replaced(answer, className, "(its class)");
+        AddTo(outcomes, Replaced(answer, "(own lines)", ownLines), child.name);
+      }
+      if (outcomes.size() > 1) told = '\n' + TellOutcomes("      ", outcomes, "classes");
+    } else if (!way.offer.pair) {
+      told = TellWords(of, way.offer);
+    }
+    text += "    " + std::string(way.label) + ':' + told;
+  }
+  return "  " + name + '\n' + text;
+}
+
+std::string TellClass(const ApiClass& of, const Lines& names) {
+  const Tree<XMLElement> fresh(of.make());
+  std::string text = std::string("== ") + of.name + " ==\nclass name \"" + fresh->ClassName() +
+                     "\", base \"" + fresh->BaseClassName() + "\", element name \"" +
+                     fresh->ElementName() + "\", reserved hook " +
+                     std::to_string(fresh->ReservedHook());
+  if (std::string(fresh->BaseClassName()) == "XMLObject") {
+    const auto* object = static_cast<XMLObject*>(fresh.get());
+    text += ", root " + std::to_string(object->IsRootElement());
+  }
+  text += "\nfields of a new object:\n" + Joined(FieldsOf(*fresh), "  ");
+  text += "offered without a name:\n";
+  text += "  start, no object: " + Summary(Ask(of, {{false, nullptr}})) + '\n';
+  text += "  attribute, a text: " + Summary(Ask(of, {{true, nullptr}})) + '\n';
+  text += "offered under an unknown name:\n";
+  Lines unknown;
+  for (const Way& way : WaysOf(kUnknown)) {
+    unknown.push_back(Summary(Ask(of, {way.offer})));
+    text += "  " + std::string(way.label) + ": " + unknown.back() + '\n';
+  }
+  text += "offered under other names, where the answer is another one:\n";
+  for (const std::string& name : names) text += TellName(of, name, unknown);
+  return text + '\n';
+}
+
+TEST(GoldenApi, Classes) {
+  GoldenFolder golden("classes");
+  std::map<std::string, std::string> files;
+  const Lines names = Names();
+  for (const ApiClass& of : kClasses) files[of.header] += TellClass(of, names);
+  for (const auto& [header, text] : files) {
+    golden.Expect(header.substr(0, header.find('.')) + ".txt", text);
+  }
+}
+
+// ---- Factories, steps, workers ------------------------------------------------------------------
+
+std::string TellFactories() {
+  std::string text;
+  for (const ApiTables::Factory& factory : kApiFactories) {
+    const LogCapture log;
+    const Tree<XMLElement> made(factory.make());
+    text += std::string(factory.name) + ": " + made->ClassName() + '\n' + Joined(Told(log), "  ");
+  }
+  return text;
+}
+
+// What the step `method` of a marshaller M makes of null and of an empty object.
+template <class M, class Base, class Element>
+std::string Step(int (Base::*method)(Element*), const char* name) {
+  std::conditional_t<std::is_abstract_v<M>, Communication_diversionMarshaller, M> marshaller;
+  const Tree<Element> empty(ZtCreate<Element>(kSource));
+  std::string text = std::string(name) + '\n';
+  for (Element* element : {static_cast<Element*>(nullptr), empty.get()}) {
+    const LogCapture log;
+    const int result = (marshaller.*method)(element);
+    text += std::string(element ? "  an empty object: " : "  null: ") + std::to_string(result) +
+            '\n' + Joined(Told(log), "    ");
+  }
+  return text;
+}
+
+std::string TellSteps() {
+  std::string text;
+#define ZT_STEP(M, method) text += Step<M>(&M::method, #M "::" #method);
+  ZT_API_STEPS(ZT_STEP)
+#undef ZT_STEP
+  return text;
+}
+
+// By which names the workers of a document are known in the log.
+std::string TellWorkers(const XMLSchemaInfo& info) {
+  const std::string document =
+      ReadFile(std::filesystem::path(ZTXML_GOLDEN_DIR) / "documents" / info.name / "full.xml");
+  std::string text = std::string("== ") + info.name + " ==\n";
+  BoundSchema schema(info.id, document);
+  XMLUnMarshaller* reader = schema.context()->createUnMarshaller();
+  const auto tell = [&](const char* what, const std::function<void()>& run) {
+    const LogCapture log;
+    run();
+    text += std::string(what) + ":\n" + Joined(Told(log, document), "  ");
+  };
+  tell("a null text", [&] { reader->UnMarshall(static_cast<const char*>(nullptr)); });
+  tell("a null file", [&] { reader->UnMarshall(static_cast<XMLFile*>(nullptr)); });
+  tell("a text that is no document", [&] { schema.Read<XMLElement>("<a/>"); });
+  tell("no memory to copy the text", [&] {
+    zthost::FailAllocation(1);
+    reader->UnMarshall(document.c_str());
+    zthost::FailAllocation(0);
+  });
+  if (!schema.writer()) return text + "no marshaller\n";
+  tell("null to be written", [&] { schema.Write(nullptr); });
+  zt_string foreign;
+  tell("a foreign object to be written", [&] { schema.Write(&foreign); });
+  const auto root = schema.Read<XMLElement>(document);
+  schema.Write(root.get());
+  const LogCapture log;
+  const std::string written = schema.Write(root.get());
+  Lines lines = Told(log, document, written);
+  lines.resize(std::min<std::size_t>(lines.size(), 2));
+  return text + "what is written a second time begins with:\n" + Joined(lines, "  ");
+}
+
+TEST(GoldenApi, Workers) {
+  GoldenFolder golden("workers");
+  golden.Expect("factories.txt", TellFactories());
+  golden.Expect("steps.txt", TellSteps());
+  std::string text;
+  for (int id = 0; id < XML_SCHEMA_END; ++id) {
+    const XMLSchemaInfo* info = XMLFactory::getSchemaInfo(static_cast<eXMLSchemaID>(id));
+    if (info) text += TellWorkers(*info);
+  }
+  golden.Expect("workers.txt", text);
+}
+
+}  // namespace

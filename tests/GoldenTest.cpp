@@ -1,0 +1,292 @@
+// Golden documents: what each document below tests/golden/documents and examples/documents is read
+// as and written as, and what becomes of a full one that lacks something.
+#include <algorithm>
+#include <cstring>
+
+#include "Golden.h"
+#include "Samples.h"
+
+namespace {
+
+using Lines = std::vector<std::string>;
+
+// What callers see of reading a document and writing it again.
+struct Outcome {
+  Lines tree, records, readLog, written, writeLog;
+  bool read = false, wrote = false, again = false;
+};
+
+std::map<std::string, int> RecordsByFile() {
+  std::map<std::string, int> records;
+  for (const auto& entry : zthost::GetMemoryReport().live) ++records[entry.sourceFile];
+  return records;
+}
+
+// The values and objects of every tree that was read, by class.
+using Seen = std::set<std::string>;
+std::string SeenValue(const XMLElement& object, const reflect::Field& field, unsigned value) {
+  return object.ClassName() + (" " + NameOf(field)) +
+         (field.value == ZtValue::kEnum ? " " + std::to_string(value) : "");
+}
+
+class Noting : public reflect::Visitor {
+ public:
+  explicit Noting(Seen& seen) : m_Seen(seen) {}
+  bool Enter(const XMLElement& object, const char* /*name*/, const reflect::Field*) override {
+    for (const reflect::Field& field : reflect::FieldsOf(object)) {
+      if (!field.IsPresent()) continue;
+      m_Seen.insert(SeenValue(object, field, static_cast<unsigned>(field.number)));
+    }
+    return true;
+  }
+  void Begin(const reflect::Field&) override {}
+  void End(const reflect::Field&) override {}
+  void Leave(const XMLElement&) override {}
+
+ private:
+  Seen& m_Seen;
+};
+
+Outcome OutcomeOf(eXMLSchemaID id, const std::string& text, Seen* seen = nullptr) {
+  Outcome outcome;
+  BoundSchema schema(id, text);
+  const std::map<std::string, int> before = RecordsByFile();
+  LogCapture log;
+  const auto root = schema.Read<XMLElement>(text);
+  outcome.readLog = Told(log, text);
+  outcome.read = root != nullptr;
+  if (!root) return outcome;
+  for (const auto& [file, count] : RecordsByFile()) {
+    const auto old = before.find(file);
+    const int added = count - (old == before.end() ? 0 : old->second);
+    if (added) outcome.records.push_back(file + ' ' + std::to_string(added));
+  }
+  outcome.tree = TreeTeller::Tell(*root);
+  if (seen) {
+    Noting noting(*seen);
+    reflect::Walk(*root, noting);
+  }
+  log.Clear();
+  const std::string written = schema.Write(root.get());
+  outcome.writeLog = Told(log, text, written);
+  outcome.wrote = written != "(null)";
+  outcome.written = LinesOf(written);
+  outcome.again = outcome.wrote && schema.RoundTrip(written) == written;
+  return outcome;
+}
+
+// All of it as a golden file.
+std::string Whole(const Outcome& outcome) {
+  std::string text = "== tree ==\n" + (outcome.read ? Joined(outcome.tree) : "(null)\n");
+  text += "== log of reading ==\n" + Joined(outcome.readLog);
+  if (!outcome.read) return text;
+  text += "== objects recorded, by file ==\n" + Joined(outcome.records);
+  text += "== written ==\n" + Joined(outcome.written);
+  text += "== log of writing ==\n" + Joined(outcome.writeLog);
+  return text + "== read and written again the same ==\n" +
+         (outcome.again   ? "yes\n"
+          : outcome.wrote ? "no\n"
+                          : "(not written)\n");
+}
+
+// ---- What a document lacks ----------------------------------------------------------------------
+
+// An element or attribute of a text: its path of names, and where it is with the blank before it.
+struct Part {
+  std::string path;
+  std::size_t begin;
+  std::size_t end;
+};
+
+// The first part of each path. The text is well formed and has no comments; its root is no part.
+std::vector<Part> PartsOf(const std::string& text, std::set<std::string>& paths) {
+  std::vector<Part> parts, open;
+  const auto add = [&](const Part& part) {
+    if (paths.insert(part.path).second) parts.push_back(part);
+  };
+  std::size_t at = text.find("?>");
+  at = text.find('<', at == std::string::npos ? 0 : at);
+  for (; at != std::string::npos; at = text.find('<', at)) {
+    std::size_t end = text.find('>', at) + 1;
+    if (text[at + 1] != '/') {
+      std::size_t name = text.find_first_of(" />\n", at);
+      const std::size_t blank = text.find_last_not_of(" \n", at - 1) + 1;
+      open.push_back(
+          {(open.empty() ? "" : open.back().path) + '/' + text.substr(at + 1, name - at - 1), blank,
+           0});
+      while ((name = text.find_first_not_of(" \n", at = name)) && text[name] != '/' &&
+             text[name] != '>') {
+        const std::size_t equals = text.find('=', name);
+        const std::string path = open.back().path + "/@" + text.substr(name, equals - name);
+        name = text.find(text[equals + 1], equals + 2) + 1;
+        add({path, at, name});
+      }
+      end = text.find('>', name) + 1;
+    }
+    if (text[at + 1] == '/' || text[end - 2] == '/') {
+      open.back().end = end;
+      if (open.size() > 1) add(open.back());
+      open.pop_back();
+    }
+    at = end;
+  }
+  return parts;
+}
+
+// The lines that only one of two texts has: "- " before those of `a`, "+ " before those of `b`.
+Lines Difference(const Lines& a, const Lines& b) {
+  std::size_t begin = 0, same = 0;
+  while (begin < a.size() && begin < b.size() && a[begin] == b[begin]) ++begin;
+  while (same < a.size() - begin && same < b.size() - begin &&
+         a[a.size() - 1 - same] == b[b.size() - 1 - same]) {
+    ++same;
+  }
+  const std::size_t rows = a.size() - same - begin, columns = b.size() - same - begin;
+  // The longest lines in common of what begins at a row and a column.
+  std::vector<std::vector<int>> common(rows + 1, std::vector<int>(columns + 1));
+  for (std::size_t i = rows; i-- > 0;) {
+    for (std::size_t j = columns; j-- > 0;) {
+      common[i][j] = a[begin + i] == b[begin + j] ? 1 + common[i + 1][j + 1]
+                                                  : std::max(common[i + 1][j], common[i][j + 1]);
+    }
+  }
+  Lines difference;
+  for (std::size_t i = 0, j = 0; i < rows || j < columns;) {
+    if (i < rows && j < columns && a[begin + i] == b[begin + j]) {
+      ++i, ++j;
+    } else if (j == columns || (i < rows && common[i + 1][j] >= common[i][j + 1])) {
+      difference.push_back("- " + a[begin + i++]);
+    } else {
+      difference.push_back("+ " + b[begin + j++]);
+    }
+  }
+  return difference;
+}
+
+// What differs in two lines, in whole words, after the beginning that they share.
+std::string Changed(const std::string& a, const std::string& b) {
+  constexpr char kBounds[] = " \"<>/";
+  const auto bound = [&](char c) { return std::strchr(kBounds, c) != nullptr; };
+  std::size_t begin = 0, same = 0;
+  while (begin < a.size() && begin < b.size() && a[begin] == b[begin]) ++begin;
+  while (begin && !bound(a[begin - 1])) --begin;
+  while (same < a.size() - begin && same < b.size() - begin &&
+         a[a.size() - 1 - same] == b[b.size() - 1 - same]) {
+    ++same;
+  }
+  while (same && same < a.size() && !bound(a[a.size() - same]) && !bound(a[a.size() - same - 1]))
+    --same;
+  return a.substr(0, std::min<std::size_t>(begin, 30)) + (begin > 30 ? " ... " : "") + "[" +
+         a.substr(begin, a.size() - same - begin) + "] became [" +
+         b.substr(begin, b.size() - same - begin) + "]";
+}
+
+// A difference in few lines: a line that only changed is told as one, and of many lines in a row
+// that are missing the first `most`.
+std::string Short(const std::string& label, const Lines& difference, std::size_t most) {
+  std::string text;
+  for (std::size_t at = 0; at < difference.size();) {
+    std::size_t end = at;
+    while (end < difference.size() && difference[end][0] == '-') ++end;
+    const std::size_t missing = end - at;
+    const bool added = end < difference.size();
+    const bool pair =
+        missing == 1 && added && (end + 1 == difference.size() || difference[end + 1][0] == '-');
+    if (pair && difference[at][2] == difference[end][2]) {
+      text += label + Changed(difference[at].substr(2), difference[end].substr(2)) + '\n';
+      at = end + 1;
+      continue;
+    }
+    const std::size_t shown = missing <= 3 ? missing : most;
+    for (std::size_t i = 0; i < shown; ++i) text += label + difference[at + i] + '\n';
+    if (missing > shown) text += label + "- (" + std::to_string(missing - shown) + " lines)\n";
+    if (added) text += label + difference[end] + '\n';
+    at = end + (added ? 1 : 0);
+  }
+  return text;
+}
+
+// What another document that lacks something brings, beside the full one.
+std::string Against(const Outcome& full, const Outcome& lacking) {
+  std::string text = Short("  log of reading ", Difference(full.readLog, lacking.readLog), 0);
+  if (!lacking.read) return text + "  not read\n";
+  const bool told = lacking.wrote && lacking.written != full.written;
+  if (told) text += Short("  ", Difference(full.written, lacking.written), 2);
+  if (!told) text += Short("  tree ", Difference(full.tree, lacking.tree), 2);
+  if (!lacking.wrote && full.wrote) text += "  not written\n";
+  if (lacking.wrote && !told) text += "  written as the full document\n";
+  return text + Short("  log of writing ", Difference(full.writeLog, lacking.writeLog), 0);
+}
+
+// ---- Tests --------------------------------------------------------------------------------------
+
+// Whether the documents of a schema have all that its types can hold is no matter of trust.
+void ExpectEverything(eXMLSchemaID id, const Seen& seen) {
+  reflect::Schema schema;
+  ASSERT_TRUE(reflect::FindSchema(id, schema));
+  std::string missing;
+  for (const ZtElementType* type : schema.Types()) {
+    const Tree<XMLElement> object(type->maker.Create("tests/Golden"));
+    for (const reflect::Field& field : reflect::FieldsOf(*object)) {
+      if (!field.name) continue;  // what has no name has mostly no way to be read
+      const ZtEnumTable* values = field.row ? reflect::ValuesOf(*field.row) : nullptr;
+      for (unsigned i = 0; i < (values ? values->count : 1U); ++i) {
+        const std::string value = SeenValue(*object, field, i);
+        if (!seen.count(value)) missing += value + '\n';
+      }
+    }
+  }
+  EXPECT_EQ(missing, "") << "No document below tests/golden/documents/"
+                         << schema.document->info.name
+                         << " has a value for these fields, or this value of an enumeration.";
+}
+
+TEST(Golden, Documents) {
+  GoldenFolder golden("documents");
+  std::set<std::filesystem::path> folders;
+  for (int i = 0; i < XML_SCHEMA_END; ++i) {
+    const auto id = static_cast<eXMLSchemaID>(i);
+    const XMLSchemaInfo* info = XMLFactory::getSchemaInfo(id);
+    if (!info) continue;
+    const std::filesystem::path folder = golden.Path() / info->name;
+    folders.insert(folder);
+    std::set<std::filesystem::path> inputs;
+    std::error_code none;
+    for (const auto& entry : std::filesystem::directory_iterator(folder, none)) {
+      if (entry.path().extension() == ".xml") inputs.insert(entry.path());
+    }
+    EXPECT_TRUE(inputs.count(folder / "full.xml"))
+        << folder << "/full.xml: a document with everything in it is written by hand";
+    Seen seen;
+    std::set<std::string> paths;
+    std::string variants;
+    for (const std::filesystem::path& input : inputs) {
+      const std::string text = ReadFile(input), stem = input.stem();
+      const Outcome outcome = OutcomeOf(id, text, &seen);
+      golden.Expect(info->name + ("/" + stem) + ".txt", Whole(outcome));
+      if (stem.find("full") != 0) continue;
+      for (const Part& part : PartsOf(text, paths)) {
+        const std::string lacking = text.substr(0, part.begin) + text.substr(part.end);
+        variants +=
+            stem + " without " + part.path + '\n' + Against(outcome, OutcomeOf(id, lacking));
+      }
+    }
+    golden.Expect(info->name + std::string("/variants.txt"), variants);
+    ExpectEverything(id, seen);
+  }
+  for (const auto& entry : std::filesystem::directory_iterator(golden.Path())) {
+    EXPECT_TRUE(folders.count(entry.path())) << entry.path() << " is of no schema";
+  }
+}
+
+TEST(Golden, Samples) {
+  GoldenFolder golden("samples");
+  for (const Sample& sample : Samples()) {
+    const XMLSchemaInfo* info = XMLFactory::getSchemaInfo(sample.id);
+    if (!info->roots[0]) continue;  // reads anything
+    golden.Expect(sample.name + '-' + info->name + ".txt",
+                  Whole(OutcomeOf(sample.id, sample.text)));
+  }
+}
+
+}  // namespace
