@@ -8,11 +8,14 @@
 namespace {
 
 std::string Describe(const char* what, const std::vector<zthost::MemoryEntry>& entries) {
+  constexpr std::size_t kMostShown = 4;
   std::string text;
-  for (const zthost::MemoryEntry& entry : entries) {
+  for (std::size_t i = 0; i < entries.size() && i < kMostShown; ++i) {
+    const zthost::MemoryEntry& entry = entries[i];
     text += std::string(what) + ": tag " + std::to_string(entry.tag) + ", " + entry.sourceFile +
             ":" + std::to_string(entry.line) + ", " + std::to_string(entry.size) + " bytes\n";
   }
+  if (entries.size() > kMostShown) text += "... " + std::to_string(entries.size()) + " in all\n";
   return text;
 }
 

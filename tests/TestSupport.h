@@ -70,6 +70,11 @@ class LogCapture {
   std::vector<CapturedLine> lines_;
 };
 
+/// The beginning of a text that is too long to be shown.
+inline std::string Shortened(const std::string& text) {
+  return text.size() <= 80 ? text : text.substr(0, 80) + "...";
+}
+
 /// Whether two texts are the same; if not, the first difference with what stands around it:
 /// documents and logs are too long to be shown whole.
 inline testing::AssertionResult SameText(const char* actualName, const char* expectedName,
@@ -83,9 +88,26 @@ inline testing::AssertionResult SameText(const char* actualName, const char* exp
            " of " + std::to_string(text.size()) + " bytes";
   };
   return testing::AssertionFailure()
-         << actualName << " differs from " << expectedName << " at byte " << at << ", line "
+         << Shortened(actualName) << " differs from " << Shortened(expectedName) << " at byte "
+         << at << ", line "
          << 1 + std::count(actual.begin(), actual.begin() + static_cast<std::ptrdiff_t>(at), '\n')
          << ":\n  " << around(actual) << "\n  where expected\n  " << around(expected);
+}
+
+/// The same for lists of lines: the first line that differs, or that one of them lacks.
+inline testing::AssertionResult SameText(const char* actualName, const char* expectedName,
+                                         const std::vector<std::string>& actual,
+                                         const std::vector<std::string>& expected) {
+  if (actual == expected) return testing::AssertionSuccess();
+  std::size_t at = 0;
+  while (at < actual.size() && at < expected.size() && actual[at] == expected[at]) ++at;
+  const auto line = [&](const std::vector<std::string>& lines) {
+    return at < lines.size() ? lines[at] : "(no more)";
+  };
+  return testing::AssertionFailure()
+         << "of " << actual.size() << " lines, where " << expected.size() << " are expected, ["
+         << at
+         << "]: " << SameText(actualName, expectedName, line(actual), line(expected)).message();
 }
 #define EXPECT_SAME(actual, expected) EXPECT_PRED_FORMAT2(SameText, actual, expected)
 #define ASSERT_SAME(actual, expected) ASSERT_PRED_FORMAT2(SameText, actual, expected)
@@ -107,6 +129,7 @@ void ExpectWholeOrNothing(const Attempt& attempt) {
       const bool nothing = reached && told == "(null)";
       EXPECT_SAME(nothing ? whole : told, whole);
       EXPECT_TRUE(n > 1 || !after || told == "(null)");
+      if (testing::Test::HasFailure()) return;  // the rest would say the same again
     }
   }
 }
