@@ -70,12 +70,23 @@ TEST(UnMarshaller, FilesAndTexts) {
   out.CloseFile();
   XMLFile in(path.c_str(), XML_FILE_READ);
   Tree<XMLElement> fromFile(reader->UnMarshall(&in));
+  EXPECT_SAME(schema.Write(fromFile.get()), schema.RoundTrip(kReginfo));
+  LogCapture log(4);
+  Schema services(XML_SCHEMA_SIMSERVS);
+  for (XMLUnMarshaller* worker : {reader, services.context()->unMarshaller()}) {
+    for (long n = 1, reached = 1; reached; ++n) {
+      zthost::FailAllocation(n);
+      Tree<XMLElement>(worker->UnMarshall(&in));
+      reached = zthost::AllocationCount() >= n;
+      zthost::FailAllocation(0);
+    }
+  }
+  EXPECT_FALSE(log.Has("StrDup failed"));  // only texts are said to be copied
   in.CloseFile();
   std::remove(path.c_str());
-  EXPECT_EQ(schema.Write(fromFile.get()), schema.RoundTrip(kReginfo));
   EXPECT_EQ(reader->UnMarshall(&in), nullptr);  // the file is gone
 
-  LogCapture log;
+  log.Clear();
   EXPECT_EQ(reader->UnMarshall(static_cast<const char*>(nullptr)), nullptr);
   EXPECT_EQ(reader->UnMarshall(static_cast<XMLFile*>(nullptr)), nullptr);
   EXPECT_TRUE(log.Texts().empty());

@@ -228,6 +228,23 @@ TEST(Services, ActiveTimerAndExtras) {
   }
 }
 
+// A marshaller that had no memory for its namespaces has it when there is some again.
+TEST(Services, MarshallersRecover) {
+  Schema schema(XML_SCHEMA_COMMUNICATION_WAITING);
+  const auto root = schema.Read<XMLElement>("<communication-waiting active='true'/>");
+  for (long n = 2; n <= 4; ++n) {  // the records, after the marshaller itself
+    zthost::FailAllocation(n);
+    const LogCapture log;
+    XMLMarshaller* marshaller = schema.context()->createMarshaller();
+    ASSERT_NE(marshaller, nullptr) << n;
+    EXPECT_TRUE(log.Has("Malloc cannot allocate memory")) << n;
+    zthost::FailAllocation(1, true);
+    EXPECT_EQ(marshaller->Marshall(root.get()), nullptr) << n;
+    zthost::FailAllocation(0);
+    EXPECT_STREQ(marshaller->Marshall(root.get()), "<ss:communication-waiting  active=\"true\"/>");
+  }
+}
+
 // A caller builds a tree and writes any part of it.
 TEST(Services, FragmentsAreWrittenAlone) {
   Schema diversion(XML_SCHEMA_COMMUNICATION_DIVERSION);

@@ -132,6 +132,31 @@ TEST(XmlWriter, WritesExactTexts) {
   }
 }
 
+// Who took the text early reads in it what has been written since.
+TEST(XmlWriter, HeldTextsEndWhereTheDocumentEnds) {
+  Writer writer;
+  writer.ztInitXmlDoc();
+  const char* held = writer.ztGetXmlDoc();
+  const Calls calls = {Header(nullptr, nullptr),
+                       Comment("c"),
+                       StartNs("a", "p", "u", 1),
+                       Attribute("b", "\"", 0, 0, 0),
+                       AttributeNs("c", "d", "q", 0, 0),
+                       Declare("e", "f", nullptr, 0, kClose),
+                       Data("text"),
+                       Empty("g"),
+                       EndNs("a", "p"),
+                       Reset(),
+                       Inline("h", 0),
+                       End("h")};
+  for (std::size_t i = 0; i < calls.size(); ++i) {
+    calls[i](writer);
+    const std::string seen = held;
+    EXPECT_SAME(seen, writer.ztGetXmlDoc()) << i;
+  }
+  EXPECT_SAME(held, "<h></h>");
+}
+
 TEST(XmlWriter, CutsWhatIsTooLongAndSaysSoOnce) {
   const std::string cut = "4 ZtXMLDocGenerator :: document cut at 32767 characters";
   constexpr std::size_t kMost = 32767;
