@@ -12,12 +12,13 @@ enum zt_caps_boolean_enum : unsigned {
 };
 
 /// The duplex modes inside "supported" or "notsupported". A mode is there when its text is set,
-/// usually to ""; null means absent. Texts are copied.
+/// usually to "", and is written with that text; null means absent. Texts are copied.
 class ZT_API zt_ns_caps_duplextypes : public ZtTyped<zt_ns_caps_duplextypes, ZtKeepsElements<>> {
  public:
   static const ZtElementType kType;
 
-  /// Any text makes the mode present and null makes it absent; the text is not written.
+  /// Any text makes the mode present, and is written as its content as it stands; null makes it
+  /// absent.
   int setFullValue(const char* full) { return m_Full.Assign(full); }
   const char* getFullValue() const { return m_Full.Get(); }
   int setHalfValue(const char* half) { return m_Half.Assign(half); }
