@@ -12,6 +12,9 @@ struct ZtListNode {
   ZtListNode* next;  ///< null at the end
 };
 
+/// What a list knows of the objects in it; opaque to callers.
+struct ZtListItems;
+
 /// Singly linked list of untyped pointers. It owns its nodes and never what they point to. A list
 /// that an element has taken holds exactly XMLElement* (children) or exactly XMLAttribute*
 /// (attributes), which the element owns: what has an owner already cannot be added to it, and what
@@ -48,12 +51,6 @@ class ZT_API ZtSingleElementList : public ZtNonCopyable {
   std::uint16_t GetCount() const { return m_iListCount; }
 
  private:
-  // How the objects of a list that an element has taken get their owner and lose it.
-  struct Items {
-    bool (*take)(void* data);
-    void (*drop)(void* data);
-  };
-
   // Appends `data` with a node of `arena`, null for the heap; false without memory.
   bool Append(void* data, ZtArena* arena);
   // Unlinks the node after `previous`, null for the first.
@@ -61,8 +58,8 @@ class ZT_API ZtSingleElementList : public ZtNonCopyable {
 
   ZtListNode* m_pHead;
   std::uint16_t m_iListCount;
-  ZtListNode* m_pTail;              // makes Add independent of the length
-  const Items* m_pItems = nullptr;  // null until an element takes the list
+  ZtListNode* m_pTail;                    // makes Add independent of the length
+  const ZtListItems* m_pItems = nullptr;  // null until an element takes the list
 };
 
 #endif  // ZTXML_INCLUDE_XMLLIST_H

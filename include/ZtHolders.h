@@ -99,8 +99,6 @@ class ZT_API ZtOwnedList {
   }
 
  private:
-  static const ZtSingleElementList::Items kItems;
-
   ZtSingleElementList* m_pList = nullptr;
 };
 

@@ -2,6 +2,7 @@
 
 #include "ZtArena.h"
 #include "base/ZtLog.h"
+#include "binding/ZtOwnership.h"
 
 namespace {
 
@@ -32,7 +33,7 @@ ZtSingleElementList::~ZtSingleElementList() {
 }
 
 int ZtSingleElementList::Add(void* data) {
-  const Items* items = data ? m_pItems : nullptr;
+  const ZtListItems* items = data ? m_pItems : nullptr;
   if (items && !items->take(data)) return 0;
   if (Append(data, nullptr)) return 1;
   if (items) items->drop(data);

@@ -101,7 +101,8 @@ ZtOutcome AppendWords(XMLElement& self, const ZtField& field, const ZtSource& so
 
 ZtOutcome ZtStoreText(XMLElement& self, const ZtField& field, ZtPiece value,
                       const ZtSource& source) {
-  if (!value.text && field.place == ZtPlace::kTextElements && field.always) value = {"", 0};
+  // One of several is there also without a text.
+  if (!value.text && field.place == ZtPlace::kTextElements) value = {"", 0};
   if (!value.text) return ZtOutcome::kAccepted;
   switch (field.place) {
     case ZtPlace::kTextElements:

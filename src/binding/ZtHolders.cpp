@@ -44,6 +44,11 @@ namespace {
 void Release(XMLElement* element) { ZtReleaseQueue::Release(element); }
 void Release(XMLAttribute* attribute) { ZtRelease(attribute); }
 
+template <class Item>
+constexpr ZtListItems kItems = {
+    [](void* data) { return ZtOwnership::Take(*static_cast<Item*>(data)); },
+    [](void* data) { ZtOwnership::Drop(*static_cast<Item*>(data)); }};
+
 // Deletes what a list holds, each entry through the base that it was stored as, and the list.
 template <class Item>
 void ReleaseList(ZtSingleElementList* list) {
@@ -102,11 +107,6 @@ bool ZtChild::Take(XMLElement* child) {
 }
 
 template <class Item>
-const ZtSingleElementList::Items ZtOwnedList<Item>::kItems = {
-    [](void* data) { return ZtOwnership::Take(*static_cast<Item*>(data)); },
-    [](void* data) { ZtOwnership::Drop(*static_cast<Item*>(data)); }};
-
-template <class Item>
 ZtOwnedList<Item>::~ZtOwnedList() {
   ReleaseList<Item>(m_pList);
 }
@@ -122,7 +122,7 @@ int ZtOwnedList<Item>::Set(ZtSingleElementList* list) {
   m_pList = list;
   ReleaseList<Item>(old);
   if (!list) return 1;
-  list->m_pItems = &kItems;
+  list->m_pItems = &kItems<Item>;
   ZtListNode* previous = nullptr;
   for (ZtListNode* node = list->m_pHead; node; node = previous ? previous->next : list->m_pHead) {
     auto* item = static_cast<Item*>(node->data);
@@ -144,7 +144,7 @@ int ZtOwnedList<Item>::Add(Item* item, const char* source, ZtArena* arena) {
     ZtOwnership::Drop(*item);
     return 0;
   }
-  list->m_pItems = &kItems;
+  list->m_pItems = &kItems<Item>;
   m_pList = list;
   return 1;
 }

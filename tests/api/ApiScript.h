@@ -288,8 +288,28 @@ class ApiScript {
     return -1;
   }
 
+  // An object of one of `types` that has an owner; null when there is none.
+  XMLElement* Owned(std::size_t at, const Types& types) {
+    const std::size_t count = m_Objects.size();
+    for (std::size_t n = 0, i = Below(256); n < count; ++n, ++i) {
+      const Object& object = m_Objects[i % count];
+      if (object.live && object.parent >= 0 && i % count != at && types[object.type]) {
+        return object.element;
+      }
+    }
+    return nullptr;
+  }
+
   void GiveChild(std::size_t at, const ApiTables::Setter& setter) {
-    const int given = Below(8) ? Free(at, *setter.child) : -1;
+    const unsigned which = Below(8);
+    if (which == 7) {
+      const ApiTables::Value owned = {nullptr, 0, nullptr, nullptr, Owned(at, *setter.child)};
+      if (!owned.child) return;
+      const int taken = setter.set(*m_Objects[at].element, owned);
+      if (taken && *setter.name == 'a') m_Broken = "an object is taken that has an owner";
+      return;
+    }
+    const int given = which ? Free(at, *setter.child) : -1;
     ApiTables::Value value = {};
     if (given >= 0) value.child = m_Objects[static_cast<std::size_t>(given)].element;
     if (!setter.set(*m_Objects[at].element, value)) return;
@@ -301,8 +321,10 @@ class ApiScript {
     ApiTables::Value value = {};
     if (Below(4)) value.list = zt_xml_common_methods::CreateElementList();
     std::vector<std::size_t> given;
+    const bool attributes =
+        std::strstr(setter.name, "Attribute") || std::strstr(setter.name, "NameSpaceInfo");
     for (unsigned n = value.list ? Below(4) : 0; n; --n) {
-      if (std::strstr(setter.name, "Attribute")) {
+      if (attributes) {
         XMLAttribute* attribute = Attribute();
         if (attribute && !value.list->Add(attribute)) ZtRelease(attribute);
         continue;
