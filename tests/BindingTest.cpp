@@ -190,8 +190,8 @@ TEST(Binding, EveryKindOfRowReadsAndWrites) {
   };
   for (const auto& test : kCases) {
     auto root = Parse(test.in);
-    ASSERT_TRUE(root) << test.in;
-    EXPECT_EQ(Written(root.get()), test.out) << test.in;
+    ASSERT_TRUE(root) << Shortened(test.in);
+    EXPECT_SAME(Written(root.get()), test.out) << Shortened(test.in);
   }
 }
 
@@ -201,28 +201,30 @@ TEST(Binding, FailuresStayWhereTheyAreAllowed) {
   ASSERT_TRUE(root);
   // Everything up to the failure stands in the text: the marshaller discards it.
   const std::string start = Around("", "");
-  EXPECT_EQ(Written(root.get()), "failed:" + start.substr(0, start.size() - 7) +
-                                     start.substr(0, start.size() - 7) + "\n<cp:entry ");
+  EXPECT_SAME(Written(root.get()), "failed:" + start.substr(0, start.size() - 7) +
+                                       start.substr(0, start.size() - 7) + "\n<cp:entry ");
   EXPECT_TRUE(log.Has("uri is required"));
   EXPECT_EQ(log.Count("failed in AddEntry"), 1);
   EXPECT_EQ(log.Count("failed in AddList"), 1);
   root = Parse("<resource-lists><keywords>none</keywords></resource-lists>");
-  EXPECT_EQ(Written(root.get()),
-            "failed:" + start.substr(0, start.size() - 7) + "\n<ocp:keywords>");
+  EXPECT_SAME(Written(root.get()),
+              "failed:" + start.substr(0, start.size() - 7) + "\n<ocp:keywords>");
   root = Parse("<resource-lists><busy/></resource-lists>");
+  ASSERT_TRUE(root && root->m_Flags.Head());
   EntryOf<zt_empty_element_type>(root->m_Flags.Get(), 0)->setPresentValue(0);
   EXPECT_EQ(Written(root.get()).substr(0, 7), "failed:");
   EXPECT_TRUE(log.Has("Toy: flag is not present"));
   root = Parse("<resource-lists><external-list/></resource-lists>");
-  EXPECT_EQ(Written(root.get()), start.substr(0, start.size() - 7) + "\n<external-list </list>");
+  EXPECT_SAME(Written(root.get()), start.substr(0, start.size() - 7) + "\n<external-list </list>");
   EXPECT_EQ(log.Texts(4).back(), "external list 0 failed");
   EXPECT_TRUE(log.Has("no note"));
   root = Parse("<resource-lists/>");
+  ASSERT_TRUE(root);
   root->m_Others.Add(ZtCreate<zt_string>("tests/Toy"));
-  EXPECT_EQ(Written(root.get()), start);
+  EXPECT_SAME(Written(root.get()), start);
   EXPECT_TRUE(log.Has("no writer for zt_string"));
   root->m_Others.Set(zt_xml_common_methods::CreateElementList());
-  EXPECT_EQ(Written(root.get()), start);
+  EXPECT_SAME(Written(root.get()), start);
   EXPECT_EQ(log.Count("Head itself is null and No item is there"), 1);
 }
 
@@ -255,7 +257,7 @@ TEST(Binding, PrefixRules) {
     auto root = Parse("<resource-lists><keywords>k</keywords><" + name + ">t</" + name +
                       "></resource-lists>");
     ASSERT_TRUE(root);
-    EXPECT_EQ(Written(root.get()), Around("", "\n<ocp:keywords>k</ocp:keywords>")) << size;
+    EXPECT_SAME(Written(root.get()), Around("", "\n<ocp:keywords>k</ocp:keywords>")) << size;
     EXPECT_EQ(root->m_Others.Get(), nullptr) << size;
   }
 }
@@ -305,6 +307,7 @@ TEST(Binding, DecoderCallbacksByHand) {
   EXPECT_EQ(decoder.ProcessAnyElement(resource, nullptr), nullptr);
   for (int i = 0; i < 3; ++i) EXPECT_EQ(decoder.ProcessElement(endRoot, nullptr), 0);
   Tree<List> tree(static_cast<List*>(static_cast<XMLObject*>(decoder.GetSessionData())));
+  ASSERT_TRUE(tree && tree->m_Lists.Head());
   EXPECT_EQ(tree->m_Id.Get(), nullptr);
   EXPECT_EQ(EntryOf<List>(tree->m_Lists.Get(), 0)->m_Id.Get(), nullptr);
 }

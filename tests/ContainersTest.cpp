@@ -2,6 +2,7 @@
 #include <set>
 #include <string>
 #include <thread>
+#include <utility>
 #include <vector>
 
 #include "TestSupport.h"
@@ -41,22 +42,22 @@ TEST(XmlList, AddsRemovesAndLogs) {
     ZtSingleElementList list;
     EXPECT_FALSE(list.GetKeyAtIndex(0) || list.GetPtrToListHead() || list.GetPtrToListEnd());
     EXPECT_EQ(list.Remove(&a), 0);
-    EXPECT_EQ(Logged(log, {35, 238, 265}),
-              (Lines{"3:35" + life, "4 " + kEmpty, "4:238 " + kEmpty, "4:265 " + kEmpty,
-                     "3 <XML Module>: ZtSingleElementList::Remove",
-                     "4" + remove + "Head itself is null"}));
+    EXPECT_SAME(Logged(log, {35, 238, 265}),
+                (Lines{"3:35" + life, "4 " + kEmpty, "4:238 " + kEmpty, "4:265 " + kEmpty,
+                       "3 <XML Module>: ZtSingleElementList::Remove",
+                       "4" + remove + "Head itself is null"}));
     zthost::FailAllocation(1);
     EXPECT_EQ(list.Add(&a), 0);
     EXPECT_EQ(Logged(log).back(), "4 <XML Module>: ZtSingleElementList:Add m_pHead Buffer is NULL");
     for (void* data : {&a, &b, &a}) EXPECT_EQ(list.Add(data), 1);
     EXPECT_EQ(Logged(log).back(), "3 <XML Module>: m_iListCount: 3");
     EXPECT_TRUE(list.GetKeyAtIndex(1) == &b && !list.GetKeyAtIndex(3) && !list.GetPtrToListEnd());
-    EXPECT_EQ(Logged(log), Lines{});
+    EXPECT_SAME(Logged(log), Lines{});
     EXPECT_EQ(list.GetKeyAtIndex(4), nullptr);
-    EXPECT_EQ(Logged(log), Lines{"4 ZtSingleElementList::GetKeyAtIndex: Invalid index"});
+    EXPECT_SAME(Logged(log), Lines{"4 ZtSingleElementList::GetKeyAtIndex: Invalid index"});
     EXPECT_EQ(list.Remove(&a), 1);
     EXPECT_TRUE(list.GetKeyAtIndex(0) == &b && list.GetKeyAtIndex(1) == &a);
-    // Behind a removed last one, and behind none at all, the next is added all the same.
+    // After a removed last one, and after none at all, the next is added all the same.
     EXPECT_TRUE(list.Remove(&a) && list.Add(&c) && list.Remove(&b) && list.Remove(&c));
     EXPECT_TRUE(list.Add(nullptr) && list.Add(&c) && !list.Remove(nullptr));
     EXPECT_EQ(Logged(log).back(), "4" + remove + "Entry not found in the list");
@@ -65,7 +66,7 @@ TEST(XmlList, AddsRemovesAndLogs) {
     EXPECT_EQ(Logged(log)[1], "4 <XML Module>: ZtSingleElementList:Add pTravNode Buffer is NULL");
     EXPECT_TRUE(!list.GetKeyAtIndex(0) && list.GetKeyAtIndex(1) == &c && list.GetCount() == 2);
   }
-  EXPECT_EQ(Logged(log, {56}), Lines{"3:56" + life});
+  EXPECT_SAME(Logged(log, {56}), Lines{"3:56" + life});
 }
 
 TEST(XmlList, CountWrapsButNothingIsLost) {
@@ -81,7 +82,7 @@ TEST(XmlList, CountWrapsButNothingIsLost) {
   EXPECT_EQ(Live(), 0u);
   LogCapture log;
   zt_xml_common_methods::DeleteElementList(nullptr);
-  EXPECT_EQ(Logged(log, {238}), Lines{"4:238 " + kEmpty});
+  EXPECT_SAME(Logged(log, {238}), Lines{"4:238 " + kEmpty});
 }
 
 TEST(XmlStack, DropsWhatIsTooMuch) {
@@ -92,10 +93,10 @@ TEST(XmlStack, DropsWhatIsTooMuch) {
     EXPECT_TRUE(stack.empty() && stack.size() == -1 && !stack.top());
     stack.pop();
     for (char& entry : entries) stack.push(&entry);
-    EXPECT_EQ(Logged(log, {15, 29, 41}),
-              (Lines{"2:41 stack is empty\n", "2:29 stack underflow\n", "2:15 stack overflow\n"}));
+    EXPECT_SAME(Logged(log, {15, 29, 41}), (Lines{"2:41 stack is empty\n", "2:29 stack underflow\n",
+                                                  "2:15 stack overflow\n"}));
     for (int i = 99; i >= 0; --i, stack.pop()) {
-      EXPECT_TRUE(stack.size() == i && stack.top() == &entries[i] && !stack.empty()) << i;
+      ASSERT_TRUE(stack.size() == i && stack.top() == &entries[i] && !stack.empty()) << i;
     }
   }
 }
@@ -103,16 +104,23 @@ TEST(XmlStack, DropsWhatIsTooMuch) {
 using Names = zt_xml_common_array_definition;
 
 TEST(XmlNames, RowsAreAsTheyStand) {
-  std::string joined;
-  for (const int row : {0, 9, 48, 62, 100, 144, 223, 227, 266}) {
-    joined += Names::getStringName(static_cast<e_XmlStrRef>(row)) + std::string("|");
+  const std::pair<int, const char*> kNames[] = {
+      {0, "ZT_NULL"},
+      {9, "simservs"},
+      {48, "allow"},
+      {62, "allow"},
+      {100, " "},
+      {144, "proessing-notification"},
+      {223, "simservs"},
+      {227, "urn:ietf:params:xml:ns:im-composing  iscomposing.xsd"},
+      {266, "urn:ietf:params:xml:ns:gruuinfo"}};
+  for (const auto& [row, name] : kNames) {
+    EXPECT_STREQ(Names::getStringName(static_cast<e_XmlStrRef>(row)), name) << row;
   }
-  EXPECT_EQ(
-      joined,
-      "ZT_NULL|simservs|allow|allow| |proessing-notification|simservs|"
-      "urn:ietf:params:xml:ns:im-composing  iscomposing.xsd|urn:ietf:params:xml:ns:gruuinfo|");
   ASSERT_EQ(sizeof(Names::arrXmlStrRef), 267u * 100u);
-  for (const auto& row : Names::arrXmlStrRef) EXPECT_TRUE(row[0] != '\0' && row[99] == '\0') << row;
+  for (const auto& row : Names::arrXmlStrRef) {
+    ASSERT_TRUE(row[0] != '\0' && row[99] == '\0') << std::string(row, 80);
+  }
 }
 
 TEST(XmlNames, OneInstanceIsShared) {
@@ -128,9 +136,11 @@ TEST(XmlNames, OneInstanceIsShared) {
   std::vector<std::thread> threads(4);
   for (std::thread& thread : threads) {
     thread = std::thread([] {
+      int missing = 0;
       for (int i = 0; i < 20000; ++i, Names::ReleaseArrayInstance()) {
-        EXPECT_NE(Names::CreateArrayInstance(), nullptr);
+        missing += Names::CreateArrayInstance() == nullptr;
       }
+      EXPECT_EQ(missing, 0);
     });
   }
   for (std::thread& thread : threads) thread.join();

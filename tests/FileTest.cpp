@@ -55,13 +55,13 @@ TEST_F(XmlFiles, ReadsWholeFilesAgainAndAgain) {
     std::ofstream(Path("file")) << text;
     const char* data = file.Read();
     ASSERT_NE(data, nullptr);
-    EXPECT_EQ(std::string(data, text.size() + 1), text + '\0');
-    EXPECT_EQ(Logged(), Lines{read_});
+    EXPECT_SAME(std::string(data, text.size() + 1), text + '\0');
+    EXPECT_SAME(Logged(), Lines{read_});
   }
   EXPECT_EQ(FreeDescriptor(), descriptor + 1);  // the second opening has closed the first
   zthost::FailAllocation(1);
   EXPECT_EQ(file.Read(), nullptr);
-  EXPECT_EQ(Logged(), Lines{noMemory_});
+  EXPECT_SAME(Logged(), Lines{noMemory_});
   EXPECT_EQ(FreeDescriptor(), descriptor);
   EXPECT_NE(file.Read(), nullptr);
   std::filesystem::remove(Path("file"));
@@ -91,17 +91,18 @@ TEST_F(XmlFiles, RefusesToReadWhatIsNoDocument) {
       {"none/x", 2, {"206" + init + "Unable to open file for Read and Write [2] ", notOpen_}},
       {"empty", 2, {"202" + init + "Opened file ", notRead_}}};
   for (const auto& c : cases) {
+    SCOPED_TRACE(c.name);
     XMLFile file(Path(c.name).c_str(), static_cast<eXMLFileAccessMode>(c.mode));
     EXPECT_EQ(file.Read(), nullptr);
-    EXPECT_EQ(Logged(), c.lines);
+    EXPECT_SAME(Logged(), c.lines);
     EXPECT_EQ(FreeDescriptor(), descriptor) << "closed by itself";
   }
   zthost::FailAllocation(1);
   XMLFile nameless(nullptr, XML_FILE_READ), unnamed(Path("empty").c_str(), XML_FILE_WRITE);
   EXPECT_EQ(nameless.Read(), nullptr);
-  EXPECT_EQ(Logged(), (Lines{noName_, notOpen_}));
+  EXPECT_SAME(Logged(), (Lines{noName_, notOpen_}));
   EXPECT_EQ(unnamed.Write("x"), 0);
-  EXPECT_EQ(Logged(), (Lines{noName_, "128 XMLFile::Write - File Opening failed"}));
+  EXPECT_SAME(Logged(), (Lines{noName_, "128 XMLFile::Write - File Opening failed"}));
   EXPECT_EQ(XMLFile(Path("none").c_str(), static_cast<eXMLFileAccessMode>(7)).OpenFile(), 1);
 }
 
@@ -114,13 +115,13 @@ TEST_F(XmlFiles, WritesByItsMode) {
   EXPECT_EQ(read.Write("x"), 0);
   Logged();
   for (const char* text : {"long text", "abcdef"}) EXPECT_EQ(write.Write(text), 1);
-  EXPECT_EQ(Logged(), (Lines{"175" + opened, "175" + opened}));
+  EXPECT_SAME(Logged(), (Lines{"175" + opened, "175" + opened}));
   EXPECT_STREQ(read.Read(), "abcdef");
   EXPECT_EQ(update.Write("xy"), 1);
   EXPECT_STREQ(update.Read(), "xycdef");
-  EXPECT_EQ(Logged(), (Lines{read_, "202" + opened, "202" + opened, read_}));
+  EXPECT_SAME(Logged(), (Lines{read_, "202" + opened, "202" + opened, read_}));
   EXPECT_EQ(read.Write("z"), 0);
-  EXPECT_EQ(Logged(), Lines{"122 XMLFile::Write - File Writing failed"});
+  EXPECT_SAME(Logged(), Lines{"122 XMLFile::Write - File Writing failed"});
   EXPECT_STREQ(read.Read(), "xycdef");
   EXPECT_EQ(write.Write(""), 1);
   EXPECT_EQ(read.Read(), nullptr);

@@ -28,9 +28,11 @@ TEST(Hostile, CutsAndChangedBytes) {
       const std::string written = schema.RoundTrip(text);
       EXPECT_TRUE(IsSound(sample.id, text, written))
           << sample.name << ' ' << what << ' ' << at << '\n'
-          << written;
+          << Shortened(written);
       if (at % 4 == 0 && sample.id != XML_SCHEMA_SIMSERVS) {
-        EXPECT_EQ(RoundTripThroughCallbacks(*schema.context(), text), written);
+        EXPECT_SAME(RoundTripThroughCallbacks(*schema.context(), text), written)
+            << '\n'
+            << sample.name << ' ' << what << ' ' << at;
       }
     };
     for (std::size_t at = 0; at < sample.text.size(); ++at) {
@@ -42,6 +44,7 @@ TEST(Hostile, CutsAndChangedBytes) {
         check(text, "replaced at", at);
       }
       if (sample.text[at] == '=') check(std::string(sample.text).insert(at, " "), "blank at", at);
+      if (HasFailure()) return;
     }
   }
 }

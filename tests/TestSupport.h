@@ -105,9 +105,9 @@ inline testing::AssertionResult SameText(const char* actualName, const char* exp
     return at < lines.size() ? lines[at] : "(no more)";
   };
   return testing::AssertionFailure()
-         << "of " << actual.size() << " lines, where " << expected.size() << " are expected, ["
-         << at
-         << "]: " << SameText(actualName, expectedName, line(actual), line(expected)).message();
+         << "at [" << at << "] of " << actual.size() << " lines, where " << expected.size()
+         << " are expected: "
+         << SameText(actualName, expectedName, line(actual), line(expected)).message();
 }
 #define EXPECT_SAME(actual, expected) EXPECT_PRED_FORMAT2(SameText, actual, expected)
 #define ASSERT_SAME(actual, expected) ASSERT_PRED_FORMAT2(SameText, actual, expected)
