@@ -1,8 +1,8 @@
 #include "XMLList.h"
 
 #include "ZtArena.h"
+#include "base/ZtListItems.h"
 #include "base/ZtLog.h"
-#include "binding/ZtOwnership.h"
 
 namespace {
 

@@ -1,5 +1,6 @@
 #include "ZtHolders.h"
 
+#include "base/ZtListItems.h"
 #include "base/ZtMemory.h"
 #include "binding/ZtOwnership.h"
 

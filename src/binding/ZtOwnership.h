@@ -36,10 +36,4 @@ class ZtOwnership {
   static void Set(XMLAttribute& attribute, bool owned) { attribute.m_bOwned = owned; }
 };
 
-// How the objects of a list that an element has taken get their owner and lose it.
-struct ZtListItems {
-  bool (*take)(void* data);
-  void (*drop)(void* data);
-};
-
 #endif  // ZTXML_SRC_BINDING_ZTOWNERSHIP_H
