@@ -9,7 +9,6 @@
 namespace {
 
 constexpr char kSource[] = "tests/Golden";
-using Lines = std::vector<std::string>;
 
 std::string Listed(const Lines& lines, const char* between = ", ") {
   std::string text;

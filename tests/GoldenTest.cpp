@@ -8,8 +8,6 @@
 
 namespace {
 
-using Lines = std::vector<std::string>;
-
 // What callers see of reading a document and writing it again.
 struct Outcome {
   Lines tree, records, readLog, written, writeLog;
@@ -131,79 +129,6 @@ std::vector<Part> PartsOf(const std::string& text, std::set<std::string>& paths)
     at = end;
   }
   return parts;
-}
-
-// The lines that only one of two texts has: "- " before those of `a`, "+ " before those of `b`.
-Lines Difference(const Lines& a, const Lines& b) {
-  std::size_t begin = 0, same = 0;
-  while (begin < a.size() && begin < b.size() && a[begin] == b[begin]) ++begin;
-  while (same < a.size() - begin && same < b.size() - begin &&
-         a[a.size() - 1 - same] == b[b.size() - 1 - same]) {
-    ++same;
-  }
-  const std::size_t rows = a.size() - same - begin, columns = b.size() - same - begin;
-  // The longest lines in common of what begins at a row and a column.
-  std::vector<std::vector<int>> common(rows + 1, std::vector<int>(columns + 1));
-  for (std::size_t i = rows; i-- > 0;) {
-    for (std::size_t j = columns; j-- > 0;) {
-      common[i][j] = a[begin + i] == b[begin + j] ? 1 + common[i + 1][j + 1]
-                                                  : std::max(common[i + 1][j], common[i][j + 1]);
-    }
-  }
-  Lines difference;
-  for (std::size_t i = 0, j = 0; i < rows || j < columns;) {
-    if (i < rows && j < columns && a[begin + i] == b[begin + j]) {
-      ++i, ++j;
-    } else if (j == columns || (i < rows && common[i + 1][j] >= common[i][j + 1])) {
-      difference.push_back("- " + a[begin + i++]);
-    } else {
-      difference.push_back("+ " + b[begin + j++]);
-    }
-  }
-  return difference;
-}
-
-// What differs in two lines, in whole words, after the beginning that they share.
-std::string Changed(const std::string& a, const std::string& b) {
-  constexpr char kBounds[] = " \"<>/";
-  const auto bound = [&](char c) { return std::strchr(kBounds, c) != nullptr; };
-  std::size_t begin = 0, same = 0;
-  while (begin < a.size() && begin < b.size() && a[begin] == b[begin]) ++begin;
-  while (begin && !bound(a[begin - 1])) --begin;
-  while (same < a.size() - begin && same < b.size() - begin &&
-         a[a.size() - 1 - same] == b[b.size() - 1 - same]) {
-    ++same;
-  }
-  while (same && same < a.size() && !bound(a[a.size() - same]) && !bound(a[a.size() - same - 1]))
-    --same;
-  return a.substr(0, std::min<std::size_t>(begin, 30)) + (begin > 30 ? " ... " : "") + "[" +
-         a.substr(begin, a.size() - same - begin) + "] became [" +
-         b.substr(begin, b.size() - same - begin) + "]";
-}
-
-// A difference in few lines: a line that only changed is told as one, and of many lines in a row
-// that are missing the first `most`.
-std::string Short(const std::string& label, const Lines& difference, std::size_t most) {
-  std::string text;
-  for (std::size_t at = 0; at < difference.size();) {
-    std::size_t end = at;
-    while (end < difference.size() && difference[end][0] == '-') ++end;
-    const std::size_t missing = end - at;
-    const bool added = end < difference.size();
-    const bool pair =
-        missing == 1 && added && (end + 1 == difference.size() || difference[end + 1][0] == '-');
-    if (pair && difference[at][2] == difference[end][2]) {
-      text += label + Changed(difference[at].substr(2), difference[end].substr(2)) + '\n';
-      at = end + 1;
-      continue;
-    }
-    const std::size_t shown = missing <= 3 ? missing : most;
-    for (std::size_t i = 0; i < shown; ++i) text += label + difference[at + i] + '\n';
-    if (missing > shown) text += label + "- (" + std::to_string(missing - shown) + " lines)\n";
-    if (added) text += label + difference[end] + '\n';
-    at = end + (added ? 1 : 0);
-  }
-  return text;
 }
 
 // What another document that lacks something brings, beside the full one.
