@@ -248,6 +248,15 @@ inline Lines FieldsOf(const XMLElement& object) {
   return lines;
 }
 
+/// The fields in which `now` differs from `before`.
+inline Lines Changes(const Lines& before, const Lines& now) {
+  Lines changes;
+  for (std::size_t i = 0; i < now.size(); ++i) {
+    if (now[i] != before[i]) changes.push_back(now[i]);
+  }
+  return changes;
+}
+
 /// A tree, one line for each object and each value that it has.
 class TreeTeller : public reflect::Visitor {
  public:

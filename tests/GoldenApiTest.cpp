@@ -48,15 +48,6 @@ bool IsAlive(const void* object) {
   return false;
 }
 
-// The fields in which `now` differs from `before`.
-Lines Changes(const Lines& before, const Lines& now) {
-  Lines changes;
-  for (std::size_t i = 0; i < now.size(); ++i) {
-    if (now[i] != before[i]) changes.push_back(now[i]);
-  }
-  return changes;
-}
-
 // What a new object of a class answers to offers, one after the other: the last one's result,
 // whether the object was taken, the log and what has changed since the beginning.
 struct Answer {
