@@ -3,7 +3,9 @@
 #ifndef ZTXML_TESTS_GOLDEN_H
 #define ZTXML_TESTS_GOLDEN_H
 
+#include <algorithm>
 #include <cstdlib>
+#include <cstring>
 #include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
@@ -15,6 +17,8 @@
 
 #include "DocumentSupport.h"
 #include "reflect/Reflect.h"
+
+using Lines = std::vector<std::string>;
 
 inline std::string ReadFile(const std::filesystem::path& path) {
   std::ifstream file(path, std::ios::binary);
@@ -79,8 +83,8 @@ inline std::string Quoted(const std::string& text) {
   return '"' + Replaced(Replaced(text, "\\", "\\\\"), "\n", "\\n") + '"';
 }
 
-inline std::vector<std::string> LinesOf(const std::string& text) {
-  std::vector<std::string> lines;
+inline Lines LinesOf(const std::string& text) {
+  Lines lines;
   for (std::size_t at = 0; at < text.size();) {
     const std::size_t end = std::min(text.find('\n', at), text.size());
     lines.push_back(text.substr(at, end - at));
@@ -91,9 +95,9 @@ inline std::vector<std::string> LinesOf(const std::string& text) {
 
 /// The lines of the log: level, module, file, text. Not those of the parser and the containers, and
 /// of whole documents only that they are there.
-inline std::vector<std::string> Told(const LogCapture& log, const std::string& input = "",
-                                     const std::string& output = "") {
-  std::vector<std::string> lines;
+inline Lines Told(const LogCapture& log, const std::string& input = "",
+                  const std::string& output = "") {
+  Lines lines;
   for (const CapturedLine& line : log.Lines()) {
     if (line.file == "src/XMLList" || line.file == "src/XmlDecoder" ||
         line.file == "src/XMLStack") {
@@ -111,9 +115,85 @@ inline std::vector<std::string> Told(const LogCapture& log, const std::string& i
   return lines;
 }
 
-inline std::string Joined(const std::vector<std::string>& lines, const std::string& indent = "") {
+inline std::string Joined(const Lines& lines, const std::string& indent = "") {
   std::string text;
   for (const std::string& line : lines) text += indent + line + '\n';
+  return text;
+}
+
+// ---- Differences
+// ----------------------------------------------------------------------------------
+
+/// The lines that only one of two texts has: "- " before those of `a`, "+ " before those of `b`.
+inline Lines Difference(const Lines& a, const Lines& b) {
+  std::size_t begin = 0, same = 0;
+  while (begin < a.size() && begin < b.size() && a[begin] == b[begin]) ++begin;
+  while (same < a.size() - begin && same < b.size() - begin &&
+         a[a.size() - 1 - same] == b[b.size() - 1 - same]) {
+    ++same;
+  }
+  const std::size_t rows = a.size() - same - begin, columns = b.size() - same - begin;
+  // The longest lines in common of what begins at a row and a column.
+  std::vector<std::vector<int>> common(rows + 1, std::vector<int>(columns + 1));
+  for (std::size_t i = rows; i-- > 0;) {
+    for (std::size_t j = columns; j-- > 0;) {
+      common[i][j] = a[begin + i] == b[begin + j] ? 1 + common[i + 1][j + 1]
+                                                  : std::max(common[i + 1][j], common[i][j + 1]);
+    }
+  }
+  Lines difference;
+  for (std::size_t i = 0, j = 0; i < rows || j < columns;) {
+    if (i < rows && j < columns && a[begin + i] == b[begin + j]) {
+      ++i, ++j;
+    } else if (j == columns || (i < rows && common[i + 1][j] >= common[i][j + 1])) {
+      difference.push_back("- " + a[begin + i++]);
+    } else {
+      difference.push_back("+ " + b[begin + j++]);
+    }
+  }
+  return difference;
+}
+
+/// What differs in two lines, in whole words, after the beginning that they share.
+inline std::string Changed(const std::string& a, const std::string& b) {
+  constexpr char kBounds[] = " \"<>/";
+  const auto bound = [&](char c) { return std::strchr(kBounds, c) != nullptr; };
+  std::size_t begin = 0, same = 0;
+  while (begin < a.size() && begin < b.size() && a[begin] == b[begin]) ++begin;
+  while (begin && !bound(a[begin - 1])) --begin;
+  while (same < a.size() - begin && same < b.size() - begin &&
+         a[a.size() - 1 - same] == b[b.size() - 1 - same]) {
+    ++same;
+  }
+  while (same && same < a.size() && !bound(a[a.size() - same]) && !bound(a[a.size() - same - 1]))
+    --same;
+  return a.substr(0, std::min<std::size_t>(begin, 30)) + (begin > 30 ? " ... " : "") + "[" +
+         a.substr(begin, a.size() - same - begin) + "] became [" +
+         b.substr(begin, b.size() - same - begin) + "]";
+}
+
+/// A difference in few lines: a line that only changed is told as one, and of many lines in a row
+/// that are missing the first `most`.
+inline std::string Short(const std::string& label, const Lines& difference, std::size_t most) {
+  std::string text;
+  for (std::size_t at = 0; at < difference.size();) {
+    std::size_t end = at;
+    while (end < difference.size() && difference[end][0] == '-') ++end;
+    const std::size_t missing = end - at;
+    const bool added = end < difference.size();
+    const bool pair =
+        missing == 1 && added && (end + 1 == difference.size() || difference[end + 1][0] == '-');
+    if (pair && difference[at][2] == difference[end][2]) {
+      text += label + Changed(difference[at].substr(2), difference[end].substr(2)) + '\n';
+      at = end + 1;
+      continue;
+    }
+    const std::size_t shown = missing <= 3 ? missing : most;
+    for (std::size_t i = 0; i < shown; ++i) text += label + difference[at + i] + '\n';
+    if (missing > shown) text += label + "- (" + std::to_string(missing - shown) + " lines)\n";
+    if (added) text += label + difference[end] + '\n';
+    at = end + (added ? 1 : 0);
+  }
   return text;
 }
 
@@ -136,8 +216,8 @@ inline std::string NameOf(const reflect::Field& field) {
 }
 
 /// What is in a field, objects by their classes: texts in quotes, enumerations with their index.
-inline std::vector<std::string> ValuesOf(const reflect::Field& field) {
-  std::vector<std::string> values;
+inline Lines ValuesOf(const reflect::Field& field) {
+  Lines values;
   for (const reflect::Item& item : field.items) {
     std::string value;
     if (item.object) {
@@ -156,8 +236,8 @@ inline std::vector<std::string> ValuesOf(const reflect::Field& field) {
 }
 
 /// All fields of an object, one line each; what is in its children is left out.
-inline std::vector<std::string> FieldsOf(const XMLElement& object) {
-  std::vector<std::string> lines;
+inline Lines FieldsOf(const XMLElement& object) {
+  Lines lines;
   for (const reflect::Field& field : reflect::FieldsOf(object)) {
     std::string line;
     for (const std::string& value : ValuesOf(field)) line += (line.empty() ? "" : ", ") + value;
@@ -168,10 +248,19 @@ inline std::vector<std::string> FieldsOf(const XMLElement& object) {
   return lines;
 }
 
+/// The fields in which `now` differs from `before`.
+inline Lines Changes(const Lines& before, const Lines& now) {
+  Lines changes;
+  for (std::size_t i = 0; i < now.size(); ++i) {
+    if (now[i] != before[i]) changes.push_back(now[i]);
+  }
+  return changes;
+}
+
 /// A tree, one line for each object and each value that it has.
 class TreeTeller : public reflect::Visitor {
  public:
-  static std::vector<std::string> Tell(const XMLElement& root) {
+  static Lines Tell(const XMLElement& root) {
     TreeTeller teller;
     reflect::Walk(root, teller);
     return teller.m_Lines;
@@ -197,7 +286,7 @@ class TreeTeller : public reflect::Visitor {
   void Line(const std::string& text) { m_Lines.push_back(m_Indent + text); }
 
   std::string m_Indent;
-  std::vector<std::string> m_Lines;
+  Lines m_Lines;
 };
 
 #endif  // ZTXML_TESTS_GOLDEN_H

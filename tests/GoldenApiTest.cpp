@@ -9,7 +9,6 @@
 namespace {
 
 constexpr char kSource[] = "tests/Golden";
-using Lines = std::vector<std::string>;
 
 std::string Listed(const Lines& lines, const char* between = ", ") {
   std::string text;
@@ -47,15 +46,6 @@ bool IsAlive(const void* object) {
     if (entry.pointer == object) return true;
   }
   return false;
-}
-
-// The fields in which `now` differs from `before`.
-Lines Changes(const Lines& before, const Lines& now) {
-  Lines changes;
-  for (std::size_t i = 0; i < now.size(); ++i) {
-    if (now[i] != before[i]) changes.push_back(now[i]);
-  }
-  return changes;
 }
 
 // What a new object of a class answers to offers, one after the other: the last one's result,

@@ -8,8 +8,6 @@
 
 namespace {
 
-using Lines = std::vector<std::string>;
-
 // What callers see of reading a document and writing it again.
 struct Outcome {
   Lines tree, records, readLog, written, writeLog;
@@ -49,7 +47,15 @@ class Noting : public reflect::Visitor {
 
 Outcome OutcomeOf(eXMLSchemaID id, const std::string& text, Seen* seen = nullptr) {
   Outcome outcome;
-  BoundSchema schema(id, text);
+  // Callers set the namespaces of a document that declares any.
+  const bool declares = text.find("xmlns") != std::string::npos;
+  std::shared_ptr<Schema> workers;
+  if (declares) {
+    workers = std::make_shared<BoundSchema>(id, text);
+  } else {
+    workers = std::make_shared<Schema>(id);
+  }
+  Schema& schema = *workers;
   const std::map<std::string, int> before = RecordsByFile();
   LogCapture log;
   const auto root = schema.Read<XMLElement>(text);
@@ -87,6 +93,23 @@ std::string Whole(const Outcome& outcome) {
          (outcome.again   ? "yes\n"
           : outcome.wrote ? "no\n"
                           : "(not written)\n");
+}
+
+// Documents with a comment before each, divided by empty lines; what becomes of each of them.
+std::string Cases(eXMLSchemaID id, const std::string& cases, Seen* seen) {
+  std::string text;
+  for (std::size_t at = 0, end; at < cases.size(); at = end + 2) {
+    end = std::min(cases.find("\n\n", at), cases.size());
+    std::string comment;
+    std::size_t document = at;
+    for (; cases[document] == '#'; document = cases.find('\n', document) + 1) {
+      comment += cases.substr(document, cases.find('\n', document) + 1 - document);
+    }
+    const std::string whole = cases.substr(document, end - document);
+    text += comment + whole + (whole.back() == '\n' ? "" : "\n") +
+            Whole(OutcomeOf(id, whole, seen)) + '\n';
+  }
+  return text;
 }
 
 // ---- What a document lacks ----------------------------------------------------------------------
@@ -131,79 +154,6 @@ std::vector<Part> PartsOf(const std::string& text, std::set<std::string>& paths)
     at = end;
   }
   return parts;
-}
-
-// The lines that only one of two texts has: "- " before those of `a`, "+ " before those of `b`.
-Lines Difference(const Lines& a, const Lines& b) {
-  std::size_t begin = 0, same = 0;
-  while (begin < a.size() && begin < b.size() && a[begin] == b[begin]) ++begin;
-  while (same < a.size() - begin && same < b.size() - begin &&
-         a[a.size() - 1 - same] == b[b.size() - 1 - same]) {
-    ++same;
-  }
-  const std::size_t rows = a.size() - same - begin, columns = b.size() - same - begin;
-  // The longest lines in common of what begins at a row and a column.
-  std::vector<std::vector<int>> common(rows + 1, std::vector<int>(columns + 1));
-  for (std::size_t i = rows; i-- > 0;) {
-    for (std::size_t j = columns; j-- > 0;) {
-      common[i][j] = a[begin + i] == b[begin + j] ? 1 + common[i + 1][j + 1]
-                                                  : std::max(common[i + 1][j], common[i][j + 1]);
-    }
-  }
-  Lines difference;
-  for (std::size_t i = 0, j = 0; i < rows || j < columns;) {
-    if (i < rows && j < columns && a[begin + i] == b[begin + j]) {
-      ++i, ++j;
-    } else if (j == columns || (i < rows && common[i + 1][j] >= common[i][j + 1])) {
-      difference.push_back("- " + a[begin + i++]);
-    } else {
-      difference.push_back("+ " + b[begin + j++]);
-    }
-  }
-  return difference;
-}
-
-// What differs in two lines, in whole words, after the beginning that they share.
-std::string Changed(const std::string& a, const std::string& b) {
-  constexpr char kBounds[] = " \"<>/";
-  const auto bound = [&](char c) { return std::strchr(kBounds, c) != nullptr; };
-  std::size_t begin = 0, same = 0;
-  while (begin < a.size() && begin < b.size() && a[begin] == b[begin]) ++begin;
-  while (begin && !bound(a[begin - 1])) --begin;
-  while (same < a.size() - begin && same < b.size() - begin &&
-         a[a.size() - 1 - same] == b[b.size() - 1 - same]) {
-    ++same;
-  }
-  while (same && same < a.size() && !bound(a[a.size() - same]) && !bound(a[a.size() - same - 1]))
-    --same;
-  return a.substr(0, std::min<std::size_t>(begin, 30)) + (begin > 30 ? " ... " : "") + "[" +
-         a.substr(begin, a.size() - same - begin) + "] became [" +
-         b.substr(begin, b.size() - same - begin) + "]";
-}
-
-// A difference in few lines: a line that only changed is told as one, and of many lines in a row
-// that are missing the first `most`.
-std::string Short(const std::string& label, const Lines& difference, std::size_t most) {
-  std::string text;
-  for (std::size_t at = 0; at < difference.size();) {
-    std::size_t end = at;
-    while (end < difference.size() && difference[end][0] == '-') ++end;
-    const std::size_t missing = end - at;
-    const bool added = end < difference.size();
-    const bool pair =
-        missing == 1 && added && (end + 1 == difference.size() || difference[end + 1][0] == '-');
-    if (pair && difference[at][2] == difference[end][2]) {
-      text += label + Changed(difference[at].substr(2), difference[end].substr(2)) + '\n';
-      at = end + 1;
-      continue;
-    }
-    const std::size_t shown = missing <= 3 ? missing : most;
-    for (std::size_t i = 0; i < shown; ++i) text += label + difference[at + i] + '\n';
-    if (missing > shown) text += label + "- (" + std::to_string(missing - shown) + " lines)\n";
-    if (added) text += label + difference[end] + '\n';
-    at = end + (added ? 1 : 0);
-  }
-  return text;
 }
 
 // What another document that lacks something brings, beside the full one.
@@ -272,6 +222,9 @@ TEST(Golden, Documents) {
       }
     }
     golden.Expect(info->name + std::string("/variants.txt"), variants);
+    const std::string cases = ReadFile(folder / "cases.in");
+    if (!cases.empty())
+      golden.Expect(info->name + std::string("/cases.txt"), Cases(id, cases, &seen));
     ExpectEverything(id, seen);
   }
   for (const auto& entry : std::filesystem::directory_iterator(golden.Path())) {

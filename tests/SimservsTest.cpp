@@ -26,72 +26,8 @@ const std::string kEnd = "</simservs>";
 std::string Waiting(bool active) {
   return std::string("<ss:communication-waiting  active=\"") + (active ? "true" : "false") + "\"/>";
 }
-std::string Service(const std::string& name, const std::string& content = "") {
-  return "<ss:" + name + "  active=\"true\">" + content + "</ss:" + name + ">";
-}
-std::string Switch(const std::string& name) { return "<ss:" + name + "  active=\"true\"/>"; }
-
-TEST(Simservs, ServicesAreCutOutAndWrittenBack) {
-  const std::string rules =
-      "\n<cp:ruleset>\n<cp:rule  id=\"communication-waiting\"></cp:rule></cp:ruleset>";
-  const struct {
-    std::string in;
-    std::string out;  // between the start and the end of the root
-  } kCases[] = {
-      {"<simservs/>", ""},
-      {"<simservs xmlns:x='y' a='b'>communication-waiting<unknown/></simservs>", ""},
-      // Every service, in the order of reading.
-      {"<?xml version='1.0'?>\r\n<!-- communication-waiting -->\r\n<ss:simservs>\r\n"
-       "<terminating-identity-presentation active='true'/>"
-       "<ss:originating-identity-presentation active='true' />"
-       "<ss:communication-waiting active='true'></ss:communication-waiting>"
-       "<communication-diversion active='true'><cp:ruleset><cp:rule id='communication-waiting'/>"
-       "</cp:ruleset></communication-diversion>"
-       "<ss:outgoing-communication-barring active='true'/>"
-       "<incoming-communication-barring\r\nactive='true'></incoming-communication-barring>"
-       "</ss:simservs>",
-       Service("incoming-communication-barring") + Service("outgoing-communication-barring") +
-           Service("communication-diversion", rules) + Waiting(true) +
-           Switch("originating-identity-presentation") +
-           Switch("terminating-identity-presentation")},
-      // Names that are none.
-      {"<simservs a='communication-waiting'><communication-waitings active='true'/>"
-       "<communication-waiting-x/><originating-identity-presentation-restriction active='true'/>"
-       "< communication-waiting/><!--x:communication-waiting --><x a='<communication-waiting b='>"
-       "</x></simservs>",
-       ""},
-      // At any depth; the kinds come in their order, whichever is inside. A service inside one of
-      // its kind is read with that, and takes its place.
-      {"<simservs><x><communication-waiting active='true'/></x><communication-diversion "
-       "active='true'><communication-waiting/></communication-diversion></simservs>",
-       Service("communication-diversion") + Waiting(true)},
-      {"<simservs><communication-waiting active='true'><!--x:communication-waiting -->"
-       "</communication-waiting></simservs>",
-       Waiting(true)},
-      {"<simservs><communication-waiting><communication-waiting></communication-waiting>"
-       "<communication-waiting active='true'/></communication-waiting></simservs>",
-       Waiting(true)},
-      {"<simservs><communication-waiting active='true'><communication-diversion active='true'/>"
-       "<communication-waiting><communication-waiting/></communication-waiting>"
-       "</communication-waiting><communication-waiting/></simservs>",
-       Service("communication-diversion") + Waiting(false) + Waiting(false)},
-      // A service under a prefix that nobody bound is dropped, the rest stays.
-      {"<simservs><x:communication-waiting/><ss:communication-waiting/></simservs>",
-       Waiting(false)},
-      // Behind the end of the document anything may stand.
-      {"<simservs/><communication-waiting><ss:communication-waiting/></x></ss:tip><",
-       Waiting(false)},
-      {"<communication-waiting/>", "null"},
-      {"<simservs><communication-waiting></simservs>", "null"},
-      {"<simservs><communication-waiting/>", "null"},
-      {"<tag/>", "null"},
-      {"", "null"},
-  };
+TEST(Simservs, PrefixesOfManyServices) {
   Schema schema(XML_SCHEMA_SIMSERVS);
-  for (const auto& test : kCases) {
-    EXPECT_EQ(schema.RoundTrip(test.in), test.out == "null" ? "(null)" : kStart + test.out + kEnd)
-        << test.in;
-  }
   std::string many, all;
   for (int i = 0; i < 300; ++i) {
     many += i % 3 ? "<communication-waiting active='true'/>" : "<a:communication-waiting/>";
@@ -109,7 +45,7 @@ TEST(Simservs, ServicesAreCutOutAndWrittenBack) {
   EXPECT_EQ(schema.RoundTrip(bound), "(null)");  // "a" is bound later than "r"
   std::string renamed = bound;
   renamed.replace(1, 1, "a").replace(renamed.size() - 11, 1, "a");
-  EXPECT_EQ(schema.RoundTrip(renamed), kStart + all + kEnd);
+  EXPECT_SAME(schema.RoundTrip(renamed), kStart + all + kEnd);
   // A long prefix is that of the services it fits into.
   const std::string prefix(500, 'p'), waiting = "communication-waiting active='true'";
   const std::string longName = "<" + prefix + ":" + waiting + "/>";
@@ -118,36 +54,20 @@ TEST(Simservs, ServicesAreCutOutAndWrittenBack) {
                            "/>" + longName + "<" + waiting + "/></simservs>";
   binder = Schema(XML_SCHEMA_NAMESPACE_RETRIEVAL).Read<XMLObject>(both);
   schema.context()->SetNamespaceBinder(binder.get());
-  EXPECT_EQ(schema.RoundTrip(both), kStart + Waiting(true) + Waiting(true) + Waiting(true) + kEnd);
+  EXPECT_SAME(schema.RoundTrip(both),
+              kStart + Waiting(true) + Waiting(true) + Waiting(true) + kEnd);
 }
 
-TEST(Simservs, TellsWhatItDid) {
+TEST(Simservs, LeavesOutWhatIsNoService) {
   LogCapture log(2);
   Schema schema(XML_SCHEMA_SIMSERVS);
   auto root = schema.Read<zt_Simservs>(
       "<simservs><incoming-communication-barring/><outgoing-communication-barring/>"
       "<communication-diversion/><communication-waiting/><x:communication-waiting/>"
       "<originating-identity-presentation/><terminating-identity-presentation/></simservs>");
-  for (const char* cut : {"Incoming Communication Barring", "Outgoing Communication Barring",
-                          "Communication Diversion", "Communication Waiting", "OIP", "TIP"}) {
-    const std::string line = "<XML Module>: XML SimservsUnmarshall Success replace Substring ";
-    EXPECT_EQ(log.Count(line + cut + " "), std::strstr(cut, "Waiting") ? 2 : 1) << cut;
-  }
-  for (const char* read :
-       {"Success in Communication Barring (Incoming)",
-        "Success in Communication Barring (Outgoing)", "Success in Communication Diversion",
-        "Success in Communication Waiting", "Failure in Communication Waiting", "Success in poip",
-        "Success in ptip"}) {
-    EXPECT_TRUE(log.Has(std::string("<XML Module>: XML Decode ") + read)) << read;
-  }
-  EXPECT_EQ(log.Count("<XML Module>: XML Decode Failed"), 0);
-  EXPECT_EQ(schema.RoundTrip("<communication-waiting/>"), "(null)");
-  EXPECT_EQ(log.Count("<XML Module>: XML Decode Failed pstring NULL"), 1);
-  EXPECT_EQ(CountOf(root->getServiceListValue()), 6);
   EXPECT_EQ(schema.context()->SetNamespaceBinder(nullptr), 0);
   EXPECT_TRUE(log.Has("<XML Module>: SimservsContext :: SetNamespaceBinder"));
 
-  // What is no service is left out.
   root->addService(ZtCreate<zt_Simservs>("t"));
   root->getServiceListValue()->Add(nullptr);
   const std::string text = schema.Write(root.get());

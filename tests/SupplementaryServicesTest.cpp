@@ -1,4 +1,4 @@
-// The services one by one: what is read, what is written, and their namespaces.
+// The services one by one: what golden documents do not say, and their namespaces.
 #include <gtest/gtest.h>
 
 #include "DocumentSupport.h"
@@ -13,220 +13,6 @@
 #include "base/ZtMemory.h"
 
 namespace {
-
-const std::string kRule = "<cp:ruleset><cp:rule id='r'>";
-const std::string kRuleEnd = "</cp:rule></cp:ruleset>";
-const std::string kDiversion = "<ss:communication-diversion active='true'>";
-const std::string kDiversionEnd = "</ss:communication-diversion>";
-const std::string kRuleOut = "\n<cp:ruleset>\n<cp:rule  id=\"r\">";
-const std::string kDiversionOut = "<ss:communication-diversion  active=\"true\">";
-
-// What the one rule of a diversion holds, read and written.
-std::string InRule(const std::string& content) {
-  Schema schema(XML_SCHEMA_COMMUNICATION_DIVERSION);
-  const std::string text =
-      schema.RoundTrip(kDiversion + kRule + content + kRuleEnd + kDiversionEnd);
-  const std::string start = kDiversionOut + kRuleOut, end = kRuleEnd + kDiversionEnd;
-  if (text.size() < start.size() + end.size() || text.substr(0, start.size()) != start ||
-      text.substr(text.size() - end.size()) != end) {
-    return "not around a rule: " + text;
-  }
-  return text.substr(start.size(), text.size() - start.size() - end.size());
-}
-
-TEST(CommonPolicy, EveryCondition) {
-  const struct {
-    const char* in;
-    const char* out;
-  } kCases[] = {
-      {"", ""},
-      {"<ss:busy/>", "\n<ss:busy/>"},
-      {"<not-registered/>", "\n<ss:not-registered/>"},
-      {"<anonymous></anonymous>", "\n<ss:anonymous/>"},
-      {"<no-answer a='b'>text</no-answer>", "\n<ss:no-answer/>"},
-      {"<ss:rule-deactivated/>", "\n<ss:rule-deactivated/>"},
-      {"<cp:not-reachable/>", "\n<ss:not-reachable/>"},
-      {"<presence-status>away</presence-status>", "\n<ss:presence-status/>"},
-      {"<communication-diverted/>", "\n<ss:communication-diverted/>"},
-      {"<roaming/>", "\n<ss:roaming/>"},
-      {"<international/><international-exHC/>", "\n<ss:international/>\n<ss:international-exHC/>"},
-      {"<ss:media>audio</ss:media><media/>", "\n<ss:media>audio</ss:media>\n<ss:media></ss:media>"},
-      {"<ocp:external-list><ocp:entry anc='http://a'/></ocp:external-list>", ""},
-      {"<unknown><busy/></unknown><o:busy/>", ""},
-      {"<cp:sphere x='y' value='home'>t</cp:sphere>", "\n<cp:sphere  value=\"home\"></cp:sphere>"},
-      {"<busy/><cp:sphere value='s'/><cp:identity><cp:one id='i'/></cp:identity>",
-       "\n<cp:identity>\n<cp:one  id=\"i\"/></cp:identity>\n<cp:sphere  "
-       "value=\"s\"></cp:sphere>\n<ss:busy/>"},
-      {"<cp:identity><cp:many domain='d' x='y'><cp:except domain='e'/><cp:except id='f'/>"
-       "<cp:except id='g' domain='h'/><cp:except/><busy/></cp:many><cp:one id='i' x='y'><busy/>"
-       "</cp:one><busy/></cp:identity>",
-       "\n<cp:identity>\n<cp:one  id=\"i\"/>\n<cp:many  domain=\"d\">"
-       "\n<cp:except  domain=\"e\"></cp:except>\n<cp:except  id=\"f\"></cp:except>"
-       "\n<cp:except  domain=\"h\"  id=\"g\"></cp:except>\n<cp:except></cp:except>"
-       "</cp:many></cp:identity>"},
-      // A domain is what closes the tag.
-      {"<cp:identity><cp:many><cp:except id='f'/></cp:many></cp:identity>",
-       "\n<cp:identity>\n<cp:many \n<cp:except  id=\"f\"></cp:except></cp:many></cp:identity>"},
-      {"<cp:validity><cp:from>1</cp:from><cp:until>2</cp:until><x/><cp:from/><until></until>"
-       "</cp:validity>",
-       "\n<cp:validity>\n<cp:from>1</cp:from>\n<cp:until>2</cp:until>\n<cp:from></cp:from>"
-       "\n<cp:until></cp:until></cp:validity>"},
-  };
-  for (const auto& test : kCases) {
-    EXPECT_EQ(InRule("<cp:conditions>" + std::string(test.in) + "</cp:conditions>"),
-              "\n<cp:conditions>" + std::string(test.out) + "</cp:conditions>")
-        << test.in;
-  }
-}
-
-TEST(CommonPolicy, EveryAction) {
-  const struct {
-    const char* in;
-    const char* diversion;
-    const char* barring;
-  } kCases[] = {
-      {"", "", ""},
-      {"<busy/><media>video</media>", "\n<ss:busy/>\n<ss:media>video</ss:media>",
-       "\n<ss:busy/>\n<ss:media>video</ss:media>"},
-      {"<allow>true</allow>", "", "\n<ss:allow>true</ss:allow>"},
-      {"<ss:allow>1</ss:allow>", "", "\n<ss:allow>false</ss:allow>"},
-      {"<ss:allow/>", "", "\n<ss:allow>false</ss:allow>"},
-      {"<forward-to><target>sip:a@b;x=&amp;</target></forward-to>",
-       "\n<ss:forward-to>\n<ss:target>sip:a@b;x=&amp;</ss:target></ss:forward-to>",
-       "\n<ss:forward-to></ss:forward-to>"},
-      {"<ss:forward-to><reveal-identity-to-target>true</reveal-identity-to-target>"
-       "<notify-served-user-on-outbound-call>false</notify-served-user-on-outbound-call>"
-       "<notify-served-user>true</notify-served-user><reveal-served-user-identity-to-caller>"
-       "not-reveal-GRUU</reveal-served-user-identity-to-caller><reveal-identity-to-caller>false"
-       "</reveal-identity-to-caller><notify-caller>true</notify-caller><x/></ss:forward-to>",
-       "\n<ss:forward-to>\n<ss:notify-caller>true</ss:notify-caller>"
-       "\n<ss:reveal-identity-to-caller>false</ss:reveal-identity-to-caller>"
-       "\n<ss:reveal-served-user-identity-to-caller>not-reveal-GRUU"
-       "</ss:reveal-served-user-identity-to-caller>"
-       "\n<ss:notify-served-user>true</ss:notify-served-user>"
-       "\n<ss:notify-served-user-on-outbound-call>false</ss:notify-served-user-on-outbound-call>"
-       "\n<ss:reveal-identity-to-target>true</ss:reveal-identity-to-target></ss:forward-to>",
-       "\n<ss:forward-to></ss:forward-to>"},
-      {"<forward-to><notify-caller>true</notify-caller><notify-caller>yes</notify-caller>"
-       "<notify-served-user>TRUE</notify-served-user><reveal-identity-to-caller>true-ish"
-       "</reveal-identity-to-caller><reveal-identity-to-target>true</reveal-identity-to-target>"
-       "<reveal-identity-to-target>TRUE</reveal-identity-to-target></forward-to>",
-       "\n<ss:forward-to>\n<ss:notify-caller>true</ss:notify-caller>"
-       "\n<ss:reveal-identity-to-caller>true</ss:reveal-identity-to-caller></ss:forward-to>",
-       "\n<ss:forward-to></ss:forward-to>"},
-  };
-  Schema barring(XML_SCHEMA_COMMUNICATION_BARRING);
-  for (const auto& test : kCases) {
-    const std::string in = "<cp:actions>" + std::string(test.in) + "</cp:actions>";
-    EXPECT_EQ(InRule(in), "\n<cp:actions>" + std::string(test.diversion) + "</cp:actions>") << in;
-    EXPECT_EQ(barring.RoundTrip("<incoming-communication-barring>" + kRule + in + kRuleEnd +
-                                "</incoming-communication-barring>"),
-              "<ss:incoming-communication-barring  active=\"false\">" + kRuleOut +
-                  "\n<cp:actions>" + test.barring + "</cp:actions>" + kRuleEnd +
-                  "</ss:incoming-communication-barring>")
-        << in;
-  }
-}
-
-TEST(CommonPolicy, RulesGoOnBehindConditionsThatFail) {
-  LogCapture log;
-  const struct {
-    const char* in;
-    const char* out;
-    const char* line;
-  } kCases[] = {
-      {"<cp:identity/>", "\n<cp:identity>",
-       "<XML Module>: Identity element - m_OneListCount: 0, m_ManyListCount: 0"},
-      {"<cp:identity><cp:one id='1'/><cp:one/></cp:identity>",
-       "\n<cp:identity>\n<cp:one  id=\"1\"/>",
-       "<XML Module>: One element's - Id attribute is mandatory"},
-      {"<cp:sphere/>", "", "<XML Module>: Sphere element's - Value attribute is mandatory"},
-      {"<cp:validity><cp:from>1</cp:from><cp:until>2</cp:until><cp:from>3</cp:from></cp:validity>",
-       "\n<cp:validity>",
-       "<XML Module>: Validity element - m_fromListCount: 2, m_untilListCount: 1"},
-      {"<cp:validity/>", "\n<cp:validity>",
-       "<XML Module>: Validity element - m_fromListCount: 0, m_untilListCount: 0"},
-  };
-  const std::string actions = "<cp:actions><busy/></cp:actions>";
-  for (const auto& test : kCases) {
-    log.Clear();
-    EXPECT_EQ(
-        InRule("<cp:conditions>" + std::string(test.in) + "<busy/></cp:conditions>" + actions),
-        "\n<cp:conditions>" + std::string(test.out) + "\n<cp:actions>\n<ss:busy/></cp:actions>");
-    EXPECT_EQ(log.Texts(4), std::vector<std::string>{test.line});
-  }
-  // Transformations are kept and written empty; of two conditions the later stands.
-  EXPECT_EQ(InRule("<cp:transformations a='b'><busy/></cp:transformations><cp:conditions><busy/>"
-                   "</cp:conditions><busy/><cp:conditions/>"),
-            "\n<cp:conditions></cp:conditions>"
-            "\n<cp:transformations></cp:transformations>");
-  EXPECT_TRUE(log.Has("<XML Module>: AddTransformationsElementToXml"));
-  // A rule without an id cuts the rule set short, and nothing else.
-  log.Clear();
-  EXPECT_EQ(
-      Schema(XML_SCHEMA_COMMUNICATION_DIVERSION)
-          .RoundTrip(kDiversion +
-                     "<cp:ruleset><cp:rule id='a'/><cp:rule><cp:actions/>"
-                     "</cp:rule><cp:rule id='b'/></cp:ruleset>" +
-                     kDiversionEnd),
-      kDiversionOut + "\n<cp:ruleset>\n<cp:rule  id=\"a\"></cp:rule>\n<cp:rule " + kDiversionEnd);
-  EXPECT_EQ(log.Texts(4),
-            (std::vector<std::string>{"<XML Module>: AddRuleElementToXml Rule ID mandatory",
-                                      "<XML Module>: AddRuleSetElementToXml Rule ID mandatory"}));
-  for (const CapturedLine& line : log.Lines()) {
-    EXPECT_TRUE(line.level != 4 || line.file == "src/XMLCommunicationDiversion") << line.text;
-  }
-}
-
-TEST(Services, ActiveTimerAndExtras) {
-  const struct {
-    eXMLSchemaID schema;
-    const char* in;
-    const char* out;
-  } kCases[] = {
-      {XML_SCHEMA_COMMUNICATION_DIVERSION, "<communication-diversion/>",
-       "<ss:communication-diversion  active=\"false\"></ss:communication-diversion>"},
-      {XML_SCHEMA_COMMUNICATION_DIVERSION,
-       "<?xml version='1.0'?>\r\n<ss:communication-diversion xmlns:ss='u' active='yes' b='\"'"
-       " a='1' b='2'>\r\n<!-- c --><NoReplyTimer>\r\n "
-       "20s</NoReplyTimer></ss:communication-diversion>",
-       "<ss:communication-diversion  xmlns:ss=\"u\"  b=\"&quot;\"  a=\"1\"  active=\"false\">"
-       "\n<ss:NoReplyTimer>20</ss:NoReplyTimer></ss:communication-diversion>"},
-      {XML_SCHEMA_COMMUNICATION_DIVERSION,
-       "<communication-diversion active='true'><NoReplyTimer>5</NoReplyTimer><NoReplyTimer>181"
-       "</NoReplyTimer><NoReplyTimer><x/>180</NoReplyTimer></communication-diversion>",
-       "<ss:communication-diversion  active=\"true\">\n<ss:NoReplyTimer>180</ss:NoReplyTimer>"
-       "</ss:communication-diversion>"},
-      {XML_SCHEMA_COMMUNICATION_DIVERSION,
-       "<communication-diversion><NoReplyTimer>4</NoReplyTimer></communication-diversion>",
-       "<ss:communication-diversion  active=\"false\">\n<ss:NoReplyTimer>0</ss:NoReplyTimer>"
-       "</ss:communication-diversion>"},
-      {XML_SCHEMA_COMMUNICATION_BARRING,
-       "<incoming-communication-barring active='true' active='yes' a='b'/>",
-       "<ss:incoming-communication-barring  a=\"b\"  active=\"false\">"
-       "</ss:incoming-communication-barring>"},
-      {XML_SCHEMA_COMMUNICATION_BARRING,
-       "<outgoing-communication-barring active='true' active='yes'><cp:ruleset/>"
-       "</outgoing-communication-barring>",
-       "<ss:outgoing-communication-barring  active=\"true\">\n<cp:ruleset></cp:ruleset>"
-       "</ss:outgoing-communication-barring>"},
-      {XML_SCHEMA_COMMUNICATION_BARRING,
-       "<outgoing-communication-barring active='true' active='false'/>",
-       "<ss:outgoing-communication-barring  active=\"false\"></ss:outgoing-communication-barring>"},
-      {XML_SCHEMA_COMMUNICATION_WAITING, "<communication-waiting x='y' active='true'/>",
-       "<ss:communication-waiting  x=\"y\"  active=\"true\"/>"},
-      {XML_SCHEMA_COMMUNICATION_WAITING,
-       "<communication-waiting active='true' active='no'><x>t</x></communication-waiting>",
-       "<ss:communication-waiting  active=\"false\"/>"},
-      {XML_SCHEMA_TIP, "<terminating-identity-presentation active='1'/>",
-       "<ss:terminating-identity-presentation  active=\"false\"/>"},
-      {XML_SCHEMA_OIP, "<originating-identity-presentation-restriction active='true'/>", "(null)"},
-      {XML_SCHEMA_TIP, "<y:terminating-identity-presentation active='true'/>", "(null)"},
-  };
-  for (const auto& test : kCases) {
-    EXPECT_EQ(Schema(test.schema).RoundTrip(test.in), test.out) << test.in;
-  }
-}
 
 // A marshaller that had no memory for its namespaces has it when there is some again.
 TEST(Services, MarshallersRecover) {
@@ -272,10 +58,10 @@ TEST(Services, FragmentsAreWrittenAlone) {
   target->setNotifyServedUserValue(-1);
   target->setRevealIdentityToTargetValue(ZT_REVEAL_NOT_REVEAL_GRUU);
   rule->getActionsValue()->addElement(target);
-  EXPECT_EQ(diversion.Write(target),
-            "<ss:forward-to>\n<ss:notify-caller>false</ss:notify-caller>"
-            "\n<ss:reveal-identity-to-target>not-reveal-GRUU</ss:reveal-identity-to-target>"
-            "</ss:forward-to>");
+  EXPECT_SAME(diversion.Write(target),
+              "<ss:forward-to>\n<ss:notify-caller>false</ss:notify-caller>"
+              "\n<ss:reveal-identity-to-target>not-reveal-GRUU</ss:reveal-identity-to-target>"
+              "</ss:forward-to>");
   rule->setConditionsValue(factory.CreateConditionsTypeElement());
   zt_empty_element_type* flag = factory.CreateEmptyTypeElement();
   rule->getConditionsValue()->addAny(flag);
@@ -287,8 +73,8 @@ TEST(Services, FragmentsAreWrittenAlone) {
       "Communication_diversionMarshaller::AddEmptyElementtoXml: Received empty element is NULL"));
   EXPECT_EQ(diversion.Write(flag), "(null)");
   flag->setPresentValue(1);  // still without a name
-  EXPECT_EQ(diversion.Write(rule->getConditionsValue()),
-            "<cp:conditions>\n<ss:media> </ss:media></cp:conditions>");
+  EXPECT_SAME(diversion.Write(rule->getConditionsValue()),
+              "<cp:conditions>\n<ss:media> </ss:media></cp:conditions>");
   const char* absent =
       "Communication_diversionMarshaller::AddEmptyElementtoXml: Received empty present false";
   EXPECT_EQ(log.Count(absent), 2);
@@ -301,10 +87,10 @@ TEST(Services, FragmentsAreWrittenAlone) {
   }
   validity->getFromListValue()->Add(nullptr);
   validity->addUntil(zt_xml_common_methods::CreateString("c"));
-  EXPECT_EQ(diversion.Write(rule->getConditionsValue()),
-            "<cp:conditions>\n<cp:validity>\n<cp:from>a</cp:from>\n<cp:until>b</cp:until>"
-            "\n<cp:from></cp:from>\n<cp:until>b</cp:until></cp:validity>"
-            "\n<ss:media> </ss:media></cp:conditions>");
+  EXPECT_SAME(diversion.Write(rule->getConditionsValue()),
+              "<cp:conditions>\n<cp:validity>\n<cp:from>a</cp:from>\n<cp:until>b</cp:until>"
+              "\n<cp:from></cp:from>\n<cp:until>b</cp:until></cp:validity>"
+              "\n<ss:media> </ss:media></cp:conditions>");
   const std::string longName(120, 'n');
   flag->setValue(longName.c_str());
   EXPECT_EQ(diversion.Write(flag), "<ss:" + longName.substr(0, 98) + "/>");
@@ -317,8 +103,8 @@ TEST(Services, FragmentsAreWrittenAlone) {
   flag->setValue(nullptr);
   EXPECT_EQ(barring.Write(flag), "(null)");
   EXPECT_TRUE(log.Has("Communication_barringMarshaller::AddEmptyElementtoXml: Received empty p"));
-  EXPECT_EQ(barring.Write(rule->getActionsValue()),
-            "<cp:actions>\n<ss:forward-to></ss:forward-to></cp:actions>");
+  EXPECT_SAME(barring.Write(rule->getActionsValue()),
+              "<cp:actions>\n<ss:forward-to></ss:forward-to></cp:actions>");
   EXPECT_TRUE(log.Has("Communication_barringMarshaller: AddActionsElementToXml"));
   EXPECT_EQ(barring.Write(root.get()), "(null)");
 }

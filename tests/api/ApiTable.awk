@@ -1,7 +1,7 @@
 # Reads the public headers and prints one that lists what callers build trees with:
 # ZT_API_ELEMENTS(DO): DO(class); ZT_API_HEADERS(DO): DO(class, "header");
 # ZT_API_FACTORIES(DO): DO(factory, method); ZT_API_SETTERS(DO): DO(class, method);
-# ZT_API_STEPS(DO): DO(marshaller, method).
+# ZT_API_GETTERS(DO): DO(class, method); ZT_API_STEPS(DO): DO(marshaller, method).
 FNR == 1 { name = FILENAME; sub(/.*\//, "", name); print "#include \"" name "\"" }
 /^namespace [A-Za-z]+ \{/ { space = $2 "::" }
 /^}/ && class == "" { space = "" }
@@ -9,8 +9,12 @@ FNR == 1 { name = FILENAME; sub(/.*\//, "", name); print "#include \"" name "\""
   class = space $3
   while (!/[{;]/) { line = $0; getline; $0 = line $0 }
   factory = /XMLObjectFactory|DataBinder :/
-  if (/Zt(Extensible|KeepsElements)</) { Setter("addAnyElement"); Setter("setAnyElementValue") }
-  if (/ZtExtensible</) { Setter("addAnyAttribute"); Setter("setAnyAttributeValue") }
+  if (/Zt(Extensible|KeepsElements)</) {
+    Setter("addAnyElement"); Setter("setAnyElementValue"); Getter("getAnyElementValue")
+  }
+  if (/ZtExtensible</) {
+    Setter("addAnyAttribute"); Setter("setAnyAttributeValue"); Getter("getAnyAttributeValue")
+  }
   open = 0
 }
 /^};/ { class = "" }
@@ -21,6 +25,10 @@ class == "" || !open { next }
   headers = headers " \\\n  DO(" class ", \"" name "\")"
 }
 /^  int (set|add)[A-Za-z0-9_]*\(/ { Setter(Method()) }
+/^  [^(]* get[A-Za-z0-9_]*\(\)/ && !/static/ {
+  match($0, / get[A-Za-z0-9_]*\(/)
+  Getter(substr($0, RSTART + 1, RLENGTH - 2))
+}
 # A list is no element.
 factory && !/ZtSingleElementList/ && /^  [A-Za-z0-9_:]+\* Create[A-Za-z0-9_]*\(/ {
   factories = factories " \\\n  DO(" class ", " Method() ")"
@@ -34,8 +42,10 @@ END {
   print "#define ZT_API_HEADERS(DO)" headers
   print "#define ZT_API_FACTORIES(DO)" factories
   print "#define ZT_API_SETTERS(DO)" setters
+  print "#define ZT_API_GETTERS(DO)" getters
   print "#define ZT_API_STEPS(DO)" steps
 }
 
 function Method() { return substr($2, 1, index($2, "(") - 1) }
 function Setter(method) { setters = setters " \\\n  DO(" class ", " method ")" }
+function Getter(method) { getters = getters " \\\n  DO(" class ", " method ")" }
