@@ -55,6 +55,30 @@ TEST(Hooks, TimesWithoutAText) {
   EXPECT_STREQ(EntryOf<zt_string>(validity.getUntilListValue(), 0)->getValue(), "u");
 }
 
+// A flag that is present and has no name is written as nothing, but for a rule's, which needs one.
+TEST(Hooks, FlagsWithoutAName) {
+  zt_empty_element_type flag;
+  flag.setPresentValue(1);
+  const LogCapture log(3);
+  EXPECT_EQ(MediaControlMarshaller().AddEmptyElementToXml(&flag), 1);
+  EXPECT_EQ(CallWaitingIndicationMarshaller().AddCallWaitingIndicationElementToXml(&flag), 1);
+  EXPECT_TRUE(log.Texts().empty());
+  EXPECT_EQ(Communication_diversionMarshaller().AddEmptyElementtoXml(&flag), 0);
+  CallWaitingIndicationDataBinder make;
+  const Tree<XMLElement> root(make.CreateRootElement());
+  auto* service = make.CreateAlternativeServiceElement();
+  auto* action = make.CreateActionElement();
+  zt_empty_element_type* nameless = make.CreateCallWaitingIndicationElement();
+  nameless->setValue(nullptr);
+  nameless->setPresentValue(1);
+  action->setCallWaitingIndicationValue(nameless);
+  service->setActionValue(action);
+  static_cast<zt_3gpp_ims*>(root.get())->setAlternativeServiceValue(service);
+  EXPECT_SAME(Schema(XML_SCHEMA_CALL_WAITING_INDICATION).Write(root.get()),
+              Document("<3gpp-ims><alternative-service><action></action></alternative-service>"
+                       "</3gpp-ims>"));
+}
+
 // A blank before the equals sign is part of an attribute's name: what keeps others keeps it.
 TEST(Hooks, BlanksBeforeTheEqualsSign) {
   Schema lists(XML_SCHEMA_RESOURCE_LISTS);
