@@ -200,6 +200,8 @@ expect 3 "log 1 src/XMLReginfo" "$ztxml" roundtrip - --log 1 <<<'<reginfo versio
 printf '<pub-gruu uri="%040000d"/>' 0 >"$work/long.xml"
 expect 3 "output cut at 32767 characters" "$ztxml" roundtrip "$work/long.xml"
 [[ "$(wc -c <"$work/out")" -eq 32767 ]] || fail "long document: $(wc -c <"$work/out") bytes"
+expect 3 "output cut" "$ztxml" roundtrip "$work/long.xml" "$documents/reginfo.xml"
+[[ "$(wc -l <"$work/err")" -eq 1 ]] || fail "another one is called cut: $(cat "$work/err")"
 
 # ---- Well-formedness and namespaces -------------------------------------------------------------
 # judged STATUS LINE TEXT: how the line begins with which "check" begins for a document.

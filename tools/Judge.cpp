@@ -206,6 +206,9 @@ class WellFormedness {
         return {QuoteShort(UpTo(m_Text, at, ";")) + " is no character that XML allows", at};
       case XML_ERROR_MISPLACED_XML_PI:
         return {"an XML declaration that is not at the very beginning", at};
+      case XML_ERROR_SYNTAX:
+        if (m_bRooted) break;
+        return {"text before the root element", at};
       case XML_ERROR_XML_DECL:
         return {"the XML declaration is malformed", at};
       case XML_ERROR_UNKNOWN_ENCODING:
@@ -214,8 +217,9 @@ class WellFormedness {
         return {"the encoding " + QuoteShort(UpTo(m_Text, at, "\"'")) + " is not that of the text",
                 at};
       default:
-        return {XML_ErrorString(code), at};
+        break;
     }
+    return {XML_ErrorString(code), at};
   }
 
   // Without a document type there are five.
@@ -295,7 +299,9 @@ class NamespaceCheck {
       : m_Text(text), m_Parser(Own(XML_ParserCreateNS(nullptr, kSeparator), this)) {
     XML_SetNamespaceDeclHandler(m_Parser.get(), OnBound, OnEnded);
     std::string around = "<scope";
-    for (const auto& [prefix, uri] : scope) around += " xmlns:" + prefix + "='" + uri + '\'';
+    for (const auto& [prefix, uri] : scope) {
+      around.append(" xmlns:").append(prefix).append("='").append(uri).append("'");
+    }
     around += '>';
     if (Parse(m_Parser, text.substr(0, root), false) && Parse(m_Parser, around, false) &&
         Parse(m_Parser, text.substr(root), false) && Parse(m_Parser, "</scope>", true)) {
@@ -399,10 +405,9 @@ Verdict Judge(const Document& document, const Scope& scope) {
 
 Scope ScopeAround(const XMLSchemaInfo& schema) {
   const XMLSchemaInfo& whole = *XMLFactory::getSchemaInfo(XML_SCHEMA_SIMSERVS);
-  if (schema.id == whole.id || !schema.nameSpace ||
-      std::strcmp(schema.nameSpace, whole.nameSpace)) {
-    return {};
-  }
+  const bool isService = schema.id != whole.id && schema.nameSpace &&
+                         std::strcmp(schema.nameSpace, whole.nameSpace) == 0;
+  if (!isService) return {};
   return {{ZtName(XML_STR_SS), ZtName(XML_STR_HTTP_URI_ETSI_ORG_NGN_PARAMS_XML_SIMSERVS_XCAP)},
           {ZtName(XML_STR_CP), ZtName(XML_STR_URN_IETF_PARAMS_XML_NS_COMMON_POLICY)},
           {ZtName(XML_STR_OCP), ZtName(XML_STR_URN_OMA_XML_XDM_COMMON_POLICY)}};
