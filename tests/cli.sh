@@ -51,9 +51,12 @@ for document in "$documents"/*.xml; do
     expect 3 "is only read" "$ztxml" roundtrip "$document"
     continue
   fi
-  expect 0 "" "$ztxml" roundtrip "$document"
+  # The root of one has a name that XML does not allow.
+  note=""
+  [[ "$document" == */call-waiting-indication.xml ]] && note='XML does not allow the name "3gpp-ims"'
+  expect 0 "$note" "$ztxml" roundtrip "$document"
   mv "$work/out" "$work/once.xml"
-  expect 0 "" "$ztxml" roundtrip - <"$work/once.xml"
+  expect 0 "$note" "$ztxml" roundtrip - <"$work/once.xml"
   cmp "$work/once.xml" "$work/out" || fail "$document: no fixed point"
   # Every value that is written is shown; words are shown one by one.
   "$ztxml" events "$work/once.xml" |
@@ -80,7 +83,7 @@ done
 # ---- Showing and comparing ----------------------------------------------------------------------
 expect 0 "" "$ztxml" show "$documents"/*.xml
 expect 0 "" "$ztxml" check "$documents"/*.xml
-[[ "$(tail -n 1 "$work/out")" == "documents: $(ls "$documents"/*.xml | wc -l) ok, 0 refused" ]] ||
+[[ "$(tail -n 1 "$work/out")" == "documents: $(ls "$documents"/*.xml | wc -l) ok, 0 refused, 0 faulty" ]] ||
   fail "check: $(tail -n 1 "$work/out")"
 expect 0 "" "$ztxml" check --quiet "$documents"/*.xml
 prints ''
@@ -152,7 +155,7 @@ prints "$work/multipart.txt (body 1): ok, List
 $work/multipart.txt (body 2): ok, Gruu
 $work/multipart.txt (body 3):$line:1: parser: incomplete: the element \"imdn\" is not closed
 $work/notify.txt: ok, Reginfo
-documents: 3 ok, 1 refused"
+documents: 3 ok, 1 refused, 0 faulty"
 # refused MESSAGE TEXT: how a capture, and a document, that is refused is told; line breaks as \n.
 refused() { expect 1 "$1" "$ztxml" roundtrip - < <(printf "$2"); }
 refused ':2:1: capture: not a header: "bad"' 'c: a/xml\nbad\n\n<a/>'
@@ -176,12 +179,15 @@ expect 1 "(standard input):1:4: parser: not well formed" "$ztxml" events - <<<'<
 expect 1 "(standard input):1:1: parser: incomplete" "$ztxml" namespaces - <<<'<a><b></b>'
 refused ':3:2: parser: not well formed: the end tag "</b>" where "</c>" is expected (opened at 2:3)' \
   '<a>\n\303\251 <c\n></b></a>'
-refused ':2:1: parser: not well formed: a document type' '\n<!DOCTYPE a>\n<a></a>'
-refused ':1:4: parser: not well formed: the tag "<b c=1>"' '<a><b c=1></a>'
+refused ':1:9: parser: not well formed: unexpected "1" in the tag "<b c=1>"' '<a><b c=1></a>'
+refused ':2:4: parser: cannot be read: the end tag "</d>" where "</c>"' '<a b="1&2">\n<c></d></a>'
+refused ':1:2: parser: incomplete: a NUL byte' '<\0a\0'
 refused ':1:4: parser: incomplete: the tag "<b" is not closed' '<a><b'
 refused ':1:22: schema decoder: refused by the schema Reginfo at the tag "< /a>"' \
   '<reginfo version="0">< /a><//a></reginfo>'
 refused ':1:1: schema decoder: refused by the schema Simservs: the root' '<x:simservs xmlns:x="urn:x"/>'
+refused ':1:1: root element: "ic:isComposing" is not "isComposing": the schema IsComposing compares names whole' \
+  '<ic:isComposing xmlns:ic="urn:ietf:params:xml:ns:im-iscomposing"/>'
 expect 1 'root element: no schema has the root element "a"' "$ztxml" roundtrip "$work/small.xml"
 expect 1 'root element: "a" is not' "$ztxml" roundtrip --schema gruu "$work/small.xml"
 expect 2 "unknown schema 'nope'" "$ztxml" roundtrip --schema nope "$work/small.xml"
@@ -191,11 +197,78 @@ expect 2 "no such command: shwo" "$ztxml" shwo "$work/small.xml"
 expect 3 "is only read" "$ztxml" roundtrip --schema 27 "$work/small.xml"
 expect 3 "lacks something required" "$ztxml" roundtrip - <<<'<reginfo version="1"/>'
 expect 3 "log 1 src/XMLReginfo" "$ztxml" roundtrip - --log 1 <<<'<reginfo version="1"/>'
-expect 3 "output not well formed" "$ztxml" roundtrip - \
-  <<<'<communication-diversion><cp:ruleset><cp:rule/></cp:ruleset></communication-diversion>'
 printf '<pub-gruu uri="%040000d"/>' 0 >"$work/long.xml"
 expect 3 "output cut at 32767 characters" "$ztxml" roundtrip "$work/long.xml"
 [[ "$(wc -c <"$work/out")" -eq 32767 ]] || fail "long document: $(wc -c <"$work/out") bytes"
+expect 3 "output cut" "$ztxml" roundtrip "$work/long.xml" "$documents/reginfo.xml"
+[[ "$(wc -l <"$work/err")" -eq 1 ]] || fail "another one is called cut: $(cat "$work/err")"
+
+# ---- Well-formedness and namespaces -------------------------------------------------------------
+# judged STATUS LINE TEXT: how the line begins with which "check" begins for a document.
+judged() {
+  local got=0
+  printf "$3" | "$ztxml" check - >"$work/out" || got=$?
+  [[ "$got" == "$1" && "$(head -n 1 "$work/out")" == "(standard input)$2"* ]] ||
+    fail "check of '$3': $got, $(cat "$work/out")"
+}
+# inside STATUS LINE TEXT: what it says when TEXT is inside a registration-information document, on
+# its second line.
+inside() { judged "$1" "$2" "<reginfo version=\"0\" state=\"full\">\\n$3</reginfo>"; }
+# Read although XML forbids it.
+inside 1 ':2:13: well-formedness: a raw "&" in the attribute value that begins at 2:6' '<x n="&amp; & c"/>'
+inside 1 ':2:8: well-formedness: a raw "<" in the attribute value that begins at 2:6' '<x n="a<b"/>'
+inside 1 ':2:6: well-formedness: a raw "&"' '<x>\303\244 & b</x>'
+inside 1 ':2:4: well-formedness: the entity "nbsp" is not declared' '<x>&nbsp;</x>'
+inside 1 ':2:4: well-formedness: "&#0" is no character that XML allows' '<x>&#0;</x>'
+inside 1 ':2:4: well-formedness: the character "\x01", which XML does not allow' '<x>\001</x>'
+inside 1 ':2:4: well-formedness: not UTF-8: the byte "\xe4"' '<x>\344</x>'
+inside 1 ':2:10: well-formedness: a second attribute "n"' '<x n="1" n="2"/>'
+inside 1 ':2:8: well-formedness: "--" inside a comment' '<!-- a -- b -->'
+inside 1 ':2:4: well-formedness: "]]>" outside a CDATA section' '<x>]]></x>'
+inside 1 ':2:28: namespaces: the prefix "q" is not bound' '<x xmlns:p="u" p:n="&gt;"><q:x/></x>'
+inside 1 ':2:20: namespaces: the prefix "q" is not bound' '<p:x xmlns:p = "u" q:n="1"/>'
+inside 1 ':2:1: namespaces: two attributes with one name in one namespace' \
+  '<x xmlns:p="u" xmlns:q="u" p:n="" q:n=""/>'
+inside 1 ':2:2: namespaces: the name ":x"' '<:x/>'
+judged 1 ':2:1: well-formedness: something after the root element' '<reginfo version="0"></reginfo>\n<x/>'
+judged 1 ':1:1: well-formedness: text before the root element' 'a<reginfo version="0"></reginfo>'
+judged 1 ':1:32: well-formedness: a NUL byte' '<reginfo version="0"></reginfo>\0'
+# XML that the library's parser does not support.
+inside 1 ':2:9: parser: not supported: a ">" in an attribute value' '<x n="a > b"/>'
+inside 1 ':2:8: parser: not supported: a ">" in a comment' '<!-- a > b -->'
+inside 1 ':2:4: parser: not supported: a CDATA section' '<x><![CDATA[<y>]]></x>'
+inside 1 ':2:1: parser: not supported, and read wrongly: a CDATA section' '<![CDATA[<y/>]]>'
+inside 1 ':2:1: parser: not supported: a processing instruction inside the root element' '<?x y?>'
+inside 1 ':2:4: parser: not supported: white space in the end tag "</x >"' '<x></x >'
+judged 1 ':2:1: parser: not supported: a document type' '\n<!DOCTYPE a [<!ENTITY b "c">]>\n<a>&b;</a>'
+judged 1 ':1:1: parser: not supported: UTF-16' '\377\376<\0a\0'
+# Nothing is wrong: references, a byte order mark, what comes after the root, another encoding.
+inside 0 ': ok, Reginfo' '<x n="&amp;&#228;"/>'
+judged 0 ': ok, Reginfo' '\357\273\277<reginfo version="0"></reginfo><!-- a > b --><?x y?>'
+latin='<?xml version="1.0" encoding="ISO-8859-1"?><reginfo version="0" state="full"><registration aor="\344" id="1" state="active"/></reginfo>'
+judged 0 ': ok, Reginfo' "$latin"
+judged 0 ': ok, CallWaitingIndication (XML does not allow the name "3gpp-ims"' '<3gpp-ims/>'
+# A refusal and a fault elsewhere are two lines.
+judged 1 ':1:1: root element: no schema has the root element "a" (see: ztxml schemas)' '<a><b:c/></a>'
+grep -qxF '(standard input):1:5: namespaces: the prefix "b" is not bound' "$work/out" || fail "$(cat "$work/out")"
+
+# written STATUS MESSAGE TEXT: how roundtrip ends and what it says.
+written() { expect "$1" "$2" "$ztxml" roundtrip - < <(printf "$3"); }
+aor() { echo "<reginfo version=\"0\" state=\"full\"><registration aor=\"$1\" id=\"1\" state=\"active\"/></reginfo>"; }
+written 3 '(output):3:22: well-formedness: a raw "&" in the attribute value that begins at 3:20; references' "$(aor 'b&amp;c')"
+written 3 '(output):3:21: well-formedness: not UTF-8: the byte "\xe4"' "$latin"
+written 0 ':1:2: namespaces: the prefix "x" is not bound' '<x:reginfo version="0" state="full"/>'
+service() { echo "<communication-diversion><$1:ruleset $2><$1:rule $3/></$1:ruleset></communication-diversion>"; }
+# The prefixes of services are for the document around them to bind, unless their own did.
+written 0 "" "$(service cp '' 'id="a"')"
+judged 0 ': ok, CommunicationDiversion (the prefix "cp" is not bound: that is for the document around the service)' \
+  "$(service cp '' 'id="a"')"
+for prefix in cp p; do
+  written 3 "(output):2:2: namespaces: the prefix \"$prefix\" is not bound; its declaration is not kept" \
+    "$(service "$prefix" "xmlns:$prefix='urn:ietf:params:xml:ns:common-policy'" 'id="a"')"
+done
+written 3 '(output):3:10: well-formedness: unexpected "<" in the tag "<cp:rule </ss:communication-diversion>"; something required is missing: "<XML Module>: AddRuleElementToXml Rule ID mandatory"' \
+  "$(service cp '' '')"
 
 # ---- Completion ---------------------------------------------------------------------------------
 # completes EXPECTED WORD...: what is offered for the last word.

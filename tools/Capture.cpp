@@ -11,13 +11,6 @@ namespace {
 constexpr int kMostNesting = 8;
 constexpr std::size_t kMostBoundary = 70;  // RFC 2046, 5.1.1
 
-bool StartsWith(std::string_view text, std::string_view begin) {
-  return text.substr(0, begin.size()) == begin;
-}
-bool EndsWith(std::string_view text, std::string_view end) {
-  return text.size() >= end.size() && text.substr(text.size() - end.size()) == end;
-}
-
 // Cuts the next line off `text`, and its end (LF or CRLF) off the line.
 std::string_view NextLine(std::string_view& text) {
   const std::size_t end = text.find('\n');
@@ -284,7 +277,8 @@ class Reader {
     const std::string_view passed(m_Capture.text);
     m_Position = PositionBehind(passed.substr(m_iCounted, offset - m_iCounted), m_Position);
     m_iCounted = offset;
-    m_Bodies.push_back({m_Capture.name, std::string(text), type, m_Position});
+    const bool cut = m_Capture.cut && offset + text.size() == m_Capture.text.size();
+    m_Bodies.push_back({m_Capture.name, std::string(text), type, m_Position, cut});
   }
 
   const Document& m_Capture;

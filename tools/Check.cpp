@@ -1,10 +1,11 @@
-// ztxml check: reads many documents and tells which are refused.
+// ztxml check: reads many documents and tells which are refused or faulty.
 #include <chrono>
 #include <iostream>
 #include <string>
 #include <unistd.h>
 
 #include "Commands.h"
+#include "Judge.h"
 #include "Read.h"
 #include "Text.h"
 
@@ -65,22 +66,43 @@ class Checker {
   }
   int Summary() {
     m_Progress.Clear();
-    if (!m_bQuiet || m_iRefused) {
-      std::cout << "documents: " << m_iRead << " ok, " << m_iRefused << " refused\n";
+    if (!m_bQuiet || m_iRefused || m_iFaulty) {
+      std::cout << "documents: " << m_iSound << " ok, " << m_iRefused << " refused, " << m_iFaulty
+                << " faulty\n";
     }
-    return m_iRefused ? kCannotRead : kDone;
+    return m_iRefused || m_iFaulty ? kCannotRead : kDone;
   }
 
  private:
   void CheckDocument(const Document& document) {
     Tree tree;
     Failure failure;
-    if (!ReadTree(document, m_pSchema, tree, failure)) return Refuse(document.name, failure);
-    ++m_iRead;
-    if (!m_bQuiet) std::cout << Escape(document.name) << ": ok, " << tree.schema->name << '\n';
+    const bool read = ReadTree(document, m_pSchema, tree, failure);
+    if (!read) Refuse(document.name, failure);
+    const Verdict verdict = Judge(document, read ? ScopeAround(*tree.schema) : Scope());
+    Failure fault;
+    if (!FindFault(document, verdict, fault)) {
+      if (read) Accept(document, *tree.schema, verdict);
+    } else if (read || !(fault.at == failure.at)) {
+      m_iFaulty += read;
+      Print(document.name, fault);
+    }
+  }
+  void Accept(const Document& document, const XMLSchemaInfo& schema, const Verdict& verdict) {
+    ++m_iSound;
+    if (m_bQuiet) return;
+    std::cout << Escape(document.name) << ": ok, " << schema.name;
+    if (!verdict.oddRoot.empty()) std::cout << " (" << OddRoot(verdict.oddRoot) << ')';
+    if (const Fault unbound = Judge(document).unbound) {
+      std::cout << " (" << unbound.what << ": that is for the document around the service)";
+    }
+    std::cout << '\n';
   }
   void Refuse(const std::string& name, const Failure& failure) {
     ++m_iRefused;
+    Print(name, failure);
+  }
+  void Print(const std::string& name, const Failure& failure) {
     m_Progress.Clear();
     std::cout << Describe(name, failure) << '\n';
   }
@@ -89,8 +111,9 @@ class Checker {
   bool m_bQuiet;
   ProgressBar m_Progress;
   std::size_t m_iFiles = 0;
-  std::size_t m_iRead = 0;
+  std::size_t m_iSound = 0;
   std::size_t m_iRefused = 0;
+  std::size_t m_iFaulty = 0;  // read, but not what XML makes of them
 };
 
 }  // namespace

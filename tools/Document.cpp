@@ -25,19 +25,25 @@ const char* WhyNotOpened(const std::string& path) {
 }
 
 // Null, or why there is no text.
-const char* ReadFile(const std::string& path, std::string& text) {
+const char* ReadFile(const std::string& path, Document& document) {
   XMLFile file(path.c_str(), XML_FILE_READ);
   if (!file.OpenFile()) return WhyNotOpened(path);
   const char* read = file.Read();
-  if (read) text = read;
+  if (read) document.text = read;
   file.CloseFile();
+  std::error_code error;
+  const auto size = std::filesystem::file_size(path, error);
+  document.cut = !error && size > document.text.size();
   return read ? nullptr : "empty, or cannot be read whole";
 }
 
-const char* ReadStandardInput(std::string& text) {
+const char* ReadStandardInput(Document& document) {
+  std::string& text = document.text;
   text.assign(std::istreambuf_iterator<char>(std::cin), {});
   if (std::cin.bad() || text.size() >= INT_MAX) return "cannot be read whole";
-  text.resize(std::strlen(text.c_str()));
+  const std::size_t size = std::strlen(text.c_str());
+  document.cut = size < text.size();
+  text.resize(size);
   return nullptr;
 }
 
@@ -69,9 +75,13 @@ void Complain(const std::string& name, const std::string& message) {
   std::cerr << "ztxml: " << Escape(name) << ": " << message << '\n';
 }
 
-int Refuse(const std::string& name, const Failure& failure) {
+void Report(const std::string& name, const Failure& failure) {
   std::cout.flush();
   std::cerr << "ztxml: " << Describe(name, failure) << '\n';
+}
+
+int Refuse(const std::string& name, const Failure& failure) {
+  Report(name, failure);
   return kCannotRead;
 }
 
@@ -80,7 +90,7 @@ std::string NameOfInput(const std::string& path) { return path == "-" ? "(standa
 bool ReadDocuments(const std::string& path, std::vector<Document>& documents, Failure& failure) {
   Document document;
   document.name = NameOfInput(path);
-  const char* why = path == "-" ? ReadStandardInput(document.text) : ReadFile(path, document.text);
+  const char* why = path == "-" ? ReadStandardInput(document) : ReadFile(path, document);
   if (!why && document.text.empty()) why = "empty";
   if (why) {
     failure = {"file", why};

@@ -18,6 +18,10 @@ enum ExitStatus : int {
 struct Position {
   std::size_t line = 0;
   std::size_t column = 0;
+
+  bool operator==(const Position& other) const {
+    return line == other.line && column == other.column;
+  }
 };
 
 /// The place behind `passed`, which begins at `start`.
@@ -31,6 +35,7 @@ struct Document {
   std::string text;         ///< without NUL bytes: one ends the document
   std::string contentType;  ///< lower case, "" when nothing tells
   Position start = {1, 1};  ///< of the text in its file
+  bool cut = false;         ///< whether there is more, after a NUL byte
 
   /// The place of the byte `offset`.
   Position At(std::size_t offset) const {
@@ -38,9 +43,11 @@ struct Document {
   }
 };
 
-/// Why a document was refused.
+/// Why a document was refused, or what is wrong with it.
 struct Failure {
-  const char* stage = "";  ///< "file", "capture", "parser", "root element" or "schema decoder"
+  /// "file", "capture", "parser", "root element", "schema decoder", "tree"; of what is read all the
+  /// same "well-formedness" and "namespaces"
+  const char* stage = "";
   std::string what;
   Position at = {};
 };
@@ -50,7 +57,9 @@ std::string Describe(const std::string& name, const Failure& failure);
 
 /// Prints "ztxml: name: message" on standard error, behind what standard output has so far.
 void Complain(const std::string& name, const std::string& message);
-/// The same for a failure. Returns kCannotRead.
+/// The same for a failure.
+void Report(const std::string& name, const Failure& failure);
+/// Reports why a document was refused. Returns kCannotRead.
 int Refuse(const std::string& name, const Failure& failure);
 
 /// What messages call `path`.

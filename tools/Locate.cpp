@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "Judge.h"
 #include "Read.h"
 #include "Text.h"
 #include "reflect/Reflect.h"
@@ -23,7 +24,8 @@ struct Release {
 };
 using DecoderPtr = std::unique_ptr<ZtSchemaDecoder, Release>;
 
-// Passes the parser's callbacks on and keeps the open elements with the places of their tags.
+// Passes the parser's callbacks on and keeps the root and the open elements with the places of
+// their tags.
 class Tracker : public Receiver {
  public:
   struct Element {
@@ -34,14 +36,18 @@ class Tracker : public Receiver {
   explicit Tracker(XmlDecoderSchema* next) : m_pNext(next) {}
 
   void SetTag(std::size_t offset) { m_iTag = offset; }
-  const std::vector<Element>& OpenElements() const { return m_Open; }
   std::size_t Root() const { return m_iRoot; }
+  const std::string& RootName() const { return m_RootName; }
+  const std::vector<Element>& OpenElements() const { return m_Open; }
 
   int ProcessAttribute(char* element, char* name, char* value) override {
     return m_pNext ? m_pNext->ProcessAttribute(element, name, value) : 0;
   }
   int ProcessElement(char* name, char* value) override {
-    if (m_iRoot == kNowhere) m_iRoot = m_iTag;
+    if (m_iRoot == kNowhere) {
+      m_iRoot = m_iTag;
+      m_RootName = name;
+    }
     // Only an end has a text; a start tag's name may begin with a slash, too.
     if (value && !m_Open.empty()) m_Open.pop_back();
     return m_pNext ? m_pNext->ProcessElement(name, value) : 0;
@@ -53,9 +59,10 @@ class Tracker : public Receiver {
 
  private:
   XmlDecoderSchema* m_pNext;
-  std::vector<Element> m_Open;
   std::size_t m_iTag = 0;
   std::size_t m_iRoot = kNowhere;
+  std::string m_RootName;
+  std::vector<Element> m_Open;
 };
 
 // What became of a document that was fed tag by tag.
@@ -63,7 +70,6 @@ struct Outcome {
   int result = ZT_XML_INCOMPLETE;
   std::size_t tag = 0;    // where the last tag begins that was looked at
   std::string_view text;  // of it
-  bool closed = false;    // whether it has its '>'
 };
 
 template <class Stop>
@@ -79,7 +85,6 @@ Outcome Feed(std::string_view text, Tracker& tracker, Stop stop) {
     const std::size_t before = outcome.tag + outcome.text.size();
     outcome.tag = before + begin;
     outcome.text = piece.substr(begin);
-    outcome.closed = piece.back() == '>';
     tracker.SetTag(outcome.tag);
     // The parser leaves unchanged what it is given.
     outcome.result = parser.Decode(const_cast<char*>(piece.data()), static_cast<int>(end));
@@ -88,32 +93,23 @@ Outcome Feed(std::string_view text, Tracker& tracker, Stop stop) {
   return outcome;
 }
 
-bool StartsWith(std::string_view text, std::string_view begin) {
-  return text.substr(0, begin.size()) == begin;
-}
-
-// The parser takes these for start tags until an end tag is missing. Null for a name that is one.
-const char* WhyNoElement(std::string_view name) {
-  if (StartsWith(name, "![CDATA[")) return "a CDATA section, which is not supported";
-  if (StartsWith(name, "!DOCTYPE")) return "a document type, which is not supported";
-  return nullptr;
-}
-
-std::string WhyBadTag(const Document& document, std::string_view tag,
-                      const std::vector<Tracker::Element>& open) {
-  if (StartsWith(tag, "</")) {
-    if (open.empty()) return "the end tag " + QuoteShort(tag) + " has no start tag";
-    return "the end tag " + QuoteShort(tag) + " where " +
-           QuoteShort("</" + open.back().name + ">") + " is expected (opened at " +
-           ToString(document.At(open.back().offset)) + ')';
+// Why the parser stopped at a tag, or missed one at the end, as it sees that itself.
+Failure WhyStopped(const Document& document, const Outcome& outcome,
+                   const std::vector<Tracker::Element>& open) {
+  const std::string tag = QuoteShort(outcome.text);
+  std::string what = "the tag " + tag;
+  if (outcome.result == ZT_XML_INCOMPLETE) {
+    if (open.empty()) {
+      return {"parser", "incomplete: there is no root element", document.At(document.text.size())};
+    }
+    return {"parser", "incomplete: the element " + QuoteShort(open.back().name) + " is not closed",
+            document.At(open.back().offset)};
   }
-  if (const char* why = WhyNoElement(tag.substr(1))) return why;
-  if (StartsWith(tag, "<!--")) return "the comment holds a \">\" or does not end with \"-->\"";
-  if (StartsWith(tag, "<?")) {
-    return open.empty() ? "the processing instruction does not end with \"?>\""
-                        : "a processing instruction inside the root element is not supported";
+  if (StartsWith(outcome.text, "</") && !open.empty()) {
+    what = "the end tag " + tag + " where " + QuoteShort("</" + open.back().name + ">") +
+           " is expected (opened at " + ToString(document.At(open.back().offset)) + ')';
   }
-  return "the tag " + QuoteShort(tag);
+  return {"parser", "cannot be read: " + what, document.At(outcome.tag)};
 }
 
 }  // namespace
@@ -125,28 +121,24 @@ std::size_t RootOffset(const Document& document) {
 }
 
 Failure WhyNotParsed(const Document& document) {
+  if (StartsWith(document.text, "\xff\xfe") || StartsWith(document.text, "\xfe\xff")) {
+    return {"parser", "not supported: UTF-16", document.start};
+  }
+  const Verdict verdict = Judge(document);
+  if (const Fault& fault = verdict.unsupported) {
+    return {"parser", "not supported: " + fault.what, document.At(fault.at)};
+  }
   Tracker tracker(nullptr);
   const Outcome outcome = Feed(document.text, tracker, [] { return false; });
   const std::vector<Tracker::Element>& open = tracker.OpenElements();
-  if (const char* why = open.empty() ? nullptr : WhyNoElement(open.back().name)) {
-    return {"parser", std::string("not well formed: ") + why, document.At(open.back().offset)};
-  }
-  if (outcome.result == ZT_XML_ERROR) {
-    return {"parser", "not well formed: " + WhyBadTag(document, outcome.text, open),
-            document.At(outcome.tag)};
-  }
-  constexpr char kIncomplete[] = "incomplete: ";
-  if (!outcome.closed && StartsWith(outcome.text, "<")) {
-    return {"parser", kIncomplete + ("the tag " + QuoteShort(outcome.text)) + " is not closed",
-            document.At(outcome.tag)};
-  }
-  if (!open.empty()) {
-    return {"parser",
-            kIncomplete + ("the element " + QuoteShort(open.back().name)) + " is not closed",
-            document.At(open.back().offset)};
-  }
-  return {"parser", std::string(kIncomplete) + "there is no root element",
-          document.At(document.text.size())};
+  const Fault& fault = verdict.malformed;
+  // The parser passes over much that XML forbids: what it stops at may come later.
+  const bool inLast = outcome.result == ZT_XML_ERROR ? fault.at >= outcome.tag : verdict.incomplete;
+  const bool inOpen = !open.empty() && fault.at >= open.back().offset &&
+                      fault.at <= document.text.find('>', open.back().offset);
+  if (!fault || (!inLast && !inOpen)) return WhyStopped(document, outcome, open);
+  return {"parser", (verdict.incomplete ? "incomplete: " : "not well formed: ") + fault.what,
+          document.At(fault.at)};
 }
 
 Failure WhyRefused(const Document& document, const XMLSchemaInfo& schema, XMLObject* namespaces) {
@@ -164,7 +156,13 @@ Failure WhyRefused(const Document& document, const XMLSchemaInfo& schema, XMLObj
             document.At(outcome.tag)};
   }
   if (root) return {"schema decoder", by + " for want of memory"};
+  if (tables.grammar->prefixes == ZtPrefixRule::kExact && schema.roots[0]) {
+    return {"root element",
+            QuoteShort(tracker.RootName()) + " is not " + Quote(schema.roots[0]) + ": the schema " +
+                schema.name + " compares names whole and takes no prefixes off",
+            document.At(tracker.Root())};
+  }
   return {"schema decoder",
           by + ": the root element's prefix is not bound to a namespace that it knows",
-          document.At(RootOffset(document))};
+          document.At(tracker.Root())};
 }

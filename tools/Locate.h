@@ -1,5 +1,6 @@
-// Where in a document something went wrong. The parser reports no places: it is given the text once
-// more, in pieces that end behind each tag, until it or the schema's decoder says no.
+// Why the library refuses a document, and where. Its parser and decoders report no places: another
+// parser tells what the document does wrong or what of XML it uses, and a decoder is given the text
+// once more, in pieces that end after each tag, until it says no.
 #ifndef ZTXML_TOOLS_LOCATE_H
 #define ZTXML_TOOLS_LOCATE_H
 

@@ -16,9 +16,18 @@ Log::Log(int level) : m_Level(level) {
 
 Log::~Log() { zthost::SetLogSink(nullptr); }
 
+void Log::Forget() {
+  m_bDocumentCut = false;
+  m_FirstError.clear();
+}
+
 void Log::Receive(const zthost::LogLine& line, void* user) {
   auto* self = static_cast<Log*>(user);
-  if (line.level == kErrors && std::strstr(line.text, kDocumentCut)) self->m_bDocumentCut = true;
+  if (line.level == kErrors && std::strstr(line.text, kDocumentCut)) {
+    self->m_bDocumentCut = true;
+  } else if (line.level == kErrors && self->m_FirstError.empty()) {
+    self->m_FirstError = line.text;
+  }
   if (self->m_Level == 0) return;
   std::cout.flush();  // the lines stand where they belong when both streams go to one place
   std::cerr << "log " << line.level << ' ' << line.sourceFile << ':' << line.line << ": "

@@ -2,6 +2,8 @@
 #ifndef ZTXML_TOOLS_LOG_H
 #define ZTXML_TOOLS_LOG_H
 
+#include <string>
+
 #include "ztHostPlatform.h"
 
 /// Receives the library's log while it lives. Only one may live at a time.
@@ -15,12 +17,16 @@ class Log {
 
   /// Whether the library has cut a document that was too long for it to write.
   bool DocumentCut() const { return m_bDocumentCut; }
+  /// The first error since Forget: when writing, that something required is missing. "" for none.
+  const std::string& FirstError() const { return m_FirstError; }
+  void Forget();
 
  private:
   static void Receive(const zthost::LogLine& line, void* user);
 
   int m_Level;
   bool m_bDocumentCut = false;
+  std::string m_FirstError;
 };
 
 #endif  // ZTXML_TOOLS_LOG_H

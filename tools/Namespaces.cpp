@@ -14,13 +14,9 @@ int PrintNamespaces(const Document& document) {
     const XMLSchemaInfo& schema = *XMLFactory::getSchemaInfo(XML_SCHEMA_NAMESPACE_RETRIEVAL);
     return Refuse(document.name, WhyRefused(document, schema, nullptr));
   }
-  ZtSingleElementList* list = namespaces.get()->getNameSpaceInfo();
-  for (ZtListNode* node = list ? list->GetPtrToListHead() : nullptr; node; node = node->next) {
-    const auto* declared = zt_AttributeValuePair::From(static_cast<XMLAttribute*>(node->data));
-    if (!declared) continue;
-    const char* prefix = declared->getName();
-    const char* uri = declared->getValue();
-    std::cout << (prefix ? Escape(prefix) : "(default)") << '\t' << Escape(uri ? uri : "") << '\n';
+  for (const Declaration& declared : namespaces.List()) {
+    std::cout << (declared.prefix ? Escape(declared.prefix) : "(default)") << '\t'
+              << Escape(declared.uri) << '\n';
   }
   return kDone;
 }

@@ -60,8 +60,6 @@ const XMLSchemaInfo* ChooseSchema(const Document& document, const std::string& r
 
 }  // namespace
 
-bool IsWellFormed(const std::string& text) { return RunParser(text, nullptr) == ZT_XML_SUCCESS; }
-
 bool Parse(const Document& document, XmlDecoderSchema* receiver, Failure& failure) {
   if (RunParser(document.text, receiver) == ZT_XML_SUCCESS) return true;
   failure = WhyNotParsed(document);
@@ -71,6 +69,18 @@ bool Parse(const Document& document, XmlDecoderSchema* receiver, Failure& failur
 Namespaces::Namespaces(const Document& document) {
   const ContextPtr context(XMLFactory::newInstance(XML_SCHEMA_NAMESPACE_RETRIEVAL));
   if (context) m_Tree = UnMarshall(*context, document);
+}
+
+std::vector<Declaration> Namespaces::List() const {
+  std::vector<Declaration> declarations;
+  ZtSingleElementList* list = get() ? get()->getNameSpaceInfo() : nullptr;
+  for (ZtListNode* node = list ? list->GetPtrToListHead() : nullptr; node; node = node->next) {
+    const auto* declared = zt_AttributeValuePair::From(static_cast<XMLAttribute*>(node->data));
+    if (!declared) continue;
+    const char* uri = declared->getValue();
+    declarations.push_back({declared->getName(), uri ? uri : ""});
+  }
+  return declarations;
 }
 
 bool ReadTree(const Document& document, const XMLSchemaInfo* schema, Tree& tree, Failure& failure) {

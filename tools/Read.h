@@ -4,6 +4,7 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "Document.h"
 #include "XMLFactory.h"
@@ -29,12 +30,15 @@ class Receiver : public XmlDecoderSchema {
   void* GetSessionData() override { return nullptr; }
 };
 
-/// Whether the parser takes `text` as a whole document.
-bool IsWellFormed(const std::string& text);
-
 /// Runs the parser over the document; a null `receiver` has it only checked. False with the
 /// failure.
 bool Parse(const Document& document, XmlDecoderSchema* receiver, Failure& failure);
+
+/// A namespace declaration; the prefix is null for the default namespace.
+struct Declaration {
+  const char* prefix;
+  const char* uri;
+};
 
 /// The namespace declarations of a document, as the library retrieves them; `get` is null when it
 /// cannot.
@@ -45,6 +49,8 @@ class Namespaces {
   zt_schema_namespace_retrieval* get() const {
     return static_cast<zt_schema_namespace_retrieval*>(m_Tree.get());
   }
+  /// In the order of the document.
+  std::vector<Declaration> List() const;
 
  private:
   ElementPtr m_Tree;

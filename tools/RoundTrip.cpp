@@ -1,8 +1,11 @@
 // ztxml roundtrip: reads a document and writes it again.
+#include <algorithm>
 #include <iostream>
+#include <string>
 #include <unistd.h>
 
 #include "Commands.h"
+#include "Judge.h"
 #include "Read.h"
 #include "Text.h"
 #include "ztXMLDocGenerator.h"
@@ -18,9 +21,21 @@ void Print(const char* text) {
   }
 }
 
-int Write(XMLContext& context, const Document& document, XMLElement* tree, const Log& log) {
-  XMLMarshaller* marshaller = context.createMarshaller();
-  const char* text = marshaller ? marshaller->Marshall(tree) : nullptr;
+// What is around what is written of a document: for a namespace that the document itself declares
+// the declaration has to be written, too.
+Scope ScopeOfOutput(const Tree& tree) {
+  Scope scope = ScopeAround(*tree.schema);
+  for (const Declaration& declared : tree.namespaces.List()) {
+    const auto same = [&](const auto& binding) { return binding.second == declared.uri; };
+    scope.erase(std::remove_if(scope.begin(), scope.end(), same), scope.end());
+  }
+  return scope;
+}
+
+int Write(const Tree& tree, const Document& document, bool inputSound, Log& log) {
+  log.Forget();
+  XMLMarshaller* marshaller = tree.context->createMarshaller();
+  const char* text = marshaller ? marshaller->Marshall(tree.root.get()) : nullptr;
   if (!text) {
     Complain(document.name, "cannot be written: it lacks something required (--log 1 tells what)");
     return kCannotWrite;
@@ -31,23 +46,35 @@ int Write(XMLContext& context, const Document& document, XMLElement* tree, const
              "output cut at " + std::to_string(ZtXMLDocGenerator::kBufferSize - 1) + " characters");
     return kCannotWrite;
   }
-  // Some writers go on behind an element that lacks something required.
-  if (IsWellFormed(text)) return kDone;
-  Complain(document.name,
-           "output not well formed: something required is missing (--log 4 tells what)");
+  const Document output = {document.name + " (output)", text, ""};
+  const Verdict verdict = Judge(output, ScopeOfOutput(tree));
+  if (!verdict.oddRoot.empty()) Complain(output.name, OddRoot(verdict.oddRoot));
+  Failure fault;
+  if (!FindFault(output, verdict, fault)) return kDone;
+  // Some writers go on after an element that lacks something required.
+  if (verdict.rawInValue && inputSound) {
+    fault.what += "; references in attribute values are resolved when they are read";
+  } else if (verdict.malformed && !verdict.rawInValue && !log.FirstError().empty()) {
+    fault.what += "; something required is missing: " + Quote(log.FirstError());
+  } else if (verdict.unbound && inputSound) {
+    fault.what += "; its declaration is not kept";
+  }
+  Report(output.name, fault);
   return kCannotWrite;
 }
 
 }  // namespace
 
-int RoundTrip(const Document& document, const XMLSchemaInfo* schema, const Log& log) {
+int RoundTrip(const Document& document, const XMLSchemaInfo* schema, Log& log) {
   Tree tree;
   Failure failure;
   if (!ReadTree(document, schema, tree, failure)) return Refuse(document.name, failure);
+  const Verdict verdict = Judge(document, ScopeAround(*tree.schema));
+  if (FindFault(document, verdict, failure)) Report(document.name, failure);
   if (!tree.schema->writes) {
     Complain(document.name,
              std::string("cannot be written: the schema ") + tree.schema->name + " is only read");
     return kCannotWrite;
   }
-  return Write(*tree.context, document, tree.root.get(), log);
+  return Write(tree, document, !verdict.malformed && !verdict.unbound, log);
 }

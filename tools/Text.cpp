@@ -106,6 +106,14 @@ std::string JsonQuote(std::string_view text) {
   return quoted + '"';
 }
 
+bool StartsWith(std::string_view text, std::string_view begin) {
+  return text.substr(0, begin.size()) == begin;
+}
+
+bool EndsWith(std::string_view text, std::string_view end) {
+  return text.size() >= end.size() && text.substr(text.size() - end.size()) == end;
+}
+
 std::string LowerCase(std::string_view text) {
   std::string lower(text);
   for (char& c : lower) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));

@@ -23,6 +23,8 @@ std::string EscapeControls(std::string_view text);
 /// such.
 std::string JsonQuote(std::string_view text);
 
+bool StartsWith(std::string_view text, std::string_view begin);
+bool EndsWith(std::string_view text, std::string_view end);
 std::string LowerCase(std::string_view text);
 /// `text` without white space at both ends.
 std::string_view Trim(std::string_view text);

@@ -19,8 +19,9 @@ constexpr char kFooter[] =
 entity. Of a message every XML body is taken, also in multipart and CPIM bodies. Its Content-Type
 tells the schema; without one, or in a document, the root element does.
 
-What is refused is told as FILE:LINE:COLUMN: STAGE: REASON, with the place of the tag. Columns count
-characters. Stages: file, capture (headers and bodies), parser, root element, schema decoder.
+What is refused is told as FILE:LINE:COLUMN: STAGE: REASON. Columns count characters. Stages: file,
+capture (headers and bodies), parser, root element, schema decoder; of documents that the library
+reads although XML forbids them: well-formedness, namespaces.
 
 Examples:
   ztxml schemas
@@ -33,8 +34,8 @@ Examples:
 Log levels, on standard error: 1 everything; 2 trace lines and most failures; 3 state changes;
 4 errors.
 
-Exit status: 0 done; 1 a document cannot be read; 2 wrong usage; 3 it cannot be written. Of several
-files the highest counts. diff: 0 the same; 1 different; 2 wrong usage, or one cannot be read.)";
+Exit status: 0 done; 1 a document cannot be read, or "check" finds it faulty; 2 wrong usage; 3 it
+cannot be written, or not as XML. Of several files the highest counts. diff: 0 the same; 1 different; 2 wrong usage, or one cannot be read.)";
 
 constexpr char kEventsFooter[] = R"(Lines:
   start NAME
@@ -57,6 +58,9 @@ Example:
 constexpr char kRoundTripFooter[] =
     R"(Each of several documents is followed by a line break. What is written to a terminal has its control
 characters escaped.
+
+Both texts are judged as by "check". A faulty document that the library reads is told of and written
+all the same; a faulty output, called FILE (output), gives the exit status 3.
 
 Examples:
   ztxml roundtrip notify.xml
@@ -83,11 +87,15 @@ Examples:
   ztxml show notify.xml
   ztxml show --json notify.xml | jq '.document.registration[]["@aor"]')";
 
-constexpr char kCheckFooter[] = R"(Lines: "FILE: ok, SCHEMA" or the reason, then a summary.
+constexpr char kCheckFooter[] =
+    R"(Lines: "FILE: ok, SCHEMA" or the reason, then a summary that counts what is ok, refused by the
+library, or faulty: read by the library although it is not well-formed XML with bound prefixes.
+
+Exit status: 0 all are ok; 1 some are refused or faulty.
 
 Examples:
   ztxml check *.xml
-  ztxml check --quiet capture/*.txt || echo some were refused)";
+  ztxml check --quiet capture/*.txt || echo some are not ok)";
 
 constexpr char kDiffFooter[] =
     R"(Compares what the library keeps of the documents: white space between elements, the order of
@@ -136,10 +144,11 @@ class CommandLine {
     AddFiles(m_pShow);
     AddSchema(m_pShow);
     m_pShow->add_flag("--json", m_bJson, "Print JSON, one line for each document");
-    m_pCheck = AddCommand("check", "Read many documents and tell which are refused", kCheckFooter);
+    m_pCheck =
+        AddCommand("check", "Tell which of many documents are refused or faulty", kCheckFooter);
     AddFiles(m_pCheck);
     AddSchema(m_pCheck);
-    m_pCheck->add_flag("-q,--quiet", m_bQuiet, "Print only what is refused");
+    m_pCheck->add_flag("-q,--quiet", m_bQuiet, "Print only what is refused or faulty");
     m_pDiff = AddCommand("diff", "Compare two documents", kDiffFooter);
     m_pDiff->add_option("OLD", m_OldPath, "The first document; - is standard input")
         ->option_text(" ")
@@ -185,7 +194,7 @@ class CommandLine {
 
   int RunCommand() const {
     if (m_pSchemas->parsed()) return PrintSchemas();
-    const Log log(m_LogLevel);
+    Log log(m_LogLevel);
     const XMLSchemaInfo* schema = m_Schema.empty() ? nullptr : FindSchema(m_Schema);
     if (m_pCheck->parsed()) return Check(m_Paths, schema, m_bQuiet);
     if (m_pDiff->parsed()) return Diff(m_OldPath, m_NewPath, schema);
@@ -194,7 +203,7 @@ class CommandLine {
     return status;
   }
 
-  int RunFile(const std::string& path, const XMLSchemaInfo* schema, const Log& log) const {
+  int RunFile(const std::string& path, const XMLSchemaInfo* schema, Log& log) const {
     std::vector<Document> documents;
     Failure failure;
     const bool opened = ReadDocuments(path, documents, failure);
@@ -212,7 +221,7 @@ class CommandLine {
     return std::max<int>(status, Refuse(NameOfInput(path), failure));
   }
 
-  int RunDocument(const Document& document, const XMLSchemaInfo* schema, const Log& log) const {
+  int RunDocument(const Document& document, const XMLSchemaInfo* schema, Log& log) const {
     if (m_pEvents->parsed()) return PrintEvents(document);
     if (m_pNamespaces->parsed()) return PrintNamespaces(document);
     if (m_pRoundTrip->parsed()) return RoundTrip(document, schema, log);

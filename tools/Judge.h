@@ -1,0 +1,51 @@
+// What XML says of a text, by the word of another parser: whether it is well formed and binds its
+// namespaces. The library's own parser is laxer in some things and does not support others.
+#ifndef ZTXML_TOOLS_JUDGE_H
+#define ZTXML_TOOLS_JUDGE_H
+
+#include <cstddef>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "Document.h"
+#include "XMLFactory.h"
+
+/// Something wrong and the byte where it is.
+struct Fault {
+  std::string what;  ///< "" for none
+  std::size_t at = 0;
+
+  explicit operator bool() const { return !what.empty(); }
+};
+
+/// What XML says of a text. Nothing is known of what comes after `malformed`, or after a document
+/// type, which is not read, so that a document can neither load nor multiply anything.
+struct Verdict {
+  Fault malformed;          ///< the first breach of XML 1.0
+  bool incomplete = false;  ///< it is that the text ends too early
+  bool rawInValue = false;  ///< it is a "<" or "&" in the value of an attribute
+  Fault unbound;            ///< the first breach of Namespaces in XML, where nothing is malformed
+  Fault unsupported;        ///< the first thing that XML allows and the library's parser does not
+  std::string oddRoot;      ///< the root's name, if XML allows it to no element but a schema has it
+};
+
+/// Prefixes with the namespaces that they are bound to around a text.
+using Scope = std::vector<std::pair<std::string, std::string>>;
+
+/// Judges a whole document, or what is to stand where `scope` is bound. A schema's own root name is
+/// taken for a name even if it begins with a digit.
+Verdict Judge(const Document& document, const Scope& scope = {});
+
+/// The prefixes that a document of `schema` may have from the one around it: the services of a
+/// simservs document are read and written without declarations, too.
+Scope ScopeAround(const XMLSchemaInfo& schema);
+
+/// Tells what is wrong with a document that the library reads, or has written. False when nothing
+/// is.
+bool FindFault(const Document& document, const Verdict& verdict, Failure& failure);
+
+/// What to say of `Verdict::oddRoot`.
+std::string OddRoot(const std::string& name);
+
+#endif  // ZTXML_TOOLS_JUDGE_H
