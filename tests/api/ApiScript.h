@@ -46,6 +46,7 @@ class ApiTables {
 
   struct Factory {
     XMLElement* (*make)();
+    const ZtElementType* made;  // null: one of the roots
     const char* name;
   };
 
@@ -70,10 +71,17 @@ class ApiTables {
 
   template <class C, class Owner, class Made, Made* (Owner::*method)()>
   struct Method<C, method> {
-    static constexpr Factory Entry(const char* name) { return {&Make, name}; }
+    static constexpr Factory Entry(const char* name) { return {&Make, MadeType(), name}; }
 
    private:
     static XMLElement* Make() { return (ApiFactory<C>().*method)(); }
+    static constexpr const ZtElementType* MadeType() {
+      if constexpr (std::is_same_v<Made, XMLObject>) {
+        return nullptr;
+      } else {
+        return &Made::kType;
+      }
+    }
   };
 
   template <class C, class Owner, class Argument, int (Owner::*method)(Argument)>
