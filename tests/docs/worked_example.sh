@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Follows the worked example of CONTRIBUTING.md in a copy of the tree: takes the files and changes
 # from the page, builds them, writes the golden files and runs their tests.
-# Usage: worked_example.sh   (some two minutes on two cores)
+# Usage: worked_example.sh   (about a minute on two cores)
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/../.."
 
