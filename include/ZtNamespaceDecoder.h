@@ -18,7 +18,7 @@ class ZT_API ZtNamespaceDecoder : public ZtSchemaDecoder {
   int XMLChangeNamespaceTag(char* name);
 
  protected:
-  explicit ZtNamespaceDecoder(const ZtGrammar& grammar);
+  explicit ZtNamespaceDecoder(const ZtReading& reading);
   const char* LocalName(char* name, std::size_t& size) override;
   const char* LocalPart(const char* name, const char* colon) const override;
 

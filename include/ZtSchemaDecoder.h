@@ -1,5 +1,5 @@
 // The schema decoder: turns the parser's callbacks into the tree of a document's objects. What one
-// document adds is its grammar, a table of element names.
+// document adds is how it is to be read: its roots, and what is done with prefixes.
 #ifndef ZTXML_INCLUDE_ZTSCHEMADECODER_H
 #define ZTXML_INCLUDE_ZTSCHEMADECODER_H
 
@@ -10,13 +10,13 @@
 
 /// How the library reads a document and an element type; opaque to callers.
 struct ZtElementType;
-struct ZtGrammar;
-struct ZtGrammarRow;
+struct ZtReading;
 struct ZtChildName;
 struct ZtField;
 struct ZtSource;
 class ZtNameId;
 enum class ZtOutcome : unsigned char;
+enum class ZtElementKind : unsigned char;
 
 /// Reads one document. While it is read, what the decoder makes belongs to it until a parent adopts
 /// it; the root belongs to whoever takes it through GetSessionData.
@@ -60,13 +60,13 @@ class ZT_API ZtSchemaDecoder : public XmlDecoderSchema {
   bool Failed() const { return m_bFailed; }
 
  protected:
-  explicit ZtSchemaDecoder(const ZtGrammar& grammar);
+  explicit ZtSchemaDecoder(const ZtReading& reading);
 
-  /// The name that the grammar knows for `name`, of `size` bytes; null without memory. Sets
+  /// The name that rows know for `name`, of `size` bytes; null without memory. Sets
   /// PassName().
   virtual const char* LocalName(char* name, std::size_t& size);
 
-  /// The part of a start tag's name that the grammar knows; `colon` is the first of the name, or
+  /// The part of a start tag's name that rows know; `colon` is the first of the name, or
   /// null. Null when only LocalName can tell.
   virtual const char* LocalPart(const char* name, const char* colon) const;
 
@@ -80,20 +80,29 @@ class ZT_API ZtSchemaDecoder : public XmlDecoderSchema {
   XMLObject* m_pRoot;
   char* m_PassName;  // owned
   XmlCodeGenStack m_Stack;
-  const ZtGrammar& m_Grammar;
+  const ZtReading& m_Reading;
   bool m_bFailed;
 
  private:
   friend class ZtReflection;
+
+  static constexpr std::size_t kMostTypes = 40;
 
   struct Open {  // an object and its type, null when there is none
     XMLElement* object = nullptr;
     const ZtElementType* type = nullptr;
   };
 
-  struct Level {  // of an object on the stack
+  struct Element {  // what a name is: null types have no object of their own
+    const ZtElementType* type = nullptr;
+    const ZtField* row = nullptr;  // of the parent, when it has one
+    ZtElementKind kind = {};
+  };
+
+  struct Frame {  // of an object on the stack
     const ZtElementType* type;
-    const ZtGrammarRow* row;
+    int name;  // of its element
+    ZtElementKind kind;
   };
 
   int ProcessStart(ScannedTag& tag) override;
@@ -109,33 +118,36 @@ class ZT_API ZtSchemaDecoder : public XmlDecoderSchema {
   XMLElement* Make(const ZtElementType& type);
   XMLElement* MakeFlag(ZtPiece name);
   inline bool Start(const Open& current, const ZtChildName& name);
-  void StartRoot(const ZtGrammarRow& row);
-  inline bool StartChild(const Open& current, const ZtGrammarRow& row, const ZtChildName& name);
-  XMLElement* StartExtension(const ZtGrammarRow& row);
+  void StartRoot(const Element& element, ZtNameId name);
+  inline bool StartChild(const Open& current, const Element& element, const ZtChildName& name);
+  XMLElement* StartExtension(const Element& element, ZtNameId name);
   void End(const Open& current, const ZtChildName& name, ZtPiece value, bool skipped);
-  void OfferEnd(const Open& current, const ZtGrammarRow* row, const ZtChildName& name,
-                ZtPiece value);
+  void OfferEnd(const Open& current, const ZtField* row, const ZtChildName& name, ZtPiece value);
   ZtOutcome Offer(const Open& parent, const ZtChildName& name, ZtPiece value, XMLElement* child);
-  inline ZtOutcome OfferStarted(const Open& parent, const ZtGrammarRow& row,
-                                const ZtChildName& name, XMLElement* child);
-  int Element(char* name, ZtPiece value);
+  inline ZtOutcome OfferStarted(const Open& parent, const Element& element, const ZtChildName& name,
+                                XMLElement* child);
+  int ElementCallback(char* name, ZtPiece value);
   void RefuseSlash();
   void NoteEmptyStack(int callbacks) const;
   Open Current() const;
-  inline const ZtGrammarRow* FindStart(ZtNameId name) const;
-  const ZtGrammarRow* FindEnd(ZtNameId name) const;
+  inline Element Find(ZtNameId name, const ZtElementType* current);
+  const ZtElementType* FindAnywhere(ZtNameId name, bool atEnd);
+  void AddType(const ZtElementType* type);
+  bool Closes(const Open& current, ZtNameId name) const;
   const ZtElementType* CurrentType() const;
-  void Push(XMLElement* object, const ZtGrammarRow& row);
+  void Push(XMLElement* object, const Element& element, ZtNameId name);
   void Pop();
 
   std::size_t m_iPassCapacity;  // bytes allocated for m_PassName
-  Level m_Levels[XmlCodeGenStack::kCapacity];
-  Open m_Started;               // made by the last start tag: its attributes go there
-  std::size_t m_iDropped;       // open elements that a full stack did not take
-  std::size_t m_iSkipped;       // depth inside an element whose content is skipped, 0 outside
-  bool m_bOfferEnd;             // the skipped element's end is offered with its text
-  const ZtField* m_pText;       // the row that the skipped element's text is for, or null
-  ZtArena* m_pArena;            // of what is made, null for the heap
+  Frame m_Frames[XmlCodeGenStack::kCapacity];
+  Open m_Started;          // made by the last start tag: its attributes go there
+  std::size_t m_iDropped;  // open elements that a full stack did not take
+  std::size_t m_iSkipped;  // depth inside an element whose content is skipped, 0 outside
+  bool m_bOfferEnd;        // the skipped element's end is offered with its text
+  const ZtField* m_pText;  // the row that the skipped element's text is for, or null
+  ZtArena* m_pArena;       // of what is made, null for the heap
+  const ZtElementType* m_Types[kMostTypes];  // of the document, once they are asked for
+  std::size_t m_iTypes;
   ZtChildList m_ReplacedRoots;  // earlier roots: they may still be open
 };
 

@@ -4,7 +4,6 @@
 
 #include "XMLCharacteristic.h"
 #include "binding/ZtDocumentTable.h"
-#include "binding/ZtGrammar.h"
 
 struct CharacteristicBinding {
   static constexpr ZtField kParm[] = {
@@ -23,10 +22,6 @@ struct CharacteristicBinding {
                       zt_characteristic::kType),
   };
   static_assert(ztrow::Sound(kParm) && ztrow::Sound(kCharacteristic) && ztrow::Sound(kRoot));
-
-  static constexpr ZtGrammarRow kGrammarRows[] = {
-      {ZT_STR_CHARACTERISTIC, ZtElementKind::kStructured, &zt_characteristic::kType},
-      {ZT_STR_PARM, ZtElementKind::kStructured, &zt_parm::kType}};
 };
 
 #endif  // ZTXML_SRC_CHARACTERISTICBINDING_H

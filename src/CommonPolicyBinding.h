@@ -28,6 +28,13 @@ struct CommonPolicyBinding {
   static constexpr ZtElementType kFlag =
       ZtFlagOf(kFamily, "AddEmptyElementtoXml", kFlagText, XML_STR_SS);
 
+  static constexpr ZtNameId kFlagNames[] = {
+      XML_STR_NOT_REGISTERED,         XML_STR_ANONYMOUS,     XML_STR_NO_ANSWER,
+      XML_STR_RULE_DEACTIVATED,       XML_STR_NOT_REACHABLE, XML_STR_PRESENCE_STATUS,
+      XML_STR_COMMUNICATION_DIVERTED, XML_STR_ROAMING,       XML_STR_INTERNATIONAL,
+      XML_STR_INTERNATIONAL_EX_HC,    XML_STR_ZT_NULL};
+  static constexpr ZtChoice kFlags = ZtChoice(XML_STR_BUSY, kFlag).Or(kFlagNames);
+
   // ---- Conditions -------------------------------------------------------------------------------
 
   static constexpr ZtField kExcept[] = {
@@ -66,10 +73,11 @@ struct CommonPolicyBinding {
   static bool WriteValidity(ZtElementWriter& writer, const XMLElement& self,
                             const ZtElementType& type);
 
-  static constexpr ZtWritable kServiceConditions[] = {
-      {&kFlag, XML_STR_ZT_NULL},
-      {&zt_ns_xcap_media_type::kType, XML_STR_ZT_NULL},
-      {nullptr, XML_STR_ZT_NULL}};
+  static constexpr ZtChoice kServiceConditions[] = {
+      kFlags,
+      {XML_STR_MEDIA, zt_ns_xcap_media_type::kType},
+      ZtChoice(ZT_STR_EXTERNAL_LIST, zt_external_list::kType).NotWritten(),
+      {}};
   static constexpr ZtField kConditions[] = {
       ztrow::Children(XML_STR_IDENTITY, &zt_ns_common_policy_conditionsType::m_IdentityList,
                       zt_ns_common_policy_identityType::kType),
@@ -84,8 +92,11 @@ struct CommonPolicyBinding {
   // ---- Rules ------------------------------------------------------------------------------------
   // `Service` tells the actions that it writes, kActions, and the line of their writer, kEntryLine.
 
-  static constexpr ZtElementType kExtensible = ZtTypeOf<zt_ns_common_policy_extensibleType>(
-      "zt_ns_common_policy_extensibleType", "CommonPolicy:ExtensibleType", kFamily);
+  static constexpr ZtElementType kExtensible =
+      ZtTypeOf<zt_ns_common_policy_extensibleType>("zt_ns_common_policy_extensibleType",
+                                                   "CommonPolicy:ExtensibleType", kFamily)
+          .UnknownElement(kCannotAccommodate)
+          .RefusesUnknownAttributes();
   template <class Service>
   static constexpr ZtField kActionRows[] = {
       ztrow::OtherChildren(&zt_ns_common_policy_extensibleType::m_Elements, Service::kActions)
@@ -94,12 +105,13 @@ struct CommonPolicyBinding {
   template <class Service>
   static constexpr ZtElementType kActions = kExtensible.Fields(kActionRows<Service>)
                                                 .Writer(XML_STR_ACTIONS, nullptr, XML_STR_CP)
-                                                .EntryLine(Service::kEntryLine)
-                                                .UnknownElement(kCannotAccommodate)
-                                                .RefusesUnknownAttributes();
+                                                .EntryLine(Service::kEntryLine);
   // Intended: transformations are written without their content; no peer has asked for any.
+  static constexpr ZtField kTransformationRows[] = {
+      ztrow::OtherChildren(&zt_ns_common_policy_extensibleType::m_Elements)};
   static constexpr ZtElementType kTransformations =
-      kExtensible.Writer(XML_STR_TRANSFORMATIONS, "AddTransformationsElementToXml", XML_STR_CP);
+      kExtensible.Fields(kTransformationRows)
+          .Writer(XML_STR_TRANSFORMATIONS, "AddTransformationsElementToXml", XML_STR_CP);
 
   // Intended: a rule goes on behind conditions or actions that fail.
   template <class Service>

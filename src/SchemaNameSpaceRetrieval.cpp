@@ -1,17 +1,17 @@
 #include "SchemaNameSpaceRetrieval.h"
 
 #include "XMLSchemaNameSpaceRetrieval.h"
-#include "binding/ZtGrammar.h"
+#include "binding/ZtReading.h"
 
 namespace {
 constexpr char kSource[] = "src/SchemaNameSpaceRetrieval";
 constexpr int kRootLine = 14;  // where the memory log's readers know the root from
-constexpr ZtGrammar kGrammar =
-    ZtGrammar("XMLSchemaNamespaceRetrievalDecoder", kSource, ZtPrefixRule::kExact);
+constexpr ZtReading kReading =
+    ZtReading("XMLSchemaNamespaceRetrievalDecoder", kSource, ZtPrefixRule::kExact);
 }  // namespace
 
 XMLSchemaNamespaceRetrievalDecoder::XMLSchemaNamespaceRetrievalDecoder()
-    : ZtSchemaDecoder(kGrammar) {
+    : ZtSchemaDecoder(kReading) {
   m_pRoot = ZtCreate<zt_schema_namespace_retrieval>(kSource, kRootLine);
   if (!m_pRoot) m_bFailed = true;
 }

@@ -4,6 +4,7 @@
 #include "base/ZtLog.h"
 #include "binding/ZtDocumentTable.h"
 #include "binding/ZtElementWriter.h"
+#include "binding/ZtReading.h"
 
 namespace {
 
@@ -33,6 +34,19 @@ const ZtElementType zt_bootstrappinginfo::kType =
         .Writer(XML_STR_BOOTSTRAPPING_INFO, "AddBootstrappingInfoElementToXml")
         .Declares(BootstrappingInfoBinding::kNamespace)
         .Root();
+
+// ---- Decoder ------------------------------------------------------------------------------------
+
+namespace {
+
+constexpr ZtRoot kRoots[] = {{XML_STR_BOOTSTRAPPING_INFO, &zt_bootstrappinginfo::kType}};
+constexpr ZtReading kReading =
+    ZtReading("XMLBootstrappingInfoDecoder", "src/BootstrappingInfo", ZtPrefixRule::kStrip)
+        .Roots(kRoots);
+
+}  // namespace
+
+XMLBootstrappingInfoDecoder::XMLBootstrappingInfoDecoder() : ZtSchemaDecoder(kReading) {}
 
 // ---- Workers ------------------------------------------------------------------------------------
 

@@ -2,6 +2,7 @@
 
 #include "CWIndication.h"
 #include "binding/ZtDocumentTable.h"
+#include "binding/ZtReading.h"
 
 namespace {
 
@@ -35,6 +36,18 @@ const ZtElementType zt_ims_3gpp::kType = ZtTypeOf<zt_ims_3gpp>("zt_ims_3gpp", "i
                                              .Fields(CWIndicationBinding::kIms)
                                              .Writer(XML_STR_IMS_3GPP, "AddIms3gppElementToXml")
                                              .Root();
+
+// ---- Decoder ------------------------------------------------------------------------------------
+
+namespace {
+
+constexpr ZtRoot kRoots[] = {{XML_STR_IMS_3GPP, &zt_ims_3gpp::kType}};
+constexpr ZtReading kReading =
+    ZtReading("XMLCWIndicationDecoder", "src/CWIndication", ZtPrefixRule::kStrip).Roots(kRoots);
+
+}  // namespace
+
+XMLCWIndicationDecoder::XMLCWIndicationDecoder() : ZtSchemaDecoder(kReading) {}
 
 // ---- Workers ------------------------------------------------------------------------------------
 

@@ -2,6 +2,7 @@
 
 #include "CallWaitingIndication.h"
 #include "binding/ZtDocumentTable.h"
+#include "binding/ZtReading.h"
 
 namespace {
 
@@ -50,6 +51,19 @@ const ZtElementType zt_3gpp_ims::kType = ZtTypeOf<zt_3gpp_ims>("zt_3gpp_ims", "3
                                              .Fields(CallWaitingIndicationBinding::kIms)
                                              .Writer(XML_STR_3GPP_IMS, "Add3gppImsElementToXml")
                                              .Root();
+
+// ---- Decoder ------------------------------------------------------------------------------------
+
+namespace {
+
+constexpr ZtRoot kRoots[] = {{XML_STR_3GPP_IMS, &zt_3gpp_ims::kType}};
+constexpr ZtReading kReading =
+    ZtReading("XMLCallWaitingIndicationDecoder", "src/CallWaitingIndication", ZtPrefixRule::kStrip)
+        .Roots(kRoots);
+
+}  // namespace
+
+XMLCallWaitingIndicationDecoder::XMLCallWaitingIndicationDecoder() : ZtSchemaDecoder(kReading) {}
 
 // ---- Workers ------------------------------------------------------------------------------------
 

@@ -7,7 +7,7 @@ namespace {
 
 // What reading a rule needs to know of a service: nothing.
 struct AnyService {
-  static constexpr ZtWritable kActions[] = {{nullptr, XML_STR_ZT_NULL}};
+  static constexpr ZtChoice kActions[] = {{}};
   static constexpr const char* kEntryLine = nullptr;
 };
 

@@ -4,6 +4,7 @@
 #include "CommunicationBarring.h"
 #include "XMLCommunicationDiversion.h"
 #include "base/ZtLog.h"
+#include "binding/ZtReading.h"
 
 namespace {
 
@@ -19,11 +20,12 @@ constexpr ZtElementType kEmptyForwardTo =
 struct Actions {
   // Intended: the line lacks the lead that the others have.
   static constexpr char kEntryLine[] = "Communication_barringMarshaller: AddActionsElementToXml";
-  static constexpr ZtWritable kActions[] = {{&CommonPolicyBinding::kFlag, XML_STR_ZT_NULL},
-                                            {&zt_ns_xcap_media_type::kType, XML_STR_ZT_NULL},
-                                            {&kEmptyForwardTo, XML_STR_ZT_NULL},
-                                            {&zt_allow_action_type::kType, XML_STR_ZT_NULL},
-                                            {nullptr, XML_STR_ZT_NULL}};
+  static constexpr ZtChoice kActions[] = {
+      CommonPolicyBinding::kFlags,
+      {XML_STR_MEDIA, zt_ns_xcap_media_type::kType},
+      ZtChoice(XML_STR_FORWARD_TO, zt_ns_xcap_forward_to_type::kType).WrittenBy(&kEmptyForwardTo),
+      {XML_STR_ALLOW, zt_allow_action_type::kType},
+      {}};
 };
 constexpr const ZtPolicyTypes& kPolicy = CommonPolicyBinding::kTypes<Actions>;
 
@@ -72,6 +74,25 @@ const ZtElementType zt_outgoing_communication_barring::kType =
                 XML_STR_SS)
         .FailsAs("outgoing_communication_barringMarshaller")  // likewise
         .Root();
+
+// ---- Decoder ------------------------------------------------------------------------------------
+
+namespace {
+
+constexpr ZtRoot kRoots[] = {
+    {XML_STR_INCOMING_COMMUNICATION_BARRING, &zt_incoming_communication_barring::kType},
+    {XML_STR_OUTGOING_COMMUNICATION_BARRING, &zt_outgoing_communication_barring::kType}};
+// Intended: the line names another decoder; log readers search for it as it is.
+constexpr ZtReading kReading =
+    ZtReading("XMLCommunicationBarringDecoder", "src/CommunicationBarring", ZtPrefixRule::kRewrite)
+        .Roots(kRoots)
+        .NoMemory(
+            "XMLCommunicationDiversionDecoder :: XMLChangeNamespaceTag Malloc unable to allocate "
+            "memory");
+
+}  // namespace
+
+XMLCommunicationBarringDecoder::XMLCommunicationBarringDecoder() : ZtNamespaceDecoder(kReading) {}
 
 // ---- Workers ------------------------------------------------------------------------------------
 

@@ -2,6 +2,7 @@
 
 #include "CommonPolicyBinding.h"
 #include "CommunicationDiversion.h"
+#include "binding/ZtReading.h"
 
 namespace {
 
@@ -16,10 +17,10 @@ constexpr ZtRange kSeconds = {zt_NoReplyTimer::kLeast, zt_NoReplyTimer::kMost};
 
 struct Actions {
   static constexpr char kEntryLine[] = "<XML Module>: AddActionsElementToXml";
-  static constexpr ZtWritable kActions[] = {{&CommonPolicyBinding::kFlag, XML_STR_ZT_NULL},
-                                            {&zt_ns_xcap_media_type::kType, XML_STR_ZT_NULL},
-                                            {&zt_ns_xcap_forward_to_type::kType, XML_STR_ZT_NULL},
-                                            {nullptr, XML_STR_ZT_NULL}};
+  static constexpr ZtChoice kActions[] = {CommonPolicyBinding::kFlags,
+                                          {XML_STR_MEDIA, zt_ns_xcap_media_type::kType},
+                                          {XML_STR_FORWARD_TO, zt_ns_xcap_forward_to_type::kType},
+                                          {}};
 };
 constexpr const ZtPolicyTypes& kPolicy = CommonPolicyBinding::kTypes<Actions>;
 
@@ -83,6 +84,20 @@ int zt_NoReplyTimer::setNoReplyTimerValue(unsigned int seconds) {
   m_Seconds = seconds;
   return 1;
 }
+
+// ---- Decoder ------------------------------------------------------------------------------------
+
+namespace {
+
+constexpr ZtRoot kRoots[] = {{XML_STR_COMMUNICATION_DIVERSION, &zt_communication_diversion::kType}};
+constexpr ZtReading kReading = ZtReading("XMLCommunicationDiversionDecoder",
+                                         "src/CommunicationDiversion", ZtPrefixRule::kRewrite)
+                                   .Roots(kRoots);
+
+}  // namespace
+
+XMLCommunicationDiversionDecoder::XMLCommunicationDiversionDecoder()
+    : ZtNamespaceDecoder(kReading) {}
 
 // ---- Workers ------------------------------------------------------------------------------------
 

@@ -2,6 +2,7 @@
 
 #include "CommunicationWaiting.h"
 #include "SimservBinding.h"
+#include "binding/ZtReading.h"
 
 namespace {
 constexpr char kSource[] = "src/XMLCommunicationWaiting";
@@ -11,6 +12,23 @@ const ZtElementType zt_communication_waiting::kType =
     SimservBinding::Switch<zt_communication_waiting>(
         XML_STR_COMMUNICATION_WAITING, "communication-waiting", "CommunicationWaiting",
         "AddCommunication_waitingElementToXml");
+
+// ---- Decoder ------------------------------------------------------------------------------------
+
+namespace {
+
+constexpr ZtRoot kRoots[] = {{XML_STR_COMMUNICATION_WAITING, &zt_communication_waiting::kType}};
+// Intended: the line names another decoder; log readers search for it as it is.
+constexpr ZtReading kReading =
+    ZtReading("XMLCommunicationWaitingDecoder", "src/CommunicationWaiting", ZtPrefixRule::kRewrite)
+        .Roots(kRoots)
+        .NoMemory(
+            "XMLCommunicationDiversionDecoder :: XMLChangeNamespaceTag Malloc unable to allocate "
+            "memory");
+
+}  // namespace
+
+XMLCommunicationWaitingDecoder::XMLCommunicationWaitingDecoder() : ZtNamespaceDecoder(kReading) {}
 
 XMLObject* CommunicationWaitingDataBinder::CreateRootElement() {
   return ZtCreate<zt_communication_waiting>(kSource);

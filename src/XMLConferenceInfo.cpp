@@ -4,11 +4,14 @@
 #include "base/ZtLog.h"
 #include "binding/ZtDocumentTable.h"
 #include "binding/ZtElementWriter.h"
+#include "binding/ZtReading.h"
 
 namespace {
 
 constexpr char kSource[] = "src/XMLConferenceInfo";
-constexpr ZtFamily kFamily = ZtPlainFamily(kSource).RefusesNullClasses();
+// An element stands for something only inside its own parent: "entry" has four meanings, of which
+// that of a role is a text.
+constexpr ZtFamily kFamily = ZtPlainFamily(kSource).RefusesNullClasses().NamesStayInside();
 
 // ---- Enumerations -------------------------------------------------------------------------------
 // A value is known by its beginning.
@@ -345,6 +348,18 @@ const ZtElementType zt_conference_type::kType =
         .Writer(XML_STR_CONFERENCE_INFO, "AddConferenceInfoElementToXml")
         .Declares(ConferenceInfoBinding::kNamespace)
         .Root();
+
+// ---- Decoder ------------------------------------------------------------------------------------
+
+namespace {
+
+constexpr ZtRoot kRoots[] = {{XML_STR_CONFERENCE_INFO, &zt_conference_type::kType}};
+constexpr ZtReading kReading =
+    ZtReading("XMLConferenceInfoDecoder", "src/ConferenceInfo", ZtPrefixRule::kStrip).Roots(kRoots);
+
+}  // namespace
+
+XMLConferenceInfoDecoder::XMLConferenceInfoDecoder() : ZtSchemaDecoder(kReading) {}
 
 // ---- Workers ------------------------------------------------------------------------------------
 

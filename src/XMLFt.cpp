@@ -2,6 +2,7 @@
 
 #include "File.h"
 #include "binding/ZtDocumentTable.h"
+#include "binding/ZtReading.h"
 
 namespace {
 
@@ -42,6 +43,18 @@ const ZtElementType zt_file::kType = ZtTypeOf<zt_file>("zt_file", "file", kFamil
                                          .Fields(FileBinding::kFile)
                                          .Writer(XML_STR_FILE, "AddFileElementToXml")
                                          .Root();
+
+// ---- Decoder ------------------------------------------------------------------------------------
+
+namespace {
+
+constexpr ZtRoot kRoots[] = {{XML_STR_FILE, &zt_file::kType}};
+constexpr ZtReading kReading =
+    ZtReading("XMLFileDecoder", "src/File", ZtPrefixRule::kStrip).Roots(kRoots);
+
+}  // namespace
+
+XMLFileDecoder::XMLFileDecoder() : ZtSchemaDecoder(kReading) {}
 
 // ---- Workers ------------------------------------------------------------------------------------
 

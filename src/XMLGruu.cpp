@@ -3,6 +3,7 @@
 #include "Gruu.h"
 #include "base/ZtLog.h"
 #include "binding/ZtDocumentTable.h"
+#include "binding/ZtReading.h"
 
 namespace {
 
@@ -57,6 +58,19 @@ const ZtElementType zt_ns_gruuinfo_pubGruu::kType =
     GruuBinding::Public<zt_ns_gruuinfo_pubGruu>("zt_ns_gruuinfo_pubGruu");
 const ZtElementType zt_ns_gruuinfo_tempGruu::kType =
     GruuBinding::Temporary<zt_ns_gruuinfo_tempGruu>("zt_ns_gruuinfo_tempGruu");
+
+// ---- Decoder ------------------------------------------------------------------------------------
+
+namespace {
+
+constexpr ZtRoot kRoots[] = {{XML_STR_PUB_GRUU, &zt_pub_gruu::kType},
+                             {XML_STR_TEMP_GRUU, &zt_temp_gruu::kType}};
+constexpr ZtReading kReading =
+    ZtReading("XMLGruuDecoder", "src/Gruu", ZtPrefixRule::kStrip).Roots(kRoots);
+
+}  // namespace
+
+XMLGruuDecoder::XMLGruuDecoder() : ZtSchemaDecoder(kReading) {}
 
 // ---- Workers ------------------------------------------------------------------------------------
 

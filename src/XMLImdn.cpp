@@ -3,6 +3,7 @@
 #include "Imdn.h"
 #include "binding/ZtDocumentTable.h"
 #include "binding/ZtElementWriter.h"
+#include "binding/ZtReading.h"
 
 namespace {
 
@@ -71,7 +72,7 @@ struct ImdnBinding {
 
   template <class T>
   static constexpr ZtElementType Notification(const char* className, const char* label) {
-    return ZtTypeOf<T>(className, label, kFamily).Fields(kNotification);
+    return ZtTypeOf<T>(className, label, kFamily).Fields(kNotification).NamesStayInside();
   }
 
   // Intended: of the objects that it does not know, a status keeps those of the plain class only.
@@ -84,6 +85,9 @@ struct ImdnBinding {
     return !className || __strcmp(className, "XMLElement") != 0;
   }
 
+  static constexpr ZtFlag kFlagText = {nullptr};
+  static constexpr ZtElementType kFlag = ZtFlagOf(kFamily, nullptr, kFlagText);
+  static constexpr ZtChoice kAnyOther[] = {ZtChoice(XML_STR_ZT_NULL, kFlag).NotWritten(), {}};
   static constexpr ZtField kImdn[] = {
       ZtExtensibleRows::kAttributes<ZtObject>,
       ztrow::TextElement(XML_STR_MESSAGE_ID, &zt_imdn::m_MessageId),
@@ -109,7 +113,8 @@ struct ImdnBinding {
           .Lenient()
           .Note("<XML Module>: AddIMDNElementToXml, failed to add Processing Notification.",
                 kZtLogError),
-      ZtExtensibleRows::kElements<ZtObject>,
+      // What it does not know is kept as a flag of its name.
+      ZtExtensibleRows::Elements<ZtObject>(kAnyOther),
   };
   static_assert(ztrow::Sound(kStatus) && ztrow::Sound(kImdn));
 };
@@ -156,6 +161,18 @@ const ZtElementType zt_imdn::kType = ZtTypeOf<zt_imdn>("zt_imdn", "imdn", kFamil
                                          .AwaitsExtras()
                                          .UnknownElement(kCannotAccommodate)
                                          .Root();
+
+// ---- Decoder ------------------------------------------------------------------------------------
+
+namespace {
+
+constexpr ZtRoot kRoots[] = {{XML_STR_IMDN, &zt_imdn::kType}};
+constexpr ZtReading kReading =
+    ZtReading("XMLImdnDecoder", "src/Imdn", ZtPrefixRule::kStrip).Roots(kRoots);
+
+}  // namespace
+
+XMLImdnDecoder::XMLImdnDecoder() : ZtSchemaDecoder(kReading) {}
 
 // ---- Workers ------------------------------------------------------------------------------------
 

@@ -3,6 +3,7 @@
 #include "IsComposing.h"
 #include "binding/ZtDocumentTable.h"
 #include "binding/ZtElementWriter.h"
+#include "binding/ZtReading.h"
 
 namespace {
 
@@ -49,6 +50,19 @@ const ZtElementType zt_isComposing::kType =
         .Declares(kDeclarations)
         .UnknownElement(kCannotAccommodate)
         .Root();
+
+// ---- Decoder ------------------------------------------------------------------------------------
+
+namespace {
+
+constexpr ZtRoot kRoots[] = {{XML_STR_IS_COMPOSING, &zt_isComposing::kType}};
+// Intended: names are compared as they stand, so that a document with prefixes has no root.
+constexpr ZtReading kReading =
+    ZtReading("XMLIsComposingDecoder", "src/IsComposing", ZtPrefixRule::kExact).Roots(kRoots);
+
+}  // namespace
+
+XMLIsComposingDecoder::XMLIsComposingDecoder() : ZtSchemaDecoder(kReading) {}
 
 // ---- Workers ------------------------------------------------------------------------------------
 

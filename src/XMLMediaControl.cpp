@@ -2,6 +2,7 @@
 
 #include "MediaControl.h"
 #include "binding/ZtDocumentTable.h"
+#include "binding/ZtReading.h"
 
 namespace {
 
@@ -46,6 +47,18 @@ const ZtElementType zt_media_control::kType =
         .Fields(MediaControlBinding::kMediaControl)
         .Writer(XML_STR_MEDIA_CONTROL, "AddMediaControlElementToXml")
         .Root();
+
+// ---- Decoder ------------------------------------------------------------------------------------
+
+namespace {
+
+constexpr ZtRoot kRoots[] = {{XML_STR_MEDIA_CONTROL, &zt_media_control::kType}};
+constexpr ZtReading kReading =
+    ZtReading("XMLMediaControlDecoder", "src/MediaControl", ZtPrefixRule::kStrip).Roots(kRoots);
+
+}  // namespace
+
+XMLMediaControlDecoder::XMLMediaControlDecoder() : ZtSchemaDecoder(kReading) {}
 
 // ---- Workers ------------------------------------------------------------------------------------
 

@@ -2,6 +2,7 @@
 
 #include "OIP.h"
 #include "SimservBinding.h"
+#include "binding/ZtReading.h"
 
 namespace {
 constexpr char kSource[] = "src/XMLOIP";
@@ -11,6 +12,19 @@ const ZtElementType zt_originating_identity_presentation::kType =
     SimservBinding::Switch<zt_originating_identity_presentation>(
         XML_STR_ORIGINATING_IDENTITY_PRESENTATION, "originating-identity-presentation",
         "OriginatingIdentityPresentation", "AddOriginatingIdentityPresentationElementToXml");
+
+// ---- Decoder ------------------------------------------------------------------------------------
+
+namespace {
+
+constexpr ZtRoot kRoots[] = {
+    {XML_STR_ORIGINATING_IDENTITY_PRESENTATION, &zt_originating_identity_presentation::kType}};
+constexpr ZtReading kReading =
+    ZtReading("XMLOIPDecoder", "src/OIP", ZtPrefixRule::kRewrite).Roots(kRoots);
+
+}  // namespace
+
+XMLOIPDecoder::XMLOIPDecoder() : ZtNamespaceDecoder(kReading) {}
 
 XMLObject* OIPDataBinder::CreateRootElement() {
   return ZtCreate<zt_originating_identity_presentation>(kSource);

@@ -4,6 +4,7 @@
 #include "PresenceBinding.h"
 #include "base/ZtLog.h"
 #include "binding/ZtDocumentTable.h"
+#include "binding/ZtReading.h"
 
 namespace {
 
@@ -34,10 +35,10 @@ struct PresenceBinding {
       kZtOthers,
   };
 
-  static constexpr ZtWritable kExtensions[] = {
-      {&zt_ns_oma_pres_service_description::kType, XML_STR_ZT_NULL},
-      {&zt_ns_caps_servcaps::kType, XML_STR_ZT_NULL},
-      {nullptr, XML_STR_ZT_NULL}};
+  static constexpr ZtChoice kExtensions[] = {
+      {XML_STR_SERVICE_DESCRIPTION, zt_ns_oma_pres_service_description::kType},
+      {XML_STR_SERVCAPS, zt_ns_caps_servcaps::kType},
+      {}};
   static constexpr ZtField kTuple[] = {
       ztrow::Attribute(XML_STR_ID, &zt_tuple::m_Id).Required(nullptr, 0),
       ztrow::Child(XML_STR_STATUS, &zt_tuple::m_Status, Status::kType),
@@ -87,6 +88,18 @@ const ZtElementType zt_presence::kType = ZtTypeOf<zt_presence>("zt_presence", "p
                                              .Writer(XML_STR_PRESENCE, "AddPresenceElementToXml")
                                              .Declares(PresenceBinding::kNamespaces)
                                              .Root();
+
+// ---- Decoder ------------------------------------------------------------------------------------
+
+namespace {
+
+constexpr ZtRoot kRoots[] = {{XML_STR_PRESENCE, &zt_presence::kType}};
+constexpr ZtReading kReading =
+    ZtReading("XMLPresenceDecoder", "src/Presence", ZtPrefixRule::kStrip).Roots(kRoots);
+
+}  // namespace
+
+XMLPresenceDecoder::XMLPresenceDecoder() : ZtSchemaDecoder(kReading) {}
 
 // ---- Workers ------------------------------------------------------------------------------------
 

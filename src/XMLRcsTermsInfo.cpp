@@ -2,6 +2,7 @@
 
 #include "RcsTermsInfo.h"
 #include "binding/ZtDocumentTable.h"
+#include "binding/ZtReading.h"
 
 namespace {
 
@@ -34,6 +35,18 @@ const ZtElementType zt_rcs_terms_info::kType =
         .Fields(RcsTermsInfoBinding::kTerms)
         .Writer(XML_STR_RCS_TERMS_INFO, "AddRcsTermsInfoElementToXml")
         .Root();
+
+// ---- Decoder ------------------------------------------------------------------------------------
+
+namespace {
+
+constexpr ZtRoot kRoots[] = {{XML_STR_RCS_TERMS_INFO, &zt_rcs_terms_info::kType}};
+constexpr ZtReading kReading =
+    ZtReading("XMLRcsTermsInfoDecoder", "src/RcsTermsInfo", ZtPrefixRule::kStrip).Roots(kRoots);
+
+}  // namespace
+
+XMLRcsTermsInfoDecoder::XMLRcsTermsInfoDecoder() : ZtSchemaDecoder(kReading) {}
 
 // ---- Workers ------------------------------------------------------------------------------------
 

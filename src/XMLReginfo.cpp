@@ -3,6 +3,7 @@
 #include "ReginfoDecoder.h"
 #include "base/ZtLog.h"
 #include "binding/ZtDocumentTable.h"
+#include "binding/ZtReading.h"
 
 namespace {
 
@@ -49,9 +50,9 @@ struct ReginfoBinding {
       ztrow::OwnText(XML_STR_UNKNOWN_PARAM, &zt_unknown_param::m_Value),
   };
 
-  static constexpr ZtWritable kGruus[] = {{&zt_pub_gruu::kType, XML_STR_GR},
-                                          {&zt_temp_gruu::kType, XML_STR_GR},
-                                          {nullptr, XML_STR_ZT_NULL}};
+  static constexpr ZtChoice kGruus[] = {{XML_STR_PUB_GRUU, zt_pub_gruu::kType, XML_STR_GR},
+                                        {XML_STR_TEMP_GRUU, zt_temp_gruu::kType, XML_STR_GR},
+                                        {}};
 
   static constexpr ZtField kContact[] = {
       ztrow::Attribute(XML_STR_STATE, &zt_ns_reginfo_contact::m_State, kContactStates)
@@ -130,6 +131,24 @@ const ZtElementType zt_reginfo::kType =
         .Declares(ReginfoBinding::kNamespaces)
         .UnknownElement("zt_reginfo::ProcessUnMarshall Cannot accommodate the element %s")
         .Root();
+
+// ---- Decoder ------------------------------------------------------------------------------------
+
+namespace {
+
+constexpr ZtRoot kRoots[] = {{XML_STR_REGINFO, &zt_reginfo::kType}};
+// Intended: the line names another decoder; log readers search for it as it is.
+constexpr ZtReading kReading =
+    ZtReading("XMLReginfoDecoder", "src/ReginfoDecoder", ZtPrefixRule::kStrip)
+        .Roots(kRoots)
+        .Extensions(ReginfoBinding::kGruus)
+        .NoMemory(
+            "XMLCommunicationDiversionDecoder :: XMLRemoveNameSpaceTag: Malloc unable to allocate "
+            "memory");
+
+}  // namespace
+
+XMLReginfoDecoder::XMLReginfoDecoder() : ZtSchemaDecoder(kReading) {}
 
 // ---- Workers ------------------------------------------------------------------------------------
 

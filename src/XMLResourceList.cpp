@@ -3,6 +3,7 @@
 #include "ResourceLists.h"
 #include "base/ZtLog.h"
 #include "binding/ZtDocumentTable.h"
+#include "binding/ZtReading.h"
 
 namespace {
 
@@ -50,11 +51,11 @@ struct ResourceListsBinding {
       kZtOthers,
   };
 
-  static constexpr ZtWritable kMembers[] = {{&zt_listType::kType, XML_STR_ZT_NULL},
-                                            {&zt_externalType::kType, XML_STR_ZT_NULL},
-                                            {&zt_entryType::kType, XML_STR_ZT_NULL},
-                                            {&zt_entry_refType::kType, XML_STR_ZT_NULL},
-                                            {nullptr, XML_STR_ZT_NULL}};
+  static constexpr ZtChoice kMembers[] = {{XML_STR_LIST, zt_listType::kType},
+                                          {XML_STR_EXTERNAL, zt_externalType::kType},
+                                          {XML_STR_ENTRY, zt_entryType::kType},
+                                          {XML_STR_ENTRY_REF, zt_entry_refType::kType},
+                                          {}};
   static constexpr ZtField kList[] = {
       ztrow::Attribute(XML_STR_NAME, &zt_listType::m_Name),
       kZtExtras,
@@ -65,12 +66,10 @@ struct ResourceListsBinding {
   // The list of members has no names of its own: a member is refused under another one's name.
   static bool RefusesMember(XMLElement&, const char* name, const char*, XMLElement* child,
                             ZtOutcome& outcome) {
-    for (const ZtWritable* member = kMembers; member->type; ++member) {
-      if (__strcmp(name, member->type->label) != 0) continue;
-      outcome = child && !child->ClassName() ? ZtOutcome::kAccepted : ZtOutcome::kRefused;
-      return !child || !ZtIsA(*child, *member->type);
-    }
-    return false;
+    const ZtChoice* member = ZtFindNamed(kMembers, ZtNameId::Of(name));
+    if (!member) return false;
+    outcome = child && !child->ClassName() ? ZtOutcome::kAccepted : ZtOutcome::kRefused;
+    return !child || !ZtIsA(*child, *member->type);
   }
 
   // Of the root, too, extra attributes are kept: they declare the prefixes of its members' ones.
@@ -110,6 +109,18 @@ const ZtElementType zt_resource_lists::kType =
         .Writer(XML_STR_RESOURCE_LISTS, "AddResource_listsElementToXml")
         .Declares(kNamespaces)
         .Root();
+
+// ---- Decoder ------------------------------------------------------------------------------------
+
+namespace {
+
+constexpr ZtRoot kRoots[] = {{XML_STR_RESOURCE_LISTS, &zt_resource_lists::kType}};
+constexpr ZtReading kReading =
+    ZtReading("XMLResourceListsDecoder", "src/ResourceLists", ZtPrefixRule::kStrip).Roots(kRoots);
+
+}  // namespace
+
+XMLResourceListsDecoder::XMLResourceListsDecoder() : ZtSchemaDecoder(kReading) {}
 
 // ---- Workers ------------------------------------------------------------------------------------
 

@@ -3,6 +3,7 @@
 #include "List.h"
 #include "base/ZtLog.h"
 #include "binding/ZtDocumentTable.h"
+#include "binding/ZtReading.h"
 
 namespace {
 
@@ -75,6 +76,18 @@ const ZtElementType zt_list::kType = ZtTypeOf<zt_list>("zt_list", "list", kFamil
                                          .Writer(XML_STR_LIST, "AddListElementToXml")
                                          .Declares(kNamespace)
                                          .Root();
+
+// ---- Decoder ------------------------------------------------------------------------------------
+
+namespace {
+
+constexpr ZtRoot kRoots[] = {{XML_STR_LIST, &zt_list::kType}};
+constexpr ZtReading kReading =
+    ZtReading("XMLListDecoder", "src/List", ZtPrefixRule::kStrip).Roots(kRoots);
+
+}  // namespace
+
+XMLListDecoder::XMLListDecoder() : ZtSchemaDecoder(kReading) {}
 
 // ---- Workers ------------------------------------------------------------------------------------
 

@@ -3,6 +3,7 @@
 #include "RlsServices.h"
 #include "base/ZtLog.h"
 #include "binding/ZtDocumentTable.h"
+#include "binding/ZtReading.h"
 
 namespace {
 
@@ -66,6 +67,18 @@ const ZtElementType zt_rls_services::kType =
         .Writer(XML_STR_RLS_SERVICES, "AddRlsServicesElementToXml")
         .Declares(kNamespace)
         .Root();
+
+// ---- Decoder ------------------------------------------------------------------------------------
+
+namespace {
+
+constexpr ZtRoot kRoots[] = {{XML_STR_RLS_SERVICES, &zt_rls_services::kType}};
+constexpr ZtReading kReading =
+    ZtReading("XMLRlsServicesDecoder", "src/RlsServices", ZtPrefixRule::kStrip).Roots(kRoots);
+
+}  // namespace
+
+XMLRlsServicesDecoder::XMLRlsServicesDecoder() : ZtSchemaDecoder(kReading) {}
 
 // ---- Workers ------------------------------------------------------------------------------------
 

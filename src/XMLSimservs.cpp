@@ -6,6 +6,7 @@
 #include "XMLFile.h"
 #include "XMLSchemaNameSpaceRetrieval.h"
 #include "base/ZtLog.h"
+#include "binding/ZtReading.h"
 
 namespace {
 
@@ -362,6 +363,18 @@ char* SimservsUnMarshaller::replaceSubStringWithNull(char* text, char** out, int
   std::memmove(text + from, text + from + count, size - from - count + 1);
   return text;
 }
+
+// ---- Decoder ------------------------------------------------------------------------------------
+
+namespace {
+
+constexpr ZtRoot kRoots[] = {{XML_STR_SIMSERVS, &zt_Simservs::kType}};
+constexpr ZtReading kReading =
+    ZtReading("XMLSimservsDecoder", "src/Simservs", ZtPrefixRule::kRewrite).Roots(kRoots);
+
+}  // namespace
+
+XMLSimservsDecoder::XMLSimservsDecoder() : ZtNamespaceDecoder(kReading) {}
 
 // ---- Workers ------------------------------------------------------------------------------------
 

@@ -2,6 +2,7 @@
 
 #include "SimservBinding.h"
 #include "TIP.h"
+#include "binding/ZtReading.h"
 
 namespace {
 constexpr char kSource[] = "src/XMLTIP";
@@ -11,6 +12,19 @@ const ZtElementType zt_terminating_identity_presentation::kType =
     SimservBinding::Switch<zt_terminating_identity_presentation>(
         XML_STR_TERMINATING_IDENTITY_PRESENTATION, "terminating-identity-presentation",
         "TerminatingIdentityPresentation", "AddTerminatingIdentityPresentationElementToXml");
+
+// ---- Decoder ------------------------------------------------------------------------------------
+
+namespace {
+
+constexpr ZtRoot kRoots[] = {
+    {XML_STR_TERMINATING_IDENTITY_PRESENTATION, &zt_terminating_identity_presentation::kType}};
+constexpr ZtReading kReading =
+    ZtReading("XMLTIPDecoder", "src/TIP", ZtPrefixRule::kRewrite).Roots(kRoots);
+
+}  // namespace
+
+XMLTIPDecoder::XMLTIPDecoder() : ZtNamespaceDecoder(kReading) {}
 
 XMLObject* TIPDataBinder::CreateRootElement() {
   return ZtCreate<zt_terminating_identity_presentation>(kSource);

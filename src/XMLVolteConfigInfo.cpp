@@ -2,6 +2,7 @@
 
 #include "CharacteristicBinding.h"
 #include "VolteConfigInfo.h"
+#include "binding/ZtReading.h"
 
 namespace {
 constexpr char kSource[] = "src/XMLVolteConfigInfo";
@@ -12,6 +13,20 @@ const ZtElementType zt_volte_config_info::kType =
     ZtTypeOf<zt_volte_config_info>("zt_volte_config_info", "volte-config-info", kFamily)
         .Fields(CharacteristicBinding::kRoot)
         .Root();
+
+// ---- Decoder ------------------------------------------------------------------------------------
+
+namespace {
+
+constexpr ZtRoot kRoots[] = {{ZT_STR_VOLTE_CONFIG_INFO, &zt_volte_config_info::kType},
+                             {ZT_STR_WAP_PROVISIONINGDOC, &zt_volte_config_info::kType}};
+constexpr ZtReading kReading =
+    ZtReading("XMLVolteConfigInfoDecoder", "src/VolteConfigInfo", ZtPrefixRule::kStrip)
+        .Roots(kRoots);
+
+}  // namespace
+
+XMLVolteConfigInfoDecoder::XMLVolteConfigInfoDecoder() : ZtSchemaDecoder(kReading) {}
 
 XMLObject* VolteConfigInfoDataBinder::CreateRootElement() {
   return ZtCreate<zt_volte_config_info>(kSource);

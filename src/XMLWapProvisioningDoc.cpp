@@ -2,6 +2,7 @@
 
 #include "CharacteristicBinding.h"
 #include "WapProvisioningDoc.h"
+#include "binding/ZtReading.h"
 
 namespace {
 constexpr char kSource[] = "src/XMLWapProvisioningDoc";
@@ -12,6 +13,19 @@ const ZtElementType zt_wap_provisioning_doc::kType =
     ZtTypeOf<zt_wap_provisioning_doc>("zt_wap_provisioning_doc", "wap-provisioningdoc", kFamily)
         .Fields(CharacteristicBinding::kRoot)
         .Root();
+
+// ---- Decoder ------------------------------------------------------------------------------------
+
+namespace {
+
+constexpr ZtRoot kRoots[] = {{ZT_STR_WAP_PROVISIONINGDOC, &zt_wap_provisioning_doc::kType}};
+constexpr ZtReading kReading =
+    ZtReading("XMLWapProvisioningDocDecoder", "src/WapProvisioningDoc", ZtPrefixRule::kStrip)
+        .Roots(kRoots);
+
+}  // namespace
+
+XMLWapProvisioningDocDecoder::XMLWapProvisioningDocDecoder() : ZtSchemaDecoder(kReading) {}
 
 XMLObject* WapProvisioningDocDataBinder::CreateRootElement() {
   return ZtCreate<zt_wap_provisioning_doc>(kSource);

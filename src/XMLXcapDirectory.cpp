@@ -3,6 +3,7 @@
 #include "XcapDirectory.h"
 #include "base/ZtLog.h"
 #include "binding/ZtDocumentTable.h"
+#include "binding/ZtReading.h"
 
 namespace {
 
@@ -58,6 +59,18 @@ const ZtElementType zt_xcap_directory::kType =
         .Writer(XML_STR_XCAP_DIRECTORY, "AddXcapDirectoryElementToXml")
         .Declares(kDeclarations)
         .Root();
+
+// ---- Decoder ------------------------------------------------------------------------------------
+
+namespace {
+
+constexpr ZtRoot kRoots[] = {{XML_STR_XCAP_DIRECTORY, &zt_xcap_directory::kType}};
+constexpr ZtReading kReading =
+    ZtReading("XMLXcapDirectoryDecoder", "src/XcapDirectory", ZtPrefixRule::kStrip).Roots(kRoots);
+
+}  // namespace
+
+XMLXcapDirectoryDecoder::XMLXcapDirectoryDecoder() : ZtSchemaDecoder(kReading) {}
 
 // ---- Workers ------------------------------------------------------------------------------------
 

@@ -5,6 +5,7 @@
 #include "base/ZtLog.h"
 #include "binding/ZtDocumentTable.h"
 #include "binding/ZtElementWriter.h"
+#include "binding/ZtReading.h"
 
 namespace {
 
@@ -18,29 +19,32 @@ constexpr ZtFixedAttribute kDeclarations[] = {
     {XML_STR_HTTP_WWW_W3_ORG_2001_XMLSCHEMA_INSTANCE, XML_STR_XSI},
     {XML_STR_URN_IETF_PARAMS_XML_NS_XCAP_ERROR, XML_STR_SCHEMA_LOCATION, XML_STR_XSI}};
 
-constexpr const ZtElementType* kErrors[] = {&zt_schema_validation_error::kType,
-                                            &zt_not_xml_frag::kType,
-                                            &zt_no_parent::kType,
-                                            &zt_cannot_insert::kType,
-                                            &zt_not_xml_att_value::kType,
-                                            &zt_uniqueness_failure::kType,
-                                            &zt_not_well_formed::kType,
-                                            &zt_constraint_failure::kType,
-                                            &zt_cannot_delete::kType,
-                                            &zt_not_utf_8::kType,
-                                            &zt_extension::kType};
+constexpr ZtChoice kErrors[] = {
+    {XML_STR_SCHEMA_VALIDATION_ERROR, zt_schema_validation_error::kType},
+    {XML_STR_NOT_XML_FRAG, zt_not_xml_frag::kType},
+    {XML_STR_NO_PARENT, zt_no_parent::kType},
+    {XML_STR_CANNOT_INSERT, zt_cannot_insert::kType},
+    {XML_STR_NOT_XML_ATT_VALUE, zt_not_xml_att_value::kType},
+    {XML_STR_UNIQUENESS_FAILURE, zt_uniqueness_failure::kType},
+    {XML_STR_NOT_WELL_FORMED, zt_not_well_formed::kType},
+    {XML_STR_CONSTRAINT_FAILURE, zt_constraint_failure::kType},
+    {XML_STR_CANNOT_DELETE, zt_cannot_delete::kType},
+    {XML_STR_NOT_UTF_8, zt_not_utf_8::kType},
+    {XML_STR_EXTENSION, zt_extension::kType},
+    {}};
 
 // The type of the error `element`, null when it is none.
 const ZtElementType* ErrorTypeOf(const XMLElement* element) {
-  for (const ZtElementType* type : kErrors) {
-    if (element && ZtIsA(*element, *type)) return type;
+  for (const ZtChoice* error = kErrors; error->type && element; ++error) {
+    if (ZtIsA(*element, *error->type)) return error->type;
   }
   return nullptr;
 }
 
 bool IsErrorName(const char* name) {
-  for (const ZtElementType* type : kErrors) {
-    if (__strncmp(name, type->label, __strlen(type->label)) == 0) return true;
+  for (const ZtChoice* error = kErrors; error->type; ++error) {
+    const ZtPiece known = error->name.Piece();
+    if (__strncmp(name, known.text, known.size) == 0) return true;
   }
   return false;
 }
@@ -143,9 +147,22 @@ const ZtElementType zt_xcap_error::kType =
         .Writer(XML_STR_XCAP_ERROR, "AddXcap_errorElementToXml")
         .EntryLine("<XML Module>: AddXcap_errorElementToXmlErrorElementToXml")
         .Declares(kDeclarations)
+        .Chooses(kErrors)
         .OnChild(XcapErrorBinding::TakeError)
         .OnContent(XcapErrorBinding::WriteError)
         .Root();
+
+// ---- Decoder ------------------------------------------------------------------------------------
+
+namespace {
+
+constexpr ZtRoot kRoots[] = {{XML_STR_XCAP_ERROR, &zt_xcap_error::kType}};
+constexpr ZtReading kReading =
+    ZtReading("XMLXcapErrorDecoder", "src/XcapError", ZtPrefixRule::kStrip).Roots(kRoots);
+
+}  // namespace
+
+XMLXcapErrorDecoder::XMLXcapErrorDecoder() : ZtSchemaDecoder(kReading) {}
 
 // ---- Workers ------------------------------------------------------------------------------------
 

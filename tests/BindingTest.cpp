@@ -11,7 +11,7 @@
 #include "base/ZtLog.h"
 #include "binding/ZtBinding.h"
 #include "binding/ZtElementWriter.h"
-#include "binding/ZtGrammar.h"
+#include "binding/ZtReading.h"
 
 namespace {
 
@@ -75,7 +75,8 @@ const ZtElementType Entry::kType = ZtTypeOf<Entry>("Entry", "entry", kFamily)
 
 constexpr ZtFlag kFlag = {"%s: flag is not present"};
 constexpr ZtElementType kFlagType = ZtFlagOf(kFamily, "AddFlag", kFlag);
-constexpr ZtWritable kWritables[] = {{&Entry::kType, XML_STR_CP}, {nullptr, XML_STR_ZT_NULL}};
+constexpr ZtChoice kChoices[] = {{XML_STR_ENTRY, Entry::kType, XML_STR_CP}, {}};
+constexpr ZtChoice kExtensions[] = {{XML_STR_RESOURCE, Entry::kType}, {}};
 constexpr ZtFixedAttribute kFixed[] = {
     {XML_STR_URI_3GPP_GBA, XML_STR_ZT_NULL},
     {XML_STR_URN_IETF_PARAMS_XML_NS_COMMON_POLICY, XML_STR_CP},
@@ -94,7 +95,7 @@ constexpr ZtField kListRows[] = {
         .Note("external list %d failed", kZtLogError),
     ztrow::Children(XML_STR_LIST, &List::m_Lists, List::kType),
     ztrow::Children(XML_STR_BUSY, &List::m_Flags, kFlagType),
-    ztrow::OtherChildren(&List::m_Others, kWritables).Note("no writer for %s"),
+    ztrow::OtherChildren(&List::m_Others, kChoices).Note("no writer for %s"),
 };
 static_assert(ztrow::Sound(kListRows));
 constexpr ZtField kTwice[] = {ztrow::Attribute(XML_STR_ID, &List::m_Id),
@@ -107,23 +108,19 @@ const ZtElementType List::kType = ZtTypeOf<List>("List", "list", kFamily)
                                       .OnChild(NoteBusy)
                                       .Root();
 
-constexpr ZtGrammarRow kRows[] = {
-    {XML_STR_RESOURCE_LISTS, ZtElementKind::kRoot, &List::kType},
-    {XML_STR_LIST, ZtElementKind::kStructured, &List::kType},
-    {XML_STR_ENTRY, ZtElementKind::kStructured, &Entry::kType, &List::kType},
-    {ZT_STR_EXTERNAL_LIST, ZtElementKind::kTextBearing, &Entry::kType, &List::kType},
-    {XML_STR_KEYWORDS, ZtElementKind::kEndBound, &Keywords::kType, &List::kType},
-    {XML_STR_BUSY, ZtElementKind::kFlag, nullptr},
-    {XML_STR_RESOURCE, ZtElementKind::kExtension, &Entry::kType},
-};
-constexpr ZtGrammar kExact =
-    ZtGrammar("Toy", "tests/Toy", ZtPrefixRule::kExact).Names(kRows).NoMemory("no memory");
-constexpr ZtGrammar kStrip =
-    ZtGrammar("Toy", "tests/Toy", ZtPrefixRule::kStrip).Names(kRows).NoMemory("no memory");
+constexpr ZtRoot kRoots[] = {{XML_STR_RESOURCE_LISTS, &List::kType}};
+constexpr ZtReading Reading(ZtPrefixRule prefixes) {
+  return ZtReading("Toy", "tests/Toy", prefixes)
+      .Roots(kRoots)
+      .Extensions(kExtensions)
+      .NoMemory("no memory");
+}
+constexpr ZtReading kExact = Reading(ZtPrefixRule::kExact);
+constexpr ZtReading kStrip = Reading(ZtPrefixRule::kStrip);
 
 class ToyDecoder : public ZtSchemaDecoder {
  public:
-  explicit ToyDecoder(const ZtGrammar& grammar) : ZtSchemaDecoder(grammar) {}
+  explicit ToyDecoder(const ZtReading& reading) : ZtSchemaDecoder(reading) {}
 };
 class ToyNamespaceDecoder : public ZtNamespaceDecoder {
  public:
@@ -138,8 +135,8 @@ Tree<List> Parse(ZtSchemaDecoder& decoder, std::string text) {
   if (result != ZT_XML_SUCCESS || decoder.Failed()) root.reset();
   return root;
 }
-Tree<List> Parse(const std::string& text, const ZtGrammar& grammar = kStrip) {
-  ToyDecoder decoder(grammar);
+Tree<List> Parse(const std::string& text, const ZtReading& reading = kStrip) {
+  ToyDecoder decoder(reading);
   return Parse(decoder, text);
 }
 

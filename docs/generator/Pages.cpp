@@ -132,7 +132,8 @@ std::string WrittenCell(const reflect::Field& field, const std::string& page, co
       AddOnce(types, LinkTo(*type, page, homes));
     }
     if (!types.empty()) return "only: " + Join(types);
-    return row->detail.writables ? "those that the document's page names" : "never";
+    const bool named = row->detail.choices && !row->detail.choices->type;
+    return named ? "those that the document's page names" : "never";
   }
   if (row->required) return "**required**";
   std::string cell = "when set";
@@ -149,44 +150,53 @@ std::string WrittenCell(const reflect::Field& field, const std::string& page, co
   return cell;
 }
 
-// What the sections of a page are made for: all types of the documents that have them, and the rows
-// of those documents' grammars.
+// What the sections of a page are made for: all types and roots of the documents that have them.
 struct Scope {
   std::vector<const ZtElementType*> types;
-  std::vector<const ZtGrammarRow*> rows;
+  std::vector<ZtRoot> roots;
   bool writes = false;
 
   void Add(const reflect::Schema& schema) {
     for (const ZtElementType* type : schema.Types()) types.push_back(type);
-    for (const ZtGrammarRow* row : schema.GrammarRows()) rows.push_back(row);
+    roots.insert(roots.end(), schema.reading->roots,
+                 schema.reading->roots + schema.reading->rootCount);
     writes = writes || schema.document->info.writes;
   }
 };
+
+// The names of a choice.
+std::vector<std::string> NamesOf(const ZtChoice& choice) {
+  if (choice.name.IsNone()) return {"any other element"};
+  std::vector<std::string> names = {Code(ZtName(choice.name))};
+  for (const ZtNameId* other = choice.others; other && !other->IsNone(); ++other) {
+    names.push_back(Code(ZtName(*other)));
+  }
+  return names;
+}
 
 // The element names under which a type stands, with the types that it is in as far as rows say so.
 std::string PlacesOf(const ZtElementType& type, const Scope& scope, const std::string& page,
                      const Homes& homes) {
   std::vector<std::string> places;
   for (const ZtElementType* parent : scope.types) {
+    const std::string in = " of " + LinkTo(*parent, page, homes);
     for (const ZtField& row : *parent) {
-      for (const ZtElementType* child : reflect::ChildTypesOf(row)) {
-        if (!Same(*child, type)) continue;
-        const std::string name = row.HasName() ? ZtName(row.name) : TagOf(type);
-        AddOnce(places, Code(name) + " of " + LinkTo(*parent, page, homes));
-      }
+      const bool child = row.place == ZtPlace::kChild || row.place == ZtPlace::kChildren;
+      if (child && Same(*row.detail.type, type)) AddOnce(places, Code(ZtName(row.name)) + in);
+    }
+    for (const ZtChoice* at = parent->choices; at && at->type; ++at) {
+      if (!Same(*at->type, type)) continue;
+      for (const std::string& name : NamesOf(*at)) AddOnce(places, name + in);
     }
   }
   std::vector<std::string> names;
-  for (const ZtGrammarRow* row : scope.rows) {
-    const bool root = row->kind == ZtElementKind::kRoot;
-    if (row->type && Same(*row->type, type) && (root || places.empty())) {
-      AddOnce(names, Code(ZtName(row->name)));
-    }
+  for (const ZtRoot& root : scope.roots) {
+    if (Same(*root.type, type)) AddOnce(names, Code(ZtName(root.name)));
   }
   std::string text;
   if (type.root) text = names.empty() ? "Any root element" : "Root element " + Join(names, " or ");
   if (type.root && places.empty()) return text;
-  if (places.empty()) return "Element " + Join(names);
+  if (places.empty()) return "Element " + Code(TagOf(type));
   if (!text.empty()) text += ". ";
   return text + (places.size() > 1 ? "Elements " : "Element ") + Join(places);
 }
@@ -263,12 +273,13 @@ std::string TypeSection(const ZtElementType& type, const Scope& scope, const std
 std::string OwnWay(const ZtElementType& type, const std::string& page, const Homes& homes) {
   const ZtElementType& read = reflect::ReadAs(type);
   if (&type == &read || IsFlag(type)) return "";
-  if (type.fieldCount == 0 && read.fieldCount != 0) {
+  const bool kept = type.choices || reflect::ChildTypesOf(type).empty();
+  if (kept && !type.choices && read.fieldCount != 0) {
     return "- " + Code(TagOf(type)) + " is written without its content.\n";
   }
   std::string text;
   for (const ZtField& row : type) {
-    if (row.place != ZtPlace::kOtherChildren || !row.detail.writables) continue;
+    if (row.place != ZtPlace::kOtherChildren || !row.detail.choices) continue;
     text += "- In " + Code(TagOf(type)) + " are written, " +
             WrittenCell({&row, nullptr, row.place, row.value, 0, {}}, page, homes) + ".\n";
   }
@@ -290,10 +301,15 @@ std::vector<const ZtElementType*> WrittenTypes(const reflect::Schema& schema) {
 
 std::string FlagsOf(const reflect::Schema& schema, const std::string& page, const Homes& homes) {
   std::vector<std::string> names;
-  for (const ZtGrammarRow* row : schema.GrammarRows()) {
-    if (row->kind != ZtElementKind::kFlag) continue;
-    const std::string name = row->name.IsNone() ? "any other element" : Code(ZtName(row->name));
-    AddOnce(names, name + (row->parent ? " in " + LinkTo(*row->parent, page, homes) : ""));
+  for (const ZtElementType* type : schema.Types()) {
+    for (const ZtField& row : *type) {
+      if (row.IsObject() && IsFlag(*row.detail.type)) AddOnce(names, Code(ZtName(row.name)));
+    }
+    for (const ZtChoice* at = type->choices; at && at->type; ++at) {
+      if (!IsFlag(*at->type)) continue;
+      const std::string in = at->name.IsNone() ? " in " + LinkTo(*type, page, homes) : "";
+      for (const std::string& name : NamesOf(*at)) AddOnce(names, name + in);
+    }
   }
   if (names.empty()) return "";
   return "Flags (empty elements whose presence is the value; each a `zt_empty_element_type` with "
@@ -373,7 +389,7 @@ std::string Facts(const reflect::Schema& schema) {
   add("root", names.empty() ? "any" : Join(names));
   add("namespace", info.nameSpace ? Code(info.nameSpace) : "none");
   add("access", info.writes ? "reads, writes" : "reads");
-  switch (schema.grammar->prefixes) {
+  switch (schema.reading->prefixes) {
     case ZtPrefixRule::kExact:
       add("prefixes of elements", "taken as part of the name");
       break;

@@ -306,19 +306,20 @@ const ZtField* ZtFindChild(const ZtElementType& type, ZtNameId name) {
   return nullptr;
 }
 
-const ZtField* ZtFindTextElement(const ZtElementType& type, ZtNameId name) {
-  const ZtField* field = type.childHook ? nullptr : ZtFindChild(type, name);
-  const bool text =
-      field && !field->fromAttribute &&
-      (field->place == ZtPlace::kTextElement || field->place == ZtPlace::kTextElements);
-  return text ? field : nullptr;
+const ZtChoice* ZtFindNamed(const ZtChoice* choices, ZtNameId name) {
+  for (const ZtChoice* at = choices; at && at->type; ++at) {
+    if (at->name == name) return at;
+    for (const ZtNameId* other = at->others; other && !other->IsNone(); ++other) {
+      if (*other == name) return at;
+    }
+  }
+  return nullptr;
 }
 
-const ZtField* ZtFindObject(const ZtElementType& type, ZtNameId name) {
-  const ZtField* field = type.childHook ? nullptr : ZtFindChild(type, name);
-  const bool object = field && !field->atEnd && !field->madeHere &&
-                      (field->place == ZtPlace::kChild || field->place == ZtPlace::kChildren);
-  return object ? field : nullptr;
+const ZtChoice* ZtFindChoice(const ZtElementType& type, ZtNameId name) {
+  if (!type.choices) return nullptr;
+  const ZtChoice* named = ZtFindNamed(type.choices, name);
+  return named || ZtFindChild(type, name) ? named : ZtFindNamed(type.choices, XML_STR_ZT_NULL);
 }
 
 ZtOutcome ZtOfferAttribute(XMLElement& self, const ZtElementType& type, ZtPiece name,

@@ -87,11 +87,26 @@ enum class ZtPlace : std::uint8_t {
 
 enum class ZtValue : std::uint8_t { kObject, kText, kNumber, kNumber64, kEnum };
 
-// A type that may stand in a list of mixed children, and the prefix that it is written with. A
-// table of these ends with a null type.
-struct ZtWritable {
-  const ZtElementType* type;
-  e_XmlStrRef prefix;  // XML_STR_ZT_NULL for the type's own
+// One of the elements that may stand in a list of mixed children, or in the place of one child. A
+// table of these ends with one that has no type.
+struct ZtChoice {
+  ZtNameId name = XML_STR_ZT_NULL;      // ZT_NULL: any that neither a row nor another choice names
+  const ZtNameId* others = nullptr;     // further names, up to ZT_NULL
+  const ZtElementType* type = nullptr;  // by which it is read
+  const ZtElementType* writer =
+      nullptr;                           // by which it is written; null: it is kept and not written
+  e_XmlStrRef prefix = XML_STR_ZT_NULL;  // it is written with; ZT_NULL for the type's own
+
+  constexpr ZtChoice() = default;
+  constexpr ZtChoice(ZtNameId element, const ZtElementType& t, e_XmlStrRef p = XML_STR_ZT_NULL)
+      : name(element), type(&t), writer(&t), prefix(p) {}
+  constexpr ZtChoice Or(const ZtNameId* names) const {
+    return ZtWith(*this, &ZtChoice::others, names);
+  }
+  constexpr ZtChoice WrittenBy(const ZtElementType* table) const {
+    return ZtWith(*this, &ZtChoice::writer, table);
+  }
+  constexpr ZtChoice NotWritten() const { return WrittenBy(nullptr); }
 };
 
 // The numbers that a field takes; others leave it as it is.
@@ -101,16 +116,16 @@ struct ZtRange {
 };
 
 union ZtFieldDetail {
-  const ZtRange* range;         // kNumber, null for all
-  const ZtEnumTable* values;    // kEnum
-  const ZtElementType* type;    // kChild, kChildren
-  const ZtWritable* writables;  // kOtherChildren, ends with a null type
+  const ZtRange* range;       // kNumber, null for all
+  const ZtEnumTable* values;  // kEnum
+  const ZtElementType* type;  // kChild, kChildren
+  const ZtChoice* choices;    // kOtherChildren, null for none
 
   constexpr ZtFieldDetail() : range(nullptr) {}
   constexpr explicit ZtFieldDetail(const ZtRange* r) : range(r) {}
   constexpr explicit ZtFieldDetail(const ZtEnumTable* v) : values(v) {}
   constexpr explicit ZtFieldDetail(const ZtElementType* t) : type(t) {}
-  constexpr explicit ZtFieldDetail(const ZtWritable* w) : writables(w) {}
+  constexpr explicit ZtFieldDetail(const ZtChoice* c) : choices(c) {}
 };
 
 // One row. The order of a type's rows is the order of output, attributes before children.
@@ -157,6 +172,14 @@ struct ZtField {
   }
   constexpr bool IsOwnText() const {
     return place == ZtPlace::kOwnText || place == ZtPlace::kOwnWords;
+  }
+  // Whether it is of a child element that has an object, made at its start.
+  constexpr bool IsObject() const {
+    return (place == ZtPlace::kChild || place == ZtPlace::kChildren) && !atEnd && !madeHere;
+  }
+  // Whether nothing but a text, kept at its end, is to be had of the child element.
+  constexpr bool IsText() const {
+    return (place == ZtPlace::kTextElement || place == ZtPlace::kTextElements) && !fromAttribute;
   }
   constexpr bool HasName() const {
     return place != ZtPlace::kOtherChildren && place != ZtPlace::kOtherAttributes;
@@ -227,13 +250,14 @@ constexpr ZtField Children(ZtNameId name, ZtChildList D::*m, const ZtElementType
 // Kept and not written; the row's note is logged instead when there is such a list.
 template <class D>
 constexpr ZtField OtherChildren(ZtChildList D::*m) {
-  return {ZtPlace::kOtherChildren, ZtValue::kObject, XML_STR_ZT_NULL, At(m)};
-}
-// Kept, and written when their class is among `writables`; the row's note is logged for others.
-template <class D>
-constexpr ZtField OtherChildren(ZtChildList D::*m, const ZtWritable* writables) {
   return {ZtPlace::kOtherChildren, ZtValue::kObject, XML_STR_ZT_NULL, At(m),
-          ZtFieldDetail(writables)};
+          ZtFieldDetail(static_cast<const ZtChoice*>(nullptr))};
+}
+// Kept, and written when their class is among `choices`; the row's note is logged for others.
+template <class D>
+constexpr ZtField OtherChildren(ZtChildList D::*m, const ZtChoice* choices) {
+  return {ZtPlace::kOtherChildren, ZtValue::kObject, XML_STR_ZT_NULL, At(m),
+          ZtFieldDetail(choices)};
 }
 // Kept, and written back in the order received.
 template <class D>
@@ -250,10 +274,10 @@ struct ZtExtensibleRows {
       ztrow::OtherAttributes(&ZtExtensible<Base>::m_AnyAttributes);
   template <class Base>
   static constexpr ZtField kElements = ztrow::OtherChildren(&ZtKeepsElements<Base>::m_AnyElements);
-  // The same, of which those among `writables` are written.
+  // Elements that are kept, of which those among `choices` are written.
   template <class Base>
-  static constexpr ZtField Elements(const ZtWritable* writables) {
-    return ztrow::OtherChildren(&ZtKeepsElements<Base>::m_AnyElements, writables);
+  static constexpr ZtField Elements(const ZtChoice* choices) {
+    return ztrow::OtherChildren(&ZtKeepsElements<Base>::m_AnyElements, choices);
   }
 };
 
@@ -310,9 +334,14 @@ struct ZtFamily {
   // What a writer logs on entry, with its name.
   const char* entryLine = "<XML Module>: %s";
   int entryLevel = 2;
+  // Whether the names of its types' children make objects only inside these types.
+  bool namesStayInside = false;
   // What becomes of a child that has no class name, under a name that asks for one.
   ZtUnknown nullClass = ZtUnknown::kIgnore;
 
+  constexpr ZtFamily NamesStayInside() const {
+    return ZtWith(*this, &ZtFamily::namesStayInside, true);
+  }
   constexpr ZtFamily RefusesNullClasses() const {
     return ZtWith(*this, &ZtFamily::nullClass, ZtUnknown::kRefuse);
   }
@@ -382,6 +411,7 @@ struct ZtElementType {
   const ZtFamily* family;
   ZtMaker<XMLElement> maker;
   const ZtField* fields = nullptr;
+  const ZtChoice* choices = nullptr;        // elements in it that are no rows'; ends with none
   const ZtHookLines* lines = nullptr;       // instead of the family's
   const char* unknownElement = nullptr;     // instead of the family's
   const ZtFixedAttribute* fixed = nullptr;  // attributes that its start tag always carries
@@ -401,9 +431,13 @@ struct ZtElementType {
   std::uint8_t attributeCount = 0;  // of the fields, which begin with them
   std::uint8_t fixedCount = 0;
   ZtNameFilter names = {};  // of the rows
-  // What the rows hold: one of a text that comes as an attribute, one of other attributes.
+  // What the rows hold: one of a text that comes as an attribute, one of other attributes,
   bool textsFromAttributes = false;
   bool keepsAttributes = false;
+  bool takesText = false;  // one of the element's own text
+  // The names of its children make objects only inside it. Other types' do so anywhere in the
+  // document: whoever does not know them decides what becomes of the objects.
+  bool namesStayInside = false;
   bool root = false;
   bool selfClosing = false;
   bool checksFirst = false;   // without a required attribute nothing of it is written
@@ -423,6 +457,8 @@ struct ZtElementType {
       type.names.Add(row.name);
       type.textsFromAttributes = type.textsFromAttributes || row.fromAttribute;
       type.keepsAttributes = type.keepsAttributes || row.place == ZtPlace::kOtherAttributes;
+      type.takesText = type.takesText || row.IsOwnText();
+      if (row.place == ZtPlace::kOtherChildren) type.choices = row.detail.choices;
     }
     return type;
   }
@@ -436,6 +472,9 @@ struct ZtElementType {
     return ZtWith(ZtWith(*this, &ZtElementType::fixed, attributes), &ZtElementType::fixedCount,
                   static_cast<std::uint8_t>(N));
   }
+  constexpr ZtElementType Chooses(const ZtChoice* table) const {
+    return ZtWith(*this, &ZtElementType::choices, table);
+  }
   constexpr ZtElementType Lines(const ZtHookLines& own) const {
     return ZtWith(*this, &ZtElementType::lines, &own);
   }
@@ -447,6 +486,9 @@ struct ZtElementType {
   }
   constexpr ZtElementType RefusesUnknownAttributes() const {
     return ZtWith(*this, &ZtElementType::unknownAttribute, ZtUnknown::kRefuse);
+  }
+  constexpr ZtElementType NamesStayInside() const {
+    return ZtWith(*this, &ZtElementType::namesStayInside, true);
   }
   constexpr ZtElementType Root() const { return ZtWith(*this, &ZtElementType::root, true); }
   constexpr ZtElementType SelfClosing() const {
@@ -494,7 +536,8 @@ inline bool ZtIsClass(const char* className, const ZtElementType& type) {
 // The start of a type's table.
 template <class T>
 constexpr ZtElementType ZtTypeOf(const char* className, const char* label, const ZtFamily& family) {
-  return {className, label, &family, ZtMaker<XMLElement>::Of<T>()};
+  return ZtWith(ZtElementType{className, label, &family, ZtMaker<XMLElement>::Of<T>()},
+                &ZtElementType::namesStayInside, family.namesStayInside);
 }
 
 // A zt_empty_element_type as a document writes it: self-closing, under the name that is its value.
@@ -547,10 +590,10 @@ ZtOutcome ZtAdopt(XMLElement& self, const ZtField& field, XMLElement* child,
 // The row of the attribute or of the child element `name`, or null.
 const ZtField* ZtFindAttribute(const ZtElementType& type, ZtNameId name);
 const ZtField* ZtFindChild(const ZtElementType& type, ZtNameId name);
-// The same if nothing but its text, kept at its end, or nothing but its object, taken at its start,
-// is to be had of the child, and no hook is to see it.
-const ZtField* ZtFindTextElement(const ZtElementType& type, ZtNameId name);
-const ZtField* ZtFindObject(const ZtElementType& type, ZtNameId name);
+// The choice that the type has for the child element `name`, or null; and in a table that ends with
+// none, the choice that names it.
+const ZtChoice* ZtFindChoice(const ZtElementType& type, ZtNameId name);
+const ZtChoice* ZtFindNamed(const ZtChoice* choices, ZtNameId name);
 
 // ---- Writing ------------------------------------------------------------------------------------
 

@@ -154,14 +154,22 @@ bool IsSet(const XMLElement& element, const ZtField& field) {
   }
 }
 
-// The entry of a class, its end when there is none. The library's own names are told by where they
-// lie.
-const ZtWritable* FindClass(const ZtWritable* writables, const char* className) {
-  const ZtWritable* at = writables;
-  while (at->type && at->type->className != className) ++at;
-  if (at->type) return at;
-  for (at = writables; at->type && __strcmp(at->type->className, className) != 0;) ++at;
-  return at;
+// The choice by which an element of a class is written, null when there is none. The library's own
+// names are told by where they lie.
+const ZtChoice* FindClass(const ZtChoice* choices, const char* className) {
+  for (const ZtChoice* at = choices; at->type; ++at) {
+    if (at->writer && at->type->className == className) return at;
+  }
+  for (const ZtChoice* at = choices; at->type; ++at) {
+    if (at->writer && __strcmp(at->type->className, className) == 0) return at;
+  }
+  return nullptr;
+}
+
+// Whether any of what a row keeps is written.
+bool IsWritten(const ZtChoice* choices) {
+  while (choices && choices->type && !choices->writer) ++choices;
+  return choices && choices->type;
 }
 
 // Whether the element's start tag carries an attribute `name` by what its type says.
@@ -251,7 +259,7 @@ bool ZtElementWriter::WriteChildren(const XMLElement& element, const ZtElementTy
       if (field.required) return false;
     } else if (field.place == ZtPlace::kChild) {
       XMLElement* child = (element.*field.member.child).Get();
-      if (child && !WriteChild(child, 0, field, {field.detail.type, XML_STR_ZT_NULL})) {
+      if (child && !WriteChild(child, 0, field, *field.detail.type)) {
         return false;
       }
     } else if ((element.*field.member.children).Get() || field.place == ZtPlace::kOwnText) {
@@ -356,7 +364,7 @@ bool ZtElementWriter::WriteMany(const XMLElement& element, const ZtField& field)
   for (ZtListNode* node = (element.*field.member.children).Head(); node; node = node->next) {
     auto* child = static_cast<XMLElement*>(node->data);
     if (field.place == ZtPlace::kChildren) {
-      if (child && !WriteChild(child, index, field, {field.detail.type, XML_STR_ZT_NULL})) {
+      if (child && !WriteChild(child, index, field, *field.detail.type)) {
         return false;
       }
       ++index;
@@ -377,19 +385,19 @@ bool ZtElementWriter::WriteMany(const XMLElement& element, const ZtField& field)
 
 // Whether the parent may go on. The child stands under its row's name, if that has one.
 bool ZtElementWriter::WriteChild(XMLElement* child, int index, const ZtField& field,
-                                 const ZtWritable& as) {
-  if (Write(child, *as.type, as.prefix, field.name) != 0) return true;
+                                 const ZtElementType& type, e_XmlStrRef prefix) {
+  if (Write(child, type, prefix, field.name) != 0) return true;
   if (field.line && field.HasName()) {
     Log(field.lineLevel, field.line, index);
-  } else if (!field.lenient && as.type->writer) {
-    Log(kZtLogTrace, as.type->family->childFailed, as.type->writer);
+  } else if (!field.lenient && type.writer) {
+    Log(kZtLogTrace, type.family->childFailed, type.writer);
   }
   return field.lenient;
 }
 
 bool ZtElementWriter::WriteOthers(const XMLElement& element, const ZtField& field) {
   const ZtChildList& others = element.*field.member.children;
-  if (!field.detail.writables) {
+  if (!IsWritten(field.detail.choices)) {
     if (others.Get()) Log(field.lineLevel, field.line);
     return true;
   }
@@ -397,9 +405,8 @@ bool ZtElementWriter::WriteOthers(const XMLElement& element, const ZtField& fiel
     auto* child = static_cast<XMLElement*>(node->data);
     const char* className = child ? child->ClassName() : nullptr;
     if (!className) continue;
-    const ZtWritable* writable = FindClass(field.detail.writables, className);
-    if (writable->type) {
-      if (!WriteChild(child, 0, field, *writable)) return false;
+    if (const ZtChoice* choice = FindClass(field.detail.choices, className)) {
+      if (!WriteChild(child, 0, field, *choice->writer, choice->prefix)) return false;
     } else {
       Log(field.lineLevel, field.line, className);
     }

@@ -62,7 +62,8 @@ class ZtElementWriter {
   bool HasRequired(const XMLElement& element, const ZtElementType& type) const;
   inline bool WriteStartTag(const XMLElement& element, const ZtElementType& type, ZtPiece name);
   bool WriteMany(const XMLElement& element, const ZtField& field);
-  inline bool WriteChild(XMLElement* child, int index, const ZtField& field, const ZtWritable& as);
+  inline bool WriteChild(XMLElement* child, int index, const ZtField& field,
+                         const ZtElementType& type, e_XmlStrRef prefix = XML_STR_ZT_NULL);
   bool WriteOthers(const XMLElement& element, const ZtField& field);
   bool WriteOtherAttributes(ZtListNode* head, const XMLElement* element, const ZtElementType* type,
                             StartTag& tag);

@@ -32,6 +32,10 @@ class ZtNameId {
   // Whether its text is `text`, which is not empty.
   bool Is(ZtPiece text) const;
 
+  // The name as a number, and back.
+  constexpr int Id() const { return m_Id; }
+  static constexpr ZtNameId OfId(int id) { return static_cast<ZtExtraName>(id); }
+
   constexpr unsigned Low6Bits() const { return static_cast<unsigned>(m_Id) & 63U; }
   constexpr bool IsNone() const { return m_Id == XML_STR_ZT_NULL; }
   constexpr bool operator==(ZtNameId other) const { return m_Id == other.m_Id; }

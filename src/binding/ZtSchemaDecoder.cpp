@@ -3,24 +3,25 @@
 #include "TagScanner.h"
 #include "XMLValueTypes.h"
 #include "base/ZtLog.h"
-#include "binding/ZtGrammar.h"
+#include "binding/ZtReading.h"
 
 namespace {
 constexpr std::size_t kLeastPassName = 32;
 constexpr std::size_t kMostShortName = 65533;  // ZtShortNameSize cuts longer ones
 }  // namespace
 
-ZtSchemaDecoder::ZtSchemaDecoder(const ZtGrammar& grammar)
+ZtSchemaDecoder::ZtSchemaDecoder(const ZtReading& reading)
     : m_pRoot(nullptr),
       m_PassName(nullptr),
-      m_Grammar(grammar),
+      m_Reading(reading),
       m_bFailed(false),
       m_iPassCapacity(0),
       m_iDropped(0),
       m_iSkipped(0),
       m_bOfferEnd(false),
       m_pText(nullptr),
-      m_pArena(nullptr) {}
+      m_pArena(nullptr),
+      m_iTypes(0) {}
 
 ZtSchemaDecoder::~ZtSchemaDecoder() { __free(m_PassName); }
 
@@ -42,8 +43,8 @@ bool ZtSchemaDecoder::RefusesStart(const char* name) {
 
 void ZtSchemaDecoder::RefuseSlash() {
   if (!m_bFailed) {
-    ZtLog(kZtLogError, m_Grammar.source)(
-        "<XML Module>: %s: the name of a start tag begins with a slash", m_Grammar.decoder);
+    ZtLog(kZtLogError, m_Reading.source)(
+        "<XML Module>: %s: the name of a start tag begins with a slash", m_Reading.decoder);
   }
   m_bFailed = true;
 }
@@ -56,20 +57,20 @@ int ZtSchemaDecoder::SetNameSpaceBinderInfo(XMLObject*) { return 0; }
 
 int ZtSchemaDecoder::ProcessElement(char* name, char* value) {
   if (!name) {
-    ZtLog(kZtLogTrace, m_Grammar.source)("In %s :: ProcessElement, Element name is NULL",
-                                         m_Grammar.decoder);
+    ZtLog(kZtLogTrace, m_Reading.source)("In %s :: ProcessElement, Element name is NULL",
+                                         m_Reading.decoder);
     return -1;
   }
-  return Element(name, value);
+  return ElementCallback(name, value);
 }
 
-int ZtSchemaDecoder::Element(char* name, ZtPiece value) {
+int ZtSchemaDecoder::ElementCallback(char* name, ZtPiece value) {
   if (RefusesStart(name)) return -1;
   std::size_t size = 0;
   const char* local = LocalName(name, size);
   if (!local) {
-    ZtLog(kZtLogState, m_Grammar.source)("<XML Module>%s :: ProcessElement: m_PassName is NULL",
-                                         m_Grammar.decoder);
+    ZtLog(kZtLogState, m_Reading.source)("<XML Module>%s :: ProcessElement: m_PassName is NULL",
+                                         m_Reading.decoder);
     m_bFailed = true;
   }
   if (m_bFailed) return -1;
@@ -116,7 +117,7 @@ int ZtSchemaDecoder::ProcessEnd(char* slashName, std::size_t nameSize, char* tex
   if (!m_pArena) return XmlDecoderSchema::ProcessEnd(slashName, nameSize, text, textSize);
   if (m_bFailed) return -1;
   const ZtPiece value(text, textSize);
-  if (nameSize > kMostShortName) return Element(slashName, value);
+  if (nameSize > kMostShortName) return ElementCallback(slashName, value);
   if (m_iSkipped > 1 || (m_iSkipped && !m_bOfferEnd)) {
     --m_iSkipped;
     NoteEmptyStack(1);
@@ -130,18 +131,18 @@ int ZtSchemaDecoder::ProcessEnd(char* slashName, std::size_t nameSize, char* tex
     if (outcome == ZtOutcome::kNoMemory) m_bFailed = true;
     return 0;
   }
-  return EndOpened(slashName, nameSize, value) ? 0 : Element(slashName, value);
+  return EndOpened(slashName, nameSize, value) ? 0 : ElementCallback(slashName, value);
 }
 
 // The end of the innermost object; false when that is not what ends, or not all there is to it.
 bool ZtSchemaDecoder::EndOpened(char* slashName, std::size_t nameSize, ZtPiece text) {
-  if (m_iSkipped || m_iDropped || m_Stack.empty() || !m_Grammar.endsAsStarted) return false;
-  const ZtGrammarRow& row = *m_Levels[m_Stack.size()].row;
-  if (row.kind == ZtElementKind::kTextBearing) {
+  if (m_iSkipped || m_iDropped || m_Stack.empty()) return false;
+  const Frame& frame = m_Frames[m_Stack.size()];
+  if (frame.kind == ZtElementKind::kExtension) return false;
+  if (frame.type->takesText && frame.kind != ZtElementKind::kRoot) {
     if (std::memchr(slashName, ':', nameSize)) return false;
-    Offer(Current(), ZtChildName(slashName, true, row.name), text, nullptr);
-  } else if (row.kind == ZtElementKind::kExtension) {
-    return false;
+    Offer(Current(), ZtChildName({slashName, nameSize}, true, ZtNameId::OfId(frame.name)), text,
+          nullptr);
   }
   Pop();
   m_Started = Open();
@@ -153,45 +154,48 @@ bool ZtSchemaDecoder::Start(const Open& current, const ZtChildName& name) {
   m_bOfferEnd = true;
   m_pText = nullptr;
   m_Started = Open();
-  const ZtGrammarRow* row = FindStart(name.id);
-  if (row && row->kind == ZtElementKind::kRoot) {
-    StartRoot(*row);
+  const Element element = Find(name.id, current.type);
+  if (element.kind == ZtElementKind::kRoot) {
+    StartRoot(element, name.id);
     return m_Started.object != nullptr;
   }
   if (!current.object) {
     m_bOfferEnd = false;
     return false;
   }
-  if (row && row->kind != ZtElementKind::kEndBound) return StartChild(current, *row, name);
-  if (!row) m_pText = ZtFindTextElement(*current.type, name.id);
-  if (!m_pText) Offer(current, name, nullptr, nullptr);
+  if (element.type) return StartChild(current, element, name);
+  if (element.row && element.row->IsText() && !current.type->childHook) {
+    m_pText = element.row;
+  } else {
+    Offer(current, name, nullptr, nullptr);
+  }
   return false;
 }
 
 // A second root inside an open tree replaces the first, which lives on until the decoder ends:
 // its objects may be open.
-void ZtSchemaDecoder::StartRoot(const ZtGrammarRow& row) {
+void ZtSchemaDecoder::StartRoot(const Element& element, ZtNameId name) {
   if (m_pRoot && !m_ReplacedRoots.Add(m_pRoot)) {
     m_bFailed = true;
     return;
   }
-  m_pRoot = static_cast<XMLObject*>(Make(*row.type));
-  if (m_pRoot) Push(m_pRoot, row);
+  m_pRoot = static_cast<XMLObject*>(Make(*element.type));
+  if (m_pRoot) Push(m_pRoot, element, name);
 }
 
-bool ZtSchemaDecoder::StartChild(const Open& current, const ZtGrammarRow& row,
+bool ZtSchemaDecoder::StartChild(const Open& current, const Element& element,
                                  const ZtChildName& name) {
-  const bool extension = row.kind == ZtElementKind::kExtension;
-  const bool flag = row.kind == ZtElementKind::kFlag;
-  XMLElement* child = extension ? StartExtension(row)
+  const bool extension = element.kind == ZtElementKind::kExtension;
+  const bool flag = element.type->flag != nullptr;
+  XMLElement* child = extension ? StartExtension(element, name.id)
                       : flag    ? MakeFlag({name.text, name.size})
-                                : Make(*row.type);
+                                : Make(*element.type);
   if (!child) return false;
-  const ZtOutcome outcome = OfferStarted(current, row, name, child);
+  const ZtOutcome outcome = OfferStarted(current, element, name, child);
   if (outcome == ZtOutcome::kAdopted) {
     m_bOfferEnd = false;
     if (flag) return false;
-    if (!extension) Push(child, row);
+    if (!extension) Push(child, element, name.id);
     return true;
   }
   // Nobody wants it. A refused element is offered once more without its object, as an unknown one.
@@ -206,33 +210,34 @@ bool ZtSchemaDecoder::StartChild(const Open& current, const ZtGrammarRow& row,
 // The end of an element; `skipped` for one that has no object of its own on the stack.
 void ZtSchemaDecoder::End(const Open& current, const ZtChildName& name, ZtPiece value,
                           bool skipped) {
-  const ZtGrammarRow* row = FindEnd(name.id);
-  const bool takesText = row && row->kind == ZtElementKind::kTextBearing;
-  if (skipped || !row || !row->IsOpened()) {
-    if (value.text) OfferEnd(current, row, name, value);
-  } else if (row->kind == ZtElementKind::kRoot) {
+  Element element = Find(name.id, current.type);
+  if (!element.type && !element.row) element.type = FindAnywhere(name.id, true);
+  const bool closes = Closes(current, name.id);
+  if (skipped || (!closes && (!element.type || element.type->flag))) {
+    if (value.text) OfferEnd(current, element.row, name, value);
+  } else if (element.kind == ZtElementKind::kRoot) {
     Pop();
-  } else if (row->kind == ZtElementKind::kExtension) {
+  } else if (element.kind == ZtElementKind::kExtension) {
     Pop();
     Offer(current, name, value, nullptr);
   } else if (m_iDropped) {
     // Its object is not on the stack; its text still reaches it when nothing stood in between.
-    if (takesText) Offer(m_Started, name, value, nullptr);
+    if (m_Started.type && m_Started.type->takesText) Offer(m_Started, name, value, nullptr);
     Pop();
-  } else if (row->type == current.type) {
-    if (takesText) Offer(current, name, value, nullptr);
+  } else if (closes || (current.type && ZtIsClass(element.type->className, *current.type))) {
+    if (current.type->takesText) Offer(current, name, value, nullptr);
     Pop();
   }
   m_Started = Open();
 }
 
-// Offers the text of an element, with the object that is made at its end if it has one.
-void ZtSchemaDecoder::OfferEnd(const Open& current, const ZtGrammarRow* row,
-                               const ZtChildName& name, ZtPiece value) {
+// Offers the text of an element, with the object that is made at its end if its row says so.
+void ZtSchemaDecoder::OfferEnd(const Open& current, const ZtField* row, const ZtChildName& name,
+                               ZtPiece value) {
   if (!current.object) return;
   XMLElement* child = nullptr;
-  if (row && row->kind == ZtElementKind::kEndBound) {
-    child = Make(*row->type);
+  if (row && row->atEnd) {
+    child = Make(*row->detail.type);
     if (!child) return;
   }
   if (Offer(current, name, value, child) != ZtOutcome::kAdopted) ZtRelease(child);
@@ -241,22 +246,24 @@ void ZtSchemaDecoder::OfferEnd(const Open& current, const ZtGrammarRow* row,
 XMLElement* ZtSchemaDecoder::ProcessAnyElement(char* name, char* value) {
   static_cast<void>(value);
   if (!name) {
-    ZtLog(kZtLogTrace, m_Grammar.source)("In %s :: ProcessAnyElement, Element name is NULL",
-                                         m_Grammar.decoder);
+    ZtLog(kZtLogTrace, m_Reading.source)("In %s :: ProcessAnyElement, Element name is NULL",
+                                         m_Reading.decoder);
     return nullptr;
   }
   const ZtChildName child(name);
-  const ZtGrammarRow* row = child.atEnd ? FindEnd(child.id) : FindStart(child.id);
-  if (!row || row->kind != ZtElementKind::kExtension) return nullptr;
-  if (!child.atEnd) return StartExtension(*row);
+  const ZtChoice* extension = ZtFindNamed(m_Reading.extensions, child.id);
+  if (!extension) return nullptr;
+  if (!child.atEnd) {
+    return StartExtension({extension->type, nullptr, ZtElementKind::kExtension}, child.id);
+  }
   Pop();
   m_Started = Open();
   return nullptr;
 }
 
-XMLElement* ZtSchemaDecoder::StartExtension(const ZtGrammarRow& row) {
-  XMLElement* object = Make(*row.type);
-  if (object) Push(object, row);
+XMLElement* ZtSchemaDecoder::StartExtension(const Element& element, ZtNameId name) {
+  XMLElement* object = Make(*element.type);
+  if (object) Push(object, element, name);
   return object;
 }
 
@@ -275,14 +282,14 @@ bool IsAttributeName(const char* name) {
 // elements are dropped.
 int ZtSchemaDecoder::ProcessAttribute(char* element, char* name, char* value) {
   if (!element || !name) {
-    ZtLog(kZtLogTrace, m_Grammar.source)("In %s :: ProcessAttribute, Element name is NULL",
-                                         m_Grammar.decoder);
+    ZtLog(kZtLogTrace, m_Reading.source)("In %s :: ProcessAttribute, Element name is NULL",
+                                         m_Reading.decoder);
     return -1;
   }
   std::size_t size = 0;
   if (!LocalName(element, size)) {
-    ZtLog(kZtLogState, m_Grammar.source)("<XML Module>%s :: ProcessAttribute: m_PassName is NULL",
-                                         m_Grammar.decoder);
+    ZtLog(kZtLogState, m_Reading.source)("<XML Module>%s :: ProcessAttribute: m_PassName is NULL",
+                                         m_Reading.decoder);
     m_bFailed = true;
     return -1;
   }
@@ -362,7 +369,7 @@ ZtSource ZtSchemaDecoder::SourceOf(const ZtElementType& type) {
   const ZtElementType* outer = CurrentType();
   const char* source = outer ? outer->family->recordedUnder : nullptr;
   if (!source) source = type.family->recordedUnder;
-  return {source ? source : m_Grammar.source, m_pArena};
+  return {source ? source : m_Reading.source, m_pArena};
 }
 
 XMLElement* ZtSchemaDecoder::Make(const ZtElementType& type) {
@@ -389,13 +396,12 @@ ZtOutcome ZtSchemaDecoder::Offer(const Open& parent, const ZtChildName& name, Zt
   return outcome;
 }
 
-// The same for an object that was made by `row`: mostly the parent has a row for just these.
-ZtOutcome ZtSchemaDecoder::OfferStarted(const Open& parent, const ZtGrammarRow& row,
+// Offers an object that was made for its element: mostly the parent has a row for just these.
+ZtOutcome ZtSchemaDecoder::OfferStarted(const Open& parent, const Element& element,
                                         const ZtChildName& name, XMLElement* child) {
-  const ZtField* field = ZtFindObject(*parent.type, name.id);
-  if (!field || field->detail.type != row.type) return Offer(parent, name, nullptr, child);
+  if (!element.row || parent.type->childHook) return Offer(parent, name, nullptr, child);
   const ZtSource source = {parent.type->family->source, m_pArena};
-  const ZtOutcome outcome = ZtAdopt(*parent.object, *field, child, source);
+  const ZtOutcome outcome = ZtAdopt(*parent.object, *element.row, child, source);
   if (outcome == ZtOutcome::kNoMemory) m_bFailed = true;
   return outcome;
 }
@@ -407,14 +413,14 @@ ZtSchemaDecoder::Open ZtSchemaDecoder::Current() const {
 }
 
 const ZtElementType* ZtSchemaDecoder::CurrentType() const {
-  return m_Stack.empty() ? nullptr : m_Levels[m_Stack.size()].type;
+  return m_Stack.empty() ? nullptr : m_Frames[m_Stack.size()].type;
 }
 
-void ZtSchemaDecoder::Push(XMLElement* object, const ZtGrammarRow& row) {
+void ZtSchemaDecoder::Push(XMLElement* object, const Element& element, ZtNameId name) {
   m_pText = nullptr;
   if (m_Stack.size() == XmlCodeGenStack::kCapacity - 1) ++m_iDropped;
   m_Stack.push(object);
-  if (!m_iDropped) m_Levels[m_Stack.size()] = {row.type, &row};
+  if (!m_iDropped) m_Frames[m_Stack.size()] = {element.type, name.Id(), element.kind};
 }
 
 // The end of an element that the full stack did not take closes nothing.
@@ -429,36 +435,68 @@ void ZtSchemaDecoder::Pop() {
 
 // ---- Names --------------------------------------------------------------------------------------
 
-const ZtGrammarRow* ZtSchemaDecoder::FindStart(ZtNameId name) const {
-  const ZtElementType* current = CurrentType();
-  const ZtGrammarRow* named = m_Grammar.Find(
-      name, [=](const ZtGrammarRow& row) { return !row.parent || row.parent == current; });
-  if (named || !m_Grammar.takesAny) return named;
-  return m_Grammar.Find(XML_STR_ZT_NULL, [=](const ZtGrammarRow& row) {
-    return row.parent && row.parent == current && !ZtFindChild(*row.parent, name);
-  });
+// What the element `name` is inside an object of the type `current`, null outside of the tree.
+ZtSchemaDecoder::Element ZtSchemaDecoder::Find(ZtNameId name, const ZtElementType* current) {
+  for (std::size_t i = 0; i < m_Reading.rootCount; ++i) {
+    if (m_Reading.roots[i].name == name) {
+      return {m_Reading.roots[i].type, nullptr, ZtElementKind::kRoot};
+    }
+  }
+  if (!current) return {};
+  const ZtField* row = ZtFindChild(*current, name);
+  if (row && !row->IsOwnText()) {
+    return {row->IsObject() ? row->detail.type : nullptr, row, ZtElementKind::kObject};
+  }
+  if (const ZtChoice* extension = ZtFindNamed(m_Reading.extensions, name)) {
+    return {extension->type, nullptr, ZtElementKind::kExtension};
+  }
+  if (const ZtChoice* choice = ZtFindChoice(*current, name)) {
+    return {choice->type, nullptr, ZtElementKind::kObject};
+  }
+  return {FindAnywhere(name, false), nullptr, ZtElementKind::kObject};
 }
 
-// The row that the end tag `name` closes. Rows of one name differ in their types, so the open
-// object tells which; ends of flags are nobody's.
-const ZtGrammarRow* ZtSchemaDecoder::FindEnd(ZtNameId name) const {
-  const ZtElementType* current = CurrentType();
-  const ZtGrammarRow* first = nullptr;
-  const ZtGrammarRow* found = m_Grammar.Find(name, [&](const ZtGrammarRow& row) {
-    if (row.kind == ZtElementKind::kEndBound) return !row.parent || row.parent == current;
-    if (!first) first = &row;
-    return row.type && row.type == current;
-  });
-  return found ? found : first;
+// The type that objects of the element `name` have anywhere in the document, or null. The types are
+// gathered for the first element that is asked for: most documents have none that is out of place.
+const ZtElementType* ZtSchemaDecoder::FindAnywhere(ZtNameId name, bool atEnd) {
+  if (name == kZtNoName) return nullptr;
+  if (m_iTypes == 0) {
+    for (std::size_t i = 0; i < m_Reading.rootCount; ++i) AddType(m_Reading.roots[i].type);
+    for (std::size_t i = 0; i < m_iTypes; ++i) {
+      for (const ZtField& row : *m_Types[i]) {
+        if (row.IsObject()) AddType(row.detail.type);
+      }
+      for (const ZtChoice* at = m_Types[i]->choices; at && at->type; ++at) AddType(at->type);
+    }
+  }
+  for (std::size_t i = 0; i < m_iTypes; ++i) {
+    if (m_Types[i]->namesStayInside && !atEnd) continue;
+    const ZtField* row = ZtFindChild(*m_Types[i], name);
+    if (row && row->IsObject()) return row->detail.type;
+    if (const ZtChoice* choice = ZtFindNamed(m_Types[i]->choices, name)) return choice->type;
+  }
+  return nullptr;
+}
+
+void ZtSchemaDecoder::AddType(const ZtElementType* type) {
+  std::size_t i = 0;
+  while (i < m_iTypes && m_Types[i] != type) ++i;
+  if (i < m_iTypes || i == kMostTypes) return;
+  m_Types[m_iTypes++] = type;
+}
+
+// Whether `name` ends the object on top of the stack.
+bool ZtSchemaDecoder::Closes(const Open& current, ZtNameId name) const {
+  return current.object && !m_iDropped && m_Frames[m_Stack.size()].name == name.Id();
 }
 
 const char* ZtSchemaDecoder::LocalPart(const char* name, const char* colon) const {
-  return !colon || m_Grammar.prefixes == ZtPrefixRule::kExact ? name : colon + 1;
+  return !colon || m_Reading.prefixes == ZtPrefixRule::kExact ? name : colon + 1;
 }
 
 const char* ZtSchemaDecoder::LocalName(char* name, std::size_t& size) {
   const char* local = name;
-  if (m_Grammar.prefixes != ZtPrefixRule::kExact) {
+  if (m_Reading.prefixes != ZtPrefixRule::kExact) {
     local = XMLRemoveNameSpaceTag(name) ? m_PassName : nullptr;
   }
   size = local ? __strlen(local) : 0;
@@ -472,7 +510,7 @@ char* ZtSchemaDecoder::ReservePassName(std::size_t size, const char* noMemory) {
   m_PassName = static_cast<char*>(__malloc(m_iPassCapacity));
   if (!m_PassName) {
     m_iPassCapacity = 0;
-    ZtLog(kZtLogTrace, m_Grammar.source, __LINE__, kZtModuleParser)(noMemory, m_Grammar.decoder);
+    ZtLog(kZtLogTrace, m_Reading.source, __LINE__, kZtModuleParser)(noMemory, m_Reading.decoder);
   }
   return m_PassName;
 }
@@ -480,7 +518,7 @@ char* ZtSchemaDecoder::ReservePassName(std::size_t size, const char* noMemory) {
 int ZtSchemaDecoder::XMLRemoveNameSpaceTag(char* name) {
   if (!name) return 0;
   const std::size_t size = ZtShortNameSize(name);
-  if (!ReservePassName(size, m_Grammar.noMemory)) return 0;
+  if (!ReservePassName(size, m_Reading.noMemory)) return 0;
   std::memcpy(m_PassName, name, size);
   m_PassName[size] = '\0';
   char* rest = *m_PassName == '/' ? m_PassName + 1 : m_PassName;

@@ -19,7 +19,7 @@ class ZtReflection {
     return static_cast<const ZtBound<XMLElement>&>(object).Type();
   }
   static const ZtDocument& DocumentOf(const ZtContext& context) { return context.Document(); }
-  static const ZtGrammar& GrammarOf(const ZtSchemaDecoder& decoder) { return decoder.m_Grammar; }
+  static const ZtReading& ReadingOf(const ZtSchemaDecoder& decoder) { return decoder.m_Reading; }
 };
 
 namespace reflect {
@@ -241,7 +241,7 @@ bool FindSchema(eXMLSchemaID id, Schema& schema) {
   // A decoder that has its root from the start leaves it to whoever asks.
   const std::unique_ptr<XMLObject, Release> root(
       static_cast<XMLObject*>(decoder->GetSessionData()));
-  schema = {&document, &ZtReflection::GrammarOf(*decoder)};
+  schema = {&document, &ZtReflection::ReadingOf(*decoder)};
   return true;
 }
 
@@ -254,19 +254,13 @@ std::vector<Schema> Schemas() {
   return schemas;
 }
 
-std::vector<const ZtGrammarRow*> Schema::GrammarRows() const {
-  std::vector<const ZtGrammarRow*> rows;
-  for (std::size_t i = 1; i <= grammar->Count(); ++i) rows.push_back(&grammar->Row(i));
-  return rows;
-}
-
 std::vector<const ZtElementType*> Schema::Roots() const {
   std::vector<const ZtElementType*> roots;
-  for (const ZtGrammarRow* row : GrammarRows()) {
-    const bool known = std::find(roots.begin(), roots.end(), row->type) != roots.end();
-    if (row->kind == ZtElementKind::kRoot && !known) roots.push_back(row->type);
+  for (std::size_t i = 0; i < reading->rootCount; ++i) {
+    const ZtElementType* type = reading->roots[i].type;
+    if (std::find(roots.begin(), roots.end(), type) == roots.end()) roots.push_back(type);
   }
-  // The retrieval of namespaces takes any root and has no grammar.
+  // The retrieval of namespaces takes any root.
   if (roots.empty() && document->info.id == XML_SCHEMA_NAMESPACE_RETRIEVAL) {
     roots.push_back(&zt_schema_namespace_retrieval::kType);
   }
@@ -274,27 +268,29 @@ std::vector<const ZtElementType*> Schema::Roots() const {
 }
 
 std::vector<const ZtElementType*> Schema::Types() const {
+  // A class may have several tables, of which each document uses its own.
+  std::vector<const ZtElementType*> tables = Roots();
   std::vector<const ZtElementType*> types;
-  const auto add = [&](const ZtElementType* type) {
-    if (!type) return;
+  for (std::size_t next = 0; next < tables.size(); ++next) {
+    const ZtElementType* table = tables[next];
     const auto same = [&](const ZtElementType* other) {
-      return std::strcmp(other->className, type->className) == 0;
+      return std::strcmp(other->className, table->className) == 0;
     };
-    if (std::none_of(types.begin(), types.end(), same)) types.push_back(&ReadAs(*type));
-  };
-  std::size_t next = 0;
-  const auto follow = [&] {
-    for (; next < types.size(); ++next) {
-      for (const ZtField& row : *types[next]) {
-        for (const ZtElementType* child : ChildTypesOf(row)) add(child);
-      }
+    if (std::none_of(types.begin(), types.end(), same)) types.push_back(&ReadAs(*table));
+    for (const ZtElementType* child : ChildTypesOf(*table)) {
+      if (std::find(tables.begin(), tables.end(), child) == tables.end()) tables.push_back(child);
     }
-  };
-  for (const ZtElementType* root : Roots()) add(root);
-  follow();
-  for (const ZtGrammarRow* row : GrammarRows()) {
-    add(row->kind == ZtElementKind::kFlag ? &zt_empty_element_type::kType : row->type);
-    follow();
+  }
+  return types;
+}
+
+std::vector<const ZtElementType*> ChildTypesOf(const ZtElementType& type) {
+  std::vector<const ZtElementType*> types;
+  for (const ZtField& row : type) {
+    for (const ZtElementType* child : ChildTypesOf(row)) types.push_back(child);
+  }
+  for (const ZtChoice* choice = type.choices; choice && choice->type; ++choice) {
+    types.push_back(choice->type);
   }
   return types;
 }
@@ -306,8 +302,10 @@ std::vector<const ZtElementType*> ChildTypesOf(const ZtField& row) {
       return {row.detail.type};
     case ZtPlace::kOtherChildren: {
       std::vector<const ZtElementType*> types;
-      const ZtWritable* writable = row.detail.writables;
-      for (; writable && writable->type; ++writable) types.push_back(writable->type);
+      const ZtChoice* choice = row.detail.choices;
+      for (; choice && choice->type; ++choice) {
+        if (choice->writer) types.push_back(choice->writer);
+      }
       return types;
     }
     default:

@@ -4,7 +4,7 @@
 // what the library does.
 //
 // Two levels. On the side of the tables there are the library's own records: ZtDocument,
-// ZtGrammarRow, ZtElementType, ZtField, ZtEnumTable; this header only tells how to find them all.
+// ZtReading, ZtElementType, ZtField, ZtEnumTable; this header only tells how to find them all.
 // On the side of the objects there is Field, one row of a type with what an object has in it.
 #ifndef ZTXML_TOOLS_REFLECT_REFLECT_H
 #define ZTXML_TOOLS_REFLECT_REFLECT_H
@@ -14,7 +14,7 @@
 
 #include "binding/ZtBinding.h"
 #include "binding/ZtDocumentTable.h"
-#include "binding/ZtGrammar.h"
+#include "binding/ZtReading.h"
 
 namespace reflect {
 
@@ -93,10 +93,8 @@ bool Walk(const XMLElement& root, Visitor& visitor);
 /// A document that the library knows.
 struct Schema {
   const ZtDocument* document;  ///< its record; `document->info` has id, name, roots, namespace
-  const ZtGrammar* grammar;    ///< the element names that its decoder knows, `own` and `shared`
+  const ZtReading* reading;    ///< its roots, and what its decoder does with names
 
-  /// The rows of the grammar, own ones first.
-  std::vector<const ZtGrammarRow*> GrammarRows() const;
   /// The types that its roots have.
   std::vector<const ZtElementType*> Roots() const;
   /// Every type that its objects can have, once each by class name, roots first and then in the
@@ -109,8 +107,10 @@ std::vector<Schema> Schemas();
 /// The schema `id`; false when there is none.
 bool FindSchema(eXMLSchemaID id, Schema& schema);
 
-/// The types that objects in a row have: the child's, those that a list of other children writes.
+/// The types by which objects in a row are written: the child's, those of a list of other children.
 std::vector<const ZtElementType*> ChildTypesOf(const ZtField& row);
+/// The same of all rows of a type, with those that are only read.
+std::vector<const ZtElementType*> ChildTypesOf(const ZtElementType& type);
 
 /// The table that the class of `type` is read by. Some types have further tables, by which one
 /// document writes them in its own way.
