@@ -72,12 +72,13 @@ class Contexts {
     // The text is part of one that has been parsed: what fails now is not the text's fault.
     return root || (worker && static_cast<ZtUnMarshaller*>(worker)->Parse(text, root));
   }
-  const char* Write(const Service& service, XMLElement* root) {
+  // False without memory; `text` is null, too, when the service cannot be written.
+  bool Write(const Service& service, XMLElement* root, const char*& text) {
     XMLContext* context = Get(service.schema);
-    if (!context) return nullptr;
-    XMLMarshaller* worker = context->marshaller();
-    if (!worker) worker = context->createMarshaller();
-    return worker ? worker->Marshall(root) : nullptr;
+    XMLMarshaller* worker = context ? context->marshaller() : nullptr;
+    if (context && !worker) worker = context->createMarshaller();
+    text = worker ? worker->Marshall(root) : nullptr;
+    return text || (worker && !static_cast<ZtMarshaller*>(worker)->WasCutShort());
   }
 
  private:
@@ -197,8 +198,8 @@ int SimservsMarshaller::AddSimservsElementToXml(zt_Simservs* simservs) {
   return Write(simservs, zt_Simservs::kType);
 }
 
-// Every service can be written, so that only a lack of memory leaves one out. Such a document would
-// delete the service at the server that it is put to: there is none then.
+// A service that cannot be written is left out. One for which there is no memory would be deleted at
+// the server that such a document is put to: there is none then.
 char* SimservsMarshaller::Complete(XMLElement* root, char* text) {
   GrowingText services;
   bool whole = Append(services, "");
@@ -216,10 +217,11 @@ char* SimservsMarshaller::Complete(XMLElement* root, char* text) {
     }
     const Service* service = FindService(className);
     if (!service) continue;
-    const char* written = contexts.Write(*service, object);
+    const char* written = nullptr;
+    whole = contexts.Write(*service, object, written);
     trace("<XML Module>: SimservsMarshaller XML - %s Marshalling %s", service->written,
           written ? "Success" : "error");
-    whole = written && Append(services, written);
+    whole = whole && (!written || Append(services, written));
   }
   char* document = whole ? InsertString(text, services.Get()) : text;
   if (document != text) return document;
