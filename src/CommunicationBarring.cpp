@@ -13,7 +13,8 @@ constexpr ZtGrammarRow kRows[] = {
     {XML_STR_ALLOW, ZtElementKind::kTextBearing, &zt_allow_action_type::kType},
 };
 
-// Intended: the line names another decoder; log readers search for it as it is.
+// Intended: the line about a lack of memory names the decoder of communication diversion instead of
+// its own; log readers search for it as it is.
 constexpr ZtGrammar kGrammar =
     ZtGrammar("XMLCommunicationBarringDecoder", "src/CommunicationBarring", ZtPrefixRule::kRewrite)
         .Names(kRows)

@@ -24,7 +24,9 @@ constexpr ZtGrammarRow kRows[] = {
     {XML_STR_STORED, ZtElementKind::kEndBound, &zt_stored::kType, &zt_status::kType},
     {XML_STR_FORBIDDEN, ZtElementKind::kEndBound, &zt_forbidden::kType, &zt_status::kType},
     {XML_STR_ERROR, ZtElementKind::kEndBound, &zt_error::kType, &zt_status::kType},
-    {XML_STR_ZT_NULL, ZtElementKind::kFlag, nullptr, &zt_imdn::kType},  // any other name
+    // Intended: an element of any other name in "imdn" is kept as a flag, without its content, and
+    // not written; in a status such an element is dropped.
+    {XML_STR_ZT_NULL, ZtElementKind::kFlag, nullptr, &zt_imdn::kType},
 };
 
 constexpr ZtGrammar kGrammar =

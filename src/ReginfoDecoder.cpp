@@ -14,7 +14,8 @@ constexpr ZtGrammarRow kRows[] = {
     {XML_STR_TEMP_GRUU, ZtElementKind::kExtension, &zt_temp_gruu::kType},
 };
 
-// Intended: the line names another decoder; log readers search for it as it is.
+// Intended: the line about a lack of memory names the decoder of communication diversion instead of
+// its own; log readers search for it as it is.
 constexpr ZtGrammar kGrammar =
     ZtGrammar("XMLReginfoDecoder", "src/ReginfoDecoder", ZtPrefixRule::kStrip)
         .Names(kRows)

@@ -12,6 +12,9 @@ namespace {
 constexpr char kSource[] = "src/XMLSimservs";
 constexpr ZtFamily kFamily = ZtQuietFamily(kSource);
 
+// Intended: the namespace of the services is declared twice, as the default one and as "ss": the
+// root is written without a prefix and its services with "ss", whatever the document had, and peers
+// compare the text.
 constexpr ZtFixedAttribute kNamespaces[] = {
     {XML_STR_HTTP_URI_ETSI_ORG_NGN_PARAMS_XML_SIMSERVS_XCAP, XML_STR_ZT_NULL},
     {XML_STR_HTTP_URI_ETSI_ORG_NGN_PARAMS_XML_SIMSERVS_XCAP, XML_STR_SS},
@@ -20,8 +23,10 @@ constexpr ZtFixedAttribute kNamespaces[] = {
 
 // ---- Services -----------------------------------------------------------------------------------
 
-// A service, in the order in which they are cut out and read. Its element's name is also the class
-// name of its root type. The rest is what the logs call it.
+// A service, in the order in which they are cut out and read. Intended: the ClassName of a
+// service's root type is its element's name ("communication-diversion") where other types have the
+// name of their C++ class; callers tell services apart by it. Intended: log lines call one service
+// by several names, such as "pOIP", "poip" and "OIP"; log readers search for each.
 struct Service {
   e_XmlStrRef element;
   eXMLSchemaID schema;
@@ -234,6 +239,8 @@ char* SimservsMarshaller::InsertString(char* envelope, const char* services) {
     ZtLog(kZtLogState, kSource)("SimservsMarshaller :: InsertString mSimservsXml or pString NULL ");
     return envelope;
   }
+  // Intended: InsertString puts the services before the first "</" of the envelope, whatever ends
+  // there; callers that bring an envelope of their own have an empty root in it.
   const char* end = __strstr(envelope, "</");
   if (!end) return envelope;
   const auto head = static_cast<std::size_t>(end - envelope);
@@ -307,8 +314,8 @@ bool Cut(const Service& service, char* text, ZtElementCutter& cutter) {
   }
 }
 
-// Reads the services that were cut out into `root`. One that cannot be read is dropped; false when
-// one is missing for want of memory.
+// Reads the services that were cut out into `root`; false when one is missing for want of memory.
+// Intended: a service that cannot be read is dropped, and callers get the others.
 bool ReadServices(const Service& service, const ZtElementCutter& cutter,
                   ServiceNamespaces& namespaces, Contexts& contexts, zt_Simservs& root) {
   const char* text = cutter.Texts();
@@ -372,4 +379,6 @@ const ZtDocument SimservsContext::kDocument =
                  SimservsDataBinder>(
         {XML_SCHEMA_SIMSERVS, "Simservs", {"simservs", nullptr}, kSimservsNamespace, true}, kSource)
         .Reads("SimservsUnMarshaller")
+        // Intended: log readers know the text of this marshaller as "SimservsXml", without the "m"
+        // that begins the names of others.
         .Writes(kZtRoots<zt_Simservs>, "SimservsMarshaller", "SimservsXml");

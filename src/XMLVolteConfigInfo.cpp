@@ -21,6 +21,8 @@ zt_characteristic* VolteConfigInfoDataBinder::CreateCharacteristic() {
 }
 zt_parm* VolteConfigInfoDataBinder::CreateParm() { return ZtCreate<zt_parm>(kSource); }
 
+// Intended: callers get a marshaller, whose Marshall always gives null, although the document is
+// only read.
 char* VolteConfigInfoMarshall::Marshall(XMLElement*) { return nullptr; }
 
 const ZtDocument VolteConfigInfoContext::kDocument =
