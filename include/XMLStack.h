@@ -18,8 +18,8 @@ class ZT_API XmlCodeGenStack : public ZtNonCopyable {
   /// The top entry, or null with a log line when the stack is empty.
   void* top() const;
   bool empty() const { return m_iTop == -1; }
-  /// The index of the top entry: -1 when empty, one less than the number of entries. Intended:
-  /// callers depend on it not being a count.
+  /// The index of the top entry. Intended: the size() of a stack is one less than the number of its
+  /// entries, -1 when it is empty; callers depend on it not being a count.
   int size() const { return m_iTop; }
 
  private:

@@ -58,6 +58,9 @@ class ZT_API ZtMarshaller : public XMLMarshaller {
   ~ZtMarshaller() override;
   char* Marshall(XMLElement* root) override;
   XMLMarshaller* Identity() override;
+  /// Whether the last Marshall lacked memory, or was given a tree too deep to be written, so that
+  /// its failure tells nothing of what else is in the tree.
+  bool WasCutShort() const { return m_bCutShort; }
 
  protected:
   ZtMarshaller();
@@ -86,6 +89,7 @@ class ZT_API ZtMarshaller : public XMLMarshaller {
   char* m_pXml = nullptr;  // owned; log lines call it by the document's own name
   zt_xml_common_array_definition* m_pXmlStrRef;
   const ZtContext* m_pContext = nullptr;  // null for a worker that no context made
+  bool m_bCutShort = false;
 };
 
 /// The base of a context and of its workers: `Base`, with the description Context::kDocument.

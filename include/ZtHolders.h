@@ -33,7 +33,9 @@ class ZT_API ZtText {
     m_pText = const_cast<char*>(text.text);
     m_iSize = text.size & kMostSize;
   }
-  /// Set as the public setters have it: always 1.
+  /// Set as the public setters have it. Intended: setters of texts, children and lists answer 1
+  /// even when nothing was stored, for want of memory or because the object has an owner; callers
+  /// do not ask.
   int Assign(const char* text);
   const char* Get() const { return m_pText; }
   ZtPiece Piece() const { return {m_pText, m_iSize}; }

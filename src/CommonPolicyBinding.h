@@ -20,10 +20,14 @@ struct CommonPolicyBinding {
 
   // ---- Flags ------------------------------------------------------------------------------------
 
+  // Intended: the writer of a flag is called AddEmptyElementtoXml, with a small "t", also in its
+  // lines, which begin with the marshaller of the service (Communication_diversionMarshaller);
+  // callers and log readers use the name.
   static constexpr ZtFlag kFlagText = {
       "%s::AddEmptyElementtoXml: Received empty present false",
       "%s::AddEmptyElementtoXml: Received empty element is NULL",
-      // Intended: names were written through 100 bytes with "/" and NUL.
+      // Intended: the name of a flag is cut at 98 bytes when it is written: with "/" and NUL it
+      // fits into the 100 bytes that peers were tested with.
       98};
   static constexpr ZtElementType kFlag =
       ZtFlagOf(kFamily, "AddEmptyElementtoXml", kFlagText, XML_STR_SS);
@@ -113,7 +117,8 @@ struct CommonPolicyBinding {
       kExtensible.Fields(kTransformationRows)
           .Writer(XML_STR_TRANSFORMATIONS, "AddTransformationsElementToXml", XML_STR_CP);
 
-  // Intended: a rule goes on behind conditions or actions that fail.
+  // Intended: a rule goes on after conditions or actions that cannot be written and are cut short
+  // where they fail, so that callers get a text that is not well formed instead of none.
   template <class Service>
   static constexpr ZtField kRuleRows[] = {
       ztrow::Attribute(XML_STR_ID, &zt_ns_common_policy_ruleType::m_Id)

@@ -50,8 +50,8 @@ char* EndOfElement(char* at, const char* end) {
 
 }  // namespace
 
-// The first '>' ends the tag, so that none is in a name or a value. Most tags end behind their
-// name.
+// Most tags end after their name. Intended: the first '>' ends a tag, so that none can stand in an
+// attribute's value, where XML allows it; callers escape it there.
 bool ScannedTag::Scan(char* begin, char* scanned, const char* end) {
   const bool resumed = scanned > begin;
   close = resumed ? ZtFind(scanned, '>', end) : nullptr;

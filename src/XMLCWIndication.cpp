@@ -68,6 +68,8 @@ const ZtDocument CWIndicationContext::kDocument =
                  CWIndicationMarshaller, CWIndicationDataBinder>(
         {XML_SCHEMA_CW_INDICATION, "CWIndication", {"ims-3gpp", nullptr}, nullptr, true}, kSource)
         .Reads("CWIndicationUnMarshaller")
-        // Intended: log readers know this marshaller by the name of the call-waiting indication's.
+        // Intended: log readers know this marshaller and its text as
+        // CallWaitingIndicationMarshaller and mCallWaitingIndicationXml, which are those of the
+        // call-waiting indication.
         .Writes(kZtRoots<zt_ims_3gpp>, "CallWaitingIndicationMarshaller",
                 "mCallWaitingIndicationXml");

@@ -19,6 +19,8 @@ constexpr ZtElementType kFlag =
 // ---- Types --------------------------------------------------------------------------------------
 
 struct CallWaitingIndicationBinding {
+  // Intended: a "call-waiting-indication" that is set but not present fails the whole document;
+  // callers set none instead.
   static constexpr ZtField kAction[] = {
       ztrow::Child(XML_STR_CALL_WAITING_INDICATION,
                    &zt_ns_call_waiting_indication_action::m_CallWaitingIndication, kFlag),
@@ -47,6 +49,8 @@ const ZtElementType zt_ns_call_waiting_indication_alternative_service::kType =
         .Fields(CallWaitingIndicationBinding::kService)
         .Writer(XML_STR_ALTERNATIVE_SERVICE, "AddAlternativeServiceElementToXml");
 
+// Intended: the root is called "3gpp-ims", which is no name in XML, because it begins with a digit;
+// peers send and expect it, and the library's parser reads it.
 const ZtElementType zt_3gpp_ims::kType = ZtTypeOf<zt_3gpp_ims>("zt_3gpp_ims", "3gpp-ims", kFamily)
                                              .Fields(CallWaitingIndicationBinding::kIms)
                                              .Writer(XML_STR_3GPP_IMS, "Add3gppImsElementToXml")

@@ -6,7 +6,7 @@ namespace {
 
 constexpr ZtFamily kFamily = ZtPresenceFamily("src/XMLCaps");
 
-// Texts other than these two say nothing.
+// Intended: a capability is "true" or "false"; any other text, "1" too, is absent for callers.
 constexpr ZtEnumTable kCapability = {kBooleanSlots, 2, 2, ZT_CAPS_ABSENT, false};
 
 }  // namespace

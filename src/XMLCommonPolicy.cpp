@@ -79,7 +79,8 @@ const ZtElementType zt_ns_common_policy_oneType::kType =
         .SelfClosing()
         .ChecksFirst();
 
-// Intended: without a domain the start tag stays open; peers were tested with callers that set one.
+// Intended: only an attribute closes the start tag of a "many", so that it stays open when there is
+// no domain; peers were tested with callers that set one.
 const ZtElementType zt_ns_common_policy_manyType::kType =
     ZtTypeOf<zt_ns_common_policy_manyType>("zt_ns_common_policy_manyType", "CommonPolicy:ManyType",
                                            CommonPolicyBinding::kFamily)

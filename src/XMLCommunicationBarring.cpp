@@ -11,14 +11,16 @@ namespace {
 constexpr char kSource[] = "src/XMLCommunicationBarring";
 constexpr ZtFamily kFamily = ZtQuietFamily(kSource);
 
-// Intended: a forward-to has no place in barring and is written without its content.
+// Intended: a forward-to, which has no place in barring, is written without its content instead of
+// being left out.
 constexpr ZtElementType kEmptyForwardTo =
     ZtTypeOf<zt_ns_xcap_forward_to_type>("zt_ns_xcap_forward_to_type",
                                          "CommunicationDiversion:ForwardToType", kFamily)
         .Writer(XML_STR_FORWARD_TO, nullptr, XML_STR_SS);
 
 struct Actions {
-  // Intended: the line lacks the lead that the others have.
+  // Intended: the line about the actions of a rule begins with the marshaller's name and lacks the
+  // lead "<XML Module>: "; log readers search for it as it is.
   static constexpr char kEntryLine[] = "Communication_barringMarshaller: AddActionsElementToXml";
   static constexpr ZtChoice kActions[] = {
       CommonPolicyBinding::kFlags,
@@ -37,10 +39,12 @@ struct CommunicationBarringBinding {
   static constexpr ZtField kAllow[] = {
       ztrow::OwnText(XML_STR_ALLOW, &zt_allow_action_type::m_Allow, kTrueOrElseFalse)};
 
-  // Intended: a rule set that fails is cut short in a service that is written to its end.
+  // Intended: a rule set that cannot be written is cut short where it fails, and the service is
+  // written to its end, so that callers get a text that is not well formed instead of none.
   static constexpr ZtField kRuleSet =
       ztrow::Child(XML_STR_RULESET, &ZtCommunicationBarring::m_RuleSet, *kPolicy.ruleset).Lenient();
-  // Intended: the services read "active" in two ways, as peers know them to.
+  // Intended: incoming barring takes any "active" but "true" for false, outgoing barring leaves the
+  // value as it was; peers know the two services so.
   static constexpr ZtField kIncoming[] = {ZtExtensibleRows::kAttributes<ZtObject>,
                                           SimservBinding::kActiveOrElseNot, kRuleSet};
   static constexpr ZtField kOutgoing[] = {ZtExtensibleRows::kAttributes<ZtObject>,
@@ -57,11 +61,15 @@ const ZtElementType zt_allow_action_type::kType =
 const ZtElementType zt_incoming_communication_barring::kType =
     ZtTypeOf<zt_incoming_communication_barring>(
         "incoming-communication-barring",
-        "IncomingComunicationBarring",  // intended spelling: callers compare with it
-        kFamily)
+        // Intended: the ElementName of incoming barring is spelt "IncomingComunicationBarring";
+        // callers compare with it.
+        "IncomingComunicationBarring", kFamily)
         .Fields(CommunicationBarringBinding::kIncoming)
         .Writer(XML_STR_INCOMING_COMMUNICATION_BARRING,
                 "AddIncoming_communication_barringElementToXml", XML_STR_SS)
+        // Intended: when a service cannot be written, its line names
+        // Incoming_communication_barringMarshaller or outgoing_communication_barringMarshaller,
+        // none of which is a class; log readers search for these names.
         .FailsAs("Incoming_communication_barringMarshaller")
         .Root();
 
@@ -69,10 +77,12 @@ const ZtElementType zt_outgoing_communication_barring::kType =
     ZtTypeOf<zt_outgoing_communication_barring>("outgoing-communication-barring",
                                                 "OutgoingCommunicationBarring", kFamily)
         .Fields(CommunicationBarringBinding::kOutgoing)
+        // Intended: log readers know the writer of outgoing barring as
+        // "Addoutgoing_communication_barringElementToXml", with a small "o" that its operation does
+        // not have.
         .Writer(XML_STR_OUTGOING_COMMUNICATION_BARRING,
-                "Addoutgoing_communication_barringElementToXml",  // intended lower case
-                XML_STR_SS)
-        .FailsAs("outgoing_communication_barringMarshaller")  // likewise
+                "Addoutgoing_communication_barringElementToXml", XML_STR_SS)
+        .FailsAs("outgoing_communication_barringMarshaller")
         .Root();
 
 // ---- Decoder ------------------------------------------------------------------------------------
@@ -82,7 +92,8 @@ namespace {
 constexpr ZtRoot kRoots[] = {
     {XML_STR_INCOMING_COMMUNICATION_BARRING, &zt_incoming_communication_barring::kType},
     {XML_STR_OUTGOING_COMMUNICATION_BARRING, &zt_outgoing_communication_barring::kType}};
-// Intended: the line names another decoder; log readers search for it as it is.
+// Intended: the line about a lack of memory names the decoder of communication diversion instead of
+// its own; log readers search for it as it is.
 constexpr ZtReading kReading =
     ZtReading("XMLCommunicationBarringDecoder", "src/CommunicationBarring", ZtPrefixRule::kRewrite)
         .Roots(kRoots)
@@ -99,6 +110,8 @@ XMLCommunicationBarringDecoder::XMLCommunicationBarringDecoder() : ZtNamespaceDe
 CommunicationBarringDataBinder::CommunicationBarringDataBinder() : ZtPolicyDataBinder(kSource) {}
 
 int CommunicationBarringDataBinder::setCBType(XML_COMMUNICATION_BARRING_TYPE type) {
+  // Intended: every call of setCBType is logged as an error, although nothing has failed; log
+  // readers find it at that level.
   ZtLog(kZtLogError, kSource)("<XML Module>: in CommunicationBarringDataBinder::setCBType  %d",
                               static_cast<int>(type));
   if (type != XML_COMMUNICATION_BARRING_INCOMING && type != XML_COMMUNICATION_BARRING_OUTGOING) {

@@ -9,7 +9,8 @@ namespace {
 constexpr char kSource[] = "src/XMLCommunicationDiversion";
 constexpr ZtFamily kFamily = ZtQuietFamily(kSource);
 
-// Intended: a value is known by its beginning, "true-ish" is "true"; servers append to them.
+// Intended: texts of the "reveal" elements are known by their beginnings, so that "true-ish" is
+// "true"; servers append to them.
 constexpr ZtEnumSlot kRevealSlots[] = {"false", "not-reveal-GRUU", "true"};
 constexpr ZtEnumTable kReveal = {kRevealSlots, 3, 3, ZT_REVEAL_UNSET, true};
 
@@ -29,6 +30,8 @@ constexpr const ZtPolicyTypes& kPolicy = CommonPolicyBinding::kTypes<Actions>;
 // ---- Types --------------------------------------------------------------------------------------
 
 struct CommunicationDiversionBinding {
+  // Intended: a timer that was read without a number in its range is written as 0, which its setter
+  // does not take; callers replace such a timer.
   static constexpr ZtField kNoReplyTimer[] = {
       ztrow::OwnText(XML_STR_NO_REPLY_TIMER, &zt_NoReplyTimer::m_Seconds, kSeconds)};
 
@@ -48,7 +51,8 @@ struct CommunicationDiversionBinding {
                          &zt_ns_xcap_forward_to_type::m_RevealIdentityToTarget, kReveal),
   };
 
-  // Intended: a rule set that fails is cut short in a service that is written to its end.
+  // Intended: a rule set that cannot be written is cut short where it fails, and the service is
+  // written to its end, so that callers get a text that is not well formed instead of none.
   static constexpr ZtField kRoot[] = {
       ZtExtensibleRows::kAttributes<ZtObject>, SimservBinding::kActive,
       ztrow::Child(XML_STR_NO_REPLY_TIMER, &zt_communication_diversion::m_NoReplyTimer,
@@ -64,6 +68,8 @@ const ZtElementType zt_NoReplyTimer::kType =
         .Fields(CommunicationDiversionBinding::kNoReplyTimer)
         .Writer(XML_STR_NO_REPLY_TIMER, "AddNoReplyTimerElementToXml", XML_STR_SS);
 
+// Intended: the writer of a forward-to is called AddForwardToElementtoXml, with a small "t";
+// callers and log readers use the name.
 const ZtElementType zt_ns_xcap_forward_to_type::kType =
     ZtTypeOf<zt_ns_xcap_forward_to_type>("zt_ns_xcap_forward_to_type",
                                          "CommunicationDiversion:ForwardToType", kFamily)
@@ -119,6 +125,8 @@ int Communication_diversionMarshaller::AddCommunication_diversionElementToXml(
     zt_communication_diversion* diversion) {
   return Write(diversion, zt_communication_diversion::kType);
 }
+// Intended: AddNoReplyTimerElementToXml answers 1 for a null timer, of which it writes nothing; the
+// steps of all other elements answer 0. Callers write a service without a timer so.
 int Communication_diversionMarshaller::AddNoReplyTimerElementToXml(zt_NoReplyTimer* timer) {
   return Write(timer, zt_NoReplyTimer::kType) || !timer;
 }

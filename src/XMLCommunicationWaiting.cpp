@@ -18,7 +18,8 @@ const ZtElementType zt_communication_waiting::kType =
 namespace {
 
 constexpr ZtRoot kRoots[] = {{XML_STR_COMMUNICATION_WAITING, &zt_communication_waiting::kType}};
-// Intended: the line names another decoder; log readers search for it as it is.
+// Intended: the line about a lack of memory names the decoder of communication diversion instead of
+// its own; log readers search for it as it is.
 constexpr ZtReading kReading =
     ZtReading("XMLCommunicationWaitingDecoder", "src/CommunicationWaiting", ZtPrefixRule::kRewrite)
         .Roots(kRoots)

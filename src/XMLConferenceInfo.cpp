@@ -14,7 +14,8 @@ constexpr char kSource[] = "src/XMLConferenceInfo";
 constexpr ZtFamily kFamily = ZtPlainFamily(kSource).RefusesNullClasses().NamesStayInside();
 
 // ---- Enumerations -------------------------------------------------------------------------------
-// A value is known by its beginning.
+// Intended: values of enumerations are known by their beginnings, so that peers which append to
+// them are understood: "fully" is "full".
 
 constexpr ZtEnumSlot kStateSlots[] = {"full", "partial", "deleted"};
 constexpr ZtEnumTable kStates = {kStateSlots, 3, 3, ZT_STATE_ABSENT, true};
@@ -29,7 +30,8 @@ constexpr ZtEnumTable kEndpointStatuses = {kEndpointSlots, 9, 9, ZT_ENDPOINT_STA
 constexpr ZtEnumSlot kJoiningSlots[] = {"dialed-in", "dialed-out", "focus-owner"};
 constexpr ZtEnumTable kJoiningMethods = {kJoiningSlots, 3, 3, ZT_JOINING_ABSENT, true};
 
-// Intended: what matches nothing is one more than absent; callers tell the two apart.
+// Intended: a disconnection method that is not known is read as one more than absent, where other
+// enumerations take it for absent; callers tell the two apart.
 constexpr ZtEnumSlot kDisconnectionSlots[] = {"departed", "booted", "failed", "busy"};
 constexpr ZtEnumTable kDisconnectionMethods = {kDisconnectionSlots, 4, 4, ZT_DISCONNECTION_UNKNOWN,
                                                true};
@@ -67,6 +69,8 @@ struct ConferenceInfoBinding {
       kZtOthers,
   };
 
+  // Intended: keywords and languages are split at every blank, so that two blanks in a row make an
+  // empty word; callers get n + 1 words for n blanks.
   static constexpr ZtField kKeywords[] = {
       kZtExtras,
       ztrow::OwnWords(XML_STR_KEYWORDS, &zt_keywords_type::m_Words),
@@ -333,7 +337,10 @@ const ZtElementType zt_endpoint_type::kType =
 const ZtElementType zt_user_type::kType =
     ZtTypeOf<zt_user_type>("zt_user_type", "user", kFamily)
         .Fields(ConferenceInfoBinding::kUser)
-        .Writer(XML_STR_USER, "AddUserElementToXkjml");  // intended spelling
+        // Intended: log readers know the writer of a user as "AddUserElementToXkjml".
+        .Writer(XML_STR_USER, "AddUserElementToXkjml");
+// Intended: the writer of "users" is called AddIUsersElementToXml; callers and log readers use the
+// name.
 const ZtElementType zt_users_type::kType =
     ZtTypeOf<zt_users_type>("zt_users_type", "users", kFamily)
         .Fields(ConferenceInfoBinding::kUsers)
@@ -467,7 +474,8 @@ void TestConference_infoMarshall() {
 namespace {
 constexpr ZtDocumentLines Lines() {
   ZtDocumentLines lines;
-  // Intended spelling.
+  // Intended: the line about a missing root says "Receiven NULL Object"; log readers search for it
+  // as it is.
   lines.nullRoot = "<XML Module>: Conference_infoMarshall :: Marshall: Receiven NULL Object";
   return lines;
 }

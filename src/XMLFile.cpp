@@ -7,11 +7,14 @@
 namespace {
 
 constexpr char kSource[] = "src/XMLFile";
-constexpr int kFileDevice = 2;      // the descriptor's type word
-constexpr int kCountPreset = 1025;  // what the platform's read expects to find in its count
+constexpr int kFileDevice = 2;  // the descriptor's type word
+// Intended: the platform's read finds 1025 in its count at every call, however much is to be read;
+// platform layers expect it there.
+constexpr int kCountPreset = 1025;
 
-// How a mode opens and what it logs, under the lines that log readers know. Intended: the texts
-// say "Init()", and only the writing modes log their success.
+// How a mode opens and what it logs, under the lines that log readers know. Intended: the lines
+// about opening a file say "Init()", which no operation is called, and only the writing modes log
+// their success.
 struct OpenMode {
   int flags;
   int errorLine;
@@ -38,6 +41,7 @@ XMLFile::XMLFile(const char* fileName, eXMLFileAccessMode mode)
   m_Device.type = kFileDevice;
 }
 
+// Intended: an XMLFile that is deleted leaves its file open; callers close it with CloseFile first.
 XMLFile::~XMLFile() {
   __free(m_pFileName);
   __free(m_pFileData);
@@ -48,6 +52,8 @@ int XMLFile::OpenFile() {
     Log(144, "XMLFile::Init() - invalid filename");
     return 0;
   }
+  // Intended: OpenFile answers 1 for an unknown mode, although it opens nothing; callers find out
+  // when they read or write.
   if (m_eAccessMode < XML_FILE_READ || m_eAccessMode > XML_FILE_READ_WRITE) return 1;
   const OpenMode& mode = kOpenModes[m_eAccessMode];
   const int code = ztDplIODeviceOpen(&m_Device, m_pFileName, mode.flags, 0);

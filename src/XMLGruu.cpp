@@ -19,14 +19,16 @@ constexpr ZtFamily kFamily = {kSource, &kLines, nullptr, "<XML Module>: %s Faile
 
 // ---- Types --------------------------------------------------------------------------------------
 
-// Intended: a GRUU without its uri fails before its start tag is closed. The reginfo writer does
-// not look at the failure, so the tag stays open in its text.
+// Intended: a GRUU without its uri fails before its start tag is closed. The writer of registration
+// information goes on even so, with the tag left open in its text; callers set a uri.
 struct GruuBinding {
   static constexpr ZtField kPublic[] = {
       ztrow::Attribute(XML_STR_URI, &ZtGruu::m_Uri)
           .Required("<XML Module>: AddPubGruuElementToXml: Uri is a mandatory attribute",
                     kZtLogError),
   };
+  // Intended: "first-cseq" is written when it is 0, too, where a 0 mostly means absent: RFC 5628
+  // requires the attribute of every temporary GRUU, and peers look for it.
   static constexpr ZtField kTemporary[] = {
       ztrow::Attribute(XML_STR_FIRST_CSEQ, &ZtTemporaryGruu::m_FirstCseq).Always(),
       ztrow::Attribute(XML_STR_URI, &ZtGruu::m_Uri)
@@ -35,6 +37,8 @@ struct GruuBinding {
   };
   static_assert(ztrow::Sound(kPublic) && ztrow::Sound(kTemporary));
 
+  // Intended: a GRUU on its own declares no namespace, although it has an XML declaration; callers
+  // put it into a document that declares one.
   template <class T>
   static constexpr ZtElementType Public(const char* className) {
     return ZtTypeOf<T>(className, "pub-gruu", kFamily)
@@ -82,7 +86,8 @@ XMLObject* GruuDataBinder::CreateRootElement() {
     ZtLog(kZtLogTrace, kSource)("<XML Module>: GruuDataBinder :: Gruutype is NULL");
     return nullptr;
   }
-  // Intended: the type is looked for at the start of the names, so an empty one is public.
+  // Intended: the type that a caller has set is looked for at the start of the names, so that
+  // "temp" will do for "temp-gruu", and an empty text makes a public GRUU.
   const std::size_t size = __strlen(type);
   if (__strncmp(ZtName(XML_STR_PUB_GRUU), type, size) == 0) return CreatePubGruuElement();
   if (__strncmp(ZtName(XML_STR_TEMP_GRUU), type, size) == 0) return CreateTempGruuElement();
@@ -109,13 +114,13 @@ namespace {
 
 constexpr ZtDocumentLines kDocumentLines = {
     "<XML Module>: In %s::UnMarshall with pXmlString=%s",
-    "<XML Module>: In %s::UnMarshall(pfile) with pstring=%s",
-    "<XML Module>: Xml Decoder Success",
+    "<XML Module>: In %s::UnMarshall(pfile) with pstring=%s", "<XML Module>: Xml Decoder Success",
     "<XML Module>: Xml Decoder failed because of some error in XML",
     "<XML Module>: GruuMarshaller :: Incoming obj is NULL",
     "<XML Module>: GruuMarshaller :: Incoming pObj->ClassName() is NULL",
-    "<XML Module>: GruuMarshaller :: Marshall: obj is pub-gruu",  // intended for temp-gruu, too
-    "<XML Module>: %s XML %s",
+    // Intended: the line that tells which root is written says "obj is pub-gruu" for a temporary
+    // GRUU, too; log readers search for it as it is.
+    "<XML Module>: GruuMarshaller :: Marshall: obj is pub-gruu", "<XML Module>: %s XML %s",
     "<XML Module>: %s XML Failed at %s!"};
 
 }  // namespace

@@ -75,8 +75,9 @@ struct ImdnBinding {
     return ZtTypeOf<T>(className, label, kFamily).Fields(kNotification).NamesStayInside();
   }
 
-  // Intended: of the objects that it does not know, a status keeps those of the plain class only.
-  // An attribute comes by the other hook: no element is one, whatever it calls itself.
+  // An attribute comes by the other hook: no element is one, whatever it calls itself. Intended: of
+  // the objects that are offered under a name which it does not know, a status keeps those of the
+  // plain class "XMLElement" only, where other types keep all; callers free what it does not keep.
   static bool DropObject(XMLElement&, const char* name, const char*, XMLElement* child,
                          ZtOutcome&) {
     if (!child || (*name == '/' && ZtFindChild(zt_status::kType, ZtNameId::Of(name + 1))))
@@ -88,6 +89,8 @@ struct ImdnBinding {
   static constexpr ZtFlag kFlagText = {nullptr};
   static constexpr ZtElementType kFlag = ZtFlagOf(kFamily, nullptr, kFlagText);
   static constexpr ZtChoice kAnyOther[] = {ZtChoice(XML_STR_ZT_NULL, kFlag).NotWritten(), {}};
+  // Intended: of several notifications only the first of delivery, display and processing is looked
+  // at; when that one cannot be written it is left out, and the rest of the document is written.
   static constexpr ZtField kImdn[] = {
       ZtExtensibleRows::kAttributes<ZtObject>,
       ztrow::TextElement(XML_STR_MESSAGE_ID, &zt_imdn::m_MessageId),
@@ -113,7 +116,8 @@ struct ImdnBinding {
           .Lenient()
           .Note("<XML Module>: AddIMDNElementToXml, failed to add Processing Notification.",
                 kZtLogError),
-      // What it does not know is kept as a flag of its name.
+      // Intended: an element of any other name in "imdn" is kept as a flag, without its content,
+      // and not written; in a status such an element is dropped.
       ZtExtensibleRows::Elements<ZtObject>(kAnyOther),
   };
   static_assert(ztrow::Sound(kStatus) && ztrow::Sound(kImdn));
@@ -144,16 +148,17 @@ const ZtElementType zt_display_notification::kType =
         .Writer(XML_STR_DISPLAY_NOTIFICATION, "AddDisplayNotificationElementToXml")
         .OnWrite(ImdnBinding::Write<ImdnBinding::kDisplayValues>);
 
-// Intended: it is written under a misspelt name, which peers compare with, and read under the right
-// one.
+// Intended: a processing notification is written as "proessing-notification", because peers compare
+// with that, and read as "processing-notification", so that the library does not read back what it
+// has written.
 const ZtElementType zt_processing_notification::kType =
     ImdnBinding::Notification<zt_processing_notification>("zt_processing_notification",
                                                           "processing-notification")
         .Writer(XML_STR_PROESSING_NOTIFICATION, "AddProcessingNotificationElementToXml")
         .OnWrite(ImdnBinding::Write<ImdnBinding::kProcessingValues>);
 
-// Intended: where there is an attribute list, the last attribute of it closes the start tag; an
-// empty one leaves it open.
+// Intended: where "imdn" has a list of other attributes, its last attribute closes the start tag,
+// so that an empty list leaves the tag open; callers set no list or one with entries.
 const ZtElementType zt_imdn::kType = ZtTypeOf<zt_imdn>("zt_imdn", "imdn", kFamily)
                                          .Fields(ImdnBinding::kImdn)
                                          .Writer(XML_STR_IMDN, "AddIMDNElementToXml")
@@ -222,4 +227,6 @@ const ZtDocument IMDNContext::kDocument =
         {XML_SCHEMA_IMDN, "IMDN", {"imdn", nullptr}, "urn:ietf:params:xml:ns:imdn", true}, kSource)
         .Reads("IMDNUnMarshaller")
         .Writes(kZtRoots<zt_imdn>, "IMDNMarshaller", "mIMDNXml")
+        // Intended: log readers know the results of this marshaller under the name "Marshall"
+        // instead of its own.
         .ReportsAs("Marshall", "Marshall");

@@ -10,7 +10,9 @@ namespace {
 constexpr char kSource[] = "src/XMLIsComposing";
 constexpr ZtFamily kFamily = ZtQuietFamily(kSource);
 
-// Intended: the location names "im-composing", which is not the namespace above it.
+// Intended: the schema location that is written names "urn:ietf:params:xml:ns:im-composing", which
+// is not the namespace "im-iscomposing" beside it, and has two blanks before the schema file; peers
+// compare the text.
 constexpr ZtFixedAttribute kDeclarations[] = {
     {XML_STR_URN_IETF_PARAMS_XML_NS_IM_ISCOMPOSING, XML_STR_ZT_NULL},
     {XML_STR_HTTP_WWW_W3_ORG_2001_XMLSCHEMA_INSTANCE, XML_STR_XSI},
@@ -56,7 +58,8 @@ const ZtElementType zt_isComposing::kType =
 namespace {
 
 constexpr ZtRoot kRoots[] = {{XML_STR_IS_COMPOSING, &zt_isComposing::kType}};
-// Intended: names are compared as they stand, so that a document with prefixes has no root.
+// Intended: names of elements are compared as they stand, so that an indication with prefixes is
+// not read; in most other documents callers get elements under any prefix.
 constexpr ZtReading kReading =
     ZtReading("XMLIsComposingDecoder", "src/IsComposing", ZtPrefixRule::kExact).Roots(kRoots);
 

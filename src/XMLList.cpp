@@ -7,8 +7,8 @@
 namespace {
 
 constexpr char kSource[] = "src/XMLList";
-// Intended: the destructor, and the two accessors that are not GetKeyAtIndex, log their
-// neighbours' texts; log readers tell them apart by these lines.
+// Intended: the destructor of a list logs the constructor's text, and GetPtrToListHead and
+// GetPtrToListEnd log that of GetKeyAtIndex; log readers tell them apart by their line numbers.
 constexpr int kConstructorLine = 35;
 constexpr int kDestructorLine = 56;
 constexpr int kListHeadLine = 238;
@@ -89,7 +89,8 @@ void* ZtSingleElementList::GetKeyAtIndex(unsigned short index) {
     ZtLog(kZtLogError, kSource)(kEmptyText);
     return nullptr;
   }
-  // Intended: an index equal to the count passes this test and yields null without a line.
+  // Intended: for an index that equals the number of nodes GetKeyAtIndex gives null without the
+  // line that every greater index gets.
   if (index > m_iListCount) {
     ZtLog(kZtLogError, kSource)("ZtSingleElementList::GetKeyAtIndex: Invalid index");
     return nullptr;
@@ -107,7 +108,8 @@ ZtListNode* ZtSingleElementList::HeadOf(ZtSingleElementList* list) {
   return head;
 }
 
-// Intended: callers get null from a full list too; nothing may start to depend on a node.
+// Intended: GetPtrToListEnd gives null instead of the last node, also for a list with nodes;
+// nothing may start to depend on a node.
 ZtListNode* ZtSingleElementList::GetPtrToListEnd() {
   if (!m_pHead) ZtLog(kZtLogError, kSource, kListEndLine)(kEmptyText);
   return nullptr;

@@ -18,7 +18,8 @@ constexpr ZtElementType kFlag = ZtFlagOf(kFamily, "AddEmptyElementToXml", kFlagT
 // ---- Types --------------------------------------------------------------------------------------
 
 struct MediaControlBinding {
-  // Intended: a flag that is not present leaves its element empty and fails nothing.
+  // Intended: a "picture_fast_update" that is set but not present leaves its element empty and
+  // fails nothing; in a call-waiting indication such a flag fails the document.
   static constexpr ZtField kToEncoder[] = {
       ztrow::Child(XML_STR_PICTURE_FAST_UPDATE, &zt_to_encoder::m_PictureFastUpdate, kFlag)
           .Lenient(),

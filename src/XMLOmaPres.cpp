@@ -19,7 +19,9 @@ struct OmaPresBinding {
   template <ZtExtraName kElement>
   static constexpr ZtField kText[] = {ztrow::OwnText(kElement, &ZtOmaPresText::m_Value)};
 
-  // Intended: no writer and no name in a grammar, these elements only answer what they are offered.
+  // Intended: willingness, session-participation, registration-state, barring-state and
+  // overriding-willingness are neither read nor written: their types are for callers that offer
+  // them texts.
   template <class T, ZtExtraName kElement>
   static constexpr ZtElementType Text(const char* className, const char* label) {
     return ZtTypeOf<T>(className, label, kFamily).Fields(kText<kElement>);

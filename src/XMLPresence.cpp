@@ -39,6 +39,8 @@ struct PresenceBinding {
       {XML_STR_SERVICE_DESCRIPTION, zt_ns_oma_pres_service_description::kType},
       {XML_STR_SERVCAPS, zt_ns_caps_servcaps::kType},
       {}};
+  // Intended: a tuple without its required id fails the document without a line of its own; log
+  // readers find the line of the document that failed.
   static constexpr ZtField kTuple[] = {
       ztrow::Attribute(XML_STR_ID, &zt_tuple::m_Id).Required(nullptr, 0),
       ztrow::Child(XML_STR_STATUS, &zt_tuple::m_Status, Status::kType),
@@ -60,6 +62,8 @@ struct PresenceBinding {
   static_assert(ztrow::Sound(kNote) && ztrow::Sound(kContact) && ztrow::Sound(kStatus));
   static_assert(ztrow::Sound(kTuple) && ztrow::Sound(kPresence));
 
+  // Intended: the prefixes "op" and "caps" are always declared, and written in the place of those
+  // that the document had; peers compare the text.
   static constexpr ZtFixedAttribute kNamespaces[] = {
       {XML_STR_URN_IETF_PARAMS_XML_NS_PIDF, XML_STR_ZT_NULL},
       {XML_STR_URN_OMA_XML_PRS_PIDF_OMA_PRES, XML_STR_OP},
@@ -160,5 +164,6 @@ const ZtDocument PresenceContext::kDocument =
                                      kSource)
         .Reads("PresenceUnMarshaller")
         .Writes(kZtRoots<zt_presence>, "PresenceMarshaller", "mPresenceXml")
-        // Intended: log readers know a presence that was written by the other marshaller's name.
+        // Intended: log readers know a presence document that was written as the
+        // IsComposingMarshaller's; a failure has the right name.
         .ReportsAs("IsComposingMarshaller", "PresenceMarshaller");

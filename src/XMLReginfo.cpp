@@ -22,12 +22,15 @@ constexpr ZtFamily kFamily = ZtFamily{kSource, &kLines, "Cannot accommodate the 
 
 // ---- Enumerations -------------------------------------------------------------------------------
 
+// Intended: states and events are known by their beginnings, so that peers which append to them are
+// understood: "fully" is "full".
 constexpr ZtEnumSlot kReginfoStateSlots[] = {"full", "partial"};
 constexpr ZtEnumTable kReginfoStates = {kReginfoStateSlots, 2, 2, 2, true};
 
-// Intended: the two lookups of a contact run one slot past their own values, into the next ones, so
-// that "registered" is read as state 2 and "init" as event 9; neither can be written. A
-// registration's looks at the first two only, so that "terminated" is what matches nothing.
+// Intended: the two lookups of a contact run one value past their own, into the next ones, so that
+// the state "registered" is read as 2 and the event "init" as 9, neither of which can be written;
+// callers have a default in each switch. Intended: the state of a registration is looked for among
+// "init" and "active" only, so that whatever else a document says is read as "terminated".
 // clang-format off
 constexpr ZtEnumSlot kSlots[] = {
     "active", "terminated",
@@ -54,6 +57,8 @@ struct ReginfoBinding {
                                         {XML_STR_TEMP_GRUU, zt_temp_gruu::kType, XML_STR_GR},
                                         {}};
 
+  // Intended: a required state or event that is missing is logged at the level of optional items,
+  // although it fails the document; log readers find the line at that level.
   static constexpr ZtField kContact[] = {
       ztrow::Attribute(XML_STR_STATE, &zt_ns_reginfo_contact::m_State, kContactStates)
           .Required("<XML Module>: AddReginfoContactElementToXml state is required",
@@ -73,6 +78,8 @@ struct ReginfoBinding {
       ztrow::TextElement(XML_STR_DISPLAY_NAME, &zt_ns_reginfo_contact::m_DisplayName),
       ztrow::Children(XML_STR_UNKNOWN_PARAM, &zt_ns_reginfo_contact::m_UnknownParams,
                       zt_unknown_param::kType),
+      // Intended: the line about an element of a contact that is not written names the writer of
+      // "unknown-param"; log readers search for it as it is.
       ztrow::OtherChildren(&zt_ns_reginfo_contact::m_AnyElements, kGruus)
           .Lenient()
           .Note("<XML Module>: AddUnknownParamElementToXml cannot accommodate any element "
@@ -82,8 +89,8 @@ struct ReginfoBinding {
   static constexpr ZtField kRegistration[] = {
       ztrow::Attribute(XML_STR_AOR, &zt_registration::m_Aor)
           .Required("<XML Module>: AddRegistrationElementToXml aor is required", kZtLogError),
-      // Intended: an id that is not set is written as an empty one and fails nothing; peers were
-      // tested with it.
+      // Intended: the id of a registration that is not set is written as an empty one, although it
+      // is required, and fails nothing; peers were tested with it.
       ztrow::Attribute(XML_STR_ID, &zt_registration::m_Id).Always(),
       ztrow::Attribute(XML_STR_STATE, &zt_registration::m_State, kRegistrationStates)
           .Required("<XML Module>: AddRegistrationElementToXml state is required", kZtLogOptional),
@@ -137,7 +144,8 @@ const ZtElementType zt_reginfo::kType =
 namespace {
 
 constexpr ZtRoot kRoots[] = {{XML_STR_REGINFO, &zt_reginfo::kType}};
-// Intended: the line names another decoder; log readers search for it as it is.
+// Intended: the line about a lack of memory names the decoder of communication diversion instead of
+// its own; log readers search for it as it is.
 constexpr ZtReading kReading =
     ZtReading("XMLReginfoDecoder", "src/ReginfoDecoder", ZtPrefixRule::kStrip)
         .Roots(kRoots)

@@ -10,6 +10,8 @@ namespace {
 constexpr char kSource[] = "src/XMLResourceList";
 constexpr ZtFamily kFamily = ZtPlainFamily(kSource);
 
+// Intended: the root declares "xsi" and "cp" always, whether anything in the document uses them;
+// peers compare the text.
 constexpr ZtFixedAttribute kNamespaces[] = {
     {XML_STR_URN_IETF_PARAMS_XML_NS_RESOURCE_LISTS, XML_STR_ZT_NULL},
     {XML_STR_HTTP_WWW_W3_ORG_2001_XMLSCHEMA_INSTANCE, XML_STR_XSI},

@@ -10,7 +10,8 @@ namespace {
 constexpr char kSource[] = "src/XMLRlmi";
 constexpr ZtFamily kFamily = ZtPlainFamily(kSource);
 
-// A state is known by its beginning.
+// Intended: the state of an instance is known by its beginning, so that peers which append to it
+// are understood: "active;x" is "active".
 constexpr ZtEnumSlot kStateSlots[] = {"active", "pending", "terminated"};
 constexpr ZtEnumTable kStates = {kStateSlots, 3, 3, ZT_INSTANCE_STATE_ABSENT, true};
 

@@ -30,6 +30,8 @@ struct RlsServicesBinding {
       ztrow::Children(XML_STR_PACKAGE, &Packages::m_Packages, Package::kType),
       kZtOthers,
   };
+  // Intended: of a service that has an address and a list of its own the address is written, even
+  // an empty one; callers set the one or the other.
   static constexpr ZtField kService[] = {
       ztrow::Attribute(XML_STR_URI, &Service::m_Uri)
           .Required("<XML Module>: AddServiceElementToXml Uri mandatory attribute", kZtLogError),

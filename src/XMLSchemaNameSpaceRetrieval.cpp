@@ -18,7 +18,8 @@ struct SchemaNamespaceRetrievalBinding {
     return true;
   }
 
-  // Any name that begins with "xmlns" declares, "xmlnsfoo" too: it has no colon, so no prefix.
+  // Intended: any attribute whose name begins with "xmlns" declares a namespace for callers:
+  // "xmlnsfoo", which has no colon, the default one.
   static ZtOutcome Declare(XMLElement& self, const char* name, const char* value) {
     auto& root = static_cast<zt_schema_namespace_retrieval&>(self);
     const char* declares = ZtName(XML_STR_XMLNS);
@@ -52,6 +53,8 @@ zt_schema_namespace_retrieval* zt_schema_namespace_retrieval::From(XMLObject* ob
   return ZtAs<zt_schema_namespace_retrieval>(object);
 }
 
+// Intended: a null list given to setNameSpaceInfo leaves the list as it is, where other setters
+// clear theirs; callers keep what was retrieved.
 int zt_schema_namespace_retrieval::setNameSpaceInfo(ZtSingleElementList* list) {
   ZtLog(kZtLogState, kSource)("<XML Module>: zt_schema_namespace_retrieval::setNameSpaceInfo");
   return list ? m_NameSpaceInfo.Set(list) : 1;

@@ -13,6 +13,9 @@ namespace {
 constexpr char kSource[] = "src/XMLSimservs";
 constexpr ZtFamily kFamily = ZtQuietFamily(kSource);
 
+// Intended: the namespace of the services is declared twice, as the default one and as "ss": the
+// root is written without a prefix and its services with "ss", whatever the document had, and peers
+// compare the text.
 constexpr ZtFixedAttribute kNamespaces[] = {
     {XML_STR_HTTP_URI_ETSI_ORG_NGN_PARAMS_XML_SIMSERVS_XCAP, XML_STR_ZT_NULL},
     {XML_STR_HTTP_URI_ETSI_ORG_NGN_PARAMS_XML_SIMSERVS_XCAP, XML_STR_SS},
@@ -21,8 +24,10 @@ constexpr ZtFixedAttribute kNamespaces[] = {
 
 // ---- Services -----------------------------------------------------------------------------------
 
-// A service, in the order in which they are cut out and read. Its element's name is also the class
-// name of its root type. The rest is what the logs call it.
+// A service, in the order in which they are cut out and read. Intended: the ClassName of a
+// service's root type is its element's name ("communication-diversion") where other types have the
+// name of their C++ class; callers tell services apart by it. Intended: log lines call one service
+// by several names, such as "pOIP", "poip" and "OIP"; log readers search for each.
 struct Service {
   e_XmlStrRef element;
   eXMLSchemaID schema;
@@ -73,12 +78,13 @@ class Contexts {
     // The text is part of one that has been parsed: what fails now is not the text's fault.
     return root || (worker && static_cast<ZtUnMarshaller*>(worker)->Parse(text, root));
   }
-  const char* Write(const Service& service, XMLElement* root) {
+  // False without memory; `text` is null, too, when the service cannot be written.
+  bool Write(const Service& service, XMLElement* root, const char*& text) {
     XMLContext* context = Get(service.schema);
-    if (!context) return nullptr;
-    XMLMarshaller* worker = context->marshaller();
-    if (!worker) worker = context->createMarshaller();
-    return worker ? worker->Marshall(root) : nullptr;
+    XMLMarshaller* worker = context ? context->marshaller() : nullptr;
+    if (context && !worker) worker = context->createMarshaller();
+    text = worker ? worker->Marshall(root) : nullptr;
+    return text || (worker && !static_cast<ZtMarshaller*>(worker)->WasCutShort());
   }
 
  private:
@@ -198,8 +204,8 @@ int SimservsMarshaller::AddSimservsElementToXml(zt_Simservs* simservs) {
   return Write(simservs, zt_Simservs::kType);
 }
 
-// Every service can be written, so that only a lack of memory leaves one out. Such a document would
-// delete the service at the server that it is put to: there is none then.
+// A service that cannot be written is left out. One for which there is no memory would be deleted
+// at the server that such a document is put to: there is none then.
 char* SimservsMarshaller::Complete(XMLElement* root, char* text) {
   GrowingText services;
   bool whole = Append(services, "");
@@ -217,10 +223,11 @@ char* SimservsMarshaller::Complete(XMLElement* root, char* text) {
     }
     const Service* service = FindService(className);
     if (!service) continue;
-    const char* written = contexts.Write(*service, object);
+    const char* written = nullptr;
+    whole = contexts.Write(*service, object, written);
     trace("<XML Module>: SimservsMarshaller XML - %s Marshalling %s", service->written,
           written ? "Success" : "error");
-    whole = written && Append(services, written);
+    whole = whole && (!written || Append(services, written));
   }
   char* document = whole ? InsertString(text, services.Get()) : text;
   if (document != text) return document;
@@ -233,6 +240,8 @@ char* SimservsMarshaller::InsertString(char* envelope, const char* services) {
     ZtLog(kZtLogState, kSource)("SimservsMarshaller :: InsertString mSimservsXml or pString NULL ");
     return envelope;
   }
+  // Intended: InsertString puts the services before the first "</" of the envelope, whatever ends
+  // there; callers that bring an envelope of their own have an empty root in it.
   const char* end = __strstr(envelope, "</");
   if (!end) return envelope;
   const auto head = static_cast<std::size_t>(end - envelope);
@@ -306,8 +315,8 @@ bool Cut(const Service& service, char* text, ZtElementCutter& cutter) {
   }
 }
 
-// Reads the services that were cut out into `root`. One that cannot be read is dropped; false when
-// one is missing for want of memory.
+// Reads the services that were cut out into `root`; false when one is missing for want of memory.
+// Intended: a service that cannot be read is dropped, and callers get the others.
 bool ReadServices(const Service& service, const ZtElementCutter& cutter,
                   ServiceNamespaces& namespaces, Contexts& contexts, zt_Simservs& root) {
   const char* text = cutter.Texts();
@@ -383,4 +392,6 @@ const ZtDocument SimservsContext::kDocument =
                  SimservsDataBinder>(
         {XML_SCHEMA_SIMSERVS, "Simservs", {"simservs", nullptr}, kSimservsNamespace, true}, kSource)
         .Reads("SimservsUnMarshaller")
+        // Intended: log readers know the text of this marshaller as "SimservsXml", without the "m"
+        // that begins the names of others.
         .Writes(kZtRoots<zt_Simservs>, "SimservsMarshaller", "SimservsXml");

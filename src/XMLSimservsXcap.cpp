@@ -11,9 +11,13 @@ const ZtElementType zt_ns_xcap_media_type::kType =
     ZtTypeOf<zt_ns_xcap_media_type>("zt_ns_xcap_media_type", "MediaType", SimservBinding::kFamily)
         .Fields(SimservBinding::kMedia)
         .Writer(XML_STR_MEDIA, nullptr, XML_STR_SS);
+// Intended: a "presence-status" in a document is read as a flag; zt_presence_status_activity_type
+// is for callers that offer it a text, and not written.
 const ZtElementType zt_presence_status_activity_type::kType =
     ZtTypeOf<zt_presence_status_activity_type>(
         "zt_presence_status_activity_type", "PresenceStatusActivityType", SimservBinding::kFamily)
         .Fields(SimservBinding::kPresenceStatus);
+// Intended: an "external-list" is kept without its content when it is read, and callers that put it
+// back write nothing of it.
 const ZtElementType zt_external_list::kType =
     ZtTypeOf<zt_external_list>("zt_external_list", "ExternalList", SimservBinding::kFamily);

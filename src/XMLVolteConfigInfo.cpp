@@ -18,6 +18,8 @@ const ZtElementType zt_volte_config_info::kType =
 
 namespace {
 
+// Intended: a root "wap-provisioningdoc" is read, too, as an object of the class that
+// "volte-config-info" has; callers tell the two by the context that they ask.
 constexpr ZtRoot kRoots[] = {{ZT_STR_VOLTE_CONFIG_INFO, &zt_volte_config_info::kType},
                              {ZT_STR_WAP_PROVISIONINGDOC, &zt_volte_config_info::kType}};
 constexpr ZtReading kReading =
@@ -36,6 +38,8 @@ zt_characteristic* VolteConfigInfoDataBinder::CreateCharacteristic() {
 }
 zt_parm* VolteConfigInfoDataBinder::CreateParm() { return ZtCreate<zt_parm>(kSource); }
 
+// Intended: callers get a marshaller, whose Marshall always gives null, although the document is
+// only read.
 char* VolteConfigInfoMarshall::Marshall(XMLElement*) { return nullptr; }
 
 const ZtDocument VolteConfigInfoContext::kDocument =

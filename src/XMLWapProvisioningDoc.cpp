@@ -35,6 +35,8 @@ zt_characteristic* WapProvisioningDocDataBinder::CreateCharacteristic() {
 }
 zt_parm* WapProvisioningDocDataBinder::CreateParm() { return ZtCreate<zt_parm>(kSource); }
 
+// Intended: callers get a marshaller, whose Marshall always gives null, although the document is
+// only read.
 char* WapProvisioningDocMarshall::Marshall(XMLElement*) { return nullptr; }
 
 const ZtDocument WapProvisioningDocContext::kDocument =

@@ -19,6 +19,8 @@ constexpr ZtFixedAttribute kDeclarations[] = {
 // ---- Types --------------------------------------------------------------------------------------
 
 struct XcapDirectoryBinding {
+  // Intended: the etag of an entry is written after all other attributes, also after those of names
+  // that the library does not know; peers compare the text.
   static constexpr ZtField kEntry[] = {
       ztrow::Attribute(XML_STR_URI, &zt_entry::m_Uri)
           .Required("<XML Module>: AddEntryElementToXml URI mandatory attribute", kZtLogError),
@@ -29,8 +31,9 @@ struct XcapDirectoryBinding {
           .Required("<XML Module>: AddEntryElementToXml ETAG mandatory attribute", kZtLogError),
   };
 
-  // Intended: a folder without entries always has an error code, if need be a blank one; with
-  // entries it has none.
+  // Intended: a folder without entries is written with an error code, if need be one that is a
+  // blank, and a folder with entries without one, even if it is set; callers set the one or the
+  // other.
   static constexpr ZtField kFolder[] = {
       ztrow::Attribute(XML_STR_AUID, &zt_folder::m_Auid)
           .Required("<XML Module>: AddFolderElementToXml AUID mandatory attribute", kZtLogError),

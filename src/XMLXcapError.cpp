@@ -13,7 +13,8 @@ constexpr char kSource[] = "src/XMLXcapError";
 constexpr ZtFamily kFamily =
     ZtQuietFamily(kSource).Enters("<XML Module>: Xcap_ErrorMarshall::%s", kZtLogState);
 
-// Intended: the location names the namespace and no schema file.
+// Intended: the schema location that is written names the namespace alone, where a schema file
+// should follow; peers compare the text.
 constexpr ZtFixedAttribute kDeclarations[] = {
     {XML_STR_URN_IETF_PARAMS_XML_NS_XCAP_ERROR, XML_STR_ZT_NULL},
     {XML_STR_HTTP_WWW_W3_ORG_2001_XMLSCHEMA_INSTANCE, XML_STR_XSI},
@@ -66,6 +67,8 @@ struct XcapErrorBinding {
       kPhrase, ztrow::Children(XML_STR_EXISTS, &zt_uniqueness_failure::m_Exists, zt_exists::kType)
                    .Lenient()
                    .Note("<XML Module>: AddExistsElementToXml tempNum: %d ")};
+  // Intended: an "extension" is written without its content, although it keeps what callers add to
+  // it.
   static constexpr ZtField kExtension[] = {kZtOthers};
   static_assert(ztrow::Sound(kNoParent) && ztrow::Sound(kExists) &&
                 ztrow::Sound(kUniquenessFailure));
@@ -80,8 +83,9 @@ struct XcapErrorBinding {
         .SelfClosing();
   }
 
-  // Intended: a name that only begins with an error's is taken for an error, and under any of the
-  // names an object of any error's class will do. The last one stands.
+  // Intended: in "xcap-error" a name that only begins with an error's is taken for an error, and
+  // under any of these names callers may offer an object of any error's class. Of several errors
+  // the last one stands.
   static bool TakeError(XMLElement& self, const char* name, const char*, XMLElement* child,
                         ZtOutcome& outcome) {
     if (!IsErrorName(name)) return false;
@@ -91,7 +95,8 @@ struct XcapErrorBinding {
     return true;
   }
 
-  // Intended: an object of another class is left out, and the document is written without it.
+  // Intended: an error object that is of none of the errors' classes is left out, and the document
+  // is written without it instead of failing.
   static bool WriteError(ZtElementWriter& writer, const XMLElement& self, const ZtElementType&) {
     XMLElement* error = static_cast<const zt_xcap_error&>(self).m_Error.Get();
     const ZtElementType* type = ErrorTypeOf(error);
@@ -141,7 +146,8 @@ const ZtElementType zt_extension::kType =
         .Writer(XML_STR_EXTENSION, "AddExtensionElementToXml")
         .UnknownElement(kCannotAccommodate);
 
-// Intended: log readers know the root's writer by a name that is said twice.
+// Intended: log readers know the root's writer as "AddXcap_errorElementToXmlErrorElementToXml",
+// where the operation is AddXcap_errorElementToXml.
 const ZtElementType zt_xcap_error::kType =
     ZtTypeOf<zt_xcap_error>("zt_xcap_error", "xcap-error", kFamily)
         .Writer(XML_STR_XCAP_ERROR, "AddXcap_errorElementToXml")

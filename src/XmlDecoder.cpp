@@ -192,7 +192,8 @@ int XmlDecoder::Continue() {
     m_bEmptyElement = 0;
     tag = ZtFind(tag, '<', end);
     if (!tag) {
-      // Text behind the last tag is dropped, also when its end tag comes with the next chunk.
+      // Intended: the text after the last tag of a chunk is dropped, also when its end tag comes
+      // with the next chunk; callers end chunks with a tag.
       m_DecodeState = ZT_XML_PARSE_CONTINUE;
       *m_pPendingText = '\0';
       m_iLength = m_iTag = m_iScanned = 0;
@@ -274,6 +275,8 @@ void XmlDecoder::ReportScanned(ScannedTag& tag, bool hasEntity) {
 int XmlDecoder::AnyTag(char* text, char* tag, char* close, bool& counts) {
   char* const name = tag + 1;
   if (*name == '?') {
+    // Intended: a processing instruction inside the root is an error, where XML allows it;
+    // receivers have no callback for it.
     if (close[-1] != '?' || m_pTop) return ParseError();
     counts = false;
   } else if (close - tag >= 4 && std::memcmp(name, "!--", 3) == 0) {
@@ -325,8 +328,9 @@ int XmlDecoder::OutOfTags(char* position) {
   return ZT_XML_INCOMPLETE;
 }
 
-// An end tag: `tag` points at its '<', `text` at the element's text before it. The failures here
-// leave the state as it was.
+// An end tag: `tag` points at its '<', `text` at the element's text before it. Intended: an end tag
+// that does not fit fails the call and leaves the parser's state as it was, so that callers may
+// feed it further; other faults of a document are final.
 int XmlDecoder::EndTag(char* text, char* tag, const char* close) {
   if (!m_pTop) {
     Log(kZtLogState)("<XML Decoder>:stack is empty when decodeBegin is not");
@@ -347,7 +351,9 @@ int XmlDecoder::EndTag(char* text, char* tag, const char* close) {
   return 0;
 }
 
-// The end of the innermost open element, whose '<' is at `tag`.
+// The end of the innermost open element, whose '<' is at `tag`. Intended: an element's text is
+// handed on as it stands, with its entities, where an attribute's value has them replaced; callers
+// unescape texts themselves.
 void XmlDecoder::ReportEnd(char* text, char* tag) {
   char* const slashName = tag + 1;
   *tag = '\0';
@@ -412,8 +418,9 @@ int XmlDecoder::ReportAttributes(char* element, char* rest, bool started) {
   while (*rest) {
     char* name = N_strtok(rest, "=", &rest);
     if (!name) break;
-    // Only the leading side of a name is trimmed: `x ="1"` is the attribute "x ". White space
-    // before the '>' comes out as an attribute with an empty name; receivers drop it.
+    // Intended: only the leading side of an attribute's name is trimmed, so that `x ="1"` is the
+    // attribute "x ", and white space before the '>' comes out as an attribute with an empty name;
+    // receivers drop it.
     name += std::strspn(name, kWhiteSpace);
     rest += std::strspn(rest, kWhiteSpace);
     char empty[1] = "";
@@ -465,7 +472,8 @@ int XmlDecoder::ValidateAttributeList(const char* list) {
     lastSpecial = at;
   }
   if (pending) return -1;  // an open value is a pending one, too
-  // Without any special character the text is one attribute without a value.
+  // Intended: what stands after the name of an element without quotes and equals signs, as in `<a b
+  // c>`, is no error: receivers get it as one attribute with an empty value.
   return lastSpecial && *SkipSpace(lastSpecial + 1) ? -1 : 0;
 }
 

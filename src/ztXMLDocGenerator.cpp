@@ -9,7 +9,8 @@ constexpr int kEscapeLine = 880;  // the line under which log readers know this 
 constexpr char kQuote[] = "&quot;";
 constexpr std::size_t kQuoteGrowth = sizeof(kQuote) - 2;
 
-// An absent text is written as a blank.
+// Intended: an absent text is written as one blank, where an empty element could be expected; peers
+// compare the text.
 ZtPiece OrBlank(ZtPiece text) { return text.text ? text : ZtPiece(" ", 1); }
 }  // namespace
 
@@ -58,6 +59,8 @@ char* ZtXMLDocGenerator::ztGetXmlDoc() {
 void ZtXMLDocGenerator::ztAddHeader(const char* version, const char* encoding) {
   if (!buffer || headerAdded != 0 || (m_pAt != buffer && headerAllowed != 1)) return;
   m_pAt = buffer;
+  // Intended: a caller that names no encoding gets ISO-8859-15, although the documents of the
+  // library are in UTF-8.
   Append({"<?xml version=\"", version ? version : "1.0", "\" encoding=\"",
           encoding ? encoding : "ISO-8859-15", "\"?>"});
   headerAdded = 1;
@@ -74,6 +77,7 @@ void ZtXMLDocGenerator::ztResetHeader() {
 
 void ZtXMLDocGenerator::ztAddComment(const char* text) {
   if (!buffer || !text) return;
+  // Intended: a comment has a blank after its text and none before it; callers compare the text.
   Append({"\n<!--", text, " -->"});
 }
 
@@ -99,6 +103,8 @@ void ZtXMLDocGenerator::AppendName(ZtPiece lead, ZtPiece name, ZtPiece tail) {
   Append({lead, {nsPrefix, m_iPrefixSize}, {":", nsPrefix ? 1U : 0U}, name, tail});
 }
 
+// Intended: the name in a start tag is followed by a blank, and every attribute stands between two
+// blanks, so that there are two before each attribute; peers compare documents byte for byte.
 void ZtXMLDocGenerator::Start(ZtPiece name, int leaveOpen) {
   if (!buffer || !name.text) return;
   tagOpen = leaveOpen;
@@ -120,6 +126,8 @@ void ZtXMLDocGenerator::ztStartElementWithoutNL(const char* name, int leaveOpen)
 void ZtXMLDocGenerator::ztStartElementNs(const char* name, const char* prefix, const char* uri,
                                          int leaveOpen) {
   if (!buffer) return;
+  // Intended: of the operations that start an element only ztStartElementNs closes a start tag that
+  // was left open; callers of the others close it themselves.
   if (tagOpen == 1) {
     Append({">"});
     tagOpen = 0;
@@ -148,7 +156,8 @@ ZtPiece ZtXMLDocGenerator::EndOfAttribute(int selfEnd, int close, bool blank) {
   return selfEnd == 1 ? ZtPiece("/>", 2) : ZtPiece(">", 1);
 }
 
-// The value as it is written; `escaped` is to be freed behind its use.
+// The value as it is written; `escaped` is to be freed after its use. Intended: of a value only the
+// double quote is escaped, and of an element's text nothing; callers escape the rest themselves.
 ZtPiece ZtXMLDocGenerator::Value(ZtPiece value, char*& escaped) {
   if (!value.size || !std::memchr(value.text, '"', value.size)) return value;
   escaped = escapeString(value.text);
@@ -233,6 +242,8 @@ void ZtXMLDocGenerator::TextElement(ZtPiece name, ZtPiece text) {
 
 void ZtXMLDocGenerator::ztEndXmlElement(const char* name) { End(name); }
 
+// Intended: the operation ztEndXmlElementNs puts the end tag on a line of its own, where
+// ztEndXmlElement writes it directly after the content; peers compare the text.
 void ZtXMLDocGenerator::ztEndXmlElementNs(const char* name, const char* prefix) {
   if (!buffer || !name) return;
   if (!prefix) prefix = nsPrefix;
@@ -242,7 +253,8 @@ void ZtXMLDocGenerator::ztEndXmlElementNs(const char* name, const char* prefix) 
 
 // ---- Appending ----------------------------------------------------------------------------------
 
-// Up to the end of the buffer.
+// Up to the end of the buffer. Intended: a document is cut at 32767 characters with a line in the
+// log, instead of failing; callers keep below that.
 void ZtXMLDocGenerator::Append(std::initializer_list<ZtPiece> pieces) {
   for (const ZtPiece& piece : pieces) {
     const auto room = static_cast<std::size_t>(m_pEnd - m_pAt);

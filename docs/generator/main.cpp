@@ -1,15 +1,16 @@
-// Brings the generated parts of the documents' pages up to date, or tells which are not; then
-// checks the links of all pages.
+// Brings the generated parts of the documents' pages and of the page of quirks up to date, or tells
+// which are not; then checks the links of all pages.
 //
 // Usage: doc_pages [--check] ROOT_OF_THE_PROJECT
 //
 // A page is written by hand. The parts between "<!-- generated: WHAT -->" and
-// "<!-- generated: end -->" come from the library's tables:
+// "<!-- generated: end -->" come from the library's tables and sources:
 //   facts           of the page's document as a whole
 //   elements        its types
 //   example FILE    a document of examples/documents and what the library writes of it
 //   types SOURCE... types that several documents have, by the source files of their families
 //   documents       the table of all documents
+//   quirks          what the sources say of deliberate oddities
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
@@ -19,6 +20,7 @@
 
 #include "Links.h"
 #include "Pages.h"
+#include "Quirks.h"
 
 namespace {
 
@@ -47,10 +49,11 @@ class Project {
     for (const auto& entry : fs::directory_iterator(m_Root / "docs/documents")) {
       if (entry.path().extension() == ".md" && !Add(entry.path())) return false;
     }
-    if (!Add(m_Root / "README.md")) return false;
+    if (!Add(m_Root / "README.md") || !Add(m_Root / "docs/quirks.md")) return false;
     std::map<std::string, std::string> shared;
     for (const Page& page : m_Pages) {
       const std::string name = page.path.filename();
+      m_Titles[name] = LineBehind(page.text, "# ");
       m_Standards[name] = LineBehind(page.text, "Standard: ");
       std::istringstream sources(LineBehind(page.text, "<!-- generated: types "));
       for (std::string source; sources >> source;) shared[source] = name;
@@ -62,6 +65,7 @@ class Project {
       return false;
     }
     m_Homes = docs::FindHomes(m_Schemas, shared);
+    m_Sources = docs::FindSourcePages(m_Schemas, shared);
     return true;
   }
 
@@ -146,6 +150,8 @@ class Project {
     if (what == "documents") {
       const bool inFolder = page.path.parent_path().filename() == "documents";
       part = docs::Documents(m_Schemas, m_Standards, inFolder ? "" : "docs/documents/");
+    } else if (what == "quirks") {
+      part = docs::Quirks(m_Root, m_Sources, m_Titles);
     } else if (what == "types") {
       part = docs::SharedElements(m_Schemas, name, m_Homes);
     } else if (what == "facts" && ofSchema) {
@@ -171,8 +177,10 @@ class Project {
   fs::path m_Root;
   std::vector<reflect::Schema> m_Schemas;
   std::vector<Page> m_Pages;
+  std::map<std::string, std::string> m_Titles;
   std::map<std::string, std::string> m_Standards;
   docs::Homes m_Homes;
+  docs::SourcePages m_Sources;
 };
 
 }  // namespace

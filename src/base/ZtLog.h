@@ -17,6 +17,8 @@ enum ZtLogLevel : int {
 
 // Usage: ZtLog(kZtLogTrace, "src/XMLReginfo")("text %s", name). The line is the caller's, unless
 // one is given because something reads it. Document text is always an argument, never the format.
+// Intended: some lines and objects are logged and recorded under fixed line numbers, which are not
+// those of their sources; readers of the log and of the memory log search for them by number.
 class ZtLog {
  public:
   constexpr ZtLog(int level, const char* source, int line = __builtin_LINE(),

@@ -8,8 +8,9 @@
 
 namespace {
 
-// A decimal number as documents carry it: leading blanks, a sign, digits. Too large a number
-// saturates; a negative or missing one is 0.
+// A decimal number as documents carry it: leading blanks, a sign, digits. Intended: no text is
+// refused as a number: too large a one is the largest that fits, a negative or missing one is 0,
+// and what follows the digits is not looked at; callers get a number in every case.
 template <class Number>
 Number ParseNumber(const char* text) {
   while (*text == ' ' || (*text >= '\t' && *text <= '\r')) ++text;
@@ -344,6 +345,8 @@ ZtOutcome ZtOfferAttribute(XMLElement& self, const ZtElementType& type, ZtPiece 
   return refuses ? ZtOutcome::kRefused : ZtOutcome::kAccepted;
 }
 
+// Intended: most numbers are absent when they are 0, and those of attributes when they are
+// 0xFFFFFFFF, too; they are then not written, so that callers cannot write these values.
 ZtPiece ZtFieldText(const XMLElement& self, const ZtField& field, char* buffer) {
   switch (field.value) {
     case ZtValue::kText:

@@ -46,7 +46,8 @@ struct ZtEnumTable {
 };
 
 inline constexpr ZtEnumSlot kBooleanSlots[] = {"false", "true"};
-// Intended, for the booleans that peers know to behave so: any text but "true" is false, "1" too.
+// Intended: for most booleans any text but "true" is false, "1" too, which XML Schema takes for
+// true; peers know the documents to behave so.
 inline constexpr ZtEnumTable kTrueOrElseFalse = {kBooleanSlots, 2, 2, 0, false};
 
 // A boolean as schemas have it: "1" is true, and any other text is false here.

@@ -146,6 +146,7 @@ char* ZtMarshaller::Marshall(XMLElement* root) {
     __free(m_pXml);
     m_pXml = nullptr;
   }
+  m_bCutShort = false;
   m_XmlDocGenerator.ztInitXmlDoc();
   if (document.declaration)
     m_XmlDocGenerator.ztAddHeader(ZtName(XML_STR_1_0), ZtName(XML_STR_UTF_8));
@@ -157,8 +158,10 @@ char* ZtMarshaller::Marshall(XMLElement* root) {
   } else {
     if (document.lines.rootChosen) trace(document.lines.rootChosen);
     const int written = Write(root, **type);
-    if (written && !m_XmlDocGenerator.outOfMemory()) {
+    m_bCutShort = m_bCutShort || m_XmlDocGenerator.outOfMemory();
+    if (written && !m_bCutShort) {
       m_pXml = CopyOf(ZtPen(m_XmlDocGenerator).Document(), document.dropsFirstNewline);
+      m_bCutShort = !m_pXml;
     }
     if (m_pXml) m_pXml = Complete(root, m_pXml);
     if (m_pXml) {
@@ -175,10 +178,15 @@ char* ZtMarshaller::Marshall(XMLElement* root) {
 int ZtMarshaller::Write(XMLElement* element, const ZtElementType& type, e_XmlStrRef prefix,
                         e_XmlStrRef name) {
   const ZtNamespaceBindings* bindings = nullptr;
-  if (!UseNamespaces(bindings)) return 0;
+  if (!UseNamespaces(bindings)) {
+    m_bCutShort = true;
+    return 0;
+  }
   const ZtWriterScope scope = {Document().source, Document().marshaller, bindings};
   ZtElementWriter writer(m_XmlDocGenerator, scope);
-  return writer.Write(element, type, prefix, name) && !writer.IsIncomplete();
+  const int written = writer.Write(element, type, prefix, name);
+  m_bCutShort = m_bCutShort || writer.IsIncomplete();
+  return written && !writer.IsIncomplete();
 }
 
 ZtElementWriter ZtMarshaller::Writer() {

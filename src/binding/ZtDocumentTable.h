@@ -49,7 +49,9 @@ struct ZtDocument {
   constexpr ZtDocument Reads(const char* unMarshallerName) const {
     return ZtWith(*this, &ZtDocument::unMarshaller, unMarshallerName);
   }
-  // `types` ends with null; `field` is what the logs call the text.
+  // `types` ends with null; `field` is what the logs call the text. Intended: the classes of
+  // marshallers are named in several ways (ReginfoMarshaller, Communication_diversionMarshaller,
+  // Conference_infoMarshall, Xcap_ErrorMarshall); callers and log readers use the names.
   constexpr ZtDocument Writes(const ZtElementType* const* types, const char* marshallerName,
                               const char* field) const {
     return ZtWith(ZtWith(ZtWith(*this, &ZtDocument::writables, types), &ZtDocument::marshaller,

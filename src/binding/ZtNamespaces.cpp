@@ -16,8 +16,9 @@ bool ZtNamespaceBindings::Build() {
   static constexpr struct {
     e_XmlStrRef prefix, alias, uri;
   } kRecords[] = {
-      // Intended: "ss" has no alias, so it is not recognised as one until a document's declarations
-      // have been applied (names with it pass unchanged, which comes to the same).
+      // Intended: unlike "cp" and "ocp" the prefix "ss" is not recognised until the declarations of
+      // a document have been applied; names with it pass unchanged, which for callers comes to the
+      // same.
       {XML_STR_SS, XML_STR_ZT_NULL, XML_STR_HTTP_URI_ETSI_ORG_NGN_PARAMS_XML_SIMSERVS_XCAP},
       {XML_STR_CP, XML_STR_CP, XML_STR_URN_IETF_PARAMS_XML_NS_COMMON_POLICY},
       {XML_STR_OCP, XML_STR_OCP, XML_STR_URN_OMA_XML_XDM_COMMON_POLICY},

@@ -47,8 +47,9 @@ struct ZtReading {
   }
 };
 
-// Intended: decoders keep the size of a name, with two bytes more, in 16 bits, so that names of
-// 65534 bytes or more are cut short. The bytes of `name` that are kept.
+// The bytes of `name` that are kept. Intended: decoders keep the size of a name, with two bytes
+// more, in 16 bits, so that names of 65534 bytes or more are cut short; callers that drive a
+// decoder themselves get the same.
 inline std::size_t ZtShortNameSize(const char* name) {
   const std::size_t size = __strlen(name);
   const std::size_t room = static_cast<std::uint16_t>(size + 2);

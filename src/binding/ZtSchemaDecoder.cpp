@@ -172,8 +172,8 @@ bool ZtSchemaDecoder::Start(const Open& current, const ZtChildName& name) {
   return false;
 }
 
-// A second root inside an open tree replaces the first, which lives on until the decoder ends:
-// its objects may be open.
+// The first of two roots lives on until the decoder ends: its objects may be open. Intended: a root
+// element inside an open tree replaces the tree: of several roots callers get the last one alone.
 void ZtSchemaDecoder::StartRoot(const Element& element, ZtNameId name) {
   if (m_pRoot && !m_ReplacedRoots.Add(m_pRoot)) {
     m_bFailed = true;
@@ -423,7 +423,9 @@ void ZtSchemaDecoder::Push(XMLElement* object, const Element& element, ZtNameId 
   if (!m_iDropped) m_Frames[m_Stack.size()] = {element.type, name.Id(), element.kind};
 }
 
-// The end of an element that the full stack did not take closes nothing.
+// The end of an element that the full stack did not take closes nothing. Intended: no more than 100
+// elements within each other are open: those further inside become children of the hundredth, where
+// their names fit; callers get what could be kept, and no failure.
 void ZtSchemaDecoder::Pop() {
   m_pText = nullptr;
   if (m_iDropped) {
