@@ -119,6 +119,7 @@ class ZT_API ZtSchemaDecoder : public XmlDecoderSchema {
   inline ZtOutcome OfferStarted(const Open& parent, const ZtGrammarRow& row,
                                 const ZtChildName& name, XMLElement* child);
   int Element(char* name, ZtPiece value);
+  bool IsNamed(const char* element) const;
   void RefuseSlash();
   void NoteEmptyStack(int callbacks) const;
   Open Current() const;
@@ -135,6 +136,7 @@ class ZT_API ZtSchemaDecoder : public XmlDecoderSchema {
   std::size_t m_iSkipped;       // depth inside an element whose content is skipped, 0 outside
   bool m_bOfferEnd;             // the skipped element's end is offered with its text
   const ZtField* m_pText;       // the row that the skipped element's text is for, or null
+  const char* m_pNamed;         // where the name was that was normalised last
   ZtArena* m_pArena;            // of what is made, null for the heap
   ZtChildList m_ReplacedRoots;  // earlier roots: they may still be open
 };

@@ -203,8 +203,8 @@ int SimservsMarshaller::AddSimservsElementToXml(zt_Simservs* simservs) {
   return Write(simservs, zt_Simservs::kType);
 }
 
-// A service that cannot be written is left out. One for which there is no memory would be deleted at
-// the server that such a document is put to: there is none then.
+// A service that cannot be written is left out. One for which there is no memory would be deleted
+// at the server that such a document is put to: there is none then.
 char* SimservsMarshaller::Complete(XMLElement* root, char* text) {
   GrowingText services;
   bool whole = Append(services, "");
