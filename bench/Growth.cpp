@@ -233,6 +233,11 @@ const Shape kShapes[] = {
      10000},
     {"attributes_of_a_service", ServiceAttributes, RoundTrip<XML_SCHEMA_COMMUNICATION_WAITING>, 0,
      100, 10000},
+    {"attributes_of_a_long_name",
+     [](std::size_t n) {
+       return "<reginfo><" + Repeated("N", n / 2) + Repeated(" a=''", n / 2) + "/></reginfo>";
+     },
+     RoundTrip<XML_SCHEMA_REGINFO>, 0},
 };
 
 // A document with the content of its root as often as it fits into `size`.

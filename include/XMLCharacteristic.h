@@ -2,7 +2,7 @@
 //
 // Elements own their texts and lists: setters copy texts, take lists with their entries, and free
 // what they replace; null means absent. The add operations take one object and return 1, or 0 when
-// it is null or there is no memory.
+// it is null or owned, or there is no memory.
 #ifndef ZTXML_INCLUDE_XMLCHARACTERISTIC_H
 #define ZTXML_INCLUDE_XMLCHARACTERISTIC_H
 

@@ -3,7 +3,7 @@
 //
 // Every element owns its texts, children and lists: setters copy texts, take objects and lists with
 // their entries, and free what they replace; null means absent. The add operations take one object
-// and return 1, or 0 when it is null or there is no memory.
+// and return 1, or 0 when it is null or owned, or there is no memory.
 #ifndef ZTXML_INCLUDE_XMLCOMMONPOLICY_H
 #define ZTXML_INCLUDE_XMLCOMMONPOLICY_H
 

@@ -3,8 +3,8 @@
 //
 // Every element owns its texts, children and lists: setters copy texts, take objects and lists with
 // their entries, and free what they replace; null means absent. The add operations take one object
-// and return 1, or 0 when it is null or there is no memory. Texts are raw: callers escape them. A
-// number is absent when it is 0, an enumeration when it is not one of the named values.
+// and return 1, or 0 when it is null or owned, or there is no memory. Texts are raw: callers escape
+// them. A number is absent when it is 0, an enumeration when it is not one of the named values.
 #ifndef ZTXML_INCLUDE_XMLCONFERENCEUSERS_H
 #define ZTXML_INCLUDE_XMLCONFERENCEUSERS_H
 

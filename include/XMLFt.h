@@ -2,7 +2,8 @@
 //
 // Elements own their texts, children and lists: setters copy texts, take objects and lists with
 // their entries, and free what they replace; null means absent. The add operations take one object
-// and return 1, or 0 when it is null or there is no memory. Texts are raw: callers escape them.
+// and return 1, or 0 when it is null or owned, or there is no memory. Texts are raw: callers escape
+// them.
 #ifndef ZTXML_INCLUDE_XMLFT_H
 #define ZTXML_INCLUDE_XMLFT_H
 

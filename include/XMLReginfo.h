@@ -77,7 +77,7 @@ class ZT_API zt_ns_reginfo_contact : public ZtTyped<zt_ns_reginfo_contact> {
   /// A list of zt_unknown_param (taken).
   int setUnknownParamListValue(ZtSingleElementList* list) { return m_UnknownParams.Set(list); }
   ZtSingleElementList* getUnknownParamListValue() const { return m_UnknownParams.Get(); }
-  /// Takes `param`; 0 when it is null or there is no memory.
+  /// Takes `param`; 0 when it is null or owned, or there is no memory.
   int addUnknownParam(zt_unknown_param* param) { return m_UnknownParams.Add(param); }
 
   /// Required on output.
@@ -163,7 +163,7 @@ class ZT_API zt_registration : public ZtTyped<zt_registration> {
   /// A list of zt_ns_reginfo_contact (taken).
   int setContactListValue(ZtSingleElementList* list) { return m_Contacts.Set(list); }
   ZtSingleElementList* getContactListValue() const { return m_Contacts.Get(); }
-  /// Takes `contact`; 0 when it is null or there is no memory.
+  /// Takes `contact`; 0 when it is null or owned, or there is no memory.
   int addContact(zt_ns_reginfo_contact* contact) { return m_Contacts.Add(contact); }
 
   /// The address of record; required on output.
@@ -204,7 +204,7 @@ class ZT_API zt_reginfo : public ZtTyped<zt_reginfo, ZtObject> {
   /// A list of zt_registration (taken).
   int setRegistrationListValue(ZtSingleElementList* list) { return m_Registrations.Set(list); }
   ZtSingleElementList* getRegistrationListValue() const { return m_Registrations.Get(); }
-  /// Takes `registration`; 0 when it is null or there is no memory.
+  /// Takes `registration`; 0 when it is null or owned, or there is no memory.
   int addRegistration(zt_registration* registration) { return m_Registrations.Add(registration); }
 
   /// Required on output.

@@ -92,7 +92,8 @@ class ZT_API zt_listType : public ZtTyped<zt_listType, ZtDisplayNamed> {
   int setNameValue(const char* name) { return m_Name.Assign(name); }
   const char* getNameValue() const { return m_Name.Get(); }
 
-  /// Each takes a member and puts it behind the others; 0 when it is null or there is no memory.
+  /// Each takes a member and puts it behind the others; 0 when it is null or owned, or there is no
+  /// memory.
   int addList(zt_listType* list) { return addAnyElement(list); }
   int addEntry(zt_entryType* entry) { return addAnyElement(entry); }
   int addEntryRef(zt_entry_refType* entry) { return addAnyElement(entry); }
@@ -112,7 +113,7 @@ class ZT_API zt_resource_lists : public ZtTyped<zt_resource_lists, ZtExtensible<
   /// A list of zt_listType (taken).
   int setListListValue(ZtSingleElementList* list) { return m_Lists.Set(list); }
   ZtSingleElementList* getListListValue() const { return m_Lists.Get(); }
-  /// Takes `list`; 0 when it is null or there is no memory.
+  /// Takes `list`; 0 when it is null or owned, or there is no memory.
   int addList(zt_listType* list) { return m_Lists.Add(list); }
 
  private:

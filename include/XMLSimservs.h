@@ -12,7 +12,7 @@ class ZT_API zt_Simservs : public ZtTyped<zt_Simservs, ZtObject> {
  public:
   static const ZtElementType kType;
 
-  /// Takes `service`; 0 when it is null or there is no memory.
+  /// Takes `service`; 0 when it is null or owned, or there is no memory.
   int addService(XMLObject* service) { return m_Services.Add(service); }
   /// The services in the order in which they were added (taken; the entries are XMLElement*).
   int setServiceListValue(ZtSingleElementList* list) { return m_Services.Set(list); }

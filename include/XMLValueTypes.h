@@ -79,8 +79,8 @@ class ZT_API zt_xml_common_methods {
   /// A new, empty list, recorded under tag 14 as the lists that elements take must be. It is the
   /// caller's until an element takes it; null without memory.
   static ZtSingleElementList* CreateElementList();
-  /// Deletes every element in `list` (recorded under tag 14), then the list. Null only logs the
-  /// empty-list warning.
+  /// Deletes every element in `list` (recorded under tag 14) that has no owner, then the list; a
+  /// list that an element has taken is left alone. Null only logs the empty-list warning.
   static void DeleteElementList(ZtSingleElementList* list);
 };
 

@@ -30,7 +30,7 @@ class ZT_API zt_entry : public ZtTyped<zt_entry> {
   /// output the first of a name stands, and none of the names above.
   int setAnyAttributeValue(ZtSingleElementList* list) { return m_AnyAttributes.Set(list); }
   ZtSingleElementList* getAnyAttributeValue() const { return m_AnyAttributes.Get(); }
-  /// Takes `attribute`; 0 when it is null or there is no memory.
+  /// Takes `attribute`; 0 when it is null or owned, or there is no memory.
   int addAnyAttribute(XMLAttribute* attribute) { return m_AnyAttributes.Add(attribute); }
 
  private:
@@ -55,7 +55,7 @@ class ZT_API zt_folder : public ZtTyped<zt_folder> {
   /// A list of zt_entry (taken).
   int setEntryListValue(ZtSingleElementList* list) { return m_Entries.Set(list); }
   ZtSingleElementList* getEntryListValue() const { return m_Entries.Get(); }
-  /// Takes `entry`; 0 when it is null or there is no memory.
+  /// Takes `entry`; 0 when it is null or owned, or there is no memory.
   int addEntry(zt_entry* entry) { return m_Entries.Add(entry); }
 
   /// Written in place of the entries when there are none. Raw text, to be escaped by the caller.
@@ -78,7 +78,7 @@ class ZT_API zt_xcap_directory : public ZtTyped<zt_xcap_directory, ZtObject> {
   /// A list of zt_folder (taken).
   int setFolderListValue(ZtSingleElementList* list) { return m_Folders.Set(list); }
   ZtSingleElementList* getFolderListValue() const { return m_Folders.Get(); }
-  /// Takes `folder`; 0 when it is null or there is no memory.
+  /// Takes `folder`; 0 when it is null or owned, or there is no memory.
   int addFolder(zt_folder* folder) { return m_Folders.Add(folder); }
 
  private:

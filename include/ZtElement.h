@@ -67,7 +67,7 @@ class ZtKeepsElements : public Base {
   /// which of them are.
   int setAnyElementValue(ZtSingleElementList* list) { return m_AnyElements.Set(list); }
   ZtSingleElementList* getAnyElementValue() const { return m_AnyElements.Get(); }
-  /// Takes `element`; 0 when it is null or there is no memory.
+  /// Takes `element`; 0 when it is null or owned, or there is no memory.
   int addAnyElement(XMLElement* element) { return m_AnyElements.Add(element); }
 
  private:
@@ -85,7 +85,7 @@ class ZtExtensible : public ZtKeepsElements<Base> {
   /// stands, and none that the element has as an attribute of its own.
   int setAnyAttributeValue(ZtSingleElementList* list) { return m_AnyAttributes.Set(list); }
   ZtSingleElementList* getAnyAttributeValue() const { return m_AnyAttributes.Get(); }
-  /// Takes `attribute`; 0 when it is null or there is no memory.
+  /// Takes `attribute`; 0 when it is null or owned, or there is no memory.
   int addAnyAttribute(XMLAttribute* attribute) { return m_AnyAttributes.Add(attribute); }
 
  private:

@@ -4,7 +4,8 @@
 // objects from a schema's object factory or out of another tree; texts, attributes and lists from
 // zt_xml_common_methods (CreateString, CreateAttribute, CreateElementList). An object has one
 // owner: one that is offered while it has an owner is not taken, with a line in the log. What a
-// list's Remove takes out of a tree is the caller's and may be given away again.
+// list's Remove takes out of a tree is the caller's and may be given away again. No object may be
+// put below itself.
 #ifndef ZTXML_INCLUDE_ZTHOLDERS_H
 #define ZTXML_INCLUDE_ZTHOLDERS_H
 

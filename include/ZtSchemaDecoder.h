@@ -127,6 +127,7 @@ class ZT_API ZtSchemaDecoder : public XmlDecoderSchema {
   inline ZtOutcome OfferStarted(const Open& parent, const Element& element, const ZtChildName& name,
                                 XMLElement* child);
   int ElementCallback(char* name, ZtPiece value);
+  bool IsNamed(const char* element) const;
   void RefuseSlash();
   void NoteEmptyStack(int callbacks) const;
   Open Current() const;
@@ -145,6 +146,7 @@ class ZT_API ZtSchemaDecoder : public XmlDecoderSchema {
   std::size_t m_iSkipped;  // depth inside an element whose content is skipped, 0 outside
   bool m_bOfferEnd;        // the skipped element's end is offered with its text
   const ZtField* m_pText;  // the row that the skipped element's text is for, or null
+  const char* m_pNamed;    // where the name was that was normalised last
   ZtArena* m_pArena;       // of what is made, null for the heap
   const ZtElementType* m_Types[kMostTypes];  // of the document, once they are asked for
   std::size_t m_iTypes;

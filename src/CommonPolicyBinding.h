@@ -71,8 +71,8 @@ struct CommonPolicyBinding {
           .Required("<XML Module>: Sphere element's - Value attribute is mandatory", kZtLogError),
   };
   static constexpr ZtField kValidity[] = {
-      ztrow::TextElements(XML_STR_FROM, &zt_ns_common_policy_validityType::m_FromList),
-      ztrow::TextElements(XML_STR_UNTIL, &zt_ns_common_policy_validityType::m_UntilList),
+      ztrow::TextElements(XML_STR_FROM, &zt_ns_common_policy_validityType::m_FromList).Always(),
+      ztrow::TextElements(XML_STR_UNTIL, &zt_ns_common_policy_validityType::m_UntilList).Always(),
   };
   static bool WriteValidity(ZtElementWriter& writer, const XMLElement& self,
                             const ZtElementType& type);

@@ -131,6 +131,7 @@ TEST(Decoder, StartTagsWithASlashRefuseTheDocument) {
   decoder.ProcessElement(Literal("reginfo"), nullptr);
   EXPECT_EQ(decoder.ProcessElement(Literal("x:/registration"), nullptr), -1);
   EXPECT_TRUE(decoder.Failed());
+  EXPECT_STREQ(decoder.PassName(), "/registration");
   EXPECT_EQ(RootOf(decoder)->getRegistrationListValue(), nullptr);
 }
 

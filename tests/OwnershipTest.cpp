@@ -105,6 +105,25 @@ TEST_F(Ownership, ListsOfCallers) {
   EXPECT_EQ(CountOf(second->getRegistrationListValue()), 1);
 }
 
+// What a new list holds of the old one's entries, or from below them, goes with the old list.
+TEST_F(Ownership, ListsThatReplaceLists) {
+  for (const bool below : {false, true}) {
+    Tree<zt_reginfo> root(static_cast<zt_reginfo*>(reginfo_.CreateRootElement()));
+    zt_registration* registration = reginfo_.CreateRegistrationElement();
+    zt_ns_reginfo_contact* contact = reginfo_.CreateContactElement();
+    registration->addContact(contact);
+    root->addAnyElement(registration);
+    ZtSingleElementList* list = zt_xml_common_methods::CreateElementList();
+    list->Add(below ? static_cast<XMLElement*>(contact) : registration);
+    EXPECT_EQ(root->setAnyElementValue(list), 1);
+    ExpectRefused(below ? "zt_ns_reginfo_contact" : "zt_registration");
+    EXPECT_EQ(root->getAnyElementValue(), list);
+    EXPECT_EQ(CountOf(list), 0);
+    root.reset();  // an empty list has a line of its own
+    log_.Clear();
+  }
+}
+
 TEST_F(Ownership, Attributes) {
   Tree<zt_communication_diversion> services[2];
   for (Tree<zt_communication_diversion>& service : services) {

@@ -140,7 +140,7 @@ std::string WrittenCell(const reflect::Field& field, const std::string& page, co
   if (row->IsOwnText() && !row->always) cell = "when set, else a blank";
   if (row->place == ZtPlace::kOwnWords) cell = "with one blank between words";
   if (row->place == ZtPlace::kOtherAttributes) cell = "as received; the first of a name";
-  if (row->always) cell = "always";
+  if (row->always && !field.IsRepeated()) cell = "always";
   if (field.value == ZtValue::kEnum && field.IsPresent()) {
     cell = "always; " + Code(field.items[0].text) + " until it is set";
   }

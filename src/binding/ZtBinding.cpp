@@ -102,8 +102,7 @@ ZtOutcome AppendWords(XMLElement& self, const ZtField& field, const ZtSource& so
 
 ZtOutcome ZtStoreText(XMLElement& self, const ZtField& field, ZtPiece value,
                       const ZtSource& source) {
-  // One of several is there also without a text.
-  if (!value.text && field.place == ZtPlace::kTextElements) value = {"", 0};
+  if (!value.text && field.place == ZtPlace::kTextElements && field.always) value = {"", 0};
   if (!value.text) return ZtOutcome::kAccepted;
   switch (field.place) {
     case ZtPlace::kTextElements:

@@ -143,7 +143,8 @@ struct ZtField {
   ZtValue value;
   std::uint8_t lineLevel = 0;
   bool required = false;       // absent: the element cannot be written
-  bool always = false;         // written also when absent (a null text as an empty value)
+  bool always = false;         // written also when absent (a null text as an empty value); a null
+                               // text of several is kept as an empty one
   bool atEnd = false;          // a child that is made at its end tag and offered with its text
   bool fromAttribute = false;  // a text that comes under its plain name, as attributes do
   bool madeHere = false;       // a child that its parent makes, at its end tag, from its text

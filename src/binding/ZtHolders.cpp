@@ -119,20 +119,21 @@ int ZtOwnedList<Item>::Set(ZtSingleElementList* list) {
     ZtOwnership::LogOwned("ZtSingleElementList");
     return 1;
   }
-  ZtSingleElementList* old = m_pList;
-  m_pList = list;
-  ReleaseList<Item>(old);
-  if (!list) return 1;
-  list->m_pItems = &kItems<Item>;
-  ZtListNode* previous = nullptr;
-  for (ZtListNode* node = list->m_pHead; node; node = previous ? previous->next : list->m_pHead) {
-    auto* item = static_cast<Item*>(node->data);
-    if (item && !ZtOwnership::Take(*item)) {
-      list->Unlink(previous);
-    } else {
-      previous = node;
+  // Before the old entries go: the new ones may be among them or below them.
+  if (list) {
+    list->m_pItems = &kItems<Item>;
+    ZtListNode* previous = nullptr;
+    for (ZtListNode* node = list->m_pHead; node; node = previous ? previous->next : list->m_pHead) {
+      auto* item = static_cast<Item*>(node->data);
+      if (item && !ZtOwnership::Take(*item)) {
+        list->Unlink(previous);
+      } else {
+        previous = node;
+      }
     }
   }
+  ReleaseList<Item>(m_pList);
+  m_pList = list;
   return 1;
 }
 

@@ -20,6 +20,7 @@ ZtSchemaDecoder::ZtSchemaDecoder(const ZtReading& reading)
       m_iSkipped(0),
       m_bOfferEnd(false),
       m_pText(nullptr),
+      m_pNamed(nullptr),
       m_pArena(nullptr),
       m_iTypes(0) {}
 
@@ -65,15 +66,15 @@ int ZtSchemaDecoder::ProcessElement(char* name, char* value) {
 }
 
 int ZtSchemaDecoder::ElementCallback(char* name, ZtPiece value) {
-  if (RefusesStart(name)) return -1;
   std::size_t size = 0;
   const char* local = LocalName(name, size);
+  m_pNamed = name;
   if (!local) {
     ZtLog(kZtLogState, m_Reading.source)("<XML Module>%s :: ProcessElement: m_PassName is NULL",
                                          m_Reading.decoder);
     m_bFailed = true;
   }
-  if (m_bFailed) return -1;
+  if (m_bFailed || RefusesStart(name)) return -1;
   const Open current = Current();
   const bool atEnd = *name == '/';
   const bool skipped = m_iSkipped != 0;
@@ -287,14 +288,23 @@ int ZtSchemaDecoder::ProcessAttribute(char* element, char* name, char* value) {
     return -1;
   }
   std::size_t size = 0;
-  if (!LocalName(element, size)) {
+  if (!IsNamed(element) && !LocalName(element, size)) {
     ZtLog(kZtLogState, m_Reading.source)("<XML Module>%s :: ProcessAttribute: m_PassName is NULL",
                                          m_Reading.decoder);
     m_bFailed = true;
     return -1;
   }
+  m_pNamed = element;
   if (m_Stack.top() && m_Started.object && !m_bFailed) Attribute(*m_Started.type, name, value);
   return 0;
+}
+
+// Whether `element` is the name that was normalised last. Short ones are normalised for each
+// attribute; a long one comes with the attributes of its tag at one place, and would make their
+// number count twice.
+bool ZtSchemaDecoder::IsNamed(const char* element) const {
+  constexpr std::size_t kShort = 64;
+  return element == m_pNamed && !std::memchr(element, '\0', kShort);
 }
 
 // Attributes mostly come in the order of their rows: each is looked for behind the last one.
