@@ -59,6 +59,9 @@ class ZT_API ZtSchemaDecoder : public XmlDecoderSchema {
   /// name began with a slash.
   bool Failed() const { return m_bFailed; }
 
+  /// How many types the objects of one document may have.
+  static constexpr std::size_t kMostTypes = 40;
+
  protected:
   explicit ZtSchemaDecoder(const ZtReading& reading);
 
@@ -85,8 +88,6 @@ class ZT_API ZtSchemaDecoder : public XmlDecoderSchema {
 
  private:
   friend class ZtReflection;
-
-  static constexpr std::size_t kMostTypes = 40;
 
   struct Open {  // an object and its type, null when there is none
     XMLElement* object = nullptr;

@@ -12,6 +12,7 @@
 #include "binding/ZtBinding.h"
 #include "binding/ZtElementWriter.h"
 #include "binding/ZtReading.h"
+#include "reflect/Reflect.h"
 
 namespace {
 
@@ -318,6 +319,13 @@ TEST(Binding, EveryAllocationMayFail) {
         "</resource-lists></resource-lists>");
     return root ? Written(root.get()) : "(null)";
   });
+}
+
+// What decoders make of elements out of place, they look for in all types of the document.
+TEST(Binding, DecodersHaveRoomForAllTypes) {
+  for (const reflect::Schema& schema : reflect::Schemas()) {
+    EXPECT_LE(schema.Types().size(), ZtSchemaDecoder::kMostTypes) << schema.document->info.name;
+  }
 }
 
 // The parser hands tags over whole only to decoders of unmarshallers: a caller's class that derives

@@ -43,11 +43,10 @@ bool Fits(const std::string& file, const std::string& pattern) {
 // The page of a file without folder and ending, "" for none. Tables that several sources include
 // are called after one of them: CommonPolicyBinding.h belongs to XMLCommonPolicy.
 std::string PageOfFile(const std::string& file, const SourcePages& pages) {
+  const std::string suffix = "Binding";
   std::vector<std::string> names = {file};
-  for (const std::string suffix : {"Binding", "Grammar"}) {
-    const std::size_t size = file.size() - std::min(file.size(), suffix.size());
-    if (file.substr(size) == suffix) names.push_back("XML" + file.substr(0, size));
-  }
+  const std::size_t size = file.size() - std::min(file.size(), suffix.size());
+  if (file.substr(size) == suffix) names.push_back("XML" + file.substr(0, size));
   for (const std::string& name : names) {
     const auto page = pages.find("src/" + name);
     if (page != pages.end()) return page->second;

@@ -1,4 +1,4 @@
-// Every name that rows and grammars can refer to: the shared table and a few names beyond it.
+// Every name that rows can refer to: the shared table and a few names beyond it.
 #ifndef ZTXML_SRC_BINDING_ZTNAMES_H
 #define ZTXML_SRC_BINDING_ZTNAMES_H
 
