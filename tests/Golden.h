@@ -221,7 +221,8 @@ inline Lines ValuesOf(const reflect::Field& field) {
   for (const reflect::Item& item : field.items) {
     std::string value;
     if (item.object) {
-      value = item.object->ClassName();
+      const char* className = item.object->ClassName();
+      value = className ? className : "(one that has no class name)";
     } else if (field.HoldsAttributes()) {
       value = std::string(item.name ? item.name : "(default)") + " = " +
               (item.text ? Quoted(item.text) : "(null)");

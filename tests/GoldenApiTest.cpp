@@ -31,6 +31,24 @@ XMLElement* Make() {
 const ApiClass kClasses[] = {ZT_API_HEADERS(ZT_CLASS)};
 #undef ZT_CLASS
 
+// A caller's own element, which does not say what it is.
+struct Nameless : XMLElement {
+  const char* ClassName() const override { return nullptr; }
+  const char* BaseClassName() const override { return "XMLElement"; }
+  const char* ElementName() const override { return "nameless"; }
+  int ReservedHook() override { return 0; }
+};
+
+// What is offered as a child: an object of each class, and of none.
+const std::vector<ApiClass>& Children() {
+  static const std::vector<ApiClass> kChildren = [] {
+    std::vector<ApiClass> all(std::begin(kClasses), std::end(kClasses));
+    all.push_back({"(one that has no class name)", "", &Make<Nameless>});
+    return all;
+  }();
+  return kChildren;
+}
+
 // Under which name, with what, something is offered.
 struct Offer {
   bool attribute;
@@ -71,8 +89,8 @@ Answer Ask(const ApiClass& of, const std::vector<Offer>& offers) {
       if (offer.pair) {
         pairs.push_back(zt_xml_common_methods::CreateAttribute(name.c_str(), text.c_str()));
       }
-      answer.result =
-          self->ProcessUnMarshallAttribute(given, text.data(), offer.pair ? pairs.back() : nullptr);
+      answer.result = self->ProcessUnMarshallAttribute(given, offer.text ? text.data() : nullptr,
+                                                       offer.pair ? pairs.back() : nullptr);
     } else {
       if (offer.child) children.push_back(offer.child());
       answer.result = self->ProcessUnMarshall(given, offer.text ? text.data() : nullptr,
@@ -196,10 +214,15 @@ std::string TellWords(const ApiClass& of, Offer offer) {
   };
   Outcomes outcomes = asked(OddWords());
   if (!keepsText(outcomes)) outcomes = asked(AllWords());
+  const Offer none = {offer.attribute, offer.name, offer.atEnd};
+  offer.text = "5";
+  std::string null = Summary(Ask(of, {none}));
+  if (outcomes.size() == 1 && null == outcomes[0].first) return ' ' + null + '\n';
+  null = "      null: " + null + "; after \"5\" " + Summary(Ask(of, {offer, none})) + '\n';
   if (outcomes.size() > 1 || keepsText(outcomes)) {
-    return '\n' + TellOutcomes("      ", outcomes, "texts");
+    return '\n' + TellOutcomes("      ", outcomes, "texts") + null;
   }
-  return ' ' + outcomes[0].first + '\n';
+  return ' ' + outcomes[0].first + '\n' + null;
 }
 
 // ---- Classes ------------------------------------------------------------------------------------
@@ -242,30 +265,37 @@ std::string TellName(const ApiClass& of, const std::string& name, const Lines& t
   Lines answers, unknown;
   for (const Way& way : ways) answers.push_back(Summary(Ask(of, {way.offer})));
   for (const std::string& answer : toUnknown) unknown.push_back(Replaced(answer, kUnknown, name));
-  if (answers == unknown) return text;
+  const std::vector<reflect::Field> fields = reflect::FieldsOf(*Tree<XMLElement>(of.make()));
+  const bool holdsObjects = std::any_of(fields.begin(), fields.end(), [&](const auto& field) {
+    return field.name && field.name == name && field.value == ZtValue::kObject;
+  });
+  if (answers == unknown && !holdsObjects) return text;
   const std::string ownLines = Tree<XMLElement>(of.make())->ClassName() + std::string("::");
   for (std::size_t i = 0; i < ways.size(); ++i) {
     const Way& way = ways[i];
     const std::size_t pair = i / 2 * 2;
-    if (answers[pair] == unknown[pair] && answers[pair + 1] == unknown[pair + 1]) continue;
+    const bool known = answers[pair] != unknown[pair] || answers[pair + 1] != unknown[pair + 1];
+    if (!known && (!way.offer.child || !holdsObjects)) continue;
     std::string told = ' ' + answers[i] + '\n';
     if (way.offer.child) {
       Outcomes outcomes;
-      for (const ApiClass& child : kClasses) {
+      for (const ApiClass& child : Children()) {
         Offer offer = way.offer;
         offer.child = child.make;
-        const std::string className = Tree<XMLElement>(child.make())->ClassName();
+        const char* ownName = Tree<XMLElement>(child.make())->ClassName();
+        const std::string className = ownName ? ownName : child.name;
         std::string answer = Replaced(Summary(Ask(of, {offer})), ownLines, "(own lines)");
         answer = Replaced(answer, className, "(its class)");
         AddTo(outcomes, Replaced(answer, "(own lines)", ownLines), child.name);
       }
+      if (!known && outcomes.size() == 1) continue;
       if (outcomes.size() > 1) told = '\n' + TellOutcomes("      ", outcomes, "classes");
     } else if (!way.offer.pair) {
       told = TellWords(of, way.offer);
     }
     text += "    " + std::string(way.label) + ':' + told;
   }
-  return "  " + name + '\n' + text;
+  return text.empty() ? text : "  " + name + '\n' + text;
 }
 
 std::string TellClass(const ApiClass& of, const Lines& names) {
@@ -281,7 +311,9 @@ std::string TellClass(const ApiClass& of, const Lines& names) {
   text += "\nfields of a new object:\n" + Joined(FieldsOf(*fresh), "  ");
   text += "offered without a name:\n";
   text += "  start, no object: " + Summary(Ask(of, {{false, nullptr}})) + '\n';
+  text += "  start, an object: " + Summary(Ask(of, {WaysOf(nullptr)[1].offer})) + '\n';
   text += "  attribute, a text: " + Summary(Ask(of, {{true, nullptr}})) + '\n';
+  text += "  attribute, a pair: " + Summary(Ask(of, {WaysOf(nullptr)[5].offer})) + '\n';
   text += "offered under an unknown name:\n";
   Lines unknown;
   for (const Way& way : WaysOf(kUnknown)) {
