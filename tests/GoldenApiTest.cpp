@@ -368,9 +368,10 @@ std::string TellFactories() {
     });
   }
   GruuDataBinder gruu;
-  for (const char* type : {"(fresh)", "temp-gruu", "pub", "t", "", "pub-gruu-x", "x"}) {
+  for (const char* type : {"(fresh)", "temp-gruu", "pub", "t", "", "pub-gruu-x", "x", "(null)"}) {
     text += TellMade("GruuDataBinder of type " + std::string(type), [&] {
-      if (*type != '(') gruu.setGruuType(type);
+      const std::string chosen = type;
+      if (chosen != "(fresh)") gruu.setGruuType(chosen == "(null)" ? nullptr : type);
       return gruu.CreateRootElement();
     });
   }
