@@ -1,9 +1,8 @@
-// What the public hooks of the types make of objects and texts that no document brings.
+// Flags and attributes as no golden document brings them.
 #include <gtest/gtest.h>
 
 #include "ApiTable.h"
 #include "DocumentSupport.h"
-#include "binding/ZtBinding.h"
 
 namespace {
 
