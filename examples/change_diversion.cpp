@@ -30,15 +30,6 @@ std::string Escaped(const char* text) {
   return escaped;
 }
 
-// The entry of a list of elements: the lists of the schema types hold XMLElement*.
-template <class T>
-T* ElementOf(const ZtListNode* node) {
-  return static_cast<T*>(static_cast<XMLElement*>(node->data));
-}
-
-// The first node of a list; null for a list that is null, because it has no entries.
-constexpr auto* HeadOf = &ZtSingleElementList::HeadOf;
-
 // What a factory makes is the caller's until a parent takes it.
 bool SetTimer(CommunicationDiversionDataBinder& factory, zt_communication_diversion& diversion,
               unsigned seconds) {
@@ -51,18 +42,16 @@ bool SetTimer(CommunicationDiversionDataBinder& factory, zt_communication_divers
 
 void ForwardTo(zt_ns_common_policy_ruleType& rule, const char* target) {
   zt_ns_common_policy_extensibleType* actions = rule.getActionsValue();
-  ZtListNode* node = HeadOf(actions ? actions->getElementsValue() : nullptr);
-  for (; node; node = node->next) {
-    // Actions are a list of several types.
-    auto* forwardTo = ZtAs<zt_ns_xcap_forward_to_type>(ElementOf<XMLElement>(node));
-    if (forwardTo) forwardTo->setTargetValue(target);
+  if (!actions) return;
+  // Actions are a list of several types: these are the ones that forward.
+  for (auto& forwardTo : ZtEach<zt_ns_xcap_forward_to_type>(actions->getElementsValue())) {
+    forwardTo.setTargetValue(target);
   }
 }
 
 bool IsOff(zt_ns_common_policy_conditionsType& conditions) {
-  for (ZtListNode* node = HeadOf(conditions.getAnyListValue()); node; node = node->next) {
-    auto* flag = ZtAs<zt_empty_element_type>(ElementOf<XMLElement>(node));
-    if (flag && flag->getValue() && std::strcmp(flag->getValue(), kOff) == 0) return true;
+  for (const auto& flag : ZtEach<zt_empty_element_type>(conditions.getAnyListValue())) {
+    if (flag.getValue() && std::strcmp(flag.getValue(), kOff) == 0) return true;
   }
   return false;
 }
@@ -84,11 +73,9 @@ bool Change(XMLContext& context, zt_communication_diversion& diversion, const ch
   auto* factory = static_cast<CommunicationDiversionDataBinder*>(context.createBinderFactory());
   if (!factory || !SetTimer(*factory, diversion, 30)) return false;
   zt_ns_common_policy_ruleset* rules = diversion.getRuleSetValue();
-  ZtListNode* first = HeadOf(rules ? rules->getRulesValue() : nullptr);
-  for (ZtListNode* node = first; node; node = node->next) {
-    ForwardTo(*ElementOf<zt_ns_common_policy_ruleType>(node), target);
-  }
-  return !first || SwitchOff(*factory, *ElementOf<zt_ns_common_policy_ruleType>(first));
+  const auto all = ZtEach(rules ? rules->getRulesValue() : nullptr);
+  for (zt_ns_common_policy_ruleType& rule : all) ForwardTo(rule, target);
+  return all.begin() == all.end() || SwitchOff(*factory, *all.begin());
 }
 
 // The body with the changes, printed; whether that went well.

@@ -8,9 +8,6 @@
 
 namespace {
 
-// The first node of a list; null for a list that is null, because it has no entries.
-constexpr auto* HeadOf = &ZtSingleElementList::HeadOf;
-
 // Optional texts are null when the document does not have them.
 const char* OrNone(const char* text) { return text ? text : "(none)"; }
 
@@ -51,10 +48,10 @@ const char* NameOf(zt_contact_state_type_enum state) {
 }
 
 // A list of other elements holds several types: ZtAs gives null for those that it is not asked for.
-void PrintGruu(XMLElement* element) {
-  if (const auto* gruu = ZtAs<zt_pub_gruu>(element)) {
+void PrintGruu(XMLElement& element) {
+  if (const auto* gruu = ZtAs<zt_pub_gruu>(&element)) {
     std::printf("    public GRUU %s\n", OrNone(gruu->getUriValue()));
-  } else if (const auto* temporary = ZtAs<zt_temp_gruu>(element)) {
+  } else if (const auto* temporary = ZtAs<zt_temp_gruu>(&element)) {
     std::printf("    temporary GRUU %s since CSeq %u\n", OrNone(temporary->getUriValue()),
                 temporary->getFirstCseqValue());
   }
@@ -67,26 +64,22 @@ void PrintContact(const zt_ns_reginfo_contact& contact) {
   // Numbers are 0 when they are absent.
   if (contact.getExpiresValue()) std::printf("    expires in %llu s\n", contact.getExpiresValue());
 
-  for (ZtListNode* node = HeadOf(contact.getUnknownParamListValue()); node; node = node->next) {
-    // A list of children holds XMLElement pointers: cast to that first, then to the type.
-    const auto* param = static_cast<zt_unknown_param*>(static_cast<XMLElement*>(node->data));
-    std::printf("    parameter %s = %s\n", OrNone(param->getNameValue()),
-                OrNone(param->getValueValue()));
+  // A list is null when the document has nothing for it; ZtEach takes that for an empty one.
+  for (const zt_unknown_param& param : ZtEach(contact.getUnknownParamListValue())) {
+    std::printf("    parameter %s = %s\n", OrNone(param.getNameValue()),
+                OrNone(param.getValueValue()));
   }
-  for (ZtListNode* node = HeadOf(contact.getAnyElementValue()); node; node = node->next) {
-    PrintGruu(static_cast<XMLElement*>(node->data));
-  }
+  for (XMLElement& element : ZtEach(contact.getAnyElementValue())) PrintGruu(element);
 }
 
 void PrintReginfo(const zt_reginfo& reginfo) {
   std::printf("registration information, version %u, %s\n", reginfo.getVersionValue(),
               NameOf(reginfo.getStateValue()));
-  for (ZtListNode* node = HeadOf(reginfo.getRegistrationListValue()); node; node = node->next) {
-    const auto* registration = static_cast<zt_registration*>(static_cast<XMLElement*>(node->data));
-    std::printf("%s: %s\n", OrNone(registration->getAorValue()),
-                NameOf(registration->getStateValue()));
-    for (ZtListNode* at = HeadOf(registration->getContactListValue()); at; at = at->next) {
-      PrintContact(*static_cast<zt_ns_reginfo_contact*>(static_cast<XMLElement*>(at->data)));
+  for (const zt_registration& registration : ZtEach(reginfo.getRegistrationListValue())) {
+    std::printf("%s: %s\n", OrNone(registration.getAorValue()),
+                NameOf(registration.getStateValue()));
+    for (const zt_ns_reginfo_contact& contact : ZtEach(registration.getContactListValue())) {
+      PrintContact(contact);
     }
   }
 }

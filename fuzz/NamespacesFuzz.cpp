@@ -25,12 +25,9 @@ class Namespaces {
   // One declaration per line; every word of it stands in `text`, where entities do not hide it.
   std::string Told(const std::string& text) const {
     auto* found = zt_schema_namespace_retrieval::From(m_pRoot);
-    ZtSingleElementList* list = found ? found->getNameSpaceInfo() : nullptr;
     std::string told;
-    for (ZtListNode* node = list ? list->GetPtrToListHead() : nullptr; node; node = node->next) {
-      const auto* pair = zt_AttributeValuePair::From(static_cast<XMLAttribute*>(node->data));
-      Require(pair != nullptr, "a declaration is a pair");
-      for (const char* word : {pair->getName(), pair->getValue()}) {
+    for (const auto& pair : ZtEach(found ? found->getNameSpaceInfo() : nullptr)) {
+      for (const char* word : {pair.getName(), pair.getValue()}) {
         const bool stands = !word || text.find(word) != std::string::npos;
         Require(stands || text.find('&') != std::string::npos, "a declaration is the text's", text);
         told += word ? word : "-";

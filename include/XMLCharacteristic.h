@@ -38,11 +38,13 @@ class ZT_API zt_characteristic : public ZtTyped<zt_characteristic> {
   /// A list of zt_parm. Intended: the setter is called setParmList and the getter getParamList;
   /// callers use both names.
   int setParmList(ZtSingleElementList* list) { return m_Parms.Set(list); }
-  ZtSingleElementList* getParamList() const { return m_Parms.Get(); }
+  ZtListOf<zt_parm>* getParamList() const { return m_Parms.Of<zt_parm>(); }
   int addParm(zt_parm* parm) { return m_Parms.Add(parm); }
   /// A list of zt_characteristic.
   int setCharacteristicList(ZtSingleElementList* list) { return m_Characteristics.Set(list); }
-  ZtSingleElementList* getCharacteristicList() const { return m_Characteristics.Get(); }
+  ZtListOf<zt_characteristic>* getCharacteristicList() const {
+    return m_Characteristics.Of<zt_characteristic>();
+  }
   int addCharacteristic(zt_characteristic* group) { return m_Characteristics.Add(group); }
 
  private:
@@ -61,7 +63,9 @@ class ZT_API ZtProvisioning : public ZtObject {
   const char* getVersion() const { return m_Version.Get(); }
   /// A list of zt_characteristic.
   int setCharacteristicList(ZtSingleElementList* list) { return m_Characteristics.Set(list); }
-  ZtSingleElementList* getCharacteristicList() const { return m_Characteristics.Get(); }
+  ZtListOf<zt_characteristic>* getCharacteristicList() const {
+    return m_Characteristics.Of<zt_characteristic>();
+  }
   int addCharacteristic(zt_characteristic* group) { return m_Characteristics.Add(group); }
 
  private:

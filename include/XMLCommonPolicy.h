@@ -42,7 +42,7 @@ class ZT_API zt_ns_common_policy_oneType : public ZtTyped<zt_ns_common_policy_on
 
   /// Other elements, which are never written.
   int setAnyListValue(ZtSingleElementList* list) { return m_AnyList.Set(list); }
-  ZtSingleElementList* getAnyListValue() const { return m_AnyList.Get(); }
+  ZtListOf<XMLElement>* getAnyListValue() const { return m_AnyList.Of<XMLElement>(); }
   int addAny(XMLElement* element) { return m_AnyList.Add(element); }
 
  private:
@@ -63,12 +63,14 @@ class ZT_API zt_ns_common_policy_manyType : public ZtTyped<zt_ns_common_policy_m
 
   /// Who is excluded, a list of zt_ns_common_policy_exceptType.
   int setExceptListValue(ZtSingleElementList* list) { return m_ExceptList.Set(list); }
-  ZtSingleElementList* getExceptListValue() const { return m_ExceptList.Get(); }
+  ZtListOf<zt_ns_common_policy_exceptType>* getExceptListValue() const {
+    return m_ExceptList.Of<zt_ns_common_policy_exceptType>();
+  }
   int addExcept(zt_ns_common_policy_exceptType* element) { return m_ExceptList.Add(element); }
 
   /// Other elements, which are never written.
   int setAnyListValue(ZtSingleElementList* list) { return m_AnyList.Set(list); }
-  ZtSingleElementList* getAnyListValue() const { return m_AnyList.Get(); }
+  ZtListOf<XMLElement>* getAnyListValue() const { return m_AnyList.Of<XMLElement>(); }
   int addAny(XMLElement* element) { return m_AnyList.Add(element); }
 
  private:
@@ -86,17 +88,21 @@ class ZT_API zt_ns_common_policy_identityType : public ZtTyped<zt_ns_common_poli
 
   /// A list of zt_ns_common_policy_oneType.
   int setOneListValue(ZtSingleElementList* list) { return m_OneList.Set(list); }
-  ZtSingleElementList* getOneListValue() const { return m_OneList.Get(); }
+  ZtListOf<zt_ns_common_policy_oneType>* getOneListValue() const {
+    return m_OneList.Of<zt_ns_common_policy_oneType>();
+  }
   int addOne(zt_ns_common_policy_oneType* element) { return m_OneList.Add(element); }
 
   /// A list of zt_ns_common_policy_manyType.
   int setManyListValue(ZtSingleElementList* list) { return m_ManyList.Set(list); }
-  ZtSingleElementList* getManyListValue() const { return m_ManyList.Get(); }
+  ZtListOf<zt_ns_common_policy_manyType>* getManyListValue() const {
+    return m_ManyList.Of<zt_ns_common_policy_manyType>();
+  }
   int addMany(zt_ns_common_policy_manyType* element) { return m_ManyList.Add(element); }
 
   /// Other elements, which are never written.
   int setAnyListValue(ZtSingleElementList* list) { return m_AnyList.Set(list); }
-  ZtSingleElementList* getAnyListValue() const { return m_AnyList.Get(); }
+  ZtListOf<XMLElement>* getAnyListValue() const { return m_AnyList.Of<XMLElement>(); }
   int addAny(XMLElement* element) { return m_AnyList.Add(element); }
 
  private:
@@ -130,12 +136,12 @@ class ZT_API zt_ns_common_policy_validityType : public ZtTyped<zt_ns_common_poli
 
   /// The starts, a list of zt_string with dates and times as in RFC 3339.
   int setFromListValue(ZtSingleElementList* list) { return m_FromList.Set(list); }
-  ZtSingleElementList* getFromListValue() const { return m_FromList.Get(); }
+  ZtListOf<zt_string>* getFromListValue() const { return m_FromList.Of<zt_string>(); }
   int addFrom(zt_string* element) { return m_FromList.Add(element); }
 
   /// The ends, likewise.
   int setUntilListValue(ZtSingleElementList* list) { return m_UntilList.Set(list); }
-  ZtSingleElementList* getUntilListValue() const { return m_UntilList.Get(); }
+  ZtListOf<zt_string>* getUntilListValue() const { return m_UntilList.Of<zt_string>(); }
   int addUntil(zt_string* element) { return m_UntilList.Add(element); }
 
  private:
@@ -153,23 +159,29 @@ class ZT_API zt_ns_common_policy_conditionsType
 
   /// A list of zt_ns_common_policy_identityType.
   int setIdentityListValue(ZtSingleElementList* list) { return m_IdentityList.Set(list); }
-  ZtSingleElementList* getIdentityListValue() const { return m_IdentityList.Get(); }
+  ZtListOf<zt_ns_common_policy_identityType>* getIdentityListValue() const {
+    return m_IdentityList.Of<zt_ns_common_policy_identityType>();
+  }
   int addIdentity(zt_ns_common_policy_identityType* element) { return m_IdentityList.Add(element); }
 
   /// A list of zt_ns_common_policy_sphereType.
   int setSphereListValue(ZtSingleElementList* list) { return m_SphereList.Set(list); }
-  ZtSingleElementList* getSphereListValue() const { return m_SphereList.Get(); }
+  ZtListOf<zt_ns_common_policy_sphereType>* getSphereListValue() const {
+    return m_SphereList.Of<zt_ns_common_policy_sphereType>();
+  }
   int addSphere(zt_ns_common_policy_sphereType* element) { return m_SphereList.Add(element); }
 
   /// A list of zt_ns_common_policy_validityType.
   int setValidityListValue(ZtSingleElementList* list) { return m_ValidityList.Set(list); }
-  ZtSingleElementList* getValidityListValue() const { return m_ValidityList.Get(); }
+  ZtListOf<zt_ns_common_policy_validityType>* getValidityListValue() const {
+    return m_ValidityList.Of<zt_ns_common_policy_validityType>();
+  }
   int addValidity(zt_ns_common_policy_validityType* element) { return m_ValidityList.Add(element); }
 
   /// The conditions of the service: flags (zt_empty_element_type, e.g. "busy") and
   /// zt_ns_xcap_media_type are written, others not.
   int setAnyListValue(ZtSingleElementList* list) { return m_AnyList.Set(list); }
-  ZtSingleElementList* getAnyListValue() const { return m_AnyList.Get(); }
+  ZtListOf<XMLElement>* getAnyListValue() const { return m_AnyList.Of<XMLElement>(); }
   int addAny(XMLElement* element) { return m_AnyList.Add(element); }
 
  private:
@@ -190,7 +202,7 @@ class ZT_API zt_ns_common_policy_extensibleType
   /// Any elements. Of actions those are written that the service knows; of transformations none:
   /// the element is always written empty.
   int setElementsValue(ZtSingleElementList* list) { return m_Elements.Set(list); }
-  ZtSingleElementList* getElementsValue() const { return m_Elements.Get(); }
+  ZtListOf<XMLElement>* getElementsValue() const { return m_Elements.Of<XMLElement>(); }
   int addElement(XMLElement* element) { return m_Elements.Add(element); }
 
  private:
@@ -248,7 +260,9 @@ class ZT_API zt_ns_common_policy_ruleset : public ZtTyped<zt_ns_common_policy_ru
 
   /// A list of zt_ns_common_policy_ruleType.
   int setRulesValue(ZtSingleElementList* list) { return m_Rules.Set(list); }
-  ZtSingleElementList* getRulesValue() const { return m_Rules.Get(); }
+  ZtListOf<zt_ns_common_policy_ruleType>* getRulesValue() const {
+    return m_Rules.Of<zt_ns_common_policy_ruleType>();
+  }
   int addRule(zt_ns_common_policy_ruleType* element) { return m_Rules.Add(element); }
 
  private:

@@ -14,7 +14,7 @@ class ZT_API zt_keywords_type : public ZtTyped<zt_keywords_type, ZtExtensible<>>
   /// A list of zt_string; one blank stands between them in a document, and an empty one where two
   /// do.
   int setKeywordListValue(ZtSingleElementList* list) { return m_Words.Set(list); }
-  ZtSingleElementList* getKeywordListValue() const { return m_Words.Get(); }
+  ZtListOf<zt_string>* getKeywordListValue() const { return m_Words.Of<zt_string>(); }
   int addKeyword(zt_string* element) { return m_Words.Add(element); }
 
  private:
@@ -65,7 +65,9 @@ class ZT_API zt_conference_media_type : public ZtTyped<zt_conference_media_type,
 
   /// A list of zt_conference_medium_type.
   int setEntryListValue(ZtSingleElementList* list) { return m_Entries.Set(list); }
-  ZtSingleElementList* getEntryListValue() const { return m_Entries.Get(); }
+  ZtListOf<zt_conference_medium_type>* getEntryListValue() const {
+    return m_Entries.Of<zt_conference_medium_type>();
+  }
   int addEntry(zt_conference_medium_type* element) { return m_Entries.Add(element); }
 
  private:
@@ -211,7 +213,9 @@ class ZT_API zt_sidebars_by_val_type : public ZtTyped<zt_sidebars_by_val_type, Z
 
   /// A list of zt_conference_type.
   int setEntryListValue(ZtSingleElementList* list) { return m_Entries.Set(list); }
-  ZtSingleElementList* getEntryListValue() const { return m_Entries.Get(); }
+  ZtListOf<zt_conference_type>* getEntryListValue() const {
+    return m_Entries.Of<zt_conference_type>();
+  }
   int addEntry(zt_conference_type* element);
 
  private:

@@ -130,7 +130,7 @@ class ZT_API zt_uris_type : public ZtTyped<zt_uris_type, ZtExtensible<>> {
 
   /// A list of zt_uri_type.
   int setEntryListValue(ZtSingleElementList* list) { return m_Entries.Set(list); }
-  ZtSingleElementList* getEntryListValue() const { return m_Entries.Get(); }
+  ZtListOf<zt_uri_type>* getEntryListValue() const { return m_Entries.Of<zt_uri_type>(); }
   int addEntry(zt_uri_type* element) { return m_Entries.Add(element); }
 
  private:
@@ -148,7 +148,7 @@ class ZT_API zt_user_languages_type : public ZtTyped<zt_user_languages_type, ZtE
   /// A list of zt_string; one blank stands between them in a document, and an empty one where two
   /// do.
   int setLanguageListValue(ZtSingleElementList* list) { return m_Words.Set(list); }
-  ZtSingleElementList* getLanguageListValue() const { return m_Words.Get(); }
+  ZtListOf<zt_string>* getLanguageListValue() const { return m_Words.Of<zt_string>(); }
   int addLanguage(zt_string* element) { return m_Words.Add(element); }
 
  private:
@@ -164,7 +164,7 @@ class ZT_API zt_user_roles_type : public ZtTyped<zt_user_roles_type, ZtExtensibl
 
   /// A list of zt_string, e.g. "participant".
   int setEntryListValue(ZtSingleElementList* list) { return m_Entries.Set(list); }
-  ZtSingleElementList* getEntryListValue() const { return m_Entries.Get(); }
+  ZtListOf<zt_string>* getEntryListValue() const { return m_Entries.Of<zt_string>(); }
   int addEntry(zt_string* element) { return m_Entries.Add(element); }
 
  private:
@@ -334,7 +334,7 @@ class ZT_API zt_endpoint_type : public ZtTyped<zt_endpoint_type, ZtExtensible<>>
 
   /// A list of zt_media_type.
   int setMediaListValue(ZtSingleElementList* list) { return m_Media.Set(list); }
-  ZtSingleElementList* getMediaListValue() const { return m_Media.Get(); }
+  ZtListOf<zt_media_type>* getMediaListValue() const { return m_Media.Of<zt_media_type>(); }
   int addMedia(zt_media_type* element) { return m_Media.Add(element); }
 
   /// Its dialog with the focus.
@@ -401,7 +401,9 @@ class ZT_API zt_user_type : public ZtTyped<zt_user_type, ZtExtensible<>> {
 
   /// A list of zt_endpoint_type.
   int setEndpointListValue(ZtSingleElementList* list) { return m_Endpoints.Set(list); }
-  ZtSingleElementList* getEndpointListValue() const { return m_Endpoints.Get(); }
+  ZtListOf<zt_endpoint_type>* getEndpointListValue() const {
+    return m_Endpoints.Of<zt_endpoint_type>();
+  }
   int addEndpoint(zt_endpoint_type* element) { return m_Endpoints.Add(element); }
 
  private:
@@ -431,7 +433,7 @@ class ZT_API zt_users_type : public ZtTyped<zt_users_type, ZtExtensible<>> {
 
   /// A list of zt_user_type.
   int setUserListValue(ZtSingleElementList* list) { return m_Users.Set(list); }
-  ZtSingleElementList* getUserListValue() const { return m_Users.Get(); }
+  ZtListOf<zt_user_type>* getUserListValue() const { return m_Users.Of<zt_user_type>(); }
   int addUser(zt_user_type* element) { return m_Users.Add(element); }
 
  private:

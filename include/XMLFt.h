@@ -70,7 +70,9 @@ class ZT_API zt_file : public ZtTyped<zt_file, ZtObject> {
 
   /// A list of zt_ns_ft_file_info.
   int setFileInfoListValue(ZtSingleElementList* list) { return m_FileInfos.Set(list); }
-  ZtSingleElementList* getFileInfoListValue() const { return m_FileInfos.Get(); }
+  ZtListOf<zt_ns_ft_file_info>* getFileInfoListValue() const {
+    return m_FileInfos.Of<zt_ns_ft_file_info>();
+  }
   int addFileInfo(zt_ns_ft_file_info* element) { return m_FileInfos.Add(element); }
 
  private:

@@ -6,7 +6,8 @@
 
 #include "ZtExport.h"
 
-/// A node of a ZtSingleElementList. Walk a list with GetPtrToListHead() and `next`.
+/// A node of a ZtSingleElementList. ZtEach walks a list by its type; by hand it goes with
+/// GetPtrToListHead() and `next`.
 struct ZtListNode {
   void* data;        ///< the stored pointer, not owned
   ZtListNode* next;  ///< null at the end
@@ -22,6 +23,8 @@ struct ZtListItems;
 class ZT_API ZtSingleElementList : public ZtNonCopyable {
   template <class Item>
   friend class ZtOwnedList;
+  template <class T>
+  friend class ZtEntries;
 
  public:
   ZtSingleElementList();

@@ -100,7 +100,7 @@ class ZT_API zt_tuple : public ZtTyped<zt_tuple, ZtKeepsElements<>> {
 
   /// A list of zt_note (taken).
   int setNoteListValue(ZtSingleElementList* list) { return m_Notes.Set(list); }
-  ZtSingleElementList* getNoteListValue() const { return m_Notes.Get(); }
+  ZtListOf<zt_note>* getNoteListValue() const { return m_Notes.Of<zt_note>(); }
   /// Takes `note`; 0 when it is null or owned, or there is no memory.
   int addNote(zt_note* note) { return m_Notes.Add(note); }
 
@@ -125,13 +125,13 @@ class ZT_API zt_presence : public ZtTyped<zt_presence, ZtKeepsElements<ZtObject>
 
   /// A list of zt_tuple (taken).
   int setTupleListValue(ZtSingleElementList* list) { return m_Tuples.Set(list); }
-  ZtSingleElementList* getTupleListValue() const { return m_Tuples.Get(); }
+  ZtListOf<zt_tuple>* getTupleListValue() const { return m_Tuples.Of<zt_tuple>(); }
   /// Takes `tuple`; 0 when it is null or owned, or there is no memory.
   int addTuple(zt_tuple* tuple) { return m_Tuples.Add(tuple); }
 
   /// A list of zt_note (taken), written behind the tuples.
   int setNoteListValue(ZtSingleElementList* list) { return m_Notes.Set(list); }
-  ZtSingleElementList* getNoteListValue() const { return m_Notes.Get(); }
+  ZtListOf<zt_note>* getNoteListValue() const { return m_Notes.Of<zt_note>(); }
   /// Takes `note`; 0 when it is null or owned, or there is no memory.
   int addNote(zt_note* note) { return m_Notes.Add(note); }
 

@@ -48,7 +48,9 @@ class ZT_API zt_rcs_terms_info : public ZtTyped<zt_rcs_terms_info, ZtObject> {
 
   /// A list of zt_ns_rcs_terms_info_term.
   int setTermListValue(ZtSingleElementList* list) { return m_Terms.Set(list); }
-  ZtSingleElementList* getTermListValue() const { return m_Terms.Get(); }
+  ZtListOf<zt_ns_rcs_terms_info_term>* getTermListValue() const {
+    return m_Terms.Of<zt_ns_rcs_terms_info_term>();
+  }
   int addTerm(zt_ns_rcs_terms_info_term* element) { return m_Terms.Add(element); }
 
  private:

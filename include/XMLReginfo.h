@@ -76,7 +76,9 @@ class ZT_API zt_ns_reginfo_contact : public ZtTyped<zt_ns_reginfo_contact> {
 
   /// A list of zt_unknown_param (taken).
   int setUnknownParamListValue(ZtSingleElementList* list) { return m_UnknownParams.Set(list); }
-  ZtSingleElementList* getUnknownParamListValue() const { return m_UnknownParams.Get(); }
+  ZtListOf<zt_unknown_param>* getUnknownParamListValue() const {
+    return m_UnknownParams.Of<zt_unknown_param>();
+  }
   /// Takes `param`; 0 when it is null or owned, or there is no memory.
   int addUnknownParam(zt_unknown_param* param) { return m_UnknownParams.Add(param); }
 
@@ -134,7 +136,7 @@ class ZT_API zt_ns_reginfo_contact : public ZtTyped<zt_ns_reginfo_contact> {
 
   /// Other child elements (taken): zt_pub_gruu and zt_temp_gruu are written, others are not.
   int setAnyElementValue(ZtSingleElementList* list) { return m_AnyElements.Set(list); }
-  ZtSingleElementList* getAnyElementValue() const { return m_AnyElements.Get(); }
+  ZtListOf<XMLElement>* getAnyElementValue() const { return m_AnyElements.Of<XMLElement>(); }
   int addAnyElement(XMLElement* element) { return m_AnyElements.Add(element); }
 
  private:
@@ -162,7 +164,9 @@ class ZT_API zt_registration : public ZtTyped<zt_registration> {
 
   /// A list of zt_ns_reginfo_contact (taken).
   int setContactListValue(ZtSingleElementList* list) { return m_Contacts.Set(list); }
-  ZtSingleElementList* getContactListValue() const { return m_Contacts.Get(); }
+  ZtListOf<zt_ns_reginfo_contact>* getContactListValue() const {
+    return m_Contacts.Of<zt_ns_reginfo_contact>();
+  }
   /// Takes `contact`; 0 when it is null or owned, or there is no memory.
   int addContact(zt_ns_reginfo_contact* contact) { return m_Contacts.Add(contact); }
 
@@ -183,7 +187,7 @@ class ZT_API zt_registration : public ZtTyped<zt_registration> {
 
   /// Unknown child elements (taken), which are never written.
   int setAnyElementValue(ZtSingleElementList* list) { return m_AnyElements.Set(list); }
-  ZtSingleElementList* getAnyElementValue() const { return m_AnyElements.Get(); }
+  ZtListOf<XMLElement>* getAnyElementValue() const { return m_AnyElements.Of<XMLElement>(); }
   int addAnyElement(XMLElement* element) { return m_AnyElements.Add(element); }
 
  private:
@@ -203,7 +207,9 @@ class ZT_API zt_reginfo : public ZtTyped<zt_reginfo, ZtObject> {
 
   /// A list of zt_registration (taken).
   int setRegistrationListValue(ZtSingleElementList* list) { return m_Registrations.Set(list); }
-  ZtSingleElementList* getRegistrationListValue() const { return m_Registrations.Get(); }
+  ZtListOf<zt_registration>* getRegistrationListValue() const {
+    return m_Registrations.Of<zt_registration>();
+  }
   /// Takes `registration`; 0 when it is null or owned, or there is no memory.
   int addRegistration(zt_registration* registration) { return m_Registrations.Add(registration); }
 
@@ -224,7 +230,7 @@ class ZT_API zt_reginfo : public ZtTyped<zt_reginfo, ZtObject> {
 
   /// Unknown child elements (taken), which are never written.
   int setAnyElementValue(ZtSingleElementList* list) { return m_AnyElements.Set(list); }
-  ZtSingleElementList* getAnyElementValue() const { return m_AnyElements.Get(); }
+  ZtListOf<XMLElement>* getAnyElementValue() const { return m_AnyElements.Of<XMLElement>(); }
   int addAnyElement(XMLElement* element) { return m_AnyElements.Add(element); }
 
  private:

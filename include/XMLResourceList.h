@@ -112,7 +112,7 @@ class ZT_API zt_resource_lists : public ZtTyped<zt_resource_lists, ZtExtensible<
 
   /// A list of zt_listType (taken).
   int setListListValue(ZtSingleElementList* list) { return m_Lists.Set(list); }
-  ZtSingleElementList* getListListValue() const { return m_Lists.Get(); }
+  ZtListOf<zt_listType>* getListListValue() const { return m_Lists.Of<zt_listType>(); }
   /// Takes `list`; 0 when it is null or owned, or there is no memory.
   int addList(zt_listType* list) { return m_Lists.Add(list); }
 

@@ -74,13 +74,13 @@ class ZT_API zt_resource : public ZtTyped<zt_resource, ZtExtensible<>> {
 
   /// A list of zt_name (taken).
   int setNameListValue(ZtSingleElementList* list) { return m_Names.Set(list); }
-  ZtSingleElementList* getNameListValue() const { return m_Names.Get(); }
+  ZtListOf<zt_name>* getNameListValue() const { return m_Names.Of<zt_name>(); }
   /// Takes `name`; 0 when it is null or owned, or there is no memory.
   int addName(zt_name* name) { return m_Names.Add(name); }
 
   /// A list of zt_instance (taken).
   int setInstanceListValue(ZtSingleElementList* list) { return m_Instances.Set(list); }
-  ZtSingleElementList* getInstanceListValue() const { return m_Instances.Get(); }
+  ZtListOf<zt_instance>* getInstanceListValue() const { return m_Instances.Of<zt_instance>(); }
   /// Takes `instance`; 0 when it is null or owned, or there is no memory.
   int addInstance(zt_instance* instance) { return m_Instances.Add(instance); }
 
@@ -116,13 +116,13 @@ class ZT_API zt_list : public ZtTyped<zt_list, ZtExtensible<ZtObject>> {
 
   /// A list of zt_name (taken).
   int setNameListValue(ZtSingleElementList* list) { return m_Names.Set(list); }
-  ZtSingleElementList* getNameListValue() const { return m_Names.Get(); }
+  ZtListOf<zt_name>* getNameListValue() const { return m_Names.Of<zt_name>(); }
   /// Takes `name`; 0 when it is null or owned, or there is no memory.
   int addName(zt_name* name) { return m_Names.Add(name); }
 
   /// A list of zt_resource (taken).
   int setResourceListValue(ZtSingleElementList* list) { return m_Resources.Set(list); }
-  ZtSingleElementList* getResourceListValue() const { return m_Resources.Get(); }
+  ZtListOf<zt_resource>* getResourceListValue() const { return m_Resources.Of<zt_resource>(); }
   /// Takes `resource`; 0 when it is null or owned, or there is no memory.
   int addResource(zt_resource* resource) { return m_Resources.Add(resource); }
 

@@ -32,7 +32,9 @@ class ZT_API zt_ns_rls_services_packagesType
 
   /// A list of zt_ns_rls_services_packageType (taken).
   int setPackageListValue(ZtSingleElementList* list) { return m_Packages.Set(list); }
-  ZtSingleElementList* getPackageListValue() const { return m_Packages.Get(); }
+  ZtListOf<zt_ns_rls_services_packageType>* getPackageListValue() const {
+    return m_Packages.Of<zt_ns_rls_services_packageType>();
+  }
   /// Takes `package`; 0 when it is null or owned, or there is no memory.
   int addPackage(zt_ns_rls_services_packageType* package) { return m_Packages.Add(package); }
 
@@ -82,7 +84,9 @@ class ZT_API zt_rls_services : public ZtTyped<zt_rls_services, ZtKeepsElements<Z
 
   /// A list of zt_ns_rls_services_serviceType (taken).
   int setServiceListValue(ZtSingleElementList* list) { return m_Services.Set(list); }
-  ZtSingleElementList* getServiceListValue() const { return m_Services.Get(); }
+  ZtListOf<zt_ns_rls_services_serviceType>* getServiceListValue() const {
+    return m_Services.Of<zt_ns_rls_services_serviceType>();
+  }
   /// Takes `service`; 0 when it is null or owned, or there is no memory.
   int addService(zt_ns_rls_services_serviceType* service) { return m_Services.Add(service); }
 

@@ -21,7 +21,7 @@ class ZT_API zt_schema_namespace_retrieval
   /// The declarations in document order (borrowed), null when there is none: each a
   /// zt_AttributeValuePair, stored as XMLAttribute*, with the prefix as its name (null for the
   /// default namespace) and the URI as its value.
-  ZtSingleElementList* getNameSpaceInfo();
+  ZtListOf<zt_AttributeValuePair>* getNameSpaceInfo();
 
  private:
   friend struct SchemaNamespaceRetrievalBinding;

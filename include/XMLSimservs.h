@@ -16,7 +16,7 @@ class ZT_API zt_Simservs : public ZtTyped<zt_Simservs, ZtObject> {
   int addService(XMLObject* service) { return m_Services.Add(service); }
   /// The services in the order in which they were added (taken; the entries are XMLElement*).
   int setServiceListValue(ZtSingleElementList* list) { return m_Services.Set(list); }
-  ZtSingleElementList* getServiceListValue() const { return m_Services.Get(); }
+  ZtListOf<XMLElement>* getServiceListValue() const { return m_Services.Of<XMLElement>(); }
 
  private:
   ZtChildList m_Services;

@@ -29,7 +29,9 @@ class ZT_API zt_entry : public ZtTyped<zt_entry> {
   /// Further attributes: a list of zt_AttributeValuePair, stored as XMLAttribute* (taken). On
   /// output the first of a name stands, and none of the names above.
   int setAnyAttributeValue(ZtSingleElementList* list) { return m_AnyAttributes.Set(list); }
-  ZtSingleElementList* getAnyAttributeValue() const { return m_AnyAttributes.Get(); }
+  ZtListOf<zt_AttributeValuePair>* getAnyAttributeValue() const {
+    return m_AnyAttributes.Of<zt_AttributeValuePair>();
+  }
   /// Takes `attribute`; 0 when it is null or owned, or there is no memory.
   int addAnyAttribute(XMLAttribute* attribute) { return m_AnyAttributes.Add(attribute); }
 
@@ -54,7 +56,7 @@ class ZT_API zt_folder : public ZtTyped<zt_folder> {
 
   /// A list of zt_entry (taken).
   int setEntryListValue(ZtSingleElementList* list) { return m_Entries.Set(list); }
-  ZtSingleElementList* getEntryListValue() const { return m_Entries.Get(); }
+  ZtListOf<zt_entry>* getEntryListValue() const { return m_Entries.Of<zt_entry>(); }
   /// Takes `entry`; 0 when it is null or owned, or there is no memory.
   int addEntry(zt_entry* entry) { return m_Entries.Add(entry); }
 
@@ -77,7 +79,7 @@ class ZT_API zt_xcap_directory : public ZtTyped<zt_xcap_directory, ZtObject> {
 
   /// A list of zt_folder (taken).
   int setFolderListValue(ZtSingleElementList* list) { return m_Folders.Set(list); }
-  ZtSingleElementList* getFolderListValue() const { return m_Folders.Get(); }
+  ZtListOf<zt_folder>* getFolderListValue() const { return m_Folders.Of<zt_folder>(); }
   /// Takes `folder`; 0 when it is null or owned, or there is no memory.
   int addFolder(zt_folder* folder) { return m_Folders.Add(folder); }
 

@@ -88,7 +88,7 @@ class ZT_API zt_exists : public ZtTyped<zt_exists> {
 
   /// The values that would do: a list of zt_string (taken). Raw texts, to be escaped by the caller.
   int setAltValueListValue(ZtSingleElementList* list) { return m_AltValues.Set(list); }
-  ZtSingleElementList* getAltValueListValue() const { return m_AltValues.Get(); }
+  ZtListOf<zt_string>* getAltValueListValue() const { return m_AltValues.Of<zt_string>(); }
   /// Takes `value`, a zt_string; 0 when it is null or owned, or there is no memory.
   int addAltValue(zt_string* value) { return m_AltValues.Add(value); }
 
@@ -106,7 +106,7 @@ class ZT_API zt_uniqueness_failure : public ZtTyped<zt_uniqueness_failure, ZtXca
 
   /// A list of zt_exists (taken).
   int setExistsListValue(ZtSingleElementList* list) { return m_Exists.Set(list); }
-  ZtSingleElementList* getExistsListValue() const { return m_Exists.Get(); }
+  ZtListOf<zt_exists>* getExistsListValue() const { return m_Exists.Of<zt_exists>(); }
   /// Takes `exists`; 0 when it is null or owned, or there is no memory.
   int addExists(zt_exists* exists) { return m_Exists.Add(exists); }
 

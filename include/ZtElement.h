@@ -4,19 +4,7 @@
 
 #include "XMLElement.h"
 #include "ZtHolders.h"
-
-/// How the library reads and writes one type; opaque to callers.
-struct ZtElementType;
-
-/// Whether `element` is of the class that `type`, a T::kType, describes.
-ZT_API bool ZtIsA(const XMLElement& element, const ZtElementType& type);
-
-/// `element` as a T, or null when it is null or of another class. What an element of a mixed list
-/// is, is asked like this: ZtAs<zt_ns_xcap_forward_to_type>(element).
-template <class T>
-T* ZtAs(XMLElement* element) {
-  return element && ZtIsA(*element, T::kType) ? static_cast<T*>(element) : nullptr;
-}
+#include "ZtListOf.h"
 
 /// A type that is bound by a table; `Base` is XMLElement or XMLObject.
 template <class Base>
@@ -66,7 +54,7 @@ class ZtKeepsElements : public Base {
   /// Takes a list of elements, stored as XMLElement*. They are never written unless the type says
   /// which of them are.
   int setAnyElementValue(ZtSingleElementList* list) { return m_AnyElements.Set(list); }
-  ZtSingleElementList* getAnyElementValue() const { return m_AnyElements.Get(); }
+  ZtListOf<XMLElement>* getAnyElementValue() const { return m_AnyElements.Of<XMLElement>(); }
   /// Takes `element`; 0 when it is null or owned, or there is no memory.
   int addAnyElement(XMLElement* element) { return m_AnyElements.Add(element); }
 
@@ -84,7 +72,9 @@ class ZtExtensible : public ZtKeepsElements<Base> {
   /// Takes a list of zt_AttributeValuePair, stored as XMLAttribute*. On output the first of a name
   /// stands, and none that the element has as an attribute of its own.
   int setAnyAttributeValue(ZtSingleElementList* list) { return m_AnyAttributes.Set(list); }
-  ZtSingleElementList* getAnyAttributeValue() const { return m_AnyAttributes.Get(); }
+  ZtListOf<zt_AttributeValuePair>* getAnyAttributeValue() const {
+    return m_AnyAttributes.Of<zt_AttributeValuePair>();
+  }
   /// Takes `attribute`; 0 when it is null or owned, or there is no memory.
   int addAnyAttribute(XMLAttribute* attribute) { return m_AnyAttributes.Add(attribute); }
 

@@ -14,6 +14,9 @@
 #include "ZtArena.h"
 #include "ZtPiece.h"
 
+template <class T>
+class ZtListOf;
+
 /// A text: a copy, or one that stays where it is: in the document that it was read from, or among
 /// the library's own.
 class ZT_API ZtText {
@@ -94,6 +97,11 @@ class ZT_API ZtOwnedList {
   /// heap) has what is made.
   int Add(Item* item, const char* source = "src/XMLList", ZtArena* arena = nullptr);
   ZtSingleElementList* Get() const { return m_pList; }
+  /// The list by what it holds.
+  template <class T>
+  ZtListOf<T>* Of() const {
+    return static_cast<ZtListOf<T>*>(m_pList);
+  }
   /// The first node, null when there is none.
   ZtListNode* Head() const {
     if (!m_pList) return nullptr;

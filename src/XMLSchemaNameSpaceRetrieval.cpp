@@ -60,9 +60,9 @@ int zt_schema_namespace_retrieval::setNameSpaceInfo(ZtSingleElementList* list) {
   return list ? m_NameSpaceInfo.Set(list) : 1;
 }
 
-ZtSingleElementList* zt_schema_namespace_retrieval::getNameSpaceInfo() {
+ZtListOf<zt_AttributeValuePair>* zt_schema_namespace_retrieval::getNameSpaceInfo() {
   ZtLog(kZtLogState, kSource)("<XML Module>: zt_schema_namespace_retrieval::getNameSpaceInfo");
-  return m_NameSpaceInfo.Get();
+  return m_NameSpaceInfo.Of<zt_AttributeValuePair>();
 }
 
 XMLObject* SchemaNamespaceRetrievalDataBinder::CreateRootElement() {

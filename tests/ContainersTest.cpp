@@ -7,7 +7,9 @@
 
 #include "TestSupport.h"
 #include "XMLCommonDef.h"
+#include "XMLFactory.h"
 #include "XMLList.h"
+#include "XMLSchemaNameSpaceRetrieval.h"
 #include "XMLStack.h"
 #include "XMLValueTypes.h"
 #include "ZtHolders.h"
@@ -83,6 +85,43 @@ TEST(XmlList, CountWrapsButNothingIsLost) {
   LogCapture log;
   zt_xml_common_methods::DeleteElementList(nullptr);
   EXPECT_SAME(Logged(log, {238}), Lines{"4:238 " + kEmpty});
+}
+
+// By its type: an entry of another class, a null one and a list that is null do no harm, an empty
+// list is no line in the log, and the entry that the loop is at may go.
+TEST(XmlList, IsWalkedByItsType) {
+  LogCapture log;
+  SchemaNamespaceRetrievalDataBinder factory;
+  auto* root = static_cast<zt_schema_namespace_retrieval*>(factory.CreateRootElement());
+  ZtSingleElementList* words = zt_xml_common_methods::CreateElementList();
+  log.Clear();
+  for (zt_string& word : ZtEach<zt_string>(words)) ADD_FAILURE() << word.getValue();
+  for (zt_AttributeValuePair& pair : ZtEach(root->getNameSpaceInfo())) ADD_FAILURE() << &pair;
+  EXPECT_SAME(Logged(log), Lines{"3 <XML Module>: zt_schema_namespace_retrieval::getNameSpaceInfo"});
+
+  XMLElement* flag = ZtCreate<zt_empty_element_type>("test");
+  for (const char* text : {"a", "b", "c"}) {
+    EXPECT_TRUE(words->Add(nullptr) && words->Add(zt_xml_common_methods::CreateString(text)));
+  }
+  words->Add(flag);
+  std::string seen;
+  for (zt_string& word : ZtEach<zt_string>(words)) {
+    seen += word.getValue();
+    if (seen == "a") continue;
+    words->Remove(&word);
+    XMLFactory::DeleteElement(&word);
+  }
+  EXPECT_EQ(seen, "abc");
+  EXPECT_TRUE(words->GetCount() == 5 && ZtEach<XMLElement>(words).begin()->ClassName());
+  zt_xml_common_methods::DeleteElementList(words);
+
+  ZtSingleElementList* pairs = zt_xml_common_methods::CreateElementList();
+  XMLAttribute* pair = zt_xml_common_methods::CreateAttribute("cp", "urn:x");
+  EXPECT_TRUE(pairs->Add(nullptr) && pairs->Add(pair) && root->setNameSpaceInfo(pairs));
+  for (const auto& declared : ZtEach(root->getNameSpaceInfo())) seen += declared.getName();
+  EXPECT_EQ(seen, "abccp");
+  XMLFactory::DeleteElement(root);
+  EXPECT_EQ(Live(), 0u);
 }
 
 TEST(XmlStack, DropsWhatIsTooMuch) {

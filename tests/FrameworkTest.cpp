@@ -113,10 +113,8 @@ TEST(NamespaceRetrieval, CollectsDeclarationsInDocumentOrder) {
   const auto pairs = [&](const char* text) {
     auto root = schema.Read<zt_schema_namespace_retrieval>(text);
     std::string all = root ? "" : "(null)";
-    ZtSingleElementList* list = root ? root->getNameSpaceInfo() : nullptr;
-    for (ZtListNode* node = list ? list->GetPtrToListHead() : nullptr; node; node = node->next) {
-      const auto* pair = zt_AttributeValuePair::From(static_cast<XMLAttribute*>(node->data));
-      all += std::string(pair->getName() ? pair->getName() : "-") + "=" + pair->getValue() + ";";
+    for (const auto& pair : ZtEach(root ? root->getNameSpaceInfo() : nullptr)) {
+      all += std::string(pair.getName() ? pair.getName() : "-") + "=" + pair.getValue() + ";";
     }
     return all;
   };

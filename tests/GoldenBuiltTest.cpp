@@ -25,7 +25,7 @@ std::string Get(XMLElement& element) {
     using Value = std::remove_const_t<decltype(value)>;
     if constexpr (std::is_same_v<Value, const char*>) {
       return value ? Quoted(value) : "null";
-    } else if constexpr (std::is_same_v<Value, ZtSingleElementList*>) {
+    } else if constexpr (std::is_convertible_v<Value, ZtSingleElementList*>) {
       return value ? std::to_string(value->GetCount()) + " entries" : "null";
     } else if constexpr (std::is_pointer_v<Value>) {
       return value ? value->ClassName() : "null";

@@ -11,10 +11,9 @@ namespace {
 // The members of a list: those of a list inside in brackets, of an entry its URI.
 std::string Describe(XMLElement* member) {
   if (auto* entry = ZtAs<zt_entryType>(member)) return entry->getUriValue() + std::string(" ");
-  auto* members = ZtAs<zt_listType>(member)->getAnyElementValue();
   std::string text = "(";
-  for (auto* node = members ? members->GetPtrToListHead() : nullptr; node; node = node->next) {
-    text += Describe(static_cast<XMLElement*>(node->data));
+  for (XMLElement& inside : ZtEach(ZtAs<zt_listType>(member)->getAnyElementValue())) {
+    text += Describe(&inside);
   }
   return text + ") ";
 }

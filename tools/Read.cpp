@@ -73,12 +73,9 @@ Namespaces::Namespaces(const Document& document) {
 
 std::vector<Declaration> Namespaces::List() const {
   std::vector<Declaration> declarations;
-  ZtSingleElementList* list = get() ? get()->getNameSpaceInfo() : nullptr;
-  for (ZtListNode* node = list ? list->GetPtrToListHead() : nullptr; node; node = node->next) {
-    const auto* declared = zt_AttributeValuePair::From(static_cast<XMLAttribute*>(node->data));
-    if (!declared) continue;
-    const char* uri = declared->getValue();
-    declarations.push_back({declared->getName(), uri ? uri : ""});
+  for (const auto& declared : ZtEach(get() ? get()->getNameSpaceInfo() : nullptr)) {
+    const char* uri = declared.getValue();
+    declarations.push_back({declared.getName(), uri ? uri : ""});
   }
   return declarations;
 }

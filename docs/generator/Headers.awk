@@ -8,13 +8,13 @@ FNR == 1 { header = FILENAME; sub(/.*\//, "", header) }
   class = space $3
   classes = classes "    {\"" class "\", \"" header "\"},\n"
   while (!/[{;]/) { line = $0; getline; $0 = line $0 }
-  if (/Zt(Extensible|KeepsElements)</) Getter("ZtSingleElementList*", "getAnyElementValue")
-  if (/ZtExtensible</) Getter("ZtSingleElementList*", "getAnyAttributeValue")
+  if (/Zt(Extensible|KeepsElements)</) Getter("ZtListOf<XMLElement>*", "getAnyElementValue")
+  if (/ZtExtensible</) Getter("ZtListOf<zt_AttributeValuePair>*", "getAnyAttributeValue")
   open = 0
 }
 /^};/ { class = "" }
 /^ (public|private|protected):/ { open = /public/ }
-class != "" && open && match($0, /^  [A-Za-z][A-Za-z0-9_:* ]* \*?get[A-Z][A-Za-z0-9_]*\(/) {
+class != "" && open && match($0, /^  [A-Za-z][A-Za-z0-9_:<>* ]* \*?get[A-Z][A-Za-z0-9_]*\(/) {
   method = substr($0, 1, RLENGTH - 1)
   given = method
   sub(/ [A-Za-z0-9_]+$/, "", given)

@@ -1,0 +1,104 @@
+// Lists by what they hold, so that callers walk them without a cast:
+//
+//     for (zt_registration& registration : ZtEach(reginfo->getRegistrationListValue())) ...
+//     for (zt_pub_gruu& gruu : ZtEach<zt_pub_gruu>(contact->getAnyElementValue())) ...
+#ifndef ZTXML_INCLUDE_ZTLISTOF_H
+#define ZTXML_INCLUDE_ZTLISTOF_H
+
+#include <cstddef>
+#include <iterator>
+#include <type_traits>
+
+#include "XMLElement.h"
+#include "XMLList.h"
+
+class zt_AttributeValuePair;
+
+/// How the library reads and writes one type; opaque to callers.
+struct ZtElementType;
+
+/// Whether `element` is of the class that `type`, a T::kType, describes.
+ZT_API bool ZtIsA(const XMLElement& element, const ZtElementType& type);
+
+/// `element` as a T, or null when it is null or of another class. What an element of a mixed list
+/// is, is asked like this: ZtAs<zt_ns_xcap_forward_to_type>(element).
+template <class T>
+T* ZtAs(XMLElement* element) {
+  return element && ZtIsA(*element, T::kType) ? static_cast<T*>(element) : nullptr;
+}
+
+/// A list that holds `T`: a schema type, zt_string, zt_AttributeValuePair, or XMLElement for one of
+/// several types. It is no more than a ZtSingleElementList with a name for its entries; those are
+/// made by zt_xml_common_methods::CreateElementList or a factory.
+template <class T>
+class ZtListOf : public ZtSingleElementList {
+ public:
+  ZtListOf() = delete;
+};
+
+/// The entries of a list that are a `T`, as a range. Others are left out, so that one type can be
+/// picked from a list of several, and a list that a caller filled with anything does no harm.
+template <class T>
+class ZtEntries {
+ public:
+  class Iterator {
+   public:
+    using iterator_category = std::input_iterator_tag;
+    using value_type = T;
+    using difference_type = std::ptrdiff_t;
+    using pointer = T*;
+    using reference = T&;
+
+    explicit Iterator(ZtListNode* node) { Find(node); }
+    T& operator*() const { return *m_pEntry; }
+    T* operator->() const { return m_pEntry; }
+    Iterator& operator++() {
+      Find(m_pNext);
+      return *this;
+    }
+    bool operator==(const Iterator& other) const { return m_pEntry == other.m_pEntry; }
+    bool operator!=(const Iterator& other) const { return m_pEntry != other.m_pEntry; }
+
+   private:
+    void Find(ZtListNode* node) {
+      m_pEntry = nullptr;
+      for (; node && !m_pEntry; node = node->next) m_pEntry = EntryOf(node->data);
+      m_pNext = node;
+    }
+
+    T* m_pEntry;
+    ZtListNode* m_pNext;  // found before its time: the entry may be removed and deleted meanwhile
+  };
+
+  explicit ZtEntries(ZtSingleElementList* list) : m_pHead(list ? list->m_pHead : nullptr) {}
+  Iterator begin() const { return Iterator(m_pHead); }
+  Iterator end() const { return Iterator(nullptr); }
+
+ private:
+  static T* EntryOf(void* data) {
+    if constexpr (std::is_same_v<T, zt_AttributeValuePair>) {
+      return T::From(static_cast<XMLAttribute*>(data));
+    } else if constexpr (std::is_same_v<T, XMLElement>) {
+      return static_cast<XMLElement*>(data);
+    } else {
+      return ZtAs<T>(static_cast<XMLElement*>(data));
+    }
+  }
+
+  ZtListNode* m_pHead;
+};
+
+/// Walks `list`, which may be null: that has no entries. The entry that a loop is at may be removed
+/// from the list, and deleted; nothing else may be removed meanwhile.
+template <class T>
+ZtEntries<T> ZtEach(ZtListOf<T>* list) {
+  return ZtEntries<T>(list);
+}
+/// The same of those entries of any list that are a `T`: a list of children, or for `T`
+/// zt_AttributeValuePair one of attributes.
+template <class T>
+ZtEntries<T> ZtEach(ZtSingleElementList* list) {
+  return ZtEntries<T>(list);
+}
+
+#endif  // ZTXML_INCLUDE_ZTLISTOF_H
