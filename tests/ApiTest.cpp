@@ -20,22 +20,6 @@ TEST(Api, FactoriesMakeNullWithoutMemory) {
   }
 }
 
-// Steps that take more or less than one object.
-TEST(Api, OtherSteps) {
-  ConferenceInfoDataBinder make;
-  Tree<zt_uris_type> uris(make.CreateURIsType());
-  Tree<zt_conference_type> sidebar(make.CreateConferenceInfoType());
-  Conference_infoMarshall conference;
-  EXPECT_EQ(conference.AddUrisTypeElementToXml(uris.get(), XML_STR_CONF_URIS), 1);
-  EXPECT_EQ(conference.AddConferenceInfoElementToXml(sidebar.get(), XML_STR_ENTRY), 0);
-  sidebar->setEntityValue("e");
-  EXPECT_EQ(conference.AddConferenceInfoElementToXml(sidebar.get(), XML_STR_ENTRY), 1);
-  EXPECT_EQ(conference.AddConferenceInfoElementToXml(nullptr, XML_STR_CONFERENCE_INFO), 0);
-  char text[] = "text";
-  EXPECT_EQ(BootstrappingInfoMarshaller().AddBtidElementToXml(text), 1);
-  EXPECT_EQ(BootstrappingInfoMarshaller().AddLifetimeElementToXml(nullptr), 0);
-}
-
 // Who owns an offered child is told by the result, also when there is no memory for it or its text.
 // Under a child's name nothing else is taken.
 TEST(Api, OfferedChildrenAreTakenOrNot) {

@@ -58,22 +58,6 @@ TEST(Decoder, NamesAreNormalisedApartFromTheirTexts) {
   EXPECT_EQ(exact.GetSessionData(), nullptr);
 }
 
-TEST(Decoder, WithoutMemoryForANameTheTreeIsNotUsed) {
-  for (const bool attribute : {false, true}) {
-    XMLReginfoDecoder decoder;
-    const LogCapture log(3);
-    zthost::FailAllocation(1);
-    EXPECT_EQ(attribute
-                  ? decoder.ProcessAttribute(Literal("reginfo"), Literal("state"), Literal("full"))
-                  : decoder.ProcessElement(Literal("reginfo"), nullptr),
-              -1);
-    EXPECT_EQ(log.Texts(), std::vector<std::string>{
-                               std::string("<XML Module>XMLReginfoDecoder :: Process") +
-                               (attribute ? "Attribute" : "Element") + ": m_PassName is NULL"});
-    EXPECT_TRUE(decoder.Failed());
-  }
-}
-
 // What stands outside of the tree is told as such, whichever way it comes.
 TEST(Decoder, SaysThatNothingIsOpen) {
   const std::string text = "<x a='1' b='2'><y c='3' >t</y></x>";

@@ -83,6 +83,14 @@ T* Foreign() {
   return static_cast<T*>(static_cast<XMLElement*>(ZtCreate<zt_string>("tests/Foreign")));
 }
 
+/// A caller's own element, which does not say what it is.
+struct Nameless : XMLElement {
+  const char* ClassName() const override { return nullptr; }
+  const char* BaseClassName() const override { return "XMLElement"; }
+  const char* ElementName() const override { return "nameless"; }
+  int ReservedHook() override { return 0; }
+};
+
 /// A whole document as it is written: a line break before each start tag, double quotes.
 inline std::string Document(const std::string& content) {
   std::string text = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>";

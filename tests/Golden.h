@@ -221,7 +221,8 @@ inline Lines ValuesOf(const reflect::Field& field) {
   for (const reflect::Item& item : field.items) {
     std::string value;
     if (item.object) {
-      value = item.object->ClassName();
+      const char* className = item.object->ClassName();
+      value = className ? className : "(one that has no class name)";
     } else if (field.HoldsAttributes()) {
       value = std::string(item.name ? item.name : "(default)") + " = " +
               (item.text ? Quoted(item.text) : "(null)");
@@ -270,6 +271,7 @@ class TreeTeller : public reflect::Visitor {
     const bool other = in && in->place == ZtPlace::kOtherChildren;
     Line(name + (" : " + std::string(object.ClassName())) + (other ? " (other element)" : ""));
     m_Indent += "  ";
+    Nowhere(object);
     return true;
   }
   void Begin(const reflect::Field& field) override {
@@ -283,6 +285,17 @@ class TreeTeller : public reflect::Visitor {
   void Leave(const XMLElement& /*object*/) override { m_Indent.resize(m_Indent.size() - 2); }
 
  private:
+  // The enumerations that have neither one of their values nor what a new object has.
+  void Nowhere(const XMLElement& object) {
+    const Tree<XMLElement> fresh(reflect::TypeOf(object).maker.Create("tests/Golden"));
+    const Lines before = ::FieldsOf(*fresh);
+    const Lines now = ::FieldsOf(object);
+    const std::vector<reflect::Field> fields = reflect::FieldsOf(object);
+    for (std::size_t i = 0; i < fields.size(); ++i) {
+      const bool absent = fields[i].value == ZtValue::kEnum && !fields[i].IsPresent();
+      if (absent && now[i] != before[i]) Line(now[i]);
+    }
+  }
   void Line(const std::string& text) { m_Lines.push_back(m_Indent + text); }
 
   std::string m_Indent;

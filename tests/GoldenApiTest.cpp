@@ -2,6 +2,7 @@
 // factories make, and what the marshallers' steps and the workers log.
 #include <cctype>
 #include <functional>
+#include <utility>
 
 #include "ApiScript.h"
 #include "Golden.h"
@@ -9,6 +10,10 @@
 namespace {
 
 constexpr char kSource[] = "tests/Golden";
+
+std::filesystem::path FullDocument(const XMLSchemaInfo& info) {
+  return std::filesystem::path(ZTXML_GOLDEN_DIR) / "documents" / info.name / "full.xml";
+}
 
 std::string Listed(const Lines& lines, const char* between = ", ") {
   std::string text;
@@ -30,6 +35,16 @@ XMLElement* Make() {
 #define ZT_CLASS(C, header) {#C, header, &Make<C>},
 const ApiClass kClasses[] = {ZT_API_HEADERS(ZT_CLASS)};
 #undef ZT_CLASS
+
+// What is offered as a child: an object of each class, and of none.
+const std::vector<ApiClass>& Children() {
+  static const std::vector<ApiClass> kChildren = [] {
+    std::vector<ApiClass> all(std::begin(kClasses), std::end(kClasses));
+    all.push_back({"(one that has no class name)", "", &Make<Nameless>});
+    return all;
+  }();
+  return kChildren;
+}
 
 // Under which name, with what, something is offered.
 struct Offer {
@@ -71,8 +86,8 @@ Answer Ask(const ApiClass& of, const std::vector<Offer>& offers) {
       if (offer.pair) {
         pairs.push_back(zt_xml_common_methods::CreateAttribute(name.c_str(), text.c_str()));
       }
-      answer.result =
-          self->ProcessUnMarshallAttribute(given, text.data(), offer.pair ? pairs.back() : nullptr);
+      answer.result = self->ProcessUnMarshallAttribute(given, offer.text ? text.data() : nullptr,
+                                                       offer.pair ? pairs.back() : nullptr);
     } else {
       if (offer.child) children.push_back(offer.child());
       answer.result = self->ProcessUnMarshall(given, offer.text ? text.data() : nullptr,
@@ -196,10 +211,15 @@ std::string TellWords(const ApiClass& of, Offer offer) {
   };
   Outcomes outcomes = asked(OddWords());
   if (!keepsText(outcomes)) outcomes = asked(AllWords());
+  const Offer none = {offer.attribute, offer.name, offer.atEnd};
+  offer.text = "5";
+  std::string null = Summary(Ask(of, {none}));
+  if (outcomes.size() == 1 && null == outcomes[0].first) return ' ' + null + '\n';
+  null = "      null: " + null + "; after \"5\" " + Summary(Ask(of, {offer, none})) + '\n';
   if (outcomes.size() > 1 || keepsText(outcomes)) {
-    return '\n' + TellOutcomes("      ", outcomes, "texts");
+    return '\n' + TellOutcomes("      ", outcomes, "texts") + null;
   }
-  return ' ' + outcomes[0].first + '\n';
+  return ' ' + outcomes[0].first + '\n' + null;
 }
 
 // ---- Classes ------------------------------------------------------------------------------------
@@ -242,30 +262,37 @@ std::string TellName(const ApiClass& of, const std::string& name, const Lines& t
   Lines answers, unknown;
   for (const Way& way : ways) answers.push_back(Summary(Ask(of, {way.offer})));
   for (const std::string& answer : toUnknown) unknown.push_back(Replaced(answer, kUnknown, name));
-  if (answers == unknown) return text;
+  const std::vector<reflect::Field> fields = reflect::FieldsOf(*Tree<XMLElement>(of.make()));
+  const bool holdsObjects = std::any_of(fields.begin(), fields.end(), [&](const auto& field) {
+    return field.name && field.name == name && field.value == ZtValue::kObject;
+  });
+  if (answers == unknown && !holdsObjects) return text;
   const std::string ownLines = Tree<XMLElement>(of.make())->ClassName() + std::string("::");
   for (std::size_t i = 0; i < ways.size(); ++i) {
     const Way& way = ways[i];
     const std::size_t pair = i / 2 * 2;
-    if (answers[pair] == unknown[pair] && answers[pair + 1] == unknown[pair + 1]) continue;
+    const bool known = answers[pair] != unknown[pair] || answers[pair + 1] != unknown[pair + 1];
+    if (!known && (!way.offer.child || !holdsObjects)) continue;
     std::string told = ' ' + answers[i] + '\n';
     if (way.offer.child) {
       Outcomes outcomes;
-      for (const ApiClass& child : kClasses) {
+      for (const ApiClass& child : Children()) {
         Offer offer = way.offer;
         offer.child = child.make;
-        const std::string className = Tree<XMLElement>(child.make())->ClassName();
+        const char* ownName = Tree<XMLElement>(child.make())->ClassName();
+        const std::string className = ownName ? ownName : child.name;
         std::string answer = Replaced(Summary(Ask(of, {offer})), ownLines, "(own lines)");
         answer = Replaced(answer, className, "(its class)");
         AddTo(outcomes, Replaced(answer, "(own lines)", ownLines), child.name);
       }
+      if (!known && outcomes.size() == 1) continue;
       if (outcomes.size() > 1) told = '\n' + TellOutcomes("      ", outcomes, "classes");
     } else if (!way.offer.pair) {
       told = TellWords(of, way.offer);
     }
     text += "    " + std::string(way.label) + ':' + told;
   }
-  return "  " + name + '\n' + text;
+  return text.empty() ? text : "  " + name + '\n' + text;
 }
 
 std::string TellClass(const ApiClass& of, const Lines& names) {
@@ -281,7 +308,9 @@ std::string TellClass(const ApiClass& of, const Lines& names) {
   text += "\nfields of a new object:\n" + Joined(FieldsOf(*fresh), "  ");
   text += "offered without a name:\n";
   text += "  start, no object: " + Summary(Ask(of, {{false, nullptr}})) + '\n';
+  text += "  start, an object: " + Summary(Ask(of, {WaysOf(nullptr)[1].offer})) + '\n';
   text += "  attribute, a text: " + Summary(Ask(of, {{true, nullptr}})) + '\n';
+  text += "  attribute, a pair: " + Summary(Ask(of, {WaysOf(nullptr)[5].offer})) + '\n';
   text += "offered under an unknown name:\n";
   Lines unknown;
   for (const Way& way : WaysOf(kUnknown)) {
@@ -305,29 +334,110 @@ TEST(GoldenApi, Classes) {
 
 // ---- Factories, steps, workers ------------------------------------------------------------------
 
+// What a call makes or returns and logs.
+std::string TellCall(const std::string& name, const std::function<std::string()>& call) {
+  const LogCapture log;
+  const std::string told = call();
+  return name + ": " + told + '\n' + Joined(Told(log), "  ");
+}
+
+std::string TellMade(const std::string& name, const std::function<XMLElement*()>& make) {
+  return TellCall(name, [&]() -> std::string {
+    const Tree<XMLElement> made(make());
+    if (!made) return "null";
+    if (!ZtIsA(*made, zt_empty_element_type::kType)) return made->ClassName();
+    const auto& flag = static_cast<const zt_empty_element_type&>(*made);
+    const char* value = flag.getValue();
+    return made->ClassName() + (", present " + std::to_string(flag.getPresentValue())) +
+           (value ? ", value " + Quoted(value) : "");
+  });
+}
+
 std::string TellFactories() {
   std::string text;
   for (const ApiTables::Factory& factory : kApiFactories) {
-    const LogCapture log;
-    const Tree<XMLElement> made(factory.make());
-    text += std::string(factory.name) + ": " + made->ClassName() + '\n' + Joined(Told(log), "  ");
+    text += TellMade(factory.name, factory.make);
+  }
+  text += TellCall("XcapErrorDataBinder::CreateList", [] {
+    ZtSingleElementList* list = XcapErrorDataBinder().CreateList();
+    const std::string count = std::to_string(list->GetCount()) + " entries";
+    ZtRelease(list);
+    return count;
+  });
+  // Factories that are told what their root is.
+  CommunicationBarringDataBinder barring;
+  for (const int kind : {-1, 0, 2, 3, 1}) {
+    text += TellMade("CommunicationBarringDataBinder of kind " + std::to_string(kind), [&] {
+      if (kind >= 0) barring.setCBType(static_cast<XML_COMMUNICATION_BARRING_TYPE>(kind));
+      return barring.CreateRootElement();
+    });
+  }
+  GruuDataBinder gruu;
+  for (const char* type : {"(fresh)", "temp-gruu", "pub", "t", "", "pub-gruu-x", "x", "(null)"}) {
+    text += TellMade("GruuDataBinder of type " + std::string(type), [&] {
+      const std::string chosen = type;
+      if (chosen != "(fresh)") gruu.setGruuType(chosen == "(null)" ? nullptr : type);
+      return gruu.CreateRootElement();
+    });
   }
   return text;
 }
 
-// What the step `method` of a marshaller M makes of null and of an empty object.
-template <class M, class Base, class Element>
-std::string Step(int (Base::*method)(Element*), const char* name) {
-  std::conditional_t<std::is_abstract_v<M>, Communication_diversionMarshaller, M> marshaller;
-  const Tree<Element> empty(ZtCreate<Element>(kSource));
-  std::string text = std::string(name) + '\n';
-  for (Element* element : {static_cast<Element*>(nullptr), empty.get()}) {
+// Runs a step where it can write: at the start of a document.
+template <class Worker>
+class StepRunner : public Worker {
+ public:
+  // The step's result, its lines and what it writes.
+  std::string Tell(const std::function<int(Worker&)>& step) {
+    Schema schema(this->Document().info.id);
+    Tree<XMLElement> root(schema.context()->createBinderFactory()->CreateRootElement());
+    if (!this->Marshall(root.get())) {  // it has to have something in it
+      root = schema.template Read<XMLElement>(ReadFile(FullDocument(this->Document().info)));
+    }
+    const std::string plain = Text(this->Marshall(root.get()));
+    m_Step = step;
+    const std::string whole = Text(this->Marshall(root.get()));
+    if (whole.size() < plain.size()) return "(no document)\n";
+    const std::size_t declaration = plain.find("?>");
+    const std::size_t start = declaration == std::string::npos ? 0 : declaration + 2;
+    const std::string written = whole.substr(start, whole.size() - plain.size());
+    return m_Told + (written.empty() ? "" : "    writes " + Quoted(written) + '\n');
+  }
+
+ private:
+  static std::string Text(const char* text) { return text ? text : ""; }
+  bool UseNamespaces(const ZtNamespaceBindings*&) override {
+    if (!m_Step) return true;
+    const auto step = std::exchange(m_Step, nullptr);
     const LogCapture log;
-    const int result = (marshaller.*method)(element);
-    text += std::string(element ? "  an empty object: " : "  null: ") + std::to_string(result) +
-            '\n' + Joined(Told(log), "    ");
+    const int result = step(*this);
+    m_Told = std::to_string(result) + '\n' + Joined(Told(log), "    ");
+    return true;
+  }
+
+  std::function<int(Worker&)> m_Step;
+  std::string m_Told;
+};
+
+// What the step `method` of a marshaller makes of null and of an empty object.
+template <class Worker, class Base, class Element>
+std::string StepOf(int (Base::*method)(Element*), const std::string& name) {
+  const Tree<Element> empty(ZtCreate<Element>(kSource));
+  std::string text = name + '\n';
+  for (Element* element : {static_cast<Element*>(nullptr), empty.get()}) {
+    text += std::string(element ? "  an empty object: " : "  null: ") +
+            StepRunner<Worker>().Tell([&](Worker& worker) { return (worker.*method)(element); });
   }
   return text;
+}
+template <class M, class Base, class Element>
+std::string Step(int (Base::*method)(Element*), const std::string& name) {
+  if constexpr (std::is_abstract_v<M>) {  // what two services share
+    return StepOf<Communication_diversionMarshaller>(method, name) +
+           StepOf<Communication_barringMarshaller>(method, name + " of barring");
+  } else {
+    return StepOf<M>(method, name);
+  }
 }
 
 std::string TellSteps() {
@@ -335,33 +445,95 @@ std::string TellSteps() {
 #define ZT_STEP(M, method) text += Step<M>(&M::method, #M "::" #method);
   ZT_API_STEPS(ZT_STEP)
 #undef ZT_STEP
+  // Those that take something else.
+  char given[] = "given";
+  zt_uris_type uris;
+  zt_conference_type nameless, sidebar;
+  sidebar.setEntityValue("e");
+#define ZT_CALL(M, ...)                            \
+  text += std::string(#M "::" #__VA_ARGS__ ": ") + \
+          StepRunner<M>().Tell([&](M& worker) { return worker.__VA_ARGS__; });
+  ZT_CALL(BootstrappingInfoMarshaller, AddBtidElementToXml(nullptr))
+  ZT_CALL(BootstrappingInfoMarshaller, AddBtidElementToXml(given))
+  ZT_CALL(BootstrappingInfoMarshaller, AddLifetimeElementToXml(nullptr))
+  ZT_CALL(BootstrappingInfoMarshaller, AddLifetimeElementToXml(given))
+  ZT_CALL(Conference_infoMarshall, AddConferenceInfoElementToXml(nullptr, XML_STR_ENTRY))
+  ZT_CALL(Conference_infoMarshall, AddConferenceInfoElementToXml(&nameless, XML_STR_ENTRY))
+  ZT_CALL(Conference_infoMarshall, AddConferenceInfoElementToXml(&sidebar, XML_STR_ENTRY))
+  ZT_CALL(Conference_infoMarshall, AddConferenceInfoElementToXml(&sidebar, XML_STR_CONFERENCE_INFO))
+  ZT_CALL(Conference_infoMarshall, AddUrisTypeElementToXml(nullptr, XML_STR_CONF_URIS))
+  ZT_CALL(Conference_infoMarshall, AddUrisTypeElementToXml(&uris, XML_STR_CONF_URIS))
+  ZT_CALL(IMDNMarshaller, AddNotificationXML(XML_STR_DISPLAY_NOTIFICATION, XML_STR_ERROR, nullptr))
+  ZT_CALL(IMDNMarshaller, AddNotificationXML(XML_STR_DISPLAY_NOTIFICATION, XML_STR_ID, nullptr))
+  ZT_CALL(IMDNMarshaller, AddNotificationXML(XML_STR_ID, XML_STR_ERROR, nullptr))
+  ZT_CALL(IsComposingMarshaller, AddStateElementToXml(nullptr))
+  ZT_CALL(IsComposingMarshaller, AddStateElementToXml(given))
+  ZT_CALL(IsComposingMarshaller, AddLastactiveElementToXml(nullptr))
+  ZT_CALL(IsComposingMarshaller, AddLastactiveElementToXml(given))
+  ZT_CALL(IsComposingMarshaller, AddContenttypeElementToXml(nullptr))
+  ZT_CALL(IsComposingMarshaller, AddContenttypeElementToXml(given))
+  ZT_CALL(IsComposingMarshaller, AddRefreshElementToXml(0))
+  ZT_CALL(IsComposingMarshaller, AddRefreshElementToXml(1))
+#undef ZT_CALL
   return text;
+}
+
+// What a schema's decoder says when there is no memory for a name.
+std::string TellNoName(eXMLSchemaID id, bool attribute) {
+  reflect::Schema schema;
+  if (!reflect::FindSchema(id, schema)) return "(no schema)";
+  char tag[] = "p:a", name[] = "b", value[] = "c";
+  ZtSchemaDecoder* decoder = schema.document->newDecoder.Create(kSource);
+  zthost::FailAllocation(1);
+  const int result = attribute ? decoder->ProcessAttribute(tag, name, value)
+                               : decoder->ProcessElement(tag, nullptr);
+  zthost::FailAllocation(0);
+  const bool failed = decoder->Failed();
+  XMLFactory::DeleteElement(static_cast<XMLObject*>(decoder->GetSessionData()));
+  ZtRelease(decoder);
+  return std::to_string(result) + (failed ? ", failed" : "");
 }
 
 // By which names the workers of a document are known in the log.
 std::string TellWorkers(const XMLSchemaInfo& info) {
-  const std::string document =
-      ReadFile(std::filesystem::path(ZTXML_GOLDEN_DIR) / "documents" / info.name / "full.xml");
+  const std::filesystem::path path = FullDocument(info);
+  const std::string document = ReadFile(path);
   std::string text = std::string("== ") + info.name + " ==\n";
   BoundSchema schema(info.id, document);
   XMLUnMarshaller* reader = schema.context()->createUnMarshaller();
-  const auto tell = [&](const char* what, const std::function<void()>& run) {
+  const auto told = [&](const std::function<void()>& run) {
     const LogCapture log;
     run();
-    text += std::string(what) + ":\n" + Joined(Told(log, document), "  ");
+    return Told(log, document);
+  };
+  const auto tell = [&](const char* what, const std::function<void()>& run) {
+    text += std::string(what) + ":\n" + Joined(told(run), "  ");
   };
   tell("a null text", [&] { reader->UnMarshall(static_cast<const char*>(nullptr)); });
   tell("a null file", [&] { reader->UnMarshall(static_cast<XMLFile*>(nullptr)); });
+  const Lines ofText = told([&] { schema.Read<XMLElement>(document); });
+  const Lines ofFile = told([&] {
+    XMLFile file(path.c_str(), XML_FILE_READ);
+    const Tree<XMLElement> root(reader->UnMarshall(&file));
+    file.CloseFile();
+  });
+  text += "a file instead of its text:\n" + Joined(Difference(ofText, ofFile), "  ");
   tell("a text that is no document", [&] { schema.Read<XMLElement>("<a/>"); });
   tell("no memory to copy the text", [&] {
     zthost::FailAllocation(1);
     reader->UnMarshall(document.c_str());
     zthost::FailAllocation(0);
   });
+  for (const bool attribute : {false, true}) {
+    text += TellCall(attribute ? "no memory for an attribute's element" : "no memory for a name",
+                     [&] { return TellNoName(info.id, attribute); });
+  }
   if (!schema.writer()) return text + "no marshaller\n";
   tell("null to be written", [&] { schema.Write(nullptr); });
   zt_string foreign;
   tell("a foreign object to be written", [&] { schema.Write(&foreign); });
+  Nameless nameless;
+  tell("an object without a class name to be written", [&] { schema.Write(&nameless); });
   const auto root = schema.Read<XMLElement>(document);
   schema.Write(root.get());
   const LogCapture log;

@@ -1,59 +1,10 @@
-// What the public hooks of the types make of objects and texts that no document brings.
+// Flags and attributes as no golden document brings them.
 #include <gtest/gtest.h>
 
 #include "ApiTable.h"
 #include "DocumentSupport.h"
-#include "binding/ZtBinding.h"
 
 namespace {
-
-char* Literal(const char* text) { return const_cast<char*>(text); }
-
-// A caller's own element, which does not say what it is.
-struct Nameless : XMLElement {
-  const char* ClassName() const override { return nullptr; }
-  const char* BaseClassName() const override { return "XMLElement"; }
-  const char* ElementName() const override { return "nameless"; }
-  int ReservedHook() override { return 0; }
-};
-
-// Such an object is nobody's child. Only some documents refuse it.
-TEST(Hooks, ChildrenWithoutAClassName) {
-  const struct {
-    const ZtElementType& parent;
-    const char* name;
-    int answer;
-  } kCases[] = {
-      {zt_reginfo::kType, "registration", 0},
-      {zt_ns_reginfo_contact::kType, "unknown-param", 0},
-      {zt_imdn::kType, "display-notification", 0},
-      {zt_status::kType, "/delivered", 0},
-      {zt_conference_type::kType, "users", 0},
-      {zt_conference_description_type::kType, "/keywords", 0},
-      {zt_ns_common_policy_ruleset::kType, "rule", 1},
-      {zt_communication_diversion::kType, "ruleset", 1},
-      {zt_xcap_directory::kType, "folder", 1},
-      {zt_xcap_error::kType, "not-utf-8", 1},
-      {zt_listType::kType, "entry", 1},
-      {zt_tuple::kType, "status", 1},
-      {zt_characteristic::kType, "parm", 1},
-  };
-  for (const auto& [type, name, answer] : kCases) {
-    Nameless child;
-    const Tree<XMLElement> parent(type.maker.Create("tests/HooksTest"));
-    EXPECT_EQ(parent->ProcessUnMarshall(Literal(name), nullptr, &child), answer) << name;
-  }
-}
-
-// A time that is not said is an empty one, so that the pairs stay pairs.
-TEST(Hooks, TimesWithoutAText) {
-  zt_ns_common_policy_validityType validity;
-  EXPECT_EQ(validity.ProcessUnMarshall(Literal("/from"), nullptr, nullptr), 1);
-  EXPECT_EQ(validity.ProcessUnMarshall(Literal("/until"), Literal("u"), nullptr), 1);
-  ASSERT_EQ(CountOf(validity.getFromListValue()), 1);
-  EXPECT_STREQ(EntryOf<zt_string>(validity.getFromListValue(), 0)->getValue(), "");
-  EXPECT_STREQ(EntryOf<zt_string>(validity.getUntilListValue(), 0)->getValue(), "u");
-}
 
 // A flag that is present and has no name is written as nothing, but for a rule's, which needs one.
 TEST(Hooks, FlagsWithoutAName) {

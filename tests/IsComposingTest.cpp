@@ -14,20 +14,8 @@ std::string Out(const std::string& content) {
          "xsi:schemaLocation=\"urn:ietf:params:xml:ns:im-composing  iscomposing.xsd\">" +
          content + "</isComposing>";
 }
-TEST(IsComposing, StepsAndSelfCheck) {
-  IsComposingMarshaller steps;
-  char text[] = "text";
+TEST(IsComposing, SelfCheck) {
   LogCapture log;
-  EXPECT_EQ(steps.AddStateElementToXml(text), 1);
-  EXPECT_EQ(steps.AddLastactiveElementToXml(text), 1);
-  EXPECT_EQ(steps.AddContenttypeElementToXml(text), 1);
-  EXPECT_EQ(steps.AddRefreshElementToXml(1), 1);
-  EXPECT_EQ(log.Texts(),
-            (std::vector<std::string>{
-                kModule + "AddStateElementToXml", kModule + "AddLastactiveElementToXml",
-                kModule + "AddContenttypeElementToXml", kModule + "AddRefreshElementToXml"}));
-  EXPECT_EQ(steps.AddStateElementToXml(nullptr), 0);
-  EXPECT_EQ(steps.AddRefreshElementToXml(0), 0);
   TestIsComposingMarshall();
   EXPECT_SAME(log.Texts().back(),
               kModule + "IsComposingMarshaller XML " +

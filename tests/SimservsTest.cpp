@@ -70,12 +70,14 @@ TEST(Simservs, LeavesOutWhatIsNoService) {
 
   root->addService(ZtCreate<zt_Simservs>("t"));
   root->getServiceListValue()->Add(nullptr);
+  root->getServiceListValue()->Add(static_cast<XMLElement*>(ZtCreate<Nameless>("t")));
   const std::string text = schema.Write(root.get());
   EXPECT_EQ(text.find("simservs", kStart.size()), text.size() - 9);
   EXPECT_EQ(schema.Write(root.get()), text);
   EXPECT_EQ(log.Count("SimservsMarshaller XML - Communication Barring Marshalling Success"), 4);
   EXPECT_EQ(log.Count("SimservsMarshaller XML - TIP Marshalling Success"), 2);
   EXPECT_EQ(log.Count("SimservsMarshaller GetKeyAtIndex failed"), 2);
+  EXPECT_EQ(log.Count("<XML Module>: SimservsMarshaller get ClassName failed"), 2);
 }
 
 TEST(Simservs, PublicSteps) {
