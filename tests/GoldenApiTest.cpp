@@ -2,6 +2,7 @@
 // factories make, and what the marshallers' steps and the workers log.
 #include <cctype>
 #include <functional>
+#include <utility>
 
 #include "ApiScript.h"
 #include "Golden.h"
@@ -9,6 +10,10 @@
 namespace {
 
 constexpr char kSource[] = "tests/Golden";
+
+std::filesystem::path FullDocument(const XMLSchemaInfo& info) {
+  return std::filesystem::path(ZTXML_GOLDEN_DIR) / "documents" / info.name / "full.xml";
+}
 
 std::string Listed(const Lines& lines, const char* between = ", ") {
   std::string text;
@@ -378,17 +383,50 @@ std::string TellFactories() {
   return text;
 }
 
+// Runs a step where it can write: at the start of a document.
+template <class Worker>
+class StepRunner : public Worker {
+ public:
+  // The step's result, its lines and what it writes.
+  std::string Tell(const std::function<int(Worker&)>& step) {
+    Schema schema(this->Document().info.id);
+    Tree<XMLElement> root(schema.context()->createBinderFactory()->CreateRootElement());
+    if (!this->Marshall(root.get())) {  // it has to have something in it
+      root = schema.template Read<XMLElement>(ReadFile(FullDocument(this->Document().info)));
+    }
+    const std::string plain = Text(this->Marshall(root.get()));
+    m_Step = step;
+    const std::string whole = Text(this->Marshall(root.get()));
+    if (whole.size() < plain.size()) return "(no document)\n";
+    const std::size_t declaration = plain.find("?>");
+    const std::size_t start = declaration == std::string::npos ? 0 : declaration + 2;
+    const std::string written = whole.substr(start, whole.size() - plain.size());
+    return m_Told + (written.empty() ? "" : "    writes " + Quoted(written) + '\n');
+  }
+
+ private:
+  static std::string Text(const char* text) { return text ? text : ""; }
+  bool UseNamespaces(const ZtNamespaceBindings*&) override {
+    if (!m_Step) return true;
+    const auto step = std::exchange(m_Step, nullptr);
+    const LogCapture log;
+    const int result = step(*this);
+    m_Told = std::to_string(result) + '\n' + Joined(Told(log), "    ");
+    return true;
+  }
+
+  std::function<int(Worker&)> m_Step;
+  std::string m_Told;
+};
+
 // What the step `method` of a marshaller makes of null and of an empty object.
 template <class Worker, class Base, class Element>
 std::string StepOf(int (Base::*method)(Element*), const std::string& name) {
-  Worker marshaller;
   const Tree<Element> empty(ZtCreate<Element>(kSource));
   std::string text = name + '\n';
   for (Element* element : {static_cast<Element*>(nullptr), empty.get()}) {
-    const LogCapture log;
-    const int result = (marshaller.*method)(element);
-    text += std::string(element ? "  an empty object: " : "  null: ") + std::to_string(result) +
-            '\n' + Joined(Told(log), "    ");
+    text += std::string(element ? "  an empty object: " : "  null: ") +
+            StepRunner<Worker>().Tell([&](Worker& worker) { return (worker.*method)(element); });
   }
   return text;
 }
@@ -412,8 +450,9 @@ std::string TellSteps() {
   zt_uris_type uris;
   zt_conference_type nameless, sidebar;
   sidebar.setEntityValue("e");
-#define ZT_CALL(M, ...) \
-  text += TellCall(#M "::" #__VA_ARGS__, [&] { return std::to_string(M().__VA_ARGS__); });
+#define ZT_CALL(M, ...)                            \
+  text += std::string(#M "::" #__VA_ARGS__ ": ") + \
+          StepRunner<M>().Tell([&](M& worker) { return worker.__VA_ARGS__; });
   ZT_CALL(BootstrappingInfoMarshaller, AddBtidElementToXml(nullptr))
   ZT_CALL(BootstrappingInfoMarshaller, AddBtidElementToXml(given))
   ZT_CALL(BootstrappingInfoMarshaller, AddLifetimeElementToXml(nullptr))
@@ -421,6 +460,7 @@ std::string TellSteps() {
   ZT_CALL(Conference_infoMarshall, AddConferenceInfoElementToXml(nullptr, XML_STR_ENTRY))
   ZT_CALL(Conference_infoMarshall, AddConferenceInfoElementToXml(&nameless, XML_STR_ENTRY))
   ZT_CALL(Conference_infoMarshall, AddConferenceInfoElementToXml(&sidebar, XML_STR_ENTRY))
+  ZT_CALL(Conference_infoMarshall, AddConferenceInfoElementToXml(&sidebar, XML_STR_CONFERENCE_INFO))
   ZT_CALL(Conference_infoMarshall, AddUrisTypeElementToXml(nullptr, XML_STR_CONF_URIS))
   ZT_CALL(Conference_infoMarshall, AddUrisTypeElementToXml(&uris, XML_STR_CONF_URIS))
   ZT_CALL(IMDNMarshaller, AddNotificationXML(XML_STR_DISPLAY_NOTIFICATION, XML_STR_ERROR, nullptr))
@@ -456,8 +496,7 @@ std::string TellNoName(eXMLSchemaID id, bool attribute) {
 
 // By which names the workers of a document are known in the log.
 std::string TellWorkers(const XMLSchemaInfo& info) {
-  const std::filesystem::path path =
-      std::filesystem::path(ZTXML_GOLDEN_DIR) / "documents" / info.name / "full.xml";
+  const std::filesystem::path path = FullDocument(info);
   const std::string document = ReadFile(path);
   std::string text = std::string("== ") + info.name + " ==\n";
   BoundSchema schema(info.id, document);

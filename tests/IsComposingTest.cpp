@@ -28,23 +28,4 @@ TEST(IsComposing, SelfCheck) {
   zthost::FailAllocation(0);
 }
 
-// Runs the steps where they can be used, at the start of a document.
-class Steps : public IsComposingMarshaller {
-  bool UseNamespaces(const ZtNamespaceBindings*&) override {
-    char text[] = "t";
-    return AddStateElementToXml(text) && AddLastactiveElementToXml(text) &&
-           AddContenttypeElementToXml(text) && AddRefreshElementToXml(7);
-  }
-};
-
-TEST(IsComposing, StepsOfCallers) {
-  zt_isComposing root;
-  root.setStateValue("s");
-  EXPECT_SAME(Steps().Marshall(&root),
-              Out("\n<state>s</state>")
-                  .insert(38,
-                          "\n<state>t</state>\n<lastactive>t</lastactive>"
-                          "\n<contenttype>t</contenttype>\n<refresh>7</refresh>"));
-}
-
 }  // namespace
