@@ -131,7 +131,7 @@ class Hook {
  public:
   Hook(const ZtElementType& type, ZtArena* arena)
       : m_Type(type),
-        m_Lines(type.lines ? *type.lines : *type.family->lines),
+        m_Lines(*type.family->lines),
         m_Source(type.family->source, arena) {}
 
   const ZtHookLines& Lines() const { return m_Lines; }

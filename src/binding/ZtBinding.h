@@ -414,7 +414,6 @@ struct ZtElementType {
   ZtMaker<XMLElement> maker;
   const ZtField* fields = nullptr;
   const ZtChoice* choices = nullptr;        // elements in it that are no rows'; ends with none
-  const ZtHookLines* lines = nullptr;       // instead of the family's
   const char* unknownElement = nullptr;     // instead of the family's
   const ZtFixedAttribute* fixed = nullptr;  // attributes that its start tag always carries
   const char* writer = nullptr;             // the name its writer logs; null logs nothing
@@ -476,9 +475,6 @@ struct ZtElementType {
   }
   constexpr ZtElementType Chooses(const ZtChoice* table) const {
     return ZtWith(*this, &ZtElementType::choices, table);
-  }
-  constexpr ZtElementType Lines(const ZtHookLines& own) const {
-    return ZtWith(*this, &ZtElementType::lines, &own);
   }
   constexpr ZtElementType UnknownElement(const char* line) const {
     return ZtWith(*this, &ZtElementType::unknownElement, line);
