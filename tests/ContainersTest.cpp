@@ -97,7 +97,8 @@ TEST(XmlList, IsWalkedByItsType) {
   log.Clear();
   for (zt_string& word : ZtEach<zt_string>(words)) ADD_FAILURE() << word.getValue();
   for (zt_AttributeValuePair& pair : ZtEach(root->getNameSpaceInfo())) ADD_FAILURE() << &pair;
-  EXPECT_SAME(Logged(log), Lines{"3 <XML Module>: zt_schema_namespace_retrieval::getNameSpaceInfo"});
+  EXPECT_SAME(Logged(log),
+              Lines{"3 <XML Module>: zt_schema_namespace_retrieval::getNameSpaceInfo"});
 
   XMLElement* flag = ZtCreate<zt_empty_element_type>("test");
   for (const char* text : {"a", "b", "c"}) {

@@ -130,9 +130,7 @@ bool StoreOwnText(XMLElement& child, const ZtElementType& type, ZtPiece value, Z
 class Hook {
  public:
   Hook(const ZtElementType& type, ZtArena* arena)
-      : m_Type(type),
-        m_Lines(*type.family->lines),
-        m_Source(type.family->source, arena) {}
+      : m_Type(type), m_Lines(*type.family->lines), m_Source(type.family->source, arena) {}
 
   const ZtHookLines& Lines() const { return m_Lines; }
 
