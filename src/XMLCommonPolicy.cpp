@@ -74,7 +74,6 @@ const ZtElementType zt_ns_common_policy_oneType::kType =
     ZtTypeOf<zt_ns_common_policy_oneType>("zt_ns_common_policy_oneType", "CommonPolicy:OneType",
                                           CommonPolicyBinding::kFamily)
         .Fields(CommonPolicyBinding::kOne)
-        .Writer(XML_STR_ONE, nullptr)
         .UnknownElement(kCannotAccommodate)
         .SelfClosing()
         .ChecksFirst();
@@ -85,7 +84,6 @@ const ZtElementType zt_ns_common_policy_manyType::kType =
     ZtTypeOf<zt_ns_common_policy_manyType>("zt_ns_common_policy_manyType", "CommonPolicy:ManyType",
                                            CommonPolicyBinding::kFamily)
         .Fields(CommonPolicyBinding::kMany)
-        .Writer(XML_STR_MANY, nullptr)
         .UnknownElement(kCannotAccommodate)
         .StaysOpen();
 
@@ -94,7 +92,6 @@ const ZtElementType zt_ns_common_policy_identityType::kType =
                                                "CommonPolicy:IdentityType",
                                                CommonPolicyBinding::kFamily)
         .Fields(CommonPolicyBinding::kIdentity)
-        .Writer(XML_STR_IDENTITY, nullptr)
         .UnknownElement(kCannotAccommodate)
         .RefusesUnknownAttributes()
         .OnContent(CommonPolicyBinding::WriteIdentity);
@@ -103,7 +100,6 @@ const ZtElementType zt_ns_common_policy_sphereType::kType =
     ZtTypeOf<zt_ns_common_policy_sphereType>(
         "zt_ns_common_policy_sphereType", "CommonPolicy:SphereType", CommonPolicyBinding::kFamily)
         .Fields(CommonPolicyBinding::kSphere)
-        .Writer(XML_STR_SPHERE, nullptr)
         .RefusesUnknownChildren()
         .ChecksFirst();
 
@@ -112,7 +108,6 @@ const ZtElementType zt_ns_common_policy_validityType::kType =
                                                "CommonPolicy:ValidityType",
                                                CommonPolicyBinding::kFamily)
         .Fields(CommonPolicyBinding::kValidity)
-        .Writer(XML_STR_VALIDITY, nullptr)
         .RefusesUnknownAttributes()
         .OnContent(CommonPolicyBinding::WriteValidity);
 

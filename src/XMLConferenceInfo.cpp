@@ -286,16 +286,13 @@ const ZtElementType zt_uris_type::kType = ZtTypeOf<zt_uris_type>("zt_uris_type",
                                               .Writer(XML_STR_URIS, "AddUrisTypeElementToXml");
 const ZtElementType zt_keywords_type::kType =
     ZtTypeOf<zt_keywords_type>("zt_keywords_type", "keywords", kFamily)
-        .Fields(ConferenceInfoBinding::kKeywords)
-        .Writer(XML_STR_KEYWORDS, nullptr);
+        .Fields(ConferenceInfoBinding::kKeywords);
 const ZtElementType zt_user_languages_type::kType =
     ZtTypeOf<zt_user_languages_type>("zt_user_languages_type", "languages", kFamily)
-        .Fields(ConferenceInfoBinding::kLanguages)
-        .Writer(XML_STR_LANGUAGES, nullptr);
+        .Fields(ConferenceInfoBinding::kLanguages);
 const ZtElementType zt_user_roles_type::kType =
     ZtTypeOf<zt_user_roles_type>("zt_user_roles_type", "roles", kFamily)
-        .Fields(ConferenceInfoBinding::kRoles)
-        .Writer(XML_STR_ROLES, nullptr);
+        .Fields(ConferenceInfoBinding::kRoles);
 const ZtElementType zt_conference_medium_type::kType =
     ZtTypeOf<zt_conference_medium_type>("zt_conference_medium_type", "entry", kFamily)
         .Fields(ConferenceInfoBinding::kMedium)
@@ -324,8 +321,7 @@ const ZtElementType zt_sip_dialog_id_type::kType =
         .Writer(XML_STR_SIP, "AddSipElementToXml");
 const ZtElementType zt_call_type::kType =
     ZtTypeOf<zt_call_type>("zt_call_type", "call-info", kFamily)
-        .Fields(ConferenceInfoBinding::kCall)
-        .Writer(XML_STR_CALL_INFO, nullptr);
+        .Fields(ConferenceInfoBinding::kCall);
 const ZtElementType zt_media_type::kType =
     ZtTypeOf<zt_media_type>("zt_media_type", "media", kFamily)
         .Fields(ConferenceInfoBinding::kMedia)
@@ -347,8 +343,7 @@ const ZtElementType zt_users_type::kType =
         .Writer(XML_STR_USERS, "AddIUsersElementToXml");
 const ZtElementType zt_sidebars_by_val_type::kType =
     ZtTypeOf<zt_sidebars_by_val_type>("zt_sidebars_by_val_type", "sidebars-by-val", kFamily)
-        .Fields(ConferenceInfoBinding::kSidebars)
-        .Writer(XML_STR_SIDEBARS_BY_VAL, nullptr);
+        .Fields(ConferenceInfoBinding::kSidebars);
 const ZtElementType zt_conference_type::kType =
     ZtTypeOf<zt_conference_type>("zt_conference_type", "conference-info", kFamily)
         .Fields(ConferenceInfoBinding::kConference)

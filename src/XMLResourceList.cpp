@@ -88,8 +88,7 @@ struct ResourceListsBinding {
 
 const ZtElementType zt_display_nameType::kType =
     ZtTypeOf<zt_display_nameType>("zt_display_nameType", "display-name", kFamily)
-        .Fields(ResourceListsBinding::kDisplayName)
-        .Writer(XML_STR_DISPLAY_NAME, nullptr);
+        .Fields(ResourceListsBinding::kDisplayName);
 const ZtElementType zt_entryType::kType = ZtTypeOf<zt_entryType>("zt_entryType", "entry", kFamily)
                                               .Fields(ResourceListsBinding::kEntry)
                                               .Writer(XML_STR_ENTRY, "AddEntryElementToXml");
