@@ -292,6 +292,7 @@ TEST(Binding, DecoderCallbacksByHand) {
   EXPECT_TRUE(log.Has("In Toy :: ProcessAttribute, Element name is NULL"));
   EXPECT_EQ(decoder.ProcessAnyElement(nullptr, nullptr), nullptr);
   EXPECT_TRUE(log.Has("In Toy :: ProcessAnyElement, Element name is NULL"));
+  EXPECT_TRUE(log.Texts(kZtLogState).empty());
   EXPECT_EQ(decoder.ProcessElement(root, nullptr), 0);
   EXPECT_EQ(decoder.ProcessElement(list, nullptr), 0);
   EXPECT_EQ(decoder.ProcessElement(endEntry, nullptr), 0);  // of another class: closes nothing

@@ -84,6 +84,17 @@ TEST(Decoder, ExtensionsAreOpenedAndClosed) {
   const Tree<zt_reginfo> root = RootOf(decoder);
   auto* registration = EntryOf<zt_registration>(root->getRegistrationListValue(), 0);
   EXPECT_EQ(CountOf(registration->getContactListValue()), 2);
+
+  // One that its parent does not take leaves the parent open.
+  const std::string text =
+      "<reginfo state='full'><registration aor='a' id='r' state='init'><contact state='active' "
+      "event='created' id='c'><unknown-param name='n'>%</unknown-param><unknown-param name='m'>w"
+      "</unknown-param></contact></registration></reginfo>";
+  const auto written = [&](const std::string& parameter) {
+    return Schema(XML_SCHEMA_REGINFO)
+        .RoundTrip(std::string(text).replace(text.find('%'), 1, parameter));
+  };
+  EXPECT_SAME(written("<gr:pub-gruu uri='u'><x/>t</gr:pub-gruu>v"), written("v"));
 }
 
 // A start tag that would pass for an end.

@@ -494,11 +494,14 @@ std::string TellNoName(eXMLSchemaID id, bool attribute) {
   return std::to_string(result) + (failed ? ", failed" : "");
 }
 
-// By which names the workers of a document are known in the log.
+// What the factory says of a document, and by which names its workers are known in the log.
 std::string TellWorkers(const XMLSchemaInfo& info) {
   const std::filesystem::path path = FullDocument(info);
   const std::string document = ReadFile(path);
-  std::string text = std::string("== ") + info.name + " ==\n";
+  std::string text = std::string("== ") + info.name + " ==\nschema " + std::to_string(info.id);
+  for (const char* root : info.roots) text += root ? std::string(", root ") + root : "";
+  text += std::string(", namespace ") + (info.nameSpace ? info.nameSpace : "(none)") +
+          (info.writes ? ", is written\n" : ", is not written\n");
   BoundSchema schema(info.id, document);
   XMLUnMarshaller* reader = schema.context()->createUnMarshaller();
   const auto told = [&](const std::function<void()>& run) {
@@ -543,16 +546,39 @@ std::string TellWorkers(const XMLSchemaInfo& info) {
   return text + "what is written a second time begins with:\n" + Joined(lines, "  ");
 }
 
+// What is logged without memory and not with it, while a document is read and written. In no order,
+// which is that of the allocations.
+std::string TellWithoutMemory(const XMLSchemaInfo& info) {
+  const std::string document = ReadFile(FullDocument(info));
+  Schema schema(info.id);
+  schema.RoundTrip(document);  // the first time is logged otherwise
+  std::set<std::string> known, without;
+  for (long n = 0, reached = 1; reached; ++n) {
+    zthost::FailAllocation(n);
+    const LogCapture log;
+    schema.RoundTrip(document);
+    reached = n == 0 || zthost::AllocationCount() >= n;
+    zthost::FailAllocation(0);
+    for (const std::string& line : Told(log, document)) {
+      if (!known.count(line)) (n == 0 ? known : without).insert(line);
+    }
+  }
+  return std::string("== ") + info.name + " ==\n" + Joined({without.begin(), without.end()});
+}
+
 TEST(GoldenApi, Workers) {
   GoldenFolder golden("workers");
   golden.Expect("factories.txt", TellFactories());
   golden.Expect("steps.txt", TellSteps());
-  std::string text;
+  std::string workers, withoutMemory;
   for (int id = 0; id < XML_SCHEMA_END; ++id) {
     const XMLSchemaInfo* info = XMLFactory::getSchemaInfo(static_cast<eXMLSchemaID>(id));
-    if (info) text += TellWorkers(*info);
+    if (!info) continue;
+    workers += TellWorkers(*info);
+    withoutMemory += TellWithoutMemory(*info);
   }
-  golden.Expect("workers.txt", text);
+  golden.Expect("workers.txt", workers);
+  golden.Expect("without-memory.txt", withoutMemory);
 }
 
 }  // namespace

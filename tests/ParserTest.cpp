@@ -261,6 +261,7 @@ TEST(XmlDecoder, EveryAllocationMayFail) {
     return result == ZT_XML_ERROR ? "(null)" : std::to_string(result);
   });
   EXPECT_TRUE(log.Has("XmlDecoder::PushElement | ztDplStrdup failed"));
+  for (const std::string& text : log.Texts(3)) EXPECT_EQ(text.find("PushElement"), text.npos);
   EXPECT_TRUE(log.Has("Decoder Failed as stack is not empty at end, reason: ZT_XML_PARSE_ERROR"));
 
   // Without memory for a chunk nothing has happened, and the chunk may come again.
@@ -361,7 +362,7 @@ TEST(XmlText, HelpersStayInsideTheirText) {
   expect(twoA, {{"xaaaay", "x--y"}, {"baaa", "b-a"}, {"a", "a"}, {"", ""}});
   expect(token, {{",,a;b,,c,d", "c"}, {"z\xFFz", "z"}});
   expect(token, {{"a;b", nullptr}, {"a,", nullptr}, {",", nullptr}, {"", nullptr}});
-  for (const char* list : {"", "a b", "=\"1\"", " a = '1'\r\n"}) {
+  for (const char* list : {"", "a b", "=\"1\"", " a = '1'\r\n", "a='b=c'"}) {
     EXPECT_EQ(XmlDecoder::ValidateAttributeList(list), 0) << list;
   }
   for (const char* list : {"a\tb='1'", "a=='1'", "a=\"1\" junk", "a=x'1'", "a='1'b"}) {

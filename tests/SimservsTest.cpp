@@ -134,10 +134,14 @@ TEST(Simservs, PublicSteps) {
 // Reading with a binder and writing with each allocation failing, once and from there on: null or
 // whole, never without a service, and nothing leaks.
 TEST(Simservs, EveryAllocationMayFail) {
+  // More attributes and services than there is room for without asking for memory.
+  std::string attributes, services;
+  for (char name = 'a'; name <= 'q'; ++name) attributes.append({' ', name, '=', '\'', '\''});
+  for (int i = 0; i < 11; ++i) services += "<communication-waiting/>";
   const std::string text =
       "<simservs xmlns='http://uri.etsi.org/ngn/params/xml/simservs/xcap'><communication-diversion"
-      " b='c'><NoReplyTimer>20</NoReplyTimer></communication-diversion><communication-waiting a='1'"
-      " b='2' c='3' d='4' e='5' f='6' g='7' h='8' i='9'/></simservs>";
+      " b='c'><NoReplyTimer>20</NoReplyTimer></communication-diversion><communication-waiting" +
+      attributes + "/>" + services + "</simservs>";
   BoundSchema schema(XML_SCHEMA_SIMSERVS, text);
   LogCapture log(2);
   ExpectWholeOrNothing(schema, text);

@@ -13,7 +13,6 @@ int ZtNamespaceContext::SetNamespaceBinder(XMLObject* binder) {
 }
 
 ZtNamespaceMarshaller::ZtNamespaceMarshaller(const ZtDocument& document) {
-  m_Bindings.UseOwn();
   if (m_Bindings.Complete()) return;
   ZtLog(kZtLogTrace, document.source)("%s :: %s: Malloc cannot allocate memory",
                                       document.marshaller, document.marshaller);
