@@ -89,7 +89,7 @@ std::string EnumerationCell(const ZtEnumTable& table, const std::string& enumera
   if (table.byPrefix) cell += "; known by their beginnings";
   for (unsigned i = table.count; table.respelt && i < table.searched; ++i) {
     cell += "; " + Code(table.slots[i].Piece().text) + " is " +
-            Code(table.slots[i % table.count].Piece().text);
+            Code(table.slots[i - table.count].Piece().text);
   }
   if (table.noMatch == kZtKeepsValue) return cell + "; other texts change nothing";
   if (table.noMatch < table.count)

@@ -91,16 +91,15 @@ enum class ZtValue : std::uint8_t { kObject, kText, kNumber, kNumber64, kEnum };
 // One of the elements that may stand in a list of mixed children, or in the place of one child. A
 // table of these ends with one that has no type.
 struct ZtChoice {
-  ZtNameId name = XML_STR_ZT_NULL;      // ZT_NULL: any that neither a row nor another choice names
-  const ZtNameId* others = nullptr;     // further names, up to ZT_NULL
-  const ZtElementType* type = nullptr;  // by which it is read
-  const ZtElementType* writer =
-      nullptr;                           // by which it is written; null: it is kept and not written
+  ZtNameId name = XML_STR_ZT_NULL;       // ZT_NULL: any that neither a row nor another choice names
   e_XmlStrRef prefix = XML_STR_ZT_NULL;  // it is written with; ZT_NULL for the type's own
+  const ZtNameId* others = nullptr;      // further names, up to ZT_NULL
+  const ZtElementType* type = nullptr;   // by which it is read
+  const ZtElementType* writer = nullptr;  // by which it is written; null: it is kept only
 
   constexpr ZtChoice() = default;
   constexpr ZtChoice(ZtNameId element, const ZtElementType& t, e_XmlStrRef p = XML_STR_ZT_NULL)
-      : name(element), type(&t), writer(&t), prefix(p) {}
+      : name(element), prefix(p), type(&t), writer(&t) {}
   constexpr ZtChoice Or(const ZtNameId* names) const {
     return ZtWith(*this, &ZtChoice::others, names);
   }
