@@ -322,6 +322,10 @@ class Generator:
             return None
         if source[first] == "return":
             return first if guarded else None
+        if source[first] == "break" and source[end + 1] == "}":  # the last of a switch does nothing
+            opening = source.tokens[source.tokens[end + 1].match]
+            if source[opening.start] == "switch":
+                return None
         i = first  # a declaration names its type and then what it declares
         while source.tokens[i].kind == "word" and source[i + 1] == "::":
             i += 2

@@ -34,7 +34,7 @@ of which there are equally many:
     + "\n".join(f"  {kind:<13} {what}" for kind, what in KINDS.items()),
     epilog="""\
 Documentation.* and CommandLine are not run. What became of every fault stands in
-build/mutate/faults.txt. 200 faults take about 7 minutes with -j 2 on two cores. Exit status: 0 when
+build/mutate/faults.txt. 200 faults take about 10 minutes with -j 2 on two cores. Exit status: 0 when
 all were noticed, 1 when some were not.""",
 )
 PARSER.add_argument("count", metavar="N", type=int, help="how many faults")
