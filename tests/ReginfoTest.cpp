@@ -47,6 +47,12 @@ TEST(Reginfo, ValuesOfEverySize) {
   }
 }
 
+TEST(Reginfo, NumbersAfterWhiteSpace) {
+  const auto root =
+      Schema(XML_SCHEMA_REGINFO).Read<zt_reginfo>("<reginfo version=' \t\n\v\f\r7'/>");
+  EXPECT_EQ(root->getVersionValue(), 7U);
+}
+
 // The cut falls on every byte of a tag, of an element with text and of names with a prefix.
 TEST(Reginfo, CutAnywhere) {
   const LogCapture log(4);

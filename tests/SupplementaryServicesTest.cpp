@@ -10,6 +10,7 @@
 #include "XMLSchemaNameSpaceRetrieval.h"
 #include "XMLTIP.h"
 #include "XmlCommon.h"
+#include "ZtNamespaces.h"
 #include "base/ZtMemory.h"
 
 namespace {
@@ -128,6 +129,20 @@ TEST(Services, BarringWithoutMemory) {
     EXPECT_TRUE(log.Has(std::string("<XML Module>: ") + kind +
                         "_communication_barringMarshaller XML Failed!"));
   }
+}
+
+TEST(Namespaces, TheLibrarysOwn) {
+  ZtNamespaceBindings bindings;
+  const auto told = [&] {
+    std::string text;
+    for (const ZtNamespaceBinding* at = bindings.First(); at; at = at->next) {
+      text += at->prefix.Get() + ("=" + std::string(at->alias.Get() ? at->alias.Get() : "")) + ' ';
+    }
+    return text;
+  };
+  EXPECT_EQ(told(), "ss= cp=cp ocp=ocp ");  // "ss" is bound by documents only
+  bindings.UseOwn();
+  EXPECT_EQ(told(), "ss=ss cp=cp ocp=ocp ");
 }
 
 // Prefixes as documents bind them; "%" stands for what the namespace of the services is bound to.

@@ -64,6 +64,7 @@ TEST(XmlWriter, WritesExactTexts) {
        "<?xml version='1.0' encoding='UTF-8'?>\n<a  x='1'>\n<b>t</b>\n<c/></a>"},
       // A start tag left open is closed once: by data, by an attribute, by the next start or end.
       {{Start("a", kOpen), Data("x"), Data("y")}, "\n<a >xy"},
+      {{Inline("a", kOpen), StartNs("b", nullptr, nullptr, 0)}, "<a >\n<b>"},
       {{Inline("a", 2), Data(nullptr), Data("\"<&")}, "<a> '<&"},
       {{Start("a", kOpen), Declare("id", "7", nullptr, 0, kClose), Data("x")}, "\n<a  id='7'>x"},
       {{Start("a", kOpen), Attribute("x", "1", 0, kSelfEnd, kClose), Attribute("y", "2", 0, 0, 0),
