@@ -70,8 +70,11 @@ class ZtEntries {
     ZtListNode* m_pNext;  // found before its time: the entry may be removed and deleted meanwhile
   };
 
+  /// The entries of `list`, null for none.
   explicit ZtEntries(ZtSingleElementList* list) : m_pHead(list ? list->m_pHead : nullptr) {}
+  /// The first entry.
   Iterator begin() const { return Iterator(m_pHead); }
+  /// Where a walk ends.
   Iterator end() const { return Iterator(nullptr); }
 
  private:
