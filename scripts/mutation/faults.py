@@ -180,7 +180,7 @@ class Generator:
             keys = [self._key(source, *row) for row in rows]
             searched = {name, type_name} & SEARCHED_TABLES
             for i in range(1, len(rows)):
-                ends = "nullptr" in keys[i]
+                ends = "nullptr" in keys[i] or keys[i] == "{}"
                 if not searched or keys[i - 1] == keys[i] or ends:
                     yield self._swap(source, "rows", rows[i - 1], rows[i])
             for first, last in rows if len(rows) > 1 else []:
@@ -192,7 +192,7 @@ class Generator:
     def _key(source, first, last):
         """What a row is searched by: its first element, or all of it."""
         if source[first] == "{":
-            first, last = next(source.elements(first))
+            first, last = next(source.elements(first), (first, last))
         return source.between(first, last)
 
     def _flags(self, source):
