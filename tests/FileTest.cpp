@@ -70,6 +70,17 @@ TEST_F(XmlFiles, ReadsWholeFilesAgainAndAgain) {
   EXPECT_EQ(FreeDescriptor(), descriptor);
 }
 
+// As one that shrinks while it is read: of this one Linux says that it has a page.
+TEST_F(XmlFiles, ReadsWhatAFileHasOfItsSize) {
+  const char kPath[] = "/sys/devices/system/cpu/online";
+  if (!std::filesystem::exists(kPath)) GTEST_SKIP();
+  XMLFile file(kPath, XML_FILE_READ);
+  const char* data = file.Read();
+  ASSERT_NE(data, nullptr);
+  EXPECT_NE(*data, '\0');
+  EXPECT_SAME(Logged(), Lines{read_});
+}
+
 TEST_F(XmlFiles, RefusesToReadWhatIsNoDocument) {
   ASSERT_EQ(mkfifo(Path("fifo").c_str(), 0600), 0);
   for (const char* name : {"empty", "huge"}) std::ofstream(Path(name)).close();
