@@ -25,7 +25,7 @@ class == "" || !open { next }
   headers = headers " \\\n  DO(" class ", \"" name "\")"
 }
 /^  int (set|add)[A-Za-z0-9_]*\(/ { Setter(Method()) }
-/^  [^(]* get[A-Za-z0-9_]*\(\)/ && !/static/ {
+/^  [^(]* get[A-Za-z0-9_]*\(\)/ && !/^  static/ {
   match($0, / get[A-Za-z0-9_]*\(/)
   Getter(substr($0, RSTART + 1, RLENGTH - 2))
 }
