@@ -7,6 +7,7 @@
 
 #include "XMLValueTypes.h"
 #include "ZtDocument.h"
+#include "ZtSchemaDecoder.h"
 
 /// The root element "BootstrappingInfo".
 class ZT_API zt_bootstrappinginfo : public ZtTyped<zt_bootstrappinginfo, ZtObject> {
@@ -28,23 +29,26 @@ class ZT_API zt_bootstrappinginfo : public ZtTyped<zt_bootstrappinginfo, ZtObjec
   ZtText m_Lifetime;
 };
 
-/// Makes empty elements; each is the caller's until a parent takes it. Null without memory.
-class ZT_API BootstrappingInfoDataBinder : public XMLObjectFactory {
- public:
-  XMLObject* CreateRootElement() override;
-};
-
 class BootstrappingInfoContext;
+
+/// Makes empty elements; each is the caller's until a parent takes it. Null without memory.
+class ZT_API BootstrappingInfoDataBinder
+    : public ZtDescribedBy<BootstrappingInfoContext, ZtFactory> {
+ public:
+};
 
 /// Writes a zt_bootstrappinginfo. Besides Marshall, the steps that write one element each (1
 /// written, 0 failed), which only a running Marshall can use.
 class ZT_API BootstrappingInfoMarshaller
     : public ZtDescribedBy<BootstrappingInfoContext, ZtMarshaller> {
  public:
-  int AddBootstrappingInfoElementToXml(zt_bootstrappinginfo* info);
+  int AddBootstrappingInfoElementToXml(zt_bootstrappinginfo* info) { return Write(info); }
   int AddBtidElementToXml(char* btid);
   int AddLifetimeElementToXml(char* lifetime);
 };
+
+/// Reads a "BootstrappingInfo" document, with any prefixes.
+class ZT_API XMLBootstrappingInfoDecoder : public ZtDecoderOf<BootstrappingInfoContext> {};
 
 /// Reads a zt_bootstrappinginfo.
 class ZT_API BootstrappingInfoUnMarshaller

@@ -7,6 +7,7 @@
 
 #include "XMLValueTypes.h"
 #include "ZtDocument.h"
+#include "ZtSchemaDecoder.h"
 
 /// The element "alternative-service".
 class ZT_API zt_alternative_service : public ZtTyped<zt_alternative_service> {
@@ -40,19 +41,14 @@ class ZT_API zt_ims_3gpp : public ZtTyped<zt_ims_3gpp, ZtObject> {
   static const ZtElementType kType;
 
   /// The attribute "version"; 0 when absent.
-  int setVersionValue(unsigned int value) {
-    m_Version = value;
-    return 1;
-  }
+  int setVersionValue(unsigned int value) { return m_Version.Set(value); }
   unsigned int getVersionValue() const { return m_Version; }
 
   /// The service.
   int setAlternativeServiceValue(zt_alternative_service* element) {
     return m_AlternativeService.Set(element);
   }
-  zt_alternative_service* getAlternativeServiceValue() const {
-    return static_cast<zt_alternative_service*>(m_AlternativeService.Get());
-  }
+  zt_alternative_service* getAlternativeServiceValue() const { return m_AlternativeService; }
 
   /// More about it.
   int setServiceInfoValue(const char* text) { return m_ServiceInfo.Assign(text); }
@@ -61,27 +57,29 @@ class ZT_API zt_ims_3gpp : public ZtTyped<zt_ims_3gpp, ZtObject> {
  private:
   friend struct CWIndicationBinding;
 
-  unsigned m_Version = 0;
+  ZtNumber m_Version;
   ZtChild m_AlternativeService;
   ZtText m_ServiceInfo;
 };
 
-/// Makes empty elements; each is the caller's until a parent takes it. Null without memory.
-class ZT_API CWIndicationDataBinder : public XMLObjectFactory {
- public:
-  XMLObject* CreateRootElement() override;
-  zt_alternative_service* CreateAlternativeServiceElement();
-};
-
 class CWIndicationContext;
+
+/// Makes empty elements; each is the caller's until a parent takes it. Null without memory.
+class ZT_API CWIndicationDataBinder : public ZtDescribedBy<CWIndicationContext, ZtFactory> {
+ public:
+  zt_alternative_service* CreateAlternativeServiceElement() { return Make(); }
+};
 
 /// Writes a zt_ims_3gpp. Besides Marshall, the steps that write one element each (1 written, 0
 /// failed), which only a running Marshall can use.
 class ZT_API CWIndicationMarshaller : public ZtDescribedBy<CWIndicationContext, ZtMarshaller> {
  public:
-  int AddIms3gppElementToXml(zt_ims_3gpp* ims);
-  int AddAlternativeServiceElementToXml(zt_alternative_service* service);
+  int AddIms3gppElementToXml(zt_ims_3gpp* ims) { return Write(ims); }
+  int AddAlternativeServiceElementToXml(zt_alternative_service* service) { return Write(service); }
 };
+
+/// Reads an "ims-3gpp" document, with any prefixes.
+class ZT_API XMLCWIndicationDecoder : public ZtDecoderOf<CWIndicationContext> {};
 
 /// Reads a zt_ims_3gpp.
 class ZT_API CWIndicationUnMarshaller : public ZtDescribedBy<CWIndicationContext, ZtUnMarshaller> {

@@ -7,6 +7,7 @@
 
 #include "XMLValueTypes.h"
 #include "ZtDocument.h"
+#include "ZtSchemaDecoder.h"
 
 /// The element "action".
 class ZT_API zt_ns_call_waiting_indication_action
@@ -18,9 +19,7 @@ class ZT_API zt_ns_call_waiting_indication_action
   int setCallWaitingIndicationValue(zt_empty_element_type* element) {
     return m_CallWaitingIndication.Set(element);
   }
-  zt_empty_element_type* getCallWaitingIndicationValue() const {
-    return static_cast<zt_empty_element_type*>(m_CallWaitingIndication.Get());
-  }
+  zt_empty_element_type* getCallWaitingIndicationValue() const { return m_CallWaitingIndication; }
 
  private:
   friend struct CallWaitingIndicationBinding;
@@ -38,9 +37,7 @@ class ZT_API zt_ns_call_waiting_indication_alternative_service
   int setActionValue(zt_ns_call_waiting_indication_action* element) {
     return m_Action.Set(element);
   }
-  zt_ns_call_waiting_indication_action* getActionValue() const {
-    return static_cast<zt_ns_call_waiting_indication_action*>(m_Action.Get());
-  }
+  zt_ns_call_waiting_indication_action* getActionValue() const { return m_Action; }
 
  private:
   friend struct CallWaitingIndicationBinding;
@@ -54,10 +51,7 @@ class ZT_API zt_3gpp_ims : public ZtTyped<zt_3gpp_ims, ZtObject> {
   static const ZtElementType kType;
 
   /// The attribute "version"; 0 when absent.
-  int setVersionValue(unsigned int value) {
-    m_Version = value;
-    return 1;
-  }
+  int setVersionValue(unsigned int value) { return m_Version.Set(value); }
   unsigned int getVersionValue() const { return m_Version; }
 
   /// The service.
@@ -65,38 +59,45 @@ class ZT_API zt_3gpp_ims : public ZtTyped<zt_3gpp_ims, ZtObject> {
     return m_AlternativeService.Set(element);
   }
   zt_ns_call_waiting_indication_alternative_service* getAlternativeServiceValue() const {
-    return static_cast<zt_ns_call_waiting_indication_alternative_service*>(
-        m_AlternativeService.Get());
+    return m_AlternativeService;
   }
 
  private:
   friend struct CallWaitingIndicationBinding;
 
-  unsigned m_Version = 0;
+  ZtNumber m_Version;
   ZtChild m_AlternativeService;
 };
 
+class CallWaitingIndicationContext;
+
 /// Makes empty elements; each is the caller's until a parent takes it. Null without memory.
-class ZT_API CallWaitingIndicationDataBinder : public XMLObjectFactory {
+class ZT_API CallWaitingIndicationDataBinder
+    : public ZtDescribedBy<CallWaitingIndicationContext, ZtFactory> {
  public:
-  XMLObject* CreateRootElement() override;
-  zt_ns_call_waiting_indication_alternative_service* CreateAlternativeServiceElement();
-  zt_ns_call_waiting_indication_action* CreateActionElement();
+  zt_ns_call_waiting_indication_alternative_service* CreateAlternativeServiceElement() {
+    return Make();
+  }
+  zt_ns_call_waiting_indication_action* CreateActionElement() { return Make(); }
   zt_empty_element_type* CreateCallWaitingIndicationElement();
 };
-
-class CallWaitingIndicationContext;
 
 /// Writes a zt_3gpp_ims. Besides Marshall, the steps that write one element each (1 written, 0
 /// failed), which only a running Marshall can use.
 class ZT_API CallWaitingIndicationMarshaller
     : public ZtDescribedBy<CallWaitingIndicationContext, ZtMarshaller> {
  public:
-  int Add3gppImsElementToXml(zt_3gpp_ims* ims);
-  int AddAlternativeServiceElementToXml(zt_ns_call_waiting_indication_alternative_service* service);
-  int AddActionElementToXml(zt_ns_call_waiting_indication_action* action);
+  int Add3gppImsElementToXml(zt_3gpp_ims* ims) { return Write(ims); }
+  int AddAlternativeServiceElementToXml(
+      zt_ns_call_waiting_indication_alternative_service* service) {
+    return Write(service);
+  }
+  int AddActionElementToXml(zt_ns_call_waiting_indication_action* action) { return Write(action); }
   int AddCallWaitingIndicationElementToXml(zt_empty_element_type* flag);
 };
+
+/// Reads a "3gpp-ims" document, with any prefixes.
+class ZT_API XMLCallWaitingIndicationDecoder : public ZtDecoderOf<CallWaitingIndicationContext> {};
 
 /// Reads a zt_3gpp_ims.
 class ZT_API CallWaitingIndicationUnMarshaller

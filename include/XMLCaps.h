@@ -44,14 +44,10 @@ class ZT_API zt_ns_caps_duplextype : public ZtTyped<zt_ns_caps_duplextype, ZtKee
 
   /// The modes that the service supports (taken); null for none.
   int setSupportedValue(zt_ns_caps_duplextypes* modes) { return m_Supported.Set(modes); }
-  zt_ns_caps_duplextypes* getSupportedValue() const {
-    return static_cast<zt_ns_caps_duplextypes*>(m_Supported.Get());
-  }
+  zt_ns_caps_duplextypes* getSupportedValue() const { return m_Supported; }
   /// The modes that it does not support (taken); null for none.
   int setNotsupportedValue(zt_ns_caps_duplextypes* modes) { return m_Notsupported.Set(modes); }
-  zt_ns_caps_duplextypes* getNotsupportedValue() const {
-    return static_cast<zt_ns_caps_duplextypes*>(m_Notsupported.Get());
-  }
+  zt_ns_caps_duplextypes* getNotsupportedValue() const { return m_Notsupported; }
 
  private:
   friend struct CapsBinding;
@@ -66,29 +62,21 @@ class ZT_API zt_ns_caps_servcaps : public ZtTyped<zt_ns_caps_servcaps, ZtKeepsEl
   static const ZtElementType kType;
 
   /// Whether the service sends or receives audio.
-  int setAudioValue(zt_caps_boolean_enum audio) {
-    m_Audio = audio;
-    return 1;
-  }
-  zt_caps_boolean_enum getAudioValue() const { return static_cast<zt_caps_boolean_enum>(m_Audio); }
+  int setAudioValue(zt_caps_boolean_enum audio) { return m_Audio.Set(audio); }
+  zt_caps_boolean_enum getAudioValue() const { return m_Audio; }
   /// Takes the duplex modes; null for none.
   int setDuplexValue(zt_ns_caps_duplextype* duplex) { return m_Duplex.Set(duplex); }
-  zt_ns_caps_duplextype* getDuplexValue() const {
-    return static_cast<zt_ns_caps_duplextype*>(m_Duplex.Get());
-  }
+  zt_ns_caps_duplextype* getDuplexValue() const { return m_Duplex; }
   /// Whether the service sends or receives video.
-  int setVideoValue(zt_caps_boolean_enum video) {
-    m_Video = video;
-    return 1;
-  }
-  zt_caps_boolean_enum getVideoValue() const { return static_cast<zt_caps_boolean_enum>(m_Video); }
+  int setVideoValue(zt_caps_boolean_enum video) { return m_Video.Set(video); }
+  zt_caps_boolean_enum getVideoValue() const { return m_Video; }
 
  private:
   friend struct CapsBinding;
 
-  unsigned m_Audio = ZT_CAPS_ABSENT;
+  ZtNumber m_Audio = ZT_CAPS_ABSENT;
   ZtChild m_Duplex;
-  unsigned m_Video = ZT_CAPS_ABSENT;
+  ZtNumber m_Video = ZT_CAPS_ABSENT;
 };
 
 #endif  // ZTXML_INCLUDE_XMLCAPS_H

@@ -38,13 +38,11 @@ class ZT_API zt_characteristic : public ZtTyped<zt_characteristic> {
   /// A list of zt_parm. Intended: the setter is called setParmList and the getter getParamList;
   /// callers use both names.
   int setParmList(ZtSingleElementList* list) { return m_Parms.Set(list); }
-  ZtListOf<zt_parm>* getParamList() const { return m_Parms.Of<zt_parm>(); }
+  ZtListOf<zt_parm>* getParamList() const { return m_Parms; }
   int addParm(zt_parm* parm) { return m_Parms.Add(parm); }
   /// A list of zt_characteristic.
   int setCharacteristicList(ZtSingleElementList* list) { return m_Characteristics.Set(list); }
-  ZtListOf<zt_characteristic>* getCharacteristicList() const {
-    return m_Characteristics.Of<zt_characteristic>();
-  }
+  ZtListOf<zt_characteristic>* getCharacteristicList() const { return m_Characteristics; }
   int addCharacteristic(zt_characteristic* group) { return m_Characteristics.Add(group); }
 
  private:
@@ -63,9 +61,7 @@ class ZT_API ZtProvisioning : public ZtObject {
   const char* getVersion() const { return m_Version.Get(); }
   /// A list of zt_characteristic.
   int setCharacteristicList(ZtSingleElementList* list) { return m_Characteristics.Set(list); }
-  ZtListOf<zt_characteristic>* getCharacteristicList() const {
-    return m_Characteristics.Of<zt_characteristic>();
-  }
+  ZtListOf<zt_characteristic>* getCharacteristicList() const { return m_Characteristics; }
   int addCharacteristic(zt_characteristic* group) { return m_Characteristics.Add(group); }
 
  private:

@@ -42,7 +42,7 @@ class ZT_API zt_ns_common_policy_oneType : public ZtTyped<zt_ns_common_policy_on
 
   /// Other elements, which are never written.
   int setAnyListValue(ZtSingleElementList* list) { return m_AnyList.Set(list); }
-  ZtListOf<XMLElement>* getAnyListValue() const { return m_AnyList.Of<XMLElement>(); }
+  ZtListOf<XMLElement>* getAnyListValue() const { return m_AnyList; }
   int addAny(XMLElement* element) { return m_AnyList.Add(element); }
 
  private:
@@ -63,14 +63,12 @@ class ZT_API zt_ns_common_policy_manyType : public ZtTyped<zt_ns_common_policy_m
 
   /// Who is excluded, a list of zt_ns_common_policy_exceptType.
   int setExceptListValue(ZtSingleElementList* list) { return m_ExceptList.Set(list); }
-  ZtListOf<zt_ns_common_policy_exceptType>* getExceptListValue() const {
-    return m_ExceptList.Of<zt_ns_common_policy_exceptType>();
-  }
+  ZtListOf<zt_ns_common_policy_exceptType>* getExceptListValue() const { return m_ExceptList; }
   int addExcept(zt_ns_common_policy_exceptType* element) { return m_ExceptList.Add(element); }
 
   /// Other elements, which are never written.
   int setAnyListValue(ZtSingleElementList* list) { return m_AnyList.Set(list); }
-  ZtListOf<XMLElement>* getAnyListValue() const { return m_AnyList.Of<XMLElement>(); }
+  ZtListOf<XMLElement>* getAnyListValue() const { return m_AnyList; }
   int addAny(XMLElement* element) { return m_AnyList.Add(element); }
 
  private:
@@ -88,21 +86,17 @@ class ZT_API zt_ns_common_policy_identityType : public ZtTyped<zt_ns_common_poli
 
   /// A list of zt_ns_common_policy_oneType.
   int setOneListValue(ZtSingleElementList* list) { return m_OneList.Set(list); }
-  ZtListOf<zt_ns_common_policy_oneType>* getOneListValue() const {
-    return m_OneList.Of<zt_ns_common_policy_oneType>();
-  }
+  ZtListOf<zt_ns_common_policy_oneType>* getOneListValue() const { return m_OneList; }
   int addOne(zt_ns_common_policy_oneType* element) { return m_OneList.Add(element); }
 
   /// A list of zt_ns_common_policy_manyType.
   int setManyListValue(ZtSingleElementList* list) { return m_ManyList.Set(list); }
-  ZtListOf<zt_ns_common_policy_manyType>* getManyListValue() const {
-    return m_ManyList.Of<zt_ns_common_policy_manyType>();
-  }
+  ZtListOf<zt_ns_common_policy_manyType>* getManyListValue() const { return m_ManyList; }
   int addMany(zt_ns_common_policy_manyType* element) { return m_ManyList.Add(element); }
 
   /// Other elements, which are never written.
   int setAnyListValue(ZtSingleElementList* list) { return m_AnyList.Set(list); }
-  ZtListOf<XMLElement>* getAnyListValue() const { return m_AnyList.Of<XMLElement>(); }
+  ZtListOf<XMLElement>* getAnyListValue() const { return m_AnyList; }
   int addAny(XMLElement* element) { return m_AnyList.Add(element); }
 
  private:
@@ -136,12 +130,12 @@ class ZT_API zt_ns_common_policy_validityType : public ZtTyped<zt_ns_common_poli
 
   /// The starts, a list of zt_string with dates and times as in RFC 3339.
   int setFromListValue(ZtSingleElementList* list) { return m_FromList.Set(list); }
-  ZtListOf<zt_string>* getFromListValue() const { return m_FromList.Of<zt_string>(); }
+  ZtListOf<zt_string>* getFromListValue() const { return m_FromList; }
   int addFrom(zt_string* element) { return m_FromList.Add(element); }
 
   /// The ends, likewise.
   int setUntilListValue(ZtSingleElementList* list) { return m_UntilList.Set(list); }
-  ZtListOf<zt_string>* getUntilListValue() const { return m_UntilList.Of<zt_string>(); }
+  ZtListOf<zt_string>* getUntilListValue() const { return m_UntilList; }
   int addUntil(zt_string* element) { return m_UntilList.Add(element); }
 
  private:
@@ -160,28 +154,26 @@ class ZT_API zt_ns_common_policy_conditionsType
   /// A list of zt_ns_common_policy_identityType.
   int setIdentityListValue(ZtSingleElementList* list) { return m_IdentityList.Set(list); }
   ZtListOf<zt_ns_common_policy_identityType>* getIdentityListValue() const {
-    return m_IdentityList.Of<zt_ns_common_policy_identityType>();
+    return m_IdentityList;
   }
   int addIdentity(zt_ns_common_policy_identityType* element) { return m_IdentityList.Add(element); }
 
   /// A list of zt_ns_common_policy_sphereType.
   int setSphereListValue(ZtSingleElementList* list) { return m_SphereList.Set(list); }
-  ZtListOf<zt_ns_common_policy_sphereType>* getSphereListValue() const {
-    return m_SphereList.Of<zt_ns_common_policy_sphereType>();
-  }
+  ZtListOf<zt_ns_common_policy_sphereType>* getSphereListValue() const { return m_SphereList; }
   int addSphere(zt_ns_common_policy_sphereType* element) { return m_SphereList.Add(element); }
 
   /// A list of zt_ns_common_policy_validityType.
   int setValidityListValue(ZtSingleElementList* list) { return m_ValidityList.Set(list); }
   ZtListOf<zt_ns_common_policy_validityType>* getValidityListValue() const {
-    return m_ValidityList.Of<zt_ns_common_policy_validityType>();
+    return m_ValidityList;
   }
   int addValidity(zt_ns_common_policy_validityType* element) { return m_ValidityList.Add(element); }
 
   /// The conditions of the service: flags (zt_empty_element_type, e.g. "busy") and
   /// zt_ns_xcap_media_type are written, others not.
   int setAnyListValue(ZtSingleElementList* list) { return m_AnyList.Set(list); }
-  ZtListOf<XMLElement>* getAnyListValue() const { return m_AnyList.Of<XMLElement>(); }
+  ZtListOf<XMLElement>* getAnyListValue() const { return m_AnyList; }
   int addAny(XMLElement* element) { return m_AnyList.Add(element); }
 
  private:
@@ -202,7 +194,7 @@ class ZT_API zt_ns_common_policy_extensibleType
   /// Any elements. Of actions those are written that the service knows; of transformations none:
   /// the element is always written empty.
   int setElementsValue(ZtSingleElementList* list) { return m_Elements.Set(list); }
-  ZtListOf<XMLElement>* getElementsValue() const { return m_Elements.Of<XMLElement>(); }
+  ZtListOf<XMLElement>* getElementsValue() const { return m_Elements; }
   int addElement(XMLElement* element) { return m_Elements.Add(element); }
 
  private:
@@ -224,25 +216,19 @@ class ZT_API zt_ns_common_policy_ruleType : public ZtTyped<zt_ns_common_policy_r
   int setConditionsValue(zt_ns_common_policy_conditionsType* element) {
     return m_Conditions.Set(element);
   }
-  zt_ns_common_policy_conditionsType* getConditionsValue() const {
-    return static_cast<zt_ns_common_policy_conditionsType*>(m_Conditions.Get());
-  }
+  zt_ns_common_policy_conditionsType* getConditionsValue() const { return m_Conditions; }
 
   /// What the service does.
   int setActionsValue(zt_ns_common_policy_extensibleType* element) {
     return m_Actions.Set(element);
   }
-  zt_ns_common_policy_extensibleType* getActionsValue() const {
-    return static_cast<zt_ns_common_policy_extensibleType*>(m_Actions.Get());
-  }
+  zt_ns_common_policy_extensibleType* getActionsValue() const { return m_Actions; }
 
   /// What is hidden from whom; see the type.
   int setTransformationsValue(zt_ns_common_policy_extensibleType* element) {
     return m_Transformations.Set(element);
   }
-  zt_ns_common_policy_extensibleType* getTransformationsValue() const {
-    return static_cast<zt_ns_common_policy_extensibleType*>(m_Transformations.Get());
-  }
+  zt_ns_common_policy_extensibleType* getTransformationsValue() const { return m_Transformations; }
 
  private:
   friend struct CommonPolicyBinding;
@@ -260,9 +246,7 @@ class ZT_API zt_ns_common_policy_ruleset : public ZtTyped<zt_ns_common_policy_ru
 
   /// A list of zt_ns_common_policy_ruleType.
   int setRulesValue(ZtSingleElementList* list) { return m_Rules.Set(list); }
-  ZtListOf<zt_ns_common_policy_ruleType>* getRulesValue() const {
-    return m_Rules.Of<zt_ns_common_policy_ruleType>();
-  }
+  ZtListOf<zt_ns_common_policy_ruleType>* getRulesValue() const { return m_Rules; }
   int addRule(zt_ns_common_policy_ruleType* element) { return m_Rules.Add(element); }
 
  private:
@@ -273,31 +257,24 @@ class ZT_API zt_ns_common_policy_ruleset : public ZtTyped<zt_ns_common_policy_ru
 
 /// Makes the elements of a rule set, empty; each is the caller's until a parent takes it. Null
 /// without memory.
-class ZT_API ZtPolicyDataBinder : public XMLObjectFactory {
+class ZT_API ZtPolicyDataBinder : public ZtFactory {
  public:
-  zt_ns_common_policy_ruleset* CreateRuleSetElement();
-  zt_ns_common_policy_ruleType* CreateRuleTypeElement();
-  zt_ns_common_policy_conditionsType* CreateConditionsTypeElement();
-  zt_ns_common_policy_identityType* CreateIdentityTypeElement();
-  zt_ns_common_policy_oneType* CreateOneTypeElement();
-  zt_ns_common_policy_manyType* CreateManyTypeElement();
-  zt_ns_common_policy_exceptType* CreateExceptTypeElement();
-  zt_ns_common_policy_sphereType* CreateSphereTypeElement();
-  zt_ns_common_policy_validityType* CreateValidityTypeElement();
-  zt_ns_common_policy_extensibleType* CreateActionsTypeElement();
-  zt_ns_common_policy_extensibleType* CreateTransformationsTypeElement();
+  zt_ns_common_policy_ruleset* CreateRuleSetElement() { return Make(); }
+  zt_ns_common_policy_ruleType* CreateRuleTypeElement() { return Make(); }
+  zt_ns_common_policy_conditionsType* CreateConditionsTypeElement() { return Make(); }
+  zt_ns_common_policy_identityType* CreateIdentityTypeElement() { return Make(); }
+  zt_ns_common_policy_oneType* CreateOneTypeElement() { return Make(); }
+  zt_ns_common_policy_manyType* CreateManyTypeElement() { return Make(); }
+  zt_ns_common_policy_exceptType* CreateExceptTypeElement() { return Make(); }
+  zt_ns_common_policy_sphereType* CreateSphereTypeElement() { return Make(); }
+  zt_ns_common_policy_validityType* CreateValidityTypeElement() { return Make(); }
+  zt_ns_common_policy_extensibleType* CreateActionsTypeElement() { return Make(); }
+  zt_ns_common_policy_extensibleType* CreateTransformationsTypeElement() { return Make(); }
   /// A flag that is not present yet: setValue names it ("busy") and makes it so.
-  zt_empty_element_type* CreateEmptyTypeElement();
-  zt_ns_xcap_media_type* CreateMediaTypeElement();
-  zt_presence_status_activity_type* CreatePresenceStatusActivityTypeElement();
-  zt_external_list* CreateExternalListElement();
-
- protected:
-  /// `source` is the file under which objects are recorded.
-  explicit ZtPolicyDataBinder(const char* source) : m_pSource(source) {}
-
- private:
-  const char* m_pSource;
+  zt_empty_element_type* CreateEmptyTypeElement() { return Make(); }
+  zt_ns_xcap_media_type* CreateMediaTypeElement() { return Make(); }
+  zt_presence_status_activity_type* CreatePresenceStatusActivityTypeElement() { return Make(); }
+  zt_external_list* CreateExternalListElement() { return Make(); }
 };
 
 /// How a service writes the rule set; opaque to callers.
@@ -310,8 +287,10 @@ class ZT_API ZtPolicyMarshaller : public ZtNamespaceMarshaller {
  public:
   int AddRuleSetElementToXml(zt_ns_common_policy_ruleset* ruleset);
   int AddRuleElementToXml(zt_ns_common_policy_ruleType* rule);
-  int AddConditionsElementToXml(zt_ns_common_policy_conditionsType* conditions);
-  int AddExceptElementToXml(zt_ns_common_policy_exceptType* except);
+  int AddConditionsElementToXml(zt_ns_common_policy_conditionsType* conditions) {
+    return Write(conditions);
+  }
+  int AddExceptElementToXml(zt_ns_common_policy_exceptType* except) { return Write(except); }
   int AddActionsElementToXml(zt_ns_common_policy_extensibleType* actions);
   int AddTransformationsElementToXml(zt_ns_common_policy_extensibleType* transformations);
   int AddEmptyElementtoXml(zt_empty_element_type* flag);

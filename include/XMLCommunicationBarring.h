@@ -3,6 +3,7 @@
 #define ZTXML_INCLUDE_XMLCOMMUNICATIONBARRING_H
 
 #include "XMLCommonPolicy.h"
+#include "ZtNamespaceDecoder.h"
 
 /// Which of the two services an object factory makes.
 enum XML_COMMUNICATION_BARRING_TYPE : int {
@@ -17,16 +18,13 @@ class ZT_API zt_allow_action_type : public ZtTyped<zt_allow_action_type> {
   static const ZtElementType kType;
 
   /// 1 or 0 (at first): whether the call goes through.
-  int setAllowValue(int allow) {
-    m_Allow = allow ? 1 : 0;
-    return 1;
-  }
-  int getAllowValue() const { return m_Allow ? 1 : 0; }
+  int setAllowValue(int allow) { return m_Allow.Set(allow ? 1 : 0); }
+  int getAllowValue() const { return m_Allow.Get() ? 1 : 0; }
 
  private:
   friend struct CommunicationBarringBinding;
 
-  unsigned m_Allow = 0;
+  ZtNumber m_Allow;
 };
 
 /// What both services have: the rules.
@@ -35,9 +33,7 @@ class ZT_API ZtCommunicationBarring : public zt_ns_xcap_simservType {
   /// Takes the rules; null for none. Rules that cannot be written cut the rule set short and fail
   /// nothing.
   int setRuleSetValue(zt_ns_common_policy_ruleset* ruleset) { return m_RuleSet.Set(ruleset); }
-  zt_ns_common_policy_ruleset* getRuleSetValue() const {
-    return static_cast<zt_ns_common_policy_ruleset*>(m_RuleSet.Get());
-  }
+  zt_ns_common_policy_ruleset* getRuleSetValue() const { return m_RuleSet; }
 
  private:
   friend struct CommunicationBarringBinding;
@@ -59,22 +55,22 @@ class ZT_API zt_outgoing_communication_barring
   static const ZtElementType kType;
 };
 
+class CommunicationBarringContext;
+
 /// Makes empty elements; each is the caller's until a parent takes it. Null without memory.
-class ZT_API CommunicationBarringDataBinder : public ZtPolicyDataBinder {
+class ZT_API CommunicationBarringDataBinder
+    : public ZtDescribedBy<CommunicationBarringContext, ZtPolicyDataBinder> {
  public:
-  CommunicationBarringDataBinder();
   /// Chooses what CreateRootElement makes, incoming or outgoing. Returns 1; 0 for any other value,
   /// which changes nothing.
   int setCBType(XML_COMMUNICATION_BARRING_TYPE type);
   /// Null before the first setCBType, too.
   XMLObject* CreateRootElement() override;
-  zt_allow_action_type* CreateAllowTypeElement();
+  zt_allow_action_type* CreateAllowTypeElement() { return Make(); }
 
  private:
   XML_COMMUNICATION_BARRING_TYPE m_CBType = XML_COMMUNICATION_BARRING_NONE;
 };
-
-class CommunicationBarringContext;
 
 /// Writes a service, its rule set, a rule, conditions, actions, a flag or an except as an XCAP
 /// fragment: without declarations, for the scope of the document that it goes into.
@@ -82,12 +78,20 @@ class ZT_API Communication_barringMarshaller
     : public ZtDescribedBy<CommunicationBarringContext, ZtPolicyMarshaller> {
  public:
   Communication_barringMarshaller();
-  int AddIncoming_communication_barringElementToXml(zt_incoming_communication_barring* barring);
-  int AddOutgoing_communication_barringElementToXml(zt_outgoing_communication_barring* barring);
+  int AddIncoming_communication_barringElementToXml(zt_incoming_communication_barring* barring) {
+    return Write(barring);
+  }
+  int AddOutgoing_communication_barringElementToXml(zt_outgoing_communication_barring* barring) {
+    return Write(barring);
+  }
 
  private:
   const ZtPolicyTypes& Policy() const override;
 };
+
+/// Reads a communication-barring service, with the prefixes of its document.
+class ZT_API XMLCommunicationBarringDecoder
+    : public ZtDecoderOf<CommunicationBarringContext, ZtNamespaceDecoder> {};
 
 /// Reads either service from an XCAP fragment; the root element tells which. Whatever the factory
 /// makes does not matter.

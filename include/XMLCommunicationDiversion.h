@@ -4,6 +4,7 @@
 #define ZTXML_INCLUDE_XMLCOMMUNICATIONDIVERSION_H
 
 #include "XMLCommonPolicy.h"
+#include "ZtNamespaceDecoder.h"
 
 /// The element "NoReplyTimer": how long a call rings before a rule with "no-answer" holds.
 class ZT_API zt_NoReplyTimer : public ZtTyped<zt_NoReplyTimer, ZtObject> {
@@ -21,7 +22,7 @@ class ZT_API zt_NoReplyTimer : public ZtTyped<zt_NoReplyTimer, ZtObject> {
  private:
   friend struct CommunicationDiversionBinding;
 
-  unsigned m_Seconds = 0;
+  ZtNumber m_Seconds;
 };
 
 /// What a party gets to know of an identity.
@@ -44,66 +45,52 @@ class ZT_API zt_ns_xcap_forward_to_type : public ZtTyped<zt_ns_xcap_forward_to_t
   const char* getTargetValue() const { return m_Target.Get(); }
 
   /// Whether the caller is told of the diversion.
-  int setNotifyCallerValue(int notify) { return Set(m_NotifyCaller, notify); }
-  int getNotifyCallerValue() const { return Get(m_NotifyCaller); }
+  int setNotifyCallerValue(int notify) { return m_NotifyCaller.Set(Notify(notify)); }
+  int getNotifyCallerValue() const { return m_NotifyCaller; }
 
   /// What the caller gets to know of the target.
   int setRevealIdentityToCallerValue(zt_reveal_enum reveal) {
-    return Set(m_RevealIdentityToCaller, reveal);
+    return m_RevealIdentityToCaller.Set(reveal);
   }
-  zt_reveal_enum getRevealIdentityToCallerValue() const {
-    return static_cast<zt_reveal_enum>(m_RevealIdentityToCaller);
-  }
+  zt_reveal_enum getRevealIdentityToCallerValue() const { return m_RevealIdentityToCaller; }
 
   /// What the caller gets to know of the served user who diverts.
   int setRevealServedUserIdentityToCallerValue(zt_reveal_enum reveal) {
-    return Set(m_RevealServedUserIdentityToCaller, reveal);
+    return m_RevealServedUserIdentityToCaller.Set(reveal);
   }
   zt_reveal_enum getRevealServedUserIdentityToCallerValue() const {
-    return static_cast<zt_reveal_enum>(m_RevealServedUserIdentityToCaller);
+    return m_RevealServedUserIdentityToCaller;
   }
 
   /// Whether the served user is told of each diversion.
-  int setNotifyServedUserValue(int notify) { return Set(m_NotifyServedUser, notify); }
-  int getNotifyServedUserValue() const { return Get(m_NotifyServedUser); }
+  int setNotifyServedUserValue(int notify) { return m_NotifyServedUser.Set(Notify(notify)); }
+  int getNotifyServedUserValue() const { return m_NotifyServedUser; }
 
   /// Whether the served user is reminded of the diversion on outgoing calls.
   int setNotifyServedUserOnOutboundCallValue(int notify) {
-    return Set(m_NotifyServedUserOnOutboundCall, notify);
+    return m_NotifyServedUserOnOutboundCall.Set(Notify(notify));
   }
-  int getNotifyServedUserOnOutboundCallValue() const {
-    return Get(m_NotifyServedUserOnOutboundCall);
-  }
+  int getNotifyServedUserOnOutboundCallValue() const { return m_NotifyServedUserOnOutboundCall; }
 
   /// What the target gets to know of the served user.
   int setRevealIdentityToTargetValue(zt_reveal_enum reveal) {
-    return Set(m_RevealIdentityToTarget, reveal);
+    return m_RevealIdentityToTarget.Set(reveal);
   }
-  zt_reveal_enum getRevealIdentityToTargetValue() const {
-    return static_cast<zt_reveal_enum>(m_RevealIdentityToTarget);
-  }
+  zt_reveal_enum getRevealIdentityToTargetValue() const { return m_RevealIdentityToTarget; }
 
  private:
   friend struct CommunicationDiversionBinding;
 
   static constexpr unsigned kUnset = static_cast<unsigned>(-1);
-  static int Set(unsigned& field, int notify) {
-    field = notify == -1 ? kUnset : notify == 1 ? 1 : 0;
-    return 1;
-  }
-  static int Set(unsigned& field, zt_reveal_enum reveal) {
-    field = reveal;
-    return 1;
-  }
-  static int Get(unsigned field) { return field == kUnset ? -1 : static_cast<int>(field); }
+  static unsigned Notify(int notify) { return notify == -1 ? kUnset : notify == 1 ? 1 : 0; }
 
   ZtText m_Target;
-  unsigned m_NotifyCaller = kUnset;
-  unsigned m_RevealIdentityToCaller = ZT_REVEAL_UNSET;
-  unsigned m_RevealServedUserIdentityToCaller = ZT_REVEAL_UNSET;
-  unsigned m_NotifyServedUser = kUnset;
-  unsigned m_NotifyServedUserOnOutboundCall = kUnset;
-  unsigned m_RevealIdentityToTarget = ZT_REVEAL_UNSET;
+  ZtNumber m_NotifyCaller = kUnset;
+  ZtNumber m_RevealIdentityToCaller = ZT_REVEAL_UNSET;
+  ZtNumber m_RevealServedUserIdentityToCaller = ZT_REVEAL_UNSET;
+  ZtNumber m_NotifyServedUser = kUnset;
+  ZtNumber m_NotifyServedUserOnOutboundCall = kUnset;
+  ZtNumber m_RevealIdentityToTarget = ZT_REVEAL_UNSET;
 };
 
 /// The root element "communication-diversion".
@@ -114,15 +101,11 @@ class ZT_API zt_communication_diversion
 
   /// Takes the timer; null for none.
   int setNoReplyTimerValue(zt_NoReplyTimer* timer) { return m_NoReplyTimer.Set(timer); }
-  zt_NoReplyTimer* getNoReplyTimerValue() const {
-    return static_cast<zt_NoReplyTimer*>(m_NoReplyTimer.Get());
-  }
+  zt_NoReplyTimer* getNoReplyTimerValue() const { return m_NoReplyTimer; }
   /// Takes the rules; null for none. Rules that cannot be written cut the rule set short and fail
   /// nothing.
   int setRuleSetValue(zt_ns_common_policy_ruleset* ruleset) { return m_RuleSet.Set(ruleset); }
-  zt_ns_common_policy_ruleset* getRuleSetValue() const {
-    return static_cast<zt_ns_common_policy_ruleset*>(m_RuleSet.Get());
-  }
+  zt_ns_common_policy_ruleset* getRuleSetValue() const { return m_RuleSet; }
 
  private:
   friend struct CommunicationDiversionBinding;
@@ -131,16 +114,15 @@ class ZT_API zt_communication_diversion
   ZtChild m_RuleSet;
 };
 
-/// Makes empty elements; each is the caller's until a parent takes it. Null without memory.
-class ZT_API CommunicationDiversionDataBinder : public ZtPolicyDataBinder {
- public:
-  CommunicationDiversionDataBinder();
-  XMLObject* CreateRootElement() override;
-  zt_ns_xcap_forward_to_type* CreateForwardToTypeElement();
-  zt_NoReplyTimer* CreateNoReplyTimerElement();
-};
-
 class CommunicationDiversionContext;
+
+/// Makes empty elements; each is the caller's until a parent takes it. Null without memory.
+class ZT_API CommunicationDiversionDataBinder
+    : public ZtDescribedBy<CommunicationDiversionContext, ZtPolicyDataBinder> {
+ public:
+  zt_ns_xcap_forward_to_type* CreateForwardToTypeElement() { return Make(); }
+  zt_NoReplyTimer* CreateNoReplyTimerElement() { return Make(); }
+};
 
 /// Writes the service, its timer, rule set, a rule, conditions, actions, a forward-to or a flag as
 /// an XCAP fragment: without declarations, for the scope of the document that it goes into.
@@ -148,14 +130,20 @@ class ZT_API Communication_diversionMarshaller
     : public ZtDescribedBy<CommunicationDiversionContext, ZtPolicyMarshaller> {
  public:
   Communication_diversionMarshaller();
-  int AddCommunication_diversionElementToXml(zt_communication_diversion* diversion);
+  int AddCommunication_diversionElementToXml(zt_communication_diversion* diversion) {
+    return Write(diversion);
+  }
   /// A null timer is written as nothing and succeeds.
   int AddNoReplyTimerElementToXml(zt_NoReplyTimer* timer);
-  int AddForwardToElementtoXml(zt_ns_xcap_forward_to_type* forwardTo);
+  int AddForwardToElementtoXml(zt_ns_xcap_forward_to_type* forwardTo) { return Write(forwardTo); }
 
  private:
   const ZtPolicyTypes& Policy() const override;
 };
+
+/// Reads a communication-diversion service, with the prefixes of its document.
+class ZT_API XMLCommunicationDiversionDecoder
+    : public ZtDecoderOf<CommunicationDiversionContext, ZtNamespaceDecoder> {};
 
 /// Reads the service from an XCAP fragment.
 class ZT_API CommunicationDiversionUnMarshaller

@@ -3,6 +3,7 @@
 #define ZTXML_INCLUDE_XMLCOMMUNICATIONWAITING_H
 
 #include "XMLSimservsXcap.h"
+#include "ZtNamespaceDecoder.h"
 #include "ZtNamespaceDocument.h"
 
 /// The element "communication-waiting".
@@ -12,13 +13,13 @@ class ZT_API zt_communication_waiting
   static const ZtElementType kType;
 };
 
-/// Makes an empty zt_communication_waiting.
-class ZT_API CommunicationWaitingDataBinder : public XMLObjectFactory {
- public:
-  XMLObject* CreateRootElement() override;
-};
-
 class CommunicationWaitingContext;
+
+/// Makes an empty zt_communication_waiting.
+class ZT_API CommunicationWaitingDataBinder
+    : public ZtDescribedBy<CommunicationWaitingContext, ZtFactory> {
+ public:
+};
 
 /// Writes the service as an XCAP fragment.
 class ZT_API Communication_waitingMarshaller
@@ -26,8 +27,14 @@ class ZT_API Communication_waitingMarshaller
  public:
   Communication_waitingMarshaller();
   /// Writes the element (1 written, 0 failed), which only a running Marshall can use.
-  int AddCommunication_waitingElementToXml(zt_communication_waiting* service);
+  int AddCommunication_waitingElementToXml(zt_communication_waiting* service) {
+    return Write(service);
+  }
 };
+
+/// Reads a communication-waiting service, with the prefixes of its document.
+class ZT_API XMLCommunicationWaitingDecoder
+    : public ZtDecoderOf<CommunicationWaitingContext, ZtNamespaceDecoder> {};
 
 /// Reads the service from an XCAP fragment.
 class ZT_API CommunicationWaitingUnMarshaller

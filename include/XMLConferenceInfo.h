@@ -5,6 +5,7 @@
 
 #include "XMLConferenceUsers.h"
 #include "ZtDocument.h"
+#include "ZtSchemaDecoder.h"
 
 /// The element "keywords".
 class ZT_API zt_keywords_type : public ZtTyped<zt_keywords_type, ZtExtensible<>> {
@@ -14,7 +15,7 @@ class ZT_API zt_keywords_type : public ZtTyped<zt_keywords_type, ZtExtensible<>>
   /// A list of zt_string; one blank stands between them in a document, and an empty one where two
   /// do.
   int setKeywordListValue(ZtSingleElementList* list) { return m_Words.Set(list); }
-  ZtListOf<zt_string>* getKeywordListValue() const { return m_Words.Of<zt_string>(); }
+  ZtListOf<zt_string>* getKeywordListValue() const { return m_Words; }
   int addKeyword(zt_string* element) { return m_Words.Add(element); }
 
  private:
@@ -41,13 +42,8 @@ class ZT_API zt_conference_medium_type : public ZtTyped<zt_conference_medium_typ
   const char* getTypeValue() const { return m_Type.Get(); }
 
   /// Its direction.
-  int setStatusValue(zt_media_status_type_enum value) {
-    m_Status = value;
-    return 1;
-  }
-  zt_media_status_type_enum getStatusValue() const {
-    return static_cast<zt_media_status_type_enum>(m_Status);
-  }
+  int setStatusValue(zt_media_status_type_enum value) { return m_Status.Set(value); }
+  zt_media_status_type_enum getStatusValue() const { return m_Status; }
 
  private:
   friend struct ConferenceInfoBinding;
@@ -55,7 +51,7 @@ class ZT_API zt_conference_medium_type : public ZtTyped<zt_conference_medium_typ
   ZtText m_Label;
   ZtText m_DisplayText;
   ZtText m_Type;
-  unsigned m_Status = ZT_MEDIA_STATUS_ABSENT;
+  ZtNumber m_Status = ZT_MEDIA_STATUS_ABSENT;
 };
 
 /// The element "available-media".
@@ -65,9 +61,7 @@ class ZT_API zt_conference_media_type : public ZtTyped<zt_conference_media_type,
 
   /// A list of zt_conference_medium_type.
   int setEntryListValue(ZtSingleElementList* list) { return m_Entries.Set(list); }
-  ZtListOf<zt_conference_medium_type>* getEntryListValue() const {
-    return m_Entries.Of<zt_conference_medium_type>();
-  }
+  ZtListOf<zt_conference_medium_type>* getEntryListValue() const { return m_Entries; }
   int addEntry(zt_conference_medium_type* element) { return m_Entries.Add(element); }
 
  private:
@@ -96,34 +90,25 @@ class ZT_API zt_conference_description_type
 
   /// Words to find it by.
   int setKeywordsValue(zt_keywords_type* element) { return m_Keywords.Set(element); }
-  zt_keywords_type* getKeywordsValue() const {
-    return static_cast<zt_keywords_type*>(m_Keywords.Get());
-  }
+  zt_keywords_type* getKeywordsValue() const { return m_Keywords; }
 
   /// URIs under which it is reached.
   int setConfUrisValue(zt_uris_type* element) { return m_ConfUris.Set(element); }
-  zt_uris_type* getConfUrisValue() const { return static_cast<zt_uris_type*>(m_ConfUris.Get()); }
+  zt_uris_type* getConfUrisValue() const { return m_ConfUris; }
 
   /// URIs of services around it.
   int setServiceUrisValue(zt_uris_type* element) { return m_ServiceUris.Set(element); }
-  zt_uris_type* getServiceUrisValue() const {
-    return static_cast<zt_uris_type*>(m_ServiceUris.Get());
-  }
+  zt_uris_type* getServiceUrisValue() const { return m_ServiceUris; }
 
   /// The most users that it takes.
-  int setMaximumUserCountValue(unsigned int value) {
-    m_MaximumUserCount = value;
-    return 1;
-  }
+  int setMaximumUserCountValue(unsigned int value) { return m_MaximumUserCount.Set(value); }
   unsigned int getMaximumUserCountValue() const { return m_MaximumUserCount; }
 
   /// Its media.
   int setAvailableMediaValue(zt_conference_media_type* element) {
     return m_AvailableMedia.Set(element);
   }
-  zt_conference_media_type* getAvailableMediaValue() const {
-    return static_cast<zt_conference_media_type*>(m_AvailableMedia.Get());
-  }
+  zt_conference_media_type* getAvailableMediaValue() const { return m_AvailableMedia; }
 
  private:
   friend struct ConferenceInfoBinding;
@@ -134,7 +119,7 @@ class ZT_API zt_conference_description_type
   ZtChild m_Keywords;
   ZtChild m_ConfUris;
   ZtChild m_ServiceUris;
-  unsigned m_MaximumUserCount = 0;
+  ZtNumber m_MaximumUserCount;
   ZtChild m_AvailableMedia;
 };
 
@@ -153,7 +138,7 @@ class ZT_API zt_host_type : public ZtTyped<zt_host_type, ZtExtensible<>> {
 
   /// URIs of the host.
   int setUrisValue(zt_uris_type* element) { return m_Uris.Set(element); }
-  zt_uris_type* getUrisValue() const { return static_cast<zt_uris_type*>(m_Uris.Get()); }
+  zt_uris_type* getUrisValue() const { return m_Uris; }
 
  private:
   friend struct ConferenceInfoBinding;
@@ -169,32 +154,23 @@ class ZT_API zt_conference_state_type : public ZtTyped<zt_conference_state_type,
   static const ZtElementType kType;
 
   /// The users that take part.
-  int setUserCountValue(unsigned int value) {
-    m_UserCount = value;
-    return 1;
-  }
+  int setUserCountValue(unsigned int value) { return m_UserCount.Set(value); }
   unsigned int getUserCountValue() const { return m_UserCount; }
 
   /// 1 or 0 (any other number, and at first): whether the conference has begun. Always written.
-  int setActiveValue(int value) {
-    m_Active = value == 1 ? 1 : 0;
-    return 1;
-  }
-  int getActiveValue() const { return static_cast<int>(m_Active); }
+  int setActiveValue(int value) { return m_Active.Set(value == 1 ? 1 : 0); }
+  int getActiveValue() const { return m_Active; }
 
   /// The same for whether nobody may join any more.
-  int setLockedValue(int value) {
-    m_Locked = value == 1 ? 1 : 0;
-    return 1;
-  }
-  int getLockedValue() const { return static_cast<int>(m_Locked); }
+  int setLockedValue(int value) { return m_Locked.Set(value == 1 ? 1 : 0); }
+  int getLockedValue() const { return m_Locked; }
 
  private:
   friend struct ConferenceInfoBinding;
 
-  unsigned m_UserCount = 0;
-  unsigned m_Active = 0;
-  unsigned m_Locked = 0;
+  ZtNumber m_UserCount;
+  ZtNumber m_Active;
+  ZtNumber m_Locked;
 };
 
 class zt_conference_type;
@@ -205,23 +181,18 @@ class ZT_API zt_sidebars_by_val_type : public ZtTyped<zt_sidebars_by_val_type, Z
   static const ZtElementType kType;
 
   /// Whether this is the full state, a change of it, or the end.
-  int setStateValue(zt_state_type_enum value) {
-    m_State = value;
-    return 1;
-  }
-  zt_state_type_enum getStateValue() const { return static_cast<zt_state_type_enum>(m_State); }
+  int setStateValue(zt_state_type_enum value) { return m_State.Set(value); }
+  zt_state_type_enum getStateValue() const { return m_State; }
 
   /// A list of zt_conference_type.
   int setEntryListValue(ZtSingleElementList* list) { return m_Entries.Set(list); }
-  ZtListOf<zt_conference_type>* getEntryListValue() const {
-    return m_Entries.Of<zt_conference_type>();
-  }
+  ZtListOf<zt_conference_type>* getEntryListValue() const { return m_Entries; }
   int addEntry(zt_conference_type* element);
 
  private:
   friend struct ConferenceInfoBinding;
 
-  unsigned m_State = ZT_STATE_ABSENT;
+  ZtNumber m_State = ZT_STATE_ABSENT;
   ZtChildList m_Entries;
 };
 
@@ -231,17 +202,11 @@ class ZT_API zt_conference_type : public ZtTyped<zt_conference_type, ZtExtensibl
   static const ZtElementType kType;
 
   /// Whether this is the full state, a change of it, or the end.
-  int setStateValue(zt_state_type_enum value) {
-    m_State = value;
-    return 1;
-  }
-  zt_state_type_enum getStateValue() const { return static_cast<zt_state_type_enum>(m_State); }
+  int setStateValue(zt_state_type_enum value) { return m_State.Set(value); }
+  zt_state_type_enum getStateValue() const { return m_State; }
 
   /// The attribute "version", counted up from one document to the next.
-  int setVersionValue(unsigned int value) {
-    m_Version = value;
-    return 1;
-  }
+  int setVersionValue(unsigned int value) { return m_Version.Set(value); }
   unsigned int getVersionValue() const { return m_Version; }
 
   /// The attribute "entity", the URI of the conference; required on output.
@@ -253,44 +218,38 @@ class ZT_API zt_conference_type : public ZtTyped<zt_conference_type, ZtExtensibl
     return m_ConferenceDescription.Set(element);
   }
   zt_conference_description_type* getConferenceDescriptionValue() const {
-    return static_cast<zt_conference_description_type*>(m_ConferenceDescription.Get());
+    return m_ConferenceDescription;
   }
 
   /// Who hosts it.
   int setHostInfoValue(zt_host_type* element) { return m_HostInfo.Set(element); }
-  zt_host_type* getHostInfoValue() const { return static_cast<zt_host_type*>(m_HostInfo.Get()); }
+  zt_host_type* getHostInfoValue() const { return m_HostInfo; }
 
   /// How it stands.
   int setConferenceStateValue(zt_conference_state_type* element) {
     return m_ConferenceState.Set(element);
   }
-  zt_conference_state_type* getConferenceStateValue() const {
-    return static_cast<zt_conference_state_type*>(m_ConferenceState.Get());
-  }
+  zt_conference_state_type* getConferenceStateValue() const { return m_ConferenceState; }
 
   /// Who takes part.
   int setUsersValue(zt_users_type* element) { return m_Users.Set(element); }
-  zt_users_type* getUsersValue() const { return static_cast<zt_users_type*>(m_Users.Get()); }
+  zt_users_type* getUsersValue() const { return m_Users; }
 
   /// The URIs of its sidebars.
   int setSidebarsByRefValue(zt_uris_type* element) { return m_SidebarsByRef.Set(element); }
-  zt_uris_type* getSidebarsByRefValue() const {
-    return static_cast<zt_uris_type*>(m_SidebarsByRef.Get());
-  }
+  zt_uris_type* getSidebarsByRefValue() const { return m_SidebarsByRef; }
 
   /// Its sidebars.
   int setSidebarsByValValue(zt_sidebars_by_val_type* element) {
     return m_SidebarsByVal.Set(element);
   }
-  zt_sidebars_by_val_type* getSidebarsByValValue() const {
-    return static_cast<zt_sidebars_by_val_type*>(m_SidebarsByVal.Get());
-  }
+  zt_sidebars_by_val_type* getSidebarsByValValue() const { return m_SidebarsByVal; }
 
  private:
   friend struct ConferenceInfoBinding;
 
-  unsigned m_State = ZT_STATE_ABSENT;
-  unsigned m_Version = 0;
+  ZtNumber m_State = ZT_STATE_ABSENT;
+  ZtNumber m_Version;
   ZtText m_Entity;
   ZtChild m_ConferenceDescription;
   ZtChild m_HostInfo;
@@ -307,57 +266,63 @@ inline int zt_sidebars_by_val_type::addEntry(zt_conference_type* element) {
   return m_Entries.Add(element);
 }
 
+class ConferenceInfoContext;
+
 /// Makes empty elements; each is the caller's until a parent takes it. Null without memory.
-class ZT_API ConferenceInfoDataBinder : public XMLObjectFactory {
+class ZT_API ConferenceInfoDataBinder : public ZtDescribedBy<ConferenceInfoContext, ZtFactory> {
  public:
-  XMLObject* CreateRootElement() override;
-  zt_conference_type* CreateConferenceInfoType();
-  zt_conference_description_type* CreateConferenceDescriptionType();
-  zt_host_type* CreateHostType();
-  zt_conference_state_type* CreateConferenceStateType();
-  zt_users_type* CreateUsersType();
-  zt_user_type* CreateUserType();
-  zt_user_roles_type* CreateUserRolesType();
-  zt_user_languages_type* CreateUserLanguagesType();
-  zt_endpoint_type* CreateEndPointType();
-  zt_execution_type* CreateExecutionType();
-  zt_media_type* CreateMediaType();
-  zt_call_type* CreateCallType();
-  zt_sip_dialog_id_type* CreateSIPDialogIDType();
-  zt_uris_type* CreateURIsType();
-  zt_uri_type* CreateURIType();
-  zt_keywords_type* CreateKeywordsType();
-  zt_conference_medium_type* CreateConferenceMediumType();
+  zt_conference_type* CreateConferenceInfoType() { return Make(); }
+  zt_conference_description_type* CreateConferenceDescriptionType() { return Make(); }
+  zt_host_type* CreateHostType() { return Make(); }
+  zt_conference_state_type* CreateConferenceStateType() { return Make(); }
+  zt_users_type* CreateUsersType() { return Make(); }
+  zt_user_type* CreateUserType() { return Make(); }
+  zt_user_roles_type* CreateUserRolesType() { return Make(); }
+  zt_user_languages_type* CreateUserLanguagesType() { return Make(); }
+  zt_endpoint_type* CreateEndPointType() { return Make(); }
+  zt_execution_type* CreateExecutionType() { return Make(); }
+  zt_media_type* CreateMediaType() { return Make(); }
+  zt_call_type* CreateCallType() { return Make(); }
+  zt_sip_dialog_id_type* CreateSIPDialogIDType() { return Make(); }
+  zt_uris_type* CreateURIsType() { return Make(); }
+  zt_uri_type* CreateURIType() { return Make(); }
+  zt_keywords_type* CreateKeywordsType() { return Make(); }
+  zt_conference_medium_type* CreateConferenceMediumType() { return Make(); }
   /// An "available-media", empty. Intended: CreateConferenceMedaiType is spelt so; callers use the
   /// name.
-  zt_conference_media_type* CreateConferenceMedaiType();
+  zt_conference_media_type* CreateConferenceMedaiType() { return Make(); }
 
-  zt_sidebars_by_val_type* CreateSideBarsByValueType();
+  zt_sidebars_by_val_type* CreateSideBarsByValueType() { return Make(); }
 };
-
-class ConferenceInfoContext;
 
 /// Writes a zt_conference_type. Besides Marshall, the steps that write one element each (1 written,
 /// 0 failed), which only a running Marshall can use; `name` is the element's name.
 class ZT_API Conference_infoMarshall : public ZtDescribedBy<ConferenceInfoContext, ZtMarshaller> {
  public:
   int AddConferenceInfoElementToXml(zt_conference_type* conference, e_XmlStrRef name);
-  int AddConferenceDescriptionElementToXml(zt_conference_description_type* description);
-  int AddHostInfoElementToXml(zt_host_type* host);
-  int AddConferenceStateElementToXml(zt_conference_state_type* state);
-  int AddIUsersElementToXml(zt_users_type* users);
-  int AddUserElementToXml(zt_user_type* user);
-  int AddEndPointElementToXml(zt_endpoint_type* endpoint);
+  int AddConferenceDescriptionElementToXml(zt_conference_description_type* description) {
+    return Write(description);
+  }
+  int AddHostInfoElementToXml(zt_host_type* host) { return Write(host); }
+  int AddConferenceStateElementToXml(zt_conference_state_type* state) { return Write(state); }
+  int AddIUsersElementToXml(zt_users_type* users) { return Write(users); }
+  int AddUserElementToXml(zt_user_type* user) { return Write(user); }
+  int AddEndPointElementToXml(zt_endpoint_type* endpoint) { return Write(endpoint); }
   /// The children only: the element around them is the parent's.
-  int AddExecutionTypeElementToXml(zt_execution_type* execution);
-  int AddMediaElementToXml(zt_media_type* media);
-  int AddSipElementToXml(zt_sip_dialog_id_type* sip);
+  int AddExecutionTypeElementToXml(zt_execution_type* execution) { return Write(execution); }
+  int AddMediaElementToXml(zt_media_type* media) { return Write(media); }
+  int AddSipElementToXml(zt_sip_dialog_id_type* sip) { return Write(sip); }
   int AddUrisTypeElementToXml(zt_uris_type* uris, e_XmlStrRef name);
-  int AddUriTypeElementToXml(zt_uri_type* uri);
-  int AddConferenceMediaTypeElementToXml(zt_conference_media_type* media);
+  int AddUriTypeElementToXml(zt_uri_type* uri) { return Write(uri); }
+  int AddConferenceMediaTypeElementToXml(zt_conference_media_type* media) { return Write(media); }
   /// The children only, like AddExecutionTypeElementToXml.
-  int AddConferenceMediumTypeElementToXml(zt_conference_medium_type* medium);
+  int AddConferenceMediumTypeElementToXml(zt_conference_medium_type* medium) {
+    return Write(medium);
+  }
 };
+
+/// Reads a "conference-info" document, with any prefixes.
+class ZT_API XMLConferenceInfoDecoder : public ZtDecoderOf<ConferenceInfoContext> {};
 
 /// Reads a zt_conference_type.
 class ZT_API ConferenceInfoUnMarshaller

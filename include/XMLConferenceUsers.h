@@ -103,9 +103,7 @@ class ZT_API zt_uri_type : public ZtTyped<zt_uri_type, ZtExtensible<>> {
 
   /// Its last change.
   int setModifiedValue(zt_execution_type* element) { return m_Modified.Set(element); }
-  zt_execution_type* getModifiedValue() const {
-    return static_cast<zt_execution_type*>(m_Modified.Get());
-  }
+  zt_execution_type* getModifiedValue() const { return m_Modified; }
 
  private:
   friend struct ConferenceInfoBinding;
@@ -122,21 +120,18 @@ class ZT_API zt_uris_type : public ZtTyped<zt_uris_type, ZtExtensible<>> {
   static const ZtElementType kType;
 
   /// Whether this is the full state, a change of it, or the end.
-  int setStateValue(zt_state_type_enum value) {
-    m_State = value;
-    return 1;
-  }
-  zt_state_type_enum getStateValue() const { return static_cast<zt_state_type_enum>(m_State); }
+  int setStateValue(zt_state_type_enum value) { return m_State.Set(value); }
+  zt_state_type_enum getStateValue() const { return m_State; }
 
   /// A list of zt_uri_type.
   int setEntryListValue(ZtSingleElementList* list) { return m_Entries.Set(list); }
-  ZtListOf<zt_uri_type>* getEntryListValue() const { return m_Entries.Of<zt_uri_type>(); }
+  ZtListOf<zt_uri_type>* getEntryListValue() const { return m_Entries; }
   int addEntry(zt_uri_type* element) { return m_Entries.Add(element); }
 
  private:
   friend struct ConferenceInfoBinding;
 
-  unsigned m_State = ZT_STATE_ABSENT;
+  ZtNumber m_State = ZT_STATE_ABSENT;
   ZtChildList m_Entries;
 };
 
@@ -148,7 +143,7 @@ class ZT_API zt_user_languages_type : public ZtTyped<zt_user_languages_type, ZtE
   /// A list of zt_string; one blank stands between them in a document, and an empty one where two
   /// do.
   int setLanguageListValue(ZtSingleElementList* list) { return m_Words.Set(list); }
-  ZtListOf<zt_string>* getLanguageListValue() const { return m_Words.Of<zt_string>(); }
+  ZtListOf<zt_string>* getLanguageListValue() const { return m_Words; }
   int addLanguage(zt_string* element) { return m_Words.Add(element); }
 
  private:
@@ -164,7 +159,7 @@ class ZT_API zt_user_roles_type : public ZtTyped<zt_user_roles_type, ZtExtensibl
 
   /// A list of zt_string, e.g. "participant".
   int setEntryListValue(ZtSingleElementList* list) { return m_Entries.Set(list); }
-  ZtListOf<zt_string>* getEntryListValue() const { return m_Entries.Of<zt_string>(); }
+  ZtListOf<zt_string>* getEntryListValue() const { return m_Entries; }
   int addEntry(zt_string* element) { return m_Entries.Add(element); }
 
  private:
@@ -210,9 +205,7 @@ class ZT_API zt_call_type : public ZtTyped<zt_call_type, ZtExtensible<>> {
 
   /// The dialog.
   int setSipValue(zt_sip_dialog_id_type* element) { return m_Sip.Set(element); }
-  zt_sip_dialog_id_type* getSipValue() const {
-    return static_cast<zt_sip_dialog_id_type*>(m_Sip.Get());
-  }
+  zt_sip_dialog_id_type* getSipValue() const { return m_Sip; }
 
  private:
   friend struct ConferenceInfoBinding;
@@ -246,13 +239,8 @@ class ZT_API zt_media_type : public ZtTyped<zt_media_type, ZtExtensible<>> {
   const char* getSrcIdValue() const { return m_SrcId.Get(); }
 
   /// Its direction.
-  int setStatusValue(zt_media_status_type_enum value) {
-    m_Status = value;
-    return 1;
-  }
-  zt_media_status_type_enum getStatusValue() const {
-    return static_cast<zt_media_status_type_enum>(m_Status);
-  }
+  int setStatusValue(zt_media_status_type_enum value) { return m_Status.Set(value); }
+  zt_media_status_type_enum getStatusValue() const { return m_Status; }
 
  private:
   friend struct ConferenceInfoBinding;
@@ -262,7 +250,7 @@ class ZT_API zt_media_type : public ZtTyped<zt_media_type, ZtExtensible<>> {
   ZtText m_Type;
   ZtText m_Label;
   ZtText m_SrcId;
-  unsigned m_Status = ZT_MEDIA_STATUS_ABSENT;
+  ZtNumber m_Status = ZT_MEDIA_STATUS_ABSENT;
 };
 
 /// An "endpoint" of a user.
@@ -271,11 +259,8 @@ class ZT_API zt_endpoint_type : public ZtTyped<zt_endpoint_type, ZtExtensible<>>
   static const ZtElementType kType;
 
   /// Whether this is the full state, a change of it, or the end.
-  int setStateValue(zt_state_type_enum value) {
-    m_State = value;
-    return 1;
-  }
-  zt_state_type_enum getStateValue() const { return static_cast<zt_state_type_enum>(m_State); }
+  int setStateValue(zt_state_type_enum value) { return m_State.Set(value); }
+  zt_state_type_enum getStateValue() const { return m_State; }
 
   /// The attribute "entity", a URI.
   int setEntityValue(const char* text) { return m_Entity.Assign(text); }
@@ -287,71 +272,52 @@ class ZT_API zt_endpoint_type : public ZtTyped<zt_endpoint_type, ZtExtensible<>>
 
   /// Who referred it here.
   int setReferredValue(zt_execution_type* element) { return m_Referred.Set(element); }
-  zt_execution_type* getReferredValue() const {
-    return static_cast<zt_execution_type*>(m_Referred.Get());
-  }
+  zt_execution_type* getReferredValue() const { return m_Referred; }
 
   /// Its state.
-  int setStatusValue(zt_endpoint_status_type_enum value) {
-    m_Status = value;
-    return 1;
-  }
-  zt_endpoint_status_type_enum getStatusValue() const {
-    return static_cast<zt_endpoint_status_type_enum>(m_Status);
-  }
+  int setStatusValue(zt_endpoint_status_type_enum value) { return m_Status.Set(value); }
+  zt_endpoint_status_type_enum getStatusValue() const { return m_Status; }
 
   /// How it joined.
-  int setJoiningMethodValue(zt_joining_type_enum value) {
-    m_JoiningMethod = value;
-    return 1;
-  }
-  zt_joining_type_enum getJoiningMethodValue() const {
-    return static_cast<zt_joining_type_enum>(m_JoiningMethod);
-  }
+  int setJoiningMethodValue(zt_joining_type_enum value) { return m_JoiningMethod.Set(value); }
+  zt_joining_type_enum getJoiningMethodValue() const { return m_JoiningMethod; }
 
   /// When and why it joined.
   int setJoiningInfoValue(zt_execution_type* element) { return m_JoiningInfo.Set(element); }
-  zt_execution_type* getJoiningInfoValue() const {
-    return static_cast<zt_execution_type*>(m_JoiningInfo.Get());
-  }
+  zt_execution_type* getJoiningInfoValue() const { return m_JoiningInfo; }
 
   /// How it left.
   int setDisconnectionMethodValue(zt_disconnection_type_enum value) {
-    m_DisconnectionMethod = value;
-    return 1;
+    return m_DisconnectionMethod.Set(value);
   }
-  zt_disconnection_type_enum getDisconnectionMethodValue() const {
-    return static_cast<zt_disconnection_type_enum>(m_DisconnectionMethod);
-  }
+  zt_disconnection_type_enum getDisconnectionMethodValue() const { return m_DisconnectionMethod; }
 
   /// When and why it left.
   int setDisconnectionInfoValue(zt_execution_type* element) {
     return m_DisconnectionInfo.Set(element);
   }
-  zt_execution_type* getDisconnectionInfoValue() const {
-    return static_cast<zt_execution_type*>(m_DisconnectionInfo.Get());
-  }
+  zt_execution_type* getDisconnectionInfoValue() const { return m_DisconnectionInfo; }
 
   /// A list of zt_media_type.
   int setMediaListValue(ZtSingleElementList* list) { return m_Media.Set(list); }
-  ZtListOf<zt_media_type>* getMediaListValue() const { return m_Media.Of<zt_media_type>(); }
+  ZtListOf<zt_media_type>* getMediaListValue() const { return m_Media; }
   int addMedia(zt_media_type* element) { return m_Media.Add(element); }
 
   /// Its dialog with the focus.
   int setCallInfoValue(zt_call_type* element) { return m_CallInfo.Set(element); }
-  zt_call_type* getCallInfoValue() const { return static_cast<zt_call_type*>(m_CallInfo.Get()); }
+  zt_call_type* getCallInfoValue() const { return m_CallInfo; }
 
  private:
   friend struct ConferenceInfoBinding;
 
-  unsigned m_State = ZT_STATE_ABSENT;
+  ZtNumber m_State = ZT_STATE_ABSENT;
   ZtText m_Entity;
   ZtText m_DisplayText;
   ZtChild m_Referred;
-  unsigned m_Status = ZT_ENDPOINT_STATUS_ABSENT;
-  unsigned m_JoiningMethod = ZT_JOINING_ABSENT;
+  ZtNumber m_Status = ZT_ENDPOINT_STATUS_ABSENT;
+  ZtNumber m_JoiningMethod = ZT_JOINING_ABSENT;
   ZtChild m_JoiningInfo;
-  unsigned m_DisconnectionMethod = ZT_DISCONNECTION_ABSENT;
+  ZtNumber m_DisconnectionMethod = ZT_DISCONNECTION_ABSENT;
   ZtChild m_DisconnectionInfo;
   ZtChildList m_Media;
   ZtChild m_CallInfo;
@@ -363,11 +329,8 @@ class ZT_API zt_user_type : public ZtTyped<zt_user_type, ZtExtensible<>> {
   static const ZtElementType kType;
 
   /// Whether this is the full state, a change of it, or the end.
-  int setStateValue(zt_state_type_enum value) {
-    m_State = value;
-    return 1;
-  }
-  zt_state_type_enum getStateValue() const { return static_cast<zt_state_type_enum>(m_State); }
+  int setStateValue(zt_state_type_enum value) { return m_State.Set(value); }
+  zt_state_type_enum getStateValue() const { return m_State; }
 
   /// The attribute "entity", a URI.
   int setEntityValue(const char* text) { return m_Entity.Assign(text); }
@@ -379,21 +342,15 @@ class ZT_API zt_user_type : public ZtTyped<zt_user_type, ZtExtensible<>> {
 
   /// Further addresses of the user.
   int setAssociatedAorsValue(zt_uris_type* element) { return m_AssociatedAors.Set(element); }
-  zt_uris_type* getAssociatedAorsValue() const {
-    return static_cast<zt_uris_type*>(m_AssociatedAors.Get());
-  }
+  zt_uris_type* getAssociatedAorsValue() const { return m_AssociatedAors; }
 
   /// Roles in the conference.
   int setRolesValue(zt_user_roles_type* element) { return m_Roles.Set(element); }
-  zt_user_roles_type* getRolesValue() const {
-    return static_cast<zt_user_roles_type*>(m_Roles.Get());
-  }
+  zt_user_roles_type* getRolesValue() const { return m_Roles; }
 
   /// Languages that the user speaks.
   int setLanguagesValue(zt_user_languages_type* element) { return m_Languages.Set(element); }
-  zt_user_languages_type* getLanguagesValue() const {
-    return static_cast<zt_user_languages_type*>(m_Languages.Get());
-  }
+  zt_user_languages_type* getLanguagesValue() const { return m_Languages; }
 
   /// The URI of the conference that the user stands for.
   int setCascadedFocusValue(const char* text) { return m_CascadedFocus.Assign(text); }
@@ -401,15 +358,13 @@ class ZT_API zt_user_type : public ZtTyped<zt_user_type, ZtExtensible<>> {
 
   /// A list of zt_endpoint_type.
   int setEndpointListValue(ZtSingleElementList* list) { return m_Endpoints.Set(list); }
-  ZtListOf<zt_endpoint_type>* getEndpointListValue() const {
-    return m_Endpoints.Of<zt_endpoint_type>();
-  }
+  ZtListOf<zt_endpoint_type>* getEndpointListValue() const { return m_Endpoints; }
   int addEndpoint(zt_endpoint_type* element) { return m_Endpoints.Add(element); }
 
  private:
   friend struct ConferenceInfoBinding;
 
-  unsigned m_State = ZT_STATE_ABSENT;
+  ZtNumber m_State = ZT_STATE_ABSENT;
   ZtText m_Entity;
   ZtText m_DisplayText;
   ZtChild m_AssociatedAors;
@@ -425,21 +380,18 @@ class ZT_API zt_users_type : public ZtTyped<zt_users_type, ZtExtensible<>> {
   static const ZtElementType kType;
 
   /// Whether this is the full state, a change of it, or the end.
-  int setStateValue(zt_state_type_enum value) {
-    m_State = value;
-    return 1;
-  }
-  zt_state_type_enum getStateValue() const { return static_cast<zt_state_type_enum>(m_State); }
+  int setStateValue(zt_state_type_enum value) { return m_State.Set(value); }
+  zt_state_type_enum getStateValue() const { return m_State; }
 
   /// A list of zt_user_type.
   int setUserListValue(ZtSingleElementList* list) { return m_Users.Set(list); }
-  ZtListOf<zt_user_type>* getUserListValue() const { return m_Users.Of<zt_user_type>(); }
+  ZtListOf<zt_user_type>* getUserListValue() const { return m_Users; }
   int addUser(zt_user_type* element) { return m_Users.Add(element); }
 
  private:
   friend struct ConferenceInfoBinding;
 
-  unsigned m_State = ZT_STATE_ABSENT;
+  ZtNumber m_State = ZT_STATE_ABSENT;
   ZtChildList m_Users;
 };
 

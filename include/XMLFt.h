@@ -9,6 +9,7 @@
 
 #include "XMLValueTypes.h"
 #include "ZtDocument.h"
+#include "ZtSchemaDecoder.h"
 
 /// A "data": where the file is.
 class ZT_API zt_ns_ft_data : public ZtTyped<zt_ns_ft_data> {
@@ -45,21 +46,18 @@ class ZT_API zt_ns_ft_file_info : public ZtTyped<zt_ns_ft_file_info> {
   const char* getTypeValue() const { return m_Type.Get(); }
 
   /// Bytes; 0 when absent.
-  int setFileSizeValue(unsigned int value) {
-    m_FileSize = value;
-    return 1;
-  }
+  int setFileSizeValue(unsigned int value) { return m_FileSize.Set(value); }
   unsigned int getFileSizeValue() const { return m_FileSize; }
 
   /// Where it is.
   int setDataValue(zt_ns_ft_data* element) { return m_Data.Set(element); }
-  zt_ns_ft_data* getDataValue() const { return static_cast<zt_ns_ft_data*>(m_Data.Get()); }
+  zt_ns_ft_data* getDataValue() const { return m_Data; }
 
  private:
   friend struct FileBinding;
 
   ZtText m_Type;
-  unsigned m_FileSize = 0;
+  ZtNumber m_FileSize;
   ZtChild m_Data;
 };
 
@@ -70,9 +68,7 @@ class ZT_API zt_file : public ZtTyped<zt_file, ZtObject> {
 
   /// A list of zt_ns_ft_file_info.
   int setFileInfoListValue(ZtSingleElementList* list) { return m_FileInfos.Set(list); }
-  ZtListOf<zt_ns_ft_file_info>* getFileInfoListValue() const {
-    return m_FileInfos.Of<zt_ns_ft_file_info>();
-  }
+  ZtListOf<zt_ns_ft_file_info>* getFileInfoListValue() const { return m_FileInfos; }
   int addFileInfo(zt_ns_ft_file_info* element) { return m_FileInfos.Add(element); }
 
  private:
@@ -81,24 +77,26 @@ class ZT_API zt_file : public ZtTyped<zt_file, ZtObject> {
   ZtChildList m_FileInfos;
 };
 
-/// Makes empty elements; each is the caller's until a parent takes it. Null without memory.
-class ZT_API FileDataBinder : public XMLObjectFactory {
- public:
-  XMLObject* CreateRootElement() override;
-  zt_ns_ft_file_info* CreateFileInfoElement();
-  zt_ns_ft_data* CreateDataElement();
-};
-
 class FileContext;
+
+/// Makes empty elements; each is the caller's until a parent takes it. Null without memory.
+class ZT_API FileDataBinder : public ZtDescribedBy<FileContext, ZtFactory> {
+ public:
+  zt_ns_ft_file_info* CreateFileInfoElement() { return Make(); }
+  zt_ns_ft_data* CreateDataElement() { return Make(); }
+};
 
 /// Writes a zt_file. Besides Marshall, the steps that write one element each (1 written, 0
 /// failed), which only a running Marshall can use.
 class ZT_API FileMarshaller : public ZtDescribedBy<FileContext, ZtMarshaller> {
  public:
-  int AddFileElementToXml(zt_file* file);
-  int AddFileInfoElementToXml(zt_ns_ft_file_info* info);
-  int AddDataElementToXml(zt_ns_ft_data* data);
+  int AddFileElementToXml(zt_file* file) { return Write(file); }
+  int AddFileInfoElementToXml(zt_ns_ft_file_info* info) { return Write(info); }
+  int AddDataElementToXml(zt_ns_ft_data* data) { return Write(data); }
 };
+
+/// Reads a "file" document, with any prefixes.
+class ZT_API XMLFileDecoder : public ZtDecoderOf<FileContext> {};
 
 /// Reads a zt_file.
 class ZT_API FileUnMarshaller : public ZtDescribedBy<FileContext, ZtUnMarshaller> {};

@@ -5,6 +5,7 @@
 
 #include "ZtDocument.h"
 #include "ZtElement.h"
+#include "ZtSchemaDecoder.h"
 
 /// What every GRUU has.
 class ZT_API ZtGruu : public ZtObject {
@@ -22,15 +23,12 @@ class ZT_API ZtGruu : public ZtObject {
 class ZT_API ZtTemporaryGruu : public ZtGruu {
  public:
   /// The CSeq of the REGISTER request that made the GRUU valid.
-  int setFirstCseqValue(unsigned cseq) {
-    m_FirstCseq = cseq;
-    return 1;
-  }
+  int setFirstCseqValue(unsigned cseq) { return m_FirstCseq.Set(cseq); }
   unsigned getFirstCseqValue() const { return m_FirstCseq; }
 
  private:
   friend struct GruuBinding;
-  unsigned m_FirstCseq = 0;
+  ZtNumber m_FirstCseq;
 };
 
 /// The element "pub-gruu".
@@ -57,8 +55,10 @@ class ZT_API zt_ns_gruuinfo_tempGruu : public ZtTyped<zt_ns_gruuinfo_tempGruu, Z
   static const ZtElementType kType;
 };
 
+class GruuContext;
+
 /// Makes empty objects; each is the caller's until a parent takes it. Null without memory.
-class ZT_API GruuDataBinder : public XMLObjectFactory {
+class ZT_API GruuDataBinder : public ZtDescribedBy<GruuContext, ZtFactory> {
  public:
   /// Chooses what CreateRootElement makes: "pub-gruu", "temp-gruu" or a prefix of one (copied).
   /// Always 1.
@@ -66,24 +66,25 @@ class ZT_API GruuDataBinder : public XMLObjectFactory {
 
   /// A new zt_pub_gruu or zt_temp_gruu after the type that was set, else null.
   XMLObject* CreateRootElement() override;
-  zt_pub_gruu* CreatePubGruuElement();
-  zt_temp_gruu* CreateTempGruuElement();
-  zt_ns_gruuinfo_pubGruu* CreateNsPubGruuElement();
-  zt_ns_gruuinfo_tempGruu* CreateNsTempGruuElement();
+  zt_pub_gruu* CreatePubGruuElement() { return Make(); }
+  zt_temp_gruu* CreateTempGruuElement() { return Make(); }
+  zt_ns_gruuinfo_pubGruu* CreateNsPubGruuElement() { return Make(); }
+  zt_ns_gruuinfo_tempGruu* CreateNsTempGruuElement() { return Make(); }
 
  private:
   ZtText m_pGruutype;
 };
 
-class GruuContext;
-
 /// Writes one GRUU without any prefix. Besides Marshall, the steps that write one element each (1
 /// written, 0 failed), which only a running Marshall can use.
 class ZT_API GruuMarshaller : public ZtDescribedBy<GruuContext, ZtMarshaller> {
  public:
-  int AddPubGruuElementToXml(zt_pub_gruu* gruu);
-  int AddTempGruuElementToXml(zt_temp_gruu* gruu);
+  int AddPubGruuElementToXml(zt_pub_gruu* gruu) { return Write(gruu); }
+  int AddTempGruuElementToXml(zt_temp_gruu* gruu) { return Write(gruu); }
 };
+
+/// Reads one "pub-gruu" or "temp-gruu" element, with any prefix.
+class ZT_API XMLGruuDecoder : public ZtDecoderOf<GruuContext> {};
 
 /// Reads one GRUU: a zt_pub_gruu or a zt_temp_gruu.
 class ZT_API GruuUnMarshaller : public ZtDescribedBy<GruuContext, ZtUnMarshaller> {};

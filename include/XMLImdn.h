@@ -5,6 +5,7 @@
 
 #include "ZtDocument.h"
 #include "ZtElement.h"
+#include "ZtSchemaDecoder.h"
 
 /// The value "delivered" of a status: like the others an empty element whose presence is the value.
 class ZT_API zt_delivered : public ZtTyped<zt_delivered> {
@@ -49,19 +50,19 @@ class ZT_API zt_status : public ZtTyped<zt_status, ZtExtensible<>> {
 
   /// Each takes a value and answers 1; null means absent.
   int setDeliveredValue(zt_delivered* value) { return m_Delivered.Set(value); }
-  zt_delivered* getDeliveredValue() const { return static_cast<zt_delivered*>(m_Delivered.Get()); }
+  zt_delivered* getDeliveredValue() const { return m_Delivered; }
   int setFailedValue(zt_failed* value) { return m_Failed.Set(value); }
-  zt_failed* getFailedValue() const { return static_cast<zt_failed*>(m_Failed.Get()); }
+  zt_failed* getFailedValue() const { return m_Failed; }
   int setDisplayedValue(zt_displayed* value) { return m_Displayed.Set(value); }
-  zt_displayed* getDisplayedValue() const { return static_cast<zt_displayed*>(m_Displayed.Get()); }
+  zt_displayed* getDisplayedValue() const { return m_Displayed; }
   int setProcessedValue(zt_processed* value) { return m_Processed.Set(value); }
-  zt_processed* getProcessedValue() const { return static_cast<zt_processed*>(m_Processed.Get()); }
+  zt_processed* getProcessedValue() const { return m_Processed; }
   int setStoredValue(zt_stored* value) { return m_Stored.Set(value); }
-  zt_stored* getStoredValue() const { return static_cast<zt_stored*>(m_Stored.Get()); }
+  zt_stored* getStoredValue() const { return m_Stored; }
   int setForbiddenValue(zt_forbidden* value) { return m_Forbidden.Set(value); }
-  zt_forbidden* getForbiddenValue() const { return static_cast<zt_forbidden*>(m_Forbidden.Get()); }
+  zt_forbidden* getForbiddenValue() const { return m_Forbidden; }
   int setErrorValue(zt_error* value) { return m_Error.Set(value); }
-  zt_error* getErrorValue() const { return static_cast<zt_error*>(m_Error.Get()); }
+  zt_error* getErrorValue() const { return m_Error; }
 
  private:
   friend struct ImdnBinding;
@@ -80,7 +81,7 @@ class ZT_API ZtImdnNotification : public ZtElement {
  public:
   /// Takes the status; required on output, with a value that the notification knows.
   int setStatusValue(zt_status* status) { return m_Status.Set(status); }
-  zt_status* getStatusValue() const { return static_cast<zt_status*>(m_Status.Get()); }
+  zt_status* getStatusValue() const { return m_Status; }
 
  private:
   friend struct ImdnBinding;
@@ -133,21 +134,15 @@ class ZT_API zt_imdn : public ZtTyped<zt_imdn, ZtExtensible<ZtObject>> {
   int setDeliveryNotificationValue(zt_delivery_notification* notification) {
     return m_Delivery.Set(notification);
   }
-  zt_delivery_notification* getDeliveryNotificationValue() const {
-    return static_cast<zt_delivery_notification*>(m_Delivery.Get());
-  }
+  zt_delivery_notification* getDeliveryNotificationValue() const { return m_Delivery; }
   int setDisplayNotificationValue(zt_display_notification* notification) {
     return m_Display.Set(notification);
   }
-  zt_display_notification* getDisplayNotificationValue() const {
-    return static_cast<zt_display_notification*>(m_Display.Get());
-  }
+  zt_display_notification* getDisplayNotificationValue() const { return m_Display; }
   int setProcessingNotificationValue(zt_processing_notification* notification) {
     return m_Processing.Set(notification);
   }
-  zt_processing_notification* getProcessingNotificationValue() const {
-    return static_cast<zt_processing_notification*>(m_Processing.Get());
-  }
+  zt_processing_notification* getProcessingNotificationValue() const { return m_Processing; }
 
  private:
   friend struct ImdnBinding;
@@ -162,42 +157,50 @@ class ZT_API zt_imdn : public ZtTyped<zt_imdn, ZtExtensible<ZtObject>> {
   ZtChild m_Processing;
 };
 
+class IMDNContext;
+
 /// Makes empty objects; each is the caller's until a parent takes it. Null without memory.
-class ZT_API IMDNDataBinder : public XMLObjectFactory {
+class ZT_API IMDNDataBinder : public ZtDescribedBy<IMDNContext, ZtFactory> {
  public:
-  XMLObject* CreateRootElement() override;
   /// A notification, empty. Intended: CreateDeliverNotification lacks a "y" and
   /// CreateProcesssingNotification has an "s" too many; callers use both names.
-  zt_delivery_notification* CreateDeliverNotification();
-  zt_display_notification* CreateDisplayNotification();
-  zt_processing_notification* CreateProcesssingNotification();
+  zt_delivery_notification* CreateDeliverNotification() { return Make(); }
+  zt_display_notification* CreateDisplayNotification() { return Make(); }
+  zt_processing_notification* CreateProcesssingNotification() { return Make(); }
 
-  zt_status* CreateStatus();
-  zt_delivered* CreateDeliveredElement();
-  zt_failed* CreateFailedElement();
-  zt_displayed* CreateDisplayedElement();
-  zt_processed* CreateProcessedElement();
-  zt_stored* CreateStoredElement();
-  zt_forbidden* CreateForbiddenElement();
-  zt_error* CreateErrorElement();
+  zt_status* CreateStatus() { return Make(); }
+  zt_delivered* CreateDeliveredElement() { return Make(); }
+  zt_failed* CreateFailedElement() { return Make(); }
+  zt_displayed* CreateDisplayedElement() { return Make(); }
+  zt_processed* CreateProcessedElement() { return Make(); }
+  zt_stored* CreateStoredElement() { return Make(); }
+  zt_forbidden* CreateForbiddenElement() { return Make(); }
+  zt_error* CreateErrorElement() { return Make(); }
 };
-
-class IMDNContext;
 
 /// Writes a zt_imdn. Besides Marshall, the steps that write one element each (1 written, 0 failed),
 /// which only a running Marshall can use.
 class ZT_API IMDNMarshaller : public ZtDescribedBy<IMDNContext, ZtMarshaller> {
  public:
-  int AddIMDNElementToXml(zt_imdn* imdn);
-  int AddDeliverNotificationElementToXml(zt_delivery_notification* notification);
-  int AddDisplayNotificationElementToXml(zt_display_notification* notification);
-  int AddProcessingNotificationElementToXml(zt_processing_notification* notification);
+  int AddIMDNElementToXml(zt_imdn* imdn) { return Write(imdn); }
+  int AddDeliverNotificationElementToXml(zt_delivery_notification* notification) {
+    return Write(notification);
+  }
+  int AddDisplayNotificationElementToXml(zt_display_notification* notification) {
+    return Write(notification);
+  }
+  int AddProcessingNotificationElementToXml(zt_processing_notification* notification) {
+    return Write(notification);
+  }
   /// Writes a notification by its names: `notification` XML_STR_DELIVERY_NOTIFICATION to
   /// XML_STR_PROESSING_NOTIFICATION, `status` XML_STR_DELIVERED to XML_STR_ERROR; others write
   /// nothing and return 0. The attributes of its "status" are borrowed; null for none.
   int AddNotificationXML(e_XmlStrRef notification, e_XmlStrRef status,
                          ZtSingleElementList* statusAttributes);
 };
+
+/// Reads an "imdn" document, with any prefixes.
+class ZT_API XMLImdnDecoder : public ZtDecoderOf<IMDNContext> {};
 
 /// Reads a zt_imdn.
 class ZT_API IMDNUnMarshaller : public ZtDescribedBy<IMDNContext, ZtUnMarshaller> {};

@@ -4,6 +4,7 @@
 
 #include "ZtDocument.h"
 #include "ZtElement.h"
+#include "ZtSchemaDecoder.h"
 
 /// The root element "isComposing". Texts are copied and raw: what they hold of markup must be
 /// escaped already; null means absent.
@@ -21,10 +22,7 @@ class ZT_API zt_isComposing : public ZtTyped<zt_isComposing, ZtKeepsElements<ZtO
   int setContenttypeValue(const char* type) { return m_Contenttype.Assign(type); }
   const char* getContenttypeValue() const { return m_Contenttype.Get(); }
   /// Seconds until the indication is to be sent again; 0 means absent.
-  int setRefreshValue(unsigned int seconds) {
-    m_Refresh = seconds;
-    return 1;
-  }
+  int setRefreshValue(unsigned int seconds) { return m_Refresh.Set(seconds); }
   unsigned int getRefreshValue() const { return m_Refresh; }
 
  private:
@@ -33,28 +31,31 @@ class ZT_API zt_isComposing : public ZtTyped<zt_isComposing, ZtKeepsElements<ZtO
   ZtText m_State;
   ZtText m_Lastactive;
   ZtText m_Contenttype;
-  unsigned m_Refresh = 0;
-};
-
-/// Makes empty objects; each is the caller's. Null without memory.
-class ZT_API IsComposingDataBinder : public XMLObjectFactory {
- public:
-  XMLObject* CreateRootElement() override;
+  ZtNumber m_Refresh;
 };
 
 class IsComposingContext;
+
+/// Makes empty objects; each is the caller's. Null without memory.
+class ZT_API IsComposingDataBinder : public ZtDescribedBy<IsComposingContext, ZtFactory> {
+ public:
+};
 
 /// Writes a zt_isComposing. Besides Marshall, the steps that write one element each (1 written, 0
 /// failed), which only a running Marshall can use.
 class ZT_API IsComposingMarshaller : public ZtDescribedBy<IsComposingContext, ZtMarshaller> {
  public:
-  int AddIsComposingElementToXml(zt_isComposing* indication);
+  int AddIsComposingElementToXml(zt_isComposing* indication) { return Write(indication); }
   /// Null texts and 0 seconds are not written: 0.
   int AddStateElementToXml(char* state);
   int AddLastactiveElementToXml(char* time);
   int AddContenttypeElementToXml(char* type);
   int AddRefreshElementToXml(unsigned int seconds);
 };
+
+/// Reads an "isComposing" document. Names are taken as they stand in it: with a prefix they are
+/// unknown.
+class ZT_API XMLIsComposingDecoder : public ZtDecoderOf<IsComposingContext> {};
 
 /// Reads a zt_isComposing.
 class ZT_API IsComposingUnMarshaller : public ZtDescribedBy<IsComposingContext, ZtUnMarshaller> {};

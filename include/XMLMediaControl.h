@@ -7,6 +7,7 @@
 
 #include "XMLValueTypes.h"
 #include "ZtDocument.h"
+#include "ZtSchemaDecoder.h"
 
 /// The element "to_encoder".
 class ZT_API zt_to_encoder : public ZtTyped<zt_to_encoder> {
@@ -17,9 +18,7 @@ class ZT_API zt_to_encoder : public ZtTyped<zt_to_encoder> {
   int setPictureFastUpdateValue(zt_empty_element_type* element) {
     return m_PictureFastUpdate.Set(element);
   }
-  zt_empty_element_type* getPictureFastUpdateValue() const {
-    return static_cast<zt_empty_element_type*>(m_PictureFastUpdate.Get());
-  }
+  zt_empty_element_type* getPictureFastUpdateValue() const { return m_PictureFastUpdate; }
 
  private:
   friend struct MediaControlBinding;
@@ -34,9 +33,7 @@ class ZT_API zt_vc_primitive : public ZtTyped<zt_vc_primitive> {
 
   /// A command to the encoder.
   int setToEncoderValue(zt_to_encoder* element) { return m_ToEncoder.Set(element); }
-  zt_to_encoder* getToEncoderValue() const {
-    return static_cast<zt_to_encoder*>(m_ToEncoder.Get());
-  }
+  zt_to_encoder* getToEncoderValue() const { return m_ToEncoder; }
 
  private:
   friend struct MediaControlBinding;
@@ -51,9 +48,7 @@ class ZT_API zt_media_control : public ZtTyped<zt_media_control, ZtObject> {
 
   /// A command.
   int setVcPrimitiveValue(zt_vc_primitive* element) { return m_VcPrimitive.Set(element); }
-  zt_vc_primitive* getVcPrimitiveValue() const {
-    return static_cast<zt_vc_primitive*>(m_VcPrimitive.Get());
-  }
+  zt_vc_primitive* getVcPrimitiveValue() const { return m_VcPrimitive; }
 
  private:
   friend struct MediaControlBinding;
@@ -61,26 +56,28 @@ class ZT_API zt_media_control : public ZtTyped<zt_media_control, ZtObject> {
   ZtChild m_VcPrimitive;
 };
 
+class MediaControlContext;
+
 /// Makes empty elements; each is the caller's until a parent takes it. Null without memory.
-class ZT_API MediaControlDataBinder : public XMLObjectFactory {
+class ZT_API MediaControlDataBinder : public ZtDescribedBy<MediaControlContext, ZtFactory> {
  public:
-  XMLObject* CreateRootElement() override;
-  zt_vc_primitive* CreateVcPrimitiveElement();
-  zt_to_encoder* CreateToEncoderElement();
+  zt_vc_primitive* CreateVcPrimitiveElement() { return Make(); }
+  zt_to_encoder* CreateToEncoderElement() { return Make(); }
   zt_empty_element_type* CreatePictureFastUpdateElement();
 };
-
-class MediaControlContext;
 
 /// Writes a zt_media_control. Besides Marshall, the steps that write one element each (1 written, 0
 /// failed), which only a running Marshall can use.
 class ZT_API MediaControlMarshaller : public ZtDescribedBy<MediaControlContext, ZtMarshaller> {
  public:
-  int AddMediaControlElementToXml(zt_media_control* control);
-  int AddVcPrimitiveElementToXml(zt_vc_primitive* primitive);
-  int AddToEncoderElementToXml(zt_to_encoder* command);
+  int AddMediaControlElementToXml(zt_media_control* control) { return Write(control); }
+  int AddVcPrimitiveElementToXml(zt_vc_primitive* primitive) { return Write(primitive); }
+  int AddToEncoderElementToXml(zt_to_encoder* command) { return Write(command); }
   int AddEmptyElementToXml(zt_empty_element_type* flag);
 };
+
+/// Reads a "media_control" document, with any prefixes.
+class ZT_API XMLMediaControlDecoder : public ZtDecoderOf<MediaControlContext> {};
 
 /// Reads a zt_media_control.
 class ZT_API MediaControlUnMarshaller : public ZtDescribedBy<MediaControlContext, ZtUnMarshaller> {

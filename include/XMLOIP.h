@@ -3,6 +3,7 @@
 #define ZTXML_INCLUDE_XMLOIP_H
 
 #include "XMLSimservsXcap.h"
+#include "ZtNamespaceDecoder.h"
 #include "ZtNamespaceDocument.h"
 
 /// The element "originating-identity-presentation".
@@ -12,21 +13,23 @@ class ZT_API zt_originating_identity_presentation
   static const ZtElementType kType;
 };
 
-/// Makes an empty zt_originating_identity_presentation.
-class ZT_API OIPDataBinder : public XMLObjectFactory {
- public:
-  XMLObject* CreateRootElement() override;
-};
-
 class OIPContext;
+
+/// Makes an empty zt_originating_identity_presentation.
+class ZT_API OIPDataBinder : public ZtDescribedBy<OIPContext, ZtFactory> {
+ public:
+};
 
 /// Writes the service as an XCAP fragment.
 class ZT_API OIPMarshaller : public ZtDescribedBy<OIPContext, ZtNamespaceMarshaller> {
  public:
   OIPMarshaller();
   /// Writes the element (1 written, 0 failed), which only a running Marshall can use.
-  int AddOIPElementToXml(zt_originating_identity_presentation* service);
+  int AddOIPElementToXml(zt_originating_identity_presentation* service) { return Write(service); }
 };
+
+/// Reads an originating-identity-presentation service, with the prefixes of its document.
+class ZT_API XMLOIPDecoder : public ZtDecoderOf<OIPContext, ZtNamespaceDecoder> {};
 
 /// Reads the service from an XCAP fragment.
 class ZT_API OIPUnMarshaller : public ZtDescribedBy<OIPContext, ZtUnMarshaller> {};

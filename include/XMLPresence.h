@@ -8,6 +8,7 @@
 #include "XMLOmaPres.h"
 #include "ZtDocument.h"
 #include "ZtElement.h"
+#include "ZtSchemaDecoder.h"
 
 struct PresenceBinding;
 
@@ -61,18 +62,13 @@ class ZT_API zt_status : public ZtTyped<zt_status, ZtKeepsElements<>> {
   static const ZtElementType kType;
 
   /// The text of "basic".
-  int setBasicValue(zt_presence_basic_enum basic) {
-    m_Basic = basic;
-    return 1;
-  }
-  zt_presence_basic_enum getBasicValue() const {
-    return static_cast<zt_presence_basic_enum>(m_Basic);
-  }
+  int setBasicValue(zt_presence_basic_enum basic) { return m_Basic.Set(basic); }
+  zt_presence_basic_enum getBasicValue() const { return m_Basic; }
 
  private:
   friend struct ::PresenceBinding;
 
-  unsigned m_Basic = ZT_PRESENCE_BASIC_ABSENT;
+  ZtNumber m_Basic = ZT_PRESENCE_BASIC_ABSENT;
 };
 
 }  // namespace PresenceNameSpace
@@ -88,19 +84,17 @@ class ZT_API zt_tuple : public ZtTyped<zt_tuple, ZtKeepsElements<>> {
   const char* getIdValue() const { return m_Id.Get(); }
   /// Takes the status; null for none.
   int setStatusValue(PresenceNameSpace::zt_status* status) { return m_Status.Set(status); }
-  PresenceNameSpace::zt_status* getStatusValue() const {
-    return static_cast<PresenceNameSpace::zt_status*>(m_Status.Get());
-  }
+  PresenceNameSpace::zt_status* getStatusValue() const { return m_Status; }
   /// Takes the contact; null for none.
   int setContactValue(zt_contact* contact) { return m_Contact.Set(contact); }
-  zt_contact* getContactValue() const { return static_cast<zt_contact*>(m_Contact.Get()); }
+  zt_contact* getContactValue() const { return m_Contact; }
   /// When the tuple last changed (RFC 3339).
   int setTimestampValue(const char* timestamp) { return m_Timestamp.Assign(timestamp); }
   const char* getTimestampValue() const { return m_Timestamp.Get(); }
 
   /// A list of zt_note (taken).
   int setNoteListValue(ZtSingleElementList* list) { return m_Notes.Set(list); }
-  ZtListOf<zt_note>* getNoteListValue() const { return m_Notes.Of<zt_note>(); }
+  ZtListOf<zt_note>* getNoteListValue() const { return m_Notes; }
   /// Takes `note`; 0 when it is null or owned, or there is no memory.
   int addNote(zt_note* note) { return m_Notes.Add(note); }
 
@@ -125,13 +119,13 @@ class ZT_API zt_presence : public ZtTyped<zt_presence, ZtKeepsElements<ZtObject>
 
   /// A list of zt_tuple (taken).
   int setTupleListValue(ZtSingleElementList* list) { return m_Tuples.Set(list); }
-  ZtListOf<zt_tuple>* getTupleListValue() const { return m_Tuples.Of<zt_tuple>(); }
+  ZtListOf<zt_tuple>* getTupleListValue() const { return m_Tuples; }
   /// Takes `tuple`; 0 when it is null or owned, or there is no memory.
   int addTuple(zt_tuple* tuple) { return m_Tuples.Add(tuple); }
 
   /// A list of zt_note (taken), written behind the tuples.
   int setNoteListValue(ZtSingleElementList* list) { return m_Notes.Set(list); }
-  ZtListOf<zt_note>* getNoteListValue() const { return m_Notes.Of<zt_note>(); }
+  ZtListOf<zt_note>* getNoteListValue() const { return m_Notes; }
   /// Takes `note`; 0 when it is null or owned, or there is no memory.
   int addNote(zt_note* note) { return m_Notes.Add(note); }
 
@@ -143,37 +137,41 @@ class ZT_API zt_presence : public ZtTyped<zt_presence, ZtKeepsElements<ZtObject>
   ZtChildList m_Notes;
 };
 
-/// Makes empty objects; each is the caller's until a parent takes it. Null without memory.
-class ZT_API PresenceDataBinder : public XMLObjectFactory {
- public:
-  XMLObject* CreateRootElement() override;
-  zt_tuple* CreateTupleElement();
-  PresenceNameSpace::zt_status* CreateStatusElement();
-  zt_contact* CreateContactElement();
-  zt_note* CreateNoteElement();
-  zt_ns_oma_pres_service_description* CreateServiceDescriptionElement();
-  zt_ns_caps_servcaps* CreateServcapsElement();
-  zt_ns_caps_duplextype* CreateDuplexElement();
-  zt_ns_caps_duplextypes* CreateDuplexTypesElement();
-};
-
 class PresenceContext;
+
+/// Makes empty objects; each is the caller's until a parent takes it. Null without memory.
+class ZT_API PresenceDataBinder : public ZtDescribedBy<PresenceContext, ZtFactory> {
+ public:
+  zt_tuple* CreateTupleElement() { return Make(); }
+  PresenceNameSpace::zt_status* CreateStatusElement() { return Make(); }
+  zt_contact* CreateContactElement() { return Make(); }
+  zt_note* CreateNoteElement() { return Make(); }
+  zt_ns_oma_pres_service_description* CreateServiceDescriptionElement() { return Make(); }
+  zt_ns_caps_servcaps* CreateServcapsElement() { return Make(); }
+  zt_ns_caps_duplextype* CreateDuplexElement() { return Make(); }
+  zt_ns_caps_duplextypes* CreateDuplexTypesElement() { return Make(); }
+};
 
 /// Writes a zt_presence. Besides Marshall, the steps that write one element each (1 written, 0
 /// failed), which only a running Marshall can use.
 class ZT_API PresenceMarshaller : public ZtDescribedBy<PresenceContext, ZtMarshaller> {
  public:
-  int AddPresenceElementToXml(zt_presence* presence);
-  int AddTupleElementToXml(zt_tuple* tuple);
-  int AddStatusElementToXml(PresenceNameSpace::zt_status* status);
-  int AddContactElementToXml(zt_contact* contact);
-  int AddNoteElementToXml(zt_note* note);
-  int AddServiceDescriptionElementToXml(zt_ns_oma_pres_service_description* description);
-  int AddServcapsElementToXml(zt_ns_caps_servcaps* servcaps);
-  int AddDuplexElementToXml(zt_ns_caps_duplextype* duplex);
+  int AddPresenceElementToXml(zt_presence* presence) { return Write(presence); }
+  int AddTupleElementToXml(zt_tuple* tuple) { return Write(tuple); }
+  int AddStatusElementToXml(PresenceNameSpace::zt_status* status) { return Write(status); }
+  int AddContactElementToXml(zt_contact* contact) { return Write(contact); }
+  int AddNoteElementToXml(zt_note* note) { return Write(note); }
+  int AddServiceDescriptionElementToXml(zt_ns_oma_pres_service_description* description) {
+    return Write(description);
+  }
+  int AddServcapsElementToXml(zt_ns_caps_servcaps* servcaps) { return Write(servcaps); }
+  int AddDuplexElementToXml(zt_ns_caps_duplextype* duplex) { return Write(duplex); }
   /// Writes the modes alone, without an element around them.
-  int AddDuplexTypesElementToXml(zt_ns_caps_duplextypes* modes);
+  int AddDuplexTypesElementToXml(zt_ns_caps_duplextypes* modes) { return Write(modes); }
 };
+
+/// Reads a "presence" document, with any prefixes.
+class ZT_API XMLPresenceDecoder : public ZtDecoderOf<PresenceContext> {};
 
 /// Reads a zt_presence. Elements are known by their local names, whatever their prefixes.
 class ZT_API PresenceUnMarshaller : public ZtDescribedBy<PresenceContext, ZtUnMarshaller> {};

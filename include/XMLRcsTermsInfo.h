@@ -9,6 +9,7 @@
 
 #include "XMLValueTypes.h"
 #include "ZtDocument.h"
+#include "ZtSchemaDecoder.h"
 
 /// A "term": a document to be accepted.
 class ZT_API zt_ns_rcs_terms_info_term : public ZtTyped<zt_ns_rcs_terms_info_term> {
@@ -36,10 +37,7 @@ class ZT_API zt_rcs_terms_info : public ZtTyped<zt_rcs_terms_info, ZtObject> {
   static const ZtElementType kType;
 
   /// The attribute "version"; 0 when absent.
-  int setVersionValue(unsigned int value) {
-    m_Version = value;
-    return 1;
-  }
+  int setVersionValue(unsigned int value) { return m_Version.Set(value); }
   unsigned int getVersionValue() const { return m_Version; }
 
   /// The version of the terms.
@@ -48,35 +46,35 @@ class ZT_API zt_rcs_terms_info : public ZtTyped<zt_rcs_terms_info, ZtObject> {
 
   /// A list of zt_ns_rcs_terms_info_term.
   int setTermListValue(ZtSingleElementList* list) { return m_Terms.Set(list); }
-  ZtListOf<zt_ns_rcs_terms_info_term>* getTermListValue() const {
-    return m_Terms.Of<zt_ns_rcs_terms_info_term>();
-  }
+  ZtListOf<zt_ns_rcs_terms_info_term>* getTermListValue() const { return m_Terms; }
   int addTerm(zt_ns_rcs_terms_info_term* element) { return m_Terms.Add(element); }
 
  private:
   friend struct RcsTermsInfoBinding;
 
-  unsigned m_Version = 0;
+  ZtNumber m_Version;
   ZtText m_TermsVersion;
   ZtChildList m_Terms;
 };
 
-/// Makes empty elements; each is the caller's until a parent takes it. Null without memory.
-class ZT_API RcsTermsInfoDataBinder : public XMLObjectFactory {
- public:
-  XMLObject* CreateRootElement() override;
-  zt_ns_rcs_terms_info_term* CreateTermElement();
-};
-
 class RcsTermsInfoContext;
+
+/// Makes empty elements; each is the caller's until a parent takes it. Null without memory.
+class ZT_API RcsTermsInfoDataBinder : public ZtDescribedBy<RcsTermsInfoContext, ZtFactory> {
+ public:
+  zt_ns_rcs_terms_info_term* CreateTermElement() { return Make(); }
+};
 
 /// Writes a zt_rcs_terms_info. Besides Marshall, the steps that write one element each (1 written,
 /// 0 failed), which only a running Marshall can use.
 class ZT_API RcsTermsInfoMarshaller : public ZtDescribedBy<RcsTermsInfoContext, ZtMarshaller> {
  public:
-  int AddRcsTermsInfoElementToXml(zt_rcs_terms_info* terms);
-  int AddTermElementToXml(zt_ns_rcs_terms_info_term* term);
+  int AddRcsTermsInfoElementToXml(zt_rcs_terms_info* terms) { return Write(terms); }
+  int AddTermElementToXml(zt_ns_rcs_terms_info_term* term) { return Write(term); }
 };
+
+/// Reads a "rcs-terms-info" document, with any prefixes.
+class ZT_API XMLRcsTermsInfoDecoder : public ZtDecoderOf<RcsTermsInfoContext> {};
 
 /// Reads a zt_rcs_terms_info.
 class ZT_API RcsTermsInfoUnMarshaller : public ZtDescribedBy<RcsTermsInfoContext, ZtUnMarshaller> {

@@ -5,6 +5,7 @@
 #include "XMLGruu.h"
 #include "ZtDocument.h"
 #include "ZtElement.h"
+#include "ZtSchemaDecoder.h"
 
 /// The state of a registration-information document. Values read from documents may lie beyond the
 /// named ones in all these enumerations: they are absent or unknown, and cannot be written.
@@ -76,46 +77,27 @@ class ZT_API zt_ns_reginfo_contact : public ZtTyped<zt_ns_reginfo_contact> {
 
   /// A list of zt_unknown_param (taken).
   int setUnknownParamListValue(ZtSingleElementList* list) { return m_UnknownParams.Set(list); }
-  ZtListOf<zt_unknown_param>* getUnknownParamListValue() const {
-    return m_UnknownParams.Of<zt_unknown_param>();
-  }
+  ZtListOf<zt_unknown_param>* getUnknownParamListValue() const { return m_UnknownParams; }
   /// Takes `param`; 0 when it is null or owned, or there is no memory.
   int addUnknownParam(zt_unknown_param* param) { return m_UnknownParams.Add(param); }
 
   /// Required on output.
-  int setStateValue(zt_contact_state_type_enum state) {
-    m_State = state;
-    return 1;
-  }
-  zt_contact_state_type_enum getStateValue() const {
-    return static_cast<zt_contact_state_type_enum>(m_State);
-  }
+  int setStateValue(zt_contact_state_type_enum state) { return m_State.Set(state); }
+  zt_contact_state_type_enum getStateValue() const { return m_State; }
   /// Required on output.
-  int setEventValue(zt_contact_event_type_enum event) {
-    m_Event = event;
-    return 1;
-  }
-  zt_contact_event_type_enum getEventValue() const {
-    return static_cast<zt_contact_event_type_enum>(m_Event);
-  }
+  int setEventValue(zt_contact_event_type_enum event) { return m_Event.Set(event); }
+  zt_contact_event_type_enum getEventValue() const { return m_Event; }
 
   /// Seconds that the contact has been registered; 0 means absent, as in the three below.
   int setDurationRegisteredValue(unsigned long long seconds) {
-    m_DurationRegistered = seconds;
-    return 1;
+    return m_DurationRegistered.Set(seconds);
   }
   unsigned long long getDurationRegisteredValue() const { return m_DurationRegistered; }
   /// Seconds until the contact expires.
-  int setExpiresValue(unsigned long long seconds) {
-    m_Expires = seconds;
-    return 1;
-  }
+  int setExpiresValue(unsigned long long seconds) { return m_Expires.Set(seconds); }
   unsigned long long getExpiresValue() const { return m_Expires; }
   /// Seconds to wait before registering again.
-  int setRetryAfterValue(unsigned long long seconds) {
-    m_RetryAfter = seconds;
-    return 1;
-  }
+  int setRetryAfterValue(unsigned long long seconds) { return m_RetryAfter.Set(seconds); }
   unsigned long long getRetryAfterValue() const { return m_RetryAfter; }
 
   /// Required on output.
@@ -128,15 +110,12 @@ class ZT_API zt_ns_reginfo_contact : public ZtTyped<zt_ns_reginfo_contact> {
   int setCallidValue(const char* callid) { return m_Callid.Assign(callid); }
   const char* getCallidValue() const { return m_Callid.Get(); }
   /// The CSeq of that request; 0 means absent.
-  int setCseqValue(unsigned long long cseq) {
-    m_Cseq = cseq;
-    return 1;
-  }
+  int setCseqValue(unsigned long long cseq) { return m_Cseq.Set(cseq); }
   unsigned long long getCseqValue() const { return m_Cseq; }
 
   /// Other child elements (taken): zt_pub_gruu and zt_temp_gruu are written, others are not.
   int setAnyElementValue(ZtSingleElementList* list) { return m_AnyElements.Set(list); }
-  ZtListOf<XMLElement>* getAnyElementValue() const { return m_AnyElements.Of<XMLElement>(); }
+  ZtListOf<XMLElement>* getAnyElementValue() const { return m_AnyElements; }
   int addAnyElement(XMLElement* element) { return m_AnyElements.Add(element); }
 
  private:
@@ -145,15 +124,15 @@ class ZT_API zt_ns_reginfo_contact : public ZtTyped<zt_ns_reginfo_contact> {
   ZtText m_Uri;
   ZtText m_DisplayName;
   ZtChildList m_UnknownParams;
-  unsigned m_State = ZT_CONTACT_STATE_ABSENT;
-  unsigned m_Event = ZT_CONTACT_EVENT_ABSENT;
-  unsigned long long m_DurationRegistered = 0;
-  unsigned long long m_Expires = 0;
-  unsigned long long m_RetryAfter = 0;
+  ZtNumber m_State = ZT_CONTACT_STATE_ABSENT;
+  ZtNumber m_Event = ZT_CONTACT_EVENT_ABSENT;
+  ZtNumber64 m_DurationRegistered;
+  ZtNumber64 m_Expires;
+  ZtNumber64 m_RetryAfter;
   ZtText m_Id;
   ZtText m_Q;
   ZtText m_Callid;
-  unsigned long long m_Cseq = 0;
+  ZtNumber64 m_Cseq;
   ZtChildList m_AnyElements;
 };
 
@@ -164,9 +143,7 @@ class ZT_API zt_registration : public ZtTyped<zt_registration> {
 
   /// A list of zt_ns_reginfo_contact (taken).
   int setContactListValue(ZtSingleElementList* list) { return m_Contacts.Set(list); }
-  ZtListOf<zt_ns_reginfo_contact>* getContactListValue() const {
-    return m_Contacts.Of<zt_ns_reginfo_contact>();
-  }
+  ZtListOf<zt_ns_reginfo_contact>* getContactListValue() const { return m_Contacts; }
   /// Takes `contact`; 0 when it is null or owned, or there is no memory.
   int addContact(zt_ns_reginfo_contact* contact) { return m_Contacts.Add(contact); }
 
@@ -177,17 +154,12 @@ class ZT_API zt_registration : public ZtTyped<zt_registration> {
   int setIdValue(const char* id) { return m_Id.Assign(id); }
   const char* getIdValue() const { return m_Id.Get(); }
   /// Required on output.
-  int setStateValue(zt_registration_state_type_enum state) {
-    m_State = state;
-    return 1;
-  }
-  zt_registration_state_type_enum getStateValue() const {
-    return static_cast<zt_registration_state_type_enum>(m_State);
-  }
+  int setStateValue(zt_registration_state_type_enum state) { return m_State.Set(state); }
+  zt_registration_state_type_enum getStateValue() const { return m_State; }
 
   /// Unknown child elements (taken), which are never written.
   int setAnyElementValue(ZtSingleElementList* list) { return m_AnyElements.Set(list); }
-  ZtListOf<XMLElement>* getAnyElementValue() const { return m_AnyElements.Of<XMLElement>(); }
+  ZtListOf<XMLElement>* getAnyElementValue() const { return m_AnyElements; }
   int addAnyElement(XMLElement* element) { return m_AnyElements.Add(element); }
 
  private:
@@ -196,7 +168,7 @@ class ZT_API zt_registration : public ZtTyped<zt_registration> {
   ZtChildList m_Contacts;
   ZtText m_Aor;
   ZtText m_Id;
-  unsigned m_State = ZT_REGISTRATION_STATE_ABSENT;
+  ZtNumber m_State = ZT_REGISTRATION_STATE_ABSENT;
   ZtChildList m_AnyElements;
 };
 
@@ -207,65 +179,57 @@ class ZT_API zt_reginfo : public ZtTyped<zt_reginfo, ZtObject> {
 
   /// A list of zt_registration (taken).
   int setRegistrationListValue(ZtSingleElementList* list) { return m_Registrations.Set(list); }
-  ZtListOf<zt_registration>* getRegistrationListValue() const {
-    return m_Registrations.Of<zt_registration>();
-  }
+  ZtListOf<zt_registration>* getRegistrationListValue() const { return m_Registrations; }
   /// Takes `registration`; 0 when it is null or owned, or there is no memory.
   int addRegistration(zt_registration* registration) { return m_Registrations.Add(registration); }
 
   /// Required on output.
-  int setStateValue(zt_reginfo_state_type_enum state) {
-    m_State = state;
-    return 1;
-  }
-  zt_reginfo_state_type_enum getStateValue() const {
-    return static_cast<zt_reginfo_state_type_enum>(m_State);
-  }
+  int setStateValue(zt_reginfo_state_type_enum state) { return m_State.Set(state); }
+  zt_reginfo_state_type_enum getStateValue() const { return m_State; }
   /// The version, always written.
-  int setVersionValue(unsigned int version) {
-    m_Version = version;
-    return 1;
-  }
+  int setVersionValue(unsigned int version) { return m_Version.Set(version); }
   unsigned int getVersionValue() const { return m_Version; }
 
   /// Unknown child elements (taken), which are never written.
   int setAnyElementValue(ZtSingleElementList* list) { return m_AnyElements.Set(list); }
-  ZtListOf<XMLElement>* getAnyElementValue() const { return m_AnyElements.Of<XMLElement>(); }
+  ZtListOf<XMLElement>* getAnyElementValue() const { return m_AnyElements; }
   int addAnyElement(XMLElement* element) { return m_AnyElements.Add(element); }
 
  private:
   friend struct ReginfoBinding;
 
   ZtChildList m_Registrations;
-  unsigned m_State = ZT_REGINFO_STATE_ABSENT;
-  unsigned m_Version = 0;
+  ZtNumber m_State = ZT_REGINFO_STATE_ABSENT;
+  ZtNumber m_Version;
   ZtChildList m_AnyElements;
 };
 
-/// Makes empty objects; each is the caller's until a parent takes it. Null without memory.
-class ZT_API ReginfoDataBinder : public XMLObjectFactory {
- public:
-  XMLObject* CreateRootElement() override;
-  zt_registration* CreateRegistrationElement();
-  zt_ns_reginfo_contact* CreateContactElement();
-  zt_unknown_param* CreateUnknownParamElement();
-  zt_pub_gruu* CreatePubGruuElement();
-  zt_temp_gruu* CreateTempGruuElement();
-};
-
 class ReginfoContext;
+
+/// Makes empty objects; each is the caller's until a parent takes it. Null without memory.
+class ZT_API ReginfoDataBinder : public ZtDescribedBy<ReginfoContext, ZtFactory> {
+ public:
+  zt_registration* CreateRegistrationElement() { return Make(); }
+  zt_ns_reginfo_contact* CreateContactElement() { return Make(); }
+  zt_unknown_param* CreateUnknownParamElement() { return Make(); }
+  zt_pub_gruu* CreatePubGruuElement() { return Make(); }
+  zt_temp_gruu* CreateTempGruuElement() { return Make(); }
+};
 
 /// Writes a zt_reginfo. Besides Marshall, the steps that write one element each (1 written, 0
 /// failed), which only a running Marshall can use.
 class ZT_API ReginfoMarshaller : public ZtDescribedBy<ReginfoContext, ZtMarshaller> {
  public:
-  int AddReginfoElementToXml(zt_reginfo* reginfo);
-  int AddRegistrationElementToXml(zt_registration* registration);
-  int AddReginfoContactElementToXml(zt_ns_reginfo_contact* contact);
-  int AddUnknownParamElementToXml(zt_unknown_param* param);
-  int AddPubGruuElementToXml(zt_pub_gruu* gruu);
-  int AddTempGruuElementToXml(zt_temp_gruu* gruu);
+  int AddReginfoElementToXml(zt_reginfo* reginfo) { return Write(reginfo); }
+  int AddRegistrationElementToXml(zt_registration* registration) { return Write(registration); }
+  int AddReginfoContactElementToXml(zt_ns_reginfo_contact* contact) { return Write(contact); }
+  int AddUnknownParamElementToXml(zt_unknown_param* param) { return Write(param); }
+  int AddPubGruuElementToXml(zt_pub_gruu* gruu) { return Write(gruu, XML_STR_GR); }
+  int AddTempGruuElementToXml(zt_temp_gruu* gruu) { return Write(gruu, XML_STR_GR); }
 };
+
+/// Reads a "reginfo" document, with any prefixes, and the GRUU elements inside it.
+class ZT_API XMLReginfoDecoder : public ZtDecoderOf<ReginfoContext> {};
 
 /// Reads a zt_reginfo.
 class ZT_API ReginfoUnMarshaller : public ZtDescribedBy<ReginfoContext, ZtUnMarshaller> {};

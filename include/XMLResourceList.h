@@ -4,6 +4,7 @@
 
 #include "ZtDocument.h"
 #include "ZtElement.h"
+#include "ZtSchemaDecoder.h"
 
 struct ResourceListsBinding;
 
@@ -27,9 +28,7 @@ class ZT_API ZtDisplayNamed : public ZtExtensible<> {
  public:
   /// Takes the name; null for none.
   int setDisplayNameValue(zt_display_nameType* name) { return m_DisplayName.Set(name); }
-  zt_display_nameType* getDisplayNameValue() const {
-    return static_cast<zt_display_nameType*>(m_DisplayName.Get());
-  }
+  zt_display_nameType* getDisplayNameValue() const { return m_DisplayName; }
 
  private:
   friend struct ResourceListsBinding;
@@ -112,7 +111,7 @@ class ZT_API zt_resource_lists : public ZtTyped<zt_resource_lists, ZtExtensible<
 
   /// A list of zt_listType (taken).
   int setListListValue(ZtSingleElementList* list) { return m_Lists.Set(list); }
-  ZtListOf<zt_listType>* getListListValue() const { return m_Lists.Of<zt_listType>(); }
+  ZtListOf<zt_listType>* getListListValue() const { return m_Lists; }
   /// Takes `list`; 0 when it is null or owned, or there is no memory.
   int addList(zt_listType* list) { return m_Lists.Add(list); }
 
@@ -122,29 +121,31 @@ class ZT_API zt_resource_lists : public ZtTyped<zt_resource_lists, ZtExtensible<
   ZtChildList m_Lists;
 };
 
-/// Makes empty objects; each is the caller's until a parent takes it. Null without memory.
-class ZT_API ResourceListsDataBinder : public XMLObjectFactory {
- public:
-  XMLObject* CreateRootElement() override;
-  zt_listType* CreateListType();
-  zt_entryType* CreateEntryType();
-  zt_entry_refType* CreateEntryRefType();
-  zt_externalType* CreateExternalType();
-  zt_display_nameType* CreateDisplayNameType();
-};
-
 class ResourceListsContext;
+
+/// Makes empty objects; each is the caller's until a parent takes it. Null without memory.
+class ZT_API ResourceListsDataBinder : public ZtDescribedBy<ResourceListsContext, ZtFactory> {
+ public:
+  zt_listType* CreateListType() { return Make(); }
+  zt_entryType* CreateEntryType() { return Make(); }
+  zt_entry_refType* CreateEntryRefType() { return Make(); }
+  zt_externalType* CreateExternalType() { return Make(); }
+  zt_display_nameType* CreateDisplayNameType() { return Make(); }
+};
 
 /// Writes a zt_resource_lists. Besides Marshall, the steps that write one element each (1 written,
 /// 0 failed), which only a running Marshall can use.
 class ZT_API Resource_listsMarshall : public ZtDescribedBy<ResourceListsContext, ZtMarshaller> {
  public:
-  int AddResource_listsElementToXml(zt_resource_lists* lists);
-  int AddListElementToXml(zt_listType* list);
-  int AddEntryElementToXml(zt_entryType* entry);
-  int AddEntryRefElementToXml(zt_entry_refType* entry);
-  int AddExternalElementToXml(zt_externalType* external);
+  int AddResource_listsElementToXml(zt_resource_lists* lists) { return Write(lists); }
+  int AddListElementToXml(zt_listType* list) { return Write(list); }
+  int AddEntryElementToXml(zt_entryType* entry) { return Write(entry); }
+  int AddEntryRefElementToXml(zt_entry_refType* entry) { return Write(entry); }
+  int AddExternalElementToXml(zt_externalType* external) { return Write(external); }
 };
+
+/// Reads a "resource-lists" document, with any prefixes.
+class ZT_API XMLResourceListsDecoder : public ZtDecoderOf<ResourceListsContext> {};
 
 /// Reads a zt_resource_lists.
 class ZT_API ResourceListsUnMarshaller

@@ -4,6 +4,7 @@
 
 #include "ZtDocument.h"
 #include "ZtElement.h"
+#include "ZtSchemaDecoder.h"
 
 struct RlmiBinding;
 
@@ -40,13 +41,8 @@ class ZT_API zt_instance : public ZtTyped<zt_instance, ZtExtensible<>> {
   int setIdValue(const char* id) { return m_Id.Assign(id); }
   const char* getIdValue() const { return m_Id.Get(); }
   /// Required on output.
-  int setStateValue(zt_instance_state_enum state) {
-    m_State = state;
-    return 1;
-  }
-  zt_instance_state_enum getStateValue() const {
-    return static_cast<zt_instance_state_enum>(m_State);
-  }
+  int setStateValue(zt_instance_state_enum state) { return m_State.Set(state); }
+  zt_instance_state_enum getStateValue() const { return m_State; }
   /// Why the subscription was terminated.
   int setReasonValue(const char* reason) { return m_Reason.Assign(reason); }
   const char* getReasonValue() const { return m_Reason.Get(); }
@@ -58,7 +54,7 @@ class ZT_API zt_instance : public ZtTyped<zt_instance, ZtExtensible<>> {
   friend struct RlmiBinding;
 
   ZtText m_Id;
-  unsigned m_State = ZT_INSTANCE_STATE_ABSENT;
+  ZtNumber m_State = ZT_INSTANCE_STATE_ABSENT;
   ZtText m_Reason;
   ZtText m_Cid;
 };
@@ -74,13 +70,13 @@ class ZT_API zt_resource : public ZtTyped<zt_resource, ZtExtensible<>> {
 
   /// A list of zt_name (taken).
   int setNameListValue(ZtSingleElementList* list) { return m_Names.Set(list); }
-  ZtListOf<zt_name>* getNameListValue() const { return m_Names.Of<zt_name>(); }
+  ZtListOf<zt_name>* getNameListValue() const { return m_Names; }
   /// Takes `name`; 0 when it is null or owned, or there is no memory.
   int addName(zt_name* name) { return m_Names.Add(name); }
 
   /// A list of zt_instance (taken).
   int setInstanceListValue(ZtSingleElementList* list) { return m_Instances.Set(list); }
-  ZtListOf<zt_instance>* getInstanceListValue() const { return m_Instances.Of<zt_instance>(); }
+  ZtListOf<zt_instance>* getInstanceListValue() const { return m_Instances; }
   /// Takes `instance`; 0 when it is null or owned, or there is no memory.
   int addInstance(zt_instance* instance) { return m_Instances.Add(instance); }
 
@@ -101,28 +97,22 @@ class ZT_API zt_list : public ZtTyped<zt_list, ZtExtensible<ZtObject>> {
   int setUriValue(const char* uri) { return m_Uri.Assign(uri); }
   const char* getUriValue() const { return m_Uri.Get(); }
   /// Counted up from one document to the next; always written.
-  int setVersionValue(unsigned int version) {
-    m_Version = version;
-    return 1;
-  }
+  int setVersionValue(unsigned int version) { return m_Version.Set(version); }
   unsigned int getVersionValue() const { return m_Version; }
   /// 1 or 0 (any other number, and at first): whether all resources are told of, not only those
   /// that changed. Always written.
-  int setFullStateValue(int full) {
-    m_FullState = full == 1 ? 1 : 0;
-    return 1;
-  }
-  int getFullStateValue() const { return static_cast<int>(m_FullState); }
+  int setFullStateValue(int full) { return m_FullState.Set(full == 1 ? 1 : 0); }
+  int getFullStateValue() const { return m_FullState; }
 
   /// A list of zt_name (taken).
   int setNameListValue(ZtSingleElementList* list) { return m_Names.Set(list); }
-  ZtListOf<zt_name>* getNameListValue() const { return m_Names.Of<zt_name>(); }
+  ZtListOf<zt_name>* getNameListValue() const { return m_Names; }
   /// Takes `name`; 0 when it is null or owned, or there is no memory.
   int addName(zt_name* name) { return m_Names.Add(name); }
 
   /// A list of zt_resource (taken).
   int setResourceListValue(ZtSingleElementList* list) { return m_Resources.Set(list); }
-  ZtListOf<zt_resource>* getResourceListValue() const { return m_Resources.Of<zt_resource>(); }
+  ZtListOf<zt_resource>* getResourceListValue() const { return m_Resources; }
   /// Takes `resource`; 0 when it is null or owned, or there is no memory.
   int addResource(zt_resource* resource) { return m_Resources.Add(resource); }
 
@@ -130,32 +120,34 @@ class ZT_API zt_list : public ZtTyped<zt_list, ZtExtensible<ZtObject>> {
   friend struct RlmiBinding;
 
   ZtText m_Uri;
-  unsigned m_Version = 0;
-  unsigned m_FullState = 0;
+  ZtNumber m_Version;
+  ZtNumber m_FullState;
   ZtChildList m_Names;
   ZtChildList m_Resources;
 };
 
-/// Makes empty objects; each is the caller's until a parent takes it. Null without memory.
-class ZT_API ListDataBinder : public XMLObjectFactory {
- public:
-  XMLObject* CreateRootElement() override;
-  zt_resource* CreateResourceElement();
-  zt_instance* CreateInstanceElement();
-  zt_name* CreateNameElement();
-};
-
 class ListContext;
+
+/// Makes empty objects; each is the caller's until a parent takes it. Null without memory.
+class ZT_API ListDataBinder : public ZtDescribedBy<ListContext, ZtFactory> {
+ public:
+  zt_resource* CreateResourceElement() { return Make(); }
+  zt_instance* CreateInstanceElement() { return Make(); }
+  zt_name* CreateNameElement() { return Make(); }
+};
 
 /// Writes a zt_list. Besides Marshall, the steps that write one element each (1 written, 0 failed),
 /// which only a running Marshall can use.
 class ZT_API ListMarshaller : public ZtDescribedBy<ListContext, ZtMarshaller> {
  public:
-  int AddListElementToXml(zt_list* list);
-  int AddResourceElementToXml(zt_resource* resource);
-  int AddInstanceElementToXml(zt_instance* instance);
-  int AddNameElementToXml(zt_name* name);
+  int AddListElementToXml(zt_list* list) { return Write(list); }
+  int AddResourceElementToXml(zt_resource* resource) { return Write(resource); }
+  int AddInstanceElementToXml(zt_instance* instance) { return Write(instance); }
+  int AddNameElementToXml(zt_name* name) { return Write(name); }
 };
+
+/// Reads a "list" document, with any prefixes.
+class ZT_API XMLListDecoder : public ZtDecoderOf<ListContext> {};
 
 /// Reads a zt_list.
 class ZT_API ListUnMarshaller : public ZtDescribedBy<ListContext, ZtUnMarshaller> {};

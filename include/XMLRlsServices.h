@@ -5,6 +5,7 @@
 #include "XMLResourceList.h"
 #include "ZtDocument.h"
 #include "ZtElement.h"
+#include "ZtSchemaDecoder.h"
 
 struct RlsServicesBinding;
 
@@ -32,9 +33,7 @@ class ZT_API zt_ns_rls_services_packagesType
 
   /// A list of zt_ns_rls_services_packageType (taken).
   int setPackageListValue(ZtSingleElementList* list) { return m_Packages.Set(list); }
-  ZtListOf<zt_ns_rls_services_packageType>* getPackageListValue() const {
-    return m_Packages.Of<zt_ns_rls_services_packageType>();
-  }
+  ZtListOf<zt_ns_rls_services_packageType>* getPackageListValue() const { return m_Packages; }
   /// Takes `package`; 0 when it is null or owned, or there is no memory.
   int addPackage(zt_ns_rls_services_packageType* package) { return m_Packages.Add(package); }
 
@@ -59,14 +58,12 @@ class ZT_API zt_ns_rls_services_serviceType
   /// Takes the list itself; null for none. It is written when there is no URI of a list, not even
   /// an empty one. See ResourceListsDataBinder.
   int setListValue(zt_listType* list) { return m_List.Set(list); }
-  zt_listType* getListValue() const { return static_cast<zt_listType*>(m_List.Get()); }
+  zt_listType* getListValue() const { return m_List; }
   /// Takes the packages; null for none.
   int setPackagesValue(zt_ns_rls_services_packagesType* packages) {
     return m_Packages.Set(packages);
   }
-  zt_ns_rls_services_packagesType* getPackagesValue() const {
-    return static_cast<zt_ns_rls_services_packagesType*>(m_Packages.Get());
-  }
+  zt_ns_rls_services_packagesType* getPackagesValue() const { return m_Packages; }
 
  private:
   friend struct RlsServicesBinding;
@@ -84,9 +81,7 @@ class ZT_API zt_rls_services : public ZtTyped<zt_rls_services, ZtKeepsElements<Z
 
   /// A list of zt_ns_rls_services_serviceType (taken).
   int setServiceListValue(ZtSingleElementList* list) { return m_Services.Set(list); }
-  ZtListOf<zt_ns_rls_services_serviceType>* getServiceListValue() const {
-    return m_Services.Of<zt_ns_rls_services_serviceType>();
-  }
+  ZtListOf<zt_ns_rls_services_serviceType>* getServiceListValue() const { return m_Services; }
   /// Takes `service`; 0 when it is null or owned, or there is no memory.
   int addService(zt_ns_rls_services_serviceType* service) { return m_Services.Add(service); }
 
@@ -96,26 +91,28 @@ class ZT_API zt_rls_services : public ZtTyped<zt_rls_services, ZtKeepsElements<Z
   ZtChildList m_Services;
 };
 
-/// Makes empty objects; each is the caller's until a parent takes it. Null without memory.
-class ZT_API RlsServicesDataBinder : public XMLObjectFactory {
- public:
-  XMLObject* CreateRootElement() override;
-  zt_ns_rls_services_serviceType* CreateServiceElement();
-  zt_ns_rls_services_packagesType* CreatePackagesElement();
-  zt_ns_rls_services_packageType* CreatePackageElement();
-};
-
 class RlsServicesContext;
+
+/// Makes empty objects; each is the caller's until a parent takes it. Null without memory.
+class ZT_API RlsServicesDataBinder : public ZtDescribedBy<RlsServicesContext, ZtFactory> {
+ public:
+  zt_ns_rls_services_serviceType* CreateServiceElement() { return Make(); }
+  zt_ns_rls_services_packagesType* CreatePackagesElement() { return Make(); }
+  zt_ns_rls_services_packageType* CreatePackageElement() { return Make(); }
+};
 
 /// Writes a zt_rls_services. Besides Marshall, the steps that write one element each (1 written, 0
 /// failed), which only a running Marshall can use.
 class ZT_API RlsServicesMarshaller : public ZtDescribedBy<RlsServicesContext, ZtMarshaller> {
  public:
-  int AddRlsServicesElementToXml(zt_rls_services* services);
-  int AddServiceElementToXml(zt_ns_rls_services_serviceType* service);
-  int AddPackagesElementToXml(zt_ns_rls_services_packagesType* packages);
-  int AddPackageElementToXml(zt_ns_rls_services_packageType* package);
+  int AddRlsServicesElementToXml(zt_rls_services* services) { return Write(services); }
+  int AddServiceElementToXml(zt_ns_rls_services_serviceType* service) { return Write(service); }
+  int AddPackagesElementToXml(zt_ns_rls_services_packagesType* packages) { return Write(packages); }
+  int AddPackageElementToXml(zt_ns_rls_services_packageType* package) { return Write(package); }
 };
+
+/// Reads a "rls-services" document, with any prefixes.
+class ZT_API XMLRlsServicesDecoder : public ZtDecoderOf<RlsServicesContext> {};
 
 /// Reads a zt_rls_services.
 class ZT_API RlsServicesUnMarshaller : public ZtDescribedBy<RlsServicesContext, ZtUnMarshaller> {};

@@ -5,6 +5,7 @@
 #include "XMLValueTypes.h"
 #include "ZtDocument.h"
 #include "ZtElement.h"
+#include "ZtSchemaDecoder.h"
 
 /// The declarations of a document.
 class ZT_API zt_schema_namespace_retrieval
@@ -29,13 +30,30 @@ class ZT_API zt_schema_namespace_retrieval
   ZtAttributeList m_NameSpaceInfo;
 };
 
-/// Makes an empty zt_schema_namespace_retrieval.
-class ZT_API SchemaNamespaceRetrievalDataBinder : public XMLObjectFactory {
+class SchemaNamespaceRetrievalContext;
+
+/// Collects the attributes whose names begin with "xmlns", on every element of any document. The
+/// root exists from the start.
+class ZT_API XMLSchemaNamespaceRetrievalDecoder : public ZtSchemaDecoder {
  public:
-  XMLObject* CreateRootElement() override;
+  XMLSchemaNamespaceRetrievalDecoder();
+  int ProcessElement(char* name, char* value) override;
+  int ProcessAttribute(char* element, char* name, char* value) override;
+
+ private:
+  int ProcessStart(ScannedTag& tag) override;
+  void ProcessAttributes(ScannedTag& tag) override;
+  int ProcessEnd(char* slashName, std::size_t nameSize, char* text, std::size_t textSize) override;
 };
 
-class SchemaNamespaceRetrievalContext;
+/// Makes an empty zt_schema_namespace_retrieval.
+class ZT_API SchemaNamespaceRetrievalDataBinder
+    : public ZtDescribedBy<SchemaNamespaceRetrievalContext, ZtFactory> {
+ public:
+  XMLObject* CreateRootElement() override {
+    return static_cast<XMLObject*>(ZtFactory::Make(zt_schema_namespace_retrieval::kType));
+  }
+};
 
 /// Reads the declarations of any well-formed document.
 class ZT_API SchemaNamespaceRetrievalUnMarshaller

@@ -4,6 +4,7 @@
 #define ZTXML_INCLUDE_XMLSIMSERVS_H
 
 #include "XMLSimservsXcap.h"
+#include "ZtNamespaceDecoder.h"
 #include "ZtNamespaceDocument.h"
 
 /// The root element "simservs": services in any order, each an object of the service's own root
@@ -16,19 +17,18 @@ class ZT_API zt_Simservs : public ZtTyped<zt_Simservs, ZtObject> {
   int addService(XMLObject* service) { return m_Services.Add(service); }
   /// The services in the order in which they were added (taken; the entries are XMLElement*).
   int setServiceListValue(ZtSingleElementList* list) { return m_Services.Set(list); }
-  ZtListOf<XMLElement>* getServiceListValue() const { return m_Services.Of<XMLElement>(); }
+  ZtListOf<XMLElement>* getServiceListValue() const { return m_Services; }
 
  private:
   ZtChildList m_Services;
 };
 
-/// Makes an empty zt_Simservs. The factories of the services make what goes into it.
-class ZT_API SimservsDataBinder : public XMLObjectFactory {
- public:
-  XMLObject* CreateRootElement() override;
-};
-
 class SimservsContext;
+
+/// Makes an empty zt_Simservs. The factories of the services make what goes into it.
+class ZT_API SimservsDataBinder : public ZtDescribedBy<SimservsContext, ZtFactory> {
+ public:
+};
 
 /// Writes a whole document: the element "simservs", which declares the prefixes "ss", "cp" and
 /// "ocp", with the texts of its services. What is no service is left out. Null when memory is too
@@ -36,7 +36,7 @@ class SimservsContext;
 class ZT_API SimservsMarshaller : public ZtDescribedBy<SimservsContext, ZtMarshaller> {
  public:
   /// Writes the empty element (1 written, 0 failed), which only a running Marshall can use.
-  int AddSimservsElementToXml(zt_Simservs* simservs);
+  int AddSimservsElementToXml(zt_Simservs* simservs) { return Write(simservs); }
   /// A new text with `services` before the first "</" of `envelope`, which is freed. The envelope
   /// as it is when either is null, when it has no "</" or when there is no memory. Both texts, and
   /// the result, are for FreeElement.
@@ -45,6 +45,9 @@ class ZT_API SimservsMarshaller : public ZtDescribedBy<SimservsContext, ZtMarsha
  private:
   char* Complete(XMLElement* root, char* text) override;
 };
+
+/// Reads a simservs document without its services, with the prefixes of its document.
+class ZT_API XMLSimservsDecoder : public ZtDecoderOf<SimservsContext, ZtNamespaceDecoder> {};
 
 /// Reads a whole document. Each service is cut out of the text and read by its own unmarshaller;
 /// one that it cannot read is dropped, with a log line. The services come in the order incoming and

@@ -12,16 +12,13 @@ class ZT_API zt_ns_xcap_simservType
   static const ZtElementType kType;
 
   /// The attribute "active": 1 or 0 (at first); always written.
-  int setActiveValue(int active) {
-    m_Active = active ? 1 : 0;
-    return 1;
-  }
-  int getActiveValue() const { return m_Active ? 1 : 0; }
+  int setActiveValue(int active) { return m_Active.Set(active ? 1 : 0); }
+  int getActiveValue() const { return m_Active.Get() ? 1 : 0; }
 
  private:
   friend struct SimservBinding;
 
-  unsigned m_Active = 0;
+  ZtNumber m_Active;
 };
 
 /// The condition "media": a rule holds for sessions with this media, e.g. "audio".

@@ -3,6 +3,7 @@
 #define ZTXML_INCLUDE_XMLTIP_H
 
 #include "XMLSimservsXcap.h"
+#include "ZtNamespaceDecoder.h"
 #include "ZtNamespaceDocument.h"
 
 /// The element "terminating-identity-presentation".
@@ -12,21 +13,23 @@ class ZT_API zt_terminating_identity_presentation
   static const ZtElementType kType;
 };
 
-/// Makes an empty zt_terminating_identity_presentation.
-class ZT_API TIPDataBinder : public XMLObjectFactory {
- public:
-  XMLObject* CreateRootElement() override;
-};
-
 class TIPContext;
+
+/// Makes an empty zt_terminating_identity_presentation.
+class ZT_API TIPDataBinder : public ZtDescribedBy<TIPContext, ZtFactory> {
+ public:
+};
 
 /// Writes the service as an XCAP fragment.
 class ZT_API TIPMarshaller : public ZtDescribedBy<TIPContext, ZtNamespaceMarshaller> {
  public:
   TIPMarshaller();
   /// Writes the element (1 written, 0 failed), which only a running Marshall can use.
-  int AddTIPElementToXml(zt_terminating_identity_presentation* service);
+  int AddTIPElementToXml(zt_terminating_identity_presentation* service) { return Write(service); }
 };
+
+/// Reads a terminating-identity-presentation service, with the prefixes of its document.
+class ZT_API XMLTIPDecoder : public ZtDecoderOf<TIPContext, ZtNamespaceDecoder> {};
 
 /// Reads the service from an XCAP fragment.
 class ZT_API TIPUnMarshaller : public ZtDescribedBy<TIPContext, ZtUnMarshaller> {};

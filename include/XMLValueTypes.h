@@ -28,10 +28,7 @@ class ZT_API zt_empty_element_type : public ZtTyped<zt_empty_element_type> {
   static const ZtElementType kType;
 
   /// Not 0 when the element is there.
-  int setPresentValue(int present) {
-    m_iPresent = present;
-    return 1;
-  }
+  int setPresentValue(int present) { return m_iPresent.Set(present); }
   int getPresentValue() const { return m_iPresent; }
   /// Stores a copy and marks the element present; null clears both. The value is the element's own
   /// name: that is what a marshaller writes.
@@ -41,7 +38,7 @@ class ZT_API zt_empty_element_type : public ZtTyped<zt_empty_element_type> {
  private:
   friend struct ZtValueMaker;
 
-  int m_iPresent = 0;
+  ZtNumber m_iPresent;
   ZtText m_Value;
 };
 

@@ -4,6 +4,7 @@
 
 #include "XMLCharacteristic.h"
 #include "ZtDocument.h"
+#include "ZtSchemaDecoder.h"
 
 /// The root element "volte-config-info", or "wap-provisioningdoc" with the same content.
 class ZT_API zt_volte_config_info : public ZtTyped<zt_volte_config_info, ZtProvisioning> {
@@ -11,21 +12,23 @@ class ZT_API zt_volte_config_info : public ZtTyped<zt_volte_config_info, ZtProvi
   static const ZtElementType kType;
 };
 
-/// Makes empty elements; each is the caller's until a parent takes it. Null without memory.
-class ZT_API VolteConfigInfoDataBinder : public XMLObjectFactory {
- public:
-  XMLObject* CreateRootElement() override;
-  zt_characteristic* CreateCharacteristic();
-  zt_parm* CreateParm();
-};
-
 class VolteConfigInfoContext;
+
+/// Makes empty elements; each is the caller's until a parent takes it. Null without memory.
+class ZT_API VolteConfigInfoDataBinder : public ZtDescribedBy<VolteConfigInfoContext, ZtFactory> {
+ public:
+  zt_characteristic* CreateCharacteristic() { return Make(); }
+  zt_parm* CreateParm() { return Make(); }
+};
 
 /// There is nothing to write: Marshall always returns null.
 class ZT_API VolteConfigInfoMarshall : public ZtDescribedBy<VolteConfigInfoContext, ZtMarshaller> {
  public:
   char* Marshall(XMLElement* root) override;
 };
+
+/// Reads "volte-config-info", or "wap-provisioningdoc" with the same content, with any prefixes.
+class ZT_API XMLVolteConfigInfoDecoder : public ZtDecoderOf<VolteConfigInfoContext> {};
 
 /// Reads a zt_volte_config_info.
 class ZT_API VolteConfigInfoUnMarshaller

@@ -4,6 +4,7 @@
 
 #include "XMLCharacteristic.h"
 #include "ZtDocument.h"
+#include "ZtSchemaDecoder.h"
 
 /// The root element "wap-provisioningdoc".
 class ZT_API zt_wap_provisioning_doc : public ZtTyped<zt_wap_provisioning_doc, ZtProvisioning> {
@@ -11,15 +12,15 @@ class ZT_API zt_wap_provisioning_doc : public ZtTyped<zt_wap_provisioning_doc, Z
   static const ZtElementType kType;
 };
 
-/// Makes empty elements; each is the caller's until a parent takes it. Null without memory.
-class ZT_API WapProvisioningDocDataBinder : public XMLObjectFactory {
- public:
-  XMLObject* CreateRootElement() override;
-  zt_characteristic* CreateCharacteristic();
-  zt_parm* CreateParm();
-};
-
 class WapProvisioningDocContext;
+
+/// Makes empty elements; each is the caller's until a parent takes it. Null without memory.
+class ZT_API WapProvisioningDocDataBinder
+    : public ZtDescribedBy<WapProvisioningDocContext, ZtFactory> {
+ public:
+  zt_characteristic* CreateCharacteristic() { return Make(); }
+  zt_parm* CreateParm() { return Make(); }
+};
 
 /// There is nothing to write: Marshall always returns null.
 class ZT_API WapProvisioningDocMarshall
@@ -27,6 +28,9 @@ class ZT_API WapProvisioningDocMarshall
  public:
   char* Marshall(XMLElement* root) override;
 };
+
+/// Reads "wap-provisioningdoc", with any prefixes.
+class ZT_API XMLWapProvisioningDocDecoder : public ZtDecoderOf<WapProvisioningDocContext> {};
 
 /// Reads a zt_wap_provisioning_doc.
 class ZT_API WapProvisioningDocUnMarshaller

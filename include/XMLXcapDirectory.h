@@ -4,6 +4,7 @@
 
 #include "ZtDocument.h"
 #include "ZtElement.h"
+#include "ZtSchemaDecoder.h"
 
 /// The element "entry": one document. Texts are copied; null means absent, here and below.
 class ZT_API zt_entry : public ZtTyped<zt_entry> {
@@ -20,18 +21,13 @@ class ZT_API zt_entry : public ZtTyped<zt_entry> {
   int setLastModifiedValue(const char* time) { return m_LastModified.Assign(time); }
   const char* getLastModifiedValue() const { return m_LastModified.Get(); }
   /// The document's size in bytes; 0 means absent.
-  int setSizeValue(unsigned int bytes) {
-    m_Size = bytes;
-    return 1;
-  }
+  int setSizeValue(unsigned int bytes) { return m_Size.Set(bytes); }
   unsigned int getSizeValue() const { return m_Size; }
 
   /// Further attributes: a list of zt_AttributeValuePair, stored as XMLAttribute* (taken). On
   /// output the first of a name stands, and none of the names above.
   int setAnyAttributeValue(ZtSingleElementList* list) { return m_AnyAttributes.Set(list); }
-  ZtListOf<zt_AttributeValuePair>* getAnyAttributeValue() const {
-    return m_AnyAttributes.Of<zt_AttributeValuePair>();
-  }
+  ZtListOf<zt_AttributeValuePair>* getAnyAttributeValue() const { return m_AnyAttributes; }
   /// Takes `attribute`; 0 when it is null or owned, or there is no memory.
   int addAnyAttribute(XMLAttribute* attribute) { return m_AnyAttributes.Add(attribute); }
 
@@ -41,7 +37,7 @@ class ZT_API zt_entry : public ZtTyped<zt_entry> {
   ZtText m_Uri;
   ZtText m_Etag;
   ZtText m_LastModified;
-  unsigned m_Size = 0;
+  ZtNumber m_Size;
   ZtAttributeList m_AnyAttributes;
 };
 
@@ -56,7 +52,7 @@ class ZT_API zt_folder : public ZtTyped<zt_folder> {
 
   /// A list of zt_entry (taken).
   int setEntryListValue(ZtSingleElementList* list) { return m_Entries.Set(list); }
-  ZtListOf<zt_entry>* getEntryListValue() const { return m_Entries.Of<zt_entry>(); }
+  ZtListOf<zt_entry>* getEntryListValue() const { return m_Entries; }
   /// Takes `entry`; 0 when it is null or owned, or there is no memory.
   int addEntry(zt_entry* entry) { return m_Entries.Add(entry); }
 
@@ -79,7 +75,7 @@ class ZT_API zt_xcap_directory : public ZtTyped<zt_xcap_directory, ZtObject> {
 
   /// A list of zt_folder (taken).
   int setFolderListValue(ZtSingleElementList* list) { return m_Folders.Set(list); }
-  ZtListOf<zt_folder>* getFolderListValue() const { return m_Folders.Of<zt_folder>(); }
+  ZtListOf<zt_folder>* getFolderListValue() const { return m_Folders; }
   /// Takes `folder`; 0 when it is null or owned, or there is no memory.
   int addFolder(zt_folder* folder) { return m_Folders.Add(folder); }
 
@@ -89,24 +85,26 @@ class ZT_API zt_xcap_directory : public ZtTyped<zt_xcap_directory, ZtObject> {
   ZtChildList m_Folders;
 };
 
-/// Makes empty objects; each is the caller's until a parent takes it. Null without memory.
-class ZT_API XcapDirectoryDataBinder : public XMLObjectFactory {
- public:
-  XMLObject* CreateRootElement() override;
-  zt_folder* CreateFolderElement();
-  zt_entry* CreateEntryElement();
-};
-
 class XcapDirectoryContext;
+
+/// Makes empty objects; each is the caller's until a parent takes it. Null without memory.
+class ZT_API XcapDirectoryDataBinder : public ZtDescribedBy<XcapDirectoryContext, ZtFactory> {
+ public:
+  zt_folder* CreateFolderElement() { return Make(); }
+  zt_entry* CreateEntryElement() { return Make(); }
+};
 
 /// Writes a zt_xcap_directory. Besides Marshall, the steps that write one element each (1 written,
 /// 0 failed), which only a running Marshall can use.
 class ZT_API XcapDirectoryMarshaller : public ZtDescribedBy<XcapDirectoryContext, ZtMarshaller> {
  public:
-  int AddXcapDirectoryElementToXml(zt_xcap_directory* directory);
-  int AddFolderElementToXml(zt_folder* folder);
-  int AddEntryElementToXml(zt_entry* entry);
+  int AddXcapDirectoryElementToXml(zt_xcap_directory* directory) { return Write(directory); }
+  int AddFolderElementToXml(zt_folder* folder) { return Write(folder); }
+  int AddEntryElementToXml(zt_entry* entry) { return Write(entry); }
 };
+
+/// Reads an "xcap-directory" document. Names are taken without their prefixes.
+class ZT_API XMLXcapDirectoryDecoder : public ZtDecoderOf<XcapDirectoryContext> {};
 
 /// Reads a zt_xcap_directory. Elements are known by their local names, whatever their prefixes.
 class ZT_API XcapDirectoryUnMarshaller

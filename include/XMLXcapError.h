@@ -5,6 +5,7 @@
 #include "XMLValueTypes.h"
 #include "ZtDocument.h"
 #include "ZtElement.h"
+#include "ZtSchemaDecoder.h"
 
 /// What the errors that carry a phrase have in common.
 class ZT_API ZtXcapPhrasedError : public ZtElement {
@@ -88,7 +89,7 @@ class ZT_API zt_exists : public ZtTyped<zt_exists> {
 
   /// The values that would do: a list of zt_string (taken). Raw texts, to be escaped by the caller.
   int setAltValueListValue(ZtSingleElementList* list) { return m_AltValues.Set(list); }
-  ZtListOf<zt_string>* getAltValueListValue() const { return m_AltValues.Of<zt_string>(); }
+  ZtListOf<zt_string>* getAltValueListValue() const { return m_AltValues; }
   /// Takes `value`, a zt_string; 0 when it is null or owned, or there is no memory.
   int addAltValue(zt_string* value) { return m_AltValues.Add(value); }
 
@@ -106,7 +107,7 @@ class ZT_API zt_uniqueness_failure : public ZtTyped<zt_uniqueness_failure, ZtXca
 
   /// A list of zt_exists (taken).
   int setExistsListValue(ZtSingleElementList* list) { return m_Exists.Set(list); }
-  ZtListOf<zt_exists>* getExistsListValue() const { return m_Exists.Of<zt_exists>(); }
+  ZtListOf<zt_exists>* getExistsListValue() const { return m_Exists; }
   /// Takes `exists`; 0 when it is null or owned, or there is no memory.
   int addExists(zt_exists* exists) { return m_Exists.Add(exists); }
 
@@ -139,46 +140,55 @@ class ZT_API zt_xcap_error : public ZtTyped<zt_xcap_error, ZtObject> {
   ZtChild m_Error;
 };
 
+class XcapErrorContext;
+
 /// Makes empty objects; each is the caller's until a parent takes it. Null without memory.
-class ZT_API XcapErrorDataBinder : public XMLObjectFactory {
+class ZT_API XcapErrorDataBinder : public ZtDescribedBy<XcapErrorContext, ZtFactory> {
  public:
   XMLObject* CreateRootElement() override;
-  zt_extension* CreateExtensionElement();
-  zt_not_utf_8* CreateNot_utf_8Element();
-  zt_cannot_delete* CreateCannot_deleteElement();
-  zt_constraint_failure* CreateConstraint_failureElement();
-  zt_not_well_formed* CreateNot_well_formedElement();
-  zt_exists* CreateExistsElement();
-  zt_uniqueness_failure* CreateUniqueness_failureElement();
-  zt_not_xml_att_value* CreateNot_xml_att_valueElement();
-  zt_cannot_insert* CreateCannot_insertElement();
-  zt_no_parent* CreateNo_parentElement();
-  zt_not_xml_frag* CreateNot_xml_fragElement();
-  zt_schema_validation_error* CreateSchema_validation_errorElement();
+  zt_extension* CreateExtensionElement() { return Make(__func__); }
+  zt_not_utf_8* CreateNot_utf_8Element() { return Make(__func__); }
+  zt_cannot_delete* CreateCannot_deleteElement() { return Make(__func__); }
+  zt_constraint_failure* CreateConstraint_failureElement() { return Make(__func__); }
+  zt_not_well_formed* CreateNot_well_formedElement() { return Make(__func__); }
+  zt_exists* CreateExistsElement() { return Make(__func__); }
+  zt_uniqueness_failure* CreateUniqueness_failureElement() { return Make(__func__); }
+  zt_not_xml_att_value* CreateNot_xml_att_valueElement() { return Make(__func__); }
+  zt_cannot_insert* CreateCannot_insertElement() { return Make(__func__); }
+  zt_no_parent* CreateNo_parentElement() { return Make(__func__); }
+  zt_not_xml_frag* CreateNot_xml_fragElement() { return Make(__func__); }
+  zt_schema_validation_error* CreateSchema_validation_errorElement() { return Make(__func__); }
   /// A list that elements can take.
   ZtSingleElementList* CreateList();
-};
 
-class XcapErrorContext;
+ private:
+  Made Make(const char* operation) const;
+  static void Log(const char* operation);
+};
 
 /// Writes a zt_xcap_error. Besides Marshall, the steps that write one element each (1 written, 0
 /// failed), which only a running Marshall can use.
 class ZT_API Xcap_ErrorMarshall : public ZtDescribedBy<XcapErrorContext, ZtMarshaller> {
  public:
-  int AddXcap_errorElementToXml(zt_xcap_error* root);
-  int AddNot_utf_8ElementToXml(zt_not_utf_8* error);
-  int AddCannot_deleteElementToXml(zt_cannot_delete* error);
-  int AddConstraint_failureElementToXml(zt_constraint_failure* error);
-  int AddNot_well_formedElementToXml(zt_not_well_formed* error);
-  int AddExistsElementToXml(zt_exists* exists);
-  int AddUniqueness_failureElementToXml(zt_uniqueness_failure* error);
-  int AddNot_xml_att_valueElementToXml(zt_not_xml_att_value* error);
-  int AddCannot_insertElementToXml(zt_cannot_insert* error);
-  int AddNo_parentElementToXml(zt_no_parent* error);
-  int AddNot_xml_fragElementToXml(zt_not_xml_frag* error);
-  int AddSchema_validation_errorElementToXml(zt_schema_validation_error* error);
-  int AddExtensionElementToXml(zt_extension* error);
+  int AddXcap_errorElementToXml(zt_xcap_error* root) { return Write(root); }
+  int AddNot_utf_8ElementToXml(zt_not_utf_8* error) { return Write(error); }
+  int AddCannot_deleteElementToXml(zt_cannot_delete* error) { return Write(error); }
+  int AddConstraint_failureElementToXml(zt_constraint_failure* error) { return Write(error); }
+  int AddNot_well_formedElementToXml(zt_not_well_formed* error) { return Write(error); }
+  int AddExistsElementToXml(zt_exists* exists) { return Write(exists); }
+  int AddUniqueness_failureElementToXml(zt_uniqueness_failure* error) { return Write(error); }
+  int AddNot_xml_att_valueElementToXml(zt_not_xml_att_value* error) { return Write(error); }
+  int AddCannot_insertElementToXml(zt_cannot_insert* error) { return Write(error); }
+  int AddNo_parentElementToXml(zt_no_parent* error) { return Write(error); }
+  int AddNot_xml_fragElementToXml(zt_not_xml_frag* error) { return Write(error); }
+  int AddSchema_validation_errorElementToXml(zt_schema_validation_error* error) {
+    return Write(error);
+  }
+  int AddExtensionElementToXml(zt_extension* error) { return Write(error); }
 };
+
+/// Reads an "xcap-error" document. Names are taken without their prefixes.
+class ZT_API XMLXcapErrorDecoder : public ZtDecoderOf<XcapErrorContext> {};
 
 /// Reads a zt_xcap_error. Elements are known by their local names, whatever their prefixes; of
 /// several errors the last stands.

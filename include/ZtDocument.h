@@ -13,6 +13,32 @@ struct ZtElementType;
 class ZtElementWriter;
 class ZtNamespaceBindings;
 
+/// Makes a document's objects, empty: each is the caller's until a parent takes it. Null without
+/// memory.
+class ZT_API ZtFactory : public XMLObjectFactory {
+ public:
+  /// An object of the type of the document's (first) root.
+  XMLObject* CreateRootElement() override;
+
+ protected:
+  /// An object of the type that the function which returns it gives.
+  class Made {
+   public:
+    explicit Made(const ZtFactory& factory) : m_Factory(factory) {}
+    template <class T>
+    operator T*() const {  // NOLINT(google-explicit-constructor)
+      return static_cast<T*>(m_Factory.Make(T::kType));
+    }
+
+   private:
+    const ZtFactory& m_Factory;
+  };
+
+  Made Make() const { return Made(*this); }
+  XMLElement* Make(const ZtElementType& type) const;
+  virtual const ZtDocument& Document() const = 0;
+};
+
 /// A context whose workers are those of a document's description.
 class ZT_API ZtContext : public XMLContext {
  public:
@@ -70,6 +96,11 @@ class ZT_API ZtMarshaller : public XMLMarshaller {
   /// Marshall runs: the document writer holds no document otherwise.
   int Write(XMLElement* element, const ZtElementType& type, e_XmlStrRef prefix = XML_STR_ZT_NULL,
             e_XmlStrRef name = XML_STR_ZT_NULL);
+  /// Writes `element` by the table of its class.
+  template <class T>
+  int Write(T* element, e_XmlStrRef prefix = XML_STR_ZT_NULL) {
+    return Write(element, T::kType, prefix);
+  }
   /// A writer for steps that have no element, without namespaces; as meaningful as Write.
   ZtElementWriter Writer();
   virtual const ZtDocument& Document() const = 0;

@@ -54,7 +54,7 @@ class ZtKeepsElements : public Base {
   /// Takes a list of elements, stored as XMLElement*. They are never written unless the type says
   /// which of them are.
   int setAnyElementValue(ZtSingleElementList* list) { return m_AnyElements.Set(list); }
-  ZtListOf<XMLElement>* getAnyElementValue() const { return m_AnyElements.Of<XMLElement>(); }
+  ZtListOf<XMLElement>* getAnyElementValue() const { return m_AnyElements; }
   /// Takes `element`; 0 when it is null or owned, or there is no memory.
   int addAnyElement(XMLElement* element) { return m_AnyElements.Add(element); }
 
@@ -72,9 +72,7 @@ class ZtExtensible : public ZtKeepsElements<Base> {
   /// Takes a list of zt_AttributeValuePair, stored as XMLAttribute*. On output the first of a name
   /// stands, and none that the element has as an attribute of its own.
   int setAnyAttributeValue(ZtSingleElementList* list) { return m_AnyAttributes.Set(list); }
-  ZtListOf<zt_AttributeValuePair>* getAnyAttributeValue() const {
-    return m_AnyAttributes.Of<zt_AttributeValuePair>();
-  }
+  ZtListOf<zt_AttributeValuePair>* getAnyAttributeValue() const { return m_AnyAttributes; }
   /// Takes `attribute`; 0 when it is null or owned, or there is no memory.
   int addAnyAttribute(XMLAttribute* attribute) { return m_AnyAttributes.Add(attribute); }
 

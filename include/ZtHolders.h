@@ -56,6 +56,31 @@ class ZT_API ZtText {
   std::size_t m_bCopy : 1;  // else it is null or in place
 };
 
+/// A number, or which value of an enumeration. `Number` is unsigned or unsigned long long.
+template <class Number>
+class ZtScalar {
+ public:
+  ZtScalar(Number value = 0) : m_Value(value) {}  // NOLINT(google-explicit-constructor)
+
+  /// Stores `value`. Returns 1, as the public setters do.
+  template <class Value>
+  int Set(Value value) {
+    m_Value = static_cast<Number>(value);
+    return 1;
+  }
+  Number Get() const { return m_Value; }
+  /// As what the getter that returns it gives: a number or an enumeration.
+  template <class Value>
+  operator Value() const {  // NOLINT(google-explicit-constructor)
+    return static_cast<Value>(m_Value);
+  }
+
+ private:
+  Number m_Value;
+};
+using ZtNumber = ZtScalar<unsigned>;
+using ZtNumber64 = ZtScalar<unsigned long long>;
+
 /// A child that occurs at most once.
 class ZT_API ZtChild {
  public:
@@ -73,6 +98,11 @@ class ZT_API ZtChild {
   /// The same; false when `child` has another owner.
   bool Take(XMLElement* child);
   XMLElement* Get() const { return m_pChild; }
+  /// As what the getter that returns it gives: a type that this child always has.
+  template <class T>
+  operator T*() const {  // NOLINT(google-explicit-constructor)
+    return static_cast<T*>(m_pChild);
+  }
 
  private:
   XMLElement* m_pChild = nullptr;
@@ -97,9 +127,9 @@ class ZT_API ZtOwnedList {
   /// heap) has what is made.
   int Add(Item* item, const char* source = "src/XMLList", ZtArena* arena = nullptr);
   ZtSingleElementList* Get() const { return m_pList; }
-  /// The list by what it holds.
+  /// The list by what it holds, as the getter that returns it says.
   template <class T>
-  ZtListOf<T>* Of() const {
+  operator ZtListOf<T>*() const {  // NOLINT(google-explicit-constructor)
     return static_cast<ZtListOf<T>*>(m_pList);
   }
   /// The first node, null when there is none.

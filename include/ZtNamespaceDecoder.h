@@ -18,7 +18,7 @@ class ZT_API ZtNamespaceDecoder : public ZtSchemaDecoder {
   int XMLChangeNamespaceTag(char* name);
 
  protected:
-  explicit ZtNamespaceDecoder(const ZtReading& reading);
+  explicit ZtNamespaceDecoder(const ZtDocument& document);
   const char* LocalName(char* name, std::size_t& size) override;
   const char* LocalPart(const char* name, const char* colon) const override;
 

@@ -10,13 +10,12 @@
 
 /// How the library reads a document and an element type; opaque to callers.
 struct ZtElementType;
-struct ZtReading;
+struct ZtDocument;
 struct ZtChildName;
 struct ZtField;
 struct ZtSource;
 class ZtNameId;
 enum class ZtOutcome : unsigned char;
-enum class ZtElementKind : unsigned char;
 
 /// Reads one document. While it is read, what the decoder makes belongs to it until a parent adopts
 /// it; the root belongs to whoever takes it through GetSessionData.
@@ -63,7 +62,7 @@ class ZT_API ZtSchemaDecoder : public XmlDecoderSchema {
   static constexpr std::size_t kMostTypes = 40;
 
  protected:
-  explicit ZtSchemaDecoder(const ZtReading& reading);
+  explicit ZtSchemaDecoder(const ZtDocument& document);
 
   /// The name that rows know for `name`, of `size` bytes; null without memory. Sets
   /// PassName().
@@ -83,27 +82,28 @@ class ZT_API ZtSchemaDecoder : public XmlDecoderSchema {
   XMLObject* m_pRoot;
   char* m_PassName;  // owned
   XmlCodeGenStack m_Stack;
-  const ZtReading& m_Reading;
+  const ZtDocument& m_Document;
   bool m_bFailed;
 
  private:
-  friend class ZtReflection;
-
   struct Open {  // an object and its type, null when there is none
     XMLElement* object = nullptr;
     const ZtElementType* type = nullptr;
   };
 
+  // What an element with an object is.
+  enum class Kind : unsigned char { kObject, kRoot, kExtension };
+
   struct Element {  // what a name is: null types have no object of their own
     const ZtElementType* type = nullptr;
     const ZtField* row = nullptr;  // of the parent, when it has one
-    ZtElementKind kind = {};
+    Kind kind = {};
   };
 
   struct Frame {  // of an object on the stack
     const ZtElementType* type;
     int name;  // of its element
-    ZtElementKind kind;
+    Kind kind;
   };
 
   int ProcessStart(ScannedTag& tag) override;
@@ -152,6 +152,14 @@ class ZT_API ZtSchemaDecoder : public XmlDecoderSchema {
   const ZtElementType* m_Types[kMostTypes];  // of the document, once they are asked for
   std::size_t m_iTypes;
   ZtChildList m_ReplacedRoots;  // earlier roots: they may still be open
+};
+
+/// The decoder of the document that `Context` describes; `Base` is ZtSchemaDecoder or
+/// ZtNamespaceDecoder.
+template <class Context, class Base = ZtSchemaDecoder>
+class ZtDecoderOf : public Base {
+ public:
+  ZtDecoderOf() : Base(Context::kDocument) {}
 };
 
 #endif  // ZTXML_INCLUDE_ZTSCHEMADECODER_H

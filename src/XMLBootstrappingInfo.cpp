@@ -1,10 +1,8 @@
 #include "XMLBootstrappingInfo.h"
 
-#include "BootstrappingInfo.h"
 #include "base/ZtLog.h"
 #include "binding/ZtDocumentTable.h"
 #include "binding/ZtElementWriter.h"
-#include "binding/ZtReading.h"
 
 namespace {
 
@@ -35,28 +33,8 @@ const ZtElementType zt_bootstrappinginfo::kType =
         .Declares(BootstrappingInfoBinding::kNamespace)
         .Root();
 
-// ---- Decoder ------------------------------------------------------------------------------------
-
-namespace {
-
-constexpr ZtRoot kRoots[] = {{XML_STR_BOOTSTRAPPING_INFO, &zt_bootstrappinginfo::kType}};
-constexpr ZtReading kReading =
-    ZtReading("XMLBootstrappingInfoDecoder", "src/BootstrappingInfo", ZtPrefixRule::kStrip)
-        .Roots(kRoots);
-
-}  // namespace
-
-XMLBootstrappingInfoDecoder::XMLBootstrappingInfoDecoder() : ZtSchemaDecoder(kReading) {}
-
 // ---- Workers ------------------------------------------------------------------------------------
 
-XMLObject* BootstrappingInfoDataBinder::CreateRootElement() {
-  return ZtCreate<zt_bootstrappinginfo>(kSource);
-}
-
-int BootstrappingInfoMarshaller::AddBootstrappingInfoElementToXml(zt_bootstrappinginfo* info) {
-  return Write(info, zt_bootstrappinginfo::kType);
-}
 int BootstrappingInfoMarshaller::AddBtidElementToXml(char* btid) {
   return Writer().WriteText(BootstrappingInfoBinding::kBtid, btid);
 }
@@ -72,16 +50,14 @@ constexpr ZtDocumentLines Lines() {
 }
 }  // namespace
 
-const ZtDocument BootstrappingInfoContext::kDocument =
+const ZtDocument BootstrappingInfoContext::kDocument = {
     ZtDocumentOf<BootstrappingInfoContext, XMLBootstrappingInfoDecoder,
                  BootstrappingInfoUnMarshaller, BootstrappingInfoMarshaller,
-                 BootstrappingInfoDataBinder>({XML_SCHEMA_BOOTSTRAPPING_INFO,
-                                               "BootstrappingInfo",
-                                               {"BootstrappingInfo", nullptr},
-                                               "uri:3gpp-gba",
-                                               true},
-                                              kSource)
+                 BootstrappingInfoDataBinder>(kSource)
+        .Schema(XML_SCHEMA_BOOTSTRAPPING_INFO, "BootstrappingInfo", "uri:3gpp-gba",
+                "BootstrappingInfo")
+        .Decodes("XMLBootstrappingInfoDecoder", "src/BootstrappingInfo", ZtPrefixRule::kStrip)
         .Reads("BootstrappingInfoUnMarshaller")
-        .Writes(kZtRoots<zt_bootstrappinginfo>, "BootstrappingInfoMarshaller",
-                "mBootstrappingInfoXml")
-        .Lines(Lines());
+        .Writes("BootstrappingInfoMarshaller", "mBootstrappingInfoXml")
+        .Lines(Lines()),
+    {{XML_STR_BOOTSTRAPPING_INFO, &zt_bootstrappinginfo::kType}}};

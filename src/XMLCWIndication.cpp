@@ -1,8 +1,6 @@
 #include "XMLCWIndication.h"
 
-#include "CWIndication.h"
 #include "binding/ZtDocumentTable.h"
-#include "binding/ZtReading.h"
 
 namespace {
 
@@ -37,39 +35,16 @@ const ZtElementType zt_ims_3gpp::kType = ZtTypeOf<zt_ims_3gpp>("zt_ims_3gpp", "i
                                              .Writer(XML_STR_IMS_3GPP, "AddIms3gppElementToXml")
                                              .Root();
 
-// ---- Decoder ------------------------------------------------------------------------------------
-
-namespace {
-
-constexpr ZtRoot kRoots[] = {{XML_STR_IMS_3GPP, &zt_ims_3gpp::kType}};
-constexpr ZtReading kReading =
-    ZtReading("XMLCWIndicationDecoder", "src/CWIndication", ZtPrefixRule::kStrip).Roots(kRoots);
-
-}  // namespace
-
-XMLCWIndicationDecoder::XMLCWIndicationDecoder() : ZtSchemaDecoder(kReading) {}
-
 // ---- Workers ------------------------------------------------------------------------------------
 
-XMLObject* CWIndicationDataBinder::CreateRootElement() { return ZtCreate<zt_ims_3gpp>(kSource); }
-zt_alternative_service* CWIndicationDataBinder::CreateAlternativeServiceElement() {
-  return ZtCreate<zt_alternative_service>(kSource);
-}
-
-int CWIndicationMarshaller::AddIms3gppElementToXml(zt_ims_3gpp* ims) {
-  return Write(ims, zt_ims_3gpp::kType);
-}
-int CWIndicationMarshaller::AddAlternativeServiceElementToXml(zt_alternative_service* service) {
-  return Write(service, zt_alternative_service::kType);
-}
-
-const ZtDocument CWIndicationContext::kDocument =
+const ZtDocument CWIndicationContext::kDocument = {
     ZtDocumentOf<CWIndicationContext, XMLCWIndicationDecoder, CWIndicationUnMarshaller,
-                 CWIndicationMarshaller, CWIndicationDataBinder>(
-        {XML_SCHEMA_CW_INDICATION, "CWIndication", {"ims-3gpp", nullptr}, nullptr, true}, kSource)
+                 CWIndicationMarshaller, CWIndicationDataBinder>(kSource)
+        .Schema(XML_SCHEMA_CW_INDICATION, "CWIndication", nullptr, "ims-3gpp")
+        .Decodes("XMLCWIndicationDecoder", "src/CWIndication", ZtPrefixRule::kStrip)
         .Reads("CWIndicationUnMarshaller")
         // Intended: log readers know this marshaller and its text as
         // CallWaitingIndicationMarshaller and mCallWaitingIndicationXml, which are those of the
         // call-waiting indication.
-        .Writes(kZtRoots<zt_ims_3gpp>, "CallWaitingIndicationMarshaller",
-                "mCallWaitingIndicationXml");
+        .Writes("CallWaitingIndicationMarshaller", "mCallWaitingIndicationXml"),
+    {{XML_STR_IMS_3GPP, &zt_ims_3gpp::kType}}};

@@ -1,8 +1,6 @@
 #include "XMLCallWaitingIndication.h"
 
-#include "CallWaitingIndication.h"
 #include "binding/ZtDocumentTable.h"
-#include "binding/ZtReading.h"
 
 namespace {
 
@@ -56,60 +54,24 @@ const ZtElementType zt_3gpp_ims::kType = ZtTypeOf<zt_3gpp_ims>("zt_3gpp_ims", "3
                                              .Writer(XML_STR_3GPP_IMS, "Add3gppImsElementToXml")
                                              .Root();
 
-// ---- Decoder ------------------------------------------------------------------------------------
-
-namespace {
-
-constexpr ZtRoot kRoots[] = {{XML_STR_3GPP_IMS, &zt_3gpp_ims::kType}};
-constexpr ZtReading kReading =
-    ZtReading("XMLCallWaitingIndicationDecoder", "src/CallWaitingIndication", ZtPrefixRule::kStrip)
-        .Roots(kRoots);
-
-}  // namespace
-
-XMLCallWaitingIndicationDecoder::XMLCallWaitingIndicationDecoder() : ZtSchemaDecoder(kReading) {}
-
 // ---- Workers ------------------------------------------------------------------------------------
 
-XMLObject* CallWaitingIndicationDataBinder::CreateRootElement() {
-  return ZtCreate<zt_3gpp_ims>(kSource);
-}
-zt_ns_call_waiting_indication_alternative_service*
-CallWaitingIndicationDataBinder::CreateAlternativeServiceElement() {
-  return ZtCreate<zt_ns_call_waiting_indication_alternative_service>(kSource);
-}
-zt_ns_call_waiting_indication_action* CallWaitingIndicationDataBinder::CreateActionElement() {
-  return ZtCreate<zt_ns_call_waiting_indication_action>(kSource);
-}
 zt_empty_element_type* CallWaitingIndicationDataBinder::CreateCallWaitingIndicationElement() {
   return ZtMakeFlag(kSource, ZtName(XML_STR_CALL_WAITING_INDICATION));
 }
 
-int CallWaitingIndicationMarshaller::Add3gppImsElementToXml(zt_3gpp_ims* ims) {
-  return Write(ims, zt_3gpp_ims::kType);
-}
-int CallWaitingIndicationMarshaller::AddAlternativeServiceElementToXml(
-    zt_ns_call_waiting_indication_alternative_service* service) {
-  return Write(service, zt_ns_call_waiting_indication_alternative_service::kType);
-}
-int CallWaitingIndicationMarshaller::AddActionElementToXml(
-    zt_ns_call_waiting_indication_action* action) {
-  return Write(action, zt_ns_call_waiting_indication_action::kType);
-}
 int CallWaitingIndicationMarshaller::AddCallWaitingIndicationElementToXml(
     zt_empty_element_type* flag) {
   return Write(flag, kFlag);
 }
 
-const ZtDocument CallWaitingIndicationContext::kDocument =
+const ZtDocument CallWaitingIndicationContext::kDocument = {
     ZtDocumentOf<CallWaitingIndicationContext, XMLCallWaitingIndicationDecoder,
                  CallWaitingIndicationUnMarshaller, CallWaitingIndicationMarshaller,
-                 CallWaitingIndicationDataBinder>({XML_SCHEMA_CALL_WAITING_INDICATION,
-                                                   "CallWaitingIndication",
-                                                   {"3gpp-ims", nullptr},
-                                                   nullptr,
-                                                   true},
-                                                  kSource)
+                 CallWaitingIndicationDataBinder>(kSource)
+        .Schema(XML_SCHEMA_CALL_WAITING_INDICATION, "CallWaitingIndication", nullptr, "3gpp-ims")
+        .Decodes("XMLCallWaitingIndicationDecoder", "src/CallWaitingIndication",
+                 ZtPrefixRule::kStrip)
         .Reads("CallWaitingIndicationUnMarshaller")
-        .Writes(kZtRoots<zt_3gpp_ims>, "CallWaitingIndicationMarshaller",
-                "mCallWaitingIndicationXml");
+        .Writes("CallWaitingIndicationMarshaller", "mCallWaitingIndicationXml"),
+    {{XML_STR_3GPP_IMS, &zt_3gpp_ims::kType}}};

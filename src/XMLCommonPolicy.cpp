@@ -129,63 +129,11 @@ const ZtElementType zt_ns_common_policy_ruleset::kType = CommonPolicyBinding::kR
 
 // ---- Workers ------------------------------------------------------------------------------------
 
-zt_ns_common_policy_ruleset* ZtPolicyDataBinder::CreateRuleSetElement() {
-  return ZtCreate<zt_ns_common_policy_ruleset>(m_pSource);
-}
-zt_ns_common_policy_ruleType* ZtPolicyDataBinder::CreateRuleTypeElement() {
-  return ZtCreate<zt_ns_common_policy_ruleType>(m_pSource);
-}
-zt_ns_common_policy_conditionsType* ZtPolicyDataBinder::CreateConditionsTypeElement() {
-  return ZtCreate<zt_ns_common_policy_conditionsType>(m_pSource);
-}
-zt_ns_common_policy_identityType* ZtPolicyDataBinder::CreateIdentityTypeElement() {
-  return ZtCreate<zt_ns_common_policy_identityType>(m_pSource);
-}
-zt_ns_common_policy_oneType* ZtPolicyDataBinder::CreateOneTypeElement() {
-  return ZtCreate<zt_ns_common_policy_oneType>(m_pSource);
-}
-zt_ns_common_policy_manyType* ZtPolicyDataBinder::CreateManyTypeElement() {
-  return ZtCreate<zt_ns_common_policy_manyType>(m_pSource);
-}
-zt_ns_common_policy_exceptType* ZtPolicyDataBinder::CreateExceptTypeElement() {
-  return ZtCreate<zt_ns_common_policy_exceptType>(m_pSource);
-}
-zt_ns_common_policy_sphereType* ZtPolicyDataBinder::CreateSphereTypeElement() {
-  return ZtCreate<zt_ns_common_policy_sphereType>(m_pSource);
-}
-zt_ns_common_policy_validityType* ZtPolicyDataBinder::CreateValidityTypeElement() {
-  return ZtCreate<zt_ns_common_policy_validityType>(m_pSource);
-}
-zt_ns_common_policy_extensibleType* ZtPolicyDataBinder::CreateActionsTypeElement() {
-  return ZtCreate<zt_ns_common_policy_extensibleType>(m_pSource);
-}
-zt_ns_common_policy_extensibleType* ZtPolicyDataBinder::CreateTransformationsTypeElement() {
-  return ZtCreate<zt_ns_common_policy_extensibleType>(m_pSource);
-}
-zt_empty_element_type* ZtPolicyDataBinder::CreateEmptyTypeElement() {
-  return ZtCreate<zt_empty_element_type>(m_pSource);
-}
-zt_ns_xcap_media_type* ZtPolicyDataBinder::CreateMediaTypeElement() {
-  return ZtCreate<zt_ns_xcap_media_type>(m_pSource);
-}
-zt_presence_status_activity_type* ZtPolicyDataBinder::CreatePresenceStatusActivityTypeElement() {
-  return ZtCreate<zt_presence_status_activity_type>(m_pSource);
-}
-zt_external_list* ZtPolicyDataBinder::CreateExternalListElement() {
-  return ZtCreate<zt_external_list>(m_pSource);
-}
-
 int ZtPolicyMarshaller::AddRuleSetElementToXml(zt_ns_common_policy_ruleset* ruleset) {
   return Write(ruleset, *Policy().ruleset);
 }
 int ZtPolicyMarshaller::AddRuleElementToXml(zt_ns_common_policy_ruleType* rule) {
   return Write(rule, *Policy().rule);
-}
-int ZtPolicyMarshaller::AddConditionsElementToXml(zt_ns_common_policy_conditionsType* conditions) {
-  return Write(conditions, zt_ns_common_policy_conditionsType::kType);
-}
-int ZtPolicyMarshaller::AddExceptElementToXml(zt_ns_common_policy_exceptType* except) {
-  return Write(except, zt_ns_common_policy_exceptType::kType);
 }
 int ZtPolicyMarshaller::AddActionsElementToXml(zt_ns_common_policy_extensibleType* actions) {
   return Write(actions, *Policy().actions);

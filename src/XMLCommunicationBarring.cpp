@@ -1,10 +1,8 @@
 #include "XMLCommunicationBarring.h"
 
 #include "CommonPolicyBinding.h"
-#include "CommunicationBarring.h"
 #include "XMLCommunicationDiversion.h"
 #include "base/ZtLog.h"
-#include "binding/ZtReading.h"
 
 namespace {
 
@@ -85,29 +83,7 @@ const ZtElementType zt_outgoing_communication_barring::kType =
         .FailsAs("outgoing_communication_barringMarshaller")
         .Root();
 
-// ---- Decoder ------------------------------------------------------------------------------------
-
-namespace {
-
-constexpr ZtRoot kRoots[] = {
-    {XML_STR_INCOMING_COMMUNICATION_BARRING, &zt_incoming_communication_barring::kType},
-    {XML_STR_OUTGOING_COMMUNICATION_BARRING, &zt_outgoing_communication_barring::kType}};
-// Intended: the line about a lack of memory names the decoder of communication diversion instead of
-// its own; log readers search for it as it is.
-constexpr ZtReading kReading =
-    ZtReading("XMLCommunicationBarringDecoder", "src/CommunicationBarring", ZtPrefixRule::kRewrite)
-        .Roots(kRoots)
-        .NoMemory(
-            "XMLCommunicationDiversionDecoder :: XMLChangeNamespaceTag Malloc unable to allocate "
-            "memory");
-
-}  // namespace
-
-XMLCommunicationBarringDecoder::XMLCommunicationBarringDecoder() : ZtNamespaceDecoder(kReading) {}
-
 // ---- Workers ------------------------------------------------------------------------------------
-
-CommunicationBarringDataBinder::CommunicationBarringDataBinder() : ZtPolicyDataBinder(kSource) {}
 
 int CommunicationBarringDataBinder::setCBType(XML_COMMUNICATION_BARRING_TYPE type) {
   // Intended: every call of setCBType is logged as an error, although nothing has failed; log
@@ -133,45 +109,28 @@ XMLObject* CommunicationBarringDataBinder::CreateRootElement() {
   }
 }
 
-zt_allow_action_type* CommunicationBarringDataBinder::CreateAllowTypeElement() {
-  return ZtCreate<zt_allow_action_type>(kSource);
-}
-
 Communication_barringMarshaller::Communication_barringMarshaller()
     : ZtDescribedBy(CommunicationBarringContext::kDocument) {}
-int Communication_barringMarshaller::AddIncoming_communication_barringElementToXml(
-    zt_incoming_communication_barring* barring) {
-  return Write(barring, zt_incoming_communication_barring::kType);
-}
-int Communication_barringMarshaller::AddOutgoing_communication_barringElementToXml(
-    zt_outgoing_communication_barring* barring) {
-  return Write(barring, zt_outgoing_communication_barring::kType);
-}
 
-namespace {
-constexpr const ZtElementType* kWritables[] = {&zt_incoming_communication_barring::kType,
-                                               &zt_outgoing_communication_barring::kType,
-                                               kPolicy.ruleset,
-                                               kPolicy.rule,
-                                               &zt_ns_common_policy_conditionsType::kType,
-                                               kPolicy.actions,
-                                               &CommonPolicyBinding::kFlag,
-                                               &zt_ns_common_policy_exceptType::kType,
-                                               nullptr};
-}  // namespace
-
-const ZtDocument CommunicationBarringContext::kDocument =
+const ZtDocument CommunicationBarringContext::kDocument = {
     ZtDocumentOf<CommunicationBarringContext, XMLCommunicationBarringDecoder,
                  CommunicationBarringUnMarshaller, Communication_barringMarshaller,
-                 CommunicationBarringDataBinder>(
-        {XML_SCHEMA_COMMUNICATION_BARRING,
-         "CommunicationBarring",
-         {"incoming-communication-barring", "outgoing-communication-barring"},
-         kSimservsNamespace,
-         true},
-        kSource)
+                 CommunicationBarringDataBinder>(kSource)
+        .Schema(XML_SCHEMA_COMMUNICATION_BARRING, "CommunicationBarring", kSimservsNamespace,
+                "incoming-communication-barring", "outgoing-communication-barring")
+        // Intended: the line about a lack of memory names the decoder of communication diversion
+        // instead of its own; log readers search for it as it is.
+        .Decodes("XMLCommunicationBarringDecoder", "src/CommunicationBarring",
+                 ZtPrefixRule::kRewrite)
+        .NoMemory(
+            "XMLCommunicationDiversionDecoder :: XMLChangeNamespaceTag Malloc unable to allocate "
+            "memory")
         .Reads("CommunicationBarringUnMarshaller")
-        .Writes(kWritables, "Communication_barringMarshaller", "mCbXml")
-        .AsFragment();
+        .Writes("Communication_barringMarshaller", "mCbXml")
+        .AsFragment(),
+    {{XML_STR_INCOMING_COMMUNICATION_BARRING, &zt_incoming_communication_barring::kType},
+     {XML_STR_OUTGOING_COMMUNICATION_BARRING, &zt_outgoing_communication_barring::kType}},
+    {kPolicy.ruleset, kPolicy.rule, &zt_ns_common_policy_conditionsType::kType, kPolicy.actions,
+     &CommonPolicyBinding::kFlag, &zt_ns_common_policy_exceptType::kType}};
 
 const ZtPolicyTypes& Communication_barringMarshaller::Policy() const { return kPolicy; }

@@ -1,8 +1,6 @@
 #include "XMLCommunicationDiversion.h"
 
 #include "CommonPolicyBinding.h"
-#include "CommunicationDiversion.h"
-#include "binding/ZtReading.h"
 
 namespace {
 
@@ -91,73 +89,30 @@ int zt_NoReplyTimer::setNoReplyTimerValue(unsigned int seconds) {
   return 1;
 }
 
-// ---- Decoder ------------------------------------------------------------------------------------
-
-namespace {
-
-constexpr ZtRoot kRoots[] = {{XML_STR_COMMUNICATION_DIVERSION, &zt_communication_diversion::kType}};
-constexpr ZtReading kReading = ZtReading("XMLCommunicationDiversionDecoder",
-                                         "src/CommunicationDiversion", ZtPrefixRule::kRewrite)
-                                   .Roots(kRoots);
-
-}  // namespace
-
-XMLCommunicationDiversionDecoder::XMLCommunicationDiversionDecoder()
-    : ZtNamespaceDecoder(kReading) {}
-
 // ---- Workers ------------------------------------------------------------------------------------
-
-CommunicationDiversionDataBinder::CommunicationDiversionDataBinder()
-    : ZtPolicyDataBinder(kSource) {}
-XMLObject* CommunicationDiversionDataBinder::CreateRootElement() {
-  return ZtCreate<zt_communication_diversion>(kSource);
-}
-zt_ns_xcap_forward_to_type* CommunicationDiversionDataBinder::CreateForwardToTypeElement() {
-  return ZtCreate<zt_ns_xcap_forward_to_type>(kSource);
-}
-zt_NoReplyTimer* CommunicationDiversionDataBinder::CreateNoReplyTimerElement() {
-  return ZtCreate<zt_NoReplyTimer>(kSource);
-}
 
 Communication_diversionMarshaller::Communication_diversionMarshaller()
     : ZtDescribedBy(CommunicationDiversionContext::kDocument) {}
-int Communication_diversionMarshaller::AddCommunication_diversionElementToXml(
-    zt_communication_diversion* diversion) {
-  return Write(diversion, zt_communication_diversion::kType);
-}
 // Intended: AddNoReplyTimerElementToXml answers 1 for a null timer, of which it writes nothing; the
 // steps of all other elements answer 0. Callers write a service without a timer so.
 int Communication_diversionMarshaller::AddNoReplyTimerElementToXml(zt_NoReplyTimer* timer) {
   return Write(timer, zt_NoReplyTimer::kType) || !timer;
 }
-int Communication_diversionMarshaller::AddForwardToElementtoXml(
-    zt_ns_xcap_forward_to_type* forwardTo) {
-  return Write(forwardTo, zt_ns_xcap_forward_to_type::kType);
-}
 
-namespace {
-constexpr const ZtElementType* kWritables[] = {&zt_communication_diversion::kType,
-                                               &zt_NoReplyTimer::kType,
-                                               kPolicy.ruleset,
-                                               kPolicy.rule,
-                                               &zt_ns_common_policy_conditionsType::kType,
-                                               kPolicy.actions,
-                                               &zt_ns_xcap_forward_to_type::kType,
-                                               &CommonPolicyBinding::kFlag,
-                                               nullptr};
-}  // namespace
-
-const ZtDocument CommunicationDiversionContext::kDocument =
+const ZtDocument CommunicationDiversionContext::kDocument = {
     ZtDocumentOf<CommunicationDiversionContext, XMLCommunicationDiversionDecoder,
                  CommunicationDiversionUnMarshaller, Communication_diversionMarshaller,
-                 CommunicationDiversionDataBinder>({XML_SCHEMA_COMMUNICATION_DIVERSION,
-                                                    "CommunicationDiversion",
-                                                    {"communication-diversion", nullptr},
-                                                    kSimservsNamespace,
-                                                    true},
-                                                   kSource)
+                 CommunicationDiversionDataBinder>(kSource)
+        .Schema(XML_SCHEMA_COMMUNICATION_DIVERSION, "CommunicationDiversion", kSimservsNamespace,
+                "communication-diversion")
+        .Decodes("XMLCommunicationDiversionDecoder", "src/CommunicationDiversion",
+                 ZtPrefixRule::kRewrite)
         .Reads("CommunicationDiversionUnMarshaller")
-        .Writes(kWritables, "Communication_diversionMarshaller", "mCdivXml")
-        .AsFragment();
+        .Writes("Communication_diversionMarshaller", "mCdivXml")
+        .AsFragment(),
+    {{XML_STR_COMMUNICATION_DIVERSION, &zt_communication_diversion::kType}},
+    {&zt_NoReplyTimer::kType, kPolicy.ruleset, kPolicy.rule,
+     &zt_ns_common_policy_conditionsType::kType, kPolicy.actions,
+     &zt_ns_xcap_forward_to_type::kType, &CommonPolicyBinding::kFlag}};
 
 const ZtPolicyTypes& Communication_diversionMarshaller::Policy() const { return kPolicy; }

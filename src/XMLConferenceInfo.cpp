@@ -1,10 +1,8 @@
 #include "XMLConferenceInfo.h"
 
-#include "ConferenceInfo.h"
 #include "base/ZtLog.h"
 #include "binding/ZtDocumentTable.h"
 #include "binding/ZtElementWriter.h"
-#include "binding/ZtReading.h"
 
 namespace {
 
@@ -351,68 +349,7 @@ const ZtElementType zt_conference_type::kType =
         .Declares(ConferenceInfoBinding::kNamespace)
         .Root();
 
-// ---- Decoder ------------------------------------------------------------------------------------
-
-namespace {
-
-constexpr ZtRoot kRoots[] = {{XML_STR_CONFERENCE_INFO, &zt_conference_type::kType}};
-constexpr ZtReading kReading =
-    ZtReading("XMLConferenceInfoDecoder", "src/ConferenceInfo", ZtPrefixRule::kStrip).Roots(kRoots);
-
-}  // namespace
-
-XMLConferenceInfoDecoder::XMLConferenceInfoDecoder() : ZtSchemaDecoder(kReading) {}
-
 // ---- Workers ------------------------------------------------------------------------------------
-
-XMLObject* ConferenceInfoDataBinder::CreateRootElement() { return CreateConferenceInfoType(); }
-zt_conference_type* ConferenceInfoDataBinder::CreateConferenceInfoType() {
-  return ZtCreate<zt_conference_type>(kSource);
-}
-zt_conference_description_type* ConferenceInfoDataBinder::CreateConferenceDescriptionType() {
-  return ZtCreate<zt_conference_description_type>(kSource);
-}
-zt_host_type* ConferenceInfoDataBinder::CreateHostType() { return ZtCreate<zt_host_type>(kSource); }
-zt_conference_state_type* ConferenceInfoDataBinder::CreateConferenceStateType() {
-  return ZtCreate<zt_conference_state_type>(kSource);
-}
-zt_users_type* ConferenceInfoDataBinder::CreateUsersType() {
-  return ZtCreate<zt_users_type>(kSource);
-}
-zt_user_type* ConferenceInfoDataBinder::CreateUserType() { return ZtCreate<zt_user_type>(kSource); }
-zt_user_roles_type* ConferenceInfoDataBinder::CreateUserRolesType() {
-  return ZtCreate<zt_user_roles_type>(kSource);
-}
-zt_user_languages_type* ConferenceInfoDataBinder::CreateUserLanguagesType() {
-  return ZtCreate<zt_user_languages_type>(kSource);
-}
-zt_endpoint_type* ConferenceInfoDataBinder::CreateEndPointType() {
-  return ZtCreate<zt_endpoint_type>(kSource);
-}
-zt_execution_type* ConferenceInfoDataBinder::CreateExecutionType() {
-  return ZtCreate<zt_execution_type>(kSource);
-}
-zt_media_type* ConferenceInfoDataBinder::CreateMediaType() {
-  return ZtCreate<zt_media_type>(kSource);
-}
-zt_call_type* ConferenceInfoDataBinder::CreateCallType() { return ZtCreate<zt_call_type>(kSource); }
-zt_sip_dialog_id_type* ConferenceInfoDataBinder::CreateSIPDialogIDType() {
-  return ZtCreate<zt_sip_dialog_id_type>(kSource);
-}
-zt_uris_type* ConferenceInfoDataBinder::CreateURIsType() { return ZtCreate<zt_uris_type>(kSource); }
-zt_uri_type* ConferenceInfoDataBinder::CreateURIType() { return ZtCreate<zt_uri_type>(kSource); }
-zt_keywords_type* ConferenceInfoDataBinder::CreateKeywordsType() {
-  return ZtCreate<zt_keywords_type>(kSource);
-}
-zt_conference_medium_type* ConferenceInfoDataBinder::CreateConferenceMediumType() {
-  return ZtCreate<zt_conference_medium_type>(kSource);
-}
-zt_conference_media_type* ConferenceInfoDataBinder::CreateConferenceMedaiType() {
-  return ZtCreate<zt_conference_media_type>(kSource);
-}
-zt_sidebars_by_val_type* ConferenceInfoDataBinder::CreateSideBarsByValueType() {
-  return ZtCreate<zt_sidebars_by_val_type>(kSource);
-}
 
 int Conference_infoMarshall::AddConferenceInfoElementToXml(zt_conference_type* conference,
                                                            e_XmlStrRef name) {
@@ -420,46 +357,8 @@ int Conference_infoMarshall::AddConferenceInfoElementToXml(zt_conference_type* c
   return Write(conference, root ? zt_conference_type::kType : ConferenceInfoBinding::kSidebar,
                XML_STR_ZT_NULL, name);
 }
-int Conference_infoMarshall::AddConferenceDescriptionElementToXml(
-    zt_conference_description_type* description) {
-  return Write(description, zt_conference_description_type::kType);
-}
-int Conference_infoMarshall::AddHostInfoElementToXml(zt_host_type* host) {
-  return Write(host, zt_host_type::kType);
-}
-int Conference_infoMarshall::AddConferenceStateElementToXml(zt_conference_state_type* state) {
-  return Write(state, zt_conference_state_type::kType);
-}
-int Conference_infoMarshall::AddIUsersElementToXml(zt_users_type* users) {
-  return Write(users, zt_users_type::kType);
-}
-int Conference_infoMarshall::AddUserElementToXml(zt_user_type* user) {
-  return Write(user, zt_user_type::kType);
-}
-int Conference_infoMarshall::AddEndPointElementToXml(zt_endpoint_type* endpoint) {
-  return Write(endpoint, zt_endpoint_type::kType);
-}
-int Conference_infoMarshall::AddExecutionTypeElementToXml(zt_execution_type* execution) {
-  return Write(execution, zt_execution_type::kType);
-}
-int Conference_infoMarshall::AddMediaElementToXml(zt_media_type* media) {
-  return Write(media, zt_media_type::kType);
-}
-int Conference_infoMarshall::AddSipElementToXml(zt_sip_dialog_id_type* sip) {
-  return Write(sip, zt_sip_dialog_id_type::kType);
-}
 int Conference_infoMarshall::AddUrisTypeElementToXml(zt_uris_type* uris, e_XmlStrRef name) {
   return Write(uris, zt_uris_type::kType, XML_STR_ZT_NULL, name);
-}
-int Conference_infoMarshall::AddUriTypeElementToXml(zt_uri_type* uri) {
-  return Write(uri, zt_uri_type::kType);
-}
-int Conference_infoMarshall::AddConferenceMediaTypeElementToXml(zt_conference_media_type* media) {
-  return Write(media, zt_conference_media_type::kType);
-}
-int Conference_infoMarshall::AddConferenceMediumTypeElementToXml(
-    zt_conference_medium_type* medium) {
-  return Write(medium, zt_conference_medium_type::kType);
 }
 
 void TestConference_infoMarshall() {
@@ -476,15 +375,13 @@ constexpr ZtDocumentLines Lines() {
 }
 }  // namespace
 
-const ZtDocument ConferenceInfoContext::kDocument =
+const ZtDocument ConferenceInfoContext::kDocument = {
     ZtDocumentOf<ConferenceInfoContext, XMLConferenceInfoDecoder, ConferenceInfoUnMarshaller,
-                 Conference_infoMarshall, ConferenceInfoDataBinder>(
-        {XML_SCHEMA_CONFERENCE_INFO,
-         "ConferenceInfo",
-         {"conference-info", nullptr},
-         "urn:ietf:params:xml:ns:conference-info",
-         true},
-        kSource)
+                 Conference_infoMarshall, ConferenceInfoDataBinder>(kSource)
+        .Schema(XML_SCHEMA_CONFERENCE_INFO, "ConferenceInfo",
+                "urn:ietf:params:xml:ns:conference-info", "conference-info")
+        .Decodes("XMLConferenceInfoDecoder", "src/ConferenceInfo", ZtPrefixRule::kStrip)
         .Reads("ConferenceInfoUnMarshaller")
-        .Writes(kZtRoots<zt_conference_type>, "Conference_infoMarshall", "mConferenceInfoXml")
-        .Lines(Lines());
+        .Writes("Conference_infoMarshall", "mConferenceInfoXml")
+        .Lines(Lines()),
+    {{XML_STR_CONFERENCE_INFO, &zt_conference_type::kType}}};

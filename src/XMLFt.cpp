@@ -1,8 +1,6 @@
 #include "XMLFt.h"
 
-#include "File.h"
 #include "binding/ZtDocumentTable.h"
-#include "binding/ZtReading.h"
 
 namespace {
 
@@ -44,36 +42,13 @@ const ZtElementType zt_file::kType = ZtTypeOf<zt_file>("zt_file", "file", kFamil
                                          .Writer(XML_STR_FILE, "AddFileElementToXml")
                                          .Root();
 
-// ---- Decoder ------------------------------------------------------------------------------------
-
-namespace {
-
-constexpr ZtRoot kRoots[] = {{XML_STR_FILE, &zt_file::kType}};
-constexpr ZtReading kReading =
-    ZtReading("XMLFileDecoder", "src/File", ZtPrefixRule::kStrip).Roots(kRoots);
-
-}  // namespace
-
-XMLFileDecoder::XMLFileDecoder() : ZtSchemaDecoder(kReading) {}
-
 // ---- Workers ------------------------------------------------------------------------------------
 
-XMLObject* FileDataBinder::CreateRootElement() { return ZtCreate<zt_file>(kSource); }
-zt_ns_ft_file_info* FileDataBinder::CreateFileInfoElement() {
-  return ZtCreate<zt_ns_ft_file_info>(kSource);
-}
-zt_ns_ft_data* FileDataBinder::CreateDataElement() { return ZtCreate<zt_ns_ft_data>(kSource); }
-
-int FileMarshaller::AddFileElementToXml(zt_file* file) { return Write(file, zt_file::kType); }
-int FileMarshaller::AddFileInfoElementToXml(zt_ns_ft_file_info* info) {
-  return Write(info, zt_ns_ft_file_info::kType);
-}
-int FileMarshaller::AddDataElementToXml(zt_ns_ft_data* data) {
-  return Write(data, zt_ns_ft_data::kType);
-}
-
-const ZtDocument FileContext::kDocument =
+const ZtDocument FileContext::kDocument = {
     ZtDocumentOf<FileContext, XMLFileDecoder, FileUnMarshaller, FileMarshaller, FileDataBinder>(
-        {XML_SCHEMA_FILE, "File", {"file", nullptr}, nullptr, true}, kSource)
+        kSource)
+        .Schema(XML_SCHEMA_FILE, "File", nullptr, "file")
+        .Decodes("XMLFileDecoder", "src/File", ZtPrefixRule::kStrip)
         .Reads("FileUnMarshaller")
-        .Writes(kZtRoots<zt_file>, "FileMarshaller", "mFileXml");
+        .Writes("FileMarshaller", "mFileXml"),
+    {{XML_STR_FILE, &zt_file::kType}}};

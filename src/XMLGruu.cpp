@@ -1,9 +1,7 @@
 #include "XMLGruu.h"
 
-#include "Gruu.h"
 #include "base/ZtLog.h"
 #include "binding/ZtDocumentTable.h"
-#include "binding/ZtReading.h"
 
 namespace {
 
@@ -63,19 +61,6 @@ const ZtElementType zt_ns_gruuinfo_pubGruu::kType =
 const ZtElementType zt_ns_gruuinfo_tempGruu::kType =
     GruuBinding::Temporary<zt_ns_gruuinfo_tempGruu>("zt_ns_gruuinfo_tempGruu");
 
-// ---- Decoder ------------------------------------------------------------------------------------
-
-namespace {
-
-constexpr ZtRoot kRoots[] = {{XML_STR_PUB_GRUU, &zt_pub_gruu::kType},
-                             {XML_STR_TEMP_GRUU, &zt_temp_gruu::kType}};
-constexpr ZtReading kReading =
-    ZtReading("XMLGruuDecoder", "src/Gruu", ZtPrefixRule::kStrip).Roots(kRoots);
-
-}  // namespace
-
-XMLGruuDecoder::XMLGruuDecoder() : ZtSchemaDecoder(kReading) {}
-
 // ---- Workers ------------------------------------------------------------------------------------
 
 XMLObject* GruuDataBinder::CreateRootElement() {
@@ -94,22 +79,6 @@ XMLObject* GruuDataBinder::CreateRootElement() {
   return nullptr;
 }
 
-zt_pub_gruu* GruuDataBinder::CreatePubGruuElement() { return ZtCreate<zt_pub_gruu>(kSource); }
-zt_temp_gruu* GruuDataBinder::CreateTempGruuElement() { return ZtCreate<zt_temp_gruu>(kSource); }
-zt_ns_gruuinfo_pubGruu* GruuDataBinder::CreateNsPubGruuElement() {
-  return ZtCreate<zt_ns_gruuinfo_pubGruu>(kSource);
-}
-zt_ns_gruuinfo_tempGruu* GruuDataBinder::CreateNsTempGruuElement() {
-  return ZtCreate<zt_ns_gruuinfo_tempGruu>(kSource);
-}
-
-int GruuMarshaller::AddPubGruuElementToXml(zt_pub_gruu* gruu) {
-  return Write(gruu, zt_pub_gruu::kType);
-}
-int GruuMarshaller::AddTempGruuElementToXml(zt_temp_gruu* gruu) {
-  return Write(gruu, zt_temp_gruu::kType);
-}
-
 namespace {
 
 constexpr ZtDocumentLines kDocumentLines = {
@@ -125,14 +94,12 @@ constexpr ZtDocumentLines kDocumentLines = {
 
 }  // namespace
 
-const ZtDocument GruuContext::kDocument =
+const ZtDocument GruuContext::kDocument = {
     ZtDocumentOf<GruuContext, XMLGruuDecoder, GruuUnMarshaller, GruuMarshaller, GruuDataBinder>(
-        {XML_SCHEMA_GRUU,
-         "Gruu",
-         {"pub-gruu", "temp-gruu"},
-         "urn:ietf:params:xml:ns:gruuinfo",
-         true},
         kSource)
+        .Schema(XML_SCHEMA_GRUU, "Gruu", "urn:ietf:params:xml:ns:gruuinfo", "pub-gruu", "temp-gruu")
+        .Decodes("XMLGruuDecoder", "src/Gruu", ZtPrefixRule::kStrip)
         .Reads("GruuUnMarshaller")
-        .Writes(kZtRoots<zt_pub_gruu, zt_temp_gruu>, "GruuMarshaller", "mGruuXml")
-        .Lines(kDocumentLines);
+        .Writes("GruuMarshaller", "mGruuXml")
+        .Lines(kDocumentLines),
+    {{XML_STR_PUB_GRUU, &zt_pub_gruu::kType}, {XML_STR_TEMP_GRUU, &zt_temp_gruu::kType}}};

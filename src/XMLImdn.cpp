@@ -1,9 +1,7 @@
 #include "XMLImdn.h"
 
-#include "Imdn.h"
 #include "binding/ZtDocumentTable.h"
 #include "binding/ZtElementWriter.h"
-#include "binding/ZtReading.h"
 
 namespace {
 
@@ -167,50 +165,8 @@ const ZtElementType zt_imdn::kType = ZtTypeOf<zt_imdn>("zt_imdn", "imdn", kFamil
                                          .UnknownElement(kCannotAccommodate)
                                          .Root();
 
-// ---- Decoder ------------------------------------------------------------------------------------
-
-namespace {
-
-constexpr ZtRoot kRoots[] = {{XML_STR_IMDN, &zt_imdn::kType}};
-constexpr ZtReading kReading =
-    ZtReading("XMLImdnDecoder", "src/Imdn", ZtPrefixRule::kStrip).Roots(kRoots);
-
-}  // namespace
-
-XMLImdnDecoder::XMLImdnDecoder() : ZtSchemaDecoder(kReading) {}
-
 // ---- Workers ------------------------------------------------------------------------------------
 
-XMLObject* IMDNDataBinder::CreateRootElement() { return ZtCreate<zt_imdn>(kSource); }
-zt_delivery_notification* IMDNDataBinder::CreateDeliverNotification() {
-  return ZtCreate<zt_delivery_notification>(kSource);
-}
-zt_display_notification* IMDNDataBinder::CreateDisplayNotification() {
-  return ZtCreate<zt_display_notification>(kSource);
-}
-zt_processing_notification* IMDNDataBinder::CreateProcesssingNotification() {
-  return ZtCreate<zt_processing_notification>(kSource);
-}
-zt_status* IMDNDataBinder::CreateStatus() { return ZtCreate<zt_status>(kSource); }
-zt_delivered* IMDNDataBinder::CreateDeliveredElement() { return ZtCreate<zt_delivered>(kSource); }
-zt_failed* IMDNDataBinder::CreateFailedElement() { return ZtCreate<zt_failed>(kSource); }
-zt_displayed* IMDNDataBinder::CreateDisplayedElement() { return ZtCreate<zt_displayed>(kSource); }
-zt_processed* IMDNDataBinder::CreateProcessedElement() { return ZtCreate<zt_processed>(kSource); }
-zt_stored* IMDNDataBinder::CreateStoredElement() { return ZtCreate<zt_stored>(kSource); }
-zt_forbidden* IMDNDataBinder::CreateForbiddenElement() { return ZtCreate<zt_forbidden>(kSource); }
-zt_error* IMDNDataBinder::CreateErrorElement() { return ZtCreate<zt_error>(kSource); }
-
-int IMDNMarshaller::AddIMDNElementToXml(zt_imdn* imdn) { return Write(imdn, zt_imdn::kType); }
-int IMDNMarshaller::AddDeliverNotificationElementToXml(zt_delivery_notification* notification) {
-  return Write(notification, zt_delivery_notification::kType);
-}
-int IMDNMarshaller::AddDisplayNotificationElementToXml(zt_display_notification* notification) {
-  return Write(notification, zt_display_notification::kType);
-}
-int IMDNMarshaller::AddProcessingNotificationElementToXml(
-    zt_processing_notification* notification) {
-  return Write(notification, zt_processing_notification::kType);
-}
 int IMDNMarshaller::AddNotificationXML(e_XmlStrRef notification, e_XmlStrRef status,
                                        ZtSingleElementList* statusAttributes) {
   if (notification < XML_STR_DELIVERY_NOTIFICATION ||
@@ -222,11 +178,14 @@ int IMDNMarshaller::AddNotificationXML(e_XmlStrRef notification, e_XmlStrRef sta
   return WriteNotification(writer, notification, status, statusAttributes);
 }
 
-const ZtDocument IMDNContext::kDocument =
+const ZtDocument IMDNContext::kDocument = {
     ZtDocumentOf<IMDNContext, XMLImdnDecoder, IMDNUnMarshaller, IMDNMarshaller, IMDNDataBinder>(
-        {XML_SCHEMA_IMDN, "IMDN", {"imdn", nullptr}, "urn:ietf:params:xml:ns:imdn", true}, kSource)
+        kSource)
+        .Schema(XML_SCHEMA_IMDN, "IMDN", "urn:ietf:params:xml:ns:imdn", "imdn")
+        .Decodes("XMLImdnDecoder", "src/Imdn", ZtPrefixRule::kStrip)
         .Reads("IMDNUnMarshaller")
-        .Writes(kZtRoots<zt_imdn>, "IMDNMarshaller", "mIMDNXml")
+        .Writes("IMDNMarshaller", "mIMDNXml")
         // Intended: log readers know the results of this marshaller under the name "Marshall"
         // instead of its own.
-        .ReportsAs("Marshall", "Marshall");
+        .ReportsAs("Marshall", "Marshall"),
+    {{XML_STR_IMDN, &zt_imdn::kType}}};

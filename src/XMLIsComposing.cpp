@@ -1,9 +1,7 @@
 #include "XMLIsComposing.h"
 
-#include "IsComposing.h"
 #include "binding/ZtDocumentTable.h"
 #include "binding/ZtElementWriter.h"
-#include "binding/ZtReading.h"
 
 namespace {
 
@@ -53,27 +51,8 @@ const ZtElementType zt_isComposing::kType =
         .UnknownElement(kCannotAccommodate)
         .Root();
 
-// ---- Decoder ------------------------------------------------------------------------------------
-
-namespace {
-
-constexpr ZtRoot kRoots[] = {{XML_STR_IS_COMPOSING, &zt_isComposing::kType}};
-// Intended: names of elements are compared as they stand, so that an indication with prefixes is
-// not read; in most other documents callers get elements under any prefix.
-constexpr ZtReading kReading =
-    ZtReading("XMLIsComposingDecoder", "src/IsComposing", ZtPrefixRule::kExact).Roots(kRoots);
-
-}  // namespace
-
-XMLIsComposingDecoder::XMLIsComposingDecoder() : ZtSchemaDecoder(kReading) {}
-
 // ---- Workers ------------------------------------------------------------------------------------
 
-XMLObject* IsComposingDataBinder::CreateRootElement() { return ZtCreate<zt_isComposing>(kSource); }
-
-int IsComposingMarshaller::AddIsComposingElementToXml(zt_isComposing* indication) {
-  return Write(indication, zt_isComposing::kType);
-}
 int IsComposingMarshaller::AddStateElementToXml(char* state) {
   return Writer().WriteText(IsComposingBinding::kState, state);
 }
@@ -91,17 +70,17 @@ int IsComposingMarshaller::AddRefreshElementToXml(unsigned int seconds) {
                             ZtFieldText(indication, IsComposingBinding::kRefresh, digits));
 }
 
-const ZtDocument IsComposingContext::kDocument =
+const ZtDocument IsComposingContext::kDocument = {
     ZtDocumentOf<IsComposingContext, XMLIsComposingDecoder, IsComposingUnMarshaller,
-                 IsComposingMarshaller, IsComposingDataBinder>(
-        {XML_SCHEMA_IS_COMPOSING,
-         "IsComposing",
-         {"isComposing", nullptr},
-         "urn:ietf:params:xml:ns:im-iscomposing",
-         true},
-        kSource)
+                 IsComposingMarshaller, IsComposingDataBinder>(kSource)
+        .Schema(XML_SCHEMA_IS_COMPOSING, "IsComposing", "urn:ietf:params:xml:ns:im-iscomposing",
+                "isComposing")
+        // Intended: names of elements are compared as they stand, so that an indication with
+        // prefixes is not read; in most other documents callers get elements under any prefix.
+        .Decodes("XMLIsComposingDecoder", "src/IsComposing", ZtPrefixRule::kExact)
         .Reads("IsComposingUnMarshaller")
-        .Writes(kZtRoots<zt_isComposing>, "IsComposingMarshaller", "mIsComposingXml");
+        .Writes("IsComposingMarshaller", "mIsComposingXml"),
+    {{XML_STR_IS_COMPOSING, &zt_isComposing::kType}}};
 
 void TestIsComposingMarshall() {
   auto* indication = ZtCreate<zt_isComposing>(kSource);

@@ -1,8 +1,6 @@
 #include "XMLMediaControl.h"
 
-#include "MediaControl.h"
 #include "binding/ZtDocumentTable.h"
-#include "binding/ZtReading.h"
 
 namespace {
 
@@ -49,50 +47,21 @@ const ZtElementType zt_media_control::kType =
         .Writer(XML_STR_MEDIA_CONTROL, "AddMediaControlElementToXml")
         .Root();
 
-// ---- Decoder ------------------------------------------------------------------------------------
-
-namespace {
-
-constexpr ZtRoot kRoots[] = {{XML_STR_MEDIA_CONTROL, &zt_media_control::kType}};
-constexpr ZtReading kReading =
-    ZtReading("XMLMediaControlDecoder", "src/MediaControl", ZtPrefixRule::kStrip).Roots(kRoots);
-
-}  // namespace
-
-XMLMediaControlDecoder::XMLMediaControlDecoder() : ZtSchemaDecoder(kReading) {}
-
 // ---- Workers ------------------------------------------------------------------------------------
 
-XMLObject* MediaControlDataBinder::CreateRootElement() {
-  return ZtCreate<zt_media_control>(kSource);
-}
-zt_vc_primitive* MediaControlDataBinder::CreateVcPrimitiveElement() {
-  return ZtCreate<zt_vc_primitive>(kSource);
-}
-zt_to_encoder* MediaControlDataBinder::CreateToEncoderElement() {
-  return ZtCreate<zt_to_encoder>(kSource);
-}
 zt_empty_element_type* MediaControlDataBinder::CreatePictureFastUpdateElement() {
   return ZtMakeFlag(kSource, ZtName(XML_STR_PICTURE_FAST_UPDATE));
 }
 
-int MediaControlMarshaller::AddMediaControlElementToXml(zt_media_control* control) {
-  return Write(control, zt_media_control::kType);
-}
-int MediaControlMarshaller::AddVcPrimitiveElementToXml(zt_vc_primitive* primitive) {
-  return Write(primitive, zt_vc_primitive::kType);
-}
-int MediaControlMarshaller::AddToEncoderElementToXml(zt_to_encoder* command) {
-  return Write(command, zt_to_encoder::kType);
-}
 int MediaControlMarshaller::AddEmptyElementToXml(zt_empty_element_type* flag) {
   return Write(flag, kFlag);
 }
 
-const ZtDocument MediaControlContext::kDocument =
+const ZtDocument MediaControlContext::kDocument = {
     ZtDocumentOf<MediaControlContext, XMLMediaControlDecoder, MediaControlUnMarshaller,
-                 MediaControlMarshaller, MediaControlDataBinder>(
-        {XML_SCHEMA_MEDIA_CONTROL, "MediaControl", {"media_control", nullptr}, nullptr, true},
-        kSource)
+                 MediaControlMarshaller, MediaControlDataBinder>(kSource)
+        .Schema(XML_SCHEMA_MEDIA_CONTROL, "MediaControl", nullptr, "media_control")
+        .Decodes("XMLMediaControlDecoder", "src/MediaControl", ZtPrefixRule::kStrip)
         .Reads("MediaControlUnMarshaller")
-        .Writes(kZtRoots<zt_media_control>, "MediaControlMarshaller", "mMediaControlXml");
+        .Writes("MediaControlMarshaller", "mMediaControlXml"),
+    {{XML_STR_MEDIA_CONTROL, &zt_media_control::kType}}};

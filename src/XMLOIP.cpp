@@ -1,8 +1,6 @@
 #include "XMLOIP.h"
 
-#include "OIP.h"
 #include "SimservBinding.h"
-#include "binding/ZtReading.h"
 
 namespace {
 constexpr char kSource[] = "src/XMLOIP";
@@ -13,37 +11,14 @@ const ZtElementType zt_originating_identity_presentation::kType =
         XML_STR_ORIGINATING_IDENTITY_PRESENTATION, "originating-identity-presentation",
         "OriginatingIdentityPresentation", "AddOriginatingIdentityPresentationElementToXml");
 
-// ---- Decoder ------------------------------------------------------------------------------------
-
-namespace {
-
-constexpr ZtRoot kRoots[] = {
-    {XML_STR_ORIGINATING_IDENTITY_PRESENTATION, &zt_originating_identity_presentation::kType}};
-constexpr ZtReading kReading =
-    ZtReading("XMLOIPDecoder", "src/OIP", ZtPrefixRule::kRewrite).Roots(kRoots);
-
-}  // namespace
-
-XMLOIPDecoder::XMLOIPDecoder() : ZtNamespaceDecoder(kReading) {}
-
-XMLObject* OIPDataBinder::CreateRootElement() {
-  return ZtCreate<zt_originating_identity_presentation>(kSource);
-}
-
 OIPMarshaller::OIPMarshaller() : ZtDescribedBy(OIPContext::kDocument) {}
-int OIPMarshaller::AddOIPElementToXml(zt_originating_identity_presentation* service) {
-  return Write(service, zt_originating_identity_presentation::kType);
-}
 
-const ZtDocument OIPContext::kDocument =
-    ZtDocumentOf<OIPContext, XMLOIPDecoder, OIPUnMarshaller, OIPMarshaller, OIPDataBinder>(
-        {XML_SCHEMA_OIP,
-         "OIP",
-         {"originating-identity-presentation", nullptr},
-         kSimservsNamespace,
-         true},
-        kSource)
+const ZtDocument OIPContext::kDocument = {
+    ZtDocumentOf<OIPContext, XMLOIPDecoder, OIPUnMarshaller, OIPMarshaller, OIPDataBinder>(kSource)
+        .Schema(XML_SCHEMA_OIP, "OIP", kSimservsNamespace, "originating-identity-presentation")
+        .Decodes("XMLOIPDecoder", "src/OIP", ZtPrefixRule::kRewrite)
         .Reads("OIPUnMarshaller")
-        .Writes(kZtRoots<zt_originating_identity_presentation>, "OIPMarshaller", "mOIPXml")
+        .Writes("OIPMarshaller", "mOIPXml")
         .AsFragment()
-        .Lines(SimservBinding::kSwitchLines);
+        .Lines(SimservBinding::kSwitchLines),
+    {{XML_STR_ORIGINATING_IDENTITY_PRESENTATION, &zt_originating_identity_presentation::kType}}};

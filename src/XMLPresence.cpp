@@ -1,10 +1,8 @@
 #include "XMLPresence.h"
 
-#include "Presence.h"
 #include "PresenceBinding.h"
 #include "base/ZtLog.h"
 #include "binding/ZtDocumentTable.h"
-#include "binding/ZtReading.h"
 
 namespace {
 
@@ -93,77 +91,16 @@ const ZtElementType zt_presence::kType = ZtTypeOf<zt_presence>("zt_presence", "p
                                              .Declares(PresenceBinding::kNamespaces)
                                              .Root();
 
-// ---- Decoder ------------------------------------------------------------------------------------
-
-namespace {
-
-constexpr ZtRoot kRoots[] = {{XML_STR_PRESENCE, &zt_presence::kType}};
-constexpr ZtReading kReading =
-    ZtReading("XMLPresenceDecoder", "src/Presence", ZtPrefixRule::kStrip).Roots(kRoots);
-
-}  // namespace
-
-XMLPresenceDecoder::XMLPresenceDecoder() : ZtSchemaDecoder(kReading) {}
-
 // ---- Workers ------------------------------------------------------------------------------------
 
-XMLObject* PresenceDataBinder::CreateRootElement() { return ZtCreate<zt_presence>(kSource); }
-zt_tuple* PresenceDataBinder::CreateTupleElement() { return ZtCreate<zt_tuple>(kSource); }
-PresenceNameSpace::zt_status* PresenceDataBinder::CreateStatusElement() {
-  return ZtCreate<PresenceNameSpace::zt_status>(kSource);
-}
-zt_contact* PresenceDataBinder::CreateContactElement() { return ZtCreate<zt_contact>(kSource); }
-zt_note* PresenceDataBinder::CreateNoteElement() { return ZtCreate<zt_note>(kSource); }
-zt_ns_oma_pres_service_description* PresenceDataBinder::CreateServiceDescriptionElement() {
-  return ZtCreate<zt_ns_oma_pres_service_description>(kSource);
-}
-zt_ns_caps_servcaps* PresenceDataBinder::CreateServcapsElement() {
-  return ZtCreate<zt_ns_caps_servcaps>(kSource);
-}
-zt_ns_caps_duplextype* PresenceDataBinder::CreateDuplexElement() {
-  return ZtCreate<zt_ns_caps_duplextype>(kSource);
-}
-zt_ns_caps_duplextypes* PresenceDataBinder::CreateDuplexTypesElement() {
-  return ZtCreate<zt_ns_caps_duplextypes>(kSource);
-}
-
-int PresenceMarshaller::AddPresenceElementToXml(zt_presence* presence) {
-  return Write(presence, zt_presence::kType);
-}
-int PresenceMarshaller::AddTupleElementToXml(zt_tuple* tuple) {
-  return Write(tuple, zt_tuple::kType);
-}
-int PresenceMarshaller::AddStatusElementToXml(PresenceNameSpace::zt_status* status) {
-  return Write(status, PresenceNameSpace::zt_status::kType);
-}
-int PresenceMarshaller::AddContactElementToXml(zt_contact* contact) {
-  return Write(contact, zt_contact::kType);
-}
-int PresenceMarshaller::AddNoteElementToXml(zt_note* note) { return Write(note, zt_note::kType); }
-int PresenceMarshaller::AddServiceDescriptionElementToXml(
-    zt_ns_oma_pres_service_description* description) {
-  return Write(description, zt_ns_oma_pres_service_description::kType);
-}
-int PresenceMarshaller::AddServcapsElementToXml(zt_ns_caps_servcaps* servcaps) {
-  return Write(servcaps, zt_ns_caps_servcaps::kType);
-}
-int PresenceMarshaller::AddDuplexElementToXml(zt_ns_caps_duplextype* duplex) {
-  return Write(duplex, zt_ns_caps_duplextype::kType);
-}
-int PresenceMarshaller::AddDuplexTypesElementToXml(zt_ns_caps_duplextypes* modes) {
-  return Write(modes, zt_ns_caps_duplextypes::kType);
-}
-
-const ZtDocument PresenceContext::kDocument =
+const ZtDocument PresenceContext::kDocument = {
     ZtDocumentOf<PresenceContext, XMLPresenceDecoder, PresenceUnMarshaller, PresenceMarshaller,
-                 PresenceDataBinder>({XML_SCHEMA_PRESENCE,
-                                      "Presence",
-                                      {"presence", nullptr},
-                                      "urn:ietf:params:xml:ns:pidf",
-                                      true},
-                                     kSource)
+                 PresenceDataBinder>(kSource)
+        .Schema(XML_SCHEMA_PRESENCE, "Presence", "urn:ietf:params:xml:ns:pidf", "presence")
+        .Decodes("XMLPresenceDecoder", "src/Presence", ZtPrefixRule::kStrip)
         .Reads("PresenceUnMarshaller")
-        .Writes(kZtRoots<zt_presence>, "PresenceMarshaller", "mPresenceXml")
+        .Writes("PresenceMarshaller", "mPresenceXml")
         // Intended: log readers know a presence document that was written as the
         // IsComposingMarshaller's; a failure has the right name.
-        .ReportsAs("IsComposingMarshaller", "PresenceMarshaller");
+        .ReportsAs("IsComposingMarshaller", "PresenceMarshaller"),
+    {{XML_STR_PRESENCE, &zt_presence::kType}}};

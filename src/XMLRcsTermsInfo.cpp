@@ -1,8 +1,6 @@
 #include "XMLRcsTermsInfo.h"
 
-#include "RcsTermsInfo.h"
 #include "binding/ZtDocumentTable.h"
-#include "binding/ZtReading.h"
 
 namespace {
 
@@ -36,38 +34,13 @@ const ZtElementType zt_rcs_terms_info::kType =
         .Writer(XML_STR_RCS_TERMS_INFO, "AddRcsTermsInfoElementToXml")
         .Root();
 
-// ---- Decoder ------------------------------------------------------------------------------------
-
-namespace {
-
-constexpr ZtRoot kRoots[] = {{XML_STR_RCS_TERMS_INFO, &zt_rcs_terms_info::kType}};
-constexpr ZtReading kReading =
-    ZtReading("XMLRcsTermsInfoDecoder", "src/RcsTermsInfo", ZtPrefixRule::kStrip).Roots(kRoots);
-
-}  // namespace
-
-XMLRcsTermsInfoDecoder::XMLRcsTermsInfoDecoder() : ZtSchemaDecoder(kReading) {}
-
 // ---- Workers ------------------------------------------------------------------------------------
 
-XMLObject* RcsTermsInfoDataBinder::CreateRootElement() {
-  return ZtCreate<zt_rcs_terms_info>(kSource);
-}
-zt_ns_rcs_terms_info_term* RcsTermsInfoDataBinder::CreateTermElement() {
-  return ZtCreate<zt_ns_rcs_terms_info_term>(kSource);
-}
-
-int RcsTermsInfoMarshaller::AddRcsTermsInfoElementToXml(zt_rcs_terms_info* terms) {
-  return Write(terms, zt_rcs_terms_info::kType);
-}
-int RcsTermsInfoMarshaller::AddTermElementToXml(zt_ns_rcs_terms_info_term* term) {
-  return Write(term, zt_ns_rcs_terms_info_term::kType);
-}
-
-const ZtDocument RcsTermsInfoContext::kDocument =
+const ZtDocument RcsTermsInfoContext::kDocument = {
     ZtDocumentOf<RcsTermsInfoContext, XMLRcsTermsInfoDecoder, RcsTermsInfoUnMarshaller,
-                 RcsTermsInfoMarshaller, RcsTermsInfoDataBinder>(
-        {XML_SCHEMA_RCS_TERMS_INFO, "RcsTermsInfo", {"rcs-terms-info", nullptr}, nullptr, true},
-        kSource)
+                 RcsTermsInfoMarshaller, RcsTermsInfoDataBinder>(kSource)
+        .Schema(XML_SCHEMA_RCS_TERMS_INFO, "RcsTermsInfo", nullptr, "rcs-terms-info")
+        .Decodes("XMLRcsTermsInfoDecoder", "src/RcsTermsInfo", ZtPrefixRule::kStrip)
         .Reads("RcsTermsInfoUnMarshaller")
-        .Writes(kZtRoots<zt_rcs_terms_info>, "RcsTermsInfoMarshaller", "mRcsTermsInfoXml");
+        .Writes("RcsTermsInfoMarshaller", "mRcsTermsInfoXml"),
+    {{XML_STR_RCS_TERMS_INFO, &zt_rcs_terms_info::kType}}};

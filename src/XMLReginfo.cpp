@@ -1,9 +1,7 @@
 #include "XMLReginfo.h"
 
-#include "ReginfoDecoder.h"
 #include "base/ZtLog.h"
 #include "binding/ZtDocumentTable.h"
-#include "binding/ZtReading.h"
 
 namespace {
 
@@ -139,66 +137,19 @@ const ZtElementType zt_reginfo::kType =
         .UnknownElement("zt_reginfo::ProcessUnMarshall Cannot accommodate the element %s")
         .Root();
 
-// ---- Decoder ------------------------------------------------------------------------------------
+// ---- Workers ------------------------------------------------------------------------------------
 
-namespace {
-
-constexpr ZtRoot kRoots[] = {{XML_STR_REGINFO, &zt_reginfo::kType}};
-// Intended: the line about a lack of memory names the decoder of communication diversion instead of
-// its own; log readers search for it as it is.
-constexpr ZtReading kReading =
-    ZtReading("XMLReginfoDecoder", "src/ReginfoDecoder", ZtPrefixRule::kStrip)
-        .Roots(kRoots)
+const ZtDocument ReginfoContext::kDocument = {
+    ZtDocumentOf<ReginfoContext, XMLReginfoDecoder, ReginfoUnMarshaller, ReginfoMarshaller,
+                 ReginfoDataBinder>(kSource)
+        .Schema(XML_SCHEMA_REGINFO, "Reginfo", "urn:ietf:params:xml:ns:reginfo", "reginfo")
+        // Intended: the line about a lack of memory names the decoder of communication diversion
+        // instead of its own; log readers search for it as it is.
+        .Decodes("XMLReginfoDecoder", "src/ReginfoDecoder", ZtPrefixRule::kStrip)
         .Extensions(ReginfoBinding::kGruus)
         .NoMemory(
             "XMLCommunicationDiversionDecoder :: XMLRemoveNameSpaceTag: Malloc unable to allocate "
-            "memory");
-
-}  // namespace
-
-XMLReginfoDecoder::XMLReginfoDecoder() : ZtSchemaDecoder(kReading) {}
-
-// ---- Workers ------------------------------------------------------------------------------------
-
-XMLObject* ReginfoDataBinder::CreateRootElement() { return ZtCreate<zt_reginfo>(kSource); }
-zt_registration* ReginfoDataBinder::CreateRegistrationElement() {
-  return ZtCreate<zt_registration>(kSource);
-}
-zt_ns_reginfo_contact* ReginfoDataBinder::CreateContactElement() {
-  return ZtCreate<zt_ns_reginfo_contact>(kSource);
-}
-zt_unknown_param* ReginfoDataBinder::CreateUnknownParamElement() {
-  return ZtCreate<zt_unknown_param>(kSource);
-}
-zt_pub_gruu* ReginfoDataBinder::CreatePubGruuElement() { return ZtCreate<zt_pub_gruu>(kSource); }
-zt_temp_gruu* ReginfoDataBinder::CreateTempGruuElement() { return ZtCreate<zt_temp_gruu>(kSource); }
-
-int ReginfoMarshaller::AddReginfoElementToXml(zt_reginfo* reginfo) {
-  return Write(reginfo, zt_reginfo::kType);
-}
-int ReginfoMarshaller::AddRegistrationElementToXml(zt_registration* registration) {
-  return Write(registration, zt_registration::kType);
-}
-int ReginfoMarshaller::AddReginfoContactElementToXml(zt_ns_reginfo_contact* contact) {
-  return Write(contact, zt_ns_reginfo_contact::kType);
-}
-int ReginfoMarshaller::AddUnknownParamElementToXml(zt_unknown_param* param) {
-  return Write(param, zt_unknown_param::kType);
-}
-int ReginfoMarshaller::AddPubGruuElementToXml(zt_pub_gruu* gruu) {
-  return Write(gruu, zt_pub_gruu::kType, XML_STR_GR);
-}
-int ReginfoMarshaller::AddTempGruuElementToXml(zt_temp_gruu* gruu) {
-  return Write(gruu, zt_temp_gruu::kType, XML_STR_GR);
-}
-
-const ZtDocument ReginfoContext::kDocument =
-    ZtDocumentOf<ReginfoContext, XMLReginfoDecoder, ReginfoUnMarshaller, ReginfoMarshaller,
-                 ReginfoDataBinder>({XML_SCHEMA_REGINFO,
-                                     "Reginfo",
-                                     {"reginfo", nullptr},
-                                     "urn:ietf:params:xml:ns:reginfo",
-                                     true},
-                                    kSource)
+            "memory")
         .Reads("ReginfoUnMarshaller")
-        .Writes(kZtRoots<zt_reginfo>, "ReginfoMarshaller", "mReginfoXml");
+        .Writes("ReginfoMarshaller", "mReginfoXml"),
+    {{XML_STR_REGINFO, &zt_reginfo::kType}}};

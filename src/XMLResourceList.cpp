@@ -1,9 +1,7 @@
 #include "XMLResourceList.h"
 
-#include "ResourceLists.h"
 #include "base/ZtLog.h"
 #include "binding/ZtDocumentTable.h"
-#include "binding/ZtReading.h"
 
 namespace {
 
@@ -111,62 +109,17 @@ const ZtElementType zt_resource_lists::kType =
         .Declares(kNamespaces)
         .Root();
 
-// ---- Decoder ------------------------------------------------------------------------------------
-
-namespace {
-
-constexpr ZtRoot kRoots[] = {{XML_STR_RESOURCE_LISTS, &zt_resource_lists::kType}};
-constexpr ZtReading kReading =
-    ZtReading("XMLResourceListsDecoder", "src/ResourceLists", ZtPrefixRule::kStrip).Roots(kRoots);
-
-}  // namespace
-
-XMLResourceListsDecoder::XMLResourceListsDecoder() : ZtSchemaDecoder(kReading) {}
-
 // ---- Workers ------------------------------------------------------------------------------------
 
-XMLObject* ResourceListsDataBinder::CreateRootElement() {
-  return ZtCreate<zt_resource_lists>(kSource);
-}
-zt_listType* ResourceListsDataBinder::CreateListType() { return ZtCreate<zt_listType>(kSource); }
-zt_entryType* ResourceListsDataBinder::CreateEntryType() { return ZtCreate<zt_entryType>(kSource); }
-zt_entry_refType* ResourceListsDataBinder::CreateEntryRefType() {
-  return ZtCreate<zt_entry_refType>(kSource);
-}
-zt_externalType* ResourceListsDataBinder::CreateExternalType() {
-  return ZtCreate<zt_externalType>(kSource);
-}
-zt_display_nameType* ResourceListsDataBinder::CreateDisplayNameType() {
-  return ZtCreate<zt_display_nameType>(kSource);
-}
-
-int Resource_listsMarshall::AddResource_listsElementToXml(zt_resource_lists* lists) {
-  return Write(lists, zt_resource_lists::kType);
-}
-int Resource_listsMarshall::AddListElementToXml(zt_listType* list) {
-  return Write(list, zt_listType::kType);
-}
-int Resource_listsMarshall::AddEntryElementToXml(zt_entryType* entry) {
-  return Write(entry, zt_entryType::kType);
-}
-int Resource_listsMarshall::AddEntryRefElementToXml(zt_entry_refType* entry) {
-  return Write(entry, zt_entry_refType::kType);
-}
-int Resource_listsMarshall::AddExternalElementToXml(zt_externalType* external) {
-  return Write(external, zt_externalType::kType);
-}
-
-const ZtDocument ResourceListsContext::kDocument =
+const ZtDocument ResourceListsContext::kDocument = {
     ZtDocumentOf<ResourceListsContext, XMLResourceListsDecoder, ResourceListsUnMarshaller,
-                 Resource_listsMarshall, ResourceListsDataBinder>(
-        {XML_SCHEMA_RESOURCE_LISTS,
-         "ResourceLists",
-         {"resource-lists", nullptr},
-         "urn:ietf:params:xml:ns:resource-lists",
-         true},
-        kSource)
+                 Resource_listsMarshall, ResourceListsDataBinder>(kSource)
+        .Schema(XML_SCHEMA_RESOURCE_LISTS, "ResourceLists", "urn:ietf:params:xml:ns:resource-lists",
+                "resource-lists")
+        .Decodes("XMLResourceListsDecoder", "src/ResourceLists", ZtPrefixRule::kStrip)
         .Reads("ResourceListsUnMarshaller")
-        .Writes(kZtRoots<zt_resource_lists>, "Resource_listsMarshall", "mResourceListsXml");
+        .Writes("Resource_listsMarshall", "mResourceListsXml"),
+    {{XML_STR_RESOURCE_LISTS, &zt_resource_lists::kType}}};
 
 void TestResource_listsMarshall() {
   ZtLog(kZtLogTrace, kSource)("<XML Module>: TestResource_listsMarshall");

@@ -1,9 +1,7 @@
 #include "XMLRlmi.h"
 
-#include "List.h"
 #include "base/ZtLog.h"
 #include "binding/ZtDocumentTable.h"
-#include "binding/ZtReading.h"
 
 namespace {
 
@@ -78,36 +76,13 @@ const ZtElementType zt_list::kType = ZtTypeOf<zt_list>("zt_list", "list", kFamil
                                          .Declares(kNamespace)
                                          .Root();
 
-// ---- Decoder ------------------------------------------------------------------------------------
-
-namespace {
-
-constexpr ZtRoot kRoots[] = {{XML_STR_LIST, &zt_list::kType}};
-constexpr ZtReading kReading =
-    ZtReading("XMLListDecoder", "src/List", ZtPrefixRule::kStrip).Roots(kRoots);
-
-}  // namespace
-
-XMLListDecoder::XMLListDecoder() : ZtSchemaDecoder(kReading) {}
-
 // ---- Workers ------------------------------------------------------------------------------------
 
-XMLObject* ListDataBinder::CreateRootElement() { return ZtCreate<zt_list>(kSource); }
-zt_resource* ListDataBinder::CreateResourceElement() { return ZtCreate<zt_resource>(kSource); }
-zt_instance* ListDataBinder::CreateInstanceElement() { return ZtCreate<zt_instance>(kSource); }
-zt_name* ListDataBinder::CreateNameElement() { return ZtCreate<zt_name>(kSource); }
-
-int ListMarshaller::AddListElementToXml(zt_list* list) { return Write(list, zt_list::kType); }
-int ListMarshaller::AddResourceElementToXml(zt_resource* resource) {
-  return Write(resource, zt_resource::kType);
-}
-int ListMarshaller::AddInstanceElementToXml(zt_instance* instance) {
-  return Write(instance, zt_instance::kType);
-}
-int ListMarshaller::AddNameElementToXml(zt_name* name) { return Write(name, zt_name::kType); }
-
-const ZtDocument ListContext::kDocument =
+const ZtDocument ListContext::kDocument = {
     ZtDocumentOf<ListContext, XMLListDecoder, ListUnMarshaller, ListMarshaller, ListDataBinder>(
-        {XML_SCHEMA_LIST, "List", {"list", nullptr}, "urn:ietf:params:xml:ns:rlmi", true}, kSource)
+        kSource)
+        .Schema(XML_SCHEMA_LIST, "List", "urn:ietf:params:xml:ns:rlmi", "list")
+        .Decodes("XMLListDecoder", "src/List", ZtPrefixRule::kStrip)
         .Reads("ListUnMarshaller")
-        .Writes(kZtRoots<zt_list>, "ListMarshaller", "mListXml");
+        .Writes("ListMarshaller", "mListXml"),
+    {{XML_STR_LIST, &zt_list::kType}}};

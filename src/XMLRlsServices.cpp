@@ -1,9 +1,7 @@
 #include "XMLRlsServices.h"
 
-#include "RlsServices.h"
 #include "base/ZtLog.h"
 #include "binding/ZtDocumentTable.h"
-#include "binding/ZtReading.h"
 
 namespace {
 
@@ -70,52 +68,14 @@ const ZtElementType zt_rls_services::kType =
         .Declares(kNamespace)
         .Root();
 
-// ---- Decoder ------------------------------------------------------------------------------------
-
-namespace {
-
-constexpr ZtRoot kRoots[] = {{XML_STR_RLS_SERVICES, &zt_rls_services::kType}};
-constexpr ZtReading kReading =
-    ZtReading("XMLRlsServicesDecoder", "src/RlsServices", ZtPrefixRule::kStrip).Roots(kRoots);
-
-}  // namespace
-
-XMLRlsServicesDecoder::XMLRlsServicesDecoder() : ZtSchemaDecoder(kReading) {}
-
 // ---- Workers ------------------------------------------------------------------------------------
 
-XMLObject* RlsServicesDataBinder::CreateRootElement() { return ZtCreate<zt_rls_services>(kSource); }
-zt_ns_rls_services_serviceType* RlsServicesDataBinder::CreateServiceElement() {
-  return ZtCreate<zt_ns_rls_services_serviceType>(kSource);
-}
-zt_ns_rls_services_packagesType* RlsServicesDataBinder::CreatePackagesElement() {
-  return ZtCreate<zt_ns_rls_services_packagesType>(kSource);
-}
-zt_ns_rls_services_packageType* RlsServicesDataBinder::CreatePackageElement() {
-  return ZtCreate<zt_ns_rls_services_packageType>(kSource);
-}
-
-int RlsServicesMarshaller::AddRlsServicesElementToXml(zt_rls_services* services) {
-  return Write(services, zt_rls_services::kType);
-}
-int RlsServicesMarshaller::AddServiceElementToXml(zt_ns_rls_services_serviceType* service) {
-  return Write(service, zt_ns_rls_services_serviceType::kType);
-}
-int RlsServicesMarshaller::AddPackagesElementToXml(zt_ns_rls_services_packagesType* packages) {
-  return Write(packages, zt_ns_rls_services_packagesType::kType);
-}
-int RlsServicesMarshaller::AddPackageElementToXml(zt_ns_rls_services_packageType* package) {
-  return Write(package, zt_ns_rls_services_packageType::kType);
-}
-
-const ZtDocument RlsServicesContext::kDocument =
+const ZtDocument RlsServicesContext::kDocument = {
     ZtDocumentOf<RlsServicesContext, XMLRlsServicesDecoder, RlsServicesUnMarshaller,
-                 RlsServicesMarshaller, RlsServicesDataBinder>(
-        {XML_SCHEMA_RLS_SERVICES,
-         "RlsServices",
-         {"rls-services", nullptr},
-         "urn:ietf:params:xml:ns:rls-services",
-         true},
-        kSource)
+                 RlsServicesMarshaller, RlsServicesDataBinder>(kSource)
+        .Schema(XML_SCHEMA_RLS_SERVICES, "RlsServices", "urn:ietf:params:xml:ns:rls-services",
+                "rls-services")
+        .Decodes("XMLRlsServicesDecoder", "src/RlsServices", ZtPrefixRule::kStrip)
         .Reads("RlsServicesUnMarshaller")
-        .Writes(kZtRoots<zt_rls_services>, "RlsServicesMarshaller", "mRlsServicesXml");
+        .Writes("RlsServicesMarshaller", "mRlsServicesXml"),
+    {{XML_STR_RLS_SERVICES, &zt_rls_services::kType}}};

@@ -2,11 +2,9 @@
 
 #include "ElementCutter.h"
 #include "SimservBinding.h"
-#include "Simservs.h"
 #include "XMLFile.h"
 #include "XMLSchemaNameSpaceRetrieval.h"
 #include "base/ZtLog.h"
-#include "binding/ZtReading.h"
 
 namespace {
 
@@ -196,13 +194,7 @@ const ZtElementType zt_Simservs::kType = ZtTypeOf<zt_Simservs>("zt_Simservs", "s
                                              .Declares(kNamespaces)
                                              .Root();
 
-XMLObject* SimservsDataBinder::CreateRootElement() { return ZtCreate<zt_Simservs>(kSource); }
-
 // ---- Writing ------------------------------------------------------------------------------------
-
-int SimservsMarshaller::AddSimservsElementToXml(zt_Simservs* simservs) {
-  return Write(simservs, zt_Simservs::kType);
-}
 
 // A service that cannot be written is left out. One for which there is no memory would be deleted
 // at the server that such a document is put to: there is none then.
@@ -373,25 +365,15 @@ char* SimservsUnMarshaller::replaceSubStringWithNull(char* text, char** out, int
   return text;
 }
 
-// ---- Decoder ------------------------------------------------------------------------------------
-
-namespace {
-
-constexpr ZtRoot kRoots[] = {{XML_STR_SIMSERVS, &zt_Simservs::kType}};
-constexpr ZtReading kReading =
-    ZtReading("XMLSimservsDecoder", "src/Simservs", ZtPrefixRule::kRewrite).Roots(kRoots);
-
-}  // namespace
-
-XMLSimservsDecoder::XMLSimservsDecoder() : ZtNamespaceDecoder(kReading) {}
-
 // ---- Workers ------------------------------------------------------------------------------------
 
-const ZtDocument SimservsContext::kDocument =
+const ZtDocument SimservsContext::kDocument = {
     ZtDocumentOf<SimservsContext, XMLSimservsDecoder, SimservsUnMarshaller, SimservsMarshaller,
-                 SimservsDataBinder>(
-        {XML_SCHEMA_SIMSERVS, "Simservs", {"simservs", nullptr}, kSimservsNamespace, true}, kSource)
+                 SimservsDataBinder>(kSource)
+        .Schema(XML_SCHEMA_SIMSERVS, "Simservs", kSimservsNamespace, "simservs")
+        .Decodes("XMLSimservsDecoder", "src/Simservs", ZtPrefixRule::kRewrite)
         .Reads("SimservsUnMarshaller")
         // Intended: log readers know the text of this marshaller as "SimservsXml", without the "m"
         // that begins the names of others.
-        .Writes(kZtRoots<zt_Simservs>, "SimservsMarshaller", "SimservsXml");
+        .Writes("SimservsMarshaller", "SimservsXml"),
+    {{XML_STR_SIMSERVS, &zt_Simservs::kType}}};

@@ -1,8 +1,6 @@
 #include "XMLTIP.h"
 
 #include "SimservBinding.h"
-#include "TIP.h"
-#include "binding/ZtReading.h"
 
 namespace {
 constexpr char kSource[] = "src/XMLTIP";
@@ -13,37 +11,14 @@ const ZtElementType zt_terminating_identity_presentation::kType =
         XML_STR_TERMINATING_IDENTITY_PRESENTATION, "terminating-identity-presentation",
         "TerminatingIdentityPresentation", "AddTerminatingIdentityPresentationElementToXml");
 
-// ---- Decoder ------------------------------------------------------------------------------------
-
-namespace {
-
-constexpr ZtRoot kRoots[] = {
-    {XML_STR_TERMINATING_IDENTITY_PRESENTATION, &zt_terminating_identity_presentation::kType}};
-constexpr ZtReading kReading =
-    ZtReading("XMLTIPDecoder", "src/TIP", ZtPrefixRule::kRewrite).Roots(kRoots);
-
-}  // namespace
-
-XMLTIPDecoder::XMLTIPDecoder() : ZtNamespaceDecoder(kReading) {}
-
-XMLObject* TIPDataBinder::CreateRootElement() {
-  return ZtCreate<zt_terminating_identity_presentation>(kSource);
-}
-
 TIPMarshaller::TIPMarshaller() : ZtDescribedBy(TIPContext::kDocument) {}
-int TIPMarshaller::AddTIPElementToXml(zt_terminating_identity_presentation* service) {
-  return Write(service, zt_terminating_identity_presentation::kType);
-}
 
-const ZtDocument TIPContext::kDocument =
-    ZtDocumentOf<TIPContext, XMLTIPDecoder, TIPUnMarshaller, TIPMarshaller, TIPDataBinder>(
-        {XML_SCHEMA_TIP,
-         "TIP",
-         {"terminating-identity-presentation", nullptr},
-         kSimservsNamespace,
-         true},
-        kSource)
+const ZtDocument TIPContext::kDocument = {
+    ZtDocumentOf<TIPContext, XMLTIPDecoder, TIPUnMarshaller, TIPMarshaller, TIPDataBinder>(kSource)
+        .Schema(XML_SCHEMA_TIP, "TIP", kSimservsNamespace, "terminating-identity-presentation")
+        .Decodes("XMLTIPDecoder", "src/TIP", ZtPrefixRule::kRewrite)
         .Reads("TIPUnMarshaller")
-        .Writes(kZtRoots<zt_terminating_identity_presentation>, "TIPMarshaller", "mTIPXml")
+        .Writes("TIPMarshaller", "mTIPXml")
         .AsFragment()
-        .Lines(SimservBinding::kSwitchLines);
+        .Lines(SimservBinding::kSwitchLines),
+    {{XML_STR_TERMINATING_IDENTITY_PRESENTATION, &zt_terminating_identity_presentation::kType}}};

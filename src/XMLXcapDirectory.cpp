@@ -1,9 +1,7 @@
 #include "XMLXcapDirectory.h"
 
-#include "XcapDirectory.h"
 #include "base/ZtLog.h"
 #include "binding/ZtDocumentTable.h"
-#include "binding/ZtReading.h"
 
 namespace {
 
@@ -63,44 +61,14 @@ const ZtElementType zt_xcap_directory::kType =
         .Declares(kDeclarations)
         .Root();
 
-// ---- Decoder ------------------------------------------------------------------------------------
-
-namespace {
-
-constexpr ZtRoot kRoots[] = {{XML_STR_XCAP_DIRECTORY, &zt_xcap_directory::kType}};
-constexpr ZtReading kReading =
-    ZtReading("XMLXcapDirectoryDecoder", "src/XcapDirectory", ZtPrefixRule::kStrip).Roots(kRoots);
-
-}  // namespace
-
-XMLXcapDirectoryDecoder::XMLXcapDirectoryDecoder() : ZtSchemaDecoder(kReading) {}
-
 // ---- Workers ------------------------------------------------------------------------------------
 
-XMLObject* XcapDirectoryDataBinder::CreateRootElement() {
-  return ZtCreate<zt_xcap_directory>(kSource);
-}
-zt_folder* XcapDirectoryDataBinder::CreateFolderElement() { return ZtCreate<zt_folder>(kSource); }
-zt_entry* XcapDirectoryDataBinder::CreateEntryElement() { return ZtCreate<zt_entry>(kSource); }
-
-int XcapDirectoryMarshaller::AddXcapDirectoryElementToXml(zt_xcap_directory* directory) {
-  return Write(directory, zt_xcap_directory::kType);
-}
-int XcapDirectoryMarshaller::AddFolderElementToXml(zt_folder* folder) {
-  return Write(folder, zt_folder::kType);
-}
-int XcapDirectoryMarshaller::AddEntryElementToXml(zt_entry* entry) {
-  return Write(entry, zt_entry::kType);
-}
-
-const ZtDocument XcapDirectoryContext::kDocument =
+const ZtDocument XcapDirectoryContext::kDocument = {
     ZtDocumentOf<XcapDirectoryContext, XMLXcapDirectoryDecoder, XcapDirectoryUnMarshaller,
-                 XcapDirectoryMarshaller, XcapDirectoryDataBinder>(
-        {XML_SCHEMA_XCAP_DIRECTORY,
-         "XcapDirectory",
-         {"xcap-directory", nullptr},
-         "urn:oma:xml:xdm:xcap-directory",
-         true},
-        kSource)
+                 XcapDirectoryMarshaller, XcapDirectoryDataBinder>(kSource)
+        .Schema(XML_SCHEMA_XCAP_DIRECTORY, "XcapDirectory", "urn:oma:xml:xdm:xcap-directory",
+                "xcap-directory")
+        .Decodes("XMLXcapDirectoryDecoder", "src/XcapDirectory", ZtPrefixRule::kStrip)
         .Reads("XcapDirectoryUnMarshaller")
-        .Writes(kZtRoots<zt_xcap_directory>, "XcapDirectoryMarshaller", "mXcapDirectoryXml");
+        .Writes("XcapDirectoryMarshaller", "mXcapDirectoryXml"),
+    {{XML_STR_XCAP_DIRECTORY, &zt_xcap_directory::kType}}};

@@ -1,11 +1,9 @@
 #include "XMLXcapError.h"
 
 #include "XMLValueTypes.h"
-#include "XcapError.h"
 #include "base/ZtLog.h"
 #include "binding/ZtDocumentTable.h"
 #include "binding/ZtElementWriter.h"
-#include "binding/ZtReading.h"
 
 namespace {
 
@@ -158,106 +156,22 @@ const ZtElementType zt_xcap_error::kType =
         .OnContent(XcapErrorBinding::WriteError)
         .Root();
 
-// ---- Decoder ------------------------------------------------------------------------------------
-
-namespace {
-
-constexpr ZtRoot kRoots[] = {{XML_STR_XCAP_ERROR, &zt_xcap_error::kType}};
-constexpr ZtReading kReading =
-    ZtReading("XMLXcapErrorDecoder", "src/XcapError", ZtPrefixRule::kStrip).Roots(kRoots);
-
-}  // namespace
-
-XMLXcapErrorDecoder::XMLXcapErrorDecoder() : ZtSchemaDecoder(kReading) {}
-
 // ---- Workers ------------------------------------------------------------------------------------
 
-namespace {
-
-void LogFactory(const char* name) {
-  ZtLog(kZtLogTrace, kSource)("<XML Module>: XcapErrorDataBinder::%s", name);
-}
-
-template <class T>
-T* Make(const char* name) {
-  LogFactory(name);
-  return ZtCreate<T>(kSource);
-}
-
-}  // namespace
-
-XMLObject* XcapErrorDataBinder::CreateRootElement() { return Make<zt_xcap_error>(__func__); }
-zt_extension* XcapErrorDataBinder::CreateExtensionElement() { return Make<zt_extension>(__func__); }
-zt_not_utf_8* XcapErrorDataBinder::CreateNot_utf_8Element() { return Make<zt_not_utf_8>(__func__); }
-zt_cannot_delete* XcapErrorDataBinder::CreateCannot_deleteElement() {
-  return Make<zt_cannot_delete>(__func__);
-}
-zt_constraint_failure* XcapErrorDataBinder::CreateConstraint_failureElement() {
-  return Make<zt_constraint_failure>(__func__);
-}
-zt_not_well_formed* XcapErrorDataBinder::CreateNot_well_formedElement() {
-  return Make<zt_not_well_formed>(__func__);
-}
-zt_exists* XcapErrorDataBinder::CreateExistsElement() { return Make<zt_exists>(__func__); }
-zt_uniqueness_failure* XcapErrorDataBinder::CreateUniqueness_failureElement() {
-  return Make<zt_uniqueness_failure>(__func__);
-}
-zt_not_xml_att_value* XcapErrorDataBinder::CreateNot_xml_att_valueElement() {
-  return Make<zt_not_xml_att_value>(__func__);
-}
-zt_cannot_insert* XcapErrorDataBinder::CreateCannot_insertElement() {
-  return Make<zt_cannot_insert>(__func__);
-}
-zt_no_parent* XcapErrorDataBinder::CreateNo_parentElement() { return Make<zt_no_parent>(__func__); }
-zt_not_xml_frag* XcapErrorDataBinder::CreateNot_xml_fragElement() {
-  return Make<zt_not_xml_frag>(__func__);
-}
-zt_schema_validation_error* XcapErrorDataBinder::CreateSchema_validation_errorElement() {
-  return Make<zt_schema_validation_error>(__func__);
+XMLObject* XcapErrorDataBinder::CreateRootElement() {
+  Log(__func__);
+  return ZtFactory::CreateRootElement();
 }
 ZtSingleElementList* XcapErrorDataBinder::CreateList() {
-  LogFactory(__func__);
+  Log(__func__);
   return zt_xml_common_methods::CreateElementList();
 }
-
-int Xcap_ErrorMarshall::AddXcap_errorElementToXml(zt_xcap_error* root) {
-  return Write(root, zt_xcap_error::kType);
+ZtFactory::Made XcapErrorDataBinder::Make(const char* operation) const {
+  Log(operation);
+  return ZtFactory::Make();
 }
-int Xcap_ErrorMarshall::AddNot_utf_8ElementToXml(zt_not_utf_8* error) {
-  return Write(error, zt_not_utf_8::kType);
-}
-int Xcap_ErrorMarshall::AddCannot_deleteElementToXml(zt_cannot_delete* error) {
-  return Write(error, zt_cannot_delete::kType);
-}
-int Xcap_ErrorMarshall::AddConstraint_failureElementToXml(zt_constraint_failure* error) {
-  return Write(error, zt_constraint_failure::kType);
-}
-int Xcap_ErrorMarshall::AddNot_well_formedElementToXml(zt_not_well_formed* error) {
-  return Write(error, zt_not_well_formed::kType);
-}
-int Xcap_ErrorMarshall::AddExistsElementToXml(zt_exists* exists) {
-  return Write(exists, zt_exists::kType);
-}
-int Xcap_ErrorMarshall::AddUniqueness_failureElementToXml(zt_uniqueness_failure* error) {
-  return Write(error, zt_uniqueness_failure::kType);
-}
-int Xcap_ErrorMarshall::AddNot_xml_att_valueElementToXml(zt_not_xml_att_value* error) {
-  return Write(error, zt_not_xml_att_value::kType);
-}
-int Xcap_ErrorMarshall::AddCannot_insertElementToXml(zt_cannot_insert* error) {
-  return Write(error, zt_cannot_insert::kType);
-}
-int Xcap_ErrorMarshall::AddNo_parentElementToXml(zt_no_parent* error) {
-  return Write(error, zt_no_parent::kType);
-}
-int Xcap_ErrorMarshall::AddNot_xml_fragElementToXml(zt_not_xml_frag* error) {
-  return Write(error, zt_not_xml_frag::kType);
-}
-int Xcap_ErrorMarshall::AddSchema_validation_errorElementToXml(zt_schema_validation_error* error) {
-  return Write(error, zt_schema_validation_error::kType);
-}
-int Xcap_ErrorMarshall::AddExtensionElementToXml(zt_extension* error) {
-  return Write(error, zt_extension::kType);
+void XcapErrorDataBinder::Log(const char* operation) {
+  ZtLog(kZtLogTrace, kSource)("<XML Module>: XcapErrorDataBinder::%s", operation);
 }
 
 namespace {
@@ -272,14 +186,13 @@ constexpr ZtDocumentLines Lines() {
 
 }  // namespace
 
-const ZtDocument XcapErrorContext::kDocument =
+const ZtDocument XcapErrorContext::kDocument = {
     ZtDocumentOf<XcapErrorContext, XMLXcapErrorDecoder, XcapErrorUnMarshaller, Xcap_ErrorMarshall,
-                 XcapErrorDataBinder>({XML_SCHEMA_XCAP_ERROR,
-                                       "XcapError",
-                                       {"xcap-error", nullptr},
-                                       "urn:ietf:params:xml:ns:xcap-error",
-                                       true},
-                                      kSource)
+                 XcapErrorDataBinder>(kSource)
+        .Schema(XML_SCHEMA_XCAP_ERROR, "XcapError", "urn:ietf:params:xml:ns:xcap-error",
+                "xcap-error")
+        .Decodes("XMLXcapErrorDecoder", "src/XcapError", ZtPrefixRule::kStrip)
         .Reads("XcapErrorUnMarshaller")
-        .Writes(kZtRoots<zt_xcap_error>, "Xcap_ErrorMarshall", "mXcapErrorXml")
-        .Lines(Lines());
+        .Writes("Xcap_ErrorMarshall", "mXcapErrorXml")
+        .Lines(Lines()),
+    {{XML_STR_XCAP_ERROR, &zt_xcap_error::kType}}};

@@ -10,8 +10,8 @@
 #include "ZtNamespaceDecoder.h"
 #include "base/ZtLog.h"
 #include "binding/ZtBinding.h"
+#include "binding/ZtDocumentTable.h"
 #include "binding/ZtElementWriter.h"
-#include "binding/ZtReading.h"
 #include "reflect/Reflect.h"
 
 namespace {
@@ -40,7 +40,7 @@ class List : public ZtTyped<List, ZtObject> {
  public:
   static const ZtElementType kType;
   ZtText m_Id, m_Note;
-  unsigned m_Version = 0, m_Count = 0, m_Mode = 2;
+  ZtNumber m_Version = 0, m_Count = 0, m_Mode = 2;
   ZtAttributeList m_Extras;
   ZtChild m_Keywords, m_External;
   ZtChildList m_Texts, m_Lists, m_Flags, m_Others;
@@ -109,19 +109,20 @@ const ZtElementType List::kType = ZtTypeOf<List>("List", "list", kFamily)
                                       .OnChild(NoteBusy)
                                       .Root();
 
-constexpr ZtRoot kRoots[] = {{XML_STR_RESOURCE_LISTS, &List::kType}};
-constexpr ZtReading Reading(ZtPrefixRule prefixes) {
-  return ZtReading("Toy", "tests/Toy", prefixes)
-      .Roots(kRoots)
+constexpr ZtDocumentFacts Facts(ZtPrefixRule prefixes) {
+  return ZtDocumentFacts{}
+      .Decodes("Toy", "tests/Toy", prefixes)
       .Extensions(kExtensions)
       .NoMemory("no memory");
 }
-constexpr ZtReading kExact = Reading(ZtPrefixRule::kExact);
-constexpr ZtReading kStrip = Reading(ZtPrefixRule::kStrip);
+constexpr ZtDocument kExact = {Facts(ZtPrefixRule::kExact),
+                               {{XML_STR_RESOURCE_LISTS, &List::kType}}};
+constexpr ZtDocument kStrip = {Facts(ZtPrefixRule::kStrip),
+                               {{XML_STR_RESOURCE_LISTS, &List::kType}}};
 
 class ToyDecoder : public ZtSchemaDecoder {
  public:
-  explicit ToyDecoder(const ZtReading& reading) : ZtSchemaDecoder(reading) {}
+  explicit ToyDecoder(const ZtDocument& document) : ZtSchemaDecoder(document) {}
 };
 class ToyNamespaceDecoder : public ZtNamespaceDecoder {
  public:
@@ -136,8 +137,8 @@ Tree<List> Parse(ZtSchemaDecoder& decoder, std::string text) {
   if (result != ZT_XML_SUCCESS || decoder.Failed()) root.reset();
   return root;
 }
-Tree<List> Parse(const std::string& text, const ZtReading& reading = kStrip) {
-  ToyDecoder decoder(reading);
+Tree<List> Parse(const std::string& text, const ZtDocument& document = kStrip) {
+  ToyDecoder decoder(document);
   return Parse(decoder, text);
 }
 

@@ -156,7 +156,7 @@ Failure WhyRefused(const Document& document, const XMLSchemaInfo& schema, XMLObj
             document.At(outcome.tag)};
   }
   if (root) return {"schema decoder", by + " for want of memory"};
-  if (tables.reading->prefixes == ZtPrefixRule::kExact && schema.roots[0]) {
+  if (tables.document->prefixes == ZtPrefixRule::kExact && schema.roots[0]) {
     return {"root element",
             QuoteShort(tracker.RootName()) + " is not " + Quote(schema.roots[0]) + ": the schema " +
                 schema.name + " compares names whole and takes no prefixes off",

@@ -158,8 +158,7 @@ struct Scope {
 
   void Add(const reflect::Schema& schema) {
     for (const ZtElementType* type : schema.Types()) types.push_back(type);
-    roots.insert(roots.end(), schema.reading->roots,
-                 schema.reading->roots + schema.reading->rootCount);
+    roots.insert(roots.end(), schema.document->roots.begin(), schema.document->roots.end());
     writes = writes || schema.document->info.writes;
   }
 };
@@ -389,7 +388,7 @@ std::string Facts(const reflect::Schema& schema) {
   add("root", names.empty() ? "any" : Join(names));
   add("namespace", info.nameSpace ? Code(info.nameSpace) : "none");
   add("access", info.writes ? "reads, writes" : "reads");
-  switch (schema.reading->prefixes) {
+  switch (schema.document->prefixes) {
     case ZtPrefixRule::kExact:
       add("prefixes of elements", "taken as part of the name");
       break;

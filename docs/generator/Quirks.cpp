@@ -133,7 +133,7 @@ SourcePages FindSourcePages(const std::vector<reflect::Schema>& schemas,
   SourcePages pages = shared;
   for (const reflect::Schema& schema : schemas) {
     pages.emplace(schema.document->source, PageOf(schema));
-    pages.emplace(schema.reading->source, PageOf(schema));
+    pages.emplace(schema.document->decoderSource, PageOf(schema));
   }
   for (const reflect::Schema& schema : schemas) {
     for (const ZtElementType* type : schema.Types()) {

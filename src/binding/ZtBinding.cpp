@@ -352,7 +352,7 @@ ZtPiece ZtFieldText(const XMLElement& self, const ZtField& field, char* buffer) 
     case ZtValue::kNumber64: {
       const bool is32 = field.value == ZtValue::kNumber;
       const unsigned long long number =
-          is32 ? self.*field.member.number : self.*field.member.number64;
+          is32 ? (self.*field.member.number).Get() : (self.*field.member.number64).Get();
       const bool absent =
           number == 0 || (number == kZtNotSet && is32 && field.place == ZtPlace::kAttribute);
       return absent && !field.always ? ZtPiece(nullptr) : FormatNumber(number, buffer);

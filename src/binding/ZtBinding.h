@@ -58,15 +58,15 @@ inline constexpr ZtEnumTable kSchemaTrueOrElseFalse = {kSchemaBooleanSlots, 2, 4
 // object's dynamic type has it.
 union ZtMember {
   ZtText XMLElement::*text;
-  unsigned XMLElement::*number;  // also the index of an enumeration
-  unsigned long long XMLElement::*number64;
+  ZtNumber XMLElement::*number;  // also the index of an enumeration
+  ZtNumber64 XMLElement::*number64;
   ZtChild XMLElement::*child;
   ZtChildList XMLElement::*children;
   ZtAttributeList XMLElement::*attributes;
 
   constexpr explicit ZtMember(ZtText XMLElement::*m) : text(m) {}
-  constexpr explicit ZtMember(unsigned XMLElement::*m) : number(m) {}
-  constexpr explicit ZtMember(unsigned long long XMLElement::*m) : number64(m) {}
+  constexpr explicit ZtMember(ZtNumber XMLElement::*m) : number(m) {}
+  constexpr explicit ZtMember(ZtNumber64 XMLElement::*m) : number64(m) {}
   constexpr explicit ZtMember(ZtChild XMLElement::*m) : child(m) {}
   constexpr explicit ZtMember(ZtChildList XMLElement::*m) : children(m) {}
   constexpr explicit ZtMember(ZtAttributeList XMLElement::*m) : attributes(m) {}
@@ -198,15 +198,15 @@ constexpr ZtMember At(M D::*member) {
 
 // What a scalar member holds.
 constexpr ZtValue ValueOf(ZtText XMLElement::*) { return ZtValue::kText; }
-constexpr ZtValue ValueOf(unsigned XMLElement::*) { return ZtValue::kNumber; }
-constexpr ZtValue ValueOf(unsigned long long XMLElement::*) { return ZtValue::kNumber64; }
+constexpr ZtValue ValueOf(ZtNumber XMLElement::*) { return ZtValue::kNumber; }
+constexpr ZtValue ValueOf(ZtNumber64 XMLElement::*) { return ZtValue::kNumber64; }
 
 template <class M, class D>
 constexpr ZtField Attribute(ZtNameId name, M D::*m) {
   return {ZtPlace::kAttribute, ValueOf(static_cast<M XMLElement::*>(m)), name, At(m)};
 }
 template <class D>
-constexpr ZtField Attribute(ZtNameId name, unsigned D::*m, const ZtEnumTable& values) {
+constexpr ZtField Attribute(ZtNameId name, ZtNumber D::*m, const ZtEnumTable& values) {
   return {ZtPlace::kAttribute, ZtValue::kEnum, name, At(m), ZtFieldDetail(&values)};
 }
 template <class M, class D>
@@ -214,7 +214,7 @@ constexpr ZtField TextElement(ZtNameId name, M D::*m) {
   return {ZtPlace::kTextElement, ValueOf(static_cast<M XMLElement::*>(m)), name, At(m)};
 }
 template <class D>
-constexpr ZtField TextElement(ZtNameId name, unsigned D::*m, const ZtEnumTable& values) {
+constexpr ZtField TextElement(ZtNameId name, ZtNumber D::*m, const ZtEnumTable& values) {
   return {ZtPlace::kTextElement, ZtValue::kEnum, name, At(m), ZtFieldDetail(&values)};
 }
 // A repeated text element; the list holds zt_string.
@@ -228,11 +228,11 @@ constexpr ZtField OwnText(ZtNameId name, ZtText D::*m) {
   return {ZtPlace::kOwnText, ZtValue::kText, name, At(m)};
 }
 template <class D>
-constexpr ZtField OwnText(ZtNameId name, unsigned D::*m, const ZtEnumTable& values) {
+constexpr ZtField OwnText(ZtNameId name, ZtNumber D::*m, const ZtEnumTable& values) {
   return {ZtPlace::kOwnText, ZtValue::kEnum, name, At(m), ZtFieldDetail(&values)};
 }
 template <class D>
-constexpr ZtField OwnText(ZtNameId name, unsigned D::*m, const ZtRange& range) {
+constexpr ZtField OwnText(ZtNameId name, ZtNumber D::*m, const ZtRange& range) {
   return ZtField(ZtPlace::kOwnText, ZtValue::kNumber, name, At(m), ZtFieldDetail(&range)).Always();
 }
 // The same as words, one blank between them: n blanks make n + 1 words, of which any may be empty.

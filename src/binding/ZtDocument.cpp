@@ -29,6 +29,16 @@ XMLObjectFactory* ZtContext::createBinderFactory() {
 
 XMLObject* ZtContext::namespaceBinder() const { return nullptr; }
 
+// ---- Factory ------------------------------------------------------------------------------------
+
+XMLObject* ZtFactory::CreateRootElement() {
+  return static_cast<XMLObject*>(Make(*Document().roots.begin()->type));
+}
+
+XMLElement* ZtFactory::Make(const ZtElementType& type) const {
+  return type.maker.Create(Document().source);
+}
+
 // ---- Unmarshaller -------------------------------------------------------------------------------
 
 namespace {
@@ -151,13 +161,18 @@ char* ZtMarshaller::Marshall(XMLElement* root) {
   if (document.declaration)
     m_XmlDocGenerator.ztAddHeader(ZtName(XML_STR_1_0), ZtName(XML_STR_UTF_8));
   const ZtLog trace(kZtLogTrace, document.source);
-  const ZtElementType* const* type = document.writables;
-  while (*type && !ZtIsClass(className, **type)) ++type;
-  if (!*type) {
+  const ZtElementType* type = nullptr;
+  for (const ZtRoot& known : document.roots) {
+    if (!type && ZtIsClass(className, *known.type)) type = known.type;
+  }
+  for (const ZtElementType* known : document.fragments) {
+    if (!type && ZtIsClass(className, *known)) type = known;
+  }
+  if (!type) {
     trace("<XML Module>: %s XML Failed!", document.failedAs);
   } else {
     if (document.lines.rootChosen) trace(document.lines.rootChosen);
-    const int written = Write(root, **type);
+    const int written = Write(root, *type);
     m_bCutShort = m_bCutShort || m_XmlDocGenerator.outOfMemory();
     if (written && !m_bCutShort) {
       m_pXml = CopyOf(ZtPen(m_XmlDocGenerator).Document(), document.dropsFirstNewline);
@@ -167,8 +182,8 @@ char* ZtMarshaller::Marshall(XMLElement* root) {
     if (m_pXml) {
       trace(document.lines.written, document.writtenAs, m_pXml);
     } else {
-      const char* failed = (*type)->failedAs;
-      trace(document.lines.writeFailed, failed ? failed : document.failedAs, (*type)->writer);
+      const char* failed = type->failedAs;
+      trace(document.lines.writeFailed, failed ? failed : document.failedAs, type->writer);
     }
   }
   m_XmlDocGenerator.ztDeInitXmlDoc();

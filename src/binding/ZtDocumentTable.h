@@ -2,6 +2,7 @@
 #ifndef ZTXML_SRC_BINDING_ZTDOCUMENTTABLE_H
 #define ZTXML_SRC_BINDING_ZTDOCUMENTTABLE_H
 
+#include <initializer_list>
 #include <type_traits>
 
 #include "XMLFactory.h"
@@ -24,67 +25,115 @@ struct ZtDocumentLines {
   const char* writeFailed = "<XML Module>: %s XML Failed!";
 };
 
-// The types that a marshaller takes: the roots of a document.
-template <class... Roots>
-inline constexpr const ZtElementType* kZtRoots[] = {&Roots::kType..., nullptr};
+// What a decoder does with prefixes. Only a ZtNamespaceDecoder rewrites them.
+enum class ZtPrefixRule : std::uint8_t { kExact, kStrip, kRewrite };
 
-struct ZtDocument {
-  XMLSchemaInfo info;
+// A root element. Marshall takes the objects of its type.
+struct ZtRoot {
+  ZtNameId name;
+  const ZtElementType* type;
+};
+
+// What there is to say of a document besides its roots.
+struct ZtDocumentFacts {
   const char* source;  // file of the binding, for the logs
   ZtMaker<XMLContext> newContext;
   ZtMaker<ZtSchemaDecoder> newDecoder;
   ZtMaker<ZtUnMarshaller> newUnMarshaller;
   ZtMaker<ZtMarshaller> newMarshaller;  // without a maker: the schema has none
   ZtMaker<XMLObjectFactory> newBinderFactory;
+  XMLSchemaInfo info = {};
+  const char* decoder = nullptr;        // class name for the logs
+  const char* decoderSource = nullptr;  // file of the decoder, for the logs
+  const char* noMemory = nullptr;       // when a name cannot be normalised; %s is the decoder
+  ZtPrefixRule prefixes = ZtPrefixRule::kExact;
+  // Elements of a foreign namespace, which are opened before they are offered; ends with none.
+  const ZtChoice* extensions = nullptr;
   const char* unMarshaller = nullptr;  // class names for the logs
   const char* marshaller = nullptr;
   const char* writtenAs = nullptr;  // the marshaller, in the lines of the results
   const char* failedAs = nullptr;
-  const char* textField = nullptr;                  // what the logs call the marshaller's text
-  const ZtElementType* const* writables = nullptr;  // what Marshall takes, ends with null
-  bool declaration = true;                          // writes the XML declaration
+  const char* textField = nullptr;  // what the logs call the marshaller's text
+  bool declaration = true;          // writes the XML declaration
   bool dropsFirstNewline = false;
   ZtDocumentLines lines = {};
 
-  constexpr ZtDocument Reads(const char* unMarshallerName) const {
-    return ZtWith(*this, &ZtDocument::unMarshaller, unMarshallerName);
+  // `name` is the context's without "Context"; `uri` the namespace of the roots, null for none.
+  constexpr ZtDocumentFacts Schema(eXMLSchemaID id, const char* name, const char* uri,
+                                   const char* root = nullptr,
+                                   const char* otherRoot = nullptr) const {
+    return ZtWith(*this, &ZtDocumentFacts::info,
+                  XMLSchemaInfo{id, name, {root, otherRoot}, uri, false});
   }
-  // `types` ends with null; `field` is what the logs call the text. Intended: the classes of
-  // marshallers are named in several ways (ReginfoMarshaller, Communication_diversionMarshaller,
-  // Conference_infoMarshall, Xcap_ErrorMarshall); callers and log readers use the names.
-  constexpr ZtDocument Writes(const ZtElementType* const* types, const char* marshallerName,
-                              const char* field) const {
-    return ZtWith(ZtWith(ZtWith(*this, &ZtDocument::writables, types), &ZtDocument::marshaller,
-                         marshallerName),
-                  &ZtDocument::textField, field)
-        .ReportsAs(marshallerName, marshallerName);
+  constexpr ZtDocumentFacts Decodes(const char* className, const char* file,
+                                    ZtPrefixRule rule) const {
+    return ZtWith(ZtWith(ZtWith(*this, &ZtDocumentFacts::decoder, className),
+                         &ZtDocumentFacts::decoderSource, file),
+                  &ZtDocumentFacts::prefixes, rule)
+        .NoMemory(rule == ZtPrefixRule::kRewrite
+                      ? "%s :: XMLChangeNamespaceTag Malloc unable to allocate memory"
+                      : "%s :: XMLRemoveNameSpaceTag: Malloc unable to allocate memory");
+  }
+  constexpr ZtDocumentFacts NoMemory(const char* line) const {
+    return ZtWith(*this, &ZtDocumentFacts::noMemory, line);
+  }
+  constexpr ZtDocumentFacts Extensions(const ZtChoice* choices) const {
+    return ZtWith(*this, &ZtDocumentFacts::extensions, choices);
+  }
+  constexpr ZtDocumentFacts Reads(const char* unMarshallerName) const {
+    return ZtWith(*this, &ZtDocumentFacts::unMarshaller, unMarshallerName);
+  }
+  // `field` is what the logs call the text. Intended: the classes of marshallers are named in
+  // several ways (ReginfoMarshaller, Communication_diversionMarshaller, Conference_infoMarshall,
+  // Xcap_ErrorMarshall); callers and log readers use the names.
+  constexpr ZtDocumentFacts Writes(const char* marshallerName, const char* field) const {
+    ZtDocumentFacts facts = *this;
+    facts.info.writes = true;
+    facts.marshaller = marshallerName;
+    facts.textField = field;
+    return facts.ReportsAs(marshallerName, marshallerName);
   }
   // For log readers who know the marshaller by other names when it has written or failed.
-  constexpr ZtDocument ReportsAs(const char* written, const char* failed) const {
-    return ZtWith(ZtWith(*this, &ZtDocument::writtenAs, written), &ZtDocument::failedAs, failed);
+  constexpr ZtDocumentFacts ReportsAs(const char* written, const char* failed) const {
+    return ZtWith(ZtWith(*this, &ZtDocumentFacts::writtenAs, written), &ZtDocumentFacts::failedAs,
+                  failed);
   }
   // A fragment for another document's scope: no declaration, no line break before it.
-  constexpr ZtDocument AsFragment() const {
-    return ZtWith(ZtWith(*this, &ZtDocument::declaration, false), &ZtDocument::dropsFirstNewline,
-                  true);
+  constexpr ZtDocumentFacts AsFragment() const {
+    return ZtWith(ZtWith(*this, &ZtDocumentFacts::declaration, false),
+                  &ZtDocumentFacts::dropsFirstNewline, true);
   }
-  constexpr ZtDocument Lines(const ZtDocumentLines& own) const {
-    return ZtWith(*this, &ZtDocument::lines, own);
+  constexpr ZtDocumentFacts Lines(const ZtDocumentLines& own) const {
+    return ZtWith(*this, &ZtDocumentFacts::lines, own);
   }
 };
 
-// The start of a document's table; `Marshaller` void when the schema has none.
+// A document: what there is to say of it, and its roots.
+struct ZtDocument : ZtDocumentFacts {
+  std::initializer_list<ZtRoot> roots;
+  std::initializer_list<const ZtElementType*> fragments = {};  // what else Marshall takes
+};
+
+// The start of what there is to say; `Marshaller` void when the schema has none.
 template <class Context, class Decoder, class UnMarshaller, class Marshaller, class DataBinder>
-constexpr ZtDocument ZtDocumentOf(const XMLSchemaInfo& info, const char* source) {
+constexpr ZtDocumentFacts ZtDocumentOf(const char* source) {
   ZtMaker<ZtMarshaller> marshaller = {nullptr, 0};
   if constexpr (!std::is_void_v<Marshaller>) marshaller = ZtMaker<ZtMarshaller>::Of<Marshaller>();
-  return {info,
-          source,
+  return {source,
           ZtMaker<XMLContext>::Of<Context>(),
           ZtMaker<ZtSchemaDecoder>::Of<Decoder>(),
           ZtMaker<ZtUnMarshaller>::Of<UnMarshaller>(),
           marshaller,
           ZtMaker<XMLObjectFactory>::Of<DataBinder>()};
+}
+
+// The bytes of `name` that are kept. Intended: decoders keep the size of a name, with two bytes
+// more, in 16 bits, so that names of 65534 bytes or more are cut short; callers that drive a
+// decoder themselves get the same.
+inline std::size_t ZtShortNameSize(const char* name) {
+  const std::size_t size = __strlen(name);
+  const std::size_t room = static_cast<std::uint16_t>(size + 2);
+  return size < room ? size : room ? room - 1 : 0;
 }
 
 #endif  // ZTXML_SRC_BINDING_ZTDOCUMENTTABLE_H

@@ -1,13 +1,13 @@
 #include "ZtNamespaceDecoder.h"
 
 #include "base/ZtLog.h"
-#include "binding/ZtReading.h"
+#include "binding/ZtDocumentTable.h"
 
-ZtNamespaceDecoder::ZtNamespaceDecoder(const ZtReading& reading) : ZtSchemaDecoder(reading) {
+ZtNamespaceDecoder::ZtNamespaceDecoder(const ZtDocument& document) : ZtSchemaDecoder(document) {
   if (m_Bindings.Complete()) return;
   m_bFailed = true;
-  ZtLog(kZtLogTrace, reading.source)("%s :: %s: Malloc cannot allocate memory", reading.decoder,
-                                     reading.decoder);
+  ZtLog(kZtLogTrace, document.decoderSource)("%s :: %s: Malloc cannot allocate memory",
+                                             document.decoder, document.decoder);
 }
 
 int ZtNamespaceDecoder::SetNameSpaceBinderInfo(XMLObject* binder) {
@@ -32,13 +32,13 @@ int ZtNamespaceDecoder::XMLChangeNamespaceTag(char* name) {
   }
   if (!at || !at->prefix.Get() || !*at->prefix.Get()) {
     const std::size_t size = __strlen(name);
-    if (!ReservePassName(2 * size, m_Reading.noMemory)) return 0;
+    if (!ReservePassName(2 * size, m_Document.noMemory)) return 0;
     std::memcpy(m_PassName, name, size + 1);
     return 1;
   }
   const std::size_t ownSize = __strlen(at->prefix.Get());
   const auto restSize = static_cast<std::size_t>(name + shortSize - colon);  // with its colon
-  if (!ReservePassName(2 * (atEnd + ownSize + restSize), m_Reading.noMemory)) return 0;
+  if (!ReservePassName(2 * (atEnd + ownSize + restSize), m_Document.noMemory)) return 0;
   char* to = m_PassName;
   if (atEnd) *to++ = '/';
   std::memcpy(to, at->prefix.Get(), ownSize);

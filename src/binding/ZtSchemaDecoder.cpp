@@ -3,17 +3,17 @@
 #include "TagScanner.h"
 #include "XMLValueTypes.h"
 #include "base/ZtLog.h"
-#include "binding/ZtReading.h"
+#include "binding/ZtDocumentTable.h"
 
 namespace {
 constexpr std::size_t kLeastPassName = 32;
 constexpr std::size_t kMostShortName = 65533;  // ZtShortNameSize cuts longer ones
 }  // namespace
 
-ZtSchemaDecoder::ZtSchemaDecoder(const ZtReading& reading)
+ZtSchemaDecoder::ZtSchemaDecoder(const ZtDocument& document)
     : m_pRoot(nullptr),
       m_PassName(nullptr),
-      m_Reading(reading),
+      m_Document(document),
       m_bFailed(false),
       m_iPassCapacity(0),
       m_iDropped(0),
@@ -44,8 +44,8 @@ bool ZtSchemaDecoder::RefusesStart(const char* name) {
 
 void ZtSchemaDecoder::RefuseSlash() {
   if (!m_bFailed) {
-    ZtLog(kZtLogError, m_Reading.source)(
-        "<XML Module>: %s: the name of a start tag begins with a slash", m_Reading.decoder);
+    ZtLog(kZtLogError, m_Document.decoderSource)(
+        "<XML Module>: %s: the name of a start tag begins with a slash", m_Document.decoder);
   }
   m_bFailed = true;
 }
@@ -58,8 +58,8 @@ int ZtSchemaDecoder::SetNameSpaceBinderInfo(XMLObject*) { return 0; }
 
 int ZtSchemaDecoder::ProcessElement(char* name, char* value) {
   if (!name) {
-    ZtLog(kZtLogTrace, m_Reading.source)("In %s :: ProcessElement, Element name is NULL",
-                                         m_Reading.decoder);
+    ZtLog(kZtLogTrace, m_Document.decoderSource)("In %s :: ProcessElement, Element name is NULL",
+                                                 m_Document.decoder);
     return -1;
   }
   return ElementCallback(name, value);
@@ -70,8 +70,8 @@ int ZtSchemaDecoder::ElementCallback(char* name, ZtPiece value) {
   const char* local = LocalName(name, size);
   m_pNamed = name;
   if (!local) {
-    ZtLog(kZtLogState, m_Reading.source)("<XML Module>%s :: ProcessElement: m_PassName is NULL",
-                                         m_Reading.decoder);
+    ZtLog(kZtLogState, m_Document.decoderSource)(
+        "<XML Module>%s :: ProcessElement: m_PassName is NULL", m_Document.decoder);
     m_bFailed = true;
   }
   if (m_bFailed || RefusesStart(name)) return -1;
@@ -139,8 +139,8 @@ int ZtSchemaDecoder::ProcessEnd(char* slashName, std::size_t nameSize, char* tex
 bool ZtSchemaDecoder::EndOpened(char* slashName, std::size_t nameSize, ZtPiece text) {
   if (m_iSkipped || m_iDropped || m_Stack.empty()) return false;
   const Frame& frame = m_Frames[m_Stack.size()];
-  if (frame.kind == ZtElementKind::kExtension) return false;
-  if (frame.type->takesText && frame.kind != ZtElementKind::kRoot) {
+  if (frame.kind == Kind::kExtension) return false;
+  if (frame.type->takesText && frame.kind != Kind::kRoot) {
     if (std::memchr(slashName, ':', nameSize)) return false;
     Offer(Current(), ZtChildName({slashName, nameSize}, true, ZtNameId::OfId(frame.name)), text,
           nullptr);
@@ -156,7 +156,7 @@ bool ZtSchemaDecoder::Start(const Open& current, const ZtChildName& name) {
   m_pText = nullptr;
   m_Started = Open();
   const Element element = Find(name.id, current.type);
-  if (element.kind == ZtElementKind::kRoot) {
+  if (element.kind == Kind::kRoot) {
     StartRoot(element, name.id);
     return m_Started.object != nullptr;
   }
@@ -186,7 +186,7 @@ void ZtSchemaDecoder::StartRoot(const Element& element, ZtNameId name) {
 
 bool ZtSchemaDecoder::StartChild(const Open& current, const Element& element,
                                  const ZtChildName& name) {
-  const bool extension = element.kind == ZtElementKind::kExtension;
+  const bool extension = element.kind == Kind::kExtension;
   const bool flag = element.type->flag != nullptr;
   XMLElement* child = extension ? StartExtension(element, name.id)
                       : flag    ? MakeFlag({name.text, name.size})
@@ -216,9 +216,9 @@ void ZtSchemaDecoder::End(const Open& current, const ZtChildName& name, ZtPiece 
   const bool closes = Closes(current, name.id);
   if (skipped || (!closes && (!element.type || element.type->flag))) {
     if (value.text) OfferEnd(current, element.row, name, value);
-  } else if (element.kind == ZtElementKind::kRoot) {
+  } else if (element.kind == Kind::kRoot) {
     Pop();
-  } else if (element.kind == ZtElementKind::kExtension) {
+  } else if (element.kind == Kind::kExtension) {
     Pop();
     Offer(current, name, value, nullptr);
   } else if (m_iDropped) {
@@ -247,15 +247,15 @@ void ZtSchemaDecoder::OfferEnd(const Open& current, const ZtField* row, const Zt
 XMLElement* ZtSchemaDecoder::ProcessAnyElement(char* name, char* value) {
   static_cast<void>(value);
   if (!name) {
-    ZtLog(kZtLogTrace, m_Reading.source)("In %s :: ProcessAnyElement, Element name is NULL",
-                                         m_Reading.decoder);
+    ZtLog(kZtLogTrace, m_Document.decoderSource)("In %s :: ProcessAnyElement, Element name is NULL",
+                                                 m_Document.decoder);
     return nullptr;
   }
   const ZtChildName child(name);
-  const ZtChoice* extension = ZtFindNamed(m_Reading.extensions, child.id);
+  const ZtChoice* extension = ZtFindNamed(m_Document.extensions, child.id);
   if (!extension) return nullptr;
   if (!child.atEnd) {
-    return StartExtension({extension->type, nullptr, ZtElementKind::kExtension}, child.id);
+    return StartExtension({extension->type, nullptr, Kind::kExtension}, child.id);
   }
   Pop();
   m_Started = Open();
@@ -283,14 +283,14 @@ bool IsAttributeName(const char* name) {
 // elements are dropped.
 int ZtSchemaDecoder::ProcessAttribute(char* element, char* name, char* value) {
   if (!element || !name) {
-    ZtLog(kZtLogTrace, m_Reading.source)("In %s :: ProcessAttribute, Element name is NULL",
-                                         m_Reading.decoder);
+    ZtLog(kZtLogTrace, m_Document.decoderSource)("In %s :: ProcessAttribute, Element name is NULL",
+                                                 m_Document.decoder);
     return -1;
   }
   std::size_t size = 0;
   if (!IsNamed(element) && !LocalName(element, size)) {
-    ZtLog(kZtLogState, m_Reading.source)("<XML Module>%s :: ProcessAttribute: m_PassName is NULL",
-                                         m_Reading.decoder);
+    ZtLog(kZtLogState, m_Document.decoderSource)(
+        "<XML Module>%s :: ProcessAttribute: m_PassName is NULL", m_Document.decoder);
     m_bFailed = true;
     return -1;
   }
@@ -379,7 +379,7 @@ ZtSource ZtSchemaDecoder::SourceOf(const ZtElementType& type) {
   const ZtElementType* outer = CurrentType();
   const char* source = outer ? outer->family->recordedUnder : nullptr;
   if (!source) source = type.family->recordedUnder;
-  return {source ? source : m_Reading.source, m_pArena};
+  return {source ? source : m_Document.decoderSource, m_pArena};
 }
 
 XMLElement* ZtSchemaDecoder::Make(const ZtElementType& type) {
@@ -449,23 +449,21 @@ void ZtSchemaDecoder::Pop() {
 
 // What the element `name` is inside an object of the type `current`, null outside of the tree.
 ZtSchemaDecoder::Element ZtSchemaDecoder::Find(ZtNameId name, const ZtElementType* current) {
-  for (std::size_t i = 0; i < m_Reading.rootCount; ++i) {
-    if (m_Reading.roots[i].name == name) {
-      return {m_Reading.roots[i].type, nullptr, ZtElementKind::kRoot};
-    }
+  for (const ZtRoot& root : m_Document.roots) {
+    if (root.name == name) return {root.type, nullptr, Kind::kRoot};
   }
   if (!current) return {};
   const ZtField* row = ZtFindChild(*current, name);
   if (row && !row->IsOwnText()) {
-    return {row->IsObject() ? row->detail.type : nullptr, row, ZtElementKind::kObject};
+    return {row->IsObject() ? row->detail.type : nullptr, row, Kind::kObject};
   }
-  if (const ZtChoice* extension = ZtFindNamed(m_Reading.extensions, name)) {
-    return {extension->type, nullptr, ZtElementKind::kExtension};
+  if (const ZtChoice* extension = ZtFindNamed(m_Document.extensions, name)) {
+    return {extension->type, nullptr, Kind::kExtension};
   }
   if (const ZtChoice* choice = ZtFindChoice(*current, name)) {
-    return {choice->type, nullptr, ZtElementKind::kObject};
+    return {choice->type, nullptr, Kind::kObject};
   }
-  return {FindAnywhere(name, false), nullptr, ZtElementKind::kObject};
+  return {FindAnywhere(name, false), nullptr, Kind::kObject};
 }
 
 // The type that objects of the element `name` have anywhere in the document, or null. The types are
@@ -473,7 +471,7 @@ ZtSchemaDecoder::Element ZtSchemaDecoder::Find(ZtNameId name, const ZtElementTyp
 const ZtElementType* ZtSchemaDecoder::FindAnywhere(ZtNameId name, bool atEnd) {
   if (name == kZtNoName) return nullptr;
   if (m_iTypes == 0) {
-    for (std::size_t i = 0; i < m_Reading.rootCount; ++i) AddType(m_Reading.roots[i].type);
+    for (const ZtRoot& root : m_Document.roots) AddType(root.type);
     for (std::size_t i = 0; i < m_iTypes; ++i) {
       for (const ZtField& row : *m_Types[i]) {
         if (row.IsObject()) AddType(row.detail.type);
@@ -503,12 +501,12 @@ bool ZtSchemaDecoder::Closes(const Open& current, ZtNameId name) const {
 }
 
 const char* ZtSchemaDecoder::LocalPart(const char* name, const char* colon) const {
-  return !colon || m_Reading.prefixes == ZtPrefixRule::kExact ? name : colon + 1;
+  return !colon || m_Document.prefixes == ZtPrefixRule::kExact ? name : colon + 1;
 }
 
 const char* ZtSchemaDecoder::LocalName(char* name, std::size_t& size) {
   const char* local = name;
-  if (m_Reading.prefixes != ZtPrefixRule::kExact) {
+  if (m_Document.prefixes != ZtPrefixRule::kExact) {
     local = XMLRemoveNameSpaceTag(name) ? m_PassName : nullptr;
   }
   size = local ? __strlen(local) : 0;
@@ -522,7 +520,8 @@ char* ZtSchemaDecoder::ReservePassName(std::size_t size, const char* noMemory) {
   m_PassName = static_cast<char*>(__malloc(m_iPassCapacity));
   if (!m_PassName) {
     m_iPassCapacity = 0;
-    ZtLog(kZtLogTrace, m_Reading.source, __LINE__, kZtModuleParser)(noMemory, m_Reading.decoder);
+    ZtLog(kZtLogTrace, m_Document.decoderSource, __LINE__, kZtModuleParser)(noMemory,
+                                                                            m_Document.decoder);
   }
   return m_PassName;
 }
@@ -530,7 +529,7 @@ char* ZtSchemaDecoder::ReservePassName(std::size_t size, const char* noMemory) {
 int ZtSchemaDecoder::XMLRemoveNameSpaceTag(char* name) {
   if (!name) return 0;
   const std::size_t size = ZtShortNameSize(name);
-  if (!ReservePassName(size, m_Reading.noMemory)) return 0;
+  if (!ReservePassName(size, m_Document.noMemory)) return 0;
   std::memcpy(m_PassName, name, size);
   m_PassName[size] = '\0';
   char* rest = *m_PassName == '/' ? m_PassName + 1 : m_PassName;

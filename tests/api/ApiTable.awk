@@ -8,7 +8,10 @@ FNR == 1 { name = FILENAME; sub(/.*\//, "", name); print "#include \"" name "\""
 /^class ZT_API [A-Za-z0-9_]+/ {
   class = space $3
   while (!/[{;]/) { line = $0; getline; $0 = line $0 }
-  factory = /XMLObjectFactory|DataBinder :/
+  factory = /DataBinder +:/
+  if (factory && class !~ /^Zt/) {
+    factories = factories " \\\n  DO(" class ", CreateRootElement)"
+  }
   if (/Zt(Extensible|KeepsElements)</) {
     Setter("addAnyElement"); Setter("setAnyElementValue"); Getter("getAnyElementValue")
   }
@@ -30,11 +33,11 @@ class == "" || !open { next }
   Getter(substr($0, RSTART + 1, RLENGTH - 2))
 }
 # A list is no element.
-factory && !/ZtSingleElementList/ && /^  [A-Za-z0-9_:]+\* Create[A-Za-z0-9_]*\(/ {
+factory && !/ZtSingleElementList|CreateRootElement/ && /^  [A-Za-z0-9_:]+\* Create[A-Za-z0-9_]*\(/ {
   factories = factories " \\\n  DO(" class ", " Method() ")"
 }
-/^  int Add/ { while (!/;/) { line = $0; getline; sub(/^ +/, ""); $0 = line $0 } }
-/^  int Add[A-Za-z0-9_]*\([A-Za-z0-9_:]+\* [A-Za-z]+\);/ && !/(char|void)\*/ {
+/^  int Add/ { while (!/[;{]/) { line = $0; getline; sub(/^ +/, ""); $0 = line $0 } }
+/^  int Add[A-Za-z0-9_]*\([A-Za-z0-9_:]+\* [A-Za-z]+\)( \{|;)/ && !/(char|void)\*/ {
   steps = steps " \\\n  DO(" class ", " Method() ")"
 }
 END {

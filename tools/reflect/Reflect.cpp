@@ -19,7 +19,6 @@ class ZtReflection {
     return static_cast<const ZtBound<XMLElement>&>(object).Type();
   }
   static const ZtDocument& DocumentOf(const ZtContext& context) { return context.Document(); }
-  static const ZtReading& ReadingOf(const ZtSchemaDecoder& decoder) { return decoder.m_Reading; }
 };
 
 namespace reflect {
@@ -235,13 +234,7 @@ bool FindSchema(eXMLSchemaID id, Schema& schema) {
   const std::unique_ptr<XMLContext, Release> context(XMLFactory::newInstance(id));
   if (!context) return false;
   // Every context of the library is one.
-  const ZtDocument& document = ZtReflection::DocumentOf(static_cast<const ZtContext&>(*context));
-  const std::unique_ptr<ZtSchemaDecoder, Release> decoder(document.newDecoder.Create(kSource));
-  if (!decoder) return false;
-  // A decoder that has its root from the start leaves it to whoever asks.
-  const std::unique_ptr<XMLObject, Release> root(
-      static_cast<XMLObject*>(decoder->GetSessionData()));
-  schema = {&document, &ZtReflection::ReadingOf(*decoder)};
+  schema.document = &ZtReflection::DocumentOf(static_cast<const ZtContext&>(*context));
   return true;
 }
 
@@ -256,9 +249,8 @@ std::vector<Schema> Schemas() {
 
 std::vector<const ZtElementType*> Schema::Roots() const {
   std::vector<const ZtElementType*> roots;
-  for (std::size_t i = 0; i < reading->rootCount; ++i) {
-    const ZtElementType* type = reading->roots[i].type;
-    if (std::find(roots.begin(), roots.end(), type) == roots.end()) roots.push_back(type);
+  for (const ZtRoot& root : document->roots) {
+    if (std::find(roots.begin(), roots.end(), root.type) == roots.end()) roots.push_back(root.type);
   }
   // The retrieval of namespaces takes any root.
   if (roots.empty() && document->info.id == XML_SCHEMA_NAMESPACE_RETRIEVAL) {

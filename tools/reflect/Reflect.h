@@ -4,7 +4,7 @@
 // what the library does.
 //
 // Two levels. On the side of the tables there are the library's own records: ZtDocument,
-// ZtReading, ZtElementType, ZtField, ZtEnumTable; this header only tells how to find them all.
+// ZtElementType, ZtField, ZtEnumTable; this header only tells how to find them all.
 // On the side of the objects there is Field, one row of a type with what an object has in it.
 #ifndef ZTXML_TOOLS_REFLECT_REFLECT_H
 #define ZTXML_TOOLS_REFLECT_REFLECT_H
@@ -14,7 +14,6 @@
 
 #include "binding/ZtBinding.h"
 #include "binding/ZtDocumentTable.h"
-#include "binding/ZtReading.h"
 
 namespace reflect {
 
@@ -92,8 +91,7 @@ bool Walk(const XMLElement& root, Visitor& visitor);
 
 /// A document that the library knows.
 struct Schema {
-  const ZtDocument* document;  ///< its record; `document->info` has id, name, roots, namespace
-  const ZtReading* reading;    ///< its roots, and what its decoder does with names
+  const ZtDocument* document;  ///< its record: id, name, roots, what is done with prefixes
 
   /// The types that its roots have.
   std::vector<const ZtElementType*> Roots() const;
