@@ -23,8 +23,6 @@ class ZT_API zt_bootstrappinginfo : public ZtTyped<zt_bootstrappinginfo, ZtObjec
   const char* getLifetimeValue() const { return m_Lifetime.Get(); }
 
  private:
-  friend struct BootstrappingInfoBinding;
-
   ZtText m_Btid;
   ZtText m_Lifetime;
 };
@@ -43,8 +41,12 @@ class ZT_API BootstrappingInfoMarshaller
     : public ZtDescribedBy<BootstrappingInfoContext, ZtMarshaller> {
  public:
   int AddBootstrappingInfoElementToXml(zt_bootstrappinginfo* info) { return Write(info); }
-  int AddBtidElementToXml(char* btid);
-  int AddLifetimeElementToXml(char* lifetime);
+  int AddBtidElementToXml(char* btid) {
+    return WriteText<zt_bootstrappinginfo>(XML_STR_BTID, btid);
+  }
+  int AddLifetimeElementToXml(char* lifetime) {
+    return WriteText<zt_bootstrappinginfo>(XML_STR_LIFETIME, lifetime);
+  }
 };
 
 /// Reads a "BootstrappingInfo" document, with any prefixes.

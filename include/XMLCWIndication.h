@@ -28,8 +28,6 @@ class ZT_API zt_alternative_service : public ZtTyped<zt_alternative_service> {
   const char* getActionValue() const { return m_Action.Get(); }
 
  private:
-  friend struct CWIndicationBinding;
-
   ZtText m_Type;
   ZtText m_Reason;
   ZtText m_Action;
@@ -55,8 +53,6 @@ class ZT_API zt_ims_3gpp : public ZtTyped<zt_ims_3gpp, ZtObject> {
   const char* getServiceInfoValue() const { return m_ServiceInfo.Get(); }
 
  private:
-  friend struct CWIndicationBinding;
-
   ZtNumber m_Version;
   ZtChild m_AlternativeService;
   ZtText m_ServiceInfo;

@@ -22,8 +22,6 @@ class ZT_API zt_ns_call_waiting_indication_action
   zt_empty_element_type* getCallWaitingIndicationValue() const { return m_CallWaitingIndication; }
 
  private:
-  friend struct CallWaitingIndicationBinding;
-
   ZtChild m_CallWaitingIndication;
 };
 
@@ -40,8 +38,6 @@ class ZT_API zt_ns_call_waiting_indication_alternative_service
   zt_ns_call_waiting_indication_action* getActionValue() const { return m_Action; }
 
  private:
-  friend struct CallWaitingIndicationBinding;
-
   ZtChild m_Action;
 };
 
@@ -63,8 +59,6 @@ class ZT_API zt_3gpp_ims : public ZtTyped<zt_3gpp_ims, ZtObject> {
   }
 
  private:
-  friend struct CallWaitingIndicationBinding;
-
   ZtNumber m_Version;
   ZtChild m_AlternativeService;
 };

@@ -29,8 +29,6 @@ class ZT_API zt_ns_caps_duplextypes : public ZtTyped<zt_ns_caps_duplextypes, ZtK
   const char* getSendOnlyValue() const { return m_SendOnly.Get(); }
 
  private:
-  friend struct CapsBinding;
-
   ZtText m_Full;
   ZtText m_Half;
   ZtText m_ReceiveOnly;
@@ -50,8 +48,6 @@ class ZT_API zt_ns_caps_duplextype : public ZtTyped<zt_ns_caps_duplextype, ZtKee
   zt_ns_caps_duplextypes* getNotsupportedValue() const { return m_Notsupported; }
 
  private:
-  friend struct CapsBinding;
-
   ZtChild m_Supported;
   ZtChild m_Notsupported;
 };
@@ -72,8 +68,6 @@ class ZT_API zt_ns_caps_servcaps : public ZtTyped<zt_ns_caps_servcaps, ZtKeepsEl
   zt_caps_boolean_enum getVideoValue() const { return m_Video; }
 
  private:
-  friend struct CapsBinding;
-
   ZtNumber m_Audio = ZT_CAPS_ABSENT;
   ZtChild m_Duplex;
   ZtNumber m_Video = ZT_CAPS_ABSENT;

@@ -21,8 +21,6 @@ class ZT_API zt_parm : public ZtTyped<zt_parm> {
   const char* getParmValue() const { return m_Value.Get(); }
 
  private:
-  friend struct CharacteristicBinding;
-
   ZtText m_Name;
   ZtText m_Value;
 };
@@ -46,8 +44,6 @@ class ZT_API zt_characteristic : public ZtTyped<zt_characteristic> {
   int addCharacteristic(zt_characteristic* group) { return m_Characteristics.Add(group); }
 
  private:
-  friend struct CharacteristicBinding;
-
   ZtText m_Type;
   ZtChildList m_Parms;
   ZtChildList m_Characteristics;

@@ -25,8 +25,6 @@ class ZT_API zt_ns_common_policy_exceptType : public ZtTyped<zt_ns_common_policy
   const char* getIdValue() const { return m_Id.Get(); }
 
  private:
-  friend struct CommonPolicyBinding;
-
   ZtText m_Domain;
   ZtText m_Id;
 };
@@ -46,8 +44,6 @@ class ZT_API zt_ns_common_policy_oneType : public ZtTyped<zt_ns_common_policy_on
   int addAny(XMLElement* element) { return m_AnyList.Add(element); }
 
  private:
-  friend struct CommonPolicyBinding;
-
   ZtText m_Id;
   ZtChildList m_AnyList;
 };
@@ -72,8 +68,6 @@ class ZT_API zt_ns_common_policy_manyType : public ZtTyped<zt_ns_common_policy_m
   int addAny(XMLElement* element) { return m_AnyList.Add(element); }
 
  private:
-  friend struct CommonPolicyBinding;
-
   ZtText m_Domain;
   ZtChildList m_ExceptList;
   ZtChildList m_AnyList;
@@ -100,8 +94,6 @@ class ZT_API zt_ns_common_policy_identityType : public ZtTyped<zt_ns_common_poli
   int addAny(XMLElement* element) { return m_AnyList.Add(element); }
 
  private:
-  friend struct CommonPolicyBinding;
-
   ZtChildList m_OneList;
   ZtChildList m_ManyList;
   ZtChildList m_AnyList;
@@ -117,8 +109,6 @@ class ZT_API zt_ns_common_policy_sphereType : public ZtTyped<zt_ns_common_policy
   const char* getValueValue() const { return m_Value.Get(); }
 
  private:
-  friend struct CommonPolicyBinding;
-
   ZtText m_Value;
 };
 
@@ -139,8 +129,6 @@ class ZT_API zt_ns_common_policy_validityType : public ZtTyped<zt_ns_common_poli
   int addUntil(zt_string* element) { return m_UntilList.Add(element); }
 
  private:
-  friend struct CommonPolicyBinding;
-
   ZtChildList m_FromList;
   ZtChildList m_UntilList;
 };
@@ -177,8 +165,6 @@ class ZT_API zt_ns_common_policy_conditionsType
   int addAny(XMLElement* element) { return m_AnyList.Add(element); }
 
  private:
-  friend struct CommonPolicyBinding;
-
   ZtChildList m_IdentityList;
   ZtChildList m_SphereList;
   ZtChildList m_ValidityList;
@@ -292,7 +278,9 @@ class ZT_API ZtPolicyMarshaller : public ZtNamespaceMarshaller {
   }
   int AddExceptElementToXml(zt_ns_common_policy_exceptType* except) { return Write(except); }
   int AddActionsElementToXml(zt_ns_common_policy_extensibleType* actions);
-  int AddTransformationsElementToXml(zt_ns_common_policy_extensibleType* transformations);
+  int AddTransformationsElementToXml(zt_ns_common_policy_extensibleType* transformations) {
+    return Write(transformations);
+  }
   int AddEmptyElementtoXml(zt_empty_element_type* flag);
 
  protected:

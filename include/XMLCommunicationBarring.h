@@ -22,8 +22,6 @@ class ZT_API zt_allow_action_type : public ZtTyped<zt_allow_action_type> {
   int getAllowValue() const { return m_Allow.Get() ? 1 : 0; }
 
  private:
-  friend struct CommunicationBarringBinding;
-
   ZtNumber m_Allow;
 };
 

@@ -20,8 +20,6 @@ class ZT_API zt_NoReplyTimer : public ZtTyped<zt_NoReplyTimer, ZtObject> {
   unsigned int getNoReplyTimerValue() const { return m_Seconds; }
 
  private:
-  friend struct CommunicationDiversionBinding;
-
   ZtNumber m_Seconds;
 };
 
@@ -79,8 +77,6 @@ class ZT_API zt_ns_xcap_forward_to_type : public ZtTyped<zt_ns_xcap_forward_to_t
   zt_reveal_enum getRevealIdentityToTargetValue() const { return m_RevealIdentityToTarget; }
 
  private:
-  friend struct CommunicationDiversionBinding;
-
   static constexpr unsigned kUnset = static_cast<unsigned>(-1);
   static unsigned Notify(int notify) { return notify == -1 ? kUnset : notify == 1 ? 1 : 0; }
 
@@ -108,8 +104,6 @@ class ZT_API zt_communication_diversion
   zt_ns_common_policy_ruleset* getRuleSetValue() const { return m_RuleSet; }
 
  private:
-  friend struct CommunicationDiversionBinding;
-
   ZtChild m_NoReplyTimer;
   ZtChild m_RuleSet;
 };

@@ -19,8 +19,6 @@ class ZT_API zt_keywords_type : public ZtTyped<zt_keywords_type, ZtExtensible<>>
   int addKeyword(zt_string* element) { return m_Words.Add(element); }
 
  private:
-  friend struct ConferenceInfoBinding;
-
   ZtChildList m_Words;
 };
 
@@ -46,8 +44,6 @@ class ZT_API zt_conference_medium_type : public ZtTyped<zt_conference_medium_typ
   zt_media_status_type_enum getStatusValue() const { return m_Status; }
 
  private:
-  friend struct ConferenceInfoBinding;
-
   ZtText m_Label;
   ZtText m_DisplayText;
   ZtText m_Type;
@@ -65,8 +61,6 @@ class ZT_API zt_conference_media_type : public ZtTyped<zt_conference_media_type,
   int addEntry(zt_conference_medium_type* element) { return m_Entries.Add(element); }
 
  private:
-  friend struct ConferenceInfoBinding;
-
   ZtChildList m_Entries;
 };
 
@@ -111,8 +105,6 @@ class ZT_API zt_conference_description_type
   zt_conference_media_type* getAvailableMediaValue() const { return m_AvailableMedia; }
 
  private:
-  friend struct ConferenceInfoBinding;
-
   ZtText m_DisplayText;
   ZtText m_Subject;
   ZtText m_FreeText;
@@ -141,8 +133,6 @@ class ZT_API zt_host_type : public ZtTyped<zt_host_type, ZtExtensible<>> {
   zt_uris_type* getUrisValue() const { return m_Uris; }
 
  private:
-  friend struct ConferenceInfoBinding;
-
   ZtText m_DisplayText;
   ZtText m_WebPage;
   ZtChild m_Uris;
@@ -166,8 +156,6 @@ class ZT_API zt_conference_state_type : public ZtTyped<zt_conference_state_type,
   int getLockedValue() const { return m_Locked; }
 
  private:
-  friend struct ConferenceInfoBinding;
-
   ZtNumber m_UserCount;
   ZtNumber m_Active;
   ZtNumber m_Locked;
@@ -190,8 +178,6 @@ class ZT_API zt_sidebars_by_val_type : public ZtTyped<zt_sidebars_by_val_type, Z
   int addEntry(zt_conference_type* element);
 
  private:
-  friend struct ConferenceInfoBinding;
-
   ZtNumber m_State = ZT_STATE_ABSENT;
   ZtChildList m_Entries;
 };
@@ -246,8 +232,6 @@ class ZT_API zt_conference_type : public ZtTyped<zt_conference_type, ZtExtensibl
   zt_sidebars_by_val_type* getSidebarsByValValue() const { return m_SidebarsByVal; }
 
  private:
-  friend struct ConferenceInfoBinding;
-
   ZtNumber m_State = ZT_STATE_ABSENT;
   ZtNumber m_Version;
   ZtText m_Entity;

@@ -77,8 +77,6 @@ class ZT_API zt_execution_type : public ZtTyped<zt_execution_type, ZtExtensible<
   const char* getByValue() const { return m_By.Get(); }
 
  private:
-  friend struct ConferenceInfoBinding;
-
   ZtText m_When;
   ZtText m_Reason;
   ZtText m_By;
@@ -106,8 +104,6 @@ class ZT_API zt_uri_type : public ZtTyped<zt_uri_type, ZtExtensible<>> {
   zt_execution_type* getModifiedValue() const { return m_Modified; }
 
  private:
-  friend struct ConferenceInfoBinding;
-
   ZtText m_Uri;
   ZtText m_DisplayText;
   ZtText m_Purpose;
@@ -129,8 +125,6 @@ class ZT_API zt_uris_type : public ZtTyped<zt_uris_type, ZtExtensible<>> {
   int addEntry(zt_uri_type* element) { return m_Entries.Add(element); }
 
  private:
-  friend struct ConferenceInfoBinding;
-
   ZtNumber m_State = ZT_STATE_ABSENT;
   ZtChildList m_Entries;
 };
@@ -147,8 +141,6 @@ class ZT_API zt_user_languages_type : public ZtTyped<zt_user_languages_type, ZtE
   int addLanguage(zt_string* element) { return m_Words.Add(element); }
 
  private:
-  friend struct ConferenceInfoBinding;
-
   ZtChildList m_Words;
 };
 
@@ -163,8 +155,6 @@ class ZT_API zt_user_roles_type : public ZtTyped<zt_user_roles_type, ZtExtensibl
   int addEntry(zt_string* element) { return m_Entries.Add(element); }
 
  private:
-  friend struct ConferenceInfoBinding;
-
   ZtChildList m_Entries;
 };
 
@@ -190,8 +180,6 @@ class ZT_API zt_sip_dialog_id_type : public ZtTyped<zt_sip_dialog_id_type, ZtExt
   const char* getToTagValue() const { return m_ToTag.Get(); }
 
  private:
-  friend struct ConferenceInfoBinding;
-
   ZtText m_DisplayText;
   ZtText m_CallId;
   ZtText m_FromTag;
@@ -208,8 +196,6 @@ class ZT_API zt_call_type : public ZtTyped<zt_call_type, ZtExtensible<>> {
   zt_sip_dialog_id_type* getSipValue() const { return m_Sip; }
 
  private:
-  friend struct ConferenceInfoBinding;
-
   ZtChild m_Sip;
 };
 
@@ -243,8 +229,6 @@ class ZT_API zt_media_type : public ZtTyped<zt_media_type, ZtExtensible<>> {
   zt_media_status_type_enum getStatusValue() const { return m_Status; }
 
  private:
-  friend struct ConferenceInfoBinding;
-
   ZtText m_Id;
   ZtText m_DisplayText;
   ZtText m_Type;
@@ -308,8 +292,6 @@ class ZT_API zt_endpoint_type : public ZtTyped<zt_endpoint_type, ZtExtensible<>>
   zt_call_type* getCallInfoValue() const { return m_CallInfo; }
 
  private:
-  friend struct ConferenceInfoBinding;
-
   ZtNumber m_State = ZT_STATE_ABSENT;
   ZtText m_Entity;
   ZtText m_DisplayText;
@@ -362,8 +344,6 @@ class ZT_API zt_user_type : public ZtTyped<zt_user_type, ZtExtensible<>> {
   int addEndpoint(zt_endpoint_type* element) { return m_Endpoints.Add(element); }
 
  private:
-  friend struct ConferenceInfoBinding;
-
   ZtNumber m_State = ZT_STATE_ABSENT;
   ZtText m_Entity;
   ZtText m_DisplayText;
@@ -389,8 +369,6 @@ class ZT_API zt_users_type : public ZtTyped<zt_users_type, ZtExtensible<>> {
   int addUser(zt_user_type* element) { return m_Users.Add(element); }
 
  private:
-  friend struct ConferenceInfoBinding;
-
   ZtNumber m_State = ZT_STATE_ABSENT;
   ZtChildList m_Users;
 };

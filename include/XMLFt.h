@@ -29,8 +29,6 @@ class ZT_API zt_ns_ft_data : public ZtTyped<zt_ns_ft_data> {
   const char* getUrlValue() const { return m_Url.Get(); }
 
  private:
-  friend struct FileBinding;
-
   ZtText m_Etag;
   ZtText m_Until;
   ZtText m_Url;
@@ -54,8 +52,6 @@ class ZT_API zt_ns_ft_file_info : public ZtTyped<zt_ns_ft_file_info> {
   zt_ns_ft_data* getDataValue() const { return m_Data; }
 
  private:
-  friend struct FileBinding;
-
   ZtText m_Type;
   ZtNumber m_FileSize;
   ZtChild m_Data;
@@ -72,8 +68,6 @@ class ZT_API zt_file : public ZtTyped<zt_file, ZtObject> {
   int addFileInfo(zt_ns_ft_file_info* element) { return m_FileInfos.Add(element); }
 
  private:
-  friend struct FileBinding;
-
   ZtChildList m_FileInfos;
 };
 

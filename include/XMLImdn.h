@@ -65,8 +65,6 @@ class ZT_API zt_status : public ZtTyped<zt_status, ZtExtensible<>> {
   zt_error* getErrorValue() const { return m_Error; }
 
  private:
-  friend struct ImdnBinding;
-
   ZtChild m_Delivered;
   ZtChild m_Failed;
   ZtChild m_Displayed;
@@ -145,8 +143,6 @@ class ZT_API zt_imdn : public ZtTyped<zt_imdn, ZtExtensible<ZtObject>> {
   zt_processing_notification* getProcessingNotificationValue() const { return m_Processing; }
 
  private:
-  friend struct ImdnBinding;
-
   ZtText m_MessageId;
   ZtText m_Datetime;
   ZtText m_RecipientUri;

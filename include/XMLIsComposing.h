@@ -26,8 +26,6 @@ class ZT_API zt_isComposing : public ZtTyped<zt_isComposing, ZtKeepsElements<ZtO
   unsigned int getRefreshValue() const { return m_Refresh; }
 
  private:
-  friend struct IsComposingBinding;
-
   ZtText m_State;
   ZtText m_Lastactive;
   ZtText m_Contenttype;
@@ -47,9 +45,13 @@ class ZT_API IsComposingMarshaller : public ZtDescribedBy<IsComposingContext, Zt
  public:
   int AddIsComposingElementToXml(zt_isComposing* indication) { return Write(indication); }
   /// Null texts and 0 seconds are not written: 0.
-  int AddStateElementToXml(char* state);
-  int AddLastactiveElementToXml(char* time);
-  int AddContenttypeElementToXml(char* type);
+  int AddStateElementToXml(char* state) { return WriteText<zt_isComposing>(XML_STR_STATE, state); }
+  int AddLastactiveElementToXml(char* time) {
+    return WriteText<zt_isComposing>(XML_STR_LASTACTIVE, time);
+  }
+  int AddContenttypeElementToXml(char* type) {
+    return WriteText<zt_isComposing>(XML_STR_CONTENTTYPE, type);
+  }
   int AddRefreshElementToXml(unsigned int seconds);
 };
 

@@ -21,8 +21,6 @@ class ZT_API zt_to_encoder : public ZtTyped<zt_to_encoder> {
   zt_empty_element_type* getPictureFastUpdateValue() const { return m_PictureFastUpdate; }
 
  private:
-  friend struct MediaControlBinding;
-
   ZtChild m_PictureFastUpdate;
 };
 
@@ -36,8 +34,6 @@ class ZT_API zt_vc_primitive : public ZtTyped<zt_vc_primitive> {
   zt_to_encoder* getToEncoderValue() const { return m_ToEncoder; }
 
  private:
-  friend struct MediaControlBinding;
-
   ZtChild m_ToEncoder;
 };
 
@@ -51,8 +47,6 @@ class ZT_API zt_media_control : public ZtTyped<zt_media_control, ZtObject> {
   zt_vc_primitive* getVcPrimitiveValue() const { return m_VcPrimitive; }
 
  private:
-  friend struct MediaControlBinding;
-
   ZtChild m_VcPrimitive;
 };
 

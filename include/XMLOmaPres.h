@@ -22,8 +22,6 @@ class ZT_API zt_ns_oma_pres_service_description
   const char* getDescriptionValue() const { return m_Description.Get(); }
 
  private:
-  friend struct OmaPresBinding;
-
   ZtText m_ServiceId;
   ZtText m_Version;
   ZtText m_Description;

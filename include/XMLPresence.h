@@ -29,8 +29,6 @@ class ZT_API zt_note : public ZtTyped<zt_note, ZtKeepsElements<>> {
   const char* getValueValue() const { return m_Value.Get(); }
 
  private:
-  friend struct PresenceBinding;
-
   ZtText m_Value;
 };
 
@@ -47,8 +45,6 @@ class ZT_API zt_contact : public ZtTyped<zt_contact, ZtKeepsElements<>> {
   const char* getUriValue() const { return m_Uri.Get(); }
 
  private:
-  friend struct PresenceBinding;
-
   ZtText m_Priority;
   ZtText m_Uri;
 };
@@ -99,8 +95,6 @@ class ZT_API zt_tuple : public ZtTyped<zt_tuple, ZtKeepsElements<>> {
   int addNote(zt_note* note) { return m_Notes.Add(note); }
 
  private:
-  friend struct PresenceBinding;
-
   ZtText m_Id;
   ZtChild m_Status;
   ZtChild m_Contact;
@@ -130,8 +124,6 @@ class ZT_API zt_presence : public ZtTyped<zt_presence, ZtKeepsElements<ZtObject>
   int addNote(zt_note* note) { return m_Notes.Add(note); }
 
  private:
-  friend struct PresenceBinding;
-
   ZtText m_Entity;
   ZtChildList m_Tuples;
   ZtChildList m_Notes;

@@ -25,8 +25,6 @@ class ZT_API zt_ns_rcs_terms_info_term : public ZtTyped<zt_ns_rcs_terms_info_ter
   const char* getUrlValue() const { return m_Url.Get(); }
 
  private:
-  friend struct RcsTermsInfoBinding;
-
   ZtText m_Title;
   ZtText m_Url;
 };
@@ -50,8 +48,6 @@ class ZT_API zt_rcs_terms_info : public ZtTyped<zt_rcs_terms_info, ZtObject> {
   int addTerm(zt_ns_rcs_terms_info_term* element) { return m_Terms.Add(element); }
 
  private:
-  friend struct RcsTermsInfoBinding;
-
   ZtNumber m_Version;
   ZtText m_TermsVersion;
   ZtChildList m_Terms;

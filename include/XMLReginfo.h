@@ -57,8 +57,6 @@ class ZT_API zt_unknown_param : public ZtTyped<zt_unknown_param> {
   const char* getNameValue() const { return m_Name.Get(); }
 
  private:
-  friend struct ReginfoBinding;
-
   ZtText m_Value;
   ZtText m_Name;
 };
@@ -119,8 +117,6 @@ class ZT_API zt_ns_reginfo_contact : public ZtTyped<zt_ns_reginfo_contact> {
   int addAnyElement(XMLElement* element) { return m_AnyElements.Add(element); }
 
  private:
-  friend struct ReginfoBinding;
-
   ZtText m_Uri;
   ZtText m_DisplayName;
   ZtChildList m_UnknownParams;
@@ -163,8 +159,6 @@ class ZT_API zt_registration : public ZtTyped<zt_registration> {
   int addAnyElement(XMLElement* element) { return m_AnyElements.Add(element); }
 
  private:
-  friend struct ReginfoBinding;
-
   ZtChildList m_Contacts;
   ZtText m_Aor;
   ZtText m_Id;
@@ -196,8 +190,6 @@ class ZT_API zt_reginfo : public ZtTyped<zt_reginfo, ZtObject> {
   int addAnyElement(XMLElement* element) { return m_AnyElements.Add(element); }
 
  private:
-  friend struct ReginfoBinding;
-
   ZtChildList m_Registrations;
   ZtNumber m_State = ZT_REGINFO_STATE_ABSENT;
   ZtNumber m_Version;

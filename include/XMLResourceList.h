@@ -18,8 +18,6 @@ class ZT_API zt_display_nameType : public ZtTyped<zt_display_nameType, ZtExtensi
   const char* getValueValue() const { return m_Value.Get(); }
 
  private:
-  friend struct ResourceListsBinding;
-
   ZtText m_Value;
 };
 
@@ -46,8 +44,6 @@ class ZT_API zt_entryType : public ZtTyped<zt_entryType, ZtDisplayNamed> {
   const char* getUriValue() const { return m_Uri.Get(); }
 
  private:
-  friend struct ResourceListsBinding;
-
   ZtText m_Uri;
 };
 
@@ -61,8 +57,6 @@ class ZT_API zt_entry_refType : public ZtTyped<zt_entry_refType, ZtDisplayNamed>
   const char* getRefValue() const { return m_Ref.Get(); }
 
  private:
-  friend struct ResourceListsBinding;
-
   ZtText m_Ref;
 };
 
@@ -76,8 +70,6 @@ class ZT_API zt_externalType : public ZtTyped<zt_externalType, ZtDisplayNamed> {
   const char* getAnchorValue() const { return m_Anchor.Get(); }
 
  private:
-  friend struct ResourceListsBinding;
-
   ZtText m_Anchor;
 };
 
@@ -99,8 +91,6 @@ class ZT_API zt_listType : public ZtTyped<zt_listType, ZtDisplayNamed> {
   int addExternal(zt_externalType* external) { return addAnyElement(external); }
 
  private:
-  friend struct ResourceListsBinding;
-
   ZtText m_Name;
 };
 
@@ -116,8 +106,6 @@ class ZT_API zt_resource_lists : public ZtTyped<zt_resource_lists, ZtExtensible<
   int addList(zt_listType* list) { return m_Lists.Add(list); }
 
  private:
-  friend struct ResourceListsBinding;
-
   ZtChildList m_Lists;
 };
 

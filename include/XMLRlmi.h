@@ -26,8 +26,6 @@ class ZT_API zt_name : public ZtTyped<zt_name, ZtKeepsElements<>> {
   const char* getValueValue() const { return m_Value.Get(); }
 
  private:
-  friend struct RlmiBinding;
-
   ZtText m_Value;
 };
 
@@ -51,8 +49,6 @@ class ZT_API zt_instance : public ZtTyped<zt_instance, ZtExtensible<>> {
   const char* getCidValue() const { return m_Cid.Get(); }
 
  private:
-  friend struct RlmiBinding;
-
   ZtText m_Id;
   ZtNumber m_State = ZT_INSTANCE_STATE_ABSENT;
   ZtText m_Reason;
@@ -81,8 +77,6 @@ class ZT_API zt_resource : public ZtTyped<zt_resource, ZtExtensible<>> {
   int addInstance(zt_instance* instance) { return m_Instances.Add(instance); }
 
  private:
-  friend struct RlmiBinding;
-
   ZtText m_Uri;
   ZtChildList m_Names;
   ZtChildList m_Instances;
@@ -117,8 +111,6 @@ class ZT_API zt_list : public ZtTyped<zt_list, ZtExtensible<ZtObject>> {
   int addResource(zt_resource* resource) { return m_Resources.Add(resource); }
 
  private:
-  friend struct RlmiBinding;
-
   ZtText m_Uri;
   ZtNumber m_Version;
   ZtNumber m_FullState;

@@ -20,8 +20,6 @@ class ZT_API zt_ns_rls_services_packageType
   const char* getValueValue() const { return m_Value.Get(); }
 
  private:
-  friend struct RlsServicesBinding;
-
   ZtText m_Value;
 };
 
@@ -38,8 +36,6 @@ class ZT_API zt_ns_rls_services_packagesType
   int addPackage(zt_ns_rls_services_packageType* package) { return m_Packages.Add(package); }
 
  private:
-  friend struct RlsServicesBinding;
-
   ZtChildList m_Packages;
 };
 
@@ -66,8 +62,6 @@ class ZT_API zt_ns_rls_services_serviceType
   zt_ns_rls_services_packagesType* getPackagesValue() const { return m_Packages; }
 
  private:
-  friend struct RlsServicesBinding;
-
   ZtText m_Uri;
   ZtText m_ResourceList;
   ZtChild m_List;
@@ -86,8 +80,6 @@ class ZT_API zt_rls_services : public ZtTyped<zt_rls_services, ZtKeepsElements<Z
   int addService(zt_ns_rls_services_serviceType* service) { return m_Services.Add(service); }
 
  private:
-  friend struct RlsServicesBinding;
-
   ZtChildList m_Services;
 };
 

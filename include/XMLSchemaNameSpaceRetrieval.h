@@ -19,14 +19,15 @@ class ZT_API zt_schema_namespace_retrieval
   /// Takes a non-null list of zt_AttributeValuePair with its entries; null changes nothing. Always
   /// 1.
   int setNameSpaceInfo(ZtSingleElementList* list);
+  /// Adds a declaration (`attribute` does not matter); other attributes are ignored. 0 without
+  /// memory, else 1.
+  int ProcessUnMarshallAttribute(char* name, char* value, XMLAttribute* attribute) override;
   /// The declarations in document order (borrowed), null when there is none: each a
   /// zt_AttributeValuePair, stored as XMLAttribute*, with the prefix as its name (null for the
   /// default namespace) and the URI as its value.
   ZtListOf<zt_AttributeValuePair>* getNameSpaceInfo();
 
  private:
-  friend struct SchemaNamespaceRetrievalBinding;
-
   ZtAttributeList m_NameSpaceInfo;
 };
 

@@ -31,8 +31,6 @@ class ZT_API zt_ns_xcap_media_type : public ZtTyped<zt_ns_xcap_media_type> {
   const char* getMediaValue() const { return m_Media.Get(); }
 
  private:
-  friend struct SimservBinding;
-
   ZtText m_Media;
 };
 
@@ -47,8 +45,6 @@ class ZT_API zt_presence_status_activity_type : public ZtTyped<zt_presence_statu
   const char* getActivityValue() const { return m_Activity.Get(); }
 
  private:
-  friend struct SimservBinding;
-
   ZtText m_Activity;
 };
 

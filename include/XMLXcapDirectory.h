@@ -32,8 +32,6 @@ class ZT_API zt_entry : public ZtTyped<zt_entry> {
   int addAnyAttribute(XMLAttribute* attribute) { return m_AnyAttributes.Add(attribute); }
 
  private:
-  friend struct XcapDirectoryBinding;
-
   ZtText m_Uri;
   ZtText m_Etag;
   ZtText m_LastModified;
@@ -61,8 +59,6 @@ class ZT_API zt_folder : public ZtTyped<zt_folder> {
   const char* getErrorCodeValue() const { return m_ErrorCode.Get(); }
 
  private:
-  friend struct XcapDirectoryBinding;
-
   ZtText m_Auid;
   ZtChildList m_Entries;
   ZtText m_ErrorCode;
@@ -80,8 +76,6 @@ class ZT_API zt_xcap_directory : public ZtTyped<zt_xcap_directory, ZtObject> {
   int addFolder(zt_folder* folder) { return m_Folders.Add(folder); }
 
  private:
-  friend struct XcapDirectoryBinding;
-
   ZtChildList m_Folders;
 };
 

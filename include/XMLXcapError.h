@@ -73,8 +73,6 @@ class ZT_API zt_no_parent : public ZtTyped<zt_no_parent, ZtXcapPhrasedError> {
   const char* getAncestorValue() const { return m_Ancestor.Get(); }
 
  private:
-  friend struct XcapErrorBinding;
-
   ZtText m_Ancestor;
 };
 
@@ -94,8 +92,6 @@ class ZT_API zt_exists : public ZtTyped<zt_exists> {
   int addAltValue(zt_string* value) { return m_AltValues.Add(value); }
 
  private:
-  friend struct XcapErrorBinding;
-
   ZtText m_Field;
   ZtChildList m_AltValues;
 };
@@ -112,8 +108,6 @@ class ZT_API zt_uniqueness_failure : public ZtTyped<zt_uniqueness_failure, ZtXca
   int addExists(zt_exists* exists) { return m_Exists.Add(exists); }
 
  private:
-  friend struct XcapErrorBinding;
-
   ZtChildList m_Exists;
 };
 
@@ -135,8 +129,6 @@ class ZT_API zt_xcap_error : public ZtTyped<zt_xcap_error, ZtObject> {
   XMLElement* getErrorValue() const { return m_Error.Get(); }
 
  private:
-  friend struct XcapErrorBinding;
-
   ZtChild m_Error;
 };
 

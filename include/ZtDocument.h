@@ -101,6 +101,12 @@ class ZT_API ZtMarshaller : public XMLMarshaller {
   int Write(T* element, e_XmlStrRef prefix = XML_STR_ZT_NULL) {
     return Write(element, T::kType, prefix);
   }
+  /// Writes `text` as the text element `name` of a T; 0 when it is null.
+  template <class T>
+  int WriteText(e_XmlStrRef name, const char* text) {
+    return WriteText(T::kType, name, text);
+  }
+  int WriteText(const ZtElementType& type, e_XmlStrRef name, const char* text);
   /// A writer for steps that have no element, without namespaces; as meaningful as Write.
   ZtElementWriter Writer();
   virtual const ZtDocument& Document() const = 0;

@@ -16,7 +16,7 @@ class ZT_API ZtBound : public Base {
   const char* ElementName() const override;
   int ReservedHook() override;
   int ProcessUnMarshall(char* name, char* value, XMLElement* child) final;
-  int ProcessUnMarshallAttribute(char* name, char* value, XMLAttribute* attribute) final;
+  int ProcessUnMarshallAttribute(char* name, char* value, XMLAttribute* attribute) override;
 
  protected:
   virtual const ZtElementType& Type() const = 0;

@@ -8,39 +8,27 @@ namespace {
 
 constexpr char kSource[] = "src/XMLBootstrappingInfo";
 constexpr ZtFamily kFamily = ZtPlainFamily(kSource);
+
+constexpr ZtExtras kNamespace = {{{XML_STR_URI_3GPP_GBA, XML_STR_ZT_NULL}}};
+
 }  // namespace
 
 // ---- Types --------------------------------------------------------------------------------------
 
-struct BootstrappingInfoBinding {
-  static constexpr ZtField kBtid =
-      ztrow::TextElement(XML_STR_BTID, &zt_bootstrappinginfo::m_Btid)
-          .Writer("AddBtidElementToXml")
-          .Note("<XML Module>: BootstrappingInfoElement btid not present", kZtLogOptional);
-  static constexpr ZtField kLifetime =
-      ztrow::TextElement(XML_STR_LIFETIME, &zt_bootstrappinginfo::m_Lifetime)
-          .Writer("AddLifetimeElementToXml")
-          .Note("<XML Module>: BootstrappingInfoElement lifetime not present", kZtLogOptional);
-  static constexpr ZtField kInfo[] = {kBtid, kLifetime};
-  static constexpr ZtFixedAttribute kNamespace[] = {{XML_STR_URI_3GPP_GBA, XML_STR_ZT_NULL}};
-  static_assert(ztrow::Sound(kInfo));
-};
-
-const ZtElementType zt_bootstrappinginfo::kType =
+const ZtElementType zt_bootstrappinginfo::kType = {
     ZtTypeOf<zt_bootstrappinginfo>("zt_bootstrappinginfo", "BootstrappingInfo", kFamily)
-        .Fields(BootstrappingInfoBinding::kInfo)
         .Writer(XML_STR_BOOTSTRAPPING_INFO, "AddBootstrappingInfoElementToXml")
-        .Declares(BootstrappingInfoBinding::kNamespace)
-        .Root();
+        .With(kNamespace)
+        .Root(),
+    {ztrow::TextElement(XML_STR_BTID, &zt_bootstrappinginfo::m_Btid)
+         .Logged()
+         .NoteAbsent("<XML Module>: BootstrappingInfoElement btid not present", kZtLogOptional),
+     ztrow::TextElement(XML_STR_LIFETIME, &zt_bootstrappinginfo::m_Lifetime)
+         .Logged()
+         .NoteAbsent("<XML Module>: BootstrappingInfoElement lifetime not present",
+                     kZtLogOptional)}};
 
 // ---- Workers ------------------------------------------------------------------------------------
-
-int BootstrappingInfoMarshaller::AddBtidElementToXml(char* btid) {
-  return Writer().WriteText(BootstrappingInfoBinding::kBtid, btid);
-}
-int BootstrappingInfoMarshaller::AddLifetimeElementToXml(char* lifetime) {
-  return Writer().WriteText(BootstrappingInfoBinding::kLifetime, lifetime);
-}
 
 namespace {
 constexpr ZtDocumentLines Lines() {

@@ -10,30 +10,21 @@ constexpr ZtFamily kFamily = ZtPlainFamily(kSource);
 
 // ---- Types --------------------------------------------------------------------------------------
 
-struct CWIndicationBinding {
-  static constexpr ZtField kService[] = {
-      ztrow::TextElement(XML_STR_TYPE, &zt_alternative_service::m_Type),
-      ztrow::TextElement(XML_STR_REASON, &zt_alternative_service::m_Reason),
-      ztrow::TextElement(XML_STR_ACTION, &zt_alternative_service::m_Action),
-  };
-  static constexpr ZtField kIms[] = {
-      ztrow::Attribute(XML_STR_VERSION, &zt_ims_3gpp::m_Version),
-      ztrow::Child(XML_STR_ALTERNATIVE_SERVICE, &zt_ims_3gpp::m_AlternativeService,
-                   zt_alternative_service::kType),
-      ztrow::TextElement(XML_STR_SERVICE_INFO, &zt_ims_3gpp::m_ServiceInfo),
-  };
-  static_assert(ztrow::Sound(kService) && ztrow::Sound(kIms));
-};
-
-const ZtElementType zt_alternative_service::kType =
+const ZtElementType zt_alternative_service::kType = {
     ZtTypeOf<zt_alternative_service>("zt_alternative_service", "alternative-service", kFamily)
-        .Fields(CWIndicationBinding::kService)
-        .Writer(XML_STR_ALTERNATIVE_SERVICE, "AddAlternativeServiceElementToXml");
+        .Writer(XML_STR_ALTERNATIVE_SERVICE, "AddAlternativeServiceElementToXml"),
+    {ztrow::TextElement(XML_STR_TYPE, &zt_alternative_service::m_Type),
+     ztrow::TextElement(XML_STR_REASON, &zt_alternative_service::m_Reason),
+     ztrow::TextElement(XML_STR_ACTION, &zt_alternative_service::m_Action)}};
 
-const ZtElementType zt_ims_3gpp::kType = ZtTypeOf<zt_ims_3gpp>("zt_ims_3gpp", "ims-3gpp", kFamily)
-                                             .Fields(CWIndicationBinding::kIms)
-                                             .Writer(XML_STR_IMS_3GPP, "AddIms3gppElementToXml")
-                                             .Root();
+const ZtElementType zt_ims_3gpp::kType = {
+    ZtTypeOf<zt_ims_3gpp>("zt_ims_3gpp", "ims-3gpp", kFamily)
+        .Writer(XML_STR_IMS_3GPP, "AddIms3gppElementToXml")
+        .Root(),
+    {ztrow::Attribute(XML_STR_VERSION, &zt_ims_3gpp::m_Version),
+     ztrow::Child(XML_STR_ALTERNATIVE_SERVICE, &zt_ims_3gpp::m_AlternativeService,
+                  zt_alternative_service::kType),
+     ztrow::TextElement(XML_STR_SERVICE_INFO, &zt_ims_3gpp::m_ServiceInfo)}};
 
 // ---- Workers ------------------------------------------------------------------------------------
 

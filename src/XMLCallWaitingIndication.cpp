@@ -9,50 +9,39 @@ constexpr ZtFamily kFamily = ZtPlainFamily(kSource);
 
 constexpr ZtFlag kFlagText = {
     "%s::AddCallWaitingIndicationElementToXml: Received empty present false"};
+constexpr ZtExtras kFlagExtras = ZtExtrasOf(kFlagText);
 constexpr ZtElementType kFlag =
-    ZtFlagOf(kFamily, "AddCallWaitingIndicationElementToXml", kFlagText);
+    ZtFlagOf(kFamily, "AddCallWaitingIndicationElementToXml", kFlagExtras);
 
 }  // namespace
 
 // ---- Types --------------------------------------------------------------------------------------
 
-struct CallWaitingIndicationBinding {
-  // Intended: a "call-waiting-indication" that is set but not present fails the whole document;
-  // callers set none instead.
-  static constexpr ZtField kAction[] = {
-      ztrow::Child(XML_STR_CALL_WAITING_INDICATION,
-                   &zt_ns_call_waiting_indication_action::m_CallWaitingIndication, kFlag),
-  };
-  static constexpr ZtField kService[] = {
-      ztrow::Child(XML_STR_ACTION, &zt_ns_call_waiting_indication_alternative_service::m_Action,
-                   zt_ns_call_waiting_indication_action::kType),
-  };
-  static constexpr ZtField kIms[] = {
-      ztrow::Attribute(XML_STR_VERSION, &zt_3gpp_ims::m_Version),
-      ztrow::Child(XML_STR_ALTERNATIVE_SERVICE, &zt_3gpp_ims::m_AlternativeService,
-                   zt_ns_call_waiting_indication_alternative_service::kType),
-  };
-  static_assert(ztrow::Sound(kAction) && ztrow::Sound(kIms));
-};
-
-const ZtElementType zt_ns_call_waiting_indication_action::kType =
+// Intended: a "call-waiting-indication" that is set but not present fails the whole document;
+// callers set none instead.
+const ZtElementType zt_ns_call_waiting_indication_action::kType = {
     ZtTypeOf<zt_ns_call_waiting_indication_action>("zt_ns_call_waiting_indication_action", "action",
                                                    kFamily)
-        .Fields(CallWaitingIndicationBinding::kAction)
-        .Writer(XML_STR_ACTION, "AddActionElementToXml");
+        .Writer(XML_STR_ACTION, "AddActionElementToXml"),
+    {ztrow::Child(XML_STR_CALL_WAITING_INDICATION,
+                  &zt_ns_call_waiting_indication_action::m_CallWaitingIndication, kFlag)}};
 
-const ZtElementType zt_ns_call_waiting_indication_alternative_service::kType =
+const ZtElementType zt_ns_call_waiting_indication_alternative_service::kType = {
     ZtTypeOf<zt_ns_call_waiting_indication_alternative_service>(
         "zt_ns_call_waiting_indication_alternative_service", "alternative-service", kFamily)
-        .Fields(CallWaitingIndicationBinding::kService)
-        .Writer(XML_STR_ALTERNATIVE_SERVICE, "AddAlternativeServiceElementToXml");
+        .Writer(XML_STR_ALTERNATIVE_SERVICE, "AddAlternativeServiceElementToXml"),
+    {ztrow::Child(XML_STR_ACTION, &zt_ns_call_waiting_indication_alternative_service::m_Action,
+                  zt_ns_call_waiting_indication_action::kType)}};
 
 // Intended: the root is called "3gpp-ims", which is no name in XML, because it begins with a digit;
 // peers send and expect it, and the library's parser reads it.
-const ZtElementType zt_3gpp_ims::kType = ZtTypeOf<zt_3gpp_ims>("zt_3gpp_ims", "3gpp-ims", kFamily)
-                                             .Fields(CallWaitingIndicationBinding::kIms)
-                                             .Writer(XML_STR_3GPP_IMS, "Add3gppImsElementToXml")
-                                             .Root();
+const ZtElementType zt_3gpp_ims::kType = {
+    ZtTypeOf<zt_3gpp_ims>("zt_3gpp_ims", "3gpp-ims", kFamily)
+        .Writer(XML_STR_3GPP_IMS, "Add3gppImsElementToXml")
+        .Root(),
+    {ztrow::Attribute(XML_STR_VERSION, &zt_3gpp_ims::m_Version),
+     ztrow::Child(XML_STR_ALTERNATIVE_SERVICE, &zt_3gpp_ims::m_AlternativeService,
+                  zt_ns_call_waiting_indication_alternative_service::kType)}};
 
 // ---- Workers ------------------------------------------------------------------------------------
 

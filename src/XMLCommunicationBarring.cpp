@@ -11,15 +11,15 @@ constexpr ZtFamily kFamily = ZtQuietFamily(kSource);
 
 // Intended: a forward-to, which has no place in barring, is written without its content instead of
 // being left out.
-constexpr ZtElementType kEmptyForwardTo =
+constexpr ZtElementType kEmptyForwardTo = {
     ZtTypeOf<zt_ns_xcap_forward_to_type>("zt_ns_xcap_forward_to_type",
                                          "CommunicationDiversion:ForwardToType", kFamily)
-        .Writer(XML_STR_FORWARD_TO, nullptr, XML_STR_SS);
+        .Writer(XML_STR_FORWARD_TO, nullptr, XML_STR_SS)};
 
 struct Actions {
   // Intended: the line about the actions of a rule begins with the marshaller's name and lacks the
   // lead "<XML Module>: "; log readers search for it as it is.
-  static constexpr char kEntryLine[] = "Communication_barringMarshaller: AddActionsElementToXml";
+  static constexpr char kWriter[] = "Communication_barringMarshaller: AddActionsElementToXml";
   static constexpr ZtChoice kActions[] = {
       CommonPolicyBinding::kFlags,
       {XML_STR_MEDIA, zt_ns_xcap_media_type::kType},
@@ -27,61 +27,49 @@ struct Actions {
       {XML_STR_ALLOW, zt_allow_action_type::kType},
       {}};
 };
-constexpr const ZtPolicyTypes& kPolicy = CommonPolicyBinding::kTypes<Actions>;
+constexpr const ZtPolicyTypes& kPolicy = ZtPolicyOf<Actions>::kTypes;
 
 }  // namespace
 
 // ---- Types --------------------------------------------------------------------------------------
 
 struct CommunicationBarringBinding {
-  static constexpr ZtField kAllow[] = {
-      ztrow::OwnText(XML_STR_ALLOW, &zt_allow_action_type::m_Allow, kTrueOrElseFalse)};
-
   // Intended: a rule set that cannot be written is cut short where it fails, and the service is
   // written to its end, so that callers get a text that is not well formed instead of none.
   static constexpr ZtField kRuleSet =
       ztrow::Child(XML_STR_RULESET, &ZtCommunicationBarring::m_RuleSet, *kPolicy.ruleset).Lenient();
-  // Intended: incoming barring takes any "active" but "true" for false, outgoing barring leaves the
-  // value as it was; peers know the two services so.
-  static constexpr ZtField kIncoming[] = {ZtExtensibleRows::kAttributes<ZtObject>,
-                                          SimservBinding::kActiveOrElseNot, kRuleSet};
-  static constexpr ZtField kOutgoing[] = {ZtExtensibleRows::kAttributes<ZtObject>,
-                                          SimservBinding::kActive, kRuleSet};
-  static_assert(ztrow::Sound(kIncoming) && ztrow::Sound(kOutgoing));
 };
 
-const ZtElementType zt_allow_action_type::kType =
+const ZtElementType zt_allow_action_type::kType = {
     ZtTypeOf<zt_allow_action_type>("zt_allow_action_type", "CommunicationBarring:AllowActionType",
                                    kFamily)
-        .Fields(CommunicationBarringBinding::kAllow)
-        .Writer(XML_STR_ALLOW, nullptr, XML_STR_SS);
+        .Writer(XML_STR_ALLOW, nullptr, XML_STR_SS),
+    {ztrow::OwnText(XML_STR_ALLOW, &zt_allow_action_type::m_Allow, kTrueOrElseFalse)}};
 
-const ZtElementType zt_incoming_communication_barring::kType =
+// Intended: incoming barring takes any "active" but "true" for false, outgoing barring leaves the
+// value as it was; peers know the two services so.
+const ZtElementType zt_incoming_communication_barring::kType = {
     ZtTypeOf<zt_incoming_communication_barring>(
         "incoming-communication-barring",
         // Intended: the ElementName of incoming barring is spelt "IncomingComunicationBarring";
         // callers compare with it.
         "IncomingComunicationBarring", kFamily)
-        .Fields(CommunicationBarringBinding::kIncoming)
         .Writer(XML_STR_INCOMING_COMMUNICATION_BARRING,
                 "AddIncoming_communication_barringElementToXml", XML_STR_SS)
-        // Intended: when a service cannot be written, its line names
-        // Incoming_communication_barringMarshaller or outgoing_communication_barringMarshaller,
-        // none of which is a class; log readers search for these names.
-        .FailsAs("Incoming_communication_barringMarshaller")
-        .Root();
+        .Root(),
+    {SimservBinding::kAttributes, SimservBinding::kActiveOrElseNot,
+     CommunicationBarringBinding::kRuleSet}};
 
-const ZtElementType zt_outgoing_communication_barring::kType =
+const ZtElementType zt_outgoing_communication_barring::kType = {
     ZtTypeOf<zt_outgoing_communication_barring>("outgoing-communication-barring",
                                                 "OutgoingCommunicationBarring", kFamily)
-        .Fields(CommunicationBarringBinding::kOutgoing)
         // Intended: log readers know the writer of outgoing barring as
         // "Addoutgoing_communication_barringElementToXml", with a small "o" that its operation does
         // not have.
         .Writer(XML_STR_OUTGOING_COMMUNICATION_BARRING,
                 "Addoutgoing_communication_barringElementToXml", XML_STR_SS)
-        .FailsAs("outgoing_communication_barringMarshaller")
-        .Root();
+        .Root(),
+    {SimservBinding::kAttributes, SimservBinding::kActive, CommunicationBarringBinding::kRuleSet}};
 
 // ---- Workers ------------------------------------------------------------------------------------
 
@@ -128,8 +116,13 @@ const ZtDocument CommunicationBarringContext::kDocument = {
         .Reads("CommunicationBarringUnMarshaller")
         .Writes("Communication_barringMarshaller", "mCbXml")
         .AsFragment(),
-    {{XML_STR_INCOMING_COMMUNICATION_BARRING, &zt_incoming_communication_barring::kType},
-     {XML_STR_OUTGOING_COMMUNICATION_BARRING, &zt_outgoing_communication_barring::kType}},
+    // Intended: when a service cannot be written, its line names
+    // Incoming_communication_barringMarshaller or outgoing_communication_barringMarshaller, none of
+    // which is a class; log readers search for these names.
+    {{XML_STR_INCOMING_COMMUNICATION_BARRING, &zt_incoming_communication_barring::kType,
+      "Incoming_communication_barringMarshaller"},
+     {XML_STR_OUTGOING_COMMUNICATION_BARRING, &zt_outgoing_communication_barring::kType,
+      "outgoing_communication_barringMarshaller"}},
     {kPolicy.ruleset, kPolicy.rule, &zt_ns_common_policy_conditionsType::kType, kPolicy.actions,
      &CommonPolicyBinding::kFlag, &zt_ns_common_policy_exceptType::kType}};
 

@@ -15,73 +15,60 @@ constexpr ZtEnumTable kReveal = {kRevealSlots, 3, 3, ZT_REVEAL_UNSET, true};
 constexpr ZtRange kSeconds = {zt_NoReplyTimer::kLeast, zt_NoReplyTimer::kMost};
 
 struct Actions {
-  static constexpr char kEntryLine[] = "<XML Module>: AddActionsElementToXml";
+  static constexpr char kWriter[] = "<XML Module>: AddActionsElementToXml";
   static constexpr ZtChoice kActions[] = {CommonPolicyBinding::kFlags,
                                           {XML_STR_MEDIA, zt_ns_xcap_media_type::kType},
                                           {XML_STR_FORWARD_TO, zt_ns_xcap_forward_to_type::kType},
                                           {}};
 };
-constexpr const ZtPolicyTypes& kPolicy = CommonPolicyBinding::kTypes<Actions>;
+constexpr const ZtPolicyTypes& kPolicy = ZtPolicyOf<Actions>::kTypes;
 
 }  // namespace
 
 // ---- Types --------------------------------------------------------------------------------------
 
-struct CommunicationDiversionBinding {
-  // Intended: a timer that was read without a number in its range is written as 0, which its setter
-  // does not take; callers replace such a timer.
-  static constexpr ZtField kNoReplyTimer[] = {
-      ztrow::OwnText(XML_STR_NO_REPLY_TIMER, &zt_NoReplyTimer::m_Seconds, kSeconds)};
-
-  static constexpr ZtField kForwardTo[] = {
-      ztrow::TextElement(XML_STR_TARGET, &zt_ns_xcap_forward_to_type::m_Target),
-      ztrow::TextElement(XML_STR_NOTIFY_CALLER, &zt_ns_xcap_forward_to_type::m_NotifyCaller,
-                         kBoolean),
-      ztrow::TextElement(XML_STR_REVEAL_IDENTITY_TO_CALLER,
-                         &zt_ns_xcap_forward_to_type::m_RevealIdentityToCaller, kReveal),
-      ztrow::TextElement(XML_STR_REVEAL_SERVED_USER_IDENTITY_TO_CALLER,
-                         &zt_ns_xcap_forward_to_type::m_RevealServedUserIdentityToCaller, kReveal),
-      ztrow::TextElement(XML_STR_NOTIFY_SERVED_USER,
-                         &zt_ns_xcap_forward_to_type::m_NotifyServedUser, kBoolean),
-      ztrow::TextElement(XML_STR_NOTIFY_SERVED_USER_ON_OUTBOUND_CALL,
-                         &zt_ns_xcap_forward_to_type::m_NotifyServedUserOnOutboundCall, kBoolean),
-      ztrow::TextElement(XML_STR_REVEAL_IDENTITY_TO_TARGET,
-                         &zt_ns_xcap_forward_to_type::m_RevealIdentityToTarget, kReveal),
-  };
-
-  // Intended: a rule set that cannot be written is cut short where it fails, and the service is
-  // written to its end, so that callers get a text that is not well formed instead of none.
-  static constexpr ZtField kRoot[] = {
-      ZtExtensibleRows::kAttributes<ZtObject>, SimservBinding::kActive,
-      ztrow::Child(XML_STR_NO_REPLY_TIMER, &zt_communication_diversion::m_NoReplyTimer,
-                   zt_NoReplyTimer::kType)
-          .MadeHere(),
-      ztrow::Child(XML_STR_RULESET, &zt_communication_diversion::m_RuleSet, *kPolicy.ruleset)
-          .Lenient()};
-  static_assert(ztrow::Sound(kForwardTo) && ztrow::Sound(kRoot));
-};
-
-const ZtElementType zt_NoReplyTimer::kType =
+// Intended: a timer that was read without a number in its range is written as 0, which its setter
+// does not take; callers replace such a timer.
+const ZtElementType zt_NoReplyTimer::kType = {
     ZtTypeOf<zt_NoReplyTimer>("zt_NoReplyTimer", "NoReplyTimer", kFamily)
-        .Fields(CommunicationDiversionBinding::kNoReplyTimer)
-        .Writer(XML_STR_NO_REPLY_TIMER, "AddNoReplyTimerElementToXml", XML_STR_SS);
+        .Writer(XML_STR_NO_REPLY_TIMER, "AddNoReplyTimerElementToXml", XML_STR_SS),
+    {ztrow::OwnText(XML_STR_NO_REPLY_TIMER, &zt_NoReplyTimer::m_Seconds, kSeconds)}};
 
 // Intended: the writer of a forward-to is called AddForwardToElementtoXml, with a small "t";
 // callers and log readers use the name.
-const ZtElementType zt_ns_xcap_forward_to_type::kType =
+const ZtElementType zt_ns_xcap_forward_to_type::kType = {
     ZtTypeOf<zt_ns_xcap_forward_to_type>("zt_ns_xcap_forward_to_type",
                                          "CommunicationDiversion:ForwardToType", kFamily)
-        .Fields(CommunicationDiversionBinding::kForwardTo)
         .Writer(XML_STR_FORWARD_TO, "AddForwardToElementtoXml", XML_STR_SS)
-        .RefusesUnknownChildren();
+        .RefusesUnknownChildren(),
+    {ztrow::TextElement(XML_STR_TARGET, &zt_ns_xcap_forward_to_type::m_Target),
+     ztrow::TextElement(XML_STR_NOTIFY_CALLER, &zt_ns_xcap_forward_to_type::m_NotifyCaller,
+                        kBoolean),
+     ztrow::TextElement(XML_STR_REVEAL_IDENTITY_TO_CALLER,
+                        &zt_ns_xcap_forward_to_type::m_RevealIdentityToCaller, kReveal),
+     ztrow::TextElement(XML_STR_REVEAL_SERVED_USER_IDENTITY_TO_CALLER,
+                        &zt_ns_xcap_forward_to_type::m_RevealServedUserIdentityToCaller, kReveal),
+     ztrow::TextElement(XML_STR_NOTIFY_SERVED_USER, &zt_ns_xcap_forward_to_type::m_NotifyServedUser,
+                        kBoolean),
+     ztrow::TextElement(XML_STR_NOTIFY_SERVED_USER_ON_OUTBOUND_CALL,
+                        &zt_ns_xcap_forward_to_type::m_NotifyServedUserOnOutboundCall, kBoolean),
+     ztrow::TextElement(XML_STR_REVEAL_IDENTITY_TO_TARGET,
+                        &zt_ns_xcap_forward_to_type::m_RevealIdentityToTarget, kReveal)}};
 
-const ZtElementType zt_communication_diversion::kType =
+// Intended: a rule set that cannot be written is cut short where it fails, and the service is
+// written to its end, so that callers get a text that is not well formed instead of none.
+const ZtElementType zt_communication_diversion::kType = {
     ZtTypeOf<zt_communication_diversion>("communication-diversion", "CommunicationDiversion",
                                          kFamily)
-        .Fields(CommunicationDiversionBinding::kRoot)
         .Writer(XML_STR_COMMUNICATION_DIVERSION, "AddCommunication_diversionElementToXml",
                 XML_STR_SS)
-        .Root();
+        .Root(),
+    {SimservBinding::kAttributes, SimservBinding::kActive,
+     ztrow::Child(XML_STR_NO_REPLY_TIMER, &zt_communication_diversion::m_NoReplyTimer,
+                  zt_NoReplyTimer::kType)
+         .Arrives(ZtArrival::kAsText),
+     ztrow::Child(XML_STR_RULESET, &zt_communication_diversion::m_RuleSet, *kPolicy.ruleset)
+         .Lenient()}};
 
 int zt_NoReplyTimer::setNoReplyTimerValue(unsigned int seconds) {
   if (seconds < kLeast || seconds > kMost) return 0;

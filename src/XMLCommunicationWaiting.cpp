@@ -6,10 +6,11 @@ namespace {
 constexpr char kSource[] = "src/XMLCommunicationWaiting";
 }  // namespace
 
-const ZtElementType zt_communication_waiting::kType =
+const ZtElementType zt_communication_waiting::kType = {
     SimservBinding::Switch<zt_communication_waiting>(
         XML_STR_COMMUNICATION_WAITING, "communication-waiting", "CommunicationWaiting",
-        "AddCommunication_waitingElementToXml");
+        "AddCommunication_waitingElementToXml"),
+    {SimservBinding::kAttributes, SimservBinding::kActiveOrElseNot, SimservBinding::kElements}};
 
 Communication_waitingMarshaller::Communication_waitingMarshaller()
     : ZtDescribedBy(CommunicationWaitingContext::kDocument) {}

@@ -37,325 +37,221 @@ constexpr ZtEnumTable kDisconnectionMethods = {kDisconnectionSlots, 4, 4, ZT_DIS
 constexpr ZtEnumSlot kMediaSlots[] = {"recvonly", "sendonly", "sendrecv", "inactive"};
 constexpr ZtEnumTable kMediaStatuses = {kMediaSlots, 4, 4, ZT_MEDIA_STATUS_ABSENT, true};
 
+constexpr ZtExtras kNamespace = {
+    {{XML_STR_URN_IETF_PARAMS_XML_NS_CONFERENCE_INFO, XML_STR_ZT_NULL}}};
+
 }  // namespace
 
 // ---- Types --------------------------------------------------------------------------------------
 
-struct ConferenceInfoBinding {
-  static constexpr ZtField kExecution[] = {
-      kZtExtras,
-      ztrow::TextElement(XML_STR_WHEN, &zt_execution_type::m_When),
-      ztrow::TextElement(XML_STR_REASON, &zt_execution_type::m_Reason),
-      ztrow::TextElement(XML_STR_BY, &zt_execution_type::m_By),
-      kZtOthers,
-  };
+namespace {
 
-  static constexpr ZtField kUri[] = {
-      kZtExtras,
-      ztrow::TextElement(XML_STR_URI, &zt_uri_type::m_Uri),
-      ztrow::TextElement(XML_STR_DISPLAY_TEXT, &zt_uri_type::m_DisplayText),
-      ztrow::TextElement(XML_STR_PURPOSE, &zt_uri_type::m_Purpose),
-      ztrow::Child(XML_STR_MODIFIED, &zt_uri_type::m_Modified, zt_execution_type::kType),
-      kZtOthers,
-  };
-
-  static constexpr ZtField kUris[] = {
-      ztrow::Attribute(XML_STR_STATE, &zt_uris_type::m_State, kStates),
-      kZtExtras,
-      ztrow::Children(XML_STR_ENTRY, &zt_uris_type::m_Entries, zt_uri_type::kType)
-          .Note("<XML Module>: AddUrisTypeElementToXml tempNum: %d"),
-      kZtOthers,
-  };
-
-  // Intended: keywords and languages are split at every blank, so that two blanks in a row make an
-  // empty word; callers get n + 1 words for n blanks.
-  static constexpr ZtField kKeywords[] = {
-      kZtExtras,
-      ztrow::OwnWords(XML_STR_KEYWORDS, &zt_keywords_type::m_Words),
-      kZtOthers,
-  };
-
-  static constexpr ZtField kLanguages[] = {
-      kZtExtras,
-      ztrow::OwnWords(XML_STR_LANGUAGES, &zt_user_languages_type::m_Words),
-      kZtOthers,
-  };
-
-  static constexpr ZtField kRoles[] = {
-      kZtExtras,
-      ztrow::TextElements(XML_STR_ENTRY, &zt_user_roles_type::m_Entries),
-      kZtOthers,
-  };
-
-  static constexpr ZtField kMedium[] = {
-      ztrow::Attribute(XML_STR_LABEL, &zt_conference_medium_type::m_Label),
-      kZtExtras,
-      ztrow::TextElement(XML_STR_DISPLAY_TEXT, &zt_conference_medium_type::m_DisplayText),
-      ztrow::TextElement(XML_STR_TYPE, &zt_conference_medium_type::m_Type),
-      ztrow::TextElement(XML_STR_STATUS, &zt_conference_medium_type::m_Status, kMediaStatuses),
-      kZtOthers,
-  };
-
-  static constexpr ZtField kAvailableMedia[] = {
-      kZtExtras,
-      ztrow::Children(XML_STR_ENTRY, &zt_conference_media_type::m_Entries,
-                      zt_conference_medium_type::kType),
-      kZtOthers,
-  };
-
-  static bool WriteAvailableMedia(ZtElementWriter& writer, const XMLElement& self,
-                                  const ZtElementType&) {
-    int index = 0;
-    const auto& media = static_cast<const zt_conference_media_type&>(self);
-    for (ZtListNode* node = media.m_Entries.Head(); node; node = node->next, ++index) {
-      auto* medium = static_cast<XMLElement*>(node->data);
-      if (!medium) continue;
-      writer.Log(kZtLogTrace, "<XML Module>: AddConferenceMediaTypeElementToXml tempNum: %d",
+bool WriteAvailableMedia(ZtElementWriter& writer, const XMLElement& self, const ZtElementType&) {
+  int index = 0;
+  const auto& media = static_cast<const zt_conference_media_type&>(self);
+  ZtListNode* node = ZtHeadOf(media.getEntryListValue());
+  for (; node; node = node->next, ++index) {
+    auto* medium = static_cast<XMLElement*>(node->data);
+    if (!medium) continue;
+    writer.Log(kZtLogTrace, "<XML Module>: AddConferenceMediaTypeElementToXml tempNum: %d", index);
+    const auto* known = ZtAs<zt_conference_medium_type>(medium);
+    if (known && !known->getLabelValue()) {
+      writer.Log(kZtLogError,
+                 "<XML Module>: AddConferenceMediaTypeElementToXml: label attribute mandatory "
+                 "tempNum:%d",
                  index);
-      const auto* known = ZtAs<zt_conference_medium_type>(medium);
-      if (known && !known->getLabelValue()) {
-        writer.Log(kZtLogError,
-                   "<XML Module>: AddConferenceMediaTypeElementToXml: label attribute mandatory "
-                   "tempNum:%d",
-                   index);
-        return false;
-      }
-      if (!writer.Write(medium, zt_conference_medium_type::kType, XML_STR_ZT_NULL, XML_STR_ENTRY)) {
-        return false;
-      }
+      return false;
     }
-    return true;
+    if (!writer.Write(medium, zt_conference_medium_type::kType, XML_STR_ZT_NULL, XML_STR_ENTRY)) {
+      return false;
+    }
   }
+  return true;
+}
+constexpr ZtExtras kAvailableMedia = {{}, nullptr, WriteAvailableMedia};
 
-  static constexpr ZtField kDescription[] = {
-      kZtExtras,
-      ztrow::TextElement(XML_STR_DISPLAY_TEXT, &zt_conference_description_type::m_DisplayText),
-      ztrow::TextElement(XML_STR_SUBJECT, &zt_conference_description_type::m_Subject),
-      ztrow::TextElement(XML_STR_FREE_TEXT, &zt_conference_description_type::m_FreeText),
-      ztrow::Child(XML_STR_KEYWORDS, &zt_conference_description_type::m_Keywords,
-                   zt_keywords_type::kType)
-          .AtEnd(),
-      ztrow::Child(XML_STR_CONF_URIS, &zt_conference_description_type::m_ConfUris,
-                   zt_uris_type::kType),
-      ztrow::Child(XML_STR_SERVICE_URIS, &zt_conference_description_type::m_ServiceUris,
-                   zt_uris_type::kType),
-      ztrow::TextElement(XML_STR_MAXIMUM_USER_COUNT,
-                         &zt_conference_description_type::m_MaximumUserCount),
-      ztrow::Child(XML_STR_AVAILABLE_MEDIA, &zt_conference_description_type::m_AvailableMedia,
-                   zt_conference_media_type::kType),
-      kZtOthers,
-  };
+}  // namespace
 
-  static constexpr ZtField kHost[] = {
-      kZtExtras,
-      ztrow::TextElement(XML_STR_DISPLAY_TEXT, &zt_host_type::m_DisplayText),
-      ztrow::TextElement(XML_STR_WEB_PAGE, &zt_host_type::m_WebPage),
-      ztrow::Child(XML_STR_URIS, &zt_host_type::m_Uris, zt_uris_type::kType),
-      kZtOthers,
-  };
-
-  static constexpr ZtField kState[] = {
-      kZtExtras,
-      ztrow::TextElement(XML_STR_USER_COUNT, &zt_conference_state_type::m_UserCount),
-      ztrow::TextElement(XML_STR_ACTIVE, &zt_conference_state_type::m_Active, kTrueOrElseFalse),
-      ztrow::TextElement(XML_STR_LOCKED, &zt_conference_state_type::m_Locked, kTrueOrElseFalse),
-      kZtOthers,
-  };
-
-  static constexpr ZtField kSip[] = {
-      kZtExtras,
-      ztrow::TextElement(XML_STR_DISPLAY_TEXT, &zt_sip_dialog_id_type::m_DisplayText),
-      ztrow::TextElement(XML_STR_CALL_ID, &zt_sip_dialog_id_type::m_CallId),
-      ztrow::TextElement(XML_STR_FROM_TAG, &zt_sip_dialog_id_type::m_FromTag),
-      ztrow::TextElement(XML_STR_TO_TAG, &zt_sip_dialog_id_type::m_ToTag),
-      kZtOthers,
-  };
-
-  static constexpr ZtField kCall[] = {
-      kZtExtras,
-      ztrow::Child(XML_STR_SIP, &zt_call_type::m_Sip, zt_sip_dialog_id_type::kType),
-      kZtOthers,
-  };
-
-  static constexpr ZtField kMedia[] = {
-      ztrow::Attribute(XML_STR_ID, &zt_media_type::m_Id)
-          .Required("<XML Module>: AddMediaElementToXml: id attribute mandatory", kZtLogError),
-      kZtExtras,
-      ztrow::TextElement(XML_STR_DISPLAY_TEXT, &zt_media_type::m_DisplayText),
-      ztrow::TextElement(XML_STR_TYPE, &zt_media_type::m_Type),
-      ztrow::TextElement(XML_STR_LABEL, &zt_media_type::m_Label),
-      ztrow::TextElement(XML_STR_SRC_ID, &zt_media_type::m_SrcId),
-      ztrow::TextElement(XML_STR_STATUS, &zt_media_type::m_Status, kMediaStatuses),
-      kZtOthers,
-  };
-
-  static constexpr ZtField kEndpoint[] = {
-      ztrow::Attribute(XML_STR_STATE, &zt_endpoint_type::m_State, kStates),
-      ztrow::Attribute(XML_STR_ENTITY, &zt_endpoint_type::m_Entity),
-      kZtExtras,
-      ztrow::TextElement(XML_STR_DISPLAY_TEXT, &zt_endpoint_type::m_DisplayText),
-      ztrow::Child(XML_STR_REFERRED, &zt_endpoint_type::m_Referred, zt_execution_type::kType),
-      ztrow::TextElement(XML_STR_STATUS, &zt_endpoint_type::m_Status, kEndpointStatuses),
-      ztrow::TextElement(XML_STR_JOINING_METHOD, &zt_endpoint_type::m_JoiningMethod,
-                         kJoiningMethods),
-      ztrow::Child(XML_STR_JOINING_INFO, &zt_endpoint_type::m_JoiningInfo,
-                   zt_execution_type::kType),
-      ztrow::TextElement(XML_STR_DISCONNECTION_METHOD, &zt_endpoint_type::m_DisconnectionMethod,
-                         kDisconnectionMethods),
-      ztrow::Child(XML_STR_DISCONNECTION_INFO, &zt_endpoint_type::m_DisconnectionInfo,
-                   zt_execution_type::kType),
-      ztrow::Children(XML_STR_MEDIA, &zt_endpoint_type::m_Media, zt_media_type::kType)
-          .Note("<XML Module>: issue in Media Element number [tempNum: %d]"),
-      ztrow::Child(XML_STR_CALL_INFO, &zt_endpoint_type::m_CallInfo, zt_call_type::kType),
-      kZtOthers,
-  };
-
-  static constexpr ZtField kUser[] = {
-      ztrow::Attribute(XML_STR_STATE, &zt_user_type::m_State, kStates),
-      ztrow::Attribute(XML_STR_ENTITY, &zt_user_type::m_Entity),
-      kZtExtras,
-      ztrow::TextElement(XML_STR_DISPLAY_TEXT, &zt_user_type::m_DisplayText),
-      ztrow::Child(XML_STR_ASSOCIATED_AORS, &zt_user_type::m_AssociatedAors, zt_uris_type::kType),
-      ztrow::Child(XML_STR_ROLES, &zt_user_type::m_Roles, zt_user_roles_type::kType),
-      ztrow::Child(XML_STR_LANGUAGES, &zt_user_type::m_Languages, zt_user_languages_type::kType)
-          .AtEnd(),
-      ztrow::TextElement(XML_STR_CASCADED_FOCUS, &zt_user_type::m_CascadedFocus),
-      ztrow::Children(XML_STR_ENDPOINT, &zt_user_type::m_Endpoints, zt_endpoint_type::kType),
-      kZtOthers,
-  };
-
-  static constexpr ZtField kUsers[] = {
-      ztrow::Attribute(XML_STR_STATE, &zt_users_type::m_State, kStates),
-      kZtExtras,
-      ztrow::Children(XML_STR_USER, &zt_users_type::m_Users, zt_user_type::kType)
-          .Note("<XML Module>: AddIUsersElementToXml tempNum: %d"),
-      kZtOthers,
-  };
-
-  static constexpr ZtField kConference[] = {
-      ztrow::Attribute(XML_STR_STATE, &zt_conference_type::m_State, kStates),
-      ztrow::Attribute(XML_STR_VERSION, &zt_conference_type::m_Version),
-      ZtExtensibleRows::kAttributes<ZtObject>,
-      ztrow::Attribute(XML_STR_ENTITY, &zt_conference_type::m_Entity)
-          .Required("<XML Module>: AddConferenceInfoElementToXml entity attribute is mandatory",
-                    kZtLogError),
-      ztrow::Child(XML_STR_CONFERENCE_DESCRIPTION, &zt_conference_type::m_ConferenceDescription,
-                   zt_conference_description_type::kType),
-      ztrow::Child(XML_STR_HOST_INFO, &zt_conference_type::m_HostInfo, zt_host_type::kType),
-      ztrow::Child(XML_STR_CONFERENCE_STATE, &zt_conference_type::m_ConferenceState,
-                   zt_conference_state_type::kType),
-      ztrow::Child(XML_STR_USERS, &zt_conference_type::m_Users, zt_users_type::kType),
-      ztrow::Child(XML_STR_SIDEBARS_BY_REF, &zt_conference_type::m_SidebarsByRef,
-                   zt_uris_type::kType),
-      ztrow::Child(XML_STR_SIDEBARS_BY_VAL, &zt_conference_type::m_SidebarsByVal,
-                   zt_sidebars_by_val_type::kType),
-      ZtExtensibleRows::kElements<ZtObject>,
-  };
-
-  // An entry of the sidebars is a conference that does not declare its namespace again.
-  static constexpr ZtElementType kSidebar =
-      ZtTypeOf<zt_conference_type>("zt_conference_type", "conference-info", kFamily)
-          .Fields(kConference)
-          .Writer(XML_STR_ENTRY, "AddConferenceInfoElementToXml");
-  static constexpr ZtField kSidebars[] = {
-      ztrow::Attribute(XML_STR_STATE, &zt_sidebars_by_val_type::m_State, kStates),
-      kZtExtras,
-      ztrow::Children(XML_STR_ENTRY, &zt_sidebars_by_val_type::m_Entries, kSidebar)
-          .Note("<XML Module>: Add Sidebars_by_val ElementToXml fail @ tempNum: %d"),
-      kZtOthers,
-  };
-
-  static constexpr ZtFixedAttribute kNamespace[] = {
-      {XML_STR_URN_IETF_PARAMS_XML_NS_CONFERENCE_INFO, XML_STR_ZT_NULL}};
-
-  static_assert(ztrow::Sound(kUser) && ztrow::Sound(kEndpoint) && ztrow::Sound(kMedia));
-  static_assert(ztrow::Sound(kConference) && ztrow::Sound(kDescription) && ztrow::Sound(kUri));
-};
-
-const ZtElementType zt_execution_type::kType =
+const ZtElementType zt_execution_type::kType = {
     ZtTypeOf<zt_execution_type>("zt_execution_type", "execution", kFamily)
-        .Fields(ConferenceInfoBinding::kExecution)
-        .Writer(XML_STR_ZT_NULL, "AddExecutionTypeElementToXml");
-const ZtElementType zt_uri_type::kType = ZtTypeOf<zt_uri_type>("zt_uri_type", "entry", kFamily)
-                                             .Fields(ConferenceInfoBinding::kUri)
-                                             .Writer(XML_STR_ENTRY, "AddUriTypeElementToXml");
-const ZtElementType zt_uris_type::kType = ZtTypeOf<zt_uris_type>("zt_uris_type", "uris", kFamily)
-                                              .Fields(ConferenceInfoBinding::kUris)
-                                              .Writer(XML_STR_URIS, "AddUrisTypeElementToXml");
-const ZtElementType zt_keywords_type::kType =
-    ZtTypeOf<zt_keywords_type>("zt_keywords_type", "keywords", kFamily)
-        .Fields(ConferenceInfoBinding::kKeywords);
-const ZtElementType zt_user_languages_type::kType =
-    ZtTypeOf<zt_user_languages_type>("zt_user_languages_type", "languages", kFamily)
-        .Fields(ConferenceInfoBinding::kLanguages);
-const ZtElementType zt_user_roles_type::kType =
-    ZtTypeOf<zt_user_roles_type>("zt_user_roles_type", "roles", kFamily)
-        .Fields(ConferenceInfoBinding::kRoles);
-const ZtElementType zt_conference_medium_type::kType =
+        .Writer(XML_STR_ZT_NULL, "AddExecutionTypeElementToXml"),
+    {kZtExtras, ztrow::TextElement(XML_STR_WHEN, &zt_execution_type::m_When),
+     ztrow::TextElement(XML_STR_REASON, &zt_execution_type::m_Reason),
+     ztrow::TextElement(XML_STR_BY, &zt_execution_type::m_By), kZtOthers}};
+const ZtElementType zt_uri_type::kType = {
+    ZtTypeOf<zt_uri_type>("zt_uri_type", "entry", kFamily)
+        .Writer(XML_STR_ENTRY, "AddUriTypeElementToXml"),
+    {kZtExtras, ztrow::TextElement(XML_STR_URI, &zt_uri_type::m_Uri),
+     ztrow::TextElement(XML_STR_DISPLAY_TEXT, &zt_uri_type::m_DisplayText),
+     ztrow::TextElement(XML_STR_PURPOSE, &zt_uri_type::m_Purpose),
+     ztrow::Child(XML_STR_MODIFIED, &zt_uri_type::m_Modified, zt_execution_type::kType),
+     kZtOthers}};
+const ZtElementType zt_uris_type::kType = {
+    ZtTypeOf<zt_uris_type>("zt_uris_type", "uris", kFamily)
+        .Writer(XML_STR_URIS, "AddUrisTypeElementToXml"),
+    {ztrow::Attribute(XML_STR_STATE, &zt_uris_type::m_State, kStates), kZtExtras,
+     ztrow::Children(XML_STR_ENTRY, &zt_uris_type::m_Entries, zt_uri_type::kType)
+         .NoteFailed("<XML Module>: AddUrisTypeElementToXml tempNum: %d"),
+     kZtOthers}};
+// Intended: keywords and languages are split at every blank, so that two blanks in a row make an
+// empty word; callers get n + 1 words for n blanks.
+const ZtElementType zt_keywords_type::kType = {
+    ZtTypeOf<zt_keywords_type>("zt_keywords_type", "keywords", kFamily),
+    {kZtExtras, ztrow::OwnWords(XML_STR_KEYWORDS, &zt_keywords_type::m_Words), kZtOthers}};
+const ZtElementType zt_user_languages_type::kType = {
+    ZtTypeOf<zt_user_languages_type>("zt_user_languages_type", "languages", kFamily),
+    {kZtExtras, ztrow::OwnWords(XML_STR_LANGUAGES, &zt_user_languages_type::m_Words), kZtOthers}};
+const ZtElementType zt_user_roles_type::kType = {
+    ZtTypeOf<zt_user_roles_type>("zt_user_roles_type", "roles", kFamily),
+    {kZtExtras, ztrow::TextElements(XML_STR_ENTRY, &zt_user_roles_type::m_Entries), kZtOthers}};
+const ZtElementType zt_conference_medium_type::kType = {
     ZtTypeOf<zt_conference_medium_type>("zt_conference_medium_type", "entry", kFamily)
-        .Fields(ConferenceInfoBinding::kMedium)
-        .Writer(XML_STR_ZT_NULL, "AddConferenceMediumTypeElementToXml");
-const ZtElementType zt_conference_media_type::kType =
+        .Writer(XML_STR_ZT_NULL, "AddConferenceMediumTypeElementToXml"),
+    {ztrow::Attribute(XML_STR_LABEL, &zt_conference_medium_type::m_Label), kZtExtras,
+     ztrow::TextElement(XML_STR_DISPLAY_TEXT, &zt_conference_medium_type::m_DisplayText),
+     ztrow::TextElement(XML_STR_TYPE, &zt_conference_medium_type::m_Type),
+     ztrow::TextElement(XML_STR_STATUS, &zt_conference_medium_type::m_Status, kMediaStatuses),
+     kZtOthers}};
+const ZtElementType zt_conference_media_type::kType = {
     ZtTypeOf<zt_conference_media_type>("zt_conference_media_type", "available-media", kFamily)
-        .Fields(ConferenceInfoBinding::kAvailableMedia)
         .Writer(XML_STR_AVAILABLE_MEDIA, "AddConferenceMediaTypeElementToXml")
-        .OnContent(ConferenceInfoBinding::WriteAvailableMedia);
-const ZtElementType zt_conference_description_type::kType =
+        .With(kAvailableMedia),
+    {kZtExtras,
+     ztrow::Children(XML_STR_ENTRY, &zt_conference_media_type::m_Entries,
+                     zt_conference_medium_type::kType),
+     kZtOthers}};
+const ZtElementType zt_conference_description_type::kType = {
     ZtTypeOf<zt_conference_description_type>("zt_conference_description_type",
                                              "conference-description", kFamily)
-        .Fields(ConferenceInfoBinding::kDescription)
-        .Writer(XML_STR_CONFERENCE_DESCRIPTION, "AddConferenceDescriptionElementToXml");
-const ZtElementType zt_host_type::kType =
+        .Writer(XML_STR_CONFERENCE_DESCRIPTION, "AddConferenceDescriptionElementToXml"),
+    {kZtExtras,
+     ztrow::TextElement(XML_STR_DISPLAY_TEXT, &zt_conference_description_type::m_DisplayText),
+     ztrow::TextElement(XML_STR_SUBJECT, &zt_conference_description_type::m_Subject),
+     ztrow::TextElement(XML_STR_FREE_TEXT, &zt_conference_description_type::m_FreeText),
+     ztrow::Child(XML_STR_KEYWORDS, &zt_conference_description_type::m_Keywords,
+                  zt_keywords_type::kType)
+         .Arrives(ZtArrival::kAtEnd),
+     ztrow::Child(XML_STR_CONF_URIS, &zt_conference_description_type::m_ConfUris,
+                  zt_uris_type::kType),
+     ztrow::Child(XML_STR_SERVICE_URIS, &zt_conference_description_type::m_ServiceUris,
+                  zt_uris_type::kType),
+     ztrow::TextElement(XML_STR_MAXIMUM_USER_COUNT,
+                        &zt_conference_description_type::m_MaximumUserCount),
+     ztrow::Child(XML_STR_AVAILABLE_MEDIA, &zt_conference_description_type::m_AvailableMedia,
+                  zt_conference_media_type::kType),
+     kZtOthers}};
+const ZtElementType zt_host_type::kType = {
     ZtTypeOf<zt_host_type>("zt_host_type", "host-info", kFamily)
-        .Fields(ConferenceInfoBinding::kHost)
-        .Writer(XML_STR_HOST_INFO, "AddHostInfoElementToXml");
-const ZtElementType zt_conference_state_type::kType =
+        .Writer(XML_STR_HOST_INFO, "AddHostInfoElementToXml"),
+    {kZtExtras, ztrow::TextElement(XML_STR_DISPLAY_TEXT, &zt_host_type::m_DisplayText),
+     ztrow::TextElement(XML_STR_WEB_PAGE, &zt_host_type::m_WebPage),
+     ztrow::Child(XML_STR_URIS, &zt_host_type::m_Uris, zt_uris_type::kType), kZtOthers}};
+const ZtElementType zt_conference_state_type::kType = {
     ZtTypeOf<zt_conference_state_type>("zt_conference_state_type", "conference-state", kFamily)
-        .Fields(ConferenceInfoBinding::kState)
-        .Writer(XML_STR_CONFERENCE_STATE, "AddConferenceStateElementToXml");
-const ZtElementType zt_sip_dialog_id_type::kType =
+        .Writer(XML_STR_CONFERENCE_STATE, "AddConferenceStateElementToXml"),
+    {kZtExtras, ztrow::TextElement(XML_STR_USER_COUNT, &zt_conference_state_type::m_UserCount),
+     ztrow::TextElement(XML_STR_ACTIVE, &zt_conference_state_type::m_Active, kTrueOrElseFalse),
+     ztrow::TextElement(XML_STR_LOCKED, &zt_conference_state_type::m_Locked, kTrueOrElseFalse),
+     kZtOthers}};
+const ZtElementType zt_sip_dialog_id_type::kType = {
     ZtTypeOf<zt_sip_dialog_id_type>("zt_sip_dialog_id_type", "sip", kFamily)
-        .Fields(ConferenceInfoBinding::kSip)
-        .Writer(XML_STR_SIP, "AddSipElementToXml");
-const ZtElementType zt_call_type::kType =
-    ZtTypeOf<zt_call_type>("zt_call_type", "call-info", kFamily)
-        .Fields(ConferenceInfoBinding::kCall);
-const ZtElementType zt_media_type::kType =
+        .Writer(XML_STR_SIP, "AddSipElementToXml"),
+    {kZtExtras, ztrow::TextElement(XML_STR_DISPLAY_TEXT, &zt_sip_dialog_id_type::m_DisplayText),
+     ztrow::TextElement(XML_STR_CALL_ID, &zt_sip_dialog_id_type::m_CallId),
+     ztrow::TextElement(XML_STR_FROM_TAG, &zt_sip_dialog_id_type::m_FromTag),
+     ztrow::TextElement(XML_STR_TO_TAG, &zt_sip_dialog_id_type::m_ToTag), kZtOthers}};
+const ZtElementType zt_call_type::kType = {
+    ZtTypeOf<zt_call_type>("zt_call_type", "call-info", kFamily),
+    {kZtExtras, ztrow::Child(XML_STR_SIP, &zt_call_type::m_Sip, zt_sip_dialog_id_type::kType),
+     kZtOthers}};
+const ZtElementType zt_media_type::kType = {
     ZtTypeOf<zt_media_type>("zt_media_type", "media", kFamily)
-        .Fields(ConferenceInfoBinding::kMedia)
-        .Writer(XML_STR_MEDIA, "AddMediaElementToXml");
-const ZtElementType zt_endpoint_type::kType =
+        .Writer(XML_STR_MEDIA, "AddMediaElementToXml"),
+    {ztrow::Attribute(XML_STR_ID, &zt_media_type::m_Id)
+         .Required("<XML Module>: AddMediaElementToXml: id attribute mandatory", kZtLogError),
+     kZtExtras, ztrow::TextElement(XML_STR_DISPLAY_TEXT, &zt_media_type::m_DisplayText),
+     ztrow::TextElement(XML_STR_TYPE, &zt_media_type::m_Type),
+     ztrow::TextElement(XML_STR_LABEL, &zt_media_type::m_Label),
+     ztrow::TextElement(XML_STR_SRC_ID, &zt_media_type::m_SrcId),
+     ztrow::TextElement(XML_STR_STATUS, &zt_media_type::m_Status, kMediaStatuses), kZtOthers}};
+const ZtElementType zt_endpoint_type::kType = {
     ZtTypeOf<zt_endpoint_type>("zt_endpoint_type", "endpoint", kFamily)
-        .Fields(ConferenceInfoBinding::kEndpoint)
-        .Writer(XML_STR_ENDPOINT, "AddEndPointElementToXml");
-const ZtElementType zt_user_type::kType =
+        .Writer(XML_STR_ENDPOINT, "AddEndPointElementToXml"),
+    {ztrow::Attribute(XML_STR_STATE, &zt_endpoint_type::m_State, kStates),
+     ztrow::Attribute(XML_STR_ENTITY, &zt_endpoint_type::m_Entity), kZtExtras,
+     ztrow::TextElement(XML_STR_DISPLAY_TEXT, &zt_endpoint_type::m_DisplayText),
+     ztrow::Child(XML_STR_REFERRED, &zt_endpoint_type::m_Referred, zt_execution_type::kType),
+     ztrow::TextElement(XML_STR_STATUS, &zt_endpoint_type::m_Status, kEndpointStatuses),
+     ztrow::TextElement(XML_STR_JOINING_METHOD, &zt_endpoint_type::m_JoiningMethod,
+                        kJoiningMethods),
+     ztrow::Child(XML_STR_JOINING_INFO, &zt_endpoint_type::m_JoiningInfo, zt_execution_type::kType),
+     ztrow::TextElement(XML_STR_DISCONNECTION_METHOD, &zt_endpoint_type::m_DisconnectionMethod,
+                        kDisconnectionMethods),
+     ztrow::Child(XML_STR_DISCONNECTION_INFO, &zt_endpoint_type::m_DisconnectionInfo,
+                  zt_execution_type::kType),
+     ztrow::Children(XML_STR_MEDIA, &zt_endpoint_type::m_Media, zt_media_type::kType)
+         .NoteFailed("<XML Module>: issue in Media Element number [tempNum: %d]"),
+     ztrow::Child(XML_STR_CALL_INFO, &zt_endpoint_type::m_CallInfo, zt_call_type::kType),
+     kZtOthers}};
+const ZtElementType zt_user_type::kType = {
     ZtTypeOf<zt_user_type>("zt_user_type", "user", kFamily)
-        .Fields(ConferenceInfoBinding::kUser)
         // Intended: log readers know the writer of a user as "AddUserElementToXkjml".
-        .Writer(XML_STR_USER, "AddUserElementToXkjml");
+        .Writer(XML_STR_USER, "AddUserElementToXkjml"),
+    {ztrow::Attribute(XML_STR_STATE, &zt_user_type::m_State, kStates),
+     ztrow::Attribute(XML_STR_ENTITY, &zt_user_type::m_Entity), kZtExtras,
+     ztrow::TextElement(XML_STR_DISPLAY_TEXT, &zt_user_type::m_DisplayText),
+     ztrow::Child(XML_STR_ASSOCIATED_AORS, &zt_user_type::m_AssociatedAors, zt_uris_type::kType),
+     ztrow::Child(XML_STR_ROLES, &zt_user_type::m_Roles, zt_user_roles_type::kType),
+     ztrow::Child(XML_STR_LANGUAGES, &zt_user_type::m_Languages, zt_user_languages_type::kType)
+         .Arrives(ZtArrival::kAtEnd),
+     ztrow::TextElement(XML_STR_CASCADED_FOCUS, &zt_user_type::m_CascadedFocus),
+     ztrow::Children(XML_STR_ENDPOINT, &zt_user_type::m_Endpoints, zt_endpoint_type::kType),
+     kZtOthers}};
 // Intended: the writer of "users" is called AddIUsersElementToXml; callers and log readers use the
 // name.
-const ZtElementType zt_users_type::kType =
+const ZtElementType zt_users_type::kType = {
     ZtTypeOf<zt_users_type>("zt_users_type", "users", kFamily)
-        .Fields(ConferenceInfoBinding::kUsers)
-        .Writer(XML_STR_USERS, "AddIUsersElementToXml");
-const ZtElementType zt_sidebars_by_val_type::kType =
-    ZtTypeOf<zt_sidebars_by_val_type>("zt_sidebars_by_val_type", "sidebars-by-val", kFamily)
-        .Fields(ConferenceInfoBinding::kSidebars);
-const ZtElementType zt_conference_type::kType =
+        .Writer(XML_STR_USERS, "AddIUsersElementToXml"),
+    {ztrow::Attribute(XML_STR_STATE, &zt_users_type::m_State, kStates), kZtExtras,
+     ztrow::Children(XML_STR_USER, &zt_users_type::m_Users, zt_user_type::kType)
+         .NoteFailed("<XML Module>: AddIUsersElementToXml tempNum: %d"),
+     kZtOthers}};
+const ZtElementType zt_sidebars_by_val_type::kType = {
+    ZtTypeOf<zt_sidebars_by_val_type>("zt_sidebars_by_val_type", "sidebars-by-val", kFamily),
+    {ztrow::Attribute(XML_STR_STATE, &zt_sidebars_by_val_type::m_State, kStates), kZtExtras,
+     ztrow::Children(XML_STR_ENTRY, &zt_sidebars_by_val_type::m_Entries, zt_conference_type::kType)
+         .NoteFailed("<XML Module>: Add Sidebars_by_val ElementToXml fail @ tempNum: %d"),
+     kZtOthers}};
+// An entry of the sidebars is one, too, which does not declare the namespace again.
+const ZtElementType zt_conference_type::kType = {
     ZtTypeOf<zt_conference_type>("zt_conference_type", "conference-info", kFamily)
-        .Fields(ConferenceInfoBinding::kConference)
         .Writer(XML_STR_CONFERENCE_INFO, "AddConferenceInfoElementToXml")
-        .Declares(ConferenceInfoBinding::kNamespace)
-        .Root();
+        .With(kNamespace)
+        .Root(),
+    {ztrow::Attribute(XML_STR_STATE, &zt_conference_type::m_State, kStates),
+     ztrow::Attribute(XML_STR_VERSION, &zt_conference_type::m_Version),
+     ZtExtensibleRows::kAttributes<ZtObject>,
+     ztrow::Attribute(XML_STR_ENTITY, &zt_conference_type::m_Entity)
+         .Required("<XML Module>: AddConferenceInfoElementToXml entity attribute is mandatory",
+                   kZtLogError),
+     ztrow::Child(XML_STR_CONFERENCE_DESCRIPTION, &zt_conference_type::m_ConferenceDescription,
+                  zt_conference_description_type::kType),
+     ztrow::Child(XML_STR_HOST_INFO, &zt_conference_type::m_HostInfo, zt_host_type::kType),
+     ztrow::Child(XML_STR_CONFERENCE_STATE, &zt_conference_type::m_ConferenceState,
+                  zt_conference_state_type::kType),
+     ztrow::Child(XML_STR_USERS, &zt_conference_type::m_Users, zt_users_type::kType),
+     ztrow::Child(XML_STR_SIDEBARS_BY_REF, &zt_conference_type::m_SidebarsByRef,
+                  zt_uris_type::kType),
+     ztrow::Child(XML_STR_SIDEBARS_BY_VAL, &zt_conference_type::m_SidebarsByVal,
+                  zt_sidebars_by_val_type::kType),
+     ZtExtensibleRows::kElements<ZtObject>}};
 
 // ---- Workers ------------------------------------------------------------------------------------
 
 int Conference_infoMarshall::AddConferenceInfoElementToXml(zt_conference_type* conference,
                                                            e_XmlStrRef name) {
-  const bool root = name == XML_STR_CONFERENCE_INFO;
-  return Write(conference, root ? zt_conference_type::kType : ConferenceInfoBinding::kSidebar,
-               XML_STR_ZT_NULL, name);
+  return Write(conference, zt_conference_type::kType, XML_STR_ZT_NULL,
+               name == XML_STR_ZT_NULL ? XML_STR_ENTRY : name);
 }
 int Conference_infoMarshall::AddUrisTypeElementToXml(zt_uris_type* uris, e_XmlStrRef name) {
   return Write(uris, zt_uris_type::kType, XML_STR_ZT_NULL, name);

@@ -10,37 +10,26 @@ constexpr ZtFamily kFamily = ZtPlainFamily(kSource);
 
 // ---- Types --------------------------------------------------------------------------------------
 
-struct FileBinding {
-  static constexpr ZtField kData[] = {
-      ztrow::Attribute(XML_STR_ETAG, &zt_ns_ft_data::m_Etag),
-      ztrow::Attribute(XML_STR_UNTIL, &zt_ns_ft_data::m_Until),
-      ztrow::Attribute(XML_STR_URL, &zt_ns_ft_data::m_Url),
-  };
-  static constexpr ZtField kFileInfo[] = {
-      ztrow::Attribute(XML_STR_TYPE, &zt_ns_ft_file_info::m_Type),
-      ztrow::TextElement(XML_STR_FILE_SIZE, &zt_ns_ft_file_info::m_FileSize),
-      ztrow::Child(XML_STR_DATA, &zt_ns_ft_file_info::m_Data, zt_ns_ft_data::kType),
-  };
-  static constexpr ZtField kFile[] = {
-      ztrow::Children(XML_STR_FILE_INFO, &zt_file::m_FileInfos, zt_ns_ft_file_info::kType),
-  };
-  static_assert(ztrow::Sound(kData) && ztrow::Sound(kFileInfo));
-};
+const ZtElementType zt_ns_ft_data::kType = {
+    ZtTypeOf<zt_ns_ft_data>("zt_ns_ft_data", "data", kFamily)
+        .Writer(XML_STR_DATA, "AddDataElementToXml")
+        .Starts(ZtStartTag::kEmpty),
+    {ztrow::Attribute(XML_STR_ETAG, &zt_ns_ft_data::m_Etag),
+     ztrow::Attribute(XML_STR_UNTIL, &zt_ns_ft_data::m_Until),
+     ztrow::Attribute(XML_STR_URL, &zt_ns_ft_data::m_Url)}};
 
-const ZtElementType zt_ns_ft_data::kType = ZtTypeOf<zt_ns_ft_data>("zt_ns_ft_data", "data", kFamily)
-                                               .Fields(FileBinding::kData)
-                                               .Writer(XML_STR_DATA, "AddDataElementToXml")
-                                               .SelfClosing();
-
-const ZtElementType zt_ns_ft_file_info::kType =
+const ZtElementType zt_ns_ft_file_info::kType = {
     ZtTypeOf<zt_ns_ft_file_info>("zt_ns_ft_file_info", "file-info", kFamily)
-        .Fields(FileBinding::kFileInfo)
-        .Writer(XML_STR_FILE_INFO, "AddFileInfoElementToXml");
+        .Writer(XML_STR_FILE_INFO, "AddFileInfoElementToXml"),
+    {ztrow::Attribute(XML_STR_TYPE, &zt_ns_ft_file_info::m_Type),
+     ztrow::TextElement(XML_STR_FILE_SIZE, &zt_ns_ft_file_info::m_FileSize),
+     ztrow::Child(XML_STR_DATA, &zt_ns_ft_file_info::m_Data, zt_ns_ft_data::kType)}};
 
-const ZtElementType zt_file::kType = ZtTypeOf<zt_file>("zt_file", "file", kFamily)
-                                         .Fields(FileBinding::kFile)
-                                         .Writer(XML_STR_FILE, "AddFileElementToXml")
-                                         .Root();
+const ZtElementType zt_file::kType = {
+    ZtTypeOf<zt_file>("zt_file", "file", kFamily)
+        .Writer(XML_STR_FILE, "AddFileElementToXml")
+        .Root(),
+    {ztrow::Children(XML_STR_FILE_INFO, &zt_file::m_FileInfos, zt_ns_ft_file_info::kType)}};
 
 // ---- Workers ------------------------------------------------------------------------------------
 

@@ -20,46 +20,45 @@ constexpr ZtFamily kFamily = {kSource, &kLines, nullptr, "<XML Module>: %s Faile
 // Intended: a GRUU without its uri fails before its start tag is closed. The writer of registration
 // information goes on even so, with the tag left open in its text; callers set a uri.
 struct GruuBinding {
-  static constexpr ZtField kPublic[] = {
+  static constexpr ZtField kPublicUri =
       ztrow::Attribute(XML_STR_URI, &ZtGruu::m_Uri)
           .Required("<XML Module>: AddPubGruuElementToXml: Uri is a mandatory attribute",
-                    kZtLogError),
-  };
-  // Intended: "first-cseq" is written when it is 0, too, where a 0 mostly means absent: RFC 5628
-  // requires the attribute of every temporary GRUU, and peers look for it.
-  static constexpr ZtField kTemporary[] = {
-      ztrow::Attribute(XML_STR_FIRST_CSEQ, &ZtTemporaryGruu::m_FirstCseq).Always(),
+                    kZtLogError);
+  static constexpr ZtField kTemporaryUri =
       ztrow::Attribute(XML_STR_URI, &ZtGruu::m_Uri)
           .Required("<XML Module>: AddTempGruuElementToXml: Uri is a mandatory attribute",
-                    kZtLogError),
-  };
-  static_assert(ztrow::Sound(kPublic) && ztrow::Sound(kTemporary));
+                    kZtLogError);
+  // Intended: "first-cseq" is written when it is 0, too, where a 0 mostly means absent: RFC 5628
+  // requires the attribute of every temporary GRUU, and peers look for it.
+  static constexpr ZtField kFirstCseq =
+      ztrow::Attribute(XML_STR_FIRST_CSEQ, &ZtTemporaryGruu::m_FirstCseq).Always();
 
   // Intended: a GRUU on its own declares no namespace, although it has an XML declaration; callers
   // put it into a document that declares one.
   template <class T>
-  static constexpr ZtElementType Public(const char* className) {
+  static constexpr ZtTypeFacts Public(const char* className) {
     return ZtTypeOf<T>(className, "pub-gruu", kFamily)
-        .Fields(kPublic)
         .Writer(XML_STR_PUB_GRUU, "AddPubGruuElementToXml")
-        .SelfClosing();
+        .Starts(ZtStartTag::kEmpty);
   }
   template <class T>
-  static constexpr ZtElementType Temporary(const char* className) {
+  static constexpr ZtTypeFacts Temporary(const char* className) {
     return ZtTypeOf<T>(className, "temp-gruu", kFamily)
-        .Fields(kTemporary)
         .Writer(XML_STR_TEMP_GRUU, "AddTempGruuElementToXml")
-        .SelfClosing();
+        .Starts(ZtStartTag::kEmpty);
   }
 };
+using Gruu = GruuBinding;
 
-const ZtElementType zt_pub_gruu::kType = GruuBinding::Public<zt_pub_gruu>("zt_pub_gruu").Root();
-const ZtElementType zt_temp_gruu::kType =
-    GruuBinding::Temporary<zt_temp_gruu>("zt_temp_gruu").Root();
-const ZtElementType zt_ns_gruuinfo_pubGruu::kType =
-    GruuBinding::Public<zt_ns_gruuinfo_pubGruu>("zt_ns_gruuinfo_pubGruu");
-const ZtElementType zt_ns_gruuinfo_tempGruu::kType =
-    GruuBinding::Temporary<zt_ns_gruuinfo_tempGruu>("zt_ns_gruuinfo_tempGruu");
+const ZtElementType zt_pub_gruu::kType = {Gruu::Public<zt_pub_gruu>("zt_pub_gruu").Root(),
+                                          {Gruu::kPublicUri}};
+const ZtElementType zt_temp_gruu::kType = {Gruu::Temporary<zt_temp_gruu>("zt_temp_gruu").Root(),
+                                           {Gruu::kFirstCseq, Gruu::kTemporaryUri}};
+const ZtElementType zt_ns_gruuinfo_pubGruu::kType = {
+    Gruu::Public<zt_ns_gruuinfo_pubGruu>("zt_ns_gruuinfo_pubGruu"), {Gruu::kPublicUri}};
+const ZtElementType zt_ns_gruuinfo_tempGruu::kType = {
+    Gruu::Temporary<zt_ns_gruuinfo_tempGruu>("zt_ns_gruuinfo_tempGruu"),
+    {Gruu::kFirstCseq, Gruu::kTemporaryUri}};
 
 // ---- Workers ------------------------------------------------------------------------------------
 

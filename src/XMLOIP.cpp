@@ -6,10 +6,11 @@ namespace {
 constexpr char kSource[] = "src/XMLOIP";
 }  // namespace
 
-const ZtElementType zt_originating_identity_presentation::kType =
+const ZtElementType zt_originating_identity_presentation::kType = {
     SimservBinding::Switch<zt_originating_identity_presentation>(
         XML_STR_ORIGINATING_IDENTITY_PRESENTATION, "originating-identity-presentation",
-        "OriginatingIdentityPresentation", "AddOriginatingIdentityPresentationElementToXml");
+        "OriginatingIdentityPresentation", "AddOriginatingIdentityPresentationElementToXml"),
+    {SimservBinding::kAttributes, SimservBinding::kActiveOrElseNot, SimservBinding::kElements}};
 
 OIPMarshaller::OIPMarshaller() : ZtDescribedBy(OIPContext::kDocument) {}
 

@@ -6,46 +6,40 @@ namespace {
 constexpr ZtFamily kFamily = ZtPresenceFamily("src/XMLOmaPres");
 }  // namespace
 
+const ZtElementType zt_ns_oma_pres_service_description::kType = {
+    ZtTypeOf<zt_ns_oma_pres_service_description>("zt_ns_oma_pres_service_description",
+                                                 "service-description", kFamily)
+        .Writer(XML_STR_SERVICE_DESCRIPTION, "AddServiceDescriptionElementToXml", XML_STR_OP),
+    {ztrow::TextElement(XML_STR_SERVICE_ID, &zt_ns_oma_pres_service_description::m_ServiceId),
+     ztrow::TextElement(XML_STR_VERSION, &zt_ns_oma_pres_service_description::m_Version),
+     ztrow::TextElement(XML_STR_DESCRIPTION, &zt_ns_oma_pres_service_description::m_Description),
+     kZtOthers}};
+
+// Intended: willingness, session-participation, registration-state, barring-state and
+// overriding-willingness are neither read nor written: their types are for callers that offer them
+// texts.
 struct OmaPresBinding {
-  using ServiceDescription = zt_ns_oma_pres_service_description;
-  static constexpr ZtField kServiceDescription[] = {
-      ztrow::TextElement(XML_STR_SERVICE_ID, &ServiceDescription::m_ServiceId),
-      ztrow::TextElement(XML_STR_VERSION, &ServiceDescription::m_Version),
-      ztrow::TextElement(XML_STR_DESCRIPTION, &ServiceDescription::m_Description),
-      kZtOthers,
-  };
-  static_assert(ztrow::Sound(kServiceDescription));
-
-  template <ZtExtraName kElement>
-  static constexpr ZtField kText[] = {ztrow::OwnText(kElement, &ZtOmaPresText::m_Value)};
-
-  // Intended: willingness, session-participation, registration-state, barring-state and
-  // overriding-willingness are neither read nor written: their types are for callers that offer
-  // them texts.
-  template <class T, ZtExtraName kElement>
-  static constexpr ZtElementType Text(const char* className, const char* label) {
-    return ZtTypeOf<T>(className, label, kFamily).Fields(kText<kElement>);
+  static constexpr ZtField Text(ZtNameId element) {
+    return ztrow::OwnText(element, &ZtOmaPresText::m_Value);
   }
 };
 
-const ZtElementType zt_ns_oma_pres_service_description::kType =
-    ZtTypeOf<zt_ns_oma_pres_service_description>("zt_ns_oma_pres_service_description",
-                                                 "service-description", kFamily)
-        .Fields(OmaPresBinding::kServiceDescription)
-        .Writer(XML_STR_SERVICE_DESCRIPTION, "AddServiceDescriptionElementToXml", XML_STR_OP);
-
-const ZtElementType zt_ns_oma_pres_willingness::kType =
-    OmaPresBinding::Text<zt_ns_oma_pres_willingness, ZT_STR_WILLINGNESS>(
-        "zt_ns_oma_pres_willingness", "willingness");
-const ZtElementType zt_ns_oma_pres_session_participation::kType =
-    OmaPresBinding::Text<zt_ns_oma_pres_session_participation, ZT_STR_SESSION_PARTICIPATION>(
-        "zt_ns_oma_pres_session_participation", "session-participation");
-const ZtElementType zt_ns_oma_pres_registration_state::kType =
-    OmaPresBinding::Text<zt_ns_oma_pres_registration_state, ZT_STR_REGISTRATION_STATE>(
-        "zt_ns_oma_pres_registration_state", "registration-state");
-const ZtElementType zt_ns_oma_pres_barring_state::kType =
-    OmaPresBinding::Text<zt_ns_oma_pres_barring_state, ZT_STR_BARRING_STATE>(
-        "zt_ns_oma_pres_barring_state", "barring-state");
-const ZtElementType zt_ns_oma_pres_overriding_willingness::kType =
-    OmaPresBinding::Text<zt_ns_oma_pres_overriding_willingness, ZT_STR_OVERRIDING_WILLINGNESS>(
-        "zt_ns_oma_pres_overriding_willingness", "overriding-willingness");
+const ZtElementType zt_ns_oma_pres_willingness::kType = {
+    ZtTypeOf<zt_ns_oma_pres_willingness>("zt_ns_oma_pres_willingness", "willingness", kFamily),
+    {OmaPresBinding::Text(ZT_STR_WILLINGNESS)}};
+const ZtElementType zt_ns_oma_pres_session_participation::kType = {
+    ZtTypeOf<zt_ns_oma_pres_session_participation>("zt_ns_oma_pres_session_participation",
+                                                   "session-participation", kFamily),
+    {OmaPresBinding::Text(ZT_STR_SESSION_PARTICIPATION)}};
+const ZtElementType zt_ns_oma_pres_registration_state::kType = {
+    ZtTypeOf<zt_ns_oma_pres_registration_state>("zt_ns_oma_pres_registration_state",
+                                                "registration-state", kFamily),
+    {OmaPresBinding::Text(ZT_STR_REGISTRATION_STATE)}};
+const ZtElementType zt_ns_oma_pres_barring_state::kType = {
+    ZtTypeOf<zt_ns_oma_pres_barring_state>("zt_ns_oma_pres_barring_state", "barring-state",
+                                           kFamily),
+    {OmaPresBinding::Text(ZT_STR_BARRING_STATE)}};
+const ZtElementType zt_ns_oma_pres_overriding_willingness::kType = {
+    ZtTypeOf<zt_ns_oma_pres_overriding_willingness>("zt_ns_oma_pres_overriding_willingness",
+                                                    "overriding-willingness", kFamily),
+    {OmaPresBinding::Text(ZT_STR_OVERRIDING_WILLINGNESS)}};

@@ -12,84 +12,60 @@ constexpr ZtFamily kFamily = ZtPresenceFamily(kSource);
 constexpr ZtEnumSlot kBasicSlots[] = {"open", "closed"};
 constexpr ZtEnumTable kBasic = {kBasicSlots, 2, 2, ZT_PRESENCE_BASIC_ABSENT, false};
 
+// Intended: the prefixes "op" and "caps" are always declared, and written in the place of those
+// that the document had; peers compare the text.
+constexpr ZtExtras kNamespaces = {{{XML_STR_URN_IETF_PARAMS_XML_NS_PIDF, XML_STR_ZT_NULL},
+                                   {XML_STR_URN_OMA_XML_PRS_PIDF_OMA_PRES, XML_STR_OP},
+                                   {XML_STR_URN_IETF_PARAMS_XML_NS_PIDF_CAPS, XML_STR_CAPS}}};
+
+using Status = PresenceNameSpace::zt_status;
+
+constexpr ZtChoice kExtensions[] = {
+    {XML_STR_SERVICE_DESCRIPTION, zt_ns_oma_pres_service_description::kType},
+    {XML_STR_SERVCAPS, zt_ns_caps_servcaps::kType},
+    {}};
+
 }  // namespace
 
 // ---- Types --------------------------------------------------------------------------------------
 
-struct PresenceBinding {
-  using Status = PresenceNameSpace::zt_status;
+const ZtElementType zt_note::kType = {
+    ZtTypeOf<zt_note>("zt_note", "note", kFamily).Writer(XML_STR_NOTE, "AddNoteElementToXml"),
+    {ztrow::OwnText(XML_STR_NOTE, &zt_note::m_Value), kZtOthers}};
 
-  static constexpr ZtField kNote[] = {
-      ztrow::OwnText(XML_STR_NOTE, &zt_note::m_Value),
-      kZtOthers,
-  };
-  static constexpr ZtField kContact[] = {
-      ztrow::Attribute(XML_STR_PRIORITY, &zt_contact::m_Priority),
-      ztrow::OwnText(XML_STR_CONTACT, &zt_contact::m_Uri),
-      kZtOthers,
-  };
-  static constexpr ZtField kStatus[] = {
-      ztrow::TextElement(XML_STR_BASIC, &Status::m_Basic, kBasic),
-      kZtOthers,
-  };
+const ZtElementType zt_contact::kType = {
+    ZtTypeOf<zt_contact>("zt_contact", "contact", kFamily)
+        .Writer(XML_STR_CONTACT, "AddContactElementToXml"),
+    {ztrow::Attribute(XML_STR_PRIORITY, &zt_contact::m_Priority),
+     ztrow::OwnText(XML_STR_CONTACT, &zt_contact::m_Uri), kZtOthers}};
 
-  static constexpr ZtChoice kExtensions[] = {
-      {XML_STR_SERVICE_DESCRIPTION, zt_ns_oma_pres_service_description::kType},
-      {XML_STR_SERVCAPS, zt_ns_caps_servcaps::kType},
-      {}};
-  // Intended: a tuple without its required id fails the document without a line of its own; log
-  // readers find the line of the document that failed.
-  static constexpr ZtField kTuple[] = {
-      ztrow::Attribute(XML_STR_ID, &zt_tuple::m_Id).Required(nullptr, 0),
-      ztrow::Child(XML_STR_STATUS, &zt_tuple::m_Status, Status::kType),
-      ZtExtensibleRows::Elements<ZtElement>(kExtensions),
-      ztrow::Child(XML_STR_CONTACT, &zt_tuple::m_Contact, zt_contact::kType),
-      ztrow::TextElement(XML_STR_TIMESTAMP, &zt_tuple::m_Timestamp),
-      ztrow::Children(XML_STR_NOTE, &zt_tuple::m_Notes, zt_note::kType),
-  };
-
-  static constexpr ZtField kPresence[] = {
-      ztrow::Attribute(XML_STR_ENTITY, &zt_presence::m_Entity)
-          .Required("PresenceMarshaller :: AddPresenceElementToXml: Entity is mandatory attribute",
-                    kZtLogError),
-      ztrow::Children(XML_STR_TUPLE, &zt_presence::m_Tuples, zt_tuple::kType),
-      ztrow::Children(XML_STR_NOTE, &zt_presence::m_Notes, zt_note::kType),
-      ZtExtensibleRows::kElements<ZtObject>,
-  };
-
-  static_assert(ztrow::Sound(kNote) && ztrow::Sound(kContact) && ztrow::Sound(kStatus));
-  static_assert(ztrow::Sound(kTuple) && ztrow::Sound(kPresence));
-
-  // Intended: the prefixes "op" and "caps" are always declared, and written in the place of those
-  // that the document had; peers compare the text.
-  static constexpr ZtFixedAttribute kNamespaces[] = {
-      {XML_STR_URN_IETF_PARAMS_XML_NS_PIDF, XML_STR_ZT_NULL},
-      {XML_STR_URN_OMA_XML_PRS_PIDF_OMA_PRES, XML_STR_OP},
-      {XML_STR_URN_IETF_PARAMS_XML_NS_PIDF_CAPS, XML_STR_CAPS}};
-};
-
-const ZtElementType zt_note::kType = ZtTypeOf<zt_note>("zt_note", "note", kFamily)
-                                         .Fields(PresenceBinding::kNote)
-                                         .Writer(XML_STR_NOTE, "AddNoteElementToXml");
-
-const ZtElementType zt_contact::kType = ZtTypeOf<zt_contact>("zt_contact", "contact", kFamily)
-                                            .Fields(PresenceBinding::kContact)
-                                            .Writer(XML_STR_CONTACT, "AddContactElementToXml");
-
-const ZtElementType PresenceNameSpace::zt_status::kType =
+const ZtElementType PresenceNameSpace::zt_status::kType = {
     ZtTypeOf<PresenceNameSpace::zt_status>("PresenceNameSpace::zt_status", "status", kFamily)
-        .Fields(PresenceBinding::kStatus)
-        .Writer(XML_STR_STATUS, "AddStatusElementToXml");
+        .Writer(XML_STR_STATUS, "AddStatusElementToXml"),
+    {ztrow::TextElement(XML_STR_BASIC, &Status::m_Basic, kBasic), kZtOthers}};
 
-const ZtElementType zt_tuple::kType = ZtTypeOf<zt_tuple>("zt_tuple", "tuple", kFamily)
-                                          .Fields(PresenceBinding::kTuple)
-                                          .Writer(XML_STR_TUPLE, "AddTupleElementToXml");
+// Intended: a tuple without its required id fails the document without a line of its own; log
+// readers find the line of the document that failed.
+const ZtElementType zt_tuple::kType = {
+    ZtTypeOf<zt_tuple>("zt_tuple", "tuple", kFamily).Writer(XML_STR_TUPLE, "AddTupleElementToXml"),
+    {ztrow::Attribute(XML_STR_ID, &zt_tuple::m_Id).Required(nullptr, 0),
+     ztrow::Child(XML_STR_STATUS, &zt_tuple::m_Status, Status::kType),
+     ZtExtensibleRows::Elements<ZtElement>(kExtensions),
+     ztrow::Child(XML_STR_CONTACT, &zt_tuple::m_Contact, zt_contact::kType),
+     ztrow::TextElement(XML_STR_TIMESTAMP, &zt_tuple::m_Timestamp),
+     ztrow::Children(XML_STR_NOTE, &zt_tuple::m_Notes, zt_note::kType)}};
 
-const ZtElementType zt_presence::kType = ZtTypeOf<zt_presence>("zt_presence", "presence", kFamily)
-                                             .Fields(PresenceBinding::kPresence)
-                                             .Writer(XML_STR_PRESENCE, "AddPresenceElementToXml")
-                                             .Declares(PresenceBinding::kNamespaces)
-                                             .Root();
+const ZtElementType zt_presence::kType = {
+    ZtTypeOf<zt_presence>("zt_presence", "presence", kFamily)
+        .Writer(XML_STR_PRESENCE, "AddPresenceElementToXml")
+        .With(kNamespaces)
+        .Root(),
+    {ztrow::Attribute(XML_STR_ENTITY, &zt_presence::m_Entity)
+         .Required("PresenceMarshaller :: AddPresenceElementToXml: Entity is mandatory attribute",
+                   kZtLogError),
+     ztrow::Children(XML_STR_TUPLE, &zt_presence::m_Tuples, zt_tuple::kType),
+     ztrow::Children(XML_STR_NOTE, &zt_presence::m_Notes, zt_note::kType),
+     ZtExtensibleRows::kElements<ZtObject>}};
 
 // ---- Workers ------------------------------------------------------------------------------------
 

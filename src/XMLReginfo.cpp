@@ -17,6 +17,8 @@ constexpr ZtHookLines kLines = {
 constexpr ZtFamily kFamily = ZtFamily{kSource, &kLines, "Cannot accommodate the element %s",
                                       "<XML Module>: %s Failed", ZtUnknown::kRefuse}
                                  .RefusesNullClasses();
+constexpr ZtFamily kRootFamily =
+    kFamily.UnknownElement("zt_reginfo::ProcessUnMarshall Cannot accommodate the element %s");
 
 // ---- Enumerations -------------------------------------------------------------------------------
 
@@ -40,102 +42,77 @@ constexpr ZtEnumTable kContactStates = {kSlots, 2, 3, 3, true};
 constexpr ZtEnumTable kContactEvents = {kSlots + 2, 9, 10, 10, true};
 constexpr ZtEnumTable kRegistrationStates = {kSlots + 11, 3, 2, 2, true};
 
+constexpr ZtExtras kNamespaces = {{{XML_STR_URN_IETF_PARAMS_XML_NS_REGINFO, XML_STR_ZT_NULL},
+                                   {XML_STR_URN_IETF_PARAMS_XML_NS_GRUUINFO, XML_STR_GR}}};
+
+constexpr ZtChoice kGruus[] = {{XML_STR_PUB_GRUU, zt_pub_gruu::kType, XML_STR_GR},
+                               {XML_STR_TEMP_GRUU, zt_temp_gruu::kType, XML_STR_GR},
+                               {}};
+
 }  // namespace
 
 // ---- Types --------------------------------------------------------------------------------------
 
-struct ReginfoBinding {
-  static constexpr ZtField kUnknownParam[] = {
-      ztrow::Attribute(XML_STR_NAME, &zt_unknown_param::m_Name)
-          .Required("<XML Module>: AddUnknownParamElementToXml name is required", kZtLogError),
-      ztrow::OwnText(XML_STR_UNKNOWN_PARAM, &zt_unknown_param::m_Value),
-  };
-
-  static constexpr ZtChoice kGruus[] = {{XML_STR_PUB_GRUU, zt_pub_gruu::kType, XML_STR_GR},
-                                        {XML_STR_TEMP_GRUU, zt_temp_gruu::kType, XML_STR_GR},
-                                        {}};
-
-  // Intended: a required state or event that is missing is logged at the level of optional items,
-  // although it fails the document; log readers find the line at that level.
-  static constexpr ZtField kContact[] = {
-      ztrow::Attribute(XML_STR_STATE, &zt_ns_reginfo_contact::m_State, kContactStates)
-          .Required("<XML Module>: AddReginfoContactElementToXml state is required",
-                    kZtLogOptional),
-      ztrow::Attribute(XML_STR_EVENT, &zt_ns_reginfo_contact::m_Event, kContactEvents)
-          .Required("<XML Module>: AddReginfoContactElementToXml event is required",
-                    kZtLogOptional),
-      ztrow::Attribute(XML_STR_DURATION_REGISTERED, &zt_ns_reginfo_contact::m_DurationRegistered),
-      ztrow::Attribute(XML_STR_EXPIRES, &zt_ns_reginfo_contact::m_Expires),
-      ztrow::Attribute(XML_STR_RETRY_AFTER, &zt_ns_reginfo_contact::m_RetryAfter),
-      ztrow::Attribute(XML_STR_Q, &zt_ns_reginfo_contact::m_Q),
-      ztrow::Attribute(XML_STR_CALLID, &zt_ns_reginfo_contact::m_Callid),
-      ztrow::Attribute(XML_STR_CSEQ, &zt_ns_reginfo_contact::m_Cseq),
-      ztrow::Attribute(XML_STR_ID, &zt_ns_reginfo_contact::m_Id)
-          .Required("<XML Module>: AddReginfoContactElementToXml id is required", kZtLogError),
-      ztrow::TextElement(XML_STR_URI, &zt_ns_reginfo_contact::m_Uri),
-      ztrow::TextElement(XML_STR_DISPLAY_NAME, &zt_ns_reginfo_contact::m_DisplayName),
-      ztrow::Children(XML_STR_UNKNOWN_PARAM, &zt_ns_reginfo_contact::m_UnknownParams,
-                      zt_unknown_param::kType),
-      // Intended: the line about an element of a contact that is not written names the writer of
-      // "unknown-param"; log readers search for it as it is.
-      ztrow::OtherChildren(&zt_ns_reginfo_contact::m_AnyElements, kGruus)
-          .Lenient()
-          .Note("<XML Module>: AddUnknownParamElementToXml cannot accommodate any element "
-                "classname: %s"),
-  };
-
-  static constexpr ZtField kRegistration[] = {
-      ztrow::Attribute(XML_STR_AOR, &zt_registration::m_Aor)
-          .Required("<XML Module>: AddRegistrationElementToXml aor is required", kZtLogError),
-      // Intended: the id of a registration that is not set is written as an empty one, although it
-      // is required, and fails nothing; peers were tested with it.
-      ztrow::Attribute(XML_STR_ID, &zt_registration::m_Id).Always(),
-      ztrow::Attribute(XML_STR_STATE, &zt_registration::m_State, kRegistrationStates)
-          .Required("<XML Module>: AddRegistrationElementToXml state is required", kZtLogOptional),
-      ztrow::Children(XML_STR_CONTACT, &zt_registration::m_Contacts, zt_ns_reginfo_contact::kType),
-      ztrow::OtherChildren(&zt_registration::m_AnyElements)
-          .Note("<XML Module>: pRegistration: AnyElement not supported"),
-  };
-
-  static constexpr ZtField kReginfo[] = {
-      ztrow::Attribute(XML_STR_VERSION, &zt_reginfo::m_Version).Always(),
-      ztrow::Attribute(XML_STR_STATE, &zt_reginfo::m_State, kReginfoStates)
-          .Required("<XML Module>: AddReginfoElementToXml state is required", kZtLogOptional),
-      ztrow::Children(XML_STR_REGISTRATION, &zt_reginfo::m_Registrations, zt_registration::kType),
-      ztrow::OtherChildren(&zt_reginfo::m_AnyElements)
-          .Note("<XML Module>: pReginfo: AnyElement not supported"),
-  };
-
-  static_assert(ztrow::Sound(kUnknownParam) && ztrow::Sound(kContact));
-  static_assert(ztrow::Sound(kRegistration) && ztrow::Sound(kReginfo));
-
-  static constexpr ZtFixedAttribute kNamespaces[] = {
-      {XML_STR_URN_IETF_PARAMS_XML_NS_REGINFO, XML_STR_ZT_NULL},
-      {XML_STR_URN_IETF_PARAMS_XML_NS_GRUUINFO, XML_STR_GR}};
-};
-
-const ZtElementType zt_unknown_param::kType =
+const ZtElementType zt_unknown_param::kType = {
     ZtTypeOf<zt_unknown_param>("zt_unknown_param", "unknown-param", kFamily)
-        .Fields(ReginfoBinding::kUnknownParam)
-        .Writer(XML_STR_UNKNOWN_PARAM, "AddUnknownParamElementToXml");
+        .Writer(XML_STR_UNKNOWN_PARAM, "AddUnknownParamElementToXml"),
+    {ztrow::Attribute(XML_STR_NAME, &zt_unknown_param::m_Name)
+         .Required("<XML Module>: AddUnknownParamElementToXml name is required", kZtLogError),
+     ztrow::OwnText(XML_STR_UNKNOWN_PARAM, &zt_unknown_param::m_Value)}};
 
-const ZtElementType zt_ns_reginfo_contact::kType =
+// Intended: a required state or event that is missing is logged at the level of optional items,
+// although it fails the document; log readers find the line at that level.
+const ZtElementType zt_ns_reginfo_contact::kType = {
     ZtTypeOf<zt_ns_reginfo_contact>("zt_ns_reginfo_contact", "contact", kFamily)
-        .Fields(ReginfoBinding::kContact)
-        .Writer(XML_STR_CONTACT, "AddReginfoContactElementToXml");
+        .Writer(XML_STR_CONTACT, "AddReginfoContactElementToXml"),
+    {ztrow::Attribute(XML_STR_STATE, &zt_ns_reginfo_contact::m_State, kContactStates)
+         .Required("<XML Module>: AddReginfoContactElementToXml state is required", kZtLogOptional),
+     ztrow::Attribute(XML_STR_EVENT, &zt_ns_reginfo_contact::m_Event, kContactEvents)
+         .Required("<XML Module>: AddReginfoContactElementToXml event is required", kZtLogOptional),
+     ztrow::Attribute(XML_STR_DURATION_REGISTERED, &zt_ns_reginfo_contact::m_DurationRegistered),
+     ztrow::Attribute(XML_STR_EXPIRES, &zt_ns_reginfo_contact::m_Expires),
+     ztrow::Attribute(XML_STR_RETRY_AFTER, &zt_ns_reginfo_contact::m_RetryAfter),
+     ztrow::Attribute(XML_STR_Q, &zt_ns_reginfo_contact::m_Q),
+     ztrow::Attribute(XML_STR_CALLID, &zt_ns_reginfo_contact::m_Callid),
+     ztrow::Attribute(XML_STR_CSEQ, &zt_ns_reginfo_contact::m_Cseq),
+     ztrow::Attribute(XML_STR_ID, &zt_ns_reginfo_contact::m_Id)
+         .Required("<XML Module>: AddReginfoContactElementToXml id is required", kZtLogError),
+     ztrow::TextElement(XML_STR_URI, &zt_ns_reginfo_contact::m_Uri),
+     ztrow::TextElement(XML_STR_DISPLAY_NAME, &zt_ns_reginfo_contact::m_DisplayName),
+     ztrow::Children(XML_STR_UNKNOWN_PARAM, &zt_ns_reginfo_contact::m_UnknownParams,
+                     zt_unknown_param::kType),
+     // Intended: the line about an element of a contact that is not written names the writer of
+     // "unknown-param"; log readers search for it as it is.
+     ztrow::OtherChildren(&zt_ns_reginfo_contact::m_AnyElements, kGruus)
+         .Lenient()
+         .NoteLeftOut("<XML Module>: AddUnknownParamElementToXml cannot accommodate any element "
+                      "classname: %s")}};
 
-const ZtElementType zt_registration::kType =
+const ZtElementType zt_registration::kType = {
     ZtTypeOf<zt_registration>("zt_registration", "registration", kFamily)
-        .Fields(ReginfoBinding::kRegistration)
-        .Writer(XML_STR_REGISTRATION, "AddRegistrationElementToXml");
+        .Writer(XML_STR_REGISTRATION, "AddRegistrationElementToXml"),
+    {ztrow::Attribute(XML_STR_AOR, &zt_registration::m_Aor)
+         .Required("<XML Module>: AddRegistrationElementToXml aor is required", kZtLogError),
+     // Intended: the id of a registration that is not set is written as an empty one, although it
+     // is required, and fails nothing; peers were tested with it.
+     ztrow::Attribute(XML_STR_ID, &zt_registration::m_Id).Always(),
+     ztrow::Attribute(XML_STR_STATE, &zt_registration::m_State, kRegistrationStates)
+         .Required("<XML Module>: AddRegistrationElementToXml state is required", kZtLogOptional),
+     ztrow::Children(XML_STR_CONTACT, &zt_registration::m_Contacts, zt_ns_reginfo_contact::kType),
+     ztrow::OtherChildren(&zt_registration::m_AnyElements)
+         .NoteLeftOut("<XML Module>: pRegistration: AnyElement not supported")}};
 
-const ZtElementType zt_reginfo::kType =
-    ZtTypeOf<zt_reginfo>("zt_reginfo", "reginfo", kFamily)
-        .Fields(ReginfoBinding::kReginfo)
+const ZtElementType zt_reginfo::kType = {
+    ZtTypeOf<zt_reginfo>("zt_reginfo", "reginfo", kRootFamily)
         .Writer(XML_STR_REGINFO, "AddReginfoElementToXml")
-        .Declares(ReginfoBinding::kNamespaces)
-        .UnknownElement("zt_reginfo::ProcessUnMarshall Cannot accommodate the element %s")
-        .Root();
+        .With(kNamespaces)
+        .Root(),
+    {ztrow::Attribute(XML_STR_VERSION, &zt_reginfo::m_Version).Always(),
+     ztrow::Attribute(XML_STR_STATE, &zt_reginfo::m_State, kReginfoStates)
+         .Required("<XML Module>: AddReginfoElementToXml state is required", kZtLogOptional),
+     ztrow::Children(XML_STR_REGISTRATION, &zt_reginfo::m_Registrations, zt_registration::kType),
+     ztrow::OtherChildren(&zt_reginfo::m_AnyElements)
+         .NoteLeftOut("<XML Module>: pReginfo: AnyElement not supported")}};
 
 // ---- Workers ------------------------------------------------------------------------------------
 
@@ -146,7 +123,7 @@ const ZtDocument ReginfoContext::kDocument = {
         // Intended: the line about a lack of memory names the decoder of communication diversion
         // instead of its own; log readers search for it as it is.
         .Decodes("XMLReginfoDecoder", "src/ReginfoDecoder", ZtPrefixRule::kStrip)
-        .Extensions(ReginfoBinding::kGruus)
+        .Extensions(kGruus)
         .NoMemory(
             "XMLCommunicationDiversionDecoder :: XMLRemoveNameSpaceTag: Malloc unable to allocate "
             "memory")

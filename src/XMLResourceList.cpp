@@ -10,104 +10,79 @@ constexpr ZtFamily kFamily = ZtPlainFamily(kSource);
 
 // Intended: the root declares "xsi" and "cp" always, whether anything in the document uses them;
 // peers compare the text.
-constexpr ZtFixedAttribute kNamespaces[] = {
-    {XML_STR_URN_IETF_PARAMS_XML_NS_RESOURCE_LISTS, XML_STR_ZT_NULL},
-    {XML_STR_HTTP_WWW_W3_ORG_2001_XMLSCHEMA_INSTANCE, XML_STR_XSI},
-    {XML_STR_URN_IETF_PARAMS_XML_NS_COPYCONTROL, XML_STR_CP}};
+constexpr ZtExtras kNamespaces = {{{XML_STR_URN_IETF_PARAMS_XML_NS_RESOURCE_LISTS, XML_STR_ZT_NULL},
+                                   {XML_STR_HTTP_WWW_W3_ORG_2001_XMLSCHEMA_INSTANCE, XML_STR_XSI},
+                                   {XML_STR_URN_IETF_PARAMS_XML_NS_COPYCONTROL, XML_STR_CP}}};
 
 }  // namespace
 
 // ---- Types --------------------------------------------------------------------------------------
 
 struct ResourceListsBinding {
-  static constexpr ZtField kDisplayName[] = {
-      kZtExtras,
-      ztrow::OwnText(XML_STR_DISPLAY_NAME, &zt_display_nameType::m_Value),
-      kZtOthers,
-  };
   static constexpr ZtField kNamed =
       ztrow::Child(XML_STR_DISPLAY_NAME, &ZtDisplayNamed::m_DisplayName, zt_display_nameType::kType)
-          .Note("<XML Module>: AddDisplayNameElementToXml XML Failed!");
-
-  static constexpr ZtField kEntry[] = {
-      kZtExtras,
-      ztrow::Attribute(XML_STR_URI, &zt_entryType::m_Uri)
-          .Required("<XML Module>: AddEntryElementToXml Uri mandatory attribute", kZtLogError),
-      kNamed,
-      kZtOthers,
-  };
-  static constexpr ZtField kEntryRef[] = {
-      kZtExtras,
-      ztrow::Attribute(XML_STR_REF, &zt_entry_refType::m_Ref)
-          .Required("<XML Module>: AddEntryRefElementToXml attribute: ref mandatory attribute",
-                    kZtLogError),
-      kNamed,
-      kZtOthers,
-  };
-  static constexpr ZtField kExternal[] = {
-      ztrow::Attribute(XML_STR_ANCHOR, &zt_externalType::m_Anchor),
-      kZtExtras,
-      kNamed,
-      kZtOthers,
-  };
-
-  static constexpr ZtChoice kMembers[] = {{XML_STR_LIST, zt_listType::kType},
-                                          {XML_STR_EXTERNAL, zt_externalType::kType},
-                                          {XML_STR_ENTRY, zt_entryType::kType},
-                                          {XML_STR_ENTRY_REF, zt_entry_refType::kType},
-                                          {}};
-  static constexpr ZtField kList[] = {
-      ztrow::Attribute(XML_STR_NAME, &zt_listType::m_Name),
-      kZtExtras,
-      kNamed,
-      ZtExtensibleRows::Elements<ZtElement>(kMembers),
-  };
-
-  // The list of members has no names of its own: a member is refused under another one's name.
-  static bool RefusesMember(XMLElement&, const char* name, const char*, XMLElement* child,
-                            ZtOutcome& outcome) {
-    const ZtChoice* member = ZtFindNamed(kMembers, ZtNameId::Of(name));
-    if (!member) return false;
-    outcome = child && !child->ClassName() ? ZtOutcome::kAccepted : ZtOutcome::kRefused;
-    return !child || !ZtIsA(*child, *member->type);
-  }
-
-  // Of the root, too, extra attributes are kept: they declare the prefixes of its members' ones.
-  static constexpr ZtField kLists[] = {
-      ZtExtensibleRows::kAttributes<ZtObject>,
-      ztrow::Children(XML_STR_LIST, &zt_resource_lists::m_Lists, zt_listType::kType)
-          .Note("<XML Module>: AddResource_listsElementToXml tempNum: %d"),
-      ZtExtensibleRows::kElements<ZtObject>,
-  };
-
-  static_assert(ztrow::Sound(kDisplayName) && ztrow::Sound(kEntry) && ztrow::Sound(kEntryRef));
-  static_assert(ztrow::Sound(kExternal) && ztrow::Sound(kList) && ztrow::Sound(kLists));
+          .NoteFailed("<XML Module>: AddDisplayNameElementToXml XML Failed!");
 };
 
-const ZtElementType zt_display_nameType::kType =
-    ZtTypeOf<zt_display_nameType>("zt_display_nameType", "display-name", kFamily)
-        .Fields(ResourceListsBinding::kDisplayName);
-const ZtElementType zt_entryType::kType = ZtTypeOf<zt_entryType>("zt_entryType", "entry", kFamily)
-                                              .Fields(ResourceListsBinding::kEntry)
-                                              .Writer(XML_STR_ENTRY, "AddEntryElementToXml");
-const ZtElementType zt_entry_refType::kType =
+namespace {
+
+constexpr ZtChoice kMembers[] = {{XML_STR_LIST, zt_listType::kType},
+                                 {XML_STR_EXTERNAL, zt_externalType::kType},
+                                 {XML_STR_ENTRY, zt_entryType::kType},
+                                 {XML_STR_ENTRY_REF, zt_entry_refType::kType},
+                                 {}};
+
+// The list of members has no names of its own: a member is refused under another one's name.
+bool RefusesMember(XMLElement&, const char* name, const char*, XMLElement* child,
+                   ZtOutcome& outcome) {
+  const ZtChoice* member = ZtFindNamed(kMembers, ZtNameId::Of(name));
+  if (!member) return false;
+  outcome = child && !child->ClassName() ? ZtOutcome::kAccepted : ZtOutcome::kRefused;
+  return !child || !ZtIsA(*child, *member->type);
+}
+constexpr ZtExtras kList = {{}, RefusesMember};
+
+}  // namespace
+
+const ZtElementType zt_display_nameType::kType = {
+    ZtTypeOf<zt_display_nameType>("zt_display_nameType", "display-name", kFamily),
+    {kZtExtras, ztrow::OwnText(XML_STR_DISPLAY_NAME, &zt_display_nameType::m_Value), kZtOthers}};
+const ZtElementType zt_entryType::kType = {
+    ZtTypeOf<zt_entryType>("zt_entryType", "entry", kFamily)
+        .Writer(XML_STR_ENTRY, "AddEntryElementToXml"),
+    {kZtExtras,
+     ztrow::Attribute(XML_STR_URI, &zt_entryType::m_Uri)
+         .Required("<XML Module>: AddEntryElementToXml Uri mandatory attribute", kZtLogError),
+     ResourceListsBinding::kNamed, kZtOthers}};
+const ZtElementType zt_entry_refType::kType = {
     ZtTypeOf<zt_entry_refType>("zt_entry_refType", "entry-ref", kFamily)
-        .Fields(ResourceListsBinding::kEntryRef)
-        .Writer(XML_STR_ENTRY_REF, "AddEntryRefElementToXml");
-const ZtElementType zt_externalType::kType =
+        .Writer(XML_STR_ENTRY_REF, "AddEntryRefElementToXml"),
+    {kZtExtras,
+     ztrow::Attribute(XML_STR_REF, &zt_entry_refType::m_Ref)
+         .Required("<XML Module>: AddEntryRefElementToXml attribute: ref mandatory attribute",
+                   kZtLogError),
+     ResourceListsBinding::kNamed, kZtOthers}};
+const ZtElementType zt_externalType::kType = {
     ZtTypeOf<zt_externalType>("zt_externalType", "external", kFamily)
-        .Fields(ResourceListsBinding::kExternal)
-        .Writer(XML_STR_EXTERNAL, "AddExternalElementToXml");
-const ZtElementType zt_listType::kType = ZtTypeOf<zt_listType>("zt_listType", "list", kFamily)
-                                             .Fields(ResourceListsBinding::kList)
-                                             .Writer(XML_STR_LIST, "AddListElementToXml")
-                                             .OnChild(ResourceListsBinding::RefusesMember);
-const ZtElementType zt_resource_lists::kType =
+        .Writer(XML_STR_EXTERNAL, "AddExternalElementToXml"),
+    {ztrow::Attribute(XML_STR_ANCHOR, &zt_externalType::m_Anchor), kZtExtras,
+     ResourceListsBinding::kNamed, kZtOthers}};
+const ZtElementType zt_listType::kType = {
+    ZtTypeOf<zt_listType>("zt_listType", "list", kFamily)
+        .Writer(XML_STR_LIST, "AddListElementToXml")
+        .With(kList),
+    {ztrow::Attribute(XML_STR_NAME, &zt_listType::m_Name), kZtExtras, ResourceListsBinding::kNamed,
+     ZtExtensibleRows::Elements<ZtElement>(kMembers)}};
+// Of the root, too, extra attributes are kept: they declare the prefixes of its members' ones.
+const ZtElementType zt_resource_lists::kType = {
     ZtTypeOf<zt_resource_lists>("zt_resource_lists", "resource-lists", kFamily)
-        .Fields(ResourceListsBinding::kLists)
         .Writer(XML_STR_RESOURCE_LISTS, "AddResource_listsElementToXml")
-        .Declares(kNamespaces)
-        .Root();
+        .With(kNamespaces)
+        .Root(),
+    {ZtExtensibleRows::kAttributes<ZtObject>,
+     ztrow::Children(XML_STR_LIST, &zt_resource_lists::m_Lists, zt_listType::kType)
+         .NoteFailed("<XML Module>: AddResource_listsElementToXml tempNum: %d"),
+     ZtExtensibleRows::kElements<ZtObject>}};
 
 // ---- Workers ------------------------------------------------------------------------------------
 

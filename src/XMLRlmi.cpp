@@ -13,68 +13,47 @@ constexpr ZtFamily kFamily = ZtPlainFamily(kSource);
 constexpr ZtEnumSlot kStateSlots[] = {"active", "pending", "terminated"};
 constexpr ZtEnumTable kStates = {kStateSlots, 3, 3, ZT_INSTANCE_STATE_ABSENT, true};
 
-constexpr ZtFixedAttribute kNamespace[] = {{XML_STR_URN_IETF_PARAMS_XML_NS_RLMI, XML_STR_ZT_NULL}};
+constexpr ZtExtras kNamespace = {{{XML_STR_URN_IETF_PARAMS_XML_NS_RLMI, XML_STR_ZT_NULL}}};
 
 }  // namespace
 
 // ---- Types --------------------------------------------------------------------------------------
 
-struct RlmiBinding {
-  static constexpr ZtField kName[] = {
-      ztrow::OwnText(XML_STR_NAME, &zt_name::m_Value),
-      kZtOthers,
-  };
-
-  static constexpr ZtField kInstance[] = {
-      kZtExtras,
-      ztrow::Attribute(XML_STR_REASON, &zt_instance::m_Reason),
-      ztrow::Attribute(XML_STR_CID, &zt_instance::m_Cid),
-      ztrow::Attribute(XML_STR_ID, &zt_instance::m_Id)
-          .Required("<XML Module>: AddInstanceElementToXml Id mandatory attribute", kZtLogError),
-      ztrow::Attribute(XML_STR_STATE, &zt_instance::m_State, kStates)
-          .Required("<XML Module>: AddInstanceElementToXml state mandatory attribute", kZtLogError),
-      kZtOthers,
-  };
-
-  static constexpr ZtField kResource[] = {
-      kZtExtras,
-      ztrow::Attribute(XML_STR_URI, &zt_resource::m_Uri)
-          .Required("<XML Module>: AddResourceElementToXml Uri mandatory attribute", kZtLogError),
-      ztrow::Children(XML_STR_NAME, &zt_resource::m_Names, zt_name::kType),
-      ztrow::Children(XML_STR_INSTANCE, &zt_resource::m_Instances, zt_instance::kType),
-      kZtOthers,
-  };
-
-  static constexpr ZtField kList[] = {
-      ZtExtensibleRows::kAttributes<ZtObject>,
-      ztrow::Attribute(XML_STR_URI, &zt_list::m_Uri)
-          .Required("<XML Module>: AddListElementToXml Uri mandatory attribute", kZtLogError),
-      ztrow::Attribute(XML_STR_VERSION, &zt_list::m_Version).Always(),
-      ztrow::Attribute(XML_STR_FULL_STATE, &zt_list::m_FullState, kSchemaTrueOrElseFalse),
-      ztrow::Children(XML_STR_NAME, &zt_list::m_Names, zt_name::kType),
-      ztrow::Children(XML_STR_RESOURCE, &zt_list::m_Resources, zt_resource::kType),
-      ZtExtensibleRows::kElements<ZtObject>,
-  };
-
-  static_assert(ztrow::Sound(kName) && ztrow::Sound(kInstance));
-  static_assert(ztrow::Sound(kResource) && ztrow::Sound(kList));
-};
-
-const ZtElementType zt_name::kType = ZtTypeOf<zt_name>("zt_name", "name", kFamily)
-                                         .Fields(RlmiBinding::kName)
-                                         .Writer(XML_STR_NAME, "AddNameElementToXml");
-const ZtElementType zt_instance::kType = ZtTypeOf<zt_instance>("zt_instance", "instance", kFamily)
-                                             .Fields(RlmiBinding::kInstance)
-                                             .Writer(XML_STR_INSTANCE, "AddInstanceElementToXml")
-                                             .SelfClosing();
-const ZtElementType zt_resource::kType = ZtTypeOf<zt_resource>("zt_resource", "resource", kFamily)
-                                             .Fields(RlmiBinding::kResource)
-                                             .Writer(XML_STR_RESOURCE, "AddResourceElementToXml");
-const ZtElementType zt_list::kType = ZtTypeOf<zt_list>("zt_list", "list", kFamily)
-                                         .Fields(RlmiBinding::kList)
-                                         .Writer(XML_STR_LIST, "AddListElementToXml")
-                                         .Declares(kNamespace)
-                                         .Root();
+const ZtElementType zt_name::kType = {
+    ZtTypeOf<zt_name>("zt_name", "name", kFamily).Writer(XML_STR_NAME, "AddNameElementToXml"),
+    {ztrow::OwnText(XML_STR_NAME, &zt_name::m_Value), kZtOthers}};
+const ZtElementType zt_instance::kType = {
+    ZtTypeOf<zt_instance>("zt_instance", "instance", kFamily)
+        .Writer(XML_STR_INSTANCE, "AddInstanceElementToXml")
+        .Starts(ZtStartTag::kEmpty),
+    {kZtExtras, ztrow::Attribute(XML_STR_REASON, &zt_instance::m_Reason),
+     ztrow::Attribute(XML_STR_CID, &zt_instance::m_Cid),
+     ztrow::Attribute(XML_STR_ID, &zt_instance::m_Id)
+         .Required("<XML Module>: AddInstanceElementToXml Id mandatory attribute", kZtLogError),
+     ztrow::Attribute(XML_STR_STATE, &zt_instance::m_State, kStates)
+         .Required("<XML Module>: AddInstanceElementToXml state mandatory attribute", kZtLogError),
+     kZtOthers}};
+const ZtElementType zt_resource::kType = {
+    ZtTypeOf<zt_resource>("zt_resource", "resource", kFamily)
+        .Writer(XML_STR_RESOURCE, "AddResourceElementToXml"),
+    {kZtExtras,
+     ztrow::Attribute(XML_STR_URI, &zt_resource::m_Uri)
+         .Required("<XML Module>: AddResourceElementToXml Uri mandatory attribute", kZtLogError),
+     ztrow::Children(XML_STR_NAME, &zt_resource::m_Names, zt_name::kType),
+     ztrow::Children(XML_STR_INSTANCE, &zt_resource::m_Instances, zt_instance::kType), kZtOthers}};
+const ZtElementType zt_list::kType = {
+    ZtTypeOf<zt_list>("zt_list", "list", kFamily)
+        .Writer(XML_STR_LIST, "AddListElementToXml")
+        .With(kNamespace)
+        .Root(),
+    {ZtExtensibleRows::kAttributes<ZtObject>,
+     ztrow::Attribute(XML_STR_URI, &zt_list::m_Uri)
+         .Required("<XML Module>: AddListElementToXml Uri mandatory attribute", kZtLogError),
+     ztrow::Attribute(XML_STR_VERSION, &zt_list::m_Version).Always(),
+     ztrow::Attribute(XML_STR_FULL_STATE, &zt_list::m_FullState, kSchemaTrueOrElseFalse),
+     ztrow::Children(XML_STR_NAME, &zt_list::m_Names, zt_name::kType),
+     ztrow::Children(XML_STR_RESOURCE, &zt_list::m_Resources, zt_resource::kType),
+     ZtExtensibleRows::kElements<ZtObject>}};
 
 // ---- Workers ------------------------------------------------------------------------------------
 

@@ -8,65 +8,42 @@ namespace {
 constexpr char kSource[] = "src/XMLRlsServices";
 constexpr ZtFamily kFamily = ZtPlainFamily(kSource);
 
-constexpr ZtFixedAttribute kNamespace[] = {
-    {XML_STR_URN_IETF_PARAMS_XML_NS_RLS_SERVICES, XML_STR_ZT_NULL}};
+constexpr ZtExtras kNamespace = {{{XML_STR_URN_IETF_PARAMS_XML_NS_RLS_SERVICES, XML_STR_ZT_NULL}}};
+
+using Service = zt_ns_rls_services_serviceType;
+using Packages = zt_ns_rls_services_packagesType;
+using Package = zt_ns_rls_services_packageType;
 
 }  // namespace
 
 // ---- Types --------------------------------------------------------------------------------------
 
-struct RlsServicesBinding {
-  using Service = zt_ns_rls_services_serviceType;
-  using Packages = zt_ns_rls_services_packagesType;
-  using Package = zt_ns_rls_services_packageType;
-
-  static constexpr ZtField kPackage[] = {
-      ztrow::OwnText(XML_STR_PACKAGE, &Package::m_Value),
-      kZtOthers,
-  };
-  static constexpr ZtField kPackages[] = {
-      ztrow::Children(XML_STR_PACKAGE, &Packages::m_Packages, Package::kType),
-      kZtOthers,
-  };
-  // Intended: of a service that has an address and a list of its own the address is written, even
-  // an empty one; callers set the one or the other.
-  static constexpr ZtField kService[] = {
-      ztrow::Attribute(XML_STR_URI, &Service::m_Uri)
-          .Required("<XML Module>: AddServiceElementToXml Uri mandatory attribute", kZtLogError),
-      kZtExtras,
-      ztrow::TextElement(XML_STR_RESOURCE_LIST, &Service::m_ResourceList).OneOf(),
-      ztrow::Child(XML_STR_LIST, &Service::m_List, zt_listType::kType).OneOf(),
-      ztrow::Child(XML_STR_PACKAGES, &Service::m_Packages, Packages::kType),
-      kZtOthers,
-  };
-  static constexpr ZtField kServices[] = {
-      ztrow::Children(XML_STR_SERVICE, &zt_rls_services::m_Services, Service::kType),
-      ZtExtensibleRows::kElements<ZtObject>,
-  };
-
-  static_assert(ztrow::Sound(kPackage) && ztrow::Sound(kPackages));
-  static_assert(ztrow::Sound(kService) && ztrow::Sound(kServices));
-};
-
-const ZtElementType zt_ns_rls_services_packageType::kType =
+const ZtElementType zt_ns_rls_services_packageType::kType = {
     ZtTypeOf<zt_ns_rls_services_packageType>("zt_ns_rls_services_packageType", "package", kFamily)
-        .Fields(RlsServicesBinding::kPackage)
-        .Writer(XML_STR_PACKAGE, "AddPackageElementToXml");
-const ZtElementType zt_ns_rls_services_packagesType::kType =
+        .Writer(XML_STR_PACKAGE, "AddPackageElementToXml"),
+    {ztrow::OwnText(XML_STR_PACKAGE, &Package::m_Value), kZtOthers}};
+const ZtElementType zt_ns_rls_services_packagesType::kType = {
     ZtTypeOf<zt_ns_rls_services_packagesType>("zt_ns_rls_services_packagesType", "packages",
                                               kFamily)
-        .Fields(RlsServicesBinding::kPackages)
-        .Writer(XML_STR_PACKAGES, "AddPackagesElementToXml");
-const ZtElementType zt_ns_rls_services_serviceType::kType =
+        .Writer(XML_STR_PACKAGES, "AddPackagesElementToXml"),
+    {ztrow::Children(XML_STR_PACKAGE, &Packages::m_Packages, Package::kType), kZtOthers}};
+// Intended: of a service that has an address and a list of its own the address is written, even
+// an empty one; callers set the one or the other.
+const ZtElementType zt_ns_rls_services_serviceType::kType = {
     ZtTypeOf<zt_ns_rls_services_serviceType>("zt_ns_rls_services_serviceType", "service", kFamily)
-        .Fields(RlsServicesBinding::kService)
-        .Writer(XML_STR_SERVICE, "AddServiceElementToXml");
-const ZtElementType zt_rls_services::kType =
+        .Writer(XML_STR_SERVICE, "AddServiceElementToXml"),
+    {ztrow::Attribute(XML_STR_URI, &Service::m_Uri)
+         .Required("<XML Module>: AddServiceElementToXml Uri mandatory attribute", kZtLogError),
+     kZtExtras, ztrow::TextElement(XML_STR_RESOURCE_LIST, &Service::m_ResourceList).OneOf(),
+     ztrow::Child(XML_STR_LIST, &Service::m_List, zt_listType::kType).OneOf(),
+     ztrow::Child(XML_STR_PACKAGES, &Service::m_Packages, Packages::kType), kZtOthers}};
+const ZtElementType zt_rls_services::kType = {
     ZtTypeOf<zt_rls_services>("zt_rls_services", "rls-services", kFamily)
-        .Fields(RlsServicesBinding::kServices)
         .Writer(XML_STR_RLS_SERVICES, "AddRlsServicesElementToXml")
-        .Declares(kNamespace)
-        .Root();
+        .With(kNamespace)
+        .Root(),
+    {ztrow::Children(XML_STR_SERVICE, &zt_rls_services::m_Services, Service::kType),
+     ZtExtensibleRows::kElements<ZtObject>}};
 
 // ---- Workers ------------------------------------------------------------------------------------
 

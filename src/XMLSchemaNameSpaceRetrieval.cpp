@@ -12,43 +12,34 @@ constexpr ZtFamily kFamily = ZtQuietFamily(kSource);
 
 }  // namespace
 
-struct SchemaNamespaceRetrievalBinding {
-  static bool OnAttribute(XMLElement& self, const char* name, const char* value,
-                          ZtOutcome& outcome) {
-    outcome = Declare(self, name, value);
-    return true;
-  }
-
-  // Intended: any attribute whose name begins with "xmlns" declares a namespace for callers:
-  // "xmlnsfoo", which has no colon, the default one.
-  static ZtOutcome Declare(XMLElement& self, const char* name, const char* value) {
-    auto& root = static_cast<zt_schema_namespace_retrieval&>(self);
-    const char* declares = ZtName(XML_STR_XMLNS);
-    if (__strncmp(name, declares, __strlen(declares)) != 0) return ZtOutcome::kAccepted;
-    if (!root.getNameSpaceInfo()) {
-      auto* list = ZtCreate<ZtSingleElementList>(kSource);
-      if (!list) return ZtOutcome::kNoMemory;
-      root.setNameSpaceInfo(list);
-    }
-    const char* colon = __strchr(name, ':');
-    zt_AttributeValuePair* pair = ZtMakePair(kSource, colon ? colon + 1 : nullptr, value);
-    if (!pair) {
-      ZtLog(kZtLogState, kSource)(
-          "<XML Module>: zt_schema_namespace_retrieval::ProcessUnMarshallAttribute: cannot "
-          "allocate memory to pXMLNSValuePair ");
-      return ZtOutcome::kNoMemory;
-    }
-    if (root.m_NameSpaceInfo.Add(pair)) return ZtOutcome::kAccepted;
-    ZtRelease(pair);
-    return ZtOutcome::kNoMemory;
-  }
-};
-
-const ZtElementType zt_schema_namespace_retrieval::kType =
+const ZtElementType zt_schema_namespace_retrieval::kType = {
     ZtTypeOf<zt_schema_namespace_retrieval>("zt_schema_namespace_retrieval",
                                             "schema_namespace_retrieval", kFamily)
-        .OnAttribute(SchemaNamespaceRetrievalBinding::OnAttribute)
-        .Root();
+        .Root()};
+
+// Intended: any attribute whose name begins with "xmlns" declares a namespace for callers:
+// "xmlnsfoo", which has no colon, the default one.
+int zt_schema_namespace_retrieval::ProcessUnMarshallAttribute(char* name, char* value,
+                                                              XMLAttribute*) {
+  const char* declares = ZtName(XML_STR_XMLNS);
+  if (!name || __strncmp(name, declares, __strlen(declares)) != 0) return 1;
+  if (!getNameSpaceInfo()) {
+    auto* list = ZtCreate<ZtSingleElementList>(kSource);
+    if (!list) return 0;
+    setNameSpaceInfo(list);
+  }
+  const char* colon = __strchr(name, ':');
+  zt_AttributeValuePair* pair = ZtMakePair(kSource, colon ? colon + 1 : nullptr, value);
+  if (!pair) {
+    ZtLog(kZtLogState, kSource)(
+        "<XML Module>: zt_schema_namespace_retrieval::ProcessUnMarshallAttribute: cannot "
+        "allocate memory to pXMLNSValuePair ");
+    return 0;
+  }
+  if (m_NameSpaceInfo.Add(pair)) return 1;
+  ZtRelease(pair);
+  return 0;
+}
 
 zt_schema_namespace_retrieval* zt_schema_namespace_retrieval::From(XMLObject* object) {
   return ZtAs<zt_schema_namespace_retrieval>(object);

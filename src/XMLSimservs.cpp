@@ -14,11 +14,11 @@ constexpr ZtFamily kFamily = ZtQuietFamily(kSource);
 // Intended: the namespace of the services is declared twice, as the default one and as "ss": the
 // root is written without a prefix and its services with "ss", whatever the document had, and peers
 // compare the text.
-constexpr ZtFixedAttribute kNamespaces[] = {
-    {XML_STR_HTTP_URI_ETSI_ORG_NGN_PARAMS_XML_SIMSERVS_XCAP, XML_STR_ZT_NULL},
-    {XML_STR_HTTP_URI_ETSI_ORG_NGN_PARAMS_XML_SIMSERVS_XCAP, XML_STR_SS},
-    {XML_STR_URN_IETF_PARAMS_XML_NS_COMMON_POLICY, XML_STR_CP},
-    {XML_STR_URN_OMA_XML_XDM_COMMON_POLICY, XML_STR_OCP}};
+constexpr ZtExtras kNamespaces = {
+    {{XML_STR_HTTP_URI_ETSI_ORG_NGN_PARAMS_XML_SIMSERVS_XCAP, XML_STR_ZT_NULL},
+     {XML_STR_HTTP_URI_ETSI_ORG_NGN_PARAMS_XML_SIMSERVS_XCAP, XML_STR_SS},
+     {XML_STR_URN_IETF_PARAMS_XML_NS_COMMON_POLICY, XML_STR_CP},
+     {XML_STR_URN_OMA_XML_XDM_COMMON_POLICY, XML_STR_OCP}}};
 
 // ---- Services -----------------------------------------------------------------------------------
 
@@ -189,10 +189,10 @@ bool Append(GrowingText& services, const char* text) {
 
 // ---- Types --------------------------------------------------------------------------------------
 
-const ZtElementType zt_Simservs::kType = ZtTypeOf<zt_Simservs>("zt_Simservs", "simservs", kFamily)
-                                             .Writer(XML_STR_SIMSERVS, "AddSimservsElementToXml")
-                                             .Declares(kNamespaces)
-                                             .Root();
+const ZtElementType zt_Simservs::kType = {ZtTypeOf<zt_Simservs>("zt_Simservs", "simservs", kFamily)
+                                              .Writer(XML_STR_SIMSERVS, "AddSimservsElementToXml")
+                                              .With(kNamespaces)
+                                              .Root()};
 
 // ---- Writing ------------------------------------------------------------------------------------
 

@@ -6,10 +6,11 @@ namespace {
 constexpr char kSource[] = "src/XMLTIP";
 }  // namespace
 
-const ZtElementType zt_terminating_identity_presentation::kType =
+const ZtElementType zt_terminating_identity_presentation::kType = {
     SimservBinding::Switch<zt_terminating_identity_presentation>(
         XML_STR_TERMINATING_IDENTITY_PRESENTATION, "terminating-identity-presentation",
-        "TerminatingIdentityPresentation", "AddTerminatingIdentityPresentationElementToXml");
+        "TerminatingIdentityPresentation", "AddTerminatingIdentityPresentationElementToXml"),
+    {SimservBinding::kAttributes, SimservBinding::kActiveOrElseNot, SimservBinding::kElements}};
 
 TIPMarshaller::TIPMarshaller() : ZtDescribedBy(TIPContext::kDocument) {}
 

@@ -7,9 +7,9 @@ constexpr char kSource[] = "src/XMLValueTypes";
 constexpr ZtFamily kFamily = ZtQuietFamily(kSource);
 }  // namespace
 
-const ZtElementType zt_string::kType = ZtTypeOf<zt_string>("zt_string", "string_class", kFamily);
-const ZtElementType zt_empty_element_type::kType =
-    ZtTypeOf<zt_empty_element_type>("zt_empty_element_type", "empty_element", kFamily);
+const ZtElementType zt_string::kType = {ZtTypeOf<zt_string>("zt_string", "string_class", kFamily)};
+const ZtElementType zt_empty_element_type::kType = {
+    ZtTypeOf<zt_empty_element_type>("zt_empty_element_type", "empty_element", kFamily)};
 
 zt_string* zt_string::From(XMLElement* element) { return ZtAs<zt_string>(element); }
 

@@ -7,10 +7,11 @@ constexpr char kSource[] = "src/XMLVolteConfigInfo";
 constexpr ZtFamily kFamily = ZtQuietFamily(kSource);
 }  // namespace
 
-const ZtElementType zt_volte_config_info::kType =
+const ZtElementType zt_volte_config_info::kType = {
     ZtTypeOf<zt_volte_config_info>("zt_volte_config_info", "volte-config-info", kFamily)
-        .Fields(CharacteristicBinding::kRoot)
-        .Root();
+        .AttributesAsTexts()
+        .Root(),
+    {CharacteristicBinding::kVersion, CharacteristicBinding::kCharacteristics}};
 
 // Intended: callers get a marshaller, whose Marshall always gives null, although the document is
 // only read.

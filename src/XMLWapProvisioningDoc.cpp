@@ -7,10 +7,11 @@ constexpr char kSource[] = "src/XMLWapProvisioningDoc";
 constexpr ZtFamily kFamily = ZtQuietFamily(kSource);
 }  // namespace
 
-const ZtElementType zt_wap_provisioning_doc::kType =
+const ZtElementType zt_wap_provisioning_doc::kType = {
     ZtTypeOf<zt_wap_provisioning_doc>("zt_wap_provisioning_doc", "wap-provisioningdoc", kFamily)
-        .Fields(CharacteristicBinding::kRoot)
-        .Root();
+        .AttributesAsTexts()
+        .Root(),
+    {CharacteristicBinding::kVersion, CharacteristicBinding::kCharacteristics}};
 
 // Intended: callers get a marshaller, whose Marshall always gives null, although the document is
 // only read.

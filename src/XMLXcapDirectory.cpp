@@ -9,57 +9,43 @@ constexpr char kSource[] = "src/XMLXcapDirectory";
 constexpr ZtFamily kFamily = {kSource, &kZtNoHookLines, nullptr, "<XML Module>: %s XML Failed!",
                               ZtUnknown::kIgnore};
 
-constexpr ZtFixedAttribute kDeclarations[] = {
-    {XML_STR_URN_OMA_XML_XDM_XCAP_DIRECTORY, XML_STR_ZT_NULL}};
+constexpr ZtExtras kDeclarations = {{{XML_STR_URN_OMA_XML_XDM_XCAP_DIRECTORY, XML_STR_ZT_NULL}}};
 
 }  // namespace
 
 // ---- Types --------------------------------------------------------------------------------------
 
-struct XcapDirectoryBinding {
-  // Intended: the etag of an entry is written after all other attributes, also after those of names
-  // that the library does not know; peers compare the text.
-  static constexpr ZtField kEntry[] = {
-      ztrow::Attribute(XML_STR_URI, &zt_entry::m_Uri)
-          .Required("<XML Module>: AddEntryElementToXml URI mandatory attribute", kZtLogError),
-      ztrow::Attribute(XML_STR_LAST_MODIFIED, &zt_entry::m_LastModified),
-      ztrow::Attribute(XML_STR_SIZE, &zt_entry::m_Size),
-      ztrow::OtherAttributes(&zt_entry::m_AnyAttributes),
-      ztrow::Attribute(XML_STR_ETAG, &zt_entry::m_Etag)
-          .Required("<XML Module>: AddEntryElementToXml ETAG mandatory attribute", kZtLogError),
-  };
+// Intended: the etag of an entry is written after all other attributes, also after those of names
+// that the library does not know; peers compare the text.
+const ZtElementType zt_entry::kType = {
+    ZtTypeOf<zt_entry>("zt_entry", "entry", kFamily)
+        .Writer(XML_STR_ENTRY, "AddEntryElementToXml")
+        .Starts(ZtStartTag::kEmpty),
+    {ztrow::Attribute(XML_STR_URI, &zt_entry::m_Uri)
+         .Required("<XML Module>: AddEntryElementToXml URI mandatory attribute", kZtLogError),
+     ztrow::Attribute(XML_STR_LAST_MODIFIED, &zt_entry::m_LastModified),
+     ztrow::Attribute(XML_STR_SIZE, &zt_entry::m_Size),
+     ztrow::OtherAttributes(&zt_entry::m_AnyAttributes),
+     ztrow::Attribute(XML_STR_ETAG, &zt_entry::m_Etag)
+         .Required("<XML Module>: AddEntryElementToXml ETAG mandatory attribute", kZtLogError)}};
 
-  // Intended: a folder without entries is written with an error code, if need be one that is a
-  // blank, and a folder with entries without one, even if it is set; callers set the one or the
-  // other.
-  static constexpr ZtField kFolder[] = {
-      ztrow::Attribute(XML_STR_AUID, &zt_folder::m_Auid)
-          .Required("<XML Module>: AddFolderElementToXml AUID mandatory attribute", kZtLogError),
-      ztrow::Children(XML_STR_ENTRY, &zt_folder::m_Entries, zt_entry::kType).OneOf(),
-      ztrow::TextElement(XML_STR_ERROR_CODE, &zt_folder::m_ErrorCode).Always().OneOf(),
-  };
+// Intended: a folder without entries is written with an error code, if need be one that is a
+// blank, and a folder with entries without one, even if it is set; callers set the one or the
+// other.
+const ZtElementType zt_folder::kType = {
+    ZtTypeOf<zt_folder>("zt_folder", "folder", kFamily)
+        .Writer(XML_STR_FOLDER, "AddFolderElementToXml"),
+    {ztrow::Attribute(XML_STR_AUID, &zt_folder::m_Auid)
+         .Required("<XML Module>: AddFolderElementToXml AUID mandatory attribute", kZtLogError),
+     ztrow::Children(XML_STR_ENTRY, &zt_folder::m_Entries, zt_entry::kType).OneOf(),
+     ztrow::TextElement(XML_STR_ERROR_CODE, &zt_folder::m_ErrorCode).Always().OneOf()}};
 
-  static constexpr ZtField kDirectory[] = {
-      ztrow::Children(XML_STR_FOLDER, &zt_xcap_directory::m_Folders, zt_folder::kType)};
-
-  static_assert(ztrow::Sound(kEntry) && ztrow::Sound(kFolder) && ztrow::Sound(kDirectory));
-};
-
-const ZtElementType zt_entry::kType = ZtTypeOf<zt_entry>("zt_entry", "entry", kFamily)
-                                          .Fields(XcapDirectoryBinding::kEntry)
-                                          .Writer(XML_STR_ENTRY, "AddEntryElementToXml")
-                                          .SelfClosing();
-
-const ZtElementType zt_folder::kType = ZtTypeOf<zt_folder>("zt_folder", "folder", kFamily)
-                                           .Fields(XcapDirectoryBinding::kFolder)
-                                           .Writer(XML_STR_FOLDER, "AddFolderElementToXml");
-
-const ZtElementType zt_xcap_directory::kType =
+const ZtElementType zt_xcap_directory::kType = {
     ZtTypeOf<zt_xcap_directory>("zt_xcap_directory", "xcap-directory", kFamily)
-        .Fields(XcapDirectoryBinding::kDirectory)
         .Writer(XML_STR_XCAP_DIRECTORY, "AddXcapDirectoryElementToXml")
-        .Declares(kDeclarations)
-        .Root();
+        .With(kDeclarations)
+        .Root(),
+    {ztrow::Children(XML_STR_FOLDER, &zt_xcap_directory::m_Folders, zt_folder::kType)}};
 
 // ---- Workers ------------------------------------------------------------------------------------
 

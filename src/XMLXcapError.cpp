@@ -10,13 +10,11 @@ namespace {
 constexpr char kSource[] = "src/XMLXcapError";
 constexpr ZtFamily kFamily =
     ZtQuietFamily(kSource).Enters("<XML Module>: Xcap_ErrorMarshall::%s", kZtLogState);
-
-// Intended: the schema location that is written names the namespace alone, where a schema file
-// should follow; peers compare the text.
-constexpr ZtFixedAttribute kDeclarations[] = {
-    {XML_STR_URN_IETF_PARAMS_XML_NS_XCAP_ERROR, XML_STR_ZT_NULL},
-    {XML_STR_HTTP_WWW_W3_ORG_2001_XMLSCHEMA_INSTANCE, XML_STR_XSI},
-    {XML_STR_URN_IETF_PARAMS_XML_NS_XCAP_ERROR, XML_STR_SCHEMA_LOCATION, XML_STR_XSI}};
+constexpr ZtFamily kTellingFamily = kFamily.UnknownElement(kCannotAccommodate);
+// Intended: log readers know the root's writer as "AddXcap_errorElementToXmlErrorElementToXml",
+// where the operation is AddXcap_errorElementToXml.
+constexpr ZtFamily kRootFamily =
+    kFamily.Enters("<XML Module>: AddXcap_errorElementToXmlErrorElementToXml", kZtLogTrace);
 
 constexpr ZtChoice kErrors[] = {
     {XML_STR_SCHEMA_VALIDATION_ERROR, zt_schema_validation_error::kType},
@@ -55,106 +53,110 @@ bool IsErrorName(const char* name) {
 struct XcapErrorBinding {
   static constexpr ZtField kPhrase =
       ztrow::Attribute(XML_STR_PHRASE, &ZtXcapPhrasedError::m_Phrase);
-  static constexpr ZtField kPhrased[] = {kPhrase};
-  static constexpr ZtField kNoParent[] = {
-      kPhrase, ztrow::TextElement(XML_STR_ANCESTOR, &zt_no_parent::m_Ancestor)};
-  static constexpr ZtField kExists[] = {
-      ztrow::Attribute(XML_STR_FIELD, &zt_exists::m_Field),
-      ztrow::TextElements(XML_STR_ALT_VALUE, &zt_exists::m_AltValues)};
-  static constexpr ZtField kUniquenessFailure[] = {
-      kPhrase, ztrow::Children(XML_STR_EXISTS, &zt_uniqueness_failure::m_Exists, zt_exists::kType)
-                   .Lenient()
-                   .Note("<XML Module>: AddExistsElementToXml tempNum: %d ")};
-  // Intended: an "extension" is written without its content, although it keeps what callers add to
-  // it.
-  static constexpr ZtField kExtension[] = {kZtOthers};
-  static_assert(ztrow::Sound(kNoParent) && ztrow::Sound(kExists) &&
-                ztrow::Sound(kUniquenessFailure));
 
   // An error that is no more than its phrase.
   template <class T>
-  static constexpr ZtElementType Phrased(const char* className, const char* label, ZtNameId tag,
-                                         const char* writer) {
-    return ZtTypeOf<T>(className, label, kFamily)
-        .Fields(kPhrased)
-        .Writer(tag, writer)
-        .SelfClosing();
-  }
-
-  // Intended: in "xcap-error" a name that only begins with an error's is taken for an error, and
-  // under any of these names callers may offer an object of any error's class. Of several errors
-  // the last one stands.
-  static bool TakeError(XMLElement& self, const char* name, const char*, XMLElement* child,
-                        ZtOutcome& outcome) {
-    if (!IsErrorName(name)) return false;
-    outcome = child && !child->ClassName() ? ZtOutcome::kAccepted : ZtOutcome::kRefused;
-    if (!ErrorTypeOf(child)) return true;
-    if (static_cast<zt_xcap_error&>(self).m_Error.Take(child)) outcome = ZtOutcome::kAdopted;
-    return true;
-  }
-
-  // Intended: an error object that is of none of the errors' classes is left out, and the document
-  // is written without it instead of failing.
-  static bool WriteError(ZtElementWriter& writer, const XMLElement& self, const ZtElementType&) {
-    XMLElement* error = static_cast<const zt_xcap_error&>(self).m_Error.Get();
-    const ZtElementType* type = ErrorTypeOf(error);
-    return !type || writer.Write(error, *type);
+  static constexpr ZtTypeFacts Phrased(const char* className, ZtNameId tag, const char* label,
+                                       const char* writer) {
+    return ZtTypeOf<T>(className, label, kFamily).Writer(tag, writer).Starts(ZtStartTag::kEmpty);
   }
 };
+constexpr ZtField kPhrase = XcapErrorBinding::kPhrase;
 
-const ZtElementType zt_not_utf_8::kType = XcapErrorBinding::Phrased<zt_not_utf_8>(
-    "zt_not_utf_8", "not-utf-8", XML_STR_NOT_UTF_8, "AddNot_utf_8ElementToXml");
-const ZtElementType zt_cannot_delete::kType = XcapErrorBinding::Phrased<zt_cannot_delete>(
-    "zt_cannot_delete", "cannot-delete", XML_STR_CANNOT_DELETE, "AddCannot_deleteElementToXml");
-const ZtElementType zt_constraint_failure::kType = XcapErrorBinding::Phrased<zt_constraint_failure>(
-    "zt_constraint_failure", "constraint-failure", XML_STR_CONSTRAINT_FAILURE,
-    "AddConstraint_failureElementToXml");
-const ZtElementType zt_not_well_formed::kType = XcapErrorBinding::Phrased<zt_not_well_formed>(
-    "zt_not_well_formed", "not-well-formed", XML_STR_NOT_WELL_FORMED,
-    "AddNot_well_formedElementToXml");
-const ZtElementType zt_not_xml_att_value::kType = XcapErrorBinding::Phrased<zt_not_xml_att_value>(
-    "zt_not_xml_att_value", "not-xml-att-value", XML_STR_NOT_XML_ATT_VALUE,
-    "AddNot_xml_att_valueElementToXml");
-const ZtElementType zt_cannot_insert::kType = XcapErrorBinding::Phrased<zt_cannot_insert>(
-    "zt_cannot_insert", "cannot-insert", XML_STR_CANNOT_INSERT, "AddCannot_insertElementToXml");
-const ZtElementType zt_not_xml_frag::kType = XcapErrorBinding::Phrased<zt_not_xml_frag>(
-    "zt_not_xml_frag", "not-xml-frag", XML_STR_NOT_XML_FRAG, "AddNot_xml_fragElementToXml");
-const ZtElementType zt_schema_validation_error::kType =
+const ZtElementType zt_not_utf_8::kType = {
+    XcapErrorBinding::Phrased<zt_not_utf_8>("zt_not_utf_8", XML_STR_NOT_UTF_8, "not-utf-8",
+                                            "AddNot_utf_8ElementToXml"),
+    {kPhrase}};
+const ZtElementType zt_cannot_delete::kType = {
+    XcapErrorBinding::Phrased<zt_cannot_delete>("zt_cannot_delete", XML_STR_CANNOT_DELETE,
+                                                "cannot-delete", "AddCannot_deleteElementToXml"),
+    {kPhrase}};
+const ZtElementType zt_constraint_failure::kType = {
+    XcapErrorBinding::Phrased<zt_constraint_failure>(
+        "zt_constraint_failure", XML_STR_CONSTRAINT_FAILURE, "constraint-failure",
+        "AddConstraint_failureElementToXml"),
+    {kPhrase}};
+const ZtElementType zt_not_well_formed::kType = {
+    XcapErrorBinding::Phrased<zt_not_well_formed>("zt_not_well_formed", XML_STR_NOT_WELL_FORMED,
+                                                  "not-well-formed",
+                                                  "AddNot_well_formedElementToXml"),
+    {kPhrase}};
+const ZtElementType zt_not_xml_att_value::kType = {
+    XcapErrorBinding::Phrased<zt_not_xml_att_value>("zt_not_xml_att_value",
+                                                    XML_STR_NOT_XML_ATT_VALUE, "not-xml-att-value",
+                                                    "AddNot_xml_att_valueElementToXml"),
+    {kPhrase}};
+const ZtElementType zt_cannot_insert::kType = {
+    XcapErrorBinding::Phrased<zt_cannot_insert>("zt_cannot_insert", XML_STR_CANNOT_INSERT,
+                                                "cannot-insert", "AddCannot_insertElementToXml"),
+    {kPhrase}};
+const ZtElementType zt_not_xml_frag::kType = {
+    XcapErrorBinding::Phrased<zt_not_xml_frag>("zt_not_xml_frag", XML_STR_NOT_XML_FRAG,
+                                               "not-xml-frag", "AddNot_xml_fragElementToXml"),
+    {kPhrase}};
+const ZtElementType zt_schema_validation_error::kType = {
     XcapErrorBinding::Phrased<zt_schema_validation_error>(
-        "zt_schema_validation_error", "schema-validation-error", XML_STR_SCHEMA_VALIDATION_ERROR,
-        "AddSchema_validation_errorElementToXml");
+        "zt_schema_validation_error", XML_STR_SCHEMA_VALIDATION_ERROR, "schema-validation-error",
+        "AddSchema_validation_errorElementToXml"),
+    {kPhrase}};
 
-const ZtElementType zt_no_parent::kType =
+const ZtElementType zt_no_parent::kType = {
     ZtTypeOf<zt_no_parent>("zt_no_parent", "no-parent", kFamily)
-        .Fields(XcapErrorBinding::kNoParent)
-        .Writer(XML_STR_NO_PARENT, "AddNo_parentElementToXml");
+        .Writer(XML_STR_NO_PARENT, "AddNo_parentElementToXml"),
+    {kPhrase, ztrow::TextElement(XML_STR_ANCESTOR, &zt_no_parent::m_Ancestor)}};
 
-const ZtElementType zt_exists::kType = ZtTypeOf<zt_exists>("zt_exists", "exists", kFamily)
-                                           .Fields(XcapErrorBinding::kExists)
-                                           .Writer(XML_STR_EXISTS, "AddExistsElementToXml");
+const ZtElementType zt_exists::kType = {
+    ZtTypeOf<zt_exists>("zt_exists", "exists", kFamily)
+        .Writer(XML_STR_EXISTS, "AddExistsElementToXml"),
+    {ztrow::Attribute(XML_STR_FIELD, &zt_exists::m_Field),
+     ztrow::TextElements(XML_STR_ALT_VALUE, &zt_exists::m_AltValues)}};
 
-const ZtElementType zt_uniqueness_failure::kType =
+const ZtElementType zt_uniqueness_failure::kType = {
     ZtTypeOf<zt_uniqueness_failure>("zt_uniqueness_failure", "uniqueness-failure", kFamily)
-        .Fields(XcapErrorBinding::kUniquenessFailure)
-        .Writer(XML_STR_UNIQUENESS_FAILURE, "AddUniqueness_failureElementToXml");
+        .Writer(XML_STR_UNIQUENESS_FAILURE, "AddUniqueness_failureElementToXml"),
+    {kPhrase, ztrow::Children(XML_STR_EXISTS, &zt_uniqueness_failure::m_Exists, zt_exists::kType)
+                  .Lenient()
+                  .NoteFailed("<XML Module>: AddExistsElementToXml tempNum: %d ")}};
 
-const ZtElementType zt_extension::kType =
-    ZtTypeOf<zt_extension>("zt_extension", "extension", kFamily)
-        .Fields(XcapErrorBinding::kExtension)
-        .Writer(XML_STR_EXTENSION, "AddExtensionElementToXml")
-        .UnknownElement(kCannotAccommodate);
+// Intended: an "extension" is written without its content, although it keeps what callers add to
+// it.
+const ZtElementType zt_extension::kType = {
+    ZtTypeOf<zt_extension>("zt_extension", "extension", kTellingFamily)
+        .Writer(XML_STR_EXTENSION, "AddExtensionElementToXml"),
+    {kZtOthers}};
 
-// Intended: log readers know the root's writer as "AddXcap_errorElementToXmlErrorElementToXml",
-// where the operation is AddXcap_errorElementToXml.
-const ZtElementType zt_xcap_error::kType =
-    ZtTypeOf<zt_xcap_error>("zt_xcap_error", "xcap-error", kFamily)
+namespace {
+
+// Intended: in "xcap-error" a name that only begins with an error's is taken for an error, and
+// under any of these names callers may offer an object of any error's class. Of several errors
+// the last one stands.
+bool TakeError(XMLElement& self, const char* name, const char*, XMLElement* child,
+               ZtOutcome& outcome) {
+  if (!IsErrorName(name)) return false;
+  outcome = child && !child->ClassName() ? ZtOutcome::kAccepted : ZtOutcome::kRefused;
+  if (!ErrorTypeOf(child)) return true;
+  outcome = ZtAdopt(self, *zt_xcap_error::kType.children(), child, kSource);
+  return true;
+}
+
+// Intended: the schema location that is written names the namespace alone, where a schema file
+// should follow; peers compare the text.
+constexpr ZtExtras kRoot = {
+    {{XML_STR_URN_IETF_PARAMS_XML_NS_XCAP_ERROR, XML_STR_ZT_NULL},
+     {XML_STR_HTTP_WWW_W3_ORG_2001_XMLSCHEMA_INSTANCE, XML_STR_XSI},
+     {XML_STR_URN_IETF_PARAMS_XML_NS_XCAP_ERROR, XML_STR_SCHEMA_LOCATION, XML_STR_XSI}},
+    TakeError};
+
+}  // namespace
+
+// Intended: an error object that is of none of the errors' classes is left out, and the document is
+// written without it instead of failing.
+const ZtElementType zt_xcap_error::kType = {
+    ZtTypeOf<zt_xcap_error>("zt_xcap_error", "xcap-error", kRootFamily)
         .Writer(XML_STR_XCAP_ERROR, "AddXcap_errorElementToXml")
-        .EntryLine("<XML Module>: AddXcap_errorElementToXmlErrorElementToXml")
-        .Declares(kDeclarations)
-        .Chooses(kErrors)
-        .OnChild(XcapErrorBinding::TakeError)
-        .OnContent(XcapErrorBinding::WriteError)
-        .Root();
+        .With(kRoot)
+        .Root(),
+    {ztrow::OtherChild(&zt_xcap_error::m_Error, kErrors)}};
 
 // ---- Workers ------------------------------------------------------------------------------------
 

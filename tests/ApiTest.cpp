@@ -20,6 +20,12 @@ TEST(Api, FactoriesMakeNullWithoutMemory) {
   }
 }
 
+TEST(Api, RowsCanBeMeant) {
+  for (const ZtElementType* type : ApiTables::kTypes) {
+    EXPECT_TRUE(ztrow::Sound(type->fields)) << type->className;
+  }
+}
+
 // Who owns an offered child is told by the result, also when there is no memory for it or its text.
 // Under a child's name nothing else is taken.
 TEST(Api, OfferedChildrenAreTakenOrNot) {
@@ -28,15 +34,15 @@ TEST(Api, OfferedChildrenAreTakenOrNot) {
       const bool child = field.place == ZtPlace::kChild || field.place == ZtPlace::kChildren;
       if (!child) continue;
       std::string name = ZtName(field.name), text = "a b";
-      if (field.atEnd || field.madeHere) name.insert(0, "/");
-      const Tree<XMLElement> sparse(type->maker.Create("tests/ApiTest")),
+      if (field.arrival != ZtArrival::kAtStart) name.insert(0, "/");
+      const Tree<XMLElement> sparse(type->Create("tests/ApiTest")),
           foreign(ZtCreate<zt_string>("tests/ApiTest"));
       EXPECT_EQ(sparse->ProcessUnMarshall(name.data(), text.data(), foreign.get()), 0) << name;
-      if (field.madeHere) continue;
+      if (field.arrival == ZtArrival::kAsText) continue;
       EXPECT_EQ(sparse->ProcessUnMarshall(name.data(), text.data(), nullptr), 0) << name;
       for (long n = 1, reached = 1; reached; ++n) {
-        const Tree<XMLElement> parent(type->maker.Create("tests/ApiTest"));
-        Tree<XMLElement> offered(field.detail.type->maker.Create("tests/ApiTest"));
+        const Tree<XMLElement> parent(type->Create("tests/ApiTest"));
+        Tree<XMLElement> offered(field.detail.type->Create("tests/ApiTest"));
         zthost::FailAllocation(n);
         const int taken = parent->ProcessUnMarshall(name.data(), text.data(), offered.get());
         reached = zthost::AllocationCount() >= n;

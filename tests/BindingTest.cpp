@@ -59,55 +59,49 @@ bool NoteBusy(XMLElement& self, const char* name, const char* value, XMLElement*
   return true;
 }
 
-constexpr ZtField kKeywordsRows[] = {ztrow::OwnText(XML_STR_KEYWORDS, &Keywords::m_Text)};
-const ZtElementType Keywords::kType = ZtTypeOf<Keywords>("Keywords", "keywords", kFamily)
-                                          .Fields(kKeywordsRows)
-                                          .Writer(XML_STR_KEYWORDS, "AddKeywords", XML_STR_OCP)
-                                          .OnContent(WriteKeywords);
+constexpr ZtExtras kKeywords = {{}, nullptr, WriteKeywords};
+const ZtElementType Keywords::kType = {ZtTypeOf<Keywords>("Keywords", "keywords", kFamily)
+                                           .Writer(XML_STR_KEYWORDS, "AddKeywords", XML_STR_OCP)
+                                           .With(kKeywords),
+                                       {ztrow::OwnText(XML_STR_KEYWORDS, &Keywords::m_Text)}};
 
-constexpr ZtField kEntryRows[] = {
-    ztrow::Attribute(XML_STR_URI, &Entry::m_Uri).Required("uri is required", kZtLogError)};
-const ZtElementType Entry::kType = ZtTypeOf<Entry>("Entry", "entry", kFamily)
-                                       .Fields(kEntryRows)
-                                       .Writer(XML_STR_ENTRY, "AddEntry")
-                                       .SelfClosing()
-                                       .RefusesUnknownAttributes()
-                                       .RefusesUnknownChildren();
+const ZtElementType Entry::kType = {
+    ZtTypeOf<Entry>("Entry", "entry", kFamily)
+        .Writer(XML_STR_ENTRY, "AddEntry")
+        .Starts(ZtStartTag::kEmpty)
+        .RefusesUnknownAttributes()
+        .RefusesUnknownChildren(),
+    {ztrow::Attribute(XML_STR_URI, &Entry::m_Uri).Required("uri is required", kZtLogError)}};
 
 constexpr ZtFlag kFlag = {"%s: flag is not present"};
-constexpr ZtElementType kFlagType = ZtFlagOf(kFamily, "AddFlag", kFlag);
+constexpr ZtExtras kFlagExtras = ZtExtrasOf(kFlag);
+constexpr ZtElementType kFlagType = ZtFlagOf(kFamily, "AddFlag", kFlagExtras);
 constexpr ZtChoice kChoices[] = {{XML_STR_ENTRY, Entry::kType, XML_STR_CP}, {}};
 constexpr ZtChoice kExtensions[] = {{XML_STR_RESOURCE, Entry::kType}, {}};
-constexpr ZtFixedAttribute kFixed[] = {
-    {XML_STR_URI_3GPP_GBA, XML_STR_ZT_NULL},
-    {XML_STR_URN_IETF_PARAMS_XML_NS_COMMON_POLICY, XML_STR_CP},
-    {XML_STR_URI_3GPP_GBA, XML_STR_SCHEMA_LOCATION, XML_STR_XSI}};
-constexpr ZtField kListRows[] = {
-    ztrow::Attribute(XML_STR_ID, &List::m_Id),
-    ztrow::Attribute(XML_STR_VERSION, &List::m_Version),
-    ztrow::OtherAttributes(&List::m_Extras),
-    ztrow::TextElement(XML_STR_NOTE, &List::m_Note).Note("no note", kZtLogOptional),
-    ztrow::TextElements(XML_STR_ALT_VALUE, &List::m_Texts),
-    ztrow::TextElement(XML_STR_USER_COUNT, &List::m_Count),
-    ztrow::TextElement(XML_STR_STATE, &List::m_Mode, kModes),
-    ztrow::Child(XML_STR_KEYWORDS, &List::m_Keywords, Keywords::kType).AtEnd(),
-    ztrow::Child(ZT_STR_EXTERNAL_LIST, &List::m_External, Entry::kType)
-        .Lenient()
-        .Note("external list %d failed", kZtLogError),
-    ztrow::Children(XML_STR_LIST, &List::m_Lists, List::kType),
-    ztrow::Children(XML_STR_BUSY, &List::m_Flags, kFlagType),
-    ztrow::OtherChildren(&List::m_Others, kChoices).Note("no writer for %s"),
-};
-static_assert(ztrow::Sound(kListRows));
-constexpr ZtField kTwice[] = {ztrow::Attribute(XML_STR_ID, &List::m_Id),
-                              ztrow::Attribute(XML_STR_ID, &List::m_Note)};
-static_assert(!ztrow::Sound(kTwice));
-const ZtElementType List::kType = ZtTypeOf<List>("List", "list", kFamily)
-                                      .Fields(kListRows)
-                                      .Writer(XML_STR_LIST, "AddList")
-                                      .Declares(kFixed)
-                                      .OnChild(NoteBusy)
-                                      .Root();
+constexpr ZtExtras kList = {{{XML_STR_URI_3GPP_GBA, XML_STR_ZT_NULL},
+                             {XML_STR_URN_IETF_PARAMS_XML_NS_COMMON_POLICY, XML_STR_CP},
+                             {XML_STR_URI_3GPP_GBA, XML_STR_SCHEMA_LOCATION, XML_STR_XSI}},
+                            NoteBusy};
+const ZtElementType List::kType = {
+    ZtTypeOf<List>("List", "list", kFamily).Writer(XML_STR_LIST, "AddList").With(kList).Root(),
+    {ztrow::Attribute(XML_STR_ID, &List::m_Id), ztrow::Attribute(XML_STR_VERSION, &List::m_Version),
+     ztrow::OtherAttributes(&List::m_Extras),
+     ztrow::TextElement(XML_STR_NOTE, &List::m_Note).NoteAbsent("no note", kZtLogOptional),
+     ztrow::TextElements(XML_STR_ALT_VALUE, &List::m_Texts),
+     ztrow::TextElement(XML_STR_USER_COUNT, &List::m_Count),
+     ztrow::TextElement(XML_STR_STATE, &List::m_Mode, kModes),
+     ztrow::Child(XML_STR_KEYWORDS, &List::m_Keywords, Keywords::kType).Arrives(ZtArrival::kAtEnd),
+     ztrow::Child(ZT_STR_EXTERNAL_LIST, &List::m_External, Entry::kType)
+         .Lenient()
+         .NoteFailed("external list %d failed", kZtLogError),
+     ztrow::Children(XML_STR_LIST, &List::m_Lists, List::kType),
+     ztrow::Children(XML_STR_BUSY, &List::m_Flags, kFlagType),
+     ztrow::OtherChildren(&List::m_Others, kChoices).NoteLeftOut("no writer for %s")}};
+
+static_assert(!ztrow::Sound({ztrow::Attribute(XML_STR_ID, &List::m_Id),
+                             ztrow::Attribute(XML_STR_ID, &List::m_Note)}));
+static_assert(!ztrow::Sound({ztrow::TextElement(XML_STR_NOTE, &List::m_Note),
+                             ztrow::Attribute(XML_STR_ID, &List::m_Id)}));
 
 constexpr ZtDocumentFacts Facts(ZtPrefixRule prefixes) {
   return ZtDocumentFacts{}

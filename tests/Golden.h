@@ -287,7 +287,7 @@ class TreeTeller : public reflect::Visitor {
  private:
   // The enumerations that have neither one of their values nor what a new object has.
   void Nowhere(const XMLElement& object) {
-    const Tree<XMLElement> fresh(reflect::TypeOf(object).maker.Create("tests/Golden"));
+    const Tree<XMLElement> fresh(reflect::TypeOf(object).Create("tests/Golden"));
     const Lines before = ::FieldsOf(*fresh);
     const Lines now = ::FieldsOf(object);
     const std::vector<reflect::Field> fields = reflect::FieldsOf(object);

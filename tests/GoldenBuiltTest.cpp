@@ -114,7 +114,7 @@ bool Give(const ApiTables::Setter& setter, unsigned at, Given& given) {
       if (at == 2) {
         unsigned type = 0;
         while (!(*setter.child)[type]) ++type;
-        value.child = ApiTables::kTypes[type]->maker.Create(kSource);
+        value.child = ApiTables::kTypes[type]->Create(kSource);
         given.label = "an empty object";
       }
       return at < 3;
@@ -233,9 +233,7 @@ TEST(GoldenBuilt, ByAccessors) {
   std::string text;
   for (unsigned type = 0; type < ApiTables::kTypeCount; ++type) {
     if (everywhere.count(type)) continue;
-    const auto make = [&] {
-      return Tree<XMLElement>(ApiTables::kTypes[type]->maker.Create(kSource));
-    };
+    const auto make = [&] { return Tree<XMLElement>(ApiTables::kTypes[type]->Create(kSource)); };
     text += TellGetters(*make(), type);
     for (const ApiTables::Setter& setter : kApiSetters) {
       if (!(*setter.appliesTo)[type]) continue;

@@ -176,7 +176,7 @@ void ExpectEverything(eXMLSchemaID id, const Seen& seen) {
   ASSERT_TRUE(reflect::FindSchema(id, schema));
   std::string missing;
   for (const ZtElementType* type : schema.Types()) {
-    const Tree<XMLElement> object(type->maker.Create("tests/Golden"));
+    const Tree<XMLElement> object(type->Create("tests/Golden"));
     for (const reflect::Field& field : reflect::FieldsOf(*object)) {
       if (!field.name) continue;  // what has no name has mostly no way to be read
       const ZtEnumTable* values = field.row ? reflect::ValuesOf(*field.row) : nullptr;

@@ -40,7 +40,7 @@ struct Delete {
 };
 using Object = std::unique_ptr<XMLElement, Delete>;
 
-Object Make(const ZtElementType& type) { return Object(type.maker.Create("docs/Accessors")); }
+Object Make(const ZtElementType& type) { return Object(type.Create("docs/Accessors")); }
 
 // The index of a type among those that have accessors, kTypeCount for none.
 unsigned IndexOf(const ZtElementType& type) {

@@ -55,12 +55,10 @@ std::string NameCell(const reflect::Field& field) {
     return field.HoldsAttributes() ? "the declarations"
                                    : "elements, see [On the wire](#on-the-wire)";
   }
-  const bool fromAttribute = field.row->fromAttribute;
   switch (field.place) {
     case ZtPlace::kAttribute:
       return "attribute " + name;
     case ZtPlace::kTextElement:
-      return (fromAttribute ? "attribute " : "element ") + name;
     case ZtPlace::kChild:
       return "element " + name;
     case ZtPlace::kTextElements:
@@ -70,6 +68,8 @@ std::string NameCell(const reflect::Field& field) {
       return "its text";
     case ZtPlace::kOwnWords:
       return "its text, split at blanks";
+    case ZtPlace::kOtherChild:
+      return "one of these elements";
     case ZtPlace::kOtherChildren:
       return "other elements";
     case ZtPlace::kOtherAttributes:
@@ -118,6 +118,7 @@ std::string ValueCell(const reflect::Field& field, const Accessors& accessors,
       break;
   }
   if (field.HoldsAttributes()) return "pairs, each a `zt_AttributeValuePair`";
+  if (field.place == ZtPlace::kOtherChild) return "object";
   if (field.place == ZtPlace::kOtherChildren) return "objects";
   return LinkTo(*row->detail.type, page, homes);
 }
@@ -126,7 +127,7 @@ std::string ValueCell(const reflect::Field& field, const Accessors& accessors,
 std::string WrittenCell(const reflect::Field& field, const std::string& page, const Homes& homes) {
   const ZtField* row = field.row;
   if (!row) return "when set";
-  if (field.place == ZtPlace::kOtherChildren) {
+  if (field.place == ZtPlace::kOtherChild || field.place == ZtPlace::kOtherChildren) {
     std::vector<std::string> types;
     for (const ZtElementType* type : reflect::ChildTypesOf(*row)) {
       AddOnce(types, LinkTo(*type, page, homes));
@@ -135,18 +136,18 @@ std::string WrittenCell(const reflect::Field& field, const std::string& page, co
     const bool named = row->detail.choices && !row->detail.choices->type;
     return named ? "those that the document's page names" : "never";
   }
-  if (row->required) return "**required**";
+  if (row->Is(kZtRequired)) return "**required**";
   std::string cell = "when set";
-  if (row->IsOwnText() && !row->always) cell = "when set, else a blank";
+  if (row->IsOwnText() && !row->Is(kZtAlways)) cell = "when set, else a blank";
   if (row->place == ZtPlace::kOwnWords) cell = "with one blank between words";
   if (row->place == ZtPlace::kOtherAttributes) cell = "as received; the first of a name";
-  if (row->always && !field.IsRepeated()) cell = "always";
+  if (row->Is(kZtAlways) && !field.IsRepeated()) cell = "always";
   if (field.value == ZtValue::kEnum && field.IsPresent()) {
     cell = "always; " + Code(field.items[0].text) + " until it is set";
   }
-  if (row->oneOf) cell = "one of these rows: the first that is set";
-  if (row->oneOf && row->always) cell += "; a blank when none is";
-  if (row->lenient) cell += "; if it fails, the rest is written";
+  if (row->Is(kZtOneOf)) cell = "one of these rows: the first that is set";
+  if (row->Is(kZtOneOf) && row->Is(kZtAlways)) cell += "; a blank when none is";
+  if (row->Is(kZtLenient)) cell += "; if it fails, the rest is written";
   return cell;
 }
 
@@ -183,7 +184,7 @@ std::string PlacesOf(const ZtElementType& type, const Scope& scope, const std::s
       const bool child = row.place == ZtPlace::kChild || row.place == ZtPlace::kChildren;
       if (child && Same(*row.detail.type, type)) AddOnce(places, Code(ZtName(row.name)) + in);
     }
-    for (const ZtChoice* at = parent->choices; at && at->type; ++at) {
+    for (const ZtChoice* at = parent->Choices(); at && at->type; ++at) {
       if (!Same(*at->type, type)) continue;
       for (const std::string& name : NamesOf(*at)) AddOnce(places, name + in);
     }
@@ -203,7 +204,7 @@ std::string PlacesOf(const ZtElementType& type, const Scope& scope, const std::s
 // The fields of an object that was just made. Of what is in them only the values of enumerations,
 // which are static, outlive it.
 std::vector<reflect::Field> FreshFieldsOf(const ZtElementType& type) {
-  XMLElement* object = type.maker.Create("docs/Pages");
+  XMLElement* object = type.Create("docs/Pages");
   std::vector<reflect::Field> fields = reflect::FieldsOf(*object);
   XMLFactory::DeleteElement(object);
   return fields;
@@ -243,22 +244,23 @@ std::string TypeSection(const ZtElementType& type, const Scope& scope, const std
   }
   if (!fields.empty()) text += "\n";
   const std::size_t size = text.size();
-  if (writes && (type.contentHook || type.writeHook)) {
+  if (writes && (type.extras->content || type.extras->write)) {
     text += "Written by a rule of its own, see [On the wire](#on-the-wire). ";
   }
   std::vector<std::string> dropped;
   if (!keepsAttributes) dropped.emplace_back("other attributes");
   if (!keepsElements) dropped.emplace_back("other elements");
   if (!dropped.empty()) text += "Dropped when read: " + Join(dropped) + ". ";
-  if (writes && type.selfClosing) text += "Written as an empty tag. ";
-  if (writes && type.staysOpen) text += "Without an attribute its start tag is left open. ";
-  if (writes && type.awaitsExtras) {
+  if (writes && type.start == ZtStartTag::kEmpty) text += "Written as an empty tag. ";
+  if (writes && type.start == ZtStartTag::kStaysOpen)
+    text += "Without an attribute its start tag is left open. ";
+  if (writes && type.start == ZtStartTag::kAwaitsExtras) {
     text += "A list of other attributes that is empty leaves its start tag open. ";
   }
-  if (writes && type.fixedCount) {
+  if (writes && type.extras->declares.size()) {
     std::vector<std::string> fixed;
-    for (unsigned n = 0; n < type.fixedCount; ++n) {
-      fixed.push_back(Code(AttributeText(type.fixed[n])));
+    for (const ZtFixedAttribute& declared : type.extras->declares) {
+      fixed.push_back(Code(AttributeText(declared)));
     }
     text += "Always written with " + Join(fixed) + ". ";
   }
@@ -272,8 +274,8 @@ std::string TypeSection(const ZtElementType& type, const Scope& scope, const std
 std::string OwnWay(const ZtElementType& type, const std::string& page, const Homes& homes) {
   const ZtElementType& read = reflect::ReadAs(type);
   if (&type == &read || IsFlag(type)) return "";
-  const bool kept = type.choices || reflect::ChildTypesOf(type).empty();
-  if (kept && !type.choices && read.fieldCount != 0) {
+  const bool kept = type.Choices() || reflect::ChildTypesOf(type).empty();
+  if (kept && !type.Choices() && read.fields.size() != 0) {
     return "- " + Code(TagOf(type)) + " is written without its content.\n";
   }
   std::string text;
@@ -304,7 +306,7 @@ std::string FlagsOf(const reflect::Schema& schema, const std::string& page, cons
     for (const ZtField& row : *type) {
       if (row.IsObject() && IsFlag(*row.detail.type)) AddOnce(names, Code(ZtName(row.name)));
     }
-    for (const ZtChoice* at = type->choices; at && at->type; ++at) {
+    for (const ZtChoice* at = type->Choices(); at && at->type; ++at) {
       if (!IsFlag(*at->type)) continue;
       const std::string in = at->name.IsNone() ? " in " + LinkTo(*type, page, homes) : "";
       for (const std::string& name : NamesOf(*at)) AddOnce(names, name + in);

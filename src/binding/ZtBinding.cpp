@@ -102,7 +102,7 @@ ZtOutcome AppendWords(XMLElement& self, const ZtField& field, const ZtSource& so
 
 ZtOutcome ZtStoreText(XMLElement& self, const ZtField& field, ZtPiece value,
                       const ZtSource& source) {
-  if (!value.text && field.place == ZtPlace::kTextElements && field.always) value = {"", 0};
+  if (!value.text && field.place == ZtPlace::kTextElements && field.Is(kZtAlways)) value = {"", 0};
   if (!value.text) return ZtOutcome::kAccepted;
   switch (field.place) {
     case ZtPlace::kTextElements:
@@ -156,7 +156,7 @@ class Hook {
       Log(m_Lines.wrongClass, className, field.detail.type->className);
       return ZtOutcome::kRefused;
     }
-    if (field.atEnd && !ZtOwnership::IsOwned(*child) &&
+    if (field.arrival == ZtArrival::kAtEnd && !ZtOwnership::IsOwned(*child) &&
         !StoreOwnText(*child, *field.detail.type, ownText, m_Source.arena)) {
       return ZtOutcome::kNoMemory;
     }
@@ -168,7 +168,7 @@ class Hook {
                       const XMLElement* offered) const {
     if (offered) return ZtOutcome::kRefused;
     if (!value.text) return ZtOutcome::kAccepted;
-    XMLElement* child = field.detail.type->maker.Create(m_Source);
+    XMLElement* child = field.detail.type->Create(m_Source);
     if (!child) return ZtOutcome::kNoMemory;
     if (StoreOwnText(*child, *field.detail.type, value, m_Source.arena)) {
       (self.*field.member.child).Set(child);
@@ -185,16 +185,12 @@ class Hook {
 
   ZtOutcome UnknownChild(XMLElement& self, const char* name, const char* value,
                          XMLElement* child) const {
-    if (child) {
-      for (const ZtField& field : m_Type) {
-        if (field.place == ZtPlace::kOtherChildren) {
-          return Append(self.*field.member.children, child);
-        }
-      }
+    const ZtField* others = m_Type.rows.others ? m_Type.begin() + m_Type.rows.others - 1 : nullptr;
+    if (child && others && others->place == ZtPlace::kOtherChildren) {
+      return Append(self.*others->member.children, child);
     }
-    const char* format =
-        m_Type.unknownElement ? m_Type.unknownElement : m_Type.family->unknownElement;
-    if (format) ZtLog(kZtLogTrace, m_Type.family->source)(format, name, value);
+    if (const char* format = m_Type.family->unknownElement)
+      ZtLog(kZtLogTrace, m_Type.family->source)(format, name, value);
     return m_Type.unknownChild == ZtUnknown::kRefuse ? ZtOutcome::kRefused : ZtOutcome::kAccepted;
   }
 
@@ -249,16 +245,18 @@ ZtOutcome ZtOfferChild(XMLElement& self, const ZtElementType& type, const ZtChil
     return ZtOutcome::kAccepted;
   }
   ZtOutcome hooked = ZtOutcome::kAccepted;
-  if (type.childHook && type.childHook(self, name.text, value.text, child, hooked)) return hooked;
-  const ZtField* const end = type.names.MayHave(name.id) ? type.end() : type.children();
+  const auto hookOfType = type.extras->child;
+  if (hookOfType && hookOfType(self, name.text, value.text, child, hooked)) return hooked;
+  if (type.attributesAsTexts) {
+    // Only the plain name without an object is that text; all else is nobody's.
+    if (const ZtField* row = ZtFindAttribute(type, name.id)) {
+      return name.atEnd || child ? ZtOutcome::kAccepted : ZtStore(self, *row, value, arena);
+    }
+  }
+  const ZtField* const end = type.rows.names.MayHave(name.id) ? type.end() : type.children();
   for (const ZtField* at = type.children(); at != end; ++at) {
     const ZtField& field = *at;
     if (field.name != name.id || !field.HasName()) continue;
-    // Only the plain name without an object is that text; all else is nobody's.
-    if (field.fromAttribute) {
-      return name.atEnd || child ? ZtOutcome::kAccepted
-                                 : ZtStoreText(self, field, value, {type.family->source, arena});
-    }
     switch (field.place) {
       case ZtPlace::kTextElement:
       case ZtPlace::kTextElements:
@@ -269,10 +267,11 @@ ZtOutcome ZtOfferChild(XMLElement& self, const ZtElementType& type, const ZtChil
         if (child) return ZtOutcome::kRefused;
         return ZtStoreText(self, field, value, {type.family->source, arena});
       default:
-        if (field.madeHere) {
+        if (field.arrival == ZtArrival::kAsText) {
           return name.atEnd ? hook.MakeChild(self, field, value, child) : ZtOutcome::kAccepted;
         }
-        if (name.atEnd == field.atEnd) return hook.Adopt(self, field, child, value);
+        if (name.atEnd == (field.arrival == ZtArrival::kAtEnd))
+          return hook.Adopt(self, field, child, value);
         // A child that comes with its end tag is at its start like any that no row names.
     }
   }
@@ -281,7 +280,7 @@ ZtOutcome ZtOfferChild(XMLElement& self, const ZtElementType& type, const ZtChil
 
 ZtOutcome ZtAdopt(XMLElement& self, const ZtField& field, XMLElement* child,
                   const ZtSource& source) {
-  if (field.place == ZtPlace::kChild) {
+  if (field.place == ZtPlace::kChild || field.place == ZtPlace::kOtherChild) {
     const bool taken = (self.*field.member.child).Take(child);
     return taken ? ZtOutcome::kAdopted : ZtOutcome::kRefused;
   }
@@ -289,7 +288,7 @@ ZtOutcome ZtAdopt(XMLElement& self, const ZtField& field, XMLElement* child,
 }
 
 const ZtField* ZtFindAttribute(const ZtElementType& type, ZtNameId name) {
-  if (!type.names.MayHave(name)) return nullptr;
+  if (!type.rows.names.MayHave(name)) return nullptr;
   for (const ZtField* field = type.begin(); field != type.children(); ++field) {
     if (field->name == name && field->place == ZtPlace::kAttribute) return field;
   }
@@ -297,7 +296,7 @@ const ZtField* ZtFindAttribute(const ZtElementType& type, ZtNameId name) {
 }
 
 const ZtField* ZtFindChild(const ZtElementType& type, ZtNameId name) {
-  if (!type.names.MayHave(name)) return nullptr;
+  if (!type.rows.names.MayHave(name)) return nullptr;
   for (const ZtField* field = type.children(); field != type.end(); ++field) {
     if (field->name == name && field->HasName()) return field;
   }
@@ -315,9 +314,10 @@ const ZtChoice* ZtFindNamed(const ZtChoice* choices, ZtNameId name) {
 }
 
 const ZtChoice* ZtFindChoice(const ZtElementType& type, ZtNameId name) {
-  if (!type.choices) return nullptr;
-  const ZtChoice* named = ZtFindNamed(type.choices, name);
-  return named || ZtFindChild(type, name) ? named : ZtFindNamed(type.choices, XML_STR_ZT_NULL);
+  const ZtChoice* choices = type.Choices();
+  if (!choices) return nullptr;
+  const ZtChoice* named = ZtFindNamed(choices, name);
+  return named || ZtFindChild(type, name) ? named : ZtFindNamed(choices, XML_STR_ZT_NULL);
 }
 
 ZtOutcome ZtOfferAttribute(XMLElement& self, const ZtElementType& type, ZtPiece name,
@@ -327,19 +327,17 @@ ZtOutcome ZtOfferAttribute(XMLElement& self, const ZtElementType& type, ZtPiece 
     hook.Log(hook.Lines().nullAttribute);
     return ZtOutcome::kAccepted;
   }
-  ZtOutcome hooked = ZtOutcome::kAccepted;
-  if (type.attributeHook && type.attributeHook(self, name.text, value, hooked)) return hooked;
-  if (const ZtField* field = ZtFindAttribute(type, ZtNameId::Of(name))) {
+  const ZtField* field =
+      type.attributesAsTexts ? nullptr : ZtFindAttribute(type, ZtNameId::Of(name));
+  if (field) {
     return attribute ? ZtOutcome::kRefused : ZtStore(self, *field, value, arena);
   }
-  for (const ZtField& field : type) {
-    if (field.place != ZtPlace::kOtherAttributes || !attribute) continue;
-    return hook.Append(self.*field.member.attributes, attribute);
+  for (const ZtField& row : type) {
+    if (row.place != ZtPlace::kOtherAttributes || !attribute) continue;
+    return hook.Append(self.*row.member.attributes, attribute);
   }
   hook.Log(hook.Lines().unknownAttribute, name.text);
-  const bool refuses = type.family->unknownAttribute == ZtUnknown::kRefuse ||
-                       type.unknownAttribute == ZtUnknown::kRefuse;
-  return refuses ? ZtOutcome::kRefused : ZtOutcome::kAccepted;
+  return type.unknownAttribute == ZtUnknown::kRefuse ? ZtOutcome::kRefused : ZtOutcome::kAccepted;
 }
 
 // Intended: most numbers are absent when they are 0, and those of attributes when they are
@@ -355,7 +353,7 @@ ZtPiece ZtFieldText(const XMLElement& self, const ZtField& field, char* buffer) 
           is32 ? (self.*field.member.number).Get() : (self.*field.member.number64).Get();
       const bool absent =
           number == 0 || (number == kZtNotSet && is32 && field.place == ZtPlace::kAttribute);
-      return absent && !field.always ? ZtPiece(nullptr) : FormatNumber(number, buffer);
+      return absent && !field.Is(kZtAlways) ? ZtPiece(nullptr) : FormatNumber(number, buffer);
     }
     case ZtValue::kEnum: {
       const unsigned index = self.*field.member.number;
@@ -369,7 +367,7 @@ ZtPiece ZtFieldText(const XMLElement& self, const ZtField& field, char* buffer) 
 }
 
 XMLElement* ZtMakeElement(const ZtElementType& type, const ZtSource& source, int line) {
-  return type.maker.Create(source, line);
+  return type.Create(source, line);
 }
 
 bool ZtIsA(const XMLElement& element, const ZtElementType& type) {

@@ -36,7 +36,7 @@ XMLObject* ZtFactory::CreateRootElement() {
 }
 
 XMLElement* ZtFactory::Make(const ZtElementType& type) const {
-  return type.maker.Create(Document().source);
+  return type.Create(Document().source);
 }
 
 // ---- Unmarshaller -------------------------------------------------------------------------------
@@ -162,8 +162,11 @@ char* ZtMarshaller::Marshall(XMLElement* root) {
     m_XmlDocGenerator.ztAddHeader(ZtName(XML_STR_1_0), ZtName(XML_STR_UTF_8));
   const ZtLog trace(kZtLogTrace, document.source);
   const ZtElementType* type = nullptr;
+  const char* failedAs = document.failedAs;
   for (const ZtRoot& known : document.roots) {
-    if (!type && ZtIsClass(className, *known.type)) type = known.type;
+    if (type || !ZtIsClass(className, *known.type)) continue;
+    type = known.type;
+    if (known.failedAs) failedAs = known.failedAs;
   }
   for (const ZtElementType* known : document.fragments) {
     if (!type && ZtIsClass(className, *known)) type = known;
@@ -182,8 +185,7 @@ char* ZtMarshaller::Marshall(XMLElement* root) {
     if (m_pXml) {
       trace(document.lines.written, document.writtenAs, m_pXml);
     } else {
-      const char* failed = type->failedAs;
-      trace(document.lines.writeFailed, failed ? failed : document.failedAs, type->writer);
+      trace(document.lines.writeFailed, failedAs, type->writer);
     }
   }
   m_XmlDocGenerator.ztDeInitXmlDoc();
@@ -202,6 +204,10 @@ int ZtMarshaller::Write(XMLElement* element, const ZtElementType& type, e_XmlStr
   const int written = writer.Write(element, type, prefix, name);
   m_bCutShort = m_bCutShort || writer.IsIncomplete();
   return written && !writer.IsIncomplete();
+}
+
+int ZtMarshaller::WriteText(const ZtElementType& type, e_XmlStrRef name, const char* text) {
+  return Writer().WriteText(*ZtFindChild(type, name), text);
 }
 
 ZtElementWriter ZtMarshaller::Writer() {

@@ -32,6 +32,7 @@ enum class ZtPrefixRule : std::uint8_t { kExact, kStrip, kRewrite };
 struct ZtRoot {
   ZtNameId name;
   const ZtElementType* type;
+  const char* failedAs = nullptr;  // the marshaller, in the line when it cannot be written
 };
 
 // What there is to say of a document besides its roots.

@@ -5,7 +5,7 @@
 // The inside of an element: its depth and prefix hold until it ends.
 class ZtElementWriter::Nesting {
  public:
-  Nesting(ZtElementWriter& owner, e_XmlStrRef prefix) : m_Owner(owner), m_Outer(owner.m_Prefix) {
+  Nesting(ZtElementWriter& owner, ZtNameId prefix) : m_Owner(owner), m_Outer(owner.m_Prefix) {
     ++owner.m_iDepth;
     if (prefix != XML_STR_ZT_NULL) Change(prefix);
   }
@@ -17,13 +17,13 @@ class ZtElementWriter::Nesting {
   Nesting& operator=(const Nesting&) = delete;
 
  private:
-  void Change(e_XmlStrRef prefix) { m_Owner.ChangePrefix(prefix); }
+  void Change(ZtNameId prefix) { m_Owner.ChangePrefix(prefix); }
 
   ZtElementWriter& m_Owner;
-  e_XmlStrRef m_Outer;
+  ZtNameId m_Outer;
 };
 
-void ZtElementWriter::ChangePrefix(e_XmlStrRef prefix) {
+void ZtElementWriter::ChangePrefix(ZtNameId prefix) {
   m_Prefix = prefix;
   const ZtPiece text = prefix == XML_STR_ZT_NULL ? nullptr : ZtNameId(prefix).Piece();
   const ZtNamespaceBinding* binding =
@@ -148,7 +148,7 @@ bool IsSet(const XMLElement& element, const ZtField& field) {
     case ZtPlace::kChild:
       return (element.*field.member.child).Get();
     case ZtPlace::kTextElement:
-      return field.always || ZtFieldText(element, field, buffer).text;
+      return field.Is(kZtAlways) || ZtFieldText(element, field, buffer).text;
     default:
       return (element.*field.member.children).Head();
   }
@@ -173,13 +173,13 @@ bool IsWritten(const ZtChoice* choices) {
 }
 
 // Whether the element's start tag carries an attribute `name` by what its type says.
-bool Carries(const XMLElement& element, const ZtElementType& type, ZtPiece name) {
+bool Carries(const XMLElement& element, const ZtElementType& type,
+             std::initializer_list<ZtFixedAttribute> declared, ZtPiece name) {
   if (const ZtField* field = ZtFindAttribute(type, ZtNameId::Of(name))) {
     char buffer[kZtNumberSize];
-    return field->always || ZtFieldText(element, *field, buffer).text;
+    return field->Is(kZtAlways) || ZtFieldText(element, *field, buffer).text;
   }
-  for (unsigned i = 0; i < type.fixedCount; ++i) {
-    const ZtFixedAttribute& fixed = type.fixed[i];
+  for (const ZtFixedAttribute& fixed : declared) {
     const bool plain = fixed.suffix == XML_STR_ZT_NULL;
     const ZtPiece own = ZtNameId(fixed.name).Piece();
     const ZtPiece suffix = plain ? nullptr : ZtNameId(fixed.suffix).Piece();
@@ -193,14 +193,13 @@ bool Carries(const XMLElement& element, const ZtElementType& type, ZtPiece name)
 
 }  // namespace
 
-int ZtElementWriter::Write(XMLElement* element, const ZtElementType& type, e_XmlStrRef prefix,
+int ZtElementWriter::Write(XMLElement* element, const ZtElementType& type, ZtNameId prefix,
                            ZtNameId name) {
-  if (type.entryLine) {
-    Log(kZtLogTrace, type.entryLine);
-  } else if (type.writer) {
+  if (type.writer) {
     Log(type.family->entryLevel, type.family->entryLine, type.writer);
   }
-  if (!element && type.flag) Log(kZtLogState, type.flag->nullLine, m_Scope.marshaller);
+  const ZtExtras& extras = *type.extras;
+  if (!element && extras.flag) Log(kZtLogState, extras.flag->nullLine, m_Scope.marshaller);
   // A caller's list may hold anything: rows are applied to objects of their own type only.
   if (!element || !ZtIsClass(element->ClassName(), type)) return 0;
   if (m_iDepth == kMostDepth) {
@@ -209,15 +208,15 @@ int ZtElementWriter::Write(XMLElement* element, const ZtElementType& type, e_Xml
     return 0;
   }
   const Nesting nesting(*this, prefix == XML_STR_ZT_NULL ? type.prefix : prefix);
-  if (type.flag) return WriteFlag(static_cast<zt_empty_element_type&>(*element), *type.flag);
-  if (type.writeHook) return type.writeHook(*this, *element, type);
+  if (extras.flag) return WriteFlag(static_cast<zt_empty_element_type&>(*element), *extras.flag);
+  if (extras.write) return extras.write(*this, *element, type);
   if (name.IsNone()) name = type.tag;
   if (type.checksFirst && !HasRequired(*element, type)) return 0;
   const ZtPiece tag = name.IsNone() ? nullptr : name.Piece();
-  if (tag.text && !WriteStartTag(*element, type, tag)) return 0;
-  if (type.selfClosing) return 1;
+  if (tag.text && !WriteStartTag(*element, type, tag, name == type.tag)) return 0;
+  if (type.start == ZtStartTag::kEmpty) return 1;
   const bool written =
-      type.contentHook ? type.contentHook(*this, *element, type) : WriteChildren(*element, type);
+      extras.content ? extras.content(*this, *element, type) : WriteChildren(*element, type);
   if (written && tag.text) m_Pen.End(tag);
   return written;
 }
@@ -243,25 +242,27 @@ bool ZtElementWriter::WriteChildren(const XMLElement& element, const ZtElementTy
   const ZtField* const end = type.end();
   for (const ZtField* at = type.children(); at != end; ++at) {
     const ZtField& field = *at;
-    if (field.oneOf) {
+    if (field.Is(kZtOneOf)) {
       if (chosen || !IsSet(element, field)) continue;
       chosen = true;
     }
     if (field.place == ZtPlace::kTextElement) {
       char buffer[kZtNumberSize];
       const ZtPiece text = TextOf(element, field, buffer);
-      if (text.text || field.always) {
+      if (text.text || field.Is(kZtAlways)) {
         LogWriter(field);
         m_Pen.TextElement(field.name.Piece(), text);
       }
       if (text.text) continue;
-      Log(field.lineLevel, field.line);
-      if (field.required) return false;
+      Log(field.noteLevel, field.note);
+      if (field.Is(kZtRequired)) return false;
     } else if (field.place == ZtPlace::kChild) {
       XMLElement* child = (element.*field.member.child).Get();
       if (child && !WriteChild(child, 0, field, *field.detail.type)) {
         return false;
       }
+    } else if (field.place == ZtPlace::kOtherChild) {
+      if (!WriteOther((element.*field.member.child).Get(), field)) return false;
     } else if ((element.*field.member.children).Get() || field.place == ZtPlace::kOwnText) {
       if (!WriteMany(element, field)) return false;
     }
@@ -272,44 +273,49 @@ bool ZtElementWriter::WriteChildren(const XMLElement& element, const ZtElementTy
 bool ZtElementWriter::HasRequired(const XMLElement& element, const ZtElementType& type) const {
   char buffer[kZtNumberSize];
   for (const ZtField* field = type.begin(); field != type.children(); ++field) {
-    if (!field->required || ZtFieldText(element, *field, buffer).text) continue;
-    Log(field->lineLevel, field->line);
+    if (!field->Is(kZtRequired) || ZtFieldText(element, *field, buffer).text) continue;
+    Log(field->noteLevel, field->note);
     return false;
   }
   return true;
 }
 
 bool ZtElementWriter::WriteStartTag(const XMLElement& element, const ZtElementType& type,
-                                    ZtPiece name) {
+                                    ZtPiece name, bool isOwnName) {
   StartTag tag(m_Pen, name);
   char buffer[kZtNumberSize];
   bool awaited = false;
-  for (unsigned i = 0; i < type.fixedCount; ++i) tag.Add(type.fixed[i]);
+  // An element under another name stands inside of one that has declared what it needs.
+  const auto declared =
+      isOwnName ? type.extras->declares : std::initializer_list<ZtFixedAttribute>();
+  for (const ZtFixedAttribute& fixed : declared) tag.Add(fixed);
   const ZtField* const end = type.children();
   for (const ZtField* at = type.begin(); at != end; ++at) {
     const ZtField& field = *at;
     if (field.place == ZtPlace::kOtherAttributes) {
       const ZtAttributeList& others = element.*field.member.attributes;
       if (!others.Get()) continue;
-      awaited = type.awaitsExtras && !others.Head();
-      if (!WriteOtherAttributes(others.Head(), &element, &type, tag)) return false;
+      awaited = type.start == ZtStartTag::kAwaitsExtras && !others.Head();
+      if (!WriteOtherAttributes(others.Head(), &element, &type, declared, tag)) return false;
       continue;
     }
     const ZtPiece text = TextOf(element, field, buffer);
     if (!text.text) {
-      Log(field.lineLevel, field.line);
-      if (field.required) return false;
-      if (!field.always) continue;
+      Log(field.noteLevel, field.note);
+      if (field.Is(kZtRequired)) return false;
+      if (!field.Is(kZtAlways)) continue;
     }
     tag.Add(field.name, text);
   }
-  if (!awaited && (!type.staysOpen || !tag.IsEmpty())) tag.Close(type.selfClosing);
+  const bool closes = type.start != ZtStartTag::kStaysOpen || !tag.IsEmpty();
+  if (!awaited && closes) tag.Close(type.start == ZtStartTag::kEmpty);
   return true;
 }
 
 bool ZtElementWriter::Start(ZtNameId name, ZtSingleElementList* attributes) {
   StartTag tag(m_Pen, name.Piece());
-  if (attributes && !WriteOtherAttributes(attributes->GetPtrToListHead(), nullptr, nullptr, tag)) {
+  if (attributes &&
+      !WriteOtherAttributes(attributes->GetPtrToListHead(), nullptr, nullptr, {}, tag)) {
     return false;
   }
   tag.Close(false);
@@ -319,7 +325,9 @@ bool ZtElementWriter::Start(ZtNameId name, ZtSingleElementList* attributes) {
 // Attributes that no row names, in the order received, except those that the tag has already: the
 // first of a name stands. `type` and `element` null: it has none yet. False without memory.
 bool ZtElementWriter::WriteOtherAttributes(ZtListNode* head, const XMLElement* element,
-                                           const ZtElementType* type, StartTag& tag) {
+                                           const ZtElementType* type,
+                                           std::initializer_list<ZtFixedAttribute> declared,
+                                           StartTag& tag) {
   std::size_t count = 0;
   for (ZtListNode* node = head; node; node = node->next) ++count;
   if (count == 0) return true;
@@ -333,7 +341,7 @@ bool ZtElementWriter::WriteOtherAttributes(ZtListNode* head, const XMLElement* e
     const char* text = pair ? pair->getName() : nullptr;
     const ZtPiece name(text, text ? NameSize(text) : 0);
     if (name.size == 0) continue;
-    if (type && Carries(*element, *type, name)) continue;
+    if (type && Carries(*element, *type, declared, name)) continue;
     if (count > 1 && !names.Insert(name)) continue;
     tag.AddOther({text, __strlen(text)}, pair->getValue());
   }
@@ -342,7 +350,7 @@ bool ZtElementWriter::WriteOtherAttributes(ZtListNode* head, const XMLElement* e
 
 int ZtElementWriter::WriteText(const ZtField& field, ZtPiece text) {
   LogWriter(field);
-  if (!text.text && !field.always) return 0;
+  if (!text.text && !field.Is(kZtAlways)) return 0;
   m_Pen.TextElement(field.name.Piece(), text);
   return 1;
 }
@@ -385,31 +393,34 @@ bool ZtElementWriter::WriteMany(const XMLElement& element, const ZtField& field)
 
 // Whether the parent may go on. The child stands under its row's name, if that has one.
 bool ZtElementWriter::WriteChild(XMLElement* child, int index, const ZtField& field,
-                                 const ZtElementType& type, e_XmlStrRef prefix) {
+                                 const ZtElementType& type, ZtNameId prefix) {
   if (Write(child, type, prefix, field.name) != 0) return true;
-  if (field.line && field.HasName()) {
-    Log(field.lineLevel, field.line, index);
-  } else if (!field.lenient && type.writer) {
+  if (field.note && field.HasName()) {
+    Log(field.noteLevel, field.note, index);
+  } else if (!field.Is(kZtLenient) && type.writer) {
     Log(kZtLogTrace, type.family->childFailed, type.writer);
   }
-  return field.lenient;
+  return field.Is(kZtLenient);
 }
 
 bool ZtElementWriter::WriteOthers(const XMLElement& element, const ZtField& field) {
   const ZtChildList& others = element.*field.member.children;
   if (!IsWritten(field.detail.choices)) {
-    if (others.Get()) Log(field.lineLevel, field.line);
+    if (others.Get()) Log(field.noteLevel, field.note);
     return true;
   }
   for (ZtListNode* node = others.Head(); node; node = node->next) {
-    auto* child = static_cast<XMLElement*>(node->data);
-    const char* className = child ? child->ClassName() : nullptr;
-    if (!className) continue;
-    if (const ZtChoice* choice = FindClass(field.detail.choices, className)) {
-      if (!WriteChild(child, 0, field, *choice->writer, choice->prefix)) return false;
-    } else {
-      Log(field.lineLevel, field.line, className);
-    }
+    if (!WriteOther(static_cast<XMLElement*>(node->data), field)) return false;
   }
+  return true;
+}
+
+bool ZtElementWriter::WriteOther(XMLElement* child, const ZtField& field) {
+  const char* className = child ? child->ClassName() : nullptr;
+  if (!className) return true;
+  if (const ZtChoice* choice = FindClass(field.detail.choices, className)) {
+    return WriteChild(child, 0, field, *choice->writer, choice->prefix);
+  }
+  Log(field.noteLevel, field.note, className);
   return true;
 }

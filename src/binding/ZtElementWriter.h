@@ -16,6 +16,11 @@ struct ZtWriterScope {
   const ZtNamespaceBindings* namespaces = nullptr;  // null: the tables' prefixes are written
 };
 
+// The first node of a list, null when there is none. An empty list has its line in the log.
+inline ZtListNode* ZtHeadOf(ZtSingleElementList* list) {
+  return list ? list->GetPtrToListHead() : nullptr;
+}
+
 class ZtElementWriter {
  public:
   // Elements within each other beyond which a tree is not written: twice what one that was read
@@ -28,7 +33,7 @@ class ZtElementWriter {
   // 1, or 0 when `element` is null, of another class or lacks something required. The prefix
   // (ZT_NULL: the type's) holds for the element with all that is in it; the caller's is restored.
   // `name` ZT_NULL is the type's.
-  int Write(XMLElement* element, const ZtElementType& type, e_XmlStrRef prefix = XML_STR_ZT_NULL,
+  int Write(XMLElement* element, const ZtElementType& type, ZtNameId prefix = XML_STR_ZT_NULL,
             ZtNameId name = XML_STR_ZT_NULL);
 
   // For hooks and for steps without an object: the children as the rows have them, the text element
@@ -54,23 +59,27 @@ class ZtElementWriter {
   class Nesting;
   class StartTag;
 
-  void ChangePrefix(e_XmlStrRef prefix);
+  void ChangePrefix(ZtNameId prefix);
   void LogWriter(const ZtField& field) const {
-    if (field.writer) Log(kZtLogTrace, "<XML Module>: %s", field.writer);
+    if (!field.Is(kZtLogged)) return;
+    const char* name = field.name.Text();
+    Log(kZtLogTrace, "<XML Module>: Add%c%sElementToXml", *name - 'a' + 'A', name + 1);
   }
   int WriteFlag(const zt_empty_element_type& flag, const ZtFlag& how);
   bool HasRequired(const XMLElement& element, const ZtElementType& type) const;
-  inline bool WriteStartTag(const XMLElement& element, const ZtElementType& type, ZtPiece name);
+  inline bool WriteStartTag(const XMLElement& element, const ZtElementType& type, ZtPiece name,
+                            bool isOwnName);
   bool WriteMany(const XMLElement& element, const ZtField& field);
   inline bool WriteChild(XMLElement* child, int index, const ZtField& field,
-                         const ZtElementType& type, e_XmlStrRef prefix = XML_STR_ZT_NULL);
+                         const ZtElementType& type, ZtNameId prefix = XML_STR_ZT_NULL);
   bool WriteOthers(const XMLElement& element, const ZtField& field);
+  bool WriteOther(XMLElement* child, const ZtField& field);
   bool WriteOtherAttributes(ZtListNode* head, const XMLElement* element, const ZtElementType* type,
-                            StartTag& tag);
+                            std::initializer_list<ZtFixedAttribute> declared, StartTag& tag);
 
   ZtPen m_Pen;
   const ZtWriterScope m_Scope;
-  e_XmlStrRef m_Prefix = XML_STR_ZT_NULL;
+  ZtNameId m_Prefix = XML_STR_ZT_NULL;
   int m_iDepth = 0;  // of elements within each other
   bool m_bIncomplete = false;
 };

@@ -23,10 +23,11 @@ enum ZtExtraName : int {
 class ZtNameId {
  public:
   constexpr ZtNameId(e_XmlStrRef row)  // NOLINT(google-explicit-constructor)
-      : m_Id(row == XML_STR_SIMSERVS_2 ? XML_STR_SIMSERVS
-             : row == XML_STR_ALLOW_2  ? XML_STR_ALLOW
-                                       : row) {}
-  constexpr ZtNameId(ZtExtraName extra) : m_Id(extra) {}  // NOLINT(google-explicit-constructor)
+      : ZtNameId(static_cast<ZtExtraName>(row == XML_STR_SIMSERVS_2 ? XML_STR_SIMSERVS
+                                          : row == XML_STR_ALLOW_2  ? XML_STR_ALLOW
+                                                                    : row)) {}
+  constexpr ZtNameId(ZtExtraName extra)  // NOLINT(google-explicit-constructor)
+      : m_Id(static_cast<std::int16_t>(extra)) {}
   // The name whose text is `text`, kZtNoName when there is none.
   static ZtNameId Of(ZtPiece text);
   // Whether its text is `text`, which is not empty.
@@ -45,7 +46,7 @@ class ZtNameId {
   ZtPiece Piece() const;
 
  private:
-  int m_Id;
+  std::int16_t m_Id;
 };
 
 // Names that may be among some rows: most that are not are told at once.

@@ -140,7 +140,7 @@ bool ZtSchemaDecoder::EndOpened(char* slashName, std::size_t nameSize, ZtPiece t
   if (m_iSkipped || m_iDropped || m_Stack.empty()) return false;
   const Frame& frame = m_Frames[m_Stack.size()];
   if (frame.kind == Kind::kExtension) return false;
-  if (frame.type->takesText && frame.kind != Kind::kRoot) {
+  if (frame.type->rows.takesText && frame.kind != Kind::kRoot) {
     if (std::memchr(slashName, ':', nameSize)) return false;
     Offer(Current(), ZtChildName({slashName, nameSize}, true, ZtNameId::OfId(frame.name)), text,
           nullptr);
@@ -165,7 +165,7 @@ bool ZtSchemaDecoder::Start(const Open& current, const ZtChildName& name) {
     return false;
   }
   if (element.type) return StartChild(current, element, name);
-  if (element.row && element.row->IsText() && !current.type->childHook) {
+  if (element.row && element.row->IsText() && !current.type->extras->child) {
     m_pText = element.row;
   } else {
     Offer(current, name, nullptr, nullptr);
@@ -187,7 +187,7 @@ void ZtSchemaDecoder::StartRoot(const Element& element, ZtNameId name) {
 bool ZtSchemaDecoder::StartChild(const Open& current, const Element& element,
                                  const ZtChildName& name) {
   const bool extension = element.kind == Kind::kExtension;
-  const bool flag = element.type->flag != nullptr;
+  const bool flag = element.type->extras->flag != nullptr;
   XMLElement* child = extension ? StartExtension(element, name.id)
                       : flag    ? MakeFlag({name.text, name.size})
                                 : Make(*element.type);
@@ -214,7 +214,7 @@ void ZtSchemaDecoder::End(const Open& current, const ZtChildName& name, ZtPiece 
   Element element = Find(name.id, current.type);
   if (!element.type && !element.row) element.type = FindAnywhere(name.id, true);
   const bool closes = Closes(current, name.id);
-  if (skipped || (!closes && (!element.type || element.type->flag))) {
+  if (skipped || (!closes && (!element.type || element.type->extras->flag))) {
     if (value.text) OfferEnd(current, element.row, name, value);
   } else if (element.kind == Kind::kRoot) {
     Pop();
@@ -223,10 +223,10 @@ void ZtSchemaDecoder::End(const Open& current, const ZtChildName& name, ZtPiece 
     Offer(current, name, value, nullptr);
   } else if (m_iDropped) {
     // Its object is not on the stack; its text still reaches it when nothing stood in between.
-    if (m_Started.type && m_Started.type->takesText) Offer(m_Started, name, value, nullptr);
+    if (m_Started.type && m_Started.type->rows.takesText) Offer(m_Started, name, value, nullptr);
     Pop();
   } else if (closes || (current.type && ZtIsClass(element.type->className, *current.type))) {
-    if (current.type->takesText) Offer(current, name, value, nullptr);
+    if (current.type->rows.takesText) Offer(current, name, value, nullptr);
     Pop();
   }
   m_Started = Open();
@@ -237,7 +237,7 @@ void ZtSchemaDecoder::OfferEnd(const Open& current, const ZtField* row, const Zt
                                ZtPiece value) {
   if (!current.object) return;
   XMLElement* child = nullptr;
-  if (row && row->atEnd) {
+  if (row && row->arrival == ZtArrival::kAtEnd) {
     child = Make(*row->detail.type);
     if (!child) return;
   }
@@ -313,18 +313,13 @@ void ZtSchemaDecoder::ProcessAttributes(ScannedTag& tag) {
   if (m_Stack.empty()) return NoteEmptyStack(tag.count + tag.blankAtEnd);
   if (!m_Started.object) return;
   const ZtElementType& type = *m_Started.type;
-  const bool hooked = type.attributeHook || type.textsFromAttributes;
   const ZtField* const end = type.children();
   const ZtField* next = type.begin();
   for (int i = 0; i < tag.count && !m_bFailed; ++i) {
     const ZtPiece name = tag.attributes[i].Name();
     const ZtPiece value = tag.attributes[i].Value();
-    if (hooked) {
-      Attribute(type, name, value);
-      continue;
-    }
     const ZtField* row = nullptr;
-    for (int left = type.attributeCount; left && !row; --left) {
+    for (int left = type.rows.attributes; left && !row; --left) {
       if (next == end) next = type.begin();
       if (next->place == ZtPlace::kAttribute && next->name.Is(name)) row = next;
       ++next;
@@ -335,18 +330,10 @@ void ZtSchemaDecoder::ProcessAttributes(ScannedTag& tag) {
 
 // An attribute of the element that was started.
 void ZtSchemaDecoder::Attribute(const ZtElementType& type, ZtPiece name, ZtPiece value) {
-  const ZtNameId id = ZtNameId::Of(name);
-  if (type.textsFromAttributes) {
-    const ZtField* text = ZtFindChild(type, id);
-    if (text && text->fromAttribute) {
-      Offer(m_Started, ZtChildName(name.text, false, id), value, nullptr);
-      return;
-    }
-  }
-  KeepAttribute(type, type.attributeHook ? nullptr : ZtFindAttribute(type, id), name, value);
+  KeepAttribute(type, ZtFindAttribute(type, ZtNameId::Of(name)), name, value);
 }
 
-// `field` null: no row has it, or a hook is to see it first.
+// `field` null: no row has it.
 void ZtSchemaDecoder::KeepAttribute(const ZtElementType& type, const ZtField* field, ZtPiece name,
                                     ZtPiece value) {
   ZtOutcome outcome = ZtOutcome::kAccepted;
@@ -358,11 +345,11 @@ void ZtSchemaDecoder::KeepAttribute(const ZtElementType& type, const ZtField* fi
   if (outcome == ZtOutcome::kNoMemory) m_bFailed = true;
 }
 
-// An attribute that no row names, or that a hook is to see first. A type that keeps none of these
+// An attribute that no row names. A type that keeps none of these
 // is not given one, only told of it.
 ZtOutcome ZtSchemaDecoder::OfferAttribute(const ZtElementType& type, ZtPiece name, ZtPiece value) {
   zt_AttributeValuePair* pair = nullptr;
-  if (type.keepsAttributes) {
+  if (type.rows.keepsAttributes) {
     pair = ZtMakePair(SourceOf(type), name, value);
     if (!pair) return ZtOutcome::kNoMemory;
   }
@@ -383,7 +370,7 @@ ZtSource ZtSchemaDecoder::SourceOf(const ZtElementType& type) {
 }
 
 XMLElement* ZtSchemaDecoder::Make(const ZtElementType& type) {
-  XMLElement* object = type.maker.Create(SourceOf(type));
+  XMLElement* object = type.Create(SourceOf(type));
   if (!object) m_bFailed = true;
   m_Started = {object, &type};
   return object;
@@ -409,7 +396,7 @@ ZtOutcome ZtSchemaDecoder::Offer(const Open& parent, const ZtChildName& name, Zt
 // Offers an object that was made for its element: mostly the parent has a row for just these.
 ZtOutcome ZtSchemaDecoder::OfferStarted(const Open& parent, const Element& element,
                                         const ZtChildName& name, XMLElement* child) {
-  if (!element.row || parent.type->childHook) return Offer(parent, name, nullptr, child);
+  if (!element.row || parent.type->extras->child) return Offer(parent, name, nullptr, child);
   const ZtSource source = {parent.type->family->source, m_pArena};
   const ZtOutcome outcome = ZtAdopt(*parent.object, *element.row, child, source);
   if (outcome == ZtOutcome::kNoMemory) m_bFailed = true;
@@ -476,14 +463,14 @@ const ZtElementType* ZtSchemaDecoder::FindAnywhere(ZtNameId name, bool atEnd) {
       for (const ZtField& row : *m_Types[i]) {
         if (row.IsObject()) AddType(row.detail.type);
       }
-      for (const ZtChoice* at = m_Types[i]->choices; at && at->type; ++at) AddType(at->type);
+      for (const ZtChoice* at = m_Types[i]->Choices(); at && at->type; ++at) AddType(at->type);
     }
   }
   for (std::size_t i = 0; i < m_iTypes; ++i) {
     if (m_Types[i]->namesStayInside && !atEnd) continue;
     const ZtField* row = ZtFindChild(*m_Types[i], name);
     if (row && row->IsObject()) return row->detail.type;
-    if (const ZtChoice* choice = ZtFindNamed(m_Types[i]->choices, name)) return choice->type;
+    if (const ZtChoice* choice = ZtFindNamed(m_Types[i]->Choices(), name)) return choice->type;
   }
   return nullptr;
 }

@@ -283,7 +283,7 @@ class ApiScript {
     }
     for (unsigned n = 0, i = Below(256); n < kTypeCount; ++n, ++i) {
       const ZtElementType* type = ApiTables::kTypes[i % kTypeCount];
-      if (types[i % kTypeCount]) return Take(type->maker.Create("tests/ApiScript"));
+      if (types[i % kTypeCount]) return Take(type->Create("tests/ApiScript"));
     }
     return -1;
   }

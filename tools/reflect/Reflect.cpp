@@ -39,7 +39,7 @@ std::vector<Field> HiddenField(const ZtElementType& type) {
   if (&type == &zt_string::kType) {
     return {{nullptr, "value", ZtPlace::kOwnText, ZtValue::kText, 0, {}}};
   }
-  if (&type == &zt_Simservs::kType || &type == &zt_xcap_error::kType) {
+  if (&type == &zt_Simservs::kType) {
     return {{nullptr, nullptr, ZtPlace::kOtherChildren, ZtValue::kObject, 0, {}}};
   }
   if (&type == &zt_schema_namespace_retrieval::kType) {
@@ -101,6 +101,7 @@ void FillRow(const XMLElement& object, const ZtField& row, Field& field) {
     case ZtPlace::kOwnWords:
       return AddTexts((object.*row.member.children).Head(), field);
     case ZtPlace::kChild:
+    case ZtPlace::kOtherChild:
       return AddObject((object.*row.member.child).Get(), field);
     case ZtPlace::kChildren:
     case ZtPlace::kOtherChildren:
@@ -119,8 +120,6 @@ void FillHidden(const XMLElement& object, const ZtElementType& type, Field& fiel
     AddText(static_cast<const zt_string&>(object).getValue(), field);
   } else if (&type == &zt_Simservs::kType) {
     AddObjects(HeadOf(static_cast<const zt_Simservs&>(object).getServiceListValue()), field);
-  } else if (&type == &zt_xcap_error::kType) {
-    AddObject(static_cast<const zt_xcap_error&>(object).getErrorValue(), field);
   } else if (&type == &zt_schema_namespace_retrieval::kType) {
     // The getter logs, so that it is not const; it changes nothing.
     auto& namespaces = const_cast<zt_schema_namespace_retrieval&>(
@@ -159,10 +158,12 @@ const char* ElementNameOf(const XMLElement& object) {
 
 std::vector<Field> FieldsOf(const ZtElementType& type) {
   std::vector<Field> fields = HiddenField(type);
-  fields.reserve(fields.size() + type.fieldCount);
+  fields.reserve(fields.size() + type.fields.size());
   for (const ZtField& row : type) {
     const char* name = row.HasName() ? ZtName(row.name) : nullptr;
-    fields.push_back({&row, name, row.place, row.value, 0, {}});
+    // What stands in a document alike is told alike.
+    const bool other = row.place == ZtPlace::kOtherChild;
+    fields.push_back({&row, name, other ? ZtPlace::kOtherChildren : row.place, row.value, 0, {}});
   }
   return fields;
 }
@@ -281,7 +282,7 @@ std::vector<const ZtElementType*> ChildTypesOf(const ZtElementType& type) {
   for (const ZtField& row : type) {
     for (const ZtElementType* child : ChildTypesOf(row)) types.push_back(child);
   }
-  for (const ZtChoice* choice = type.choices; choice && choice->type; ++choice) {
+  for (const ZtChoice* choice = type.Choices(); choice && choice->type; ++choice) {
     types.push_back(choice->type);
   }
   return types;
@@ -292,6 +293,7 @@ std::vector<const ZtElementType*> ChildTypesOf(const ZtField& row) {
     case ZtPlace::kChild:
     case ZtPlace::kChildren:
       return {row.detail.type};
+    case ZtPlace::kOtherChild:
     case ZtPlace::kOtherChildren: {
       std::vector<const ZtElementType*> types;
       const ZtChoice* choice = row.detail.choices;
@@ -306,7 +308,7 @@ std::vector<const ZtElementType*> ChildTypesOf(const ZtField& row) {
 }
 
 const ZtElementType& ReadAs(const ZtElementType& type) {
-  const std::unique_ptr<XMLElement, Release> object(type.maker.Create(kSource));
+  const std::unique_ptr<XMLElement, Release> object(type.Create(kSource));
   return object ? TypeOf(*object) : type;
 }
 
@@ -326,6 +328,8 @@ const char* NameOf(ZtPlace place) {
       return "child";
     case ZtPlace::kChildren:
       return "children";
+    case ZtPlace::kOtherChild:
+      return "other child";
     case ZtPlace::kOtherChildren:
       return "other children";
     case ZtPlace::kOtherAttributes:

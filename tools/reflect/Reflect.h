@@ -46,10 +46,9 @@ struct Field {
   bool HoldsAttributes() const { return place == ZtPlace::kOtherAttributes; }
 };
 
-/// Whether the field stands in the start tag. Some types take what comes there as texts.
+/// Whether the field stands in the start tag.
 inline bool IsAttribute(const Field& field) {
-  return field.place == ZtPlace::kAttribute || field.place == ZtPlace::kOtherAttributes ||
-         (field.row && field.row->fromAttribute);
+  return field.place == ZtPlace::kAttribute || field.place == ZtPlace::kOtherAttributes;
 }
 
 /// The table of the class of `object`, one of the library's.

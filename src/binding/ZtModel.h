@@ -1,0 +1,563 @@
+// The model of a schema: types, and rows that say which attributes, texts and children a type has
+// and where it keeps them. One reader and one writer do all types by these.
+#ifndef ZTXML_SRC_BINDING_ZTMODEL_H
+#define ZTXML_SRC_BINDING_ZTMODEL_H
+
+#include <cstddef>
+#include <cstdint>
+#include <initializer_list>
+
+#include "XMLValueTypes.h"
+#include "ZtElement.h"
+#include "ZtPiece.h"
+#include "base/ZtMemory.h"
+#include "base/ZtWith.h"
+#include "binding/ZtNames.h"
+
+// ---- Values -------------------------------------------------------------------------------------
+
+// The values of an enumeration: slots of fixed width, of which a field holds the index. An index
+// of `count` or more is absent or unknown and is not written.
+class ZtEnumSlot {
+ public:
+  template <std::size_t N>
+  constexpr ZtEnumSlot(const char (&text)[N])  // NOLINT(google-explicit-constructor)
+      : m_iSize(N - 1) {
+    static_assert(N > 1 && N <= sizeof(m_Text));
+    for (std::size_t i = 0; i < N; ++i) m_Text[i] = text[i];
+  }
+  constexpr ZtPiece Piece() const { return {m_Text, m_iSize}; }
+
+ private:
+  char m_Text[31] = {};
+  std::uint8_t m_iSize;
+};
+constexpr std::uint8_t kZtKeepsValue = 0xFF;  // as `noMatch`: the field stays as it is
+
+struct ZtEnumTable {
+  const ZtEnumSlot* slots;
+  std::uint8_t count;
+  std::uint8_t searched;  // slots looked at on input; may run into the next table of the block
+  std::uint8_t noMatch;   // index stored when none matches
+  bool byPrefix;          // the first slot that is a prefix of the value, else the equal one
+  bool respelt = false;   // the slots after the values spell these again, in their order
+
+  unsigned Find(ZtPiece value) const;
+};
+
+inline constexpr ZtEnumSlot kBooleanSlots[] = {"false", "true"};
+// Intended: for most booleans any text but "true" is false, "1" too, which XML Schema takes for
+// true; peers know the documents to behave so.
+inline constexpr ZtEnumTable kTrueOrElseFalse = {kBooleanSlots, 2, 2, 0, false};
+
+// A boolean as schemas have it: "1" is true, and any other text is false here.
+inline constexpr ZtEnumSlot kSchemaBooleanSlots[] = {"false", "true", "0", "1"};
+inline constexpr ZtEnumTable kSchemaTrueOrElseFalse = {kSchemaBooleanSlots, 2, 4, 0, false, true};
+
+// The numbers that a field takes; others leave it as it is.
+struct ZtRange {
+  unsigned least;
+  unsigned most;
+};
+
+// ---- Rows ---------------------------------------------------------------------------------------
+
+enum class ZtPlace : std::uint8_t {
+  kAttribute,        // an attribute of the element
+  kTextElement,      // a child element of which the text is kept
+  kTextElements,     // a repeated one; the texts are kept as zt_string
+  kOwnText,          // the element's own text
+  kOwnWords,         // its own text, split at its blanks; the words are kept as zt_string
+  kChild,            // a child element that occurs at most once
+  kChildren,         // a repeated child element
+  kOtherChild,       // one child element out of a choice
+  kOtherChildren,    // child elements that no row names
+  kOtherAttributes,  // attributes that no row names
+};
+
+enum class ZtValue : std::uint8_t { kObject, kText, kNumber, kNumber64, kEnum };
+
+// When the object of a child arrives at its parent.
+enum class ZtArrival : std::uint8_t {
+  kAtStart,  // at the start tag: its attributes and children follow
+  kAtEnd,    // at the end tag, together with its text
+  kAsText,   // never: its text arrives at the end tag, and the parent makes the object
+};
+
+enum ZtRowFlag : std::uint8_t {
+  kZtRequired = 1,  // the element cannot be written without it
+  kZtAlways = 2,    // written also when absent; null texts of a list are kept as empty ones
+  kZtLenient = 4,   // a child that cannot be written does not fail its parent
+  kZtOneOf = 8,     // of the rows with this mark only the first that is set is written
+  kZtLogged = 16,   // the writer of this text element logs its name, "Add<Name>ElementToXml"
+};
+
+// Where a field lives in its object. A member of a derived type is reached through the base: the
+// object's dynamic type has it.
+union ZtMember {
+  ZtText XMLElement::*text;
+  ZtNumber XMLElement::*number;  // also the index of an enumeration
+  ZtNumber64 XMLElement::*number64;
+  ZtChild XMLElement::*child;
+  ZtChildList XMLElement::*children;
+  ZtAttributeList XMLElement::*attributes;
+
+  constexpr explicit ZtMember(ZtText XMLElement::*m) : text(m) {}
+  constexpr explicit ZtMember(ZtNumber XMLElement::*m) : number(m) {}
+  constexpr explicit ZtMember(ZtNumber64 XMLElement::*m) : number64(m) {}
+  constexpr explicit ZtMember(ZtChild XMLElement::*m) : child(m) {}
+  constexpr explicit ZtMember(ZtChildList XMLElement::*m) : children(m) {}
+  constexpr explicit ZtMember(ZtAttributeList XMLElement::*m) : attributes(m) {}
+};
+
+// One of the elements that may stand in a list of mixed children, or in the place of one child. A
+// table of these ends with one that has no type.
+struct ZtChoice {
+  ZtNameId name = XML_STR_ZT_NULL;       // ZT_NULL: any that neither a row nor another choice names
+  e_XmlStrRef prefix = XML_STR_ZT_NULL;  // it is written with; ZT_NULL for the type's own
+  const ZtNameId* others = nullptr;      // further names, up to ZT_NULL
+  const ZtElementType* type = nullptr;   // by which it is read
+  const ZtElementType* writer = nullptr;  // by which it is written; null: it is kept only
+
+  constexpr ZtChoice() = default;
+  constexpr ZtChoice(ZtNameId element, const ZtElementType& t, e_XmlStrRef p = XML_STR_ZT_NULL)
+      : name(element), prefix(p), type(&t), writer(&t) {}
+  constexpr ZtChoice Or(const ZtNameId* names) const {
+    return ZtWith(*this, &ZtChoice::others, names);
+  }
+  constexpr ZtChoice WrittenBy(const ZtElementType* table) const {
+    return ZtWith(*this, &ZtChoice::writer, table);
+  }
+  constexpr ZtChoice NotWritten() const { return WrittenBy(nullptr); }
+};
+
+// What a row knows beyond its kind: nothing, or what its place and value ask for.
+union ZtDetail {
+  const ZtRange* range;       // numbers; null for all
+  const ZtEnumTable* values;  // enumerations
+  const ZtElementType* type;  // kChild, kChildren
+  const ZtChoice* choices;    // kOtherChild, kOtherChildren: those that are known, null for none
+
+  constexpr ZtDetail() : range(nullptr) {}
+  constexpr explicit ZtDetail(const ZtRange* r) : range(r) {}
+  constexpr explicit ZtDetail(const ZtEnumTable* v) : values(v) {}
+  constexpr explicit ZtDetail(const ZtElementType* t) : type(t) {}
+  constexpr explicit ZtDetail(const ZtChoice* c) : choices(c) {}
+};
+
+// One row. The order of a type's rows is the order of output, attributes before children.
+struct ZtField {
+  ZtMember member;
+  ZtDetail detail;
+  const char* note = nullptr;  // a line of the writer; the functions that set it say which
+  ZtNameId name = XML_STR_ZT_NULL;
+  ZtPlace place;
+  ZtValue value;
+  ZtArrival arrival = ZtArrival::kAtStart;
+  std::uint8_t flags = 0;
+  std::uint8_t noteLevel = 0;
+
+  constexpr ZtField(ZtPlace p, ZtValue v, ZtNameId n, ZtMember m, ZtDetail d = ZtDetail())
+      : member(m), detail(d), name(n), place(p), value(v) {}
+
+  constexpr bool Is(ZtRowFlag flag) const { return (flags & flag) != 0; }
+  constexpr ZtField With(ZtRowFlag flag) const {
+    return ZtWith(*this, &ZtField::flags, static_cast<std::uint8_t>(flags | flag));
+  }
+  constexpr ZtField Always() const { return With(kZtAlways); }
+  constexpr ZtField Lenient() const { return With(kZtLenient); }
+  constexpr ZtField OneOf() const { return With(kZtOneOf); }
+  constexpr ZtField Logged() const { return With(kZtLogged); }
+  constexpr ZtField Arrives(ZtArrival when) const { return ZtWith(*this, &ZtField::arrival, when); }
+
+  // Logged when the value is absent, so that the element fails.
+  constexpr ZtField Required(const char* line, int level) const {
+    return Note(line, level).With(kZtRequired);
+  }
+  // Logged when an optional value is absent.
+  constexpr ZtField NoteAbsent(const char* line, int level) const { return Note(line, level); }
+  // Logged when a child fails, instead of the family's line; %d is its index.
+  constexpr ZtField NoteFailed(const char* line, int level = 2) const { return Note(line, level); }
+  // Logged of an element of a mixed list that is not written; %s is its class name.
+  constexpr ZtField NoteLeftOut(const char* line) const { return Note(line, 2); }
+
+  constexpr bool IsAttribute() const {
+    return place == ZtPlace::kAttribute || place == ZtPlace::kOtherAttributes;
+  }
+  constexpr bool IsOwnText() const {
+    return place == ZtPlace::kOwnText || place == ZtPlace::kOwnWords;
+  }
+  // Whether it is of a child element that has an object, made at its start.
+  constexpr bool IsObject() const {
+    return (place == ZtPlace::kChild || place == ZtPlace::kChildren) &&
+           arrival == ZtArrival::kAtStart;
+  }
+  // Whether nothing but a text, kept at its end, is to be had of the child element.
+  constexpr bool IsText() const {
+    return place == ZtPlace::kTextElement || place == ZtPlace::kTextElements;
+  }
+  constexpr bool HasName() const { return place < ZtPlace::kOtherChild; }
+
+ private:
+  constexpr ZtField Note(const char* line, int level) const {
+    return ZtWith(ZtWith(*this, &ZtField::note, line), &ZtField::noteLevel,
+                  static_cast<std::uint8_t>(level));
+  }
+};
+static_assert(sizeof(void*) != 8 || sizeof(ZtField) <= 32);
+
+// Builders of rows, by the kind of the member. They are qualified because the types' members hide
+// short names.
+namespace ztrow {
+
+template <class M, class D>
+constexpr ZtMember At(M D::*member) {
+  return ZtMember(static_cast<M XMLElement::*>(member));
+}
+
+// What a scalar member holds.
+constexpr ZtValue ValueOf(ZtText XMLElement::*) { return ZtValue::kText; }
+constexpr ZtValue ValueOf(ZtNumber XMLElement::*) { return ZtValue::kNumber; }
+constexpr ZtValue ValueOf(ZtNumber64 XMLElement::*) { return ZtValue::kNumber64; }
+
+template <class M, class D>
+constexpr ZtField Attribute(ZtNameId name, M D::*m) {
+  return {ZtPlace::kAttribute, ValueOf(static_cast<M XMLElement::*>(m)), name, At(m)};
+}
+template <class D>
+constexpr ZtField Attribute(ZtNameId name, ZtNumber D::*m, const ZtEnumTable& values) {
+  return {ZtPlace::kAttribute, ZtValue::kEnum, name, At(m), ZtDetail(&values)};
+}
+template <class M, class D>
+constexpr ZtField TextElement(ZtNameId name, M D::*m) {
+  return {ZtPlace::kTextElement, ValueOf(static_cast<M XMLElement::*>(m)), name, At(m)};
+}
+template <class D>
+constexpr ZtField TextElement(ZtNameId name, ZtNumber D::*m, const ZtEnumTable& values) {
+  return {ZtPlace::kTextElement, ZtValue::kEnum, name, At(m), ZtDetail(&values)};
+}
+// A repeated text element; the list holds zt_string.
+template <class D>
+constexpr ZtField TextElements(ZtNameId name, ZtChildList D::*m) {
+  return {ZtPlace::kTextElements, ZtValue::kText, name, At(m)};
+}
+// The element's own text; `name` is the element's.
+template <class D>
+constexpr ZtField OwnText(ZtNameId name, ZtText D::*m) {
+  return {ZtPlace::kOwnText, ZtValue::kText, name, At(m)};
+}
+template <class D>
+constexpr ZtField OwnText(ZtNameId name, ZtNumber D::*m, const ZtEnumTable& values) {
+  return {ZtPlace::kOwnText, ZtValue::kEnum, name, At(m), ZtDetail(&values)};
+}
+template <class D>
+constexpr ZtField OwnText(ZtNameId name, ZtNumber D::*m, const ZtRange& range) {
+  return ZtField(ZtPlace::kOwnText, ZtValue::kNumber, name, At(m), ZtDetail(&range)).Always();
+}
+// The element's own text as words, one blank between them: n blanks make n + 1 words, of which any
+// may be empty.
+template <class D>
+constexpr ZtField OwnWords(ZtNameId name, ZtChildList D::*m) {
+  return {ZtPlace::kOwnWords, ZtValue::kText, name, At(m)};
+}
+template <class D>
+constexpr ZtField Child(ZtNameId name, ZtChild D::*m, const ZtElementType& type) {
+  return {ZtPlace::kChild, ZtValue::kObject, name, At(m), ZtDetail(&type)};
+}
+template <class D>
+constexpr ZtField Children(ZtNameId name, ZtChildList D::*m, const ZtElementType& type) {
+  return {ZtPlace::kChildren, ZtValue::kObject, name, At(m), ZtDetail(&type)};
+}
+// One element out of `choices`: the last one stands. Others are not written.
+template <class D>
+constexpr ZtField OtherChild(ZtChild D::*m, const ZtChoice* choices) {
+  return {ZtPlace::kOtherChild, ZtValue::kObject, XML_STR_ZT_NULL, At(m), ZtDetail(choices)};
+}
+// Elements that no row names are kept, and written when their class is among `choices`.
+template <class D>
+constexpr ZtField OtherChildren(ZtChildList D::*m, const ZtChoice* choices = nullptr) {
+  return {ZtPlace::kOtherChildren, ZtValue::kObject, XML_STR_ZT_NULL, At(m), ZtDetail(choices)};
+}
+// Kept, and written back in the order received.
+template <class D>
+constexpr ZtField OtherAttributes(ZtAttributeList D::*m) {
+  return {ZtPlace::kOtherAttributes, ZtValue::kObject, XML_STR_ZT_NULL, At(m)};
+}
+
+// Whether rows can be meant: attributes before children, no name twice in one place, at most one
+// row for the rest.
+constexpr bool Sound(std::initializer_list<ZtField> rows) {
+  bool children = false;
+  for (const ZtField* row = rows.begin(); row != rows.end(); ++row) {
+    if (row->IsAttribute() && children) return false;
+    children = children || !row->IsAttribute();
+    for (const ZtField* other = rows.begin(); other != row; ++other) {
+      if (row->IsAttribute() == other->IsAttribute() && row->name == other->name &&
+          row->HasName() == other->HasName()) {
+        return false;
+      }
+    }
+  }
+  return true;
+}
+
+}  // namespace ztrow
+
+// The rows of what ZtExtensible<Base> and ZtKeepsElements<Base> keep.
+struct ZtExtensibleRows {
+  template <class Base>
+  static constexpr ZtField kAttributes =
+      ztrow::OtherAttributes(&ZtExtensible<Base>::m_AnyAttributes);
+  template <class Base>
+  static constexpr ZtField kElements = ztrow::OtherChildren(&ZtKeepsElements<Base>::m_AnyElements);
+  // Elements that are kept, of which those among `choices` are written.
+  template <class Base>
+  static constexpr ZtField Elements(const ZtChoice* choices) {
+    return ztrow::OtherChildren(&ZtKeepsElements<Base>::m_AnyElements, choices);
+  }
+};
+
+inline constexpr ZtField kZtExtras = ZtExtensibleRows::kAttributes<ZtElement>;
+inline constexpr ZtField kZtOthers = ZtExtensibleRows::kElements<ZtElement>;
+
+// ---- Types --------------------------------------------------------------------------------------
+
+// What a type does with a child or attribute that no row names and no list keeps.
+enum class ZtUnknown : std::uint8_t { kIgnore, kRefuse };
+
+// How a start tag ends.
+enum class ZtStartTag : std::uint8_t {
+  kCloses,
+  kEmpty,         // "/>": the element has no content
+  kStaysOpen,     // only an attribute closes it
+  kAwaitsExtras,  // a list of other attributes that is empty leaves it open
+};
+
+// The log lines of what is offered to an object; null for none. The first %s is the class name.
+struct ZtHookLines {
+  const char* nullElement;
+  const char* nullAttribute;
+  const char* noObject;
+  const char* noClass;
+  const char* wrongClass;        // class name, class received, class expected
+  const char* unknownAttribute;  // class name, attribute
+};
+
+// What several types of a document have in common: mostly all of them.
+struct ZtFamily {
+  const char* source;  // file under which they log and are recorded
+  const ZtHookLines* lines;
+  const char* unknownElement;  // name, value; for children without an object
+  const char* childFailed;     // the failing child's writer
+  ZtUnknown unknownAttribute;
+  // File under which the objects of these types, and all that is made inside one, are recorded
+  // when a document is read; null for the decoder's.
+  const char* recordedUnder = nullptr;
+  // What a writer logs on entry, with its name.
+  const char* entryLine = "<XML Module>: %s";
+  int entryLevel = 2;
+  // Whether the names of its types' children make objects only inside these types.
+  bool namesStayInside = false;
+  // What becomes of a child that has no class name, under a name that asks for one.
+  ZtUnknown nullClass = ZtUnknown::kIgnore;
+
+  constexpr ZtFamily NamesStayInside() const {
+    return ZtWith(*this, &ZtFamily::namesStayInside, true);
+  }
+  constexpr ZtFamily RefusesNullClasses() const {
+    return ZtWith(*this, &ZtFamily::nullClass, ZtUnknown::kRefuse);
+  }
+  constexpr ZtFamily Enters(const char* line, int level) const {
+    return ZtWith(ZtWith(*this, &ZtFamily::entryLine, line), &ZtFamily::entryLevel, level);
+  }
+  constexpr ZtFamily UnknownElement(const char* line) const {
+    return ZtWith(*this, &ZtFamily::unknownElement, line);
+  }
+};
+
+// What most documents say of an unknown element.
+inline constexpr char kCannotAccommodate[] = "Cannot accommodate the element %s with value %s";
+
+// The family of types that log nothing of their own and ignore what they do not know.
+inline constexpr ZtHookLines kZtNoHookLines = {};
+constexpr ZtFamily ZtQuietFamily(const char* source, const char* recordedUnder = nullptr) {
+  return {source, &kZtNoHookLines, nullptr, nullptr, ZtUnknown::kIgnore, recordedUnder};
+}
+
+// The family of most documents.
+constexpr ZtFamily ZtPlainFamily(const char* source) {
+  return {source, &kZtNoHookLines, kCannotAccommodate, "<XML Module>: %s XML Failed!",
+          ZtUnknown::kIgnore};
+}
+
+// An attribute that an element always carries: name="value", or name:suffix="value" unless the
+// suffix is ZT_NULL. Mostly a namespace declaration.
+struct ZtFixedAttribute {
+  ZtNameId value;
+  e_XmlStrRef suffix;
+  e_XmlStrRef name = XML_STR_XMLNS;
+};
+
+enum class ZtOutcome : unsigned char {
+  kRefused,
+  kAccepted,  // taken as a text or number, or ignored: an offered object stays the offerer's
+  kAdopted,   // the offered object belongs to the element now
+  kNoMemory,  // an offered object stays the offerer's
+};
+
+// How an element whose presence is the value is written. In its lines %s is the marshaller.
+struct ZtFlag {
+  const char* absentLine;
+  const char* nullLine = nullptr;
+  // Bytes of its name that are written. 0 for one that is written as it stands, and is nothing when
+  // the flag has none; the others cannot be written without a name.
+  std::size_t mostName = 0;
+};
+
+class ZtElementWriter;
+
+// What few types have. The functions are for what rows cannot say: the last resort.
+struct ZtExtras {
+  // Attributes that its start tag carries where it has its own name.
+  std::initializer_list<ZtFixedAttribute> declares = {};
+  // Asked before the rows; false leaves the matter to them.
+  bool (*child)(XMLElement& self, const char* name, const char* value, XMLElement* child,
+                ZtOutcome& outcome) = nullptr;
+  // Writes what stands between the start and the end tag; false fails the element, which then has
+  // no end tag.
+  bool (*content)(ZtElementWriter& writer, const XMLElement& self,
+                  const ZtElementType& type) = nullptr;
+  // Writes all of the element.
+  bool (*write)(ZtElementWriter& writer, const XMLElement& self,
+                const ZtElementType& type) = nullptr;
+  const ZtFlag* flag = nullptr;  // the presence of the element is its value
+};
+inline constexpr ZtExtras kZtNoExtras = {};
+constexpr ZtExtras ZtExtrasOf(const ZtFlag& flag) { return {{}, nullptr, nullptr, nullptr, &flag}; }
+
+// What there is to say of a type besides its rows.
+struct ZtTypeFacts {
+  const char* className;
+  const char* label;
+  const ZtFamily* family;
+  XMLElement* (*make)(ZtArena*);
+  const char* writer = nullptr;  // the name its writer logs; null logs nothing
+  const ZtExtras* extras = &kZtNoExtras;
+  std::uint16_t size = 0;  // of an object
+  // Unless its parent's row names it; without either only its content is written.
+  ZtNameId tag = XML_STR_ZT_NULL;
+  ZtNameId prefix = XML_STR_ZT_NULL;  // written with it and all that is in it
+  ZtStartTag start = ZtStartTag::kCloses;
+  ZtUnknown unknownChild = ZtUnknown::kIgnore;
+  ZtUnknown unknownAttribute = ZtUnknown::kIgnore;
+  // The names of its children make objects only inside it. Other types' do so anywhere in the
+  // document: whoever does not know them decides what becomes of the objects.
+  bool namesStayInside = false;
+  bool root = false;
+  bool checksFirst = false;        // without a required attribute nothing of it is written
+  bool attributesAsTexts = false;  // its attributes come as texts under their plain names
+
+  constexpr ZtTypeFacts Writer(ZtNameId element, const char* name,
+                               ZtNameId withPrefix = XML_STR_ZT_NULL) const {
+    return ZtWith(ZtWith(ZtWith(*this, &ZtTypeFacts::tag, element), &ZtTypeFacts::writer, name),
+                  &ZtTypeFacts::prefix, withPrefix);
+  }
+  constexpr ZtTypeFacts Starts(ZtStartTag how) const {
+    return ZtWith(*this, &ZtTypeFacts::start, how);
+  }
+  constexpr ZtTypeFacts RefusesUnknownChildren() const {
+    return ZtWith(*this, &ZtTypeFacts::unknownChild, ZtUnknown::kRefuse);
+  }
+  constexpr ZtTypeFacts RefusesUnknownAttributes() const {
+    return ZtWith(*this, &ZtTypeFacts::unknownAttribute, ZtUnknown::kRefuse);
+  }
+  constexpr ZtTypeFacts NamesStayInside() const {
+    return ZtWith(*this, &ZtTypeFacts::namesStayInside, true);
+  }
+  constexpr ZtTypeFacts Root() const { return ZtWith(*this, &ZtTypeFacts::root, true); }
+  constexpr ZtTypeFacts ChecksFirst() const {
+    return ZtWith(*this, &ZtTypeFacts::checksFirst, true);
+  }
+  constexpr ZtTypeFacts AttributesAsTexts() const {
+    return ZtWith(*this, &ZtTypeFacts::attributesAsTexts, true);
+  }
+  constexpr ZtTypeFacts With(const ZtExtras& own) const {
+    return ZtWith(*this, &ZtTypeFacts::extras, &own);
+  }
+};
+
+// What is asked of all rows of a type, gathered once.
+struct ZtRowFacts {
+  ZtNameFilter names = {};
+  std::uint8_t attributes = 0;  // how many: the rows begin with them
+  std::uint8_t others = 0;      // where the row for other children is, from 1; 0 for none
+  bool keepsAttributes = false;
+  bool takesText = false;
+
+  constexpr ZtRowFacts(
+      std::initializer_list<ZtField> rows) {  // NOLINT(google-explicit-constructor)
+    for (const ZtField& row : rows) {
+      names.Add(row.name);
+      if (row.IsAttribute()) ++attributes;
+      if (!row.HasName() && !row.IsAttribute()) {
+        others = static_cast<std::uint8_t>(&row - rows.begin() + 1);
+      }
+      keepsAttributes = keepsAttributes || row.place == ZtPlace::kOtherAttributes;
+      takesText = takesText || row.IsOwnText();
+    }
+  }
+};
+
+// A type: what there is to say of it, and its rows.
+struct ZtElementType : ZtTypeFacts {
+  std::initializer_list<ZtField> fields = {};
+  ZtRowFacts rows = fields;
+
+  const ZtField* begin() const { return fields.begin(); }
+  const ZtField* children() const { return fields.begin() + rows.attributes; }  // and own texts
+  const ZtField* end() const { return fields.end(); }
+  // The elements in it that are no rows'; null for none.
+  const ZtChoice* Choices() const {
+    return rows.others ? fields.begin()[rows.others - 1].detail.choices : nullptr;
+  }
+  // A new object, recorded; null without memory.
+  XMLElement* Create(const ZtSource& source, int line = __builtin_LINE()) const {
+    return ZtMaker<XMLElement>{make, size}.Create(source, line);
+  }
+};
+
+static_assert(sizeof(void*) != 8 || sizeof(ZtElementType) <= 96);
+
+// Whether `className`, which may be null, is that of `type`. The library's own names are mostly
+// told by where they lie.
+inline bool ZtIsClass(const char* className, const ZtElementType& type) {
+  return className == type.className || (className && __strcmp(className, type.className) == 0);
+}
+
+// The start of what there is to say of the type `T`.
+template <class T>
+constexpr ZtTypeFacts ZtTypeOf(const char* className, const char* label, const ZtFamily& family) {
+  constexpr ZtMaker<XMLElement> kMaker = ZtMaker<XMLElement>::Of<T>();
+  static_assert(kMaker.size <= UINT16_MAX);
+  ZtTypeFacts facts = {className, label, &family, kMaker.make};
+  facts.size = static_cast<std::uint16_t>(kMaker.size);
+  facts.unknownAttribute = family.unknownAttribute;
+  facts.namesStayInside = family.namesStayInside;
+  return facts;
+}
+
+// A zt_empty_element_type as a document writes it: an empty tag, under the name that is its value.
+// `extras` says how.
+constexpr ZtElementType ZtFlagOf(const ZtFamily& family, const char* writer, const ZtExtras& extras,
+                                 ZtNameId prefix = XML_STR_ZT_NULL) {
+  return {ZtTypeOf<zt_empty_element_type>("zt_empty_element_type", "empty_element", family)
+              .Writer(XML_STR_ZT_NULL, writer, prefix)
+              .With(extras)};
+}
+
+// New, whole values, recorded under `source`; null without memory.
+zt_string* ZtMakeString(const ZtSource& source, ZtPiece text);
+zt_empty_element_type* ZtMakeFlag(const ZtSource& source, ZtPiece name);
+zt_AttributeValuePair* ZtMakePair(const ZtSource& source, ZtPiece name, ZtPiece value);
+
+#endif  // ZTXML_SRC_BINDING_ZTMODEL_H
