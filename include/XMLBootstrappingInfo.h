@@ -10,9 +10,9 @@
 #include "ZtSchemaDecoder.h"
 
 /// The root element "BootstrappingInfo".
-class ZT_API zt_bootstrappinginfo : public ZtTyped<zt_bootstrappinginfo, ZtObject> {
+class zt_bootstrappinginfo : public ZtTyped<zt_bootstrappinginfo, ZtObject> {
  public:
-  static const ZtElementType kType;
+  ZT_API static const ZtElementType kType;
 
   /// The bootstrapping transaction identifier.
   int setBtidValue(const char* text) { return m_Btid.Assign(text); }
@@ -30,15 +30,13 @@ class ZT_API zt_bootstrappinginfo : public ZtTyped<zt_bootstrappinginfo, ZtObjec
 class BootstrappingInfoContext;
 
 /// Makes empty elements; each is the caller's until a parent takes it. Null without memory.
-class ZT_API BootstrappingInfoDataBinder
-    : public ZtDescribedBy<BootstrappingInfoContext, ZtFactory> {
+class BootstrappingInfoDataBinder : public ZtDescribedBy<BootstrappingInfoContext, ZtFactory> {
  public:
 };
 
 /// Writes a zt_bootstrappinginfo. Besides Marshall, the steps that write one element each (1
 /// written, 0 failed), which only a running Marshall can use.
-class ZT_API BootstrappingInfoMarshaller
-    : public ZtDescribedBy<BootstrappingInfoContext, ZtMarshaller> {
+class BootstrappingInfoMarshaller : public ZtDescribedBy<BootstrappingInfoContext, ZtMarshaller> {
  public:
   int AddBootstrappingInfoElementToXml(zt_bootstrappinginfo* info) { return Write(info); }
   int AddBtidElementToXml(char* btid) {
@@ -50,7 +48,7 @@ class ZT_API BootstrappingInfoMarshaller
 };
 
 /// Reads a "BootstrappingInfo" document, with any prefixes.
-class ZT_API XMLBootstrappingInfoDecoder : public ZtDecoderOf<BootstrappingInfoContext> {};
+class XMLBootstrappingInfoDecoder : public ZtDecoderOf<BootstrappingInfoContext> {};
 
 /// Reads a zt_bootstrappinginfo.
 class ZT_API BootstrappingInfoUnMarshaller
@@ -59,7 +57,7 @@ class ZT_API BootstrappingInfoUnMarshaller
 /// The context of this document, XML_SCHEMA_BOOTSTRAPPING_INFO.
 class ZT_API BootstrappingInfoContext : public ZtDescribedBy<BootstrappingInfoContext, ZtContext> {
  public:
-  static const ZtDocument kDocument;
+  ZT_API static const ZtDocument kDocument;
 };
 
 #endif  // ZTXML_INCLUDE_XMLBOOTSTRAPPINGINFO_H

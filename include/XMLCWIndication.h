@@ -10,9 +10,9 @@
 #include "ZtSchemaDecoder.h"
 
 /// The element "alternative-service".
-class ZT_API zt_alternative_service : public ZtTyped<zt_alternative_service> {
+class zt_alternative_service : public ZtTyped<zt_alternative_service> {
  public:
-  static const ZtElementType kType;
+  ZT_API static const ZtElementType kType;
 
   /// The kind of service, e.g. "restoration". Only texts are kept here and below: where a document
   /// has an element instead ("<emergency/>"), this is empty.
@@ -34,9 +34,9 @@ class ZT_API zt_alternative_service : public ZtTyped<zt_alternative_service> {
 };
 
 /// The root element "ims-3gpp".
-class ZT_API zt_ims_3gpp : public ZtTyped<zt_ims_3gpp, ZtObject> {
+class zt_ims_3gpp : public ZtTyped<zt_ims_3gpp, ZtObject> {
  public:
-  static const ZtElementType kType;
+  ZT_API static const ZtElementType kType;
 
   /// The attribute "version"; 0 when absent.
   int setVersionValue(unsigned int value) { return m_Version.Set(value); }
@@ -61,30 +61,30 @@ class ZT_API zt_ims_3gpp : public ZtTyped<zt_ims_3gpp, ZtObject> {
 class CWIndicationContext;
 
 /// Makes empty elements; each is the caller's until a parent takes it. Null without memory.
-class ZT_API CWIndicationDataBinder : public ZtDescribedBy<CWIndicationContext, ZtFactory> {
+class CWIndicationDataBinder : public ZtDescribedBy<CWIndicationContext, ZtFactory> {
  public:
   zt_alternative_service* CreateAlternativeServiceElement() { return Make(); }
 };
 
 /// Writes a zt_ims_3gpp. Besides Marshall, the steps that write one element each (1 written, 0
 /// failed), which only a running Marshall can use.
-class ZT_API CWIndicationMarshaller : public ZtDescribedBy<CWIndicationContext, ZtMarshaller> {
+class CWIndicationMarshaller : public ZtDescribedBy<CWIndicationContext, ZtMarshaller> {
  public:
   int AddIms3gppElementToXml(zt_ims_3gpp* ims) { return Write(ims); }
   int AddAlternativeServiceElementToXml(zt_alternative_service* service) { return Write(service); }
 };
 
 /// Reads an "ims-3gpp" document, with any prefixes.
-class ZT_API XMLCWIndicationDecoder : public ZtDecoderOf<CWIndicationContext> {};
+class XMLCWIndicationDecoder : public ZtDecoderOf<CWIndicationContext> {};
 
 /// Reads a zt_ims_3gpp.
 class ZT_API CWIndicationUnMarshaller : public ZtDescribedBy<CWIndicationContext, ZtUnMarshaller> {
 };
 
 /// The context of this document, XML_SCHEMA_CW_INDICATION.
-class ZT_API CWIndicationContext : public ZtDescribedBy<CWIndicationContext, ZtContext> {
+class CWIndicationContext : public ZtDescribedBy<CWIndicationContext, ZtContext> {
  public:
-  static const ZtDocument kDocument;
+  ZT_API static const ZtDocument kDocument;
 };
 
 #endif  // ZTXML_INCLUDE_XMLCWINDICATION_H

@@ -10,10 +10,9 @@
 #include "ZtSchemaDecoder.h"
 
 /// The element "action".
-class ZT_API zt_ns_call_waiting_indication_action
-    : public ZtTyped<zt_ns_call_waiting_indication_action> {
+class zt_ns_call_waiting_indication_action : public ZtTyped<zt_ns_call_waiting_indication_action> {
  public:
-  static const ZtElementType kType;
+  ZT_API static const ZtElementType kType;
 
   /// The flag "call-waiting-indication"; null for none. One that is not present cannot be written.
   int setCallWaitingIndicationValue(zt_empty_element_type* element) {
@@ -26,10 +25,10 @@ class ZT_API zt_ns_call_waiting_indication_action
 };
 
 /// The element "alternative-service".
-class ZT_API zt_ns_call_waiting_indication_alternative_service
+class zt_ns_call_waiting_indication_alternative_service
     : public ZtTyped<zt_ns_call_waiting_indication_alternative_service> {
  public:
-  static const ZtElementType kType;
+  ZT_API static const ZtElementType kType;
 
   /// What is to be done.
   int setActionValue(zt_ns_call_waiting_indication_action* element) {
@@ -42,9 +41,9 @@ class ZT_API zt_ns_call_waiting_indication_alternative_service
 };
 
 /// The root element "3gpp-ims".
-class ZT_API zt_3gpp_ims : public ZtTyped<zt_3gpp_ims, ZtObject> {
+class zt_3gpp_ims : public ZtTyped<zt_3gpp_ims, ZtObject> {
  public:
-  static const ZtElementType kType;
+  ZT_API static const ZtElementType kType;
 
   /// The attribute "version"; 0 when absent.
   int setVersionValue(unsigned int value) { return m_Version.Set(value); }
@@ -91,7 +90,7 @@ class ZT_API CallWaitingIndicationMarshaller
 };
 
 /// Reads a "3gpp-ims" document, with any prefixes.
-class ZT_API XMLCallWaitingIndicationDecoder : public ZtDecoderOf<CallWaitingIndicationContext> {};
+class XMLCallWaitingIndicationDecoder : public ZtDecoderOf<CallWaitingIndicationContext> {};
 
 /// Reads a zt_3gpp_ims.
 class ZT_API CallWaitingIndicationUnMarshaller
@@ -101,7 +100,7 @@ class ZT_API CallWaitingIndicationUnMarshaller
 class ZT_API CallWaitingIndicationContext
     : public ZtDescribedBy<CallWaitingIndicationContext, ZtContext> {
  public:
-  static const ZtDocument kDocument;
+  ZT_API static const ZtDocument kDocument;
 };
 
 #endif  // ZTXML_INCLUDE_XMLCALLWAITINGINDICATION_H

@@ -13,9 +13,9 @@ enum zt_caps_boolean_enum : unsigned {
 
 /// The duplex modes inside "supported" or "notsupported". A mode is there when its text is set,
 /// usually to "", and is written with that text; null means absent. Texts are copied.
-class ZT_API zt_ns_caps_duplextypes : public ZtTyped<zt_ns_caps_duplextypes, ZtKeepsElements<>> {
+class zt_ns_caps_duplextypes : public ZtTyped<zt_ns_caps_duplextypes, ZtKeepsElements<>> {
  public:
-  static const ZtElementType kType;
+  ZT_API static const ZtElementType kType;
 
   /// Any text makes the mode present, and is written as its content as it stands; null makes it
   /// absent.
@@ -36,9 +36,9 @@ class ZT_API zt_ns_caps_duplextypes : public ZtTyped<zt_ns_caps_duplextypes, ZtK
 };
 
 /// The element "duplex".
-class ZT_API zt_ns_caps_duplextype : public ZtTyped<zt_ns_caps_duplextype, ZtKeepsElements<>> {
+class zt_ns_caps_duplextype : public ZtTyped<zt_ns_caps_duplextype, ZtKeepsElements<>> {
  public:
-  static const ZtElementType kType;
+  ZT_API static const ZtElementType kType;
 
   /// The modes that the service supports (taken); null for none.
   int setSupportedValue(zt_ns_caps_duplextypes* modes) { return m_Supported.Set(modes); }
@@ -53,9 +53,9 @@ class ZT_API zt_ns_caps_duplextype : public ZtTyped<zt_ns_caps_duplextype, ZtKee
 };
 
 /// The element "servcaps": what a service can do.
-class ZT_API zt_ns_caps_servcaps : public ZtTyped<zt_ns_caps_servcaps, ZtKeepsElements<>> {
+class zt_ns_caps_servcaps : public ZtTyped<zt_ns_caps_servcaps, ZtKeepsElements<>> {
  public:
-  static const ZtElementType kType;
+  ZT_API static const ZtElementType kType;
 
   /// Whether the service sends or receives audio.
   int setAudioValue(zt_caps_boolean_enum audio) { return m_Audio.Set(audio); }

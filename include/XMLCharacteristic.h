@@ -9,9 +9,9 @@
 #include "ZtElement.h"
 
 /// A "parm": one parameter.
-class ZT_API zt_parm : public ZtTyped<zt_parm> {
+class zt_parm : public ZtTyped<zt_parm> {
  public:
-  static const ZtElementType kType;
+  ZT_API static const ZtElementType kType;
 
   /// The attribute "name".
   int setParmName(const char* name) { return m_Name.Assign(name); }
@@ -26,9 +26,9 @@ class ZT_API zt_parm : public ZtTyped<zt_parm> {
 };
 
 /// A "characteristic": a group of parameters and of other groups.
-class ZT_API zt_characteristic : public ZtTyped<zt_characteristic> {
+class zt_characteristic : public ZtTyped<zt_characteristic> {
  public:
-  static const ZtElementType kType;
+  ZT_API static const ZtElementType kType;
 
   /// The attribute "type", the group's name.
   int setType(const char* type) { return m_Type.Assign(type); }
@@ -50,7 +50,7 @@ class ZT_API zt_characteristic : public ZtTyped<zt_characteristic> {
 };
 
 /// What the roots of provisioning documents have.
-class ZT_API ZtProvisioning : public ZtObject {
+class ZtProvisioning : public ZtObject {
  public:
   /// The attribute "version".
   int setVersion(const char* version) { return m_Version.Assign(version); }

@@ -12,9 +12,9 @@
 #include "ZtNamespaceDocument.h"
 
 /// An "except": who is excluded from a "many".
-class ZT_API zt_ns_common_policy_exceptType : public ZtTyped<zt_ns_common_policy_exceptType> {
+class zt_ns_common_policy_exceptType : public ZtTyped<zt_ns_common_policy_exceptType> {
  public:
-  static const ZtElementType kType;
+  ZT_API static const ZtElementType kType;
 
   /// The attribute "domain".
   int setDomainValue(const char* text) { return m_Domain.Assign(text); }
@@ -30,9 +30,9 @@ class ZT_API zt_ns_common_policy_exceptType : public ZtTyped<zt_ns_common_policy
 };
 
 /// A "one": a single identity.
-class ZT_API zt_ns_common_policy_oneType : public ZtTyped<zt_ns_common_policy_oneType> {
+class zt_ns_common_policy_oneType : public ZtTyped<zt_ns_common_policy_oneType> {
  public:
-  static const ZtElementType kType;
+  ZT_API static const ZtElementType kType;
 
   /// The attribute "id", a URI; required on output.
   int setIdValue(const char* text) { return m_Id.Assign(text); }
@@ -49,9 +49,9 @@ class ZT_API zt_ns_common_policy_oneType : public ZtTyped<zt_ns_common_policy_on
 };
 
 /// A "many": everyone, or everyone of a domain.
-class ZT_API zt_ns_common_policy_manyType : public ZtTyped<zt_ns_common_policy_manyType> {
+class zt_ns_common_policy_manyType : public ZtTyped<zt_ns_common_policy_manyType> {
  public:
-  static const ZtElementType kType;
+  ZT_API static const ZtElementType kType;
 
   /// The attribute "domain". It is what closes the start tag on output: set it always.
   int setDomainValue(const char* text) { return m_Domain.Assign(text); }
@@ -74,9 +74,9 @@ class ZT_API zt_ns_common_policy_manyType : public ZtTyped<zt_ns_common_policy_m
 };
 
 /// The condition "identity". On output it must have a "one" or a "many".
-class ZT_API zt_ns_common_policy_identityType : public ZtTyped<zt_ns_common_policy_identityType> {
+class zt_ns_common_policy_identityType : public ZtTyped<zt_ns_common_policy_identityType> {
  public:
-  static const ZtElementType kType;
+  ZT_API static const ZtElementType kType;
 
   /// A list of zt_ns_common_policy_oneType.
   int setOneListValue(ZtSingleElementList* list) { return m_OneList.Set(list); }
@@ -100,9 +100,9 @@ class ZT_API zt_ns_common_policy_identityType : public ZtTyped<zt_ns_common_poli
 };
 
 /// The condition "sphere".
-class ZT_API zt_ns_common_policy_sphereType : public ZtTyped<zt_ns_common_policy_sphereType> {
+class zt_ns_common_policy_sphereType : public ZtTyped<zt_ns_common_policy_sphereType> {
  public:
-  static const ZtElementType kType;
+  ZT_API static const ZtElementType kType;
 
   /// The attribute "value"; required on output.
   int setValueValue(const char* text) { return m_Value.Assign(text); }
@@ -114,9 +114,9 @@ class ZT_API zt_ns_common_policy_sphereType : public ZtTyped<zt_ns_common_policy
 
 /// The condition "validity": periods of time. The n-th "from" goes with the n-th "until"; on output
 /// there must be as many of both, and at least one.
-class ZT_API zt_ns_common_policy_validityType : public ZtTyped<zt_ns_common_policy_validityType> {
+class zt_ns_common_policy_validityType : public ZtTyped<zt_ns_common_policy_validityType> {
  public:
-  static const ZtElementType kType;
+  ZT_API static const ZtElementType kType;
 
   /// The starts, a list of zt_string with dates and times as in RFC 3339.
   int setFromListValue(ZtSingleElementList* list) { return m_FromList.Set(list); }
@@ -134,10 +134,9 @@ class ZT_API zt_ns_common_policy_validityType : public ZtTyped<zt_ns_common_poli
 };
 
 /// The "conditions" of a rule, all of which must hold.
-class ZT_API zt_ns_common_policy_conditionsType
-    : public ZtTyped<zt_ns_common_policy_conditionsType> {
+class zt_ns_common_policy_conditionsType : public ZtTyped<zt_ns_common_policy_conditionsType> {
  public:
-  static const ZtElementType kType;
+  ZT_API static const ZtElementType kType;
 
   /// A list of zt_ns_common_policy_identityType.
   int setIdentityListValue(ZtSingleElementList* list) { return m_IdentityList.Set(list); }
@@ -172,10 +171,9 @@ class ZT_API zt_ns_common_policy_conditionsType
 };
 
 /// The "actions" or the "transformations" of a rule.
-class ZT_API zt_ns_common_policy_extensibleType
-    : public ZtTyped<zt_ns_common_policy_extensibleType> {
+class zt_ns_common_policy_extensibleType : public ZtTyped<zt_ns_common_policy_extensibleType> {
  public:
-  static const ZtElementType kType;
+  ZT_API static const ZtElementType kType;
 
   /// Any elements. Of actions those are written that the service knows; of transformations none:
   /// the element is always written empty.
@@ -190,9 +188,9 @@ class ZT_API zt_ns_common_policy_extensibleType
 };
 
 /// A "rule": what happens under which conditions.
-class ZT_API zt_ns_common_policy_ruleType : public ZtTyped<zt_ns_common_policy_ruleType> {
+class zt_ns_common_policy_ruleType : public ZtTyped<zt_ns_common_policy_ruleType> {
  public:
-  static const ZtElementType kType;
+  ZT_API static const ZtElementType kType;
 
   /// The attribute "id", unique in the rule set; required on output.
   int setIdValue(const char* text) { return m_Id.Assign(text); }
@@ -226,9 +224,9 @@ class ZT_API zt_ns_common_policy_ruleType : public ZtTyped<zt_ns_common_policy_r
 };
 
 /// The "ruleset": rules in the order in which they are looked at.
-class ZT_API zt_ns_common_policy_ruleset : public ZtTyped<zt_ns_common_policy_ruleset> {
+class zt_ns_common_policy_ruleset : public ZtTyped<zt_ns_common_policy_ruleset> {
  public:
-  static const ZtElementType kType;
+  ZT_API static const ZtElementType kType;
 
   /// A list of zt_ns_common_policy_ruleType.
   int setRulesValue(ZtSingleElementList* list) { return m_Rules.Set(list); }
@@ -243,7 +241,7 @@ class ZT_API zt_ns_common_policy_ruleset : public ZtTyped<zt_ns_common_policy_ru
 
 /// Makes the elements of a rule set, empty; each is the caller's until a parent takes it. Null
 /// without memory.
-class ZT_API ZtPolicyDataBinder : public ZtFactory {
+class ZtPolicyDataBinder : public ZtFactory {
  public:
   zt_ns_common_policy_ruleset* CreateRuleSetElement() { return Make(); }
   zt_ns_common_policy_ruleType* CreateRuleTypeElement() { return Make(); }

@@ -13,9 +13,9 @@ enum XML_COMMUNICATION_BARRING_TYPE : int {
 };
 
 /// The action "allow".
-class ZT_API zt_allow_action_type : public ZtTyped<zt_allow_action_type> {
+class zt_allow_action_type : public ZtTyped<zt_allow_action_type> {
  public:
-  static const ZtElementType kType;
+  ZT_API static const ZtElementType kType;
 
   /// 1 or 0 (at first): whether the call goes through.
   int setAllowValue(int allow) { return m_Allow.Set(allow ? 1 : 0); }
@@ -26,7 +26,7 @@ class ZT_API zt_allow_action_type : public ZtTyped<zt_allow_action_type> {
 };
 
 /// What both services have: the rules.
-class ZT_API ZtCommunicationBarring : public zt_ns_xcap_simservType {
+class ZtCommunicationBarring : public zt_ns_xcap_simservType {
  public:
   /// Takes the rules; null for none. Rules that cannot be written cut the rule set short and fail
   /// nothing.
@@ -40,17 +40,17 @@ class ZT_API ZtCommunicationBarring : public zt_ns_xcap_simservType {
 };
 
 /// The root element "incoming-communication-barring".
-class ZT_API zt_incoming_communication_barring
+class zt_incoming_communication_barring
     : public ZtTyped<zt_incoming_communication_barring, ZtCommunicationBarring> {
  public:
-  static const ZtElementType kType;
+  ZT_API static const ZtElementType kType;
 };
 
 /// The root element "outgoing-communication-barring".
-class ZT_API zt_outgoing_communication_barring
+class zt_outgoing_communication_barring
     : public ZtTyped<zt_outgoing_communication_barring, ZtCommunicationBarring> {
  public:
-  static const ZtElementType kType;
+  ZT_API static const ZtElementType kType;
 };
 
 class CommunicationBarringContext;
@@ -88,7 +88,7 @@ class ZT_API Communication_barringMarshaller
 };
 
 /// Reads a communication-barring service, with the prefixes of its document.
-class ZT_API XMLCommunicationBarringDecoder
+class XMLCommunicationBarringDecoder
     : public ZtDecoderOf<CommunicationBarringContext, ZtNamespaceDecoder> {};
 
 /// Reads either service from an XCAP fragment; the root element tells which. Whatever the factory
@@ -100,7 +100,7 @@ class ZT_API CommunicationBarringUnMarshaller
 class ZT_API CommunicationBarringContext
     : public ZtDescribedBy<CommunicationBarringContext, ZtNamespaceContext> {
  public:
-  static const ZtDocument kDocument;
+  ZT_API static const ZtDocument kDocument;
 };
 
 #endif  // ZTXML_INCLUDE_XMLCOMMUNICATIONBARRING_H

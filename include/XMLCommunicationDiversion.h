@@ -33,9 +33,9 @@ enum zt_reveal_enum : unsigned {
 
 /// The action "forward-to". Its switches are 1, 0 or, when unset (at first, and not written), -1;
 /// any other number sets them to 0.
-class ZT_API zt_ns_xcap_forward_to_type : public ZtTyped<zt_ns_xcap_forward_to_type> {
+class zt_ns_xcap_forward_to_type : public ZtTyped<zt_ns_xcap_forward_to_type> {
  public:
-  static const ZtElementType kType;
+  ZT_API static const ZtElementType kType;
 
   /// The URI that calls are forwarded to (copied; raw text, to be escaped by the caller), null for
   /// none.
@@ -90,10 +90,10 @@ class ZT_API zt_ns_xcap_forward_to_type : public ZtTyped<zt_ns_xcap_forward_to_t
 };
 
 /// The root element "communication-diversion".
-class ZT_API zt_communication_diversion
+class zt_communication_diversion
     : public ZtTyped<zt_communication_diversion, zt_ns_xcap_simservType> {
  public:
-  static const ZtElementType kType;
+  ZT_API static const ZtElementType kType;
 
   /// Takes the timer; null for none.
   int setNoReplyTimerValue(zt_NoReplyTimer* timer) { return m_NoReplyTimer.Set(timer); }
@@ -111,7 +111,7 @@ class ZT_API zt_communication_diversion
 class CommunicationDiversionContext;
 
 /// Makes empty elements; each is the caller's until a parent takes it. Null without memory.
-class ZT_API CommunicationDiversionDataBinder
+class CommunicationDiversionDataBinder
     : public ZtDescribedBy<CommunicationDiversionContext, ZtPolicyDataBinder> {
  public:
   zt_ns_xcap_forward_to_type* CreateForwardToTypeElement() { return Make(); }
@@ -136,7 +136,7 @@ class ZT_API Communication_diversionMarshaller
 };
 
 /// Reads a communication-diversion service, with the prefixes of its document.
-class ZT_API XMLCommunicationDiversionDecoder
+class XMLCommunicationDiversionDecoder
     : public ZtDecoderOf<CommunicationDiversionContext, ZtNamespaceDecoder> {};
 
 /// Reads the service from an XCAP fragment.
@@ -147,7 +147,7 @@ class ZT_API CommunicationDiversionUnMarshaller
 class ZT_API CommunicationDiversionContext
     : public ZtDescribedBy<CommunicationDiversionContext, ZtNamespaceContext> {
  public:
-  static const ZtDocument kDocument;
+  ZT_API static const ZtDocument kDocument;
 };
 
 #endif  // ZTXML_INCLUDE_XMLCOMMUNICATIONDIVERSION_H

@@ -7,16 +7,15 @@
 #include "ZtNamespaceDocument.h"
 
 /// The element "communication-waiting".
-class ZT_API zt_communication_waiting
-    : public ZtTyped<zt_communication_waiting, zt_ns_xcap_simservType> {
+class zt_communication_waiting : public ZtTyped<zt_communication_waiting, zt_ns_xcap_simservType> {
  public:
-  static const ZtElementType kType;
+  ZT_API static const ZtElementType kType;
 };
 
 class CommunicationWaitingContext;
 
 /// Makes an empty zt_communication_waiting.
-class ZT_API CommunicationWaitingDataBinder
+class CommunicationWaitingDataBinder
     : public ZtDescribedBy<CommunicationWaitingContext, ZtFactory> {
  public:
 };
@@ -33,7 +32,7 @@ class ZT_API Communication_waitingMarshaller
 };
 
 /// Reads a communication-waiting service, with the prefixes of its document.
-class ZT_API XMLCommunicationWaitingDecoder
+class XMLCommunicationWaitingDecoder
     : public ZtDecoderOf<CommunicationWaitingContext, ZtNamespaceDecoder> {};
 
 /// Reads the service from an XCAP fragment.
@@ -44,7 +43,7 @@ class ZT_API CommunicationWaitingUnMarshaller
 class ZT_API CommunicationWaitingContext
     : public ZtDescribedBy<CommunicationWaitingContext, ZtNamespaceContext> {
  public:
-  static const ZtDocument kDocument;
+  ZT_API static const ZtDocument kDocument;
 };
 
 #endif  // ZTXML_INCLUDE_XMLCOMMUNICATIONWAITING_H

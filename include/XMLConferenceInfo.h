@@ -8,9 +8,9 @@
 #include "ZtSchemaDecoder.h"
 
 /// The element "keywords".
-class ZT_API zt_keywords_type : public ZtTyped<zt_keywords_type, ZtExtensible<>> {
+class zt_keywords_type : public ZtTyped<zt_keywords_type, ZtExtensible<>> {
  public:
-  static const ZtElementType kType;
+  ZT_API static const ZtElementType kType;
 
   /// A list of zt_string; one blank stands between them in a document, and an empty one where two
   /// do.
@@ -23,9 +23,9 @@ class ZT_API zt_keywords_type : public ZtTyped<zt_keywords_type, ZtExtensible<>>
 };
 
 /// An "entry" of "available-media".
-class ZT_API zt_conference_medium_type : public ZtTyped<zt_conference_medium_type, ZtExtensible<>> {
+class zt_conference_medium_type : public ZtTyped<zt_conference_medium_type, ZtExtensible<>> {
  public:
-  static const ZtElementType kType;
+  ZT_API static const ZtElementType kType;
 
   /// The attribute "label"; required on output.
   int setLabelValue(const char* text) { return m_Label.Assign(text); }
@@ -51,9 +51,9 @@ class ZT_API zt_conference_medium_type : public ZtTyped<zt_conference_medium_typ
 };
 
 /// The element "available-media".
-class ZT_API zt_conference_media_type : public ZtTyped<zt_conference_media_type, ZtExtensible<>> {
+class zt_conference_media_type : public ZtTyped<zt_conference_media_type, ZtExtensible<>> {
  public:
-  static const ZtElementType kType;
+  ZT_API static const ZtElementType kType;
 
   /// A list of zt_conference_medium_type.
   int setEntryListValue(ZtSingleElementList* list) { return m_Entries.Set(list); }
@@ -65,10 +65,10 @@ class ZT_API zt_conference_media_type : public ZtTyped<zt_conference_media_type,
 };
 
 /// The element "conference-description".
-class ZT_API zt_conference_description_type
+class zt_conference_description_type
     : public ZtTyped<zt_conference_description_type, ZtExtensible<>> {
  public:
-  static const ZtElementType kType;
+  ZT_API static const ZtElementType kType;
 
   /// What to show for the conference.
   int setDisplayTextValue(const char* text) { return m_DisplayText.Assign(text); }
@@ -116,9 +116,9 @@ class ZT_API zt_conference_description_type
 };
 
 /// The element "host-info".
-class ZT_API zt_host_type : public ZtTyped<zt_host_type, ZtExtensible<>> {
+class zt_host_type : public ZtTyped<zt_host_type, ZtExtensible<>> {
  public:
-  static const ZtElementType kType;
+  ZT_API static const ZtElementType kType;
 
   /// Who hosts the conference.
   int setDisplayTextValue(const char* text) { return m_DisplayText.Assign(text); }
@@ -139,9 +139,9 @@ class ZT_API zt_host_type : public ZtTyped<zt_host_type, ZtExtensible<>> {
 };
 
 /// The element "conference-state".
-class ZT_API zt_conference_state_type : public ZtTyped<zt_conference_state_type, ZtExtensible<>> {
+class zt_conference_state_type : public ZtTyped<zt_conference_state_type, ZtExtensible<>> {
  public:
-  static const ZtElementType kType;
+  ZT_API static const ZtElementType kType;
 
   /// The users that take part.
   int setUserCountValue(unsigned int value) { return m_UserCount.Set(value); }
@@ -183,9 +183,9 @@ class ZT_API zt_sidebars_by_val_type : public ZtTyped<zt_sidebars_by_val_type, Z
 };
 
 /// The root element "conference-info", and an "entry" of "sidebars-by-val".
-class ZT_API zt_conference_type : public ZtTyped<zt_conference_type, ZtExtensible<ZtObject>> {
+class zt_conference_type : public ZtTyped<zt_conference_type, ZtExtensible<ZtObject>> {
  public:
-  static const ZtElementType kType;
+  ZT_API static const ZtElementType kType;
 
   /// Whether this is the full state, a change of it, or the end.
   int setStateValue(zt_state_type_enum value) { return m_State.Set(value); }
@@ -253,7 +253,7 @@ inline int zt_sidebars_by_val_type::addEntry(zt_conference_type* element) {
 class ConferenceInfoContext;
 
 /// Makes empty elements; each is the caller's until a parent takes it. Null without memory.
-class ZT_API ConferenceInfoDataBinder : public ZtDescribedBy<ConferenceInfoContext, ZtFactory> {
+class ConferenceInfoDataBinder : public ZtDescribedBy<ConferenceInfoContext, ZtFactory> {
  public:
   zt_conference_type* CreateConferenceInfoType() { return Make(); }
   zt_conference_description_type* CreateConferenceDescriptionType() { return Make(); }
@@ -306,7 +306,7 @@ class ZT_API Conference_infoMarshall : public ZtDescribedBy<ConferenceInfoContex
 };
 
 /// Reads a "conference-info" document, with any prefixes.
-class ZT_API XMLConferenceInfoDecoder : public ZtDecoderOf<ConferenceInfoContext> {};
+class XMLConferenceInfoDecoder : public ZtDecoderOf<ConferenceInfoContext> {};
 
 /// Reads a zt_conference_type.
 class ZT_API ConferenceInfoUnMarshaller
@@ -315,7 +315,7 @@ class ZT_API ConferenceInfoUnMarshaller
 /// The context of conference information, XML_SCHEMA_CONFERENCE_INFO.
 class ZT_API ConferenceInfoContext : public ZtDescribedBy<ConferenceInfoContext, ZtContext> {
  public:
-  static const ZtDocument kDocument;
+  ZT_API static const ZtDocument kDocument;
 };
 
 /// A check for developers: logs that it was called.

@@ -60,9 +60,9 @@ enum zt_media_status_type_enum : unsigned {
 };
 
 /// An action on something: "referred", "joining-info", "disconnection-info" or "modified".
-class ZT_API zt_execution_type : public ZtTyped<zt_execution_type, ZtExtensible<>> {
+class zt_execution_type : public ZtTyped<zt_execution_type, ZtExtensible<>> {
  public:
-  static const ZtElementType kType;
+  ZT_API static const ZtElementType kType;
 
   /// The date and time, as in RFC 3339.
   int setWhenValue(const char* text) { return m_When.Assign(text); }
@@ -83,9 +83,9 @@ class ZT_API zt_execution_type : public ZtTyped<zt_execution_type, ZtExtensible<
 };
 
 /// An "entry" of a list of URIs.
-class ZT_API zt_uri_type : public ZtTyped<zt_uri_type, ZtExtensible<>> {
+class zt_uri_type : public ZtTyped<zt_uri_type, ZtExtensible<>> {
  public:
-  static const ZtElementType kType;
+  ZT_API static const ZtElementType kType;
 
   /// The URI.
   int setUriValue(const char* text) { return m_Uri.Assign(text); }
@@ -111,9 +111,9 @@ class ZT_API zt_uri_type : public ZtTyped<zt_uri_type, ZtExtensible<>> {
 };
 
 /// A list of URIs: "conf-uris", "service-uris", "uris", "associated-aors" or "sidebars-by-ref".
-class ZT_API zt_uris_type : public ZtTyped<zt_uris_type, ZtExtensible<>> {
+class zt_uris_type : public ZtTyped<zt_uris_type, ZtExtensible<>> {
  public:
-  static const ZtElementType kType;
+  ZT_API static const ZtElementType kType;
 
   /// Whether this is the full state, a change of it, or the end.
   int setStateValue(zt_state_type_enum value) { return m_State.Set(value); }
@@ -130,9 +130,9 @@ class ZT_API zt_uris_type : public ZtTyped<zt_uris_type, ZtExtensible<>> {
 };
 
 /// The element "languages", language tags as in RFC 5646.
-class ZT_API zt_user_languages_type : public ZtTyped<zt_user_languages_type, ZtExtensible<>> {
+class zt_user_languages_type : public ZtTyped<zt_user_languages_type, ZtExtensible<>> {
  public:
-  static const ZtElementType kType;
+  ZT_API static const ZtElementType kType;
 
   /// A list of zt_string; one blank stands between them in a document, and an empty one where two
   /// do.
@@ -145,9 +145,9 @@ class ZT_API zt_user_languages_type : public ZtTyped<zt_user_languages_type, ZtE
 };
 
 /// The element "roles".
-class ZT_API zt_user_roles_type : public ZtTyped<zt_user_roles_type, ZtExtensible<>> {
+class zt_user_roles_type : public ZtTyped<zt_user_roles_type, ZtExtensible<>> {
  public:
-  static const ZtElementType kType;
+  ZT_API static const ZtElementType kType;
 
   /// A list of zt_string, e.g. "participant".
   int setEntryListValue(ZtSingleElementList* list) { return m_Entries.Set(list); }
@@ -159,9 +159,9 @@ class ZT_API zt_user_roles_type : public ZtTyped<zt_user_roles_type, ZtExtensibl
 };
 
 /// The element "sip": a SIP dialog (RFC 3261).
-class ZT_API zt_sip_dialog_id_type : public ZtTyped<zt_sip_dialog_id_type, ZtExtensible<>> {
+class zt_sip_dialog_id_type : public ZtTyped<zt_sip_dialog_id_type, ZtExtensible<>> {
  public:
-  static const ZtElementType kType;
+  ZT_API static const ZtElementType kType;
 
   /// What to show for the dialog.
   int setDisplayTextValue(const char* text) { return m_DisplayText.Assign(text); }
@@ -187,9 +187,9 @@ class ZT_API zt_sip_dialog_id_type : public ZtTyped<zt_sip_dialog_id_type, ZtExt
 };
 
 /// The element "call-info".
-class ZT_API zt_call_type : public ZtTyped<zt_call_type, ZtExtensible<>> {
+class zt_call_type : public ZtTyped<zt_call_type, ZtExtensible<>> {
  public:
-  static const ZtElementType kType;
+  ZT_API static const ZtElementType kType;
 
   /// The dialog.
   int setSipValue(zt_sip_dialog_id_type* element) { return m_Sip.Set(element); }
@@ -200,9 +200,9 @@ class ZT_API zt_call_type : public ZtTyped<zt_call_type, ZtExtensible<>> {
 };
 
 /// A "media" of an endpoint.
-class ZT_API zt_media_type : public ZtTyped<zt_media_type, ZtExtensible<>> {
+class zt_media_type : public ZtTyped<zt_media_type, ZtExtensible<>> {
  public:
-  static const ZtElementType kType;
+  ZT_API static const ZtElementType kType;
 
   /// The attribute "id"; required on output.
   int setIdValue(const char* text) { return m_Id.Assign(text); }
@@ -238,9 +238,9 @@ class ZT_API zt_media_type : public ZtTyped<zt_media_type, ZtExtensible<>> {
 };
 
 /// An "endpoint" of a user.
-class ZT_API zt_endpoint_type : public ZtTyped<zt_endpoint_type, ZtExtensible<>> {
+class zt_endpoint_type : public ZtTyped<zt_endpoint_type, ZtExtensible<>> {
  public:
-  static const ZtElementType kType;
+  ZT_API static const ZtElementType kType;
 
   /// Whether this is the full state, a change of it, or the end.
   int setStateValue(zt_state_type_enum value) { return m_State.Set(value); }
@@ -306,9 +306,9 @@ class ZT_API zt_endpoint_type : public ZtTyped<zt_endpoint_type, ZtExtensible<>>
 };
 
 /// A "user".
-class ZT_API zt_user_type : public ZtTyped<zt_user_type, ZtExtensible<>> {
+class zt_user_type : public ZtTyped<zt_user_type, ZtExtensible<>> {
  public:
-  static const ZtElementType kType;
+  ZT_API static const ZtElementType kType;
 
   /// Whether this is the full state, a change of it, or the end.
   int setStateValue(zt_state_type_enum value) { return m_State.Set(value); }
@@ -355,9 +355,9 @@ class ZT_API zt_user_type : public ZtTyped<zt_user_type, ZtExtensible<>> {
 };
 
 /// The element "users".
-class ZT_API zt_users_type : public ZtTyped<zt_users_type, ZtExtensible<>> {
+class zt_users_type : public ZtTyped<zt_users_type, ZtExtensible<>> {
  public:
-  static const ZtElementType kType;
+  ZT_API static const ZtElementType kType;
 
   /// Whether this is the full state, a change of it, or the end.
   int setStateValue(zt_state_type_enum value) { return m_State.Set(value); }

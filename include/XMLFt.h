@@ -12,9 +12,9 @@
 #include "ZtSchemaDecoder.h"
 
 /// A "data": where the file is.
-class ZT_API zt_ns_ft_data : public ZtTyped<zt_ns_ft_data> {
+class zt_ns_ft_data : public ZtTyped<zt_ns_ft_data> {
  public:
-  static const ZtElementType kType;
+  ZT_API static const ZtElementType kType;
 
   /// The attribute "etag", the version of the file there.
   int setEtagValue(const char* text) { return m_Etag.Assign(text); }
@@ -35,9 +35,9 @@ class ZT_API zt_ns_ft_data : public ZtTyped<zt_ns_ft_data> {
 };
 
 /// A "file-info": the file or its thumbnail.
-class ZT_API zt_ns_ft_file_info : public ZtTyped<zt_ns_ft_file_info> {
+class zt_ns_ft_file_info : public ZtTyped<zt_ns_ft_file_info> {
  public:
-  static const ZtElementType kType;
+  ZT_API static const ZtElementType kType;
 
   /// The attribute "type", e.g. "file".
   int setTypeValue(const char* text) { return m_Type.Assign(text); }
@@ -58,9 +58,9 @@ class ZT_API zt_ns_ft_file_info : public ZtTyped<zt_ns_ft_file_info> {
 };
 
 /// The root element "file".
-class ZT_API zt_file : public ZtTyped<zt_file, ZtObject> {
+class zt_file : public ZtTyped<zt_file, ZtObject> {
  public:
-  static const ZtElementType kType;
+  ZT_API static const ZtElementType kType;
 
   /// A list of zt_ns_ft_file_info.
   int setFileInfoListValue(ZtSingleElementList* list) { return m_FileInfos.Set(list); }
@@ -74,7 +74,7 @@ class ZT_API zt_file : public ZtTyped<zt_file, ZtObject> {
 class FileContext;
 
 /// Makes empty elements; each is the caller's until a parent takes it. Null without memory.
-class ZT_API FileDataBinder : public ZtDescribedBy<FileContext, ZtFactory> {
+class FileDataBinder : public ZtDescribedBy<FileContext, ZtFactory> {
  public:
   zt_ns_ft_file_info* CreateFileInfoElement() { return Make(); }
   zt_ns_ft_data* CreateDataElement() { return Make(); }
@@ -82,7 +82,7 @@ class ZT_API FileDataBinder : public ZtDescribedBy<FileContext, ZtFactory> {
 
 /// Writes a zt_file. Besides Marshall, the steps that write one element each (1 written, 0
 /// failed), which only a running Marshall can use.
-class ZT_API FileMarshaller : public ZtDescribedBy<FileContext, ZtMarshaller> {
+class FileMarshaller : public ZtDescribedBy<FileContext, ZtMarshaller> {
  public:
   int AddFileElementToXml(zt_file* file) { return Write(file); }
   int AddFileInfoElementToXml(zt_ns_ft_file_info* info) { return Write(info); }
@@ -90,7 +90,7 @@ class ZT_API FileMarshaller : public ZtDescribedBy<FileContext, ZtMarshaller> {
 };
 
 /// Reads a "file" document, with any prefixes.
-class ZT_API XMLFileDecoder : public ZtDecoderOf<FileContext> {};
+class XMLFileDecoder : public ZtDecoderOf<FileContext> {};
 
 /// Reads a zt_file.
 class ZT_API FileUnMarshaller : public ZtDescribedBy<FileContext, ZtUnMarshaller> {};
@@ -98,7 +98,7 @@ class ZT_API FileUnMarshaller : public ZtDescribedBy<FileContext, ZtUnMarshaller
 /// The context of this document, XML_SCHEMA_FILE.
 class ZT_API FileContext : public ZtDescribedBy<FileContext, ZtContext> {
  public:
-  static const ZtDocument kDocument;
+  ZT_API static const ZtDocument kDocument;
 };
 
 #endif  // ZTXML_INCLUDE_XMLFT_H

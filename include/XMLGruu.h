@@ -8,7 +8,7 @@
 #include "ZtSchemaDecoder.h"
 
 /// What every GRUU has.
-class ZT_API ZtGruu : public ZtObject {
+class ZtGruu : public ZtObject {
  public:
   /// The GRUU's URI; required on output.
   int setUriValue(const char* uri) { return m_Uri.Assign(uri); }
@@ -20,7 +20,7 @@ class ZT_API ZtGruu : public ZtObject {
 };
 
 /// What a temporary GRUU has, too.
-class ZT_API ZtTemporaryGruu : public ZtGruu {
+class ZtTemporaryGruu : public ZtGruu {
  public:
   /// The CSeq of the REGISTER request that made the GRUU valid.
   int setFirstCseqValue(unsigned cseq) { return m_FirstCseq.Set(cseq); }
@@ -32,27 +32,27 @@ class ZT_API ZtTemporaryGruu : public ZtGruu {
 };
 
 /// The element "pub-gruu".
-class ZT_API zt_pub_gruu : public ZtTyped<zt_pub_gruu, ZtGruu> {
+class zt_pub_gruu : public ZtTyped<zt_pub_gruu, ZtGruu> {
  public:
-  static const ZtElementType kType;
+  ZT_API static const ZtElementType kType;
 };
 
 /// The element "temp-gruu".
-class ZT_API zt_temp_gruu : public ZtTyped<zt_temp_gruu, ZtTemporaryGruu> {
+class zt_temp_gruu : public ZtTyped<zt_temp_gruu, ZtTemporaryGruu> {
  public:
-  static const ZtElementType kType;
+  ZT_API static const ZtElementType kType;
 };
 
 /// "pub-gruu" where it is not a root. The library reads GRUUs as zt_pub_gruu.
-class ZT_API zt_ns_gruuinfo_pubGruu : public ZtTyped<zt_ns_gruuinfo_pubGruu, ZtGruu> {
+class zt_ns_gruuinfo_pubGruu : public ZtTyped<zt_ns_gruuinfo_pubGruu, ZtGruu> {
  public:
-  static const ZtElementType kType;
+  ZT_API static const ZtElementType kType;
 };
 
 /// "temp-gruu" where it is not a root. The library reads GRUUs as zt_temp_gruu.
-class ZT_API zt_ns_gruuinfo_tempGruu : public ZtTyped<zt_ns_gruuinfo_tempGruu, ZtTemporaryGruu> {
+class zt_ns_gruuinfo_tempGruu : public ZtTyped<zt_ns_gruuinfo_tempGruu, ZtTemporaryGruu> {
  public:
-  static const ZtElementType kType;
+  ZT_API static const ZtElementType kType;
 };
 
 class GruuContext;
@@ -77,14 +77,14 @@ class ZT_API GruuDataBinder : public ZtDescribedBy<GruuContext, ZtFactory> {
 
 /// Writes one GRUU without any prefix. Besides Marshall, the steps that write one element each (1
 /// written, 0 failed), which only a running Marshall can use.
-class ZT_API GruuMarshaller : public ZtDescribedBy<GruuContext, ZtMarshaller> {
+class GruuMarshaller : public ZtDescribedBy<GruuContext, ZtMarshaller> {
  public:
   int AddPubGruuElementToXml(zt_pub_gruu* gruu) { return Write(gruu); }
   int AddTempGruuElementToXml(zt_temp_gruu* gruu) { return Write(gruu); }
 };
 
 /// Reads one "pub-gruu" or "temp-gruu" element, with any prefix.
-class ZT_API XMLGruuDecoder : public ZtDecoderOf<GruuContext> {};
+class XMLGruuDecoder : public ZtDecoderOf<GruuContext> {};
 
 /// Reads one GRUU: a zt_pub_gruu or a zt_temp_gruu.
 class ZT_API GruuUnMarshaller : public ZtDescribedBy<GruuContext, ZtUnMarshaller> {};
@@ -92,7 +92,7 @@ class ZT_API GruuUnMarshaller : public ZtDescribedBy<GruuContext, ZtUnMarshaller
 /// The context of GRUU information, XML_SCHEMA_GRUU.
 class ZT_API GruuContext : public ZtDescribedBy<GruuContext, ZtContext> {
  public:
-  static const ZtDocument kDocument;
+  ZT_API static const ZtDocument kDocument;
 };
 
 #endif  // ZTXML_INCLUDE_XMLGRUU_H

@@ -8,45 +8,45 @@
 #include "ZtSchemaDecoder.h"
 
 /// The value "delivered" of a status: like the others an empty element whose presence is the value.
-class ZT_API zt_delivered : public ZtTyped<zt_delivered> {
+class zt_delivered : public ZtTyped<zt_delivered> {
  public:
-  static const ZtElementType kType;
+  ZT_API static const ZtElementType kType;
 };
 /// The value "failed".
-class ZT_API zt_failed : public ZtTyped<zt_failed> {
+class zt_failed : public ZtTyped<zt_failed> {
  public:
-  static const ZtElementType kType;
+  ZT_API static const ZtElementType kType;
 };
 /// The value "displayed".
-class ZT_API zt_displayed : public ZtTyped<zt_displayed> {
+class zt_displayed : public ZtTyped<zt_displayed> {
  public:
-  static const ZtElementType kType;
+  ZT_API static const ZtElementType kType;
 };
 /// The value "processed".
-class ZT_API zt_processed : public ZtTyped<zt_processed> {
+class zt_processed : public ZtTyped<zt_processed> {
  public:
-  static const ZtElementType kType;
+  ZT_API static const ZtElementType kType;
 };
 /// The value "stored".
-class ZT_API zt_stored : public ZtTyped<zt_stored> {
+class zt_stored : public ZtTyped<zt_stored> {
  public:
-  static const ZtElementType kType;
+  ZT_API static const ZtElementType kType;
 };
 /// The value "forbidden".
-class ZT_API zt_forbidden : public ZtTyped<zt_forbidden> {
+class zt_forbidden : public ZtTyped<zt_forbidden> {
  public:
-  static const ZtElementType kType;
+  ZT_API static const ZtElementType kType;
 };
 /// The value "error".
-class ZT_API zt_error : public ZtTyped<zt_error> {
+class zt_error : public ZtTyped<zt_error> {
  public:
-  static const ZtElementType kType;
+  ZT_API static const ZtElementType kType;
 };
 
 /// The element "status": one value, of which each notification knows its own.
-class ZT_API zt_status : public ZtTyped<zt_status, ZtExtensible<>> {
+class zt_status : public ZtTyped<zt_status, ZtExtensible<>> {
  public:
-  static const ZtElementType kType;
+  ZT_API static const ZtElementType kType;
 
   /// Each takes a value and answers 1; null means absent.
   int setDeliveredValue(zt_delivered* value) { return m_Delivered.Set(value); }
@@ -75,7 +75,7 @@ class ZT_API zt_status : public ZtTyped<zt_status, ZtExtensible<>> {
 };
 
 /// What the three notifications have in common.
-class ZT_API ZtImdnNotification : public ZtElement {
+class ZtImdnNotification : public ZtElement {
  public:
   /// Takes the status; required on output, with a value that the notification knows.
   int setStatusValue(zt_status* status) { return m_Status.Set(status); }
@@ -88,31 +88,29 @@ class ZT_API ZtImdnNotification : public ZtElement {
 };
 
 /// The element "delivery-notification": delivered, failed, forbidden or error.
-class ZT_API zt_delivery_notification
-    : public ZtTyped<zt_delivery_notification, ZtImdnNotification> {
+class zt_delivery_notification : public ZtTyped<zt_delivery_notification, ZtImdnNotification> {
  public:
-  static const ZtElementType kType;
+  ZT_API static const ZtElementType kType;
 };
 
 /// The element "display-notification": displayed, forbidden or error.
-class ZT_API zt_display_notification : public ZtTyped<zt_display_notification, ZtImdnNotification> {
+class zt_display_notification : public ZtTyped<zt_display_notification, ZtImdnNotification> {
  public:
-  static const ZtElementType kType;
+  ZT_API static const ZtElementType kType;
 };
 
 /// The element "processing-notification": processed, stored, forbidden or error. It is written as
 /// "proessing-notification", which is not read as one.
-class ZT_API zt_processing_notification
-    : public ZtTyped<zt_processing_notification, ZtImdnNotification> {
+class zt_processing_notification : public ZtTyped<zt_processing_notification, ZtImdnNotification> {
  public:
-  static const ZtElementType kType;
+  ZT_API static const ZtElementType kType;
 };
 
 /// The root element "imdn". Texts are copied and raw: what they hold of markup must be escaped
 /// already; null means absent. An attribute list that is set but empty makes the output ill-formed.
-class ZT_API zt_imdn : public ZtTyped<zt_imdn, ZtExtensible<ZtObject>> {
+class zt_imdn : public ZtTyped<zt_imdn, ZtExtensible<ZtObject>> {
  public:
-  static const ZtElementType kType;
+  ZT_API static const ZtElementType kType;
 
   /// The Message-ID of the message that the notification is about.
   int setMessageIdValue(const char* id) { return m_MessageId.Assign(id); }
@@ -156,7 +154,7 @@ class ZT_API zt_imdn : public ZtTyped<zt_imdn, ZtExtensible<ZtObject>> {
 class IMDNContext;
 
 /// Makes empty objects; each is the caller's until a parent takes it. Null without memory.
-class ZT_API IMDNDataBinder : public ZtDescribedBy<IMDNContext, ZtFactory> {
+class IMDNDataBinder : public ZtDescribedBy<IMDNContext, ZtFactory> {
  public:
   /// A notification, empty. Intended: CreateDeliverNotification lacks a "y" and
   /// CreateProcesssingNotification has an "s" too many; callers use both names.
@@ -196,7 +194,7 @@ class ZT_API IMDNMarshaller : public ZtDescribedBy<IMDNContext, ZtMarshaller> {
 };
 
 /// Reads an "imdn" document, with any prefixes.
-class ZT_API XMLImdnDecoder : public ZtDecoderOf<IMDNContext> {};
+class XMLImdnDecoder : public ZtDecoderOf<IMDNContext> {};
 
 /// Reads a zt_imdn.
 class ZT_API IMDNUnMarshaller : public ZtDescribedBy<IMDNContext, ZtUnMarshaller> {};
@@ -204,7 +202,7 @@ class ZT_API IMDNUnMarshaller : public ZtDescribedBy<IMDNContext, ZtUnMarshaller
 /// The context of message disposition notifications, XML_SCHEMA_IMDN.
 class ZT_API IMDNContext : public ZtDescribedBy<IMDNContext, ZtContext> {
  public:
-  static const ZtDocument kDocument;
+  ZT_API static const ZtDocument kDocument;
 };
 
 #endif  // ZTXML_INCLUDE_XMLIMDN_H

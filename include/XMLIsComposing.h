@@ -8,9 +8,9 @@
 
 /// The root element "isComposing". Texts are copied and raw: what they hold of markup must be
 /// escaped already; null means absent.
-class ZT_API zt_isComposing : public ZtTyped<zt_isComposing, ZtKeepsElements<ZtObject>> {
+class zt_isComposing : public ZtTyped<zt_isComposing, ZtKeepsElements<ZtObject>> {
  public:
-  static const ZtElementType kType;
+  ZT_API static const ZtElementType kType;
 
   /// "active" or "idle"; any text is taken. Required on output.
   int setStateValue(const char* state) { return m_State.Assign(state); }
@@ -35,7 +35,7 @@ class ZT_API zt_isComposing : public ZtTyped<zt_isComposing, ZtKeepsElements<ZtO
 class IsComposingContext;
 
 /// Makes empty objects; each is the caller's. Null without memory.
-class ZT_API IsComposingDataBinder : public ZtDescribedBy<IsComposingContext, ZtFactory> {
+class IsComposingDataBinder : public ZtDescribedBy<IsComposingContext, ZtFactory> {
  public:
 };
 
@@ -57,7 +57,7 @@ class ZT_API IsComposingMarshaller : public ZtDescribedBy<IsComposingContext, Zt
 
 /// Reads an "isComposing" document. Names are taken as they stand in it: with a prefix they are
 /// unknown.
-class ZT_API XMLIsComposingDecoder : public ZtDecoderOf<IsComposingContext> {};
+class XMLIsComposingDecoder : public ZtDecoderOf<IsComposingContext> {};
 
 /// Reads a zt_isComposing.
 class ZT_API IsComposingUnMarshaller : public ZtDescribedBy<IsComposingContext, ZtUnMarshaller> {};
@@ -65,7 +65,7 @@ class ZT_API IsComposingUnMarshaller : public ZtDescribedBy<IsComposingContext, 
 /// The context of is-composing indications, XML_SCHEMA_IS_COMPOSING.
 class ZT_API IsComposingContext : public ZtDescribedBy<IsComposingContext, ZtContext> {
  public:
-  static const ZtDocument kDocument;
+  ZT_API static const ZtDocument kDocument;
 };
 
 /// A self-check for developers: writes a sample indication, which the log shows, and frees it.

@@ -10,9 +10,9 @@
 #include "ZtSchemaDecoder.h"
 
 /// The element "to_encoder".
-class ZT_API zt_to_encoder : public ZtTyped<zt_to_encoder> {
+class zt_to_encoder : public ZtTyped<zt_to_encoder> {
  public:
-  static const ZtElementType kType;
+  ZT_API static const ZtElementType kType;
 
   /// The command "picture_fast_update": a full picture is to be sent. Null, or not present: none.
   int setPictureFastUpdateValue(zt_empty_element_type* element) {
@@ -25,9 +25,9 @@ class ZT_API zt_to_encoder : public ZtTyped<zt_to_encoder> {
 };
 
 /// The element "vc_primitive".
-class ZT_API zt_vc_primitive : public ZtTyped<zt_vc_primitive> {
+class zt_vc_primitive : public ZtTyped<zt_vc_primitive> {
  public:
-  static const ZtElementType kType;
+  ZT_API static const ZtElementType kType;
 
   /// A command to the encoder.
   int setToEncoderValue(zt_to_encoder* element) { return m_ToEncoder.Set(element); }
@@ -38,9 +38,9 @@ class ZT_API zt_vc_primitive : public ZtTyped<zt_vc_primitive> {
 };
 
 /// The root element "media_control".
-class ZT_API zt_media_control : public ZtTyped<zt_media_control, ZtObject> {
+class zt_media_control : public ZtTyped<zt_media_control, ZtObject> {
  public:
-  static const ZtElementType kType;
+  ZT_API static const ZtElementType kType;
 
   /// A command.
   int setVcPrimitiveValue(zt_vc_primitive* element) { return m_VcPrimitive.Set(element); }
@@ -71,16 +71,16 @@ class ZT_API MediaControlMarshaller : public ZtDescribedBy<MediaControlContext, 
 };
 
 /// Reads a "media_control" document, with any prefixes.
-class ZT_API XMLMediaControlDecoder : public ZtDecoderOf<MediaControlContext> {};
+class XMLMediaControlDecoder : public ZtDecoderOf<MediaControlContext> {};
 
 /// Reads a zt_media_control.
 class ZT_API MediaControlUnMarshaller : public ZtDescribedBy<MediaControlContext, ZtUnMarshaller> {
 };
 
 /// The context of this document, XML_SCHEMA_MEDIA_CONTROL.
-class ZT_API MediaControlContext : public ZtDescribedBy<MediaControlContext, ZtContext> {
+class MediaControlContext : public ZtDescribedBy<MediaControlContext, ZtContext> {
  public:
-  static const ZtDocument kDocument;
+  ZT_API static const ZtDocument kDocument;
 };
 
 #endif  // ZTXML_INCLUDE_XMLMEDIACONTROL_H

@@ -7,16 +7,16 @@
 #include "ZtNamespaceDocument.h"
 
 /// The element "originating-identity-presentation".
-class ZT_API zt_originating_identity_presentation
+class zt_originating_identity_presentation
     : public ZtTyped<zt_originating_identity_presentation, zt_ns_xcap_simservType> {
  public:
-  static const ZtElementType kType;
+  ZT_API static const ZtElementType kType;
 };
 
 class OIPContext;
 
 /// Makes an empty zt_originating_identity_presentation.
-class ZT_API OIPDataBinder : public ZtDescribedBy<OIPContext, ZtFactory> {
+class OIPDataBinder : public ZtDescribedBy<OIPContext, ZtFactory> {
  public:
 };
 
@@ -29,7 +29,7 @@ class ZT_API OIPMarshaller : public ZtDescribedBy<OIPContext, ZtNamespaceMarshal
 };
 
 /// Reads an originating-identity-presentation service, with the prefixes of its document.
-class ZT_API XMLOIPDecoder : public ZtDecoderOf<OIPContext, ZtNamespaceDecoder> {};
+class XMLOIPDecoder : public ZtDecoderOf<OIPContext, ZtNamespaceDecoder> {};
 
 /// Reads the service from an XCAP fragment.
 class ZT_API OIPUnMarshaller : public ZtDescribedBy<OIPContext, ZtUnMarshaller> {};
@@ -37,7 +37,7 @@ class ZT_API OIPUnMarshaller : public ZtDescribedBy<OIPContext, ZtUnMarshaller> 
 /// The context of originating identity presentation, XML_SCHEMA_OIP.
 class ZT_API OIPContext : public ZtDescribedBy<OIPContext, ZtNamespaceContext> {
  public:
-  static const ZtDocument kDocument;
+  ZT_API static const ZtDocument kDocument;
 };
 
 #endif  // ZTXML_INCLUDE_XMLOIP_H

@@ -6,10 +6,10 @@
 
 /// The element "service-description": which service a tuple is about. Texts are copied; null means
 /// absent.
-class ZT_API zt_ns_oma_pres_service_description
+class zt_ns_oma_pres_service_description
     : public ZtTyped<zt_ns_oma_pres_service_description, ZtKeepsElements<>> {
  public:
-  static const ZtElementType kType;
+  ZT_API static const ZtElementType kType;
 
   /// The identifier of the service, e.g. "org.3gpp.urn:urn-7:3gpp-service.ims.icsi.mmtel".
   int setServiceIdValue(const char* id) { return m_ServiceId.Assign(id); }
@@ -29,7 +29,7 @@ class ZT_API zt_ns_oma_pres_service_description
 
 /// An element that is a text. Documents are read without elements of these types, and none is
 /// written: they are for code that offers them their content.
-class ZT_API ZtOmaPresText : public ZtElement {
+class ZtOmaPresText : public ZtElement {
  public:
   /// The element's text (copied); null means absent.
   int setValueValue(const char* value) { return m_Value.Assign(value); }
@@ -42,38 +42,36 @@ class ZT_API ZtOmaPresText : public ZtElement {
 };
 
 /// The element "willingness".
-class ZT_API zt_ns_oma_pres_willingness
-    : public ZtTyped<zt_ns_oma_pres_willingness, ZtOmaPresText> {
+class zt_ns_oma_pres_willingness : public ZtTyped<zt_ns_oma_pres_willingness, ZtOmaPresText> {
  public:
-  static const ZtElementType kType;
+  ZT_API static const ZtElementType kType;
 };
 
 /// The element "session-participation".
-class ZT_API zt_ns_oma_pres_session_participation
+class zt_ns_oma_pres_session_participation
     : public ZtTyped<zt_ns_oma_pres_session_participation, ZtOmaPresText> {
  public:
-  static const ZtElementType kType;
+  ZT_API static const ZtElementType kType;
 };
 
 /// The element "registration-state".
-class ZT_API zt_ns_oma_pres_registration_state
+class zt_ns_oma_pres_registration_state
     : public ZtTyped<zt_ns_oma_pres_registration_state, ZtOmaPresText> {
  public:
-  static const ZtElementType kType;
+  ZT_API static const ZtElementType kType;
 };
 
 /// The element "barring-state".
-class ZT_API zt_ns_oma_pres_barring_state
-    : public ZtTyped<zt_ns_oma_pres_barring_state, ZtOmaPresText> {
+class zt_ns_oma_pres_barring_state : public ZtTyped<zt_ns_oma_pres_barring_state, ZtOmaPresText> {
  public:
-  static const ZtElementType kType;
+  ZT_API static const ZtElementType kType;
 };
 
 /// The element "overriding-willingness".
-class ZT_API zt_ns_oma_pres_overriding_willingness
+class zt_ns_oma_pres_overriding_willingness
     : public ZtTyped<zt_ns_oma_pres_overriding_willingness, ZtOmaPresText> {
  public:
-  static const ZtElementType kType;
+  ZT_API static const ZtElementType kType;
 };
 
 #endif  // ZTXML_INCLUDE_XMLOMAPRES_H

@@ -20,9 +20,9 @@ enum zt_presence_basic_enum : unsigned {
 };
 
 /// The element "note": a comment for people.
-class ZT_API zt_note : public ZtTyped<zt_note, ZtKeepsElements<>> {
+class zt_note : public ZtTyped<zt_note, ZtKeepsElements<>> {
  public:
-  static const ZtElementType kType;
+  ZT_API static const ZtElementType kType;
 
   /// The element's text (copied). Raw text, to be escaped by the caller.
   int setValueValue(const char* value) { return m_Value.Assign(value); }
@@ -33,9 +33,9 @@ class ZT_API zt_note : public ZtTyped<zt_note, ZtKeepsElements<>> {
 };
 
 /// The element "contact".
-class ZT_API zt_contact : public ZtTyped<zt_contact, ZtKeepsElements<>> {
+class zt_contact : public ZtTyped<zt_contact, ZtKeepsElements<>> {
  public:
-  static const ZtElementType kType;
+  ZT_API static const ZtElementType kType;
 
   /// The preference of the contact, "0" to "1" (copied); null means absent.
   int setPriorityValue(const char* priority) { return m_Priority.Assign(priority); }
@@ -53,9 +53,9 @@ class ZT_API zt_contact : public ZtTyped<zt_contact, ZtKeepsElements<>> {
 namespace PresenceNameSpace {
 
 /// The element "status".
-class ZT_API zt_status : public ZtTyped<zt_status, ZtKeepsElements<>> {
+class zt_status : public ZtTyped<zt_status, ZtKeepsElements<>> {
  public:
-  static const ZtElementType kType;
+  ZT_API static const ZtElementType kType;
 
   /// The text of "basic".
   int setBasicValue(zt_presence_basic_enum basic) { return m_Basic.Set(basic); }
@@ -71,9 +71,9 @@ class ZT_API zt_status : public ZtTyped<zt_status, ZtKeepsElements<>> {
 
 /// The element "tuple": one way to reach the presentity. Of the elements that it keeps (see
 /// ZtKeepsElements), zt_ns_oma_pres_service_description and zt_ns_caps_servcaps are written.
-class ZT_API zt_tuple : public ZtTyped<zt_tuple, ZtKeepsElements<>> {
+class zt_tuple : public ZtTyped<zt_tuple, ZtKeepsElements<>> {
  public:
-  static const ZtElementType kType;
+  ZT_API static const ZtElementType kType;
 
   /// Required on output. Texts are copied; null means absent, here and below.
   int setIdValue(const char* id) { return m_Id.Assign(id); }
@@ -103,9 +103,9 @@ class ZT_API zt_tuple : public ZtTyped<zt_tuple, ZtKeepsElements<>> {
 };
 
 /// The root element "presence".
-class ZT_API zt_presence : public ZtTyped<zt_presence, ZtKeepsElements<ZtObject>> {
+class zt_presence : public ZtTyped<zt_presence, ZtKeepsElements<ZtObject>> {
  public:
-  static const ZtElementType kType;
+  ZT_API static const ZtElementType kType;
 
   /// The URI of the presentity (copied); required on output.
   int setEntityValue(const char* entity) { return m_Entity.Assign(entity); }
@@ -132,7 +132,7 @@ class ZT_API zt_presence : public ZtTyped<zt_presence, ZtKeepsElements<ZtObject>
 class PresenceContext;
 
 /// Makes empty objects; each is the caller's until a parent takes it. Null without memory.
-class ZT_API PresenceDataBinder : public ZtDescribedBy<PresenceContext, ZtFactory> {
+class PresenceDataBinder : public ZtDescribedBy<PresenceContext, ZtFactory> {
  public:
   zt_tuple* CreateTupleElement() { return Make(); }
   PresenceNameSpace::zt_status* CreateStatusElement() { return Make(); }
@@ -146,7 +146,7 @@ class ZT_API PresenceDataBinder : public ZtDescribedBy<PresenceContext, ZtFactor
 
 /// Writes a zt_presence. Besides Marshall, the steps that write one element each (1 written, 0
 /// failed), which only a running Marshall can use.
-class ZT_API PresenceMarshaller : public ZtDescribedBy<PresenceContext, ZtMarshaller> {
+class PresenceMarshaller : public ZtDescribedBy<PresenceContext, ZtMarshaller> {
  public:
   int AddPresenceElementToXml(zt_presence* presence) { return Write(presence); }
   int AddTupleElementToXml(zt_tuple* tuple) { return Write(tuple); }
@@ -163,7 +163,7 @@ class ZT_API PresenceMarshaller : public ZtDescribedBy<PresenceContext, ZtMarsha
 };
 
 /// Reads a "presence" document, with any prefixes.
-class ZT_API XMLPresenceDecoder : public ZtDecoderOf<PresenceContext> {};
+class XMLPresenceDecoder : public ZtDecoderOf<PresenceContext> {};
 
 /// Reads a zt_presence. Elements are known by their local names, whatever their prefixes.
 class ZT_API PresenceUnMarshaller : public ZtDescribedBy<PresenceContext, ZtUnMarshaller> {};
@@ -171,7 +171,7 @@ class ZT_API PresenceUnMarshaller : public ZtDescribedBy<PresenceContext, ZtUnMa
 /// The context of presence documents, XML_SCHEMA_PRESENCE.
 class ZT_API PresenceContext : public ZtDescribedBy<PresenceContext, ZtContext> {
  public:
-  static const ZtDocument kDocument;
+  ZT_API static const ZtDocument kDocument;
 };
 
 #endif  // ZTXML_INCLUDE_XMLPRESENCE_H

@@ -12,9 +12,9 @@
 #include "ZtSchemaDecoder.h"
 
 /// A "term": a document to be accepted.
-class ZT_API zt_ns_rcs_terms_info_term : public ZtTyped<zt_ns_rcs_terms_info_term> {
+class zt_ns_rcs_terms_info_term : public ZtTyped<zt_ns_rcs_terms_info_term> {
  public:
-  static const ZtElementType kType;
+  ZT_API static const ZtElementType kType;
 
   /// Its title.
   int setTitleValue(const char* text) { return m_Title.Assign(text); }
@@ -30,9 +30,9 @@ class ZT_API zt_ns_rcs_terms_info_term : public ZtTyped<zt_ns_rcs_terms_info_ter
 };
 
 /// The root element "rcs-terms-info".
-class ZT_API zt_rcs_terms_info : public ZtTyped<zt_rcs_terms_info, ZtObject> {
+class zt_rcs_terms_info : public ZtTyped<zt_rcs_terms_info, ZtObject> {
  public:
-  static const ZtElementType kType;
+  ZT_API static const ZtElementType kType;
 
   /// The attribute "version"; 0 when absent.
   int setVersionValue(unsigned int value) { return m_Version.Set(value); }
@@ -56,30 +56,30 @@ class ZT_API zt_rcs_terms_info : public ZtTyped<zt_rcs_terms_info, ZtObject> {
 class RcsTermsInfoContext;
 
 /// Makes empty elements; each is the caller's until a parent takes it. Null without memory.
-class ZT_API RcsTermsInfoDataBinder : public ZtDescribedBy<RcsTermsInfoContext, ZtFactory> {
+class RcsTermsInfoDataBinder : public ZtDescribedBy<RcsTermsInfoContext, ZtFactory> {
  public:
   zt_ns_rcs_terms_info_term* CreateTermElement() { return Make(); }
 };
 
 /// Writes a zt_rcs_terms_info. Besides Marshall, the steps that write one element each (1 written,
 /// 0 failed), which only a running Marshall can use.
-class ZT_API RcsTermsInfoMarshaller : public ZtDescribedBy<RcsTermsInfoContext, ZtMarshaller> {
+class RcsTermsInfoMarshaller : public ZtDescribedBy<RcsTermsInfoContext, ZtMarshaller> {
  public:
   int AddRcsTermsInfoElementToXml(zt_rcs_terms_info* terms) { return Write(terms); }
   int AddTermElementToXml(zt_ns_rcs_terms_info_term* term) { return Write(term); }
 };
 
 /// Reads a "rcs-terms-info" document, with any prefixes.
-class ZT_API XMLRcsTermsInfoDecoder : public ZtDecoderOf<RcsTermsInfoContext> {};
+class XMLRcsTermsInfoDecoder : public ZtDecoderOf<RcsTermsInfoContext> {};
 
 /// Reads a zt_rcs_terms_info.
 class ZT_API RcsTermsInfoUnMarshaller : public ZtDescribedBy<RcsTermsInfoContext, ZtUnMarshaller> {
 };
 
 /// The context of this document, XML_SCHEMA_RCS_TERMS_INFO.
-class ZT_API RcsTermsInfoContext : public ZtDescribedBy<RcsTermsInfoContext, ZtContext> {
+class RcsTermsInfoContext : public ZtDescribedBy<RcsTermsInfoContext, ZtContext> {
  public:
-  static const ZtDocument kDocument;
+  ZT_API static const ZtDocument kDocument;
 };
 
 #endif  // ZTXML_INCLUDE_XMLRCSTERMSINFO_H

@@ -45,9 +45,9 @@ enum zt_contact_event_type_enum : unsigned {
 };
 
 /// The element "unknown-param": a contact header parameter.
-class ZT_API zt_unknown_param : public ZtTyped<zt_unknown_param> {
+class zt_unknown_param : public ZtTyped<zt_unknown_param> {
  public:
-  static const ZtElementType kType;
+  ZT_API static const ZtElementType kType;
 
   /// The element's text.
   int setValueValue(const char* value) { return m_Value.Assign(value); }
@@ -62,9 +62,9 @@ class ZT_API zt_unknown_param : public ZtTyped<zt_unknown_param> {
 };
 
 /// The element "contact".
-class ZT_API zt_ns_reginfo_contact : public ZtTyped<zt_ns_reginfo_contact> {
+class zt_ns_reginfo_contact : public ZtTyped<zt_ns_reginfo_contact> {
  public:
-  static const ZtElementType kType;
+  ZT_API static const ZtElementType kType;
 
   /// The contact's URI. Texts are copied; null means absent, here and below.
   int setUriValue(const char* uri) { return m_Uri.Assign(uri); }
@@ -133,9 +133,9 @@ class ZT_API zt_ns_reginfo_contact : public ZtTyped<zt_ns_reginfo_contact> {
 };
 
 /// The element "registration".
-class ZT_API zt_registration : public ZtTyped<zt_registration> {
+class zt_registration : public ZtTyped<zt_registration> {
  public:
-  static const ZtElementType kType;
+  ZT_API static const ZtElementType kType;
 
   /// A list of zt_ns_reginfo_contact (taken).
   int setContactListValue(ZtSingleElementList* list) { return m_Contacts.Set(list); }
@@ -167,9 +167,9 @@ class ZT_API zt_registration : public ZtTyped<zt_registration> {
 };
 
 /// The root element "reginfo".
-class ZT_API zt_reginfo : public ZtTyped<zt_reginfo, ZtObject> {
+class zt_reginfo : public ZtTyped<zt_reginfo, ZtObject> {
  public:
-  static const ZtElementType kType;
+  ZT_API static const ZtElementType kType;
 
   /// A list of zt_registration (taken).
   int setRegistrationListValue(ZtSingleElementList* list) { return m_Registrations.Set(list); }
@@ -199,7 +199,7 @@ class ZT_API zt_reginfo : public ZtTyped<zt_reginfo, ZtObject> {
 class ReginfoContext;
 
 /// Makes empty objects; each is the caller's until a parent takes it. Null without memory.
-class ZT_API ReginfoDataBinder : public ZtDescribedBy<ReginfoContext, ZtFactory> {
+class ReginfoDataBinder : public ZtDescribedBy<ReginfoContext, ZtFactory> {
  public:
   zt_registration* CreateRegistrationElement() { return Make(); }
   zt_ns_reginfo_contact* CreateContactElement() { return Make(); }
@@ -210,7 +210,7 @@ class ZT_API ReginfoDataBinder : public ZtDescribedBy<ReginfoContext, ZtFactory>
 
 /// Writes a zt_reginfo. Besides Marshall, the steps that write one element each (1 written, 0
 /// failed), which only a running Marshall can use.
-class ZT_API ReginfoMarshaller : public ZtDescribedBy<ReginfoContext, ZtMarshaller> {
+class ReginfoMarshaller : public ZtDescribedBy<ReginfoContext, ZtMarshaller> {
  public:
   int AddReginfoElementToXml(zt_reginfo* reginfo) { return Write(reginfo); }
   int AddRegistrationElementToXml(zt_registration* registration) { return Write(registration); }
@@ -221,7 +221,7 @@ class ZT_API ReginfoMarshaller : public ZtDescribedBy<ReginfoContext, ZtMarshall
 };
 
 /// Reads a "reginfo" document, with any prefixes, and the GRUU elements inside it.
-class ZT_API XMLReginfoDecoder : public ZtDecoderOf<ReginfoContext> {};
+class XMLReginfoDecoder : public ZtDecoderOf<ReginfoContext> {};
 
 /// Reads a zt_reginfo.
 class ZT_API ReginfoUnMarshaller : public ZtDescribedBy<ReginfoContext, ZtUnMarshaller> {};
@@ -229,7 +229,7 @@ class ZT_API ReginfoUnMarshaller : public ZtDescribedBy<ReginfoContext, ZtUnMars
 /// The context of registration information, XML_SCHEMA_REGINFO.
 class ZT_API ReginfoContext : public ZtDescribedBy<ReginfoContext, ZtContext> {
  public:
-  static const ZtDocument kDocument;
+  ZT_API static const ZtDocument kDocument;
 };
 
 #endif  // ZTXML_INCLUDE_XMLREGINFO_H

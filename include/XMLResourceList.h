@@ -9,9 +9,9 @@
 struct ResourceListsBinding;
 
 /// The element "display-name": what to show for the element that it stands in.
-class ZT_API zt_display_nameType : public ZtTyped<zt_display_nameType, ZtExtensible<>> {
+class zt_display_nameType : public ZtTyped<zt_display_nameType, ZtExtensible<>> {
  public:
-  static const ZtElementType kType;
+  ZT_API static const ZtElementType kType;
 
   /// The element's text (copied). Raw text, to be escaped by the caller.
   int setValueValue(const char* value) { return m_Value.Assign(value); }
@@ -22,7 +22,7 @@ class ZT_API zt_display_nameType : public ZtTyped<zt_display_nameType, ZtExtensi
 };
 
 /// What has a "display-name". Here and below texts are copied, and null means absent.
-class ZT_API ZtDisplayNamed : public ZtExtensible<> {
+class ZtDisplayNamed : public ZtExtensible<> {
  public:
   /// Takes the name; null for none.
   int setDisplayNameValue(zt_display_nameType* name) { return m_DisplayName.Set(name); }
@@ -35,9 +35,9 @@ class ZT_API ZtDisplayNamed : public ZtExtensible<> {
 };
 
 /// The element "entry": one resource.
-class ZT_API zt_entryType : public ZtTyped<zt_entryType, ZtDisplayNamed> {
+class zt_entryType : public ZtTyped<zt_entryType, ZtDisplayNamed> {
  public:
-  static const ZtElementType kType;
+  ZT_API static const ZtElementType kType;
 
   /// The resource's URI; required on output.
   int setUriValue(const char* uri) { return m_Uri.Assign(uri); }
@@ -48,9 +48,9 @@ class ZT_API zt_entryType : public ZtTyped<zt_entryType, ZtDisplayNamed> {
 };
 
 /// The element "entry-ref": an entry of a document on the same server.
-class ZT_API zt_entry_refType : public ZtTyped<zt_entry_refType, ZtDisplayNamed> {
+class zt_entry_refType : public ZtTyped<zt_entry_refType, ZtDisplayNamed> {
  public:
-  static const ZtElementType kType;
+  ZT_API static const ZtElementType kType;
 
   /// The entry's relative URI; required on output.
   int setRefValue(const char* ref) { return m_Ref.Assign(ref); }
@@ -61,9 +61,9 @@ class ZT_API zt_entry_refType : public ZtTyped<zt_entry_refType, ZtDisplayNamed>
 };
 
 /// The element "external": a list of another document.
-class ZT_API zt_externalType : public ZtTyped<zt_externalType, ZtDisplayNamed> {
+class zt_externalType : public ZtTyped<zt_externalType, ZtDisplayNamed> {
  public:
-  static const ZtElementType kType;
+  ZT_API static const ZtElementType kType;
 
   /// The list's absolute URI.
   int setAnchorValue(const char* anchor) { return m_Anchor.Assign(anchor); }
@@ -75,9 +75,9 @@ class ZT_API zt_externalType : public ZtTyped<zt_externalType, ZtDisplayNamed> {
 
 /// The element "list". Of the elements that it keeps (see ZtKeepsElements), in the order of the
 /// document, those of the classes below are its members and are written; ZtAs tells which is which.
-class ZT_API zt_listType : public ZtTyped<zt_listType, ZtDisplayNamed> {
+class zt_listType : public ZtTyped<zt_listType, ZtDisplayNamed> {
  public:
-  static const ZtElementType kType;
+  ZT_API static const ZtElementType kType;
 
   /// A name that no list beside it has.
   int setNameValue(const char* name) { return m_Name.Assign(name); }
@@ -95,9 +95,9 @@ class ZT_API zt_listType : public ZtTyped<zt_listType, ZtDisplayNamed> {
 };
 
 /// The root element "resource-lists".
-class ZT_API zt_resource_lists : public ZtTyped<zt_resource_lists, ZtExtensible<ZtObject>> {
+class zt_resource_lists : public ZtTyped<zt_resource_lists, ZtExtensible<ZtObject>> {
  public:
-  static const ZtElementType kType;
+  ZT_API static const ZtElementType kType;
 
   /// A list of zt_listType (taken).
   int setListListValue(ZtSingleElementList* list) { return m_Lists.Set(list); }
@@ -112,7 +112,7 @@ class ZT_API zt_resource_lists : public ZtTyped<zt_resource_lists, ZtExtensible<
 class ResourceListsContext;
 
 /// Makes empty objects; each is the caller's until a parent takes it. Null without memory.
-class ZT_API ResourceListsDataBinder : public ZtDescribedBy<ResourceListsContext, ZtFactory> {
+class ResourceListsDataBinder : public ZtDescribedBy<ResourceListsContext, ZtFactory> {
  public:
   zt_listType* CreateListType() { return Make(); }
   zt_entryType* CreateEntryType() { return Make(); }
@@ -123,7 +123,7 @@ class ZT_API ResourceListsDataBinder : public ZtDescribedBy<ResourceListsContext
 
 /// Writes a zt_resource_lists. Besides Marshall, the steps that write one element each (1 written,
 /// 0 failed), which only a running Marshall can use.
-class ZT_API Resource_listsMarshall : public ZtDescribedBy<ResourceListsContext, ZtMarshaller> {
+class Resource_listsMarshall : public ZtDescribedBy<ResourceListsContext, ZtMarshaller> {
  public:
   int AddResource_listsElementToXml(zt_resource_lists* lists) { return Write(lists); }
   int AddListElementToXml(zt_listType* list) { return Write(list); }
@@ -133,7 +133,7 @@ class ZT_API Resource_listsMarshall : public ZtDescribedBy<ResourceListsContext,
 };
 
 /// Reads a "resource-lists" document, with any prefixes.
-class ZT_API XMLResourceListsDecoder : public ZtDecoderOf<ResourceListsContext> {};
+class XMLResourceListsDecoder : public ZtDecoderOf<ResourceListsContext> {};
 
 /// Reads a zt_resource_lists.
 class ZT_API ResourceListsUnMarshaller
@@ -142,7 +142,7 @@ class ZT_API ResourceListsUnMarshaller
 /// The context of resource lists, XML_SCHEMA_RESOURCE_LISTS.
 class ZT_API ResourceListsContext : public ZtDescribedBy<ResourceListsContext, ZtContext> {
  public:
-  static const ZtDocument kDocument;
+  ZT_API static const ZtDocument kDocument;
 };
 
 /// A self-check for developers: writes a small document, which the log shows, and frees it.

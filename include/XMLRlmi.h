@@ -17,9 +17,9 @@ enum zt_instance_state_enum : unsigned {
 };
 
 /// The element "name": what to show for a list or a resource.
-class ZT_API zt_name : public ZtTyped<zt_name, ZtKeepsElements<>> {
+class zt_name : public ZtTyped<zt_name, ZtKeepsElements<>> {
  public:
-  static const ZtElementType kType;
+  ZT_API static const ZtElementType kType;
 
   /// The element's text (copied). Raw text, to be escaped by the caller.
   int setValueValue(const char* value) { return m_Value.Assign(value); }
@@ -31,9 +31,9 @@ class ZT_API zt_name : public ZtTyped<zt_name, ZtKeepsElements<>> {
 
 /// The element "instance": one subscription to a resource. Here and below texts are copied, and
 /// null means absent.
-class ZT_API zt_instance : public ZtTyped<zt_instance, ZtExtensible<>> {
+class zt_instance : public ZtTyped<zt_instance, ZtExtensible<>> {
  public:
-  static const ZtElementType kType;
+  ZT_API static const ZtElementType kType;
 
   /// Tells the instances of a resource apart; required on output.
   int setIdValue(const char* id) { return m_Id.Assign(id); }
@@ -56,9 +56,9 @@ class ZT_API zt_instance : public ZtTyped<zt_instance, ZtExtensible<>> {
 };
 
 /// The element "resource".
-class ZT_API zt_resource : public ZtTyped<zt_resource, ZtExtensible<>> {
+class zt_resource : public ZtTyped<zt_resource, ZtExtensible<>> {
  public:
-  static const ZtElementType kType;
+  ZT_API static const ZtElementType kType;
 
   /// The resource's URI; required on output.
   int setUriValue(const char* uri) { return m_Uri.Assign(uri); }
@@ -83,9 +83,9 @@ class ZT_API zt_resource : public ZtTyped<zt_resource, ZtExtensible<>> {
 };
 
 /// The root element "list".
-class ZT_API zt_list : public ZtTyped<zt_list, ZtExtensible<ZtObject>> {
+class zt_list : public ZtTyped<zt_list, ZtExtensible<ZtObject>> {
  public:
-  static const ZtElementType kType;
+  ZT_API static const ZtElementType kType;
 
   /// The list's URI; required on output.
   int setUriValue(const char* uri) { return m_Uri.Assign(uri); }
@@ -121,7 +121,7 @@ class ZT_API zt_list : public ZtTyped<zt_list, ZtExtensible<ZtObject>> {
 class ListContext;
 
 /// Makes empty objects; each is the caller's until a parent takes it. Null without memory.
-class ZT_API ListDataBinder : public ZtDescribedBy<ListContext, ZtFactory> {
+class ListDataBinder : public ZtDescribedBy<ListContext, ZtFactory> {
  public:
   zt_resource* CreateResourceElement() { return Make(); }
   zt_instance* CreateInstanceElement() { return Make(); }
@@ -130,7 +130,7 @@ class ZT_API ListDataBinder : public ZtDescribedBy<ListContext, ZtFactory> {
 
 /// Writes a zt_list. Besides Marshall, the steps that write one element each (1 written, 0 failed),
 /// which only a running Marshall can use.
-class ZT_API ListMarshaller : public ZtDescribedBy<ListContext, ZtMarshaller> {
+class ListMarshaller : public ZtDescribedBy<ListContext, ZtMarshaller> {
  public:
   int AddListElementToXml(zt_list* list) { return Write(list); }
   int AddResourceElementToXml(zt_resource* resource) { return Write(resource); }
@@ -139,7 +139,7 @@ class ZT_API ListMarshaller : public ZtDescribedBy<ListContext, ZtMarshaller> {
 };
 
 /// Reads a "list" document, with any prefixes.
-class ZT_API XMLListDecoder : public ZtDecoderOf<ListContext> {};
+class XMLListDecoder : public ZtDecoderOf<ListContext> {};
 
 /// Reads a zt_list.
 class ZT_API ListUnMarshaller : public ZtDescribedBy<ListContext, ZtUnMarshaller> {};
@@ -147,7 +147,7 @@ class ZT_API ListUnMarshaller : public ZtDescribedBy<ListContext, ZtUnMarshaller
 /// The context of resource list meta-information, XML_SCHEMA_LIST.
 class ZT_API ListContext : public ZtDescribedBy<ListContext, ZtContext> {
  public:
-  static const ZtDocument kDocument;
+  ZT_API static const ZtDocument kDocument;
 };
 
 #endif  // ZTXML_INCLUDE_XMLRLMI_H

@@ -10,10 +10,10 @@
 struct RlsServicesBinding;
 
 /// The element "package".
-class ZT_API zt_ns_rls_services_packageType
+class zt_ns_rls_services_packageType
     : public ZtTyped<zt_ns_rls_services_packageType, ZtKeepsElements<>> {
  public:
-  static const ZtElementType kType;
+  ZT_API static const ZtElementType kType;
 
   /// The name of an event package, the element's text (copied).
   int setValueValue(const char* value) { return m_Value.Assign(value); }
@@ -24,10 +24,10 @@ class ZT_API zt_ns_rls_services_packageType
 };
 
 /// The element "packages": what can be subscribed to.
-class ZT_API zt_ns_rls_services_packagesType
+class zt_ns_rls_services_packagesType
     : public ZtTyped<zt_ns_rls_services_packagesType, ZtKeepsElements<>> {
  public:
-  static const ZtElementType kType;
+  ZT_API static const ZtElementType kType;
 
   /// A list of zt_ns_rls_services_packageType (taken).
   int setPackageListValue(ZtSingleElementList* list) { return m_Packages.Set(list); }
@@ -40,10 +40,10 @@ class ZT_API zt_ns_rls_services_packagesType
 };
 
 /// The element "service". Texts are copied; null means absent.
-class ZT_API zt_ns_rls_services_serviceType
+class zt_ns_rls_services_serviceType
     : public ZtTyped<zt_ns_rls_services_serviceType, ZtExtensible<>> {
  public:
-  static const ZtElementType kType;
+  ZT_API static const ZtElementType kType;
 
   /// The URI to subscribe to; required on output.
   int setUriValue(const char* uri) { return m_Uri.Assign(uri); }
@@ -69,9 +69,9 @@ class ZT_API zt_ns_rls_services_serviceType
 };
 
 /// The root element "rls-services".
-class ZT_API zt_rls_services : public ZtTyped<zt_rls_services, ZtKeepsElements<ZtObject>> {
+class zt_rls_services : public ZtTyped<zt_rls_services, ZtKeepsElements<ZtObject>> {
  public:
-  static const ZtElementType kType;
+  ZT_API static const ZtElementType kType;
 
   /// A list of zt_ns_rls_services_serviceType (taken).
   int setServiceListValue(ZtSingleElementList* list) { return m_Services.Set(list); }
@@ -86,7 +86,7 @@ class ZT_API zt_rls_services : public ZtTyped<zt_rls_services, ZtKeepsElements<Z
 class RlsServicesContext;
 
 /// Makes empty objects; each is the caller's until a parent takes it. Null without memory.
-class ZT_API RlsServicesDataBinder : public ZtDescribedBy<RlsServicesContext, ZtFactory> {
+class RlsServicesDataBinder : public ZtDescribedBy<RlsServicesContext, ZtFactory> {
  public:
   zt_ns_rls_services_serviceType* CreateServiceElement() { return Make(); }
   zt_ns_rls_services_packagesType* CreatePackagesElement() { return Make(); }
@@ -95,7 +95,7 @@ class ZT_API RlsServicesDataBinder : public ZtDescribedBy<RlsServicesContext, Zt
 
 /// Writes a zt_rls_services. Besides Marshall, the steps that write one element each (1 written, 0
 /// failed), which only a running Marshall can use.
-class ZT_API RlsServicesMarshaller : public ZtDescribedBy<RlsServicesContext, ZtMarshaller> {
+class RlsServicesMarshaller : public ZtDescribedBy<RlsServicesContext, ZtMarshaller> {
  public:
   int AddRlsServicesElementToXml(zt_rls_services* services) { return Write(services); }
   int AddServiceElementToXml(zt_ns_rls_services_serviceType* service) { return Write(service); }
@@ -104,7 +104,7 @@ class ZT_API RlsServicesMarshaller : public ZtDescribedBy<RlsServicesContext, Zt
 };
 
 /// Reads a "rls-services" document, with any prefixes.
-class ZT_API XMLRlsServicesDecoder : public ZtDecoderOf<RlsServicesContext> {};
+class XMLRlsServicesDecoder : public ZtDecoderOf<RlsServicesContext> {};
 
 /// Reads a zt_rls_services.
 class ZT_API RlsServicesUnMarshaller : public ZtDescribedBy<RlsServicesContext, ZtUnMarshaller> {};
@@ -112,7 +112,7 @@ class ZT_API RlsServicesUnMarshaller : public ZtDescribedBy<RlsServicesContext, 
 /// The context of resource list services, XML_SCHEMA_RLS_SERVICES.
 class ZT_API RlsServicesContext : public ZtDescribedBy<RlsServicesContext, ZtContext> {
  public:
-  static const ZtDocument kDocument;
+  ZT_API static const ZtDocument kDocument;
 };
 
 #endif  // ZTXML_INCLUDE_XMLRLSSERVICES_H

@@ -48,7 +48,7 @@ class ZT_API XMLSchemaNamespaceRetrievalDecoder : public ZtSchemaDecoder {
 };
 
 /// Makes an empty zt_schema_namespace_retrieval.
-class ZT_API SchemaNamespaceRetrievalDataBinder
+class SchemaNamespaceRetrievalDataBinder
     : public ZtDescribedBy<SchemaNamespaceRetrievalContext, ZtFactory> {
  public:
   XMLObject* CreateRootElement() override {
@@ -57,14 +57,14 @@ class ZT_API SchemaNamespaceRetrievalDataBinder
 };
 
 /// Reads the declarations of any well-formed document.
-class ZT_API SchemaNamespaceRetrievalUnMarshaller
+class SchemaNamespaceRetrievalUnMarshaller
     : public ZtDescribedBy<SchemaNamespaceRetrievalContext, ZtUnMarshaller> {};
 
 /// XML_SCHEMA_NAMESPACE_RETRIEVAL. There is no marshaller: createMarshaller returns null.
 class ZT_API SchemaNamespaceRetrievalContext
     : public ZtDescribedBy<SchemaNamespaceRetrievalContext, ZtContext> {
  public:
-  static const ZtDocument kDocument;
+  ZT_API static const ZtDocument kDocument;
 };
 
 #endif  // ZTXML_INCLUDE_XMLSCHEMANAMESPACERETRIEVAL_H

@@ -9,9 +9,9 @@
 
 /// The root element "simservs": services in any order, each an object of the service's own root
 /// type, e.g. zt_communication_diversion.
-class ZT_API zt_Simservs : public ZtTyped<zt_Simservs, ZtObject> {
+class zt_Simservs : public ZtTyped<zt_Simservs, ZtObject> {
  public:
-  static const ZtElementType kType;
+  ZT_API static const ZtElementType kType;
 
   /// Takes `service`; 0 when it is null or owned, or there is no memory.
   int addService(XMLObject* service) { return m_Services.Add(service); }
@@ -26,7 +26,7 @@ class ZT_API zt_Simservs : public ZtTyped<zt_Simservs, ZtObject> {
 class SimservsContext;
 
 /// Makes an empty zt_Simservs. The factories of the services make what goes into it.
-class ZT_API SimservsDataBinder : public ZtDescribedBy<SimservsContext, ZtFactory> {
+class SimservsDataBinder : public ZtDescribedBy<SimservsContext, ZtFactory> {
  public:
 };
 
@@ -72,9 +72,9 @@ class ZT_API SimservsUnMarshaller : public ZtDescribedBy<SimservsContext, ZtUnMa
 
 /// The context of the whole document, XML_SCHEMA_SIMSERVS. Its namespace binder serves the reading
 /// of every service; documents are always written with "ss", "cp" and "ocp".
-class ZT_API SimservsContext : public ZtDescribedBy<SimservsContext, ZtNamespaceContext> {
+class SimservsContext : public ZtDescribedBy<SimservsContext, ZtNamespaceContext> {
  public:
-  static const ZtDocument kDocument;
+  ZT_API static const ZtDocument kDocument;
 };
 
 #endif  // ZTXML_INCLUDE_XMLSIMSERVS_H

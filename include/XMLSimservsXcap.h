@@ -6,10 +6,9 @@
 #include "ZtElement.h"
 
 /// The base of every service: whether it is active, and what a document adds to it.
-class ZT_API zt_ns_xcap_simservType
-    : public ZtTyped<zt_ns_xcap_simservType, ZtExtensible<ZtObject>> {
+class zt_ns_xcap_simservType : public ZtTyped<zt_ns_xcap_simservType, ZtExtensible<ZtObject>> {
  public:
-  static const ZtElementType kType;
+  ZT_API static const ZtElementType kType;
 
   /// The attribute "active": 1 or 0 (at first); always written.
   int setActiveValue(int active) { return m_Active.Set(active ? 1 : 0); }
@@ -22,9 +21,9 @@ class ZT_API zt_ns_xcap_simservType
 };
 
 /// The condition "media": a rule holds for sessions with this media, e.g. "audio".
-class ZT_API zt_ns_xcap_media_type : public ZtTyped<zt_ns_xcap_media_type> {
+class zt_ns_xcap_media_type : public ZtTyped<zt_ns_xcap_media_type> {
  public:
-  static const ZtElementType kType;
+  ZT_API static const ZtElementType kType;
 
   /// Raw text (copied): what it holds of markup must be escaped already.
   int setMediaValue(const char* media) { return m_Media.Assign(media); }
@@ -36,9 +35,9 @@ class ZT_API zt_ns_xcap_media_type : public ZtTyped<zt_ns_xcap_media_type> {
 
 /// A "presence-status" with an activity as its text. Documents are read with a mere flag in its
 /// place; this type is for callers, and no marshaller writes it.
-class ZT_API zt_presence_status_activity_type : public ZtTyped<zt_presence_status_activity_type> {
+class zt_presence_status_activity_type : public ZtTyped<zt_presence_status_activity_type> {
  public:
-  static const ZtElementType kType;
+  ZT_API static const ZtElementType kType;
 
   /// The activity (copied); null means absent.
   int setActivityValue(const char* activity) { return m_Activity.Assign(activity); }
@@ -49,9 +48,9 @@ class ZT_API zt_presence_status_activity_type : public ZtTyped<zt_presence_statu
 };
 
 /// The condition "external-list" of the OMA common policy, without its content.
-class ZT_API zt_external_list : public ZtTyped<zt_external_list> {
+class zt_external_list : public ZtTyped<zt_external_list> {
  public:
-  static const ZtElementType kType;
+  ZT_API static const ZtElementType kType;
 };
 
 #endif  // ZTXML_INCLUDE_XMLSIMSERVSXCAP_H

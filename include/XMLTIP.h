@@ -7,16 +7,16 @@
 #include "ZtNamespaceDocument.h"
 
 /// The element "terminating-identity-presentation".
-class ZT_API zt_terminating_identity_presentation
+class zt_terminating_identity_presentation
     : public ZtTyped<zt_terminating_identity_presentation, zt_ns_xcap_simservType> {
  public:
-  static const ZtElementType kType;
+  ZT_API static const ZtElementType kType;
 };
 
 class TIPContext;
 
 /// Makes an empty zt_terminating_identity_presentation.
-class ZT_API TIPDataBinder : public ZtDescribedBy<TIPContext, ZtFactory> {
+class TIPDataBinder : public ZtDescribedBy<TIPContext, ZtFactory> {
  public:
 };
 
@@ -29,7 +29,7 @@ class ZT_API TIPMarshaller : public ZtDescribedBy<TIPContext, ZtNamespaceMarshal
 };
 
 /// Reads a terminating-identity-presentation service, with the prefixes of its document.
-class ZT_API XMLTIPDecoder : public ZtDecoderOf<TIPContext, ZtNamespaceDecoder> {};
+class XMLTIPDecoder : public ZtDecoderOf<TIPContext, ZtNamespaceDecoder> {};
 
 /// Reads the service from an XCAP fragment.
 class ZT_API TIPUnMarshaller : public ZtDescribedBy<TIPContext, ZtUnMarshaller> {};
@@ -37,7 +37,7 @@ class ZT_API TIPUnMarshaller : public ZtDescribedBy<TIPContext, ZtUnMarshaller> 
 /// The context of terminating identity presentation, XML_SCHEMA_TIP.
 class ZT_API TIPContext : public ZtDescribedBy<TIPContext, ZtNamespaceContext> {
  public:
-  static const ZtDocument kDocument;
+  ZT_API static const ZtDocument kDocument;
 };
 
 #endif  // ZTXML_INCLUDE_XMLTIP_H

@@ -7,15 +7,15 @@
 #include "ZtSchemaDecoder.h"
 
 /// The root element "volte-config-info", or "wap-provisioningdoc" with the same content.
-class ZT_API zt_volte_config_info : public ZtTyped<zt_volte_config_info, ZtProvisioning> {
+class zt_volte_config_info : public ZtTyped<zt_volte_config_info, ZtProvisioning> {
  public:
-  static const ZtElementType kType;
+  ZT_API static const ZtElementType kType;
 };
 
 class VolteConfigInfoContext;
 
 /// Makes empty elements; each is the caller's until a parent takes it. Null without memory.
-class ZT_API VolteConfigInfoDataBinder : public ZtDescribedBy<VolteConfigInfoContext, ZtFactory> {
+class VolteConfigInfoDataBinder : public ZtDescribedBy<VolteConfigInfoContext, ZtFactory> {
  public:
   zt_characteristic* CreateCharacteristic() { return Make(); }
   zt_parm* CreateParm() { return Make(); }
@@ -28,7 +28,7 @@ class ZT_API VolteConfigInfoMarshall : public ZtDescribedBy<VolteConfigInfoConte
 };
 
 /// Reads "volte-config-info", or "wap-provisioningdoc" with the same content, with any prefixes.
-class ZT_API XMLVolteConfigInfoDecoder : public ZtDecoderOf<VolteConfigInfoContext> {};
+class XMLVolteConfigInfoDecoder : public ZtDecoderOf<VolteConfigInfoContext> {};
 
 /// Reads a zt_volte_config_info.
 class ZT_API VolteConfigInfoUnMarshaller
@@ -37,7 +37,7 @@ class ZT_API VolteConfigInfoUnMarshaller
 /// The context of this document, XML_SCHEMA_VOLTE_CONFIG_INFO.
 class ZT_API VolteConfigInfoContext : public ZtDescribedBy<VolteConfigInfoContext, ZtContext> {
  public:
-  static const ZtDocument kDocument;
+  ZT_API static const ZtDocument kDocument;
 };
 
 #endif  // ZTXML_INCLUDE_XMLVOLTECONFIGINFO_H

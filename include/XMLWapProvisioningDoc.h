@@ -7,16 +7,15 @@
 #include "ZtSchemaDecoder.h"
 
 /// The root element "wap-provisioningdoc".
-class ZT_API zt_wap_provisioning_doc : public ZtTyped<zt_wap_provisioning_doc, ZtProvisioning> {
+class zt_wap_provisioning_doc : public ZtTyped<zt_wap_provisioning_doc, ZtProvisioning> {
  public:
-  static const ZtElementType kType;
+  ZT_API static const ZtElementType kType;
 };
 
 class WapProvisioningDocContext;
 
 /// Makes empty elements; each is the caller's until a parent takes it. Null without memory.
-class ZT_API WapProvisioningDocDataBinder
-    : public ZtDescribedBy<WapProvisioningDocContext, ZtFactory> {
+class WapProvisioningDocDataBinder : public ZtDescribedBy<WapProvisioningDocContext, ZtFactory> {
  public:
   zt_characteristic* CreateCharacteristic() { return Make(); }
   zt_parm* CreateParm() { return Make(); }
@@ -30,7 +29,7 @@ class ZT_API WapProvisioningDocMarshall
 };
 
 /// Reads "wap-provisioningdoc", with any prefixes.
-class ZT_API XMLWapProvisioningDocDecoder : public ZtDecoderOf<WapProvisioningDocContext> {};
+class XMLWapProvisioningDocDecoder : public ZtDecoderOf<WapProvisioningDocContext> {};
 
 /// Reads a zt_wap_provisioning_doc.
 class ZT_API WapProvisioningDocUnMarshaller
@@ -40,7 +39,7 @@ class ZT_API WapProvisioningDocUnMarshaller
 class ZT_API WapProvisioningDocContext
     : public ZtDescribedBy<WapProvisioningDocContext, ZtContext> {
  public:
-  static const ZtDocument kDocument;
+  ZT_API static const ZtDocument kDocument;
 };
 
 #endif  // ZTXML_INCLUDE_XMLWAPPROVISIONINGDOC_H

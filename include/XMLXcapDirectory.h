@@ -7,9 +7,9 @@
 #include "ZtSchemaDecoder.h"
 
 /// The element "entry": one document. Texts are copied; null means absent, here and below.
-class ZT_API zt_entry : public ZtTyped<zt_entry> {
+class zt_entry : public ZtTyped<zt_entry> {
  public:
-  static const ZtElementType kType;
+  ZT_API static const ZtElementType kType;
 
   /// The document's URI; required on output.
   int setUriValue(const char* uri) { return m_Uri.Assign(uri); }
@@ -40,9 +40,9 @@ class ZT_API zt_entry : public ZtTyped<zt_entry> {
 };
 
 /// The element "folder": the documents of one application usage, or why they are not listed.
-class ZT_API zt_folder : public ZtTyped<zt_folder> {
+class zt_folder : public ZtTyped<zt_folder> {
  public:
-  static const ZtElementType kType;
+  ZT_API static const ZtElementType kType;
 
   /// The application usage's id, "resource-lists" for example; required on output.
   int setAuidValue(const char* auid) { return m_Auid.Assign(auid); }
@@ -65,9 +65,9 @@ class ZT_API zt_folder : public ZtTyped<zt_folder> {
 };
 
 /// The root element "xcap-directory".
-class ZT_API zt_xcap_directory : public ZtTyped<zt_xcap_directory, ZtObject> {
+class zt_xcap_directory : public ZtTyped<zt_xcap_directory, ZtObject> {
  public:
-  static const ZtElementType kType;
+  ZT_API static const ZtElementType kType;
 
   /// A list of zt_folder (taken).
   int setFolderListValue(ZtSingleElementList* list) { return m_Folders.Set(list); }
@@ -82,7 +82,7 @@ class ZT_API zt_xcap_directory : public ZtTyped<zt_xcap_directory, ZtObject> {
 class XcapDirectoryContext;
 
 /// Makes empty objects; each is the caller's until a parent takes it. Null without memory.
-class ZT_API XcapDirectoryDataBinder : public ZtDescribedBy<XcapDirectoryContext, ZtFactory> {
+class XcapDirectoryDataBinder : public ZtDescribedBy<XcapDirectoryContext, ZtFactory> {
  public:
   zt_folder* CreateFolderElement() { return Make(); }
   zt_entry* CreateEntryElement() { return Make(); }
@@ -90,7 +90,7 @@ class ZT_API XcapDirectoryDataBinder : public ZtDescribedBy<XcapDirectoryContext
 
 /// Writes a zt_xcap_directory. Besides Marshall, the steps that write one element each (1 written,
 /// 0 failed), which only a running Marshall can use.
-class ZT_API XcapDirectoryMarshaller : public ZtDescribedBy<XcapDirectoryContext, ZtMarshaller> {
+class XcapDirectoryMarshaller : public ZtDescribedBy<XcapDirectoryContext, ZtMarshaller> {
  public:
   int AddXcapDirectoryElementToXml(zt_xcap_directory* directory) { return Write(directory); }
   int AddFolderElementToXml(zt_folder* folder) { return Write(folder); }
@@ -98,7 +98,7 @@ class ZT_API XcapDirectoryMarshaller : public ZtDescribedBy<XcapDirectoryContext
 };
 
 /// Reads an "xcap-directory" document. Names are taken without their prefixes.
-class ZT_API XMLXcapDirectoryDecoder : public ZtDecoderOf<XcapDirectoryContext> {};
+class XMLXcapDirectoryDecoder : public ZtDecoderOf<XcapDirectoryContext> {};
 
 /// Reads a zt_xcap_directory. Elements are known by their local names, whatever their prefixes.
 class ZT_API XcapDirectoryUnMarshaller
@@ -107,7 +107,7 @@ class ZT_API XcapDirectoryUnMarshaller
 /// The context of XCAP directories, XML_SCHEMA_XCAP_DIRECTORY.
 class ZT_API XcapDirectoryContext : public ZtDescribedBy<XcapDirectoryContext, ZtContext> {
  public:
-  static const ZtDocument kDocument;
+  ZT_API static const ZtDocument kDocument;
 };
 
 #endif  // ZTXML_INCLUDE_XMLXCAPDIRECTORY_H

@@ -8,7 +8,7 @@
 #include "ZtSchemaDecoder.h"
 
 /// What the errors that carry a phrase have in common.
-class ZT_API ZtXcapPhrasedError : public ZtElement {
+class ZtXcapPhrasedError : public ZtElement {
  public:
   /// An explanation for people (copied); null means absent.
   int setPhraseValue(const char* phrase) { return m_Phrase.Assign(phrase); }
@@ -21,51 +21,50 @@ class ZT_API ZtXcapPhrasedError : public ZtElement {
 };
 
 /// The error "not-utf-8". It and those below say no more than their name and the phrase.
-class ZT_API zt_not_utf_8 : public ZtTyped<zt_not_utf_8, ZtXcapPhrasedError> {
+class zt_not_utf_8 : public ZtTyped<zt_not_utf_8, ZtXcapPhrasedError> {
  public:
-  static const ZtElementType kType;
+  ZT_API static const ZtElementType kType;
 };
 /// The error "cannot-delete".
-class ZT_API zt_cannot_delete : public ZtTyped<zt_cannot_delete, ZtXcapPhrasedError> {
+class zt_cannot_delete : public ZtTyped<zt_cannot_delete, ZtXcapPhrasedError> {
  public:
-  static const ZtElementType kType;
+  ZT_API static const ZtElementType kType;
 };
 /// The error "constraint-failure".
-class ZT_API zt_constraint_failure : public ZtTyped<zt_constraint_failure, ZtXcapPhrasedError> {
+class zt_constraint_failure : public ZtTyped<zt_constraint_failure, ZtXcapPhrasedError> {
  public:
-  static const ZtElementType kType;
+  ZT_API static const ZtElementType kType;
 };
 /// The error "not-well-formed".
-class ZT_API zt_not_well_formed : public ZtTyped<zt_not_well_formed, ZtXcapPhrasedError> {
+class zt_not_well_formed : public ZtTyped<zt_not_well_formed, ZtXcapPhrasedError> {
  public:
-  static const ZtElementType kType;
+  ZT_API static const ZtElementType kType;
 };
 /// The error "not-xml-att-value".
-class ZT_API zt_not_xml_att_value : public ZtTyped<zt_not_xml_att_value, ZtXcapPhrasedError> {
+class zt_not_xml_att_value : public ZtTyped<zt_not_xml_att_value, ZtXcapPhrasedError> {
  public:
-  static const ZtElementType kType;
+  ZT_API static const ZtElementType kType;
 };
 /// The error "cannot-insert".
-class ZT_API zt_cannot_insert : public ZtTyped<zt_cannot_insert, ZtXcapPhrasedError> {
+class zt_cannot_insert : public ZtTyped<zt_cannot_insert, ZtXcapPhrasedError> {
  public:
-  static const ZtElementType kType;
+  ZT_API static const ZtElementType kType;
 };
 /// The error "not-xml-frag".
-class ZT_API zt_not_xml_frag : public ZtTyped<zt_not_xml_frag, ZtXcapPhrasedError> {
+class zt_not_xml_frag : public ZtTyped<zt_not_xml_frag, ZtXcapPhrasedError> {
  public:
-  static const ZtElementType kType;
+  ZT_API static const ZtElementType kType;
 };
 /// The error "schema-validation-error".
-class ZT_API zt_schema_validation_error
-    : public ZtTyped<zt_schema_validation_error, ZtXcapPhrasedError> {
+class zt_schema_validation_error : public ZtTyped<zt_schema_validation_error, ZtXcapPhrasedError> {
  public:
-  static const ZtElementType kType;
+  ZT_API static const ZtElementType kType;
 };
 
 /// The element "no-parent": the element to be put has no place to go.
-class ZT_API zt_no_parent : public ZtTyped<zt_no_parent, ZtXcapPhrasedError> {
+class zt_no_parent : public ZtTyped<zt_no_parent, ZtXcapPhrasedError> {
  public:
-  static const ZtElementType kType;
+  ZT_API static const ZtElementType kType;
 
   /// The URI of the nearest ancestor that exists (copied); null means absent. Raw text, to be
   /// escaped by the caller.
@@ -77,9 +76,9 @@ class ZT_API zt_no_parent : public ZtTyped<zt_no_parent, ZtXcapPhrasedError> {
 };
 
 /// The element "exists": a value that has to be unique and is not.
-class ZT_API zt_exists : public ZtTyped<zt_exists> {
+class zt_exists : public ZtTyped<zt_exists> {
  public:
-  static const ZtElementType kType;
+  ZT_API static const ZtElementType kType;
 
   /// The node selector of the value (copied); null means absent.
   int setFieldValue(const char* selector) { return m_Field.Assign(selector); }
@@ -97,9 +96,9 @@ class ZT_API zt_exists : public ZtTyped<zt_exists> {
 };
 
 /// The element "uniqueness-failure".
-class ZT_API zt_uniqueness_failure : public ZtTyped<zt_uniqueness_failure, ZtXcapPhrasedError> {
+class zt_uniqueness_failure : public ZtTyped<zt_uniqueness_failure, ZtXcapPhrasedError> {
  public:
-  static const ZtElementType kType;
+  ZT_API static const ZtElementType kType;
 
   /// A list of zt_exists (taken).
   int setExistsListValue(ZtSingleElementList* list) { return m_Exists.Set(list); }
@@ -113,15 +112,15 @@ class ZT_API zt_uniqueness_failure : public ZtTyped<zt_uniqueness_failure, ZtXca
 
 /// The element "extension": an error that the standard does not know. What it keeps of its content
 /// is never written.
-class ZT_API zt_extension : public ZtTyped<zt_extension, ZtKeepsElements<>> {
+class zt_extension : public ZtTyped<zt_extension, ZtKeepsElements<>> {
  public:
-  static const ZtElementType kType;
+  ZT_API static const ZtElementType kType;
 };
 
 /// The root element "xcap-error".
-class ZT_API zt_xcap_error : public ZtTyped<zt_xcap_error, ZtObject> {
+class zt_xcap_error : public ZtTyped<zt_xcap_error, ZtObject> {
  public:
-  static const ZtElementType kType;
+  ZT_API static const ZtElementType kType;
 
   /// Takes the error, an object of one of the classes above but zt_exists: others are not written.
   /// Null for none. What a document says is asked by class: ZtAs<zt_no_parent>(getErrorValue()).
@@ -160,7 +159,7 @@ class ZT_API XcapErrorDataBinder : public ZtDescribedBy<XcapErrorContext, ZtFact
 
 /// Writes a zt_xcap_error. Besides Marshall, the steps that write one element each (1 written, 0
 /// failed), which only a running Marshall can use.
-class ZT_API Xcap_ErrorMarshall : public ZtDescribedBy<XcapErrorContext, ZtMarshaller> {
+class Xcap_ErrorMarshall : public ZtDescribedBy<XcapErrorContext, ZtMarshaller> {
  public:
   int AddXcap_errorElementToXml(zt_xcap_error* root) { return Write(root); }
   int AddNot_utf_8ElementToXml(zt_not_utf_8* error) { return Write(error); }
@@ -180,7 +179,7 @@ class ZT_API Xcap_ErrorMarshall : public ZtDescribedBy<XcapErrorContext, ZtMarsh
 };
 
 /// Reads an "xcap-error" document. Names are taken without their prefixes.
-class ZT_API XMLXcapErrorDecoder : public ZtDecoderOf<XcapErrorContext> {};
+class XMLXcapErrorDecoder : public ZtDecoderOf<XcapErrorContext> {};
 
 /// Reads a zt_xcap_error. Elements are known by their local names, whatever their prefixes; of
 /// several errors the last stands.
@@ -189,7 +188,7 @@ class ZT_API XcapErrorUnMarshaller : public ZtDescribedBy<XcapErrorContext, ZtUn
 /// The context of XCAP errors, XML_SCHEMA_XCAP_ERROR.
 class ZT_API XcapErrorContext : public ZtDescribedBy<XcapErrorContext, ZtContext> {
  public:
-  static const ZtDocument kDocument;
+  ZT_API static const ZtDocument kDocument;
 };
 
 #endif  // ZTXML_INCLUDE_XMLXCAPERROR_H

@@ -1,10 +1,12 @@
-// What every public class of the library carries: symbol visibility and where it is allocated.
+// What the public classes of the library carry: symbol visibility and where they are allocated.
 #ifndef ZTXML_INCLUDE_ZTEXPORT_H
 #define ZTXML_INCLUDE_ZTEXPORT_H
 
 #include <cstddef>
 #include <new>
 
+// What callers find in the library's file. A class whose functions all stand in its header needs
+// it for its table alone.
 #if defined(__GNUC__)
 #define ZT_API __attribute__((visibility("default")))
 #else

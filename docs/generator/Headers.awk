@@ -4,8 +4,8 @@
 FNR == 1 { header = FILENAME; sub(/.*\//, "", header) }
 /^namespace [A-Za-z]+ \{/ { space = $2 "::" }
 /^}/ && class == "" { space = "" }
-/^class ZT_API [A-Za-z0-9_]+/ {
-  class = space $3
+/^class [A-Za-z0-9_]+/ && !/;$/ {
+  class = space ($2 == "ZT_API" ? $3 : $2)
   classes = classes "    {\"" class "\", \"" header "\"},\n"
   while (!/[{;]/) { line = $0; getline; $0 = line $0 }
   if (/Zt(Extensible|KeepsElements)</) Getter("ZtListOf<XMLElement>*", "getAnyElementValue")

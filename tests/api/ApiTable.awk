@@ -5,8 +5,8 @@
 FNR == 1 { name = FILENAME; sub(/.*\//, "", name); print "#include \"" name "\"" }
 /^namespace [A-Za-z]+ \{/ { space = $2 "::" }
 /^}/ && class == "" { space = "" }
-/^class ZT_API [A-Za-z0-9_]+/ {
-  class = space $3
+/^class [A-Za-z0-9_]+/ && !/;$/ {
+  class = space ($2 == "ZT_API" ? $3 : $2)
   while (!/[{;]/) { line = $0; getline; $0 = line $0 }
   factory = /DataBinder +:/
   if (factory && class !~ /^Zt/) {
@@ -23,7 +23,7 @@ FNR == 1 { name = FILENAME; sub(/.*\//, "", name); print "#include \"" name "\""
 /^};/ { class = "" }
 /^ (public|private|protected):/ { open = /public/ }
 class == "" || !open { next }
-/^  static const ZtElementType kType;/ {
+/^  (ZT_API )?static const ZtElementType kType;/ {
   elements = elements " \\\n  DO(" class ")"
   headers = headers " \\\n  DO(" class ", \"" name "\")"
 }
