@@ -6,8 +6,8 @@
 #define ZTXML_INCLUDE_XMLBOOTSTRAPPINGINFO_H
 
 #include "XMLValueTypes.h"
-#include "ZtDocument.h"
-#include "ZtSchemaDecoder.h"
+#include "ztxml/ZtDocument.h"
+#include "ztxml/ZtSchemaDecoder.h"
 
 /// The root element "BootstrappingInfo".
 class zt_bootstrappinginfo : public ZtTyped<zt_bootstrappinginfo, ZtObject> {

@@ -6,8 +6,8 @@
 #define ZTXML_INCLUDE_XMLCWINDICATION_H
 
 #include "XMLValueTypes.h"
-#include "ZtDocument.h"
-#include "ZtSchemaDecoder.h"
+#include "ztxml/ZtDocument.h"
+#include "ztxml/ZtSchemaDecoder.h"
 
 /// The element "alternative-service".
 class zt_alternative_service : public ZtTyped<zt_alternative_service> {

@@ -6,8 +6,8 @@
 #define ZTXML_INCLUDE_XMLCALLWAITINGINDICATION_H
 
 #include "XMLValueTypes.h"
-#include "ZtDocument.h"
-#include "ZtSchemaDecoder.h"
+#include "ztxml/ZtDocument.h"
+#include "ztxml/ZtSchemaDecoder.h"
 
 /// The element "action".
 class zt_ns_call_waiting_indication_action : public ZtTyped<zt_ns_call_waiting_indication_action> {

@@ -2,7 +2,7 @@
 #ifndef ZTXML_INCLUDE_XMLCAPS_H
 #define ZTXML_INCLUDE_XMLCAPS_H
 
-#include "ZtElement.h"
+#include "ztxml/ZtElement.h"
 
 /// Whether a service has a capability.
 enum zt_caps_boolean_enum : unsigned {

@@ -6,7 +6,7 @@
 #ifndef ZTXML_INCLUDE_XMLCHARACTERISTIC_H
 #define ZTXML_INCLUDE_XMLCHARACTERISTIC_H
 
-#include "ZtElement.h"
+#include "ztxml/ZtElement.h"
 
 /// A "parm": one parameter.
 class zt_parm : public ZtTyped<zt_parm> {

@@ -4,7 +4,7 @@
 
 #include <atomic>
 
-#include "ZtExport.h"
+#include "ztxml/ZtExport.h"
 
 /// Indices of the rows of the name table; each enumerator is named after its row's text, the
 /// second of two equal texts ends in _2.

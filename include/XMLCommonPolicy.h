@@ -9,7 +9,7 @@
 
 #include "XMLSimservsXcap.h"
 #include "XMLValueTypes.h"
-#include "ZtNamespaceDocument.h"
+#include "ztxml/ZtNamespaceDocument.h"
 
 /// An "except": who is excluded from a "many".
 class zt_ns_common_policy_exceptType : public ZtTyped<zt_ns_common_policy_exceptType> {

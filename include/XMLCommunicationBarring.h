@@ -3,7 +3,7 @@
 #define ZTXML_INCLUDE_XMLCOMMUNICATIONBARRING_H
 
 #include "XMLCommonPolicy.h"
-#include "ZtNamespaceDecoder.h"
+#include "ztxml/ZtNamespaceDecoder.h"
 
 /// Which of the two services an object factory makes.
 enum XML_COMMUNICATION_BARRING_TYPE : int {

@@ -4,7 +4,7 @@
 #define ZTXML_INCLUDE_XMLCOMMUNICATIONDIVERSION_H
 
 #include "XMLCommonPolicy.h"
-#include "ZtNamespaceDecoder.h"
+#include "ztxml/ZtNamespaceDecoder.h"
 
 /// The element "NoReplyTimer": how long a call rings before a rule with "no-answer" holds.
 class ZT_API zt_NoReplyTimer : public ZtTyped<zt_NoReplyTimer, ZtObject> {

@@ -3,8 +3,8 @@
 #define ZTXML_INCLUDE_XMLCOMMUNICATIONWAITING_H
 
 #include "XMLSimservsXcap.h"
-#include "ZtNamespaceDecoder.h"
-#include "ZtNamespaceDocument.h"
+#include "ztxml/ZtNamespaceDecoder.h"
+#include "ztxml/ZtNamespaceDocument.h"
 
 /// The element "communication-waiting".
 class zt_communication_waiting : public ZtTyped<zt_communication_waiting, zt_ns_xcap_simservType> {

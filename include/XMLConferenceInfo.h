@@ -4,8 +4,8 @@
 #define ZTXML_INCLUDE_XMLCONFERENCEINFO_H
 
 #include "XMLConferenceUsers.h"
-#include "ZtDocument.h"
-#include "ZtSchemaDecoder.h"
+#include "ztxml/ZtDocument.h"
+#include "ztxml/ZtSchemaDecoder.h"
 
 /// The element "keywords".
 class zt_keywords_type : public ZtTyped<zt_keywords_type, ZtExtensible<>> {

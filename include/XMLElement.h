@@ -3,7 +3,7 @@
 #ifndef ZTXML_INCLUDE_XMLELEMENT_H
 #define ZTXML_INCLUDE_XMLELEMENT_H
 
-#include "ZtExport.h"
+#include "ztxml/ZtExport.h"
 
 /// An attribute that a schema type keeps as an object.
 class ZT_API XMLAttribute : public ZtNonCopyable {

@@ -2,8 +2,8 @@
 #ifndef ZTXML_INCLUDE_XMLFILE_H
 #define ZTXML_INCLUDE_XMLFILE_H
 
-#include "ZtExport.h"
 #include "ztPlatform.h"
+#include "ztxml/ZtExport.h"
 
 /// How an XMLFile is opened.
 enum eXMLFileAccessMode : int {

@@ -8,8 +8,8 @@
 #define ZTXML_INCLUDE_XMLFT_H
 
 #include "XMLValueTypes.h"
-#include "ZtDocument.h"
-#include "ZtSchemaDecoder.h"
+#include "ztxml/ZtDocument.h"
+#include "ztxml/ZtSchemaDecoder.h"
 
 /// A "data": where the file is.
 class zt_ns_ft_data : public ZtTyped<zt_ns_ft_data> {

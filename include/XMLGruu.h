@@ -3,9 +3,9 @@
 #ifndef ZTXML_INCLUDE_XMLGRUU_H
 #define ZTXML_INCLUDE_XMLGRUU_H
 
-#include "ZtDocument.h"
-#include "ZtElement.h"
-#include "ZtSchemaDecoder.h"
+#include "ztxml/ZtDocument.h"
+#include "ztxml/ZtElement.h"
+#include "ztxml/ZtSchemaDecoder.h"
 
 /// What every GRUU has.
 class ZtGruu : public ZtObject {

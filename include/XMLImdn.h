@@ -3,9 +3,9 @@
 #ifndef ZTXML_INCLUDE_XMLIMDN_H
 #define ZTXML_INCLUDE_XMLIMDN_H
 
-#include "ZtDocument.h"
-#include "ZtElement.h"
-#include "ZtSchemaDecoder.h"
+#include "ztxml/ZtDocument.h"
+#include "ztxml/ZtElement.h"
+#include "ztxml/ZtSchemaDecoder.h"
 
 /// The value "delivered" of a status: like the others an empty element whose presence is the value.
 class zt_delivered : public ZtTyped<zt_delivered> {

@@ -2,9 +2,9 @@
 #ifndef ZTXML_INCLUDE_XMLISCOMPOSING_H
 #define ZTXML_INCLUDE_XMLISCOMPOSING_H
 
-#include "ZtDocument.h"
-#include "ZtElement.h"
-#include "ZtSchemaDecoder.h"
+#include "ztxml/ZtDocument.h"
+#include "ztxml/ZtElement.h"
+#include "ztxml/ZtSchemaDecoder.h"
 
 /// The root element "isComposing". Texts are copied and raw: what they hold of markup must be
 /// escaped already; null means absent.

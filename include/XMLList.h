@@ -4,7 +4,7 @@
 
 #include <cstdint>
 
-#include "ZtExport.h"
+#include "ztxml/ZtExport.h"
 
 /// A node of a ZtSingleElementList. ZtEach walks a list by its type; by hand it goes with
 /// GetPtrToListHead() and `next`.

@@ -6,8 +6,8 @@
 #define ZTXML_INCLUDE_XMLMEDIACONTROL_H
 
 #include "XMLValueTypes.h"
-#include "ZtDocument.h"
-#include "ZtSchemaDecoder.h"
+#include "ztxml/ZtDocument.h"
+#include "ztxml/ZtSchemaDecoder.h"
 
 /// The element "to_encoder".
 class zt_to_encoder : public ZtTyped<zt_to_encoder> {

@@ -3,8 +3,8 @@
 #define ZTXML_INCLUDE_XMLOIP_H
 
 #include "XMLSimservsXcap.h"
-#include "ZtNamespaceDecoder.h"
-#include "ZtNamespaceDocument.h"
+#include "ztxml/ZtNamespaceDecoder.h"
+#include "ztxml/ZtNamespaceDocument.h"
 
 /// The element "originating-identity-presentation".
 class zt_originating_identity_presentation

@@ -2,7 +2,7 @@
 #ifndef ZTXML_INCLUDE_XMLOMAPRES_H
 #define ZTXML_INCLUDE_XMLOMAPRES_H
 
-#include "ZtElement.h"
+#include "ztxml/ZtElement.h"
 
 /// The element "service-description": which service a tuple is about. Texts are copied; null means
 /// absent.

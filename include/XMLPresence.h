@@ -6,9 +6,9 @@
 
 #include "XMLCaps.h"
 #include "XMLOmaPres.h"
-#include "ZtDocument.h"
-#include "ZtElement.h"
-#include "ZtSchemaDecoder.h"
+#include "ztxml/ZtDocument.h"
+#include "ztxml/ZtElement.h"
+#include "ztxml/ZtSchemaDecoder.h"
 
 struct PresenceBinding;
 

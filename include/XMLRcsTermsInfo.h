@@ -8,8 +8,8 @@
 #define ZTXML_INCLUDE_XMLRCSTERMSINFO_H
 
 #include "XMLValueTypes.h"
-#include "ZtDocument.h"
-#include "ZtSchemaDecoder.h"
+#include "ztxml/ZtDocument.h"
+#include "ztxml/ZtSchemaDecoder.h"
 
 /// A "term": a document to be accepted.
 class zt_ns_rcs_terms_info_term : public ZtTyped<zt_ns_rcs_terms_info_term> {

@@ -3,9 +3,9 @@
 #define ZTXML_INCLUDE_XMLREGINFO_H
 
 #include "XMLGruu.h"
-#include "ZtDocument.h"
-#include "ZtElement.h"
-#include "ZtSchemaDecoder.h"
+#include "ztxml/ZtDocument.h"
+#include "ztxml/ZtElement.h"
+#include "ztxml/ZtSchemaDecoder.h"
 
 /// The state of a registration-information document. Values read from documents may lie beyond the
 /// named ones in all these enumerations: they are absent or unknown, and cannot be written.

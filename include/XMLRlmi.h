@@ -2,9 +2,9 @@
 #ifndef ZTXML_INCLUDE_XMLRLMI_H
 #define ZTXML_INCLUDE_XMLRLMI_H
 
-#include "ZtDocument.h"
-#include "ZtElement.h"
-#include "ZtSchemaDecoder.h"
+#include "ztxml/ZtDocument.h"
+#include "ztxml/ZtElement.h"
+#include "ztxml/ZtSchemaDecoder.h"
 
 struct RlmiBinding;
 

@@ -3,9 +3,9 @@
 #define ZTXML_INCLUDE_XMLRLSSERVICES_H
 
 #include "XMLResourceList.h"
-#include "ZtDocument.h"
-#include "ZtElement.h"
-#include "ZtSchemaDecoder.h"
+#include "ztxml/ZtDocument.h"
+#include "ztxml/ZtElement.h"
+#include "ztxml/ZtSchemaDecoder.h"
 
 struct RlsServicesBinding;
 

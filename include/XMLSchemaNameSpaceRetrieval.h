@@ -3,9 +3,9 @@
 #define ZTXML_INCLUDE_XMLSCHEMANAMESPACERETRIEVAL_H
 
 #include "XMLValueTypes.h"
-#include "ZtDocument.h"
-#include "ZtElement.h"
-#include "ZtSchemaDecoder.h"
+#include "ztxml/ZtDocument.h"
+#include "ztxml/ZtElement.h"
+#include "ztxml/ZtSchemaDecoder.h"
 
 /// The declarations of a document.
 class ZT_API zt_schema_namespace_retrieval

@@ -4,8 +4,8 @@
 #define ZTXML_INCLUDE_XMLSIMSERVS_H
 
 #include "XMLSimservsXcap.h"
-#include "ZtNamespaceDecoder.h"
-#include "ZtNamespaceDocument.h"
+#include "ztxml/ZtNamespaceDecoder.h"
+#include "ztxml/ZtNamespaceDocument.h"
 
 /// The root element "simservs": services in any order, each an object of the service's own root
 /// type, e.g. zt_communication_diversion.

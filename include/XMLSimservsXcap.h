@@ -3,7 +3,7 @@
 #ifndef ZTXML_INCLUDE_XMLSIMSERVSXCAP_H
 #define ZTXML_INCLUDE_XMLSIMSERVSXCAP_H
 
-#include "ZtElement.h"
+#include "ztxml/ZtElement.h"
 
 /// The base of every service: whether it is active, and what a document adds to it.
 class zt_ns_xcap_simservType : public ZtTyped<zt_ns_xcap_simservType, ZtExtensible<ZtObject>> {

@@ -2,7 +2,7 @@
 #ifndef ZTXML_INCLUDE_XMLSTACK_H
 #define ZTXML_INCLUDE_XMLSTACK_H
 
-#include "ZtExport.h"
+#include "ztxml/ZtExport.h"
 
 /// Fixed-capacity stack of untyped pointers, which it does not own.
 class ZT_API XmlCodeGenStack : public ZtNonCopyable {

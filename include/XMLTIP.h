@@ -3,8 +3,8 @@
 #define ZTXML_INCLUDE_XMLTIP_H
 
 #include "XMLSimservsXcap.h"
-#include "ZtNamespaceDecoder.h"
-#include "ZtNamespaceDocument.h"
+#include "ztxml/ZtNamespaceDecoder.h"
+#include "ztxml/ZtNamespaceDocument.h"
 
 /// The element "terminating-identity-presentation".
 class zt_terminating_identity_presentation

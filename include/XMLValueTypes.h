@@ -2,7 +2,7 @@
 #ifndef ZTXML_INCLUDE_XMLVALUETYPES_H
 #define ZTXML_INCLUDE_XMLVALUETYPES_H
 
-#include "ZtElement.h"
+#include "ztxml/ZtElement.h"
 
 /// A text as an element.
 class ZT_API zt_string : public ZtTyped<zt_string> {

@@ -3,8 +3,8 @@
 #define ZTXML_INCLUDE_XMLVOLTECONFIGINFO_H
 
 #include "XMLCharacteristic.h"
-#include "ZtDocument.h"
-#include "ZtSchemaDecoder.h"
+#include "ztxml/ZtDocument.h"
+#include "ztxml/ZtSchemaDecoder.h"
 
 /// The root element "volte-config-info", or "wap-provisioningdoc" with the same content.
 class zt_volte_config_info : public ZtTyped<zt_volte_config_info, ZtProvisioning> {

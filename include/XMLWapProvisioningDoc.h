@@ -3,8 +3,8 @@
 #define ZTXML_INCLUDE_XMLWAPPROVISIONINGDOC_H
 
 #include "XMLCharacteristic.h"
-#include "ZtDocument.h"
-#include "ZtSchemaDecoder.h"
+#include "ztxml/ZtDocument.h"
+#include "ztxml/ZtSchemaDecoder.h"
 
 /// The root element "wap-provisioningdoc".
 class zt_wap_provisioning_doc : public ZtTyped<zt_wap_provisioning_doc, ZtProvisioning> {

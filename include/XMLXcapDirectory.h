@@ -2,9 +2,9 @@
 #ifndef ZTXML_INCLUDE_XMLXCAPDIRECTORY_H
 #define ZTXML_INCLUDE_XMLXCAPDIRECTORY_H
 
-#include "ZtDocument.h"
-#include "ZtElement.h"
-#include "ZtSchemaDecoder.h"
+#include "ztxml/ZtDocument.h"
+#include "ztxml/ZtElement.h"
+#include "ztxml/ZtSchemaDecoder.h"
 
 /// The element "entry": one document. Texts are copied; null means absent, here and below.
 class zt_entry : public ZtTyped<zt_entry> {

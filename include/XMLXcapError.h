@@ -3,9 +3,9 @@
 #define ZTXML_INCLUDE_XMLXCAPERROR_H
 
 #include "XMLValueTypes.h"
-#include "ZtDocument.h"
-#include "ZtElement.h"
-#include "ZtSchemaDecoder.h"
+#include "ztxml/ZtDocument.h"
+#include "ztxml/ZtElement.h"
+#include "ztxml/ZtSchemaDecoder.h"
 
 /// What the errors that carry a phrase have in common.
 class ZtXcapPhrasedError : public ZtElement {

@@ -2,7 +2,7 @@
 #ifndef ZTXML_INCLUDE_XMLCOMMON_H
 #define ZTXML_INCLUDE_XMLCOMMON_H
 
-#include "ZtExport.h"
+#include "ztxml/ZtExport.h"
 
 /// Frees memory that came from the platform's allocator; null is ignored.
 ZT_API void FreeElement(void* p);

@@ -10,7 +10,7 @@
 #include <cstddef>
 
 #include "XmlCommon.h"
-#include "ZtExport.h"
+#include "ztxml/ZtExport.h"
 
 /// Results of XmlDecoder::Decode.
 enum : int {

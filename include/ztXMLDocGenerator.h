@@ -5,8 +5,8 @@
 #include <cstddef>
 #include <initializer_list>
 
-#include "ZtExport.h"
-#include "ZtPiece.h"
+#include "ztxml/ZtExport.h"
+#include "ztxml/ZtPiece.h"
 
 /// Writes what it is told, in order; it knows no schema and no open elements. The text is exact to
 /// the byte: start tags begin on a new line, end tags follow the content, an element name before

@@ -30,8 +30,6 @@
 
 namespace {
 
-constexpr char kSource[] = "src/XMLFactory";
-
 // Every document that the library binds.
 constexpr const ZtDocument* kDocuments[] = {
     &BootstrappingInfoContext::kDocument,
@@ -73,7 +71,7 @@ const ZtDocument* Find(eXMLSchemaID id) {
 
 XMLContext* XMLFactory::newInstance(eXMLSchemaID id) {
   const ZtDocument* document = Find(id);
-  return document ? document->newContext.Create(kSource) : nullptr;
+  return document ? ZtNewContext(*document) : nullptr;
 }
 
 void XMLFactory::deleteContext(XMLContext* context) { ZtRelease(context); }

@@ -6,6 +6,7 @@
 
 #include "Accessors.h"
 #include "Links.h"
+#include "XMLFactory.h"
 
 namespace docs {
 

@@ -27,8 +27,8 @@ const std::vector<Area>& Areas() {
       {"Parser", {"XmlDecoder", "TagScanner", "XmlCommon"}},
       {"Document writer", {"ztXMLDocGenerator"}},
       {"Reading and writing all documents",
-       {"XMLFactory", "XMLContext", "XMLValueTypes", "XMLCommonDef", "XMLCommonNames", "Zt*",
-        "base/*", "binding/*"}},
+       {"XMLFactory", "XMLSchemaInfo", "XMLContext", "XMLValueTypes", "XMLCommonDef",
+        "XMLCommonNames", "Zt*"}},
       {"Containers", {"XMLList", "XMLStack"}},
       {"Files", {"XMLFile"}},
   };
@@ -151,17 +151,15 @@ std::string Quirks(const fs::path& root, const SourcePages& pages,
     std::vector<std::string> sentences;
     if (!ReadSentences(root / source, sentences)) return "";
     if (sentences.empty()) continue;
-    // Relative to src or include, without its ending.
-    fs::path file = fs::path(source).replace_extension("");
-    file = file.lexically_relative(*file.begin());
+    const std::string file = source.stem().string();
     std::string* list = nullptr;
     for (const Area& area : Areas()) {
       for (const std::string& pattern : area.files) {
-        if (Fits(file.generic_string(), pattern)) list = &areas[area.heading];
+        if (Fits(file, pattern)) list = &areas[area.heading];
       }
     }
     if (!list) {
-      const std::string page = PageOfFile(file.generic_string(), pages);
+      const std::string page = PageOfFile(file, pages);
       const auto title = titles.find(page);
       if (title == titles.end()) {
         std::cerr << "doc_pages: " << source.string() << ": no area and no page has its quirks\n";

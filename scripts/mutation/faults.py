@@ -143,7 +143,7 @@ class Generator:
         """Those of each kind, in the order of the sources."""
         faults = {kind: [] for kind in KINDS}
         for source in self.sources:
-            documents = source.file.parent == Path("src")
+            documents = "documents" in source.file.parts
             made = [*self._enumerations(source), *self._log(source, documents), *self._core(source)]
             if documents:
                 made += [*self._rows(source), *self._flags(source), *self._names(source)]

@@ -1,4 +1,4 @@
-#include "ZtArena.h"
+#include "ztxml/ZtArena.h"
 
 #include "ztPlatform.h"
 

@@ -10,7 +10,7 @@
 #include <emmintrin.h>
 #endif
 
-#include "ZtPiece.h"
+#include "ztxml/ZtPiece.h"
 
 #if defined(__GNUC__) && !defined(__clang__)
 // How blocks are passed differs between builds with and without vectors; all this is inlined.

@@ -2,13 +2,8 @@
 #ifndef ZTXML_SRC_BASE_ZTMEMORY_H
 #define ZTXML_SRC_BASE_ZTMEMORY_H
 
-#include <type_traits>
-
-#include "ZtArena.h"
 #include "ztPlatform.h"
-
-class XMLElement;
-struct ZtElementType;
+#include "ztxml/ZtArena.h"
 
 enum ZtMemoryTag : int { kZtTagStackNode = 1, kZtTagDocument = 14 };
 
@@ -38,24 +33,10 @@ struct ZtSource {
       : file(f), arena(a) {}
 };
 
-// What the maker of a schema type makes.
-XMLElement* ZtMakeElement(const ZtElementType& type, const ZtSource& source, int line);
-
-template <class T, class = void>
-struct ZtIsSchemaType : std::false_type {};
-template <class T>
-struct ZtIsSchemaType<T, std::void_t<typename T::Described>>
-    : std::is_same<T, typename T::Described> {};
-
-// A new, recorded T, or null when there is no memory. Schema types with a table of their own come
-// from the maker that stands there anyway.
+// A new, recorded T, or null when there is no memory.
 template <class T>
 T* ZtCreate(const ZtSource& source, int line = __builtin_LINE()) {
-  if constexpr (ZtIsSchemaType<T>::value) {
-    return static_cast<T*>(ZtMakeElement(T::kType, source, line));
-  } else {
-    return ZtTrack(new (source.arena) T, sizeof(T), source.file, line);
-  }
+  return ZtTrack(new (source.arena) T, sizeof(T), source.file, line);
 }
 
 // Withdraws an object from the memory log and deletes it through its (virtual) destructor.

@@ -4,7 +4,7 @@
 #include <type_traits>
 
 #include "base/ZtLog.h"
-#include "binding/ZtOwnership.h"
+#include "model/ZtOwnership.h"
 
 namespace {
 
@@ -364,10 +364,6 @@ ZtPiece ZtFieldText(const XMLElement& self, const ZtField& field, char* buffer) 
       break;
   }
   return nullptr;
-}
-
-XMLElement* ZtMakeElement(const ZtElementType& type, const ZtSource& source, int line) {
-  return type.Create(source, line);
 }
 
 bool ZtIsA(const XMLElement& element, const ZtElementType& type) {

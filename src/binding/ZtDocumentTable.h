@@ -5,10 +5,14 @@
 #include <initializer_list>
 #include <type_traits>
 
-#include "XMLFactory.h"
-#include "ZtDocument.h"
-#include "ZtSchemaDecoder.h"
+#include "XMLSchemaInfo.h"
 #include "binding/ZtBinding.h"
+#include "ztxml/ZtSchemaDecoder.h"
+
+class XMLContext;
+class XMLObjectFactory;
+class ZtMarshaller;
+class ZtUnMarshaller;
 
 // The log lines in which documents differ; null for none.
 struct ZtDocumentLines {
@@ -114,6 +118,9 @@ struct ZtDocument : ZtDocumentFacts {
   std::initializer_list<ZtRoot> roots;
   std::initializer_list<const ZtElementType*> fragments = {};  // what else Marshall takes
 };
+
+// A new context of the document, recorded as the factory's; null without memory.
+XMLContext* ZtNewContext(const ZtDocument& document);
 
 // The start of what there is to say; `Marshaller` void when the schema has none.
 template <class Context, class Decoder, class UnMarshaller, class Marshaller, class DataBinder>

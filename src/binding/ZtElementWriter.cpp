@@ -1,6 +1,6 @@
 #include "binding/ZtElementWriter.h"
 
-#include "ZtNamespaces.h"
+#include "ztxml/ZtNamespaces.h"
 
 // The inside of an element: its depth and prefix hold until it ends.
 class ZtElementWriter::Nesting {

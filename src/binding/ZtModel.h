@@ -8,11 +8,11 @@
 #include <initializer_list>
 
 #include "XMLValueTypes.h"
-#include "ZtElement.h"
-#include "ZtPiece.h"
 #include "base/ZtMemory.h"
 #include "base/ZtWith.h"
 #include "binding/ZtNames.h"
+#include "ztxml/ZtElement.h"
+#include "ztxml/ZtPiece.h"
 
 // ---- Values -------------------------------------------------------------------------------------
 

@@ -6,8 +6,8 @@
 #include <cstdint>
 
 #include "XMLCommonDef.h"
-#include "ZtPiece.h"
 #include "base/ZtBytes.h"
+#include "ztxml/ZtPiece.h"
 
 // The names beyond the table, numbered behind its rows.
 enum ZtExtraName : int {

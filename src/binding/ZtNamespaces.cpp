@@ -1,6 +1,5 @@
-#include "ZtNamespaces.h"
+#include "ztxml/ZtNamespaces.h"
 
-#include "XMLSchemaNameSpaceRetrieval.h"
 #include "XMLValueTypes.h"
 #include "binding/ZtNames.h"
 #include "ztPlatform.h"
@@ -74,12 +73,10 @@ const ZtNamespaceBinding* ZtNamespaceBindings::Find(const char* ownPrefix) const
   return at;
 }
 
-bool ZtNamespaceBindings::Apply(XMLObject* binder) {
-  auto* declarations = zt_schema_namespace_retrieval::From(binder);
-  if (!declarations) return true;
+bool ZtNamespaceBindings::Apply(ZtListOf<zt_AttributeValuePair>* declarations) {
   for (ZtNamespaceBinding* at = m_pFirst; at; at = at->next) at->given = false;
-  ZtSingleElementList* pairs = declarations->getNameSpaceInfo();
-  for (ZtListNode* node = pairs ? pairs->GetPtrToListHead() : nullptr; node; node = node->next) {
+  ZtListNode* node = declarations ? declarations->GetPtrToListHead() : nullptr;
+  for (; node; node = node->next) {
     const auto* pair = zt_AttributeValuePair::From(static_cast<XMLAttribute*>(node->data));
     if (!pair || !pair->getValue()) continue;
     ZtNamespaceBinding* at = m_pFirst;

@@ -1,9 +1,9 @@
-#include "ZtSchemaDecoder.h"
+#include "ztxml/ZtSchemaDecoder.h"
 
-#include "TagScanner.h"
 #include "XMLValueTypes.h"
 #include "base/ZtLog.h"
 #include "binding/ZtDocumentTable.h"
+#include "text/TagScanner.h"
 
 namespace {
 constexpr std::size_t kLeastPassName = 32;

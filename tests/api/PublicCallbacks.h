@@ -9,6 +9,7 @@
 #include "XMLFactory.h"
 #include "base/ZtMemory.h"
 #include "binding/ZtDocumentTable.h"
+#include "ztxml/ZtDocument.h"
 
 /// Passes on what the parser says in its public callbacks.
 class PublicCallbacks : public XmlDecoderSchema {

@@ -4,6 +4,7 @@
 #include <cstring>
 #include <memory>
 
+#include "XMLFactory.h"
 #include "XMLSchemaNameSpaceRetrieval.h"
 #include "XMLSimservs.h"
 #include "XMLXcapError.h"

@@ -1,0 +1,85 @@
+// The bases of the schema types: everything that a type's table of fields can answer for it.
+#ifndef ZTXML_INCLUDE_ZTELEMENT_H
+#define ZTXML_INCLUDE_ZTELEMENT_H
+
+#include "XMLElement.h"
+#include "ztxml/ZtHolders.h"
+#include "ztxml/ZtListOf.h"
+
+/// A type that is bound by a table; `Base` is XMLElement or XMLObject.
+template <class Base>
+class ZT_API ZtBound : public Base {
+ public:
+  /// What XMLElement says, as the type's table has it.
+  const char* ClassName() const override;
+  const char* BaseClassName() const override;
+  const char* ElementName() const override;
+  int ReservedHook() override;
+  int ProcessUnMarshall(char* name, char* value, XMLElement* child) final;
+  int ProcessUnMarshallAttribute(char* name, char* value, XMLAttribute* attribute) override;
+
+ protected:
+  virtual const ZtElementType& Type() const = 0;
+
+ private:
+  friend class ZtReflection;
+};
+
+extern template class ZtBound<XMLElement>;
+extern template class ZtBound<XMLObject>;
+
+/// A bound element.
+using ZtElement = ZtBound<XMLElement>;
+
+/// A bound element that derives from XMLObject.
+class ZT_API ZtObject : public ZtBound<XMLObject> {
+ public:
+  int IsRootElement() const override;
+};
+
+/// The base of a type `T` whose table is T::kType; `Base` is ZtElement, ZtObject or another type.
+template <class T, class Base = ZtElement>
+class ZtTyped : public Base {
+ public:
+  using Described = T;  ///< the type that T::kType is the table of
+
+ protected:
+  const ZtElementType& Type() const override { return T::kType; }
+};
+
+/// A type that keeps the child elements which it does not know. `Base` is ZtElement or ZtObject.
+template <class Base = ZtElement>
+class ZtKeepsElements : public Base {
+ public:
+  /// Takes a list of elements, stored as XMLElement*. They are never written unless the type says
+  /// which of them are.
+  int setAnyElementValue(ZtSingleElementList* list) { return m_AnyElements.Set(list); }
+  ZtListOf<XMLElement>* getAnyElementValue() const { return m_AnyElements; }
+  /// Takes `element`; 0 when it is null or owned, or there is no memory.
+  int addAnyElement(XMLElement* element) { return m_AnyElements.Add(element); }
+
+ private:
+  friend struct ZtExtensibleRows;
+
+  ZtChildList m_AnyElements;
+};
+
+/// A type that keeps all of its document beyond what it knows: child elements, and attributes,
+/// which are written back. `Base` is ZtElement or ZtObject.
+template <class Base = ZtElement>
+class ZtExtensible : public ZtKeepsElements<Base> {
+ public:
+  /// Takes a list of zt_AttributeValuePair, stored as XMLAttribute*. On output the first of a name
+  /// stands, and none that the element has as an attribute of its own.
+  int setAnyAttributeValue(ZtSingleElementList* list) { return m_AnyAttributes.Set(list); }
+  ZtListOf<zt_AttributeValuePair>* getAnyAttributeValue() const { return m_AnyAttributes; }
+  /// Takes `attribute`; 0 when it is null or owned, or there is no memory.
+  int addAnyAttribute(XMLAttribute* attribute) { return m_AnyAttributes.Add(attribute); }
+
+ private:
+  friend struct ZtExtensibleRows;
+
+  ZtAttributeList m_AnyAttributes;
+};
+
+#endif  // ZTXML_INCLUDE_ZTELEMENT_H

@@ -1,0 +1,165 @@
+// The schema decoder: turns the parser's callbacks into the tree of a document's objects. What one
+// document adds is how it is to be read: its roots, and what is done with prefixes.
+#ifndef ZTXML_INCLUDE_ZTSCHEMADECODER_H
+#define ZTXML_INCLUDE_ZTSCHEMADECODER_H
+
+#include "XMLStack.h"
+#include "XmlDecoder.h"
+#include "ztxml/ZtArena.h"
+#include "ztxml/ZtHolders.h"
+
+/// How the library reads a document and an element type; opaque to callers.
+struct ZtElementType;
+struct ZtDocument;
+struct ZtChildName;
+struct ZtField;
+struct ZtSource;
+class ZtNameId;
+enum class ZtOutcome : unsigned char;
+
+/// Reads one document. While it is read, what the decoder makes belongs to it until a parent adopts
+/// it; the root belongs to whoever takes it through GetSessionData.
+class ZT_API ZtSchemaDecoder : public XmlDecoderSchema {
+ public:
+  ~ZtSchemaDecoder() override;
+
+  int ProcessReserved() override;
+  int ProcessAttribute(char* element, char* name, char* value) override;
+  int ProcessElement(char* name, char* value) override;
+  int ProcessElementOpened(char* name) override;
+  /// The root (an XMLObject*), null until its start tag. The decoder never deletes it.
+  void* GetSessionData() override;
+
+  /// Before anything is read: what is made lies in `arena` (borrowed), with the texts of the
+  /// document that it keeps left in place; on the heap without one. A parser then hands its tags
+  /// over whole: the callbacks above, and a derived class's, are not made for each.
+  void Use(ZtArena& arena) {
+    if (!m_pRoot) m_pArena = &arena;
+  }
+
+  /// Tells the namespaces that the document declares, a zt_schema_namespace_retrieval. 0 when the
+  /// decoder has no use for them, else 1.
+  virtual int SetNameSpaceBinderInfo(XMLObject* binder);
+
+  /// Handles a known extension element (`name` without prefix): its start makes, opens and returns
+  /// a new object, which is the caller's until a parent adopts it; its end closes it. Null for
+  /// ends and other names.
+  XMLElement* ProcessAnyElement(char* name, char* value);
+
+  /// Sets PassName() to `name` without its first prefix ("/ns:a" becomes "/a"). Returns 1, or 0
+  /// without memory: PassName() is null then.
+  int XMLRemoveNameSpaceTag(char* name);
+
+  /// The name of the element in the last callback as it was normalised (borrowed). Null before, and
+  /// in decoders that compare names as they stand in the document.
+  const char* PassName() const { return m_PassName; }
+
+  /// Whether the tree is not to be used: something was lost for want of memory, or a start tag's
+  /// name began with a slash.
+  bool Failed() const { return m_bFailed; }
+
+  /// How many types the objects of one document may have.
+  static constexpr std::size_t kMostTypes = 40;
+
+ protected:
+  explicit ZtSchemaDecoder(const ZtDocument& document);
+
+  /// The name that rows know for `name`, of `size` bytes; null without memory. Sets
+  /// PassName().
+  virtual const char* LocalName(char* name, std::size_t& size);
+
+  /// The part of a start tag's name that rows know; `colon` is the first of the name, or
+  /// null. Null when only LocalName can tell.
+  virtual const char* LocalPart(const char* name, const char* colon) const;
+
+  /// Whether the start tag `name` is refused, with the document and a line in the log: what follows
+  /// its prefix begins with a slash, so that it would pass for the end of an element.
+  bool RefusesStart(const char* name);
+
+  /// Room for a pass name of `size` bytes and its NUL; null without memory, with the given line.
+  char* ReservePassName(std::size_t size, const char* noMemory);
+
+  XMLObject* m_pRoot;
+  char* m_PassName;  // owned
+  XmlCodeGenStack m_Stack;
+  const ZtDocument& m_Document;
+  bool m_bFailed;
+
+ private:
+  struct Open {  // an object and its type, null when there is none
+    XMLElement* object = nullptr;
+    const ZtElementType* type = nullptr;
+  };
+
+  // What an element with an object is.
+  enum class Kind : unsigned char { kObject, kRoot, kExtension };
+
+  struct Element {  // what a name is: null types have no object of their own
+    const ZtElementType* type = nullptr;
+    const ZtField* row = nullptr;  // of the parent, when it has one
+    Kind kind = {};
+  };
+
+  struct Frame {  // of an object on the stack
+    const ZtElementType* type;
+    int name;  // of its element
+    Kind kind;
+  };
+
+  int ProcessStart(ScannedTag& tag) override;
+  void ProcessAttributes(ScannedTag& tag) override;
+  int ProcessEnd(char* slashName, std::size_t nameSize, char* text, std::size_t textSize) override;
+  inline bool EndOpened(char* slashName, std::size_t nameSize, ZtPiece text);
+
+  ZtSource SourceOf(const ZtElementType& type);
+  void Attribute(const ZtElementType& type, ZtPiece name, ZtPiece value);
+  inline void KeepAttribute(const ZtElementType& type, const ZtField* field, ZtPiece name,
+                            ZtPiece value);
+  ZtOutcome OfferAttribute(const ZtElementType& type, ZtPiece name, ZtPiece value);
+  XMLElement* Make(const ZtElementType& type);
+  XMLElement* MakeFlag(ZtPiece name);
+  inline bool Start(const Open& current, const ZtChildName& name);
+  void StartRoot(const Element& element, ZtNameId name);
+  inline bool StartChild(const Open& current, const Element& element, const ZtChildName& name);
+  XMLElement* StartExtension(const Element& element, ZtNameId name);
+  void End(const Open& current, const ZtChildName& name, ZtPiece value, bool skipped);
+  void OfferEnd(const Open& current, const ZtField* row, const ZtChildName& name, ZtPiece value);
+  ZtOutcome Offer(const Open& parent, const ZtChildName& name, ZtPiece value, XMLElement* child);
+  inline ZtOutcome OfferStarted(const Open& parent, const Element& element, const ZtChildName& name,
+                                XMLElement* child);
+  int ElementCallback(char* name, ZtPiece value);
+  bool IsNamed(const char* element) const;
+  void RefuseSlash();
+  void NoteEmptyStack(int callbacks) const;
+  Open Current() const;
+  inline Element Find(ZtNameId name, const ZtElementType* current);
+  const ZtElementType* FindAnywhere(ZtNameId name, bool atEnd);
+  void AddType(const ZtElementType* type);
+  bool Closes(const Open& current, ZtNameId name) const;
+  const ZtElementType* CurrentType() const;
+  void Push(XMLElement* object, const Element& element, ZtNameId name);
+  void Pop();
+
+  std::size_t m_iPassCapacity;  // bytes allocated for m_PassName
+  Frame m_Frames[XmlCodeGenStack::kCapacity];
+  Open m_Started;          // made by the last start tag: its attributes go there
+  std::size_t m_iDropped;  // open elements that a full stack did not take
+  std::size_t m_iSkipped;  // depth inside an element whose content is skipped, 0 outside
+  bool m_bOfferEnd;        // the skipped element's end is offered with its text
+  const ZtField* m_pText;  // the row that the skipped element's text is for, or null
+  const char* m_pNamed;    // where the name was that was normalised last
+  ZtArena* m_pArena;       // of what is made, null for the heap
+  const ZtElementType* m_Types[kMostTypes];  // of the document, once they are asked for
+  std::size_t m_iTypes;
+  ZtChildList m_ReplacedRoots;  // earlier roots: they may still be open
+};
+
+/// The decoder of the document that `Context` describes; `Base` is ZtSchemaDecoder or
+/// ZtNamespaceDecoder.
+template <class Context, class Base = ZtSchemaDecoder>
+class ZtDecoderOf : public Base {
+ public:
+  ZtDecoderOf() : Base(Context::kDocument) {}
+};
+
+#endif  // ZTXML_INCLUDE_ZTSCHEMADECODER_H

@@ -1,0 +1,82 @@
+#include "XMLPresence.h"
+
+#include "base/ZtLog.h"
+#include "binding/ZtDocumentTable.h"
+#include "documents/PresenceBinding.h"
+
+namespace {
+
+constexpr char kSource[] = "src/XMLPresence";
+constexpr ZtFamily kFamily = ZtPresenceFamily(kSource);
+
+constexpr ZtEnumSlot kBasicSlots[] = {"open", "closed"};
+constexpr ZtEnumTable kBasic = {kBasicSlots, 2, 2, ZT_PRESENCE_BASIC_ABSENT, false};
+
+// Intended: the prefixes "op" and "caps" are always declared, and written in the place of those
+// that the document had; peers compare the text.
+constexpr ZtExtras kNamespaces = {{{XML_STR_URN_IETF_PARAMS_XML_NS_PIDF, XML_STR_ZT_NULL},
+                                   {XML_STR_URN_OMA_XML_PRS_PIDF_OMA_PRES, XML_STR_OP},
+                                   {XML_STR_URN_IETF_PARAMS_XML_NS_PIDF_CAPS, XML_STR_CAPS}}};
+
+using Status = PresenceNameSpace::zt_status;
+
+constexpr ZtChoice kExtensions[] = {
+    {XML_STR_SERVICE_DESCRIPTION, zt_ns_oma_pres_service_description::kType},
+    {XML_STR_SERVCAPS, zt_ns_caps_servcaps::kType},
+    {}};
+
+}  // namespace
+
+// ---- Types --------------------------------------------------------------------------------------
+
+const ZtElementType zt_note::kType = {
+    ZtTypeOf<zt_note>("zt_note", "note", kFamily).Writer(XML_STR_NOTE, "AddNoteElementToXml"),
+    {ztrow::OwnText(XML_STR_NOTE, &zt_note::m_Value), kZtOthers}};
+
+const ZtElementType zt_contact::kType = {
+    ZtTypeOf<zt_contact>("zt_contact", "contact", kFamily)
+        .Writer(XML_STR_CONTACT, "AddContactElementToXml"),
+    {ztrow::Attribute(XML_STR_PRIORITY, &zt_contact::m_Priority),
+     ztrow::OwnText(XML_STR_CONTACT, &zt_contact::m_Uri), kZtOthers}};
+
+const ZtElementType PresenceNameSpace::zt_status::kType = {
+    ZtTypeOf<PresenceNameSpace::zt_status>("PresenceNameSpace::zt_status", "status", kFamily)
+        .Writer(XML_STR_STATUS, "AddStatusElementToXml"),
+    {ztrow::TextElement(XML_STR_BASIC, &Status::m_Basic, kBasic), kZtOthers}};
+
+// Intended: a tuple without its required id fails the document without a line of its own; log
+// readers find the line of the document that failed.
+const ZtElementType zt_tuple::kType = {
+    ZtTypeOf<zt_tuple>("zt_tuple", "tuple", kFamily).Writer(XML_STR_TUPLE, "AddTupleElementToXml"),
+    {ztrow::Attribute(XML_STR_ID, &zt_tuple::m_Id).Required(nullptr, 0),
+     ztrow::Child(XML_STR_STATUS, &zt_tuple::m_Status, Status::kType),
+     ZtExtensibleRows::Elements<ZtElement>(kExtensions),
+     ztrow::Child(XML_STR_CONTACT, &zt_tuple::m_Contact, zt_contact::kType),
+     ztrow::TextElement(XML_STR_TIMESTAMP, &zt_tuple::m_Timestamp),
+     ztrow::Children(XML_STR_NOTE, &zt_tuple::m_Notes, zt_note::kType)}};
+
+const ZtElementType zt_presence::kType = {
+    ZtTypeOf<zt_presence>("zt_presence", "presence", kFamily)
+        .Writer(XML_STR_PRESENCE, "AddPresenceElementToXml")
+        .With(kNamespaces)
+        .Root(),
+    {ztrow::Attribute(XML_STR_ENTITY, &zt_presence::m_Entity)
+         .Required("PresenceMarshaller :: AddPresenceElementToXml: Entity is mandatory attribute",
+                   kZtLogError),
+     ztrow::Children(XML_STR_TUPLE, &zt_presence::m_Tuples, zt_tuple::kType),
+     ztrow::Children(XML_STR_NOTE, &zt_presence::m_Notes, zt_note::kType),
+     ZtExtensibleRows::kElements<ZtObject>}};
+
+// ---- Workers ------------------------------------------------------------------------------------
+
+const ZtDocument PresenceContext::kDocument = {
+    ZtDocumentOf<PresenceContext, XMLPresenceDecoder, PresenceUnMarshaller, PresenceMarshaller,
+                 PresenceDataBinder>(kSource)
+        .Schema(XML_SCHEMA_PRESENCE, "Presence", "urn:ietf:params:xml:ns:pidf", "presence")
+        .Decodes("XMLPresenceDecoder", "src/Presence", ZtPrefixRule::kStrip)
+        .Reads("PresenceUnMarshaller")
+        .Writes("PresenceMarshaller", "mPresenceXml")
+        // Intended: log readers know a presence document that was written as the
+        // IsComposingMarshaller's; a failure has the right name.
+        .ReportsAs("IsComposingMarshaller", "PresenceMarshaller"),
+    {{XML_STR_PRESENCE, &zt_presence::kType}}};

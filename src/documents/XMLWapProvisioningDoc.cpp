@@ -1,0 +1,28 @@
+#include "XMLWapProvisioningDoc.h"
+
+#include "documents/CharacteristicBinding.h"
+
+namespace {
+constexpr char kSource[] = "src/XMLWapProvisioningDoc";
+constexpr ZtFamily kFamily = ZtQuietFamily(kSource);
+}  // namespace
+
+const ZtElementType zt_wap_provisioning_doc::kType = {
+    ZtTypeOf<zt_wap_provisioning_doc>("zt_wap_provisioning_doc", "wap-provisioningdoc", kFamily)
+        .AttributesAsTexts()
+        .Root(),
+    {CharacteristicBinding::kVersion, CharacteristicBinding::kCharacteristics}};
+
+// Intended: callers get a marshaller, whose Marshall always gives null, although the document is
+// only read.
+char* WapProvisioningDocMarshall::Marshall(XMLElement*) { return nullptr; }
+
+const ZtDocument WapProvisioningDocContext::kDocument = {
+    ZtDocumentOf<WapProvisioningDocContext, XMLWapProvisioningDocDecoder,
+                 WapProvisioningDocUnMarshaller, WapProvisioningDocMarshall,
+                 WapProvisioningDocDataBinder>(kSource)
+        .Schema(XML_SCHEMA_WAP_PROVISIONING_DOC, "WapProvisioningDoc", nullptr,
+                "wap-provisioningdoc")
+        .Decodes("XMLWapProvisioningDocDecoder", "src/WapProvisioningDoc", ZtPrefixRule::kStrip)
+        .Reads("WapProvisioningDocUnMarshaller"),
+    {{ZT_STR_WAP_PROVISIONINGDOC, &zt_wap_provisioning_doc::kType}}};

@@ -1,0 +1,165 @@
+#include "XMLCommonPolicy.h"
+
+#include "binding/ZtElementWriter.h"
+#include "documents/services/CommonPolicyBinding.h"
+
+namespace {
+
+using Policy = CommonPolicyBinding;
+
+constexpr ZtChoice kServiceConditions[] = {
+    Policy::kFlags,
+    {XML_STR_MEDIA, zt_ns_xcap_media_type::kType},
+    ZtChoice(ZT_STR_EXTERNAL_LIST, zt_external_list::kType).NotWritten(),
+    {}};
+
+int CountOf(const ZtSingleElementList* list) { return list ? list->GetCount() : 0; }
+
+// The text of a list's entry, null when there is no text in it.
+const zt_string* TextAt(const ZtListNode* node) {
+  return zt_string::From(static_cast<XMLElement*>(node->data));
+}
+
+bool WriteIdentity(ZtElementWriter& writer, const XMLElement& self, const ZtElementType& type) {
+  const auto& identity = static_cast<const zt_ns_common_policy_identityType&>(self);
+  if (ZtHeadOf(identity.getOneListValue()) || ZtHeadOf(identity.getManyListValue())) {
+    return writer.WriteChildren(self, type);
+  }
+  writer.Log(kZtLogError,
+             "<XML Module>: Identity element - m_OneListCount: %d, m_ManyListCount: %d",
+             CountOf(identity.getOneListValue()), CountOf(identity.getManyListValue()));
+  return false;
+}
+
+bool WriteValidity(ZtElementWriter& writer, const XMLElement& self, const ZtElementType&) {
+  const auto& validity = static_cast<const zt_ns_common_policy_validityType&>(self);
+  const ZtListNode* from = ZtHeadOf(validity.getFromListValue());
+  const ZtListNode* until = ZtHeadOf(validity.getUntilListValue());
+  bool paired = from && until;
+  while (paired && from && until) {
+    from = from->next;
+    until = until->next;
+    paired = !from == !until;
+  }
+  if (!paired) {
+    writer.Log(kZtLogError,
+               "<XML Module>: Validity element - m_fromListCount: %d, m_untilListCount: %d",
+               CountOf(validity.getFromListValue()), CountOf(validity.getUntilListValue()));
+    return false;
+  }
+  from = ZtHeadOf(validity.getFromListValue());
+  until = ZtHeadOf(validity.getUntilListValue());
+  for (; from && until; from = from->next, until = until->next) {
+    const zt_string* start = TextAt(from);
+    const zt_string* end = TextAt(until);
+    if (!start || !end) continue;
+    writer.WriteText(XML_STR_FROM, start->getValue() ? start->getValue() : "");
+    writer.WriteText(XML_STR_UNTIL, end->getValue() ? end->getValue() : "");
+  }
+  return true;
+}
+
+constexpr ZtExtras kIdentity = {{}, nullptr, WriteIdentity};
+constexpr ZtExtras kValidity = {{}, nullptr, WriteValidity};
+
+}  // namespace
+
+// ---- Conditions ---------------------------------------------------------------------------------
+
+const ZtElementType zt_ns_common_policy_exceptType::kType = {
+    ZtTypeOf<zt_ns_common_policy_exceptType>("zt_ns_common_policy_exceptType",
+                                             "CommonPolicy:ExceptType", Policy::kFamily)
+        .Writer(XML_STR_EXCEPT, "AddExceptElementToXml", XML_STR_CP)
+        .RefusesUnknownChildren(),
+    {ztrow::Attribute(XML_STR_DOMAIN, &zt_ns_common_policy_exceptType::m_Domain),
+     ztrow::Attribute(XML_STR_ID, &zt_ns_common_policy_exceptType::m_Id)}};
+
+const ZtElementType zt_ns_common_policy_oneType::kType = {
+    ZtTypeOf<zt_ns_common_policy_oneType>("zt_ns_common_policy_oneType", "CommonPolicy:OneType",
+                                          Policy::kTellingFamily)
+        .Starts(ZtStartTag::kEmpty)
+        .ChecksFirst(),
+    {ztrow::Attribute(XML_STR_ID, &zt_ns_common_policy_oneType::m_Id)
+         .Required("<XML Module>: One element's - Id attribute is mandatory", kZtLogError),
+     ztrow::OtherChildren(&zt_ns_common_policy_oneType::m_AnyList)}};
+
+// Intended: only an attribute closes the start tag of a "many", so that it stays open when there is
+// no domain; peers were tested with callers that set one.
+const ZtElementType zt_ns_common_policy_manyType::kType = {
+    ZtTypeOf<zt_ns_common_policy_manyType>("zt_ns_common_policy_manyType", "CommonPolicy:ManyType",
+                                           Policy::kTellingFamily)
+        .Starts(ZtStartTag::kStaysOpen),
+    {ztrow::Attribute(XML_STR_DOMAIN, &zt_ns_common_policy_manyType::m_Domain),
+     ztrow::Children(XML_STR_EXCEPT, &zt_ns_common_policy_manyType::m_ExceptList,
+                     zt_ns_common_policy_exceptType::kType),
+     ztrow::OtherChildren(&zt_ns_common_policy_manyType::m_AnyList)}};
+
+const ZtElementType zt_ns_common_policy_identityType::kType = {
+    ZtTypeOf<zt_ns_common_policy_identityType>("zt_ns_common_policy_identityType",
+                                               "CommonPolicy:IdentityType", Policy::kTellingFamily)
+        .RefusesUnknownAttributes()
+        .With(kIdentity),
+    {ztrow::Children(XML_STR_ONE, &zt_ns_common_policy_identityType::m_OneList,
+                     zt_ns_common_policy_oneType::kType),
+     ztrow::Children(XML_STR_MANY, &zt_ns_common_policy_identityType::m_ManyList,
+                     zt_ns_common_policy_manyType::kType),
+     ztrow::OtherChildren(&zt_ns_common_policy_identityType::m_AnyList)}};
+
+const ZtElementType zt_ns_common_policy_sphereType::kType = {
+    ZtTypeOf<zt_ns_common_policy_sphereType>("zt_ns_common_policy_sphereType",
+                                             "CommonPolicy:SphereType", Policy::kFamily)
+        .RefusesUnknownChildren()
+        .ChecksFirst(),
+    {ztrow::Attribute(XML_STR_VALUE, &zt_ns_common_policy_sphereType::m_Value)
+         .Required("<XML Module>: Sphere element's - Value attribute is mandatory", kZtLogError)}};
+
+const ZtElementType zt_ns_common_policy_validityType::kType = {
+    ZtTypeOf<zt_ns_common_policy_validityType>("zt_ns_common_policy_validityType",
+                                               "CommonPolicy:ValidityType", Policy::kFamily)
+        .RefusesUnknownAttributes()
+        .With(kValidity),
+    {ztrow::TextElements(XML_STR_FROM, &zt_ns_common_policy_validityType::m_FromList).Always(),
+     ztrow::TextElements(XML_STR_UNTIL, &zt_ns_common_policy_validityType::m_UntilList).Always()}};
+
+const ZtElementType zt_ns_common_policy_conditionsType::kType = {
+    ZtTypeOf<zt_ns_common_policy_conditionsType>(
+        "zt_ns_common_policy_conditionsType", "CommonPolicy:ConditionsType", Policy::kTellingFamily)
+        .Writer(XML_STR_CONDITIONS, "AddConditionsElementToXml", XML_STR_CP)
+        .RefusesUnknownAttributes(),
+    {ztrow::Children(XML_STR_IDENTITY, &zt_ns_common_policy_conditionsType::m_IdentityList,
+                     zt_ns_common_policy_identityType::kType),
+     ztrow::Children(XML_STR_SPHERE, &zt_ns_common_policy_conditionsType::m_SphereList,
+                     zt_ns_common_policy_sphereType::kType),
+     ztrow::Children(XML_STR_VALIDITY, &zt_ns_common_policy_conditionsType::m_ValidityList,
+                     zt_ns_common_policy_validityType::kType),
+     ztrow::OtherChildren(&zt_ns_common_policy_conditionsType::m_AnyList, kServiceConditions)
+         .Lenient()}};
+
+// ---- Rules --------------------------------------------------------------------------------------
+
+// Intended: transformations are written without their content; no peer has asked for any.
+const ZtElementType zt_ns_common_policy_extensibleType::kType = {
+    Policy::kExtensibleFacts.Writer(XML_STR_TRANSFORMATIONS, "AddTransformationsElementToXml",
+                                    XML_STR_CP),
+    {Policy::Elements(nullptr)}};
+const ZtElementType zt_ns_common_policy_ruleType::kType = {
+    Policy::kRuleFacts,
+    {Policy::kId, Policy::kConditions, Policy::Actions(zt_ns_common_policy_extensibleType::kType),
+     Policy::kTransformations}};
+const ZtElementType zt_ns_common_policy_ruleset::kType = {
+    Policy::kRuleSetFacts, {Policy::Rules(zt_ns_common_policy_ruleType::kType)}};
+
+// ---- Workers ------------------------------------------------------------------------------------
+
+int ZtPolicyMarshaller::AddRuleSetElementToXml(zt_ns_common_policy_ruleset* ruleset) {
+  return Write(ruleset, *Policy().ruleset);
+}
+int ZtPolicyMarshaller::AddRuleElementToXml(zt_ns_common_policy_ruleType* rule) {
+  return Write(rule, *Policy().rule);
+}
+int ZtPolicyMarshaller::AddActionsElementToXml(zt_ns_common_policy_extensibleType* actions) {
+  return Write(actions, *Policy().actions);
+}
+int ZtPolicyMarshaller::AddEmptyElementtoXml(zt_empty_element_type* flag) {
+  return Write(flag, Policy::kFlag);
+}

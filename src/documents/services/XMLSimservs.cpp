@@ -1,0 +1,393 @@
+#include "XMLSimservs.h"
+
+#include "XMLCommunicationBarring.h"
+#include "XMLCommunicationDiversion.h"
+#include "XMLCommunicationWaiting.h"
+#include "XMLFile.h"
+#include "XMLOIP.h"
+#include "XMLSchemaNameSpaceRetrieval.h"
+#include "XMLTIP.h"
+#include "base/ZtLog.h"
+#include "documents/services/ElementCutter.h"
+#include "documents/services/SimservBinding.h"
+
+namespace {
+
+constexpr char kSource[] = "src/XMLSimservs";
+constexpr ZtFamily kFamily = ZtQuietFamily(kSource);
+
+// Intended: the namespace of the services is declared twice, as the default one and as "ss": the
+// root is written without a prefix and its services with "ss", whatever the document had, and peers
+// compare the text.
+constexpr ZtExtras kNamespaces = {
+    {{XML_STR_HTTP_URI_ETSI_ORG_NGN_PARAMS_XML_SIMSERVS_XCAP, XML_STR_ZT_NULL},
+     {XML_STR_HTTP_URI_ETSI_ORG_NGN_PARAMS_XML_SIMSERVS_XCAP, XML_STR_SS},
+     {XML_STR_URN_IETF_PARAMS_XML_NS_COMMON_POLICY, XML_STR_CP},
+     {XML_STR_URN_OMA_XML_XDM_COMMON_POLICY, XML_STR_OCP}}};
+
+// ---- Services -----------------------------------------------------------------------------------
+
+// A service, in the order in which they are cut out and read. Intended: the ClassName of a
+// service's root type is its element's name ("communication-diversion") where other types have the
+// name of their C++ class; callers tell services apart by it. Intended: log lines call one service
+// by several names, such as "pOIP", "poip" and "OIP"; log readers search for each.
+struct Service {
+  e_XmlStrRef element;
+  const ZtDocument* document;
+  const char* table;
+  const char* cut;
+  const char* read;
+  const char* written;
+};
+constexpr Service kServices[] = {
+    {XML_STR_INCOMING_COMMUNICATION_BARRING, &CommunicationBarringContext::kDocument,
+     "pCommunicationBarring", "Incoming Communication Barring", "Communication Barring (Incoming)",
+     "Communication Barring"},
+    {XML_STR_OUTGOING_COMMUNICATION_BARRING, &CommunicationBarringContext::kDocument,
+     "pCommunicationBarring", "Outgoing Communication Barring", "Communication Barring (Outgoing)",
+     "Communication Barring"},
+    {XML_STR_COMMUNICATION_DIVERSION, &CommunicationDiversionContext::kDocument,
+     "pCommunicationDiversion", "Communication Diversion", "Communication Diversion",
+     "Communication Diversion"},
+    {XML_STR_COMMUNICATION_WAITING, &CommunicationWaitingContext::kDocument,
+     "pCommunicationWaiting", "Communication Waiting", "Communication Waiting",
+     "Communication Waiting"},
+    {XML_STR_ORIGINATING_IDENTITY_PRESENTATION, &OIPContext::kDocument, "pOIP", "OIP", "poip",
+     "OIP"},
+    {XML_STR_TERMINATING_IDENTITY_PRESENTATION, &TIPContext::kDocument, "pTIP", "TIP", "ptip",
+     "TIP"},
+};
+constexpr std::size_t kServiceCount = sizeof(kServices) / sizeof(kServices[0]);
+
+const Service* FindService(const char* className) {
+  for (const Service& service : kServices) {
+    if (__strcmp(ZtName(service.element), className) == 0) return &service;
+  }
+  return nullptr;
+}
+
+// The contexts of the services, one for each schema, made when first asked for.
+class Contexts {
+ public:
+  explicit Contexts(XMLObject* binder) : m_pBinder(binder) {}
+  ~Contexts() {
+    for (XMLContext* context : m_Contexts) ZtRelease(context);
+  }
+  Contexts(const Contexts&) = delete;
+  Contexts& operator=(const Contexts&) = delete;
+
+  // False without memory; `root` is null, too, when the service cannot be read.
+  bool Read(const Service& service, const char* text, XMLElement*& root) {
+    XMLContext* context = Get(service);
+    XMLUnMarshaller* worker = context ? context->unMarshaller() : nullptr;
+    if (context && !worker) worker = context->createUnMarshaller();
+    root = worker ? worker->UnMarshall(text) : nullptr;
+    // The text is part of one that has been parsed: what fails now is not the text's fault.
+    return root || (worker && static_cast<ZtUnMarshaller*>(worker)->Parse(text, root));
+  }
+  // False without memory; `text` is null, too, when the service cannot be written.
+  bool Write(const Service& service, XMLElement* root, const char*& text) {
+    XMLContext* context = Get(service);
+    XMLMarshaller* worker = context ? context->marshaller() : nullptr;
+    if (context && !worker) worker = context->createMarshaller();
+    text = worker ? worker->Marshall(root) : nullptr;
+    return text || (worker && !static_cast<ZtMarshaller*>(worker)->WasCutShort());
+  }
+
+ private:
+  // Two services may be of one document, and share its context.
+  XMLContext* Get(const Service& service) {
+    const Service* first = kServices;
+    while (first->document != service.document) ++first;
+    XMLContext*& context = m_Contexts[first - kServices];
+    if (context) return context;
+    context = ZtNewContext(*service.document);
+    if (context && m_pBinder) context->SetNamespaceBinder(m_pBinder);
+    return context;
+  }
+
+  XMLObject* m_pBinder;
+  XMLContext* m_Contexts[kServiceCount] = {};
+};
+
+// Sets `few` to the namespaces of the services as `bindings` has them, for texts of at most `size`
+// bytes: a longer prefix cannot occur in them. False without memory.
+bool PickNamespaces(const ZtNamespaceBindings& bindings, std::size_t size,
+                    zt_schema_namespace_retrieval& few) {
+  ZtSingleElementList* list = zt_xml_common_methods::CreateElementList();
+  few.setNameSpaceInfo(list);
+  for (const ZtNamespaceBinding* at = bindings.First(); at && list; at = at->next) {
+    const char* alias = at->aliasSize <= size ? at->alias.Get() : nullptr;
+    zt_AttributeValuePair* pair = ZtMakePair(kSource, alias, at->uri.Get());
+    if (!pair || !list->Add(static_cast<XMLAttribute*>(pair))) {
+      ZtRelease(pair);
+      return false;
+    }
+  }
+  return list != nullptr;
+}
+
+// The namespaces of a document as its services are to see them. The declarations are gone through
+// once, not again for each service, and a service costs nothing for prefixes that are longer than
+// itself.
+class ServiceNamespaces {
+ public:
+  explicit ServiceNamespaces(zt_schema_namespace_retrieval* declarations)
+      : m_bBound(declarations != nullptr) {
+    m_bComplete = !declarations ||
+                  (m_Bindings.Complete() && m_Bindings.Apply(declarations->getNameSpaceInfo()));
+    for (const ZtNamespaceBinding* at = m_Bindings.First(); at; at = at->next) {
+      if (at->aliasSize > m_iLongest) m_iLongest = at->aliasSize;
+    }
+  }
+
+  // False without memory.
+  bool For(const char* service) {
+    if (!m_bBound || !m_bComplete) return m_bComplete;
+    const std::size_t size = m_iLongest <= kShortPrefix ? kShortPrefix : __strlen(service);
+    if (size == m_iPicked) return true;
+    m_iPicked = size;
+    return PickNamespaces(m_Bindings, size, m_Few);
+  }
+  XMLObject* Binder() { return m_bBound ? &m_Few : nullptr; }
+
+ private:
+  static constexpr std::size_t kShortPrefix = 64;
+
+  ZtNamespaceBindings m_Bindings;
+  zt_schema_namespace_retrieval m_Few;
+  std::size_t m_iLongest = 0;
+  std::size_t m_iPicked = 0;
+  bool m_bBound;
+  bool m_bComplete;
+};
+
+// A text that grows; null before the first piece.
+class GrowingText {
+ public:
+  GrowingText() = default;
+  ~GrowingText() { __free(m_pText); }
+  GrowingText(const GrowingText&) = delete;
+  GrowingText& operator=(const GrowingText&) = delete;
+
+  bool Append(const char* piece) {
+    const std::size_t size = __strlen(piece);
+    if (m_iSize + size >= m_iCapacity) {
+      const std::size_t capacity = 2 * (m_iSize + size + 1);
+      auto* text = static_cast<char*>(__malloc(capacity));
+      if (!text) return false;
+      if (m_pText) std::memcpy(text, m_pText, m_iSize);
+      __free(m_pText);
+      m_pText = text;
+      m_iCapacity = capacity;
+    }
+    std::memcpy(m_pText + m_iSize, piece, size + 1);
+    m_iSize += size;
+    return true;
+  }
+  const char* Get() const { return m_pText; }
+
+ private:
+  char* m_pText = nullptr;
+  std::size_t m_iSize = 0;
+  std::size_t m_iCapacity = 0;
+};
+
+bool Append(GrowingText& services, const char* text) {
+  if (services.Append(text)) return true;
+  ZtLog(kZtLogError, kSource)("<XML Module>: pString calloc failed");
+  return false;
+}
+
+}  // namespace
+
+// ---- Types --------------------------------------------------------------------------------------
+
+const ZtElementType zt_Simservs::kType = {ZtTypeOf<zt_Simservs>("zt_Simservs", "simservs", kFamily)
+                                              .Writer(XML_STR_SIMSERVS, "AddSimservsElementToXml")
+                                              .With(kNamespaces)
+                                              .Root()};
+
+// ---- Writing ------------------------------------------------------------------------------------
+
+// A service that cannot be written is left out. One for which there is no memory would be deleted
+// at the server that such a document is put to: there is none then.
+char* SimservsMarshaller::Complete(XMLElement* root, char* text) {
+  GrowingText services;
+  bool whole = Append(services, "");
+  Contexts contexts(nullptr);
+  const ZtLog trace(kZtLogTrace, kSource);
+  ZtSingleElementList* list = static_cast<zt_Simservs*>(root)->getServiceListValue();
+  for (ZtListNode* node = list ? list->GetPtrToListHead() : nullptr; node && whole;
+       node = node->next) {
+    auto* object = static_cast<XMLElement*>(node->data);
+    const char* className = object ? object->ClassName() : nullptr;
+    if (!className) {
+      trace(object ? "<XML Module>: SimservsMarshaller get ClassName failed"
+                   : "<XML Module>: SimservsMarshaller GetKeyAtIndex failed");
+      continue;
+    }
+    const Service* service = FindService(className);
+    if (!service) continue;
+    const char* written = nullptr;
+    whole = contexts.Write(*service, object, written);
+    trace("<XML Module>: SimservsMarshaller XML - %s Marshalling %s", service->written,
+          written ? "Success" : "error");
+    whole = whole && (!written || Append(services, written));
+  }
+  char* document = whole ? InsertString(text, services.Get()) : text;
+  if (document != text) return document;
+  __free(text);
+  return nullptr;
+}
+
+char* SimservsMarshaller::InsertString(char* envelope, const char* services) {
+  if (!envelope || !services) {
+    ZtLog(kZtLogState, kSource)("SimservsMarshaller :: InsertString mSimservsXml or pString NULL ");
+    return envelope;
+  }
+  // Intended: InsertString puts the services before the first "</" of the envelope, whatever ends
+  // there; callers that bring an envelope of their own have an empty root in it.
+  const char* end = __strstr(envelope, "</");
+  if (!end) return envelope;
+  const auto head = static_cast<std::size_t>(end - envelope);
+  const std::size_t size = __strlen(services);
+  const std::size_t tail = __strlen(end) + 1;
+  auto* text = static_cast<char*>(__malloc(head + size + tail));
+  if (!text) {
+    ZtLog(kZtLogState, kSource)(
+        "SimservsMarshaller :: InsertString malloc failed for pTempStr returning mSimservsXml ");
+    return envelope;
+  }
+  std::memcpy(text, envelope, head);
+  std::memcpy(text + head, services, size);
+  std::memcpy(text + head + size, end, tail);
+  __free(envelope);
+  return text;
+}
+
+// ---- Reading ------------------------------------------------------------------------------------
+
+XMLElement* SimservsUnMarshaller::UnMarshall(const char* xml) {
+  char* text = xml ? __strdup(xml) : nullptr;
+  if (xml && !text) {
+    ZtLog(kZtLogError, kSource)("<XML Module>: StrDup failed in SimservsUnMarshaller::UnMarshall");
+  }
+  return ReadCopy(text);
+}
+
+XMLElement* SimservsUnMarshaller::UnMarshall(XMLFile* file) {
+  const char* xml = file ? file->Read() : nullptr;
+  return ReadCopy(xml ? __strdup(xml) : nullptr);
+}
+
+XMLElement* SimservsUnMarshaller::ReadCopy(char* text) {
+  if (!text) return nullptr;
+  XMLElement* root = validateXML(text) ? ReadCut(text) : nullptr;
+  __free(text);
+  return root;
+}
+
+int SimservsUnMarshaller::validateXML(char* text) {
+  XMLElement* root = nullptr;
+  const bool valid = text && Parse(text, root);
+  ZtRelease(root);
+  ZtLog(kZtLogTrace,
+        kSource)(valid ? "<XML Module>: XML Decode Success" : "<XML Module>: XML Decode Failed");
+  return valid;
+}
+
+namespace {
+
+constexpr char kCutLine[] = "<XML Module>: XML SimservsUnmarshall %s replace Substring %s ";
+constexpr char kNoCopyLine[] =
+    "<XML Module>: SimservsUnMarshaller :: replaceSubStringWithNull malloc failed returning "
+    "pString";
+
+bool Cut(const Service& service, char* text, ZtElementCutter& cutter) {
+  const ZtLog trace(kZtLogTrace, kSource);
+  switch (cutter.Cut(text, ZtName(service.element))) {
+    case ZtElementCutter::kCut:
+      for (std::size_t n = cutter.Count(); n; --n) trace(kCutLine, "Success", service.cut);
+      return true;
+    case ZtElementCutter::kNoCopy:
+      ZtLog(kZtLogState, kSource)(kNoCopyLine);
+      trace(kCutLine, "Error", service.cut);
+      return false;
+    default:
+      ZtLog(kZtLogError, kSource)(
+          "<XML Module>: Malloc failed in SimservsUnMarshaller::UnMarshall %s", service.table);
+      return false;
+  }
+}
+
+// Reads the services that were cut out into `root`; false when one is missing for want of memory.
+// Intended: a service that cannot be read is dropped, and callers get the others.
+bool ReadServices(const Service& service, const ZtElementCutter& cutter,
+                  ServiceNamespaces& namespaces, Contexts& contexts, zt_Simservs& root) {
+  const char* text = cutter.Texts();
+  for (std::size_t n = cutter.Count(); n; --n, text += __strlen(text) + 1) {
+    XMLElement* read = nullptr;
+    const bool done = namespaces.For(text) && contexts.Read(service, text, read);
+    const bool added = read && root.addService(static_cast<XMLObject*>(read));
+    ZtLog(kZtLogTrace, kSource)("<XML Module>: XML Decode %s in %s", added ? "Success" : "Failure",
+                                service.read);
+    if (added) continue;
+    ZtRelease(read);
+    if (!done || read) return false;
+  }
+  return true;
+}
+
+}  // namespace
+
+XMLElement* SimservsUnMarshaller::ReadCut(char* text) {
+  ZtElementCutter cutters[kServiceCount];
+  for (std::size_t i = 0; i < kServiceCount; ++i) {
+    if (!Cut(kServices[i], text, cutters[i])) return nullptr;
+  }
+  if (!*text) ZtLog(kZtLogTrace, kSource)("<XML Module>: XML Decode Failed pstring NULL");
+  XMLElement* parsed = nullptr;
+  if (!Parse(text, parsed) || !parsed) return nullptr;
+  ServiceNamespaces namespaces(zt_schema_namespace_retrieval::From(NamespaceBinder()));
+  Contexts contexts(namespaces.Binder());
+  for (std::size_t i = 0; i < kServiceCount; ++i) {
+    auto& root = static_cast<zt_Simservs&>(*parsed);
+    if (ReadServices(kServices[i], cutters[i], namespaces, contexts, root)) continue;
+    ZtRelease(parsed);
+    return nullptr;
+  }
+  return parsed;
+}
+
+char* SimservsUnMarshaller::replaceSubStringWithNull(char* text, char** out, int start,
+                                                     int length) {
+  if (out) *out = nullptr;
+  if (!text || !out || start < 0 || length <= 0) return text;
+  const std::size_t size = __strlen(text);
+  const auto from = static_cast<std::size_t>(start);
+  const auto count = static_cast<std::size_t>(length);
+  if (from > size || count > size - from) return text;
+  *out = static_cast<char*>(__malloc(count + 1));
+  if (!*out) {
+    ZtLog(kZtLogState, kSource)(kNoCopyLine);
+    return text;
+  }
+  std::memcpy(*out, text + from, count);
+  (*out)[count] = '\0';
+  std::memmove(text + from, text + from + count, size - from - count + 1);
+  return text;
+}
+
+// ---- Workers ------------------------------------------------------------------------------------
+
+const ZtDocument SimservsContext::kDocument = {
+    ZtDocumentOf<SimservsContext, XMLSimservsDecoder, SimservsUnMarshaller, SimservsMarshaller,
+                 SimservsDataBinder>(kSource)
+        .Schema(XML_SCHEMA_SIMSERVS, "Simservs", kSimservsNamespace, "simservs")
+        .Decodes("XMLSimservsDecoder", "src/Simservs", ZtPrefixRule::kRewrite)
+        .Reads("SimservsUnMarshaller")
+        // Intended: log readers know the text of this marshaller as "SimservsXml", without the "m"
+        // that begins the names of others.
+        .Writes("SimservsMarshaller", "SimservsXml"),
+    {{XML_STR_SIMSERVS, &zt_Simservs::kType}}};

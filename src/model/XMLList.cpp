@@ -1,0 +1,116 @@
+#include "XMLList.h"
+
+#include "base/ZtLog.h"
+#include "model/ZtListItems.h"
+#include "ztxml/ZtArena.h"
+
+namespace {
+
+constexpr char kSource[] = "src/XMLList";
+// Intended: the destructor of a list logs the constructor's text, and GetPtrToListHead and
+// GetPtrToListEnd log that of GetKeyAtIndex; log readers tell them apart by their line numbers.
+constexpr int kConstructorLine = 35;
+constexpr int kDestructorLine = 56;
+constexpr int kListHeadLine = 238;
+constexpr int kListEndLine = 265;
+constexpr char kLifeText[] = "<XML Module>: ZtSingleElementList::ZtSingleElementList";
+constexpr char kEmptyText[] =
+    "ZtSingleElementList::GetKeyAtIndex: Head itself is null and No item is there to be removed";
+
+}  // namespace
+
+ZtSingleElementList::ZtSingleElementList() : m_pHead(nullptr), m_iListCount(0), m_pTail(nullptr) {
+  ZtLog(kZtLogState, kSource, kConstructorLine)(kLifeText);
+}
+
+ZtSingleElementList::~ZtSingleElementList() {
+  ZtLog(kZtLogState, kSource, kDestructorLine)(kLifeText);
+  while (m_pHead) {
+    ZtListNode* node = m_pHead;
+    m_pHead = node->next;
+    ZtFree(node);
+  }
+}
+
+int ZtSingleElementList::Add(void* data) {
+  const ZtListItems* items = data ? m_pItems : nullptr;
+  if (items && !items->take(data)) return 0;
+  if (Append(data, nullptr)) return 1;
+  if (items) items->drop(data);
+  return 0;
+}
+
+bool ZtSingleElementList::Append(void* data, ZtArena* arena) {
+  ZtLog(kZtLogState, kSource)("<XML Module>: ZtSingleElementList::Add");
+  auto* node = static_cast<ZtListNode*>(ZtAllocate(sizeof(ZtListNode), arena));
+  if (!node) {
+    ZtLog(kZtLogError,
+          kSource)(m_pHead ? "<XML Module>: ZtSingleElementList:Add pTravNode Buffer is NULL"
+                           : "<XML Module>: ZtSingleElementList:Add m_pHead Buffer is NULL");
+    return false;
+  }
+  node->data = data;
+  node->next = nullptr;
+  (m_pHead ? m_pTail->next : m_pHead) = node;
+  m_pTail = node;
+  ++m_iListCount;
+  ZtLog(kZtLogState, kSource)("<XML Module>: m_iListCount: %d", m_iListCount);
+  return true;
+}
+
+void ZtSingleElementList::Unlink(ZtListNode* previous) {
+  ZtListNode* node = previous ? previous->next : m_pHead;
+  (previous ? previous->next : m_pHead) = node->next;
+  if (node == m_pTail) m_pTail = previous;
+  ZtFree(node);
+  --m_iListCount;
+}
+
+int ZtSingleElementList::Remove(void* data) {
+  ZtLog(kZtLogState, kSource)("<XML Module>: ZtSingleElementList::Remove");
+  if (!m_pHead) {
+    ZtLog(kZtLogError, kSource)("<XML Module> ZtSingleElementList::Remove: Head itself is null");
+    return 0;
+  }
+  ZtListNode* previous = nullptr;
+  for (ZtListNode* node = m_pHead; node; previous = node, node = node->next) {
+    if (!node->data || node->data != data) continue;
+    Unlink(previous);
+    if (m_pItems) m_pItems->drop(data);
+    return 1;
+  }
+  ZtLog(kZtLogError,
+        kSource)("<XML Module> ZtSingleElementList::Remove: Entry not found in the list");
+  return 0;
+}
+
+void* ZtSingleElementList::GetKeyAtIndex(unsigned short index) {
+  if (!m_pHead) {
+    ZtLog(kZtLogError, kSource)(kEmptyText);
+    return nullptr;
+  }
+  // Intended: for an index that equals the number of nodes GetKeyAtIndex gives null without the
+  // line that every greater index gets.
+  if (index > m_iListCount) {
+    ZtLog(kZtLogError, kSource)("ZtSingleElementList::GetKeyAtIndex: Invalid index");
+    return nullptr;
+  }
+  ZtListNode* node = m_pHead;
+  for (unsigned i = 0; node && i < index; ++i) node = node->next;
+  return node ? node->data : nullptr;
+}
+
+ZtListNode* ZtSingleElementList::GetPtrToListHead() { return HeadOf(this); }
+
+ZtListNode* ZtSingleElementList::HeadOf(ZtSingleElementList* list) {
+  ZtListNode* head = list ? list->m_pHead : nullptr;
+  if (!head) ZtLog(kZtLogError, kSource, kListHeadLine)(kEmptyText);
+  return head;
+}
+
+// Intended: GetPtrToListEnd gives null instead of the last node, also for a list with nodes;
+// nothing may start to depend on a node.
+ZtListNode* ZtSingleElementList::GetPtrToListEnd() {
+  if (!m_pHead) ZtLog(kZtLogError, kSource, kListEndLine)(kEmptyText);
+  return nullptr;
+}

@@ -1,0 +1,216 @@
+// The services one by one: what golden documents do not say, and their namespaces.
+#include <gtest/gtest.h>
+
+#include "DocumentSupport.h"
+#include "TestSupport.h"
+#include "XMLCommunicationBarring.h"
+#include "XMLCommunicationDiversion.h"
+#include "XMLCommunicationWaiting.h"
+#include "XMLOIP.h"
+#include "XMLSchemaNameSpaceRetrieval.h"
+#include "XMLTIP.h"
+#include "XmlCommon.h"
+#include "base/ZtMemory.h"
+#include "ztxml/ZtNamespaces.h"
+
+namespace {
+
+// A marshaller that had no memory for its namespaces has it when there is some again.
+TEST(Services, MarshallersRecover) {
+  Schema schema(XML_SCHEMA_COMMUNICATION_WAITING);
+  const auto root = schema.Read<XMLElement>("<communication-waiting active='true'/>");
+  for (long n = 2; n <= 4; ++n) {  // the records, after the marshaller itself
+    zthost::FailAllocation(n);
+    const LogCapture log;
+    XMLMarshaller* marshaller = schema.context()->createMarshaller();
+    ASSERT_NE(marshaller, nullptr) << n;
+    EXPECT_TRUE(log.Has("Malloc cannot allocate memory")) << n;
+    zthost::FailAllocation(1, true);
+    EXPECT_EQ(marshaller->Marshall(root.get()), nullptr) << n;
+    zthost::FailAllocation(0);
+    EXPECT_STREQ(marshaller->Marshall(root.get()), "<ss:communication-waiting  active=\"true\"/>");
+  }
+}
+
+// A caller builds a tree and writes any part of it.
+TEST(Services, FragmentsAreWrittenAlone) {
+  Schema diversion(XML_SCHEMA_COMMUNICATION_DIVERSION);
+  CommunicationDiversionDataBinder factory;
+  Tree<zt_communication_diversion> root(
+      static_cast<zt_communication_diversion*>(factory.CreateRootElement()));
+  zt_NoReplyTimer* timer = factory.CreateNoReplyTimerElement();
+  root->setNoReplyTimerValue(timer);
+  EXPECT_EQ(timer->setNoReplyTimerValue(180), 1);
+  EXPECT_EQ(timer->setNoReplyTimerValue(4), 0);
+  EXPECT_EQ(timer->setNoReplyTimerValue(181), 0);
+  EXPECT_EQ(diversion.Write(timer), "<ss:NoReplyTimer>180</ss:NoReplyTimer>");
+  root->setRuleSetValue(factory.CreateRuleSetElement());
+  zt_ns_common_policy_ruleType* rule = factory.CreateRuleTypeElement();
+  root->getRuleSetValue()->addRule(rule);
+  EXPECT_EQ(diversion.Write(rule), "(null)");
+  EXPECT_EQ(diversion.Write(root->getRuleSetValue()), "(null)");
+  rule->setIdValue("one \"1\"");
+  EXPECT_EQ(diversion.Write(rule), "<cp:rule  id=\"one &quot;1&quot;\"></cp:rule>");
+  rule->setActionsValue(factory.CreateActionsTypeElement());
+  zt_ns_xcap_forward_to_type* target = factory.CreateForwardToTypeElement();
+  EXPECT_EQ(target->getNotifyCallerValue(), -1);
+  target->setNotifyCallerValue(7);
+  target->setNotifyServedUserValue(1);
+  target->setNotifyServedUserValue(-1);
+  target->setRevealIdentityToTargetValue(ZT_REVEAL_NOT_REVEAL_GRUU);
+  rule->getActionsValue()->addElement(target);
+  EXPECT_SAME(diversion.Write(target),
+              "<ss:forward-to>\n<ss:notify-caller>false</ss:notify-caller>"
+              "\n<ss:reveal-identity-to-target>not-reveal-GRUU</ss:reveal-identity-to-target>"
+              "</ss:forward-to>");
+  rule->setConditionsValue(factory.CreateConditionsTypeElement());
+  zt_empty_element_type* flag = factory.CreateEmptyTypeElement();
+  rule->getConditionsValue()->addAny(flag);
+  rule->getConditionsValue()->addAny(factory.CreateMediaTypeElement());
+  LogCapture log(2);
+  EXPECT_EQ(diversion.Write(flag), "(null)");
+  flag->setPresentValue(1);  // still without a name
+  EXPECT_SAME(diversion.Write(rule->getConditionsValue()),
+              "<cp:conditions>\n<ss:media> </ss:media></cp:conditions>");
+  const char* absent =
+      "Communication_diversionMarshaller::AddEmptyElementtoXml: Received empty present false";
+  EXPECT_EQ(log.Count(absent), 2);
+  // A period needs both of its ends; one without a text is written empty.
+  zt_ns_common_policy_validityType* validity = factory.CreateValidityTypeElement();
+  rule->getConditionsValue()->addValidity(validity);
+  constexpr const char* kPeriods[][2] = {{"a", "b"}, {nullptr, "b"}, {"a", nullptr}};
+  for (const auto& [from, until] : kPeriods) {
+    validity->addFrom(zt_xml_common_methods::CreateString(from));
+    validity->addUntil(zt_xml_common_methods::CreateString(until));
+  }
+  validity->getFromListValue()->Add(nullptr);
+  validity->addUntil(zt_xml_common_methods::CreateString("c"));
+  validity->addFrom(zt_xml_common_methods::CreateString("d"));
+  validity->getUntilListValue()->Add(nullptr);
+  EXPECT_SAME(diversion.Write(rule->getConditionsValue()),
+              "<cp:conditions>\n<cp:validity>\n<cp:from>a</cp:from>\n<cp:until>b</cp:until>"
+              "\n<cp:from></cp:from>\n<cp:until>b</cp:until>"
+              "\n<cp:from>a</cp:from>\n<cp:until></cp:until></cp:validity>"
+              "\n<ss:media> </ss:media></cp:conditions>");
+  const std::string longName(120, 'n');
+  flag->setValue(longName.c_str());
+  EXPECT_EQ(diversion.Write(flag), "<ss:" + longName.substr(0, 98) + "/>");
+  Tree<zt_ns_common_policy_exceptType> except(factory.CreateExceptTypeElement());
+  EXPECT_EQ(diversion.Write(except.get()), "(null)");
+
+  Schema barring(XML_SCHEMA_COMMUNICATION_BARRING);
+  EXPECT_EQ(barring.Write(except.get()), "<cp:except></cp:except>");
+  EXPECT_EQ(barring.Write(timer), "(null)");
+  flag->setValue(nullptr);
+  EXPECT_EQ(barring.Write(flag), "(null)");
+  EXPECT_TRUE(log.Has("Communication_barringMarshaller::AddEmptyElementtoXml: Received empty p"));
+  EXPECT_SAME(barring.Write(rule->getActionsValue()),
+              "<cp:actions>\n<ss:forward-to></ss:forward-to></cp:actions>");
+  EXPECT_TRUE(log.Has("Communication_barringMarshaller: AddActionsElementToXml"));
+  EXPECT_EQ(barring.Write(root.get()), "(null)");
+}
+
+// Without memory each kind fails under its own name.
+TEST(Services, BarringWithoutMemory) {
+  Schema schema(XML_SCHEMA_COMMUNICATION_BARRING);
+  CommunicationBarringDataBinder factory;
+  const LogCapture log;
+  factory.setCBType(XML_COMMUNICATION_BARRING_OUTGOING);
+  XMLElement* outgoing = factory.CreateRootElement();
+  factory.setCBType(XML_COMMUNICATION_BARRING_INCOMING);
+  XMLElement* incoming = factory.CreateRootElement();
+  for (XMLElement* root : {incoming, outgoing}) {
+    zthost::FailAllocation(1, true);
+    EXPECT_EQ(schema.Write(root), "(null)");
+    zthost::FailAllocation(0);
+    XMLFactory::DeleteElement(root);
+  }
+  for (const char* kind : {"Incoming", "outgoing"}) {
+    EXPECT_TRUE(log.Has(std::string("<XML Module>: ") + kind +
+                        "_communication_barringMarshaller XML Failed!"));
+  }
+}
+
+TEST(Namespaces, TheLibrarysOwn) {
+  ZtNamespaceBindings bindings;
+  const auto told = [&] {
+    std::string text;
+    for (const ZtNamespaceBinding* at = bindings.First(); at; at = at->next) {
+      text += at->prefix.Get() + ("=" + std::string(at->alias.Get() ? at->alias.Get() : "")) + ' ';
+    }
+    return text;
+  };
+  EXPECT_EQ(told(), "ss= cp=cp ocp=ocp ");  // "ss" is bound by documents only
+  bindings.UseOwn();
+  EXPECT_EQ(told(), "ss=ss cp=cp ocp=ocp ");
+}
+
+// Prefixes as documents bind them; "%" stands for what the namespace of the services is bound to.
+TEST(Namespaces, PrefixesAreTheDocuments) {
+  const std::string ss = "http://uri.etsi.org/ngn/params/xml/simservs/xcap";
+  const std::string cp = "urn:ietf:params:xml:ns:common-policy";
+  const struct {
+    std::string declarations;
+    const char* start;  // the prefixes that the document uses, with their colons
+    const char* policy;
+    const char* outStart;  // those that are written
+    const char* outPolicy;
+  } kCases[] = {
+      {"", "ss:", "cp:", "ss:", "cp:"},
+      {"", "", "", "ss:", "cp:"},
+      {"xmlns='" + ss + "' xmlns:cp='" + cp + "'", "", "cp:", "", "cp:"},
+      {"xmlns:a='" + ss + "' xmlns='" + cp + "'", "a:", "", "a:", ""},
+      {"xmlns:a='" + ss + "' xmlns:b='" + cp + "' xmlns='" + ss + "'", "a:", "b:", "a:", "b:"},
+      {"xmlns:a='" + ss + "' xmlns:c='" + ss + "' xmlns:q='urn:oma:xml:xdm:common-policy'",
+       "c:", "cp:", "c:", "cp:"},
+      {"xmlns:cp='" + ss + "' xmlns:ss='" + cp + "'", "cp:", "ss:", "cp:", "ss:"},
+      {"xmlns:x='" + ss + "/'", "ss:", "cp:", "ss:", "cp:"},
+      // No name can have these prefixes.
+      {"xmlns:a:b='" + ss + "' xmlns:c/='" + cp + "'", "ss:", "cp:", "ss:", "cp:"},
+  };
+  Schema declarations(XML_SCHEMA_NAMESPACE_RETRIEVAL);
+  for (const auto& test : kCases) {
+    const auto document = [](const std::string& s, const std::string& p, const std::string& nl,
+                             const std::string& blank, const std::string& quote) {
+      const std::string id = blank + "id=" + quote + "r" + quote;
+      const std::string active = blank + "active=" + quote + "true" + quote;
+      return "<" + s + "communication-diversion" + active + ">" + nl + "<" + p + "ruleset>" + nl +
+             "<" + p + "rule" + id + ">" + nl + "<" + p + "conditions>" + nl + "<" + s +
+             "busy/></" + p + "conditions></" + p + "rule></" + p + "ruleset></" + s +
+             "communication-diversion>";
+    };
+    Schema schema(XML_SCHEMA_COMMUNICATION_DIVERSION);
+    const std::string in = document(test.start, test.policy, " ", " ", "'");
+    // The workers were made before the binder was set.
+    auto binder =
+        declarations.Read<zt_schema_namespace_retrieval>("<d " + test.declarations + "></d>");
+    LogCapture log(3);
+    EXPECT_EQ(schema.context()->SetNamespaceBinder(binder.get()), 1);
+    EXPECT_TRUE(log.Has("<XML Module>: CommunicationDiversionContext :: SetNamespaceBinder"));
+    EXPECT_EQ(schema.RoundTrip(in), document(test.outStart, test.outPolicy, "\n", "  ", "\""))
+        << test.declarations;
+    auto* writer = static_cast<ZtNamespaceMarshaller*>(schema.writer());
+    char* prefix = writer->AddNameSpaceChange("ss");
+    EXPECT_EQ(prefix ? std::string(prefix) + ":" : "", test.outStart);
+    FreeElement(prefix);
+    prefix = writer->AddNameSpaceChange("ocp");
+    const bool bound = test.declarations.find(" xmlns:q='") != std::string::npos;
+    EXPECT_STREQ(prefix, bound ? "q" : "ocp");
+    FreeElement(prefix);
+    EXPECT_EQ(writer->AddNameSpaceChange("zz"), nullptr);
+    EXPECT_EQ(writer->AddNameSpaceChange(nullptr), nullptr);
+    // Neither null nor another object displaces the binder.
+    Tree<XMLObject> other(schema.context()->createBinderFactory()->CreateRootElement());
+    EXPECT_EQ(schema.context()->SetNamespaceBinder(nullptr), 0);
+    EXPECT_EQ(schema.context()->SetNamespaceBinder(other.get()), 0);
+    EXPECT_NE(schema.RoundTrip(in), "(null)");
+    // A second binder starts anew.
+    auto second = declarations.Read<zt_schema_namespace_retrieval>("<d xmlns='" + ss +
+                                                                   "' xmlns:cp='" + cp + "'/>");
+    schema.context()->SetNamespaceBinder(second.get());
+    EXPECT_EQ(schema.RoundTrip(document("", "cp:", "", " ", "'")),
+              document("", "cp:", "\n", "  ", "\""));
+  }
+}
+
+}  // namespace
