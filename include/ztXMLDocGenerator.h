@@ -77,21 +77,16 @@ class ZT_API ZtXMLDocGenerator : public ZtNonCopyable {
  private:
   friend class ZtPen;
 
-  // What the calls above do, for names of known size and for a prefix that outlives its use.
+  ZtPiece Prefix() const { return {nsPrefix, m_iPrefixSize}; }
   void UsePrefix(ZtPiece prefix);
-  void Start(ZtPiece name, int leaveOpen);
-  void End(ZtPiece name);
-  void Text(ZtPiece text);
-  void TextElement(ZtPiece name, ZtPiece text);
-  void Attribute(ZtPiece name, ZtPiece value, ZtPiece suffix, int selfEnd, int close);
-  // Puts the end of the start tag behind an attribute that did not end it.
-  void CloseTag(bool selfEnd);
-
+  void Start(const char* lead, const char* name, int leaveOpen);
+  void Attribute(ZtPiece lead, ZtPiece prefix, bool colon, const char* name, const char* value,
+                 int selfEnd, int close, ZtPiece blank);
   void Append(std::initializer_list<ZtPiece> pieces);
-  void AppendName(ZtPiece lead, ZtPiece name, ZtPiece tail);
-  void AppendAttribute(std::initializer_list<ZtPiece> name, ZtPiece value, ZtPiece end);
-  ZtPiece Value(ZtPiece value, char*& escaped);
-  ZtPiece EndOfAttribute(int selfEnd, int close, bool blank);
+  // The value with its double quotes escaped, to be freed; null without memory, which is noted.
+  char* Escaped(ZtPiece value);
+  // Appends as much as there is room for.
+  void Cut(ZtPiece piece);
 
   int initialised;
   int headerAdded;

@@ -16,4 +16,9 @@ struct ZtPiece {
       : text(t), size(t ? std::strlen(t) : 0) {}
 };
 
+/// A text of which whole blocks of 16 bytes may be read, beyond its end, too: it lies in a table.
+struct ZtPaddedPiece : ZtPiece {
+  using ZtPiece::ZtPiece;
+};
+
 #endif  // ZTXML_INCLUDE_ZTPIECE_H

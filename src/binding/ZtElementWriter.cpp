@@ -34,38 +34,27 @@ void ZtElementWriter::ChangePrefix(ZtNameId prefix) {
 // A start tag. One that is never closed stays open in the text.
 class ZtElementWriter::StartTag {
  public:
-  StartTag(ZtPen& pen, ZtPiece element) : m_Pen(pen) { pen.Open(element); }
-  ~StartTag() {
-    if (!m_bClosed) m_Pen.LeaveOpen();
-  }
-  StartTag(const StartTag&) = delete;
-  StartTag& operator=(const StartTag&) = delete;
+  StartTag(ZtPen& pen, ZtPaddedPiece element) : m_Pen(pen) { pen.Open(element); }
 
-  void Add(ZtNameId name, ZtPiece value) {
-    m_bEmpty = false;
-    m_Pen.Attribute(name.Piece(), value);
-  }
+  [[gnu::always_inline]] void Add(ZtNameId name, ZtPiece value) { AddOther(name.Piece(), value); }
   void Add(const ZtFixedAttribute& fixed) {
     if (fixed.suffix == XML_STR_ZT_NULL) return Add(fixed.name, fixed.value.Piece());
     m_bEmpty = false;
     m_Pen.Attribute(ZtNameId(fixed.name).Piece(), ZtNameId(fixed.suffix).Piece(),
                     fixed.value.Piece());
   }
-  // One whose name is no row.
-  void AddOther(ZtPiece name, ZtPiece value) {
+  // One whose name may be any text.
+  template <class Name>
+  [[gnu::always_inline]] void AddOther(Name name, ZtPiece value) {
     m_bEmpty = false;
-    m_Pen.Attribute<false>(name, value);
+    m_Pen.Attribute(name, value);
   }
   bool IsEmpty() const { return m_bEmpty; }
-  void Close(bool selfEnd) {
-    m_bClosed = true;
-    m_Pen.Close(selfEnd);
-  }
+  void Close(bool selfEnd) { m_Pen.Close(selfEnd); }
 
  private:
   ZtPen& m_Pen;
   bool m_bEmpty = true;
-  bool m_bClosed = false;
 };
 
 namespace {
@@ -212,7 +201,7 @@ int ZtElementWriter::Write(XMLElement* element, const ZtElementType& type, ZtNam
   if (extras.write) return extras.write(*this, *element, type);
   if (name.IsNone()) name = type.tag;
   if (type.checksFirst && !HasRequired(*element, type)) return 0;
-  const ZtPiece tag = name.IsNone() ? nullptr : name.Piece();
+  const ZtPaddedPiece tag = name.IsNone() ? nullptr : name.Piece();
   if (tag.text && !WriteStartTag(*element, type, tag, name == type.tag)) return 0;
   if (type.start == ZtStartTag::kEmpty) return 1;
   const bool written =
@@ -233,7 +222,7 @@ int ZtElementWriter::WriteFlag(const zt_empty_element_type& flag, const ZtFlag& 
     cut[how.mostName] = '\0';
     name = cut;
   }
-  m_Pen.Writer().ztStartElementSelfEnding(name);
+  if (name) m_Pen.Empty(ZtPiece(name));
   return 1;
 }
 
@@ -281,7 +270,7 @@ bool ZtElementWriter::HasRequired(const XMLElement& element, const ZtElementType
 }
 
 bool ZtElementWriter::WriteStartTag(const XMLElement& element, const ZtElementType& type,
-                                    ZtPiece name, bool isOwnName) {
+                                    ZtPaddedPiece name, bool isOwnName) {
   StartTag tag(m_Pen, name);
   char buffer[kZtNumberSize];
   bool awaited = false;
@@ -343,7 +332,7 @@ bool ZtElementWriter::WriteOtherAttributes(ZtListNode* head, const XMLElement* e
     if (name.size == 0) continue;
     if (type && Carries(*element, *type, declared, name)) continue;
     if (count > 1 && !names.Insert(name)) continue;
-    tag.AddOther({text, __strlen(text)}, pair->getValue());
+    tag.AddOther(ZtPiece(text), pair->getValue());
   }
   return true;
 }
@@ -383,8 +372,8 @@ bool ZtElementWriter::WriteMany(const XMLElement& element, const ZtField& field)
     if (field.place == ZtPlace::kTextElements) {
       WriteText(field.name, text->getValue());
     } else if (text->getValue()) {  // a word
-      m_Pen.Writer().ztXmlSetData(blank);
-      m_Pen.Writer().ztXmlSetData(text->getValue());
+      m_Pen.Text(blank);
+      m_Pen.Text(text->getValue());
       blank = " ";
     }
   }

@@ -5,7 +5,7 @@
 #include "XMLStack.h"
 #include "base/ZtLog.h"
 #include "binding/ZtBinding.h"
-#include "binding/ZtPen.h"
+#include "text/ZtPen.h"
 
 class ZtNamespaceBindings;
 
@@ -44,7 +44,7 @@ class ZtElementWriter {
   // The same, in pieces: a start tag with a list of attributes (null: none; false without memory),
   // an element without content, an end tag; and a line under the marshaller's file.
   bool Start(ZtNameId name, ZtSingleElementList* attributes = nullptr);
-  void WriteEmpty(ZtNameId name) { m_Pen.Writer().ztStartElementSelfEnding(ZtName(name)); }
+  void WriteEmpty(ZtNameId name) { m_Pen.Empty(name.Piece()); }
   void End(ZtNameId name) { m_Pen.End(name.Piece()); }
   template <class... Args>
   void Log(int level, const char* format, Args... args) const {
@@ -67,8 +67,8 @@ class ZtElementWriter {
   }
   int WriteFlag(const zt_empty_element_type& flag, const ZtFlag& how);
   bool HasRequired(const XMLElement& element, const ZtElementType& type) const;
-  inline bool WriteStartTag(const XMLElement& element, const ZtElementType& type, ZtPiece name,
-                            bool isOwnName);
+  inline bool WriteStartTag(const XMLElement& element, const ZtElementType& type,
+                            ZtPaddedPiece name, bool isOwnName);
   bool WriteMany(const XMLElement& element, const ZtField& field);
   inline bool WriteChild(XMLElement* child, int index, const ZtField& field,
                          const ZtElementType& type, ZtNameId prefix = XML_STR_ZT_NULL);

@@ -43,7 +43,7 @@ class ZtNameId {
   constexpr bool operator!=(ZtNameId other) const { return m_Id != other.m_Id; }
 
   const char* Text() const;
-  ZtPiece Piece() const;
+  ZtPaddedPiece Piece() const;
 
  private:
   std::int16_t m_Id;
@@ -78,7 +78,7 @@ inline bool ZtNameId::Is(ZtPiece text) const {
   return *text.text == *own && ZtSameBytes(own, text.text, text.size);
 }
 
-inline ZtPiece ZtNameId::Piece() const { return {Text(), kZtNameSizes[m_Id]}; }
+inline ZtPaddedPiece ZtNameId::Piece() const { return {Text(), kZtNameSizes[m_Id]}; }
 
 inline const char* ZtName(ZtNameId id) { return id.Text(); }
 

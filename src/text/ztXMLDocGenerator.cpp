@@ -2,6 +2,7 @@
 
 #include "base/ZtBytes.h"
 #include "base/ZtLog.h"
+#include "text/ZtPen.h"
 
 namespace {
 constexpr char kSource[] = "src/ztXMLDocGenerator";
@@ -9,9 +10,8 @@ constexpr int kEscapeLine = 880;  // the line under which log readers know this 
 constexpr char kQuote[] = "&quot;";
 constexpr std::size_t kQuoteGrowth = sizeof(kQuote) - 2;
 
-// Intended: an absent text is written as one blank, where an empty element could be expected; peers
-// compare the text.
-ZtPiece OrBlank(ZtPiece text) { return text.text ? text : ZtPiece(" ", 1); }
+// `text`, or nothing.
+ZtPiece If(bool wanted, ZtPiece text) { return {text.text, wanted ? text.size : 0}; }
 }  // namespace
 
 ZtXMLDocGenerator::ZtXMLDocGenerator()
@@ -76,9 +76,8 @@ void ZtXMLDocGenerator::ztResetHeader() {
 }
 
 void ZtXMLDocGenerator::ztAddComment(const char* text) {
-  if (!buffer || !text) return;
   // Intended: a comment has a blank after its text and none before it; callers compare the text.
-  Append({"\n<!--", text, " -->"});
+  if (text) Append({"\n<!--", text, " -->"});
 }
 
 void ZtXMLDocGenerator::ztSetXmlNamespace(const char* prefix) {
@@ -96,82 +95,61 @@ void ZtXMLDocGenerator::UsePrefix(ZtPiece prefix) {
   m_bPrefixBorrowed = true;
 }
 
+// What is written at once has its NUL at once, for those who hold the text already.
+void ZtXMLDocGenerator::Append(std::initializer_list<ZtPiece> pieces) {
+  if (!buffer) return;
+  for (const ZtPiece piece : pieces) Cut(piece);
+  *m_pAt = '\0';
+}
+
 // ---- Start tags ---------------------------------------------------------------------------------
 
-// `lead`, the name with the current prefix, `tail`.
-void ZtXMLDocGenerator::AppendName(ZtPiece lead, ZtPiece name, ZtPiece tail) {
-  Append({lead, {nsPrefix, m_iPrefixSize}, {":", nsPrefix ? 1U : 0U}, name, tail});
-}
-
-// Intended: the name in a start tag is followed by a blank, and every attribute stands between two
-// blanks, so that there are two before each attribute; peers compare documents byte for byte.
-void ZtXMLDocGenerator::Start(ZtPiece name, int leaveOpen) {
-  if (!buffer || !name.text) return;
-  tagOpen = leaveOpen;
-  if (leaveOpen == 1) {
-    AppendName("\n<", name, " ");
-  } else {
-    AppendName("\n<", name, ">");
-  }
-}
-
-void ZtXMLDocGenerator::ztStartElement(const char* name, int leaveOpen) { Start(name, leaveOpen); }
-
-void ZtXMLDocGenerator::ztStartElementWithoutNL(const char* name, int leaveOpen) {
+void ZtXMLDocGenerator::Start(const char* lead, const char* name, int leaveOpen) {
   if (!buffer || !name) return;
   tagOpen = leaveOpen;
-  AppendName("<", name, ZtPiece(leaveOpen == 1 ? " " : ">", 1));
+  Append({lead, Prefix(), If(nsPrefix, ":"), name, leaveOpen == 1 ? " " : ">"});
+}
+
+void ZtXMLDocGenerator::ztStartElement(const char* name, int leaveOpen) {
+  Start("\n<", name, leaveOpen);
+}
+
+void ZtXMLDocGenerator::ztStartElementWithoutNL(const char* name, int leaveOpen) {
+  Start("<", name, leaveOpen);
 }
 
 void ZtXMLDocGenerator::ztStartElementNs(const char* name, const char* prefix, const char* uri,
                                          int leaveOpen) {
-  if (!buffer) return;
   // Intended: of the operations that start an element only ztStartElementNs closes a start tag that
   // was left open; callers of the others close it themselves.
-  if (tagOpen == 1) {
+  if (buffer && tagOpen == 1) {
     Append({">"});
     tagOpen = 0;
   }
-  if (!name) return;
-  if (!prefix || !uri) {
-    ztStartElement(name, leaveOpen);
-    return;
-  }
+  if (!prefix || !uri) return ztStartElement(name, leaveOpen);
+  if (!buffer || !name) return;
   tagOpen = leaveOpen;
-  const ZtPiece own(prefix);
   Append(
-      {"\n<", own, ":", name, " xmlns:", own, "=\"", uri, "\"", {leaveOpen == 1 ? " " : ">", 1}});
+      {"\n<", prefix, ":", name, " xmlns:", prefix, "=\"", uri, "\"", leaveOpen == 1 ? " " : ">"});
 }
 
 void ZtXMLDocGenerator::ztStartElementSelfEnding(const char* name) {
-  if (buffer && name) AppendName("\n<", name, "/>");
+  if (name) Append({"\n<", Prefix(), If(nsPrefix, ":"), name, "/>"});
 }
 
 // ---- Attributes ---------------------------------------------------------------------------------
 
-// What ends an attribute also ends the start tag, which is then not open any more.
-ZtPiece ZtXMLDocGenerator::EndOfAttribute(int selfEnd, int close, bool blank) {
-  if (selfEnd != 1 && close != 1) return {" ", blank ? 1U : 0U};
-  tagOpen = 0;
-  return selfEnd == 1 ? ZtPiece("/>", 2) : ZtPiece(">", 1);
-}
-
-// The value as it is written; `escaped` is to be freed after its use. Intended: of a value only the
-// double quote is escaped, and of an element's text nothing; callers escape the rest themselves.
-ZtPiece ZtXMLDocGenerator::Value(ZtPiece value, char*& escaped) {
-  if (!value.size || !std::memchr(value.text, '"', value.size)) return value;
-  escaped = escapeString(value.text);
-  if (!escaped) m_bOutOfMemory = true;
-  return escaped;
-}
-
-// `name`, in its parts, value and end of an attribute.
-void ZtXMLDocGenerator::AppendAttribute(std::initializer_list<ZtPiece> name, ZtPiece value,
-                                        ZtPiece end) {
-  char* escaped = nullptr;
-  const ZtPiece written = Value(value, escaped);
-  Append(name);
-  Append({"=\"", written, "\"", end});
+// `lead`, `prefix` and, where there is one, a colon, then `name` and the value. What ends an
+// attribute also ends the start tag, which is then not open any more.
+void ZtXMLDocGenerator::Attribute(ZtPiece lead, ZtPiece prefix, bool colon, const char* name,
+                                  const char* value, int selfEnd, int close, ZtPiece blank) {
+  if (selfEnd == 1 || close == 1) {
+    tagOpen = 0;
+    blank = selfEnd == 1 ? "/>" : ">";
+  }
+  const bool quoted = value && std::strchr(value, '"');
+  char* escaped = quoted ? Escaped(value) : nullptr;
+  Append({lead, prefix, If(colon, ":"), name, "=\"", quoted ? escaped : value, "\"", blank});
   __free(escaped);
 }
 
@@ -179,93 +157,66 @@ void ZtXMLDocGenerator::ztStartAttribute(const char* name, const char* value, in
                                          int selfEnd, int close) {
   if (!buffer || !name || tagOpen != 1) return;
   const bool prefixed = nsPrefix && useNs == 1;
-  AppendAttribute({{" ", prefixed ? 1U : 0U},
-                   {nsPrefix, prefixed ? m_iPrefixSize : 0},
-                   {":", prefixed && *nsPrefix ? 1U : 0U},
-                   name},
-                  value, EndOfAttribute(selfEnd, close, false));
+  Attribute(If(prefixed, " "), If(prefixed, Prefix()), prefixed && *nsPrefix, name, value, selfEnd,
+            close, nullptr);
 }
 
 void ZtXMLDocGenerator::ztStartAttributeNs(const char* name, const char* value, const char* prefix,
                                            int selfEnd, int close) {
-  if (!prefix) {
-    ztStartAttribute(name, value, 0, selfEnd, close);
-    return;
-  }
+  if (!prefix) return ztStartAttribute(name, value, 0, selfEnd, close);
   if (!buffer || !name || tagOpen != 1) return;
-  AppendAttribute({" ", prefix, ":", name}, value, EndOfAttribute(selfEnd, close, true));
-}
-
-void ZtXMLDocGenerator::Attribute(ZtPiece name, ZtPiece value, ZtPiece suffix, int selfEnd,
-                                  int close) {
-  if (!buffer || !name.text) return;
-  AppendAttribute({" ", name, {":", suffix.text ? 1U : 0U}, suffix}, value,
-                  EndOfAttribute(selfEnd, close, true));
-}
-
-// The attribute's last blank makes room for it, unless the document was cut before.
-void ZtXMLDocGenerator::CloseTag(bool selfEnd) {
-  if (!buffer) return;
-  tagOpen = 0;
-  if (m_bCutReported) return;
-  m_pAt[-1] = selfEnd ? '/' : '>';
-  if (selfEnd) Append({">"});
+  Attribute(" ", prefix, true, name, value, selfEnd, close, " ");
 }
 
 void ZtXMLDocGenerator::ztAddNameSpacePrefixToXml(const char* name, const char* value,
                                                   const char* suffix, int selfEnd, int close) {
-  Attribute(name, value, suffix, selfEnd, close);
+  if (!buffer || !name) return;
+  Attribute(" ", name, suffix != nullptr, suffix ? suffix : "", value, selfEnd, close, " ");
 }
 
 // ---- Text and end tags --------------------------------------------------------------------------
 
-void ZtXMLDocGenerator::ztXmlSetData(const char* text) { Text(text); }
-
-void ZtXMLDocGenerator::Text(ZtPiece text) {
+void ZtXMLDocGenerator::ztXmlSetData(const char* text) {
   if (!buffer) return;
-  Append({{">", tagOpen == 1 ? 1U : 0U}, OrBlank(text)});
+  ZtPen(*this).Text(text);
+  *m_pAt = '\0';
+}
+
+void ZtXMLDocGenerator::ztEndXmlElement(const char* name) {
+  if (!buffer || !name) return;
   tagOpen = 0;
+  Append({"</", Prefix(), If(nsPrefix, ":"), name, ">"});
 }
-
-void ZtXMLDocGenerator::End(ZtPiece name) {
-  if (!buffer || !name.text) return;
-  AppendName("</", name, ">");
-  tagOpen = 0;
-}
-
-// An element with a text and nothing else.
-void ZtXMLDocGenerator::TextElement(ZtPiece name, ZtPiece text) {
-  Start(name, 0);
-  Text(text);
-  End(name);
-}
-
-void ZtXMLDocGenerator::ztEndXmlElement(const char* name) { End(name); }
 
 // Intended: the operation ztEndXmlElementNs puts the end tag on a line of its own, where
 // ztEndXmlElement writes it directly after the content; peers compare the text.
 void ZtXMLDocGenerator::ztEndXmlElementNs(const char* name, const char* prefix) {
   if (!buffer || !name) return;
   if (!prefix) prefix = nsPrefix;
-  Append({"\n</", prefix, {":", prefix ? 1U : 0U}, name, ">"});
+  Append({"\n</", prefix, If(prefix, ":"), name, ">"});
   tagOpen = 0;
 }
 
 // ---- Appending ----------------------------------------------------------------------------------
 
-// Up to the end of the buffer. Intended: a document is cut at 32767 characters with a line in the
-// log, instead of failing; callers keep below that.
-void ZtXMLDocGenerator::Append(std::initializer_list<ZtPiece> pieces) {
-  for (const ZtPiece& piece : pieces) {
-    const auto room = static_cast<std::size_t>(m_pEnd - m_pAt);
-    const std::size_t size = piece.size < room ? piece.size : room;
-    if (size < piece.size && !m_bCutReported) {
-      m_bCutReported = true;
-      ZtLog(kZtLogError, kSource)("ZtXMLDocGenerator :: document cut at 32767 characters");
-    }
-    m_pAt = ZtCopy(m_pAt, {piece.text, size});
+// Intended: of a value only the double quote is escaped, and of an element's text nothing; callers
+// escape the rest themselves.
+char* ZtXMLDocGenerator::Escaped(ZtPiece value) {
+  char* escaped = escapeString(value.text);
+  if (!escaped) m_bOutOfMemory = true;
+  return escaped;
+}
+
+// Intended: a document is cut at 32767 characters with a line in the log, instead of failing;
+// callers keep below that.
+void ZtXMLDocGenerator::Cut(ZtPiece piece) {
+  if (!buffer) return;
+  const auto room = static_cast<std::size_t>(m_pEnd - m_pAt);
+  if (piece.size > room && !m_bCutReported) {
+    m_bCutReported = true;
+    ZtLog(kZtLogError, kSource)("ZtXMLDocGenerator :: document cut at 32767 characters");
   }
-  *m_pAt = '\0';  // for those who hold the text already
+  m_pAt = ZtCopy(m_pAt, {piece.text, piece.size < room ? piece.size : room});
 }
 
 char* ZtXMLDocGenerator::escapeString(const char* text) {
