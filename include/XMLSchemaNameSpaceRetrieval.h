@@ -41,10 +41,9 @@ class ZT_API XMLSchemaNamespaceRetrievalDecoder : public ZtSchemaDecoder {
   int ProcessElement(char* name, char* value) override;
   int ProcessAttribute(char* element, char* name, char* value) override;
 
- private:
-  int ProcessStart(ScannedTag& tag) override;
-  void ProcessAttributes(ScannedTag& tag) override;
-  int ProcessEnd(char* slashName, std::size_t nameSize, char* text, std::size_t textSize) override;
+  void Start(ScannedTag& tag) override;
+  void Attributes(ScannedTag& tag) override;
+  int End(ZtPiece slashName, ZtPiece text) override;
 };
 
 /// Makes an empty zt_schema_namespace_retrieval.

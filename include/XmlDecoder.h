@@ -11,6 +11,7 @@
 
 #include "XmlCommon.h"
 #include "ztxml/ZtExport.h"
+#include "ztxml/ZtPiece.h"
 
 /// Results of XmlDecoder::Decode.
 enum : int {
@@ -28,6 +29,7 @@ enum eXmlDecodeState : int {
 };
 
 struct ScannedTag;
+class ZtSink;
 
 /// Receiver of the parser's callbacks. All strings are borrowed for the duration of the call.
 class ZT_API XmlDecoderSchema : public ZtNonCopyable {
@@ -47,15 +49,6 @@ class ZT_API XmlDecoderSchema : public ZtNonCopyable {
   virtual void* GetSessionData() = 0;
   /// The object itself.
   virtual XmlDecoderSchema* Identity() { return this; }
-
- protected:
-  friend class XmlDecoder;
-
-  // What the parser calls where it knows more than the calls above can say; by default they are
-  // made. Start tags of the plain form come in two parts: the start, and the attributes if any.
-  virtual int ProcessStart(ScannedTag& tag);
-  virtual void ProcessAttributes(ScannedTag& tag);
-  virtual int ProcessEnd(char* slashName, std::size_t nameSize, char* text, std::size_t textSize);
 };
 
 /// The parser. One object reads one document on one thread.
@@ -75,6 +68,10 @@ class ZT_API XmlDecoder : public ZtNonCopyable {
   /// Returns ZT_XML_SUCCESS, ZT_XML_INCOMPLETE or ZT_XML_ERROR. A tag cut by the end of a chunk is
   /// completed by the next one; text cut so is lost.
   int Decode(char* n_strXML, int n_count);
+
+  /// Reads a whole document of `size` bytes, with a NUL after them and none among them, and tells
+  /// `sink` of it. The text is cut in place, and stays as it was told. Results as of Decode.
+  int DecodeWhole(char* text, std::size_t size, ZtSink& sink);
 
   /// Frees the pending text and the stack with its sentinel. The state stays; a decoder that was
   /// in the middle of a document cannot go on with it.
@@ -104,17 +101,12 @@ class ZT_API XmlDecoder : public ZtNonCopyable {
   static void UnescapeXml(char* text);
 
  private:
-  friend class ZtUnMarshaller;
   struct OpenElement;
   struct OpenElements;
-
-  // Reads a whole document of `size` bytes, with a NUL behind them and none among them; they are
-  // borrowed and cut in place, and what the callbacks are handed stays as it is when they are
-  // complete.
-  int DecodeWhole(char* text, std::size_t size);
+  class Callbacks;
 
   int DecodeAttributes(char* n_strAttrList);
-  int ReportAttributes(char* element, char* rest, bool started);
+  int ReportAttributes(ScannedTag& tag, char* rest, bool started);
   int AppendText(const char* text, int count);
   int Continue();
   int OutOfTags(char* position);
@@ -124,7 +116,7 @@ class ZT_API XmlDecoder : public ZtNonCopyable {
   int AnyTag(char* text, char* tag, char* close, bool& counts);
   inline bool Opened(char* element, std::size_t size);
   void ReportScanned(ScannedTag& tag, bool hasEntity);
-  void ReportEmpty(char* element, std::size_t size, char* text, std::size_t textSize);
+  void ReportEmpty(char* element, std::size_t size, ZtPiece text);
   inline void ReportEnd(char* text, char* tag);
   static char* Unescape(char* text, char* end);
   void DropPending();
@@ -140,6 +132,8 @@ class ZT_API XmlDecoder : public ZtNonCopyable {
   char* m_pPendingText;            // owned, unless m_bBorrowed
   XmlDecoderSchema* m_pSchema;     // borrowed
   int m_bEmptyElement;
+
+  ZtSink* m_pSink;  // told of the tags during a call
 
   // Accelerators: they keep every push, pop, chunk and append at constant cost.
   OpenElement* m_pTop;      // the innermost open element, null when there is none

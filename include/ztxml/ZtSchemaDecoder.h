@@ -7,6 +7,7 @@
 #include "XmlDecoder.h"
 #include "ztxml/ZtArena.h"
 #include "ztxml/ZtHolders.h"
+#include "ztxml/ZtSink.h"
 
 /// How the library reads a document and an element type; opaque to callers.
 struct ZtElementType;
@@ -19,7 +20,7 @@ enum class ZtOutcome : unsigned char;
 
 /// Reads one document. While it is read, what the decoder makes belongs to it until a parent adopts
 /// it; the root belongs to whoever takes it through GetSessionData.
-class ZT_API ZtSchemaDecoder : public XmlDecoderSchema {
+class ZT_API ZtSchemaDecoder : public XmlDecoderSchema, public ZtSink {
  public:
   ~ZtSchemaDecoder() override;
 
@@ -30,9 +31,14 @@ class ZT_API ZtSchemaDecoder : public XmlDecoderSchema {
   /// The root (an XMLObject*), null until its start tag. The decoder never deletes it.
   void* GetSessionData() override;
 
+  /// What a parser that knows the decoder as its sink tells; the callbacks above are for others.
+  void Start(ScannedTag& tag) override;
+  void Attributes(ScannedTag& tag) override;
+  void Opened(char* name) override;
+  int End(ZtPiece slashName, ZtPiece text) override;
+
   /// Before anything is read: what is made lies in `arena` (borrowed), with the texts of the
-  /// document that it keeps left in place; on the heap without one. A parser then hands its tags
-  /// over whole: the callbacks above, and a derived class's, are not made for each.
+  /// document that it keeps left in place; on the heap without one.
   void Use(ZtArena& arena) {
     if (!m_pRoot) m_pArena = &arena;
   }
@@ -106,10 +112,7 @@ class ZT_API ZtSchemaDecoder : public XmlDecoderSchema {
     Kind kind;
   };
 
-  int ProcessStart(ScannedTag& tag) override;
-  void ProcessAttributes(ScannedTag& tag) override;
-  int ProcessEnd(char* slashName, std::size_t nameSize, char* text, std::size_t textSize) override;
-  inline bool EndOpened(char* slashName, std::size_t nameSize, ZtPiece text);
+  inline bool EndOpened(ZtPiece slashName, ZtPiece text);
 
   ZtSource SourceOf(const ZtElementType& type);
   void Attribute(const ZtElementType& type, ZtPiece name, ZtPiece value);
@@ -118,11 +121,11 @@ class ZT_API ZtSchemaDecoder : public XmlDecoderSchema {
   ZtOutcome OfferAttribute(const ZtElementType& type, ZtPiece name, ZtPiece value);
   XMLElement* Make(const ZtElementType& type);
   XMLElement* MakeFlag(ZtPiece name);
-  inline bool Start(const Open& current, const ZtChildName& name);
+  inline bool StartElement(const Open& current, const ZtChildName& name);
   void StartRoot(const Element& element, ZtNameId name);
   inline bool StartChild(const Open& current, const Element& element, const ZtChildName& name);
   XMLElement* StartExtension(const Element& element, ZtNameId name);
-  void End(const Open& current, const ZtChildName& name, ZtPiece value, bool skipped);
+  void EndElement(const Open& current, const ZtChildName& name, ZtPiece value, bool skipped);
   void OfferEnd(const Open& current, const ZtField* row, const ZtChildName& name, ZtPiece value);
   ZtOutcome Offer(const Open& parent, const ZtChildName& name, ZtPiece value, XMLElement* child);
   inline ZtOutcome OfferStarted(const Open& parent, const Element& element, const ZtChildName& name,

@@ -83,11 +83,12 @@ int ZtSchemaDecoder::ElementCallback(char* name, ZtPiece value) {
     if (m_iSkipped || !m_bOfferEnd) return 0;
   }
   if (!atEnd) {
-    if (!Start(current, {local, size})) m_iSkipped = 1;
+    if (!StartElement(current, {local, size})) m_iSkipped = 1;
     return 0;
   }
   // A name that was cut short may have lost even its slash.
-  End(current, *local == '/' ? ZtChildName(local, size) : ZtChildName("/", 1), value, skipped);
+  EndElement(current, *local == '/' ? ZtChildName(local, size) : ZtChildName("/", 1), value,
+             skipped);
   return 0;
 }
 
@@ -96,29 +97,31 @@ void ZtSchemaDecoder::NoteEmptyStack(int callbacks) const {
   while (m_Stack.empty() && callbacks--) m_Stack.top();
 }
 
-// Without an arena a caller drives the parser, whose own class may have the callbacks one by one.
-int ZtSchemaDecoder::ProcessStart(ScannedTag& tag) {
-  if (!m_pArena) return XmlDecoderSchema::ProcessStart(tag);
-  if (m_bFailed) return -1;
+void ZtSchemaDecoder::Start(ScannedTag& tag) {
+  if (tag.colon && tag.colon[1] == '/') RefuseSlash();
+  if (m_bFailed || *tag.name == '/') return;  // Opened refuses that
   if (m_iSkipped) {
     ++m_iSkipped;
-    NoteEmptyStack(1);
-    return 0;
+    return NoteEmptyStack(1);
   }
   const char* local = tag.NameSize() < kMostShortName ? LocalPart(tag.name, tag.colon) : nullptr;
-  if (!local) return ZtSchemaDecoder::ProcessElement(tag.name, nullptr);
+  if (!local) {
+    ElementCallback(tag.name, nullptr);
+    return;
+  }
   const ZtChildName name(local, static_cast<std::size_t>(tag.nameEnd - local));
-  if (!Start(Current(), name)) m_iSkipped = 1;
-  return 0;
+  if (!StartElement(Current(), name)) m_iSkipped = 1;
+}
+
+void ZtSchemaDecoder::Opened(char* name) {
+  if (*name == '/') RefuseSlash();
 }
 
 // The parser ends what it has started, so that what was found at the start need not be looked for.
-int ZtSchemaDecoder::ProcessEnd(char* slashName, std::size_t nameSize, char* text,
-                                std::size_t textSize) {
-  if (!m_pArena) return XmlDecoderSchema::ProcessEnd(slashName, nameSize, text, textSize);
+int ZtSchemaDecoder::End(ZtPiece slashName, ZtPiece text) {
   if (m_bFailed) return -1;
-  const ZtPiece value(text, textSize);
-  if (nameSize > kMostShortName) return ElementCallback(slashName, value);
+  char* const name = const_cast<char*>(slashName.text);
+  if (slashName.size > kMostShortName) return ElementCallback(name, text);
   if (m_iSkipped > 1 || (m_iSkipped && !m_bOfferEnd)) {
     --m_iSkipped;
     NoteEmptyStack(1);
@@ -128,22 +131,21 @@ int ZtSchemaDecoder::ProcessEnd(char* slashName, std::size_t nameSize, char* tex
     m_iSkipped = 0;
     m_Started = Open();
     const ZtSource source = {CurrentType()->family->source, m_pArena};
-    const ZtOutcome outcome = ZtStoreText(*Current().object, *m_pText, value, source);
+    const ZtOutcome outcome = ZtStoreText(*Current().object, *m_pText, text, source);
     if (outcome == ZtOutcome::kNoMemory) m_bFailed = true;
     return 0;
   }
-  return EndOpened(slashName, nameSize, value) ? 0 : ElementCallback(slashName, value);
+  return EndOpened(slashName, text) ? 0 : ElementCallback(name, text);
 }
 
 // The end of the innermost object; false when that is not what ends, or not all there is to it.
-bool ZtSchemaDecoder::EndOpened(char* slashName, std::size_t nameSize, ZtPiece text) {
+bool ZtSchemaDecoder::EndOpened(ZtPiece slashName, ZtPiece text) {
   if (m_iSkipped || m_iDropped || m_Stack.empty()) return false;
   const Frame& frame = m_Frames[m_Stack.size()];
   if (frame.kind == Kind::kExtension) return false;
   if (frame.type->rows.takesText && frame.kind != Kind::kRoot) {
-    if (std::memchr(slashName, ':', nameSize)) return false;
-    Offer(Current(), ZtChildName({slashName, nameSize}, true, ZtNameId::OfId(frame.name)), text,
-          nullptr);
+    if (std::memchr(slashName.text, ':', slashName.size)) return false;
+    Offer(Current(), ZtChildName(slashName, true, ZtNameId::OfId(frame.name)), text, nullptr);
   }
   Pop();
   m_Started = Open();
@@ -151,7 +153,7 @@ bool ZtSchemaDecoder::EndOpened(char* slashName, std::size_t nameSize, ZtPiece t
 }
 
 // False when the content of the element is to be skipped.
-bool ZtSchemaDecoder::Start(const Open& current, const ZtChildName& name) {
+bool ZtSchemaDecoder::StartElement(const Open& current, const ZtChildName& name) {
   m_bOfferEnd = true;
   m_pText = nullptr;
   m_Started = Open();
@@ -209,8 +211,8 @@ bool ZtSchemaDecoder::StartChild(const Open& current, const Element& element,
 }
 
 // The end of an element; `skipped` for one that has no object of its own on the stack.
-void ZtSchemaDecoder::End(const Open& current, const ZtChildName& name, ZtPiece value,
-                          bool skipped) {
+void ZtSchemaDecoder::EndElement(const Open& current, const ZtChildName& name, ZtPiece value,
+                                 bool skipped) {
   Element element = Find(name.id, current.type);
   if (!element.type && !element.row) element.type = FindAnywhere(name.id, true);
   const bool closes = Closes(current, name.id);
@@ -308,8 +310,7 @@ bool ZtSchemaDecoder::IsNamed(const char* element) const {
 }
 
 // Attributes mostly come in the order of their rows: each is looked for behind the last one.
-void ZtSchemaDecoder::ProcessAttributes(ScannedTag& tag) {
-  if (!m_pArena) return XmlDecoderSchema::ProcessAttributes(tag);
+void ZtSchemaDecoder::Attributes(ScannedTag& tag) {
   if (m_Stack.empty()) return NoteEmptyStack(tag.count + tag.blankAtEnd);
   if (!m_Started.object) return;
   const ZtElementType& type = *m_Started.type;

@@ -2,6 +2,7 @@
 
 #include "base/ZtLog.h"
 #include "binding/ZtDocumentTable.h"
+#include "text/TagScanner.h"
 
 namespace {
 
@@ -75,16 +76,16 @@ int XMLSchemaNamespaceRetrievalDecoder::ProcessAttribute(char* element, char* na
   return 0;
 }
 
-// Attributes are all that counts here: each comes to ProcessAttribute.
-int XMLSchemaNamespaceRetrievalDecoder::ProcessStart(ScannedTag&) { return 0; }
+// Attributes are all that counts here.
+void XMLSchemaNamespaceRetrievalDecoder::Start(ScannedTag& tag) { RefusesStart(tag.name); }
 
-void XMLSchemaNamespaceRetrievalDecoder::ProcessAttributes(ScannedTag& tag) {
-  XmlDecoderSchema::ProcessAttributes(tag);  // NOLINT(bugprone-parent-virtual-call): one by one
+void XMLSchemaNamespaceRetrievalDecoder::Attributes(ScannedTag& tag) {
+  for (int i = 0; i < tag.count; ++i) {
+    ProcessAttribute(tag.name, tag.attributes[i].name, tag.attributes[i].value);
+  }
 }
 
-int XMLSchemaNamespaceRetrievalDecoder::ProcessEnd(char*, std::size_t, char*, std::size_t) {
-  return 0;
-}
+int XMLSchemaNamespaceRetrievalDecoder::End(ZtPiece, ZtPiece) { return 0; }
 
 const ZtDocument SchemaNamespaceRetrievalContext::kDocument = {
     ZtDocumentOf<SchemaNamespaceRetrievalContext, XMLSchemaNamespaceRetrievalDecoder,

@@ -105,8 +105,7 @@ bool ZtUnMarshaller::Parse(ZtArena& arena, char* text, std::size_t size, XMLElem
   if (parser && decoder && size <= INT_MAX) {
     if (XMLObject* binder = NamespaceBinder()) decoder->SetNameSpaceBinderInfo(binder);
     decoder->Use(arena);
-    parser->SetSchema(decoder);
-    done = parser->DecodeWhole(text, size) == ZT_XML_SUCCESS && !decoder->Failed();
+    done = parser->DecodeWhole(text, size, *decoder) == ZT_XML_SUCCESS && !decoder->Failed();
   }
   if (decoder) root = static_cast<XMLObject*>(decoder->GetSessionData());
   ZtRelease(decoder);

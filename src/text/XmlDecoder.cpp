@@ -6,6 +6,7 @@
 #include "base/ZtLog.h"
 #include "base/ZtMemory.h"
 #include "text/TagScanner.h"
+#include "ztxml/ZtSink.h"
 
 namespace {
 
@@ -34,6 +35,18 @@ bool HoldsSpace(const char* begin, const char* end) {
   return false;
 }
 
+// A start tag that was cut down to its name.
+ScannedTag TagOf(char* name) {
+  ScannedTag tag;
+  tag.name = name;
+  tag.nameEnd = name + __strlen(name);
+  tag.colon = __strchr(name, ':');
+  tag.close = tag.nameEnd;
+  tag.isEmpty = tag.blankAtEnd = false;
+  tag.count = 0;
+  return tag;
+}
+
 }  // namespace
 
 // A node of the element stack, after the sentinel, with the element's name.
@@ -56,25 +69,46 @@ struct XmlDecoder::OpenElements : ZtHeapObject {
   }
 };
 
-int XmlDecoderSchema::ProcessStart(ScannedTag& tag) { return ProcessElement(tag.name, nullptr); }
+// Tells a receiver of callbacks, if there is one.
+class XmlDecoder::Callbacks : public ZtSink {
+ public:
+  explicit Callbacks(XmlDecoder& parser) : m_Parser(parser) { parser.m_pSink = this; }
+  ~Callbacks() { m_Parser.m_pSink = nullptr; }
+  Callbacks(const Callbacks&) = delete;
+  Callbacks& operator=(const Callbacks&) = delete;
 
-void XmlDecoderSchema::ProcessAttributes(ScannedTag& tag) {
-  for (int i = 0; i < tag.count; ++i) {
-    const ScannedAttribute& attribute = tag.attributes[i];
-    ProcessAttribute(tag.name, attribute.name, attribute.value);
+  void Start(ScannedTag& tag) override {
+    if (m_Parser.m_pSchema) m_Parser.m_pSchema->ProcessElement(tag.name, nullptr);
   }
-  if (tag.blankAtEnd) ProcessAttribute(tag.name, tag.close, tag.close);
-}
+  void Attributes(ScannedTag& tag) override {
+    for (int i = 0; i < tag.count; ++i) {
+      Attribute(tag.name, tag.attributes[i].name, tag.attributes[i].value);
+    }
+    if (tag.blankAtEnd) Attribute(tag.name, tag.close, tag.close);
+  }
+  void Opened(char* name) override {
+    if (m_Parser.m_pSchema) m_Parser.m_pSchema->ProcessElementOpened(name);
+  }
+  int End(ZtPiece slashName, ZtPiece text) override {
+    if (!m_Parser.m_pSchema) return 0;
+    return m_Parser.m_pSchema->ProcessElement(const_cast<char*>(slashName.text),
+                                              const_cast<char*>(text.text));
+  }
 
-int XmlDecoderSchema::ProcessEnd(char* slashName, std::size_t, char* text, std::size_t) {
-  return ProcessElement(slashName, text);
-}
+ private:
+  void Attribute(char* element, char* name, char* value) {
+    if (m_Parser.m_pSchema) m_Parser.m_pSchema->ProcessAttribute(element, name, value);
+  }
+
+  XmlDecoder& m_Parser;
+};
 
 XmlDecoder::XmlDecoder()
     : m_pElementStack(nullptr),
       m_pPendingText(nullptr),
       m_pSchema(nullptr),
       m_bEmptyElement(0),
+      m_pSink(nullptr),
       m_pTop(nullptr),
       m_pSpare(nullptr),
       m_pNodes(nullptr),
@@ -133,10 +167,11 @@ int XmlDecoder::Decode(char* n_strXML, int n_count) {
   }
   if (m_DecodeState == ZT_XML_PARSE_ERROR) return ZT_XML_ERROR;
   if (AppendText(n_strXML, n_count) != 0) return ZT_XML_ERROR;
+  const Callbacks callbacks(*this);
   return Continue();
 }
 
-int XmlDecoder::DecodeWhole(char* text, std::size_t size) {
+int XmlDecoder::DecodeWhole(char* text, std::size_t size, ZtSink& sink) {
   Log(kZtLogTrace)("XmlDecoder::n_count = %d", static_cast<int>(size));
   if (size == 0) {
     Log(kZtLogTrace)("XmlDecoder::Decode n_strXML is null");
@@ -146,7 +181,9 @@ int XmlDecoder::DecodeWhole(char* text, std::size_t size) {
   m_pPendingText = text;
   m_bBorrowed = true;
   m_iLength = size;
+  m_pSink = &sink;
   const int result = Continue();
+  m_pSink = nullptr;
   DropPending();
   return result;
 }
@@ -248,16 +285,14 @@ char* XmlDecoder::PlainEnd(char* tag, const char* end) const {
 void XmlDecoder::ReportTag(ScannedTag& tag, bool hasEntity) {
   *tag.nameEnd = *tag.close = '\0';
   const bool started = tag.isEmpty || tag.count > 0;
-  if (started && m_pSchema) m_pSchema->ProcessStart(tag);
+  if (started) m_pSink->Start(tag);
   Log(kZtLogTrace)("XmlDecoder:: DecodeAttributes %d", 0);
-  if (m_pSchema) {
-    if (tag.count) ReportScanned(tag, hasEntity);
-    if (!started) m_pSchema->ProcessStart(tag);
-  }
-  if (!tag.isEmpty) {
+  if (tag.count) ReportScanned(tag, hasEntity);
+  if (!started) m_pSink->Start(tag);
+  if (tag.isEmpty) {
+    ReportEmpty(tag.name, tag.NameSize(), {tag.close, 0});
+  } else {
     Opened(tag.name, tag.NameSize());
-  } else if (m_pSchema) {
-    ReportEmpty(tag.name, tag.NameSize(), tag.close, 0);
   }
 }
 
@@ -267,7 +302,7 @@ void XmlDecoder::ReportScanned(ScannedTag& tag, bool hasEntity) {
     *attribute.nameEnd = *attribute.valueEnd = '\0';
     if (hasEntity) attribute.valueEnd = Unescape(attribute.value, attribute.valueEnd);
   }
-  m_pSchema->ProcessAttributes(tag);
+  m_pSink->Attributes(tag);
 }
 
 // A tag of any other form, cut at its '>'. 0, or the result of the parse; `counts` is cleared for
@@ -299,7 +334,10 @@ int XmlDecoder::AnyTag(char* text, char* tag, char* close, bool& counts) {
       return ParseError();
     }
     char* const element = name + std::strspn(name, kWhiteSpace);
-    if (m_pSchema && result == 1) m_pSchema->ProcessElement(element, nullptr);
+    if (result == 1) {
+      ScannedTag plain = TagOf(element);
+      m_pSink->Start(plain);
+    }
     if (!Opened(element, __strlen(element))) return ParseError();
   }
   return 0;
@@ -307,7 +345,7 @@ int XmlDecoder::AnyTag(char* text, char* tag, char* close, bool& counts) {
 
 // The start tag of `element` is complete; false without memory.
 bool XmlDecoder::Opened(char* element, std::size_t size) {
-  if (m_pSchema) m_pSchema->ProcessElementOpened(element);
+  m_pSink->Opened(element);
   if (Push(element, size)) return true;
   m_DecodeState = ZT_XML_PARSE_ERROR;
   Log(kZtLogState)(
@@ -357,8 +395,7 @@ int XmlDecoder::EndTag(char* text, char* tag, const char* close) {
 void XmlDecoder::ReportEnd(char* text, char* tag) {
   char* const slashName = tag + 1;
   *tag = '\0';
-  if (m_pSchema && m_pSchema->ProcessEnd(slashName, m_pTop->size + 1, text,
-                                         static_cast<std::size_t>(tag - text)) != 0) {
+  if (m_pSink->End({slashName, m_pTop->size + 1}, {text, static_cast<std::size_t>(tag - text)})) {
     Log(kZtLogState)(
         "<XML Decoder>:ProcessElement(pStrEndElement, start) failed when pStrEndElement=\"%s\"",
         slashName);
@@ -400,21 +437,18 @@ int XmlDecoder::DecodeAttributes(char* n_strAttrList) {
     return -1;
   }
   const bool started = m_bEmptyElement == 1 || rest[std::strspn(rest, "=")] != '\0';
-  if (started && m_pSchema) m_pSchema->ProcessElement(element, nullptr);
+  ScannedTag tag = TagOf(element);
+  if (started) m_pSink->Start(tag);
   const int valid = ValidateAttributeList(rest);
   Log(kZtLogTrace)("XmlDecoder:: DecodeAttributes %d", valid);
   if (valid != 0) {
     Log(kZtLogTrace)("XmlDecoder:: DecodeAttributes - Attribute list invalid");
     return -1;
   }
-  if (!m_pSchema) {
-    m_bEmptyElement = 0;
-    return 0;
-  }
-  return ReportAttributes(element, rest, started);
+  return ReportAttributes(tag, rest, started);
 }
 
-int XmlDecoder::ReportAttributes(char* element, char* rest, bool started) {
+int XmlDecoder::ReportAttributes(ScannedTag& tag, char* rest, bool started) {
   while (*rest) {
     char* name = N_strtok(rest, "=", &rest);
     if (!name) break;
@@ -423,27 +457,34 @@ int XmlDecoder::ReportAttributes(char* element, char* rest, bool started) {
     // receivers drop it.
     name += std::strspn(name, kWhiteSpace);
     rest += std::strspn(rest, kWhiteSpace);
-    char empty[1] = "";
-    char* value = empty;
+    char* value = tag.nameEnd;  // its NUL
     if ((rest[0] == '"' || rest[0] == '\'') && rest[1] == rest[0]) {
       rest += 2;
     } else if (char* token = N_strtok(rest, rest[0] == '\'' ? "'" : "\"", &rest)) {
       value = token;
     }
     UnescapeXml(value);
-    m_pSchema->ProcessAttribute(element, name, value);
+    tag.attributes[tag.count++] = {name, name + __strlen(name), value, value + __strlen(value)};
+    if (tag.count == ScannedTag::kMostAttributes) {
+      m_pSink->Attributes(tag);
+      tag.count = 0;
+    }
+  }
+  if (tag.count) {
+    m_pSink->Attributes(tag);
+    tag.count = 0;
   }
   if (m_bEmptyElement != 1) return started ? 0 : 1;
-  ReportEmpty(element, __strlen(element), rest, __strlen(rest));
+  ReportEmpty(tag.name, tag.NameSize(), rest);
   m_bEmptyElement = 0;
   return 0;
 }
 
-void XmlDecoder::ReportEmpty(char* element, std::size_t size, char* text, std::size_t textSize) {
-  m_pSchema->ProcessElementOpened(element);
-  // The byte before the name is the '<' or white space behind it: it becomes the end tag's slash.
+void XmlDecoder::ReportEmpty(char* element, std::size_t size, ZtPiece text) {
+  m_pSink->Opened(element);
+  // The byte before the name is the '<' or white space after it: it becomes the end tag's slash.
   element[-1] = '/';
-  m_pSchema->ProcessEnd(element - 1, size + 1, text, textSize);
+  m_pSink->End({element - 1, size + 1}, text);
 }
 
 int XmlDecoder::ValidateAttributeList(const char* list) {
