@@ -127,9 +127,8 @@ class ZT_API ZtSchemaDecoder : public XmlDecoderSchema, public ZtSink {
   XMLElement* StartExtension(const Element& element, ZtNameId name);
   void EndElement(const Open& current, const ZtChildName& name, ZtPiece value, bool skipped);
   void OfferEnd(const Open& current, const ZtField* row, const ZtChildName& name, ZtPiece value);
-  ZtOutcome Offer(const Open& parent, const ZtChildName& name, ZtPiece value, XMLElement* child);
-  inline ZtOutcome OfferStarted(const Open& parent, const Element& element, const ZtChildName& name,
-                                XMLElement* child);
+  ZtOutcome Offer(const Open& parent, const ZtChildName& name, ZtPiece value, XMLElement* child,
+                  const ZtField* row = nullptr);
   int ElementCallback(char* name, ZtPiece value);
   bool IsNamed(const char* element) const;
   void RefuseSlash();

@@ -98,10 +98,8 @@ ZtOutcome AppendWords(XMLElement& self, const ZtField& field, const ZtSource& so
   return outcome;
 }
 
-}  // namespace
-
-ZtOutcome ZtStoreText(XMLElement& self, const ZtField& field, ZtPiece value,
-                      const ZtSource& source) {
+// Keeps the text of a text row, whatever its place.
+ZtOutcome StoreText(XMLElement& self, const ZtField& field, ZtPiece value, const ZtSource& source) {
   if (!value.text && field.place == ZtPlace::kTextElements && field.Is(kZtAlways)) value = {"", 0};
   if (!value.text) return ZtOutcome::kAccepted;
   switch (field.place) {
@@ -114,13 +112,11 @@ ZtOutcome ZtStoreText(XMLElement& self, const ZtField& field, ZtPiece value,
   }
 }
 
-namespace {
-
 // The text that came with the end tag of a child which was made there. False without memory.
 bool StoreOwnText(XMLElement& child, const ZtElementType& type, ZtPiece value, ZtArena* arena) {
   for (const ZtField& own : type) {
     if (own.IsOwnText() &&
-        ZtStoreText(child, own, value, {type.family->source, arena}) == ZtOutcome::kNoMemory) {
+        StoreText(child, own, value, {type.family->source, arena}) == ZtOutcome::kNoMemory) {
       return false;
     }
   }
@@ -254,28 +250,28 @@ ZtOutcome ZtOfferChild(XMLElement& self, const ZtElementType& type, const ZtChil
     }
   }
   const ZtField* const end = type.rows.names.MayHave(name.id) ? type.end() : type.children();
-  for (const ZtField* at = type.children(); at != end; ++at) {
-    const ZtField& field = *at;
-    if (field.name != name.id || !field.HasName()) continue;
-    switch (field.place) {
-      case ZtPlace::kTextElement:
-      case ZtPlace::kTextElements:
-      case ZtPlace::kOwnText:
-      case ZtPlace::kOwnWords:
-        if (!name.atEnd && field.IsOwnText()) continue;
-        if (!name.atEnd) return ZtOutcome::kAccepted;
-        if (child) return ZtOutcome::kRefused;
-        return ZtStoreText(self, field, value, {type.family->source, arena});
-      default:
-        if (field.arrival == ZtArrival::kAsText) {
-          return name.atEnd ? hook.MakeChild(self, field, value, child) : ZtOutcome::kAccepted;
-        }
-        if (name.atEnd == (field.arrival == ZtArrival::kAtEnd))
-          return hook.Adopt(self, field, child, value);
-        // A child that comes with its end tag is at its start like any that no row names.
-    }
+  for (const ZtField* row = type.children(); row != end; ++row) {
+    if (row->name != name.id || !row->HasName()) continue;
+    const ZtOutcome outcome = ZtApplyRow(self, type, *row, name.atEnd, value, child, arena);
+    if (outcome != ZtOutcome::kNotHere) return outcome;
   }
   return hook.UnknownChild(self, name.text, value.text, child);
+}
+
+ZtOutcome ZtApplyRow(XMLElement& self, const ZtElementType& type, const ZtField& row, bool atEnd,
+                     ZtPiece value, XMLElement* child, ZtArena* arena) {
+  if (row.IsText() || row.IsOwnText()) {
+    if (!atEnd) return row.IsText() ? ZtOutcome::kAccepted : ZtOutcome::kNotHere;
+    if (child) return ZtOutcome::kRefused;
+    return StoreText(self, row, value, {type.family->source, arena});
+  }
+  const Hook hook(type, arena);
+  if (row.arrival == ZtArrival::kAsText) {
+    return atEnd ? hook.MakeChild(self, row, value, child) : ZtOutcome::kAccepted;
+  }
+  // A child that comes with its end tag is at its start like any that no row names.
+  const bool arrives = atEnd == (row.arrival == ZtArrival::kAtEnd);
+  return arrives ? hook.Adopt(self, row, child, value) : ZtOutcome::kNotHere;
 }
 
 ZtOutcome ZtAdopt(XMLElement& self, const ZtField& field, XMLElement* child,

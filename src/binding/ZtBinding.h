@@ -36,9 +36,10 @@ ZtOutcome ZtOfferAttribute(XMLElement& self, const ZtElementType& type, ZtPiece 
                            const char* value, XMLAttribute* attribute, ZtArena* arena = nullptr);
 // Keeps the value of a scalar field.
 ZtOutcome ZtStore(XMLElement& self, const ZtField& field, ZtPiece value, const ZtArena* arena);
-// Keeps the text of a text row, whatever its place.
-ZtOutcome ZtStoreText(XMLElement& self, const ZtField& field, ZtPiece value,
-                      const ZtSource& source);
+// What a row for children and texts does with what is offered under its name. That it has that name
+// is known, and that the type's hook does not come first.
+ZtOutcome ZtApplyRow(XMLElement& self, const ZtElementType& type, const ZtField& row, bool atEnd,
+                     ZtPiece value, XMLElement* child, ZtArena* arena);
 // Takes a child of the class that a row of objects has, at its start.
 ZtOutcome ZtAdopt(XMLElement& self, const ZtField& field, XMLElement* child,
                   const ZtSource& source);

@@ -403,6 +403,7 @@ enum class ZtOutcome : unsigned char {
   kAccepted,  // taken as a text or number, or ignored: an offered object stays the offerer's
   kAdopted,   // the offered object belongs to the element now
   kNoMemory,  // an offered object stays the offerer's
+  kNotHere,   // it is not for this row
 };
 
 // How an element whose presence is the value is written. In its lines %s is the marshaller.

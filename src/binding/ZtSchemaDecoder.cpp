@@ -127,11 +127,12 @@ int ZtSchemaDecoder::End(ZtPiece slashName, ZtPiece text) {
     NoteEmptyStack(1);
     return 0;
   }
-  if (m_iSkipped && m_pText && CurrentType()) {
+  if (m_iSkipped && m_pText && !m_Stack.empty()) {
     m_iSkipped = 0;
     m_Started = Open();
-    const ZtSource source = {CurrentType()->family->source, m_pArena};
-    const ZtOutcome outcome = ZtStoreText(*Current().object, *m_pText, text, source);
+    const Open parent = Current();
+    const ZtOutcome outcome =
+        ZtApplyRow(*parent.object, *parent.type, *m_pText, true, text, nullptr, m_pArena);
     if (outcome == ZtOutcome::kNoMemory) m_bFailed = true;
     return 0;
   }
@@ -170,7 +171,7 @@ bool ZtSchemaDecoder::StartElement(const Open& current, const ZtChildName& name)
   if (element.row && element.row->IsText() && !current.type->extras->child) {
     m_pText = element.row;
   } else {
-    Offer(current, name, nullptr, nullptr);
+    Offer(current, name, nullptr, nullptr, element.row);
   }
   return false;
 }
@@ -194,7 +195,7 @@ bool ZtSchemaDecoder::StartChild(const Open& current, const Element& element,
                       : flag    ? MakeFlag({name.text, name.size})
                                 : Make(*element.type);
   if (!child) return false;
-  const ZtOutcome outcome = OfferStarted(current, element, name, child);
+  const ZtOutcome outcome = Offer(current, name, nullptr, child, element.row);
   if (outcome == ZtOutcome::kAdopted) {
     m_bOfferEnd = false;
     if (flag) return false;
@@ -243,7 +244,7 @@ void ZtSchemaDecoder::OfferEnd(const Open& current, const ZtField* row, const Zt
     child = Make(*row->detail.type);
     if (!child) return;
   }
-  if (Offer(current, name, value, child) != ZtOutcome::kAdopted) ZtRelease(child);
+  if (Offer(current, name, value, child, row) != ZtOutcome::kAdopted) ZtRelease(child);
 }
 
 XMLElement* ZtSchemaDecoder::ProcessAnyElement(char* name, char* value) {
@@ -384,22 +385,22 @@ XMLElement* ZtSchemaDecoder::MakeFlag(ZtPiece name) {
   return flag;
 }
 
-// Offers a child to an open element, if there is one.
+// Offers a child to an open element, if there is one. `row` is the parent's for it, null when there
+// is none or it is not known.
 ZtOutcome ZtSchemaDecoder::Offer(const Open& parent, const ZtChildName& name, ZtPiece value,
-                                 XMLElement* child) {
+                                 XMLElement* child, const ZtField* row) {
   if (!parent.object || !parent.type) return ZtOutcome::kAccepted;
-  const ZtOutcome outcome =
-      ZtOfferChild(*parent.object, *parent.type, name, value, child, m_pArena);
-  if (outcome == ZtOutcome::kNoMemory) m_bFailed = true;
-  return outcome;
-}
-
-// Offers an object that was made for its element: mostly the parent has a row for just these.
-ZtOutcome ZtSchemaDecoder::OfferStarted(const Open& parent, const Element& element,
-                                        const ZtChildName& name, XMLElement* child) {
-  if (!element.row || parent.type->extras->child) return Offer(parent, name, nullptr, child);
-  const ZtSource source = {parent.type->family->source, m_pArena};
-  const ZtOutcome outcome = ZtAdopt(*parent.object, *element.row, child, source);
+  ZtOutcome outcome = ZtOutcome::kNotHere;
+  if (row && !parent.type->extras->child) {
+    // What was made for a row has the class that it asks for.
+    const bool fits = child && row->IsObject();
+    outcome =
+        fits ? ZtAdopt(*parent.object, *row, child, {parent.type->family->source, m_pArena})
+             : ZtApplyRow(*parent.object, *parent.type, *row, name.atEnd, value, child, m_pArena);
+  }
+  if (outcome == ZtOutcome::kNotHere) {
+    outcome = ZtOfferChild(*parent.object, *parent.type, name, value, child, m_pArena);
+  }
   if (outcome == ZtOutcome::kNoMemory) m_bFailed = true;
   return outcome;
 }
