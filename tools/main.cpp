@@ -1,4 +1,4 @@
-// The command line tool: looks at documents as the library does.
+// The command line tool: shows documents as the library reads them.
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <exception>
@@ -121,7 +121,7 @@ std::string CheckSchema(const std::string& nameOrId) {
 }
 
 std::string FailureMessage(const CLI::App* app, const CLI::Error& error) {
-  // A command that is misspelt would only be told as a missing one.
+  // Without this a misspelt command would only be reported as a missing one.
   const std::vector<std::string> rest = app->remaining();
   const bool unknown = app->get_subcommands().empty() && !rest.empty();
   const std::string what = unknown ? "no such command: " + rest[0] : error.what();

@@ -202,8 +202,8 @@ std::string PlacesOf(const ZtElementType& type, const Scope& scope, const std::s
   return text + (places.size() > 1 ? "Elements " : "Element ") + Join(places);
 }
 
-// The fields of an object that was just made. Of what is in them only the values of enumerations,
-// which are static, outlive it.
+// The fields of an object that was just made. After the object is gone only the values of
+// enumerations in them stay valid, because those are static.
 std::vector<reflect::Field> FreshFieldsOf(const ZtElementType& type) {
   XMLElement* object = type.Create("docs/Pages");
   std::vector<reflect::Field> fields = reflect::FieldsOf(*object);
@@ -365,7 +365,7 @@ Homes FindHomes(const std::vector<reflect::Schema>& schemas,
       }
     }
   }
-  // A root of one schema may be an element of another: its own page describes it.
+  // A root of one schema may be an element of another: the page of its own schema describes it.
   for (const reflect::Schema& schema : schemas) {
     for (const ZtElementType* root : schema.Roots()) homes[root->className] = PageOf(schema);
   }
