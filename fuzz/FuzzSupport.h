@@ -103,12 +103,13 @@ inline void CheckRoundTrip(eXMLSchemaID id, const std::string& text, bool bound,
   Require(IsSound(id, text, first), "what is written is well formed", text + "\n---\n" + first);
   if (workers.Context() && id != XML_SCHEMA_SIMSERVS) {
     const std::string other = RoundTripThroughCallbacks(*workers.Context(), text);
-    Require(other == first, "the callbacks one by one make the same tree",
+    Require(other == first, "the callbacks one by one make an equal tree",
             text + "\n---\n" + first + "\n---\n" + other);
   }
   if (first != "(null)" && !MayDiffer(id, text, first)) {
-    const std::string second = workers.RoundTrip(first);  // with the same namespaces bound
-    Require(second == first, "what was written is read and written the same",
+    const std::string second =
+        workers.RoundTrip(first);  // with the namespaces of `text` bound again
+    Require(second == first, "what was written is read and written unchanged",
             text + "\n---\n" + first + "\n---\n" + second);
   }
   if (!failing) return;

@@ -161,7 +161,7 @@ class Reader {
       if (!value->empty()) return Fail(line, "a second " + QuoteShort(name) + " header");
       *value = Trim(line.substr(line.find(':') + 1));
     }
-    return isPart || Fail(text, "the headers have no blank line behind them");
+    return isPart || Fail(text, "the headers have no blank line after them");
   }
 
   bool ReadEntity(std::string_view text, int nesting) {

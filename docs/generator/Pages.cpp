@@ -141,12 +141,12 @@ std::string WrittenCell(const reflect::Field& field, const std::string& page, co
   std::string cell = "when set";
   if (row->IsOwnText() && !row->Is(kZtAlways)) cell = "when set, else a blank";
   if (row->place == ZtPlace::kOwnWords) cell = "with one blank between words";
-  if (row->place == ZtPlace::kOtherAttributes) cell = "as received; the first of a name";
+  if (row->place == ZtPlace::kOtherAttributes) cell = "as received; of equal names the first";
   if (row->Is(kZtAlways) && !field.IsRepeated()) cell = "always";
   if (field.value == ZtValue::kEnum && field.IsPresent()) {
     cell = "always; " + Code(field.items[0].text) + " until it is set";
   }
-  if (row->Is(kZtOneOf)) cell = "one of these rows: the first that is set";
+  if (row->Is(kZtOneOf)) cell = "one of the rows marked so: the first that is set";
   if (row->Is(kZtOneOf) && row->Is(kZtAlways)) cell += "; a blank when none is";
   if (row->Is(kZtLenient)) cell += "; if it fails, the rest is written";
   return cell;

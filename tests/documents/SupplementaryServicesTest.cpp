@@ -145,7 +145,7 @@ TEST(Namespaces, TheLibrarysOwn) {
   EXPECT_EQ(told(), "ss=ss cp=cp ocp=ocp ");
 }
 
-// Prefixes as documents bind them; "%" stands for what the namespace of the services is bound to.
+// Services are read and written with the document's prefixes, else with the library's own.
 TEST(Namespaces, PrefixesAreTheDocuments) {
   const std::string ss = "http://uri.etsi.org/ngn/params/xml/simservs/xcap";
   const std::string cp = "urn:ietf:params:xml:ns:common-policy";
