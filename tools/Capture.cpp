@@ -249,9 +249,9 @@ class Reader {
     while (!rest.empty()) {
       const std::string_view line = NextLine(rest);
       if (!StartsWith(line, delimiter)) continue;
-      const std::string_view rest = line.substr(delimiter.size());
-      const bool last = StartsWith(rest, "--") && Trim(rest.substr(2)).empty();
-      if (!last && !Trim(rest).empty()) continue;
+      const std::string_view after = line.substr(delimiter.size());
+      const bool last = StartsWith(after, "--") && Trim(after.substr(2)).empty();
+      if (!last && !Trim(after).empty()) continue;
       if (part && !ReadPart(part, line.data(), nesting)) return false;
       part = rest.data();
       if (last) return true;
