@@ -118,7 +118,8 @@ const ZtElementType zt_display_notification::kType = {
         .NamesStayInside(),
     {ImdnBinding::kStatus}};
 // Intended: a processing notification is written as "proessing-notification", because peers compare
-// with that name, but read as "processing-notification": the library does not read its own output.
+// with that name, but read as "processing-notification": the library does not read back what it
+// wrote.
 const ZtElementType zt_processing_notification::kType = {
     ZtTypeOf<zt_processing_notification>("zt_processing_notification", "processing-notification",
                                          kFamily)

@@ -137,7 +137,7 @@ const ZtElementType zt_ns_common_policy_conditionsType::kType = {
 
 // ---- Rules --------------------------------------------------------------------------------------
 
-// Intended: transformations are written without their content, because no peer uses it.
+// Intended: transformations are written without their content, because no peer has asked for it.
 const ZtElementType zt_ns_common_policy_extensibleType::kType = {
     Policy::kExtensibleFacts.Writer(XML_STR_TRANSFORMATIONS, "AddTransformationsElementToXml",
                                     XML_STR_CP),
