@@ -10,7 +10,7 @@
 
 namespace {
 
-// The program has one thread; a plain test costs the timed runs nothing that could be seen.
+// The program has one thread, and a plain test costs the timed runs next to nothing.
 bool g_counting = false;
 long g_count = 0;
 long g_live = 0;
@@ -31,7 +31,7 @@ void Forget(void* pointer) {
 
 void* New(std::size_t size) {
   void* pointer = bench::CountedMalloc(size == 0 ? 1 : size);
-  if (!pointer) std::abort();  // no exceptions here
+  if (!pointer) std::abort();  // there are no exceptions
   return pointer;
 }
 
@@ -65,7 +65,8 @@ Allocations Measure(const std::function<bool()>& run) {
   g_counting = false;
   const zthost::HeapUse host = zthost::GetHeapUse();
   zthost::FailAllocation(0);
-  // A run uses one of the two; where it used both, the sum of the peaks is an upper bound.
+  // A run allocates in one of the two ways; if it used both, the sum of the peaks is an upper
+  // bound.
   return {g_count + host.allocations, g_peak + host.peakBytes};
 }
 

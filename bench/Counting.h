@@ -1,6 +1,6 @@
-// Counts what runs inside it allocate, whoever does: the library through the host platform layer,
-// its peers through the allocation functions that each of them can be given, and the rest through
-// operator new, which the program replaces.
+// Counts all allocations of a run: those of the library through the host platform layer, those of
+// its peers through allocation functions given to each, and all others through operator new, which
+// the program replaces.
 #ifndef ZTXML_BENCH_COUNTING_H
 #define ZTXML_BENCH_COUNTING_H
 

@@ -1,7 +1,7 @@
 // How cost grows with size: time per byte of the shapes that would betray a cost which is not
 // linear, small and large: 64 KB and 1 MB, or a number of elements and a hundred times as many.
-// Each argument names a folder of documents: each of these is a shape, too, with the content of its
-// root repeated. Prints a table with the ratio of the medians at the end.
+// Each argument names a folder; every document in it is a shape, too, with the content of its root
+// repeated. Prints a table with the ratio of the medians at the end.
 #include <algorithm>
 #include <benchmark/benchmark.h>
 #include <cstdio>
@@ -21,7 +21,7 @@ namespace {
 
 constexpr std::size_t kSmall = 64 * 1024;
 constexpr std::size_t kLarge = 1024 * 1024;
-constexpr double kBar = 2;  // up to 1.8 where a large tree leaves the caches
+constexpr double kBar = 2;  // 1.8 is reached where a large tree leaves the caches
 
 std::string Repeated(const std::string& piece, std::size_t size) {
   std::string text;
@@ -90,7 +90,8 @@ std::string Times(std::size_t count, const std::string& start, const std::string
   return text + end;
 }
 
-// As many services as declarations: none may look through all of the others.
+// As many services as declarations: the cost is not linear if each service looks through all
+// declarations.
 std::string DeclaringServices(std::size_t count) {
   const std::string uri = "http://uri.etsi.org/ngn/params/xml/simservs/xcap";
   return Times(count, "<simservs xmlns='" + uri + "'>",
@@ -113,7 +114,7 @@ std::string Tuples(std::size_t count) {
                "</presence>");
 }
 
-// A prefix as long as all the elements that do not use it.
+// A prefix as long as all elements together, which do not use it.
 std::string LongPrefix(std::size_t size) {
   return "<simservs xmlns:" + Repeated("p", size / 2) +
          "='http://uri.etsi.org/ngn/params/xml/simservs/xcap'>" +
@@ -159,7 +160,7 @@ std::string Declarations(std::size_t size) {
   return text + "><communication-waiting active='true'/></simservs>";
 }
 
-// The document's pieces go through the writer, which keeps the first 32 KB of them.
+// Writes all pieces of the document, though the writer keeps only the first 32 KB.
 void Write(std::string& text, std::size_t) {
   ZtXMLDocGenerator writer;
   writer.ztInitXmlDoc();

@@ -58,7 +58,7 @@ bool EventsByLibxml2(const std::string& text) {
   handler.startElementNs = Libxml2Start;
   handler.endElementNs = Libxml2End;
   handler.characters = Libxml2Text;
-  // The same function: otherwise it looks at each text for whether it is only blank.
+  // The function for texts, so that libxml2 need not test whether each text is blank.
   handler.ignorableWhitespace = Libxml2Text;
   return xmlSAXUserParseMemory(&handler, nullptr, text.data(), static_cast<int>(text.size())) == 0;
 }

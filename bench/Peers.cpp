@@ -1,10 +1,10 @@
 // The library beside Expat, libxml2, pugixml and TinyXML-2, in one process and with the repetitions
-// of all cases interleaved at random, so that what else the machine does hits all of them alike.
+// of all cases interleaved at random, so that other work of the machine slows all of them alike.
 //
 //   ztxml_bench_peers [--markdown FILE] [--benchmark_...]
 //
 // prints what it measured as Markdown tables, into FILE too. Before it measures, it checks that
-// every case does its work, and that trees that are compared hold the same.
+// every case does its work and that compared trees have equal contents.
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -40,7 +40,7 @@ using bench::Work;
 
 struct Case {
   Key key;
-  std::size_t bytes;          // that a run counts as
+  std::size_t bytes;          // of document or output that one run works on
   std::function<bool()> run;  // false: it failed
   void (*before)() = nullptr;
   void (*after)() = nullptr;
@@ -218,7 +218,7 @@ void AddEvents(Cases* cases, const Document& document) {
 #endif
 }
 
-// What is written from a tree that is ready, and reading and writing in one.
+// Adds writing from a ready tree, and reading and writing together.
 void AddWriting(Cases* cases, const Document& document, Library* library, XMLElement* root,
                 std::size_t written) {
   const std::string& text = document.text;
@@ -348,7 +348,7 @@ class Comparison {
     const std::string copy = text;
     const Tree again(library->Read(copy));
     const TreeCounts kept = CountsOf(document.kind, again.get());
-    // It declares the namespaces that it knows, so that there may be more attributes than before.
+    // The library declares its own namespaces, so there may be more attributes than before.
     if (kept.pieces != counts.pieces || kept.objects < counts.objects ||
         kept.texts < counts.texts || kept.bytes < counts.bytes) {
       Fail("the library did not write all of " + document.name);
@@ -376,7 +376,7 @@ bool Save(const char* path, const std::string& text) {
 
 int main(int argc, char** argv) {
   const char* markdown = nullptr;
-  // Given before the user's, so that these win.
+  // Come before the user's flags, which therefore win.
   static char defaults[][64] = {"--benchmark_enable_random_interleaving=true",
                                 "--benchmark_repetitions=15", "--benchmark_min_time=0.03",
                                 "--benchmark_report_aggregates_only=true"};

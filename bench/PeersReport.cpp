@@ -69,7 +69,7 @@ void PeersReport::ReportRuns(const std::vector<Run>& runs) {
   if (!shown.empty()) ConsoleReporter::ReportRuns(shown);
 }
 
-// How far the machine can be trusted.
+// How much the repetitions varied on this machine.
 std::string PeersReport::Spread() const {
   if (spreads_.empty()) return "";
   std::vector<double> sorted = spreads_;
@@ -85,7 +85,7 @@ double PeersReport::SpeedOf(const Key& key) const {
   return found == speeds_.end() ? 0 : found->second;
 }
 
-// A document tree that is made and freed is both: what comes nearest to events, and a reading.
+// Making and freeing a document tree counts twice: as the nearest thing to events, and as reading.
 double PeersReport::SpeedBeside(const Key& key) const {
   const double speed = SpeedOf(key);
   const bool tree = key.who != Who::kExpat && key.who != Who::kLibxml2;
@@ -95,8 +95,8 @@ double PeersReport::SpeedBeside(const Key& key) const {
 
 // How many times as fast as the fastest of the peers from `first` to `last` the library is.
 std::string PeersReport::Best(const Key& library, Who first, Who last) const {
-  double own = 0;     // of those that do the same work
-  double beside = 0;  // of those that only make a document tree
+  double own = 0;     // best of the peers that do what the library does
+  double beside = 0;  // best of the peers that only make a document tree
   for (auto i = static_cast<int>(first); i <= static_cast<int>(last); ++i) {
     const Key key{library.work, library.document, static_cast<Who>(i)};
     own = std::max(own, SpeedOf(key));

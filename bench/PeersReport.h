@@ -36,9 +36,9 @@ std::string NameOf(const Key& key);
 
 class PeersReport : public benchmark::ConsoleReporter {
  public:
-  /// What a benchmark's name stands for, before it runs.
+  /// Tells, before a benchmark runs, which case its name means.
   void Expect(const Key& key) { keys_[NameOf(key)] = key; }
-  /// What one run allocates, before or after it is timed.
+  /// Tells what one run allocates; before or after the timing.
   void SetAllocations(const Key& key, Allocations allocations) { allocations_[key] = allocations; }
   void SetItems(const Document* document, std::size_t items) { items_[document] = items; }
 

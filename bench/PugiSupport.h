@@ -1,4 +1,4 @@
-// What both mappings need of pugixml and of numbers.
+// Helpers of both mappings for pugixml and for numbers.
 #ifndef ZTXML_BENCH_PUGISUPPORT_H
 #define ZTXML_BENCH_PUGISUPPORT_H
 
@@ -32,7 +32,7 @@ Enum Find(const std::string_view (&names)[kCount], const char* text) {
   const std::string_view wanted = text;
   std::size_t i = 0;
   while (i < kCount && names[i] != wanted) ++i;
-  return static_cast<Enum>(i);  // what matches nothing is the value behind them, absent
+  return static_cast<Enum>(i);  // without a match the value after the last name: absent
 }
 
 /// The children of `node` in order with their local names.
@@ -51,7 +51,7 @@ void EachAttribute(pugi::xml_node node, Visit visit) {
   }
 }
 
-/// The element children of `node`: room for as many spares moving what is read.
+/// The number of child elements, to reserve room, so that what is read need not be moved.
 inline std::size_t ChildCount(pugi::xml_node node) {
   std::size_t count = 0;
   for (pugi::xml_node child = node.first_child(); child; child = child.next_sibling()) ++count;

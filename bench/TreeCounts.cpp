@@ -142,7 +142,7 @@ class Counter {
     Texts({execution->getWhenValue(), execution->getReasonValue(), execution->getByValue()});
   }
 
-  // Lists of texts: only the texts count, whatever the library makes of them.
+  // Of lists of texts only the texts count, not the objects that the library makes of them.
   void Words(ZtSingleElementList* words) {
     Each<zt_string>(words, [this](zt_string& word) { Text(word.getValue()); });
   }

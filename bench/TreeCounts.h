@@ -1,5 +1,5 @@
-// What a tree holds, counted by walking it: to tell that two readers kept the same, and to relate
-// allocations to it.
+// What a tree holds, counted by walking it: to check that two readers kept equal contents, and to
+// relate allocations to them.
 #ifndef ZTXML_BENCH_TREECOUNTS_H
 #define ZTXML_BENCH_TREECOUNTS_H
 

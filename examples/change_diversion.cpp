@@ -15,7 +15,7 @@ namespace {
 
 constexpr char kOff[] = "rule-deactivated";
 
-// Texts of elements are written as they stand: what comes from elsewhere is escaped first.
+// Texts of elements are written unchanged, so a text from elsewhere is escaped first.
 std::string Escaped(const char* text) {
   std::string escaped;
   for (; *text; ++text) {
@@ -78,7 +78,7 @@ bool Change(XMLContext& context, zt_communication_diversion& diversion, const ch
   return all.begin() == all.end() || SwitchOff(*factory, *all.begin());
 }
 
-// The body with the changes, printed; whether that went well.
+// Prints the body with the changes. Returns whether that worked.
 bool Run(XMLContext& context, const char* xml, const char* target) {
   XMLUnMarshaller* reader = context.createUnMarshaller();
   XMLMarshaller* writer = context.createMarshaller();
@@ -92,7 +92,7 @@ bool Run(XMLContext& context, const char* xml, const char* target) {
   return text != nullptr;
 }
 
-// The document's own prefixes are collected first: it is read and written back with them.
+// First collects the document's own prefixes, with which it is read and written back.
 bool RunWithNamespaces(const char* xml, const char* target) {
   XMLContext* retrieval = XMLFactory::newInstance(XML_SCHEMA_NAMESPACE_RETRIEVAL);
   XMLContext* context = XMLFactory::newInstance(XML_SCHEMA_COMMUNICATION_DIVERSION);

@@ -11,7 +11,7 @@ namespace {
 // Optional texts are null when the document does not have them.
 const char* OrNone(const char* text) { return text ? text : "(none)"; }
 
-// Values beyond the named ones are possible: the document's value was absent or unknown.
+// A value beyond the named ones means that the document's value was absent or unknown.
 const char* NameOf(zt_reginfo_state_type_enum state) {
   switch (state) {
     case ZT_REGINFO_STATE_FULL:
@@ -47,7 +47,7 @@ const char* NameOf(zt_contact_state_type_enum state) {
   }
 }
 
-// A list of other elements holds several types: ZtAs gives null for those that it is not asked for.
+// A list of other elements holds several types: ZtAs gives null for an element of another type.
 void PrintGruu(XMLElement& element) {
   if (const auto* gruu = ZtAs<zt_pub_gruu>(&element)) {
     std::printf("    public GRUU %s\n", OrNone(gruu->getUriValue()));
@@ -64,7 +64,7 @@ void PrintContact(const zt_ns_reginfo_contact& contact) {
   // Numbers are 0 when they are absent.
   if (contact.getExpiresValue()) std::printf("    expires in %llu s\n", contact.getExpiresValue());
 
-  // A list is null when the document has nothing for it; ZtEach takes that for an empty one.
+  // A list is null when the document has no such elements; ZtEach takes null for an empty list.
   for (const zt_unknown_param& param : ZtEach(contact.getUnknownParamListValue())) {
     std::printf("    parameter %s = %s\n", OrNone(param.getNameValue()),
                 OrNone(param.getValueValue()));

@@ -6,8 +6,8 @@
 
 namespace {
 
-// Adds a new child to a parent that is there. What a factory makes is the caller's until a parent
-// takes it, so a child that is not taken is freed. Returns whether it was taken.
+// Adds a new child to an existing parent. What a factory makes is the caller's until a parent takes
+// it, so a child that is not taken is freed. Returns whether it was taken.
 bool AddGruu(ReginfoDataBinder& factory, zt_ns_reginfo_contact& contact) {
   zt_pub_gruu* gruu = factory.CreatePubGruuElement();
   if (!gruu) return false;
@@ -25,7 +25,7 @@ bool AddContact(ReginfoDataBinder& factory, zt_registration& registration) {
   contact->setEventValue(ZT_CONTACT_EVENT_REGISTERED);
   contact->setExpiresValue(3600);
   contact->setUriValue("sip:ada@192.0.2.20:5060");
-  // Texts of elements are written as they stand: escape them as XML yourself.
+  // Texts of elements are written unchanged: escape them as XML yourself.
   contact->setDisplayNameValue("Ada &amp; Co.");
   if (AddGruu(factory, *contact) && registration.addContact(contact)) return true;
   XMLFactory::DeleteElement(contact);

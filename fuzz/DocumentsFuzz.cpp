@@ -6,7 +6,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   static_assert(XML_SCHEMA_END <= 32, "every schema has a byte");
   if (size < 3) return 0;
   const Balanced balanced;
-  CheckRoundTrip(static_cast<eXMLSchemaID>(data[0] % 32), TextBehind(2, data, size), data[0] >= 128,
+  CheckRoundTrip(static_cast<eXMLSchemaID>(data[0] % 32), TextAfter(2, data, size), data[0] >= 128,
                  data[1]);
   return 0;
 }

@@ -1,5 +1,5 @@
-// What the fuzz targets share: how an invariant is asserted, a check that nothing leaks, and what
-// holds for any text read and written by any schema.
+// What the fuzz targets share: assertions, a check for leaks, and what must hold for any text that
+// any schema reads and writes.
 #ifndef ZTXML_FUZZ_FUZZSUPPORT_H
 #define ZTXML_FUZZ_FUZZSUPPORT_H
 
@@ -22,7 +22,7 @@ inline void Require(bool holds, const char* invariant, const std::string& found 
   std::abort();
 }
 
-/// The memory log is balanced when it ends.
+/// Requires at its end that the memory log is balanced.
 class Balanced {
  public:
   Balanced() {
@@ -85,16 +85,17 @@ inline bool IsWellFormed(std::string text) {
   return parser.Decode(text.data(), static_cast<int>(text.size())) == ZT_XML_SUCCESS;
 }
 
-/// Documents that may be written otherwise than they are read, by design: entities in attributes
-/// are resolved and not written again, and an element that lacks something required is cut short.
+/// Documents whose output may by design be read as another tree: entities in attributes are
+/// resolved and not written again, and an element that lacks something required is cut short.
 inline bool MayDiffer(eXMLSchemaID id, const std::string& in, const std::string& out) {
   return in.find('&') != std::string::npos || out.size() >= ZtXMLDocGenerator::kBufferSize - 1 ||
          out.find("<proessing-notification") != std::string::npos ||
          (MayBeMalformed(id) && !IsWellFormed(out));
 }
 
-/// What was read is written, well formed when it was, and what was written is read and written the
-/// same; with an allocation failing, after `failing`, it is written whole or not at all.
+/// Requires that what was read can be written, well formed if `text` was, and that the output is
+/// read and written as itself. When an allocation after `failing` fails, it is written whole or not
+/// at all.
 inline void CheckRoundTrip(eXMLSchemaID id, const std::string& text, bool bound,
                            std::uint8_t failing) {
   Workers workers(id, text, bound);
@@ -102,12 +103,13 @@ inline void CheckRoundTrip(eXMLSchemaID id, const std::string& text, bool bound,
   Require(IsSound(id, text, first), "what is written is well formed", text + "\n---\n" + first);
   if (workers.Context() && id != XML_SCHEMA_SIMSERVS) {
     const std::string other = RoundTripThroughCallbacks(*workers.Context(), text);
-    Require(other == first, "the callbacks one by one make the same tree",
+    Require(other == first, "the callbacks one by one make an equal tree",
             text + "\n---\n" + first + "\n---\n" + other);
   }
   if (first != "(null)" && !MayDiffer(id, text, first)) {
-    const std::string second = workers.RoundTrip(first);  // with the same namespaces bound
-    Require(second == first, "what was written is read and written the same",
+    const std::string second =
+        workers.RoundTrip(first);  // with the namespaces of `text` bound again
+    Require(second == first, "what was written is read and written unchanged",
             text + "\n---\n" + first + "\n---\n" + second);
   }
   if (!failing) return;
@@ -118,8 +120,8 @@ inline void CheckRoundTrip(eXMLSchemaID id, const std::string& text, bool bound,
           text + "\n---\n" + unsure);
 }
 
-/// An input behind its first bytes, as the text that it is: it ends with the first NUL.
-inline std::string TextBehind(std::size_t first, const std::uint8_t* data, std::size_t size) {
+/// An input after its `first` bytes, as a text, which ends with the first NUL.
+inline std::string TextAfter(std::size_t first, const std::uint8_t* data, std::size_t size) {
   const std::string all(reinterpret_cast<const char*>(data + first), size - first);
   return all.substr(0, all.find('\0'));
 }

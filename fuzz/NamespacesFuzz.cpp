@@ -22,7 +22,7 @@ class Namespaces {
 
   XMLObject* Root() const { return m_pRoot; }
 
-  // One declaration per line; every word of it stands in `text`, where entities do not hide it.
+  // The declarations, one per line; requires that `text` has each word, unless entities hide it.
   std::string Told(const std::string& text) const {
     auto* found = zt_schema_namespace_retrieval::From(m_pRoot);
     std::string told;
@@ -43,7 +43,7 @@ class Namespaces {
 };
 
 // Whether what may be a start tag has a name that begins with a slash, if only after its prefix:
-// that is refused. What no blank ends is all name, an attribute's URI too.
+// such a document is refused. A name ends only at a blank, so it may include an attribute's URI.
 bool HasSlashedName(const std::string& text) {
   constexpr char kBlanks[] = " \t\r\n";
   for (std::size_t at = text.find('<'); at != std::string::npos; at = text.find('<', at + 1)) {
@@ -69,7 +69,7 @@ XMLElement* Diversion() {
   return root;
 }
 
-// `tree` is written with the prefixes of `namespaces` and read with them again.
+// Requires that `tree`, written with the prefixes of `namespaces`, is read with them again.
 void CheckWritten(const Namespaces& namespaces, XMLElement* tree) {
   XMLContext* context = XMLFactory::newInstance(XML_SCHEMA_COMMUNICATION_DIVERSION);
   context->SetNamespaceBinder(namespaces.Root());
@@ -90,7 +90,7 @@ void CheckWritten(const Namespaces& namespaces, XMLElement* tree) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   if (size < 2) return 0;
   const Balanced balanced;
-  const std::string text = TextBehind(1, data, size);
+  const std::string text = TextAfter(1, data, size);
   const Namespaces whole(text);
   Require(whole.Root() || !IsWellFormed(text) || HasSlashedName(text), "any document is read",
           text);

@@ -1,5 +1,5 @@
-// The parser: however a text is cut into chunks, the same callbacks come; only the texts of
-// elements depend on the cuts. First byte: how it is cut.
+// The parser: its callbacks do not depend on how a text is cut into chunks, except for the texts of
+// elements. First byte: how it is cut.
 #include <algorithm>
 
 #include "FuzzSupport.h"
@@ -47,7 +47,7 @@ Outcome Feed(const std::string& text, unsigned seed, std::size_t largest) {
     at += size;
   }
   const Outcome outcome = {recorder.events, result};
-  // Nothing sensible comes behind a failure, but nothing worse either.
+  // After a failure the callbacks mean nothing, but no access may leave the memory.
   for (int i = 0; i < 2; ++i) {
     std::string more = i ? "</a>" : text;
     parser.Decode(more.data(), static_cast<int>(more.size()));
@@ -59,7 +59,7 @@ Outcome Feed(const std::string& text, unsigned seed, std::size_t largest) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   if (size < 2) return 0;
-  const std::string text = TextBehind(1, data, size);
+  const std::string text = TextAfter(1, data, size);
   const Balanced balanced;
   const Outcome whole = Feed(text, 0, 0);
   for (const std::size_t largest : {std::size_t{1}, std::size_t{7}, std::size_t{64}}) {

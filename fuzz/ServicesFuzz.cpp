@@ -5,7 +5,7 @@
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   if (size < 2) return 0;
   const Balanced balanced;
-  const std::string text = TextBehind(1, data, size);
+  const std::string text = TextAfter(1, data, size);
   for (const bool bound : {false, true}) {
     CheckRoundTrip(XML_SCHEMA_SIMSERVS, text, bound, data[0]);
     for (const eXMLSchemaID id :

@@ -18,7 +18,7 @@ class zt_bootstrappinginfo : public ZtTyped<zt_bootstrappinginfo, ZtObject> {
   int setBtidValue(const char* text) { return m_Btid.Assign(text); }
   const char* getBtidValue() const { return m_Btid.Get(); }
 
-  /// The date and time up to which it holds.
+  /// The date and time up to which the identifier is valid.
   int setLifetimeValue(const char* text) { return m_Lifetime.Assign(text); }
   const char* getLifetimeValue() const { return m_Lifetime.Get(); }
 
@@ -29,13 +29,13 @@ class zt_bootstrappinginfo : public ZtTyped<zt_bootstrappinginfo, ZtObject> {
 
 class BootstrappingInfoContext;
 
-/// Makes empty elements; each is the caller's until a parent takes it. Null without memory.
+/// Makes empty elements; each is the caller's until a parent takes it. Null when out of memory.
 class BootstrappingInfoDataBinder : public ZtDescribedBy<BootstrappingInfoContext, ZtFactory> {
  public:
 };
 
-/// Writes a zt_bootstrappinginfo. Besides Marshall, the steps that write one element each (1
-/// written, 0 failed), which only a running Marshall can use.
+/// Writes a zt_bootstrappinginfo. Its Add functions write one element each and return 1, or 0 on
+/// failure; they work only while Marshall runs.
 class BootstrappingInfoMarshaller : public ZtDescribedBy<BootstrappingInfoContext, ZtMarshaller> {
  public:
   int AddBootstrappingInfoElementToXml(zt_bootstrappinginfo* info) { return Write(info); }

@@ -14,16 +14,16 @@ class zt_alternative_service : public ZtTyped<zt_alternative_service> {
  public:
   ZT_API static const ZtElementType kType;
 
-  /// The kind of service, e.g. "restoration". Only texts are kept here and below: where a document
-  /// has an element instead ("<emergency/>"), this is empty.
+  /// The kind of service, e.g. "restoration". Here and below only text is kept: where a document
+  /// has an element instead ("<emergency/>"), the value is empty.
   int setTypeValue(const char* text) { return m_Type.Assign(text); }
   const char* getTypeValue() const { return m_Type.Get(); }
 
-  /// Why it is indicated.
+  /// Why the service is indicated.
   int setReasonValue(const char* text) { return m_Reason.Assign(text); }
   const char* getReasonValue() const { return m_Reason.Get(); }
 
-  /// What is to be done.
+  /// What the device is to do.
   int setActionValue(const char* text) { return m_Action.Assign(text); }
   const char* getActionValue() const { return m_Action.Get(); }
 
@@ -48,7 +48,7 @@ class zt_ims_3gpp : public ZtTyped<zt_ims_3gpp, ZtObject> {
   }
   zt_alternative_service* getAlternativeServiceValue() const { return m_AlternativeService; }
 
-  /// More about it.
+  /// Further information about the service.
   int setServiceInfoValue(const char* text) { return m_ServiceInfo.Assign(text); }
   const char* getServiceInfoValue() const { return m_ServiceInfo.Get(); }
 
@@ -60,14 +60,14 @@ class zt_ims_3gpp : public ZtTyped<zt_ims_3gpp, ZtObject> {
 
 class CWIndicationContext;
 
-/// Makes empty elements; each is the caller's until a parent takes it. Null without memory.
+/// Makes empty elements; each is the caller's until a parent takes it. Null when out of memory.
 class CWIndicationDataBinder : public ZtDescribedBy<CWIndicationContext, ZtFactory> {
  public:
   zt_alternative_service* CreateAlternativeServiceElement() { return Make(); }
 };
 
-/// Writes a zt_ims_3gpp. Besides Marshall, the steps that write one element each (1 written, 0
-/// failed), which only a running Marshall can use.
+/// Writes a zt_ims_3gpp. Its Add functions write one element each and return 1, or 0 on failure;
+/// they work only while Marshall runs.
 class CWIndicationMarshaller : public ZtDescribedBy<CWIndicationContext, ZtMarshaller> {
  public:
   int AddIms3gppElementToXml(zt_ims_3gpp* ims) { return Write(ims); }

@@ -14,7 +14,7 @@ class zt_ns_call_waiting_indication_action : public ZtTyped<zt_ns_call_waiting_i
  public:
   ZT_API static const ZtElementType kType;
 
-  /// The flag "call-waiting-indication"; null for none. One that is not present cannot be written.
+  /// The flag "call-waiting-indication"; null for none. A flag must be present to be written.
   int setCallWaitingIndicationValue(zt_empty_element_type* element) {
     return m_CallWaitingIndication.Set(element);
   }
@@ -30,7 +30,7 @@ class zt_ns_call_waiting_indication_alternative_service
  public:
   ZT_API static const ZtElementType kType;
 
-  /// What is to be done.
+  /// What the device is to do.
   int setActionValue(zt_ns_call_waiting_indication_action* element) {
     return m_Action.Set(element);
   }
@@ -64,7 +64,7 @@ class zt_3gpp_ims : public ZtTyped<zt_3gpp_ims, ZtObject> {
 
 class CallWaitingIndicationContext;
 
-/// Makes empty elements; each is the caller's until a parent takes it. Null without memory.
+/// Makes empty elements; each is the caller's until a parent takes it. Null when out of memory.
 class ZT_API CallWaitingIndicationDataBinder
     : public ZtDescribedBy<CallWaitingIndicationContext, ZtFactory> {
  public:
@@ -75,8 +75,8 @@ class ZT_API CallWaitingIndicationDataBinder
   zt_empty_element_type* CreateCallWaitingIndicationElement();
 };
 
-/// Writes a zt_3gpp_ims. Besides Marshall, the steps that write one element each (1 written, 0
-/// failed), which only a running Marshall can use.
+/// Writes a zt_3gpp_ims. Its Add functions write one element each and return 1, or 0 on failure;
+/// they work only while Marshall runs.
 class ZT_API CallWaitingIndicationMarshaller
     : public ZtDescribedBy<CallWaitingIndicationContext, ZtMarshaller> {
  public:

@@ -8,7 +8,7 @@
 enum zt_caps_boolean_enum : unsigned {
   ZT_CAPS_FALSE,
   ZT_CAPS_TRUE,
-  ZT_CAPS_ABSENT  ///< not said or not understood; not written
+  ZT_CAPS_ABSENT  ///< missing or not understood; not written
 };
 
 /// The duplex modes inside "supported" or "notsupported". A mode is there when its text is set,
@@ -17,7 +17,7 @@ class zt_ns_caps_duplextypes : public ZtTyped<zt_ns_caps_duplextypes, ZtKeepsEle
  public:
   ZT_API static const ZtElementType kType;
 
-  /// Any text makes the mode present, and is written as its content as it stands; null makes it
+  /// Any text makes the mode present and is written, unescaped, as its content; null makes it
   /// absent.
   int setFullValue(const char* full) { return m_Full.Assign(full); }
   const char* getFullValue() const { return m_Full.Get(); }

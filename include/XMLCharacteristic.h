@@ -2,7 +2,7 @@
 //
 // Elements own their texts and lists: setters copy texts, take lists with their entries, and free
 // what they replace; null means absent. The add operations take one object and return 1, or 0 when
-// it is null or owned, or there is no memory.
+// it is null, has an owner, or there is no memory.
 #ifndef ZTXML_INCLUDE_XMLCHARACTERISTIC_H
 #define ZTXML_INCLUDE_XMLCHARACTERISTIC_H
 
@@ -33,7 +33,7 @@ class zt_characteristic : public ZtTyped<zt_characteristic> {
   /// The attribute "type", the group's name.
   int setType(const char* type) { return m_Type.Assign(type); }
   const char* getType() const { return m_Type.Get(); }
-  /// A list of zt_parm. Intended: the setter is called setParmList and the getter getParamList;
+  /// A list of zt_parm. Intended: the setter is called setParmList, but its getter getParamList;
   /// callers use both names.
   int setParmList(ZtSingleElementList* list) { return m_Parms.Set(list); }
   ZtListOf<zt_parm>* getParamList() const { return m_Parms; }

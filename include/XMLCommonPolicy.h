@@ -3,7 +3,7 @@
 //
 // Every element owns its texts, children and lists: setters copy texts, take objects and lists with
 // their entries, and free what they replace; null means absent. The add operations take one object
-// and return 1, or 0 when it is null or owned, or there is no memory.
+// and return 1, or 0 when it is null, has an owner, or there is no memory.
 #ifndef ZTXML_INCLUDE_XMLCOMMONPOLICY_H
 #define ZTXML_INCLUDE_XMLCOMMONPOLICY_H
 
@@ -34,7 +34,7 @@ class zt_ns_common_policy_oneType : public ZtTyped<zt_ns_common_policy_oneType> 
  public:
   ZT_API static const ZtElementType kType;
 
-  /// The attribute "id", a URI; required on output.
+  /// The attribute "id", a URI; the element cannot be written without it.
   int setIdValue(const char* text) { return m_Id.Assign(text); }
   const char* getIdValue() const { return m_Id.Get(); }
 
@@ -53,7 +53,7 @@ class zt_ns_common_policy_manyType : public ZtTyped<zt_ns_common_policy_manyType
  public:
   ZT_API static const ZtElementType kType;
 
-  /// The attribute "domain". It is what closes the start tag on output: set it always.
+  /// The attribute "domain". Always set it: without it the start tag stays open in the output.
   int setDomainValue(const char* text) { return m_Domain.Assign(text); }
   const char* getDomainValue() const { return m_Domain.Get(); }
 
@@ -73,7 +73,7 @@ class zt_ns_common_policy_manyType : public ZtTyped<zt_ns_common_policy_manyType
   ZtChildList m_AnyList;
 };
 
-/// The condition "identity". On output it must have a "one" or a "many".
+/// The condition "identity". It cannot be written without a "one" or a "many".
 class zt_ns_common_policy_identityType : public ZtTyped<zt_ns_common_policy_identityType> {
  public:
   ZT_API static const ZtElementType kType;
@@ -104,7 +104,7 @@ class zt_ns_common_policy_sphereType : public ZtTyped<zt_ns_common_policy_sphere
  public:
   ZT_API static const ZtElementType kType;
 
-  /// The attribute "value"; required on output.
+  /// The attribute "value"; the element cannot be written without it.
   int setValueValue(const char* text) { return m_Value.Assign(text); }
   const char* getValueValue() const { return m_Value.Get(); }
 
@@ -112,8 +112,8 @@ class zt_ns_common_policy_sphereType : public ZtTyped<zt_ns_common_policy_sphere
   ZtText m_Value;
 };
 
-/// The condition "validity": periods of time. The n-th "from" goes with the n-th "until"; on output
-/// there must be as many of both, and at least one.
+/// The condition "validity": periods of time. The n-th "from" goes with the n-th "until"; to be
+/// written it needs as many of both, and at least one.
 class zt_ns_common_policy_validityType : public ZtTyped<zt_ns_common_policy_validityType> {
  public:
   ZT_API static const ZtElementType kType;
@@ -123,7 +123,7 @@ class zt_ns_common_policy_validityType : public ZtTyped<zt_ns_common_policy_vali
   ZtListOf<zt_string>* getFromListValue() const { return m_FromList; }
   int addFrom(zt_string* element) { return m_FromList.Add(element); }
 
-  /// The ends, likewise.
+  /// The ends: a list like that of the starts.
   int setUntilListValue(ZtSingleElementList* list) { return m_UntilList.Set(list); }
   ZtListOf<zt_string>* getUntilListValue() const { return m_UntilList; }
   int addUntil(zt_string* element) { return m_UntilList.Add(element); }
@@ -175,7 +175,7 @@ class zt_ns_common_policy_extensibleType : public ZtTyped<zt_ns_common_policy_ex
  public:
   ZT_API static const ZtElementType kType;
 
-  /// Any elements. Of actions those are written that the service knows; of transformations none:
+  /// Any elements. Of actions those that the service knows are written; of transformations none:
   /// the element is always written empty.
   int setElementsValue(ZtSingleElementList* list) { return m_Elements.Set(list); }
   ZtListOf<XMLElement>* getElementsValue() const { return m_Elements; }
@@ -192,7 +192,7 @@ class zt_ns_common_policy_ruleType : public ZtTyped<zt_ns_common_policy_ruleType
  public:
   ZT_API static const ZtElementType kType;
 
-  /// The attribute "id", unique in the rule set; required on output.
+  /// The attribute "id", unique in the rule set; the element cannot be written without it.
   int setIdValue(const char* text) { return m_Id.Assign(text); }
   const char* getIdValue() const { return m_Id.Get(); }
 
@@ -208,7 +208,7 @@ class zt_ns_common_policy_ruleType : public ZtTyped<zt_ns_common_policy_ruleType
   }
   zt_ns_common_policy_extensibleType* getActionsValue() const { return m_Actions; }
 
-  /// What is hidden from whom; see the type.
+  /// What is hidden from whom; always written empty.
   int setTransformationsValue(zt_ns_common_policy_extensibleType* element) {
     return m_Transformations.Set(element);
   }
@@ -223,7 +223,7 @@ class zt_ns_common_policy_ruleType : public ZtTyped<zt_ns_common_policy_ruleType
   ZtChild m_Transformations;
 };
 
-/// The "ruleset": rules in the order in which they are looked at.
+/// The "ruleset": rules in the order in which they are evaluated.
 class zt_ns_common_policy_ruleset : public ZtTyped<zt_ns_common_policy_ruleset> {
  public:
   ZT_API static const ZtElementType kType;
@@ -239,8 +239,8 @@ class zt_ns_common_policy_ruleset : public ZtTyped<zt_ns_common_policy_ruleset> 
   ZtChildList m_Rules;
 };
 
-/// Makes the elements of a rule set, empty; each is the caller's until a parent takes it. Null
-/// without memory.
+/// Makes the elements of a rule set, empty; each is the caller's until a parent takes it. Null when
+/// out of memory.
 class ZtPolicyDataBinder : public ZtFactory {
  public:
   zt_ns_common_policy_ruleset* CreateRuleSetElement() { return Make(); }
@@ -254,7 +254,7 @@ class ZtPolicyDataBinder : public ZtFactory {
   zt_ns_common_policy_validityType* CreateValidityTypeElement() { return Make(); }
   zt_ns_common_policy_extensibleType* CreateActionsTypeElement() { return Make(); }
   zt_ns_common_policy_extensibleType* CreateTransformationsTypeElement() { return Make(); }
-  /// A flag that is not present yet: setValue names it ("busy") and makes it so.
+  /// A flag that is absent until setValue gives it its name, e.g. "busy".
   zt_empty_element_type* CreateEmptyTypeElement() { return Make(); }
   zt_ns_xcap_media_type* CreateMediaTypeElement() { return Make(); }
   zt_presence_status_activity_type* CreatePresenceStatusActivityTypeElement() { return Make(); }
@@ -264,9 +264,9 @@ class ZtPolicyDataBinder : public ZtFactory {
 /// How a service writes the rule set; opaque to callers.
 struct ZtPolicyTypes;
 
-/// Writes rule sets. Each step writes one element (1 written, 0 failed); only a running Marshall
-/// can use them. A rule whose conditions fail goes on behind them, with the conditions cut short
-/// and without their end tag.
+/// Writes rule sets. The Add functions write one element each and return 1, or 0 on failure; they
+/// work only while Marshall runs. Conditions that cannot be written are cut short, without their
+/// end tag, and the rest of the rule follows.
 class ZT_API ZtPolicyMarshaller : public ZtNamespaceMarshaller {
  public:
   int AddRuleSetElementToXml(zt_ns_common_policy_ruleset* ruleset);

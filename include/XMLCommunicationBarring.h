@@ -28,8 +28,8 @@ class zt_allow_action_type : public ZtTyped<zt_allow_action_type> {
 /// What both services have: the rules.
 class ZtCommunicationBarring : public zt_ns_xcap_simservType {
  public:
-  /// Takes the rules; null for none. Rules that cannot be written cut the rule set short and fail
-  /// nothing.
+  /// Takes the rules; null for none. Rules that cannot be written cut the rule set short; the
+  /// service is written even so.
   int setRuleSetValue(zt_ns_common_policy_ruleset* ruleset) { return m_RuleSet.Set(ruleset); }
   zt_ns_common_policy_ruleset* getRuleSetValue() const { return m_RuleSet; }
 
@@ -55,14 +55,14 @@ class zt_outgoing_communication_barring
 
 class CommunicationBarringContext;
 
-/// Makes empty elements; each is the caller's until a parent takes it. Null without memory.
+/// Makes empty elements; each is the caller's until a parent takes it. Null when out of memory.
 class ZT_API CommunicationBarringDataBinder
     : public ZtDescribedBy<CommunicationBarringContext, ZtPolicyDataBinder> {
  public:
   /// Chooses what CreateRootElement makes, incoming or outgoing. Returns 1; 0 for any other value,
   /// which changes nothing.
   int setCBType(XML_COMMUNICATION_BARRING_TYPE type);
-  /// Null before the first setCBType, too.
+  /// Null also before the first setCBType.
   XMLObject* CreateRootElement() override;
   zt_allow_action_type* CreateAllowTypeElement() { return Make(); }
 
@@ -71,7 +71,7 @@ class ZT_API CommunicationBarringDataBinder
 };
 
 /// Writes a service, its rule set, a rule, conditions, actions, a flag or an except as an XCAP
-/// fragment: without declarations, for the scope of the document that it goes into.
+/// fragment, without declarations: the document that it goes into has them.
 class ZT_API Communication_barringMarshaller
     : public ZtDescribedBy<CommunicationBarringContext, ZtPolicyMarshaller> {
  public:
@@ -87,12 +87,12 @@ class ZT_API Communication_barringMarshaller
   const ZtPolicyTypes& Policy() const override;
 };
 
-/// Reads a communication-barring service, with the prefixes of its document.
+/// Reads either service under the prefixes that its document declares.
 class XMLCommunicationBarringDecoder
     : public ZtDecoderOf<CommunicationBarringContext, ZtNamespaceDecoder> {};
 
-/// Reads either service from an XCAP fragment; the root element tells which. Whatever the factory
-/// makes does not matter.
+/// Reads either service from an XCAP fragment; the root element tells which, whatever setCBType
+/// chose.
 class ZT_API CommunicationBarringUnMarshaller
     : public ZtDescribedBy<CommunicationBarringContext, ZtUnMarshaller> {};
 

@@ -98,8 +98,8 @@ class zt_communication_diversion
   /// Takes the timer; null for none.
   int setNoReplyTimerValue(zt_NoReplyTimer* timer) { return m_NoReplyTimer.Set(timer); }
   zt_NoReplyTimer* getNoReplyTimerValue() const { return m_NoReplyTimer; }
-  /// Takes the rules; null for none. Rules that cannot be written cut the rule set short and fail
-  /// nothing.
+  /// Takes the rules; null for none. Rules that cannot be written cut the rule set short; the
+  /// service is written even so.
   int setRuleSetValue(zt_ns_common_policy_ruleset* ruleset) { return m_RuleSet.Set(ruleset); }
   zt_ns_common_policy_ruleset* getRuleSetValue() const { return m_RuleSet; }
 
@@ -110,7 +110,7 @@ class zt_communication_diversion
 
 class CommunicationDiversionContext;
 
-/// Makes empty elements; each is the caller's until a parent takes it. Null without memory.
+/// Makes empty elements; each is the caller's until a parent takes it. Null when out of memory.
 class CommunicationDiversionDataBinder
     : public ZtDescribedBy<CommunicationDiversionContext, ZtPolicyDataBinder> {
  public:
@@ -119,7 +119,7 @@ class CommunicationDiversionDataBinder
 };
 
 /// Writes the service, its timer, rule set, a rule, conditions, actions, a forward-to or a flag as
-/// an XCAP fragment: without declarations, for the scope of the document that it goes into.
+/// an XCAP fragment, without declarations: the document that it goes into has them.
 class ZT_API Communication_diversionMarshaller
     : public ZtDescribedBy<CommunicationDiversionContext, ZtPolicyMarshaller> {
  public:
@@ -135,7 +135,7 @@ class ZT_API Communication_diversionMarshaller
   const ZtPolicyTypes& Policy() const override;
 };
 
-/// Reads a communication-diversion service, with the prefixes of its document.
+/// Reads the service under the prefixes that its document declares.
 class XMLCommunicationDiversionDecoder
     : public ZtDecoderOf<CommunicationDiversionContext, ZtNamespaceDecoder> {};
 

@@ -25,13 +25,13 @@ class ZT_API Communication_waitingMarshaller
     : public ZtDescribedBy<CommunicationWaitingContext, ZtNamespaceMarshaller> {
  public:
   Communication_waitingMarshaller();
-  /// Writes the element (1 written, 0 failed), which only a running Marshall can use.
+  /// Writes the element. Returns 1, or 0 on failure; works only while Marshall runs.
   int AddCommunication_waitingElementToXml(zt_communication_waiting* service) {
     return Write(service);
   }
 };
 
-/// Reads a communication-waiting service, with the prefixes of its document.
+/// Reads the service under the prefixes that its document declares.
 class XMLCommunicationWaitingDecoder
     : public ZtDecoderOf<CommunicationWaitingContext, ZtNamespaceDecoder> {};
 

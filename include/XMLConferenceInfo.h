@@ -12,8 +12,8 @@ class zt_keywords_type : public ZtTyped<zt_keywords_type, ZtExtensible<>> {
  public:
   ZT_API static const ZtElementType kType;
 
-  /// A list of zt_string; one blank stands between them in a document, and an empty one where two
-  /// do.
+  /// A list of zt_string. One blank separates two words in a document; two have an empty word
+  /// between.
   int setKeywordListValue(ZtSingleElementList* list) { return m_Words.Set(list); }
   ZtListOf<zt_string>* getKeywordListValue() const { return m_Words; }
   int addKeyword(zt_string* element) { return m_Words.Add(element); }
@@ -27,11 +27,11 @@ class zt_conference_medium_type : public ZtTyped<zt_conference_medium_type, ZtEx
  public:
   ZT_API static const ZtElementType kType;
 
-  /// The attribute "label"; required on output.
+  /// The attribute "label"; the element cannot be written without it.
   int setLabelValue(const char* text) { return m_Label.Assign(text); }
   const char* getLabelValue() const { return m_Label.Get(); }
 
-  /// What to show for it.
+  /// What to show for the medium.
   int setDisplayTextValue(const char* text) { return m_DisplayText.Assign(text); }
   const char* getDisplayTextValue() const { return m_DisplayText.Get(); }
 
@@ -39,7 +39,7 @@ class zt_conference_medium_type : public ZtTyped<zt_conference_medium_type, ZtEx
   int setTypeValue(const char* text) { return m_Type.Assign(text); }
   const char* getTypeValue() const { return m_Type.Get(); }
 
-  /// Its direction.
+  /// The medium's direction.
   int setStatusValue(zt_media_status_type_enum value) { return m_Status.Set(value); }
   zt_media_status_type_enum getStatusValue() const { return m_Status; }
 
@@ -74,11 +74,11 @@ class zt_conference_description_type
   int setDisplayTextValue(const char* text) { return m_DisplayText.Assign(text); }
   const char* getDisplayTextValue() const { return m_DisplayText.Get(); }
 
-  /// Its subject.
+  /// The conference's subject.
   int setSubjectValue(const char* text) { return m_Subject.Assign(text); }
   const char* getSubjectValue() const { return m_Subject.Get(); }
 
-  /// More about it.
+  /// More text about the conference.
   int setFreeTextValue(const char* text) { return m_FreeText.Assign(text); }
   const char* getFreeTextValue() const { return m_FreeText.Get(); }
 
@@ -86,19 +86,19 @@ class zt_conference_description_type
   int setKeywordsValue(zt_keywords_type* element) { return m_Keywords.Set(element); }
   zt_keywords_type* getKeywordsValue() const { return m_Keywords; }
 
-  /// URIs under which it is reached.
+  /// URIs under which the conference is reached.
   int setConfUrisValue(zt_uris_type* element) { return m_ConfUris.Set(element); }
   zt_uris_type* getConfUrisValue() const { return m_ConfUris; }
 
-  /// URIs of services around it.
+  /// URIs of services that go with the conference, e.g. a web page.
   int setServiceUrisValue(zt_uris_type* element) { return m_ServiceUris.Set(element); }
   zt_uris_type* getServiceUrisValue() const { return m_ServiceUris; }
 
-  /// The most users that it takes.
+  /// The most users that the conference admits.
   int setMaximumUserCountValue(unsigned int value) { return m_MaximumUserCount.Set(value); }
   unsigned int getMaximumUserCountValue() const { return m_MaximumUserCount; }
 
-  /// Its media.
+  /// The media that the conference offers.
   int setAvailableMediaValue(zt_conference_media_type* element) {
     return m_AvailableMedia.Set(element);
   }
@@ -124,7 +124,7 @@ class zt_host_type : public ZtTyped<zt_host_type, ZtExtensible<>> {
   int setDisplayTextValue(const char* text) { return m_DisplayText.Assign(text); }
   const char* getDisplayTextValue() const { return m_DisplayText.Get(); }
 
-  /// A page about it, a URI.
+  /// The URI of a page about the host.
   int setWebPageValue(const char* text) { return m_WebPage.Assign(text); }
   const char* getWebPageValue() const { return m_WebPage.Get(); }
 
@@ -143,7 +143,7 @@ class zt_conference_state_type : public ZtTyped<zt_conference_state_type, ZtExte
  public:
   ZT_API static const ZtElementType kType;
 
-  /// The users that take part.
+  /// The number of users that take part.
   int setUserCountValue(unsigned int value) { return m_UserCount.Set(value); }
   unsigned int getUserCountValue() const { return m_UserCount; }
 
@@ -151,7 +151,7 @@ class zt_conference_state_type : public ZtTyped<zt_conference_state_type, ZtExte
   int setActiveValue(int value) { return m_Active.Set(value == 1 ? 1 : 0); }
   int getActiveValue() const { return m_Active; }
 
-  /// The same for whether nobody may join any more.
+  /// 1 or 0, as above: whether nobody may join any more. Always written.
   int setLockedValue(int value) { return m_Locked.Set(value == 1 ? 1 : 0); }
   int getLockedValue() const { return m_Locked; }
 
@@ -168,7 +168,7 @@ class ZT_API zt_sidebars_by_val_type : public ZtTyped<zt_sidebars_by_val_type, Z
  public:
   static const ZtElementType kType;
 
-  /// Whether this is the full state, a change of it, or the end.
+  /// Whether the element has its full state, only what changed, or is gone.
   int setStateValue(zt_state_type_enum value) { return m_State.Set(value); }
   zt_state_type_enum getStateValue() const { return m_State; }
 
@@ -187,7 +187,7 @@ class zt_conference_type : public ZtTyped<zt_conference_type, ZtExtensible<ZtObj
  public:
   ZT_API static const ZtElementType kType;
 
-  /// Whether this is the full state, a change of it, or the end.
+  /// Whether the element has its full state, only what changed, or is gone.
   int setStateValue(zt_state_type_enum value) { return m_State.Set(value); }
   zt_state_type_enum getStateValue() const { return m_State; }
 
@@ -195,7 +195,7 @@ class zt_conference_type : public ZtTyped<zt_conference_type, ZtExtensible<ZtObj
   int setVersionValue(unsigned int value) { return m_Version.Set(value); }
   unsigned int getVersionValue() const { return m_Version; }
 
-  /// The attribute "entity", the URI of the conference; required on output.
+  /// The attribute "entity", the URI of the conference; the element cannot be written without it.
   int setEntityValue(const char* text) { return m_Entity.Assign(text); }
   const char* getEntityValue() const { return m_Entity.Get(); }
 
@@ -207,11 +207,11 @@ class zt_conference_type : public ZtTyped<zt_conference_type, ZtExtensible<ZtObj
     return m_ConferenceDescription;
   }
 
-  /// Who hosts it.
+  /// Who hosts the conference.
   int setHostInfoValue(zt_host_type* element) { return m_HostInfo.Set(element); }
   zt_host_type* getHostInfoValue() const { return m_HostInfo; }
 
-  /// How it stands.
+  /// How many take part, and whether it is active or locked.
   int setConferenceStateValue(zt_conference_state_type* element) {
     return m_ConferenceState.Set(element);
   }
@@ -221,11 +221,11 @@ class zt_conference_type : public ZtTyped<zt_conference_type, ZtExtensible<ZtObj
   int setUsersValue(zt_users_type* element) { return m_Users.Set(element); }
   zt_users_type* getUsersValue() const { return m_Users; }
 
-  /// The URIs of its sidebars.
+  /// Sidebars (conferences within this one) by their URIs.
   int setSidebarsByRefValue(zt_uris_type* element) { return m_SidebarsByRef.Set(element); }
   zt_uris_type* getSidebarsByRefValue() const { return m_SidebarsByRef; }
 
-  /// Its sidebars.
+  /// Sidebars with their state.
   int setSidebarsByValValue(zt_sidebars_by_val_type* element) {
     return m_SidebarsByVal.Set(element);
   }
@@ -243,7 +243,7 @@ class zt_conference_type : public ZtTyped<zt_conference_type, ZtExtensible<ZtObj
   ZtChild m_SidebarsByVal;
 };
 
-/// The root under its element's name.
+/// The root type by the name of its element.
 using zt_conference_info = zt_conference_type;
 
 inline int zt_sidebars_by_val_type::addEntry(zt_conference_type* element) {
@@ -252,7 +252,7 @@ inline int zt_sidebars_by_val_type::addEntry(zt_conference_type* element) {
 
 class ConferenceInfoContext;
 
-/// Makes empty elements; each is the caller's until a parent takes it. Null without memory.
+/// Makes empty elements; each is the caller's until a parent takes it. Null when out of memory.
 class ConferenceInfoDataBinder : public ZtDescribedBy<ConferenceInfoContext, ZtFactory> {
  public:
   zt_conference_type* CreateConferenceInfoType() { return Make(); }
@@ -272,15 +272,15 @@ class ConferenceInfoDataBinder : public ZtDescribedBy<ConferenceInfoContext, ZtF
   zt_uri_type* CreateURIType() { return Make(); }
   zt_keywords_type* CreateKeywordsType() { return Make(); }
   zt_conference_medium_type* CreateConferenceMediumType() { return Make(); }
-  /// An "available-media", empty. Intended: CreateConferenceMedaiType is spelt so; callers use the
+  /// An empty "available-media". Intended: CreateConferenceMedaiType is misspelt; callers use the
   /// name.
   zt_conference_media_type* CreateConferenceMedaiType() { return Make(); }
 
   zt_sidebars_by_val_type* CreateSideBarsByValueType() { return Make(); }
 };
 
-/// Writes a zt_conference_type. Besides Marshall, the steps that write one element each (1 written,
-/// 0 failed), which only a running Marshall can use; `name` is the element's name.
+/// Writes a zt_conference_type. Its Add functions write one element each and return 1, or 0 on
+/// failure; they work only while Marshall runs; `name` is the element's name.
 class ZT_API Conference_infoMarshall : public ZtDescribedBy<ConferenceInfoContext, ZtMarshaller> {
  public:
   int AddConferenceInfoElementToXml(zt_conference_type* conference, e_XmlStrRef name);
@@ -292,14 +292,14 @@ class ZT_API Conference_infoMarshall : public ZtDescribedBy<ConferenceInfoContex
   int AddIUsersElementToXml(zt_users_type* users) { return Write(users); }
   int AddUserElementToXml(zt_user_type* user) { return Write(user); }
   int AddEndPointElementToXml(zt_endpoint_type* endpoint) { return Write(endpoint); }
-  /// The children only: the element around them is the parent's.
+  /// Writes the children only: the parent writes the element around them.
   int AddExecutionTypeElementToXml(zt_execution_type* execution) { return Write(execution); }
   int AddMediaElementToXml(zt_media_type* media) { return Write(media); }
   int AddSipElementToXml(zt_sip_dialog_id_type* sip) { return Write(sip); }
   int AddUrisTypeElementToXml(zt_uris_type* uris, e_XmlStrRef name);
   int AddUriTypeElementToXml(zt_uri_type* uri) { return Write(uri); }
   int AddConferenceMediaTypeElementToXml(zt_conference_media_type* media) { return Write(media); }
-  /// The children only, like AddExecutionTypeElementToXml.
+  /// Writes the children only, like AddExecutionTypeElementToXml.
   int AddConferenceMediumTypeElementToXml(zt_conference_medium_type* medium) {
     return Write(medium);
   }

@@ -3,14 +3,15 @@
 //
 // Every element owns its texts, children and lists: setters copy texts, take objects and lists with
 // their entries, and free what they replace; null means absent. The add operations take one object
-// and return 1, or 0 when it is null or owned, or there is no memory. Texts are raw: callers escape
-// them. A number is absent when it is 0, an enumeration when it is not one of the named values.
+// and return 1, or 0 when it is null, has an owner, or there is no memory. Texts are raw: callers
+// escape them. A number is absent when it is 0, an enumeration when it is not one of the named
+// values.
 #ifndef ZTXML_INCLUDE_XMLCONFERENCEUSERS_H
 #define ZTXML_INCLUDE_XMLCONFERENCEUSERS_H
 
 #include "XMLValueTypes.h"
 
-/// How much of the state an element tells.
+/// How much of its state an element has.
 enum zt_state_type_enum : unsigned {
   ZT_STATE_FULL,
   ZT_STATE_PARTIAL,
@@ -99,7 +100,7 @@ class zt_uri_type : public ZtTyped<zt_uri_type, ZtExtensible<>> {
   int setPurposeValue(const char* text) { return m_Purpose.Assign(text); }
   const char* getPurposeValue() const { return m_Purpose.Get(); }
 
-  /// Its last change.
+  /// When, why and by whom the entry was last changed.
   int setModifiedValue(zt_execution_type* element) { return m_Modified.Set(element); }
   zt_execution_type* getModifiedValue() const { return m_Modified; }
 
@@ -115,7 +116,7 @@ class zt_uris_type : public ZtTyped<zt_uris_type, ZtExtensible<>> {
  public:
   ZT_API static const ZtElementType kType;
 
-  /// Whether this is the full state, a change of it, or the end.
+  /// Whether the element has its full state, only what changed, or is gone.
   int setStateValue(zt_state_type_enum value) { return m_State.Set(value); }
   zt_state_type_enum getStateValue() const { return m_State; }
 
@@ -134,8 +135,8 @@ class zt_user_languages_type : public ZtTyped<zt_user_languages_type, ZtExtensib
  public:
   ZT_API static const ZtElementType kType;
 
-  /// A list of zt_string; one blank stands between them in a document, and an empty one where two
-  /// do.
+  /// A list of zt_string. One blank separates two words in a document; two have an empty word
+  /// between.
   int setLanguageListValue(ZtSingleElementList* list) { return m_Words.Set(list); }
   ZtListOf<zt_string>* getLanguageListValue() const { return m_Words; }
   int addLanguage(zt_string* element) { return m_Words.Add(element); }
@@ -204,7 +205,7 @@ class zt_media_type : public ZtTyped<zt_media_type, ZtExtensible<>> {
  public:
   ZT_API static const ZtElementType kType;
 
-  /// The attribute "id"; required on output.
+  /// The attribute "id"; the element cannot be written without it.
   int setIdValue(const char* text) { return m_Id.Assign(text); }
   const char* getIdValue() const { return m_Id.Get(); }
 
@@ -242,7 +243,7 @@ class zt_endpoint_type : public ZtTyped<zt_endpoint_type, ZtExtensible<>> {
  public:
   ZT_API static const ZtElementType kType;
 
-  /// Whether this is the full state, a change of it, or the end.
+  /// Whether the element has its full state, only what changed, or is gone.
   int setStateValue(zt_state_type_enum value) { return m_State.Set(value); }
   zt_state_type_enum getStateValue() const { return m_State; }
 
@@ -287,7 +288,7 @@ class zt_endpoint_type : public ZtTyped<zt_endpoint_type, ZtExtensible<>> {
   ZtListOf<zt_media_type>* getMediaListValue() const { return m_Media; }
   int addMedia(zt_media_type* element) { return m_Media.Add(element); }
 
-  /// Its dialog with the focus.
+  /// The endpoint's dialog with the focus (the server that hosts the conference).
   int setCallInfoValue(zt_call_type* element) { return m_CallInfo.Set(element); }
   zt_call_type* getCallInfoValue() const { return m_CallInfo; }
 
@@ -310,7 +311,7 @@ class zt_user_type : public ZtTyped<zt_user_type, ZtExtensible<>> {
  public:
   ZT_API static const ZtElementType kType;
 
-  /// Whether this is the full state, a change of it, or the end.
+  /// Whether the element has its full state, only what changed, or is gone.
   int setStateValue(zt_state_type_enum value) { return m_State.Set(value); }
   zt_state_type_enum getStateValue() const { return m_State; }
 
@@ -334,7 +335,7 @@ class zt_user_type : public ZtTyped<zt_user_type, ZtExtensible<>> {
   int setLanguagesValue(zt_user_languages_type* element) { return m_Languages.Set(element); }
   zt_user_languages_type* getLanguagesValue() const { return m_Languages; }
 
-  /// The URI of the conference that the user stands for.
+  /// The URI of the conference that this user represents.
   int setCascadedFocusValue(const char* text) { return m_CascadedFocus.Assign(text); }
   const char* getCascadedFocusValue() const { return m_CascadedFocus.Get(); }
 
@@ -359,7 +360,7 @@ class zt_users_type : public ZtTyped<zt_users_type, ZtExtensible<>> {
  public:
   ZT_API static const ZtElementType kType;
 
-  /// Whether this is the full state, a change of it, or the end.
+  /// Whether the element has its full state, only what changed, or is gone.
   int setStateValue(zt_state_type_enum value) { return m_State.Set(value); }
   zt_state_type_enum getStateValue() const { return m_State; }
 

@@ -6,8 +6,8 @@
 #include "XMLObjectFactory.h"
 #include "XMLUnMarshaller.h"
 
-/// Made by XMLFactory::newInstance, freed with XMLFactory::deleteContext. It owns every worker that
-/// it made until it goes.
+/// Made by XMLFactory::newInstance, freed with XMLFactory::deleteContext together with every worker
+/// that it made.
 class ZT_API XMLContext : public ZtNonCopyable {
  public:
   virtual ~XMLContext();
@@ -18,9 +18,8 @@ class ZT_API XMLContext : public ZtNonCopyable {
   virtual XMLUnMarshaller* createUnMarshaller() = 0;
   virtual XMLObjectFactory* createBinderFactory() = 0;
 
-  /// Gives the namespaces of a document, as the schema namespace retrieval collected them
-  /// (borrowed until the context goes or another is set). Returns 1, or 0 when the schema uses
-  /// none.
+  /// Sets the namespaces of a document, as the schema namespace retrieval collected them (borrowed
+  /// until the context goes or another is set). Returns 1, or 0 when the schema uses none.
   virtual int SetNamespaceBinder(XMLObject* binder);
 
   /// The latest worker of each kind, null before the first.

@@ -21,7 +21,7 @@ class ZT_API XMLAttribute : public ZtNonCopyable {
  private:
   friend class ZtOwnership;
 
-  bool m_bOwned = false;  // an element deletes it
+  bool m_bOwned = false;  // whether an element owns it
 };
 
 /// An element. A parent owns its children and deletes them with itself.
@@ -37,22 +37,22 @@ class ZT_API XMLElement : public ZtNonCopyable {
   /// Reserved; every type answers 0.
   virtual int ReservedHook() = 0;
 
-  /// Offers a child: at its start under its local name with the object built for it (null for
-  /// text and unknown elements), at its end as "/" + name with its text in `value`. Returns 1 when
-  /// the child was taken or may be ignored, 0 when it is refused. After a 1 a child object of the
-  /// class that the type expects under the name belongs to this element, when it came at its start,
-  /// or at its end if it is of those that are made there; any other object stays the caller's.
+  /// Offers a child: at its start under its local name with the object built for it (null for text
+  /// and unknown elements), at its end as "/" + name with its text in `value`. Returns 1 when the
+  /// child was taken or may be ignored, 0 when it is refused. After a 1 this element owns `child`
+  /// if its class is the one that the type expects under `name` and it came with its start (with
+  /// its end, for classes that are made there); any other object stays the caller's.
   virtual int ProcessUnMarshall(char* name, char* value, XMLElement* child);
-  /// Offers an attribute: as text when `attribute` is null, else as an object, which belongs to
-  /// this element when no attribute of its own has that name and it keeps others. Returns 1 taken
-  /// or ignored, 0 refused.
+  /// Offers an attribute: as text when `attribute` is null, else as an object, which this element
+  /// then owns if it keeps attributes of unknown names and `name` is one. Returns 1 taken or
+  /// ignored, 0 refused.
   virtual int ProcessUnMarshallAttribute(char* name, char* value, XMLAttribute* attribute);
 
  private:
   friend class ZtOwnership;
   friend class ZtReleaseQueue;
 
-  // The element itself while a parent owns it; while it waits to be deleted, who waits after it.
+  // The element itself while a parent owns it; while it is queued for deletion, the next one.
   XMLElement* m_pNextReleased = nullptr;
 };
 

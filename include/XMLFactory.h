@@ -8,8 +8,8 @@
 /// Makes contexts, and frees what the library handed to a caller.
 class ZT_API XMLFactory {
  public:
-  /// A new context of the schema `id`, or null for an id without one or when out of memory. Free it
-  /// with deleteContext.
+  /// A new context of the schema `id`, or null for an id that has none and when out of memory. Free
+  /// it with deleteContext.
   static XMLContext* newInstance(eXMLSchemaID id);
 
   /// Deletes a context with the workers that it made; null is ignored.

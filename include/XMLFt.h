@@ -2,8 +2,8 @@
 //
 // Elements own their texts, children and lists: setters copy texts, take objects and lists with
 // their entries, and free what they replace; null means absent. The add operations take one object
-// and return 1, or 0 when it is null or owned, or there is no memory. Texts are raw: callers escape
-// them.
+// and return 1, or 0 when it is null, has an owner, or there is no memory. Texts are raw: callers
+// escape them.
 #ifndef ZTXML_INCLUDE_XMLFT_H
 #define ZTXML_INCLUDE_XMLFT_H
 
@@ -16,11 +16,11 @@ class zt_ns_ft_data : public ZtTyped<zt_ns_ft_data> {
  public:
   ZT_API static const ZtElementType kType;
 
-  /// The attribute "etag", the version of the file there.
+  /// The attribute "etag", the version of the file at that URL.
   int setEtagValue(const char* text) { return m_Etag.Assign(text); }
   const char* getEtagValue() const { return m_Etag.Get(); }
 
-  /// The attribute "until", the date and time up to which it is there.
+  /// The attribute "until", the date and time up to which the file can be fetched.
   int setUntilValue(const char* text) { return m_Until.Assign(text); }
   const char* getUntilValue() const { return m_Until.Get(); }
 
@@ -43,11 +43,11 @@ class zt_ns_ft_file_info : public ZtTyped<zt_ns_ft_file_info> {
   int setTypeValue(const char* text) { return m_Type.Assign(text); }
   const char* getTypeValue() const { return m_Type.Get(); }
 
-  /// Bytes; 0 when absent.
+  /// The size in bytes; 0 when absent.
   int setFileSizeValue(unsigned int value) { return m_FileSize.Set(value); }
   unsigned int getFileSizeValue() const { return m_FileSize; }
 
-  /// Where it is.
+  /// Where the file is.
   int setDataValue(zt_ns_ft_data* element) { return m_Data.Set(element); }
   zt_ns_ft_data* getDataValue() const { return m_Data; }
 
@@ -73,15 +73,15 @@ class zt_file : public ZtTyped<zt_file, ZtObject> {
 
 class FileContext;
 
-/// Makes empty elements; each is the caller's until a parent takes it. Null without memory.
+/// Makes empty elements; each is the caller's until a parent takes it. Null when out of memory.
 class FileDataBinder : public ZtDescribedBy<FileContext, ZtFactory> {
  public:
   zt_ns_ft_file_info* CreateFileInfoElement() { return Make(); }
   zt_ns_ft_data* CreateDataElement() { return Make(); }
 };
 
-/// Writes a zt_file. Besides Marshall, the steps that write one element each (1 written, 0
-/// failed), which only a running Marshall can use.
+/// Writes a zt_file. Its Add functions write one element each and return 1, or 0 on failure; they
+/// work only while Marshall runs.
 class FileMarshaller : public ZtDescribedBy<FileContext, ZtMarshaller> {
  public:
   int AddFileElementToXml(zt_file* file) { return Write(file); }

@@ -7,10 +7,10 @@
 #include "ztxml/ZtElement.h"
 #include "ztxml/ZtSchemaDecoder.h"
 
-/// What every GRUU has.
+/// What public and temporary GRUUs have in common.
 class ZtGruu : public ZtObject {
  public:
-  /// The GRUU's URI; required on output.
+  /// The GRUU's URI; the element cannot be written without it.
   int setUriValue(const char* uri) { return m_Uri.Assign(uri); }
   const char* getUriValue() const { return m_Uri.Get(); }
 
@@ -19,7 +19,7 @@ class ZtGruu : public ZtObject {
   ZtText m_Uri;
 };
 
-/// What a temporary GRUU has, too.
+/// What a temporary GRUU has besides.
 class ZtTemporaryGruu : public ZtGruu {
  public:
   /// The CSeq of the REGISTER request that made the GRUU valid.
@@ -57,14 +57,14 @@ class zt_ns_gruuinfo_tempGruu : public ZtTyped<zt_ns_gruuinfo_tempGruu, ZtTempor
 
 class GruuContext;
 
-/// Makes empty objects; each is the caller's until a parent takes it. Null without memory.
+/// Makes empty objects; each is the caller's until a parent takes it. Null when out of memory.
 class ZT_API GruuDataBinder : public ZtDescribedBy<GruuContext, ZtFactory> {
  public:
-  /// Chooses what CreateRootElement makes: "pub-gruu", "temp-gruu" or a prefix of one (copied).
-  /// Always 1.
+  /// Chooses what CreateRootElement makes: "pub-gruu", "temp-gruu" or the beginning of either
+  /// (copied). Always 1.
   int setGruuType(const char* type) { return m_pGruutype.Assign(type); }
 
-  /// A new zt_pub_gruu or zt_temp_gruu after the type that was set, else null.
+  /// A new zt_pub_gruu or zt_temp_gruu, as set with setGruuType; null for any other text.
   XMLObject* CreateRootElement() override;
   zt_pub_gruu* CreatePubGruuElement() { return Make(); }
   zt_temp_gruu* CreateTempGruuElement() { return Make(); }
@@ -75,8 +75,8 @@ class ZT_API GruuDataBinder : public ZtDescribedBy<GruuContext, ZtFactory> {
   ZtText m_pGruutype;
 };
 
-/// Writes one GRUU without any prefix. Besides Marshall, the steps that write one element each (1
-/// written, 0 failed), which only a running Marshall can use.
+/// Writes one GRUU without any prefix. Its Add functions write one element each and return 1, or 0
+/// on failure; they work only while Marshall runs.
 class GruuMarshaller : public ZtDescribedBy<GruuContext, ZtMarshaller> {
  public:
   int AddPubGruuElementToXml(zt_pub_gruu* gruu) { return Write(gruu); }

@@ -43,7 +43,7 @@ class zt_error : public ZtTyped<zt_error> {
   ZT_API static const ZtElementType kType;
 };
 
-/// The element "status": one value, of which each notification knows its own.
+/// The element "status": one value. Each notification knows only some of them.
 class zt_status : public ZtTyped<zt_status, ZtExtensible<>> {
  public:
   ZT_API static const ZtElementType kType;
@@ -77,7 +77,7 @@ class zt_status : public ZtTyped<zt_status, ZtExtensible<>> {
 /// What the three notifications have in common.
 class ZtImdnNotification : public ZtElement {
  public:
-  /// Takes the status; required on output, with a value that the notification knows.
+  /// Takes the status, which the notification needs to be written, with a value that it knows.
   int setStatusValue(zt_status* status) { return m_Status.Set(status); }
   zt_status* getStatusValue() const { return m_Status; }
 
@@ -100,14 +100,14 @@ class zt_display_notification : public ZtTyped<zt_display_notification, ZtImdnNo
 };
 
 /// The element "processing-notification": processed, stored, forbidden or error. It is written as
-/// "proessing-notification", which is not read as one.
+/// "proessing-notification", which is not read as a processing notification.
 class zt_processing_notification : public ZtTyped<zt_processing_notification, ZtImdnNotification> {
  public:
   ZT_API static const ZtElementType kType;
 };
 
-/// The root element "imdn". Texts are copied and raw: what they hold of markup must be escaped
-/// already; null means absent. An attribute list that is set but empty makes the output ill-formed.
+/// The root element "imdn". Texts are copied and raw: the caller escapes markup in them; null means
+/// absent. An attribute list that is set but empty makes the output ill-formed.
 class zt_imdn : public ZtTyped<zt_imdn, ZtExtensible<ZtObject>> {
  public:
   ZT_API static const ZtElementType kType;
@@ -125,8 +125,8 @@ class zt_imdn : public ZtTyped<zt_imdn, ZtExtensible<ZtObject>> {
   int setSubjectValue(const char* subject) { return m_Subject.Assign(subject); }
   const char* getSubjectValue() const { return m_Subject.Get(); }
 
-  /// Each takes its notification. Only the first of the three that is set is written; one that
-  /// cannot be written is left out.
+  /// Each takes its notification. Only the first of the three that is set is written; when that
+  /// cannot be written, none is.
   int setDeliveryNotificationValue(zt_delivery_notification* notification) {
     return m_Delivery.Set(notification);
   }
@@ -153,7 +153,7 @@ class zt_imdn : public ZtTyped<zt_imdn, ZtExtensible<ZtObject>> {
 
 class IMDNContext;
 
-/// Makes empty objects; each is the caller's until a parent takes it. Null without memory.
+/// Makes empty objects; each is the caller's until a parent takes it. Null when out of memory.
 class IMDNDataBinder : public ZtDescribedBy<IMDNContext, ZtFactory> {
  public:
   /// A notification, empty. Intended: CreateDeliverNotification lacks a "y" and
@@ -172,8 +172,8 @@ class IMDNDataBinder : public ZtDescribedBy<IMDNContext, ZtFactory> {
   zt_error* CreateErrorElement() { return Make(); }
 };
 
-/// Writes a zt_imdn. Besides Marshall, the steps that write one element each (1 written, 0 failed),
-/// which only a running Marshall can use.
+/// Writes a zt_imdn. Its Add functions write one element each and return 1, or 0 on failure; they
+/// work only while Marshall runs.
 class ZT_API IMDNMarshaller : public ZtDescribedBy<IMDNContext, ZtMarshaller> {
  public:
   int AddIMDNElementToXml(zt_imdn* imdn) { return Write(imdn); }

@@ -6,13 +6,13 @@
 #include "ztxml/ZtElement.h"
 #include "ztxml/ZtSchemaDecoder.h"
 
-/// The root element "isComposing". Texts are copied and raw: what they hold of markup must be
-/// escaped already; null means absent.
+/// The root element "isComposing". Texts are copied and raw: the caller escapes markup in them;
+/// null means absent.
 class zt_isComposing : public ZtTyped<zt_isComposing, ZtKeepsElements<ZtObject>> {
  public:
   ZT_API static const ZtElementType kType;
 
-  /// "active" or "idle"; any text is taken. Required on output.
+  /// "active" or "idle"; any text is taken. The element cannot be written without it.
   int setStateValue(const char* state) { return m_State.Assign(state); }
   const char* getStateValue() const { return m_State.Get(); }
   /// When the sender was last active, an RFC 3339 date and time.
@@ -34,17 +34,17 @@ class zt_isComposing : public ZtTyped<zt_isComposing, ZtKeepsElements<ZtObject>>
 
 class IsComposingContext;
 
-/// Makes empty objects; each is the caller's. Null without memory.
+/// Makes empty objects; each is the caller's. Null when out of memory.
 class IsComposingDataBinder : public ZtDescribedBy<IsComposingContext, ZtFactory> {
  public:
 };
 
-/// Writes a zt_isComposing. Besides Marshall, the steps that write one element each (1 written, 0
-/// failed), which only a running Marshall can use.
+/// Writes a zt_isComposing. Its Add functions write one element each and return 1, or 0 on failure;
+/// they work only while Marshall runs.
 class ZT_API IsComposingMarshaller : public ZtDescribedBy<IsComposingContext, ZtMarshaller> {
  public:
   int AddIsComposingElementToXml(zt_isComposing* indication) { return Write(indication); }
-  /// Null texts and 0 seconds are not written: 0.
+  /// Each returns 0 and writes nothing for a null text or 0 seconds.
   int AddStateElementToXml(char* state) { return WriteText<zt_isComposing>(XML_STR_STATE, state); }
   int AddLastactiveElementToXml(char* time) {
     return WriteText<zt_isComposing>(XML_STR_LASTACTIVE, time);
@@ -55,8 +55,7 @@ class ZT_API IsComposingMarshaller : public ZtDescribedBy<IsComposingContext, Zt
   int AddRefreshElementToXml(unsigned int seconds);
 };
 
-/// Reads an "isComposing" document. Names are taken as they stand in it: with a prefix they are
-/// unknown.
+/// Reads an "isComposing" document. Names with a prefix are unknown.
 class XMLIsComposingDecoder : public ZtDecoderOf<IsComposingContext> {};
 
 /// Reads a zt_isComposing.

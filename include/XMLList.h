@@ -6,20 +6,20 @@
 
 #include "ztxml/ZtExport.h"
 
-/// A node of a ZtSingleElementList. ZtEach walks a list by its type; by hand it goes with
-/// GetPtrToListHead() and `next`.
+/// A node of a ZtSingleElementList. Walk a list with ZtEach, or by hand with GetPtrToListHead() and
+/// `next`.
 struct ZtListNode {
   void* data;        ///< the stored pointer, not owned
   ZtListNode* next;  ///< null at the end
 };
 
-/// What a list knows of the objects in it; opaque to callers.
+/// How objects get their owner when they enter an owned list; opaque to callers.
 struct ZtListItems;
 
 /// Singly linked list of untyped pointers. It owns its nodes and never what they point to. A list
 /// that an element has taken holds exactly XMLElement* (children) or exactly XMLAttribute*
-/// (attributes), which the element owns: what has an owner already cannot be added to it, and what
-/// is removed from it is the caller's.
+/// (attributes), which the element owns: an object that has an owner already cannot be added, and
+/// one that is removed is the caller's.
 class ZT_API ZtSingleElementList : public ZtNonCopyable {
   template <class Item>
   friend class ZtOwnedList;
@@ -30,8 +30,8 @@ class ZT_API ZtSingleElementList : public ZtNonCopyable {
   ZtSingleElementList();
   ~ZtSingleElementList();
 
-  /// Appends `data` (null is stored too). Returns 1, or 0 when there is no memory, and for an
-  /// object that has an owner when an element has taken the list.
+  /// Appends `data` (null is stored too). Returns 1; 0 when there is no memory, or when an element
+  /// has taken the list and the object has an owner already.
   int Add(void* data);
 
   /// Removes the first node that holds `data` (never null); the data is not freed. Returns 1
@@ -44,20 +44,20 @@ class ZT_API ZtSingleElementList : public ZtNonCopyable {
   /// The first node (not its data), or null when the list is empty.
   ZtListNode* GetPtrToListHead();
 
-  /// The same for a list that may be null, which counts as empty.
+  /// The first node of `list`; null when the list is null or empty.
   static ZtListNode* HeadOf(ZtSingleElementList* list);
 
-  /// Always null: the walk ends behind the last node. Callers get nothing from it.
+  /// Always null, which is also the `next` of the last node.
   ZtListNode* GetPtrToListEnd();
 
   /// Number of nodes. Intended: GetCount counts in 16 bits, as callers are compiled for, so that it
-  /// is the number of nodes modulo 65536 and no bound for loops.
+  /// is the number of nodes modulo 65536 and cannot bound a loop.
   std::uint16_t GetCount() const { return m_iListCount; }
 
  private:
   // Appends `data` with a node of `arena`, null for the heap; false without memory.
   bool Append(void* data, ZtArena* arena);
-  // Unlinks the node after `previous`, null for the first.
+  // Unlinks the node after `previous`, or the first node when that is null.
   void Unlink(ZtListNode* previous);
 
   ZtListNode* m_pHead;

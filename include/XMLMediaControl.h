@@ -14,7 +14,7 @@ class zt_to_encoder : public ZtTyped<zt_to_encoder> {
  public:
   ZT_API static const ZtElementType kType;
 
-  /// The command "picture_fast_update": a full picture is to be sent. Null, or not present: none.
+  /// The command "picture_fast_update": send a full picture. None when null or not present.
   int setPictureFastUpdateValue(zt_empty_element_type* element) {
     return m_PictureFastUpdate.Set(element);
   }
@@ -42,7 +42,7 @@ class zt_media_control : public ZtTyped<zt_media_control, ZtObject> {
  public:
   ZT_API static const ZtElementType kType;
 
-  /// A command.
+  /// What is asked of the encoder.
   int setVcPrimitiveValue(zt_vc_primitive* element) { return m_VcPrimitive.Set(element); }
   zt_vc_primitive* getVcPrimitiveValue() const { return m_VcPrimitive; }
 
@@ -52,7 +52,7 @@ class zt_media_control : public ZtTyped<zt_media_control, ZtObject> {
 
 class MediaControlContext;
 
-/// Makes empty elements; each is the caller's until a parent takes it. Null without memory.
+/// Makes empty elements; each is the caller's until a parent takes it. Null when out of memory.
 class ZT_API MediaControlDataBinder : public ZtDescribedBy<MediaControlContext, ZtFactory> {
  public:
   zt_vc_primitive* CreateVcPrimitiveElement() { return Make(); }
@@ -60,8 +60,8 @@ class ZT_API MediaControlDataBinder : public ZtDescribedBy<MediaControlContext, 
   zt_empty_element_type* CreatePictureFastUpdateElement();
 };
 
-/// Writes a zt_media_control. Besides Marshall, the steps that write one element each (1 written, 0
-/// failed), which only a running Marshall can use.
+/// Writes a zt_media_control. Its Add functions write one element each and return 1, or 0 on
+/// failure; they work only while Marshall runs.
 class ZT_API MediaControlMarshaller : public ZtDescribedBy<MediaControlContext, ZtMarshaller> {
  public:
   int AddMediaControlElementToXml(zt_media_control* control) { return Write(control); }

@@ -24,11 +24,11 @@ class OIPDataBinder : public ZtDescribedBy<OIPContext, ZtFactory> {
 class ZT_API OIPMarshaller : public ZtDescribedBy<OIPContext, ZtNamespaceMarshaller> {
  public:
   OIPMarshaller();
-  /// Writes the element (1 written, 0 failed), which only a running Marshall can use.
+  /// Writes the element. Returns 1, or 0 on failure; works only while Marshall runs.
   int AddOIPElementToXml(zt_originating_identity_presentation* service) { return Write(service); }
 };
 
-/// Reads an originating-identity-presentation service, with the prefixes of its document.
+/// Reads the service under the prefixes that its document declares.
 class XMLOIPDecoder : public ZtDecoderOf<OIPContext, ZtNamespaceDecoder> {};
 
 /// Reads the service from an XCAP fragment.

@@ -27,8 +27,8 @@ class zt_ns_oma_pres_service_description
   ZtText m_Description;
 };
 
-/// An element that is a text. Documents are read without elements of these types, and none is
-/// written: they are for code that offers them their content.
+/// An element with text only. Elements of these types are neither read from documents nor written:
+/// they are for callers that fill them.
 class ZtOmaPresText : public ZtElement {
  public:
   /// The element's text (copied); null means absent.

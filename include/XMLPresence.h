@@ -16,7 +16,7 @@ struct PresenceBinding;
 enum zt_presence_basic_enum : unsigned {
   ZT_PRESENCE_BASIC_OPEN,
   ZT_PRESENCE_BASIC_CLOSED,
-  ZT_PRESENCE_BASIC_ABSENT  ///< not said or not understood; not written
+  ZT_PRESENCE_BASIC_ABSENT  ///< missing or not understood; not written
 };
 
 /// The element "note": a comment for people.
@@ -49,7 +49,7 @@ class zt_contact : public ZtTyped<zt_contact, ZtKeepsElements<>> {
   ZtText m_Uri;
 };
 
-/// Apart from the type of the same name that disposition notifications have.
+/// Keeps zt_status apart from the zt_status of disposition notifications (XMLImdn.h).
 namespace PresenceNameSpace {
 
 /// The element "status".
@@ -75,7 +75,7 @@ class zt_tuple : public ZtTyped<zt_tuple, ZtKeepsElements<>> {
  public:
   ZT_API static const ZtElementType kType;
 
-  /// Required on output. Texts are copied; null means absent, here and below.
+  /// The element cannot be written without it. Texts are copied; null means absent, here and below.
   int setIdValue(const char* id) { return m_Id.Assign(id); }
   const char* getIdValue() const { return m_Id.Get(); }
   /// Takes the status; null for none.
@@ -91,7 +91,7 @@ class zt_tuple : public ZtTyped<zt_tuple, ZtKeepsElements<>> {
   /// A list of zt_note (taken).
   int setNoteListValue(ZtSingleElementList* list) { return m_Notes.Set(list); }
   ZtListOf<zt_note>* getNoteListValue() const { return m_Notes; }
-  /// Takes `note`; 0 when it is null or owned, or there is no memory.
+  /// Takes `note`; returns 0 when it is null, has an owner, or there is no memory.
   int addNote(zt_note* note) { return m_Notes.Add(note); }
 
  private:
@@ -107,20 +107,20 @@ class zt_presence : public ZtTyped<zt_presence, ZtKeepsElements<ZtObject>> {
  public:
   ZT_API static const ZtElementType kType;
 
-  /// The URI of the presentity (copied); required on output.
+  /// The URI of the presentity (copied); the element cannot be written without it.
   int setEntityValue(const char* entity) { return m_Entity.Assign(entity); }
   const char* getEntityValue() const { return m_Entity.Get(); }
 
   /// A list of zt_tuple (taken).
   int setTupleListValue(ZtSingleElementList* list) { return m_Tuples.Set(list); }
   ZtListOf<zt_tuple>* getTupleListValue() const { return m_Tuples; }
-  /// Takes `tuple`; 0 when it is null or owned, or there is no memory.
+  /// Takes `tuple`; returns 0 when it is null, has an owner, or there is no memory.
   int addTuple(zt_tuple* tuple) { return m_Tuples.Add(tuple); }
 
-  /// A list of zt_note (taken), written behind the tuples.
+  /// A list of zt_note (taken), written after the tuples.
   int setNoteListValue(ZtSingleElementList* list) { return m_Notes.Set(list); }
   ZtListOf<zt_note>* getNoteListValue() const { return m_Notes; }
-  /// Takes `note`; 0 when it is null or owned, or there is no memory.
+  /// Takes `note`; returns 0 when it is null, has an owner, or there is no memory.
   int addNote(zt_note* note) { return m_Notes.Add(note); }
 
  private:
@@ -131,7 +131,7 @@ class zt_presence : public ZtTyped<zt_presence, ZtKeepsElements<ZtObject>> {
 
 class PresenceContext;
 
-/// Makes empty objects; each is the caller's until a parent takes it. Null without memory.
+/// Makes empty objects; each is the caller's until a parent takes it. Null when out of memory.
 class PresenceDataBinder : public ZtDescribedBy<PresenceContext, ZtFactory> {
  public:
   zt_tuple* CreateTupleElement() { return Make(); }
@@ -144,8 +144,8 @@ class PresenceDataBinder : public ZtDescribedBy<PresenceContext, ZtFactory> {
   zt_ns_caps_duplextypes* CreateDuplexTypesElement() { return Make(); }
 };
 
-/// Writes a zt_presence. Besides Marshall, the steps that write one element each (1 written, 0
-/// failed), which only a running Marshall can use.
+/// Writes a zt_presence. Its Add functions write one element each and return 1, or 0 on failure;
+/// they work only while Marshall runs.
 class PresenceMarshaller : public ZtDescribedBy<PresenceContext, ZtMarshaller> {
  public:
   int AddPresenceElementToXml(zt_presence* presence) { return Write(presence); }

@@ -2,8 +2,8 @@
 //
 // Elements own their texts, children and lists: setters copy texts, take objects and lists with
 // their entries, and free what they replace; null means absent. The add operations take one object
-// and return 1, or 0 when it is null or owned, or there is no memory. Texts are raw: callers escape
-// them.
+// and return 1, or 0 when it is null, has an owner, or there is no memory. Texts are raw: callers
+// escape them.
 #ifndef ZTXML_INCLUDE_XMLRCSTERMSINFO_H
 #define ZTXML_INCLUDE_XMLRCSTERMSINFO_H
 
@@ -16,11 +16,11 @@ class zt_ns_rcs_terms_info_term : public ZtTyped<zt_ns_rcs_terms_info_term> {
  public:
   ZT_API static const ZtElementType kType;
 
-  /// Its title.
+  /// The document's title.
   int setTitleValue(const char* text) { return m_Title.Assign(text); }
   const char* getTitleValue() const { return m_Title.Get(); }
 
-  /// Where it is.
+  /// Where the document is.
   int setUrlValue(const char* text) { return m_Url.Assign(text); }
   const char* getUrlValue() const { return m_Url.Get(); }
 
@@ -55,14 +55,14 @@ class zt_rcs_terms_info : public ZtTyped<zt_rcs_terms_info, ZtObject> {
 
 class RcsTermsInfoContext;
 
-/// Makes empty elements; each is the caller's until a parent takes it. Null without memory.
+/// Makes empty elements; each is the caller's until a parent takes it. Null when out of memory.
 class RcsTermsInfoDataBinder : public ZtDescribedBy<RcsTermsInfoContext, ZtFactory> {
  public:
   zt_ns_rcs_terms_info_term* CreateTermElement() { return Make(); }
 };
 
-/// Writes a zt_rcs_terms_info. Besides Marshall, the steps that write one element each (1 written,
-/// 0 failed), which only a running Marshall can use.
+/// Writes a zt_rcs_terms_info. Its Add functions write one element each and return 1, or 0 on
+/// failure; they work only while Marshall runs.
 class RcsTermsInfoMarshaller : public ZtDescribedBy<RcsTermsInfoContext, ZtMarshaller> {
  public:
   int AddRcsTermsInfoElementToXml(zt_rcs_terms_info* terms) { return Write(terms); }

@@ -7,8 +7,8 @@
 #include "ztxml/ZtElement.h"
 #include "ztxml/ZtSchemaDecoder.h"
 
-/// The state of a registration-information document. Values read from documents may lie beyond the
-/// named ones in all these enumerations: they are absent or unknown, and cannot be written.
+/// The state of a registration-information document. Here and below, a value beyond the named ones
+/// was read as absent or unknown and cannot be written.
 enum zt_reginfo_state_type_enum : unsigned {
   ZT_REGINFO_STATE_FULL,
   ZT_REGINFO_STATE_PARTIAL,
@@ -52,7 +52,7 @@ class zt_unknown_param : public ZtTyped<zt_unknown_param> {
   /// The element's text.
   int setValueValue(const char* value) { return m_Value.Assign(value); }
   const char* getValueValue() const { return m_Value.Get(); }
-  /// The attribute "name"; required on output.
+  /// The attribute "name"; the element cannot be written without it.
   int setNameValue(const char* name) { return m_Name.Assign(name); }
   const char* getNameValue() const { return m_Name.Get(); }
 
@@ -69,24 +69,24 @@ class zt_ns_reginfo_contact : public ZtTyped<zt_ns_reginfo_contact> {
   /// The contact's URI. Texts are copied; null means absent, here and below.
   int setUriValue(const char* uri) { return m_Uri.Assign(uri); }
   const char* getUriValue() const { return m_Uri.Get(); }
-  /// Raw text: what it holds of markup must be escaped already.
+  /// Raw text: the caller escapes markup in it.
   int setDisplayNameValue(const char* name) { return m_DisplayName.Assign(name); }
   const char* getDisplayNameValue() const { return m_DisplayName.Get(); }
 
   /// A list of zt_unknown_param (taken).
   int setUnknownParamListValue(ZtSingleElementList* list) { return m_UnknownParams.Set(list); }
   ZtListOf<zt_unknown_param>* getUnknownParamListValue() const { return m_UnknownParams; }
-  /// Takes `param`; 0 when it is null or owned, or there is no memory.
+  /// Takes `param`; returns 0 when it is null, has an owner, or there is no memory.
   int addUnknownParam(zt_unknown_param* param) { return m_UnknownParams.Add(param); }
 
-  /// Required on output.
+  /// The element cannot be written without it.
   int setStateValue(zt_contact_state_type_enum state) { return m_State.Set(state); }
   zt_contact_state_type_enum getStateValue() const { return m_State; }
-  /// Required on output.
+  /// The element cannot be written without it.
   int setEventValue(zt_contact_event_type_enum event) { return m_Event.Set(event); }
   zt_contact_event_type_enum getEventValue() const { return m_Event; }
 
-  /// Seconds that the contact has been registered; 0 means absent, as in the three below.
+  /// Seconds that the contact has been registered; 0 means absent, here and in the next two.
   int setDurationRegisteredValue(unsigned long long seconds) {
     return m_DurationRegistered.Set(seconds);
   }
@@ -98,7 +98,7 @@ class zt_ns_reginfo_contact : public ZtTyped<zt_ns_reginfo_contact> {
   int setRetryAfterValue(unsigned long long seconds) { return m_RetryAfter.Set(seconds); }
   unsigned long long getRetryAfterValue() const { return m_RetryAfter; }
 
-  /// Required on output.
+  /// The element cannot be written without it.
   int setIdValue(const char* id) { return m_Id.Assign(id); }
   const char* getIdValue() const { return m_Id.Get(); }
   /// The preference of the contact, "0" to "1".
@@ -140,16 +140,16 @@ class zt_registration : public ZtTyped<zt_registration> {
   /// A list of zt_ns_reginfo_contact (taken).
   int setContactListValue(ZtSingleElementList* list) { return m_Contacts.Set(list); }
   ZtListOf<zt_ns_reginfo_contact>* getContactListValue() const { return m_Contacts; }
-  /// Takes `contact`; 0 when it is null or owned, or there is no memory.
+  /// Takes `contact`; returns 0 when it is null, has an owner, or there is no memory.
   int addContact(zt_ns_reginfo_contact* contact) { return m_Contacts.Add(contact); }
 
-  /// The address of record; required on output.
+  /// The address of record; the element cannot be written without it.
   int setAorValue(const char* aor) { return m_Aor.Assign(aor); }
   const char* getAorValue() const { return m_Aor.Get(); }
-  /// Written as an empty attribute when it is absent.
+  /// The attribute "id", which is written empty when it is absent.
   int setIdValue(const char* id) { return m_Id.Assign(id); }
   const char* getIdValue() const { return m_Id.Get(); }
-  /// Required on output.
+  /// The element cannot be written without it.
   int setStateValue(zt_registration_state_type_enum state) { return m_State.Set(state); }
   zt_registration_state_type_enum getStateValue() const { return m_State; }
 
@@ -174,10 +174,10 @@ class zt_reginfo : public ZtTyped<zt_reginfo, ZtObject> {
   /// A list of zt_registration (taken).
   int setRegistrationListValue(ZtSingleElementList* list) { return m_Registrations.Set(list); }
   ZtListOf<zt_registration>* getRegistrationListValue() const { return m_Registrations; }
-  /// Takes `registration`; 0 when it is null or owned, or there is no memory.
+  /// Takes `registration`; returns 0 when it is null, has an owner, or there is no memory.
   int addRegistration(zt_registration* registration) { return m_Registrations.Add(registration); }
 
-  /// Required on output.
+  /// The element cannot be written without it.
   int setStateValue(zt_reginfo_state_type_enum state) { return m_State.Set(state); }
   zt_reginfo_state_type_enum getStateValue() const { return m_State; }
   /// The version, always written.
@@ -198,7 +198,7 @@ class zt_reginfo : public ZtTyped<zt_reginfo, ZtObject> {
 
 class ReginfoContext;
 
-/// Makes empty objects; each is the caller's until a parent takes it. Null without memory.
+/// Makes empty objects; each is the caller's until a parent takes it. Null when out of memory.
 class ReginfoDataBinder : public ZtDescribedBy<ReginfoContext, ZtFactory> {
  public:
   zt_registration* CreateRegistrationElement() { return Make(); }
@@ -208,8 +208,8 @@ class ReginfoDataBinder : public ZtDescribedBy<ReginfoContext, ZtFactory> {
   zt_temp_gruu* CreateTempGruuElement() { return Make(); }
 };
 
-/// Writes a zt_reginfo. Besides Marshall, the steps that write one element each (1 written, 0
-/// failed), which only a running Marshall can use.
+/// Writes a zt_reginfo. Its Add functions write one element each and return 1, or 0 on failure;
+/// they work only while Marshall runs.
 class ReginfoMarshaller : public ZtDescribedBy<ReginfoContext, ZtMarshaller> {
  public:
   int AddReginfoElementToXml(zt_reginfo* reginfo) { return Write(reginfo); }

@@ -21,7 +21,7 @@ class zt_display_nameType : public ZtTyped<zt_display_nameType, ZtExtensible<>> 
   ZtText m_Value;
 };
 
-/// What has a "display-name". Here and below texts are copied, and null means absent.
+/// The base of elements with a "display-name". Here and below texts are copied; null means absent.
 class ZtDisplayNamed : public ZtExtensible<> {
  public:
   /// Takes the name; null for none.
@@ -39,7 +39,7 @@ class zt_entryType : public ZtTyped<zt_entryType, ZtDisplayNamed> {
  public:
   ZT_API static const ZtElementType kType;
 
-  /// The resource's URI; required on output.
+  /// The resource's URI; the element cannot be written without it.
   int setUriValue(const char* uri) { return m_Uri.Assign(uri); }
   const char* getUriValue() const { return m_Uri.Get(); }
 
@@ -47,12 +47,12 @@ class zt_entryType : public ZtTyped<zt_entryType, ZtDisplayNamed> {
   ZtText m_Uri;
 };
 
-/// The element "entry-ref": an entry of a document on the same server.
+/// The element "entry-ref": an entry of any document at the server of this one.
 class zt_entry_refType : public ZtTyped<zt_entry_refType, ZtDisplayNamed> {
  public:
   ZT_API static const ZtElementType kType;
 
-  /// The entry's relative URI; required on output.
+  /// The entry's relative URI; the element cannot be written without it.
   int setRefValue(const char* ref) { return m_Ref.Assign(ref); }
   const char* getRefValue() const { return m_Ref.Get(); }
 
@@ -73,17 +73,17 @@ class zt_externalType : public ZtTyped<zt_externalType, ZtDisplayNamed> {
   ZtText m_Anchor;
 };
 
-/// The element "list". Of the elements that it keeps (see ZtKeepsElements), in the order of the
-/// document, those of the classes below are its members and are written; ZtAs tells which is which.
+/// The element "list". Its members are those kept elements (see ZtKeepsElements) that an add
+/// function below takes, in document order; no others are written. ZtAs tells their types.
 class zt_listType : public ZtTyped<zt_listType, ZtDisplayNamed> {
  public:
   ZT_API static const ZtElementType kType;
 
-  /// A name that no list beside it has.
+  /// A name that no sibling list has.
   int setNameValue(const char* name) { return m_Name.Assign(name); }
   const char* getNameValue() const { return m_Name.Get(); }
 
-  /// Each takes a member and puts it behind the others; 0 when it is null or owned, or there is no
+  /// Each takes a member and appends it; returns 0 when it is null, has an owner, or there is no
   /// memory.
   int addList(zt_listType* list) { return addAnyElement(list); }
   int addEntry(zt_entryType* entry) { return addAnyElement(entry); }
@@ -102,7 +102,7 @@ class zt_resource_lists : public ZtTyped<zt_resource_lists, ZtExtensible<ZtObjec
   /// A list of zt_listType (taken).
   int setListListValue(ZtSingleElementList* list) { return m_Lists.Set(list); }
   ZtListOf<zt_listType>* getListListValue() const { return m_Lists; }
-  /// Takes `list`; 0 when it is null or owned, or there is no memory.
+  /// Takes `list`; returns 0 when it is null, has an owner, or there is no memory.
   int addList(zt_listType* list) { return m_Lists.Add(list); }
 
  private:
@@ -111,7 +111,7 @@ class zt_resource_lists : public ZtTyped<zt_resource_lists, ZtExtensible<ZtObjec
 
 class ResourceListsContext;
 
-/// Makes empty objects; each is the caller's until a parent takes it. Null without memory.
+/// Makes empty objects; each is the caller's until a parent takes it. Null when out of memory.
 class ResourceListsDataBinder : public ZtDescribedBy<ResourceListsContext, ZtFactory> {
  public:
   zt_listType* CreateListType() { return Make(); }
@@ -121,8 +121,8 @@ class ResourceListsDataBinder : public ZtDescribedBy<ResourceListsContext, ZtFac
   zt_display_nameType* CreateDisplayNameType() { return Make(); }
 };
 
-/// Writes a zt_resource_lists. Besides Marshall, the steps that write one element each (1 written,
-/// 0 failed), which only a running Marshall can use.
+/// Writes a zt_resource_lists. Its Add functions write one element each and return 1, or 0 on
+/// failure; they work only while Marshall runs.
 class Resource_listsMarshall : public ZtDescribedBy<ResourceListsContext, ZtMarshaller> {
  public:
   int AddResource_listsElementToXml(zt_resource_lists* lists) { return Write(lists); }

@@ -1,4 +1,4 @@
-// Resource list meta-information (RFC 4662): how the subscriptions to a list's resources stand.
+// Resource list meta-information (RFC 4662): the states of the subscriptions to a list's resources.
 #ifndef ZTXML_INCLUDE_XMLRLMI_H
 #define ZTXML_INCLUDE_XMLRLMI_H
 
@@ -8,12 +8,12 @@
 
 struct RlmiBinding;
 
-/// How a subscription to a resource stands.
+/// The state of a subscription to a resource.
 enum zt_instance_state_enum : unsigned {
   ZT_INSTANCE_STATE_ACTIVE,
   ZT_INSTANCE_STATE_PENDING,
   ZT_INSTANCE_STATE_TERMINATED,
-  ZT_INSTANCE_STATE_ABSENT  ///< not said or not understood; cannot be written
+  ZT_INSTANCE_STATE_ABSENT  ///< missing or not understood; cannot be written
 };
 
 /// The element "name": what to show for a list or a resource.
@@ -35,10 +35,10 @@ class zt_instance : public ZtTyped<zt_instance, ZtExtensible<>> {
  public:
   ZT_API static const ZtElementType kType;
 
-  /// Tells the instances of a resource apart; required on output.
+  /// Tells the instances of one resource apart; the element cannot be written without it.
   int setIdValue(const char* id) { return m_Id.Assign(id); }
   const char* getIdValue() const { return m_Id.Get(); }
-  /// Required on output.
+  /// The element cannot be written without it.
   int setStateValue(zt_instance_state_enum state) { return m_State.Set(state); }
   zt_instance_state_enum getStateValue() const { return m_State; }
   /// Why the subscription was terminated.
@@ -60,20 +60,20 @@ class zt_resource : public ZtTyped<zt_resource, ZtExtensible<>> {
  public:
   ZT_API static const ZtElementType kType;
 
-  /// The resource's URI; required on output.
+  /// The resource's URI; the element cannot be written without it.
   int setUriValue(const char* uri) { return m_Uri.Assign(uri); }
   const char* getUriValue() const { return m_Uri.Get(); }
 
   /// A list of zt_name (taken).
   int setNameListValue(ZtSingleElementList* list) { return m_Names.Set(list); }
   ZtListOf<zt_name>* getNameListValue() const { return m_Names; }
-  /// Takes `name`; 0 when it is null or owned, or there is no memory.
+  /// Takes `name`; returns 0 when it is null, has an owner, or there is no memory.
   int addName(zt_name* name) { return m_Names.Add(name); }
 
   /// A list of zt_instance (taken).
   int setInstanceListValue(ZtSingleElementList* list) { return m_Instances.Set(list); }
   ZtListOf<zt_instance>* getInstanceListValue() const { return m_Instances; }
-  /// Takes `instance`; 0 when it is null or owned, or there is no memory.
+  /// Takes `instance`; returns 0 when it is null, has an owner, or there is no memory.
   int addInstance(zt_instance* instance) { return m_Instances.Add(instance); }
 
  private:
@@ -87,27 +87,27 @@ class zt_list : public ZtTyped<zt_list, ZtExtensible<ZtObject>> {
  public:
   ZT_API static const ZtElementType kType;
 
-  /// The list's URI; required on output.
+  /// The list's URI; the element cannot be written without it.
   int setUriValue(const char* uri) { return m_Uri.Assign(uri); }
   const char* getUriValue() const { return m_Uri.Get(); }
   /// Counted up from one document to the next; always written.
   int setVersionValue(unsigned int version) { return m_Version.Set(version); }
   unsigned int getVersionValue() const { return m_Version; }
-  /// 1 or 0 (any other number, and at first): whether all resources are told of, not only those
-  /// that changed. Always written.
+  /// 1 or 0 (any other number, and at first): whether the document has all resources, not only
+  /// those that changed. Always written.
   int setFullStateValue(int full) { return m_FullState.Set(full == 1 ? 1 : 0); }
   int getFullStateValue() const { return m_FullState; }
 
   /// A list of zt_name (taken).
   int setNameListValue(ZtSingleElementList* list) { return m_Names.Set(list); }
   ZtListOf<zt_name>* getNameListValue() const { return m_Names; }
-  /// Takes `name`; 0 when it is null or owned, or there is no memory.
+  /// Takes `name`; returns 0 when it is null, has an owner, or there is no memory.
   int addName(zt_name* name) { return m_Names.Add(name); }
 
   /// A list of zt_resource (taken).
   int setResourceListValue(ZtSingleElementList* list) { return m_Resources.Set(list); }
   ZtListOf<zt_resource>* getResourceListValue() const { return m_Resources; }
-  /// Takes `resource`; 0 when it is null or owned, or there is no memory.
+  /// Takes `resource`; returns 0 when it is null, has an owner, or there is no memory.
   int addResource(zt_resource* resource) { return m_Resources.Add(resource); }
 
  private:
@@ -120,7 +120,7 @@ class zt_list : public ZtTyped<zt_list, ZtExtensible<ZtObject>> {
 
 class ListContext;
 
-/// Makes empty objects; each is the caller's until a parent takes it. Null without memory.
+/// Makes empty objects; each is the caller's until a parent takes it. Null when out of memory.
 class ListDataBinder : public ZtDescribedBy<ListContext, ZtFactory> {
  public:
   zt_resource* CreateResourceElement() { return Make(); }
@@ -128,8 +128,8 @@ class ListDataBinder : public ZtDescribedBy<ListContext, ZtFactory> {
   zt_name* CreateNameElement() { return Make(); }
 };
 
-/// Writes a zt_list. Besides Marshall, the steps that write one element each (1 written, 0 failed),
-/// which only a running Marshall can use.
+/// Writes a zt_list. Its Add functions write one element each and return 1, or 0 on failure; they
+/// work only while Marshall runs.
 class ListMarshaller : public ZtDescribedBy<ListContext, ZtMarshaller> {
  public:
   int AddListElementToXml(zt_list* list) { return Write(list); }

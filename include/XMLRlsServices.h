@@ -32,7 +32,7 @@ class zt_ns_rls_services_packagesType
   /// A list of zt_ns_rls_services_packageType (taken).
   int setPackageListValue(ZtSingleElementList* list) { return m_Packages.Set(list); }
   ZtListOf<zt_ns_rls_services_packageType>* getPackageListValue() const { return m_Packages; }
-  /// Takes `package`; 0 when it is null or owned, or there is no memory.
+  /// Takes `package`; returns 0 when it is null, has an owner, or there is no memory.
   int addPackage(zt_ns_rls_services_packageType* package) { return m_Packages.Add(package); }
 
  private:
@@ -45,14 +45,14 @@ class zt_ns_rls_services_serviceType
  public:
   ZT_API static const ZtElementType kType;
 
-  /// The URI to subscribe to; required on output.
+  /// The URI to subscribe to; the element cannot be written without it.
   int setUriValue(const char* uri) { return m_Uri.Assign(uri); }
   const char* getUriValue() const { return m_Uri.Get(); }
-  /// The URI of the list, when that is kept elsewhere.
+  /// The URI of the list, when the list is kept elsewhere.
   int setResourceListValue(const char* uri) { return m_ResourceList.Assign(uri); }
   const char* getResourceListValue() const { return m_ResourceList.Get(); }
-  /// Takes the list itself; null for none. It is written when there is no URI of a list, not even
-  /// an empty one. See ResourceListsDataBinder.
+  /// Takes the list itself, which ResourceListsDataBinder makes; null for none. It is written only
+  /// when the URI above is null.
   int setListValue(zt_listType* list) { return m_List.Set(list); }
   zt_listType* getListValue() const { return m_List; }
   /// Takes the packages; null for none.
@@ -76,7 +76,7 @@ class zt_rls_services : public ZtTyped<zt_rls_services, ZtKeepsElements<ZtObject
   /// A list of zt_ns_rls_services_serviceType (taken).
   int setServiceListValue(ZtSingleElementList* list) { return m_Services.Set(list); }
   ZtListOf<zt_ns_rls_services_serviceType>* getServiceListValue() const { return m_Services; }
-  /// Takes `service`; 0 when it is null or owned, or there is no memory.
+  /// Takes `service`; returns 0 when it is null, has an owner, or there is no memory.
   int addService(zt_ns_rls_services_serviceType* service) { return m_Services.Add(service); }
 
  private:
@@ -85,7 +85,7 @@ class zt_rls_services : public ZtTyped<zt_rls_services, ZtKeepsElements<ZtObject
 
 class RlsServicesContext;
 
-/// Makes empty objects; each is the caller's until a parent takes it. Null without memory.
+/// Makes empty objects; each is the caller's until a parent takes it. Null when out of memory.
 class RlsServicesDataBinder : public ZtDescribedBy<RlsServicesContext, ZtFactory> {
  public:
   zt_ns_rls_services_serviceType* CreateServiceElement() { return Make(); }
@@ -93,8 +93,8 @@ class RlsServicesDataBinder : public ZtDescribedBy<RlsServicesContext, ZtFactory
   zt_ns_rls_services_packageType* CreatePackageElement() { return Make(); }
 };
 
-/// Writes a zt_rls_services. Besides Marshall, the steps that write one element each (1 written, 0
-/// failed), which only a running Marshall can use.
+/// Writes a zt_rls_services. Its Add functions write one element each and return 1, or 0 on
+/// failure; they work only while Marshall runs.
 class RlsServicesMarshaller : public ZtDescribedBy<RlsServicesContext, ZtMarshaller> {
  public:
   int AddRlsServicesElementToXml(zt_rls_services* services) { return Write(services); }

@@ -1,9 +1,9 @@
-// The schemas that the library knows, and what there is to know of each.
+// The schemas that the library knows.
 #ifndef ZTXML_INCLUDE_XMLSCHEMAINFO_H
 #define ZTXML_INCLUDE_XMLSCHEMAINFO_H
 
-/// The schemas. Intended: the numbers 6 and 8 have no context, and the others are not closed up;
-/// callers are compiled with them.
+/// The schemas. Intended: the numbers 6 and 8 have no context, and no other schema moved up to
+/// them; callers are compiled with the numbers.
 enum eXMLSchemaID : int {
   XML_SCHEMA_IS_COMPOSING = 0,
   XML_SCHEMA_RESOURCE_LISTS = 1,
@@ -34,7 +34,7 @@ enum eXMLSchemaID : int {
   XML_SCHEMA_END  ///< one more than the last: no schema
 };
 
-/// What there is to know of a schema. All texts are static.
+/// What the library tells of a schema. All texts are static.
 struct XMLSchemaInfo {
   eXMLSchemaID id;        ///< its number
   const char* name;       ///< the context's name without "Context", e.g. "Reginfo"

@@ -19,8 +19,8 @@ class ZT_API zt_schema_namespace_retrieval
   /// Takes a non-null list of zt_AttributeValuePair with its entries; null changes nothing. Always
   /// 1.
   int setNameSpaceInfo(ZtSingleElementList* list);
-  /// Adds a declaration (`attribute` does not matter); other attributes are ignored. 0 without
-  /// memory, else 1.
+  /// Adds the attribute if it declares a namespace, else ignores it; `attribute` is not used.
+  /// Returns 1, or 0 when out of memory.
   int ProcessUnMarshallAttribute(char* name, char* value, XMLAttribute* attribute) override;
   /// The declarations in document order (borrowed), null when there is none: each a
   /// zt_AttributeValuePair, stored as XMLAttribute*, with the prefix as its name (null for the
@@ -34,7 +34,7 @@ class ZT_API zt_schema_namespace_retrieval
 class SchemaNamespaceRetrievalContext;
 
 /// Collects the attributes whose names begin with "xmlns", on every element of any document. The
-/// root exists from the start.
+/// result exists before anything is read.
 class ZT_API XMLSchemaNamespaceRetrievalDecoder : public ZtSchemaDecoder {
  public:
   XMLSchemaNamespaceRetrievalDecoder();

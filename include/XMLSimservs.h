@@ -13,7 +13,7 @@ class zt_Simservs : public ZtTyped<zt_Simservs, ZtObject> {
  public:
   ZT_API static const ZtElementType kType;
 
-  /// Takes `service`; 0 when it is null or owned, or there is no memory.
+  /// Takes `service`; returns 0 when it is null, has an owner, or there is no memory.
   int addService(XMLObject* service) { return m_Services.Add(service); }
   /// The services in the order in which they were added (taken; the entries are XMLElement*).
   int setServiceListValue(ZtSingleElementList* list) { return m_Services.Set(list); }
@@ -31,27 +31,27 @@ class SimservsDataBinder : public ZtDescribedBy<SimservsContext, ZtFactory> {
 };
 
 /// Writes a whole document: the element "simservs", which declares the prefixes "ss", "cp" and
-/// "ocp", with the texts of its services. What is no service is left out. Null when memory is too
-/// short for all of them: a document without a service deletes it at a server.
+/// "ocp", with the texts of its services. Other objects are left out. Null when memory does not
+/// suffice for all of them, because a server deletes a service that the document lacks.
 class ZT_API SimservsMarshaller : public ZtDescribedBy<SimservsContext, ZtMarshaller> {
  public:
-  /// Writes the empty element (1 written, 0 failed), which only a running Marshall can use.
+  /// Writes the element without services while Marshall runs. Returns 1, or 0 on failure.
   int AddSimservsElementToXml(zt_Simservs* simservs) { return Write(simservs); }
-  /// A new text with `services` before the first "</" of `envelope`, which is freed. The envelope
-  /// as it is when either is null, when it has no "</" or when there is no memory. Both texts, and
-  /// the result, are for FreeElement.
+  /// A new text with `services` put in before the first "</" of `envelope`, which is freed; the
+  /// unchanged envelope when either is null, when it has no "</" or when out of memory. The
+  /// envelope must be, and the result is, for FreeElement.
   char* InsertString(char* envelope, const char* services);
 
  private:
   char* Complete(XMLElement* root, char* text) override;
 };
 
-/// Reads a simservs document without its services, with the prefixes of its document.
+/// Reads a simservs document without its services, under the prefixes that its document declares.
 class ZT_API XMLSimservsDecoder : public ZtDecoderOf<SimservsContext, ZtNamespaceDecoder> {};
 
-/// Reads a whole document. Each service is cut out of the text and read by its own unmarshaller;
-/// one that it cannot read is dropped, with a log line. The services come in the order incoming and
-/// outgoing barring, diversion, waiting, originating and terminating identity presentation.
+/// Reads a whole document. Each service is cut out of the text and read by its own unmarshaller; a
+/// service that cannot be read is dropped, with a log line. The services come in the order incoming
+/// and outgoing barring, diversion, waiting, originating and terminating identity presentation.
 class ZT_API SimservsUnMarshaller : public ZtDescribedBy<SimservsContext, ZtUnMarshaller> {
  public:
   XMLElement* UnMarshall(const char* xml) override;
@@ -61,8 +61,8 @@ class ZT_API SimservsUnMarshaller : public ZtDescribedBy<SimservsContext, ZtUnMa
   int validateXML(char* text);
   /// Moves `length` bytes of `text` from `start` on to a new text, `*out`, which is for
   /// FreeElement, and closes the gap. Returns `text`. Without memory, or where there are no such
-  /// bytes, nothing is moved and `*out` is null. Its cost is that of the whole text: for one cut,
-  /// not for many.
+  /// bytes, nothing is moved and `*out` is null. Each call costs time linear in the whole text: do
+  /// not cut many pieces with it.
   char* replaceSubStringWithNull(char* text, char** out, int start, int length);
 
  private:

@@ -5,7 +5,7 @@
 
 #include "ztxml/ZtElement.h"
 
-/// The base of every service: whether it is active, and what a document adds to it.
+/// The base of every service: whether it is active, and what it keeps of unknown content.
 class zt_ns_xcap_simservType : public ZtTyped<zt_ns_xcap_simservType, ZtExtensible<ZtObject>> {
  public:
   ZT_API static const ZtElementType kType;
@@ -25,7 +25,7 @@ class zt_ns_xcap_media_type : public ZtTyped<zt_ns_xcap_media_type> {
  public:
   ZT_API static const ZtElementType kType;
 
-  /// Raw text (copied): what it holds of markup must be escaped already.
+  /// Raw text (copied): the caller escapes markup in it.
   int setMediaValue(const char* media) { return m_Media.Assign(media); }
   const char* getMediaValue() const { return m_Media.Get(); }
 
@@ -33,8 +33,8 @@ class zt_ns_xcap_media_type : public ZtTyped<zt_ns_xcap_media_type> {
   ZtText m_Media;
 };
 
-/// A "presence-status" with an activity as its text. Documents are read with a mere flag in its
-/// place; this type is for callers, and no marshaller writes it.
+/// A "presence-status" with an activity as its text. Documents are read with a flag in its place,
+/// and no marshaller writes it: this type is for callers.
 class zt_presence_status_activity_type : public ZtTyped<zt_presence_status_activity_type> {
  public:
   ZT_API static const ZtElementType kType;

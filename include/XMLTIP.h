@@ -24,11 +24,11 @@ class TIPDataBinder : public ZtDescribedBy<TIPContext, ZtFactory> {
 class ZT_API TIPMarshaller : public ZtDescribedBy<TIPContext, ZtNamespaceMarshaller> {
  public:
   TIPMarshaller();
-  /// Writes the element (1 written, 0 failed), which only a running Marshall can use.
+  /// Writes the element. Returns 1, or 0 on failure; works only while Marshall runs.
   int AddTIPElementToXml(zt_terminating_identity_presentation* service) { return Write(service); }
 };
 
-/// Reads a terminating-identity-presentation service, with the prefixes of its document.
+/// Reads the service under the prefixes that its document declares.
 class XMLTIPDecoder : public ZtDecoderOf<TIPContext, ZtNamespaceDecoder> {};
 
 /// Reads the service from an XCAP fragment.

@@ -10,10 +10,10 @@ class XMLFile;
 class ZT_API XMLUnMarshaller : public ZtNonCopyable {
  public:
   virtual ~XMLUnMarshaller() = default;
-  /// The tree of the document `xml` (borrowed, unchanged), or null when it is null, not well
-  /// formed, incomplete or of another root. The caller frees it with XMLFactory::DeleteElement.
+  /// The tree of the document `xml` (borrowed, unchanged), or null when `xml` is null, not well
+  /// formed, incomplete or has another root. The caller frees it with XMLFactory::DeleteElement.
   virtual XMLElement* UnMarshall(const char* xml) = 0;
-  /// The same for the content of `file`, which is read whole.
+  /// The tree of the document in `file`, which is read whole; null as above.
   virtual XMLElement* UnMarshall(XMLFile* file) = 0;
 };
 

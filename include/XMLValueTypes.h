@@ -27,11 +27,11 @@ class ZT_API zt_empty_element_type : public ZtTyped<zt_empty_element_type> {
  public:
   static const ZtElementType kType;
 
-  /// Not 0 when the element is there.
+  /// Whether the element is present: any number but 0.
   int setPresentValue(int present) { return m_iPresent.Set(present); }
   int getPresentValue() const { return m_iPresent; }
-  /// Stores a copy and marks the element present; null clears both. The value is the element's own
-  /// name: that is what a marshaller writes.
+  /// The element's name, which a marshaller writes (copied). Setting it marks the element present;
+  /// null clears both.
   int setValue(const char* value);
   const char* getValue() const { return m_Value.Get(); }
 
@@ -66,18 +66,18 @@ class ZT_API zt_AttributeValuePair : public XMLAttribute {
   ZtText m_Value;
 };
 
-/// What callers give to elements of any schema.
+/// Makes the values that callers give to elements of any schema.
 class ZT_API zt_xml_common_methods {
  public:
   /// A new text for a list of texts, and a new attribute for a list of attributes (both copied,
-  /// null for none), which are the caller's until an element takes them. Null without memory.
+  /// null for none), which are the caller's until an element takes them. Null when out of memory.
   static zt_string* CreateString(const char* text);
   static zt_AttributeValuePair* CreateAttribute(const char* name, const char* value);
-  /// A new, empty list, recorded under tag 14 as the lists that elements take must be. It is the
-  /// caller's until an element takes it; null without memory.
+  /// A new, empty list, recorded under tag 14, as a list that an element takes must be. It is the
+  /// caller's until then; null when out of memory.
   static ZtSingleElementList* CreateElementList();
   /// Deletes every element in `list` (recorded under tag 14) that has no owner, then the list; a
-  /// list that an element has taken is left alone. Null only logs the empty-list warning.
+  /// list that an element has taken is left alone. Null only logs the warning of an empty list.
   static void DeleteElementList(ZtSingleElementList* list);
 };
 

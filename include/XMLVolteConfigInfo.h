@@ -6,7 +6,7 @@
 #include "ztxml/ZtDocument.h"
 #include "ztxml/ZtSchemaDecoder.h"
 
-/// The root element "volte-config-info", or "wap-provisioningdoc" with the same content.
+/// The root element, "volte-config-info" or "wap-provisioningdoc"; their content is alike.
 class zt_volte_config_info : public ZtTyped<zt_volte_config_info, ZtProvisioning> {
  public:
   ZT_API static const ZtElementType kType;
@@ -14,7 +14,7 @@ class zt_volte_config_info : public ZtTyped<zt_volte_config_info, ZtProvisioning
 
 class VolteConfigInfoContext;
 
-/// Makes empty elements; each is the caller's until a parent takes it. Null without memory.
+/// Makes empty elements; each is the caller's until a parent takes it. Null when out of memory.
 class VolteConfigInfoDataBinder : public ZtDescribedBy<VolteConfigInfoContext, ZtFactory> {
  public:
   zt_characteristic* CreateCharacteristic() { return Make(); }
@@ -27,7 +27,7 @@ class ZT_API VolteConfigInfoMarshall : public ZtDescribedBy<VolteConfigInfoConte
   char* Marshall(XMLElement* root) override;
 };
 
-/// Reads "volte-config-info", or "wap-provisioningdoc" with the same content, with any prefixes.
+/// Reads a "volte-config-info" or "wap-provisioningdoc" document, with any prefixes.
 class XMLVolteConfigInfoDecoder : public ZtDecoderOf<VolteConfigInfoContext> {};
 
 /// Reads a zt_volte_config_info.

@@ -14,7 +14,7 @@ class zt_wap_provisioning_doc : public ZtTyped<zt_wap_provisioning_doc, ZtProvis
 
 class WapProvisioningDocContext;
 
-/// Makes empty elements; each is the caller's until a parent takes it. Null without memory.
+/// Makes empty elements; each is the caller's until a parent takes it. Null when out of memory.
 class WapProvisioningDocDataBinder : public ZtDescribedBy<WapProvisioningDocContext, ZtFactory> {
  public:
   zt_characteristic* CreateCharacteristic() { return Make(); }

@@ -11,10 +11,10 @@ class zt_entry : public ZtTyped<zt_entry> {
  public:
   ZT_API static const ZtElementType kType;
 
-  /// The document's URI; required on output.
+  /// The document's URI; the element cannot be written without it.
   int setUriValue(const char* uri) { return m_Uri.Assign(uri); }
   const char* getUriValue() const { return m_Uri.Get(); }
-  /// The document's entity tag; required on output.
+  /// The document's entity tag; the element cannot be written without it.
   int setEtagValue(const char* etag) { return m_Etag.Assign(etag); }
   const char* getEtagValue() const { return m_Etag.Get(); }
   /// When the document last changed.
@@ -24,11 +24,11 @@ class zt_entry : public ZtTyped<zt_entry> {
   int setSizeValue(unsigned int bytes) { return m_Size.Set(bytes); }
   unsigned int getSizeValue() const { return m_Size; }
 
-  /// Further attributes: a list of zt_AttributeValuePair, stored as XMLAttribute* (taken). On
-  /// output the first of a name stands, and none of the names above.
+  /// Further attributes: a list of zt_AttributeValuePair, stored as XMLAttribute* (taken). Of
+  /// several with one name only the first is written, and none that is named as one above.
   int setAnyAttributeValue(ZtSingleElementList* list) { return m_AnyAttributes.Set(list); }
   ZtListOf<zt_AttributeValuePair>* getAnyAttributeValue() const { return m_AnyAttributes; }
-  /// Takes `attribute`; 0 when it is null or owned, or there is no memory.
+  /// Takes `attribute`; returns 0 when it is null, has an owner, or there is no memory.
   int addAnyAttribute(XMLAttribute* attribute) { return m_AnyAttributes.Add(attribute); }
 
  private:
@@ -44,17 +44,17 @@ class zt_folder : public ZtTyped<zt_folder> {
  public:
   ZT_API static const ZtElementType kType;
 
-  /// The application usage's id, "resource-lists" for example; required on output.
+  /// The application usage's id, e.g. "resource-lists"; the element cannot be written without it.
   int setAuidValue(const char* auid) { return m_Auid.Assign(auid); }
   const char* getAuidValue() const { return m_Auid.Get(); }
 
   /// A list of zt_entry (taken).
   int setEntryListValue(ZtSingleElementList* list) { return m_Entries.Set(list); }
   ZtListOf<zt_entry>* getEntryListValue() const { return m_Entries; }
-  /// Takes `entry`; 0 when it is null or owned, or there is no memory.
+  /// Takes `entry`; returns 0 when it is null, has an owner, or there is no memory.
   int addEntry(zt_entry* entry) { return m_Entries.Add(entry); }
 
-  /// Written in place of the entries when there are none. Raw text, to be escaped by the caller.
+  /// Why there are no entries; only written then. Raw text, to be escaped by the caller.
   int setErrorCodeValue(const char* code) { return m_ErrorCode.Assign(code); }
   const char* getErrorCodeValue() const { return m_ErrorCode.Get(); }
 
@@ -72,7 +72,7 @@ class zt_xcap_directory : public ZtTyped<zt_xcap_directory, ZtObject> {
   /// A list of zt_folder (taken).
   int setFolderListValue(ZtSingleElementList* list) { return m_Folders.Set(list); }
   ZtListOf<zt_folder>* getFolderListValue() const { return m_Folders; }
-  /// Takes `folder`; 0 when it is null or owned, or there is no memory.
+  /// Takes `folder`; returns 0 when it is null, has an owner, or there is no memory.
   int addFolder(zt_folder* folder) { return m_Folders.Add(folder); }
 
  private:
@@ -81,15 +81,15 @@ class zt_xcap_directory : public ZtTyped<zt_xcap_directory, ZtObject> {
 
 class XcapDirectoryContext;
 
-/// Makes empty objects; each is the caller's until a parent takes it. Null without memory.
+/// Makes empty objects; each is the caller's until a parent takes it. Null when out of memory.
 class XcapDirectoryDataBinder : public ZtDescribedBy<XcapDirectoryContext, ZtFactory> {
  public:
   zt_folder* CreateFolderElement() { return Make(); }
   zt_entry* CreateEntryElement() { return Make(); }
 };
 
-/// Writes a zt_xcap_directory. Besides Marshall, the steps that write one element each (1 written,
-/// 0 failed), which only a running Marshall can use.
+/// Writes a zt_xcap_directory. Its Add functions write one element each and return 1, or 0 on
+/// failure; they work only while Marshall runs.
 class XcapDirectoryMarshaller : public ZtDescribedBy<XcapDirectoryContext, ZtMarshaller> {
  public:
   int AddXcapDirectoryElementToXml(zt_xcap_directory* directory) { return Write(directory); }

@@ -20,7 +20,7 @@ class ZtXcapPhrasedError : public ZtElement {
   ZtText m_Phrase;
 };
 
-/// The error "not-utf-8". It and those below say no more than their name and the phrase.
+/// The error "not-utf-8". Like the errors below it has no content but the phrase.
 class zt_not_utf_8 : public ZtTyped<zt_not_utf_8, ZtXcapPhrasedError> {
  public:
   ZT_API static const ZtElementType kType;
@@ -87,7 +87,7 @@ class zt_exists : public ZtTyped<zt_exists> {
   /// The values that would do: a list of zt_string (taken). Raw texts, to be escaped by the caller.
   int setAltValueListValue(ZtSingleElementList* list) { return m_AltValues.Set(list); }
   ZtListOf<zt_string>* getAltValueListValue() const { return m_AltValues; }
-  /// Takes `value`, a zt_string; 0 when it is null or owned, or there is no memory.
+  /// Takes `value`, a zt_string; returns 0 when it is null, has an owner, or there is no memory.
   int addAltValue(zt_string* value) { return m_AltValues.Add(value); }
 
  private:
@@ -103,7 +103,7 @@ class zt_uniqueness_failure : public ZtTyped<zt_uniqueness_failure, ZtXcapPhrase
   /// A list of zt_exists (taken).
   int setExistsListValue(ZtSingleElementList* list) { return m_Exists.Set(list); }
   ZtListOf<zt_exists>* getExistsListValue() const { return m_Exists; }
-  /// Takes `exists`; 0 when it is null or owned, or there is no memory.
+  /// Takes `exists`; returns 0 when it is null, has an owner, or there is no memory.
   int addExists(zt_exists* exists) { return m_Exists.Add(exists); }
 
  private:
@@ -122,8 +122,8 @@ class zt_xcap_error : public ZtTyped<zt_xcap_error, ZtObject> {
  public:
   ZT_API static const ZtElementType kType;
 
-  /// Takes the error, an object of one of the classes above but zt_exists: others are not written.
-  /// Null for none. What a document says is asked by class: ZtAs<zt_no_parent>(getErrorValue()).
+  /// Takes the error, an object of a class above other than zt_exists: others are not written. Null
+  /// for none. Ask which error it is by class, e.g. ZtAs<zt_no_parent>(getErrorValue()).
   int setErrorValue(XMLElement* error) { return m_Error.Set(error); }
   XMLElement* getErrorValue() const { return m_Error.Get(); }
 
@@ -133,7 +133,7 @@ class zt_xcap_error : public ZtTyped<zt_xcap_error, ZtObject> {
 
 class XcapErrorContext;
 
-/// Makes empty objects; each is the caller's until a parent takes it. Null without memory.
+/// Makes empty objects; each is the caller's until a parent takes it. Null when out of memory.
 class ZT_API XcapErrorDataBinder : public ZtDescribedBy<XcapErrorContext, ZtFactory> {
  public:
   XMLObject* CreateRootElement() override;
@@ -149,7 +149,7 @@ class ZT_API XcapErrorDataBinder : public ZtDescribedBy<XcapErrorContext, ZtFact
   zt_no_parent* CreateNo_parentElement() { return Make(__func__); }
   zt_not_xml_frag* CreateNot_xml_fragElement() { return Make(__func__); }
   zt_schema_validation_error* CreateSchema_validation_errorElement() { return Make(__func__); }
-  /// A list that elements can take.
+  /// A new list for elements to take; null when out of memory.
   ZtSingleElementList* CreateList();
 
  private:
@@ -157,8 +157,8 @@ class ZT_API XcapErrorDataBinder : public ZtDescribedBy<XcapErrorContext, ZtFact
   static void Log(const char* operation);
 };
 
-/// Writes a zt_xcap_error. Besides Marshall, the steps that write one element each (1 written, 0
-/// failed), which only a running Marshall can use.
+/// Writes a zt_xcap_error. Its Add functions write one element each and return 1, or 0 on failure;
+/// they work only while Marshall runs.
 class Xcap_ErrorMarshall : public ZtDescribedBy<XcapErrorContext, ZtMarshaller> {
  public:
   int AddXcap_errorElementToXml(zt_xcap_error* root) { return Write(root); }
@@ -182,7 +182,7 @@ class Xcap_ErrorMarshall : public ZtDescribedBy<XcapErrorContext, ZtMarshaller> 
 class XMLXcapErrorDecoder : public ZtDecoderOf<XcapErrorContext> {};
 
 /// Reads a zt_xcap_error. Elements are known by their local names, whatever their prefixes; of
-/// several errors the last stands.
+/// several errors the last one is kept.
 class ZT_API XcapErrorUnMarshaller : public ZtDescribedBy<XcapErrorContext, ZtUnMarshaller> {};
 
 /// The context of XCAP errors, XML_SCHEMA_XCAP_ERROR.

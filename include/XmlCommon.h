@@ -32,7 +32,7 @@ class ZT_API BuddyLinkList : public ZtNonCopyable {
   static void Release(BuddyLinkList* node);
 };
 
-/// Helpers on NUL-terminated byte strings. None reads before the start or behind the end.
+/// Helpers on NUL-terminated byte strings. None reads before the start or after the end.
 class ZT_API XmlCommon {
  public:
   /// The first '<', or null.
@@ -41,15 +41,15 @@ class ZT_API XmlCommon {
   static char* LocateEndElement(char* text);
   /// The first character that is not space, tab, CR or LF (it may be the NUL); null for null.
   static char* SkipSpaces(char* text);
-  /// The same as SkipSpaces. Intended: XmlCommon::TrimSpaces trims the leading side only, unlike
-  /// XmlDecoder::TrimSpaces; callers depend on the rest staying.
+  /// SkipSpaces by another name. Intended: XmlCommon::TrimSpaces trims the leading side only,
+  /// unlike XmlDecoder::TrimSpaces; callers depend on trailing white space staying.
   static char* TrimSpaces(char* text);
   /// Cuts one trailing space. Intended: TrimRightSingle cuts no more than one space and no tab;
-  /// callers depend on the rest staying.
+  /// callers depend on further white space staying.
   static void TrimRightSingle(char* text);
   /// Skips one leading and cuts one trailing double quote; returns the start. Intended:
-  /// RemoveQuotes takes a quote off either side, also where the other side has none, and leaves
-  /// single quotes; callers depend on it.
+  /// RemoveQuotes removes a quote also when the other side has none, and leaves single quotes;
+  /// callers depend on both.
   static char* RemoveQuotes(char* text);
   /// Whether the text looks like an address: it has an '@' and no "aor=".
   static bool IsEmailFormat(const char* text);

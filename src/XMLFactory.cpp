@@ -30,7 +30,7 @@
 
 namespace {
 
-// Every document that the library binds.
+// Every document that the library knows.
 constexpr const ZtDocument* kDocuments[] = {
     &BootstrappingInfoContext::kDocument,
     &CWIndicationContext::kDocument,

@@ -77,13 +77,13 @@ T* EntryOf(ZtSingleElementList* list, unsigned short index) {
   return list ? static_cast<T*>(static_cast<XMLElement*>(list->GetKeyAtIndex(index))) : nullptr;
 }
 
-/// An object of another class that a cast makes pass for a T.
+/// An object of another class, cast so that it passes for a T.
 template <class T>
 T* Foreign() {
   return static_cast<T*>(static_cast<XMLElement*>(ZtCreate<zt_string>("tests/Foreign")));
 }
 
-/// A caller's own element, which does not say what it is.
+/// A caller's own element, which gives no class name.
 struct Nameless : XMLElement {
   const char* ClassName() const override { return nullptr; }
   const char* BaseClassName() const override { return "XMLElement"; }
@@ -91,7 +91,7 @@ struct Nameless : XMLElement {
   int ReservedHook() override { return 0; }
 };
 
-/// A whole document as it is written: a line break before each start tag, double quotes.
+/// A whole document in the writer's layout: a line break before each start tag, double quotes.
 inline std::string Document(const std::string& content) {
   std::string text = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>";
   for (std::size_t i = 0; i < content.size(); ++i) {

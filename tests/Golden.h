@@ -93,8 +93,8 @@ inline Lines LinesOf(const std::string& text) {
   return lines;
 }
 
-/// The lines of the log: level, module, file, text. Not those of the parser and the containers, and
-/// of whole documents only that they are there.
+/// The lines of the log: level, module, file, text. Lines of the parser and the containers are left
+/// out, and a whole document in a line is replaced by a word.
 inline Lines Told(const LogCapture& log, const std::string& input = "",
                   const std::string& output = "") {
   Lines lines;
@@ -154,7 +154,7 @@ inline Lines Difference(const Lines& a, const Lines& b) {
   return difference;
 }
 
-/// What differs in two lines, in whole words, after the beginning that they share.
+/// What differs in two lines, in whole words, after their common beginning.
 inline std::string Changed(const std::string& a, const std::string& b) {
   constexpr char kBounds[] = " \"<>/";
   const auto bound = [&](char c) { return std::strchr(kBounds, c) != nullptr; };
@@ -172,8 +172,8 @@ inline std::string Changed(const std::string& a, const std::string& b) {
          b.substr(begin, b.size() - same - begin) + "]";
 }
 
-/// A difference in few lines: a line that only changed is told as one, and of many lines in a row
-/// that are missing the first `most`.
+/// A difference in few lines: a line that only changed is told in one line, and of many missing
+/// lines in a row the first `most` are.
 inline std::string Short(const std::string& label, const Lines& difference, std::size_t most) {
   std::string text;
   for (std::size_t at = 0; at < difference.size();) {
@@ -236,7 +236,7 @@ inline Lines ValuesOf(const reflect::Field& field) {
   return values;
 }
 
-/// All fields of an object, one line each; what is in its children is left out.
+/// All fields of an object, one line each, without the contents of its children.
 inline Lines FieldsOf(const XMLElement& object) {
   Lines lines;
   for (const reflect::Field& field : reflect::FieldsOf(object)) {
@@ -285,7 +285,7 @@ class TreeTeller : public reflect::Visitor {
   void Leave(const XMLElement& /*object*/) override { m_Indent.resize(m_Indent.size() - 2); }
 
  private:
-  // The enumerations that have neither one of their values nor what a new object has.
+  // The enumerations with a number that is neither a value nor what a new object has.
   void Nowhere(const XMLElement& object) {
     const Tree<XMLElement> fresh(reflect::TypeOf(object).Create("tests/Golden"));
     const Lines before = ::FieldsOf(*fresh);

@@ -36,7 +36,7 @@ XMLElement* Make() {
 const ApiClass kClasses[] = {ZT_API_HEADERS(ZT_CLASS)};
 #undef ZT_CLASS
 
-// What is offered as a child: an object of each class, and of none.
+// What is offered as a child: an object of each class, and one without a class.
 const std::vector<ApiClass>& Children() {
   static const std::vector<ApiClass> kChildren = [] {
     std::vector<ApiClass> all(std::begin(kClasses), std::end(kClasses));
@@ -46,7 +46,7 @@ const std::vector<ApiClass>& Children() {
   return kChildren;
 }
 
-// Under which name, with what, something is offered.
+// Under which name and with which text something is offered.
 struct Offer {
   bool attribute;
   const char* name;  // without a slash
@@ -63,8 +63,8 @@ bool IsAlive(const void* object) {
   return false;
 }
 
-// What a new object of a class answers to offers, one after the other: the last one's result,
-// whether the object was taken, the log and what has changed since the beginning.
+// What a new object of a class answers to a series of offers: the result of the last one, whether
+// its object was taken, the log, and what has changed since the beginning.
 struct Answer {
   int result = 0;
   std::string taken;
@@ -125,7 +125,7 @@ const Lines& OddWords() {
   return kWords;
 }
 
-// The odd ones, all words that stand in the golden documents, and what begins with these.
+// Odd words, all words of the golden documents, and these words with something appended.
 const Lines& AllWords() {
   static const Lines kWords = [] {
     std::set<std::string> words;
@@ -156,7 +156,7 @@ const Lines& AllWords() {
   return kWords;
 }
 
-// What becomes of each of `words`: outcomes in order, with their words.
+// What becomes of words: outcomes in order, each with the words that have it.
 using Outcomes = std::vector<std::pair<std::string, Lines>>;
 void AddTo(Outcomes& outcomes, const std::string& outcome, const std::string& member) {
   for (auto& [known, members] : outcomes) {
@@ -165,7 +165,7 @@ void AddTo(Outcomes& outcomes, const std::string& outcome, const std::string& me
   outcomes.push_back({outcome, {member}});
 }
 
-// The outcomes, one line each; the one with most members comes last.
+// The outcomes, one line each; the outcome with most members comes last.
 std::string TellOutcomes(const std::string& indent, Outcomes outcomes, const char* members) {
   std::size_t most = 0;
   for (std::size_t i = 0; i < outcomes.size(); ++i) {
@@ -241,7 +241,7 @@ Lines Names() {
 
 constexpr char kUnknown[] = "of-no-document";
 
-// The ways of offering something that are told of each name, two each that belong together.
+// The ways of offering something that are tried for each name, in pairs that belong together.
 struct Way {
   const char* label;
   Offer offer;
@@ -364,7 +364,7 @@ std::string TellFactories() {
     ZtRelease(list);
     return count;
   });
-  // Factories that are told what their root is.
+  // Factories that have to be told which root to make.
   CommunicationBarringDataBinder barring;
   for (const int kind : {-1, 0, 2, 3, 1}) {
     text += TellMade("CommunicationBarringDataBinder of kind " + std::to_string(kind), [&] {
@@ -391,7 +391,7 @@ class StepRunner : public Worker {
   std::string Tell(const std::function<int(Worker&)>& step) {
     Schema schema(this->Document().info.id);
     Tree<XMLElement> root(schema.context()->createBinderFactory()->CreateRootElement());
-    if (!this->Marshall(root.get())) {  // it has to have something in it
+    if (!this->Marshall(root.get())) {  // the document must not be empty
       root = schema.template Read<XMLElement>(ReadFile(FullDocument(this->Document().info)));
     }
     const std::string plain = Text(this->Marshall(root.get()));
@@ -432,7 +432,7 @@ std::string StepOf(int (Base::*method)(Element*), const std::string& name) {
 }
 template <class M, class Base, class Element>
 std::string Step(int (Base::*method)(Element*), const std::string& name) {
-  if constexpr (std::is_abstract_v<M>) {  // what two services share
+  if constexpr (std::is_abstract_v<M>) {  // the base of two services
     return StepOf<Communication_diversionMarshaller>(method, name) +
            StepOf<Communication_barringMarshaller>(method, name + " of barring");
   } else {
@@ -445,7 +445,7 @@ std::string TellSteps() {
 #define ZT_STEP(M, method) text += Step<M>(&M::method, #M "::" #method);
   ZT_API_STEPS(ZT_STEP)
 #undef ZT_STEP
-  // Those that take something else.
+  // Steps that take something else.
   char given[] = "given";
   zt_uris_type uris;
   zt_conference_type nameless, sidebar;
@@ -546,12 +546,12 @@ std::string TellWorkers(const XMLSchemaInfo& info) {
   return text + "what is written a second time begins with:\n" + Joined(lines, "  ");
 }
 
-// What is logged without memory and not with it, while a document is read and written. In no order,
-// which is that of the allocations.
+// What is logged only without memory, while a document is read and written. Sorted, because the
+// order of the lines is that of the allocations.
 std::string TellWithoutMemory(const XMLSchemaInfo& info) {
   const std::string document = ReadFile(FullDocument(info));
   Schema schema(info.id);
-  schema.RoundTrip(document);  // the first time is logged otherwise
+  schema.RoundTrip(document);  // the first run logs more
   std::set<std::string> known, without;
   for (long n = 0, reached = 1; reached; ++n) {
     zthost::FailAllocation(n);

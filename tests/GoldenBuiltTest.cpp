@@ -1,5 +1,5 @@
-// Golden trees: what callers see of a full document by each getter of each of its classes, and what
-// becomes of it by each setter.
+// Golden trees: what each getter of each class says of a full document, and what each setter makes
+// of it.
 #include "ApiScript.h"
 #include "Golden.h"
 
@@ -56,7 +56,7 @@ struct Given {
   ApiTables::Value value = {};
 };
 
-// A list with `items`, which it takes.
+// A list that has taken `items`.
 template <class Item>
 ZtSingleElementList* ListOf(std::initializer_list<Item*> items) {
   ZtSingleElementList* list = zt_xml_common_methods::CreateElementList();
@@ -70,7 +70,7 @@ XMLElement* MakeForeign() {
   return foreign;
 }
 
-// What the setter is tried with, by a number from 0 on; false beyond the last.
+// Sets `given` to the value number `at` for the setter, from 0 on; false after the last.
 bool Give(const ApiTables::Setter& setter, unsigned at, Given& given) {
   static constexpr const char* kTexts[] = {nullptr, "", "a\"<&>b"};
   static constexpr unsigned kNumbers[] = {0, 1, 7, 0xFFFFFFFF};
@@ -174,12 +174,14 @@ struct Written {
   }
 };
 
-// An object by its getters, written alone, and with each setter called, beside what is written of
-// the full document.
+// Tells of an object: its getters, its text alone, and what each setter changes in the full
+// document.
 std::string TellObject(Schema& schema, const std::string& document, unsigned type) {
   const auto full = schema.Read<XMLElement>(document);
   XMLElement* object = ObjectsOf(*full).at(type);
-  const auto again = [&] { schema.Write(full.get()); };  // what comes next logs that this goes
+  const auto again = [&] {
+    schema.Write(full.get());
+  };  // so that the next call logs the release of this text
   std::string text = TellGetters(*object, type);
   again();
   if (schema.writer() && object != full.get()) {
@@ -229,7 +231,7 @@ TEST(GoldenBuilt, ByAccessors) {
     }
     golden.Expect(std::string(info->name) + ".txt", text);
   }
-  // Those of no document.
+  // Classes that are in no document.
   std::string text;
   for (unsigned type = 0; type < ApiTables::kTypeCount; ++type) {
     if (everywhere.count(type)) continue;

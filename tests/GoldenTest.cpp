@@ -47,7 +47,7 @@ class Noting : public reflect::Visitor {
 
 Outcome OutcomeOf(eXMLSchemaID id, const std::string& text, Seen* seen = nullptr) {
   Outcome outcome;
-  // Callers set the namespaces of a document that declares any.
+  // As callers do, sets the namespaces of a document that declares any.
   const bool declares = text.find("xmlns") != std::string::npos;
   std::shared_ptr<Schema> workers;
   if (declares) {
@@ -81,7 +81,7 @@ Outcome OutcomeOf(eXMLSchemaID id, const std::string& text, Seen* seen = nullptr
   return outcome;
 }
 
-// All of it as a golden file.
+// The whole outcome as a golden file.
 std::string Whole(const Outcome& outcome) {
   std::string text = "== tree ==\n" + (outcome.read ? Joined(outcome.tree) : "(null)\n");
   text += "== log of reading ==\n" + Joined(outcome.readLog);
@@ -114,14 +114,15 @@ std::string Cases(eXMLSchemaID id, const std::string& cases, Seen* seen) {
 
 // ---- What a document lacks ----------------------------------------------------------------------
 
-// An element or attribute of a text: its path of names, and where it is with the blank before it.
+// An element or attribute of a text: its path of names, and its place, which includes the blank
+// before it.
 struct Part {
   std::string path;
   std::size_t begin;
   std::size_t end;
 };
 
-// The first part of each path. The text is well formed and has no comments; its root is no part.
+// The first part with each path, except the root. The text is well formed and has no comments.
 std::vector<Part> PartsOf(const std::string& text, std::set<std::string>& paths) {
   std::vector<Part> parts, open;
   const auto add = [&](const Part& part) {
@@ -156,7 +157,7 @@ std::vector<Part> PartsOf(const std::string& text, std::set<std::string>& paths)
   return parts;
 }
 
-// What another document that lacks something brings, beside the full one.
+// How the outcome of a document that lacks something differs from that of the full one.
 std::string Against(const Outcome& full, const Outcome& lacking) {
   std::string text = Short("  log of reading ", Difference(full.readLog, lacking.readLog), 0);
   if (!lacking.read) return text + "  not read\n";
@@ -170,7 +171,7 @@ std::string Against(const Outcome& full, const Outcome& lacking) {
 
 // ---- Tests --------------------------------------------------------------------------------------
 
-// Whether the documents of a schema have all that its types can hold is no matter of trust.
+// Checks that the documents of a schema have everything that its types can hold.
 void ExpectEverything(eXMLSchemaID id, const Seen& seen) {
   reflect::Schema schema;
   ASSERT_TRUE(reflect::FindSchema(id, schema));
@@ -178,7 +179,7 @@ void ExpectEverything(eXMLSchemaID id, const Seen& seen) {
   for (const ZtElementType* type : schema.Types()) {
     const Tree<XMLElement> object(type->Create("tests/Golden"));
     for (const reflect::Field& field : reflect::FieldsOf(*object)) {
-      if (!field.name) continue;  // what has no name has mostly no way to be read
+      if (!field.name) continue;  // most fields without a name cannot be read
       const ZtEnumTable* values = field.row ? reflect::ValuesOf(*field.row) : nullptr;
       for (unsigned i = 0; i < (values ? values->count : 1U); ++i) {
         const std::string value = SeenValue(*object, field, i);

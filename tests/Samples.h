@@ -40,8 +40,8 @@ inline int Parse(std::string text, XmlDecoderSchema* receiver) {
   return parser.Decode(text.data(), static_cast<int>(text.size()));
 }
 
-/// Every document under examples/documents with each schema that has its root: one that reads any
-/// document has the first of them.
+/// Every document under examples/documents with each schema that has its root: a schema that reads
+/// any document gets the first one only.
 inline std::vector<Sample> Samples() {
   std::vector<Sample> samples;
   for (const auto& entry : std::filesystem::directory_iterator(ZTXML_DOCUMENTS_DIR)) {

@@ -75,7 +75,7 @@ inline std::string Shortened(const std::string& text) {
   return text.size() <= 80 ? text : text.substr(0, 80) + "...";
 }
 
-/// Whether two texts are the same; if not, the first difference with what stands around it:
+/// Whether two texts are equal; if not, shows the first difference with its surroundings, because
 /// documents and logs are too long to be shown whole.
 inline testing::AssertionResult SameText(const char* actualName, const char* expectedName,
                                          const std::string& actual, const std::string& expected) {
@@ -94,7 +94,7 @@ inline testing::AssertionResult SameText(const char* actualName, const char* exp
          << ":\n  " << around(actual) << "\n  where expected\n  " << around(expected);
 }
 
-/// The same for lists of lines: the first line that differs, or that one of them lacks.
+/// Whether two lists of lines are equal; if not, shows the first line that differs or is missing.
 inline testing::AssertionResult SameText(const char* actualName, const char* expectedName,
                                          const std::vector<std::string>& actual,
                                          const std::vector<std::string>& expected) {
@@ -112,9 +112,9 @@ inline testing::AssertionResult SameText(const char* actualName, const char* exp
 #define EXPECT_SAME(actual, expected) EXPECT_PRED_FORMAT2(SameText, actual, expected)
 #define ASSERT_SAME(actual, expected) ASSERT_PRED_FORMAT2(SameText, actual, expected)
 
-/// Fails allocation 1, 2, 3 ... of `attempt`, once and then from there on, until a run needs no
-/// more. What each run tells is what it tells with memory or "(null)", nothing; without any memory
-/// it is nothing.
+/// Runs `attempt` with allocation 1, 2, 3 ... failing, alone and with all later ones, until a run
+/// makes no more. Each run must tell what it tells with memory, or "(null)"; with none at all,
+/// "(null)".
 template <class Attempt>
 void ExpectWholeOrNothing(const Attempt& attempt) {
   const std::string whole = attempt();
@@ -129,7 +129,7 @@ void ExpectWholeOrNothing(const Attempt& attempt) {
       const bool nothing = reached && told == "(null)";
       EXPECT_SAME(nothing ? whole : told, whole);
       EXPECT_TRUE(n > 1 || !after || told == "(null)");
-      if (testing::Test::HasFailure()) return;  // the rest would say the same again
+      if (testing::Test::HasFailure()) return;  // later runs would repeat the failure
     }
   }
 }

@@ -48,8 +48,8 @@ class Aligner {
     return gaps;
   }
 
-  // Matches what is equal in `by` at the two ends of each gap, and what occurs once in both sides
-  // of what remains, as far as it is in the same order.
+  // Matches what has equal `by` at the two ends of each gap and, of the rest, what occurs once on
+  // either side, as far as its order is equal.
   void MatchInGaps(Member by) {
     for (Gap gap : Gaps()) {
       const auto equal = [&](std::size_t i, std::size_t j) {
@@ -88,9 +88,9 @@ class Aligner {
     MatchAscending(pairs);
   }
 
-  // The longest part of `pairs` in which the second numbers ascend, as the first ones do.
+  // Matches the longest part of `pairs` whose second numbers ascend, as all first ones do.
   void MatchAscending(const std::vector<std::pair<std::size_t, std::size_t>>& pairs) {
-    std::vector<std::size_t> tails;  // by length: the pair with the least end
+    std::vector<std::size_t> tails;  // for each length of such a part: its least last pair
     std::vector<std::size_t> previous(pairs.size(), kUnmatched);
     for (std::size_t i = 0; i < pairs.size(); ++i) {
       const auto at = std::lower_bound(

@@ -14,8 +14,8 @@ struct AlignEntry {
 };
 
 /// For each entry of `before` the index of its match in `after`, in ascending order, or kUnmatched.
-/// Entries match by equal content, then by equal keys, then, between those, by their places. The
-/// cost is n log n.
+/// Entries match by equal content, then by equal keys, then by their places between such matches.
+/// The cost is n log n.
 std::vector<std::size_t> Align(const std::vector<AlignEntry>& before,
                                const std::vector<AlignEntry>& after);
 

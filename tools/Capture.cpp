@@ -141,8 +141,7 @@ class Reader {
     return false;
   }
 
-  // Cuts headers and the blank line behind them off `text`. A part of a body may be no more than
-  // headers.
+  // Cuts headers and the blank line after them off `text`. A part of a body may have headers only.
   bool ReadHeaders(std::string_view& text, Headers& headers, bool isPart) {
     std::string* value = nullptr;
     bool first = true;
@@ -162,7 +161,7 @@ class Reader {
       if (!value->empty()) return Fail(line, "a second " + QuoteShort(name) + " header");
       *value = Trim(line.substr(line.find(':') + 1));
     }
-    return isPart || Fail(text, "the headers have no blank line behind them");
+    return isPart || Fail(text, "the headers have no blank line after them");
   }
 
   bool ReadEntity(std::string_view text, int nesting) {
@@ -216,8 +215,8 @@ class Reader {
            (encoding.empty() || encoding == "identity") && headers.chunks.empty();
   }
 
-  // A length that is right ends the body. One that is not tells of line ends that were converted,
-  // or of a capture that was cut: then all there is is taken.
+  // A correct length ends the body. A wrong one comes from converted line ends or a cut capture:
+  // then the rest of the capture is the body.
   bool CutToLength(std::string_view start, const std::string& length, std::string_view& body) {
     if (length.empty()) return true;
     if (length.find_first_not_of("0123456789") != std::string::npos) {
@@ -245,14 +244,14 @@ class Reader {
                                                   : "the boundary has more than 70 characters");
     }
     const std::string delimiter = "--" + content.boundary;
-    const char* part = nullptr;  // where the one at hand begins
+    const char* part = nullptr;  // where the current part begins
     std::string_view rest = body;
     while (!rest.empty()) {
       const std::string_view line = NextLine(rest);
       if (!StartsWith(line, delimiter)) continue;
-      const std::string_view behind = line.substr(delimiter.size());
-      const bool last = StartsWith(behind, "--") && Trim(behind.substr(2)).empty();
-      if (!last && !Trim(behind).empty()) continue;
+      const std::string_view after = line.substr(delimiter.size());
+      const bool last = StartsWith(after, "--") && Trim(after.substr(2)).empty();
+      if (!last && !Trim(after).empty()) continue;
       if (part && !ReadPart(part, line.data(), nesting)) return false;
       part = rest.data();
       if (last) return true;
@@ -273,9 +272,9 @@ class Reader {
 
   void AddBody(std::string_view text, const std::string& type) {
     const auto offset = static_cast<std::size_t>(text.data() - m_Capture.text.data());
-    // Places are counted on from the last body, so that many bodies cost no more than few.
+    // Lines are counted from the last body on, so that many bodies cost no more than few.
     const std::string_view passed(m_Capture.text);
-    m_Position = PositionBehind(passed.substr(m_iCounted, offset - m_iCounted), m_Position);
+    m_Position = PositionAfter(passed.substr(m_iCounted, offset - m_iCounted), m_Position);
     m_iCounted = offset;
     const bool cut = m_Capture.cut && offset + text.size() == m_Capture.text.size();
     m_Bodies.push_back({m_Capture.name, std::string(text), type, m_Position, cut});

@@ -8,7 +8,7 @@
 
 #include "Document.h"
 
-/// Whether `text` begins as a message does, with a request or status line or with a header.
+/// Whether `text` begins like a message, with a request line, a status line or a header.
 bool IsCapture(std::string_view text);
 
 /// Adds the XML bodies of the message `capture`, of which there is at least one, with their content

@@ -14,8 +14,8 @@ namespace {
 // A bar on standard error, on a terminal only, once the work takes long.
 class ProgressBar {
  public:
-  /// `lines` tells whether standard output has a line for each file: on a terminal it is progress
-  /// enough.
+  /// `lines` tells whether standard output gets a line for each file, which on a terminal is
+  /// progress enough.
   ProgressBar(std::size_t total, bool lines)
       : m_iTotal(total),
         m_bShown(total > 1 && isatty(STDERR_FILENO) && !(lines && isatty(STDOUT_FILENO))) {}
@@ -113,7 +113,7 @@ class Checker {
   std::size_t m_iFiles = 0;
   std::size_t m_iSound = 0;
   std::size_t m_iRefused = 0;
-  std::size_t m_iFaulty = 0;  // read, but not what XML makes of them
+  std::size_t m_iFaulty = 0;  // read, but faulty as XML
 };
 
 }  // namespace

@@ -18,14 +18,14 @@ int PrintNamespaces(const Document& document);
 int RoundTrip(const Document& document, const XMLSchemaInfo* schema, Log& log);
 /// Prints the tree of objects.
 int Show(const Document& document, const XMLSchemaInfo* schema);
-/// The same on one line of JSON, also for a document that cannot be read.
+/// Prints the tree as one line of JSON, also for a document that cannot be read.
 int ShowJson(const Document& document, const XMLSchemaInfo* schema);
-/// The line of JSON for a file from which there is no document.
+/// Prints the line of JSON for a file that gave no document.
 void PrintJson(const std::string& name, const Failure& failure);
 /// Reads and judges every document of the files: a line for each, unless `quiet` only for those
 /// that are refused or faulty, and a summary.
 int Check(const std::vector<std::string>& paths, const XMLSchemaInfo* schema, bool quiet);
-/// Compares two documents as trees of objects. 0 the same, 1 different, 2 not to be compared.
+/// Compares two documents as trees of objects. 0: equal, 1: different, 2: one cannot be read.
 int Diff(const std::string& oldPath, const std::string& newPath, const XMLSchemaInfo* schema);
 
 #endif  // ZTXML_TOOLS_COMMANDS_H

@@ -1,4 +1,4 @@
-// ztxml diff: two documents compared as the library has them.
+// ztxml diff: compares two documents by the objects that the library reads.
 #include <algorithm>
 #include <cstddef>
 #include <iostream>
@@ -23,15 +23,15 @@ constexpr int kTrouble = 2;
 
 const char* OrEmpty(const char* text) { return text ? text : ""; }
 
-// Other attributes. Their order means nothing; of several with one name the first stands.
+// Attributes of unknown names. Their order does not matter; of several with one name the first
+// counts.
 std::map<std::string, std::string> AttributesOf(const Field& field) {
   std::map<std::string, std::string> sorted;
   for (const Item& item : field.items) sorted.emplace(OrEmpty(item.name), OrEmpty(item.text));
   return sorted;
 }
 
-// A number for each text, so that equal texts have equal ones. A map, since a hash could be made to
-// collide.
+// A number for each text, equal for equal texts. A map, because hashes could be made to collide.
 class Numbers {
  public:
   std::size_t Of(const std::string& text) {
@@ -42,7 +42,7 @@ class Numbers {
   std::map<std::string, std::size_t> m_Numbers;
 };
 
-// Numbers for objects: equal ones for equal trees.
+// A number for each object, equal for equal trees.
 class Contents {
  public:
   // A tree that was read is no deeper than the decoder's stack.
@@ -85,7 +85,7 @@ std::string ValueOf(const Field& field, const Item& item) {
   return field.value == ZtValue::kEnum ? item.text : QuoteShort(item.text);
 }
 
-// What stands in for each of two different texts: of long ones the part where they begin to differ.
+// How two different texts are shown: of long ones only the part where they begin to differ.
 std::string ChangeOf(std::string_view before, std::string_view after) {
   constexpr std::size_t kContext = 20;
   const std::size_t least = std::min(before.size(), after.size());
@@ -100,8 +100,7 @@ std::string ChangeOf(std::string_view before, std::string_view after) {
   return mark + QuoteShort(before.substr(cut)) + " -> " + mark + QuoteShort(after.substr(cut));
 }
 
-// What tells an object from its neighbours, and the same for people, e.g. @id="r1"; "" when it has
-// nothing such.
+// What tells an object from its neighbours, and how people see it, e.g. @id="r1"; both "" for none.
 struct Key {
   std::string text;
   std::string shown;
@@ -133,7 +132,7 @@ std::string NameIn(const Field& field, const Item& item) {
   return (reflect::IsAttribute(field) ? "@" : "") + Escape(name);
 }
 
-// The names of the entries of a list, with their places among those of the same name.
+// The names of the entries of a list, each with its place among the entries of equal name.
 std::vector<std::string> NamesIn(const Field& field) {
   std::map<std::string, std::size_t> counts;
   std::vector<std::string> names;
@@ -225,7 +224,7 @@ class Comparer {
     const std::vector<std::string> oldNames = NamesIn(old);
     const std::vector<std::string> newNames = NamesIn(now);
     const std::vector<std::size_t> matches = Align(Entries(old), Entries(now));
-    std::size_t next = 0;  // the first of the new ones that has not been dealt with
+    std::size_t next = 0;  // the first new entry that has not been dealt with
     for (std::size_t i = 0; i <= old.items.size(); ++i) {
       const bool end = i == old.items.size();
       const bool matched = !end && matches[i] != kUnmatched;

@@ -49,7 +49,7 @@ const char* ReadStandardInput(Document& document) {
 
 }  // namespace
 
-Position PositionBehind(std::string_view passed, Position start) {
+Position PositionAfter(std::string_view passed, Position start) {
   const std::size_t last = passed.rfind('\n');
   if (last != std::string_view::npos) {
     start.line += static_cast<std::size_t>(std::count(passed.begin(), passed.end(), '\n'));

@@ -1,4 +1,4 @@
-// The documents that the commands work on: where they come from and what is said of them.
+// The documents that the commands work on: where they come from and how messages name them.
 #ifndef ZTXML_TOOLS_DOCUMENT_H
 #define ZTXML_TOOLS_DOCUMENT_H
 
@@ -24,8 +24,8 @@ struct Position {
   }
 };
 
-/// The place behind `passed`, which begins at `start`.
-Position PositionBehind(std::string_view passed, Position start);
+/// The place after `passed`, which begins at `start`.
+Position PositionAfter(std::string_view passed, Position start);
 /// "3:17".
 std::string ToString(Position position);
 
@@ -39,14 +39,14 @@ struct Document {
 
   /// The place of the byte `offset`.
   Position At(std::size_t offset) const {
-    return PositionBehind(std::string_view(text).substr(0, offset), start);
+    return PositionAfter(std::string_view(text).substr(0, offset), start);
   }
 };
 
 /// Why a document was refused, or what is wrong with it.
 struct Failure {
-  /// "file", "capture", "parser", "root element", "schema decoder", "tree"; of what is read all the
-  /// same "well-formedness" and "namespaces"
+  /// "file", "capture", "parser", "root element", "schema decoder", "tree"; for a document that is
+  /// read but faulty, "well-formedness" or "namespaces"
   const char* stage = "";
   std::string what;
   Position at = {};
@@ -55,9 +55,9 @@ struct Failure {
 /// "name:line:column: stage: what".
 std::string Describe(const std::string& name, const Failure& failure);
 
-/// Prints "ztxml: name: message" on standard error, behind what standard output has so far.
+/// Prints "ztxml: name: message" on standard error, after what standard output has so far.
 void Complain(const std::string& name, const std::string& message);
-/// The same for a failure.
+/// Prints a failure like Complain.
 void Report(const std::string& name, const Failure& failure);
 /// Reports why a document was refused. Returns kCannotRead.
 int Refuse(const std::string& name, const Failure& failure);

@@ -58,15 +58,15 @@ std::string_view RootName(std::string_view text) {
   return {};
 }
 
-// Whether XML allows an element to have the name `root` only because it has a prefix, or not at
-// all, while a schema has it.
+// Whether a schema has the root `root` although XML allows the name only with a prefix, or not at
+// all.
 bool IsOdd(std::string_view root) {
   const std::string_view local = root.substr(root.find(':') + 1);
   return !local.empty() && std::isdigit(static_cast<unsigned char>(local[0])) &&
          FindSchemaOfRoot(std::string(local));
 }
 
-// `text` with another first character of the odd name of its root in the root's two tags.
+// `text` with the first character of the root's odd name replaced in the root's two tags.
 std::string WithoutOddName(std::string_view text, std::string_view root) {
   std::string changed(text);
   const std::size_t first = root.find(':') + 1;
@@ -80,7 +80,7 @@ std::string WithoutOddName(std::string_view text, std::string_view root) {
 
 class WellFormedness {
  public:
-  // `changed` is `document` with as many bytes, all of which stand for those in `document`.
+  // `changed` is the text of `document`, perhaps with some bytes replaced, none added.
   WellFormedness(const Document& document, std::string_view changed, Verdict& verdict)
       : m_Document(document),
         m_Text(document.text),
@@ -144,7 +144,7 @@ class WellFormedness {
   }
   static void OnOther(void* user, const char* /*text*/, int /*size*/) { Self(user).Take(); }
 
-  // What the parser has just told of.
+  // What the parser has just reported.
   std::string_view Take() {
     const std::size_t at = IndexOf(m_Parser);
     const auto size = static_cast<std::size_t>(XML_GetCurrentByteCount(m_Parser.get()));
@@ -164,7 +164,7 @@ class WellFormedness {
     }
   }
 
-  // The markup that the parser could not read to its end, as far as there is an end.
+  // The markup that the parser could not read to its end, or the rest of the text.
   std::string_view Markup() const {
     const std::size_t end = std::min(m_Text.find('>', m_iTaken), m_Text.size() - 1);
     return m_Text.substr(m_iTaken, end - m_iTaken + 1);
@@ -222,7 +222,7 @@ class WellFormedness {
     return {XML_ErrorString(code), at};
   }
 
-  // Without a document type there are five.
+  // Without a document type only five entities are defined.
   Fault UndefinedEntity() const {
     constexpr std::string_view kDeclared[] = {"amp", "lt", "gt", "quot", "apos"};
     for (std::size_t at = m_iTaken; (at = m_Text.find('&', at) + 1) != 0;) {
@@ -235,7 +235,7 @@ class WellFormedness {
     return {"an entity is not declared", m_iTaken};
   }
 
-  // The byte `at` cannot go on what begins where the parser was last.
+  // Explains why the byte `at` cannot continue the markup that the parser was reading.
   Fault ExplainToken(std::size_t at) {
     const std::string_view rest = m_Text.substr(at);
     const std::size_t size = CharacterSize(rest);
@@ -286,12 +286,12 @@ class WellFormedness {
   ParserPtr m_Parser;
   std::vector<Element> m_Open;
   bool m_bRooted = false;
-  std::size_t m_iTaken = 0;  // where what the parser has told of ends
+  std::size_t m_iTaken = 0;  // the end of what the parser has reported
 };
 
 // ---- Namespaces ---------------------------------------------------------------------------------
 
-// Of a document that is well formed.
+// Checks the namespaces of a document that is well formed.
 class NamespaceCheck {
  public:
   // The element that binds `scope` is put around the root, which begins at `root`.
@@ -340,8 +340,7 @@ class NamespaceCheck {
     }
   }
 
-  // The parser tells only the tag. Whether it counts the tag's own declarations then depends on the
-  // tag's kind.
+  // The parser tells only the tag; it may or may not count the tag's own declarations.
   Fault Unbound(std::size_t tag) {
     constexpr std::string_view kDeclaration = "xmlns:";
     const std::vector<std::string_view> names = NamesIn(tag);

@@ -1,5 +1,5 @@
-// What XML says of a text, by the word of another parser: whether it is well formed and binds its
-// namespaces. The library's own parser is laxer in some things and does not support others.
+// Whether a text is well formed and binds its namespaces, judged by another parser. The library's
+// own is laxer in some things and does not support others.
 #ifndef ZTXML_TOOLS_JUDGE_H
 #define ZTXML_TOOLS_JUDGE_H
 
@@ -19,18 +19,18 @@ struct Fault {
   explicit operator bool() const { return !what.empty(); }
 };
 
-/// What XML says of a text. Nothing is known of what comes after `malformed`, or after a document
-/// type, which is not read, so that a document can neither load nor multiply anything.
+/// What the other parser says. Nothing is known of the text after `malformed` or after a document
+/// type, which is not read: it could load or multiply anything.
 struct Verdict {
   Fault malformed;          ///< the first breach of XML 1.0
-  bool incomplete = false;  ///< it is that the text ends too early
-  bool rawInValue = false;  ///< it is a "<" or "&" in the value of an attribute
+  bool incomplete = false;  ///< `malformed` is that the text ends too early
+  bool rawInValue = false;  ///< `malformed` is a "<" or "&" in an attribute value
   Fault unbound;            ///< the first breach of Namespaces in XML, where nothing is malformed
   Fault unsupported;        ///< the first thing that XML allows and the library's parser does not
   std::string oddRoot;      ///< the root's name, if XML allows it to no element but a schema has it
 };
 
-/// Prefixes with the namespaces that they are bound to around a text.
+/// The prefixes that are bound around a text, with their namespaces.
 using Scope = std::vector<std::pair<std::string, std::string>>;
 
 /// Judges a whole document, or what is to stand where `scope` is bound. A schema's own root name is
@@ -41,8 +41,8 @@ Verdict Judge(const Document& document, const Scope& scope = {});
 /// simservs document are read and written without declarations, too.
 Scope ScopeAround(const XMLSchemaInfo& schema);
 
-/// Tells what is wrong with a document that the library reads, or has written. False when nothing
-/// is.
+/// Tells in `failure` what is wrong with a document that the library reads or wrote. False for
+/// nothing.
 bool FindFault(const Document& document, const Verdict& verdict, Failure& failure);
 
 /// What to say of `Verdict::oddRoot`.

@@ -68,8 +68,8 @@ class Tracker : public Receiver {
 // What became of a document that was fed tag by tag.
 struct Outcome {
   int result = ZT_XML_INCOMPLETE;
-  std::size_t tag = 0;    // where the last tag begins that was looked at
-  std::string_view text;  // of it
+  std::size_t tag = 0;    // where the last tag that was fed begins
+  std::string_view text;  // of that tag
 };
 
 template <class Stop>
@@ -93,7 +93,7 @@ Outcome Feed(std::string_view text, Tracker& tracker, Stop stop) {
   return outcome;
 }
 
-// Why the parser stopped at a tag, or missed one at the end, as it sees that itself.
+// Why the library's parser stopped at a tag, or missed one at the end, in its own view.
 Failure WhyStopped(const Document& document, const Outcome& outcome,
                    const std::vector<Tracker::Element>& open) {
   const std::string tag = QuoteShort(outcome.text);
@@ -132,7 +132,7 @@ Failure WhyNotParsed(const Document& document) {
   const Outcome outcome = Feed(document.text, tracker, [] { return false; });
   const std::vector<Tracker::Element>& open = tracker.OpenElements();
   const Fault& fault = verdict.malformed;
-  // The parser passes over much that XML forbids: what it stops at may come later.
+  // The library's parser passes over some faults: it may stop later than at the first.
   const bool inLast = outcome.result == ZT_XML_ERROR ? fault.at >= outcome.tag : verdict.incomplete;
   const bool inOpen = !open.empty() && fault.at >= open.back().offset &&
                       fault.at <= document.text.find('>', open.back().offset);

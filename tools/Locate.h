@@ -1,6 +1,6 @@
-// Why the library refuses a document, and where. Its parser and decoders report no places: another
-// parser tells what the document does wrong or what of XML it uses, and a decoder is given the text
-// once more, in pieces that end after each tag, until it says no.
+// Why the library refuses a document, and where. Its parser and decoders report no places, so
+// another parser tells what is wrong or not supported, and a decoder gets the text again, tag by
+// tag, until it refuses one.
 #ifndef ZTXML_TOOLS_LOCATE_H
 #define ZTXML_TOOLS_LOCATE_H
 

@@ -29,7 +29,7 @@ void Log::Receive(const zthost::LogLine& line, void* user) {
     self->m_FirstError = line.text;
   }
   if (self->m_Level == 0) return;
-  std::cout.flush();  // the lines stand where they belong when both streams go to one place
+  std::cout.flush();  // keeps the order when both streams go to one place
   std::cerr << "log " << line.level << ' ' << line.sourceFile << ':' << line.line << ": "
             << Escape(line.text) << '\n';
 }

@@ -1,4 +1,4 @@
-// The library's log, as far as the tool looks at it.
+// What the tool needs of the library's log.
 #ifndef ZTXML_TOOLS_LOG_H
 #define ZTXML_TOOLS_LOG_H
 
@@ -17,7 +17,7 @@ class Log {
 
   /// Whether the library has cut a document that was too long for it to write.
   bool DocumentCut() const { return m_bDocumentCut; }
-  /// The first error since Forget: when writing, that something required is missing. "" for none.
+  /// The first error since Forget; when writing fails, what is missing. "" for none.
   const std::string& FirstError() const { return m_FirstError; }
   void Forget();
 

@@ -14,7 +14,7 @@ class RootFinder : public Receiver {
     return 0;
   }
   const std::string& Name() const { return m_Name; }
-  /// Without its prefix.
+  /// The name without its prefix.
   std::string LocalName() const { return m_Name.substr(m_Name.find(':') + 1); }
 
  private:

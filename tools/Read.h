@@ -40,8 +40,8 @@ struct Declaration {
   const char* uri;
 };
 
-/// The namespace declarations of a document, as the library retrieves them; `get` is null when it
-/// cannot.
+/// The namespace declarations of a document, as the library retrieves them; `get` gives null when
+/// it cannot retrieve them.
 class Namespaces {
  public:
   Namespaces() = default;

@@ -12,7 +12,7 @@
 
 namespace {
 
-// Documents may hold what a terminal takes for commands.
+// Escapes on a terminal, which could take parts of a document for commands.
 void Print(const char* text) {
   if (isatty(STDOUT_FILENO)) {
     std::cout << EscapeControls(text);
@@ -21,8 +21,8 @@ void Print(const char* text) {
   }
 }
 
-// What is around what is written of a document: for a namespace that the document itself declares
-// the declaration has to be written, too.
+// The prefixes that the output may use without declaring them. Those that the document itself
+// declares are none: their declarations have to be written, too.
 Scope ScopeOfOutput(const Tree& tree) {
   Scope scope = ScopeAround(*tree.schema);
   for (const Declaration& declared : tree.namespaces.List()) {

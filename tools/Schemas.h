@@ -10,8 +10,8 @@
 const XMLSchemaInfo* FindSchema(const std::string& nameOrId);
 /// The schema that has the root element `localName`, or null.
 const XMLSchemaInfo* FindSchemaOfRoot(const std::string& localName);
-/// The schema of bodies of the content type `type`, in lower case; of several the one that has the
-/// root element `localName`. Null when the type tells none.
+/// The schema of bodies of the content type `type`, in lower case; of several schemas the one with
+/// the root element `localName`. Null when the type is not known.
 const XMLSchemaInfo* FindSchemaOfType(const std::string& type, const std::string& localName);
 /// Whether the schema is known to have the root element `localName`.
 bool HasRoot(const XMLSchemaInfo& schema, const std::string& localName);

@@ -11,7 +11,7 @@ using reflect::Item;
 
 namespace {
 
-// The name by which output calls a field: as XPath does, attributes with an "@".
+// The name of a field in the output: like in XPath, attributes begin with "@".
 std::string LabelOf(const Field& field) {
   switch (field.place) {
     case ZtPlace::kOwnText:
@@ -67,8 +67,7 @@ class TreePrinter : public reflect::Visitor {
 
 // ---- For programs -------------------------------------------------------------------------------
 
-// Keys are those of LabelOf with "#" for what is no name of the document, so that none can be
-// another one's.
+// Keys are those of LabelOf; other keys begin with "#", which no name in a document does.
 class JsonPrinter : public reflect::Visitor {
  public:
   bool Enter(const XMLElement& object, const char* name, const Field* /*in*/) override {
@@ -109,7 +108,7 @@ class JsonPrinter : public reflect::Visitor {
     }
   }
   void PrintItem(const Field& field, const Item& item) {
-    if (item.object) return;  // it follows
+    if (item.object) return;  // it comes next, by Enter
     Separate();
     m_bFirst = false;
     if (field.HoldsAttributes()) {
@@ -125,7 +124,7 @@ class JsonPrinter : public reflect::Visitor {
     if (!m_bFirst) std::cout << ',';
   }
 
-  bool m_bFirst = true;  // in the object or list at hand
+  bool m_bFirst = true;  // in the current object or list
 };
 
 int Cut(const Document& document) {

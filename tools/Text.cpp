@@ -27,8 +27,7 @@ bool IsControl(char c) {
   return byte < 0x20 || byte == 0x7f;
 }
 
-// `text` with `plain`, characters that are harmless where it goes, as they are and with a backslash
-// before those of `marked`.
+// `text` escaped, but the characters of `plain` unchanged and those of `marked` after a backslash.
 std::string EscapeWith(std::string_view text, std::string_view plain, std::string_view marked) {
   std::string escaped;
   while (!text.empty()) {

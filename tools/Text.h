@@ -13,14 +13,14 @@ std::size_t CharacterSize(std::string_view text);
 /// `text` on one line and harmless to a terminal: control characters, backslashes and bytes that
 /// are not UTF-8 as \n, \t, \\ or \xNN.
 std::string Escape(std::string_view text);
-/// The same in double quotes, with those inside as \".
+/// `text` escaped as by Escape, in double quotes, with those inside as \".
 std::string Quote(std::string_view text);
 /// `text` in quotes, cut when it is long.
 std::string QuoteShort(std::string_view text);
-/// `text` with its line breaks and tabs, all else as Escape has it, backslashes excepted.
+/// `text` escaped as by Escape, except line breaks, tabs and backslashes.
 std::string EscapeControls(std::string_view text);
-/// `text` as a string of JSON. Each byte that is not UTF-8 becomes U+FFFD, since JSON has none
-/// such.
+/// `text` as a string of JSON. Each byte that is not UTF-8 becomes U+FFFD, since JSON cannot hold
+/// it.
 std::string JsonQuote(std::string_view text);
 
 bool StartsWith(std::string_view text, std::string_view begin);

@@ -1,4 +1,4 @@
-// The command line tool: looks at documents as the library does.
+// The command line tool: shows documents as the library reads them.
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <exception>
@@ -35,7 +35,7 @@ Log levels, on standard error: 1 everything; 2 trace lines and most failures; 3 
 4 errors.
 
 Exit status: 0 done; 1 a document cannot be read, or "check" finds it faulty; 2 wrong usage; 3 it
-cannot be written, or not as XML. Of several files the highest counts. diff: 0 the same; 1 different; 2 wrong usage, or one cannot be read.)";
+cannot be written, or not as XML. Of several files the highest counts. diff: 0 equal; 1 different; 2 wrong usage, or one cannot be read.)";
 
 constexpr char kEventsFooter[] = R"(Lines:
   start NAME
@@ -59,8 +59,8 @@ constexpr char kRoundTripFooter[] =
     R"(Each of several documents is followed by a line break. What is written to a terminal has its control
 characters escaped.
 
-Both texts are judged as by "check". A faulty document that the library reads is told of and written
-all the same; a faulty output, called FILE (output), gives the exit status 3.
+Both texts are judged as by "check". A faulty document that the library reads is reported and
+still written; a faulty output, called FILE (output), gives the exit status 3.
 
 Examples:
   ztxml roundtrip notify.xml
@@ -106,7 +106,7 @@ attributes and what it skips do not count. Lines:
 Entries of lists belong together when they are equal, else by their id (or entity, uri, aor, name),
 else by their place. Entries that changed places are in one "-" and one "+" line.
 
-Exit status: 0 the same; 1 different; 2 wrong usage, or a document cannot be read.
+Exit status: 0 equal; 1 different; 2 wrong usage, or a document cannot be read.
 
 Example:
   ztxml diff old.xml new.xml)";
@@ -121,7 +121,7 @@ std::string CheckSchema(const std::string& nameOrId) {
 }
 
 std::string FailureMessage(const CLI::App* app, const CLI::Error& error) {
-  // A command that is misspelt would only be told as a missing one.
+  // Without this a misspelt command would only be reported as a missing one.
   const std::vector<std::string> rest = app->remaining();
   const bool unknown = app->get_subcommands().empty() && !rest.empty();
   const std::string what = unknown ? "no such command: " + rest[0] : error.what();

@@ -1,7 +1,7 @@
 # Gives Doxygen the public headers as their readers understand them: the first lines describe the
-# file; a comment stands for all declarations below it, down to a blank line or another comment; and
-# what means the same in every class is said here, once. What is protected is the library's own
-# business.
+# file; a comment is about all declarations below it, down to a blank line or another comment; and
+# what every class has with one meaning is explained here, once. What is protected is the library's
+# own business.
 FNR == 1 { file = 1; if (/^\/\/ /) print "/// \\file" }
 file && /^\/\/ / { sub(/^\/\//, "///"); print; next }
 { file = 0 }
@@ -38,7 +38,7 @@ function Declares() {
 function Said() {
   if (/static const ZtElementType kType;/) return "The type's description, as ZtIsA takes it."
   if (/static const ZtDocument kDocument;/) return "The document's description."
-  if (/\* Create[A-Za-z0-9_]*\(\)/) return "A new, empty object, the caller's until a parent takes it; null without memory."
-  if (/^  int Add[A-Za-z0-9_]*[tT]oX[mM][lL]\(/) return "Writes the element while Marshall runs: 1 written, 0 failed."
+  if (/\* Create[A-Za-z0-9_]*\(\)/) return "A new, empty object, the caller's until a parent takes it; null when out of memory."
+  if (/^  int Add[A-Za-z0-9_]*[tT]oX[mM][lL]\(/) return "Writes the element while Marshall runs: returns 1, or 0 on failure."
   return ""
 }

@@ -148,7 +148,7 @@ std::size_t FieldOf(const ApiTables::Setter& setter, const ZtElementType& type) 
 }
 
 const Getter* GetterOf(const std::string& setter, unsigned type) {
-  // One getter is called otherwise than its setter.
+  // One getter has another name than its setter.
   const std::string name = setter == "setParmList" ? "getParamList" : "get" + setter.substr(3);
   for (const Getter& getter : kGetters) {
     if (name == getter.name && (*getter.appliesTo)[type]) return &getter;

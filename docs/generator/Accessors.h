@@ -15,8 +15,8 @@ struct Accessors {
   std::string given;               ///< what the getter gives
 };
 
-/// Of each of FieldsOf(type), in that order. A setter belongs to the row of which the member is
-/// another one after the setter was called.
+/// The accessors of each of FieldsOf(type), in that order. A setter belongs to the row whose member
+/// it changes.
 std::vector<Accessors> AccessorsOf(const ZtElementType& type);
 
 /// The name of the type's class in C++, which is mostly its ClassName().

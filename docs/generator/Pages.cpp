@@ -141,12 +141,12 @@ std::string WrittenCell(const reflect::Field& field, const std::string& page, co
   std::string cell = "when set";
   if (row->IsOwnText() && !row->Is(kZtAlways)) cell = "when set, else a blank";
   if (row->place == ZtPlace::kOwnWords) cell = "with one blank between words";
-  if (row->place == ZtPlace::kOtherAttributes) cell = "as received; the first of a name";
+  if (row->place == ZtPlace::kOtherAttributes) cell = "as received; of equal names the first";
   if (row->Is(kZtAlways) && !field.IsRepeated()) cell = "always";
   if (field.value == ZtValue::kEnum && field.IsPresent()) {
     cell = "always; " + Code(field.items[0].text) + " until it is set";
   }
-  if (row->Is(kZtOneOf)) cell = "one of these rows: the first that is set";
+  if (row->Is(kZtOneOf)) cell = "one of the rows marked so: the first that is set";
   if (row->Is(kZtOneOf) && row->Is(kZtAlways)) cell += "; a blank when none is";
   if (row->Is(kZtLenient)) cell += "; if it fails, the rest is written";
   return cell;
@@ -202,8 +202,8 @@ std::string PlacesOf(const ZtElementType& type, const Scope& scope, const std::s
   return text + (places.size() > 1 ? "Elements " : "Element ") + Join(places);
 }
 
-// The fields of an object that was just made. Of what is in them only the values of enumerations,
-// which are static, outlive it.
+// The fields of an object that was just made. After the object is gone only the values of
+// enumerations in them stay valid, because those are static.
 std::vector<reflect::Field> FreshFieldsOf(const ZtElementType& type) {
   XMLElement* object = type.Create("docs/Pages");
   std::vector<reflect::Field> fields = reflect::FieldsOf(*object);
@@ -365,7 +365,7 @@ Homes FindHomes(const std::vector<reflect::Schema>& schemas,
       }
     }
   }
-  // A root of one schema may be an element of another: its own page describes it.
+  // A root of one schema may be an element of another: the page of its own schema describes it.
   for (const reflect::Schema& schema : schemas) {
     for (const ZtElementType* root : schema.Roots()) homes[root->className] = PageOf(schema);
   }

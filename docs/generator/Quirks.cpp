@@ -16,8 +16,8 @@ namespace {
 constexpr char kMark[] = "Intended:";
 constexpr std::size_t kMarkSize = sizeof(kMark) - 1;
 
-// The headings of what belongs to no document, in the order of the page, and what belongs there:
-// files without their endings, or where one ends with a star, all that begin like it.
+// The headings for quirks of no document, in the order of the page, with their files, given without
+// endings; a star at the end means all files that begin like it.
 struct Area {
   const char* heading;
   std::vector<std::string> files;

@@ -20,9 +20,9 @@ using SourcePages = std::map<std::string, std::string>;
 SourcePages FindSourcePages(const std::vector<reflect::Schema>& schemas,
                             const std::map<std::string, std::string>& shared);
 
-/// All that follows "Intended:" in comments of src and include below `root`, under a heading
-/// for each area of the library and each page. `titles` has the titles of the pages. "" after a
-/// message: a comment is none that can be listed, or its file belongs to no heading.
+/// All sentences after "Intended:" in comments of src and include below `root`, under a heading for
+/// each area of the library and each page. `titles` has the titles of the pages. "" after a message
+/// when a comment cannot be listed or its file belongs to no heading.
 std::string Quirks(const std::filesystem::path& root, const SourcePages& pages,
                    const std::map<std::string, std::string>& titles);
 

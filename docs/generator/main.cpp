@@ -53,9 +53,9 @@ class Project {
     std::map<std::string, std::string> shared;
     for (const Page& page : m_Pages) {
       const std::string name = page.path.filename();
-      m_Titles[name] = LineBehind(page.text, "# ");
-      m_Standards[name] = LineBehind(page.text, "Standard: ");
-      std::istringstream sources(LineBehind(page.text, "<!-- generated: types "));
+      m_Titles[name] = LineAfter(page.text, "# ");
+      m_Standards[name] = LineAfter(page.text, "Standard: ");
+      std::istringstream sources(LineAfter(page.text, "<!-- generated: types "));
       for (std::string source; sources >> source;) shared[source] = name;
     }
     for (const reflect::Schema& schema : m_Schemas) {
@@ -108,7 +108,7 @@ class Project {
   }
 
   // The rest of the first line that begins with `lead`.
-  static std::string LineBehind(const std::string& text, const std::string& lead) {
+  static std::string LineAfter(const std::string& text, const std::string& lead) {
     const std::size_t at = ("\n" + text).find("\n" + lead);
     if (at == std::string::npos) return "";
     const std::size_t from = at + lead.size();

@@ -1,5 +1,5 @@
-// Where the library's objects and texts lie: one by one on the heap, or side by side with the
-// document that they were read from.
+// Memory for the library's objects and texts: each by itself on the heap, or together in an arena
+// with the document that they were read from.
 #ifndef ZTXML_INCLUDE_ZTARENA_H
 #define ZTXML_INCLUDE_ZTARENA_H
 
@@ -8,10 +8,9 @@
 
 #include "ztxml/ZtExport.h"
 
-/// Memory for what is read together: the text of a document, the objects made from it, and the
-/// texts of these, which are left in place. The text is released with the last object, the objects
-/// in blocks of some kilobytes, also after the arena is gone. What lies in one arena belongs to one
-/// thread at a time.
+/// Memory for one document that is read: a copy of its text, and the objects made from it, whose
+/// texts stay in that copy. Objects may outlive the arena: the copy is freed with the last of them,
+/// a block of some kilobytes with its own last. One thread at a time may use what lies in an arena.
 class ZT_API ZtArena {
  public:
   ZtArena() = default;
@@ -19,8 +18,8 @@ class ZT_API ZtArena {
   ZtArena(const ZtArena&) = delete;
   ZtArena& operator=(const ZtArena&) = delete;
 
-  /// A copy of the `size` bytes of `text`, with a NUL, that lives as long as the arena's objects.
-  /// Before the first object, and once. Null without memory.
+  /// Copies the `size` bytes of `text`, adding a NUL; the copy lives as long as the arena's
+  /// objects. Call it once, before the first object is made. Null when out of memory.
   char* Keep(const char* text, std::size_t size);
   /// Whether `text` lies in the copy.
   bool Holds(const char* text) const {
@@ -39,15 +38,15 @@ class ZT_API ZtArena {
   static void Release(Block* block);
   static void Free(Block* block);
 
-  Block* m_pBlock = nullptr;  // the one that pieces are taken from
-  char* m_pFree = nullptr;    // of it: where the next piece goes
-  char* m_pEnd = nullptr;
-  std::size_t m_iNext = 0;  // bytes of the next block
+  Block* m_pBlock = nullptr;  // the block that new pieces are taken from
+  char* m_pFree = nullptr;    // where the next piece goes in the block
+  char* m_pEnd = nullptr;     // of the block
+  std::size_t m_iNext = 0;    // size of the next block in bytes
   const char* m_pText = nullptr;
-  std::size_t m_iTextSize = 0;  // of the copy with its NUL; 0 where nothing is left in place
+  std::size_t m_iTextSize = 0;  // size of the copy with its NUL; 0 without a copy
 };
 
-/// `size` bytes of `arena`, or of the heap when it is null; null without memory.
+/// `size` bytes of `arena`, or of the heap when `arena` is null; null when out of memory.
 ZT_API void* ZtAllocate(std::size_t size, ZtArena* arena = nullptr);
 /// Frees what ZtAllocate gave; null is ignored.
 ZT_API void ZtFree(void* piece);

@@ -1,5 +1,5 @@
-// The bases of each document's context, marshaller and unmarshaller. A document gives one
-// description of itself; these classes do the work.
+// The bases of each document's context, marshaller and unmarshaller. Each document has one
+// description (ZtDocument), by which these classes work.
 #ifndef ZTXML_INCLUDE_ZTDOCUMENT_H
 #define ZTXML_INCLUDE_ZTDOCUMENT_H
 
@@ -21,7 +21,8 @@ class ZT_API ZtFactory : public XMLObjectFactory {
   XMLObject* CreateRootElement() override;
 
  protected:
-  /// An object of the type that the function which returns it gives.
+  /// Makes the object when it is converted to a pointer, so that `return Make();` makes what the
+  /// function returns.
   class Made {
    public:
     explicit Made(const ZtFactory& factory) : m_Factory(factory) {}
@@ -39,7 +40,7 @@ class ZT_API ZtFactory : public XMLObjectFactory {
   virtual const ZtDocument& Document() const = 0;
 };
 
-/// A context whose workers are those of a document's description.
+/// A context that makes its workers by a document's description.
 class ZT_API ZtContext : public XMLContext {
  public:
   XMLMarshaller* createMarshaller() override;
@@ -60,9 +61,8 @@ class ZT_API ZtUnMarshaller : public XMLUnMarshaller {
  public:
   XMLElement* UnMarshall(const char* xml) override;
   XMLElement* UnMarshall(XMLFile* file) override;
-  /// Reads `xml` and tells why there is no tree: false when it cannot be parsed or memory is short
-  /// (`root` is null), true when it was read. `root` is null then, too, if the document has another
-  /// root.
+  /// Reads `xml` into `root`, which is the caller's. False, with a null `root`, when it cannot be
+  /// parsed or memory is short. True when it was parsed; a null `root` then means another root.
   bool Parse(const char* xml, XMLElement*& root) const;
 
  protected:
@@ -84,16 +84,16 @@ class ZT_API ZtMarshaller : public XMLMarshaller {
   ~ZtMarshaller() override;
   char* Marshall(XMLElement* root) override;
   XMLMarshaller* Identity() override;
-  /// Whether the last Marshall lacked memory, or was given a tree too deep to be written, so that
-  /// its failure tells nothing of what else is in the tree.
+  /// Whether the last Marshall failed for lack of memory or because the tree is too deep, and not
+  /// because the tree lacks something.
   bool WasCutShort() const { return m_bCutShort; }
 
  protected:
   ZtMarshaller();
 
-  /// Writes `element`, an object of `type`, with its children; `prefix` and `name` ZT_NULL are the
-  /// type's. Returns 1, or 0 when it is null or lacks something required. Only meaningful while
-  /// Marshall runs: the document writer holds no document otherwise.
+  /// Writes `element`, an object of `type`, with its children; `prefix` and `name` are the type's
+  /// own when XML_STR_ZT_NULL. Returns 1, or 0 when it is null or lacks something required. Only
+  /// meaningful while Marshall runs: the document writer holds no document otherwise.
   int Write(XMLElement* element, const ZtElementType& type, e_XmlStrRef prefix = XML_STR_ZT_NULL,
             e_XmlStrRef name = XML_STR_ZT_NULL);
   /// Writes `element` by the table of its class.
@@ -107,7 +107,7 @@ class ZT_API ZtMarshaller : public XMLMarshaller {
     return WriteText(T::kType, name, text);
   }
   int WriteText(const ZtElementType& type, e_XmlStrRef name, const char* text);
-  /// A writer for steps that have no element, without namespaces; as meaningful as Write.
+  /// A writer without namespaces, for steps without an object; usable only when Write is.
   ZtElementWriter Writer();
   virtual const ZtDocument& Document() const = 0;
   /// The namespaces that the context has at this moment, null when there are none.
@@ -115,15 +115,15 @@ class ZT_API ZtMarshaller : public XMLMarshaller {
 
  private:
   friend class ZtContext;
-  /// Sets `bindings` to the prefixes in force, null when the library's own are. False when out of
+  /// Sets `bindings` to the prefixes to write with, null for the library's own. False when out of
   /// memory.
   virtual bool UseNamespaces(const ZtNamespaceBindings*& bindings);
-  /// The whole text of a document of which `text`, owned and passed on, is the part that the root's
-  /// table says. Null fails.
+  /// Completes `text`, which the root's table wrote, to the whole document. Owns `text`; the result
+  /// is the caller's, null on failure.
   virtual char* Complete(XMLElement* root, char* text);
 
   ZtXMLDocGenerator m_XmlDocGenerator;
-  char* m_pXml = nullptr;  // owned; log lines call it by the document's own name
+  char* m_pXml = nullptr;  // owned: the text of the last Marshall
   zt_xml_common_array_definition* m_pXmlStrRef;
   const ZtContext* m_pContext = nullptr;  // null for a worker that no context made
   bool m_bCutShort = false;

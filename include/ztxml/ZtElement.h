@@ -1,4 +1,4 @@
-// The bases of the schema types: everything that a type's table of fields can answer for it.
+// The bases of the schema types, which answer whatever a type's table of fields can tell.
 #ifndef ZTXML_INCLUDE_ZTELEMENT_H
 #define ZTXML_INCLUDE_ZTELEMENT_H
 
@@ -6,11 +6,11 @@
 #include "ztxml/ZtHolders.h"
 #include "ztxml/ZtListOf.h"
 
-/// A type that is bound by a table; `Base` is XMLElement or XMLObject.
+/// A type that is described by a table; `Base` is XMLElement or XMLObject.
 template <class Base>
 class ZT_API ZtBound : public Base {
  public:
-  /// What XMLElement says, as the type's table has it.
+  /// The operations of XMLElement, answered from the type's table.
   const char* ClassName() const override;
   const char* BaseClassName() const override;
   const char* ElementName() const override;
@@ -28,10 +28,10 @@ class ZT_API ZtBound : public Base {
 extern template class ZtBound<XMLElement>;
 extern template class ZtBound<XMLObject>;
 
-/// A bound element.
+/// An element that is described by a table.
 using ZtElement = ZtBound<XMLElement>;
 
-/// A bound element that derives from XMLObject.
+/// An element that is described by a table and derives from XMLObject.
 class ZT_API ZtObject : public ZtBound<XMLObject> {
  public:
   int IsRootElement() const override;
@@ -41,7 +41,7 @@ class ZT_API ZtObject : public ZtBound<XMLObject> {
 template <class T, class Base = ZtElement>
 class ZtTyped : public Base {
  public:
-  using Described = T;  ///< the type that T::kType is the table of
+  using Described = T;  ///< the type that T::kType describes
 
  protected:
   const ZtElementType& Type() const override { return T::kType; }
@@ -51,8 +51,8 @@ class ZtTyped : public Base {
 template <class Base = ZtElement>
 class ZtKeepsElements : public Base {
  public:
-  /// Takes a list of elements, stored as XMLElement*. They are never written unless the type says
-  /// which of them are.
+  /// Takes a list of elements, stored as XMLElement*. Only those are written that the comment of
+  /// the type names.
   int setAnyElementValue(ZtSingleElementList* list) { return m_AnyElements.Set(list); }
   ZtListOf<XMLElement>* getAnyElementValue() const { return m_AnyElements; }
   /// Takes `element`; 0 when it is null or owned, or there is no memory.
@@ -64,13 +64,13 @@ class ZtKeepsElements : public Base {
   ZtChildList m_AnyElements;
 };
 
-/// A type that keeps all of its document beyond what it knows: child elements, and attributes,
-/// which are written back. `Base` is ZtElement or ZtObject.
+/// A type that keeps the child elements and the attributes which it does not know, and writes these
+/// attributes back. `Base` is ZtElement or ZtObject.
 template <class Base = ZtElement>
 class ZtExtensible : public ZtKeepsElements<Base> {
  public:
-  /// Takes a list of zt_AttributeValuePair, stored as XMLAttribute*. On output the first of a name
-  /// stands, and none that the element has as an attribute of its own.
+  /// Takes a list of zt_AttributeValuePair, stored as XMLAttribute*. Of several with one name only
+  /// the first is written, and none whose name the start tag has already.
   int setAnyAttributeValue(ZtSingleElementList* list) { return m_AnyAttributes.Set(list); }
   ZtListOf<zt_AttributeValuePair>* getAnyAttributeValue() const { return m_AnyAttributes; }
   /// Takes `attribute`; 0 when it is null or owned, or there is no memory.

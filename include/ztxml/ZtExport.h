@@ -5,8 +5,7 @@
 #include <cstddef>
 #include <new>
 
-// What callers find in the library's file. A class whose functions all stand in its header needs
-// it for its table alone.
+// Marks what the shared library exports. A class with inline functions only marks just its table.
 #if defined(__GNUC__)
 #define ZT_API __attribute__((visibility("default")))
 #else

@@ -3,7 +3,7 @@
 // What an element takes must come from the library and be recorded in the memory log under tag 14:
 // objects from a schema's object factory or out of another tree; texts, attributes and lists from
 // zt_xml_common_methods (CreateString, CreateAttribute, CreateElementList). An object has one
-// owner: one that is offered while it has an owner is not taken, with a line in the log. What a
+// owner: when a second one is offered the object, it does not take it and logs a line. What a
 // list's Remove takes out of a tree is the caller's and may be given away again. No object may be
 // put below itself.
 #ifndef ZTXML_INCLUDE_ZTHOLDERS_H
@@ -17,8 +17,7 @@
 template <class T>
 class ZtListOf;
 
-/// A text: a copy, or one that stays where it is: in the document that it was read from, or among
-/// the library's own.
+/// A text: an owned copy, or borrowed in place from the document that was read or from the library.
 class ZT_API ZtText {
  public:
   ZtText() : m_iSize(0), m_bCopy(0) {}
@@ -26,20 +25,19 @@ class ZT_API ZtText {
   ZtText(const ZtText&) = delete;
   ZtText& operator=(const ZtText&) = delete;
 
-  /// Stores `text`, left in place where `arena` holds it, else copied, and frees the old copy
-  /// after; null clears. What is left in place ends with a NUL, and the object that the text is a
-  /// member of lies in the arena. False when there was no memory for the copy: the text is null
-  /// then.
+  /// Stores `text` and then frees the old copy; null clears. `text` is copied unless `arena` holds
+  /// it: then it stays in place, must end with a NUL, and this member's object must lie in the
+  /// arena. False when there was no memory for the copy: the text is null then.
   bool Set(ZtPiece text, const ZtArena* arena = nullptr);
-  /// Stores `text`, which outlives the object, without a copy.
+  /// Stores `text`, which must outlive the object, without a copy.
   void Refer(ZtPiece text) {
     if (m_bCopy) FreeCopy();
     m_pText = const_cast<char*>(text.text);
     m_iSize = text.size & kMostSize;
   }
-  /// Set as the public setters have it. Intended: setters of texts, children and lists answer 1
-  /// even when nothing was stored, for want of memory or because the object has an owner; callers
-  /// do not ask.
+  /// Stores a copy, as public setters do. Intended: setters of texts, children and lists answer 1
+  /// even when they stored nothing, because memory was short or the object has an owner; callers do
+  /// not check.
   int Assign(const char* text);
   const char* Get() const { return m_pText; }
   ZtPiece Piece() const { return {m_pText, m_iSize}; }
@@ -53,10 +51,10 @@ class ZT_API ZtText {
 
   char* m_pText = nullptr;
   std::size_t m_iSize : kSizeBits;
-  std::size_t m_bCopy : 1;  // else it is null or in place
+  std::size_t m_bCopy : 1;  // whether the text is an owned copy
 };
 
-/// A number, or which value of an enumeration. `Number` is unsigned or unsigned long long.
+/// A number, or a value of an enumeration as a number. `Number` is unsigned or unsigned long long.
 template <class Number>
 class ZtScalar {
  public:
@@ -69,7 +67,7 @@ class ZtScalar {
     return 1;
   }
   Number Get() const { return m_Value; }
-  /// As what the getter that returns it gives: a number or an enumeration.
+  /// Converts to what a getter returns: a number or an enumeration.
   template <class Value>
   operator Value() const {  // NOLINT(google-explicit-constructor)
     return static_cast<Value>(m_Value);
@@ -89,16 +87,16 @@ class ZT_API ZtChild {
   ZtChild(const ZtChild&) = delete;
   ZtChild& operator=(const ZtChild&) = delete;
 
-  /// Takes `child` and deletes another one held before; the same again changes nothing, nor does
-  /// one that has an owner. Returns 1.
+  /// Takes `child` and deletes the one held before; changes nothing when `child` is held already or
+  /// has an owner. Returns 1.
   int Set(XMLElement* child) {
     static_cast<void>(Take(child));
     return 1;
   }
-  /// The same; false when `child` has another owner.
+  /// As Set, but false when `child` has another owner.
   bool Take(XMLElement* child);
   XMLElement* Get() const { return m_pChild; }
-  /// As what the getter that returns it gives: a type that this child always has.
+  /// Converts to what a getter returns: a type that this child always has.
   template <class T>
   operator T*() const {  // NOLINT(google-explicit-constructor)
     return static_cast<T*>(m_pChild);
@@ -108,8 +106,8 @@ class ZT_API ZtChild {
   XMLElement* m_pChild = nullptr;
 };
 
-/// A repeated child or attribute: a list that is made on the first insertion, so that null means
-/// none. `Item` is XMLElement or XMLAttribute, and the list's entries are exactly such pointers.
+/// Repeated children or attributes: a list that is made when the first one is added, null until
+/// then. `Item` is XMLElement or XMLAttribute, and the list's entries are exactly such pointers.
 template <class Item>
 class ZT_API ZtOwnedList {
  public:
@@ -118,16 +116,15 @@ class ZT_API ZtOwnedList {
   ZtOwnedList(const ZtOwnedList&) = delete;
   ZtOwnedList& operator=(const ZtOwnedList&) = delete;
 
-  /// Takes `list` with its entries and deletes another one held before; the same again changes
-  /// nothing, nor does one that has an owner. Entries that have an owner are taken out of the list.
-  /// Returns 1.
+  /// Takes `list` with its entries and deletes the one held before; changes nothing when `list` is
+  /// held already or has an owner. Entries that have an owner are taken out of the list. Returns 1.
   int Set(ZtSingleElementList* list);
-  /// Appends and takes `item`. Returns 1, or 0 for null, for one that has an owner, or without
-  /// memory: `item` is not taken. A list made for it is recorded under `source`; `arena` (null: the
-  /// heap) has what is made.
+  /// Appends and takes `item`. Returns 1; 0, without taking it, when it is null, has an owner, or
+  /// there is no memory. A new list is recorded under `source`; list and node lie in `arena` (null:
+  /// the heap).
   int Add(Item* item, const char* source = "src/XMLList", ZtArena* arena = nullptr);
   ZtSingleElementList* Get() const { return m_pList; }
-  /// The list by what it holds, as the getter that returns it says.
+  /// Converts to what a getter returns: the list, typed by its entries.
   template <class T>
   operator ZtListOf<T>*() const {  // NOLINT(google-explicit-constructor)
     return static_cast<ZtListOf<T>*>(m_pList);
@@ -135,7 +132,7 @@ class ZT_API ZtOwnedList {
   /// The first node, null when there is none.
   ZtListNode* Head() const {
     if (!m_pList) return nullptr;
-    // The call is for an empty list's line in the log.
+    // Log readers expect the line that an empty list logs when it is asked for its head.
     return m_pList->m_pHead ? m_pList->m_pHead : m_pList->GetPtrToListHead();
   }
 

@@ -1,4 +1,4 @@
-// Lists by what they hold, so that callers walk them without a cast:
+// Lists typed by their entries, so that callers walk them without a cast:
 //
 //     for (zt_registration& registration : ZtEach(reginfo->getRegistrationListValue())) ...
 //     for (zt_pub_gruu& gruu : ZtEach<zt_pub_gruu>(contact->getAnyElementValue())) ...
@@ -20,24 +20,24 @@ struct ZtElementType;
 /// Whether `element` is of the class that `type`, a T::kType, describes.
 ZT_API bool ZtIsA(const XMLElement& element, const ZtElementType& type);
 
-/// `element` as a T, or null when it is null or of another class. What an element of a mixed list
-/// is, is asked like this: ZtAs<zt_ns_xcap_forward_to_type>(element).
+/// `element` as a T, or null when it is null or of another class. It tells what an entry of a list
+/// of several types is: ZtAs<zt_ns_xcap_forward_to_type>(element).
 template <class T>
 T* ZtAs(XMLElement* element) {
   return element && ZtIsA(*element, T::kType) ? static_cast<T*>(element) : nullptr;
 }
 
 /// A list that holds `T`: a schema type, zt_string, zt_AttributeValuePair, or XMLElement for one of
-/// several types. It is no more than a ZtSingleElementList with a name for its entries; those are
-/// made by zt_xml_common_methods::CreateElementList or a factory.
+/// several types. It is a ZtSingleElementList, made by zt_xml_common_methods::CreateElementList or
+/// a factory, and adds only the type of the entries.
 template <class T>
 class ZtListOf : public ZtSingleElementList {
  public:
   ZtListOf() = delete;
 };
 
-/// The entries of a list that are a `T`, as a range. Others are left out, so that one type can be
-/// picked from a list of several, and a list that a caller filled with anything does no harm.
+/// The entries of a list that are a `T`, as a range. Other entries are skipped, so that one type
+/// can be picked from a list of several, and wrong entries do no harm.
 template <class T>
 class ZtEntries {
  public:
@@ -67,10 +67,10 @@ class ZtEntries {
     }
 
     T* m_pEntry;
-    ZtListNode* m_pNext;  // found before its time: the entry may be removed and deleted meanwhile
+    ZtListNode* m_pNext;  // found early, because a loop may delete the entry that it is at
   };
 
-  /// The entries of `list`, null for none.
+  /// The entries of `list`; null has none.
   explicit ZtEntries(ZtSingleElementList* list) : m_pHead(list ? list->m_pHead : nullptr) {}
   /// The first entry.
   Iterator begin() const { return Iterator(m_pHead); }
@@ -91,14 +91,14 @@ class ZtEntries {
   ZtListNode* m_pHead;
 };
 
-/// Walks `list`, which may be null: that has no entries. The entry that a loop is at may be removed
-/// from the list, and deleted; nothing else may be removed meanwhile.
+/// Walks `list`; null has no entries. A loop may remove and delete the entry that it is at, but no
+/// other.
 template <class T>
 ZtEntries<T> ZtEach(ZtListOf<T>* list) {
   return ZtEntries<T>(list);
 }
-/// The same of those entries of any list that are a `T`: a list of children, or for `T`
-/// zt_AttributeValuePair one of attributes.
+/// Walks, in the same way, only those entries of `list` that are a `T`. The list holds children, or
+/// attributes when `T` is zt_AttributeValuePair.
 template <class T>
 ZtEntries<T> ZtEach(ZtSingleElementList* list) {
   return ZtEntries<T>(list);

@@ -5,16 +5,16 @@
 #include "ztxml/ZtNamespaces.h"
 #include "ztxml/ZtSchemaDecoder.h"
 
-/// A schema decoder that rewrites a document's prefixes to the library's own and matches the names
-/// without them. Names with a prefix that is bound to none of its namespaces are unknown.
+/// A schema decoder that rewrites a document's prefixes to the library's own and matches names
+/// without prefixes. Names whose prefix is bound to none of its namespaces are unknown.
 class ZT_API ZtNamespaceDecoder : public ZtSchemaDecoder {
  public:
-  /// Brings the aliases in line with a document's declarations. Always 1.
+  /// Takes the document's prefixes from `binder`, a zt_schema_namespace_retrieval. Always 1.
   int SetNameSpaceBinderInfo(XMLObject* binder) override;
 
   /// Sets PassName() to `name` with the library's own prefix in place of the document's ("/x:busy"
-  /// becomes "/ss:busy"), or to `name` as it is when its prefix is not bound. Returns 1, or 0
-  /// without memory.
+  /// becomes "/ss:busy"), or to `name` as it is when its prefix is not bound. Returns 1, or 0 when
+  /// out of memory.
   int XMLChangeNamespaceTag(char* name);
 
  protected:

@@ -10,8 +10,8 @@
 class ZT_API ZtNamespaceContext : public ZtContext {
  public:
   /// Takes (borrows) the zt_schema_namespace_retrieval of a document, which every worker of this
-  /// context, made before or later, uses from now on: it must outlive their use, or be replaced
-  /// before it goes. 0 for null or another object: nothing changes.
+  /// context, made before or later, uses from now on: it must outlive them, or be replaced before
+  /// it is deleted. 0 for null or another object: nothing changes.
   int SetNamespaceBinder(XMLObject* binder) override;
   XMLObject* namespaceBinder() const override { return m_pNamespaceBinder; }
 
@@ -23,9 +23,9 @@ class ZT_API ZtNamespaceContext : public ZtContext {
 /// and "ocp" as long as there is none.
 class ZT_API ZtNamespaceMarshaller : public ZtMarshaller {
  public:
-  /// A copy, to be freed with FreeElement, of the prefix in force for the namespace whose own
-  /// prefix is `ownPrefix`. Null when that is the default namespace, for an unknown prefix, and
-  /// without memory.
+  /// A copy, for FreeElement, of the prefix now written for the namespace whose library prefix is
+  /// `ownPrefix`. Null when it is the default namespace, for an unknown prefix, and when out of
+  /// memory.
   char* AddNameSpaceChange(const char* ownPrefix);
 
  protected:

@@ -1,4 +1,4 @@
-// The namespaces of the supplementary-service documents, which documents bind to any prefixes.
+// The namespaces of the supplementary services, which each document may bind to other prefixes.
 #ifndef ZTXML_INCLUDE_ZTNAMESPACES_H
 #define ZTXML_INCLUDE_ZTNAMESPACES_H
 
@@ -6,14 +6,14 @@
 #include "ztxml/ZtHolders.h"
 #include "ztxml/ZtListOf.h"
 
-/// One namespace: the library's own prefix and the one in force.
+/// One namespace with its two prefixes: the library's own and the one that a document uses.
 struct ZtNamespaceBinding : ZtHeapObject {
-  ZtText prefix;                       ///< the library's own
-  ZtText alias;                        ///< the document's; null for none
-  ZtText uri;                          ///< of the namespace
+  ZtText prefix;                       ///< the library's own prefix
+  ZtText alias;                        ///< the document's prefix; null for none
+  ZtText uri;                          ///< the namespace's URI
   ZtNamespaceBinding* next = nullptr;  ///< null at the end of the chain
-  std::size_t aliasSize = 0;  ///< its bytes, so that a long one costs nothing where it is not used
-  bool given = false;         ///< the binder being applied has named a prefix
+  std::size_t aliasSize = 0;           ///< bytes of `alias`, which costs less to compare
+  bool given = false;  ///< whether the declarations now applied have a prefix for it
 };
 
 /// The chain of namespaces of the supplementary services: "ss", "cp", "ocp", in this order.
@@ -22,19 +22,19 @@ class ZT_API ZtNamespaceBindings : public ZtNonCopyable {
   ZtNamespaceBindings();
   ~ZtNamespaceBindings();
 
-  /// Whether the chain is whole.
+  /// Whether no record is missing for want of memory.
   bool Complete() const { return m_bComplete; }
-  /// Adds the records for which there was no memory before; false when there still is none.
+  /// Adds missing records; false when there still is no memory for one.
   bool Build();
-  /// Makes every prefix in force the library's own.
+  /// Sets every `alias` to the library's own prefix.
   void UseOwn();
-  /// Takes the prefixes that a document declares (prefix and URI; null for none), in its order: the
-  /// last declaration of a namespace holds, but a default one does not displace a prefix. False
+  /// Takes the aliases from a document's declarations (prefix and URI), in order; null declares
+  /// none. The last one for a namespace holds, but a default one does not displace a prefix. False
   /// when out of memory.
   bool Apply(ZtListOf<zt_AttributeValuePair>* declarations);
   /// The first record.
   const ZtNamespaceBinding* First() const { return m_pFirst; }
-  /// The record of one of the library's own prefixes, or null.
+  /// The record whose `prefix` is `ownPrefix`, or null.
   const ZtNamespaceBinding* Find(const char* ownPrefix) const;
 
  private:

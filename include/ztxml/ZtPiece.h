@@ -5,12 +5,12 @@
 #include <cstddef>
 #include <cstring>
 
-/// A text, borrowed, with its size in bytes; null has none.
+/// A text with its size; the size of a null text is 0.
 struct ZtPiece {
   const char* text;  ///< borrowed
   std::size_t size;  ///< in bytes
 
-  /// Of a size that is known, or of a text that ends with a NUL.
+  /// With a known size, or measured by the NUL at the end.
   constexpr ZtPiece(const char* t, std::size_t s) : text(t), size(s) {}
   ZtPiece(const char* t)  // NOLINT(google-explicit-constructor)
       : text(t), size(t ? std::strlen(t) : 0) {}

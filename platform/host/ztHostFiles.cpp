@@ -14,13 +14,13 @@ constexpr int kFlagRead = 3;
 constexpr int kFlagWrite = 4;
 constexpr int kFlagReadWrite = 5;
 
-// A device keeps its file descriptor plus one, so that a zeroed device is one never opened and not
-// standard input.
+// `handle` is the file descriptor plus one, so that a zeroed device is not standard input but one
+// that was never opened.
 int DescriptorOf(const ztDplIODevice* device) { return static_cast<int>(device->handle) - 1; }
 bool IsOpen(const ztDplIODevice* device) { return device->handle > 0; }
 
 int CloseDescriptor(int descriptor) {
-  // Linux releases the descriptor even when close is interrupted: a retry could close another's.
+  // Linux releases the descriptor even when close is interrupted: a retry could close another file.
   return close(descriptor) == 0 || errno == EINTR ? 0 : errno;
 }
 
@@ -34,8 +34,8 @@ int OpenDescriptor(const char* path, int access) {
   }
 }
 
-// Accepts regular files only, and empties the file when asked to; only then is it known not to be
-// something else, which is why the file is not opened with O_TRUNC.
+// Accepts regular files only and then empties the file if asked to: O_TRUNC would empty it before
+// it is known to be regular.
 int CheckRegular(int descriptor, bool truncate, struct stat* status) {
   if (fstat(descriptor, status) != 0) return errno;
   if (S_ISDIR(status->st_mode)) return EISDIR;
@@ -103,7 +103,7 @@ int ztDplIODeviceWrite(ztDplIODevice* device, const char* data, unsigned size, i
                        int /*reserved*/) {
   if (written != nullptr) *written = 0;
   if (device == nullptr || data == nullptr || written == nullptr) return EINVAL;
-  if (size > static_cast<unsigned>(INT_MAX)) return EINVAL;  // *written could not tell
+  if (size > static_cast<unsigned>(INT_MAX)) return EINVAL;  // more than *written can hold
   if (!IsOpen(device)) return EBADF;
   unsigned done = 0;
   while (done < size) {

@@ -5,7 +5,7 @@
 
 #include "ztHostPlatform.h"
 
-// Lines up to this level are discarded. With no sink that is every line, so that one test decides.
+// Lines up to this level are discarded: without a sink all, so that one comparison decides.
 int ztLogDiscardedUpTo = INT_MAX;
 
 namespace {
@@ -56,8 +56,8 @@ bool AppendArgument(std::string* out, char conversion, bool isLong, ztLogArgumen
   }
 }
 
-// The conversions that module log lines use, over arguments that all have one type: printf could
-// not be called with them. What is no such conversion, or has no argument left, is copied.
+// Formats the conversions that module log lines use; printf cannot take arguments that all have one
+// type. Anything else, and a conversion without an argument left, is copied.
 std::string Format(const char* format, const ztLogArgument (&arguments)[3]) {
   std::string out;
   std::size_t used = 0;

@@ -12,7 +12,7 @@ namespace {
 
 // ---- Allocation failure -------------------------------------------------------------------
 
-// Allocations are counted while this is set, and only then can one fail.
+// While this is set, allocations are counted and can be made to fail.
 std::atomic<bool> g_counting{false};
 std::atomic<long> g_count{0};
 std::atomic<long> g_failAt{0};
@@ -45,8 +45,9 @@ std::atomic<bool> g_logging{false};
 struct MemoryLog {
   std::mutex mutex;
   std::unordered_map<const void*, zthost::MemoryEntry> live;
-  std::unordered_map<const void*, zthost::MemoryEntry> removed;  // tells who made a double free
-  zthost::MemoryReport report;                                   // its `live` stays empty
+  std::unordered_map<const void*, zthost::MemoryEntry>
+      removed;                  // to tell which allocation was removed twice
+  zthost::MemoryReport report;  // its `live` stays empty
 
   void Reset() {
     live.clear();
@@ -56,7 +57,7 @@ struct MemoryLog {
 };
 
 MemoryLog& Log() {
-  // Never destroyed: objects with static lifetime may still be released after it would be.
+  // Never destroyed, because static objects may be released later than it would be.
   static MemoryLog& log = *new MemoryLog;
   return log;
 }
@@ -134,7 +135,7 @@ void wdmemlog_remove(int tag, const void* pointer) {
     log.report.badRemoves.push_back(at->second);
     log.report.badRemoves.back().tag = tag;
   }
-  // Also under the wrong tag: the memory is released, and its address may be recorded anew.
+  // Even under a wrong tag: the memory is released, and its address may be recorded again.
   log.report.liveBytes -= at->second.size;
   log.removed[pointer] = at->second;
   log.live.erase(at);

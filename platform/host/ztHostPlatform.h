@@ -46,8 +46,9 @@ struct MemoryReport {
   std::size_t removes = 0;              ///< calls of wdmemlog_remove since it was switched on
   std::size_t liveBytes = 0;            ///< bytes of the live entries
   std::vector<MemoryEntry> live;        ///< leaks, when nothing should be alive
-  std::vector<MemoryEntry> doubleAdds;  ///< the same pointer added while it was alive
-  std::vector<MemoryEntry> badRemoves;  ///< twice, under another tag, or never added (no file)
+  std::vector<MemoryEntry> doubleAdds;  ///< a pointer added that was already recorded
+  std::vector<MemoryEntry>
+      badRemoves;  ///< removed twice, under another tag, or never added (no file)
 };
 
 /// Switches the live table on (empty) or off (the default: a call costs one test).
@@ -59,9 +60,9 @@ ZT_PLATFORM_API void ResetMemoryLog();
 
 // ---- Allocation failure -------------------------------------------------------------------
 
-/// Makes the `nth` allocation from now (1 is the next) fail, and all after it when `andAfter`; 0
-/// lets all succeed again. Counts __malloc, __calloc and __strdup of all threads, and so every
-/// `new` of a library class.
+/// Makes the `nth` allocation from now (1: the next) fail, and all later ones if `andAfter`; 0 lets
+/// all succeed again. Counts __malloc, __calloc and __strdup of all threads, and so every `new` of
+/// a library class.
 ZT_PLATFORM_API void FailAllocation(long nth, bool andAfter = false);
 /// Allocations asked for since the last FailAllocation (only counted while it is armed or after
 /// CountAllocations).

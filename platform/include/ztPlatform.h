@@ -35,8 +35,8 @@ ZT_PLATFORM_API void ztLogModuleEventSimple(int level, int moduleId, const char*
                                             int line, const char* format, ztLogArgument a,
                                             ztLogArgument b, ztLogArgument c);
 
-/// Optional: the highest level of which every line is discarded. Where a platform defines it, the
-/// library makes no call for such lines; without it the platform is called for all of them.
+/// Optional: the platform discards lines of this level and below. Where it defines the variable,
+/// the library does not call it for these lines.
 ZT_PLATFORM_OPTIONAL extern int ztLogDiscardedUpTo;
 
 // ---- Memory log ---------------------------------------------------------------------------
@@ -48,13 +48,13 @@ ZT_PLATFORM_API void wdmemlog_add(int tag, const char* sourceFile, int line, con
 /// Records that `pointer`, recorded under `tag`, is about to be released.
 ZT_PLATFORM_API void wdmemlog_remove(int tag, const void* pointer);
 
-/// Optional: not 0 while the memory log is off. Where a platform defines it, the library makes no
-/// call then.
+/// Optional: not 0 while the memory log is off. Where the platform defines the variable, the
+/// library does not call the memory log then.
 ZT_PLATFORM_OPTIONAL extern int ztMemoryLogOff;
 
 // ---- Files --------------------------------------------------------------------------------
 
-/// What an open device tells of the file behind it.
+/// What an open device tells about its file.
 struct ztDplIODeviceSpecificInfo {
   std::intptr_t attributes;  ///< platform-defined
   std::int64_t size;         ///< size of the file in bytes when it was opened
@@ -127,7 +127,7 @@ inline std::int64_t __atoi64(const char* text) { return std::atoll(text); }
 
 // ---- Texts --------------------------------------------------------------------------------
 
-/// As the C library's functions of these names.
+/// As the C library's functions without the two underscores.
 inline std::size_t __strlen(const char* text) { return std::strlen(text); }
 inline int __strcmp(const char* a, const char* b) { return std::strcmp(a, b); }
 inline int __strncmp(const char* a, const char* b, std::size_t n) { return std::strncmp(a, b, n); }

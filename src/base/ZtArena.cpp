@@ -2,8 +2,8 @@
 
 #include "ztPlatform.h"
 
-// The address sanitizer is told what of a block may be touched: the pieces that are alive, and the
-// text. What lies between them, and what is freed, is watched as on the heap.
+// The address sanitizer is told which bytes of a block may be touched: the pieces in use and the
+// text. It reports all other bytes, as it does on the heap.
 #if defined(__SANITIZE_ADDRESS__)
 #define ZT_WATCHED 1
 #elif defined(__has_feature)
@@ -20,12 +20,13 @@
 
 namespace {
 
-constexpr std::size_t kAlignment = alignof(unsigned long long);  // of the strictest member
+constexpr std::size_t kAlignment =
+    alignof(unsigned long long);  // what the members of objects need at most
 constexpr std::size_t kLeastBlock = 128;
 constexpr std::size_t kFirstBlock = 1024;
 constexpr std::size_t kMostBlock = std::size_t{16} * 1024;
 
-// What only the sanitizer needs to know takes no room otherwise.
+// Only the sanitizer needs the size: without it this is empty and takes no room.
 struct Size {
 #ifdef ZT_WATCHED
   std::size_t bytes;
@@ -36,7 +37,7 @@ struct Size {
 #endif
 };
 
-// Stands before each piece: its block, null on the heap.
+// Precedes each piece and tells its block, null for a piece of the heap.
 struct alignas(kAlignment) Head : Size {
   void* block;
 
@@ -57,13 +58,12 @@ void* TakeFromHeap(std::size_t size) {
 
 }  // namespace
 
-// One allocation of an arena: its pieces that are alive, and one more while pieces are taken from
-// it. It goes with the last of them, but the first block, which has the text of all objects, goes
-// last.
+// One allocation of an arena. `live` counts its pieces in use, and one more while the arena takes
+// pieces from it; at 0 it is freed. The first block, which holds all text, is freed last.
 struct alignas(kAlignment) ZtArena::Block : Size {
   Block* first;
   long live = 1;
-  long blocks = 0;  // of the first: all that are there
+  long blocks = 0;  // in the first block: the blocks that exist
 
   Block(Block* f, std::size_t size) : Size(size), first(f ? f : this) {}
 };
@@ -99,7 +99,7 @@ inline void* ZtArena::Take(std::size_t size) {
   return head + 1;
 }
 
-// A new block with room for `size` bytes and, as pieces follow, for more.
+// Starts a block with room for `size` bytes and for the pieces that follow.
 bool ZtArena::Grow(std::size_t size) {
   if (m_iNext == 0) m_iNext = kFirstBlock;
   const std::size_t room = m_pBlock && size < m_iNext ? m_iNext : size + m_iNext;
@@ -116,7 +116,7 @@ bool ZtArena::Grow(std::size_t size) {
   return true;
 }
 
-// Takes one off what is alive of the block.
+// Counts one piece of the block less.
 inline void ZtArena::Drop(Block* block) {
   if (--block->live == 0) Release(block);
 }
@@ -139,7 +139,7 @@ void* ZtAllocate(std::size_t size, ZtArena* arena) {
 void ZtFree(void* piece) {
   if (!piece) return;
 #ifdef ZT_WATCHED
-  static_cast<void>(*static_cast<volatile char*>(piece));  // reports one that is freed already
+  static_cast<void>(*static_cast<volatile char*>(piece));  // the sanitizer reports a second free
 #endif
   Head* head = static_cast<Head*>(piece) - 1;
   ASAN_UNPOISON_MEMORY_REGION(head, sizeof(Head));

@@ -13,7 +13,7 @@
 #include "ztxml/ZtPiece.h"
 
 #if defined(__GNUC__) && !defined(__clang__)
-// How blocks are passed differs between builds with and without vectors; all this is inlined.
+// The warning is about passing blocks between builds with and without vectors: all this is inlined.
 #pragma GCC diagnostic ignored "-Wpsabi"
 #endif
 
@@ -42,7 +42,7 @@ inline ZtBlock ZtMatches(ZtBlock block, char c) {
   return reinterpret_cast<ZtBlock>(block == ZtBlock{} + static_cast<unsigned char>(c));
 }
 
-// The first byte that is all ones in a block in which the others are 0; 16 when there is none.
+// The index of the first byte that is all ones, where other bytes are 0; 16 when there is none.
 inline unsigned ZtFirst(ZtBlock matches) {
 #ifdef __SSE2__
   const int bits = _mm_movemask_epi8(reinterpret_cast<__m128i>(matches));
@@ -55,7 +55,7 @@ inline unsigned ZtFirst(ZtBlock matches) {
 #endif
 }
 
-// Whether there is a block from `at` up to `end` that can be looked at.
+// Whether a whole block can be read from `at` without passing `end`.
 inline bool ZtHasBlock(const char* at, const char* end) {
   return kZtHasVectors && end - at >= static_cast<std::ptrdiff_t>(sizeof(ZtBlock));
 }
@@ -70,7 +70,7 @@ inline char* ZtFind(char* at, char c, const char* end) {
   return static_cast<char*>(std::memchr(at, c, static_cast<std::size_t>(end - at)));
 }
 
-// Copies the first and the last of them, which may overlap.
+// Copies the first and the last sizeof(T) bytes, which may overlap.
 template <class T>
 inline void ZtCopyEnds(char* to, ZtPiece text) {
   const std::size_t last = text.size - sizeof(T);
@@ -101,7 +101,7 @@ inline bool ZtSameEnds(const char* a, const char* b, std::size_t size) {
   return ZtGet<T>(a) == ZtGet<T>(b) && ZtGet<T>(a + last) == ZtGet<T>(b + last);
 }
 
-// Whether two runs of `size` bytes, at least one, are the same.
+// Whether `a` and `b` have equal bytes, `size` of them, at least one.
 inline bool ZtSameBytes(const char* a, const char* b, std::size_t size) {
   if (size > sizeof(ZtBlock)) return std::memcmp(a, b, size) == 0;
   if (size >= sizeof(std::uint64_t)) return ZtSameEnds<std::uint64_t>(a, b, size);

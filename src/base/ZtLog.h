@@ -15,17 +15,17 @@ enum ZtLogLevel : int {
   kZtLogError = 4,     // missing mandatory items, failed copies
 };
 
-// Usage: ZtLog(kZtLogTrace, "src/XMLReginfo")("text %s", name). The line is the caller's, unless
-// one is given because something reads it. Document text is always an argument, never the format.
-// Intended: some lines and objects are logged and recorded under fixed line numbers, which are not
-// those of their sources; readers of the log and of the memory log search for them by number.
+// Usage: ZtLog(kZtLogTrace, "src/XMLReginfo")("text %s", name). The line number is that of the
+// call, unless log readers know another one. Document text is always an argument, never the format.
+// Intended: some log lines and recorded objects have fixed line numbers, which are not those of
+// their sources; readers of the log and of the memory log search for them by number.
 class ZtLog {
  public:
   constexpr ZtLog(int level, const char* source, int line = __builtin_LINE(),
                   int module = kZtModuleLibrary)
       : m_Level(level), m_Module(module), m_Line(line), m_pSource(source) {}
 
-  // Lines that nobody would see are not made.
+  // Lines that the platform would discard are not even passed to it.
   template <class A = int, class B = int, class C = int>
   void operator()(const char* format, A a = A(), B b = B(), C c = C()) const {
     if (&ztLogDiscardedUpTo && m_Level <= ztLogDiscardedUpTo) return;

@@ -7,7 +7,7 @@
 
 enum ZtMemoryTag : int { kZtTagStackNode = 1, kZtTagDocument = 14 };
 
-// The memory log, which is not called while it is off.
+// Calls the memory log, unless it is off: a call costs more than the test.
 inline void ZtRecord(int tag, const char* source, int line, const void* object, std::size_t size) {
   if (&ztMemoryLogOff && ztMemoryLogOff) return;
   wdmemlog_add(tag, source, line, object, size);
@@ -47,7 +47,7 @@ void ZtRelease(T* object) {
   delete object;
 }
 
-// A T of which only the maker is known, for tables: the object is made, sized and recorded alike.
+// For tables: makes objects of a class that only Of<T> knows, recorded as ZtCreate records them.
 template <class Base>
 struct ZtMaker {
   Base* (*make)(ZtArena*);

@@ -1,5 +1,5 @@
-// A constant table entry with one of its members changed: what the chained builders of rows, types
-// and documents are made of.
+// A copy of a constant table entry with one member changed. The chained builders of rows, types and
+// documents are made of it.
 #ifndef ZTXML_SRC_BASE_ZTWITH_H
 #define ZTXML_SRC_BASE_ZTWITH_H
 

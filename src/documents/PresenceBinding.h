@@ -1,4 +1,4 @@
-// What the types of presence documents have in common, each under its own file.
+// What the types of presence documents have in common. Each logs under the name of its own file.
 #ifndef ZTXML_SRC_PRESENCEBINDING_H
 #define ZTXML_SRC_PRESENCEBINDING_H
 

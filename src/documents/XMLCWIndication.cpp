@@ -34,8 +34,8 @@ const ZtDocument CWIndicationContext::kDocument = {
         .Schema(XML_SCHEMA_CW_INDICATION, "CWIndication", nullptr, "ims-3gpp")
         .Decodes("XMLCWIndicationDecoder", "src/CWIndication", ZtPrefixRule::kStrip)
         .Reads("CWIndicationUnMarshaller")
-        // Intended: log readers know this marshaller and its text as
-        // CallWaitingIndicationMarshaller and mCallWaitingIndicationXml, which are those of the
-        // call-waiting indication.
+        // Intended: log lines call this marshaller CallWaitingIndicationMarshaller and its text
+        // mCallWaitingIndicationXml, as those of the call-waiting indication are called; log
+        // readers search for them.
         .Writes("CallWaitingIndicationMarshaller", "mCallWaitingIndicationXml"),
     {{XML_STR_IMS_3GPP, &zt_ims_3gpp::kType}}};

@@ -18,7 +18,7 @@ constexpr ZtElementType kFlag =
 // ---- Types --------------------------------------------------------------------------------------
 
 // Intended: a "call-waiting-indication" that is set but not present fails the whole document;
-// callers set none instead.
+// callers leave it unset instead.
 const ZtElementType zt_ns_call_waiting_indication_action::kType = {
     ZtTypeOf<zt_ns_call_waiting_indication_action>("zt_ns_call_waiting_indication_action", "action",
                                                    kFamily)
@@ -33,8 +33,8 @@ const ZtElementType zt_ns_call_waiting_indication_alternative_service::kType = {
     {ztrow::Child(XML_STR_ACTION, &zt_ns_call_waiting_indication_alternative_service::m_Action,
                   zt_ns_call_waiting_indication_action::kType)}};
 
-// Intended: the root is called "3gpp-ims", which is no name in XML, because it begins with a digit;
-// peers send and expect it, and the library's parser reads it.
+// Intended: the root is called "3gpp-ims", although XML names do not begin with a digit; peers send
+// and expect it, and the library's parser reads it.
 const ZtElementType zt_3gpp_ims::kType = {
     ZtTypeOf<zt_3gpp_ims>("zt_3gpp_ims", "3gpp-ims", kFamily)
         .Writer(XML_STR_3GPP_IMS, "Add3gppImsElementToXml")

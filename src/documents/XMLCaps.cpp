@@ -6,12 +6,12 @@ namespace {
 
 constexpr ZtFamily kFamily = ZtPresenceFamily("src/XMLCaps");
 
-// Intended: a capability is "true" or "false"; any other text, "1" too, is absent for callers.
+// Intended: a capability is "true" or "false"; callers get any other text, "1" too, as absent.
 constexpr ZtEnumTable kCapability = {kBooleanSlots, 2, 2, ZT_CAPS_ABSENT, false};
 
 }  // namespace
 
-// The rows of a duplex name the two elements that these modes stand in.
+// Has no element name: the rows of "duplex" name the two elements that have modes.
 const ZtElementType zt_ns_caps_duplextypes::kType = {
     ZtTypeOf<zt_ns_caps_duplextypes>("zt_ns_caps_duplextypes", "duplextypes", kFamily)
         .Writer(XML_STR_ZT_NULL, "AddDuplexTypesElementToXml", XML_STR_CAPS),

@@ -7,13 +7,12 @@
 namespace {
 
 constexpr char kSource[] = "src/XMLConferenceInfo";
-// An element stands for something only inside its own parent: "entry" has four meanings, of which
-// that of a role is a text.
+// An element is known only inside its parents: "entry" has another meaning in each of four.
 constexpr ZtFamily kFamily = ZtPlainFamily(kSource).RefusesNullClasses().NamesStayInside();
 
 // ---- Enumerations -------------------------------------------------------------------------------
-// Intended: values of enumerations are known by their beginnings, so that peers which append to
-// them are understood: "fully" is "full".
+// Intended: a text that only begins with a value of an enumeration is read as that value ("fully"
+// as "full"), so that peers which append to values are understood.
 
 constexpr ZtEnumSlot kStateSlots[] = {"full", "partial", "deleted"};
 constexpr ZtEnumTable kStates = {kStateSlots, 3, 3, ZT_STATE_ABSENT, true};
@@ -28,8 +27,8 @@ constexpr ZtEnumTable kEndpointStatuses = {kEndpointSlots, 9, 9, ZT_ENDPOINT_STA
 constexpr ZtEnumSlot kJoiningSlots[] = {"dialed-in", "dialed-out", "focus-owner"};
 constexpr ZtEnumTable kJoiningMethods = {kJoiningSlots, 3, 3, ZT_JOINING_ABSENT, true};
 
-// Intended: a disconnection method that is not known is read as one more than absent, where other
-// enumerations take it for absent; callers tell the two apart.
+// Intended: an unknown disconnection method is read as one more than absent, where other
+// enumerations read unknown values as absent; callers tell unknown from absent.
 constexpr ZtEnumSlot kDisconnectionSlots[] = {"departed", "booted", "failed", "busy"};
 constexpr ZtEnumTable kDisconnectionMethods = {kDisconnectionSlots, 4, 4, ZT_DISCONNECTION_UNKNOWN,
                                                true};
@@ -195,7 +194,8 @@ const ZtElementType zt_endpoint_type::kType = {
      kZtOthers}};
 const ZtElementType zt_user_type::kType = {
     ZtTypeOf<zt_user_type>("zt_user_type", "user", kFamily)
-        // Intended: log readers know the writer of a user as "AddUserElementToXkjml".
+        // Intended: log lines call the writer of a user "AddUserElementToXkjml"; log readers search
+        // for it.
         .Writer(XML_STR_USER, "AddUserElementToXkjml"),
     {ztrow::Attribute(XML_STR_STATE, &zt_user_type::m_State, kStates),
      ztrow::Attribute(XML_STR_ENTITY, &zt_user_type::m_Entity), kZtExtras,
@@ -222,7 +222,7 @@ const ZtElementType zt_sidebars_by_val_type::kType = {
      ztrow::Children(XML_STR_ENTRY, &zt_sidebars_by_val_type::m_Entries, zt_conference_type::kType)
          .NoteFailed("<XML Module>: Add Sidebars_by_val ElementToXml fail @ tempNum: %d"),
      kZtOthers}};
-// An entry of the sidebars is one, too, which does not declare the namespace again.
+// A sidebar's entry is a conference, too, but does not declare the namespace again.
 const ZtElementType zt_conference_type::kType = {
     ZtTypeOf<zt_conference_type>("zt_conference_type", "conference-info", kFamily)
         .Writer(XML_STR_CONFERENCE_INFO, "AddConferenceInfoElementToXml")

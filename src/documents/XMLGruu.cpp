@@ -17,8 +17,8 @@ constexpr ZtFamily kFamily = {kSource, &kLines, nullptr, "<XML Module>: %s Faile
 
 // ---- Types --------------------------------------------------------------------------------------
 
-// Intended: a GRUU without its uri fails before its start tag is closed. The writer of registration
-// information goes on even so, with the tag left open in its text; callers set a uri.
+// Intended: a GRUU without a uri fails before its start tag is closed, and in registration
+// information the writer goes on with the tag left open; callers set a uri.
 struct GruuBinding {
   static constexpr ZtField kPublicUri =
       ztrow::Attribute(XML_STR_URI, &ZtGruu::m_Uri)
@@ -28,7 +28,7 @@ struct GruuBinding {
       ztrow::Attribute(XML_STR_URI, &ZtGruu::m_Uri)
           .Required("<XML Module>: AddTempGruuElementToXml: Uri is a mandatory attribute",
                     kZtLogError);
-  // Intended: "first-cseq" is written when it is 0, too, where a 0 mostly means absent: RFC 5628
+  // Intended: "first-cseq" is written even when it is 0, which mostly means absent: RFC 5628
   // requires the attribute of every temporary GRUU, and peers look for it.
   static constexpr ZtField kFirstCseq =
       ztrow::Attribute(XML_STR_FIRST_CSEQ, &ZtTemporaryGruu::m_FirstCseq).Always();
@@ -70,8 +70,8 @@ XMLObject* GruuDataBinder::CreateRootElement() {
     ZtLog(kZtLogTrace, kSource)("<XML Module>: GruuDataBinder :: Gruutype is NULL");
     return nullptr;
   }
-  // Intended: the type that a caller has set is looked for at the start of the names, so that
-  // "temp" will do for "temp-gruu", and an empty text makes a public GRUU.
+  // Intended: setGruuType takes the beginning of a name for the name, so that callers may set
+  // "temp" for "temp-gruu", and an empty text makes a public GRUU.
   const std::size_t size = __strlen(type);
   if (__strncmp(ZtName(XML_STR_PUB_GRUU), type, size) == 0) return CreatePubGruuElement();
   if (__strncmp(ZtName(XML_STR_TEMP_GRUU), type, size) == 0) return CreateTempGruuElement();
@@ -86,8 +86,8 @@ constexpr ZtDocumentLines kDocumentLines = {
     "<XML Module>: Xml Decoder failed because of some error in XML",
     "<XML Module>: GruuMarshaller :: Incoming obj is NULL",
     "<XML Module>: GruuMarshaller :: Incoming pObj->ClassName() is NULL",
-    // Intended: the line that tells which root is written says "obj is pub-gruu" for a temporary
-    // GRUU, too; log readers search for it as it is.
+    // Intended: the log line about the root says "obj is pub-gruu" also when a temporary GRUU is
+    // written; log readers search for it as it is.
     "<XML Module>: GruuMarshaller :: Marshall: obj is pub-gruu", "<XML Module>: %s XML %s",
     "<XML Module>: %s XML Failed at %s!"};
 

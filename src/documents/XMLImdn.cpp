@@ -38,9 +38,9 @@ const ZtElementType zt_error::kType = {ZtTypeOf<zt_error>("zt_error", "error", k
 
 namespace {
 
-// An attribute comes by the other hook: no element is one, whatever it calls itself. Intended: of
-// the objects that are offered under a name which it does not know, a status keeps those of the
-// plain class "XMLElement" only, where other types keep all; callers free what it does not keep.
+// Attributes come by another hook: what is offered here is an element, whatever its class name.
+// Intended: under a name that it does not know a status keeps only objects of the plain class
+// "XMLElement", where other types keep all; callers free what it does not keep.
 bool DropObject(XMLElement&, const char* name, const char*, XMLElement* child, ZtOutcome&) {
   if (!child || (*name == '/' && ZtFindChild(zt_status::kType, ZtNameId::Of(name + 1))))
     return false;
@@ -71,8 +71,7 @@ const ZtElementType zt_status::kType = {
 
 namespace {
 
-// What each notification writes of a status: the first of these that is set. Nothing is written of
-// one that has none.
+// What each notification writes of a status: the first of its values that is set, or nothing.
 template <e_XmlStrRef... kValues>
 bool WriteFirstOf(ZtElementWriter& writer, const XMLElement& self, const ZtElementType& type) {
   const auto& notification = static_cast<const ZtImdnNotification&>(self);
@@ -119,8 +118,8 @@ const ZtElementType zt_display_notification::kType = {
         .NamesStayInside(),
     {ImdnBinding::kStatus}};
 // Intended: a processing notification is written as "proessing-notification", because peers compare
-// with that, and read as "processing-notification", so that the library does not read back what it
-// has written.
+// with that name, but read as "processing-notification": the library does not read back what it
+// wrote.
 const ZtElementType zt_processing_notification::kType = {
     ZtTypeOf<zt_processing_notification>("zt_processing_notification", "processing-notification",
                                          kFamily)
@@ -136,10 +135,10 @@ constexpr ZtElementType kFlag = ZtFlagOf(kFamily, nullptr, kFlagExtras);
 constexpr ZtChoice kAnyOther[] = {ZtChoice(XML_STR_ZT_NULL, kFlag).NotWritten(), {}};
 }  // namespace
 
-// Intended: where "imdn" has a list of other attributes, its last attribute closes the start tag,
-// so that an empty list leaves the tag open; callers set no list or one with entries.
-// Intended: of several notifications only the first of delivery, display and processing is looked
-// at; when that one cannot be written it is left out, and the rest of the document is written.
+// Intended: in "imdn" the last of the other attributes closes the start tag, so that an empty list
+// of them leaves it open; callers set no list or one with entries. Intended: of several
+// notifications only the first that is set of delivery, display and processing is written; if that
+// fails, callers get a document without any.
 const ZtElementType zt_imdn::kType = {
     ZtTypeOf<zt_imdn>("zt_imdn", "imdn", kTellingFamily)
         .Writer(XML_STR_IMDN, "AddIMDNElementToXml")
@@ -169,8 +168,8 @@ const ZtElementType zt_imdn::kType = {
          .Lenient()
          .NoteFailed("<XML Module>: AddIMDNElementToXml, failed to add Processing Notification.",
                      kZtLogError),
-     // Intended: an element of any other name in "imdn" is kept as a flag, without its content,
-     // and not written; in a status such an element is dropped.
+     // Intended: callers get an element of another name in "imdn" as a flag, without content, which
+     // is not written; in a status such an element is dropped.
      ZtExtensibleRows::Elements<ZtObject>(kAnyOther)}};
 
 // ---- Workers ------------------------------------------------------------------------------------
@@ -193,7 +192,7 @@ const ZtDocument IMDNContext::kDocument = {
         .Decodes("XMLImdnDecoder", "src/Imdn", ZtPrefixRule::kStrip)
         .Reads("IMDNUnMarshaller")
         .Writes("IMDNMarshaller", "mIMDNXml")
-        // Intended: log readers know the results of this marshaller under the name "Marshall"
-        // instead of its own.
+        // Intended: log lines about the result of this marshaller call it "Marshall"; log readers
+        // search for that.
         .ReportsAs("Marshall", "Marshall"),
     {{XML_STR_IMDN, &zt_imdn::kType}}};

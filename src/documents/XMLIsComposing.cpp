@@ -9,8 +9,8 @@ constexpr char kSource[] = "src/XMLIsComposing";
 constexpr ZtFamily kFamily = ZtQuietFamily(kSource);
 constexpr ZtFamily kTellingFamily = kFamily.UnknownElement(kCannotAccommodate);
 
-// Intended: the schema location that is written names "urn:ietf:params:xml:ns:im-composing", which
-// is not the namespace "im-iscomposing" beside it, and has two blanks before the schema file; peers
+// Intended: the schema location that is written names "urn:ietf:params:xml:ns:im-composing",
+// although the namespace is "im-iscomposing", and has two blanks before the schema file; peers
 // compare the text.
 constexpr ZtExtras kDeclarations = {
     {{XML_STR_URN_IETF_PARAMS_XML_NS_IM_ISCOMPOSING, XML_STR_ZT_NULL},
@@ -56,8 +56,8 @@ const ZtDocument IsComposingContext::kDocument = {
                  IsComposingMarshaller, IsComposingDataBinder>(kSource)
         .Schema(XML_SCHEMA_IS_COMPOSING, "IsComposing", "urn:ietf:params:xml:ns:im-iscomposing",
                 "isComposing")
-        // Intended: names of elements are compared as they stand, so that an indication with
-        // prefixes is not read; in most other documents callers get elements under any prefix.
+        // Intended: element names with a prefix are unknown, so that an indication with prefixes is
+        // not read; in most other documents callers get elements under any prefix.
         .Decodes("XMLIsComposingDecoder", "src/IsComposing", ZtPrefixRule::kExact)
         .Reads("IsComposingUnMarshaller")
         .Writes("IsComposingMarshaller", "mIsComposingXml"),

@@ -16,8 +16,8 @@ constexpr ZtElementType kFlag = ZtFlagOf(kFamily, "AddEmptyElementToXml", kFlagE
 
 // ---- Types --------------------------------------------------------------------------------------
 
-// Intended: a "picture_fast_update" that is set but not present leaves its element empty and
-// fails nothing; in a call-waiting indication such a flag fails the document.
+// Intended: of a "picture_fast_update" that is set but not present nothing is written, and callers
+// get the document; in a call-waiting indication such a flag fails the document.
 const ZtElementType zt_to_encoder::kType = {
     ZtTypeOf<zt_to_encoder>("zt_to_encoder", "to_encoder", kFamily)
         .Writer(XML_STR_TO_ENCODER, "AddToEncoderElementToXml"),

@@ -16,8 +16,7 @@ const ZtElementType zt_ns_oma_pres_service_description::kType = {
      kZtOthers}};
 
 // Intended: willingness, session-participation, registration-state, barring-state and
-// overriding-willingness are neither read nor written: their types are for callers that offer them
-// texts.
+// overriding-willingness are neither read nor written: their types are for callers that fill them.
 struct OmaPresBinding {
   static constexpr ZtField Text(ZtNameId element) {
     return ztrow::OwnText(element, &ZtOmaPresText::m_Value);

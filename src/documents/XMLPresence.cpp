@@ -12,8 +12,8 @@ constexpr ZtFamily kFamily = ZtPresenceFamily(kSource);
 constexpr ZtEnumSlot kBasicSlots[] = {"open", "closed"};
 constexpr ZtEnumTable kBasic = {kBasicSlots, 2, 2, ZT_PRESENCE_BASIC_ABSENT, false};
 
-// Intended: the prefixes "op" and "caps" are always declared, and written in the place of those
-// that the document had; peers compare the text.
+// Intended: the prefixes "op" and "caps" are always declared, and written instead of the prefixes
+// of the document that was read; peers compare the text.
 constexpr ZtExtras kNamespaces = {{{XML_STR_URN_IETF_PARAMS_XML_NS_PIDF, XML_STR_ZT_NULL},
                                    {XML_STR_URN_OMA_XML_PRS_PIDF_OMA_PRES, XML_STR_OP},
                                    {XML_STR_URN_IETF_PARAMS_XML_NS_PIDF_CAPS, XML_STR_CAPS}}};
@@ -44,8 +44,8 @@ const ZtElementType PresenceNameSpace::zt_status::kType = {
         .Writer(XML_STR_STATUS, "AddStatusElementToXml"),
     {ztrow::TextElement(XML_STR_BASIC, &Status::m_Basic, kBasic), kZtOthers}};
 
-// Intended: a tuple without its required id fails the document without a line of its own; log
-// readers find the line of the document that failed.
+// Intended: a tuple without its required id fails the document without a log line of its own; log
+// readers find only the line of the failed document.
 const ZtElementType zt_tuple::kType = {
     ZtTypeOf<zt_tuple>("zt_tuple", "tuple", kFamily).Writer(XML_STR_TUPLE, "AddTupleElementToXml"),
     {ztrow::Attribute(XML_STR_ID, &zt_tuple::m_Id).Required(nullptr, 0),
@@ -76,7 +76,7 @@ const ZtDocument PresenceContext::kDocument = {
         .Decodes("XMLPresenceDecoder", "src/Presence", ZtPrefixRule::kStrip)
         .Reads("PresenceUnMarshaller")
         .Writes("PresenceMarshaller", "mPresenceXml")
-        // Intended: log readers know a presence document that was written as the
-        // IsComposingMarshaller's; a failure has the right name.
+        // Intended: the log line about a written presence document names IsComposingMarshaller, the
+        // one about a failure PresenceMarshaller; log readers search for both.
         .ReportsAs("IsComposingMarshaller", "PresenceMarshaller"),
     {{XML_STR_PRESENCE, &zt_presence::kType}}};

@@ -22,15 +22,15 @@ constexpr ZtFamily kRootFamily =
 
 // ---- Enumerations -------------------------------------------------------------------------------
 
-// Intended: states and events are known by their beginnings, so that peers which append to them are
-// understood: "fully" is "full".
+// Intended: a text that only begins with a state or an event is read as that value ("fully" as
+// "full"), so that peers which append to values are understood.
 constexpr ZtEnumSlot kReginfoStateSlots[] = {"full", "partial"};
 constexpr ZtEnumTable kReginfoStates = {kReginfoStateSlots, 2, 2, 2, true};
 
-// Intended: the two lookups of a contact run one value past their own, into the next ones, so that
-// the state "registered" is read as 2 and the event "init" as 9, neither of which can be written;
+// Intended: the lookups of a contact's state and event include one value too many, so that the
+// state "registered" is read as 2 and the event "init" as 9, neither of which can be written;
 // callers have a default in each switch. Intended: the state of a registration is looked for among
-// "init" and "active" only, so that whatever else a document says is read as "terminated".
+// "init" and "active" only; callers get anything else as "terminated".
 // clang-format off
 constexpr ZtEnumSlot kSlots[] = {
     "active", "terminated",
@@ -81,7 +81,7 @@ const ZtElementType zt_ns_reginfo_contact::kType = {
      ztrow::TextElement(XML_STR_DISPLAY_NAME, &zt_ns_reginfo_contact::m_DisplayName),
      ztrow::Children(XML_STR_UNKNOWN_PARAM, &zt_ns_reginfo_contact::m_UnknownParams,
                      zt_unknown_param::kType),
-     // Intended: the line about an element of a contact that is not written names the writer of
+     // Intended: the log line about an element of a contact that is not written names the writer of
      // "unknown-param"; log readers search for it as it is.
      ztrow::OtherChildren(&zt_ns_reginfo_contact::m_AnyElements, kGruus)
          .Lenient()
@@ -93,8 +93,8 @@ const ZtElementType zt_registration::kType = {
         .Writer(XML_STR_REGISTRATION, "AddRegistrationElementToXml"),
     {ztrow::Attribute(XML_STR_AOR, &zt_registration::m_Aor)
          .Required("<XML Module>: AddRegistrationElementToXml aor is required", kZtLogError),
-     // Intended: the id of a registration that is not set is written as an empty one, although it
-     // is required, and fails nothing; peers were tested with it.
+     // Intended: a registration without the required id is written with an empty one instead of
+     // failing; peers were tested with it.
      ztrow::Attribute(XML_STR_ID, &zt_registration::m_Id).Always(),
      ztrow::Attribute(XML_STR_STATE, &zt_registration::m_State, kRegistrationStates)
          .Required("<XML Module>: AddRegistrationElementToXml state is required", kZtLogOptional),
@@ -120,8 +120,8 @@ const ZtDocument ReginfoContext::kDocument = {
     ZtDocumentOf<ReginfoContext, XMLReginfoDecoder, ReginfoUnMarshaller, ReginfoMarshaller,
                  ReginfoDataBinder>(kSource)
         .Schema(XML_SCHEMA_REGINFO, "Reginfo", "urn:ietf:params:xml:ns:reginfo", "reginfo")
-        // Intended: the line about a lack of memory names the decoder of communication diversion
-        // instead of its own; log readers search for it as it is.
+        // Intended: the log line about a lack of memory in this decoder names that of communication
+        // diversion; log readers search for it as it is.
         .Decodes("XMLReginfoDecoder", "src/ReginfoDecoder", ZtPrefixRule::kStrip)
         .Extensions(kGruus)
         .NoMemory(

@@ -8,7 +8,7 @@ namespace {
 constexpr char kSource[] = "src/XMLResourceList";
 constexpr ZtFamily kFamily = ZtPlainFamily(kSource);
 
-// Intended: the root declares "xsi" and "cp" always, whether anything in the document uses them;
+// Intended: the root always declares the prefixes "xsi" and "cp", even when nothing uses them;
 // peers compare the text.
 constexpr ZtExtras kNamespaces = {{{XML_STR_URN_IETF_PARAMS_XML_NS_RESOURCE_LISTS, XML_STR_ZT_NULL},
                                    {XML_STR_HTTP_WWW_W3_ORG_2001_XMLSCHEMA_INSTANCE, XML_STR_XSI},
@@ -32,7 +32,7 @@ constexpr ZtChoice kMembers[] = {{XML_STR_LIST, zt_listType::kType},
                                  {XML_STR_ENTRY_REF, zt_entry_refType::kType},
                                  {}};
 
-// The list of members has no names of its own: a member is refused under another one's name.
+// All members share one list, which knows no names: refuses a member under another type's name.
 bool RefusesMember(XMLElement&, const char* name, const char*, XMLElement* child,
                    ZtOutcome& outcome) {
   const ZtChoice* member = ZtFindNamed(kMembers, ZtNameId::Of(name));
@@ -73,7 +73,7 @@ const ZtElementType zt_listType::kType = {
         .With(kList),
     {ztrow::Attribute(XML_STR_NAME, &zt_listType::m_Name), kZtExtras, ResourceListsBinding::kNamed,
      ZtExtensibleRows::Elements<ZtElement>(kMembers)}};
-// Of the root, too, extra attributes are kept: they declare the prefixes of its members' ones.
+// The root keeps unknown attributes because they declare the prefixes of its members' attributes.
 const ZtElementType zt_resource_lists::kType = {
     ZtTypeOf<zt_resource_lists>("zt_resource_lists", "resource-lists", kFamily)
         .Writer(XML_STR_RESOURCE_LISTS, "AddResource_listsElementToXml")

@@ -8,8 +8,8 @@ namespace {
 constexpr char kSource[] = "src/XMLRlmi";
 constexpr ZtFamily kFamily = ZtPlainFamily(kSource);
 
-// Intended: the state of an instance is known by its beginning, so that peers which append to it
-// are understood: "active;x" is "active".
+// Intended: a text that only begins with a state of an instance is read as that state ("active;x"
+// as "active"), so that peers which append to states are understood.
 constexpr ZtEnumSlot kStateSlots[] = {"active", "pending", "terminated"};
 constexpr ZtEnumTable kStates = {kStateSlots, 3, 3, ZT_INSTANCE_STATE_ABSENT, true};
 

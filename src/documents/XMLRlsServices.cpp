@@ -27,8 +27,8 @@ const ZtElementType zt_ns_rls_services_packagesType::kType = {
                                               kFamily)
         .Writer(XML_STR_PACKAGES, "AddPackagesElementToXml"),
     {ztrow::Children(XML_STR_PACKAGE, &Packages::m_Packages, Package::kType), kZtOthers}};
-// Intended: of a service that has an address and a list of its own the address is written, even
-// an empty one; callers set the one or the other.
+// Intended: of a service that has both the address of a list and a list only the address is
+// written, even when it is empty; callers set one of the two.
 const ZtElementType zt_ns_rls_services_serviceType::kType = {
     ZtTypeOf<zt_ns_rls_services_serviceType>("zt_ns_rls_services_serviceType", "service", kFamily)
         .Writer(XML_STR_SERVICE, "AddServiceElementToXml"),

@@ -13,8 +13,8 @@ const ZtElementType zt_volte_config_info::kType = {
         .Root(),
     {CharacteristicBinding::kVersion, CharacteristicBinding::kCharacteristics}};
 
-// Intended: callers get a marshaller, whose Marshall always gives null, although the document is
-// only read.
+// Intended: callers get a marshaller although the document can only be read: its Marshall always
+// gives null.
 char* VolteConfigInfoMarshall::Marshall(XMLElement*) { return nullptr; }
 
 const ZtDocument VolteConfigInfoContext::kDocument = {
@@ -24,7 +24,7 @@ const ZtDocument VolteConfigInfoContext::kDocument = {
                 "wap-provisioningdoc")
         .Decodes("XMLVolteConfigInfoDecoder", "src/VolteConfigInfo", ZtPrefixRule::kStrip)
         .Reads("VolteConfigInfoUnMarshaller"),
-    // Intended: a root "wap-provisioningdoc" is read, too, as an object of the class that
-    // "volte-config-info" has; callers tell the two by the context that they ask.
+    // Intended: the root "wap-provisioningdoc" is read, too, as an object of the class of
+    // "volte-config-info"; callers tell the two documents apart by the context that they use.
     {{ZT_STR_VOLTE_CONFIG_INFO, &zt_volte_config_info::kType},
      {ZT_STR_WAP_PROVISIONINGDOC, &zt_volte_config_info::kType}}};

@@ -13,8 +13,8 @@ const ZtElementType zt_wap_provisioning_doc::kType = {
         .Root(),
     {CharacteristicBinding::kVersion, CharacteristicBinding::kCharacteristics}};
 
-// Intended: callers get a marshaller, whose Marshall always gives null, although the document is
-// only read.
+// Intended: callers get a marshaller although the document can only be read: its Marshall always
+// gives null.
 char* WapProvisioningDocMarshall::Marshall(XMLElement*) { return nullptr; }
 
 const ZtDocument WapProvisioningDocContext::kDocument = {

@@ -15,8 +15,8 @@ constexpr ZtExtras kDeclarations = {{{XML_STR_URN_OMA_XML_XDM_XCAP_DIRECTORY, XM
 
 // ---- Types --------------------------------------------------------------------------------------
 
-// Intended: the etag of an entry is written after all other attributes, also after those of names
-// that the library does not know; peers compare the text.
+// Intended: the etag of an entry is written after all other attributes, even those that the library
+// does not know; peers compare the text.
 const ZtElementType zt_entry::kType = {
     ZtTypeOf<zt_entry>("zt_entry", "entry", kFamily)
         .Writer(XML_STR_ENTRY, "AddEntryElementToXml")
@@ -29,9 +29,8 @@ const ZtElementType zt_entry::kType = {
      ztrow::Attribute(XML_STR_ETAG, &zt_entry::m_Etag)
          .Required("<XML Module>: AddEntryElementToXml ETAG mandatory attribute", kZtLogError)}};
 
-// Intended: a folder without entries is written with an error code, if need be one that is a
-// blank, and a folder with entries without one, even if it is set; callers set the one or the
-// other.
+// Intended: a folder without entries is always written with an error code, a blank when none is
+// set, and a folder with entries never; callers set one of the two.
 const ZtElementType zt_folder::kType = {
     ZtTypeOf<zt_folder>("zt_folder", "folder", kFamily)
         .Writer(XML_STR_FOLDER, "AddFolderElementToXml"),

@@ -11,8 +11,8 @@ constexpr char kSource[] = "src/XMLXcapError";
 constexpr ZtFamily kFamily =
     ZtQuietFamily(kSource).Enters("<XML Module>: Xcap_ErrorMarshall::%s", kZtLogState);
 constexpr ZtFamily kTellingFamily = kFamily.UnknownElement(kCannotAccommodate);
-// Intended: log readers know the root's writer as "AddXcap_errorElementToXmlErrorElementToXml",
-// where the operation is AddXcap_errorElementToXml.
+// Intended: log lines call AddXcap_errorElementToXml, the writer of the root,
+// "AddXcap_errorElementToXmlErrorElementToXml"; log readers search for that.
 constexpr ZtFamily kRootFamily =
     kFamily.Enters("<XML Module>: AddXcap_errorElementToXmlErrorElementToXml", kZtLogTrace);
 
@@ -30,7 +30,7 @@ constexpr ZtChoice kErrors[] = {
     {XML_STR_EXTENSION, zt_extension::kType},
     {}};
 
-// The type of the error `element`, null when it is none.
+// The type of `element`, null when it is no error.
 const ZtElementType* ErrorTypeOf(const XMLElement* element) {
   for (const ZtChoice* error = kErrors; error->type && element; ++error) {
     if (ZtIsA(*element, *error->type)) return error->type;
@@ -54,7 +54,7 @@ struct XcapErrorBinding {
   static constexpr ZtField kPhrase =
       ztrow::Attribute(XML_STR_PHRASE, &ZtXcapPhrasedError::m_Phrase);
 
-  // An error that is no more than its phrase.
+  // An error whose only content is its phrase.
   template <class T>
   static constexpr ZtTypeFacts Phrased(const char* className, ZtNameId tag, const char* label,
                                        const char* writer) {
@@ -118,8 +118,7 @@ const ZtElementType zt_uniqueness_failure::kType = {
                   .Lenient()
                   .NoteFailed("<XML Module>: AddExistsElementToXml tempNum: %d ")}};
 
-// Intended: an "extension" is written without its content, although it keeps what callers add to
-// it.
+// Intended: an "extension" is written without the content that callers give it or that was read.
 const ZtElementType zt_extension::kType = {
     ZtTypeOf<zt_extension>("zt_extension", "extension", kTellingFamily)
         .Writer(XML_STR_EXTENSION, "AddExtensionElementToXml"),
@@ -127,9 +126,9 @@ const ZtElementType zt_extension::kType = {
 
 namespace {
 
-// Intended: in "xcap-error" a name that only begins with an error's is taken for an error, and
-// under any of these names callers may offer an object of any error's class. Of several errors
-// the last one stands.
+// Intended: in "xcap-error" a name that only begins with the name of an error is taken for one,
+// callers may offer any class of error under any of these names, and the last of several errors is
+// kept.
 bool TakeError(XMLElement& self, const char* name, const char*, XMLElement* child,
                ZtOutcome& outcome) {
   if (!IsErrorName(name)) return false;
@@ -149,8 +148,8 @@ constexpr ZtExtras kRoot = {
 
 }  // namespace
 
-// Intended: an error object that is of none of the errors' classes is left out, and the document is
-// written without it instead of failing.
+// Intended: when callers set an object of no class of error, the document is written without it
+// instead of failing.
 const ZtElementType zt_xcap_error::kType = {
     ZtTypeOf<zt_xcap_error>("zt_xcap_error", "xcap-error", kRootFamily)
         .Writer(XML_STR_XCAP_ERROR, "AddXcap_errorElementToXml")

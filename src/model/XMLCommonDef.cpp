@@ -8,7 +8,7 @@ char zt_xml_common_array_definition::arrXmlStrRef[kXmlStrRefCount][kRowSize] = {
 #undef ZT_NAME
 };
 
-// Not inline: a program that named the rows itself would get a copy of them all.
+// Not inline: a program that refers to the table itself would get a copy of all its rows.
 char* zt_xml_common_array_definition::getStringName(e_XmlStrRef id) { return arrXmlStrRef[id]; }
 
 std::atomic<zt_xml_common_array_definition*> zt_xml_common_array_definition::m_pXmlStrRef{nullptr};
@@ -18,7 +18,7 @@ static_assert(kXmlStrRefCount == 267, "row numbers are shared with the callers")
 namespace {
 constexpr char kSource[] = "src/XMLCommonDef";
 constexpr int kCreateLine = 304;        // the memory log's readers know the instance by this line
-constexpr std::size_t kLoggedSize = 1;  // and by this size: it has no data
+constexpr std::size_t kLoggedSize = 1;  // and by this size, as it has no data
 }  // namespace
 
 // Marshallers on several threads come here at once, so the instance is exchanged atomically and

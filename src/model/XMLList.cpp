@@ -7,8 +7,8 @@
 namespace {
 
 constexpr char kSource[] = "src/XMLList";
-// Intended: the destructor of a list logs the constructor's text, and GetPtrToListHead and
-// GetPtrToListEnd log that of GetKeyAtIndex; log readers tell them apart by their line numbers.
+// Intended: a list's destructor logs the text of its constructor, and GetPtrToListHead and
+// GetPtrToListEnd log the text of GetKeyAtIndex; log readers tell the lines apart by their numbers.
 constexpr int kConstructorLine = 35;
 constexpr int kDestructorLine = 56;
 constexpr int kListHeadLine = 238;
@@ -89,8 +89,8 @@ void* ZtSingleElementList::GetKeyAtIndex(unsigned short index) {
     ZtLog(kZtLogError, kSource)(kEmptyText);
     return nullptr;
   }
-  // Intended: for an index that equals the number of nodes GetKeyAtIndex gives null without the
-  // line that every greater index gets.
+  // Intended: for an index equal to the number of nodes GetKeyAtIndex gives null without the log
+  // line that greater indexes get, and log readers are used to that.
   if (index > m_iListCount) {
     ZtLog(kZtLogError, kSource)("ZtSingleElementList::GetKeyAtIndex: Invalid index");
     return nullptr;
@@ -108,8 +108,8 @@ ZtListNode* ZtSingleElementList::HeadOf(ZtSingleElementList* list) {
   return head;
 }
 
-// Intended: GetPtrToListEnd gives null instead of the last node, also for a list with nodes;
-// nothing may start to depend on a node.
+// Intended: GetPtrToListEnd gives null instead of the last node; callers are not to depend on a
+// node.
 ZtListNode* ZtSingleElementList::GetPtrToListEnd() {
   if (!m_pHead) ZtLog(kZtLogError, kSource, kListEndLine)(kEmptyText);
   return nullptr;

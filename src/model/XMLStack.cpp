@@ -4,8 +4,8 @@
 
 namespace {
 constexpr char kSource[] = "src/XMLStack";
-// Intended: the texts of the stack's lines end with a line break, which those of other lines do
-// not; log readers search for them as they are.
+// Intended: the log texts of the stack end with a line break, unlike all others; log readers search
+// for them as they are.
 constexpr int kPushLine = 15;
 constexpr int kPopLine = 29;
 constexpr int kTopLine = 41;

@@ -5,7 +5,7 @@
 #include "model/ZtOwnership.h"
 
 // Deletes elements without recursion, however deep a tree is: what an element's destructor releases
-// waits until that element is gone. One per thread is running.
+// is queued until that element is gone. At most one queue runs on each thread.
 class ZtReleaseQueue {
  public:
   static void Release(XMLElement* element) {
@@ -119,7 +119,7 @@ int ZtOwnedList<Item>::Set(ZtSingleElementList* list) {
     ZtOwnership::LogOwned("ZtSingleElementList");
     return 1;
   }
-  // Before the old entries go: the new ones may be among them or below them.
+  // Done before the old entries are deleted: new ones may be among them or below them.
   if (list) {
     list->m_pItems = &kItems<Item>;
     ZtListNode* previous = nullptr;

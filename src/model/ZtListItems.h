@@ -1,9 +1,9 @@
-// How the objects of a list that an element has taken get their owner and lose it.
+// How objects get their owner, and lose it, as they enter and leave a list that an element owns.
 #ifndef ZTXML_SRC_BASE_ZTLISTITEMS_H
 #define ZTXML_SRC_BASE_ZTLISTITEMS_H
 
 struct ZtListItems {
-  bool (*take)(void* data);  // false for what has an owner already
+  bool (*take)(void* data);  // false for an object that has an owner
   void (*drop)(void* data);
 };
 

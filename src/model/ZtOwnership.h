@@ -20,7 +20,7 @@ class ZtOwnership {
     Set(item, true);
     return true;
   }
-  // The object belongs to nobody any more.
+  // Leaves an object without an owner.
   template <class Item>
   static void Drop(Item& item) {
     Set(item, false);

@@ -16,7 +16,7 @@
 #include "binding/ZtNames.h"
 #include "ztHostPlatform.h"
 
-/// A factory of class `C` that can make everything it has a method for.
+/// A factory of class `C`, prepared so that all its methods can make something.
 template <class C>
 struct ApiFactory : C {
   ApiFactory() {
@@ -26,7 +26,7 @@ struct ApiFactory : C {
     if constexpr (std::is_same_v<C, GruuDataBinder>) this->setGruuType("pub-gruu");
   }
 };
-/// The base of two factories is made as one of them.
+/// ZtPolicyDataBinder is abstract: one of its two factories is made instead.
 template <>
 struct ApiFactory<ZtPolicyDataBinder> : CommunicationDiversionDataBinder {};
 
@@ -100,7 +100,7 @@ class ApiTables {
     }
     static int Set(XMLElement& element, const Value& value) {
       constexpr Kind kKind = Of<Argument>();
-      if constexpr (!std::is_base_of_v<XMLElement, C>) {  // applies to no type
+      if constexpr (!std::is_base_of_v<XMLElement, C>) {  // no method of an element
         return 0;
       } else {
         auto& self = static_cast<C&>(element);
@@ -158,7 +158,7 @@ class ApiScript {
     XMLElement* element;
     unsigned type;  // index into ApiTables::kTypes
     int parent;     // index of the object that owns it, -1: the script
-    bool live;      // false: its parent has let it go
+    bool live;      // false: its parent may have deleted it
   };
 
   // The setters of one type.
@@ -270,8 +270,8 @@ class ApiScript {
     return at;
   }
 
-  // An object of one of `types` that nobody owns and that is not above `at`, made when there is
-  // none; -1 without memory.
+  // An object of one of `types` without an owner and not above `at`, made if there is none; -1 when
+  // out of memory.
   int Free(std::size_t at, const Types& types) {
     const std::size_t above = RootOf(at);
     const std::size_t count = m_Objects.size();
@@ -333,7 +333,7 @@ class ApiScript {
       if (child < 0) continue;
       Object& object = m_Objects[static_cast<std::size_t>(child)];
       if (!value.list->Add(object.element)) continue;
-      object.parent = static_cast<int>(m_Objects.size());  // not free any more
+      object.parent = static_cast<int>(m_Objects.size());  // it has an owner now
       given.push_back(static_cast<std::size_t>(child));
     }
     if (!setter.set(*m_Objects[at].element, value)) m_Broken = "a list is not taken";
@@ -341,7 +341,7 @@ class ApiScript {
     for (const std::size_t child : given) m_Objects[child].parent = static_cast<int>(at);
   }
 
-  // Children of the given types may be gone, with all that is below them.
+  // Forgets children of the given types, which may be deleted, and all that is below them.
   void LetGo(std::size_t at, const Types& types) {
     for (Object& object : m_Objects) {
       if (object.parent == static_cast<int>(at) && types[object.type]) object.live = false;

@@ -1,6 +1,6 @@
-// Another way from a text to a tree: through the callbacks that receivers of callers get, one by
-// one, and with every object and text on the heap. An unmarshaller, which takes the parser's tags
-// whole and leaves texts in place, has to come to the same tree.
+// Another way from a text to a tree: by the public callbacks, one by one, with every object and
+// text on the heap. It must give the tree that an unmarshaller gives, which takes the parser's tags
+// whole and leaves texts in place.
 #ifndef ZTXML_TESTS_API_PUBLICCALLBACKS_H
 #define ZTXML_TESTS_API_PUBLICCALLBACKS_H
 
@@ -36,8 +36,8 @@ struct DocumentOf : ZtContext {
   }
 };
 
-/// `text` read by the schema of `context` that way; null when it cannot be. A simservs document has
-/// none of its services.
+/// `text` read by public callbacks with the schema of `context`; null on failure. A simservs
+/// document comes without its services.
 inline XMLElement* ReadThroughCallbacks(const XMLContext& context, std::string text) {
   constexpr char kSource[] = "tests/PublicCallbacks";
   ZtSchemaDecoder* decoder = DocumentOf::Of(context).newDecoder.Create(kSource);
@@ -58,7 +58,7 @@ inline XMLElement* ReadThroughCallbacks(const XMLContext& context, std::string t
   return root;
 }
 
-/// The same written again; "(null)" when either fails.
+/// `text` read like that and written again; "(null)" when either fails.
 inline std::string RoundTripThroughCallbacks(XMLContext& context, const std::string& text) {
   XMLElement* root = ReadThroughCallbacks(context, text);
   XMLMarshaller* writer = context.marshaller() ? context.marshaller() : context.createMarshaller();

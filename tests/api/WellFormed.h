@@ -1,4 +1,4 @@
-// When what the library writes must be well formed, and another parser's word on whether it is.
+// When the library's output must be well formed, and whether it is, judged by another parser.
 #ifndef ZTXML_TESTS_API_WELLFORMED_H
 #define ZTXML_TESTS_API_WELLFORMED_H
 
@@ -15,16 +15,16 @@ inline bool ExpatAccepts(const std::string& text) {
   return accepts;
 }
 
-/// Whether writers of the schema go on behind what lacks something required (rule sets and GRUUs),
-/// or have a root whose name begins with a digit.
+/// Whether writers of the schema go on after an element that lacks something required (rule sets
+/// and GRUUs), or have a root whose name begins with a digit.
 inline bool MayBeMalformed(eXMLSchemaID id) {
   return id == XML_SCHEMA_COMMUNICATION_DIVERSION || id == XML_SCHEMA_COMMUNICATION_BARRING ||
          id == XML_SCHEMA_SIMSERVS || id == XML_SCHEMA_REGINFO ||
          id == XML_SCHEMA_CALL_WAITING_INDICATION;
 }
 
-/// Whether `out`, written of what `in` was read as, is well formed if it has to be: it does not
-/// have to with entities in `in`, which are resolved, and where the writer has cut.
+/// Whether `out`, which was written after reading `in`, is well formed, or need not be: because
+/// entities of `in` were resolved, or the writer cut the text.
 inline bool IsSound(eXMLSchemaID id, const std::string& in, const std::string& out) {
   return MayBeMalformed(id) || out == "(null)" || in.find('&') != std::string::npos ||
          out.size() >= ZtXMLDocGenerator::kBufferSize - 1 || !ExpatAccepts(in) || ExpatAccepts(out);

@@ -52,7 +52,8 @@ TEST(HostLog, SinkSeesItsLevelsAndNothingIsFormattedWithoutOne) {
   for (int level = 1; level <= 4; ++level) ztLogModuleEventSimple(level, 1, "f", 7, "x", 0, 0, 0);
   EXPECT_EQ(log.Count("x"), 2);
   zthost::SetLogSink(nullptr);
-  ztLogModuleEventSimple(4, 1, "f", 7, "%s", 1, 0, 0);  // 1 is no text: formatting would crash
+  ztLogModuleEventSimple(4, 1, "f", 7, "%s", 1, 0,
+                         0);  // 1 is no text: formatting would crash
 }
 
 TEST(HostMemoryLog, TellsLeaksDoubleAddsAndBadRemoves) {

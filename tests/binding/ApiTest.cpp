@@ -7,7 +7,7 @@
 
 namespace {
 
-// What factories make stands in tests/golden/workers; without memory it is nothing.
+// What factories make is in tests/golden/workers; without memory they make nothing.
 TEST(Api, FactoriesMakeNullWithoutMemory) {
   for (const ApiTables::Factory& factory : kApiFactories) {
     for (long n = 1, reached = 1; reached; ++n) {
@@ -26,8 +26,8 @@ TEST(Api, RowsCanBeMeant) {
   }
 }
 
-// Who owns an offered child is told by the result, also when there is no memory for it or its text.
-// Under a child's name nothing else is taken.
+// The result tells who owns an offered child, also when memory is lacking for the child or its
+// text. Under a child's name no other object is taken.
 TEST(Api, OfferedChildrenAreTakenOrNot) {
   for (const ZtElementType* type : ApiTables::kTypes) {
     for (const ZtField& field : *type) {
@@ -48,7 +48,7 @@ TEST(Api, OfferedChildrenAreTakenOrNot) {
         reached = zthost::AllocationCount() >= n;
         zthost::FailAllocation(0);
         if (taken) static_cast<void>(offered.release());
-        // What zt_status is offered it ignores.
+        // zt_status ignores what it is offered.
         if (taken && type == &zt_status::kType) break;
         EXPECT_EQ(taken != 0, !reached) << type->className << name << n;
       }
@@ -65,8 +65,8 @@ TEST(Api, TreesOfAnyCallsAreWrittenAndFreed) {
   }
 }
 
-// Trees that callers nest without end are written down to a depth that no document has that was
-// read, then not at all; freeing them takes no more stack.
+// Trees of callers are written up to a depth that no tree that was read has, and deeper ones not at
+// all; freeing a deep tree takes no more stack.
 TEST(Api, DeepTrees) {
   Schema lists(XML_SCHEMA_RESOURCE_LISTS);
   const auto nested = [](int depth) {

@@ -22,8 +22,8 @@ constexpr ZtFamily kFamily = {"tests/Toy", &kNoLines, "unknown %s with %s", "fai
 constexpr ZtEnumSlot kModeSlots[] = {"open", "opened"};
 constexpr ZtEnumTable kModes = {kModeSlots, 2, 2, kZtKeepsValue, false};
 
-// Every kind of row stands in one of these: <list> nests, <keywords> comes with its end tag,
-// <busy/> is a flag, <external-list> is an entry under another name, <alt-value> a repeated text.
+// The types below have every kind of row: <list> nests, <keywords> comes with its end tag, <busy/>
+// is a flag, <external-list> is an entry under another name, <alt-value> a repeated text.
 class Keywords : public ZtTyped<Keywords> {
  public:
   static const ZtElementType kType;
@@ -46,7 +46,7 @@ class List : public ZtTyped<List, ZtObject> {
   ZtChildList m_Texts, m_Lists, m_Flags, m_Others;
 };
 
-// Hooks: keywords cannot be "none", and any name that begins with "busy" is a note.
+// Hooks: keywords cannot be "none", and any name that begins with "busy" is read as a note.
 bool WriteKeywords(ZtElementWriter& writer, const XMLElement& self, const ZtElementType& type) {
   const char* text = static_cast<const Keywords&>(self).m_Text.Get();
   return text && std::strcmp(text, "none") != 0 && writer.WriteChildren(self, type);
@@ -192,7 +192,7 @@ TEST(Binding, FailuresStayWhereTheyAreAllowed) {
   LogCapture log;
   auto root = Parse("<resource-lists><list><entry/></list></resource-lists>");
   ASSERT_TRUE(root);
-  // Everything up to the failure stands in the text: the marshaller discards it.
+  // The text has everything up to the failure, because discarding it is the marshaller's part.
   const std::string start = Around("", "");
   EXPECT_SAME(Written(root.get()), "failed:" + start.substr(0, start.size() - 7) +
                                        start.substr(0, start.size() - 7) + "\n<cp:entry ");
@@ -237,7 +237,7 @@ TEST(Binding, PrefixRules) {
     EXPECT_EQ(strip.XMLRemoveNameSpaceTag(const_cast<char*>(in)), 1);
     EXPECT_STREQ(strip.PassName(), out) << in;
   }
-  // The size of a name, and two bytes more, is kept in 16 bits.
+  // A decoder stores the size of a name plus 2 in 16 bits, so a longer name is cut.
   for (const auto& [size, kept] : {std::pair<std::size_t, std::size_t>{65533, 65533},
                                    {65534, 0},
                                    {65535, 0},
@@ -246,7 +246,7 @@ TEST(Binding, PrefixRules) {
     std::string name(size, 'x');
     EXPECT_EQ(strip.XMLRemoveNameSpaceTag(name.data()), 1);
     EXPECT_EQ(std::string(strip.PassName()).size(), kept) << size;
-    // Nothing that was read before stands in for what a name lost, its end's slash neither.
+    // No leftovers of earlier names replace what a name lost, not even an end tag's slash.
     auto root = Parse("<resource-lists><keywords>k</keywords><" + name + ">t</" + name +
                       "></resource-lists>");
     ASSERT_TRUE(root);
@@ -306,7 +306,7 @@ TEST(Binding, DecoderCallbacksByHand) {
   EXPECT_EQ(EntryOf<List>(tree->m_Lists.Get(), 0)->m_Id.Get(), nullptr);
 }
 
-// With every object and text on the heap, as without an unmarshaller.
+// Reads without an unmarshaller, so with every object and text on the heap.
 TEST(Binding, EveryAllocationMayFail) {
   ExpectWholeOrNothing([] {
     auto root = Parse(
@@ -317,15 +317,15 @@ TEST(Binding, EveryAllocationMayFail) {
   });
 }
 
-// What decoders make of elements out of place, they look for in all types of the document.
+// For elements out of place decoders look in all types of the document.
 TEST(Binding, DecodersHaveRoomForAllTypes) {
   for (const reflect::Schema& schema : reflect::Schemas()) {
     EXPECT_LE(schema.Types().size(), ZtSchemaDecoder::kMostTypes) << schema.document->info.name;
   }
 }
 
-// The parser hands tags over whole only to decoders of unmarshallers: a caller's class that derives
-// from one and drives it by hand gets every callback.
+// The parser hands whole tags only to an unmarshaller's decoder: a caller's class that derives from
+// a decoder gets every callback.
 TEST(Binding, DerivedDecodersGetEveryCallback) {
   struct Counting : XMLReginfoDecoder {
     int elements = 0;

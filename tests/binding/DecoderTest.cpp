@@ -11,7 +11,7 @@
 
 namespace {
 
-// The parser's callbacks take texts that could be written to; these must not be.
+// The callbacks take writable texts, but decoders must not write to them: these are constants.
 char* Literal(const char* text) { return const_cast<char*>(text); }
 
 Tree<zt_reginfo> RootOf(XMLReginfoDecoder& decoder) {
@@ -58,7 +58,7 @@ TEST(Decoder, NamesAreNormalisedApartFromTheirTexts) {
   EXPECT_EQ(exact.GetSessionData(), nullptr);
 }
 
-// What stands outside of the tree is told as such, whichever way it comes.
+// A tag outside of the tree is logged as such, whichever callback tells of it.
 TEST(Decoder, SaysThatNothingIsOpen) {
   const std::string text = "<x a='1' b='2'><y c='3' >t</y></x>";
   LogCapture log;
@@ -78,14 +78,14 @@ TEST(Decoder, ExtensionsAreOpenedAndClosed) {
   const Tree<XMLElement> gruu(decoder.ProcessAnyElement(Literal("pub-gruu"), nullptr));
   ASSERT_TRUE(gruu);
   EXPECT_EQ(decoder.ProcessAnyElement(Literal("/pub-gruu"), Literal("")), nullptr);
-  // Whatever is on top: the contact.
+  // The innermost open element: the contact.
   EXPECT_EQ(decoder.ProcessAnyElement(Literal("/temp-gruu"), Literal("")), nullptr);
   decoder.ProcessElement(Literal("contact"), nullptr);
   const Tree<zt_reginfo> root = RootOf(decoder);
   auto* registration = EntryOf<zt_registration>(root->getRegistrationListValue(), 0);
   EXPECT_EQ(CountOf(registration->getContactListValue()), 2);
 
-  // One that its parent does not take leaves the parent open.
+  // An element that its parent refuses leaves the parent open.
   const std::string text =
       "<reginfo state='full'><registration aor='a' id='r' state='init'><contact state='active' "
       "event='created' id='c'><unknown-param name='n'>%</unknown-param><unknown-param name='m'>w"

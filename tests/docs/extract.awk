@@ -1,6 +1,6 @@
-# Takes the programs out of Markdown pages: a block of C++ behind "<!-- program: NAME -->" goes to
-# NAME.cpp, a block behind "<!-- prints: NAME -->", what the program prints, to NAME.out, both in
-# the directory `out`. Prints the names. C++ without a name, a program without its output and a name
+# Takes the programs out of Markdown pages: a block of C++ after "<!-- program: NAME -->" goes to
+# NAME.cpp, a block after "<!-- prints: NAME -->", what the program prints, to NAME.out, both in the
+# directory `out`. Prints the names. C++ without a name, a program without its output and a name
 # that is used twice are errors: nothing in the pages goes untried.
 /^<!-- (program|prints): [a-z_]+ -->$/ {
   kind = $2
@@ -24,7 +24,7 @@
 }
 inside && /^```$/ { inside = 0; if (file != "") close(file); next }
 inside { if (file != "") print >file; next }
-kind != "" && !/^$/ { Fail("no block behind the comment") }
+kind != "" && !/^$/ { Fail("no block after the comment") }
 END {
   if (failed) exit 1
   for (i = 1; i <= count; ++i) {

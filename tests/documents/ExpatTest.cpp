@@ -1,5 +1,5 @@
-// The parser beside another one: what both support they understand alike, and what the library
-// writes the other accepts.
+// The parser compared with another one: they agree on what both support, and the other accepts what
+// the library writes.
 #include <expat.h>
 #include <gtest/gtest.h>
 #include <random>
@@ -9,7 +9,7 @@
 
 namespace {
 
-// What both tell of a document, in words; the text is the one since the last tag or comment.
+// What either parser tells of a document, in words; texts count from the last tag or comment.
 struct Events {
   void Start(const std::string& name) { lines.push_back("start " + name); }
   void Attribute(const std::string& name, const std::string& value) {
@@ -75,7 +75,7 @@ class Theirs {
   std::string text_;
 };
 
-// Documents within what both support: no entities in texts, no '>' or line ends in values.
+// Makes documents of what both support: no entities in texts, no '>' or line ends in values.
 class Generator {
  public:
   explicit Generator(unsigned seed) : random_(seed) {}
@@ -141,7 +141,7 @@ TEST(Expat, UnderstandsGeneratedDocumentsAlike) {
 TEST(Expat, AcceptsWhatTheLibraryWrites) {
   for (const Sample& sample : Samples()) {
     if (!XMLFactory::getSchemaInfo(sample.id)->writes) continue;
-    // The name of its root, which begins with a digit, is none in XML.
+    // The name of its root begins with a digit, which XML does not allow.
     if (sample.id == XML_SCHEMA_CALL_WAITING_INDICATION) continue;
     BoundSchema schema(sample.id, sample.text);
     EXPECT_TRUE(ExpatAccepts(sample.text)) << sample.name;

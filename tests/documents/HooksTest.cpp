@@ -1,4 +1,4 @@
-// Flags and attributes as no golden document brings them.
+// Flags and attributes that are in no golden document.
 #include <gtest/gtest.h>
 
 #include "ApiTable.h"
@@ -6,7 +6,7 @@
 
 namespace {
 
-// A flag that is present and has no name is written as nothing, but for a rule's, which needs one.
+// Of a flag that is present without a name nothing is written; a flag of a rule needs a name.
 TEST(Hooks, FlagsWithoutAName) {
   zt_empty_element_type flag;
   flag.setPresentValue(1);
@@ -30,7 +30,8 @@ TEST(Hooks, FlagsWithoutAName) {
                        "</3gpp-ims>"));
 }
 
-// A blank before the equals sign is part of an attribute's name: what keeps others keeps it.
+// A blank before the equals sign is part of an attribute's name: types with unknown attributes keep
+// it.
 TEST(Hooks, BlanksBeforeTheEqualsSign) {
   Schema lists(XML_SCHEMA_RESOURCE_LISTS);
   const auto list = [&](const std::string& attributes) {

@@ -58,9 +58,8 @@ TEST(Hostile, MemoryRunsOutInEveryDocument) {
   }
 }
 
-// The most memory that a byte of a document costs while it is read: a hundred bytes for a blank
-// between empty words, which are objects, too, 45 for roots within each other, and thirty for
-// everything else.
+// The most memory that one byte of a document costs while it is read: 100 bytes for blanks, each of
+// which makes an empty word, an object; 45 for roots within each other; 30 for everything else.
 TEST(Hostile, MemoryIsAConstantTimesTheInput) {
   const struct {
     eXMLSchemaID id;

@@ -43,7 +43,7 @@ TEST(Imdn, HooksKeepWhatTheyKnow) {
   EXPECT_EQ(CountOf(status.getAnyElementValue()), 1);
 }
 
-// Runs the steps where they can be used, at the start of a document.
+// Runs steps at the start of a document, where they can write.
 class Steps : public IMDNMarshaller {
  public:
   explicit Steps(ZtSingleElementList* attributes) : attributes_(attributes) {}

@@ -8,7 +8,7 @@
 
 namespace {
 
-// The members of a list: those of a list inside in brackets, of an entry its URI.
+// The members of a list: of an entry its URI, of a list its members in brackets.
 std::string Describe(XMLElement* member) {
   if (auto* entry = ZtAs<zt_entryType>(member)) return entry->getUriValue() + std::string(" ");
   std::string text = "(";
@@ -18,8 +18,8 @@ std::string Describe(XMLElement* member) {
   return text + ") ";
 }
 
-// What is deeper than the decoder's stack goes to the last list on it, and what comes after a list
-// goes to the list around it.
+// Elements deeper than the decoder's stack go to the last list on it, and elements after a list go
+// to the list around it.
 TEST(ResourceLists, NestedListsKeepTheirSiblings) {
   constexpr int kMost = 99;
   for (int depth : {2, kMost, kMost + 1, kMost + 60}) {

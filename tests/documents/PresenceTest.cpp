@@ -9,7 +9,7 @@
 
 namespace {
 
-// A service description by its class name the first time that it is asked, and then no more.
+// Gives the class name of a service description the first time, then another one.
 class Changing : public zt_ns_oma_pres_service_description {
   const char* ClassName() const override {
     return m_Asked++ ? "changed" : zt_ns_oma_pres_service_description::ClassName();

@@ -84,7 +84,7 @@ TEST(Reginfo, SecondRootWithoutMemory) {
       "aor='b' state='init'/></reginfo><contact id='c'/></registration></reginfo>");
 }
 
-// Only what the library reads GRUUs as is written in a contact.
+// In a contact only GRUUs of the classes that the library reads them as are written.
 TEST(Gruu, OfOtherClassesInAContact) {
   Schema schema(XML_SCHEMA_REGINFO);
   const auto root = schema.Read<zt_reginfo>(InContact(kIn, "<gr:pub-gruu uri='p'/>"));

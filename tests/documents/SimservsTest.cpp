@@ -35,7 +35,7 @@ TEST(Simservs, PrefixesOfManyServices) {
   }
   EXPECT_EQ(Schema(XML_SCHEMA_SIMSERVS).RoundTrip("<simservs>" + many + "</simservs>").size(),
             kStart.size() + 200 * Waiting(true).size() + kEnd.size());
-  // The services come from the document's prefixes; what is written has its own.
+  // Services are read under the document's prefixes and written under the library's own.
   const std::string bound =
       "<r:simservs xmlns:r='http://uri.etsi.org/ngn/params/xml/simservs/xcap' "
       "xmlns:a='http://uri.etsi.org/ngn/params/xml/simservs/xcap'>" +
@@ -46,7 +46,7 @@ TEST(Simservs, PrefixesOfManyServices) {
   std::string renamed = bound;
   renamed.replace(1, 1, "a").replace(renamed.size() - 11, 1, "a");
   EXPECT_SAME(schema.RoundTrip(renamed), kStart + all + kEnd);
-  // A long prefix is that of the services it fits into.
+  // A long prefix holds for services that are long enough to contain it.
   const std::string prefix(500, 'p'), waiting = "communication-waiting active='true'";
   const std::string longName = "<" + prefix + ":" + waiting + "/>";
   const std::string both = "<simservs xmlns:" + prefix +
@@ -131,8 +131,8 @@ TEST(Simservs, PublicSteps) {
   EXPECT_EQ(reader.UnMarshall(static_cast<XMLFile*>(nullptr)), nullptr);
 }
 
-// Reading with a binder and writing with each allocation failing, once and from there on: null or
-// whole, never without a service, and nothing leaks.
+// Reads with a binder and writes while each allocation fails, alone and with all later ones: the
+// result is null or whole, never without a service, and nothing leaks.
 TEST(Simservs, EveryAllocationMayFail) {
   // More attributes and services than there is room for without asking for memory.
   std::string attributes, services;

@@ -15,7 +15,7 @@
 
 namespace {
 
-// A marshaller that had no memory for its namespaces has it when there is some again.
+// A marshaller that had no memory for its namespaces works once there is memory again.
 TEST(Services, MarshallersRecover) {
   Schema schema(XML_SCHEMA_COMMUNICATION_WAITING);
   const auto root = schema.Read<XMLElement>("<communication-waiting active='true'/>");
@@ -110,7 +110,7 @@ TEST(Services, FragmentsAreWrittenAlone) {
   EXPECT_EQ(barring.Write(root.get()), "(null)");
 }
 
-// Without memory each kind fails under its own name.
+// When out of memory, each kind of barring logs its own name.
 TEST(Services, BarringWithoutMemory) {
   Schema schema(XML_SCHEMA_COMMUNICATION_BARRING);
   CommunicationBarringDataBinder factory;
@@ -145,7 +145,7 @@ TEST(Namespaces, TheLibrarysOwn) {
   EXPECT_EQ(told(), "ss=ss cp=cp ocp=ocp ");
 }
 
-// Prefixes as documents bind them; "%" stands for what the namespace of the services is bound to.
+// Services are read and written with the document's prefixes, else with the library's own.
 TEST(Namespaces, PrefixesAreTheDocuments) {
   const std::string ss = "http://uri.etsi.org/ngn/params/xml/simservs/xcap";
   const std::string cp = "urn:ietf:params:xml:ns:common-policy";
@@ -165,7 +165,7 @@ TEST(Namespaces, PrefixesAreTheDocuments) {
        "c:", "cp:", "c:", "cp:"},
       {"xmlns:cp='" + ss + "' xmlns:ss='" + cp + "'", "cp:", "ss:", "cp:", "ss:"},
       {"xmlns:x='" + ss + "/'", "ss:", "cp:", "ss:", "cp:"},
-      // No name can have these prefixes.
+      // Declared, but no name can have such a prefix.
       {"xmlns:a:b='" + ss + "' xmlns:c/='" + cp + "'", "ss:", "cp:", "ss:", "cp:"},
   };
   Schema declarations(XML_SCHEMA_NAMESPACE_RETRIEVAL);
@@ -204,7 +204,7 @@ TEST(Namespaces, PrefixesAreTheDocuments) {
     EXPECT_EQ(schema.context()->SetNamespaceBinder(nullptr), 0);
     EXPECT_EQ(schema.context()->SetNamespaceBinder(other.get()), 0);
     EXPECT_NE(schema.RoundTrip(in), "(null)");
-    // A second binder starts anew.
+    // A second binder replaces all prefixes of the first.
     auto second = declarations.Read<zt_schema_namespace_retrieval>("<d xmlns='" + ss +
                                                                    "' xmlns:cp='" + cp + "'/>");
     schema.context()->SetNamespaceBinder(second.get());

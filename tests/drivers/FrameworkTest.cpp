@@ -1,4 +1,4 @@
-// Factory, contexts, drivers, and the namespace retrieval, on the documents that exist.
+// The factory, contexts, drivers and the namespace retrieval, tried on all documents.
 #include <cstdio>
 #include <gtest/gtest.h>
 
@@ -92,8 +92,8 @@ TEST(UnMarshaller, FilesAndTexts) {
   EXPECT_TRUE(log.Texts().empty());
 }
 
-// Contexts, workers, reading and writing with each allocation failing, once and from there on: null
-// or complete, and nothing leaks.
+// Makes contexts and workers, reads and writes while each allocation fails, alone and with all
+// later ones: results are null or complete, and nothing leaks.
 TEST(Drivers, EveryAllocationMayFail) {
   ExpectWholeOrNothing([] {
     XMLContext* context = XMLFactory::newInstance(XML_SCHEMA_REGINFO);

@@ -1,6 +1,5 @@
-// Several threads, each with contexts of its own over all documents, making and dropping
-// marshallers all the time. Built with the thread sanitizer it shows that they share nothing
-// unguarded.
+// Several threads, each with its own contexts for all documents, make and drop marshallers all the
+// time. The thread sanitizer then shows that they share nothing unguarded.
 #include <gtest/gtest.h>
 #include <thread>
 #include <vector>

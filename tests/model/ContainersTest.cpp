@@ -59,7 +59,7 @@ TEST(XmlList, AddsRemovesAndLogs) {
     EXPECT_SAME(Logged(log), Lines{"4 ZtSingleElementList::GetKeyAtIndex: Invalid index"});
     EXPECT_EQ(list.Remove(&a), 1);
     EXPECT_TRUE(list.GetKeyAtIndex(0) == &b && list.GetKeyAtIndex(1) == &a);
-    // After a removed last one, and after none at all, the next is added all the same.
+    // Adding works after the last entry was removed, and in a list that became empty.
     EXPECT_TRUE(list.Remove(&a) && list.Add(&c) && list.Remove(&b) && list.Remove(&c));
     EXPECT_TRUE(list.Add(nullptr) && list.Add(&c) && !list.Remove(nullptr));
     EXPECT_EQ(Logged(log).back(), "4" + remove + "Entry not found in the list");
@@ -87,8 +87,8 @@ TEST(XmlList, CountWrapsButNothingIsLost) {
   EXPECT_SAME(Logged(log, {238}), Lines{"4:238 " + kEmpty});
 }
 
-// By its type: an entry of another class, a null one and a list that is null do no harm, an empty
-// list is no line in the log, and the entry that the loop is at may go.
+// ZtEach: entries of other classes, null entries and null lists do no harm, an empty list logs no
+// line, and the loop may delete the entry that it is at.
 TEST(XmlList, IsWalkedByItsType) {
   LogCapture log;
   SchemaNamespaceRetrievalDataBinder factory;

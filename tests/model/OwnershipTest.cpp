@@ -1,4 +1,4 @@
-// An object has one owner: one that is offered while it has an owner is not taken.
+// An object has one owner: while it has one, no other element takes it.
 #include <gtest/gtest.h>
 
 #include "DocumentSupport.h"
@@ -10,7 +10,7 @@ namespace {
 
 class Ownership : public testing::Test {
  protected:
-  // Expects one line of level 4 for each call that offers what is owned.
+  // Expects one line of level 4 for each offer of an object with an owner.
   void ExpectRefused(const char* what) {
     EXPECT_EQ(log_.Texts(),
               std::vector<std::string>{kModule + std::string(what) + " has an owner already"});
@@ -41,7 +41,7 @@ TEST_F(Ownership, ListsTakeNothingTwice) {
   EXPECT_EQ(first->getRegistrationListValue()->Add(static_cast<XMLElement*>(registration)), 0);
   ExpectRefused("zt_registration");
   EXPECT_EQ(CountOf(first->getRegistrationListValue()), 1);
-  // What is taken out of a tree is the caller's, who may give it away again.
+  // An object that is taken out of a tree is the caller's, who may give it away again.
   EXPECT_EQ(first->getRegistrationListValue()->Remove(static_cast<XMLElement*>(registration)), 1);
   EXPECT_EQ(second->addRegistration(registration), 1);
   ExpectNothingSaid();
@@ -60,7 +60,7 @@ TEST_F(Ownership, SettersIgnoreWhatIsOwned) {
   zt_ns_common_policy_conditionsType* others = diversion_.CreateConditionsTypeElement();
   first->setConditionsValue(conditions);
   second->setConditionsValue(others);
-  EXPECT_EQ(first->setConditionsValue(conditions), 1);  // its own again
+  EXPECT_EQ(first->setConditionsValue(conditions), 1);  // the child that it has already
   ExpectNothingSaid();
   EXPECT_EQ(second->setConditionsValue(conditions), 1);
   ExpectRefused("zt_ns_common_policy_conditionsType");
@@ -93,7 +93,8 @@ TEST_F(Ownership, ListsOfCallers) {
   EXPECT_EQ(lists[1]->Add(once), 1);
   EXPECT_EQ(first->setRegistrationListValue(lists[0]), 1);
   ExpectRefused("zt_registration");
-  EXPECT_EQ(CountOf(lists[0]), 3);  // the second one of two is gone, the null is not
+  EXPECT_EQ(CountOf(lists[0]),
+            3);  // the second of two equal entries is gone, the null entry is not
   EXPECT_EQ(lists[0]->GetKeyAtIndex(2), once);
   EXPECT_EQ(second->setRegistrationListValue(lists[0]), 1);
   ExpectRefused("ZtSingleElementList");
@@ -105,7 +106,7 @@ TEST_F(Ownership, ListsOfCallers) {
   EXPECT_EQ(CountOf(second->getRegistrationListValue()), 1);
 }
 
-// What a new list holds of the old one's entries, or from below them, goes with the old list.
+// What a new list holds of the old list, or from below its entries, is deleted with the old list.
 TEST_F(Ownership, ListsThatReplaceLists) {
   for (const bool below : {false, true}) {
     Tree<zt_reginfo> root(static_cast<zt_reginfo*>(reginfo_.CreateRootElement()));

@@ -1,5 +1,5 @@
-// A program as callers link it by default, beside the shared library: of exported data that it
-// names the loader may give it a copy, and then there is still but one.
+// A program linked as callers do by default: the loader may copy exported data that it names into
+// the program, and even then the library must use that one copy.
 #include <cstdio>
 
 #include "XMLFactory.h"
@@ -7,7 +7,7 @@
 
 namespace {
 
-// What an object that the library made takes for its table.
+// Tells which table an object that the library made uses.
 struct Peek : zt_reginfo {
   static const ZtElementType* TypeOf(const zt_reginfo& object) {
     return &(object.*(&Peek::Type))();

@@ -41,7 +41,7 @@ class XmlFiles : public testing::Test {
   const std::string notRead_ = "88 XMLFile::Read() - UnSuccessful";
 };
 
-// The lowest free descriptor: it moves when one is left open.
+// The lowest free descriptor, which changes when a file is left open.
 int FreeDescriptor() {
   const int descriptor = open("/dev/null", O_RDONLY);
   return close(descriptor) == 0 ? descriptor : -1;
@@ -70,7 +70,7 @@ TEST_F(XmlFiles, ReadsWholeFilesAgainAndAgain) {
   EXPECT_EQ(FreeDescriptor(), descriptor);
 }
 
-// As one that shrinks while it is read: of this one Linux says that it has a page.
+// Like a file that shrinks while it is read: Linux claims the size of a page for this one.
 TEST_F(XmlFiles, ReadsWhatAFileHasOfItsSize) {
   const char kPath[] = "/sys/devices/system/cpu/online";
   if (!std::filesystem::exists(kPath)) GTEST_SKIP();

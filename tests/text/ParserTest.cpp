@@ -23,7 +23,7 @@ std::string End(const std::string& name, const std::string& text) {
   return "end " + name + " \"" + text + "\"\n";
 }
 using Attributes = std::vector<std::pair<std::string, std::string>>;
-// Those of an element without others in it.
+// The callbacks of an element without other elements inside.
 std::string Element(const std::string& name, const std::string& text = "",
                     const Attributes& attributes = {}) {
   std::string events = Start(name);
@@ -51,7 +51,7 @@ class Recorder : public XmlDecoderSchema {
   int Record(const std::string& event, const std::string& bare = "") {
     structure += bare.empty() ? event : bare;
     events += event;
-    return 1;  // refuses everything, which only the log must notice
+    return 1;  // refuses everything, which may change nothing but the log
   }
 };
 
@@ -82,10 +82,10 @@ struct Outcome {
 constexpr Outcome kComplete = {ZT_XML_SUCCESS, ZT_XML_PARSE_COMPLETE};
 constexpr Outcome kPartial = {ZT_XML_INCOMPLETE, ZT_XML_PARSE_CONTINUE};
 constexpr Outcome kFatal = {ZT_XML_ERROR, ZT_XML_PARSE_ERROR};
-// A tag that does not match leaves the state; only the memory is safe from then on.
+// After a tag that does not match the state stays, but only memory safety is promised.
 constexpr Outcome kMismatch = {ZT_XML_ERROR, ZT_XML_PARSE_BEGIN};
 
-// What each text gives at once and in chunks of `largest` bytes and less.
+// Checks what each text gives when fed whole and in chunks of up to `largest` bytes.
 void Check(const Outcome& outcome, const std::string& events, const std::vector<std::string>& texts,
            std::size_t largest = 100) {
   const auto [result, state] = outcome;
@@ -107,7 +107,7 @@ void Check(const Outcome& outcome, const std::string& events, const std::vector<
         EXPECT_TRUE(parse.Feed(text, 1) == result || stays);
         EXPECT_TRUE(parse.recorder.structure == whole.recorder.structure || stays);
       }
-      if (testing::Test::HasFailure()) return;  // smaller chunks would say the same again
+      if (testing::Test::HasFailure()) return;  // smaller chunks would repeat the failure
     }
   }
 }
@@ -150,7 +150,7 @@ TEST(XmlDecoder, ReportsTheSameInChunksOfEverySize) {
   Check(kMismatch, "", {"</>", "</ >", "t</a>"});
   Check(kMismatch, opened, {"<a></b>", "<a></a >", "<a></>"});
   Check(kMismatch, Start("r") + Opened("r") + Element("abc", "t"), {"<r><abc>t</abc></b>"});
-  // Not supported, and taken for elements.
+  // Not supported: parsed as if they were elements.
   Check(kPartial, Start("!D") + Attribute("!D", "a", "") + Opened("!D") + Element("a"),
         {"<!D a><a/>"});
   Check(kFatal, Start("!D"), {"<!D a 'b'>"});
@@ -209,7 +209,7 @@ TEST(XmlDecoder, LogsItsFailures) {
       {"<a x=1/>", {invalid, list, failed + " and ret:ZT_XML_PARSE_ERROR"}},
       {"<a x=1>", {invalid, list, failed}},
       {"<a/>", {valid, lead + "Decoder Success"}},
-      // The texts of a document are no formats.
+      // Texts of a document must not be used as formats.
       {"<%s></b>",
        {valid, lead + "stack mismatch happened when stored value is \"%s\" and ret:ZT_XML_ERROR"}},
       {"<%d></%d>",
@@ -264,7 +264,7 @@ TEST(XmlDecoder, EveryAllocationMayFail) {
   for (const std::string& text : log.Texts(3)) EXPECT_EQ(text.find("PushElement"), text.npos);
   EXPECT_TRUE(log.Has("Decoder Failed as stack is not empty at end, reason: ZT_XML_PARSE_ERROR"));
 
-  // Without memory for a chunk nothing has happened, and the chunk may come again.
+  // A chunk for which there is no memory changes nothing and may be fed again.
   zthost::FailAllocation(0);
   Parse parse;
   const std::string text(200, 't');
@@ -278,8 +278,8 @@ TEST(XmlDecoder, EveryAllocationMayFail) {
   EXPECT_SAME(parse.recorder.events, Start("a") + Opened("a") + Element("b", text) + End("/a", ""));
 }
 
-// What callers push and pop: they get back the node that was made, without any memory; of what the
-// parser has opened they get a copy.
+// Callers that pop what they pushed get the pushed node back, which needs no memory; of an element
+// that the parser opened they get a copy.
 TEST(XmlDecoder, CallersOpenAndCloseElements) {
   Parse parsed;
   EXPECT_EQ(parsed.decoder.PushElement(nullptr), nullptr);
@@ -308,7 +308,7 @@ TEST(XmlDecoder, CallersOpenAndCloseElements) {
   ASSERT_NE(node, nullptr);
   EXPECT_STREQ(static_cast<const char*>(node->data), "parsed");
   release(node);
-  // An end tag ends what was pushed, but at its first '>'.
+  // An end tag closes a pushed element, but ends at the first '>' itself.
   for (const auto& [name, result] : {std::pair("b"s, ZT_XML_INCOMPLETE), {"b>c"s, ZT_XML_ERROR}}) {
     Parse parse;
     parse.Feed("<a>");
@@ -378,7 +378,8 @@ TEST(BuddyLinkList, LeavesTheSentinelAlone) {
   EXPECT_EQ(list.RemoveLast(), nullptr);
   BuddyLinkList* first = list.Append(&list);
   BuddyLinkList* last = first->Append(nullptr);
-  BuddyLinkList* between = first->Append(nullptr);  // hangs after the node that it is asked of
+  BuddyLinkList* between =
+      first->Append(nullptr);  // linked in after the node whose Append is called
   EXPECT_TRUE(first->next == between && between->next == last && !last->next);
   EXPECT_EQ(list.SeekEnd(), last);
   BuddyLinkList mine;  // a chain that was linked by hand

@@ -14,7 +14,7 @@ using Writer = ZtXMLDocGenerator;
 using Call = std::function<void(Writer&)>;
 using Calls = std::vector<Call>;
 
-// Makes a call of `member`, to be done later, of the arguments that it is given.
+// Binds arguments to a call of `member` that is made later.
 template <class... Arguments>
 auto Calling(void (Writer::*member)(Arguments...)) {
   return [member](Arguments... arguments) -> Call {
@@ -38,7 +38,7 @@ const auto Data = Calling(&Writer::ztXmlSetData);
 const auto End = Calling(&Writer::ztEndXmlElement);
 const auto EndNs = Calling(&Writer::ztEndXmlElementNs);
 
-// Their flags.
+// The flags of these calls.
 constexpr int kOpen = 1, kPrefixed = 1, kSelfEnd = 1, kClose = 1;
 
 // Makes the calls and returns the text so far.
@@ -50,7 +50,7 @@ std::string Write(Writer& writer, const Calls& calls) {
 TEST(XmlWriter, WritesExactTexts) {
   const struct {
     Calls calls;
-    std::string text;  // with ' for "
+    std::string text;  // with ' instead of "
   } kCases[] = {
       {{Header(nullptr, nullptr), Header("1.0", "UTF-8")},
        "<?xml version='1.0' encoding='ISO-8859-15'?>"},
@@ -108,7 +108,7 @@ TEST(XmlWriter, WritesExactTexts) {
       {{Prefix("p"), Prefix(nullptr), Start("a", 0), Prefix("q"), Reset(), Start("b", 0),
         EndNs("b", nullptr)},
        "\n<b>\n</b>"},
-      // Nothing without a name or a document, and nothing kept from an earlier one.
+      // Without a name or a document nothing is written, and nothing stays of an earlier document.
       {{Start(nullptr, 0), Inline(nullptr, kOpen), StartNs(nullptr, "p", "u", kOpen),
         Empty(nullptr), Declare(nullptr, "1", "x", 0, kClose), End(nullptr), EndNs(nullptr, "p"),
         Data("x")},
@@ -133,7 +133,7 @@ TEST(XmlWriter, WritesExactTexts) {
   }
 }
 
-// Who took the text early reads in it what has been written since.
+// A caller that fetched the text early sees in it what has been written since.
 TEST(XmlWriter, HeldTextsEndWhereTheDocumentEnds) {
   Writer writer;
   writer.ztInitXmlDoc();

@@ -9,11 +9,12 @@
 #include "XMLSimservs.h"
 #include "XMLXcapError.h"
 
-// Asks the library's classes what only they can tell.
+// A friend of the library's classes, for what they tell nobody else.
 class ZtReflection {
  public:
   static const ZtElementType& TypeOf(const XMLElement& object) {
-    // There is no type information; the two bases of all types tell which one an object has.
+    // Without run-time type information only BaseClassName tells which of the two bases an object
+    // has.
     if (std::strcmp(object.BaseClassName(), "XMLObject") == 0) {
       return static_cast<const ZtBound<XMLObject>&>(object).Type();
     }
@@ -35,7 +36,7 @@ struct Release {
   }
 };
 
-// The field of a type that keeps something by other means than rows: `place` tells where it stands.
+// The field of a type that keeps values without a row; `place` tells where they stand.
 std::vector<Field> HiddenField(const ZtElementType& type) {
   if (&type == &zt_string::kType) {
     return {{nullptr, "value", ZtPlace::kOwnText, ZtValue::kText, 0, {}}};
@@ -122,7 +123,7 @@ void FillHidden(const XMLElement& object, const ZtElementType& type, Field& fiel
   } else if (&type == &zt_Simservs::kType) {
     AddObjects(HeadOf(static_cast<const zt_Simservs&>(object).getServiceListValue()), field);
   } else if (&type == &zt_schema_namespace_retrieval::kType) {
-    // The getter logs, so that it is not const; it changes nothing.
+    // The getter is not const because it logs; it changes nothing.
     auto& namespaces = const_cast<zt_schema_namespace_retrieval&>(
         static_cast<const zt_schema_namespace_retrieval&>(object));
     AddAttributes(HeadOf(namespaces.getNameSpaceInfo()), field);
@@ -162,7 +163,7 @@ std::vector<Field> FieldsOf(const ZtElementType& type) {
   fields.reserve(fields.size() + type.fields.size());
   for (const ZtField& row : type) {
     const char* name = row.HasName() ? ZtName(row.name) : nullptr;
-    // What stands in a document alike is told alike.
+    // What looks alike in a document is told alike.
     const bool other = row.place == ZtPlace::kOtherChild;
     fields.push_back({&row, name, other ? ZtPlace::kOtherChildren : row.place, row.value, 0, {}});
   }
@@ -184,7 +185,7 @@ std::vector<Field> FieldsOf(const XMLElement& object) {
 
 namespace {
 
-// An object that is being gone through: which of its fields, which item of that.
+// An object on the walk: which of its fields is next, and which item of that field.
 struct Open {
   const XMLElement* object;
   std::vector<Field> fields;
@@ -235,7 +236,7 @@ bool Walk(const XMLElement& root, Visitor& visitor) {
 bool FindSchema(eXMLSchemaID id, Schema& schema) {
   const std::unique_ptr<XMLContext, Release> context(XMLFactory::newInstance(id));
   if (!context) return false;
-  // Every context of the library is one.
+  // Every context of the library derives from ZtContext.
   schema.document = &ZtReflection::DocumentOf(static_cast<const ZtContext&>(*context));
   return true;
 }
@@ -254,7 +255,7 @@ std::vector<const ZtElementType*> Schema::Roots() const {
   for (const ZtRoot& root : document->roots) {
     if (std::find(roots.begin(), roots.end(), root.type) == roots.end()) roots.push_back(root.type);
   }
-  // The retrieval of namespaces takes any root.
+  // The retrieval of namespaces names no root: it reads any.
   if (roots.empty() && document->info.id == XML_SCHEMA_NAMESPACE_RETRIEVAL) {
     roots.push_back(&zt_schema_namespace_retrieval::kType);
   }
@@ -262,7 +263,7 @@ std::vector<const ZtElementType*> Schema::Roots() const {
 }
 
 std::vector<const ZtElementType*> Schema::Types() const {
-  // A class may have several tables, of which each document uses its own.
+  // A class may have several tables, but each document uses one.
   std::vector<const ZtElementType*> tables = Roots();
   std::vector<const ZtElementType*> types;
   for (std::size_t next = 0; next < tables.size(); ++next) {

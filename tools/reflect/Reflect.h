@@ -1,7 +1,7 @@
 // Objects and documents without knowing their classes: what an object holds, field by field, and
 // which schemas, element names, types, rows and enumerations there are. For programs that show,
-// compare or document any of them. It works on the library's own tables, so what is told here is
-// what the library does.
+// compare or document them all. It reads the library's own tables, so it tells what the library
+// does.
 //
 // Two levels. On the side of the tables there are the library's own records: ZtDocument,
 // ZtElementType, ZtField, ZtEnumTable; this header only tells how to find them all.
@@ -26,19 +26,19 @@ struct Item {
   const XMLElement* object = nullptr;  ///< of kObject fields other than attributes
 };
 
-/// One row of a type and what an object has there. What types keep by other means than rows looks
-/// as if it were in one: the text of a zt_string, the services of a simservs document, the error of
-/// an XCAP error, retrieved namespaces.
+/// One row of a type and what an object has there. Types also keep values without rows, which are
+/// told as if they had one: the text of a zt_string, the services of a simservs document, the error
+/// of an XCAP error, retrieved namespaces.
 struct Field {
-  const ZtField* row;  ///< null for what no row of the type's table says
-  const char* name;    ///< of the attribute or element in the document; null: items have their own
+  const ZtField* row;  ///< null for a value without a row
+  const char* name;    ///< of the attribute or element; null when each item has its own
   ZtPlace place;
   ZtValue value;                  ///< kObject for other attributes, too: they have names
   unsigned long long number = 0;  ///< kNumber, kNumber64; the index of kEnum
   std::vector<Item> items;        ///< in order; numbers have one without anything
 
-  /// Whether the object has the field: a text that is not null, a number that is not 0 (or that is
-  /// written even so), a value that the enumeration has, an object, a list that is not empty.
+  /// Whether the object has the field: a text that is not null, a number that is not 0 (or is
+  /// written even when 0), a value that the enumeration has, an object, a list that is not empty.
   bool IsPresent() const { return !items.empty(); }
   /// Whether it may occur more than once.
   bool IsRepeated() const;
@@ -54,8 +54,8 @@ inline bool IsAttribute(const Field& field) {
 /// The table of the class of `object`, one of the library's.
 const ZtElementType& TypeOf(const XMLElement& object);
 
-/// The name of `object` in a document, as far as it knows it itself: that of a flag, its class's
-/// tag or label. In a field with a name the object has that name.
+/// The name that `object` itself has in a document: the name of a flag, or the tag or label of its
+/// class. In a field with a name, the object is written under that name instead.
 const char* ElementNameOf(const XMLElement& object);
 
 /// The fields of `object`, absent ones without items, in the order of its rows.
@@ -76,13 +76,13 @@ class Visitor {
   virtual bool Enter(const XMLElement& object, const char* name, const Field* in) = 0;
   /// A field that is present; what is in it follows when it is an object.
   virtual void Begin(const Field& field) = 0;
-  /// The same field is done.
+  /// The field of the last open Begin is done.
   virtual void End(const Field& field) = 0;
-  /// The object is done.
+  /// The object of the last open Enter is done.
   virtual void Leave(const XMLElement& object) = 0;
 };
 
-/// Tells `visitor` of the tree at `root`. It keeps its own stack. False when the tree was cut at
+/// Tells `visitor` of the tree at `root`, without recursion. False when the tree was cut at
 /// kMostDepth objects within each other.
 bool Walk(const XMLElement& root, Visitor& visitor);
 
@@ -104,13 +104,13 @@ std::vector<Schema> Schemas();
 /// The schema `id`; false when there is none.
 bool FindSchema(eXMLSchemaID id, Schema& schema);
 
-/// The types by which objects in a row are written: the child's, those of a list of other children.
+/// The types by which objects in a row are written: that of its child, or those of other children.
 std::vector<const ZtElementType*> ChildTypesOf(const ZtField& row);
-/// The same of all rows of a type, with those that are only read.
+/// The types of objects in all rows of a type, also those that are only read.
 std::vector<const ZtElementType*> ChildTypesOf(const ZtElementType& type);
 
-/// The table that the class of `type` is read by. Some types have further tables, by which one
-/// document writes them in its own way.
+/// The table that the class of `type` is read by. Some types have other tables as well, by which
+/// one document writes them differently.
 const ZtElementType& ReadAs(const ZtElementType& type);
 
 /// The table of values of an enumeration, null for other rows.

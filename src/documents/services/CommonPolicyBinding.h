@@ -1,5 +1,5 @@
-// The rule set of a common policy as data. The services read it alike; each writes it with actions
-// of its own.
+// The rule set of a common policy as data. All services read it alike, but each writes other
+// actions.
 #ifndef ZTXML_SRC_COMMONPOLICYBINDING_H
 #define ZTXML_SRC_COMMONPOLICYBINDING_H
 
@@ -21,14 +21,13 @@ struct CommonPolicyBinding {
 
   // ---- Flags ------------------------------------------------------------------------------------
 
-  // Intended: the writer of a flag is called AddEmptyElementtoXml, with a small "t", also in its
-  // lines, which begin with the marshaller of the service (Communication_diversionMarshaller);
-  // callers and log readers use the name.
+  // Intended: the writer of a flag is called AddEmptyElementtoXml, with a small "t", also in log
+  // lines, which begin with the marshaller of the service; callers and log readers use the name.
   static constexpr ZtFlag kFlagText = {
       "%s::AddEmptyElementtoXml: Received empty present false",
       "%s::AddEmptyElementtoXml: Received empty element is NULL",
-      // Intended: the name of a flag is cut at 98 bytes when it is written: with "/" and NUL it
-      // fits into the 100 bytes that peers were tested with.
+      // Intended: the name of a flag is cut at 98 bytes when it is written, so that with "/" and
+      // NUL it fits into the 100 bytes that peers were tested with.
       98};
   static constexpr ZtExtras kFlagExtras = ZtExtrasOf(kFlagText);
   static constexpr ZtElementType kFlag =
@@ -68,8 +67,9 @@ struct CommonPolicyBinding {
       ZtTypeOf<zt_ns_common_policy_extensibleType>("zt_ns_common_policy_extensibleType",
                                                    "CommonPolicy:ExtensibleType", kTellingFamily)
           .RefusesUnknownAttributes();
-  // Intended: a rule goes on after conditions or actions that cannot be written and are cut short
-  // where they fail, so that callers get a text that is not well formed instead of none.
+  // Intended: conditions and actions that cannot be written are cut short where they fail and the
+  // rest of the rule is written, so that callers get a text that is not well formed instead of
+  // none.
   static constexpr ZtTypeFacts kRuleFacts =
       ZtTypeOf<zt_ns_common_policy_ruleType>("zt_ns_common_policy_ruleType",
                                              "CommonPolicy:RuleType", kFamily)
@@ -83,8 +83,8 @@ struct CommonPolicyBinding {
           .RefusesUnknownAttributes();
 };
 
-// The rules as a service has them: `Service` tells the actions that it knows, kActions, and the
-// line of their writer, kWriter.
+// The rules of one service: `Service` has the actions that it knows (kActions) and the log line of
+// their writer (kWriter).
 template <class Service>
 struct ZtPolicyOf {
   using Policy = CommonPolicyBinding;

@@ -38,7 +38,7 @@ ZtElementCutter::Span* ZtElementCutter::Append() {
   return &m_pSpans[m_iSpans++];
 }
 
-// Tags are what the parser takes for tags: from a '<' to the next '>', whatever stands between.
+// Tags are what the parser takes for tags: all from a '<' to the next '>'.
 bool ZtElementCutter::Find(const char* text, const char* name) {
   const std::size_t size = __strlen(name);
   std::size_t open = 0;  // the innermost open element, counted from 1
@@ -57,7 +57,7 @@ bool ZtElementCutter::Find(const char* text, const char* name) {
       *span = {static_cast<std::size_t>(tag - text), empty ? end : 0, open};
       if (!empty) open = m_iSpans;
     } else if (open) {
-      // What was found inside the element stays inside it.
+      // Elements that were found inside this one are cut out as part of it.
       m_iSpans = open;
       m_pSpans[open - 1].end = end;
       open = m_pSpans[open - 1].outer;
@@ -78,8 +78,8 @@ ZtElementCutter::Result ZtElementCutter::Cut(char* text, const char* name) {
   m_pTexts = static_cast<char*>(__malloc(size));
   if (!m_pTexts) return kNoCopy;
   char* copy = m_pTexts;
-  std::size_t kept = 0;  // bytes of the text that stay, so far
-  std::size_t from = 0;  // where the rest begins
+  std::size_t kept = 0;  // bytes kept of the text so far
+  std::size_t from = 0;  // where the part not yet copied begins
   for (std::size_t i = 0; i < m_iSpans; ++i) {
     const Span& span = m_pSpans[i];
     if (!span.end) continue;

@@ -5,7 +5,7 @@
 #include "XMLSimservsXcap.h"
 #include "binding/ZtDocumentTable.h"
 
-// Booleans of which other texts leave the field as it is.
+// Booleans: a text that is none leaves the field unchanged.
 inline constexpr ZtEnumTable kBoolean = {kBooleanSlots, 2, 2, kZtKeepsValue, false};
 
 inline constexpr char kSimservsNamespace[] = "http://uri.etsi.org/ngn/params/xml/simservs/xcap";

@@ -15,7 +15,7 @@ constexpr ZtChoice kServiceConditions[] = {
 
 int CountOf(const ZtSingleElementList* list) { return list ? list->GetCount() : 0; }
 
-// The text of a list's entry, null when there is no text in it.
+// The entry of a list as a text, null when it is none.
 const zt_string* TextAt(const ZtListNode* node) {
   return zt_string::From(static_cast<XMLElement*>(node->data));
 }
@@ -83,8 +83,8 @@ const ZtElementType zt_ns_common_policy_oneType::kType = {
          .Required("<XML Module>: One element's - Id attribute is mandatory", kZtLogError),
      ztrow::OtherChildren(&zt_ns_common_policy_oneType::m_AnyList)}};
 
-// Intended: only an attribute closes the start tag of a "many", so that it stays open when there is
-// no domain; peers were tested with callers that set one.
+// Intended: the start tag of a "many" is closed by its attribute, so that it stays open without a
+// domain; peers were tested with callers that set one.
 const ZtElementType zt_ns_common_policy_manyType::kType = {
     ZtTypeOf<zt_ns_common_policy_manyType>("zt_ns_common_policy_manyType", "CommonPolicy:ManyType",
                                            Policy::kTellingFamily)
@@ -137,7 +137,7 @@ const ZtElementType zt_ns_common_policy_conditionsType::kType = {
 
 // ---- Rules --------------------------------------------------------------------------------------
 
-// Intended: transformations are written without their content; no peer has asked for any.
+// Intended: transformations are written without their content, because no peer has asked for it.
 const ZtElementType zt_ns_common_policy_extensibleType::kType = {
     Policy::kExtensibleFacts.Writer(XML_STR_TRANSFORMATIONS, "AddTransformationsElementToXml",
                                     XML_STR_CP),

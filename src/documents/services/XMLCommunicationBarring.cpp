@@ -17,8 +17,8 @@ constexpr ZtElementType kEmptyForwardTo = {
         .Writer(XML_STR_FORWARD_TO, nullptr, XML_STR_SS)};
 
 struct Actions {
-  // Intended: the line about the actions of a rule begins with the marshaller's name and lacks the
-  // lead "<XML Module>: "; log readers search for it as it is.
+  // Intended: the log line about the actions of a rule begins with the marshaller's name and lacks
+  // the lead "<XML Module>: "; log readers search for it as it is.
   static constexpr char kWriter[] = "Communication_barringMarshaller: AddActionsElementToXml";
   static constexpr ZtChoice kActions[] = {
       CommonPolicyBinding::kFlags,
@@ -46,8 +46,8 @@ const ZtElementType zt_allow_action_type::kType = {
         .Writer(XML_STR_ALLOW, nullptr, XML_STR_SS),
     {ztrow::OwnText(XML_STR_ALLOW, &zt_allow_action_type::m_Allow, kTrueOrElseFalse)}};
 
-// Intended: incoming barring takes any "active" but "true" for false, outgoing barring leaves the
-// value as it was; peers know the two services so.
+// Intended: incoming barring reads any "active" but "true" as false, outgoing barring leaves its
+// value unchanged unless the text is "true" or "false"; peers know the two services so.
 const ZtElementType zt_incoming_communication_barring::kType = {
     ZtTypeOf<zt_incoming_communication_barring>(
         "incoming-communication-barring",
@@ -63,9 +63,9 @@ const ZtElementType zt_incoming_communication_barring::kType = {
 const ZtElementType zt_outgoing_communication_barring::kType = {
     ZtTypeOf<zt_outgoing_communication_barring>("outgoing-communication-barring",
                                                 "OutgoingCommunicationBarring", kFamily)
-        // Intended: log readers know the writer of outgoing barring as
-        // "Addoutgoing_communication_barringElementToXml", with a small "o" that its operation does
-        // not have.
+        // Intended: log lines call the writer of outgoing barring
+        // "Addoutgoing_communication_barringElementToXml", with a small "o", unlike its operation;
+        // log readers search for that.
         .Writer(XML_STR_OUTGOING_COMMUNICATION_BARRING,
                 "Addoutgoing_communication_barringElementToXml", XML_STR_SS)
         .Root(),
@@ -106,8 +106,8 @@ const ZtDocument CommunicationBarringContext::kDocument = {
                  CommunicationBarringDataBinder>(kSource)
         .Schema(XML_SCHEMA_COMMUNICATION_BARRING, "CommunicationBarring", kSimservsNamespace,
                 "incoming-communication-barring", "outgoing-communication-barring")
-        // Intended: the line about a lack of memory names the decoder of communication diversion
-        // instead of its own; log readers search for it as it is.
+        // Intended: the log line about a lack of memory in this decoder names that of communication
+        // diversion; log readers search for it as it is.
         .Decodes("XMLCommunicationBarringDecoder", "src/CommunicationBarring",
                  ZtPrefixRule::kRewrite)
         .NoMemory(
@@ -116,9 +116,9 @@ const ZtDocument CommunicationBarringContext::kDocument = {
         .Reads("CommunicationBarringUnMarshaller")
         .Writes("Communication_barringMarshaller", "mCbXml")
         .AsFragment(),
-    // Intended: when a service cannot be written, its line names
-    // Incoming_communication_barringMarshaller or outgoing_communication_barringMarshaller, none of
-    // which is a class; log readers search for these names.
+    // Intended: the log line about a service that cannot be written names
+    // Incoming_communication_barringMarshaller or outgoing_communication_barringMarshaller, which
+    // are no classes; log readers search for these names.
     {{XML_STR_INCOMING_COMMUNICATION_BARRING, &zt_incoming_communication_barring::kType,
       "Incoming_communication_barringMarshaller"},
      {XML_STR_OUTGOING_COMMUNICATION_BARRING, &zt_outgoing_communication_barring::kType,

@@ -7,8 +7,8 @@ namespace {
 constexpr char kSource[] = "src/XMLCommunicationDiversion";
 constexpr ZtFamily kFamily = ZtQuietFamily(kSource);
 
-// Intended: texts of the "reveal" elements are known by their beginnings, so that "true-ish" is
-// "true"; servers append to them.
+// Intended: a "reveal" text that only begins with a value is read as that value ("true-ish" as
+// "true"), because servers append to values.
 constexpr ZtEnumSlot kRevealSlots[] = {"false", "not-reveal-GRUU", "true"};
 constexpr ZtEnumTable kReveal = {kRevealSlots, 3, 3, ZT_REVEAL_UNSET, true};
 
@@ -28,7 +28,7 @@ constexpr const ZtPolicyTypes& kPolicy = ZtPolicyOf<Actions>::kTypes;
 // ---- Types --------------------------------------------------------------------------------------
 
 // Intended: a timer that was read without a number in its range is written as 0, which its setter
-// does not take; callers replace such a timer.
+// refuses; callers replace such a timer.
 const ZtElementType zt_NoReplyTimer::kType = {
     ZtTypeOf<zt_NoReplyTimer>("zt_NoReplyTimer", "NoReplyTimer", kFamily)
         .Writer(XML_STR_NO_REPLY_TIMER, "AddNoReplyTimerElementToXml", XML_STR_SS),
@@ -80,8 +80,8 @@ int zt_NoReplyTimer::setNoReplyTimerValue(unsigned int seconds) {
 
 Communication_diversionMarshaller::Communication_diversionMarshaller()
     : ZtDescribedBy(CommunicationDiversionContext::kDocument) {}
-// Intended: AddNoReplyTimerElementToXml answers 1 for a null timer, of which it writes nothing; the
-// steps of all other elements answer 0. Callers write a service without a timer so.
+// Intended: AddNoReplyTimerElementToXml writes nothing for a null timer and answers 1, where other
+// steps answer 0 for null; callers write a service without a timer so.
 int Communication_diversionMarshaller::AddNoReplyTimerElementToXml(zt_NoReplyTimer* timer) {
   return Write(timer, zt_NoReplyTimer::kType) || !timer;
 }

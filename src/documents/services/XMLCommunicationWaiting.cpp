@@ -21,8 +21,8 @@ const ZtDocument CommunicationWaitingContext::kDocument = {
                  CommunicationWaitingDataBinder>(kSource)
         .Schema(XML_SCHEMA_COMMUNICATION_WAITING, "CommunicationWaiting", kSimservsNamespace,
                 "communication-waiting")
-        // Intended: the line about a lack of memory names the decoder of communication diversion
-        // instead of its own; log readers search for it as it is.
+        // Intended: the log line about a lack of memory in this decoder names that of communication
+        // diversion; log readers search for it as it is.
         .Decodes("XMLCommunicationWaitingDecoder", "src/CommunicationWaiting",
                  ZtPrefixRule::kRewrite)
         .NoMemory(

@@ -16,9 +16,9 @@ namespace {
 constexpr char kSource[] = "src/XMLSimservs";
 constexpr ZtFamily kFamily = ZtQuietFamily(kSource);
 
-// Intended: the namespace of the services is declared twice, as the default one and as "ss": the
-// root is written without a prefix and its services with "ss", whatever the document had, and peers
-// compare the text.
+// Intended: the namespace of the services is declared twice, as default and as "ss": the root is
+// written without a prefix and its services with "ss", whatever the document that was read had;
+// peers compare the text.
 constexpr ZtExtras kNamespaces = {
     {{XML_STR_HTTP_URI_ETSI_ORG_NGN_PARAMS_XML_SIMSERVS_XCAP, XML_STR_ZT_NULL},
      {XML_STR_HTTP_URI_ETSI_ORG_NGN_PARAMS_XML_SIMSERVS_XCAP, XML_STR_SS},
@@ -28,9 +28,9 @@ constexpr ZtExtras kNamespaces = {
 // ---- Services -----------------------------------------------------------------------------------
 
 // A service, in the order in which they are cut out and read. Intended: the ClassName of a
-// service's root type is its element's name ("communication-diversion") where other types have the
+// service's root type is its element's name ("communication-diversion"), where other types give the
 // name of their C++ class; callers tell services apart by it. Intended: log lines call one service
-// by several names, such as "pOIP", "poip" and "OIP"; log readers search for each.
+// by several names, such as "pOIP", "poip" and "OIP"; log readers search for all of them.
 struct Service {
   e_XmlStrRef element;
   const ZtDocument* document;
@@ -76,16 +76,16 @@ class Contexts {
   Contexts(const Contexts&) = delete;
   Contexts& operator=(const Contexts&) = delete;
 
-  // False without memory; `root` is null, too, when the service cannot be read.
+  // False when out of memory. `root` is null also when the service cannot be read.
   bool Read(const Service& service, const char* text, XMLElement*& root) {
     XMLContext* context = Get(service);
     XMLUnMarshaller* worker = context ? context->unMarshaller() : nullptr;
     if (context && !worker) worker = context->createUnMarshaller();
     root = worker ? worker->UnMarshall(text) : nullptr;
-    // The text is part of one that has been parsed: what fails now is not the text's fault.
+    // The text is part of a document that was parsed, so only memory can be lacking.
     return root || (worker && static_cast<ZtUnMarshaller*>(worker)->Parse(text, root));
   }
-  // False without memory; `text` is null, too, when the service cannot be written.
+  // False when out of memory. `text` is null also when the service cannot be written.
   bool Write(const Service& service, XMLElement* root, const char*& text) {
     XMLContext* context = Get(service);
     XMLMarshaller* worker = context ? context->marshaller() : nullptr;
@@ -95,7 +95,7 @@ class Contexts {
   }
 
  private:
-  // Two services may be of one document, and share its context.
+  // Two services may belong to one schema (the barrings do) and then share its context.
   XMLContext* Get(const Service& service) {
     const Service* first = kServices;
     while (first->document != service.document) ++first;
@@ -111,7 +111,7 @@ class Contexts {
 };
 
 // Sets `few` to the namespaces of the services as `bindings` has them, for texts of at most `size`
-// bytes: a longer prefix cannot occur in them. False without memory.
+// bytes: a longer prefix cannot occur in them. False when out of memory.
 bool PickNamespaces(const ZtNamespaceBindings& bindings, std::size_t size,
                     zt_schema_namespace_retrieval& few) {
   ZtSingleElementList* list = zt_xml_common_methods::CreateElementList();
@@ -127,9 +127,8 @@ bool PickNamespaces(const ZtNamespaceBindings& bindings, std::size_t size,
   return list != nullptr;
 }
 
-// The namespaces of a document as its services are to see them. The declarations are gone through
-// once, not again for each service, and a service costs nothing for prefixes that are longer than
-// itself.
+// The namespaces of a document, prepared for its services: the declarations are read once, not
+// again for each service, and prefixes longer than a service cost it nothing.
 class ServiceNamespaces {
  public:
   explicit ServiceNamespaces(zt_schema_namespace_retrieval* declarations)
@@ -141,7 +140,7 @@ class ServiceNamespaces {
     }
   }
 
-  // False without memory.
+  // False when out of memory.
   bool For(const char* service) {
     if (!m_bBound || !m_bComplete) return m_bComplete;
     const std::size_t size = m_iLongest <= kShortPrefix ? kShortPrefix : __strlen(service);
@@ -162,7 +161,7 @@ class ServiceNamespaces {
   bool m_bComplete;
 };
 
-// A text that grows; null before the first piece.
+// A text that pieces are appended to; null before the first.
 class GrowingText {
  public:
   GrowingText() = default;
@@ -210,8 +209,8 @@ const ZtElementType zt_Simservs::kType = {ZtTypeOf<zt_Simservs>("zt_Simservs", "
 
 // ---- Writing ------------------------------------------------------------------------------------
 
-// A service that cannot be written is left out. One for which there is no memory would be deleted
-// at the server that such a document is put to: there is none then.
+// A service that cannot be written is left out. When memory is lacking for one, there is no
+// document: a server that got it without the service would delete the service.
 char* SimservsMarshaller::Complete(XMLElement* root, char* text) {
   GrowingText services;
   bool whole = Append(services, "");
@@ -246,8 +245,8 @@ char* SimservsMarshaller::InsertString(char* envelope, const char* services) {
     ZtLog(kZtLogState, kSource)("SimservsMarshaller :: InsertString mSimservsXml or pString NULL ");
     return envelope;
   }
-  // Intended: InsertString puts the services before the first "</" of the envelope, whatever ends
-  // there; callers that bring an envelope of their own have an empty root in it.
+  // Intended: InsertString puts the services before the first "</" of the envelope, whichever
+  // element ends there; callers with an envelope of their own give it an empty root.
   const char* end = __strstr(envelope, "</");
   if (!end) return envelope;
   const auto head = static_cast<std::size_t>(end - envelope);
@@ -321,8 +320,8 @@ bool Cut(const Service& service, char* text, ZtElementCutter& cutter) {
   }
 }
 
-// Reads the services that were cut out into `root`; false when one is missing for want of memory.
-// Intended: a service that cannot be read is dropped, and callers get the others.
+// Reads the services that were cut out into `root`; false when memory is lacking for one. Intended:
+// a service that cannot be read is dropped, so that callers get the others.
 bool ReadServices(const Service& service, const ZtElementCutter& cutter,
                   ServiceNamespaces& namespaces, Contexts& contexts, zt_Simservs& root) {
   const char* text = cutter.Texts();
@@ -387,7 +386,7 @@ const ZtDocument SimservsContext::kDocument = {
         .Schema(XML_SCHEMA_SIMSERVS, "Simservs", kSimservsNamespace, "simservs")
         .Decodes("XMLSimservsDecoder", "src/Simservs", ZtPrefixRule::kRewrite)
         .Reads("SimservsUnMarshaller")
-        // Intended: log readers know the text of this marshaller as "SimservsXml", without the "m"
-        // that begins the names of others.
+        // Intended: log lines call the text of this marshaller "SimservsXml", without the "m" at
+        // the beginning that other such names have; log readers search for that.
         .Writes("SimservsMarshaller", "SimservsXml"),
     {{XML_STR_SIMSERVS, &zt_Simservs::kType}}};
