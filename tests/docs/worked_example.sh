@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Follows the worked example of CONTRIBUTING.md in a copy of the tree: takes the files and changes
-# from the page, builds them, writes the golden files and runs their tests.
+# from the page, counts what they add to the library and the steps that they take, builds them, writes
+# the golden files and runs their tests.
 # Usage: worked_example.sh   (about a minute on two cores)
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/../.."
@@ -10,11 +11,13 @@ rm -rf "$copy"
 mkdir -p "$copy"
 git -c safe.directory='*' ls-files -z --cached --others --exclude-standard |
   xargs -0 cp --parents -t "$copy"
-mkdir "$copy/tests/golden/documents/Watcherinfo"
+mkdir "$copy/tests/golden/documents/DialogInfo"
 
-awk -v copy="$copy" '
+# What a document of seven types and four enumerations may cost.
+awk -v copy="$copy" -v blocks=11 -v steps=8 -v lines=310 '
   # The comment before a block says what becomes of it.
   /^<!-- (file|append): [^ ]+ -->$/ { what = $2; file = copy "/" $3; next }
+  /^### [0-9]+\. / && $2 != ++step "." { Fail("step " step " is called " $2) }
   /^<!-- insert: [^ ]+ after: .* -->$/ {
     what = $2
     file = copy "/" $3
@@ -37,17 +40,27 @@ awk -v copy="$copy" '
         if (line == where) { text = text block; ++found }
       }
       close(file)
-      if (found != 1) { print "CONTRIBUTING.md: not one line \"" where "\" in " file >"/dev/stderr"; exit 1 }
+      if (found != 1) Fail("not one line \"" where "\" in " file)
       printf "%s", text >file
     }
     close(file)
-    ++blocks
+    ++taken
     inside = 0
     what = ""
     next
   }
-  inside { block = block $0 "\n" }
-  END { if (blocks != 11) { print "CONTRIBUTING.md: " blocks " blocks, not 11" >"/dev/stderr"; exit 1 } }
+  inside {
+    block = block $0 "\n"
+    if (index(file, copy "/src/") == 1 || index(file, copy "/include/") == 1) ++added
+  }
+  END {
+    if (failed) exit 1
+    print "CONTRIBUTING.md: " step " steps, " added " lines in src/ and include/"
+    if (taken != blocks) Fail(taken + 0 " blocks, not " blocks)
+    if (step > steps) Fail("more than " steps " steps")
+    if (added > lines) Fail("more than " lines " lines in src/ and include/")
+  }
+  function Fail(text) { print "CONTRIBUTING.md: " text >"/dev/stderr"; failed = 1; exit 1 }
 ' CONTRIBUTING.md
 
 cmake -S "$copy" -B "$copy/build" -G Ninja -DCMAKE_BUILD_TYPE=Debug -DCMAKE_CXX_FLAGS_DEBUG=-O0 \
@@ -62,11 +75,11 @@ cmake --build "$copy/build" --target ztxml_static ztplatform_host_static "${obje
 (cd "$copy/build" && g++ -o golden_tests "${objects[@]}" libztxml.a libztplatform_host.a -lgtest -lpthread)
 ZTXML_GOLDEN_UPDATE=1 "$copy/build/golden_tests" --gtest_brief=1
 "$copy/build/golden_tests" --gtest_brief=1
-for file in documents/Watcherinfo/{full,cases,variants} samples/watcherinfo.xml-Watcherinfo \
-  accessors/Watcherinfo classes/XMLWatcherinfo; do
+for file in documents/DialogInfo/{full,cases,variants} samples/dialog-info.xml-DialogInfo \
+  accessors/DialogInfo classes/XMLDialogInfo; do
   [[ -s "$copy/tests/golden/$file.txt" ]] || { echo "no golden file $file.txt" >&2; exit 1; }
 done
 # A new document changes nothing that other documents are read or written as.
 for folder in documents samples accessors; do
-  diff -r --exclude='*atcherinfo*' {,"$copy/"}tests/golden/$folder
+  diff -r --exclude='*DialogInfo*' {,"$copy/"}tests/golden/$folder
 done
