@@ -1,2 +1,1 @@
-// XMLBootstrappingInfoDecoder, which is declared with its document.
-#include "XMLBootstrappingInfo.h"
+#include "XMLBootstrappingInfo.h"  // declares XMLBootstrappingInfoDecoder

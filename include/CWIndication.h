@@ -1,2 +1,1 @@
-// XMLCWIndicationDecoder, which is declared with its document.
-#include "XMLCWIndication.h"
+#include "XMLCWIndication.h"  // declares XMLCWIndicationDecoder

@@ -1,2 +1,1 @@
-// XMLCallWaitingIndicationDecoder, which is declared with its document.
-#include "XMLCallWaitingIndication.h"
+#include "XMLCallWaitingIndication.h"  // declares XMLCallWaitingIndicationDecoder

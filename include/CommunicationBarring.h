@@ -1,2 +1,1 @@
-// XMLCommunicationBarringDecoder, which is declared with its document.
-#include "XMLCommunicationBarring.h"
+#include "XMLCommunicationBarring.h"  // declares XMLCommunicationBarringDecoder

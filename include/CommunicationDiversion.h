@@ -1,2 +1,1 @@
-// XMLCommunicationDiversionDecoder, which is declared with its document.
-#include "XMLCommunicationDiversion.h"
+#include "XMLCommunicationDiversion.h"  // declares XMLCommunicationDiversionDecoder

@@ -1,2 +1,1 @@
-// XMLCommunicationWaitingDecoder, which is declared with its document.
-#include "XMLCommunicationWaiting.h"
+#include "XMLCommunicationWaiting.h"  // declares XMLCommunicationWaitingDecoder

@@ -1,2 +1,1 @@
-// XMLConferenceInfoDecoder, which is declared with its document.
-#include "XMLConferenceInfo.h"
+#include "XMLConferenceInfo.h"  // declares XMLConferenceInfoDecoder

@@ -1,2 +1,1 @@
-// XMLFileDecoder, which is declared with its document.
-#include "XMLFt.h"
+#include "XMLFt.h"  // declares XMLFileDecoder

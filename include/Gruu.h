@@ -1,2 +1,1 @@
-// XMLGruuDecoder, which is declared with its document.
-#include "XMLGruu.h"
+#include "XMLGruu.h"  // declares XMLGruuDecoder

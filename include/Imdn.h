@@ -1,2 +1,1 @@
-// XMLImdnDecoder, which is declared with its document.
-#include "XMLImdn.h"
+#include "XMLImdn.h"  // declares XMLImdnDecoder

@@ -1,2 +1,1 @@
-// XMLIsComposingDecoder, which is declared with its document.
-#include "XMLIsComposing.h"
+#include "XMLIsComposing.h"  // declares XMLIsComposingDecoder

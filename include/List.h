@@ -1,2 +1,1 @@
-// XMLListDecoder, which is declared with its document.
-#include "XMLRlmi.h"
+#include "XMLRlmi.h"  // declares XMLListDecoder

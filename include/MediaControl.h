@@ -1,2 +1,1 @@
-// XMLMediaControlDecoder, which is declared with its document.
-#include "XMLMediaControl.h"
+#include "XMLMediaControl.h"  // declares XMLMediaControlDecoder

@@ -1,2 +1,1 @@
-// XMLOIPDecoder, which is declared with its document.
-#include "XMLOIP.h"
+#include "XMLOIP.h"  // declares XMLOIPDecoder

@@ -1,2 +1,1 @@
-// XMLPresenceDecoder, which is declared with its document.
-#include "XMLPresence.h"
+#include "XMLPresence.h"  // declares XMLPresenceDecoder

@@ -1,2 +1,1 @@
-// XMLRcsTermsInfoDecoder, which is declared with its document.
-#include "XMLRcsTermsInfo.h"
+#include "XMLRcsTermsInfo.h"  // declares XMLRcsTermsInfoDecoder

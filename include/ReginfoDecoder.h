@@ -1,2 +1,1 @@
-// XMLReginfoDecoder, which is declared with its document.
-#include "XMLReginfo.h"
+#include "XMLReginfo.h"  // declares XMLReginfoDecoder

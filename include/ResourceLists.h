@@ -1,2 +1,1 @@
-// XMLResourceListsDecoder, which is declared with its document.
-#include "XMLResourceList.h"
+#include "XMLResourceList.h"  // declares XMLResourceListsDecoder

@@ -1,2 +1,1 @@
-// XMLRlsServicesDecoder, which is declared with its document.
-#include "XMLRlsServices.h"
+#include "XMLRlsServices.h"  // declares XMLRlsServicesDecoder

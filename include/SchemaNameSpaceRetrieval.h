@@ -1,2 +1,1 @@
-// XMLSchemaNamespaceRetrievalDecoder, which is declared with its document.
-#include "XMLSchemaNameSpaceRetrieval.h"
+#include "XMLSchemaNameSpaceRetrieval.h"  // declares XMLSchemaNamespaceRetrievalDecoder

@@ -1,2 +1,1 @@
-// XMLSimservsDecoder, which is declared with its document.
-#include "XMLSimservs.h"
+#include "XMLSimservs.h"  // declares XMLSimservsDecoder

@@ -1,2 +1,1 @@
-// XMLTIPDecoder, which is declared with its document.
-#include "XMLTIP.h"
+#include "XMLTIP.h"  // declares XMLTIPDecoder

@@ -1,2 +1,1 @@
-// XMLVolteConfigInfoDecoder, which is declared with its document.
-#include "XMLVolteConfigInfo.h"
+#include "XMLVolteConfigInfo.h"  // declares XMLVolteConfigInfoDecoder

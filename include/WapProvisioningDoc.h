@@ -1,2 +1,1 @@
-// XMLWapProvisioningDocDecoder, which is declared with its document.
-#include "XMLWapProvisioningDoc.h"
+#include "XMLWapProvisioningDoc.h"  // declares XMLWapProvisioningDocDecoder

@@ -13,11 +13,9 @@
 class zt_bootstrappinginfo : public ZtTyped<zt_bootstrappinginfo, ZtObject> {
  public:
   ZT_API static const ZtElementType kType;
-
   /// The bootstrapping transaction identifier.
   int setBtidValue(const char* text) { return m_Btid.Assign(text); }
   const char* getBtidValue() const { return m_Btid.Get(); }
-
   /// The date and time up to which the identifier is valid.
   int setLifetimeValue(const char* text) { return m_Lifetime.Assign(text); }
   const char* getLifetimeValue() const { return m_Lifetime.Get(); }
@@ -49,11 +47,9 @@ class BootstrappingInfoMarshaller : public ZtDescribedBy<BootstrappingInfoContex
 
 /// Reads a "BootstrappingInfo" document, with any prefixes.
 class XMLBootstrappingInfoDecoder : public ZtDecoderOf<BootstrappingInfoContext> {};
-
 /// Reads a zt_bootstrappinginfo.
 class ZT_API BootstrappingInfoUnMarshaller
     : public ZtDescribedBy<BootstrappingInfoContext, ZtUnMarshaller> {};
-
 /// The context of this document, XML_SCHEMA_BOOTSTRAPPING_INFO.
 class ZT_API BootstrappingInfoContext : public ZtDescribedBy<BootstrappingInfoContext, ZtContext> {
  public:

@@ -13,16 +13,13 @@
 class zt_alternative_service : public ZtTyped<zt_alternative_service> {
  public:
   ZT_API static const ZtElementType kType;
-
   /// The kind of service, e.g. "restoration". Here and below only text is kept: where a document
   /// has an element instead ("<emergency/>"), the value is empty.
   int setTypeValue(const char* text) { return m_Type.Assign(text); }
   const char* getTypeValue() const { return m_Type.Get(); }
-
   /// Why the service is indicated.
   int setReasonValue(const char* text) { return m_Reason.Assign(text); }
   const char* getReasonValue() const { return m_Reason.Get(); }
-
   /// What the device is to do.
   int setActionValue(const char* text) { return m_Action.Assign(text); }
   const char* getActionValue() const { return m_Action.Get(); }
@@ -37,17 +34,14 @@ class zt_alternative_service : public ZtTyped<zt_alternative_service> {
 class zt_ims_3gpp : public ZtTyped<zt_ims_3gpp, ZtObject> {
  public:
   ZT_API static const ZtElementType kType;
-
   /// The attribute "version"; 0 when absent.
   int setVersionValue(unsigned int value) { return m_Version.Set(value); }
   unsigned int getVersionValue() const { return m_Version; }
-
   /// The service.
   int setAlternativeServiceValue(zt_alternative_service* element) {
     return m_AlternativeService.Set(element);
   }
   zt_alternative_service* getAlternativeServiceValue() const { return m_AlternativeService; }
-
   /// Further information about the service.
   int setServiceInfoValue(const char* text) { return m_ServiceInfo.Assign(text); }
   const char* getServiceInfoValue() const { return m_ServiceInfo.Get(); }
@@ -76,7 +70,6 @@ class CWIndicationMarshaller : public ZtDescribedBy<CWIndicationContext, ZtMarsh
 
 /// Reads an "ims-3gpp" document, with any prefixes.
 class XMLCWIndicationDecoder : public ZtDecoderOf<CWIndicationContext> {};
-
 /// Reads a zt_ims_3gpp.
 class ZT_API CWIndicationUnMarshaller : public ZtDescribedBy<CWIndicationContext, ZtUnMarshaller> {
 };

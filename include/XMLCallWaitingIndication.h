@@ -13,7 +13,6 @@
 class zt_ns_call_waiting_indication_action : public ZtTyped<zt_ns_call_waiting_indication_action> {
  public:
   ZT_API static const ZtElementType kType;
-
   /// The flag "call-waiting-indication"; null for none. A flag must be present to be written.
   int setCallWaitingIndicationValue(zt_empty_element_type* element) {
     return m_CallWaitingIndication.Set(element);
@@ -29,7 +28,6 @@ class zt_ns_call_waiting_indication_alternative_service
     : public ZtTyped<zt_ns_call_waiting_indication_alternative_service> {
  public:
   ZT_API static const ZtElementType kType;
-
   /// What the device is to do.
   int setActionValue(zt_ns_call_waiting_indication_action* element) {
     return m_Action.Set(element);
@@ -44,11 +42,9 @@ class zt_ns_call_waiting_indication_alternative_service
 class zt_3gpp_ims : public ZtTyped<zt_3gpp_ims, ZtObject> {
  public:
   ZT_API static const ZtElementType kType;
-
   /// The attribute "version"; 0 when absent.
   int setVersionValue(unsigned int value) { return m_Version.Set(value); }
   unsigned int getVersionValue() const { return m_Version; }
-
   /// The service.
   int setAlternativeServiceValue(zt_ns_call_waiting_indication_alternative_service* element) {
     return m_AlternativeService.Set(element);
@@ -91,11 +87,9 @@ class ZT_API CallWaitingIndicationMarshaller
 
 /// Reads a "3gpp-ims" document, with any prefixes.
 class XMLCallWaitingIndicationDecoder : public ZtDecoderOf<CallWaitingIndicationContext> {};
-
 /// Reads a zt_3gpp_ims.
 class ZT_API CallWaitingIndicationUnMarshaller
     : public ZtDescribedBy<CallWaitingIndicationContext, ZtUnMarshaller> {};
-
 /// The context of this document, XML_SCHEMA_CALL_WAITING_INDICATION.
 class ZT_API CallWaitingIndicationContext
     : public ZtDescribedBy<CallWaitingIndicationContext, ZtContext> {

@@ -16,7 +16,6 @@ enum zt_caps_boolean_enum : unsigned {
 class zt_ns_caps_duplextypes : public ZtTyped<zt_ns_caps_duplextypes, ZtKeepsElements<>> {
  public:
   ZT_API static const ZtElementType kType;
-
   /// Any text makes the mode present and is written, unescaped, as its content; null makes it
   /// absent.
   int setFullValue(const char* full) { return m_Full.Assign(full); }
@@ -39,7 +38,6 @@ class zt_ns_caps_duplextypes : public ZtTyped<zt_ns_caps_duplextypes, ZtKeepsEle
 class zt_ns_caps_duplextype : public ZtTyped<zt_ns_caps_duplextype, ZtKeepsElements<>> {
  public:
   ZT_API static const ZtElementType kType;
-
   /// The modes that the service supports (taken); null for none.
   int setSupportedValue(zt_ns_caps_duplextypes* modes) { return m_Supported.Set(modes); }
   zt_ns_caps_duplextypes* getSupportedValue() const { return m_Supported; }
@@ -56,7 +54,6 @@ class zt_ns_caps_duplextype : public ZtTyped<zt_ns_caps_duplextype, ZtKeepsEleme
 class zt_ns_caps_servcaps : public ZtTyped<zt_ns_caps_servcaps, ZtKeepsElements<>> {
  public:
   ZT_API static const ZtElementType kType;
-
   /// Whether the service sends or receives audio.
   int setAudioValue(zt_caps_boolean_enum audio) { return m_Audio.Set(audio); }
   zt_caps_boolean_enum getAudioValue() const { return m_Audio; }

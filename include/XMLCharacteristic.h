@@ -12,7 +12,6 @@
 class zt_parm : public ZtTyped<zt_parm> {
  public:
   ZT_API static const ZtElementType kType;
-
   /// The attribute "name".
   int setParmName(const char* name) { return m_Name.Assign(name); }
   const char* getParmName() const { return m_Name.Get(); }
@@ -29,7 +28,6 @@ class zt_parm : public ZtTyped<zt_parm> {
 class zt_characteristic : public ZtTyped<zt_characteristic> {
  public:
   ZT_API static const ZtElementType kType;
-
   /// The attribute "type", the group's name.
   int setType(const char* type) { return m_Type.Assign(type); }
   const char* getType() const { return m_Type.Get(); }

@@ -20,12 +20,10 @@ class ZT_API zt_xml_common_array_definition : public ZtNonCopyable {
  public:
   /// Returns the shared instance and makes it when there is none; null when out of memory.
   static zt_xml_common_array_definition* CreateArrayInstance();
-
   /// Deletes the shared instance if there is one. Intended: references to the instance of the name
   /// table are not counted, so that the first marshaller that is deleted deletes it for all others;
   /// callers notice nothing, because getStringName needs no instance.
   static void ReleaseArrayInstance();
-
   /// The text of row `id` (borrowed, static). No bounds check: pass enumerators only.
   static char* getStringName(e_XmlStrRef id);
 

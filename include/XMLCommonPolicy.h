@@ -15,11 +15,9 @@
 class zt_ns_common_policy_exceptType : public ZtTyped<zt_ns_common_policy_exceptType> {
  public:
   ZT_API static const ZtElementType kType;
-
   /// The attribute "domain".
   int setDomainValue(const char* text) { return m_Domain.Assign(text); }
   const char* getDomainValue() const { return m_Domain.Get(); }
-
   /// The attribute "id", a URI.
   int setIdValue(const char* text) { return m_Id.Assign(text); }
   const char* getIdValue() const { return m_Id.Get(); }
@@ -33,11 +31,9 @@ class zt_ns_common_policy_exceptType : public ZtTyped<zt_ns_common_policy_except
 class zt_ns_common_policy_oneType : public ZtTyped<zt_ns_common_policy_oneType> {
  public:
   ZT_API static const ZtElementType kType;
-
   /// The attribute "id", a URI; the element cannot be written without it.
   int setIdValue(const char* text) { return m_Id.Assign(text); }
   const char* getIdValue() const { return m_Id.Get(); }
-
   /// Other elements, which are never written.
   int setAnyListValue(ZtSingleElementList* list) { return m_AnyList.Set(list); }
   ZtListOf<XMLElement>* getAnyListValue() const { return m_AnyList; }
@@ -52,16 +48,13 @@ class zt_ns_common_policy_oneType : public ZtTyped<zt_ns_common_policy_oneType> 
 class zt_ns_common_policy_manyType : public ZtTyped<zt_ns_common_policy_manyType> {
  public:
   ZT_API static const ZtElementType kType;
-
   /// The attribute "domain". Always set it: without it the start tag stays open in the output.
   int setDomainValue(const char* text) { return m_Domain.Assign(text); }
   const char* getDomainValue() const { return m_Domain.Get(); }
-
   /// Who is excluded, a list of zt_ns_common_policy_exceptType.
   int setExceptListValue(ZtSingleElementList* list) { return m_ExceptList.Set(list); }
   ZtListOf<zt_ns_common_policy_exceptType>* getExceptListValue() const { return m_ExceptList; }
   int addExcept(zt_ns_common_policy_exceptType* element) { return m_ExceptList.Add(element); }
-
   /// Other elements, which are never written.
   int setAnyListValue(ZtSingleElementList* list) { return m_AnyList.Set(list); }
   ZtListOf<XMLElement>* getAnyListValue() const { return m_AnyList; }
@@ -77,17 +70,14 @@ class zt_ns_common_policy_manyType : public ZtTyped<zt_ns_common_policy_manyType
 class zt_ns_common_policy_identityType : public ZtTyped<zt_ns_common_policy_identityType> {
  public:
   ZT_API static const ZtElementType kType;
-
   /// A list of zt_ns_common_policy_oneType.
   int setOneListValue(ZtSingleElementList* list) { return m_OneList.Set(list); }
   ZtListOf<zt_ns_common_policy_oneType>* getOneListValue() const { return m_OneList; }
   int addOne(zt_ns_common_policy_oneType* element) { return m_OneList.Add(element); }
-
   /// A list of zt_ns_common_policy_manyType.
   int setManyListValue(ZtSingleElementList* list) { return m_ManyList.Set(list); }
   ZtListOf<zt_ns_common_policy_manyType>* getManyListValue() const { return m_ManyList; }
   int addMany(zt_ns_common_policy_manyType* element) { return m_ManyList.Add(element); }
-
   /// Other elements, which are never written.
   int setAnyListValue(ZtSingleElementList* list) { return m_AnyList.Set(list); }
   ZtListOf<XMLElement>* getAnyListValue() const { return m_AnyList; }
@@ -103,7 +93,6 @@ class zt_ns_common_policy_identityType : public ZtTyped<zt_ns_common_policy_iden
 class zt_ns_common_policy_sphereType : public ZtTyped<zt_ns_common_policy_sphereType> {
  public:
   ZT_API static const ZtElementType kType;
-
   /// The attribute "value"; the element cannot be written without it.
   int setValueValue(const char* text) { return m_Value.Assign(text); }
   const char* getValueValue() const { return m_Value.Get(); }
@@ -117,12 +106,10 @@ class zt_ns_common_policy_sphereType : public ZtTyped<zt_ns_common_policy_sphere
 class zt_ns_common_policy_validityType : public ZtTyped<zt_ns_common_policy_validityType> {
  public:
   ZT_API static const ZtElementType kType;
-
   /// The starts, a list of zt_string with dates and times as in RFC 3339.
   int setFromListValue(ZtSingleElementList* list) { return m_FromList.Set(list); }
   ZtListOf<zt_string>* getFromListValue() const { return m_FromList; }
   int addFrom(zt_string* element) { return m_FromList.Add(element); }
-
   /// The ends: a list like that of the starts.
   int setUntilListValue(ZtSingleElementList* list) { return m_UntilList.Set(list); }
   ZtListOf<zt_string>* getUntilListValue() const { return m_UntilList; }
@@ -137,26 +124,22 @@ class zt_ns_common_policy_validityType : public ZtTyped<zt_ns_common_policy_vali
 class zt_ns_common_policy_conditionsType : public ZtTyped<zt_ns_common_policy_conditionsType> {
  public:
   ZT_API static const ZtElementType kType;
-
   /// A list of zt_ns_common_policy_identityType.
   int setIdentityListValue(ZtSingleElementList* list) { return m_IdentityList.Set(list); }
   ZtListOf<zt_ns_common_policy_identityType>* getIdentityListValue() const {
     return m_IdentityList;
   }
   int addIdentity(zt_ns_common_policy_identityType* element) { return m_IdentityList.Add(element); }
-
   /// A list of zt_ns_common_policy_sphereType.
   int setSphereListValue(ZtSingleElementList* list) { return m_SphereList.Set(list); }
   ZtListOf<zt_ns_common_policy_sphereType>* getSphereListValue() const { return m_SphereList; }
   int addSphere(zt_ns_common_policy_sphereType* element) { return m_SphereList.Add(element); }
-
   /// A list of zt_ns_common_policy_validityType.
   int setValidityListValue(ZtSingleElementList* list) { return m_ValidityList.Set(list); }
   ZtListOf<zt_ns_common_policy_validityType>* getValidityListValue() const {
     return m_ValidityList;
   }
   int addValidity(zt_ns_common_policy_validityType* element) { return m_ValidityList.Add(element); }
-
   /// The conditions of the service: flags (zt_empty_element_type, e.g. "busy") and
   /// zt_ns_xcap_media_type are written, others not.
   int setAnyListValue(ZtSingleElementList* list) { return m_AnyList.Set(list); }
@@ -174,7 +157,6 @@ class zt_ns_common_policy_conditionsType : public ZtTyped<zt_ns_common_policy_co
 class zt_ns_common_policy_extensibleType : public ZtTyped<zt_ns_common_policy_extensibleType> {
  public:
   ZT_API static const ZtElementType kType;
-
   /// Any elements. Of actions those that the service knows are written; of transformations none:
   /// the element is always written empty.
   int setElementsValue(ZtSingleElementList* list) { return m_Elements.Set(list); }
@@ -191,23 +173,19 @@ class zt_ns_common_policy_extensibleType : public ZtTyped<zt_ns_common_policy_ex
 class zt_ns_common_policy_ruleType : public ZtTyped<zt_ns_common_policy_ruleType> {
  public:
   ZT_API static const ZtElementType kType;
-
   /// The attribute "id", unique in the rule set; the element cannot be written without it.
   int setIdValue(const char* text) { return m_Id.Assign(text); }
   const char* getIdValue() const { return m_Id.Get(); }
-
   /// Absent conditions hold always.
   int setConditionsValue(zt_ns_common_policy_conditionsType* element) {
     return m_Conditions.Set(element);
   }
   zt_ns_common_policy_conditionsType* getConditionsValue() const { return m_Conditions; }
-
   /// What the service does.
   int setActionsValue(zt_ns_common_policy_extensibleType* element) {
     return m_Actions.Set(element);
   }
   zt_ns_common_policy_extensibleType* getActionsValue() const { return m_Actions; }
-
   /// What is hidden from whom; always written empty.
   int setTransformationsValue(zt_ns_common_policy_extensibleType* element) {
     return m_Transformations.Set(element);
@@ -227,7 +205,6 @@ class zt_ns_common_policy_ruleType : public ZtTyped<zt_ns_common_policy_ruleType
 class zt_ns_common_policy_ruleset : public ZtTyped<zt_ns_common_policy_ruleset> {
  public:
   ZT_API static const ZtElementType kType;
-
   /// A list of zt_ns_common_policy_ruleType.
   int setRulesValue(ZtSingleElementList* list) { return m_Rules.Set(list); }
   ZtListOf<zt_ns_common_policy_ruleType>* getRulesValue() const { return m_Rules; }

@@ -16,7 +16,6 @@ enum XML_COMMUNICATION_BARRING_TYPE : int {
 class zt_allow_action_type : public ZtTyped<zt_allow_action_type> {
  public:
   ZT_API static const ZtElementType kType;
-
   /// 1 or 0 (at first): whether the call goes through.
   int setAllowValue(int allow) { return m_Allow.Set(allow ? 1 : 0); }
   int getAllowValue() const { return m_Allow.Get() ? 1 : 0; }
@@ -90,12 +89,10 @@ class ZT_API Communication_barringMarshaller
 /// Reads either service under the prefixes that its document declares.
 class XMLCommunicationBarringDecoder
     : public ZtDecoderOf<CommunicationBarringContext, ZtNamespaceDecoder> {};
-
 /// Reads either service from an XCAP fragment; the root element tells which, whatever setCBType
 /// chose.
 class ZT_API CommunicationBarringUnMarshaller
     : public ZtDescribedBy<CommunicationBarringContext, ZtUnMarshaller> {};
-
 /// The context of communication barring, XML_SCHEMA_COMMUNICATION_BARRING.
 class ZT_API CommunicationBarringContext
     : public ZtDescribedBy<CommunicationBarringContext, ZtNamespaceContext> {

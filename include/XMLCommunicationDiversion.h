@@ -36,22 +36,18 @@ enum zt_reveal_enum : unsigned {
 class zt_ns_xcap_forward_to_type : public ZtTyped<zt_ns_xcap_forward_to_type> {
  public:
   ZT_API static const ZtElementType kType;
-
   /// The URI that calls are forwarded to (copied; raw text, to be escaped by the caller), null for
   /// none.
   int setTargetValue(const char* target) { return m_Target.Assign(target); }
   const char* getTargetValue() const { return m_Target.Get(); }
-
   /// Whether the caller is told of the diversion.
   int setNotifyCallerValue(int notify) { return m_NotifyCaller.Set(Notify(notify)); }
   int getNotifyCallerValue() const { return m_NotifyCaller; }
-
   /// What the caller gets to know of the target.
   int setRevealIdentityToCallerValue(zt_reveal_enum reveal) {
     return m_RevealIdentityToCaller.Set(reveal);
   }
   zt_reveal_enum getRevealIdentityToCallerValue() const { return m_RevealIdentityToCaller; }
-
   /// What the caller gets to know of the served user who diverts.
   int setRevealServedUserIdentityToCallerValue(zt_reveal_enum reveal) {
     return m_RevealServedUserIdentityToCaller.Set(reveal);
@@ -59,17 +55,14 @@ class zt_ns_xcap_forward_to_type : public ZtTyped<zt_ns_xcap_forward_to_type> {
   zt_reveal_enum getRevealServedUserIdentityToCallerValue() const {
     return m_RevealServedUserIdentityToCaller;
   }
-
   /// Whether the served user is told of each diversion.
   int setNotifyServedUserValue(int notify) { return m_NotifyServedUser.Set(Notify(notify)); }
   int getNotifyServedUserValue() const { return m_NotifyServedUser; }
-
   /// Whether the served user is reminded of the diversion on outgoing calls.
   int setNotifyServedUserOnOutboundCallValue(int notify) {
     return m_NotifyServedUserOnOutboundCall.Set(Notify(notify));
   }
   int getNotifyServedUserOnOutboundCallValue() const { return m_NotifyServedUserOnOutboundCall; }
-
   /// What the target gets to know of the served user.
   int setRevealIdentityToTargetValue(zt_reveal_enum reveal) {
     return m_RevealIdentityToTarget.Set(reveal);
@@ -94,7 +87,6 @@ class zt_communication_diversion
     : public ZtTyped<zt_communication_diversion, zt_ns_xcap_simservType> {
  public:
   ZT_API static const ZtElementType kType;
-
   /// Takes the timer; null for none.
   int setNoReplyTimerValue(zt_NoReplyTimer* timer) { return m_NoReplyTimer.Set(timer); }
   zt_NoReplyTimer* getNoReplyTimerValue() const { return m_NoReplyTimer; }
@@ -138,11 +130,9 @@ class ZT_API Communication_diversionMarshaller
 /// Reads the service under the prefixes that its document declares.
 class XMLCommunicationDiversionDecoder
     : public ZtDecoderOf<CommunicationDiversionContext, ZtNamespaceDecoder> {};
-
 /// Reads the service from an XCAP fragment.
 class ZT_API CommunicationDiversionUnMarshaller
     : public ZtDescribedBy<CommunicationDiversionContext, ZtUnMarshaller> {};
-
 /// The context of communication diversion, XML_SCHEMA_COMMUNICATION_DIVERSION.
 class ZT_API CommunicationDiversionContext
     : public ZtDescribedBy<CommunicationDiversionContext, ZtNamespaceContext> {

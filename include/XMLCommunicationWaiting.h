@@ -34,11 +34,9 @@ class ZT_API Communication_waitingMarshaller
 /// Reads the service under the prefixes that its document declares.
 class XMLCommunicationWaitingDecoder
     : public ZtDecoderOf<CommunicationWaitingContext, ZtNamespaceDecoder> {};
-
 /// Reads the service from an XCAP fragment.
 class ZT_API CommunicationWaitingUnMarshaller
     : public ZtDescribedBy<CommunicationWaitingContext, ZtUnMarshaller> {};
-
 /// The context of communication waiting, XML_SCHEMA_COMMUNICATION_WAITING.
 class ZT_API CommunicationWaitingContext
     : public ZtDescribedBy<CommunicationWaitingContext, ZtNamespaceContext> {

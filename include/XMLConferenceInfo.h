@@ -11,7 +11,6 @@
 class zt_keywords_type : public ZtTyped<zt_keywords_type, ZtExtensible<>> {
  public:
   ZT_API static const ZtElementType kType;
-
   /// A list of zt_string. One blank separates two words in a document; two have an empty word
   /// between.
   int setKeywordListValue(ZtSingleElementList* list) { return m_Words.Set(list); }
@@ -26,19 +25,15 @@ class zt_keywords_type : public ZtTyped<zt_keywords_type, ZtExtensible<>> {
 class zt_conference_medium_type : public ZtTyped<zt_conference_medium_type, ZtExtensible<>> {
  public:
   ZT_API static const ZtElementType kType;
-
   /// The attribute "label"; the element cannot be written without it.
   int setLabelValue(const char* text) { return m_Label.Assign(text); }
   const char* getLabelValue() const { return m_Label.Get(); }
-
   /// What to show for the medium.
   int setDisplayTextValue(const char* text) { return m_DisplayText.Assign(text); }
   const char* getDisplayTextValue() const { return m_DisplayText.Get(); }
-
   /// The kind of medium, e.g. "audio".
   int setTypeValue(const char* text) { return m_Type.Assign(text); }
   const char* getTypeValue() const { return m_Type.Get(); }
-
   /// The medium's direction.
   int setStatusValue(zt_media_status_type_enum value) { return m_Status.Set(value); }
   zt_media_status_type_enum getStatusValue() const { return m_Status; }
@@ -54,7 +49,6 @@ class zt_conference_medium_type : public ZtTyped<zt_conference_medium_type, ZtEx
 class zt_conference_media_type : public ZtTyped<zt_conference_media_type, ZtExtensible<>> {
  public:
   ZT_API static const ZtElementType kType;
-
   /// A list of zt_conference_medium_type.
   int setEntryListValue(ZtSingleElementList* list) { return m_Entries.Set(list); }
   ZtListOf<zt_conference_medium_type>* getEntryListValue() const { return m_Entries; }
@@ -69,35 +63,27 @@ class zt_conference_description_type
     : public ZtTyped<zt_conference_description_type, ZtExtensible<>> {
  public:
   ZT_API static const ZtElementType kType;
-
   /// What to show for the conference.
   int setDisplayTextValue(const char* text) { return m_DisplayText.Assign(text); }
   const char* getDisplayTextValue() const { return m_DisplayText.Get(); }
-
   /// The conference's subject.
   int setSubjectValue(const char* text) { return m_Subject.Assign(text); }
   const char* getSubjectValue() const { return m_Subject.Get(); }
-
   /// More text about the conference.
   int setFreeTextValue(const char* text) { return m_FreeText.Assign(text); }
   const char* getFreeTextValue() const { return m_FreeText.Get(); }
-
   /// Words to find it by.
   int setKeywordsValue(zt_keywords_type* element) { return m_Keywords.Set(element); }
   zt_keywords_type* getKeywordsValue() const { return m_Keywords; }
-
   /// URIs under which the conference is reached.
   int setConfUrisValue(zt_uris_type* element) { return m_ConfUris.Set(element); }
   zt_uris_type* getConfUrisValue() const { return m_ConfUris; }
-
   /// URIs of services that go with the conference, e.g. a web page.
   int setServiceUrisValue(zt_uris_type* element) { return m_ServiceUris.Set(element); }
   zt_uris_type* getServiceUrisValue() const { return m_ServiceUris; }
-
   /// The most users that the conference admits.
   int setMaximumUserCountValue(unsigned int value) { return m_MaximumUserCount.Set(value); }
   unsigned int getMaximumUserCountValue() const { return m_MaximumUserCount; }
-
   /// The media that the conference offers.
   int setAvailableMediaValue(zt_conference_media_type* element) {
     return m_AvailableMedia.Set(element);
@@ -119,15 +105,12 @@ class zt_conference_description_type
 class zt_host_type : public ZtTyped<zt_host_type, ZtExtensible<>> {
  public:
   ZT_API static const ZtElementType kType;
-
   /// Who hosts the conference.
   int setDisplayTextValue(const char* text) { return m_DisplayText.Assign(text); }
   const char* getDisplayTextValue() const { return m_DisplayText.Get(); }
-
   /// The URI of a page about the host.
   int setWebPageValue(const char* text) { return m_WebPage.Assign(text); }
   const char* getWebPageValue() const { return m_WebPage.Get(); }
-
   /// URIs of the host.
   int setUrisValue(zt_uris_type* element) { return m_Uris.Set(element); }
   zt_uris_type* getUrisValue() const { return m_Uris; }
@@ -142,15 +125,12 @@ class zt_host_type : public ZtTyped<zt_host_type, ZtExtensible<>> {
 class zt_conference_state_type : public ZtTyped<zt_conference_state_type, ZtExtensible<>> {
  public:
   ZT_API static const ZtElementType kType;
-
   /// The number of users that take part.
   int setUserCountValue(unsigned int value) { return m_UserCount.Set(value); }
   unsigned int getUserCountValue() const { return m_UserCount; }
-
   /// 1 or 0 (any other number, and at first): whether the conference has begun. Always written.
   int setActiveValue(int value) { return m_Active.Set(value == 1 ? 1 : 0); }
   int getActiveValue() const { return m_Active; }
-
   /// 1 or 0, as above: whether nobody may join any more. Always written.
   int setLockedValue(int value) { return m_Locked.Set(value == 1 ? 1 : 0); }
   int getLockedValue() const { return m_Locked; }
@@ -167,11 +147,9 @@ class zt_conference_type;
 class ZT_API zt_sidebars_by_val_type : public ZtTyped<zt_sidebars_by_val_type, ZtExtensible<>> {
  public:
   static const ZtElementType kType;
-
   /// Whether the element has its full state, only what changed, or is gone.
   int setStateValue(zt_state_type_enum value) { return m_State.Set(value); }
   zt_state_type_enum getStateValue() const { return m_State; }
-
   /// A list of zt_conference_type.
   int setEntryListValue(ZtSingleElementList* list) { return m_Entries.Set(list); }
   ZtListOf<zt_conference_type>* getEntryListValue() const { return m_Entries; }
@@ -186,19 +164,15 @@ class ZT_API zt_sidebars_by_val_type : public ZtTyped<zt_sidebars_by_val_type, Z
 class zt_conference_type : public ZtTyped<zt_conference_type, ZtExtensible<ZtObject>> {
  public:
   ZT_API static const ZtElementType kType;
-
   /// Whether the element has its full state, only what changed, or is gone.
   int setStateValue(zt_state_type_enum value) { return m_State.Set(value); }
   zt_state_type_enum getStateValue() const { return m_State; }
-
   /// The attribute "version", counted up from one document to the next.
   int setVersionValue(unsigned int value) { return m_Version.Set(value); }
   unsigned int getVersionValue() const { return m_Version; }
-
   /// The attribute "entity", the URI of the conference; the element cannot be written without it.
   int setEntityValue(const char* text) { return m_Entity.Assign(text); }
   const char* getEntityValue() const { return m_Entity.Get(); }
-
   /// What the conference is.
   int setConferenceDescriptionValue(zt_conference_description_type* element) {
     return m_ConferenceDescription.Set(element);
@@ -206,25 +180,20 @@ class zt_conference_type : public ZtTyped<zt_conference_type, ZtExtensible<ZtObj
   zt_conference_description_type* getConferenceDescriptionValue() const {
     return m_ConferenceDescription;
   }
-
   /// Who hosts the conference.
   int setHostInfoValue(zt_host_type* element) { return m_HostInfo.Set(element); }
   zt_host_type* getHostInfoValue() const { return m_HostInfo; }
-
   /// How many take part, and whether it is active or locked.
   int setConferenceStateValue(zt_conference_state_type* element) {
     return m_ConferenceState.Set(element);
   }
   zt_conference_state_type* getConferenceStateValue() const { return m_ConferenceState; }
-
   /// Who takes part.
   int setUsersValue(zt_users_type* element) { return m_Users.Set(element); }
   zt_users_type* getUsersValue() const { return m_Users; }
-
   /// Sidebars (conferences within this one) by their URIs.
   int setSidebarsByRefValue(zt_uris_type* element) { return m_SidebarsByRef.Set(element); }
   zt_uris_type* getSidebarsByRefValue() const { return m_SidebarsByRef; }
-
   /// Sidebars with their state.
   int setSidebarsByValValue(zt_sidebars_by_val_type* element) {
     return m_SidebarsByVal.Set(element);
@@ -307,11 +276,9 @@ class ZT_API Conference_infoMarshall : public ZtDescribedBy<ConferenceInfoContex
 
 /// Reads a "conference-info" document, with any prefixes.
 class XMLConferenceInfoDecoder : public ZtDecoderOf<ConferenceInfoContext> {};
-
 /// Reads a zt_conference_type.
 class ZT_API ConferenceInfoUnMarshaller
     : public ZtDescribedBy<ConferenceInfoContext, ZtUnMarshaller> {};
-
 /// The context of conference information, XML_SCHEMA_CONFERENCE_INFO.
 class ZT_API ConferenceInfoContext : public ZtDescribedBy<ConferenceInfoContext, ZtContext> {
  public:

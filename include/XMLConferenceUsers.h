@@ -64,15 +64,12 @@ enum zt_media_status_type_enum : unsigned {
 class zt_execution_type : public ZtTyped<zt_execution_type, ZtExtensible<>> {
  public:
   ZT_API static const ZtElementType kType;
-
   /// The date and time, as in RFC 3339.
   int setWhenValue(const char* text) { return m_When.Assign(text); }
   const char* getWhenValue() const { return m_When.Get(); }
-
   /// Why it was done.
   int setReasonValue(const char* text) { return m_Reason.Assign(text); }
   const char* getReasonValue() const { return m_Reason.Get(); }
-
   /// Who did it, a URI.
   int setByValue(const char* text) { return m_By.Assign(text); }
   const char* getByValue() const { return m_By.Get(); }
@@ -87,19 +84,15 @@ class zt_execution_type : public ZtTyped<zt_execution_type, ZtExtensible<>> {
 class zt_uri_type : public ZtTyped<zt_uri_type, ZtExtensible<>> {
  public:
   ZT_API static const ZtElementType kType;
-
   /// The URI.
   int setUriValue(const char* text) { return m_Uri.Assign(text); }
   const char* getUriValue() const { return m_Uri.Get(); }
-
   /// What to show for it.
   int setDisplayTextValue(const char* text) { return m_DisplayText.Assign(text); }
   const char* getDisplayTextValue() const { return m_DisplayText.Get(); }
-
   /// What it is for, e.g. "participation".
   int setPurposeValue(const char* text) { return m_Purpose.Assign(text); }
   const char* getPurposeValue() const { return m_Purpose.Get(); }
-
   /// When, why and by whom the entry was last changed.
   int setModifiedValue(zt_execution_type* element) { return m_Modified.Set(element); }
   zt_execution_type* getModifiedValue() const { return m_Modified; }
@@ -115,11 +108,9 @@ class zt_uri_type : public ZtTyped<zt_uri_type, ZtExtensible<>> {
 class zt_uris_type : public ZtTyped<zt_uris_type, ZtExtensible<>> {
  public:
   ZT_API static const ZtElementType kType;
-
   /// Whether the element has its full state, only what changed, or is gone.
   int setStateValue(zt_state_type_enum value) { return m_State.Set(value); }
   zt_state_type_enum getStateValue() const { return m_State; }
-
   /// A list of zt_uri_type.
   int setEntryListValue(ZtSingleElementList* list) { return m_Entries.Set(list); }
   ZtListOf<zt_uri_type>* getEntryListValue() const { return m_Entries; }
@@ -134,7 +125,6 @@ class zt_uris_type : public ZtTyped<zt_uris_type, ZtExtensible<>> {
 class zt_user_languages_type : public ZtTyped<zt_user_languages_type, ZtExtensible<>> {
  public:
   ZT_API static const ZtElementType kType;
-
   /// A list of zt_string. One blank separates two words in a document; two have an empty word
   /// between.
   int setLanguageListValue(ZtSingleElementList* list) { return m_Words.Set(list); }
@@ -149,7 +139,6 @@ class zt_user_languages_type : public ZtTyped<zt_user_languages_type, ZtExtensib
 class zt_user_roles_type : public ZtTyped<zt_user_roles_type, ZtExtensible<>> {
  public:
   ZT_API static const ZtElementType kType;
-
   /// A list of zt_string, e.g. "participant".
   int setEntryListValue(ZtSingleElementList* list) { return m_Entries.Set(list); }
   ZtListOf<zt_string>* getEntryListValue() const { return m_Entries; }
@@ -163,19 +152,15 @@ class zt_user_roles_type : public ZtTyped<zt_user_roles_type, ZtExtensible<>> {
 class zt_sip_dialog_id_type : public ZtTyped<zt_sip_dialog_id_type, ZtExtensible<>> {
  public:
   ZT_API static const ZtElementType kType;
-
   /// What to show for the dialog.
   int setDisplayTextValue(const char* text) { return m_DisplayText.Assign(text); }
   const char* getDisplayTextValue() const { return m_DisplayText.Get(); }
-
   /// The Call-ID.
   int setCallIdValue(const char* text) { return m_CallId.Assign(text); }
   const char* getCallIdValue() const { return m_CallId.Get(); }
-
   /// The tag of the From header.
   int setFromTagValue(const char* text) { return m_FromTag.Assign(text); }
   const char* getFromTagValue() const { return m_FromTag.Get(); }
-
   /// The tag of the To header.
   int setToTagValue(const char* text) { return m_ToTag.Assign(text); }
   const char* getToTagValue() const { return m_ToTag.Get(); }
@@ -191,7 +176,6 @@ class zt_sip_dialog_id_type : public ZtTyped<zt_sip_dialog_id_type, ZtExtensible
 class zt_call_type : public ZtTyped<zt_call_type, ZtExtensible<>> {
  public:
   ZT_API static const ZtElementType kType;
-
   /// The dialog.
   int setSipValue(zt_sip_dialog_id_type* element) { return m_Sip.Set(element); }
   zt_sip_dialog_id_type* getSipValue() const { return m_Sip; }
@@ -204,27 +188,21 @@ class zt_call_type : public ZtTyped<zt_call_type, ZtExtensible<>> {
 class zt_media_type : public ZtTyped<zt_media_type, ZtExtensible<>> {
  public:
   ZT_API static const ZtElementType kType;
-
   /// The attribute "id"; the element cannot be written without it.
   int setIdValue(const char* text) { return m_Id.Assign(text); }
   const char* getIdValue() const { return m_Id.Get(); }
-
   /// What to show for it.
   int setDisplayTextValue(const char* text) { return m_DisplayText.Assign(text); }
   const char* getDisplayTextValue() const { return m_DisplayText.Get(); }
-
   /// The kind of medium, e.g. "audio".
   int setTypeValue(const char* text) { return m_Type.Assign(text); }
   const char* getTypeValue() const { return m_Type.Get(); }
-
   /// Its label (RFC 4574).
   int setLabelValue(const char* text) { return m_Label.Assign(text); }
   const char* getLabelValue() const { return m_Label.Get(); }
-
   /// Its SSRC (RFC 3550).
   int setSrcIdValue(const char* text) { return m_SrcId.Assign(text); }
   const char* getSrcIdValue() const { return m_SrcId.Get(); }
-
   /// Its direction.
   int setStatusValue(zt_media_status_type_enum value) { return m_Status.Set(value); }
   zt_media_status_type_enum getStatusValue() const { return m_Status; }
@@ -242,52 +220,41 @@ class zt_media_type : public ZtTyped<zt_media_type, ZtExtensible<>> {
 class zt_endpoint_type : public ZtTyped<zt_endpoint_type, ZtExtensible<>> {
  public:
   ZT_API static const ZtElementType kType;
-
   /// Whether the element has its full state, only what changed, or is gone.
   int setStateValue(zt_state_type_enum value) { return m_State.Set(value); }
   zt_state_type_enum getStateValue() const { return m_State; }
-
   /// The attribute "entity", a URI.
   int setEntityValue(const char* text) { return m_Entity.Assign(text); }
   const char* getEntityValue() const { return m_Entity.Get(); }
-
   /// What to show for it.
   int setDisplayTextValue(const char* text) { return m_DisplayText.Assign(text); }
   const char* getDisplayTextValue() const { return m_DisplayText.Get(); }
-
   /// Who referred it here.
   int setReferredValue(zt_execution_type* element) { return m_Referred.Set(element); }
   zt_execution_type* getReferredValue() const { return m_Referred; }
-
   /// Its state.
   int setStatusValue(zt_endpoint_status_type_enum value) { return m_Status.Set(value); }
   zt_endpoint_status_type_enum getStatusValue() const { return m_Status; }
-
   /// How it joined.
   int setJoiningMethodValue(zt_joining_type_enum value) { return m_JoiningMethod.Set(value); }
   zt_joining_type_enum getJoiningMethodValue() const { return m_JoiningMethod; }
-
   /// When and why it joined.
   int setJoiningInfoValue(zt_execution_type* element) { return m_JoiningInfo.Set(element); }
   zt_execution_type* getJoiningInfoValue() const { return m_JoiningInfo; }
-
   /// How it left.
   int setDisconnectionMethodValue(zt_disconnection_type_enum value) {
     return m_DisconnectionMethod.Set(value);
   }
   zt_disconnection_type_enum getDisconnectionMethodValue() const { return m_DisconnectionMethod; }
-
   /// When and why it left.
   int setDisconnectionInfoValue(zt_execution_type* element) {
     return m_DisconnectionInfo.Set(element);
   }
   zt_execution_type* getDisconnectionInfoValue() const { return m_DisconnectionInfo; }
-
   /// A list of zt_media_type.
   int setMediaListValue(ZtSingleElementList* list) { return m_Media.Set(list); }
   ZtListOf<zt_media_type>* getMediaListValue() const { return m_Media; }
   int addMedia(zt_media_type* element) { return m_Media.Add(element); }
-
   /// The endpoint's dialog with the focus (the server that hosts the conference).
   int setCallInfoValue(zt_call_type* element) { return m_CallInfo.Set(element); }
   zt_call_type* getCallInfoValue() const { return m_CallInfo; }
@@ -310,35 +277,27 @@ class zt_endpoint_type : public ZtTyped<zt_endpoint_type, ZtExtensible<>> {
 class zt_user_type : public ZtTyped<zt_user_type, ZtExtensible<>> {
  public:
   ZT_API static const ZtElementType kType;
-
   /// Whether the element has its full state, only what changed, or is gone.
   int setStateValue(zt_state_type_enum value) { return m_State.Set(value); }
   zt_state_type_enum getStateValue() const { return m_State; }
-
   /// The attribute "entity", a URI.
   int setEntityValue(const char* text) { return m_Entity.Assign(text); }
   const char* getEntityValue() const { return m_Entity.Get(); }
-
   /// The user's name.
   int setDisplayTextValue(const char* text) { return m_DisplayText.Assign(text); }
   const char* getDisplayTextValue() const { return m_DisplayText.Get(); }
-
   /// Further addresses of the user.
   int setAssociatedAorsValue(zt_uris_type* element) { return m_AssociatedAors.Set(element); }
   zt_uris_type* getAssociatedAorsValue() const { return m_AssociatedAors; }
-
   /// Roles in the conference.
   int setRolesValue(zt_user_roles_type* element) { return m_Roles.Set(element); }
   zt_user_roles_type* getRolesValue() const { return m_Roles; }
-
   /// Languages that the user speaks.
   int setLanguagesValue(zt_user_languages_type* element) { return m_Languages.Set(element); }
   zt_user_languages_type* getLanguagesValue() const { return m_Languages; }
-
   /// The URI of the conference that this user represents.
   int setCascadedFocusValue(const char* text) { return m_CascadedFocus.Assign(text); }
   const char* getCascadedFocusValue() const { return m_CascadedFocus.Get(); }
-
   /// A list of zt_endpoint_type.
   int setEndpointListValue(ZtSingleElementList* list) { return m_Endpoints.Set(list); }
   ZtListOf<zt_endpoint_type>* getEndpointListValue() const { return m_Endpoints; }
@@ -359,11 +318,9 @@ class zt_user_type : public ZtTyped<zt_user_type, ZtExtensible<>> {
 class zt_users_type : public ZtTyped<zt_users_type, ZtExtensible<>> {
  public:
   ZT_API static const ZtElementType kType;
-
   /// Whether the element has its full state, only what changed, or is gone.
   int setStateValue(zt_state_type_enum value) { return m_State.Set(value); }
   zt_state_type_enum getStateValue() const { return m_State; }
-
   /// A list of zt_user_type.
   int setUserListValue(ZtSingleElementList* list) { return m_Users.Set(list); }
   ZtListOf<zt_user_type>* getUserListValue() const { return m_Users; }

@@ -11,17 +11,14 @@
 class ZT_API XMLContext : public ZtNonCopyable {
  public:
   virtual ~XMLContext();
-
   /// Each call makes a new worker (earlier ones stay valid); null when there is none for the schema
   /// or no memory.
   virtual XMLMarshaller* createMarshaller() = 0;
   virtual XMLUnMarshaller* createUnMarshaller() = 0;
   virtual XMLObjectFactory* createBinderFactory() = 0;
-
   /// Sets the namespaces of a document, as the schema namespace retrieval collected them (borrowed
   /// until the context goes or another is set). Returns 1, or 0 when the schema uses none.
   virtual int SetNamespaceBinder(XMLObject* binder);
-
   /// The latest worker of each kind, null before the first.
   XMLMarshaller* marshaller() const { return m_pMarshaller; }
   XMLUnMarshaller* unMarshaller() const { return m_pUnMarshaller; }
@@ -29,7 +26,6 @@ class ZT_API XMLContext : public ZtNonCopyable {
 
  protected:
   XMLContext() = default;
-
   /// Takes a worker that was made and recorded, makes it the latest and returns it.
   XMLMarshaller* Keep(XMLMarshaller* worker);
   XMLUnMarshaller* Keep(XMLUnMarshaller* worker);

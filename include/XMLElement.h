@@ -36,7 +36,6 @@ class ZT_API XMLElement : public ZtNonCopyable {
   virtual const char* ElementName() const = 0;
   /// Reserved; every type answers 0.
   virtual int ReservedHook() = 0;
-
   /// Offers a child: at its start under its local name with the object built for it (null for text
   /// and unknown elements), at its end as "/" + name with its text in `value`. Returns 1 when the
   /// child was taken or may be ignored, 0 when it is refused. After a 1 this element owns `child`

@@ -11,13 +11,10 @@ class ZT_API XMLFactory {
   /// A new context of the schema `id`, or null for an id that has none and when out of memory. Free
   /// it with deleteContext.
   static XMLContext* newInstance(eXMLSchemaID id);
-
   /// Deletes a context with the workers that it made; null is ignored.
   static void deleteContext(XMLContext* context);
-
   /// Deletes an element with all below it; null is ignored.
   static void DeleteElement(XMLElement* element);
-
   /// The schema `id`, or null when there is no context for it.
   static const XMLSchemaInfo* getSchemaInfo(eXMLSchemaID id);
 };

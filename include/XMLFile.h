@@ -19,7 +19,6 @@ class ZT_API XMLFile : public ZtNonCopyable {
   XMLFile(const char* fileName, eXMLFileAccessMode mode);
   /// Frees name and content. It does not close the file: call CloseFile first.
   ~XMLFile();
-
   /// Opens the file by its mode; an unknown mode opens nothing. Returns 1, or 0 with a log line.
   int OpenFile();
   /// Opens and reads the file. The content, followed by a NUL, belongs to this object until the

@@ -15,15 +15,12 @@
 class zt_ns_ft_data : public ZtTyped<zt_ns_ft_data> {
  public:
   ZT_API static const ZtElementType kType;
-
   /// The attribute "etag", the version of the file at that URL.
   int setEtagValue(const char* text) { return m_Etag.Assign(text); }
   const char* getEtagValue() const { return m_Etag.Get(); }
-
   /// The attribute "until", the date and time up to which the file can be fetched.
   int setUntilValue(const char* text) { return m_Until.Assign(text); }
   const char* getUntilValue() const { return m_Until.Get(); }
-
   /// The attribute "url".
   int setUrlValue(const char* text) { return m_Url.Assign(text); }
   const char* getUrlValue() const { return m_Url.Get(); }
@@ -38,15 +35,12 @@ class zt_ns_ft_data : public ZtTyped<zt_ns_ft_data> {
 class zt_ns_ft_file_info : public ZtTyped<zt_ns_ft_file_info> {
  public:
   ZT_API static const ZtElementType kType;
-
   /// The attribute "type", e.g. "file".
   int setTypeValue(const char* text) { return m_Type.Assign(text); }
   const char* getTypeValue() const { return m_Type.Get(); }
-
   /// The size in bytes; 0 when absent.
   int setFileSizeValue(unsigned int value) { return m_FileSize.Set(value); }
   unsigned int getFileSizeValue() const { return m_FileSize; }
-
   /// Where the file is.
   int setDataValue(zt_ns_ft_data* element) { return m_Data.Set(element); }
   zt_ns_ft_data* getDataValue() const { return m_Data; }
@@ -61,7 +55,6 @@ class zt_ns_ft_file_info : public ZtTyped<zt_ns_ft_file_info> {
 class zt_file : public ZtTyped<zt_file, ZtObject> {
  public:
   ZT_API static const ZtElementType kType;
-
   /// A list of zt_ns_ft_file_info.
   int setFileInfoListValue(ZtSingleElementList* list) { return m_FileInfos.Set(list); }
   ZtListOf<zt_ns_ft_file_info>* getFileInfoListValue() const { return m_FileInfos; }
@@ -91,10 +84,8 @@ class FileMarshaller : public ZtDescribedBy<FileContext, ZtMarshaller> {
 
 /// Reads a "file" document, with any prefixes.
 class XMLFileDecoder : public ZtDecoderOf<FileContext> {};
-
 /// Reads a zt_file.
 class ZT_API FileUnMarshaller : public ZtDescribedBy<FileContext, ZtUnMarshaller> {};
-
 /// The context of this document, XML_SCHEMA_FILE.
 class ZT_API FileContext : public ZtDescribedBy<FileContext, ZtContext> {
  public:

@@ -63,7 +63,6 @@ class ZT_API GruuDataBinder : public ZtDescribedBy<GruuContext, ZtFactory> {
   /// Chooses what CreateRootElement makes: "pub-gruu", "temp-gruu" or the beginning of either
   /// (copied). Always 1.
   int setGruuType(const char* type) { return m_pGruutype.Assign(type); }
-
   /// A new zt_pub_gruu or zt_temp_gruu, as set with setGruuType; null for any other text.
   XMLObject* CreateRootElement() override;
   zt_pub_gruu* CreatePubGruuElement() { return Make(); }
@@ -85,10 +84,8 @@ class GruuMarshaller : public ZtDescribedBy<GruuContext, ZtMarshaller> {
 
 /// Reads one "pub-gruu" or "temp-gruu" element, with any prefix.
 class XMLGruuDecoder : public ZtDecoderOf<GruuContext> {};
-
 /// Reads one GRUU: a zt_pub_gruu or a zt_temp_gruu.
 class ZT_API GruuUnMarshaller : public ZtDescribedBy<GruuContext, ZtUnMarshaller> {};
-
 /// The context of GRUU information, XML_SCHEMA_GRUU.
 class ZT_API GruuContext : public ZtDescribedBy<GruuContext, ZtContext> {
  public:

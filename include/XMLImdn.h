@@ -47,7 +47,6 @@ class zt_error : public ZtTyped<zt_error> {
 class zt_status : public ZtTyped<zt_status, ZtExtensible<>> {
  public:
   ZT_API static const ZtElementType kType;
-
   /// Each takes a value and answers 1; null means absent.
   int setDeliveredValue(zt_delivered* value) { return m_Delivered.Set(value); }
   zt_delivered* getDeliveredValue() const { return m_Delivered; }
@@ -111,7 +110,6 @@ class zt_processing_notification : public ZtTyped<zt_processing_notification, Zt
 class zt_imdn : public ZtTyped<zt_imdn, ZtExtensible<ZtObject>> {
  public:
   ZT_API static const ZtElementType kType;
-
   /// The Message-ID of the message that the notification is about.
   int setMessageIdValue(const char* id) { return m_MessageId.Assign(id); }
   const char* getMessageIdValue() const { return m_MessageId.Get(); }
@@ -124,7 +122,6 @@ class zt_imdn : public ZtTyped<zt_imdn, ZtExtensible<ZtObject>> {
   const char* getOriginalRecipientUriValue() const { return m_OriginalRecipientUri.Get(); }
   int setSubjectValue(const char* subject) { return m_Subject.Assign(subject); }
   const char* getSubjectValue() const { return m_Subject.Get(); }
-
   /// Each takes its notification. Only the first of the three that is set is written; when that
   /// cannot be written, none is.
   int setDeliveryNotificationValue(zt_delivery_notification* notification) {
@@ -195,10 +192,8 @@ class ZT_API IMDNMarshaller : public ZtDescribedBy<IMDNContext, ZtMarshaller> {
 
 /// Reads an "imdn" document, with any prefixes.
 class XMLImdnDecoder : public ZtDecoderOf<IMDNContext> {};
-
 /// Reads a zt_imdn.
 class ZT_API IMDNUnMarshaller : public ZtDescribedBy<IMDNContext, ZtUnMarshaller> {};
-
 /// The context of message disposition notifications, XML_SCHEMA_IMDN.
 class ZT_API IMDNContext : public ZtDescribedBy<IMDNContext, ZtContext> {
  public:

@@ -11,7 +11,6 @@
 class zt_isComposing : public ZtTyped<zt_isComposing, ZtKeepsElements<ZtObject>> {
  public:
   ZT_API static const ZtElementType kType;
-
   /// "active" or "idle"; any text is taken. The element cannot be written without it.
   int setStateValue(const char* state) { return m_State.Assign(state); }
   const char* getStateValue() const { return m_State.Get(); }
@@ -57,10 +56,8 @@ class ZT_API IsComposingMarshaller : public ZtDescribedBy<IsComposingContext, Zt
 
 /// Reads an "isComposing" document. Names with a prefix are unknown.
 class XMLIsComposingDecoder : public ZtDecoderOf<IsComposingContext> {};
-
 /// Reads a zt_isComposing.
 class ZT_API IsComposingUnMarshaller : public ZtDescribedBy<IsComposingContext, ZtUnMarshaller> {};
-
 /// The context of is-composing indications, XML_SCHEMA_IS_COMPOSING.
 class ZT_API IsComposingContext : public ZtDescribedBy<IsComposingContext, ZtContext> {
  public:

@@ -29,27 +29,20 @@ class ZT_API ZtSingleElementList : public ZtNonCopyable {
  public:
   ZtSingleElementList();
   ~ZtSingleElementList();
-
   /// Appends `data` (null is stored too). Returns 1; 0 when there is no memory, or when an element
   /// has taken the list and the object has an owner already.
   int Add(void* data);
-
   /// Removes the first node that holds `data` (never null); the data is not freed. Returns 1
   /// removed, 0 not found.
   int Remove(void* data);
-
   /// The pointer at `index`, counted from 0, or null. Linear in the index.
   void* GetKeyAtIndex(unsigned short index);
-
   /// The first node (not its data), or null when the list is empty.
   ZtListNode* GetPtrToListHead();
-
   /// The first node of `list`; null when the list is null or empty.
   static ZtListNode* HeadOf(ZtSingleElementList* list);
-
   /// Always null, which is also the `next` of the last node.
   ZtListNode* GetPtrToListEnd();
-
   /// Number of nodes. Intended: GetCount counts in 16 bits, as callers are compiled for, so that it
   /// is the number of nodes modulo 65536 and cannot bound a loop.
   std::uint16_t GetCount() const { return m_iListCount; }

@@ -13,7 +13,6 @@
 class zt_to_encoder : public ZtTyped<zt_to_encoder> {
  public:
   ZT_API static const ZtElementType kType;
-
   /// The command "picture_fast_update": send a full picture. None when null or not present.
   int setPictureFastUpdateValue(zt_empty_element_type* element) {
     return m_PictureFastUpdate.Set(element);
@@ -28,7 +27,6 @@ class zt_to_encoder : public ZtTyped<zt_to_encoder> {
 class zt_vc_primitive : public ZtTyped<zt_vc_primitive> {
  public:
   ZT_API static const ZtElementType kType;
-
   /// A command to the encoder.
   int setToEncoderValue(zt_to_encoder* element) { return m_ToEncoder.Set(element); }
   zt_to_encoder* getToEncoderValue() const { return m_ToEncoder; }
@@ -41,7 +39,6 @@ class zt_vc_primitive : public ZtTyped<zt_vc_primitive> {
 class zt_media_control : public ZtTyped<zt_media_control, ZtObject> {
  public:
   ZT_API static const ZtElementType kType;
-
   /// What is asked of the encoder.
   int setVcPrimitiveValue(zt_vc_primitive* element) { return m_VcPrimitive.Set(element); }
   zt_vc_primitive* getVcPrimitiveValue() const { return m_VcPrimitive; }
@@ -72,7 +69,6 @@ class ZT_API MediaControlMarshaller : public ZtDescribedBy<MediaControlContext, 
 
 /// Reads a "media_control" document, with any prefixes.
 class XMLMediaControlDecoder : public ZtDecoderOf<MediaControlContext> {};
-
 /// Reads a zt_media_control.
 class ZT_API MediaControlUnMarshaller : public ZtDescribedBy<MediaControlContext, ZtUnMarshaller> {
 };

@@ -30,10 +30,8 @@ class ZT_API OIPMarshaller : public ZtDescribedBy<OIPContext, ZtNamespaceMarshal
 
 /// Reads the service under the prefixes that its document declares.
 class XMLOIPDecoder : public ZtDecoderOf<OIPContext, ZtNamespaceDecoder> {};
-
 /// Reads the service from an XCAP fragment.
 class ZT_API OIPUnMarshaller : public ZtDescribedBy<OIPContext, ZtUnMarshaller> {};
-
 /// The context of originating identity presentation, XML_SCHEMA_OIP.
 class ZT_API OIPContext : public ZtDescribedBy<OIPContext, ZtNamespaceContext> {
  public:

@@ -10,7 +10,6 @@ class zt_ns_oma_pres_service_description
     : public ZtTyped<zt_ns_oma_pres_service_description, ZtKeepsElements<>> {
  public:
   ZT_API static const ZtElementType kType;
-
   /// The identifier of the service, e.g. "org.3gpp.urn:urn-7:3gpp-service.ims.icsi.mmtel".
   int setServiceIdValue(const char* id) { return m_ServiceId.Assign(id); }
   const char* getServiceIdValue() const { return m_ServiceId.Get(); }

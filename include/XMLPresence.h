@@ -23,7 +23,6 @@ enum zt_presence_basic_enum : unsigned {
 class zt_note : public ZtTyped<zt_note, ZtKeepsElements<>> {
  public:
   ZT_API static const ZtElementType kType;
-
   /// The element's text (copied). Raw text, to be escaped by the caller.
   int setValueValue(const char* value) { return m_Value.Assign(value); }
   const char* getValueValue() const { return m_Value.Get(); }
@@ -36,7 +35,6 @@ class zt_note : public ZtTyped<zt_note, ZtKeepsElements<>> {
 class zt_contact : public ZtTyped<zt_contact, ZtKeepsElements<>> {
  public:
   ZT_API static const ZtElementType kType;
-
   /// The preference of the contact, "0" to "1" (copied); null means absent.
   int setPriorityValue(const char* priority) { return m_Priority.Assign(priority); }
   const char* getPriorityValue() const { return m_Priority.Get(); }
@@ -56,7 +54,6 @@ namespace PresenceNameSpace {
 class zt_status : public ZtTyped<zt_status, ZtKeepsElements<>> {
  public:
   ZT_API static const ZtElementType kType;
-
   /// The text of "basic".
   int setBasicValue(zt_presence_basic_enum basic) { return m_Basic.Set(basic); }
   zt_presence_basic_enum getBasicValue() const { return m_Basic; }
@@ -74,7 +71,6 @@ class zt_status : public ZtTyped<zt_status, ZtKeepsElements<>> {
 class zt_tuple : public ZtTyped<zt_tuple, ZtKeepsElements<>> {
  public:
   ZT_API static const ZtElementType kType;
-
   /// The element cannot be written without it. Texts are copied; null means absent, here and below.
   int setIdValue(const char* id) { return m_Id.Assign(id); }
   const char* getIdValue() const { return m_Id.Get(); }
@@ -87,7 +83,6 @@ class zt_tuple : public ZtTyped<zt_tuple, ZtKeepsElements<>> {
   /// When the tuple last changed (RFC 3339).
   int setTimestampValue(const char* timestamp) { return m_Timestamp.Assign(timestamp); }
   const char* getTimestampValue() const { return m_Timestamp.Get(); }
-
   /// A list of zt_note (taken).
   int setNoteListValue(ZtSingleElementList* list) { return m_Notes.Set(list); }
   ZtListOf<zt_note>* getNoteListValue() const { return m_Notes; }
@@ -106,17 +101,14 @@ class zt_tuple : public ZtTyped<zt_tuple, ZtKeepsElements<>> {
 class zt_presence : public ZtTyped<zt_presence, ZtKeepsElements<ZtObject>> {
  public:
   ZT_API static const ZtElementType kType;
-
   /// The URI of the presentity (copied); the element cannot be written without it.
   int setEntityValue(const char* entity) { return m_Entity.Assign(entity); }
   const char* getEntityValue() const { return m_Entity.Get(); }
-
   /// A list of zt_tuple (taken).
   int setTupleListValue(ZtSingleElementList* list) { return m_Tuples.Set(list); }
   ZtListOf<zt_tuple>* getTupleListValue() const { return m_Tuples; }
   /// Takes `tuple`; returns 0 when it is null, has an owner, or there is no memory.
   int addTuple(zt_tuple* tuple) { return m_Tuples.Add(tuple); }
-
   /// A list of zt_note (taken), written after the tuples.
   int setNoteListValue(ZtSingleElementList* list) { return m_Notes.Set(list); }
   ZtListOf<zt_note>* getNoteListValue() const { return m_Notes; }
@@ -164,10 +156,8 @@ class PresenceMarshaller : public ZtDescribedBy<PresenceContext, ZtMarshaller> {
 
 /// Reads a "presence" document, with any prefixes.
 class XMLPresenceDecoder : public ZtDecoderOf<PresenceContext> {};
-
 /// Reads a zt_presence. Elements are known by their local names, whatever their prefixes.
 class ZT_API PresenceUnMarshaller : public ZtDescribedBy<PresenceContext, ZtUnMarshaller> {};
-
 /// The context of presence documents, XML_SCHEMA_PRESENCE.
 class ZT_API PresenceContext : public ZtDescribedBy<PresenceContext, ZtContext> {
  public:

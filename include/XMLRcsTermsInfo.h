@@ -15,11 +15,9 @@
 class zt_ns_rcs_terms_info_term : public ZtTyped<zt_ns_rcs_terms_info_term> {
  public:
   ZT_API static const ZtElementType kType;
-
   /// The document's title.
   int setTitleValue(const char* text) { return m_Title.Assign(text); }
   const char* getTitleValue() const { return m_Title.Get(); }
-
   /// Where the document is.
   int setUrlValue(const char* text) { return m_Url.Assign(text); }
   const char* getUrlValue() const { return m_Url.Get(); }
@@ -33,15 +31,12 @@ class zt_ns_rcs_terms_info_term : public ZtTyped<zt_ns_rcs_terms_info_term> {
 class zt_rcs_terms_info : public ZtTyped<zt_rcs_terms_info, ZtObject> {
  public:
   ZT_API static const ZtElementType kType;
-
   /// The attribute "version"; 0 when absent.
   int setVersionValue(unsigned int value) { return m_Version.Set(value); }
   unsigned int getVersionValue() const { return m_Version; }
-
   /// The version of the terms.
   int setTermsVersionValue(const char* text) { return m_TermsVersion.Assign(text); }
   const char* getTermsVersionValue() const { return m_TermsVersion.Get(); }
-
   /// A list of zt_ns_rcs_terms_info_term.
   int setTermListValue(ZtSingleElementList* list) { return m_Terms.Set(list); }
   ZtListOf<zt_ns_rcs_terms_info_term>* getTermListValue() const { return m_Terms; }
@@ -71,7 +66,6 @@ class RcsTermsInfoMarshaller : public ZtDescribedBy<RcsTermsInfoContext, ZtMarsh
 
 /// Reads a "rcs-terms-info" document, with any prefixes.
 class XMLRcsTermsInfoDecoder : public ZtDecoderOf<RcsTermsInfoContext> {};
-
 /// Reads a zt_rcs_terms_info.
 class ZT_API RcsTermsInfoUnMarshaller : public ZtDescribedBy<RcsTermsInfoContext, ZtUnMarshaller> {
 };

@@ -48,7 +48,6 @@ enum zt_contact_event_type_enum : unsigned {
 class zt_unknown_param : public ZtTyped<zt_unknown_param> {
  public:
   ZT_API static const ZtElementType kType;
-
   /// The element's text.
   int setValueValue(const char* value) { return m_Value.Assign(value); }
   const char* getValueValue() const { return m_Value.Get(); }
@@ -65,27 +64,23 @@ class zt_unknown_param : public ZtTyped<zt_unknown_param> {
 class zt_ns_reginfo_contact : public ZtTyped<zt_ns_reginfo_contact> {
  public:
   ZT_API static const ZtElementType kType;
-
   /// The contact's URI. Texts are copied; null means absent, here and below.
   int setUriValue(const char* uri) { return m_Uri.Assign(uri); }
   const char* getUriValue() const { return m_Uri.Get(); }
   /// Raw text: the caller escapes markup in it.
   int setDisplayNameValue(const char* name) { return m_DisplayName.Assign(name); }
   const char* getDisplayNameValue() const { return m_DisplayName.Get(); }
-
   /// A list of zt_unknown_param (taken).
   int setUnknownParamListValue(ZtSingleElementList* list) { return m_UnknownParams.Set(list); }
   ZtListOf<zt_unknown_param>* getUnknownParamListValue() const { return m_UnknownParams; }
   /// Takes `param`; returns 0 when it is null, has an owner, or there is no memory.
   int addUnknownParam(zt_unknown_param* param) { return m_UnknownParams.Add(param); }
-
   /// The element cannot be written without it.
   int setStateValue(zt_contact_state_type_enum state) { return m_State.Set(state); }
   zt_contact_state_type_enum getStateValue() const { return m_State; }
   /// The element cannot be written without it.
   int setEventValue(zt_contact_event_type_enum event) { return m_Event.Set(event); }
   zt_contact_event_type_enum getEventValue() const { return m_Event; }
-
   /// Seconds that the contact has been registered; 0 means absent, here and in the next two.
   int setDurationRegisteredValue(unsigned long long seconds) {
     return m_DurationRegistered.Set(seconds);
@@ -97,7 +92,6 @@ class zt_ns_reginfo_contact : public ZtTyped<zt_ns_reginfo_contact> {
   /// Seconds to wait before registering again.
   int setRetryAfterValue(unsigned long long seconds) { return m_RetryAfter.Set(seconds); }
   unsigned long long getRetryAfterValue() const { return m_RetryAfter; }
-
   /// The element cannot be written without it.
   int setIdValue(const char* id) { return m_Id.Assign(id); }
   const char* getIdValue() const { return m_Id.Get(); }
@@ -110,7 +104,6 @@ class zt_ns_reginfo_contact : public ZtTyped<zt_ns_reginfo_contact> {
   /// The CSeq of that request; 0 means absent.
   int setCseqValue(unsigned long long cseq) { return m_Cseq.Set(cseq); }
   unsigned long long getCseqValue() const { return m_Cseq; }
-
   /// Other child elements (taken): zt_pub_gruu and zt_temp_gruu are written, others are not.
   int setAnyElementValue(ZtSingleElementList* list) { return m_AnyElements.Set(list); }
   ZtListOf<XMLElement>* getAnyElementValue() const { return m_AnyElements; }
@@ -136,13 +129,11 @@ class zt_ns_reginfo_contact : public ZtTyped<zt_ns_reginfo_contact> {
 class zt_registration : public ZtTyped<zt_registration> {
  public:
   ZT_API static const ZtElementType kType;
-
   /// A list of zt_ns_reginfo_contact (taken).
   int setContactListValue(ZtSingleElementList* list) { return m_Contacts.Set(list); }
   ZtListOf<zt_ns_reginfo_contact>* getContactListValue() const { return m_Contacts; }
   /// Takes `contact`; returns 0 when it is null, has an owner, or there is no memory.
   int addContact(zt_ns_reginfo_contact* contact) { return m_Contacts.Add(contact); }
-
   /// The address of record; the element cannot be written without it.
   int setAorValue(const char* aor) { return m_Aor.Assign(aor); }
   const char* getAorValue() const { return m_Aor.Get(); }
@@ -152,7 +143,6 @@ class zt_registration : public ZtTyped<zt_registration> {
   /// The element cannot be written without it.
   int setStateValue(zt_registration_state_type_enum state) { return m_State.Set(state); }
   zt_registration_state_type_enum getStateValue() const { return m_State; }
-
   /// Unknown child elements (taken), which are never written.
   int setAnyElementValue(ZtSingleElementList* list) { return m_AnyElements.Set(list); }
   ZtListOf<XMLElement>* getAnyElementValue() const { return m_AnyElements; }
@@ -170,20 +160,17 @@ class zt_registration : public ZtTyped<zt_registration> {
 class zt_reginfo : public ZtTyped<zt_reginfo, ZtObject> {
  public:
   ZT_API static const ZtElementType kType;
-
   /// A list of zt_registration (taken).
   int setRegistrationListValue(ZtSingleElementList* list) { return m_Registrations.Set(list); }
   ZtListOf<zt_registration>* getRegistrationListValue() const { return m_Registrations; }
   /// Takes `registration`; returns 0 when it is null, has an owner, or there is no memory.
   int addRegistration(zt_registration* registration) { return m_Registrations.Add(registration); }
-
   /// The element cannot be written without it.
   int setStateValue(zt_reginfo_state_type_enum state) { return m_State.Set(state); }
   zt_reginfo_state_type_enum getStateValue() const { return m_State; }
   /// The version, always written.
   int setVersionValue(unsigned int version) { return m_Version.Set(version); }
   unsigned int getVersionValue() const { return m_Version; }
-
   /// Unknown child elements (taken), which are never written.
   int setAnyElementValue(ZtSingleElementList* list) { return m_AnyElements.Set(list); }
   ZtListOf<XMLElement>* getAnyElementValue() const { return m_AnyElements; }
@@ -222,10 +209,8 @@ class ReginfoMarshaller : public ZtDescribedBy<ReginfoContext, ZtMarshaller> {
 
 /// Reads a "reginfo" document, with any prefixes, and the GRUU elements inside it.
 class XMLReginfoDecoder : public ZtDecoderOf<ReginfoContext> {};
-
 /// Reads a zt_reginfo.
 class ZT_API ReginfoUnMarshaller : public ZtDescribedBy<ReginfoContext, ZtUnMarshaller> {};
-
 /// The context of registration information, XML_SCHEMA_REGINFO.
 class ZT_API ReginfoContext : public ZtDescribedBy<ReginfoContext, ZtContext> {
  public:

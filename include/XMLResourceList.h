@@ -12,7 +12,6 @@ struct ResourceListsBinding;
 class zt_display_nameType : public ZtTyped<zt_display_nameType, ZtExtensible<>> {
  public:
   ZT_API static const ZtElementType kType;
-
   /// The element's text (copied). Raw text, to be escaped by the caller.
   int setValueValue(const char* value) { return m_Value.Assign(value); }
   const char* getValueValue() const { return m_Value.Get(); }
@@ -38,7 +37,6 @@ class ZtDisplayNamed : public ZtExtensible<> {
 class zt_entryType : public ZtTyped<zt_entryType, ZtDisplayNamed> {
  public:
   ZT_API static const ZtElementType kType;
-
   /// The resource's URI; the element cannot be written without it.
   int setUriValue(const char* uri) { return m_Uri.Assign(uri); }
   const char* getUriValue() const { return m_Uri.Get(); }
@@ -51,7 +49,6 @@ class zt_entryType : public ZtTyped<zt_entryType, ZtDisplayNamed> {
 class zt_entry_refType : public ZtTyped<zt_entry_refType, ZtDisplayNamed> {
  public:
   ZT_API static const ZtElementType kType;
-
   /// The entry's relative URI; the element cannot be written without it.
   int setRefValue(const char* ref) { return m_Ref.Assign(ref); }
   const char* getRefValue() const { return m_Ref.Get(); }
@@ -64,7 +61,6 @@ class zt_entry_refType : public ZtTyped<zt_entry_refType, ZtDisplayNamed> {
 class zt_externalType : public ZtTyped<zt_externalType, ZtDisplayNamed> {
  public:
   ZT_API static const ZtElementType kType;
-
   /// The list's absolute URI.
   int setAnchorValue(const char* anchor) { return m_Anchor.Assign(anchor); }
   const char* getAnchorValue() const { return m_Anchor.Get(); }
@@ -78,11 +74,9 @@ class zt_externalType : public ZtTyped<zt_externalType, ZtDisplayNamed> {
 class zt_listType : public ZtTyped<zt_listType, ZtDisplayNamed> {
  public:
   ZT_API static const ZtElementType kType;
-
   /// A name that no sibling list has.
   int setNameValue(const char* name) { return m_Name.Assign(name); }
   const char* getNameValue() const { return m_Name.Get(); }
-
   /// Each takes a member and appends it; returns 0 when it is null, has an owner, or there is no
   /// memory.
   int addList(zt_listType* list) { return addAnyElement(list); }
@@ -98,7 +92,6 @@ class zt_listType : public ZtTyped<zt_listType, ZtDisplayNamed> {
 class zt_resource_lists : public ZtTyped<zt_resource_lists, ZtExtensible<ZtObject>> {
  public:
   ZT_API static const ZtElementType kType;
-
   /// A list of zt_listType (taken).
   int setListListValue(ZtSingleElementList* list) { return m_Lists.Set(list); }
   ZtListOf<zt_listType>* getListListValue() const { return m_Lists; }
@@ -134,11 +127,9 @@ class Resource_listsMarshall : public ZtDescribedBy<ResourceListsContext, ZtMars
 
 /// Reads a "resource-lists" document, with any prefixes.
 class XMLResourceListsDecoder : public ZtDecoderOf<ResourceListsContext> {};
-
 /// Reads a zt_resource_lists.
 class ZT_API ResourceListsUnMarshaller
     : public ZtDescribedBy<ResourceListsContext, ZtUnMarshaller> {};
-
 /// The context of resource lists, XML_SCHEMA_RESOURCE_LISTS.
 class ZT_API ResourceListsContext : public ZtDescribedBy<ResourceListsContext, ZtContext> {
  public:

@@ -20,7 +20,6 @@ enum zt_instance_state_enum : unsigned {
 class zt_name : public ZtTyped<zt_name, ZtKeepsElements<>> {
  public:
   ZT_API static const ZtElementType kType;
-
   /// The element's text (copied). Raw text, to be escaped by the caller.
   int setValueValue(const char* value) { return m_Value.Assign(value); }
   const char* getValueValue() const { return m_Value.Get(); }
@@ -34,7 +33,6 @@ class zt_name : public ZtTyped<zt_name, ZtKeepsElements<>> {
 class zt_instance : public ZtTyped<zt_instance, ZtExtensible<>> {
  public:
   ZT_API static const ZtElementType kType;
-
   /// Tells the instances of one resource apart; the element cannot be written without it.
   int setIdValue(const char* id) { return m_Id.Assign(id); }
   const char* getIdValue() const { return m_Id.Get(); }
@@ -59,17 +57,14 @@ class zt_instance : public ZtTyped<zt_instance, ZtExtensible<>> {
 class zt_resource : public ZtTyped<zt_resource, ZtExtensible<>> {
  public:
   ZT_API static const ZtElementType kType;
-
   /// The resource's URI; the element cannot be written without it.
   int setUriValue(const char* uri) { return m_Uri.Assign(uri); }
   const char* getUriValue() const { return m_Uri.Get(); }
-
   /// A list of zt_name (taken).
   int setNameListValue(ZtSingleElementList* list) { return m_Names.Set(list); }
   ZtListOf<zt_name>* getNameListValue() const { return m_Names; }
   /// Takes `name`; returns 0 when it is null, has an owner, or there is no memory.
   int addName(zt_name* name) { return m_Names.Add(name); }
-
   /// A list of zt_instance (taken).
   int setInstanceListValue(ZtSingleElementList* list) { return m_Instances.Set(list); }
   ZtListOf<zt_instance>* getInstanceListValue() const { return m_Instances; }
@@ -86,7 +81,6 @@ class zt_resource : public ZtTyped<zt_resource, ZtExtensible<>> {
 class zt_list : public ZtTyped<zt_list, ZtExtensible<ZtObject>> {
  public:
   ZT_API static const ZtElementType kType;
-
   /// The list's URI; the element cannot be written without it.
   int setUriValue(const char* uri) { return m_Uri.Assign(uri); }
   const char* getUriValue() const { return m_Uri.Get(); }
@@ -97,13 +91,11 @@ class zt_list : public ZtTyped<zt_list, ZtExtensible<ZtObject>> {
   /// those that changed. Always written.
   int setFullStateValue(int full) { return m_FullState.Set(full == 1 ? 1 : 0); }
   int getFullStateValue() const { return m_FullState; }
-
   /// A list of zt_name (taken).
   int setNameListValue(ZtSingleElementList* list) { return m_Names.Set(list); }
   ZtListOf<zt_name>* getNameListValue() const { return m_Names; }
   /// Takes `name`; returns 0 when it is null, has an owner, or there is no memory.
   int addName(zt_name* name) { return m_Names.Add(name); }
-
   /// A list of zt_resource (taken).
   int setResourceListValue(ZtSingleElementList* list) { return m_Resources.Set(list); }
   ZtListOf<zt_resource>* getResourceListValue() const { return m_Resources; }
@@ -140,10 +132,8 @@ class ListMarshaller : public ZtDescribedBy<ListContext, ZtMarshaller> {
 
 /// Reads a "list" document, with any prefixes.
 class XMLListDecoder : public ZtDecoderOf<ListContext> {};
-
 /// Reads a zt_list.
 class ZT_API ListUnMarshaller : public ZtDescribedBy<ListContext, ZtUnMarshaller> {};
-
 /// The context of resource list meta-information, XML_SCHEMA_LIST.
 class ZT_API ListContext : public ZtDescribedBy<ListContext, ZtContext> {
  public:

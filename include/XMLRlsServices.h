@@ -14,7 +14,6 @@ class zt_ns_rls_services_packageType
     : public ZtTyped<zt_ns_rls_services_packageType, ZtKeepsElements<>> {
  public:
   ZT_API static const ZtElementType kType;
-
   /// The name of an event package, the element's text (copied).
   int setValueValue(const char* value) { return m_Value.Assign(value); }
   const char* getValueValue() const { return m_Value.Get(); }
@@ -28,7 +27,6 @@ class zt_ns_rls_services_packagesType
     : public ZtTyped<zt_ns_rls_services_packagesType, ZtKeepsElements<>> {
  public:
   ZT_API static const ZtElementType kType;
-
   /// A list of zt_ns_rls_services_packageType (taken).
   int setPackageListValue(ZtSingleElementList* list) { return m_Packages.Set(list); }
   ZtListOf<zt_ns_rls_services_packageType>* getPackageListValue() const { return m_Packages; }
@@ -44,7 +42,6 @@ class zt_ns_rls_services_serviceType
     : public ZtTyped<zt_ns_rls_services_serviceType, ZtExtensible<>> {
  public:
   ZT_API static const ZtElementType kType;
-
   /// The URI to subscribe to; the element cannot be written without it.
   int setUriValue(const char* uri) { return m_Uri.Assign(uri); }
   const char* getUriValue() const { return m_Uri.Get(); }
@@ -72,7 +69,6 @@ class zt_ns_rls_services_serviceType
 class zt_rls_services : public ZtTyped<zt_rls_services, ZtKeepsElements<ZtObject>> {
  public:
   ZT_API static const ZtElementType kType;
-
   /// A list of zt_ns_rls_services_serviceType (taken).
   int setServiceListValue(ZtSingleElementList* list) { return m_Services.Set(list); }
   ZtListOf<zt_ns_rls_services_serviceType>* getServiceListValue() const { return m_Services; }
@@ -105,10 +101,8 @@ class RlsServicesMarshaller : public ZtDescribedBy<RlsServicesContext, ZtMarshal
 
 /// Reads a "rls-services" document, with any prefixes.
 class XMLRlsServicesDecoder : public ZtDecoderOf<RlsServicesContext> {};
-
 /// Reads a zt_rls_services.
 class ZT_API RlsServicesUnMarshaller : public ZtDescribedBy<RlsServicesContext, ZtUnMarshaller> {};
-
 /// The context of resource list services, XML_SCHEMA_RLS_SERVICES.
 class ZT_API RlsServicesContext : public ZtDescribedBy<RlsServicesContext, ZtContext> {
  public:

@@ -12,10 +12,8 @@ class ZT_API zt_schema_namespace_retrieval
     : public ZtTyped<zt_schema_namespace_retrieval, ZtObject> {
  public:
   static const ZtElementType kType;
-
   /// `object` as a set of declarations, or null when it is of another class.
   static zt_schema_namespace_retrieval* From(XMLObject* object);
-
   /// Takes a non-null list of zt_AttributeValuePair with its entries; null changes nothing. Always
   /// 1.
   int setNameSpaceInfo(ZtSingleElementList* list);
@@ -58,7 +56,6 @@ class SchemaNamespaceRetrievalDataBinder
 /// Reads the declarations of any well-formed document.
 class SchemaNamespaceRetrievalUnMarshaller
     : public ZtDescribedBy<SchemaNamespaceRetrievalContext, ZtUnMarshaller> {};
-
 /// XML_SCHEMA_NAMESPACE_RETRIEVAL. There is no marshaller: createMarshaller returns null.
 class ZT_API SchemaNamespaceRetrievalContext
     : public ZtDescribedBy<SchemaNamespaceRetrievalContext, ZtContext> {

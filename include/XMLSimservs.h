@@ -12,7 +12,6 @@
 class zt_Simservs : public ZtTyped<zt_Simservs, ZtObject> {
  public:
   ZT_API static const ZtElementType kType;
-
   /// Takes `service`; returns 0 when it is null, has an owner, or there is no memory.
   int addService(XMLObject* service) { return m_Services.Add(service); }
   /// The services in the order in which they were added (taken; the entries are XMLElement*).
@@ -48,7 +47,6 @@ class ZT_API SimservsMarshaller : public ZtDescribedBy<SimservsContext, ZtMarsha
 
 /// Reads a simservs document without its services, under the prefixes that its document declares.
 class ZT_API XMLSimservsDecoder : public ZtDecoderOf<SimservsContext, ZtNamespaceDecoder> {};
-
 /// Reads a whole document. Each service is cut out of the text and read by its own unmarshaller; a
 /// service that cannot be read is dropped, with a log line. The services come in the order incoming
 /// and outgoing barring, diversion, waiting, originating and terminating identity presentation.
@@ -56,7 +54,6 @@ class ZT_API SimservsUnMarshaller : public ZtDescribedBy<SimservsContext, ZtUnMa
  public:
   XMLElement* UnMarshall(const char* xml) override;
   XMLElement* UnMarshall(XMLFile* file) override;
-
   /// 1 when the parser takes `text` as a whole document, else 0.
   int validateXML(char* text);
   /// Moves `length` bytes of `text` from `start` on to a new text, `*out`, which is for

@@ -9,7 +9,6 @@
 class zt_ns_xcap_simservType : public ZtTyped<zt_ns_xcap_simservType, ZtExtensible<ZtObject>> {
  public:
   ZT_API static const ZtElementType kType;
-
   /// The attribute "active": 1 or 0 (at first); always written.
   int setActiveValue(int active) { return m_Active.Set(active ? 1 : 0); }
   int getActiveValue() const { return m_Active.Get() ? 1 : 0; }
@@ -24,7 +23,6 @@ class zt_ns_xcap_simservType : public ZtTyped<zt_ns_xcap_simservType, ZtExtensib
 class zt_ns_xcap_media_type : public ZtTyped<zt_ns_xcap_media_type> {
  public:
   ZT_API static const ZtElementType kType;
-
   /// Raw text (copied): the caller escapes markup in it.
   int setMediaValue(const char* media) { return m_Media.Assign(media); }
   const char* getMediaValue() const { return m_Media.Get(); }
@@ -38,7 +36,6 @@ class zt_ns_xcap_media_type : public ZtTyped<zt_ns_xcap_media_type> {
 class zt_presence_status_activity_type : public ZtTyped<zt_presence_status_activity_type> {
  public:
   ZT_API static const ZtElementType kType;
-
   /// The activity (copied); null means absent.
   int setActivityValue(const char* activity) { return m_Activity.Assign(activity); }
   const char* getActivityValue() const { return m_Activity.Get(); }

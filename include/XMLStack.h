@@ -10,7 +10,6 @@ class ZT_API XmlCodeGenStack : public ZtNonCopyable {
   static constexpr int kCapacity = 100;  ///< entries
 
   XmlCodeGenStack() : m_iTop(-1) {}
-
   /// Stores `p` on top; on a full stack the pointer is dropped and a line is logged.
   void push(void* p);
   /// Takes the top entry off; on an empty stack only a line is logged.

@@ -30,10 +30,8 @@ class ZT_API TIPMarshaller : public ZtDescribedBy<TIPContext, ZtNamespaceMarshal
 
 /// Reads the service under the prefixes that its document declares.
 class XMLTIPDecoder : public ZtDecoderOf<TIPContext, ZtNamespaceDecoder> {};
-
 /// Reads the service from an XCAP fragment.
 class ZT_API TIPUnMarshaller : public ZtDescribedBy<TIPContext, ZtUnMarshaller> {};
-
 /// The context of terminating identity presentation, XML_SCHEMA_TIP.
 class ZT_API TIPContext : public ZtDescribedBy<TIPContext, ZtNamespaceContext> {
  public:

@@ -8,10 +8,8 @@
 class ZT_API zt_string : public ZtTyped<zt_string> {
  public:
   static const ZtElementType kType;
-
   /// `element` as a text, or null when it is of another class.
   static zt_string* From(XMLElement* element);
-
   /// The text (copied); null means absent.
   int setValue(const char* value) { return m_Value.Assign(value); }
   const char* getValue() const { return m_Value.Get(); }
@@ -26,7 +24,6 @@ class ZT_API zt_string : public ZtTyped<zt_string> {
 class ZT_API zt_empty_element_type : public ZtTyped<zt_empty_element_type> {
  public:
   static const ZtElementType kType;
-
   /// Whether the element is present: any number but 0.
   int setPresentValue(int present) { return m_iPresent.Set(present); }
   int getPresentValue() const { return m_iPresent; }
@@ -49,10 +46,8 @@ class ZT_API zt_AttributeValuePair : public XMLAttribute {
   const char* BaseClassName() const override;
   const char* ElementName() const override;
   int ReservedHook() override;
-
   /// `attribute` as a pair, or null when it is of another class.
   static zt_AttributeValuePair* From(XMLAttribute* attribute);
-
   /// Unlike other setters these two leave the field as it is when given null.
   int setName(const char* name) { return name ? m_Name.Assign(name) : 1; }
   int setValue(const char* value) { return value ? m_Value.Assign(value) : 1; }

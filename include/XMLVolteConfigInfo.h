@@ -29,11 +29,9 @@ class ZT_API VolteConfigInfoMarshall : public ZtDescribedBy<VolteConfigInfoConte
 
 /// Reads a "volte-config-info" or "wap-provisioningdoc" document, with any prefixes.
 class XMLVolteConfigInfoDecoder : public ZtDecoderOf<VolteConfigInfoContext> {};
-
 /// Reads a zt_volte_config_info.
 class ZT_API VolteConfigInfoUnMarshaller
     : public ZtDescribedBy<VolteConfigInfoContext, ZtUnMarshaller> {};
-
 /// The context of this document, XML_SCHEMA_VOLTE_CONFIG_INFO.
 class ZT_API VolteConfigInfoContext : public ZtDescribedBy<VolteConfigInfoContext, ZtContext> {
  public:

@@ -30,11 +30,9 @@ class ZT_API WapProvisioningDocMarshall
 
 /// Reads "wap-provisioningdoc", with any prefixes.
 class XMLWapProvisioningDocDecoder : public ZtDecoderOf<WapProvisioningDocContext> {};
-
 /// Reads a zt_wap_provisioning_doc.
 class ZT_API WapProvisioningDocUnMarshaller
     : public ZtDescribedBy<WapProvisioningDocContext, ZtUnMarshaller> {};
-
 /// The context of this document, XML_SCHEMA_WAP_PROVISIONING_DOC.
 class ZT_API WapProvisioningDocContext
     : public ZtDescribedBy<WapProvisioningDocContext, ZtContext> {

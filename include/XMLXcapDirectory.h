@@ -10,7 +10,6 @@
 class zt_entry : public ZtTyped<zt_entry> {
  public:
   ZT_API static const ZtElementType kType;
-
   /// The document's URI; the element cannot be written without it.
   int setUriValue(const char* uri) { return m_Uri.Assign(uri); }
   const char* getUriValue() const { return m_Uri.Get(); }
@@ -23,7 +22,6 @@ class zt_entry : public ZtTyped<zt_entry> {
   /// The document's size in bytes; 0 means absent.
   int setSizeValue(unsigned int bytes) { return m_Size.Set(bytes); }
   unsigned int getSizeValue() const { return m_Size; }
-
   /// Further attributes: a list of zt_AttributeValuePair, stored as XMLAttribute* (taken). Of
   /// several with one name only the first is written, and none that is named as one above.
   int setAnyAttributeValue(ZtSingleElementList* list) { return m_AnyAttributes.Set(list); }
@@ -43,17 +41,14 @@ class zt_entry : public ZtTyped<zt_entry> {
 class zt_folder : public ZtTyped<zt_folder> {
  public:
   ZT_API static const ZtElementType kType;
-
   /// The application usage's id, e.g. "resource-lists"; the element cannot be written without it.
   int setAuidValue(const char* auid) { return m_Auid.Assign(auid); }
   const char* getAuidValue() const { return m_Auid.Get(); }
-
   /// A list of zt_entry (taken).
   int setEntryListValue(ZtSingleElementList* list) { return m_Entries.Set(list); }
   ZtListOf<zt_entry>* getEntryListValue() const { return m_Entries; }
   /// Takes `entry`; returns 0 when it is null, has an owner, or there is no memory.
   int addEntry(zt_entry* entry) { return m_Entries.Add(entry); }
-
   /// Why there are no entries; only written then. Raw text, to be escaped by the caller.
   int setErrorCodeValue(const char* code) { return m_ErrorCode.Assign(code); }
   const char* getErrorCodeValue() const { return m_ErrorCode.Get(); }
@@ -68,7 +63,6 @@ class zt_folder : public ZtTyped<zt_folder> {
 class zt_xcap_directory : public ZtTyped<zt_xcap_directory, ZtObject> {
  public:
   ZT_API static const ZtElementType kType;
-
   /// A list of zt_folder (taken).
   int setFolderListValue(ZtSingleElementList* list) { return m_Folders.Set(list); }
   ZtListOf<zt_folder>* getFolderListValue() const { return m_Folders; }
@@ -99,11 +93,9 @@ class XcapDirectoryMarshaller : public ZtDescribedBy<XcapDirectoryContext, ZtMar
 
 /// Reads an "xcap-directory" document. Names are taken without their prefixes.
 class XMLXcapDirectoryDecoder : public ZtDecoderOf<XcapDirectoryContext> {};
-
 /// Reads a zt_xcap_directory. Elements are known by their local names, whatever their prefixes.
 class ZT_API XcapDirectoryUnMarshaller
     : public ZtDescribedBy<XcapDirectoryContext, ZtUnMarshaller> {};
-
 /// The context of XCAP directories, XML_SCHEMA_XCAP_DIRECTORY.
 class ZT_API XcapDirectoryContext : public ZtDescribedBy<XcapDirectoryContext, ZtContext> {
  public:

@@ -65,7 +65,6 @@ class zt_schema_validation_error : public ZtTyped<zt_schema_validation_error, Zt
 class zt_no_parent : public ZtTyped<zt_no_parent, ZtXcapPhrasedError> {
  public:
   ZT_API static const ZtElementType kType;
-
   /// The URI of the nearest ancestor that exists (copied); null means absent. Raw text, to be
   /// escaped by the caller.
   int setAncestorValue(const char* uri) { return m_Ancestor.Assign(uri); }
@@ -79,11 +78,9 @@ class zt_no_parent : public ZtTyped<zt_no_parent, ZtXcapPhrasedError> {
 class zt_exists : public ZtTyped<zt_exists> {
  public:
   ZT_API static const ZtElementType kType;
-
   /// The node selector of the value (copied); null means absent.
   int setFieldValue(const char* selector) { return m_Field.Assign(selector); }
   const char* getFieldValue() const { return m_Field.Get(); }
-
   /// The values that would do: a list of zt_string (taken). Raw texts, to be escaped by the caller.
   int setAltValueListValue(ZtSingleElementList* list) { return m_AltValues.Set(list); }
   ZtListOf<zt_string>* getAltValueListValue() const { return m_AltValues; }
@@ -99,7 +96,6 @@ class zt_exists : public ZtTyped<zt_exists> {
 class zt_uniqueness_failure : public ZtTyped<zt_uniqueness_failure, ZtXcapPhrasedError> {
  public:
   ZT_API static const ZtElementType kType;
-
   /// A list of zt_exists (taken).
   int setExistsListValue(ZtSingleElementList* list) { return m_Exists.Set(list); }
   ZtListOf<zt_exists>* getExistsListValue() const { return m_Exists; }
@@ -121,7 +117,6 @@ class zt_extension : public ZtTyped<zt_extension, ZtKeepsElements<>> {
 class zt_xcap_error : public ZtTyped<zt_xcap_error, ZtObject> {
  public:
   ZT_API static const ZtElementType kType;
-
   /// Takes the error, an object of a class above other than zt_exists: others are not written. Null
   /// for none. Ask which error it is by class, e.g. ZtAs<zt_no_parent>(getErrorValue()).
   int setErrorValue(XMLElement* error) { return m_Error.Set(error); }
@@ -180,11 +175,9 @@ class Xcap_ErrorMarshall : public ZtDescribedBy<XcapErrorContext, ZtMarshaller> 
 
 /// Reads an "xcap-error" document. Names are taken without their prefixes.
 class XMLXcapErrorDecoder : public ZtDecoderOf<XcapErrorContext> {};
-
 /// Reads a zt_xcap_error. Elements are known by their local names, whatever their prefixes; of
 /// several errors the last one is kept.
 class ZT_API XcapErrorUnMarshaller : public ZtDescribedBy<XcapErrorContext, ZtUnMarshaller> {};
-
 /// The context of XCAP errors, XML_SCHEMA_XCAP_ERROR.
 class ZT_API XcapErrorContext : public ZtDescribedBy<XcapErrorContext, ZtContext> {
  public:

@@ -1,2 +1,1 @@
-// XMLXcapDirectoryDecoder, which is declared with its document.
-#include "XMLXcapDirectory.h"
+#include "XMLXcapDirectory.h"  // declares XMLXcapDirectoryDecoder

@@ -1,2 +1,1 @@
-// XMLXcapErrorDecoder, which is declared with its document.
-#include "XMLXcapError.h"
+#include "XMLXcapError.h"  // declares XMLXcapErrorDecoder

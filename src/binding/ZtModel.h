@@ -9,10 +9,17 @@
 
 #include "XMLValueTypes.h"
 #include "base/ZtMemory.h"
-#include "base/ZtWith.h"
 #include "binding/ZtNames.h"
 #include "ztxml/ZtElement.h"
 #include "ztxml/ZtPiece.h"
+
+// A constant entry of a table with one of its members changed: what the chained builders of rows,
+// types and documents are made of.
+template <class T, class Member, class Value>
+constexpr T ZtWith(T entry, Member T::*member, Value value) {
+  entry.*member = value;
+  return entry;
+}
 
 // ---- Values -------------------------------------------------------------------------------------
 
@@ -215,44 +222,40 @@ constexpr ZtMember At(M D::*member) {
   return ZtMember(static_cast<M XMLElement::*>(member));
 }
 
-// What a scalar member holds.
+// What a scalar member holds; with a table of values the index of one.
 constexpr ZtValue ValueOf(ZtText XMLElement::*) { return ZtValue::kText; }
 constexpr ZtValue ValueOf(ZtNumber XMLElement::*) { return ZtValue::kNumber; }
 constexpr ZtValue ValueOf(ZtNumber64 XMLElement::*) { return ZtValue::kNumber64; }
+constexpr ZtValue ValueOf(ZtNumber XMLElement::*, const ZtEnumTable&) { return ZtValue::kEnum; }
 
-template <class M, class D>
-constexpr ZtField Attribute(ZtNameId name, M D::*m) {
-  return {ZtPlace::kAttribute, ValueOf(static_cast<M XMLElement::*>(m)), name, At(m)};
+// `detail`: the ZtEnumTable of an enumeration.
+template <class M, class D, class... Detail>
+constexpr ZtField Scalar(ZtPlace place, ZtNameId name, M D::*m, const Detail&... detail) {
+  return {place, ValueOf(static_cast<M XMLElement::*>(m), detail...), name, At(m),
+          ZtDetail(&detail...)};
 }
+template <class M, class D, class... Detail>
+constexpr ZtField Attribute(ZtNameId name, M D::*m, const Detail&... detail) {
+  return Scalar(ZtPlace::kAttribute, name, m, detail...);
+}
+template <class M, class D, class... Detail>
+constexpr ZtField TextElement(ZtNameId name, M D::*m, const Detail&... detail) {
+  return Scalar(ZtPlace::kTextElement, name, m, detail...);
+}
+// The element's own text; `name` is the element's.
+template <class M, class D, class... Detail>
+constexpr ZtField OwnText(ZtNameId name, M D::*m, const Detail&... detail) {
+  return Scalar(ZtPlace::kOwnText, name, m, detail...);
+}
+// A number in a range, which is always written.
 template <class D>
-constexpr ZtField Attribute(ZtNameId name, ZtNumber D::*m, const ZtEnumTable& values) {
-  return {ZtPlace::kAttribute, ZtValue::kEnum, name, At(m), ZtDetail(&values)};
-}
-template <class M, class D>
-constexpr ZtField TextElement(ZtNameId name, M D::*m) {
-  return {ZtPlace::kTextElement, ValueOf(static_cast<M XMLElement::*>(m)), name, At(m)};
-}
-template <class D>
-constexpr ZtField TextElement(ZtNameId name, ZtNumber D::*m, const ZtEnumTable& values) {
-  return {ZtPlace::kTextElement, ZtValue::kEnum, name, At(m), ZtDetail(&values)};
+constexpr ZtField OwnText(ZtNameId name, ZtNumber D::*m, const ZtRange& range) {
+  return ZtField(ZtPlace::kOwnText, ZtValue::kNumber, name, At(m), ZtDetail(&range)).Always();
 }
 // A repeated text element; the list holds zt_string.
 template <class D>
 constexpr ZtField TextElements(ZtNameId name, ZtChildList D::*m) {
   return {ZtPlace::kTextElements, ZtValue::kText, name, At(m)};
-}
-// The element's own text; `name` is the element's.
-template <class D>
-constexpr ZtField OwnText(ZtNameId name, ZtText D::*m) {
-  return {ZtPlace::kOwnText, ZtValue::kText, name, At(m)};
-}
-template <class D>
-constexpr ZtField OwnText(ZtNameId name, ZtNumber D::*m, const ZtEnumTable& values) {
-  return {ZtPlace::kOwnText, ZtValue::kEnum, name, At(m), ZtDetail(&values)};
-}
-template <class D>
-constexpr ZtField OwnText(ZtNameId name, ZtNumber D::*m, const ZtRange& range) {
-  return ZtField(ZtPlace::kOwnText, ZtValue::kNumber, name, At(m), ZtDetail(&range)).Always();
 }
 // The element's own text as words, one blank between them: n blanks make n + 1 words, of which any
 // may be empty.
@@ -285,12 +288,14 @@ constexpr ZtField OtherAttributes(ZtAttributeList D::*m) {
 }
 
 // Whether rows can be meant: attributes before children, no name twice in one place, at most one
-// row for the rest.
+// row for the rest; nothing required but texts and numbers, no own text as one of several.
 constexpr bool Sound(std::initializer_list<ZtField> rows) {
   bool children = false;
   for (const ZtField* row = rows.begin(); row != rows.end(); ++row) {
     if (row->IsAttribute() && children) return false;
     children = children || !row->IsAttribute();
+    if (row->Is(kZtRequired) && (row->value == ZtValue::kObject || row->IsOwnText())) return false;
+    if (row->Is(kZtOneOf) && row->IsOwnText()) return false;
     for (const ZtField* other = rows.begin(); other != row; ++other) {
       if (row->IsAttribute() == other->IsAttribute() && row->name == other->name &&
           row->HasName() == other->HasName()) {

@@ -5,15 +5,11 @@
 #include "binding/ZtElementWriter.h"
 
 namespace {
-
 constexpr char kSource[] = "src/XMLBootstrappingInfo";
 constexpr ZtFamily kFamily = ZtPlainFamily(kSource);
 
 constexpr ZtExtras kNamespace = {{{XML_STR_URI_3GPP_GBA, XML_STR_ZT_NULL}}};
-
 }  // namespace
-
-// ---- Types --------------------------------------------------------------------------------------
 
 const ZtElementType zt_bootstrappinginfo::kType = {
     ZtTypeOf<zt_bootstrappinginfo>("zt_bootstrappinginfo", "BootstrappingInfo", kFamily)
@@ -27,8 +23,6 @@ const ZtElementType zt_bootstrappinginfo::kType = {
          .Logged()
          .NoteAbsent("<XML Module>: BootstrappingInfoElement lifetime not present",
                      kZtLogOptional)}};
-
-// ---- Workers ------------------------------------------------------------------------------------
 
 namespace {
 constexpr ZtDocumentLines Lines() {

@@ -3,12 +3,9 @@
 #include "binding/ZtDocumentTable.h"
 
 namespace {
-
 constexpr char kSource[] = "src/XMLCWIndication";
 constexpr ZtFamily kFamily = ZtPlainFamily(kSource);
 }  // namespace
-
-// ---- Types --------------------------------------------------------------------------------------
 
 const ZtElementType zt_alternative_service::kType = {
     ZtTypeOf<zt_alternative_service>("zt_alternative_service", "alternative-service", kFamily)
@@ -16,7 +13,6 @@ const ZtElementType zt_alternative_service::kType = {
     {ztrow::TextElement(XML_STR_TYPE, &zt_alternative_service::m_Type),
      ztrow::TextElement(XML_STR_REASON, &zt_alternative_service::m_Reason),
      ztrow::TextElement(XML_STR_ACTION, &zt_alternative_service::m_Action)}};
-
 const ZtElementType zt_ims_3gpp::kType = {
     ZtTypeOf<zt_ims_3gpp>("zt_ims_3gpp", "ims-3gpp", kFamily)
         .Writer(XML_STR_IMS_3GPP, "AddIms3gppElementToXml")
@@ -25,8 +21,6 @@ const ZtElementType zt_ims_3gpp::kType = {
      ztrow::Child(XML_STR_ALTERNATIVE_SERVICE, &zt_ims_3gpp::m_AlternativeService,
                   zt_alternative_service::kType),
      ztrow::TextElement(XML_STR_SERVICE_INFO, &zt_ims_3gpp::m_ServiceInfo)}};
-
-// ---- Workers ------------------------------------------------------------------------------------
 
 const ZtDocument CWIndicationContext::kDocument = {
     ZtDocumentOf<CWIndicationContext, XMLCWIndicationDecoder, CWIndicationUnMarshaller,

@@ -3,7 +3,6 @@
 #include "binding/ZtDocumentTable.h"
 
 namespace {
-
 constexpr char kSource[] = "src/XMLCallWaitingIndication";
 constexpr ZtFamily kFamily = ZtPlainFamily(kSource);
 
@@ -12,10 +11,7 @@ constexpr ZtFlag kFlagText = {
 constexpr ZtExtras kFlagExtras = ZtExtrasOf(kFlagText);
 constexpr ZtElementType kFlag =
     ZtFlagOf(kFamily, "AddCallWaitingIndicationElementToXml", kFlagExtras);
-
 }  // namespace
-
-// ---- Types --------------------------------------------------------------------------------------
 
 // Intended: a "call-waiting-indication" that is set but not present fails the whole document;
 // callers leave it unset instead.
@@ -25,14 +21,12 @@ const ZtElementType zt_ns_call_waiting_indication_action::kType = {
         .Writer(XML_STR_ACTION, "AddActionElementToXml"),
     {ztrow::Child(XML_STR_CALL_WAITING_INDICATION,
                   &zt_ns_call_waiting_indication_action::m_CallWaitingIndication, kFlag)}};
-
 const ZtElementType zt_ns_call_waiting_indication_alternative_service::kType = {
     ZtTypeOf<zt_ns_call_waiting_indication_alternative_service>(
         "zt_ns_call_waiting_indication_alternative_service", "alternative-service", kFamily)
         .Writer(XML_STR_ALTERNATIVE_SERVICE, "AddAlternativeServiceElementToXml"),
     {ztrow::Child(XML_STR_ACTION, &zt_ns_call_waiting_indication_alternative_service::m_Action,
                   zt_ns_call_waiting_indication_action::kType)}};
-
 // Intended: the root is called "3gpp-ims", although XML names do not begin with a digit; peers send
 // and expect it, and the library's parser reads it.
 const ZtElementType zt_3gpp_ims::kType = {
@@ -42,8 +36,6 @@ const ZtElementType zt_3gpp_ims::kType = {
     {ztrow::Attribute(XML_STR_VERSION, &zt_3gpp_ims::m_Version),
      ztrow::Child(XML_STR_ALTERNATIVE_SERVICE, &zt_3gpp_ims::m_AlternativeService,
                   zt_ns_call_waiting_indication_alternative_service::kType)}};
-
-// ---- Workers ------------------------------------------------------------------------------------
 
 zt_empty_element_type* CallWaitingIndicationDataBinder::CreateCallWaitingIndicationElement() {
   return ZtMakeFlag(kSource, ZtName(XML_STR_CALL_WAITING_INDICATION));

@@ -3,12 +3,10 @@
 #include "documents/PresenceBinding.h"
 
 namespace {
-
 constexpr ZtFamily kFamily = ZtPresenceFamily("src/XMLCaps");
 
 // Intended: a capability is "true" or "false"; callers get any other text, "1" too, as absent.
 constexpr ZtEnumTable kCapability = {kBooleanSlots, 2, 2, ZT_CAPS_ABSENT, false};
-
 }  // namespace
 
 // Has no element name: the rows of "duplex" name the two elements that have modes.
@@ -19,7 +17,6 @@ const ZtElementType zt_ns_caps_duplextypes::kType = {
      ztrow::TextElement(XML_STR_HALF, &zt_ns_caps_duplextypes::m_Half),
      ztrow::TextElement(XML_STR_RECEIVE_ONLY, &zt_ns_caps_duplextypes::m_ReceiveOnly),
      ztrow::TextElement(XML_STR_SEND_ONLY, &zt_ns_caps_duplextypes::m_SendOnly), kZtOthers}};
-
 const ZtElementType zt_ns_caps_duplextype::kType = {
     ZtTypeOf<zt_ns_caps_duplextype>("zt_ns_caps_duplextype", "duplex", kFamily)
         .Writer(XML_STR_DUPLEX, "AddDuplexElementToXml", XML_STR_CAPS),
@@ -28,7 +25,6 @@ const ZtElementType zt_ns_caps_duplextype::kType = {
      ztrow::Child(XML_STR_NOTSUPPORTED, &zt_ns_caps_duplextype::m_Notsupported,
                   zt_ns_caps_duplextypes::kType),
      kZtOthers}};
-
 const ZtElementType zt_ns_caps_servcaps::kType = {
     ZtTypeOf<zt_ns_caps_servcaps>("zt_ns_caps_servcaps", "servcaps", kFamily)
         .Writer(XML_STR_SERVCAPS, "AddServcapsElementToXml", XML_STR_CAPS),

@@ -5,7 +5,6 @@
 #include "binding/ZtElementWriter.h"
 
 namespace {
-
 constexpr char kSource[] = "src/XMLConferenceInfo";
 // An element is known only inside its parents: "entry" has another meaning in each of four.
 constexpr ZtFamily kFamily = ZtPlainFamily(kSource).RefusesNullClasses().NamesStayInside();
@@ -38,13 +37,9 @@ constexpr ZtEnumTable kMediaStatuses = {kMediaSlots, 4, 4, ZT_MEDIA_STATUS_ABSEN
 
 constexpr ZtExtras kNamespace = {
     {{XML_STR_URN_IETF_PARAMS_XML_NS_CONFERENCE_INFO, XML_STR_ZT_NULL}}};
-
 }  // namespace
 
-// ---- Types --------------------------------------------------------------------------------------
-
 namespace {
-
 bool WriteAvailableMedia(ZtElementWriter& writer, const XMLElement& self, const ZtElementType&) {
   int index = 0;
   const auto& media = static_cast<const zt_conference_media_type&>(self);
@@ -68,7 +63,6 @@ bool WriteAvailableMedia(ZtElementWriter& writer, const XMLElement& self, const 
   return true;
 }
 constexpr ZtExtras kAvailableMedia = {{}, nullptr, WriteAvailableMedia};
-
 }  // namespace
 
 const ZtElementType zt_execution_type::kType = {
@@ -245,8 +239,6 @@ const ZtElementType zt_conference_type::kType = {
      ztrow::Child(XML_STR_SIDEBARS_BY_VAL, &zt_conference_type::m_SidebarsByVal,
                   zt_sidebars_by_val_type::kType),
      ZtExtensibleRows::kElements<ZtObject>}};
-
-// ---- Workers ------------------------------------------------------------------------------------
 
 int Conference_infoMarshall::AddConferenceInfoElementToXml(zt_conference_type* conference,
                                                            e_XmlStrRef name) {

@@ -3,12 +3,9 @@
 #include "binding/ZtDocumentTable.h"
 
 namespace {
-
 constexpr char kSource[] = "src/XMLFt";
 constexpr ZtFamily kFamily = ZtPlainFamily(kSource);
 }  // namespace
-
-// ---- Types --------------------------------------------------------------------------------------
 
 const ZtElementType zt_ns_ft_data::kType = {
     ZtTypeOf<zt_ns_ft_data>("zt_ns_ft_data", "data", kFamily)
@@ -17,21 +14,17 @@ const ZtElementType zt_ns_ft_data::kType = {
     {ztrow::Attribute(XML_STR_ETAG, &zt_ns_ft_data::m_Etag),
      ztrow::Attribute(XML_STR_UNTIL, &zt_ns_ft_data::m_Until),
      ztrow::Attribute(XML_STR_URL, &zt_ns_ft_data::m_Url)}};
-
 const ZtElementType zt_ns_ft_file_info::kType = {
     ZtTypeOf<zt_ns_ft_file_info>("zt_ns_ft_file_info", "file-info", kFamily)
         .Writer(XML_STR_FILE_INFO, "AddFileInfoElementToXml"),
     {ztrow::Attribute(XML_STR_TYPE, &zt_ns_ft_file_info::m_Type),
      ztrow::TextElement(XML_STR_FILE_SIZE, &zt_ns_ft_file_info::m_FileSize),
      ztrow::Child(XML_STR_DATA, &zt_ns_ft_file_info::m_Data, zt_ns_ft_data::kType)}};
-
 const ZtElementType zt_file::kType = {
     ZtTypeOf<zt_file>("zt_file", "file", kFamily)
         .Writer(XML_STR_FILE, "AddFileElementToXml")
         .Root(),
     {ztrow::Children(XML_STR_FILE_INFO, &zt_file::m_FileInfos, zt_ns_ft_file_info::kType)}};
-
-// ---- Workers ------------------------------------------------------------------------------------
 
 const ZtDocument FileContext::kDocument = {
     ZtDocumentOf<FileContext, XMLFileDecoder, FileUnMarshaller, FileMarshaller, FileDataBinder>(

@@ -4,7 +4,6 @@
 #include "binding/ZtDocumentTable.h"
 
 namespace {
-
 constexpr char kSource[] = "src/XMLGruu";
 
 constexpr ZtHookLines kLines = {nullptr, nullptr,
@@ -12,10 +11,7 @@ constexpr ZtHookLines kLines = {nullptr, nullptr,
                                 nullptr, "<XML Module>: Any attribute is not allowed in class %s"};
 constexpr ZtFamily kFamily = {kSource, &kLines, nullptr, "<XML Module>: %s Failed",
                               ZtUnknown::kRefuse};
-
 }  // namespace
-
-// ---- Types --------------------------------------------------------------------------------------
 
 // Intended: a GRUU without a uri fails before its start tag is closed, and in registration
 // information the writer goes on with the tag left open; callers set a uri.
@@ -60,8 +56,6 @@ const ZtElementType zt_ns_gruuinfo_tempGruu::kType = {
     Gruu::Temporary<zt_ns_gruuinfo_tempGruu>("zt_ns_gruuinfo_tempGruu"),
     {Gruu::kFirstCseq, Gruu::kTemporaryUri}};
 
-// ---- Workers ------------------------------------------------------------------------------------
-
 XMLObject* GruuDataBinder::CreateRootElement() {
   const char* type = m_pGruutype.Get();
   ZtLog(kZtLogTrace, kSource)(
@@ -79,7 +73,6 @@ XMLObject* GruuDataBinder::CreateRootElement() {
 }
 
 namespace {
-
 constexpr ZtDocumentLines kDocumentLines = {
     "<XML Module>: In %s::UnMarshall with pXmlString=%s",
     "<XML Module>: In %s::UnMarshall(pfile) with pstring=%s", "<XML Module>: Xml Decoder Success",
@@ -90,7 +83,6 @@ constexpr ZtDocumentLines kDocumentLines = {
     // written; log readers search for it as it is.
     "<XML Module>: GruuMarshaller :: Marshall: obj is pub-gruu", "<XML Module>: %s XML %s",
     "<XML Module>: %s XML Failed at %s!"};
-
 }  // namespace
 
 const ZtDocument GruuContext::kDocument = {

@@ -4,7 +4,6 @@
 #include "binding/ZtElementWriter.h"
 
 namespace {
-
 constexpr char kSource[] = "src/XMLImdn";
 constexpr ZtFamily kFamily = ZtQuietFamily(kSource).RefusesNullClasses();
 constexpr ZtFamily kTellingFamily = kFamily.UnknownElement(kCannotAccommodate);
@@ -19,10 +18,7 @@ bool WriteNotification(ZtElementWriter& writer, ZtNameId notification, ZtNameId 
   writer.End(notification);
   return true;
 }
-
 }  // namespace
-
-// ---- Types --------------------------------------------------------------------------------------
 
 const ZtElementType zt_delivered::kType = {
     ZtTypeOf<zt_delivered>("zt_delivered", "delivered", kFamily)};
@@ -37,7 +33,6 @@ const ZtElementType zt_forbidden::kType = {
 const ZtElementType zt_error::kType = {ZtTypeOf<zt_error>("zt_error", "error", kFamily)};
 
 namespace {
-
 // Attributes come by another hook: what is offered here is an element, whatever its class name.
 // Intended: under a name that it does not know a status keeps only objects of the plain class
 // "XMLElement", where other types keep all; callers free what it does not keep.
@@ -48,7 +43,6 @@ bool DropObject(XMLElement&, const char* name, const char*, XMLElement* child, Z
   return !className || __strcmp(className, "XMLElement") != 0;
 }
 constexpr ZtExtras kStatus = {{}, DropObject};
-
 }  // namespace
 
 const ZtElementType zt_status::kType = {
@@ -70,7 +64,6 @@ const ZtElementType zt_status::kType = {
      kZtOthers}};
 
 namespace {
-
 // What each notification writes of a status: the first of its values that is set, or nothing.
 template <e_XmlStrRef... kValues>
 bool WriteFirstOf(ZtElementWriter& writer, const XMLElement& self, const ZtElementType& type) {
@@ -97,7 +90,6 @@ constexpr ZtExtras kProcessing = {
     nullptr,
     nullptr,
     WriteFirstOf<XML_STR_PROCESSED, XML_STR_STORED, XML_STR_FORBIDDEN, XML_STR_ERROR>};
-
 }  // namespace
 
 struct ImdnBinding {
@@ -171,8 +163,6 @@ const ZtElementType zt_imdn::kType = {
      // Intended: callers get an element of another name in "imdn" as a flag, without content, which
      // is not written; in a status such an element is dropped.
      ZtExtensibleRows::Elements<ZtObject>(kAnyOther)}};
-
-// ---- Workers ------------------------------------------------------------------------------------
 
 int IMDNMarshaller::AddNotificationXML(e_XmlStrRef notification, e_XmlStrRef status,
                                        ZtSingleElementList* statusAttributes) {

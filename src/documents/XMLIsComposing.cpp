@@ -4,7 +4,6 @@
 #include "binding/ZtElementWriter.h"
 
 namespace {
-
 constexpr char kSource[] = "src/XMLIsComposing";
 constexpr ZtFamily kFamily = ZtQuietFamily(kSource);
 constexpr ZtFamily kTellingFamily = kFamily.UnknownElement(kCannotAccommodate);
@@ -17,10 +16,7 @@ constexpr ZtExtras kDeclarations = {
      {XML_STR_HTTP_WWW_W3_ORG_2001_XMLSCHEMA_INSTANCE, XML_STR_XSI},
      {XML_STR_URN_IETF_PARAMS_XML_NS_IM_COMPOSING_ISCOMPOSING_XSD, XML_STR_SCHEMA_LOCATION,
       XML_STR_XSI}}};
-
 }  // namespace
-
-// ---- Types --------------------------------------------------------------------------------------
 
 const ZtElementType zt_isComposing::kType = {
     ZtTypeOf<zt_isComposing>("zt_isComposing", "isComposing", kTellingFamily)
@@ -40,8 +36,6 @@ const ZtElementType zt_isComposing::kType = {
          .Logged()
          .NoteAbsent("<XML Module>: IsComposingElement Refresh not present", kZtLogOptional),
      ZtExtensibleRows::kElements<ZtObject>}};
-
-// ---- Workers ------------------------------------------------------------------------------------
 
 int IsComposingMarshaller::AddRefreshElementToXml(unsigned int seconds) {
   zt_isComposing indication;

@@ -3,7 +3,6 @@
 #include "binding/ZtDocumentTable.h"
 
 namespace {
-
 constexpr char kSource[] = "src/XMLMediaControl";
 constexpr ZtFamily kFamily = ZtPlainFamily(kSource);
 
@@ -11,10 +10,7 @@ constexpr ZtFlag kFlagText = {"%s::AddEmptyElementToXml: Received empty present 
                               "%s::AddEmptyElementToXml: Received empty element is NULL"};
 constexpr ZtExtras kFlagExtras = ZtExtrasOf(kFlagText);
 constexpr ZtElementType kFlag = ZtFlagOf(kFamily, "AddEmptyElementToXml", kFlagExtras);
-
 }  // namespace
-
-// ---- Types --------------------------------------------------------------------------------------
 
 // Intended: of a "picture_fast_update" that is set but not present nothing is written, and callers
 // get the document; in a call-waiting indication such a flag fails the document.
@@ -23,19 +19,15 @@ const ZtElementType zt_to_encoder::kType = {
         .Writer(XML_STR_TO_ENCODER, "AddToEncoderElementToXml"),
     {ztrow::Child(XML_STR_PICTURE_FAST_UPDATE, &zt_to_encoder::m_PictureFastUpdate, kFlag)
          .Lenient()}};
-
 const ZtElementType zt_vc_primitive::kType = {
     ZtTypeOf<zt_vc_primitive>("zt_vc_primitive", "vc_primitive", kFamily)
         .Writer(XML_STR_VC_PRIMITIVE, "AddVcPrimitiveElementToXml"),
     {ztrow::Child(XML_STR_TO_ENCODER, &zt_vc_primitive::m_ToEncoder, zt_to_encoder::kType)}};
-
 const ZtElementType zt_media_control::kType = {
     ZtTypeOf<zt_media_control>("zt_media_control", "media_control", kFamily)
         .Writer(XML_STR_MEDIA_CONTROL, "AddMediaControlElementToXml")
         .Root(),
     {ztrow::Child(XML_STR_VC_PRIMITIVE, &zt_media_control::m_VcPrimitive, zt_vc_primitive::kType)}};
-
-// ---- Workers ------------------------------------------------------------------------------------
 
 zt_empty_element_type* MediaControlDataBinder::CreatePictureFastUpdateElement() {
   return ZtMakeFlag(kSource, ZtName(XML_STR_PICTURE_FAST_UPDATE));

@@ -5,7 +5,6 @@
 #include "documents/PresenceBinding.h"
 
 namespace {
-
 constexpr char kSource[] = "src/XMLPresence";
 constexpr ZtFamily kFamily = ZtPresenceFamily(kSource);
 
@@ -24,26 +23,20 @@ constexpr ZtChoice kExtensions[] = {
     {XML_STR_SERVICE_DESCRIPTION, zt_ns_oma_pres_service_description::kType},
     {XML_STR_SERVCAPS, zt_ns_caps_servcaps::kType},
     {}};
-
 }  // namespace
-
-// ---- Types --------------------------------------------------------------------------------------
 
 const ZtElementType zt_note::kType = {
     ZtTypeOf<zt_note>("zt_note", "note", kFamily).Writer(XML_STR_NOTE, "AddNoteElementToXml"),
     {ztrow::OwnText(XML_STR_NOTE, &zt_note::m_Value), kZtOthers}};
-
 const ZtElementType zt_contact::kType = {
     ZtTypeOf<zt_contact>("zt_contact", "contact", kFamily)
         .Writer(XML_STR_CONTACT, "AddContactElementToXml"),
     {ztrow::Attribute(XML_STR_PRIORITY, &zt_contact::m_Priority),
      ztrow::OwnText(XML_STR_CONTACT, &zt_contact::m_Uri), kZtOthers}};
-
 const ZtElementType PresenceNameSpace::zt_status::kType = {
     ZtTypeOf<PresenceNameSpace::zt_status>("PresenceNameSpace::zt_status", "status", kFamily)
         .Writer(XML_STR_STATUS, "AddStatusElementToXml"),
     {ztrow::TextElement(XML_STR_BASIC, &Status::m_Basic, kBasic), kZtOthers}};
-
 // Intended: a tuple without its required id fails the document without a log line of its own; log
 // readers find only the line of the failed document.
 const ZtElementType zt_tuple::kType = {
@@ -54,7 +47,6 @@ const ZtElementType zt_tuple::kType = {
      ztrow::Child(XML_STR_CONTACT, &zt_tuple::m_Contact, zt_contact::kType),
      ztrow::TextElement(XML_STR_TIMESTAMP, &zt_tuple::m_Timestamp),
      ztrow::Children(XML_STR_NOTE, &zt_tuple::m_Notes, zt_note::kType)}};
-
 const ZtElementType zt_presence::kType = {
     ZtTypeOf<zt_presence>("zt_presence", "presence", kFamily)
         .Writer(XML_STR_PRESENCE, "AddPresenceElementToXml")
@@ -66,8 +58,6 @@ const ZtElementType zt_presence::kType = {
      ztrow::Children(XML_STR_TUPLE, &zt_presence::m_Tuples, zt_tuple::kType),
      ztrow::Children(XML_STR_NOTE, &zt_presence::m_Notes, zt_note::kType),
      ZtExtensibleRows::kElements<ZtObject>}};
-
-// ---- Workers ------------------------------------------------------------------------------------
 
 const ZtDocument PresenceContext::kDocument = {
     ZtDocumentOf<PresenceContext, XMLPresenceDecoder, PresenceUnMarshaller, PresenceMarshaller,

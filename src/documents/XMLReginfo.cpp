@@ -4,7 +4,6 @@
 #include "binding/ZtDocumentTable.h"
 
 namespace {
-
 constexpr char kSource[] = "src/XMLReginfo";
 
 constexpr ZtHookLines kLines = {
@@ -19,8 +18,6 @@ constexpr ZtFamily kFamily = ZtFamily{kSource, &kLines, "Cannot accommodate the 
                                  .RefusesNullClasses();
 constexpr ZtFamily kRootFamily =
     kFamily.UnknownElement("zt_reginfo::ProcessUnMarshall Cannot accommodate the element %s");
-
-// ---- Enumerations -------------------------------------------------------------------------------
 
 // Intended: a text that only begins with a state or an event is read as that value ("fully" as
 // "full"), so that peers which append to values are understood.
@@ -48,10 +45,7 @@ constexpr ZtExtras kNamespaces = {{{XML_STR_URN_IETF_PARAMS_XML_NS_REGINFO, XML_
 constexpr ZtChoice kGruus[] = {{XML_STR_PUB_GRUU, zt_pub_gruu::kType, XML_STR_GR},
                                {XML_STR_TEMP_GRUU, zt_temp_gruu::kType, XML_STR_GR},
                                {}};
-
 }  // namespace
-
-// ---- Types --------------------------------------------------------------------------------------
 
 const ZtElementType zt_unknown_param::kType = {
     ZtTypeOf<zt_unknown_param>("zt_unknown_param", "unknown-param", kFamily)
@@ -59,7 +53,6 @@ const ZtElementType zt_unknown_param::kType = {
     {ztrow::Attribute(XML_STR_NAME, &zt_unknown_param::m_Name)
          .Required("<XML Module>: AddUnknownParamElementToXml name is required", kZtLogError),
      ztrow::OwnText(XML_STR_UNKNOWN_PARAM, &zt_unknown_param::m_Value)}};
-
 // Intended: a required state or event that is missing is logged at the level of optional items,
 // although it fails the document; log readers find the line at that level.
 const ZtElementType zt_ns_reginfo_contact::kType = {
@@ -87,7 +80,6 @@ const ZtElementType zt_ns_reginfo_contact::kType = {
          .Lenient()
          .NoteLeftOut("<XML Module>: AddUnknownParamElementToXml cannot accommodate any element "
                       "classname: %s")}};
-
 const ZtElementType zt_registration::kType = {
     ZtTypeOf<zt_registration>("zt_registration", "registration", kFamily)
         .Writer(XML_STR_REGISTRATION, "AddRegistrationElementToXml"),
@@ -101,7 +93,6 @@ const ZtElementType zt_registration::kType = {
      ztrow::Children(XML_STR_CONTACT, &zt_registration::m_Contacts, zt_ns_reginfo_contact::kType),
      ztrow::OtherChildren(&zt_registration::m_AnyElements)
          .NoteLeftOut("<XML Module>: pRegistration: AnyElement not supported")}};
-
 const ZtElementType zt_reginfo::kType = {
     ZtTypeOf<zt_reginfo>("zt_reginfo", "reginfo", kRootFamily)
         .Writer(XML_STR_REGINFO, "AddReginfoElementToXml")
@@ -113,8 +104,6 @@ const ZtElementType zt_reginfo::kType = {
      ztrow::Children(XML_STR_REGISTRATION, &zt_reginfo::m_Registrations, zt_registration::kType),
      ztrow::OtherChildren(&zt_reginfo::m_AnyElements)
          .NoteLeftOut("<XML Module>: pReginfo: AnyElement not supported")}};
-
-// ---- Workers ------------------------------------------------------------------------------------
 
 const ZtDocument ReginfoContext::kDocument = {
     ZtDocumentOf<ReginfoContext, XMLReginfoDecoder, ReginfoUnMarshaller, ReginfoMarshaller,

@@ -4,7 +4,6 @@
 #include "binding/ZtDocumentTable.h"
 
 namespace {
-
 constexpr char kSource[] = "src/XMLResourceList";
 constexpr ZtFamily kFamily = ZtPlainFamily(kSource);
 
@@ -13,10 +12,7 @@ constexpr ZtFamily kFamily = ZtPlainFamily(kSource);
 constexpr ZtExtras kNamespaces = {{{XML_STR_URN_IETF_PARAMS_XML_NS_RESOURCE_LISTS, XML_STR_ZT_NULL},
                                    {XML_STR_HTTP_WWW_W3_ORG_2001_XMLSCHEMA_INSTANCE, XML_STR_XSI},
                                    {XML_STR_URN_IETF_PARAMS_XML_NS_COPYCONTROL, XML_STR_CP}}};
-
 }  // namespace
-
-// ---- Types --------------------------------------------------------------------------------------
 
 struct ResourceListsBinding {
   static constexpr ZtField kNamed =
@@ -25,7 +21,6 @@ struct ResourceListsBinding {
 };
 
 namespace {
-
 constexpr ZtChoice kMembers[] = {{XML_STR_LIST, zt_listType::kType},
                                  {XML_STR_EXTERNAL, zt_externalType::kType},
                                  {XML_STR_ENTRY, zt_entryType::kType},
@@ -41,7 +36,6 @@ bool RefusesMember(XMLElement&, const char* name, const char*, XMLElement* child
   return !child || !ZtIsA(*child, *member->type);
 }
 constexpr ZtExtras kList = {{}, RefusesMember};
-
 }  // namespace
 
 const ZtElementType zt_display_nameType::kType = {
@@ -83,8 +77,6 @@ const ZtElementType zt_resource_lists::kType = {
      ztrow::Children(XML_STR_LIST, &zt_resource_lists::m_Lists, zt_listType::kType)
          .NoteFailed("<XML Module>: AddResource_listsElementToXml tempNum: %d"),
      ZtExtensibleRows::kElements<ZtObject>}};
-
-// ---- Workers ------------------------------------------------------------------------------------
 
 const ZtDocument ResourceListsContext::kDocument = {
     ZtDocumentOf<ResourceListsContext, XMLResourceListsDecoder, ResourceListsUnMarshaller,

@@ -4,7 +4,6 @@
 #include "binding/ZtDocumentTable.h"
 
 namespace {
-
 constexpr char kSource[] = "src/XMLRlmi";
 constexpr ZtFamily kFamily = ZtPlainFamily(kSource);
 
@@ -14,10 +13,7 @@ constexpr ZtEnumSlot kStateSlots[] = {"active", "pending", "terminated"};
 constexpr ZtEnumTable kStates = {kStateSlots, 3, 3, ZT_INSTANCE_STATE_ABSENT, true};
 
 constexpr ZtExtras kNamespace = {{{XML_STR_URN_IETF_PARAMS_XML_NS_RLMI, XML_STR_ZT_NULL}}};
-
 }  // namespace
-
-// ---- Types --------------------------------------------------------------------------------------
 
 const ZtElementType zt_name::kType = {
     ZtTypeOf<zt_name>("zt_name", "name", kFamily).Writer(XML_STR_NAME, "AddNameElementToXml"),
@@ -54,8 +50,6 @@ const ZtElementType zt_list::kType = {
      ztrow::Children(XML_STR_NAME, &zt_list::m_Names, zt_name::kType),
      ztrow::Children(XML_STR_RESOURCE, &zt_list::m_Resources, zt_resource::kType),
      ZtExtensibleRows::kElements<ZtObject>}};
-
-// ---- Workers ------------------------------------------------------------------------------------
 
 const ZtDocument ListContext::kDocument = {
     ZtDocumentOf<ListContext, XMLListDecoder, ListUnMarshaller, ListMarshaller, ListDataBinder>(

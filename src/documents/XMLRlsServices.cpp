@@ -4,7 +4,6 @@
 #include "binding/ZtDocumentTable.h"
 
 namespace {
-
 constexpr char kSource[] = "src/XMLRlsServices";
 constexpr ZtFamily kFamily = ZtPlainFamily(kSource);
 
@@ -13,10 +12,7 @@ constexpr ZtExtras kNamespace = {{{XML_STR_URN_IETF_PARAMS_XML_NS_RLS_SERVICES, 
 using Service = zt_ns_rls_services_serviceType;
 using Packages = zt_ns_rls_services_packagesType;
 using Package = zt_ns_rls_services_packageType;
-
 }  // namespace
-
-// ---- Types --------------------------------------------------------------------------------------
 
 const ZtElementType zt_ns_rls_services_packageType::kType = {
     ZtTypeOf<zt_ns_rls_services_packageType>("zt_ns_rls_services_packageType", "package", kFamily)
@@ -44,8 +40,6 @@ const ZtElementType zt_rls_services::kType = {
         .Root(),
     {ztrow::Children(XML_STR_SERVICE, &zt_rls_services::m_Services, Service::kType),
      ZtExtensibleRows::kElements<ZtObject>}};
-
-// ---- Workers ------------------------------------------------------------------------------------
 
 const ZtDocument RlsServicesContext::kDocument = {
     ZtDocumentOf<RlsServicesContext, XMLRlsServicesDecoder, RlsServicesUnMarshaller,

@@ -4,16 +4,12 @@
 #include "binding/ZtDocumentTable.h"
 
 namespace {
-
 constexpr char kSource[] = "src/XMLXcapDirectory";
 constexpr ZtFamily kFamily = {kSource, &kZtNoHookLines, nullptr, "<XML Module>: %s XML Failed!",
                               ZtUnknown::kIgnore};
 
 constexpr ZtExtras kDeclarations = {{{XML_STR_URN_OMA_XML_XDM_XCAP_DIRECTORY, XML_STR_ZT_NULL}}};
-
 }  // namespace
-
-// ---- Types --------------------------------------------------------------------------------------
 
 // Intended: the etag of an entry is written after all other attributes, even those that the library
 // does not know; peers compare the text.
@@ -28,7 +24,6 @@ const ZtElementType zt_entry::kType = {
      ztrow::OtherAttributes(&zt_entry::m_AnyAttributes),
      ztrow::Attribute(XML_STR_ETAG, &zt_entry::m_Etag)
          .Required("<XML Module>: AddEntryElementToXml ETAG mandatory attribute", kZtLogError)}};
-
 // Intended: a folder without entries is always written with an error code, a blank when none is
 // set, and a folder with entries never; callers set one of the two.
 const ZtElementType zt_folder::kType = {
@@ -38,15 +33,12 @@ const ZtElementType zt_folder::kType = {
          .Required("<XML Module>: AddFolderElementToXml AUID mandatory attribute", kZtLogError),
      ztrow::Children(XML_STR_ENTRY, &zt_folder::m_Entries, zt_entry::kType).OneOf(),
      ztrow::TextElement(XML_STR_ERROR_CODE, &zt_folder::m_ErrorCode).Always().OneOf()}};
-
 const ZtElementType zt_xcap_directory::kType = {
     ZtTypeOf<zt_xcap_directory>("zt_xcap_directory", "xcap-directory", kFamily)
         .Writer(XML_STR_XCAP_DIRECTORY, "AddXcapDirectoryElementToXml")
         .With(kDeclarations)
         .Root(),
     {ztrow::Children(XML_STR_FOLDER, &zt_xcap_directory::m_Folders, zt_folder::kType)}};
-
-// ---- Workers ------------------------------------------------------------------------------------
 
 const ZtDocument XcapDirectoryContext::kDocument = {
     ZtDocumentOf<XcapDirectoryContext, XMLXcapDirectoryDecoder, XcapDirectoryUnMarshaller,

@@ -6,7 +6,6 @@
 #include "binding/ZtElementWriter.h"
 
 namespace {
-
 constexpr char kSource[] = "src/XMLXcapError";
 constexpr ZtFamily kFamily =
     ZtQuietFamily(kSource).Enters("<XML Module>: Xcap_ErrorMarshall::%s", kZtLogState);
@@ -45,10 +44,7 @@ bool IsErrorName(const char* name) {
   }
   return false;
 }
-
 }  // namespace
-
-// ---- Types --------------------------------------------------------------------------------------
 
 struct XcapErrorBinding {
   static constexpr ZtField kPhrase =
@@ -99,25 +95,21 @@ const ZtElementType zt_schema_validation_error::kType = {
         "zt_schema_validation_error", XML_STR_SCHEMA_VALIDATION_ERROR, "schema-validation-error",
         "AddSchema_validation_errorElementToXml"),
     {kPhrase}};
-
 const ZtElementType zt_no_parent::kType = {
     ZtTypeOf<zt_no_parent>("zt_no_parent", "no-parent", kFamily)
         .Writer(XML_STR_NO_PARENT, "AddNo_parentElementToXml"),
     {kPhrase, ztrow::TextElement(XML_STR_ANCESTOR, &zt_no_parent::m_Ancestor)}};
-
 const ZtElementType zt_exists::kType = {
     ZtTypeOf<zt_exists>("zt_exists", "exists", kFamily)
         .Writer(XML_STR_EXISTS, "AddExistsElementToXml"),
     {ztrow::Attribute(XML_STR_FIELD, &zt_exists::m_Field),
      ztrow::TextElements(XML_STR_ALT_VALUE, &zt_exists::m_AltValues)}};
-
 const ZtElementType zt_uniqueness_failure::kType = {
     ZtTypeOf<zt_uniqueness_failure>("zt_uniqueness_failure", "uniqueness-failure", kFamily)
         .Writer(XML_STR_UNIQUENESS_FAILURE, "AddUniqueness_failureElementToXml"),
     {kPhrase, ztrow::Children(XML_STR_EXISTS, &zt_uniqueness_failure::m_Exists, zt_exists::kType)
                   .Lenient()
                   .NoteFailed("<XML Module>: AddExistsElementToXml tempNum: %d ")}};
-
 // Intended: an "extension" is written without the content that callers give it or that was read.
 const ZtElementType zt_extension::kType = {
     ZtTypeOf<zt_extension>("zt_extension", "extension", kTellingFamily)
@@ -125,7 +117,6 @@ const ZtElementType zt_extension::kType = {
     {kZtOthers}};
 
 namespace {
-
 // Intended: in "xcap-error" a name that only begins with the name of an error is taken for one,
 // callers may offer any class of error under any of these names, and the last of several errors is
 // kept.
@@ -145,7 +136,6 @@ constexpr ZtExtras kRoot = {
      {XML_STR_HTTP_WWW_W3_ORG_2001_XMLSCHEMA_INSTANCE, XML_STR_XSI},
      {XML_STR_URN_IETF_PARAMS_XML_NS_XCAP_ERROR, XML_STR_SCHEMA_LOCATION, XML_STR_XSI}},
     TakeError};
-
 }  // namespace
 
 // Intended: when callers set an object of no class of error, the document is written without it
@@ -156,8 +146,6 @@ const ZtElementType zt_xcap_error::kType = {
         .With(kRoot)
         .Root(),
     {ztrow::OtherChild(&zt_xcap_error::m_Error, kErrors)}};
-
-// ---- Workers ------------------------------------------------------------------------------------
 
 XMLObject* XcapErrorDataBinder::CreateRootElement() {
   Log(__func__);
@@ -176,7 +164,6 @@ void XcapErrorDataBinder::Log(const char* operation) {
 }
 
 namespace {
-
 constexpr ZtDocumentLines Lines() {
   ZtDocumentLines lines;
   lines.textInput = "<XML Module>: %s::UnMarshall";
@@ -184,7 +171,6 @@ constexpr ZtDocumentLines Lines() {
   lines.nullRoot = "<XML Module>: Xcap_ErrorMarshall :: Marshall: Received Object is NULL";
   return lines;
 }
-
 }  // namespace
 
 const ZtDocument XcapErrorContext::kDocument = {

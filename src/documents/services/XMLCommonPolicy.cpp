@@ -4,7 +4,6 @@
 #include "documents/services/CommonPolicyBinding.h"
 
 namespace {
-
 using Policy = CommonPolicyBinding;
 
 constexpr ZtChoice kServiceConditions[] = {
@@ -61,10 +60,7 @@ bool WriteValidity(ZtElementWriter& writer, const XMLElement& self, const ZtElem
 
 constexpr ZtExtras kIdentity = {{}, nullptr, WriteIdentity};
 constexpr ZtExtras kValidity = {{}, nullptr, WriteValidity};
-
 }  // namespace
-
-// ---- Conditions ---------------------------------------------------------------------------------
 
 const ZtElementType zt_ns_common_policy_exceptType::kType = {
     ZtTypeOf<zt_ns_common_policy_exceptType>("zt_ns_common_policy_exceptType",
@@ -73,7 +69,6 @@ const ZtElementType zt_ns_common_policy_exceptType::kType = {
         .RefusesUnknownChildren(),
     {ztrow::Attribute(XML_STR_DOMAIN, &zt_ns_common_policy_exceptType::m_Domain),
      ztrow::Attribute(XML_STR_ID, &zt_ns_common_policy_exceptType::m_Id)}};
-
 const ZtElementType zt_ns_common_policy_oneType::kType = {
     ZtTypeOf<zt_ns_common_policy_oneType>("zt_ns_common_policy_oneType", "CommonPolicy:OneType",
                                           Policy::kTellingFamily)
@@ -82,7 +77,6 @@ const ZtElementType zt_ns_common_policy_oneType::kType = {
     {ztrow::Attribute(XML_STR_ID, &zt_ns_common_policy_oneType::m_Id)
          .Required("<XML Module>: One element's - Id attribute is mandatory", kZtLogError),
      ztrow::OtherChildren(&zt_ns_common_policy_oneType::m_AnyList)}};
-
 // Intended: the start tag of a "many" is closed by its attribute, so that it stays open without a
 // domain; peers were tested with callers that set one.
 const ZtElementType zt_ns_common_policy_manyType::kType = {
@@ -93,7 +87,6 @@ const ZtElementType zt_ns_common_policy_manyType::kType = {
      ztrow::Children(XML_STR_EXCEPT, &zt_ns_common_policy_manyType::m_ExceptList,
                      zt_ns_common_policy_exceptType::kType),
      ztrow::OtherChildren(&zt_ns_common_policy_manyType::m_AnyList)}};
-
 const ZtElementType zt_ns_common_policy_identityType::kType = {
     ZtTypeOf<zt_ns_common_policy_identityType>("zt_ns_common_policy_identityType",
                                                "CommonPolicy:IdentityType", Policy::kTellingFamily)
@@ -104,7 +97,6 @@ const ZtElementType zt_ns_common_policy_identityType::kType = {
      ztrow::Children(XML_STR_MANY, &zt_ns_common_policy_identityType::m_ManyList,
                      zt_ns_common_policy_manyType::kType),
      ztrow::OtherChildren(&zt_ns_common_policy_identityType::m_AnyList)}};
-
 const ZtElementType zt_ns_common_policy_sphereType::kType = {
     ZtTypeOf<zt_ns_common_policy_sphereType>("zt_ns_common_policy_sphereType",
                                              "CommonPolicy:SphereType", Policy::kFamily)
@@ -112,7 +104,6 @@ const ZtElementType zt_ns_common_policy_sphereType::kType = {
         .ChecksFirst(),
     {ztrow::Attribute(XML_STR_VALUE, &zt_ns_common_policy_sphereType::m_Value)
          .Required("<XML Module>: Sphere element's - Value attribute is mandatory", kZtLogError)}};
-
 const ZtElementType zt_ns_common_policy_validityType::kType = {
     ZtTypeOf<zt_ns_common_policy_validityType>("zt_ns_common_policy_validityType",
                                                "CommonPolicy:ValidityType", Policy::kFamily)
@@ -120,7 +111,6 @@ const ZtElementType zt_ns_common_policy_validityType::kType = {
         .With(kValidity),
     {ztrow::TextElements(XML_STR_FROM, &zt_ns_common_policy_validityType::m_FromList).Always(),
      ztrow::TextElements(XML_STR_UNTIL, &zt_ns_common_policy_validityType::m_UntilList).Always()}};
-
 const ZtElementType zt_ns_common_policy_conditionsType::kType = {
     ZtTypeOf<zt_ns_common_policy_conditionsType>(
         "zt_ns_common_policy_conditionsType", "CommonPolicy:ConditionsType", Policy::kTellingFamily)
@@ -134,9 +124,6 @@ const ZtElementType zt_ns_common_policy_conditionsType::kType = {
                      zt_ns_common_policy_validityType::kType),
      ztrow::OtherChildren(&zt_ns_common_policy_conditionsType::m_AnyList, kServiceConditions)
          .Lenient()}};
-
-// ---- Rules --------------------------------------------------------------------------------------
-
 // Intended: transformations are written without their content, because no peer has asked for it.
 const ZtElementType zt_ns_common_policy_extensibleType::kType = {
     Policy::kExtensibleFacts.Writer(XML_STR_TRANSFORMATIONS, "AddTransformationsElementToXml",
@@ -148,8 +135,6 @@ const ZtElementType zt_ns_common_policy_ruleType::kType = {
      Policy::kTransformations}};
 const ZtElementType zt_ns_common_policy_ruleset::kType = {
     Policy::kRuleSetFacts, {Policy::Rules(zt_ns_common_policy_ruleType::kType)}};
-
-// ---- Workers ------------------------------------------------------------------------------------
 
 int ZtPolicyMarshaller::AddRuleSetElementToXml(zt_ns_common_policy_ruleset* ruleset) {
   return Write(ruleset, *Policy().ruleset);

@@ -5,7 +5,6 @@
 #include "documents/services/CommonPolicyBinding.h"
 
 namespace {
-
 constexpr char kSource[] = "src/XMLCommunicationBarring";
 constexpr ZtFamily kFamily = ZtQuietFamily(kSource);
 
@@ -28,10 +27,7 @@ struct Actions {
       {}};
 };
 constexpr const ZtPolicyTypes& kPolicy = ZtPolicyOf<Actions>::kTypes;
-
 }  // namespace
-
-// ---- Types --------------------------------------------------------------------------------------
 
 struct CommunicationBarringBinding {
   // Intended: a rule set that cannot be written is cut short where it fails, and the service is
@@ -45,7 +41,6 @@ const ZtElementType zt_allow_action_type::kType = {
                                    kFamily)
         .Writer(XML_STR_ALLOW, nullptr, XML_STR_SS),
     {ztrow::OwnText(XML_STR_ALLOW, &zt_allow_action_type::m_Allow, kTrueOrElseFalse)}};
-
 // Intended: incoming barring reads any "active" but "true" as false, outgoing barring leaves its
 // value unchanged unless the text is "true" or "false"; peers know the two services so.
 const ZtElementType zt_incoming_communication_barring::kType = {
@@ -59,7 +54,6 @@ const ZtElementType zt_incoming_communication_barring::kType = {
         .Root(),
     {SimservBinding::kAttributes, SimservBinding::kActiveOrElseNot,
      CommunicationBarringBinding::kRuleSet}};
-
 const ZtElementType zt_outgoing_communication_barring::kType = {
     ZtTypeOf<zt_outgoing_communication_barring>("outgoing-communication-barring",
                                                 "OutgoingCommunicationBarring", kFamily)
@@ -70,8 +64,6 @@ const ZtElementType zt_outgoing_communication_barring::kType = {
                 "Addoutgoing_communication_barringElementToXml", XML_STR_SS)
         .Root(),
     {SimservBinding::kAttributes, SimservBinding::kActive, CommunicationBarringBinding::kRuleSet}};
-
-// ---- Workers ------------------------------------------------------------------------------------
 
 int CommunicationBarringDataBinder::setCBType(XML_COMMUNICATION_BARRING_TYPE type) {
   // Intended: every call of setCBType is logged as an error, although nothing has failed; log

@@ -3,7 +3,6 @@
 #include "documents/services/CommonPolicyBinding.h"
 
 namespace {
-
 constexpr char kSource[] = "src/XMLCommunicationDiversion";
 constexpr ZtFamily kFamily = ZtQuietFamily(kSource);
 
@@ -22,10 +21,7 @@ struct Actions {
                                           {}};
 };
 constexpr const ZtPolicyTypes& kPolicy = ZtPolicyOf<Actions>::kTypes;
-
 }  // namespace
-
-// ---- Types --------------------------------------------------------------------------------------
 
 // Intended: a timer that was read without a number in its range is written as 0, which its setter
 // refuses; callers replace such a timer.
@@ -33,7 +29,6 @@ const ZtElementType zt_NoReplyTimer::kType = {
     ZtTypeOf<zt_NoReplyTimer>("zt_NoReplyTimer", "NoReplyTimer", kFamily)
         .Writer(XML_STR_NO_REPLY_TIMER, "AddNoReplyTimerElementToXml", XML_STR_SS),
     {ztrow::OwnText(XML_STR_NO_REPLY_TIMER, &zt_NoReplyTimer::m_Seconds, kSeconds)}};
-
 // Intended: the writer of a forward-to is called AddForwardToElementtoXml, with a small "t";
 // callers and log readers use the name.
 const ZtElementType zt_ns_xcap_forward_to_type::kType = {
@@ -54,7 +49,6 @@ const ZtElementType zt_ns_xcap_forward_to_type::kType = {
                         &zt_ns_xcap_forward_to_type::m_NotifyServedUserOnOutboundCall, kBoolean),
      ztrow::TextElement(XML_STR_REVEAL_IDENTITY_TO_TARGET,
                         &zt_ns_xcap_forward_to_type::m_RevealIdentityToTarget, kReveal)}};
-
 // Intended: a rule set that cannot be written is cut short where it fails, and the service is
 // written to its end, so that callers get a text that is not well formed instead of none.
 const ZtElementType zt_communication_diversion::kType = {
@@ -75,8 +69,6 @@ int zt_NoReplyTimer::setNoReplyTimerValue(unsigned int seconds) {
   m_Seconds = seconds;
   return 1;
 }
-
-// ---- Workers ------------------------------------------------------------------------------------
 
 Communication_diversionMarshaller::Communication_diversionMarshaller()
     : ZtDescribedBy(CommunicationDiversionContext::kDocument) {}
