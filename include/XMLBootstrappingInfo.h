@@ -25,7 +25,11 @@ class zt_bootstrappinginfo : public ZtTyped<zt_bootstrappinginfo, ZtObject> {
   ZtText m_Lifetime;
 };
 
-class BootstrappingInfoContext;
+/// The context of this document, XML_SCHEMA_BOOTSTRAPPING_INFO.
+class BootstrappingInfoContext : public ZtDescribedBy<BootstrappingInfoContext, ZtContext> {
+ public:
+  ZT_API static const ZtDocument kDocument;
+};
 
 /// Makes empty elements; each is the caller's until a parent takes it. Null when out of memory.
 class BootstrappingInfoDataBinder : public ZtDescribedBy<BootstrappingInfoContext, ZtFactory> {
@@ -48,12 +52,7 @@ class BootstrappingInfoMarshaller : public ZtDescribedBy<BootstrappingInfoContex
 /// Reads a "BootstrappingInfo" document, with any prefixes.
 class XMLBootstrappingInfoDecoder : public ZtDecoderOf<BootstrappingInfoContext> {};
 /// Reads a zt_bootstrappinginfo.
-class ZT_API BootstrappingInfoUnMarshaller
+class BootstrappingInfoUnMarshaller
     : public ZtDescribedBy<BootstrappingInfoContext, ZtUnMarshaller> {};
-/// The context of this document, XML_SCHEMA_BOOTSTRAPPING_INFO.
-class ZT_API BootstrappingInfoContext : public ZtDescribedBy<BootstrappingInfoContext, ZtContext> {
- public:
-  ZT_API static const ZtDocument kDocument;
-};
 
 #endif  // ZTXML_INCLUDE_XMLBOOTSTRAPPINGINFO_H

@@ -52,7 +52,11 @@ class zt_ims_3gpp : public ZtTyped<zt_ims_3gpp, ZtObject> {
   ZtText m_ServiceInfo;
 };
 
-class CWIndicationContext;
+/// The context of this document, XML_SCHEMA_CW_INDICATION.
+class CWIndicationContext : public ZtDescribedBy<CWIndicationContext, ZtContext> {
+ public:
+  ZT_API static const ZtDocument kDocument;
+};
 
 /// Makes empty elements; each is the caller's until a parent takes it. Null when out of memory.
 class CWIndicationDataBinder : public ZtDescribedBy<CWIndicationContext, ZtFactory> {
@@ -71,13 +75,6 @@ class CWIndicationMarshaller : public ZtDescribedBy<CWIndicationContext, ZtMarsh
 /// Reads an "ims-3gpp" document, with any prefixes.
 class XMLCWIndicationDecoder : public ZtDecoderOf<CWIndicationContext> {};
 /// Reads a zt_ims_3gpp.
-class ZT_API CWIndicationUnMarshaller : public ZtDescribedBy<CWIndicationContext, ZtUnMarshaller> {
-};
-
-/// The context of this document, XML_SCHEMA_CW_INDICATION.
-class CWIndicationContext : public ZtDescribedBy<CWIndicationContext, ZtContext> {
- public:
-  ZT_API static const ZtDocument kDocument;
-};
+class CWIndicationUnMarshaller : public ZtDescribedBy<CWIndicationContext, ZtUnMarshaller> {};
 
 #endif  // ZTXML_INCLUDE_XMLCWINDICATION_H

@@ -58,7 +58,11 @@ class zt_3gpp_ims : public ZtTyped<zt_3gpp_ims, ZtObject> {
   ZtChild m_AlternativeService;
 };
 
-class CallWaitingIndicationContext;
+/// The context of this document, XML_SCHEMA_CALL_WAITING_INDICATION.
+class CallWaitingIndicationContext : public ZtDescribedBy<CallWaitingIndicationContext, ZtContext> {
+ public:
+  ZT_API static const ZtDocument kDocument;
+};
 
 /// Makes empty elements; each is the caller's until a parent takes it. Null when out of memory.
 class ZT_API CallWaitingIndicationDataBinder
@@ -88,13 +92,7 @@ class ZT_API CallWaitingIndicationMarshaller
 /// Reads a "3gpp-ims" document, with any prefixes.
 class XMLCallWaitingIndicationDecoder : public ZtDecoderOf<CallWaitingIndicationContext> {};
 /// Reads a zt_3gpp_ims.
-class ZT_API CallWaitingIndicationUnMarshaller
+class CallWaitingIndicationUnMarshaller
     : public ZtDescribedBy<CallWaitingIndicationContext, ZtUnMarshaller> {};
-/// The context of this document, XML_SCHEMA_CALL_WAITING_INDICATION.
-class ZT_API CallWaitingIndicationContext
-    : public ZtDescribedBy<CallWaitingIndicationContext, ZtContext> {
- public:
-  ZT_API static const ZtDocument kDocument;
-};
 
 #endif  // ZTXML_INCLUDE_XMLCALLWAITINGINDICATION_H

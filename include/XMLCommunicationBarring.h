@@ -52,7 +52,12 @@ class zt_outgoing_communication_barring
   ZT_API static const ZtElementType kType;
 };
 
-class CommunicationBarringContext;
+/// The context of communication barring, XML_SCHEMA_COMMUNICATION_BARRING.
+class CommunicationBarringContext
+    : public ZtDescribedBy<CommunicationBarringContext, ZtNamespaceContext> {
+ public:
+  ZT_API static const ZtDocument kDocument;
+};
 
 /// Makes empty elements; each is the caller's until a parent takes it. Null when out of memory.
 class ZT_API CommunicationBarringDataBinder
@@ -91,13 +96,7 @@ class XMLCommunicationBarringDecoder
     : public ZtDecoderOf<CommunicationBarringContext, ZtNamespaceDecoder> {};
 /// Reads either service from an XCAP fragment; the root element tells which, whatever setCBType
 /// chose.
-class ZT_API CommunicationBarringUnMarshaller
+class CommunicationBarringUnMarshaller
     : public ZtDescribedBy<CommunicationBarringContext, ZtUnMarshaller> {};
-/// The context of communication barring, XML_SCHEMA_COMMUNICATION_BARRING.
-class ZT_API CommunicationBarringContext
-    : public ZtDescribedBy<CommunicationBarringContext, ZtNamespaceContext> {
- public:
-  ZT_API static const ZtDocument kDocument;
-};
 
 #endif  // ZTXML_INCLUDE_XMLCOMMUNICATIONBARRING_H

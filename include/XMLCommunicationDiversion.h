@@ -100,7 +100,12 @@ class zt_communication_diversion
   ZtChild m_RuleSet;
 };
 
-class CommunicationDiversionContext;
+/// The context of communication diversion, XML_SCHEMA_COMMUNICATION_DIVERSION.
+class CommunicationDiversionContext
+    : public ZtDescribedBy<CommunicationDiversionContext, ZtNamespaceContext> {
+ public:
+  ZT_API static const ZtDocument kDocument;
+};
 
 /// Makes empty elements; each is the caller's until a parent takes it. Null when out of memory.
 class CommunicationDiversionDataBinder
@@ -131,13 +136,7 @@ class ZT_API Communication_diversionMarshaller
 class XMLCommunicationDiversionDecoder
     : public ZtDecoderOf<CommunicationDiversionContext, ZtNamespaceDecoder> {};
 /// Reads the service from an XCAP fragment.
-class ZT_API CommunicationDiversionUnMarshaller
+class CommunicationDiversionUnMarshaller
     : public ZtDescribedBy<CommunicationDiversionContext, ZtUnMarshaller> {};
-/// The context of communication diversion, XML_SCHEMA_COMMUNICATION_DIVERSION.
-class ZT_API CommunicationDiversionContext
-    : public ZtDescribedBy<CommunicationDiversionContext, ZtNamespaceContext> {
- public:
-  ZT_API static const ZtDocument kDocument;
-};
 
 #endif  // ZTXML_INCLUDE_XMLCOMMUNICATIONDIVERSION_H

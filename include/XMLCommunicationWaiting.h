@@ -12,7 +12,12 @@ class zt_communication_waiting : public ZtTyped<zt_communication_waiting, zt_ns_
   ZT_API static const ZtElementType kType;
 };
 
-class CommunicationWaitingContext;
+/// The context of communication waiting, XML_SCHEMA_COMMUNICATION_WAITING.
+class CommunicationWaitingContext
+    : public ZtDescribedBy<CommunicationWaitingContext, ZtNamespaceContext> {
+ public:
+  ZT_API static const ZtDocument kDocument;
+};
 
 /// Makes an empty zt_communication_waiting.
 class CommunicationWaitingDataBinder
@@ -35,13 +40,7 @@ class ZT_API Communication_waitingMarshaller
 class XMLCommunicationWaitingDecoder
     : public ZtDecoderOf<CommunicationWaitingContext, ZtNamespaceDecoder> {};
 /// Reads the service from an XCAP fragment.
-class ZT_API CommunicationWaitingUnMarshaller
+class CommunicationWaitingUnMarshaller
     : public ZtDescribedBy<CommunicationWaitingContext, ZtUnMarshaller> {};
-/// The context of communication waiting, XML_SCHEMA_COMMUNICATION_WAITING.
-class ZT_API CommunicationWaitingContext
-    : public ZtDescribedBy<CommunicationWaitingContext, ZtNamespaceContext> {
- public:
-  ZT_API static const ZtDocument kDocument;
-};
 
 #endif  // ZTXML_INCLUDE_XMLCOMMUNICATIONWAITING_H

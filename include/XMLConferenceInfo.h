@@ -144,9 +144,9 @@ class zt_conference_state_type : public ZtTyped<zt_conference_state_type, ZtExte
 class zt_conference_type;
 
 /// The element "sidebars-by-val".
-class ZT_API zt_sidebars_by_val_type : public ZtTyped<zt_sidebars_by_val_type, ZtExtensible<>> {
+class zt_sidebars_by_val_type : public ZtTyped<zt_sidebars_by_val_type, ZtExtensible<>> {
  public:
-  static const ZtElementType kType;
+  ZT_API static const ZtElementType kType;
   /// Whether the element has its full state, only what changed, or is gone.
   int setStateValue(zt_state_type_enum value) { return m_State.Set(value); }
   zt_state_type_enum getStateValue() const { return m_State; }
@@ -219,7 +219,11 @@ inline int zt_sidebars_by_val_type::addEntry(zt_conference_type* element) {
   return m_Entries.Add(element);
 }
 
-class ConferenceInfoContext;
+/// The context of conference information, XML_SCHEMA_CONFERENCE_INFO.
+class ConferenceInfoContext : public ZtDescribedBy<ConferenceInfoContext, ZtContext> {
+ public:
+  ZT_API static const ZtDocument kDocument;
+};
 
 /// Makes empty elements; each is the caller's until a parent takes it. Null when out of memory.
 class ConferenceInfoDataBinder : public ZtDescribedBy<ConferenceInfoContext, ZtFactory> {
@@ -277,14 +281,7 @@ class ZT_API Conference_infoMarshall : public ZtDescribedBy<ConferenceInfoContex
 /// Reads a "conference-info" document, with any prefixes.
 class XMLConferenceInfoDecoder : public ZtDecoderOf<ConferenceInfoContext> {};
 /// Reads a zt_conference_type.
-class ZT_API ConferenceInfoUnMarshaller
-    : public ZtDescribedBy<ConferenceInfoContext, ZtUnMarshaller> {};
-/// The context of conference information, XML_SCHEMA_CONFERENCE_INFO.
-class ZT_API ConferenceInfoContext : public ZtDescribedBy<ConferenceInfoContext, ZtContext> {
- public:
-  ZT_API static const ZtDocument kDocument;
-};
-
+class ConferenceInfoUnMarshaller : public ZtDescribedBy<ConferenceInfoContext, ZtUnMarshaller> {};
 /// A check for developers: logs that it was called.
 ZT_API void TestConference_infoMarshall();
 

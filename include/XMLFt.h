@@ -64,7 +64,11 @@ class zt_file : public ZtTyped<zt_file, ZtObject> {
   ZtChildList m_FileInfos;
 };
 
-class FileContext;
+/// The context of this document, XML_SCHEMA_FILE.
+class FileContext : public ZtDescribedBy<FileContext, ZtContext> {
+ public:
+  ZT_API static const ZtDocument kDocument;
+};
 
 /// Makes empty elements; each is the caller's until a parent takes it. Null when out of memory.
 class FileDataBinder : public ZtDescribedBy<FileContext, ZtFactory> {
@@ -85,11 +89,6 @@ class FileMarshaller : public ZtDescribedBy<FileContext, ZtMarshaller> {
 /// Reads a "file" document, with any prefixes.
 class XMLFileDecoder : public ZtDecoderOf<FileContext> {};
 /// Reads a zt_file.
-class ZT_API FileUnMarshaller : public ZtDescribedBy<FileContext, ZtUnMarshaller> {};
-/// The context of this document, XML_SCHEMA_FILE.
-class ZT_API FileContext : public ZtDescribedBy<FileContext, ZtContext> {
- public:
-  ZT_API static const ZtDocument kDocument;
-};
+class FileUnMarshaller : public ZtDescribedBy<FileContext, ZtUnMarshaller> {};
 
 #endif  // ZTXML_INCLUDE_XMLFT_H

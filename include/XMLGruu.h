@@ -55,7 +55,11 @@ class zt_ns_gruuinfo_tempGruu : public ZtTyped<zt_ns_gruuinfo_tempGruu, ZtTempor
   ZT_API static const ZtElementType kType;
 };
 
-class GruuContext;
+/// The context of GRUU information, XML_SCHEMA_GRUU.
+class GruuContext : public ZtDescribedBy<GruuContext, ZtContext> {
+ public:
+  ZT_API static const ZtDocument kDocument;
+};
 
 /// Makes empty objects; each is the caller's until a parent takes it. Null when out of memory.
 class ZT_API GruuDataBinder : public ZtDescribedBy<GruuContext, ZtFactory> {
@@ -85,11 +89,6 @@ class GruuMarshaller : public ZtDescribedBy<GruuContext, ZtMarshaller> {
 /// Reads one "pub-gruu" or "temp-gruu" element, with any prefix.
 class XMLGruuDecoder : public ZtDecoderOf<GruuContext> {};
 /// Reads one GRUU: a zt_pub_gruu or a zt_temp_gruu.
-class ZT_API GruuUnMarshaller : public ZtDescribedBy<GruuContext, ZtUnMarshaller> {};
-/// The context of GRUU information, XML_SCHEMA_GRUU.
-class ZT_API GruuContext : public ZtDescribedBy<GruuContext, ZtContext> {
- public:
-  ZT_API static const ZtDocument kDocument;
-};
+class GruuUnMarshaller : public ZtDescribedBy<GruuContext, ZtUnMarshaller> {};
 
 #endif  // ZTXML_INCLUDE_XMLGRUU_H

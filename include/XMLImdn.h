@@ -148,7 +148,11 @@ class zt_imdn : public ZtTyped<zt_imdn, ZtExtensible<ZtObject>> {
   ZtChild m_Processing;
 };
 
-class IMDNContext;
+/// The context of message disposition notifications, XML_SCHEMA_IMDN.
+class IMDNContext : public ZtDescribedBy<IMDNContext, ZtContext> {
+ public:
+  ZT_API static const ZtDocument kDocument;
+};
 
 /// Makes empty objects; each is the caller's until a parent takes it. Null when out of memory.
 class IMDNDataBinder : public ZtDescribedBy<IMDNContext, ZtFactory> {
@@ -193,11 +197,6 @@ class ZT_API IMDNMarshaller : public ZtDescribedBy<IMDNContext, ZtMarshaller> {
 /// Reads an "imdn" document, with any prefixes.
 class XMLImdnDecoder : public ZtDecoderOf<IMDNContext> {};
 /// Reads a zt_imdn.
-class ZT_API IMDNUnMarshaller : public ZtDescribedBy<IMDNContext, ZtUnMarshaller> {};
-/// The context of message disposition notifications, XML_SCHEMA_IMDN.
-class ZT_API IMDNContext : public ZtDescribedBy<IMDNContext, ZtContext> {
- public:
-  ZT_API static const ZtDocument kDocument;
-};
+class IMDNUnMarshaller : public ZtDescribedBy<IMDNContext, ZtUnMarshaller> {};
 
 #endif  // ZTXML_INCLUDE_XMLIMDN_H

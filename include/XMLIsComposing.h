@@ -31,7 +31,11 @@ class zt_isComposing : public ZtTyped<zt_isComposing, ZtKeepsElements<ZtObject>>
   ZtNumber m_Refresh;
 };
 
-class IsComposingContext;
+/// The context of is-composing indications, XML_SCHEMA_IS_COMPOSING.
+class IsComposingContext : public ZtDescribedBy<IsComposingContext, ZtContext> {
+ public:
+  ZT_API static const ZtDocument kDocument;
+};
 
 /// Makes empty objects; each is the caller's. Null when out of memory.
 class IsComposingDataBinder : public ZtDescribedBy<IsComposingContext, ZtFactory> {
@@ -57,13 +61,7 @@ class ZT_API IsComposingMarshaller : public ZtDescribedBy<IsComposingContext, Zt
 /// Reads an "isComposing" document. Names with a prefix are unknown.
 class XMLIsComposingDecoder : public ZtDecoderOf<IsComposingContext> {};
 /// Reads a zt_isComposing.
-class ZT_API IsComposingUnMarshaller : public ZtDescribedBy<IsComposingContext, ZtUnMarshaller> {};
-/// The context of is-composing indications, XML_SCHEMA_IS_COMPOSING.
-class ZT_API IsComposingContext : public ZtDescribedBy<IsComposingContext, ZtContext> {
- public:
-  ZT_API static const ZtDocument kDocument;
-};
-
+class IsComposingUnMarshaller : public ZtDescribedBy<IsComposingContext, ZtUnMarshaller> {};
 /// A self-check for developers: writes a sample indication, which the log shows, and frees it.
 ZT_API void TestIsComposingMarshall();
 

@@ -47,7 +47,11 @@ class zt_media_control : public ZtTyped<zt_media_control, ZtObject> {
   ZtChild m_VcPrimitive;
 };
 
-class MediaControlContext;
+/// The context of this document, XML_SCHEMA_MEDIA_CONTROL.
+class MediaControlContext : public ZtDescribedBy<MediaControlContext, ZtContext> {
+ public:
+  ZT_API static const ZtDocument kDocument;
+};
 
 /// Makes empty elements; each is the caller's until a parent takes it. Null when out of memory.
 class ZT_API MediaControlDataBinder : public ZtDescribedBy<MediaControlContext, ZtFactory> {
@@ -70,13 +74,6 @@ class ZT_API MediaControlMarshaller : public ZtDescribedBy<MediaControlContext, 
 /// Reads a "media_control" document, with any prefixes.
 class XMLMediaControlDecoder : public ZtDecoderOf<MediaControlContext> {};
 /// Reads a zt_media_control.
-class ZT_API MediaControlUnMarshaller : public ZtDescribedBy<MediaControlContext, ZtUnMarshaller> {
-};
-
-/// The context of this document, XML_SCHEMA_MEDIA_CONTROL.
-class MediaControlContext : public ZtDescribedBy<MediaControlContext, ZtContext> {
- public:
-  ZT_API static const ZtDocument kDocument;
-};
+class MediaControlUnMarshaller : public ZtDescribedBy<MediaControlContext, ZtUnMarshaller> {};
 
 #endif  // ZTXML_INCLUDE_XMLMEDIACONTROL_H

@@ -13,7 +13,11 @@ class zt_originating_identity_presentation
   ZT_API static const ZtElementType kType;
 };
 
-class OIPContext;
+/// The context of originating identity presentation, XML_SCHEMA_OIP.
+class OIPContext : public ZtDescribedBy<OIPContext, ZtNamespaceContext> {
+ public:
+  ZT_API static const ZtDocument kDocument;
+};
 
 /// Makes an empty zt_originating_identity_presentation.
 class OIPDataBinder : public ZtDescribedBy<OIPContext, ZtFactory> {
@@ -31,11 +35,6 @@ class ZT_API OIPMarshaller : public ZtDescribedBy<OIPContext, ZtNamespaceMarshal
 /// Reads the service under the prefixes that its document declares.
 class XMLOIPDecoder : public ZtDecoderOf<OIPContext, ZtNamespaceDecoder> {};
 /// Reads the service from an XCAP fragment.
-class ZT_API OIPUnMarshaller : public ZtDescribedBy<OIPContext, ZtUnMarshaller> {};
-/// The context of originating identity presentation, XML_SCHEMA_OIP.
-class ZT_API OIPContext : public ZtDescribedBy<OIPContext, ZtNamespaceContext> {
- public:
-  ZT_API static const ZtDocument kDocument;
-};
+class OIPUnMarshaller : public ZtDescribedBy<OIPContext, ZtUnMarshaller> {};
 
 #endif  // ZTXML_INCLUDE_XMLOIP_H

@@ -121,7 +121,11 @@ class zt_presence : public ZtTyped<zt_presence, ZtKeepsElements<ZtObject>> {
   ZtChildList m_Notes;
 };
 
-class PresenceContext;
+/// The context of presence documents, XML_SCHEMA_PRESENCE.
+class PresenceContext : public ZtDescribedBy<PresenceContext, ZtContext> {
+ public:
+  ZT_API static const ZtDocument kDocument;
+};
 
 /// Makes empty objects; each is the caller's until a parent takes it. Null when out of memory.
 class PresenceDataBinder : public ZtDescribedBy<PresenceContext, ZtFactory> {
@@ -157,11 +161,6 @@ class PresenceMarshaller : public ZtDescribedBy<PresenceContext, ZtMarshaller> {
 /// Reads a "presence" document, with any prefixes.
 class XMLPresenceDecoder : public ZtDecoderOf<PresenceContext> {};
 /// Reads a zt_presence. Elements are known by their local names, whatever their prefixes.
-class ZT_API PresenceUnMarshaller : public ZtDescribedBy<PresenceContext, ZtUnMarshaller> {};
-/// The context of presence documents, XML_SCHEMA_PRESENCE.
-class ZT_API PresenceContext : public ZtDescribedBy<PresenceContext, ZtContext> {
- public:
-  ZT_API static const ZtDocument kDocument;
-};
+class PresenceUnMarshaller : public ZtDescribedBy<PresenceContext, ZtUnMarshaller> {};
 
 #endif  // ZTXML_INCLUDE_XMLPRESENCE_H

@@ -48,7 +48,11 @@ class zt_rcs_terms_info : public ZtTyped<zt_rcs_terms_info, ZtObject> {
   ZtChildList m_Terms;
 };
 
-class RcsTermsInfoContext;
+/// The context of this document, XML_SCHEMA_RCS_TERMS_INFO.
+class RcsTermsInfoContext : public ZtDescribedBy<RcsTermsInfoContext, ZtContext> {
+ public:
+  ZT_API static const ZtDocument kDocument;
+};
 
 /// Makes empty elements; each is the caller's until a parent takes it. Null when out of memory.
 class RcsTermsInfoDataBinder : public ZtDescribedBy<RcsTermsInfoContext, ZtFactory> {
@@ -67,13 +71,6 @@ class RcsTermsInfoMarshaller : public ZtDescribedBy<RcsTermsInfoContext, ZtMarsh
 /// Reads a "rcs-terms-info" document, with any prefixes.
 class XMLRcsTermsInfoDecoder : public ZtDecoderOf<RcsTermsInfoContext> {};
 /// Reads a zt_rcs_terms_info.
-class ZT_API RcsTermsInfoUnMarshaller : public ZtDescribedBy<RcsTermsInfoContext, ZtUnMarshaller> {
-};
-
-/// The context of this document, XML_SCHEMA_RCS_TERMS_INFO.
-class RcsTermsInfoContext : public ZtDescribedBy<RcsTermsInfoContext, ZtContext> {
- public:
-  ZT_API static const ZtDocument kDocument;
-};
+class RcsTermsInfoUnMarshaller : public ZtDescribedBy<RcsTermsInfoContext, ZtUnMarshaller> {};
 
 #endif  // ZTXML_INCLUDE_XMLRCSTERMSINFO_H

@@ -183,7 +183,11 @@ class zt_reginfo : public ZtTyped<zt_reginfo, ZtObject> {
   ZtChildList m_AnyElements;
 };
 
-class ReginfoContext;
+/// The context of registration information, XML_SCHEMA_REGINFO.
+class ReginfoContext : public ZtDescribedBy<ReginfoContext, ZtContext> {
+ public:
+  ZT_API static const ZtDocument kDocument;
+};
 
 /// Makes empty objects; each is the caller's until a parent takes it. Null when out of memory.
 class ReginfoDataBinder : public ZtDescribedBy<ReginfoContext, ZtFactory> {
@@ -210,11 +214,6 @@ class ReginfoMarshaller : public ZtDescribedBy<ReginfoContext, ZtMarshaller> {
 /// Reads a "reginfo" document, with any prefixes, and the GRUU elements inside it.
 class XMLReginfoDecoder : public ZtDecoderOf<ReginfoContext> {};
 /// Reads a zt_reginfo.
-class ZT_API ReginfoUnMarshaller : public ZtDescribedBy<ReginfoContext, ZtUnMarshaller> {};
-/// The context of registration information, XML_SCHEMA_REGINFO.
-class ZT_API ReginfoContext : public ZtDescribedBy<ReginfoContext, ZtContext> {
- public:
-  ZT_API static const ZtDocument kDocument;
-};
+class ReginfoUnMarshaller : public ZtDescribedBy<ReginfoContext, ZtUnMarshaller> {};
 
 #endif  // ZTXML_INCLUDE_XMLREGINFO_H

@@ -102,7 +102,11 @@ class zt_resource_lists : public ZtTyped<zt_resource_lists, ZtExtensible<ZtObjec
   ZtChildList m_Lists;
 };
 
-class ResourceListsContext;
+/// The context of resource lists, XML_SCHEMA_RESOURCE_LISTS.
+class ResourceListsContext : public ZtDescribedBy<ResourceListsContext, ZtContext> {
+ public:
+  ZT_API static const ZtDocument kDocument;
+};
 
 /// Makes empty objects; each is the caller's until a parent takes it. Null when out of memory.
 class ResourceListsDataBinder : public ZtDescribedBy<ResourceListsContext, ZtFactory> {
@@ -128,14 +132,7 @@ class Resource_listsMarshall : public ZtDescribedBy<ResourceListsContext, ZtMars
 /// Reads a "resource-lists" document, with any prefixes.
 class XMLResourceListsDecoder : public ZtDecoderOf<ResourceListsContext> {};
 /// Reads a zt_resource_lists.
-class ZT_API ResourceListsUnMarshaller
-    : public ZtDescribedBy<ResourceListsContext, ZtUnMarshaller> {};
-/// The context of resource lists, XML_SCHEMA_RESOURCE_LISTS.
-class ZT_API ResourceListsContext : public ZtDescribedBy<ResourceListsContext, ZtContext> {
- public:
-  ZT_API static const ZtDocument kDocument;
-};
-
+class ResourceListsUnMarshaller : public ZtDescribedBy<ResourceListsContext, ZtUnMarshaller> {};
 /// A self-check for developers: writes a small document, which the log shows, and frees it.
 ZT_API void TestResource_listsMarshall();
 

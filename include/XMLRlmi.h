@@ -110,7 +110,11 @@ class zt_list : public ZtTyped<zt_list, ZtExtensible<ZtObject>> {
   ZtChildList m_Resources;
 };
 
-class ListContext;
+/// The context of resource list meta-information, XML_SCHEMA_LIST.
+class ListContext : public ZtDescribedBy<ListContext, ZtContext> {
+ public:
+  ZT_API static const ZtDocument kDocument;
+};
 
 /// Makes empty objects; each is the caller's until a parent takes it. Null when out of memory.
 class ListDataBinder : public ZtDescribedBy<ListContext, ZtFactory> {
@@ -133,11 +137,6 @@ class ListMarshaller : public ZtDescribedBy<ListContext, ZtMarshaller> {
 /// Reads a "list" document, with any prefixes.
 class XMLListDecoder : public ZtDecoderOf<ListContext> {};
 /// Reads a zt_list.
-class ZT_API ListUnMarshaller : public ZtDescribedBy<ListContext, ZtUnMarshaller> {};
-/// The context of resource list meta-information, XML_SCHEMA_LIST.
-class ZT_API ListContext : public ZtDescribedBy<ListContext, ZtContext> {
- public:
-  ZT_API static const ZtDocument kDocument;
-};
+class ListUnMarshaller : public ZtDescribedBy<ListContext, ZtUnMarshaller> {};
 
 #endif  // ZTXML_INCLUDE_XMLRLMI_H

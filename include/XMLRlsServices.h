@@ -79,7 +79,11 @@ class zt_rls_services : public ZtTyped<zt_rls_services, ZtKeepsElements<ZtObject
   ZtChildList m_Services;
 };
 
-class RlsServicesContext;
+/// The context of resource list services, XML_SCHEMA_RLS_SERVICES.
+class RlsServicesContext : public ZtDescribedBy<RlsServicesContext, ZtContext> {
+ public:
+  ZT_API static const ZtDocument kDocument;
+};
 
 /// Makes empty objects; each is the caller's until a parent takes it. Null when out of memory.
 class RlsServicesDataBinder : public ZtDescribedBy<RlsServicesContext, ZtFactory> {
@@ -102,11 +106,6 @@ class RlsServicesMarshaller : public ZtDescribedBy<RlsServicesContext, ZtMarshal
 /// Reads a "rls-services" document, with any prefixes.
 class XMLRlsServicesDecoder : public ZtDecoderOf<RlsServicesContext> {};
 /// Reads a zt_rls_services.
-class ZT_API RlsServicesUnMarshaller : public ZtDescribedBy<RlsServicesContext, ZtUnMarshaller> {};
-/// The context of resource list services, XML_SCHEMA_RLS_SERVICES.
-class ZT_API RlsServicesContext : public ZtDescribedBy<RlsServicesContext, ZtContext> {
- public:
-  ZT_API static const ZtDocument kDocument;
-};
+class RlsServicesUnMarshaller : public ZtDescribedBy<RlsServicesContext, ZtUnMarshaller> {};
 
 #endif  // ZTXML_INCLUDE_XMLRLSSERVICES_H

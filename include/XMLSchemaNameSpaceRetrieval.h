@@ -29,7 +29,12 @@ class ZT_API zt_schema_namespace_retrieval
   ZtAttributeList m_NameSpaceInfo;
 };
 
-class SchemaNamespaceRetrievalContext;
+/// XML_SCHEMA_NAMESPACE_RETRIEVAL. There is no marshaller: createMarshaller returns null.
+class SchemaNamespaceRetrievalContext
+    : public ZtDescribedBy<SchemaNamespaceRetrievalContext, ZtContext> {
+ public:
+  ZT_API static const ZtDocument kDocument;
+};
 
 /// Collects the attributes whose names begin with "xmlns", on every element of any document. The
 /// result exists before anything is read.
@@ -56,11 +61,5 @@ class SchemaNamespaceRetrievalDataBinder
 /// Reads the declarations of any well-formed document.
 class SchemaNamespaceRetrievalUnMarshaller
     : public ZtDescribedBy<SchemaNamespaceRetrievalContext, ZtUnMarshaller> {};
-/// XML_SCHEMA_NAMESPACE_RETRIEVAL. There is no marshaller: createMarshaller returns null.
-class ZT_API SchemaNamespaceRetrievalContext
-    : public ZtDescribedBy<SchemaNamespaceRetrievalContext, ZtContext> {
- public:
-  ZT_API static const ZtDocument kDocument;
-};
 
 #endif  // ZTXML_INCLUDE_XMLSCHEMANAMESPACERETRIEVAL_H

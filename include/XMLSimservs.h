@@ -22,7 +22,12 @@ class zt_Simservs : public ZtTyped<zt_Simservs, ZtObject> {
   ZtChildList m_Services;
 };
 
-class SimservsContext;
+/// The context of the whole document, XML_SCHEMA_SIMSERVS. Its namespace binder serves the reading
+/// of every service; documents are always written with "ss", "cp" and "ocp".
+class SimservsContext : public ZtDescribedBy<SimservsContext, ZtNamespaceContext> {
+ public:
+  ZT_API static const ZtDocument kDocument;
+};
 
 /// Makes an empty zt_Simservs. The factories of the services make what goes into it.
 class SimservsDataBinder : public ZtDescribedBy<SimservsContext, ZtFactory> {
@@ -46,7 +51,7 @@ class ZT_API SimservsMarshaller : public ZtDescribedBy<SimservsContext, ZtMarsha
 };
 
 /// Reads a simservs document without its services, under the prefixes that its document declares.
-class ZT_API XMLSimservsDecoder : public ZtDecoderOf<SimservsContext, ZtNamespaceDecoder> {};
+class XMLSimservsDecoder : public ZtDecoderOf<SimservsContext, ZtNamespaceDecoder> {};
 /// Reads a whole document. Each service is cut out of the text and read by its own unmarshaller; a
 /// service that cannot be read is dropped, with a log line. The services come in the order incoming
 /// and outgoing barring, diversion, waiting, originating and terminating identity presentation.
@@ -65,13 +70,6 @@ class ZT_API SimservsUnMarshaller : public ZtDescribedBy<SimservsContext, ZtUnMa
  private:
   XMLElement* ReadCopy(char* text);
   XMLElement* ReadCut(char* text);
-};
-
-/// The context of the whole document, XML_SCHEMA_SIMSERVS. Its namespace binder serves the reading
-/// of every service; documents are always written with "ss", "cp" and "ocp".
-class SimservsContext : public ZtDescribedBy<SimservsContext, ZtNamespaceContext> {
- public:
-  ZT_API static const ZtDocument kDocument;
 };
 
 #endif  // ZTXML_INCLUDE_XMLSIMSERVS_H

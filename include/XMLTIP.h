@@ -13,7 +13,11 @@ class zt_terminating_identity_presentation
   ZT_API static const ZtElementType kType;
 };
 
-class TIPContext;
+/// The context of terminating identity presentation, XML_SCHEMA_TIP.
+class TIPContext : public ZtDescribedBy<TIPContext, ZtNamespaceContext> {
+ public:
+  ZT_API static const ZtDocument kDocument;
+};
 
 /// Makes an empty zt_terminating_identity_presentation.
 class TIPDataBinder : public ZtDescribedBy<TIPContext, ZtFactory> {
@@ -31,11 +35,6 @@ class ZT_API TIPMarshaller : public ZtDescribedBy<TIPContext, ZtNamespaceMarshal
 /// Reads the service under the prefixes that its document declares.
 class XMLTIPDecoder : public ZtDecoderOf<TIPContext, ZtNamespaceDecoder> {};
 /// Reads the service from an XCAP fragment.
-class ZT_API TIPUnMarshaller : public ZtDescribedBy<TIPContext, ZtUnMarshaller> {};
-/// The context of terminating identity presentation, XML_SCHEMA_TIP.
-class ZT_API TIPContext : public ZtDescribedBy<TIPContext, ZtNamespaceContext> {
- public:
-  ZT_API static const ZtDocument kDocument;
-};
+class TIPUnMarshaller : public ZtDescribedBy<TIPContext, ZtUnMarshaller> {};
 
 #endif  // ZTXML_INCLUDE_XMLTIP_H

@@ -12,7 +12,11 @@ class zt_volte_config_info : public ZtTyped<zt_volte_config_info, ZtProvisioning
   ZT_API static const ZtElementType kType;
 };
 
-class VolteConfigInfoContext;
+/// The context of this document, XML_SCHEMA_VOLTE_CONFIG_INFO.
+class VolteConfigInfoContext : public ZtDescribedBy<VolteConfigInfoContext, ZtContext> {
+ public:
+  ZT_API static const ZtDocument kDocument;
+};
 
 /// Makes empty elements; each is the caller's until a parent takes it. Null when out of memory.
 class VolteConfigInfoDataBinder : public ZtDescribedBy<VolteConfigInfoContext, ZtFactory> {
@@ -30,12 +34,6 @@ class ZT_API VolteConfigInfoMarshall : public ZtDescribedBy<VolteConfigInfoConte
 /// Reads a "volte-config-info" or "wap-provisioningdoc" document, with any prefixes.
 class XMLVolteConfigInfoDecoder : public ZtDecoderOf<VolteConfigInfoContext> {};
 /// Reads a zt_volte_config_info.
-class ZT_API VolteConfigInfoUnMarshaller
-    : public ZtDescribedBy<VolteConfigInfoContext, ZtUnMarshaller> {};
-/// The context of this document, XML_SCHEMA_VOLTE_CONFIG_INFO.
-class ZT_API VolteConfigInfoContext : public ZtDescribedBy<VolteConfigInfoContext, ZtContext> {
- public:
-  ZT_API static const ZtDocument kDocument;
-};
+class VolteConfigInfoUnMarshaller : public ZtDescribedBy<VolteConfigInfoContext, ZtUnMarshaller> {};
 
 #endif  // ZTXML_INCLUDE_XMLVOLTECONFIGINFO_H

@@ -12,7 +12,11 @@ class zt_wap_provisioning_doc : public ZtTyped<zt_wap_provisioning_doc, ZtProvis
   ZT_API static const ZtElementType kType;
 };
 
-class WapProvisioningDocContext;
+/// The context of this document, XML_SCHEMA_WAP_PROVISIONING_DOC.
+class WapProvisioningDocContext : public ZtDescribedBy<WapProvisioningDocContext, ZtContext> {
+ public:
+  ZT_API static const ZtDocument kDocument;
+};
 
 /// Makes empty elements; each is the caller's until a parent takes it. Null when out of memory.
 class WapProvisioningDocDataBinder : public ZtDescribedBy<WapProvisioningDocContext, ZtFactory> {
@@ -31,13 +35,7 @@ class ZT_API WapProvisioningDocMarshall
 /// Reads "wap-provisioningdoc", with any prefixes.
 class XMLWapProvisioningDocDecoder : public ZtDecoderOf<WapProvisioningDocContext> {};
 /// Reads a zt_wap_provisioning_doc.
-class ZT_API WapProvisioningDocUnMarshaller
+class WapProvisioningDocUnMarshaller
     : public ZtDescribedBy<WapProvisioningDocContext, ZtUnMarshaller> {};
-/// The context of this document, XML_SCHEMA_WAP_PROVISIONING_DOC.
-class ZT_API WapProvisioningDocContext
-    : public ZtDescribedBy<WapProvisioningDocContext, ZtContext> {
- public:
-  ZT_API static const ZtDocument kDocument;
-};
 
 #endif  // ZTXML_INCLUDE_XMLWAPPROVISIONINGDOC_H

@@ -73,7 +73,11 @@ class zt_xcap_directory : public ZtTyped<zt_xcap_directory, ZtObject> {
   ZtChildList m_Folders;
 };
 
-class XcapDirectoryContext;
+/// The context of XCAP directories, XML_SCHEMA_XCAP_DIRECTORY.
+class XcapDirectoryContext : public ZtDescribedBy<XcapDirectoryContext, ZtContext> {
+ public:
+  ZT_API static const ZtDocument kDocument;
+};
 
 /// Makes empty objects; each is the caller's until a parent takes it. Null when out of memory.
 class XcapDirectoryDataBinder : public ZtDescribedBy<XcapDirectoryContext, ZtFactory> {
@@ -94,12 +98,6 @@ class XcapDirectoryMarshaller : public ZtDescribedBy<XcapDirectoryContext, ZtMar
 /// Reads an "xcap-directory" document. Names are taken without their prefixes.
 class XMLXcapDirectoryDecoder : public ZtDecoderOf<XcapDirectoryContext> {};
 /// Reads a zt_xcap_directory. Elements are known by their local names, whatever their prefixes.
-class ZT_API XcapDirectoryUnMarshaller
-    : public ZtDescribedBy<XcapDirectoryContext, ZtUnMarshaller> {};
-/// The context of XCAP directories, XML_SCHEMA_XCAP_DIRECTORY.
-class ZT_API XcapDirectoryContext : public ZtDescribedBy<XcapDirectoryContext, ZtContext> {
- public:
-  ZT_API static const ZtDocument kDocument;
-};
+class XcapDirectoryUnMarshaller : public ZtDescribedBy<XcapDirectoryContext, ZtUnMarshaller> {};
 
 #endif  // ZTXML_INCLUDE_XMLXCAPDIRECTORY_H

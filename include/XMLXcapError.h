@@ -126,7 +126,11 @@ class zt_xcap_error : public ZtTyped<zt_xcap_error, ZtObject> {
   ZtChild m_Error;
 };
 
-class XcapErrorContext;
+/// The context of XCAP errors, XML_SCHEMA_XCAP_ERROR.
+class XcapErrorContext : public ZtDescribedBy<XcapErrorContext, ZtContext> {
+ public:
+  ZT_API static const ZtDocument kDocument;
+};
 
 /// Makes empty objects; each is the caller's until a parent takes it. Null when out of memory.
 class ZT_API XcapErrorDataBinder : public ZtDescribedBy<XcapErrorContext, ZtFactory> {
@@ -177,11 +181,6 @@ class Xcap_ErrorMarshall : public ZtDescribedBy<XcapErrorContext, ZtMarshaller> 
 class XMLXcapErrorDecoder : public ZtDecoderOf<XcapErrorContext> {};
 /// Reads a zt_xcap_error. Elements are known by their local names, whatever their prefixes; of
 /// several errors the last one is kept.
-class ZT_API XcapErrorUnMarshaller : public ZtDescribedBy<XcapErrorContext, ZtUnMarshaller> {};
-/// The context of XCAP errors, XML_SCHEMA_XCAP_ERROR.
-class ZT_API XcapErrorContext : public ZtDescribedBy<XcapErrorContext, ZtContext> {
- public:
-  ZT_API static const ZtDocument kDocument;
-};
+class XcapErrorUnMarshaller : public ZtDescribedBy<XcapErrorContext, ZtUnMarshaller> {};
 
 #endif  // ZTXML_INCLUDE_XMLXCAPERROR_H

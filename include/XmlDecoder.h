@@ -128,22 +128,22 @@ class ZT_API XmlDecoder : public ZtNonCopyable {
   void ForgetConsumed(const char* text, const char* tag, const char* close);
 
   eXmlDecodeState m_DecodeState;
-  BuddyLinkList* m_pElementStack;  // sentinel
-  char* m_pPendingText;            // owned, unless m_bBorrowed
-  XmlDecoderSchema* m_pSchema;     // borrowed
-  int m_bEmptyElement;
+  BuddyLinkList* m_pElementStack = nullptr;  // sentinel
+  char* m_pPendingText = nullptr;            // owned, unless m_bBorrowed
+  XmlDecoderSchema* m_pSchema = nullptr;     // borrowed
+  int m_bEmptyElement = 0;
 
-  ZtSink* m_pSink;  // told of the tags during a call
+  ZtSink* m_pSink = nullptr;  // told of the tags during a call
 
   // Accelerators: they keep every push, pop, chunk and append at constant cost.
-  OpenElement* m_pTop;      // the innermost open element, null when there is none
-  OpenElement* m_pSpare;    // nodes to be used again
-  OpenElements* m_pNodes;   // all of them, but the sentinel
-  bool m_bBorrowed;         // the pending text is a whole document's
-  std::size_t m_iLength;    // bytes of pending text
-  std::size_t m_iCapacity;  // bytes allocated for it
-  std::size_t m_iTag;       // where a partial tag begins in it, or m_iLength
-  std::size_t m_iScanned;   // up to where it is known to hold no '>'
+  OpenElement* m_pTop = nullptr;     // the innermost open element, null when there is none
+  OpenElement* m_pSpare = nullptr;   // nodes to be used again
+  OpenElements* m_pNodes = nullptr;  // all of them, but the sentinel
+  bool m_bBorrowed = false;          // the pending text is a whole document's
+  std::size_t m_iLength = 0;         // bytes of pending text
+  std::size_t m_iCapacity = 0;       // bytes allocated for it
+  std::size_t m_iTag = 0;            // where a partial tag begins in it, or m_iLength
+  std::size_t m_iScanned = 0;        // up to where it is known to hold no '>'
 };
 
 #endif  // ZTXML_INCLUDE_XMLDECODER_H

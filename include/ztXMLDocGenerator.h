@@ -88,19 +88,19 @@ class ZT_API ZtXMLDocGenerator : public ZtNonCopyable {
   // Appends as much as there is room for.
   void Cut(ZtPiece piece);
 
-  int initialised;
-  int headerAdded;
-  int headerAllowed;
-  int tagOpen;
-  char* buffer;    // owned
-  char* nsPrefix;  // owned, unless it is borrowed
+  int initialised = 0;
+  int headerAdded = 0;
+  int headerAllowed = 0;
+  int tagOpen = 0;
+  char* buffer = nullptr;    // owned
+  char* nsPrefix = nullptr;  // owned, unless it is borrowed
 
-  char* m_pAt;                // the end of the text, so that an append costs its own size only
-  char* m_pEnd;               // of the buffer, less one for the NUL; null without it
-  std::size_t m_iPrefixSize;  // of nsPrefix
-  bool m_bPrefixBorrowed;
-  bool m_bCutReported;
-  bool m_bOutOfMemory;
+  char* m_pAt = nullptr;          // the end of the text, so that an append costs its own size only
+  char* m_pEnd = nullptr;         // of the buffer, less one for the NUL; null without it
+  std::size_t m_iPrefixSize = 0;  // of nsPrefix
+  bool m_bPrefixBorrowed = false;
+  bool m_bCutReported = false;
+  bool m_bOutOfMemory = false;
 };
 
 #endif  // ZTXML_INCLUDE_ZTXMLDOCGENERATOR_H

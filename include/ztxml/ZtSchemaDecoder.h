@@ -85,11 +85,11 @@ class ZT_API ZtSchemaDecoder : public XmlDecoderSchema, public ZtSink {
   /// Room for a pass name of `size` bytes and its NUL; null without memory, with the given line.
   char* ReservePassName(std::size_t size, const char* noMemory);
 
-  XMLObject* m_pRoot;
-  char* m_PassName;  // owned
+  XMLObject* m_pRoot = nullptr;
+  char* m_PassName = nullptr;  // owned
   XmlCodeGenStack m_Stack;
   const ZtDocument& m_Document;
-  bool m_bFailed;
+  bool m_bFailed = false;
 
  private:
   struct Open {  // an object and its type, null when there is none
@@ -142,17 +142,17 @@ class ZT_API ZtSchemaDecoder : public XmlDecoderSchema, public ZtSink {
   void Push(XMLElement* object, const Element& element, ZtNameId name);
   void Pop();
 
-  std::size_t m_iPassCapacity;  // bytes allocated for m_PassName
+  std::size_t m_iPassCapacity = 0;  // bytes allocated for m_PassName
   Frame m_Frames[XmlCodeGenStack::kCapacity];
-  Open m_Started;          // made by the last start tag: its attributes go there
-  std::size_t m_iDropped;  // open elements that a full stack did not take
-  std::size_t m_iSkipped;  // depth inside an element whose content is skipped, 0 outside
-  bool m_bOfferEnd;        // the skipped element's end is offered with its text
-  const ZtField* m_pText;  // the row that the skipped element's text is for, or null
-  const char* m_pNamed;    // where the name was that was normalised last
-  ZtArena* m_pArena;       // of what is made, null for the heap
+  Open m_Started;               // made by the last start tag: its attributes go there
+  std::size_t m_iDropped = 0;   // open elements that a full stack did not take
+  std::size_t m_iSkipped = 0;   // depth inside an element whose content is skipped, 0 outside
+  bool m_bOfferEnd = false;     // the skipped element's end is offered with its text
+  const ZtField* m_pText;       // the row that the skipped element's text is for, or null
+  const char* m_pNamed;         // where the name was that was normalised last
+  ZtArena* m_pArena = nullptr;  // of what is made, null for the heap
   const ZtElementType* m_Types[kMostTypes];  // of the document, once they are asked for
-  std::size_t m_iTypes;
+  std::size_t m_iTypes = 0;
   ZtChildList m_ReplacedRoots;  // earlier roots: they may still be open
 };
 

@@ -11,18 +11,7 @@ constexpr std::size_t kMostShortName = 65533;  // ZtShortNameSize cuts longer on
 }  // namespace
 
 ZtSchemaDecoder::ZtSchemaDecoder(const ZtDocument& document)
-    : m_pRoot(nullptr),
-      m_PassName(nullptr),
-      m_Document(document),
-      m_bFailed(false),
-      m_iPassCapacity(0),
-      m_iDropped(0),
-      m_iSkipped(0),
-      m_bOfferEnd(false),
-      m_pText(nullptr),
-      m_pNamed(nullptr),
-      m_pArena(nullptr),
-      m_iTypes(0) {}
+    : m_Document(document), m_pText(nullptr), m_pNamed(nullptr) {}
 
 ZtSchemaDecoder::~ZtSchemaDecoder() { __free(m_PassName); }
 

@@ -88,22 +88,7 @@ class XmlDecoder::Callbacks : public ZtSink {
   XmlDecoder& m_Parser;
 };
 
-XmlDecoder::XmlDecoder()
-    : m_pElementStack(nullptr),
-      m_pPendingText(nullptr),
-      m_pSchema(nullptr),
-      m_bEmptyElement(0),
-      m_pSink(nullptr),
-      m_pTop(nullptr),
-      m_pSpare(nullptr),
-      m_pNodes(nullptr),
-      m_bBorrowed(false),
-      m_iLength(0),
-      m_iCapacity(0),
-      m_iTag(0),
-      m_iScanned(0) {
-  InitXmlDecoder();
-}
+XmlDecoder::XmlDecoder() { InitXmlDecoder(); }
 
 XmlDecoder::~XmlDecoder() { ResetXmlDecoder(); }
 

@@ -14,19 +14,7 @@ constexpr std::size_t kQuoteGrowth = sizeof(kQuote) - 2;
 ZtPiece If(bool wanted, ZtPiece text) { return {text.text, wanted ? text.size : 0}; }
 }  // namespace
 
-ZtXMLDocGenerator::ZtXMLDocGenerator()
-    : initialised(0),
-      headerAdded(0),
-      headerAllowed(0),
-      tagOpen(0),
-      buffer(nullptr),
-      nsPrefix(nullptr),
-      m_pAt(nullptr),
-      m_pEnd(nullptr),
-      m_iPrefixSize(0),
-      m_bPrefixBorrowed(false),
-      m_bCutReported(false),
-      m_bOutOfMemory(false) {}
+ZtXMLDocGenerator::ZtXMLDocGenerator() {}
 
 ZtXMLDocGenerator::~ZtXMLDocGenerator() { ztDeInitXmlDoc(); }
 
