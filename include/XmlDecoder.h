@@ -88,7 +88,7 @@ class ZT_API XmlDecoder : public ZtNonCopyable {
   /// BuddyLinkList::Release).
   BuddyLinkList* PopElement();
 
-  /// Whether the text behind an element's name is a well-formed attribute list: 0, else -1.
+  /// Whether the text after an element's name is a well-formed attribute list: 0, else -1.
   static int ValidateAttributeList(const char* list);
   /// Skips leading and cuts trailing white space; returns the first kept character.
   static char* TrimSpaces(char* text);

@@ -41,7 +41,7 @@ class ZT_API ZtXMLDocGenerator : public ZtNonCopyable {
 
   /// Opens an element; `leaveOpen` 1 leaves the start tag open for attributes.
   void ztStartElement(const char* name, int leaveOpen);
-  /// The same without a line break before it.
+  /// Opens an element without a line break before it.
   void ztStartElementWithoutNL(const char* name, int leaveOpen);
   /// Closes a start tag left open, then opens prefix:name and declares the prefix; a null prefix or
   /// uri opens it as ztStartElement does.
@@ -52,7 +52,7 @@ class ZT_API ZtXMLDocGenerator : public ZtNonCopyable {
   /// An attribute of the start tag left open (nothing otherwise). `useNs` 1 writes the current
   /// prefix; `selfEnd` 1 ends the tag with "/>", else `close` 1 with ">".
   void ztStartAttribute(const char* name, const char* value, int useNs, int selfEnd, int close);
-  /// The same with `prefix`, or without any when it is null.
+  /// An attribute with `prefix`, or without any when it is null, as ztStartAttribute writes it.
   void ztStartAttributeNs(const char* name, const char* value, const char* prefix, int selfEnd,
                           int close);
   /// A namespace declaration (name "xmlns", suffix the prefix) or an attribute (suffix null); it is
@@ -62,7 +62,7 @@ class ZT_API ZtXMLDocGenerator : public ZtNonCopyable {
 
   /// Closes a start tag left open and writes `text` as it stands; null writes one blank.
   void ztXmlSetData(const char* text);
-  /// An end tag behind what stands there.
+  /// An end tag, directly after what was written last.
   void ztEndXmlElement(const char* name);
   /// An end tag on a line of its own, with `prefix` or else the current one.
   void ztEndXmlElementNs(const char* name, const char* prefix);

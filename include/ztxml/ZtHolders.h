@@ -58,6 +58,7 @@ class ZT_API ZtText {
 template <class Number>
 class ZtScalar {
  public:
+  /// Holds `value`.
   ZtScalar(Number value = 0) : m_Value(value) {}  // NOLINT(google-explicit-constructor)
 
   /// Stores `value`. Returns 1, as the public setters do.
@@ -76,7 +77,9 @@ class ZtScalar {
  private:
   Number m_Value;
 };
+/// A number of 32 bits, or which value of an enumeration.
 using ZtNumber = ZtScalar<unsigned>;
+/// A number of 64 bits.
 using ZtNumber64 = ZtScalar<unsigned long long>;
 
 /// A child that occurs at most once.

@@ -17,7 +17,7 @@ class ZtUnMarshaller;
 // The log lines in which documents differ; null for none.
 struct ZtDocumentLines {
   const char* textInput = nullptr;  // the unmarshaller's name, the text to be read
-  const char* fileInput = nullptr;  // the same from a file
+  const char* fileInput = nullptr;  // its name, and the text of a file
   const char* readDone = nullptr;
   const char* readFailed = nullptr;
   const char* nullRoot = nullptr;    // Marshall without a root
@@ -135,9 +135,9 @@ constexpr ZtDocumentFacts ZtDocumentOf(const char* source) {
           ZtMaker<XMLObjectFactory>::Of<DataBinder>()};
 }
 
-// The bytes of `name` that are kept. Intended: decoders keep the size of a name, with two bytes
-// more, in 16 bits, so that names of 65534 bytes or more are cut short; callers that drive a
-// decoder themselves get the same.
+// The bytes of `name` that are kept. Intended: decoders add 2 to the size of a name and keep the
+// sum in 16 bits, so that a name of 65534 bytes or more is cut short; callers that drive a decoder
+// themselves find it so.
 inline std::size_t ZtShortNameSize(const char* name) {
   const std::size_t size = __strlen(name);
   const std::size_t room = static_cast<std::uint16_t>(size + 2);

@@ -70,8 +70,8 @@ constexpr std::size_t kMostFlagName = 98;  // the longest that a table may ask f
 // Of `x ="1"` the parser keeps the blank: the attribute's name is what stands before it.
 std::size_t NameSize(const char* name) { return std::strcspn(name, " \t\r\n"); }
 
-// The names of the attributes that a tag has. It holds as many as fit into a document: all that are
-// behind those are cut off.
+// The names of the attributes that a tag has. The set holds as many as a whole document has room
+// for: what comes after those would be cut off anyway.
 class NameSet {
  public:
   NameSet() = default;

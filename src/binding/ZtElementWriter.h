@@ -41,7 +41,7 @@ class ZtElementWriter {
   bool WriteChildren(const XMLElement& element, const ZtElementType& type);
   int WriteText(const ZtField& field, ZtPiece text);
   void WriteText(ZtNameId name, ZtPiece text);
-  // The same, in pieces: a start tag with a list of attributes (null: none; false without memory),
+  // An element in pieces: a start tag with a list of attributes (null: none; false without memory),
   // an element without content, an end tag; and a line under the marshaller's file.
   bool Start(ZtNameId name, ZtSingleElementList* attributes = nullptr);
   void WriteEmpty(ZtNameId name) { m_Pen.Empty(name.Piece()); }

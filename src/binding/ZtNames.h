@@ -9,7 +9,7 @@
 #include "base/ZtBytes.h"
 #include "ztxml/ZtPiece.h"
 
-// The names beyond the table, numbered behind its rows.
+// The names beyond the table; their numbers follow those of its rows.
 enum ZtExtraName : int {
   kZtLastTableName = kXmlStrRefCount - 1,
 #define ZT_NAME(id, text) id,
@@ -19,7 +19,7 @@ enum ZtExtraName : int {
   kZtNoName = -1,
 };
 
-// A row of the table or an extra name. Equal texts are the same name.
+// A row of the table or an extra name. Equal texts have one number.
 class ZtNameId {
  public:
   constexpr ZtNameId(e_XmlStrRef row)  // NOLINT(google-explicit-constructor)

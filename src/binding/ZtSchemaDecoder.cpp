@@ -299,7 +299,8 @@ bool ZtSchemaDecoder::IsNamed(const char* element) const {
   return element == m_pNamed && !std::memchr(element, '\0', kShort);
 }
 
-// Attributes mostly come in the order of their rows: each is looked for behind the last one.
+// Attributes mostly come in the order of their rows: the search for each begins after the row of
+// the one before it.
 void ZtSchemaDecoder::Attributes(ScannedTag& tag) {
   if (m_Stack.empty()) return NoteEmptyStack(tag.count + tag.blankAtEnd);
   if (!m_Started.object) return;

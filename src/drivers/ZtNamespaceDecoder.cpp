@@ -79,7 +79,7 @@ const char* ZtNamespaceDecoder::Rewritten(char* name) {
     if (__strncmp(prefixed, at->prefix.Get(), size) != 0 || prefixed[size] != ':') continue;
     char* local = prefixed + size + 1;
     if (!atEnd) return local;
-    // An end is known by its slash: the name with it stands behind the pass name's NUL, for which
+    // An end is known by its slash: the name with it stands after the pass name's NUL, for which
     // XMLChangeNamespaceTag left room.
     const std::size_t localSize = __strlen(local);
     char* end = local + localSize + 1;

@@ -34,9 +34,9 @@ char* EndOf(char* at, unsigned char what) {
 }
 
 // The end of an element's name, or its colon, in a text that ends with a NUL at `end`. Sixteen
-// bytes at once are looked through for those that end a name and a few others; the loop goes on
-// behind what is none of them. (Names of attributes come in the same order again and again: there
-// the loop alone is as fast.)
+// bytes at once are looked through for those that end a name and a few others; the loop goes
+// on where the first of them is. (Names of attributes come in one order again and again: there the
+// loop alone is as fast.)
 char* EndOfElement(char* at, const char* end) {
   if (ZtHasBlock(at, end)) {
     const auto block = ZtGet<ZtBlock>(at);

@@ -1,5 +1,6 @@
 // Start tags in the form that nearly all have, recognised in one pass and before anything is cut:
-// a name, and attributes in quotes behind white space. All else is the parser's slow path's.
+// a name, then attributes in quotes, each after white space. The parser reads other tags in a
+// slower way.
 #ifndef ZTXML_SRC_TAGSCANNER_H
 #define ZTXML_SRC_TAGSCANNER_H
 
@@ -29,7 +30,7 @@ struct ScannedTag {
   char* colon;      // the first of the name, or null
   char* close;      // the first '>', or null
   bool isEmpty;     // "/>"
-  bool blankAtEnd;  // white space behind the last attribute, which is reported as one, too
+  bool blankAtEnd;  // white space after the last attribute, which is reported as one, too
   int count;
   ScannedAttribute attributes[kMostAttributes];
 };

@@ -323,7 +323,7 @@ bool XmlDecoder::Opened(char* element, std::size_t size) {
   return false;
 }
 
-// The input ended inside a tag that begins at or behind `position`: keeps the text from there.
+// The input ended inside a tag that begins at `position` or after it: keeps the text from there.
 int XmlDecoder::OutOfTags(char* position) {
   Log(kZtLogState)("<XML Decoder>:ZT_XML_PARSE_CONTINUE ret:ZT_XML_INCOMPLETE ");
   m_DecodeState = ZT_XML_PARSE_CONTINUE;
@@ -373,8 +373,9 @@ void XmlDecoder::ReportEnd(char* text, char* tag) {
   Pop();
 }
 
-// After a failure that keeps the state a later call reads what is left up to the first cut again:
-// nothing sensible, but within the buffer. What is known of it is not looked for again.
+// After a failure that keeps the state, a later call reads the text again up to where it was first
+// cut. That makes no sense as a document, but stays within the buffer; and a tag or a '>' that is
+// known not to be there is not looked for again.
 void XmlDecoder::ForgetConsumed(const char* text, const char* tag, const char* close) {
   m_iTag = m_iScanned = 0;
   if (text == m_pPendingText) {

@@ -26,7 +26,7 @@ int XmlDecoder::ValidateAttributeList(const char* list) {
   bool pending = false;           // an '=' was seen and its value is not complete
   char quote = '\0';              // the kind of the open value, if any
   const char* nameStart = list;   // end of the previous value
-  const char* valueStart = list;  // behind the last '='
+  const char* valueStart = list;  // after the last '='
   const char* lastSpecial = nullptr;
   for (const char* at = list + std::strcspn(list, "\"'="); *at;
        at += 1 + std::strcspn(at + 1, "\"'=")) {
