@@ -87,8 +87,12 @@ void ZtSchemaDecoder::NoteEmptyStack(int callbacks) const {
 }
 
 void ZtSchemaDecoder::Start(ScannedTag& tag) {
-  if (tag.colon && tag.colon[1] == '/') RefuseSlash();
-  if (m_bFailed || *tag.name == '/') return;  // Opened refuses that
+  if (m_bFailed) return;
+  // What may be refused is looked at as the callback does.
+  if (*tag.name == '/' || (tag.colon && tag.colon[1] == '/')) {
+    ElementCallback(tag.name, nullptr);
+    return;
+  }
   if (m_iSkipped) {
     ++m_iSkipped;
     return NoteEmptyStack(1);

@@ -77,7 +77,9 @@ int XMLSchemaNamespaceRetrievalDecoder::ProcessAttribute(char* element, char* na
 }
 
 // Attributes are all that counts here.
-void XMLSchemaNamespaceRetrievalDecoder::Start(ScannedTag& tag) { RefusesStart(tag.name); }
+void XMLSchemaNamespaceRetrievalDecoder::Start(ScannedTag& tag) {
+  if (tag.colon) RefusesStart(tag.name);
+}
 
 void XMLSchemaNamespaceRetrievalDecoder::Attributes(ScannedTag& tag) {
   for (int i = 0; i < tag.count; ++i) {

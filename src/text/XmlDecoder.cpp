@@ -57,7 +57,9 @@ struct XmlDecoder::OpenElements : ZtHeapObject {
 // Tells a receiver of callbacks, if there is one.
 class XmlDecoder::Callbacks : public ZtSink {
  public:
-  explicit Callbacks(XmlDecoder& parser) : m_Parser(parser) { parser.m_pSink = this; }
+  explicit Callbacks(XmlDecoder& parser) : m_Parser(parser) {
+    if (parser.m_pSchema) parser.m_pSink = this;
+  }
   ~Callbacks() { m_Parser.m_pSink = nullptr; }
   Callbacks(const Callbacks&) = delete;
   Callbacks& operator=(const Callbacks&) = delete;
@@ -255,14 +257,16 @@ char* XmlDecoder::PlainEnd(char* tag, const char* end) const {
 void XmlDecoder::ReportTag(ScannedTag& tag, bool hasEntity) {
   *tag.nameEnd = *tag.close = '\0';
   const bool started = tag.isEmpty || tag.count > 0;
-  if (started) m_pSink->Start(tag);
+  if (started && m_pSink) m_pSink->Start(tag);
   Log(kZtLogTrace)("XmlDecoder:: DecodeAttributes %d", 0);
-  if (tag.count) ReportScanned(tag, hasEntity);
-  if (!started) m_pSink->Start(tag);
-  if (tag.isEmpty) {
-    ReportEmpty(tag.name, tag.NameSize(), {tag.close, 0});
-  } else {
+  if (m_pSink) {
+    if (tag.count) ReportScanned(tag, hasEntity);
+    if (!started) m_pSink->Start(tag);
+  }
+  if (!tag.isEmpty) {
     Opened(tag.name, tag.NameSize());
+  } else if (m_pSink) {
+    ReportEmpty(tag.name, tag.NameSize(), {tag.close, 0});
   }
 }
 
@@ -304,7 +308,7 @@ int XmlDecoder::AnyTag(char* text, char* tag, char* close, bool& counts) {
       return ParseError();
     }
     char* const element = name + std::strspn(name, kWhiteSpace);
-    if (result == 1) {
+    if (result == 1 && m_pSink) {
       ScannedTag plain = TagOf(element);
       m_pSink->Start(plain);
     }
@@ -315,7 +319,7 @@ int XmlDecoder::AnyTag(char* text, char* tag, char* close, bool& counts) {
 
 // The start tag of `element` is complete; false without memory.
 bool XmlDecoder::Opened(char* element, std::size_t size) {
-  m_pSink->Opened(element);
+  if (m_pSink) m_pSink->Opened(element);
   if (Push(element, size)) return true;
   m_DecodeState = ZT_XML_PARSE_ERROR;
   Log(kZtLogState)(
@@ -365,7 +369,8 @@ int XmlDecoder::EndTag(char* text, char* tag, const char* close) {
 void XmlDecoder::ReportEnd(char* text, char* tag) {
   char* const slashName = tag + 1;
   *tag = '\0';
-  if (m_pSink->End({slashName, m_pTop->size + 1}, {text, static_cast<std::size_t>(tag - text)})) {
+  if (m_pSink &&
+      m_pSink->End({slashName, m_pTop->size + 1}, {text, static_cast<std::size_t>(tag - text)})) {
     Log(kZtLogState)(
         "<XML Decoder>:ProcessElement(pStrEndElement, start) failed when pStrEndElement=\"%s\"",
         slashName);
@@ -405,12 +410,16 @@ int XmlDecoder::DecodeAttributes(char* n_strAttrList) {
   }
   const bool started = m_bEmptyElement == 1 || rest[std::strspn(rest, "=")] != '\0';
   ScannedTag tag = TagOf(element);
-  if (started) m_pSink->Start(tag);
+  if (started && m_pSink) m_pSink->Start(tag);
   const int valid = ValidateAttributeList(rest);
   Log(kZtLogTrace)("XmlDecoder:: DecodeAttributes %d", valid);
   if (valid != 0) {
     Log(kZtLogTrace)("XmlDecoder:: DecodeAttributes - Attribute list invalid");
     return -1;
+  }
+  if (!m_pSink) {
+    m_bEmptyElement = 0;
+    return 0;
   }
   return ReportAttributes(tag, rest, started);
 }
