@@ -25,6 +25,9 @@ KINDS = {
 # Tables that are only searched, for keys that differ: nobody can tell in what order their rows stand.
 SEARCHED_TABLES = {"ZtRoot", "ZtChoice", "ZtElementType", "ZtDocument", "kEntities"}
 
+# Records with lists in them, and what these hold.
+RECORDS = {"ZtElementType": "ZtField", "ZtExtras": "ZtFixedAttribute", "ZtDocument": "ZtRoot"}
+
 TOKEN = re.compile(
     r"""(?P<skip> \s+ | //[^\n]* | /\*.*?\*/ | ^\#(?:\\\n|[^\n])* )
       | (?P<string> "(?:\\.|[^"\\\n])*" )
@@ -112,13 +115,21 @@ class Source:
             i = (self.tokens[i].match or i) + 1 if self[i] in CLOSING else i + 1
 
     def arrays(self):
-        """The arrays that a list initialises: its brace, its name and the type of its elements."""
+        """The lists of what is alike: arrays, and the lists in the record of a type or a document.
+        Of each its brace, its name and the type of its elements."""
         for i in range(2, len(self.tokens) - 2):
-            if [self[i], self[i + 1], self[i + 2]] == ["]", "=", "{"]:
-                name = self.tokens[i].match - 1
-                words = [t.text for t in self.tokens[self.tokens[name].start : name] if t.kind == "word"]
-                words = [word for word in words if word not in {"const", "constexpr", "static"}]
-                yield i + 2, self[name], words[-1] if words else ""
+            if [self[i], self[i + 1]] != ["=", "{"]:
+                continue
+            array = self[i - 1] == "]"
+            name = self.tokens[i - 1].match - 1 if array else i - 1
+            words = [t.text for t in self.tokens[self.tokens[name].start : name] if t.kind == "word"]
+            words = [word for word in words if word not in {"const", "constexpr", "static"}]
+            if array:
+                yield i + 1, self[name], words[-1] if words else ""
+            elif words and words[0] in RECORDS:
+                for first, _ in self.elements(i + 1):
+                    if self[first] == "{":
+                        yield first, self[name], RECORDS[words[0]]
 
 
 class Generator:
