@@ -10,8 +10,6 @@
 #include "ztxml/ZtElement.h"
 #include "ztxml/ZtSchemaDecoder.h"
 
-struct PresenceBinding;
-
 /// Whether a tuple's contact takes communication.
 enum zt_presence_basic_enum : unsigned {
   ZT_PRESENCE_BASIC_OPEN,
@@ -59,8 +57,6 @@ class zt_status : public ZtTyped<zt_status, ZtKeepsElements<>> {
   zt_presence_basic_enum getBasicValue() const { return m_Basic; }
 
  private:
-  friend struct ::PresenceBinding;
-
   ZtNumber m_Basic = ZT_PRESENCE_BASIC_ABSENT;
 };
 
