@@ -167,7 +167,9 @@ class Generator:
 
     def _is_texts(self, source, brace):
         elements = list(source.elements(brace))
-        return all(a == b and source.tokens[a].kind == "string" for a, b in elements)
+        return bool(elements) and all(
+            a == b and source.tokens[a].kind == "string" for a, b in elements
+        )
 
     @staticmethod
     def _swap(source, kind, one, two):
