@@ -191,6 +191,7 @@ class ZtPen {
   }
   template <class Name>
   [[gnu::noinline]] void AppendEscaped(Name name, ZtPiece value) {
+    if (!m_Writer.buffer) return;
     char* escaped = m_Writer.Escaped(value);
     for (const ZtPiece piece :
          {ZtPiece(" "), ZtPiece(name), ZtPiece("=\""), ZtPiece(escaped), ZtPiece("\" ")}) {
