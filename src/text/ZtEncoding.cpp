@@ -285,7 +285,7 @@ void ZtPlaceFinder::Restart() {
   m_bAfterReturn = false;
 }
 
-ZtPlace ZtPlaceFinder::Find(std::size_t offset) {
+ZtTextPlace ZtPlaceFinder::Find(std::size_t offset) {
   if (offset < m_iOffset) Restart();
   With(m_Encoding, [&](auto encoding) {
     const char* at = m_Input.text + m_iAt;

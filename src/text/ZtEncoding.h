@@ -43,7 +43,7 @@ std::size_t ZtEncodedSize(ZtPiece utf8, ZtEncoding encoding);
 char* ZtEncode(ZtPiece utf8, ZtEncoding encoding, char* to);
 
 // Both from 1; a column is a character.
-struct ZtPlace {
+struct ZtTextPlace {
   std::size_t line = 1;
   std::size_t column = 1;
 };
@@ -54,7 +54,7 @@ class ZtPlaceFinder {
   ZtPlaceFinder(ZtPiece input, const ZtTextForm& form);
 
   // Of an offset within a character the place after it, of one beyond the end the end.
-  ZtPlace Find(std::size_t offset);
+  ZtTextPlace Find(std::size_t offset);
 
  private:
   void Restart();
@@ -63,7 +63,7 @@ class ZtPlaceFinder {
   ZtEncoding m_Encoding;
   std::size_t m_iAt = 0;      // in the input
   std::size_t m_iOffset = 0;  // of that place
-  ZtPlace m_Place;
+  ZtTextPlace m_Place;
   bool m_bAfterReturn = false;
 };
 

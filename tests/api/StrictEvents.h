@@ -67,7 +67,7 @@ class StrictReading {
       if (consumed && ended_) *ended_ = '\0';
       consumed = ended_ = nullptr;
       const std::size_t from = reader.From();
-      const ZtPlace place = places.Find(from);
+      const ZtTextPlace place = places.Find(from);
       if (token == ZtToken::kText) {
         characters += Words(reader.Text());
         consumed = text_.get() + from;
