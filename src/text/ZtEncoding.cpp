@@ -86,8 +86,8 @@ ZtBlock Common(ZtBlock block) {
 
 // Copies characters of ASCII that XML allows, in blocks, as far as they go.
 void CopyAscii(const char*& at, const char* end, char*& to) {
-  constexpr std::ptrdiff_t kSize = sizeof(ZtBlock);
-  constexpr std::ptrdiff_t kTwo = 2 * kSize;
+  constexpr unsigned kSize = sizeof(ZtBlock);
+  constexpr std::ptrdiff_t kTwo = 2 * sizeof(ZtBlock);
   const char* from = at;
   char* copy = to;
   for (; kZtHasVectors && end - from >= kTwo; from += kTwo, copy += kTwo) {
