@@ -86,19 +86,7 @@ void ZtXmlReader::Begin(char* text, std::size_t size) {
   }
 }
 
-ZtToken ZtXmlReader::Next() {
-  if (m_Token >= ZtToken::kDone) return m_Token;
-  if (m_Token == ZtToken::kEnd) Leave();
-  if (m_Token == ZtToken::kStart && m_bEmpty) {
-    m_pFrom = m_pAt;
-    m_Token = ZtToken::kEnd;
-    return m_Token;
-  }
-  if (!Scan()) m_Token = ZtToken::kFailed;
-  return m_Token;
-}
-
-bool ZtXmlReader::Scan() {
+[[gnu::always_inline]] inline bool ZtXmlReader::Scan() {
   while (true) {
     char* const from = m_pFrom = m_pAt;
     if (*from != '<') {
@@ -123,6 +111,18 @@ bool ZtXmlReader::Scan() {
   }
 }
 
+ZtToken ZtXmlReader::Next() {
+  if (m_Token >= ZtToken::kDone) return m_Token;
+  if (m_Token == ZtToken::kEnd) Leave();
+  if (m_Token == ZtToken::kStart && m_bEmpty) {
+    m_pFrom = m_pAt;
+    m_Token = ZtToken::kEnd;
+    return m_Token;
+  }
+  if (!Scan()) m_Token = ZtToken::kFailed;
+  return m_Token;
+}
+
 // Outside of the root, where there is neither blank nor markup.
 bool ZtXmlReader::Finish() {
   const bool isAfter = m_Place == Place::kAfterRoot;
@@ -133,6 +133,47 @@ bool ZtXmlReader::Finish() {
   m_pFrom = m_pAt;
   m_Token = ZtToken::kDone;
   return true;
+}
+
+[[gnu::always_inline]] inline bool ZtXmlReader::Attribute(char*& at) {
+  char* const name = at;
+  char* local = name;
+  char* end = ZtEndOfName(name);
+  if (end && *end == ':') {
+    local = end + 1;
+    end = ZtEndOfName(local);
+  }
+  if (!end) return FailAt(ZtXmlFault::kBadName, local);
+  at = ZtSkipBlank(end);
+  if (*at != '=') return FailAt(ZtXmlFault::kNoEquals, at);
+  at = ZtSkipBlank(at + 1);
+  const char quote = *at;
+  if (quote != '"' && quote != '\'') return FailAt(ZtXmlFault::kNoQuote, at);
+  char* const value = ++at;
+  char* valueEnd = at = EndOfPart(at, quote, m_pEnd);
+  if (*at != quote && !RestOfValue(at, quote, valueEnd)) return false;
+  *valueEnd = '\0';
+  const std::uint32_t from = Offset(name);
+  const std::uint32_t valueFrom = Offset(value);
+  const std::uint32_t valueTo = Offset(at++);
+  const ZtPiece text = Between(value, valueEnd);
+  if (local == name && IsXmlns(name, end)) return Declare({nullptr, 0}, text, from);
+  if (local != name && IsXmlns(name, local - 1)) return Declare(Between(local, end), text, from);
+  // Most names differ in what is noted of them as one bit; those that do not are compared later.
+  const unsigned mixed = static_cast<unsigned char>(*local) +
+                         static_cast<unsigned>(end - local) * 8 +
+                         static_cast<unsigned char>(end[-1]) * 4U;
+  const std::uint64_t bit = std::uint64_t{1} << (mixed & 63);
+  m_bAlike = m_bAlike || (m_iSeen & bit);
+  m_iSeen |= bit;
+  ZtPiece prefix(nullptr, 0);
+  if (local != name) {
+    prefix = Between(name, local - 1);
+    m_bPrefixed = true;
+  }
+  return m_Attributes.Add(
+             {{prefix, Between(local, end), kZtNoSpace}, text, from, valueFrom, valueTo}) ||
+         Fail(ZtXmlFault::kOutOfMemory, name);
 }
 
 bool ZtXmlReader::StartTag(char* from) {
@@ -178,47 +219,6 @@ bool ZtXmlReader::StartTag(char* from) {
   m_Place = Place::kInside;
   m_Token = ZtToken::kStart;
   return true;
-}
-
-bool ZtXmlReader::Attribute(char*& at) {
-  char* const name = at;
-  char* local = name;
-  char* end = ZtEndOfName(name);
-  if (end && *end == ':') {
-    local = end + 1;
-    end = ZtEndOfName(local);
-  }
-  if (!end) return FailAt(ZtXmlFault::kBadName, local);
-  at = ZtSkipBlank(end);
-  if (*at != '=') return FailAt(ZtXmlFault::kNoEquals, at);
-  at = ZtSkipBlank(at + 1);
-  const char quote = *at;
-  if (quote != '"' && quote != '\'') return FailAt(ZtXmlFault::kNoQuote, at);
-  char* const value = ++at;
-  char* valueEnd = at = EndOfPart(at, quote, m_pEnd);
-  if (*at != quote && !RestOfValue(at, quote, valueEnd)) return false;
-  *valueEnd = '\0';
-  const std::uint32_t from = Offset(name);
-  const std::uint32_t valueFrom = Offset(value);
-  const std::uint32_t valueTo = Offset(at++);
-  const ZtPiece text = Between(value, valueEnd);
-  if (local == name && IsXmlns(name, end)) return Declare({nullptr, 0}, text, from);
-  if (local != name && IsXmlns(name, local - 1)) return Declare(Between(local, end), text, from);
-  // Most names differ in what is noted of them as one bit; those that do not are compared later.
-  const unsigned mixed = static_cast<unsigned char>(*local) +
-                         static_cast<unsigned>(end - local) * 8 +
-                         static_cast<unsigned char>(end[-1]) * 4U;
-  const std::uint64_t bit = std::uint64_t{1} << (mixed & 63);
-  m_bAlike = m_bAlike || (m_iSeen & bit);
-  m_iSeen |= bit;
-  ZtPiece prefix(nullptr, 0);
-  if (local != name) {
-    prefix = Between(name, local - 1);
-    m_bPrefixed = true;
-  }
-  return m_Attributes.Add(
-             {{prefix, Between(local, end), kZtNoSpace}, text, from, valueFrom, valueTo}) ||
-         Fail(ZtXmlFault::kOutOfMemory, name);
 }
 
 // The rest of a value that is not what stands in the source, from the first of its characters that
