@@ -103,10 +103,17 @@ class StrictReading {
     events.accepted = reader.Token() == ZtToken::kDone;
   }
   static std::string Name(const ZtXmlReader& reader, const ZtXmlName& name) {
-    std::string words = Words(reader.Scope().Uri(name.space));
+    const ZtNamespaceScope& scope = reader.Scope();
+    std::string words = Words(scope.Uri(name.space));
     if (!words.empty()) words += '\1';
     words += Words(name.local);
     if (name.prefix.size) words += '\1' + Words(name.prefix);
+    // The other way round: a prefix of the namespace is in scope.
+    ZtPiece prefix = nullptr;
+    if (name.space &&
+        !(scope.PrefixOf(name.space, true, prefix) && scope.SpaceOf(prefix) == name.space)) {
+      words += " without a prefix";
+    }
     return words;
   }
 
