@@ -1,5 +1,6 @@
 #include "binding/ZtElementWriter.h"
 
+#include "base/ZtHash.h"
 #include "ztxml/ZtNamespaces.h"
 
 // The inside of an element: its depth and prefix hold until it ends.
@@ -114,14 +115,8 @@ class NameSet {
   static constexpr std::size_t kFewSlots = 16;
   static constexpr std::size_t kMostNames = ZtXMLDocGenerator::kBufferSize / sizeof(" a=\"\"");
 
-  // Where the set lies makes the order of the slots one that a document cannot aim at.
   std::size_t Hash(ZtPiece name) const {
-    std::uint64_t hash = reinterpret_cast<std::uintptr_t>(this);
-    for (std::size_t i = 0; i < name.size; ++i) {
-      hash = (hash ^ static_cast<unsigned char>(name.text[i])) * 0x100000001B3U;
-    }
-    hash = (hash ^ (hash >> 32)) * 0x9E3779B97F4A7C15U;
-    return static_cast<std::size_t>(hash >> 32);
+    return static_cast<std::size_t>(ZtHash(name, ZtSeed(this)));
   }
 
   const char* m_Few[kFewSlots] = {};

@@ -76,23 +76,35 @@ ZtPiece WithoutMark(ZtPiece input, const ZtTextForm& form) {
 
 using SignedBlock = signed char __attribute__((vector_size(16)));
 
+// All ones in those bytes that are printable ASCII or line feeds.
+ZtBlock Common(ZtBlock block) {
+  // As numbers with signs, the bytes beyond ASCII are below a blank, too.
+  constexpr char kLast = ' ' - 1;
+  return reinterpret_cast<ZtBlock>(reinterpret_cast<SignedBlock>(block) > SignedBlock{} + kLast) |
+         ZtMatches(block, '\n');
+}
+
 // Copies characters of ASCII that XML allows, in blocks, as far as they go.
 void CopyAscii(const char*& at, const char* end, char*& to) {
-  while (ZtHasBlock(at, end)) {
-    const auto block = ZtGet<ZtBlock>(at);
-    ZtPut(to, block);  // what is beyond the characters is written again
-    // The bytes below a blank are those beyond ASCII, too.
-    auto bad =
-        reinterpret_cast<ZtBlock>(reinterpret_cast<SignedBlock>(block) < SignedBlock{} + ' ');
-    unsigned good = ZtFirst(bad);
-    if (good < sizeof(block)) {
-      bad &= ~(ZtMatches(block, '\n') | ZtMatches(block, '\r') | ZtMatches(block, '\t'));
-      good = ZtFirst(bad);
-    }
-    at += good;
-    to += good;
-    if (good < sizeof(block)) return;
+  constexpr unsigned kSize = sizeof(ZtBlock);
+  constexpr std::ptrdiff_t kTwo = 2 * sizeof(ZtBlock);
+  const char* from = at;
+  char* copy = to;
+  for (; kZtHasVectors && end - from >= kTwo; from += kTwo, copy += kTwo) {
+    const auto first = ZtGet<ZtBlock>(from);
+    const auto second = ZtGet<ZtBlock>(from + kSize);
+    ZtPut(copy, first);
+    ZtPut(copy + kSize, second);
+    if (ZtFirst(~(Common(first) & Common(second))) < kSize) break;
   }
+  unsigned good = kSize;
+  for (; good == kSize && ZtHasBlock(from, end); from += good, copy += good) {
+    const auto block = ZtGet<ZtBlock>(from);
+    ZtPut(copy, block);  // what comes after the characters is written again
+    good = ZtFirst(~(Common(block) | ZtMatches(block, '\r') | ZtMatches(block, '\t')));
+  }
+  at = from;
+  to = copy;
 }
 
 template <ZtEncoding kEncoding>

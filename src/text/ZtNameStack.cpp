@@ -51,7 +51,8 @@ std::uint32_t ZtNameStack::Slot(ZtPiece name) const {
 
 // Slots for four times as many as there are, taken in the order of the entries.
 bool ZtNameStack::Rebuild() {
-  const std::size_t slots = m_pSlots ? std::size_t{2} * (m_iMask + std::size_t{1}) : 4 * kFew;
+  const std::size_t slots =
+      m_pSlots ? std::size_t{2} * (m_iMask + std::size_t{1}) : std::size_t{4} * kFew;
   if (slots > UINT32_MAX / 2) return false;
   auto* memory = static_cast<std::uint32_t*>(__calloc(slots, sizeof(std::uint32_t)));
   if (!memory) return false;

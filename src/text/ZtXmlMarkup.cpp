@@ -99,8 +99,9 @@ bool ZtXmlReader::Instruction(char* from) {
   if (!at) return FailAt(ZtXmlFault::kBadInstruction, name);
   if (at - name == 3 && (name[0] | 0x20) == 'x' && (name[1] | 0x20) == 'm' &&
       (name[2] | 0x20) == 'l') {
-    const bool isDeclaration = ZtMatched(name, "xml") == 3;
-    return Fail(isDeclaration ? ZtXmlFault::kMisplacedDeclaration : ZtXmlFault::kBadInstruction,
+    if (at == m_pEnd) return FailAt(ZtXmlFault::kCutShort, at);
+    if (ZtMatched(name, "xml") < 3) return Fail(ZtXmlFault::kBadInstruction, from);
+    return Fail(from == m_pText ? ZtXmlFault::kBadDeclaration : ZtXmlFault::kMisplacedDeclaration,
                 from);
   }
   if (!ZtIs(*at, Classes::kBlank) && !(at[0] == '?' && at[1] == '>')) {

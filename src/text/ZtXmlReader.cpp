@@ -17,7 +17,7 @@ bool IsXmlns(const char* name, const char* end) {
 }
 
 // The first character of character data that must be looked at; a NUL follows the text.
-char* EndOfText(char* at, const char* end) {
+[[gnu::always_inline]] inline char* EndOfText(char* at, const char* end) {
   for (; ZtHasBlock(at, end); at += sizeof(ZtBlock)) {
     const auto block = ZtGet<ZtBlock>(at);
     const unsigned first = ZtFirst(ZtMatches(block, '<') | ZtMatches(block, '&') |
@@ -29,7 +29,7 @@ char* EndOfText(char* at, const char* end) {
 }
 
 // Likewise of an attribute's value.
-char* EndOfPart(char* at, char quote, const char* end) {
+[[gnu::always_inline]] inline char* EndOfPart(char* at, char quote, const char* end) {
   for (; ZtHasBlock(at, end); at += sizeof(ZtBlock)) {
     const auto block = ZtGet<ZtBlock>(at);
     const unsigned first =
@@ -86,19 +86,7 @@ void ZtXmlReader::Begin(char* text, std::size_t size) {
   }
 }
 
-ZtToken ZtXmlReader::Next() {
-  if (m_Token >= ZtToken::kDone) return m_Token;
-  if (m_Token == ZtToken::kEnd) Leave();
-  if (m_Token == ZtToken::kStart && m_bEmpty) {
-    m_pFrom = m_pAt;
-    m_Token = ZtToken::kEnd;
-    return m_Token;
-  }
-  if (!Scan()) m_Token = ZtToken::kFailed;
-  return m_Token;
-}
-
-bool ZtXmlReader::Scan() {
+[[gnu::always_inline]] inline bool ZtXmlReader::Scan() {
   while (true) {
     char* const from = m_pFrom = m_pAt;
     if (*from != '<') {
@@ -123,6 +111,18 @@ bool ZtXmlReader::Scan() {
   }
 }
 
+ZtToken ZtXmlReader::Next() {
+  if (m_Token >= ZtToken::kDone) return m_Token;
+  if (m_Token == ZtToken::kEnd) Leave();
+  if (m_Token == ZtToken::kStart && m_bEmpty) {
+    m_pFrom = m_pAt;
+    m_Token = ZtToken::kEnd;
+    return m_Token;
+  }
+  if (!Scan()) m_Token = ZtToken::kFailed;
+  return m_Token;
+}
+
 // Outside of the root, where there is neither blank nor markup.
 bool ZtXmlReader::Finish() {
   const bool isAfter = m_Place == Place::kAfterRoot;
@@ -133,6 +133,47 @@ bool ZtXmlReader::Finish() {
   m_pFrom = m_pAt;
   m_Token = ZtToken::kDone;
   return true;
+}
+
+[[gnu::always_inline]] inline bool ZtXmlReader::Attribute(char*& at) {
+  char* const name = at;
+  char* local = name;
+  char* end = ZtEndOfName(name);
+  if (end && *end == ':') {
+    local = end + 1;
+    end = ZtEndOfName(local);
+  }
+  if (!end) return FailAt(ZtXmlFault::kBadName, local);
+  at = ZtSkipBlank(end);
+  if (*at != '=') return FailAt(ZtXmlFault::kNoEquals, at);
+  at = ZtSkipBlank(at + 1);
+  const char quote = *at;
+  if (quote != '"' && quote != '\'') return FailAt(ZtXmlFault::kNoQuote, at);
+  char* const value = ++at;
+  char* valueEnd = at = EndOfPart(at, quote, m_pEnd);
+  if (*at != quote && !RestOfValue(at, quote, valueEnd)) return false;
+  *valueEnd = '\0';
+  const std::uint32_t from = Offset(name);
+  const std::uint32_t valueFrom = Offset(value);
+  const std::uint32_t valueTo = Offset(at++);
+  const ZtPiece text = Between(value, valueEnd);
+  if (local == name && IsXmlns(name, end)) return Declare({nullptr, 0}, text, from);
+  if (local != name && IsXmlns(name, local - 1)) return Declare(Between(local, end), text, from);
+  // Most names differ in what is noted of them as one bit; those that do not are compared later.
+  const unsigned mixed = static_cast<unsigned char>(*local) +
+                         static_cast<unsigned>(end - local) * 8 +
+                         static_cast<unsigned char>(end[-1]) * 4U;
+  const std::uint64_t bit = std::uint64_t{1} << (mixed & 63);
+  m_bAlike = m_bAlike || (m_iSeen & bit);
+  m_iSeen |= bit;
+  ZtPiece prefix(nullptr, 0);
+  if (local != name) {
+    prefix = Between(name, local - 1);
+    m_bPrefixed = true;
+  }
+  return m_Attributes.Add(
+             {{prefix, Between(local, end), kZtNoSpace}, text, from, valueFrom, valueTo}) ||
+         Fail(ZtXmlFault::kOutOfMemory, name);
 }
 
 bool ZtXmlReader::StartTag(char* from) {
@@ -148,7 +189,8 @@ bool ZtXmlReader::StartTag(char* from) {
   const auto prefixSize = local == name ? 0 : static_cast<std::uint32_t>(local - name - 1);
   const std::uint32_t declarations = m_Scope.Declarations();
   m_Attributes.Cut(0);
-  m_bPrefixed = m_bEmpty = false;
+  m_bPrefixed = m_bAlike = m_bEmpty = false;
+  m_iSeen = 0;
   char* at = end;
   while (*at != '>') {
     char* const blank = at;
@@ -169,7 +211,7 @@ bool ZtXmlReader::StartTag(char* from) {
     m_Name.space = m_Scope.SpaceOf(m_Name.prefix);
     if (m_Name.space == kZtNone) return Fail(ZtXmlFault::kUnboundPrefix, name);
   }
-  if (m_Attributes.Size() > 0 && !ResolveNames()) return false;
+  if ((m_bPrefixed || m_bAlike) && !ResolveNames()) return false;
   if (!m_Open.Add({Offset(from), static_cast<std::uint32_t>(end - name), prefixSize, m_Name.space,
                    declarations})) {
     return Fail(ZtXmlFault::kOutOfMemory, from);
@@ -179,49 +221,10 @@ bool ZtXmlReader::StartTag(char* from) {
   return true;
 }
 
-bool ZtXmlReader::Attribute(char*& at) {
-  char* const name = at;
-  char* local = name;
-  char* end = ZtEndOfName(name);
-  if (end && *end == ':') {
-    local = end + 1;
-    end = ZtEndOfName(local);
-  }
-  if (!end) return FailAt(ZtXmlFault::kBadName, local);
-  at = ZtSkipBlank(end);
-  if (*at != '=') return FailAt(ZtXmlFault::kNoEquals, at);
-  at = ZtSkipBlank(at + 1);
-  const char quote = *at;
-  if (quote != '"' && quote != '\'') return FailAt(ZtXmlFault::kNoQuote, at);
-  char* const value = ++at;
-  char* valueEnd;
-  if (!EndOfValue(at, quote, valueEnd)) return false;
-  *valueEnd = '\0';
-  const std::uint32_t from = Offset(name);
-  const std::uint32_t valueFrom = Offset(value);
-  const std::uint32_t valueTo = Offset(at++);
-  const ZtPiece text = Between(value, valueEnd);
-  if (local == name) {
-    if (IsXmlns(name, end)) return Declare({nullptr, 0}, text, from);
-    return m_Attributes.Add(
-               {{{nullptr, 0}, Between(name, end), kZtNoSpace}, text, from, valueFrom, valueTo}) ||
-           Fail(ZtXmlFault::kOutOfMemory, name);
-  }
-  if (IsXmlns(name, local - 1)) return Declare(Between(local, end), text, from);
-  m_bPrefixed = true;
-  return m_Attributes.Add({{Between(name, local - 1), Between(local, end), kZtNoSpace},
-                           text,
-                           from,
-                           valueFrom,
-                           valueTo}) ||
-         Fail(ZtXmlFault::kOutOfMemory, name);
-}
-
-// From the value's beginning to its quote; `end` is that of the value when it is resolved.
-bool ZtXmlReader::EndOfValue(char*& at, char quote, char*& end) {
-  at = EndOfPart(at, quote, m_pEnd);
-  end = at;
-  while (*at != quote) {
+// The rest of a value that is not what stands in the source, from the first of its characters that
+// is to be changed to its quote; `end` is that of the value when it is resolved.
+bool ZtXmlReader::RestOfValue(char*& at, char quote, char*& end) {
+  do {
     if (*at == '&') {
       if (!Reference(at, end)) return false;
     } else if (ZtIs(*at, Classes::kBlank)) {
@@ -233,7 +236,7 @@ bool ZtXmlReader::EndOfValue(char*& at, char quote, char*& end) {
     const char* const run = at;
     at = EndOfPart(at, quote, m_pEnd);
     Move(end, run, at);
-  }
+  } while (*at != quote);
   return true;
 }
 
@@ -268,27 +271,19 @@ bool ZtXmlReader::ResolveNames() {
       }
     }
   }
-  return m_Attributes.Size() < 2 || AreDifferent();
+  return !m_bAlike || AreDifferent();
 }
 
-// Whether no attribute is there twice. Most pairs differ in what is noted of them as one bit.
+// Whether no attribute is there twice.
 bool ZtXmlReader::AreDifferent() {
   constexpr std::uint32_t kFew = 16;
   if (m_Attributes.Size() > kFew) return AreManyDifferent();
-  std::uint64_t seen = 0;
   for (const ZtXmlAttribute& attribute : m_Attributes) {
-    const ZtPiece local = attribute.name.local;
-    const auto first = static_cast<unsigned char>(local.text[0]);
-    const auto last = static_cast<unsigned char>(local.text[local.size - 1]);
-    const std::uint64_t bit = std::uint64_t{1} << ((first + 5 * last + 11 * local.size) & 63);
-    if (seen & bit) {
-      for (const ZtXmlAttribute* other = m_Attributes.begin(); other != &attribute; ++other) {
-        if (AreEqual(other->name, attribute.name)) {
-          return Fail(ZtXmlFault::kAttributeTwice, m_pText + attribute.from, other->from);
-        }
+    for (const ZtXmlAttribute* other = m_Attributes.begin(); other != &attribute; ++other) {
+      if (AreEqual(other->name, attribute.name)) {
+        return Fail(ZtXmlFault::kAttributeTwice, m_pText + attribute.from, other->from);
       }
     }
-    seen |= bit;
   }
   return true;
 }

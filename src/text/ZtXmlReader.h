@@ -142,7 +142,7 @@ class ZtXmlReader {
   bool Finish();
   bool StartTag(char* from);
   bool Attribute(char*& at);
-  bool EndOfValue(char*& at, char quote, char*& end);
+  bool RestOfValue(char*& at, char quote, char*& end);
   bool Declare(ZtPiece prefix, ZtPiece uri, std::uint32_t from);
   bool ResolveNames();
   bool AreDifferent();
@@ -171,7 +171,9 @@ class ZtXmlReader {
   Place m_Place = Place::kBeforeRoot;
   bool m_bEmpty = false;
   bool m_bCData = false;
-  bool m_bPrefixed = false;  // whether an attribute has a prefix
+  bool m_bPrefixed = false;   // whether an attribute has a prefix
+  bool m_bAlike = false;      // whether two attributes may be one
+  std::uint64_t m_iSeen = 0;  // of the attributes' names
   bool m_bDocumentType = false;
   ZtXmlName m_Name{nullptr, nullptr, kZtNoSpace};
   ZtPiece m_Text = nullptr;

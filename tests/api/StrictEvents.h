@@ -12,11 +12,16 @@
 #include "text/ZtEncoding.h"
 #include "text/ZtXmlReader.h"
 
-/// One line for each tag and attribute; texts count from the last tag.
 struct StrictEvents {
   bool accepted = false;
-  std::vector<std::string> lines;
+  std::vector<std::string> lines;    // of each tag and attribute, and of the text between two tags
+  std::vector<std::string> places;   // of each tag: line and column
+  std::vector<std::size_t> offsets;  // of each tag: in the text, for Expat in the input
 };
+
+inline std::string PlaceWords(std::size_t line, std::size_t column) {
+  return std::to_string(line) + ':' + std::to_string(column);
+}
 
 inline std::string Words(ZtPiece piece) { return std::string(piece.text, piece.size); }
 
@@ -77,10 +82,10 @@ class StrictReading {
       }
       flush();
       if (token == ZtToken::kDone || token == ZtToken::kFailed) break;
-      const std::string at = ' ' + std::to_string(from) + ' ' + std::to_string(place.line) + ':' +
-                             std::to_string(place.column);
+      events.places.push_back(PlaceWords(place.line, place.column));
+      events.offsets.push_back(from);
       const bool isStart = token == ZtToken::kStart;
-      events.lines.push_back((isStart ? "start " : "end ") + Name(reader, reader.Name()) + at);
+      events.lines.push_back((isStart ? "start " : "end ") + Name(reader, reader.Name()));
       if (!isStart) {  // what is closed may be overwritten
         consumed = text_.get() + starts.back();
         consumedEnd = text_.get() + reader.To();
@@ -98,10 +103,17 @@ class StrictReading {
     events.accepted = reader.Token() == ZtToken::kDone;
   }
   static std::string Name(const ZtXmlReader& reader, const ZtXmlName& name) {
-    std::string words = Words(reader.Scope().Uri(name.space));
+    const ZtNamespaceScope& scope = reader.Scope();
+    std::string words = Words(scope.Uri(name.space));
     if (!words.empty()) words += '\1';
     words += Words(name.local);
     if (name.prefix.size) words += '\1' + Words(name.prefix);
+    // The other way round: a prefix of the namespace is in scope.
+    ZtPiece prefix = nullptr;
+    if (name.space &&
+        !(scope.PrefixOf(name.space, true, prefix) && scope.SpaceOf(prefix) == name.space)) {
+      words += " without a prefix";
+    }
     return words;
   }
 
@@ -109,6 +121,17 @@ class StrictReading {
   std::unique_ptr<char[]> text_;
   char* ended_ = nullptr;
 };
+
+/// Whether both read the document alike. Expat counts a byte order mark as characters of the first
+/// line, which are left out then.
+inline bool AreAlike(const StrictReading& ours, const StrictEvents& theirs) {
+  const StrictEvents& events = ours.events;
+  const bool hasMark = ours.form.mark.size > 0;
+  const bool hasOffsets = ours.form.encoding == ZtEncoding::kUtf8 && !hasMark;
+  return events.accepted && theirs.accepted && events.lines == theirs.lines &&
+         (hasMark || events.places == theirs.places) &&
+         (!hasOffsets || events.offsets == theirs.offsets);
+}
 
 class ExpatReading {
  public:
@@ -142,10 +165,10 @@ class ExpatReading {
   }
   void Tag(const char* kind, const char* name) {
     Flush();
-    events.lines.push_back(kind + std::string(name) + ' ' +
-                           std::to_string(XML_GetCurrentByteIndex(parser_)) + ' ' +
-                           std::to_string(XML_GetCurrentLineNumber(parser_)) + ':' +
-                           std::to_string(XML_GetCurrentColumnNumber(parser_) + 1));
+    events.lines.push_back(kind + std::string(name));
+    events.places.push_back(
+        PlaceWords(XML_GetCurrentLineNumber(parser_), XML_GetCurrentColumnNumber(parser_) + 1));
+    events.offsets.push_back(static_cast<std::size_t>(XML_GetCurrentByteIndex(parser_)));
   }
   void Flush() {
     if (!text_.empty()) events.lines.push_back("text " + text_);
