@@ -13,13 +13,6 @@ bool IsSame(ZtPiece a, ZtPiece b) {
   return a.size == b.size && (a.size == 0 || std::memcmp(a.text, b.text, a.size) == 0);
 }
 
-bool IsXmlns(ZtPiece name) { return IsSame(name, "xmlns") || IsSame(ZtPrefixIn(name), "xmlns"); }
-
-ZtPiece LocalIn(ZtPiece name) {
-  const std::size_t prefix = ZtPrefixIn(name).size;
-  return prefix ? ZtPiece(name.text + prefix + 1, name.size - prefix - 1) : name;
-}
-
 ZtListNode* HeadOf(const XMLElement& object, const ZtField& row) {
   return (object.*row.member.children).Head();
 }
@@ -286,9 +279,9 @@ bool ZtStandardWriter::DeclareOthers(Frame& frame, const ZtAttributeList& others
   for (ZtListNode* node = others.Head(); node; node = node->next) {
     const auto* pair = zt_AttributeValuePair::From(static_cast<XMLAttribute*>(node->data));
     const ZtPiece name = pair ? pair->getName() : nullptr;
-    if (!name.size || !IsXmlns(name)) continue;
+    if (!name.size || !ZtDeclares(name)) continue;
     if (!ZtIsQualifiedName(name)) return Fail(kZtBadName, "/@", name);
-    const ZtPiece prefix = ZtPrefixIn(name).text ? LocalIn(name) : ZtPiece(nullptr);
+    const ZtPiece prefix = ZtPrefixIn(name).text ? ZtLocalIn(name) : ZtPiece(nullptr);
     const ZtPiece uri = pair->getValue();
     if (!ZtIsXmlText(uri)) return Fail(kZtNotXml, "/@", name);
     if (!Declare(frame, prefix, uri)) return false;
@@ -366,7 +359,7 @@ bool ZtStandardWriter::WriteOthers(const ZtAttributeList& others) {
 
 bool ZtStandardWriter::WriteOther(const zt_AttributeValuePair& pair) {
   const ZtPiece name = pair.getName();
-  if (!name.size || IsXmlns(name)) return true;
+  if (!name.size || ZtDeclares(name)) return true;
   if (!ZtIsQualifiedName(name)) return Fail(kZtBadName, "/@", name);
   const ZtPiece prefix = ZtPrefixIn(name);
   const ZtPiece uri = prefix.size ? UriOf(prefix) : ZtPiece(nullptr);
@@ -374,7 +367,7 @@ bool ZtStandardWriter::WriteOther(const zt_AttributeValuePair& pair) {
   if (prefix.size && (!uri.text || (meant.size && !IsSame(uri, meant)))) {
     return Fail(kZtUnbound, "/@", name);
   }
-  if (!IsNew(uri, LocalIn(name))) return true;
+  if (!IsNew(uri, ZtLocalIn(name))) return true;
   return WriteAttribute(name, pair.getValue()) || Fail(kZtNotXml, "/@", name);
 }
 

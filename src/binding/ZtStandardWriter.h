@@ -20,6 +20,17 @@ inline ZtPiece ZtPrefixIn(ZtPiece name) {
   return {name.text, static_cast<std::size_t>(static_cast<const char*>(colon) - name.text)};
 }
 
+// The part after it.
+inline ZtPiece ZtLocalIn(ZtPiece name) {
+  const std::size_t prefix = ZtPrefixIn(name).size;
+  return prefix ? ZtPiece(name.text + prefix + 1, name.size - prefix - 1) : name;
+}
+// Whether an attribute of that name declares a namespace.
+inline bool ZtDeclares(ZtPiece name) {
+  const ZtPiece first = ZtPrefixIn(name).text ? ZtPrefixIn(name) : name;
+  return first.size == 5 && std::memcmp(first.text, "xmlns", 5) == 0;
+}
+
 class ZtStandardWriter {
  public:
   explicit ZtStandardWriter(ZtBuffer& to) : m_To(to) {}
