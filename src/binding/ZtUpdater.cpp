@@ -191,11 +191,11 @@ bool ZtUpdater::StartEntry(const ZtMatch& match) {
   state.node = state.node->next;
   if (index == slot) return Enter(match, object, slot);
   // Another one of the source comes here. It is read now, and its own place filled or passed over
-  // later; the tag here may be read again, so that what was done to it is undone.
+  // later; the tag here may be read again.
   const Part& there = m_Source.parts[index];
   CopyTo(here.from);
   SkipTo(there.from);
-  std::memcpy(m_pWork + here.from, m_Text.text + here.from, m_Xml.To() - here.from);
+  Restore(here.from, m_Xml.To());
   m_Xml.Resume(there.from);
   m_iPart = index;
   if (m_Xml.Next() != ZtToken::kStart) return false;
@@ -232,6 +232,11 @@ void ZtUpdater::Pass(std::uint32_t part) {
   m_Xml.Resume(m_Source.parts[part].to);
 }
 
+// Undoes what reading did to the text.
+void ZtUpdater::Restore(std::size_t from, std::size_t to) {
+  std::memcpy(m_pWork + from, m_Text.text + from, to - from);
+}
+
 // ---- Texts and ends -----------------------------------------------------------------------------
 
 bool ZtUpdater::Text() {
@@ -252,6 +257,7 @@ bool ZtUpdater::End() {
   if (!(frame.type ? EndObject(frame) : EndLeaf(frame))) return false;
   const std::uint32_t part = frame.part;
   const std::uint32_t slot = frame.slot;
+  const Range tag = {frame.from, frame.content};
   m_Rows.Cut(frame.rows);
   m_Pending.Cut(frame.pending);
   m_Texts.Cut(frame.texts);
@@ -262,6 +268,8 @@ bool ZtUpdater::End() {
   parent.last = slot == kNone ? to : m_Source.parts[slot].to;
   if (slot != kNone) m_iPart = m_Source.parts[slot].next;
   if (slot == part) return true;
+  // Its tag is read again where it stands.
+  Restore(tag.from, tag.to);
   CopyTo(to);
   SkipTo(parent.last);
   m_Xml.Resume(parent.last);

@@ -81,6 +81,7 @@ class ZtUpdater {
   bool StartEntry(const ZtMatch& match);
   bool Enter(const ZtMatch& match, XMLElement* object, std::uint32_t slot);
   void Pass(std::uint32_t part);
+  void Restore(std::size_t from, std::size_t to);
   bool Text();
   bool End();
   bool EndLeaf(Frame& leaf);
