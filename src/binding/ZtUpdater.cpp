@@ -483,7 +483,6 @@ bool ZtUpdater::FlushOne(Frame& frame, const ZtField& row) {
   if (isList ? !state.node : !isNext()) return false;
   const Pending& fresh = m_Pending[state.pending++];
   if (isList) state.node = state.node->next;
-  CopyTo(frame.last);
   OpenContent(frame);
   m_To.Append({m_New.Text() + fresh.from, fresh.to - fresh.from});
   return true;
