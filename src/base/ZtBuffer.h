@@ -18,6 +18,10 @@ class ZtBuffer {
 
   // Nothing is appended any more once memory was lacking or the text would have passed its limit.
   void Append(ZtPiece piece);
+  // Makes room for so many bytes in all, if there is memory.
+  void Reserve(std::size_t size) {
+    if (size > m_iCapacity && size <= m_iLimit) Grow(size - m_iSize);
+  }
   void Append(char c) { Append({&c, 1}); }
   void Cut(std::size_t size) { m_iSize = size; }
 
