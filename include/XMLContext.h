@@ -5,6 +5,24 @@
 #include "XMLMarshaller.h"
 #include "XMLObjectFactory.h"
 #include "XMLUnMarshaller.h"
+#include "ztxml/ZtLoss.h"
+
+/// How documents are read and written.
+enum eXMLProfile {
+  XML_PROFILE_EXACT,    ///< byte for byte as peers know the library (the default)
+  XML_PROFILE_STANDARD  ///< as XML, its namespaces and the schemas have it, without losses
+};
+
+/// What is asked of a context; see the operations of XMLContext.
+struct ZtSettings {
+  static constexpr std::size_t kMostText = std::size_t{16} * 1024 * 1024;
+
+  eXMLProfile profile = XML_PROFILE_EXACT;
+  bool keepsSource = false;
+  std::size_t mostText = kMostText;
+  ZtLossHandler lost = nullptr;
+  void* lostContext = nullptr;
+};
 
 /// Made by XMLFactory::newInstance, freed with XMLFactory::deleteContext together with every worker
 /// that it made.
@@ -19,6 +37,23 @@ class ZT_API XMLContext : public ZtNonCopyable {
   /// Sets the namespaces of a document, as the schema namespace retrieval collected them (borrowed
   /// until the context goes or another is set). Returns 1, or 0 when the schema uses none.
   virtual int SetNamespaceBinder(XMLObject* binder);
+  /// Chooses the profile of the workers and of the objects that factories make. Returns 1; 0, and
+  /// changes nothing, after the first worker was made.
+  int UseProfile(eXMLProfile profile);
+  eXMLProfile profile() const { return m_Settings.profile; }
+  /// Whether trees that are read in the standard profile remember what they were read from, so that
+  /// a marshaller can Update it (at first not). It costs the size of the text and about 48 bytes
+  /// for each element with an object.
+  void KeepSource(bool keep) { m_Settings.keepsSource = keep; }
+  /// The bytes that a text of the standard profile may have at most; at first 16 MiB.
+  void LimitText(std::size_t bytes) { m_Settings.mostText = bytes; }
+  /// Has `handler` (null for none, as at first) told what the types do not keep of each document
+  /// that is read, in both profiles. `context` is handed to it.
+  void TellLosses(ZtLossHandler handler, void* context) {
+    m_Settings.lost = handler;
+    m_Settings.lostContext = context;
+  }
+  const ZtSettings& settings() const { return m_Settings; }
   /// The latest worker of each kind, null before the first.
   XMLMarshaller* marshaller() const { return m_pMarshaller; }
   XMLUnMarshaller* unMarshaller() const { return m_pUnMarshaller; }
@@ -40,6 +75,7 @@ class ZT_API XMLContext : public ZtNonCopyable {
   XMLUnMarshaller* m_pUnMarshaller = nullptr;
   XMLObjectFactory* m_pBinderFactory = nullptr;
   Older* m_pOlder = nullptr;  // workers that a later one replaced: callers may still use them
+  ZtSettings m_Settings;
 };
 
 #endif  // ZTXML_INCLUDE_XMLCONTEXT_H

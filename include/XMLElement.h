@@ -51,7 +51,8 @@ class ZT_API XMLElement : public ZtNonCopyable {
   friend class ZtOwnership;
   friend class ZtReleaseQueue;
 
-  // The element itself while a parent owns it; while it is queued for deletion, the next one.
+  // The element itself while a parent owns it; while it is queued for deletion, the next one; of a
+  // root what it was read from, if that is kept. See ZtOwnership.
   XMLElement* m_pNextReleased = nullptr;
 };
 

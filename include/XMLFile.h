@@ -25,6 +25,8 @@ class ZT_API XMLFile : public ZtNonCopyable {
   /// next Read, CloseFile or destruction. Null with a log line when the file cannot be opened, is
   /// empty, not a regular file or larger than 2 GiB. The file stays open after a success.
   char* Read();
+  /// The bytes of the content that the last Read gave, without the NUL.
+  std::size_t Size() const { return m_iSize; }
   /// Opens the file and writes `text`. Returns 1, or 0. The file stays open.
   int Write(const char* text);
   /// Closes the file and frees the content. Always 1.
@@ -37,6 +39,7 @@ class ZT_API XMLFile : public ZtNonCopyable {
   char* m_pFileData;  // owned
   eXMLFileAccessMode m_eAccessMode;
   ztDplIODevice m_Device;
+  std::size_t m_iSize = 0;
 };
 
 #endif  // ZTXML_INCLUDE_XMLFILE_H

@@ -13,6 +13,16 @@ class ZT_API XMLMarshaller : public ZtNonCopyable {
   virtual char* Marshall(XMLElement* root) = 0;
   /// The object itself.
   virtual XMLMarshaller* Identity() = 0;
+  /// The document that `root` was read from, with only that changed which was changed in the tree
+  /// since: in its encoding, with its comments, white space and all that the types do not know. The
+  /// root must have been read in the standard profile by a context that was asked to KeepSource.
+  /// The text belongs to the marshaller as Marshall's does; its size in bytes goes to `size` unless
+  /// that is null. Null, with a line in the log, when something in the tree cannot be written.
+  virtual char* Update(XMLElement* root, std::size_t* size = nullptr) {
+    static_cast<void>(root);
+    static_cast<void>(size);
+    return nullptr;
+  }
 };
 
 #endif  // ZTXML_INCLUDE_XMLMARSHALLER_H

@@ -86,6 +86,8 @@ class zt_tuple : public ZtTyped<zt_tuple, ZtKeepsElements<>> {
   int addNote(zt_note* note) { return m_Notes.Add(note); }
 
  private:
+  friend struct PresenceBinding;
+
   ZtText m_Id;
   ZtChild m_Status;
   ZtChild m_Contact;

@@ -49,16 +49,23 @@ class ZT_API zt_AttributeValuePair : public XMLAttribute {
   /// `attribute` as a pair, or null when it is of another class.
   static zt_AttributeValuePair* From(XMLAttribute* attribute);
   /// Unlike other setters these two leave the field as it is when given null.
-  int setName(const char* name) { return name ? m_Name.Assign(name) : 1; }
+  int setName(const char* name) {
+    if (name) m_Namespace.Refer(nullptr);
+    return name ? m_Name.Assign(name) : 1;
+  }
   int setValue(const char* value) { return value ? m_Value.Assign(value) : 1; }
   const char* getName() const { return m_Name.Get(); }
   const char* getValue() const { return m_Value.Get(); }
+  /// The namespace of a name with a prefix, as the document declared it that was read in the
+  /// standard profile; null for others. It holds until another name is set.
+  const char* getNamespaceValue() const { return m_Namespace.Get(); }
 
  private:
   friend struct ZtValueMaker;
 
   ZtText m_Name;
   ZtText m_Value;
+  ZtText m_Namespace;
 };
 
 /// Makes the values that callers give to elements of any schema.

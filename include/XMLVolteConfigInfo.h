@@ -25,7 +25,7 @@ class VolteConfigInfoDataBinder : public ZtDescribedBy<VolteConfigInfoContext, Z
   zt_parm* CreateParm() { return Make(); }
 };
 
-/// There is nothing to write: Marshall always returns null.
+/// In the exact profile there is nothing to write: Marshall returns null there.
 class ZT_API VolteConfigInfoMarshall : public ZtDescribedBy<VolteConfigInfoContext, ZtMarshaller> {
  public:
   char* Marshall(XMLElement* root) override;

@@ -25,7 +25,7 @@ class WapProvisioningDocDataBinder : public ZtDescribedBy<WapProvisioningDocCont
   zt_parm* CreateParm() { return Make(); }
 };
 
-/// There is nothing to write: Marshall always returns null.
+/// In the exact profile there is nothing to write: Marshall returns null there.
 class ZT_API WapProvisioningDocMarshall
     : public ZtDescribedBy<WapProvisioningDocContext, ZtMarshaller> {
  public:

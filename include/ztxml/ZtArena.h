@@ -8,6 +8,12 @@
 
 #include "ztxml/ZtExport.h"
 
+/// What an arena frees with its last object.
+class ZT_API ZtArenaGuest : public ZtHeapObject {
+ public:
+  virtual ~ZtArenaGuest();
+};
+
 /// Memory for one document that is read: a copy of its text, and the objects made from it, whose
 /// texts stay in that copy. Objects may outlive the arena: the copy is freed with the last of them,
 /// a block of some kilobytes with its own last. One thread at a time may use what lies in an arena.
@@ -21,6 +27,11 @@ class ZT_API ZtArena {
   /// Copies the `size` bytes of `text`, adding a NUL; the copy lives as long as the arena's
   /// objects. Call it once, before the first object is made. Null when out of memory.
   char* Keep(const char* text, std::size_t size);
+  /// Room for a copy of `size` bytes, which the caller writes, and its NUL; otherwise as Keep.
+  char* Reserve(std::size_t size);
+  /// Takes `guest`, after Keep and before the first object is made: it is freed with the last
+  /// object, and all blocks with it, so that until then no two objects have had one address.
+  void Host(ZtArenaGuest* guest);
   /// Whether `text` lies in the copy.
   bool Holds(const char* text) const {
     return reinterpret_cast<std::uintptr_t>(text) - reinterpret_cast<std::uintptr_t>(m_pText) <

@@ -38,6 +38,11 @@ class ZT_API ZtFactory : public XMLObjectFactory {
   Made Make() const { return Made(*this); }
   XMLElement* Make(const ZtElementType& type) const;
   virtual const ZtDocument& Document() const = 0;
+
+ private:
+  friend class ZtContext;
+
+  bool m_bStandard = false;  // whether objects get the defaults of their schemas
 };
 
 /// A context that makes its workers by a document's description.
@@ -61,6 +66,7 @@ class ZT_API ZtUnMarshaller : public XMLUnMarshaller {
  public:
   XMLElement* UnMarshall(const char* xml) override;
   XMLElement* UnMarshall(XMLFile* file) override;
+  XMLElement* Read(const char* text, std::size_t size) override;
   /// Reads `xml` into `root`, which is the caller's. False, with a null `root`, when it cannot be
   /// parsed or memory is short. True when it was parsed; a null `root` then means another root.
   bool Parse(const char* xml, XMLElement*& root) const;
@@ -69,10 +75,16 @@ class ZT_API ZtUnMarshaller : public XMLUnMarshaller {
   virtual const ZtDocument& Document() const = 0;
   /// The namespaces that the context has at this moment, null when there are none.
   XMLObject* NamespaceBinder() const;
+  /// Whether documents are read in the standard profile.
+  bool IsStandard() const;
+  /// Tells the context's handler, if it has one, what the types do not keep of a document that was
+  /// read in the exact profile.
+  void TellLosses(ZtPiece text) const;
 
  private:
   friend class ZtContext;
-  XMLElement* Read(const char* xml, const char* noMemory) const;
+  XMLElement* ReadExact(ZtPiece xml, const char* noMemory) const;
+  XMLElement* ReadStandard(ZtPiece text, bool makes) const;
   bool Parse(ZtArena& arena, char* text, std::size_t size, XMLElement*& root) const;
 
   const ZtContext* m_pContext = nullptr;  // null for a worker that no context made
@@ -84,6 +96,7 @@ class ZT_API ZtMarshaller : public XMLMarshaller {
   ~ZtMarshaller() override;
   char* Marshall(XMLElement* root) override;
   XMLMarshaller* Identity() override;
+  char* Update(XMLElement* root, std::size_t* size = nullptr) override;
   /// Whether the last Marshall failed for lack of memory or because the tree is too deep, and not
   /// because the tree lacks something.
   bool WasCutShort() const { return m_bCutShort; }
@@ -112,9 +125,13 @@ class ZT_API ZtMarshaller : public XMLMarshaller {
   virtual const ZtDocument& Document() const = 0;
   /// The namespaces that the context has at this moment, null when there are none.
   XMLObject* NamespaceBinder() const;
+  /// Whether trees are written in the standard profile.
+  bool IsStandard() const;
 
  private:
   friend class ZtContext;
+  char* MarshallStandard(XMLElement& root);
+  bool Refuse(const char* why, const char* path) const;
   /// Sets `bindings` to the prefixes to write with, null for the library's own. False when out of
   /// memory.
   virtual bool UseNamespaces(const ZtNamespaceBindings*& bindings);

@@ -54,20 +54,23 @@ class ZT_API ZtText {
   std::size_t m_bCopy : 1;  // whether the text is an owned copy
 };
 
-/// A number, or a value of an enumeration as a number. `Number` is unsigned or unsigned long long.
+/// A number, or a value of an enumeration as a number, and whether it was ever set: by a setter or
+/// by a document that states it. `Number` is unsigned or unsigned long long.
 template <class Number>
 class ZtScalar {
  public:
-  /// Holds `value`.
+  /// Holds `value` without being set.
   ZtScalar(Number value = 0) : m_Value(value) {}  // NOLINT(google-explicit-constructor)
 
   /// Stores `value`. Returns 1, as the public setters do.
   template <class Value>
   int Set(Value value) {
     m_Value = static_cast<Number>(value);
+    m_bSet = true;
     return 1;
   }
   Number Get() const { return m_Value; }
+  bool IsSet() const { return m_bSet; }
   /// Converts to what a getter returns: a number or an enumeration.
   template <class Value>
   operator Value() const {  // NOLINT(google-explicit-constructor)
@@ -76,6 +79,7 @@ class ZtScalar {
 
  private:
   Number m_Value;
+  bool m_bSet = false;
 };
 /// A number of 32 bits, or which value of an enumeration.
 using ZtNumber = ZtScalar<unsigned>;

@@ -64,6 +64,10 @@ struct alignas(kAlignment) ZtArena::Block : Size {
   Block* first;
   long live = 1;
   long blocks = 0;  // in the first block: the blocks that exist
+  // In the first block of an arena with a guest: the guest, and the blocks after the first, each of
+  // which has the next in this place. They go together.
+  ZtArenaGuest* guest = nullptr;
+  Block* chain = nullptr;
 
   Block(Block* f, std::size_t size) : Size(size), first(f ? f : this) {}
 };
@@ -72,7 +76,17 @@ ZtArena::~ZtArena() {
   if (m_pBlock) Drop(m_pBlock);
 }
 
+ZtArenaGuest::~ZtArenaGuest() = default;
+
+void ZtArena::Host(ZtArenaGuest* guest) { m_pBlock->guest = guest; }
+
 char* ZtArena::Keep(const char* text, std::size_t size) {
+  char* copy = Reserve(size);
+  if (copy) std::memcpy(copy, text, size);
+  return copy;
+}
+
+char* ZtArena::Reserve(std::size_t size) {
   if (m_pBlock || size > SIZE_MAX / 2) return nullptr;
   m_iNext = size < kLeastBlock ? kLeastBlock : size < kFirstBlock ? size : kFirstBlock;
   const std::size_t room = Aligned(size + 1);
@@ -80,7 +94,6 @@ char* ZtArena::Keep(const char* text, std::size_t size) {
   char* copy = m_pFree;
   m_pFree += room;
   ASAN_UNPOISON_MEMORY_REGION(copy, size + 1);
-  std::memcpy(copy, text, size);
   copy[size] = '\0';
   m_pText = copy;
   m_iTextSize = size + 1;
@@ -107,7 +120,12 @@ bool ZtArena::Grow(std::size_t size) {
   if (!memory) return false;
   Block* full = m_pBlock;
   m_pBlock = new (memory) Block(full ? full->first : nullptr, sizeof(Block) + room);
-  ++m_pBlock->first->blocks;
+  Block* const first = m_pBlock->first;
+  ++first->blocks;
+  if (first->guest) {
+    m_pBlock->chain = first->chain;
+    first->chain = m_pBlock;
+  }
   if (full) Drop(full);
   m_pFree = memory + sizeof(Block);
   m_pEnd = m_pFree + room;
@@ -123,8 +141,14 @@ inline void ZtArena::Drop(Block* block) {
 
 void ZtArena::Release(Block* block) {
   Block* first = block->first;
-  if (block != first) Free(block);
-  if (--first->blocks == 0) Free(first);
+  if (block != first && !first->guest) Free(block);
+  if (--first->blocks) return;
+  delete first->guest;
+  while (Block* chained = first->chain) {
+    first->chain = chained->chain;
+    Free(chained);
+  }
+  Free(first);
 }
 
 void ZtArena::Free(Block* block) {

@@ -14,7 +14,7 @@ const ZtElementType zt_empty_element_type::kType = {
 zt_string* zt_string::From(XMLElement* element) { return ZtAs<zt_string>(element); }
 
 int zt_empty_element_type::setValue(const char* value) {
-  m_iPresent = value ? 1 : 0;
+  m_iPresent.Set(value ? 1 : 0);
   return m_Value.Assign(value);
 }
 
@@ -44,11 +44,13 @@ struct ZtValueMaker {
   }
   static zt_empty_element_type* Flag(const ZtSource& source, ZtPiece name) {
     auto* made = ZtCreate<zt_empty_element_type>(source);
-    if (made) made->m_iPresent = 1;
+    if (made) made->m_iPresent.Set(1);
     return Whole(made, made && name.text && made->m_Value.Set(name, source.arena));
   }
-  static zt_AttributeValuePair* Pair(const ZtSource& source, ZtPiece name, ZtPiece value) {
+  static zt_AttributeValuePair* Pair(const ZtSource& source, ZtPiece name, ZtPiece value,
+                                     ZtPiece space) {
     auto* made = ZtCreate<zt_AttributeValuePair>(source);
+    if (made) made->m_Namespace.Refer(space);
     return Whole(made, made && made->m_Name.Set(name, source.arena) &&
                            made->m_Value.Set(value, source.arena));
   }
@@ -60,8 +62,9 @@ zt_string* ZtMakeString(const ZtSource& source, ZtPiece text) {
 zt_empty_element_type* ZtMakeFlag(const ZtSource& source, ZtPiece name) {
   return ZtValueMaker::Flag(source, name);
 }
-zt_AttributeValuePair* ZtMakePair(const ZtSource& source, ZtPiece name, ZtPiece value) {
-  return ZtValueMaker::Pair(source, name, value);
+zt_AttributeValuePair* ZtMakePair(const ZtSource& source, ZtPiece name, ZtPiece value,
+                                  ZtPiece space) {
+  return ZtValueMaker::Pair(source, name, value, space);
 }
 
 zt_string* zt_xml_common_methods::CreateString(const char* text) {

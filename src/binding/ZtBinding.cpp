@@ -44,16 +44,16 @@ ZtOutcome ZtStore(XMLElement& self, const ZtField& field, ZtPiece value, const Z
       const auto number = ParseNumber<unsigned>(value.text);
       const ZtRange* range = field.detail.range;
       if (!range || (number >= range->least && number <= range->most)) {
-        self.*field.member.number = number;
+        (self.*field.member.number).Set(number);
       }
       break;
     }
     case ZtValue::kNumber64:
-      self.*field.member.number64 = ParseNumber<unsigned long long>(value.text);
+      (self.*field.member.number64).Set(ParseNumber<unsigned long long>(value.text));
       break;
     case ZtValue::kEnum: {
       const unsigned index = field.detail.values->Find(value);
-      if (index != kZtKeepsValue) self.*field.member.number = index;
+      if (index != kZtKeepsValue) (self.*field.member.number).Set(index);
       break;
     }
     case ZtValue::kObject:
@@ -208,7 +208,9 @@ struct DigitPairs {
 };
 constexpr DigitPairs kDigitPairs;
 
-ZtPiece FormatNumber(unsigned long long number, char* buffer) {
+}  // namespace
+
+ZtPiece ZtFormatNumber(unsigned long long number, char* buffer) {
   char* const end = buffer + kZtNumberSize - 1;
   char* at = end;
   *at = '\0';
@@ -219,8 +221,6 @@ ZtPiece FormatNumber(unsigned long long number, char* buffer) {
   if (number != 0 || at == end) *--at = static_cast<char>('0' + number);
   return {at, static_cast<std::size_t>(end - at)};
 }
-
-}  // namespace
 
 unsigned ZtEnumTable::Find(ZtPiece value) const {
   for (unsigned i = 0; i < searched; ++i) {
@@ -349,7 +349,7 @@ ZtPiece ZtFieldText(const XMLElement& self, const ZtField& field, char* buffer) 
           is32 ? (self.*field.member.number).Get() : (self.*field.member.number64).Get();
       const bool absent =
           number == 0 || (number == kZtNotSet && is32 && field.place == ZtPlace::kAttribute);
-      return absent && !field.Is(kZtAlways) ? ZtPiece(nullptr) : FormatNumber(number, buffer);
+      return absent && !field.Is(kZtAlways) ? ZtPiece(nullptr) : ZtFormatNumber(number, buffer);
     }
     case ZtValue::kEnum: {
       const unsigned index = self.*field.member.number;

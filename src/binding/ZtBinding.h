@@ -46,6 +46,18 @@ ZtOutcome ZtAdopt(XMLElement& self, const ZtField& field, XMLElement* child,
 // The row of the attribute or of the child element `name`, or null.
 const ZtField* ZtFindAttribute(const ZtElementType& type, ZtNameId name);
 const ZtField* ZtFindChild(const ZtElementType& type, ZtNameId name);
+// The row of the attribute `name`, or null. Attributes mostly come in the order of their rows: the
+// search begins at `next`, the row after that of the attribute before.
+inline const ZtField* ZtNextAttribute(const ZtElementType& type, const ZtField*& next,
+                                      ZtPiece name) {
+  const ZtField* const end = type.children();
+  for (int left = type.rows.attributes; left; --left) {
+    if (next == end) next = type.begin();
+    const ZtField* const row = next++;
+    if (row->place == ZtPlace::kAttribute && row->name.Is(name)) return row;
+  }
+  return nullptr;
+}
 // The choice that the type has for the child element `name`, or null; and in a table that ends with
 // none, the choice that names it.
 const ZtChoice* ZtFindChoice(const ZtElementType& type, ZtNameId name);
@@ -55,6 +67,9 @@ const ZtChoice* ZtFindNamed(const ZtChoice* choices, ZtNameId name);
 
 constexpr std::size_t kZtNumberSize = 24;   // room for any number in decimal, with its NUL
 constexpr unsigned kZtNotSet = 0xFFFFFFFF;  // an attribute of 32 bits that is not written
+
+// `number` in decimal, with a NUL, at the end of `buffer`, which has kZtNumberSize bytes.
+ZtPiece ZtFormatNumber(unsigned long long number, char* buffer);
 
 // The text of a scalar field, null when it is absent: a null text, a 0, kZtNotSet in an attribute,
 // an index beyond the values.

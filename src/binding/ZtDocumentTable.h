@@ -10,7 +10,7 @@
 #include "ztxml/ZtSchemaDecoder.h"
 
 class XMLContext;
-class XMLObjectFactory;
+class ZtFactory;
 class ZtMarshaller;
 class ZtUnMarshaller;
 
@@ -46,7 +46,7 @@ struct ZtDocumentFacts {
   ZtMaker<ZtSchemaDecoder> newDecoder;
   ZtMaker<ZtUnMarshaller> newUnMarshaller;
   ZtMaker<ZtMarshaller> newMarshaller;  // without a maker: the schema has none
-  ZtMaker<XMLObjectFactory> newBinderFactory;
+  ZtMaker<ZtFactory> newBinderFactory;
   XMLSchemaInfo info = {};
   const char* decoder = nullptr;        // class name for the logs
   const char* decoderSource = nullptr;  // file of the decoder, for the logs
@@ -62,6 +62,7 @@ struct ZtDocumentFacts {
   bool declaration = true;          // writes the XML declaration
   bool dropsFirstNewline = false;
   ZtDocumentLines lines = {};
+  ZtKnownSpace space = kZtSpacesBegin;  // of the roots, where `info` tells no namespace
 
   // `name` is the context's without "Context"; `uri` the namespace of the roots, null for none.
   constexpr ZtDocumentFacts Schema(eXMLSchemaID id, const char* name, const char* uri,
@@ -108,6 +109,10 @@ struct ZtDocumentFacts {
     return ZtWith(ZtWith(*this, &ZtDocumentFacts::declaration, false),
                   &ZtDocumentFacts::dropsFirstNewline, true);
   }
+  // In the standard profile its roots belong to a namespace that the schema's description lacks.
+  constexpr ZtDocumentFacts Within(ZtKnownSpace own) const {
+    return ZtWith(*this, &ZtDocumentFacts::space, own);
+  }
   constexpr ZtDocumentFacts Lines(const ZtDocumentLines& own) const {
     return ZtWith(*this, &ZtDocumentFacts::lines, own);
   }
@@ -118,6 +123,11 @@ struct ZtDocument : ZtDocumentFacts {
   std::initializer_list<ZtRoot> roots;
   std::initializer_list<const ZtElementType*> fragments = {};  // what else Marshall takes
 };
+
+// The namespace of a document's roots in the standard profile.
+inline ZtSpace ZtSpaceOf(const ZtDocument& document) {
+  return document.space ? ZtSpace{document.space} : ZtSpaceOfUri(document.info.nameSpace);
+}
 
 // A new context of the document, recorded as the factory's; null without memory.
 XMLContext* ZtNewContext(const ZtDocument& document);
@@ -132,7 +142,7 @@ constexpr ZtDocumentFacts ZtDocumentOf(const char* source) {
           ZtMaker<ZtSchemaDecoder>::Of<Decoder>(),
           ZtMaker<ZtUnMarshaller>::Of<UnMarshaller>(),
           marshaller,
-          ZtMaker<XMLObjectFactory>::Of<DataBinder>()};
+          ZtMaker<ZtFactory>::Of<DataBinder>()};
 }
 
 // The bytes of `name` that are kept. Intended: decoders add 2 to the size of a name and keep the

@@ -10,6 +10,7 @@
 #include "XMLValueTypes.h"
 #include "base/ZtMemory.h"
 #include "binding/ZtNames.h"
+#include "binding/ZtSpaces.h"
 #include "ztxml/ZtElement.h"
 #include "ztxml/ZtPiece.h"
 
@@ -97,7 +98,12 @@ enum ZtRowFlag : std::uint8_t {
   kZtLenient = 4,   // a child that cannot be written does not fail its parent
   kZtOneOf = 8,     // of the rows with this mark only the first that is set is written
   kZtLogged = 16,   // the writer of this text element logs its name, "Add<Name>ElementToXml"
+  // Of the standard profile alone.
+  kZtFreeText = 32,  // white space at its ends is part of the text
+  kZtMust = 64,      // its schema requires it
+  kZtPaired = 128,   // the texts of this row and of the next one alternate
 };
+constexpr std::uint8_t kZtNoDefault = 0xFF;
 
 // Where a field lives in its object. A member of a derived type is reached through the base: the
 // object's dynamic type has it.
@@ -163,6 +169,8 @@ struct ZtField {
   ZtArrival arrival = ZtArrival::kAtStart;
   std::uint8_t flags = 0;
   std::uint8_t noteLevel = 0;
+  std::uint8_t standsFor =
+      kZtNoDefault;  // the value that its absence means in the standard profile
 
   constexpr ZtField(ZtPlace p, ZtValue v, ZtNameId n, ZtMember m, ZtDetail d = ZtDetail())
       : member(m), detail(d), name(n), place(p), value(v) {}
@@ -176,6 +184,13 @@ struct ZtField {
   constexpr ZtField OneOf() const { return With(kZtOneOf); }
   constexpr ZtField Logged() const { return With(kZtLogged); }
   constexpr ZtField Arrives(ZtArrival when) const { return ZtWith(*this, &ZtField::arrival, when); }
+  constexpr ZtField FreeText() const { return With(kZtFreeText); }
+  constexpr ZtField Must() const { return With(kZtMust); }
+  constexpr ZtField Paired() const { return With(kZtPaired); }
+  // By its schema the value is `index` where it is absent.
+  constexpr ZtField Default(std::uint8_t index) const {
+    return ZtWith(*this, &ZtField::standsFor, index);
+  }
 
   // Logged when the value is absent, so that the element fails.
   constexpr ZtField Required(const char* line, int level) const {
@@ -437,9 +452,14 @@ struct ZtExtras {
   bool (*write)(ZtElementWriter& writer, const XMLElement& self,
                 const ZtElementType& type) = nullptr;
   const ZtFlag* flag = nullptr;  // the presence of the element is its value
+  // The type as the standard profile has it, where its rows are others or in another order.
+  const ZtElementType* standard = nullptr;
 };
 inline constexpr ZtExtras kZtNoExtras = {};
 constexpr ZtExtras ZtExtrasOf(const ZtFlag& flag) { return {{}, nullptr, nullptr, nullptr, &flag}; }
+constexpr ZtExtras ZtExtrasOf(const ZtElementType& standard) {
+  return {{}, nullptr, nullptr, nullptr, nullptr, &standard};
+}
 
 // What there is to say of a type besides its rows.
 struct ZtTypeFacts {
@@ -460,8 +480,9 @@ struct ZtTypeFacts {
   // document: whoever does not know them decides what becomes of the objects.
   bool namesStayInside = false;
   bool root = false;
-  bool checksFirst = false;        // without a required attribute nothing of it is written
-  bool attributesAsTexts = false;  // its attributes come as texts under their plain names
+  bool checksFirst = false;         // without a required attribute nothing of it is written
+  bool attributesAsTexts = false;   // its attributes come as texts under their plain names
+  std::uint8_t space = kZtNoSpace;  // of its children, where that is not the element's own
 
   constexpr ZtTypeFacts Writer(ZtNameId element, const char* name,
                                ZtNameId withPrefix = XML_STR_ZT_NULL) const {
@@ -487,6 +508,9 @@ struct ZtTypeFacts {
   constexpr ZtTypeFacts AttributesAsTexts() const {
     return ZtWith(*this, &ZtTypeFacts::attributesAsTexts, true);
   }
+  constexpr ZtTypeFacts Holds(ZtKnownSpace others) const {
+    return ZtWith(*this, &ZtTypeFacts::space, static_cast<std::uint8_t>(others));
+  }
   constexpr ZtTypeFacts With(const ZtExtras& own) const {
     return ZtWith(*this, &ZtTypeFacts::extras, &own);
   }
@@ -499,6 +523,7 @@ struct ZtRowFacts {
   std::uint8_t others = 0;      // where the row for other children is, from 1; 0 for none
   bool keepsAttributes = false;
   bool takesText = false;
+  bool hasDefaults = false;
 
   constexpr ZtRowFacts(
       std::initializer_list<ZtField> rows) {  // NOLINT(google-explicit-constructor)
@@ -510,6 +535,7 @@ struct ZtRowFacts {
       }
       keepsAttributes = keepsAttributes || row.place == ZtPlace::kOtherAttributes;
       takesText = takesText || row.IsOwnText();
+      hasDefaults = hasDefaults || row.standsFor != kZtNoDefault;
     }
   }
 };
@@ -564,6 +590,8 @@ constexpr ZtElementType ZtFlagOf(const ZtFamily& family, const char* writer, con
 // New, whole values, recorded under `source`; null without memory.
 zt_string* ZtMakeString(const ZtSource& source, ZtPiece text);
 zt_empty_element_type* ZtMakeFlag(const ZtSource& source, ZtPiece name);
-zt_AttributeValuePair* ZtMakePair(const ZtSource& source, ZtPiece name, ZtPiece value);
+// `space` is the URI of its namespace, which outlives it.
+zt_AttributeValuePair* ZtMakePair(const ZtSource& source, ZtPiece name, ZtPiece value,
+                                  ZtPiece space = nullptr);
 
 #endif  // ZTXML_SRC_BINDING_ZTMODEL_H

@@ -303,24 +303,15 @@ bool ZtSchemaDecoder::IsNamed(const char* element) const {
   return element == m_pNamed && !std::memchr(element, '\0', kShort);
 }
 
-// Attributes mostly come in the order of their rows: the search for each begins after the row of
-// the one before it.
 void ZtSchemaDecoder::Attributes(ScannedTag& tag) {
   if (m_Stack.empty()) return NoteEmptyStack(tag.count + tag.blankAtEnd);
   if (!m_Started.object) return;
   const ZtElementType& type = *m_Started.type;
-  const ZtField* const end = type.children();
   const ZtField* next = type.begin();
   for (int i = 0; i < tag.count && !m_bFailed; ++i) {
     const ZtPiece name = tag.attributes[i].Name();
     const ZtPiece value = tag.attributes[i].Value();
-    const ZtField* row = nullptr;
-    for (int left = type.rows.attributes; left && !row; --left) {
-      if (next == end) next = type.begin();
-      if (next->place == ZtPlace::kAttribute && next->name.Is(name)) row = next;
-      ++next;
-    }
-    KeepAttribute(type, row, name, value);
+    KeepAttribute(type, ZtNextAttribute(type, next, name), name, value);
   }
 }
 

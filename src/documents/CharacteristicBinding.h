@@ -6,7 +6,8 @@
 #include "binding/ZtDocumentTable.h"
 
 struct CharacteristicBinding {
-  static constexpr ZtField kVersion = ztrow::Attribute(XML_STR_VERSION, &ZtProvisioning::m_Version);
+  static constexpr ZtField kVersion =
+      ztrow::Attribute(XML_STR_VERSION, &ZtProvisioning::m_Version).FreeText();
   static constexpr ZtField kCharacteristics = ztrow::Children(
       ZT_STR_CHARACTERISTIC, &ZtProvisioning::m_Characteristics, zt_characteristic::kType);
 };

@@ -17,9 +17,12 @@ const ZtElementType zt_bootstrappinginfo::kType = {
         .With(kNamespace)
         .Root(),
     {ztrow::TextElement(XML_STR_BTID, &zt_bootstrappinginfo::m_Btid)
+         .FreeText()
+         .Must()
          .Logged()
          .NoteAbsent("<XML Module>: BootstrappingInfoElement btid not present", kZtLogOptional),
      ztrow::TextElement(XML_STR_LIFETIME, &zt_bootstrappinginfo::m_Lifetime)
+         .Must()
          .Logged()
          .NoteAbsent("<XML Module>: BootstrappingInfoElement lifetime not present",
                      kZtLogOptional)}};

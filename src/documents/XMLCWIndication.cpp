@@ -10,17 +10,17 @@ constexpr ZtFamily kFamily = ZtPlainFamily(kSource);
 const ZtElementType zt_alternative_service::kType = {
     ZtTypeOf<zt_alternative_service>("zt_alternative_service", "alternative-service", kFamily)
         .Writer(XML_STR_ALTERNATIVE_SERVICE, "AddAlternativeServiceElementToXml"),
-    {ztrow::TextElement(XML_STR_TYPE, &zt_alternative_service::m_Type),
-     ztrow::TextElement(XML_STR_REASON, &zt_alternative_service::m_Reason),
-     ztrow::TextElement(XML_STR_ACTION, &zt_alternative_service::m_Action)}};
+    {ztrow::TextElement(XML_STR_TYPE, &zt_alternative_service::m_Type).FreeText().Must(),
+     ztrow::TextElement(XML_STR_REASON, &zt_alternative_service::m_Reason).FreeText(),
+     ztrow::TextElement(XML_STR_ACTION, &zt_alternative_service::m_Action).FreeText()}};
 const ZtElementType zt_ims_3gpp::kType = {
     ZtTypeOf<zt_ims_3gpp>("zt_ims_3gpp", "ims-3gpp", kFamily)
         .Writer(XML_STR_IMS_3GPP, "AddIms3gppElementToXml")
         .Root(),
-    {ztrow::Attribute(XML_STR_VERSION, &zt_ims_3gpp::m_Version),
+    {ztrow::Attribute(XML_STR_VERSION, &zt_ims_3gpp::m_Version).Must(),
      ztrow::Child(XML_STR_ALTERNATIVE_SERVICE, &zt_ims_3gpp::m_AlternativeService,
                   zt_alternative_service::kType),
-     ztrow::TextElement(XML_STR_SERVICE_INFO, &zt_ims_3gpp::m_ServiceInfo)}};
+     ztrow::TextElement(XML_STR_SERVICE_INFO, &zt_ims_3gpp::m_ServiceInfo).FreeText()}};
 
 const ZtDocument CWIndicationContext::kDocument = {
     ZtDocumentOf<CWIndicationContext, XMLCWIndicationDecoder, CWIndicationUnMarshaller,

@@ -13,10 +13,11 @@ constexpr ZtEnumTable kCapability = {kBooleanSlots, 2, 2, ZT_CAPS_ABSENT, false}
 const ZtElementType zt_ns_caps_duplextypes::kType = {
     ZtTypeOf<zt_ns_caps_duplextypes>("zt_ns_caps_duplextypes", "duplextypes", kFamily)
         .Writer(XML_STR_ZT_NULL, "AddDuplexTypesElementToXml", XML_STR_CAPS),
-    {ztrow::TextElement(XML_STR_FULL, &zt_ns_caps_duplextypes::m_Full),
-     ztrow::TextElement(XML_STR_HALF, &zt_ns_caps_duplextypes::m_Half),
-     ztrow::TextElement(XML_STR_RECEIVE_ONLY, &zt_ns_caps_duplextypes::m_ReceiveOnly),
-     ztrow::TextElement(XML_STR_SEND_ONLY, &zt_ns_caps_duplextypes::m_SendOnly), kZtOthers}};
+    {ztrow::TextElement(XML_STR_FULL, &zt_ns_caps_duplextypes::m_Full).FreeText(),
+     ztrow::TextElement(XML_STR_HALF, &zt_ns_caps_duplextypes::m_Half).FreeText(),
+     ztrow::TextElement(XML_STR_RECEIVE_ONLY, &zt_ns_caps_duplextypes::m_ReceiveOnly).FreeText(),
+     ztrow::TextElement(XML_STR_SEND_ONLY, &zt_ns_caps_duplextypes::m_SendOnly).FreeText(),
+     kZtOthers}};
 const ZtElementType zt_ns_caps_duplextype::kType = {
     ZtTypeOf<zt_ns_caps_duplextype>("zt_ns_caps_duplextype", "duplex", kFamily)
         .Writer(XML_STR_DUPLEX, "AddDuplexElementToXml", XML_STR_CAPS),

@@ -16,6 +16,12 @@ constexpr ZtFamily kFamily = ZtPlainFamily(kSource).RefusesNullClasses().NamesSt
 constexpr ZtEnumSlot kStateSlots[] = {"full", "partial", "deleted"};
 constexpr ZtEnumTable kStates = {kStateSlots, 3, 3, ZT_STATE_ABSENT, true};
 
+// By the schema an element that states nothing of the kind is a full one.
+template <class T>
+constexpr ZtField StateRow(ZtNumber T::*state) {
+  return ztrow::Attribute(XML_STR_STATE, state, kStates).Default(ZT_STATE_FULL);
+}
+
 // clang-format off
 constexpr ZtEnumSlot kEndpointSlots[] = {
     "pending", "dialing-out", "dialing-in", "alerting", "on-hold", "connected", "muted-via-focus",
@@ -69,20 +75,20 @@ const ZtElementType zt_execution_type::kType = {
     ZtTypeOf<zt_execution_type>("zt_execution_type", "execution", kFamily)
         .Writer(XML_STR_ZT_NULL, "AddExecutionTypeElementToXml"),
     {kZtExtras, ztrow::TextElement(XML_STR_WHEN, &zt_execution_type::m_When),
-     ztrow::TextElement(XML_STR_REASON, &zt_execution_type::m_Reason),
+     ztrow::TextElement(XML_STR_REASON, &zt_execution_type::m_Reason).FreeText(),
      ztrow::TextElement(XML_STR_BY, &zt_execution_type::m_By), kZtOthers}};
 const ZtElementType zt_uri_type::kType = {
     ZtTypeOf<zt_uri_type>("zt_uri_type", "entry", kFamily)
         .Writer(XML_STR_ENTRY, "AddUriTypeElementToXml"),
-    {kZtExtras, ztrow::TextElement(XML_STR_URI, &zt_uri_type::m_Uri),
-     ztrow::TextElement(XML_STR_DISPLAY_TEXT, &zt_uri_type::m_DisplayText),
-     ztrow::TextElement(XML_STR_PURPOSE, &zt_uri_type::m_Purpose),
+    {kZtExtras, ztrow::TextElement(XML_STR_URI, &zt_uri_type::m_Uri).Must(),
+     ztrow::TextElement(XML_STR_DISPLAY_TEXT, &zt_uri_type::m_DisplayText).FreeText(),
+     ztrow::TextElement(XML_STR_PURPOSE, &zt_uri_type::m_Purpose).FreeText(),
      ztrow::Child(XML_STR_MODIFIED, &zt_uri_type::m_Modified, zt_execution_type::kType),
      kZtOthers}};
 const ZtElementType zt_uris_type::kType = {
     ZtTypeOf<zt_uris_type>("zt_uris_type", "uris", kFamily)
         .Writer(XML_STR_URIS, "AddUrisTypeElementToXml"),
-    {ztrow::Attribute(XML_STR_STATE, &zt_uris_type::m_State, kStates), kZtExtras,
+    {StateRow(&zt_uris_type::m_State), kZtExtras,
      ztrow::Children(XML_STR_ENTRY, &zt_uris_type::m_Entries, zt_uri_type::kType)
          .NoteFailed("<XML Module>: AddUrisTypeElementToXml tempNum: %d"),
      kZtOthers}};
@@ -96,13 +102,15 @@ const ZtElementType zt_user_languages_type::kType = {
     {kZtExtras, ztrow::OwnWords(XML_STR_LANGUAGES, &zt_user_languages_type::m_Words), kZtOthers}};
 const ZtElementType zt_user_roles_type::kType = {
     ZtTypeOf<zt_user_roles_type>("zt_user_roles_type", "roles", kFamily),
-    {kZtExtras, ztrow::TextElements(XML_STR_ENTRY, &zt_user_roles_type::m_Entries), kZtOthers}};
+    {kZtExtras, ztrow::TextElements(XML_STR_ENTRY, &zt_user_roles_type::m_Entries).FreeText(),
+     kZtOthers}};
 const ZtElementType zt_conference_medium_type::kType = {
     ZtTypeOf<zt_conference_medium_type>("zt_conference_medium_type", "entry", kFamily)
         .Writer(XML_STR_ZT_NULL, "AddConferenceMediumTypeElementToXml"),
-    {ztrow::Attribute(XML_STR_LABEL, &zt_conference_medium_type::m_Label), kZtExtras,
-     ztrow::TextElement(XML_STR_DISPLAY_TEXT, &zt_conference_medium_type::m_DisplayText),
-     ztrow::TextElement(XML_STR_TYPE, &zt_conference_medium_type::m_Type),
+    {ztrow::Attribute(XML_STR_LABEL, &zt_conference_medium_type::m_Label).FreeText().Must(),
+     kZtExtras,
+     ztrow::TextElement(XML_STR_DISPLAY_TEXT, &zt_conference_medium_type::m_DisplayText).FreeText(),
+     ztrow::TextElement(XML_STR_TYPE, &zt_conference_medium_type::m_Type).FreeText().Must(),
      ztrow::TextElement(XML_STR_STATUS, &zt_conference_medium_type::m_Status, kMediaStatuses),
      kZtOthers}};
 const ZtElementType zt_conference_media_type::kType = {
@@ -118,9 +126,10 @@ const ZtElementType zt_conference_description_type::kType = {
                                              "conference-description", kFamily)
         .Writer(XML_STR_CONFERENCE_DESCRIPTION, "AddConferenceDescriptionElementToXml"),
     {kZtExtras,
-     ztrow::TextElement(XML_STR_DISPLAY_TEXT, &zt_conference_description_type::m_DisplayText),
-     ztrow::TextElement(XML_STR_SUBJECT, &zt_conference_description_type::m_Subject),
-     ztrow::TextElement(XML_STR_FREE_TEXT, &zt_conference_description_type::m_FreeText),
+     ztrow::TextElement(XML_STR_DISPLAY_TEXT, &zt_conference_description_type::m_DisplayText)
+         .FreeText(),
+     ztrow::TextElement(XML_STR_SUBJECT, &zt_conference_description_type::m_Subject).FreeText(),
+     ztrow::TextElement(XML_STR_FREE_TEXT, &zt_conference_description_type::m_FreeText).FreeText(),
      ztrow::Child(XML_STR_KEYWORDS, &zt_conference_description_type::m_Keywords,
                   zt_keywords_type::kType)
          .Arrives(ZtArrival::kAtEnd),
@@ -136,7 +145,7 @@ const ZtElementType zt_conference_description_type::kType = {
 const ZtElementType zt_host_type::kType = {
     ZtTypeOf<zt_host_type>("zt_host_type", "host-info", kFamily)
         .Writer(XML_STR_HOST_INFO, "AddHostInfoElementToXml"),
-    {kZtExtras, ztrow::TextElement(XML_STR_DISPLAY_TEXT, &zt_host_type::m_DisplayText),
+    {kZtExtras, ztrow::TextElement(XML_STR_DISPLAY_TEXT, &zt_host_type::m_DisplayText).FreeText(),
      ztrow::TextElement(XML_STR_WEB_PAGE, &zt_host_type::m_WebPage),
      ztrow::Child(XML_STR_URIS, &zt_host_type::m_Uris, zt_uris_type::kType), kZtOthers}};
 const ZtElementType zt_conference_state_type::kType = {
@@ -149,10 +158,12 @@ const ZtElementType zt_conference_state_type::kType = {
 const ZtElementType zt_sip_dialog_id_type::kType = {
     ZtTypeOf<zt_sip_dialog_id_type>("zt_sip_dialog_id_type", "sip", kFamily)
         .Writer(XML_STR_SIP, "AddSipElementToXml"),
-    {kZtExtras, ztrow::TextElement(XML_STR_DISPLAY_TEXT, &zt_sip_dialog_id_type::m_DisplayText),
-     ztrow::TextElement(XML_STR_CALL_ID, &zt_sip_dialog_id_type::m_CallId),
-     ztrow::TextElement(XML_STR_FROM_TAG, &zt_sip_dialog_id_type::m_FromTag),
-     ztrow::TextElement(XML_STR_TO_TAG, &zt_sip_dialog_id_type::m_ToTag), kZtOthers}};
+    {kZtExtras,
+     ztrow::TextElement(XML_STR_DISPLAY_TEXT, &zt_sip_dialog_id_type::m_DisplayText).FreeText(),
+     ztrow::TextElement(XML_STR_CALL_ID, &zt_sip_dialog_id_type::m_CallId).FreeText().Must(),
+     ztrow::TextElement(XML_STR_FROM_TAG, &zt_sip_dialog_id_type::m_FromTag).FreeText().Must(),
+     ztrow::TextElement(XML_STR_TO_TAG, &zt_sip_dialog_id_type::m_ToTag).FreeText().Must(),
+     kZtOthers}};
 const ZtElementType zt_call_type::kType = {
     ZtTypeOf<zt_call_type>("zt_call_type", "call-info", kFamily),
     {kZtExtras, ztrow::Child(XML_STR_SIP, &zt_call_type::m_Sip, zt_sip_dialog_id_type::kType),
@@ -161,18 +172,19 @@ const ZtElementType zt_media_type::kType = {
     ZtTypeOf<zt_media_type>("zt_media_type", "media", kFamily)
         .Writer(XML_STR_MEDIA, "AddMediaElementToXml"),
     {ztrow::Attribute(XML_STR_ID, &zt_media_type::m_Id)
+         .FreeText()
          .Required("<XML Module>: AddMediaElementToXml: id attribute mandatory", kZtLogError),
-     kZtExtras, ztrow::TextElement(XML_STR_DISPLAY_TEXT, &zt_media_type::m_DisplayText),
-     ztrow::TextElement(XML_STR_TYPE, &zt_media_type::m_Type),
-     ztrow::TextElement(XML_STR_LABEL, &zt_media_type::m_Label),
-     ztrow::TextElement(XML_STR_SRC_ID, &zt_media_type::m_SrcId),
+     kZtExtras, ztrow::TextElement(XML_STR_DISPLAY_TEXT, &zt_media_type::m_DisplayText).FreeText(),
+     ztrow::TextElement(XML_STR_TYPE, &zt_media_type::m_Type).FreeText(),
+     ztrow::TextElement(XML_STR_LABEL, &zt_media_type::m_Label).FreeText(),
+     ztrow::TextElement(XML_STR_SRC_ID, &zt_media_type::m_SrcId).FreeText(),
      ztrow::TextElement(XML_STR_STATUS, &zt_media_type::m_Status, kMediaStatuses), kZtOthers}};
 const ZtElementType zt_endpoint_type::kType = {
     ZtTypeOf<zt_endpoint_type>("zt_endpoint_type", "endpoint", kFamily)
         .Writer(XML_STR_ENDPOINT, "AddEndPointElementToXml"),
-    {ztrow::Attribute(XML_STR_STATE, &zt_endpoint_type::m_State, kStates),
-     ztrow::Attribute(XML_STR_ENTITY, &zt_endpoint_type::m_Entity), kZtExtras,
-     ztrow::TextElement(XML_STR_DISPLAY_TEXT, &zt_endpoint_type::m_DisplayText),
+    {StateRow(&zt_endpoint_type::m_State),
+     ztrow::Attribute(XML_STR_ENTITY, &zt_endpoint_type::m_Entity).FreeText(), kZtExtras,
+     ztrow::TextElement(XML_STR_DISPLAY_TEXT, &zt_endpoint_type::m_DisplayText).FreeText(),
      ztrow::Child(XML_STR_REFERRED, &zt_endpoint_type::m_Referred, zt_execution_type::kType),
      ztrow::TextElement(XML_STR_STATUS, &zt_endpoint_type::m_Status, kEndpointStatuses),
      ztrow::TextElement(XML_STR_JOINING_METHOD, &zt_endpoint_type::m_JoiningMethod,
@@ -191,9 +203,8 @@ const ZtElementType zt_user_type::kType = {
         // Intended: log lines call the writer of a user "AddUserElementToXkjml"; log readers search
         // for it.
         .Writer(XML_STR_USER, "AddUserElementToXkjml"),
-    {ztrow::Attribute(XML_STR_STATE, &zt_user_type::m_State, kStates),
-     ztrow::Attribute(XML_STR_ENTITY, &zt_user_type::m_Entity), kZtExtras,
-     ztrow::TextElement(XML_STR_DISPLAY_TEXT, &zt_user_type::m_DisplayText),
+    {StateRow(&zt_user_type::m_State), ztrow::Attribute(XML_STR_ENTITY, &zt_user_type::m_Entity),
+     kZtExtras, ztrow::TextElement(XML_STR_DISPLAY_TEXT, &zt_user_type::m_DisplayText).FreeText(),
      ztrow::Child(XML_STR_ASSOCIATED_AORS, &zt_user_type::m_AssociatedAors, zt_uris_type::kType),
      ztrow::Child(XML_STR_ROLES, &zt_user_type::m_Roles, zt_user_roles_type::kType),
      ztrow::Child(XML_STR_LANGUAGES, &zt_user_type::m_Languages, zt_user_languages_type::kType)
@@ -206,13 +217,13 @@ const ZtElementType zt_user_type::kType = {
 const ZtElementType zt_users_type::kType = {
     ZtTypeOf<zt_users_type>("zt_users_type", "users", kFamily)
         .Writer(XML_STR_USERS, "AddIUsersElementToXml"),
-    {ztrow::Attribute(XML_STR_STATE, &zt_users_type::m_State, kStates), kZtExtras,
+    {StateRow(&zt_users_type::m_State), kZtExtras,
      ztrow::Children(XML_STR_USER, &zt_users_type::m_Users, zt_user_type::kType)
          .NoteFailed("<XML Module>: AddIUsersElementToXml tempNum: %d"),
      kZtOthers}};
 const ZtElementType zt_sidebars_by_val_type::kType = {
     ZtTypeOf<zt_sidebars_by_val_type>("zt_sidebars_by_val_type", "sidebars-by-val", kFamily),
-    {ztrow::Attribute(XML_STR_STATE, &zt_sidebars_by_val_type::m_State, kStates), kZtExtras,
+    {StateRow(&zt_sidebars_by_val_type::m_State), kZtExtras,
      ztrow::Children(XML_STR_ENTRY, &zt_sidebars_by_val_type::m_Entries, zt_conference_type::kType)
          .NoteFailed("<XML Module>: Add Sidebars_by_val ElementToXml fail @ tempNum: %d"),
      kZtOthers}};
@@ -222,7 +233,7 @@ const ZtElementType zt_conference_type::kType = {
         .Writer(XML_STR_CONFERENCE_INFO, "AddConferenceInfoElementToXml")
         .With(kNamespace)
         .Root(),
-    {ztrow::Attribute(XML_STR_STATE, &zt_conference_type::m_State, kStates),
+    {StateRow(&zt_conference_type::m_State),
      ztrow::Attribute(XML_STR_VERSION, &zt_conference_type::m_Version),
      ZtExtensibleRows::kAttributes<ZtObject>,
      ztrow::Attribute(XML_STR_ENTITY, &zt_conference_type::m_Entity)

@@ -12,14 +12,14 @@ const ZtElementType zt_ns_ft_data::kType = {
         .Writer(XML_STR_DATA, "AddDataElementToXml")
         .Starts(ZtStartTag::kEmpty),
     {ztrow::Attribute(XML_STR_ETAG, &zt_ns_ft_data::m_Etag),
-     ztrow::Attribute(XML_STR_UNTIL, &zt_ns_ft_data::m_Until),
-     ztrow::Attribute(XML_STR_URL, &zt_ns_ft_data::m_Url)}};
+     ztrow::Attribute(XML_STR_UNTIL, &zt_ns_ft_data::m_Until).Must(),
+     ztrow::Attribute(XML_STR_URL, &zt_ns_ft_data::m_Url).Must()}};
 const ZtElementType zt_ns_ft_file_info::kType = {
     ZtTypeOf<zt_ns_ft_file_info>("zt_ns_ft_file_info", "file-info", kFamily)
         .Writer(XML_STR_FILE_INFO, "AddFileInfoElementToXml"),
-    {ztrow::Attribute(XML_STR_TYPE, &zt_ns_ft_file_info::m_Type),
-     ztrow::TextElement(XML_STR_FILE_SIZE, &zt_ns_ft_file_info::m_FileSize),
-     ztrow::Child(XML_STR_DATA, &zt_ns_ft_file_info::m_Data, zt_ns_ft_data::kType)}};
+    {ztrow::Attribute(XML_STR_TYPE, &zt_ns_ft_file_info::m_Type).Must(),
+     ztrow::TextElement(XML_STR_FILE_SIZE, &zt_ns_ft_file_info::m_FileSize).Must(),
+     ztrow::Child(XML_STR_DATA, &zt_ns_ft_file_info::m_Data, zt_ns_ft_data::kType).Must()}};
 const ZtElementType zt_file::kType = {
     ZtTypeOf<zt_file>("zt_file", "file", kFamily)
         .Writer(XML_STR_FILE, "AddFileElementToXml")
@@ -31,6 +31,7 @@ const ZtDocument FileContext::kDocument = {
         kSource)
         .Schema(XML_SCHEMA_FILE, "File", nullptr, "file")
         .Decodes("XMLFileDecoder", "src/File", ZtPrefixRule::kStrip)
+        .Within(kZtSpaceFileTransfer)
         .Reads("FileUnMarshaller")
         .Writes("FileMarshaller", "mFileXml"),
     {{XML_STR_FILE, &zt_file::kType}}};

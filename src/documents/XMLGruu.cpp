@@ -27,7 +27,7 @@ struct GruuBinding {
   // Intended: "first-cseq" is written even when it is 0, which mostly means absent: RFC 5628
   // requires the attribute of every temporary GRUU, and peers look for it.
   static constexpr ZtField kFirstCseq =
-      ztrow::Attribute(XML_STR_FIRST_CSEQ, &ZtTemporaryGruu::m_FirstCseq).Always();
+      ztrow::Attribute(XML_STR_FIRST_CSEQ, &ZtTemporaryGruu::m_FirstCseq).Always().Must();
 
   // Intended: a GRUU on its own declares no namespace, although it has an XML declaration; callers
   // put it into a document that declares one.

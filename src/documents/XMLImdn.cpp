@@ -94,7 +94,7 @@ constexpr ZtExtras kProcessing = {
 
 struct ImdnBinding {
   static constexpr ZtField kStatus =
-      ztrow::Child(XML_STR_STATUS, &ZtImdnNotification::m_Status, zt_status::kType);
+      ztrow::Child(XML_STR_STATUS, &ZtImdnNotification::m_Status, zt_status::kType).Must();
 };
 
 const ZtElementType zt_delivery_notification::kType = {
@@ -139,10 +139,10 @@ const ZtElementType zt_imdn::kType = {
         .Root(),
     {ZtExtensibleRows::kAttributes<ZtObject>,
      ztrow::TextElement(XML_STR_MESSAGE_ID, &zt_imdn::m_MessageId),
-     ztrow::TextElement(XML_STR_DATETIME, &zt_imdn::m_Datetime),
+     ztrow::TextElement(XML_STR_DATETIME, &zt_imdn::m_Datetime).FreeText(),
      ztrow::TextElement(XML_STR_RECIPIENT_URI, &zt_imdn::m_RecipientUri),
      ztrow::TextElement(XML_STR_ORIGINAL_RECIPIENT_URI, &zt_imdn::m_OriginalRecipientUri),
-     ztrow::TextElement(XML_STR_SUBJECT, &zt_imdn::m_Subject),
+     ztrow::TextElement(XML_STR_SUBJECT, &zt_imdn::m_Subject).FreeText(),
      ztrow::Child(XML_STR_DELIVERY_NOTIFICATION, &zt_imdn::m_Delivery,
                   zt_delivery_notification::kType)
          .OneOf()

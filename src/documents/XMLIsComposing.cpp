@@ -24,12 +24,14 @@ const ZtElementType zt_isComposing::kType = {
         .With(kDeclarations)
         .Root(),
     {ztrow::TextElement(XML_STR_STATE, &zt_isComposing::m_State)
+         .FreeText()
          .Logged()
          .Required(nullptr, kZtLogTrace),
      ztrow::TextElement(XML_STR_LASTACTIVE, &zt_isComposing::m_Lastactive)
          .Logged()
          .NoteAbsent("<XML Module>: IsComposingElement lastactive not present", kZtLogOptional),
      ztrow::TextElement(XML_STR_CONTENTTYPE, &zt_isComposing::m_Contenttype)
+         .FreeText()
          .Logged()
          .NoteAbsent("<XML Module>: IsComposingElement Content-type not present", kZtLogOptional),
      ztrow::TextElement(XML_STR_REFRESH, &zt_isComposing::m_Refresh)

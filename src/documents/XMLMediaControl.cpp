@@ -18,11 +18,12 @@ const ZtElementType zt_to_encoder::kType = {
     ZtTypeOf<zt_to_encoder>("zt_to_encoder", "to_encoder", kFamily)
         .Writer(XML_STR_TO_ENCODER, "AddToEncoderElementToXml"),
     {ztrow::Child(XML_STR_PICTURE_FAST_UPDATE, &zt_to_encoder::m_PictureFastUpdate, kFlag)
+         .Must()
          .Lenient()}};
 const ZtElementType zt_vc_primitive::kType = {
     ZtTypeOf<zt_vc_primitive>("zt_vc_primitive", "vc_primitive", kFamily)
         .Writer(XML_STR_VC_PRIMITIVE, "AddVcPrimitiveElementToXml"),
-    {ztrow::Child(XML_STR_TO_ENCODER, &zt_vc_primitive::m_ToEncoder, zt_to_encoder::kType)}};
+    {ztrow::Child(XML_STR_TO_ENCODER, &zt_vc_primitive::m_ToEncoder, zt_to_encoder::kType).Must()}};
 const ZtElementType zt_media_control::kType = {
     ZtTypeOf<zt_media_control>("zt_media_control", "media_control", kFamily)
         .Writer(XML_STR_MEDIA_CONTROL, "AddMediaControlElementToXml")

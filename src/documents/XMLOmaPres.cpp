@@ -10,8 +10,9 @@ const ZtElementType zt_ns_oma_pres_service_description::kType = {
     ZtTypeOf<zt_ns_oma_pres_service_description>("zt_ns_oma_pres_service_description",
                                                  "service-description", kFamily)
         .Writer(XML_STR_SERVICE_DESCRIPTION, "AddServiceDescriptionElementToXml", XML_STR_OP),
-    {ztrow::TextElement(XML_STR_SERVICE_ID, &zt_ns_oma_pres_service_description::m_ServiceId),
-     ztrow::TextElement(XML_STR_VERSION, &zt_ns_oma_pres_service_description::m_Version),
+    {ztrow::TextElement(XML_STR_SERVICE_ID, &zt_ns_oma_pres_service_description::m_ServiceId)
+         .Must(),
+     ztrow::TextElement(XML_STR_VERSION, &zt_ns_oma_pres_service_description::m_Version).Must(),
      ztrow::TextElement(XML_STR_DESCRIPTION, &zt_ns_oma_pres_service_description::m_Description),
      kZtOthers}};
 

@@ -27,7 +27,7 @@ constexpr ZtChoice kExtensions[] = {
 
 const ZtElementType zt_note::kType = {
     ZtTypeOf<zt_note>("zt_note", "note", kFamily).Writer(XML_STR_NOTE, "AddNoteElementToXml"),
-    {ztrow::OwnText(XML_STR_NOTE, &zt_note::m_Value), kZtOthers}};
+    {ztrow::OwnText(XML_STR_NOTE, &zt_note::m_Value).FreeText(), kZtOthers}};
 const ZtElementType zt_contact::kType = {
     ZtTypeOf<zt_contact>("zt_contact", "contact", kFamily)
         .Writer(XML_STR_CONTACT, "AddContactElementToXml"),
@@ -37,16 +37,35 @@ const ZtElementType PresenceNameSpace::zt_status::kType = {
     ZtTypeOf<PresenceNameSpace::zt_status>("PresenceNameSpace::zt_status", "status", kFamily)
         .Writer(XML_STR_STATUS, "AddStatusElementToXml"),
     {ztrow::TextElement(XML_STR_BASIC, &Status::m_Basic, kBasic), kZtOthers}};
-// Intended: a tuple without its required id fails the document without a log line of its own; log
-// readers find only the line of the failed document.
-const ZtElementType zt_tuple::kType = {
-    ZtTypeOf<zt_tuple>("zt_tuple", "tuple", kFamily).Writer(XML_STR_TUPLE, "AddTupleElementToXml"),
-    {ztrow::Attribute(XML_STR_ID, &zt_tuple::m_Id).Required(nullptr, 0),
-     ztrow::Child(XML_STR_STATUS, &zt_tuple::m_Status, Status::kType),
-     ZtExtensibleRows::Elements<ZtElement>(kExtensions),
-     ztrow::Child(XML_STR_CONTACT, &zt_tuple::m_Contact, zt_contact::kType),
-     ztrow::TextElement(XML_STR_TIMESTAMP, &zt_tuple::m_Timestamp),
-     ztrow::Children(XML_STR_NOTE, &zt_tuple::m_Notes, zt_note::kType)}};
+struct PresenceBinding {
+  static constexpr ZtTypeFacts kTuple = ZtTypeOf<zt_tuple>("zt_tuple", "tuple", kFamily)
+                                            .Writer(XML_STR_TUPLE, "AddTupleElementToXml");
+  static constexpr ZtField kId = ztrow::Attribute(XML_STR_ID, &zt_tuple::m_Id).Required(nullptr, 0);
+  static constexpr ZtField kStatus =
+      ztrow::Child(XML_STR_STATUS, &zt_tuple::m_Status, Status::kType).Must();
+  static constexpr ZtField kOthers = ZtExtensibleRows::Elements<ZtElement>(kExtensions);
+  static constexpr ZtField kContact =
+      ztrow::Child(XML_STR_CONTACT, &zt_tuple::m_Contact, zt_contact::kType);
+  static constexpr ZtField kTimestamp =
+      ztrow::TextElement(XML_STR_TIMESTAMP, &zt_tuple::m_Timestamp);
+  static constexpr ZtField kNotes =
+      ztrow::Children(XML_STR_NOTE, &zt_tuple::m_Notes, zt_note::kType);
+};
+using Tuple = PresenceBinding;
+
+namespace {
+constexpr ZtElementType kStandardTuple = {Tuple::kTuple,
+                                          {Tuple::kId, Tuple::kStatus, Tuple::kOthers,
+                                           Tuple::kContact, Tuple::kNotes, Tuple::kTimestamp}};
+constexpr ZtExtras kTuple = ZtExtrasOf(kStandardTuple);
+}  // namespace
+
+// Intended: the timestamp of a tuple is written before its notes, where the schema has it after
+// them; peers compare the text. Intended: a tuple without its required id fails the document
+// without a log line of its own; log readers find only the line of the failed document.
+const ZtElementType zt_tuple::kType = {Tuple::kTuple.With(kTuple),
+                                       {Tuple::kId, Tuple::kStatus, Tuple::kOthers, Tuple::kContact,
+                                        Tuple::kTimestamp, Tuple::kNotes}};
 const ZtElementType zt_presence::kType = {
     ZtTypeOf<zt_presence>("zt_presence", "presence", kFamily)
         .Writer(XML_STR_PRESENCE, "AddPresenceElementToXml")

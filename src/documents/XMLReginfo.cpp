@@ -51,8 +51,9 @@ const ZtElementType zt_unknown_param::kType = {
     ZtTypeOf<zt_unknown_param>("zt_unknown_param", "unknown-param", kFamily)
         .Writer(XML_STR_UNKNOWN_PARAM, "AddUnknownParamElementToXml"),
     {ztrow::Attribute(XML_STR_NAME, &zt_unknown_param::m_Name)
+         .FreeText()
          .Required("<XML Module>: AddUnknownParamElementToXml name is required", kZtLogError),
-     ztrow::OwnText(XML_STR_UNKNOWN_PARAM, &zt_unknown_param::m_Value)}};
+     ztrow::OwnText(XML_STR_UNKNOWN_PARAM, &zt_unknown_param::m_Value).FreeText()}};
 // Intended: a required state or event that is missing is logged at the level of optional items,
 // although it fails the document; log readers find the line at that level.
 const ZtElementType zt_ns_reginfo_contact::kType = {
@@ -65,13 +66,14 @@ const ZtElementType zt_ns_reginfo_contact::kType = {
      ztrow::Attribute(XML_STR_DURATION_REGISTERED, &zt_ns_reginfo_contact::m_DurationRegistered),
      ztrow::Attribute(XML_STR_EXPIRES, &zt_ns_reginfo_contact::m_Expires),
      ztrow::Attribute(XML_STR_RETRY_AFTER, &zt_ns_reginfo_contact::m_RetryAfter),
-     ztrow::Attribute(XML_STR_Q, &zt_ns_reginfo_contact::m_Q),
-     ztrow::Attribute(XML_STR_CALLID, &zt_ns_reginfo_contact::m_Callid),
+     ztrow::Attribute(XML_STR_Q, &zt_ns_reginfo_contact::m_Q).FreeText(),
+     ztrow::Attribute(XML_STR_CALLID, &zt_ns_reginfo_contact::m_Callid).FreeText(),
      ztrow::Attribute(XML_STR_CSEQ, &zt_ns_reginfo_contact::m_Cseq),
      ztrow::Attribute(XML_STR_ID, &zt_ns_reginfo_contact::m_Id)
+         .FreeText()
          .Required("<XML Module>: AddReginfoContactElementToXml id is required", kZtLogError),
-     ztrow::TextElement(XML_STR_URI, &zt_ns_reginfo_contact::m_Uri),
-     ztrow::TextElement(XML_STR_DISPLAY_NAME, &zt_ns_reginfo_contact::m_DisplayName),
+     ztrow::TextElement(XML_STR_URI, &zt_ns_reginfo_contact::m_Uri).Must(),
+     ztrow::TextElement(XML_STR_DISPLAY_NAME, &zt_ns_reginfo_contact::m_DisplayName).FreeText(),
      ztrow::Children(XML_STR_UNKNOWN_PARAM, &zt_ns_reginfo_contact::m_UnknownParams,
                      zt_unknown_param::kType),
      // Intended: the log line about an element of a contact that is not written names the writer of
@@ -87,7 +89,7 @@ const ZtElementType zt_registration::kType = {
          .Required("<XML Module>: AddRegistrationElementToXml aor is required", kZtLogError),
      // Intended: a registration without the required id is written with an empty one instead of
      // failing; peers were tested with it.
-     ztrow::Attribute(XML_STR_ID, &zt_registration::m_Id).Always(),
+     ztrow::Attribute(XML_STR_ID, &zt_registration::m_Id).Always().FreeText().Must(),
      ztrow::Attribute(XML_STR_STATE, &zt_registration::m_State, kRegistrationStates)
          .Required("<XML Module>: AddRegistrationElementToXml state is required", kZtLogOptional),
      ztrow::Children(XML_STR_CONTACT, &zt_registration::m_Contacts, zt_ns_reginfo_contact::kType),
@@ -98,7 +100,7 @@ const ZtElementType zt_reginfo::kType = {
         .Writer(XML_STR_REGINFO, "AddReginfoElementToXml")
         .With(kNamespaces)
         .Root(),
-    {ztrow::Attribute(XML_STR_VERSION, &zt_reginfo::m_Version).Always(),
+    {ztrow::Attribute(XML_STR_VERSION, &zt_reginfo::m_Version).Always().Must(),
      ztrow::Attribute(XML_STR_STATE, &zt_reginfo::m_State, kReginfoStates)
          .Required("<XML Module>: AddReginfoElementToXml state is required", kZtLogOptional),
      ztrow::Children(XML_STR_REGISTRATION, &zt_reginfo::m_Registrations, zt_registration::kType),

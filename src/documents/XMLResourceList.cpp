@@ -40,7 +40,8 @@ constexpr ZtExtras kList = {{}, RefusesMember};
 
 const ZtElementType zt_display_nameType::kType = {
     ZtTypeOf<zt_display_nameType>("zt_display_nameType", "display-name", kFamily),
-    {kZtExtras, ztrow::OwnText(XML_STR_DISPLAY_NAME, &zt_display_nameType::m_Value), kZtOthers}};
+    {kZtExtras, ztrow::OwnText(XML_STR_DISPLAY_NAME, &zt_display_nameType::m_Value).FreeText(),
+     kZtOthers}};
 const ZtElementType zt_entryType::kType = {
     ZtTypeOf<zt_entryType>("zt_entryType", "entry", kFamily)
         .Writer(XML_STR_ENTRY, "AddEntryElementToXml"),
@@ -61,12 +62,15 @@ const ZtElementType zt_externalType::kType = {
         .Writer(XML_STR_EXTERNAL, "AddExternalElementToXml"),
     {ztrow::Attribute(XML_STR_ANCHOR, &zt_externalType::m_Anchor), kZtExtras,
      ResourceListsBinding::kNamed, kZtOthers}};
+// What is in a list is of this namespace even where the list itself is of another: the lists of
+// resource list services are.
 const ZtElementType zt_listType::kType = {
     ZtTypeOf<zt_listType>("zt_listType", "list", kFamily)
         .Writer(XML_STR_LIST, "AddListElementToXml")
+        .Holds(kZtSpaceResourceLists)
         .With(kList),
-    {ztrow::Attribute(XML_STR_NAME, &zt_listType::m_Name), kZtExtras, ResourceListsBinding::kNamed,
-     ZtExtensibleRows::Elements<ZtElement>(kMembers)}};
+    {ztrow::Attribute(XML_STR_NAME, &zt_listType::m_Name).FreeText(), kZtExtras,
+     ResourceListsBinding::kNamed, ZtExtensibleRows::Elements<ZtElement>(kMembers)}};
 // The root keeps unknown attributes because they declare the prefixes of its members' attributes.
 const ZtElementType zt_resource_lists::kType = {
     ZtTypeOf<zt_resource_lists>("zt_resource_lists", "resource-lists", kFamily)

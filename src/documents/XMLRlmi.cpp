@@ -17,14 +17,15 @@ constexpr ZtExtras kNamespace = {{{XML_STR_URN_IETF_PARAMS_XML_NS_RLMI, XML_STR_
 
 const ZtElementType zt_name::kType = {
     ZtTypeOf<zt_name>("zt_name", "name", kFamily).Writer(XML_STR_NAME, "AddNameElementToXml"),
-    {ztrow::OwnText(XML_STR_NAME, &zt_name::m_Value), kZtOthers}};
+    {ztrow::OwnText(XML_STR_NAME, &zt_name::m_Value).FreeText(), kZtOthers}};
 const ZtElementType zt_instance::kType = {
     ZtTypeOf<zt_instance>("zt_instance", "instance", kFamily)
         .Writer(XML_STR_INSTANCE, "AddInstanceElementToXml")
         .Starts(ZtStartTag::kEmpty),
-    {kZtExtras, ztrow::Attribute(XML_STR_REASON, &zt_instance::m_Reason),
-     ztrow::Attribute(XML_STR_CID, &zt_instance::m_Cid),
+    {kZtExtras, ztrow::Attribute(XML_STR_REASON, &zt_instance::m_Reason).FreeText(),
+     ztrow::Attribute(XML_STR_CID, &zt_instance::m_Cid).FreeText(),
      ztrow::Attribute(XML_STR_ID, &zt_instance::m_Id)
+         .FreeText()
          .Required("<XML Module>: AddInstanceElementToXml Id mandatory attribute", kZtLogError),
      ztrow::Attribute(XML_STR_STATE, &zt_instance::m_State, kStates)
          .Required("<XML Module>: AddInstanceElementToXml state mandatory attribute", kZtLogError),
@@ -45,8 +46,8 @@ const ZtElementType zt_list::kType = {
     {ZtExtensibleRows::kAttributes<ZtObject>,
      ztrow::Attribute(XML_STR_URI, &zt_list::m_Uri)
          .Required("<XML Module>: AddListElementToXml Uri mandatory attribute", kZtLogError),
-     ztrow::Attribute(XML_STR_VERSION, &zt_list::m_Version).Always(),
-     ztrow::Attribute(XML_STR_FULL_STATE, &zt_list::m_FullState, kSchemaTrueOrElseFalse),
+     ztrow::Attribute(XML_STR_VERSION, &zt_list::m_Version).Always().Must(),
+     ztrow::Attribute(XML_STR_FULL_STATE, &zt_list::m_FullState, kSchemaTrueOrElseFalse).Must(),
      ztrow::Children(XML_STR_NAME, &zt_list::m_Names, zt_name::kType),
      ztrow::Children(XML_STR_RESOURCE, &zt_list::m_Resources, zt_resource::kType),
      ZtExtensibleRows::kElements<ZtObject>}};

@@ -17,7 +17,7 @@ using Package = zt_ns_rls_services_packageType;
 const ZtElementType zt_ns_rls_services_packageType::kType = {
     ZtTypeOf<zt_ns_rls_services_packageType>("zt_ns_rls_services_packageType", "package", kFamily)
         .Writer(XML_STR_PACKAGE, "AddPackageElementToXml"),
-    {ztrow::OwnText(XML_STR_PACKAGE, &Package::m_Value), kZtOthers}};
+    {ztrow::OwnText(XML_STR_PACKAGE, &Package::m_Value).FreeText(), kZtOthers}};
 const ZtElementType zt_ns_rls_services_packagesType::kType = {
     ZtTypeOf<zt_ns_rls_services_packagesType>("zt_ns_rls_services_packagesType", "packages",
                                               kFamily)

@@ -15,7 +15,9 @@ const ZtElementType zt_volte_config_info::kType = {
 
 // Intended: callers get a marshaller although the document can only be read: its Marshall always
 // gives null.
-char* VolteConfigInfoMarshall::Marshall(XMLElement*) { return nullptr; }
+char* VolteConfigInfoMarshall::Marshall(XMLElement* root) {
+  return IsStandard() ? ZtMarshaller::Marshall(root) : nullptr;
+}
 
 const ZtDocument VolteConfigInfoContext::kDocument = {
     ZtDocumentOf<VolteConfigInfoContext, XMLVolteConfigInfoDecoder, VolteConfigInfoUnMarshaller,

@@ -15,7 +15,9 @@ const ZtElementType zt_wap_provisioning_doc::kType = {
 
 // Intended: callers get a marshaller although the document can only be read: its Marshall always
 // gives null.
-char* WapProvisioningDocMarshall::Marshall(XMLElement*) { return nullptr; }
+char* WapProvisioningDocMarshall::Marshall(XMLElement* root) {
+  return IsStandard() ? ZtMarshaller::Marshall(root) : nullptr;
+}
 
 const ZtDocument WapProvisioningDocContext::kDocument = {
     ZtDocumentOf<WapProvisioningDocContext, XMLWapProvisioningDocDecoder,

@@ -23,6 +23,7 @@ const ZtElementType zt_entry::kType = {
      ztrow::Attribute(XML_STR_SIZE, &zt_entry::m_Size),
      ztrow::OtherAttributes(&zt_entry::m_AnyAttributes),
      ztrow::Attribute(XML_STR_ETAG, &zt_entry::m_Etag)
+         .FreeText()
          .Required("<XML Module>: AddEntryElementToXml ETAG mandatory attribute", kZtLogError)}};
 // Intended: a folder without entries is always written with an error code, a blank when none is
 // set, and a folder with entries never; callers set one of the two.
@@ -30,9 +31,10 @@ const ZtElementType zt_folder::kType = {
     ZtTypeOf<zt_folder>("zt_folder", "folder", kFamily)
         .Writer(XML_STR_FOLDER, "AddFolderElementToXml"),
     {ztrow::Attribute(XML_STR_AUID, &zt_folder::m_Auid)
+         .FreeText()
          .Required("<XML Module>: AddFolderElementToXml AUID mandatory attribute", kZtLogError),
      ztrow::Children(XML_STR_ENTRY, &zt_folder::m_Entries, zt_entry::kType).OneOf(),
-     ztrow::TextElement(XML_STR_ERROR_CODE, &zt_folder::m_ErrorCode).Always().OneOf()}};
+     ztrow::TextElement(XML_STR_ERROR_CODE, &zt_folder::m_ErrorCode).FreeText().Always().OneOf()}};
 const ZtElementType zt_xcap_directory::kType = {
     ZtTypeOf<zt_xcap_directory>("zt_xcap_directory", "xcap-directory", kFamily)
         .Writer(XML_STR_XCAP_DIRECTORY, "AddXcapDirectoryElementToXml")

@@ -48,7 +48,7 @@ bool IsErrorName(const char* name) {
 
 struct XcapErrorBinding {
   static constexpr ZtField kPhrase =
-      ztrow::Attribute(XML_STR_PHRASE, &ZtXcapPhrasedError::m_Phrase);
+      ztrow::Attribute(XML_STR_PHRASE, &ZtXcapPhrasedError::m_Phrase).FreeText();
 
   // An error whose only content is its phrase.
   template <class T>
@@ -102,8 +102,8 @@ const ZtElementType zt_no_parent::kType = {
 const ZtElementType zt_exists::kType = {
     ZtTypeOf<zt_exists>("zt_exists", "exists", kFamily)
         .Writer(XML_STR_EXISTS, "AddExistsElementToXml"),
-    {ztrow::Attribute(XML_STR_FIELD, &zt_exists::m_Field),
-     ztrow::TextElements(XML_STR_ALT_VALUE, &zt_exists::m_AltValues)}};
+    {ztrow::Attribute(XML_STR_FIELD, &zt_exists::m_Field).FreeText().Must(),
+     ztrow::TextElements(XML_STR_ALT_VALUE, &zt_exists::m_AltValues).FreeText()}};
 const ZtElementType zt_uniqueness_failure::kType = {
     ZtTypeOf<zt_uniqueness_failure>("zt_uniqueness_failure", "uniqueness-failure", kFamily)
         .Writer(XML_STR_UNIQUENESS_FAILURE, "AddUniqueness_failureElementToXml"),
@@ -145,7 +145,7 @@ const ZtElementType zt_xcap_error::kType = {
         .Writer(XML_STR_XCAP_ERROR, "AddXcap_errorElementToXml")
         .With(kRoot)
         .Root(),
-    {ztrow::OtherChild(&zt_xcap_error::m_Error, kErrors)}};
+    {ztrow::OtherChild(&zt_xcap_error::m_Error, kErrors).Must()}};
 
 XMLObject* XcapErrorDataBinder::CreateRootElement() {
   Log(__func__);

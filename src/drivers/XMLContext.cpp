@@ -29,6 +29,12 @@ XMLContext::~XMLContext() {
 
 int XMLContext::SetNamespaceBinder(XMLObject*) { return 0; }
 
+int XMLContext::UseProfile(eXMLProfile profile) {
+  if (m_pMarshaller || m_pUnMarshaller || m_pBinderFactory) return 0;
+  m_Settings.profile = profile;
+  return 1;
+}
+
 template <class Worker>
 Worker* XMLContext::KeepIn(Worker*& field, Worker* worker) {
   if (worker && field) {

@@ -7,6 +7,7 @@
 #include "base/ZtLog.h"
 #include "binding/ZtDocumentTable.h"
 #include "binding/ZtElementWriter.h"
+#include "binding/ZtStandard.h"
 #include "ztxml/ZtNamespaces.h"
 
 XMLContext* ZtNewContext(const ZtDocument& document) {
@@ -28,7 +29,9 @@ XMLUnMarshaller* ZtContext::createUnMarshaller() {
 }
 
 XMLObjectFactory* ZtContext::createBinderFactory() {
-  return Keep(Document().newBinderFactory.Create(Document().source));
+  ZtFactory* worker = Document().newBinderFactory.Create(Document().source);
+  if (worker) worker->m_bStandard = profile() == XML_PROFILE_STANDARD;
+  return Keep(static_cast<XMLObjectFactory*>(worker));
 }
 
 XMLObject* ZtContext::namespaceBinder() const { return nullptr; }
@@ -40,7 +43,9 @@ XMLObject* ZtFactory::CreateRootElement() {
 }
 
 XMLElement* ZtFactory::Make(const ZtElementType& type) const {
-  return type.Create(Document().source);
+  XMLElement* object = type.Create(Document().source);
+  if (object && m_bStandard) ZtSetDefaults(*object, type);
+  return object;
 }
 
 // ---- Unmarshaller -------------------------------------------------------------------------------
@@ -56,28 +61,40 @@ void LogInput(const ZtDocument& document, const char* format, const char* text) 
 XMLElement* ZtUnMarshaller::UnMarshall(const char* xml) {
   if (!xml) return nullptr;
   LogInput(Document(), Document().lines.textInput, xml);
-  return Read(xml, "<XML Module>: StrDup failed in %s::UnMarshall");
+  if (IsStandard()) return ReadStandard(xml, true);
+  return ReadExact(xml, "<XML Module>: StrDup failed in %s::UnMarshall");
 }
 
 XMLElement* ZtUnMarshaller::UnMarshall(XMLFile* file) {
   const char* text = file ? file->Read() : nullptr;
   if (!text) return nullptr;
   LogInput(Document(), Document().lines.fileInput, text);
-  return Read(text, nullptr);
+  return IsStandard() ? ReadStandard({text, file->Size()}, true) : ReadExact(text, nullptr);
+}
+
+XMLElement* ZtUnMarshaller::Read(const char* text, std::size_t size) {
+  if (!text) return nullptr;
+  if (IsStandard()) return ReadStandard({text, size}, true);
+  if (!std::memchr(text, '\0', size)) {
+    return ReadExact({text, size}, "<XML Module>: StrDup failed in %s::Read");
+  }
+  ZtLog(kZtLogError, Document().source)("<XML Module>: %s::Read: there is a NUL in the text",
+                                        Document().unMarshaller);
+  return nullptr;
 }
 
 // `noMemory` is the line of a text that cannot be copied, null for none.
-XMLElement* ZtUnMarshaller::Read(const char* xml, const char* noMemory) const {
+XMLElement* ZtUnMarshaller::ReadExact(ZtPiece xml, const char* noMemory) const {
   const ZtDocument& document = Document();
   XMLElement* root = nullptr;
   ZtArena arena;
-  const std::size_t size = __strlen(xml);
-  char* text = arena.Keep(xml, size);
+  TellLosses(xml);
+  char* text = arena.Keep(xml.text, xml.size);
   if (!text) {
     if (noMemory) ZtLog(kZtLogError, document.source)(noMemory, document.unMarshaller);
     return nullptr;
   }
-  const bool done = Parse(arena, text, size, root);
+  const bool done = Parse(arena, text, xml.size, root);
   const char* result = done ? document.lines.readDone : document.lines.readFailed;
   if (result) ZtLog(kZtLogTrace, document.source)(result);
   return root;
@@ -143,6 +160,7 @@ XMLMarshaller* ZtMarshaller::Identity() { return this; }
 
 char* ZtMarshaller::Marshall(XMLElement* root) {
   const ZtDocument& document = Document();
+  if (IsStandard()) return root ? MarshallStandard(*root) : nullptr;
   if (!root) {
     if (document.lines.nullRoot) ZtLog(kZtLogTrace, document.source)(document.lines.nullRoot);
     return nullptr;

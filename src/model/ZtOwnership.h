@@ -5,6 +5,8 @@
 #include "XMLElement.h"
 #include "base/ZtLog.h"
 
+class ZtSourceText;
+
 class ZtOwnership {
  public:
   static bool IsOwned(const XMLElement& element) { return element.m_pNextReleased == &element; }
@@ -24,6 +26,14 @@ class ZtOwnership {
   template <class Item>
   static void Drop(Item& item) {
     Set(item, false);
+  }
+  // What the root of a tree was read from. Only an element without an owner has it: one that is
+  // given to a parent is no root any more.
+  static void SetSource(XMLElement& root, ZtSourceText* source) {
+    root.m_pNextReleased = reinterpret_cast<XMLElement*>(source);
+  }
+  static ZtSourceText* SourceOf(const XMLElement& root) {
+    return IsOwned(root) ? nullptr : reinterpret_cast<ZtSourceText*>(root.m_pNextReleased);
   }
   static void LogOwned(const char* what) {
     ZtLog(kZtLogError, "src/ZtHolders")("<XML Module>: %s has an owner already", what);

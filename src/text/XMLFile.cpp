@@ -108,6 +108,7 @@ bool XMLFile::ReadAll(unsigned size) {
     total += static_cast<unsigned>(count);
   }
   m_pFileData[total] = '\0';
+  m_iSize = total;
   return total > 0;
 }
 

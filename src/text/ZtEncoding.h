@@ -42,6 +42,9 @@ ZtEncodingFault ZtDecode(ZtPiece input, const ZtTextForm& form, char* to, std::s
 std::size_t ZtEncodedSize(ZtPiece utf8, ZtEncoding encoding);
 char* ZtEncode(ZtPiece utf8, ZtEncoding encoding, char* to);
 
+// Whether it is UTF-8 that holds nothing but characters that XML allows.
+bool ZtIsXmlText(ZtPiece utf8);
+
 // Both from 1; a column is a character.
 struct ZtTextPlace {
   std::size_t line = 1;

@@ -17,6 +17,13 @@ struct ZtXmlName {
   ZtSpace space;
 };
 
+// As it stands in the document, with its prefix.
+inline ZtPiece ZtQualified(const ZtXmlName& name) {
+  if (!name.prefix.text) return name.local;
+  const char* const end = name.local.text + name.local.size;
+  return {name.prefix.text, static_cast<std::size_t>(end - name.prefix.text)};
+}
+
 struct ZtXmlAttribute {
   ZtXmlName name;
   ZtPiece value;  // resolved and normalised, with a NUL
@@ -86,6 +93,14 @@ class ZtXmlReader {
   void Begin(char* text, std::size_t size);
   // kDone and kFailed come again and again.
   ZtToken Next();
+
+  // With a kStart or kEnd: leaves its element, and goes on at `offset`, where something begins that
+  // the element around it has and that was not read yet.
+  void Resume(std::size_t offset) {
+    Leave();
+    m_pAt = m_pText + offset;
+    m_Token = ZtToken::kText;
+  }
 
   ZtToken Token() const { return m_Token; }
   const ZtXmlError& Error() const { return m_Error; }

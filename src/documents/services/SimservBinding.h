@@ -16,10 +16,12 @@ struct SimservBinding {
   static constexpr ZtField kAttributes = ZtExtensibleRows::kAttributes<ZtObject>;
   static constexpr ZtField kElements = ZtExtensibleRows::kElements<ZtObject>;
 
+  static constexpr std::uint8_t kOn = 1;  // "true"
   static constexpr ZtField kActive =
-      ztrow::Attribute(XML_STR_ACTIVE, &zt_ns_xcap_simservType::m_Active, kBoolean);
+      ztrow::Attribute(XML_STR_ACTIVE, &zt_ns_xcap_simservType::m_Active, kBoolean).Default(kOn);
   static constexpr ZtField kActiveOrElseNot =
-      ztrow::Attribute(XML_STR_ACTIVE, &zt_ns_xcap_simservType::m_Active, kTrueOrElseFalse);
+      ztrow::Attribute(XML_STR_ACTIVE, &zt_ns_xcap_simservType::m_Active, kTrueOrElseFalse)
+          .Default(kOn);
 
   // A service that is only switched on and off.
   template <class T>

@@ -9,7 +9,7 @@ using Policy = CommonPolicyBinding;
 constexpr ZtChoice kServiceConditions[] = {
     Policy::kFlags,
     {XML_STR_MEDIA, zt_ns_xcap_media_type::kType},
-    ZtChoice(ZT_STR_EXTERNAL_LIST, zt_external_list::kType).NotWritten(),
+    ZtChoice(ZT_STR_EXTERNAL_LIST, zt_external_list::kType, XML_STR_OCP).NotWritten(),
     {}};
 
 int CountOf(const ZtSingleElementList* list) { return list ? list->GetCount() : 0; }
@@ -67,7 +67,7 @@ const ZtElementType zt_ns_common_policy_exceptType::kType = {
                                              "CommonPolicy:ExceptType", Policy::kFamily)
         .Writer(XML_STR_EXCEPT, "AddExceptElementToXml", XML_STR_CP)
         .RefusesUnknownChildren(),
-    {ztrow::Attribute(XML_STR_DOMAIN, &zt_ns_common_policy_exceptType::m_Domain),
+    {ztrow::Attribute(XML_STR_DOMAIN, &zt_ns_common_policy_exceptType::m_Domain).FreeText(),
      ztrow::Attribute(XML_STR_ID, &zt_ns_common_policy_exceptType::m_Id)}};
 const ZtElementType zt_ns_common_policy_oneType::kType = {
     ZtTypeOf<zt_ns_common_policy_oneType>("zt_ns_common_policy_oneType", "CommonPolicy:OneType",
@@ -83,7 +83,7 @@ const ZtElementType zt_ns_common_policy_manyType::kType = {
     ZtTypeOf<zt_ns_common_policy_manyType>("zt_ns_common_policy_manyType", "CommonPolicy:ManyType",
                                            Policy::kTellingFamily)
         .Starts(ZtStartTag::kStaysOpen),
-    {ztrow::Attribute(XML_STR_DOMAIN, &zt_ns_common_policy_manyType::m_Domain),
+    {ztrow::Attribute(XML_STR_DOMAIN, &zt_ns_common_policy_manyType::m_Domain).FreeText(),
      ztrow::Children(XML_STR_EXCEPT, &zt_ns_common_policy_manyType::m_ExceptList,
                      zt_ns_common_policy_exceptType::kType),
      ztrow::OtherChildren(&zt_ns_common_policy_manyType::m_AnyList)}};
@@ -103,13 +103,16 @@ const ZtElementType zt_ns_common_policy_sphereType::kType = {
         .RefusesUnknownChildren()
         .ChecksFirst(),
     {ztrow::Attribute(XML_STR_VALUE, &zt_ns_common_policy_sphereType::m_Value)
+         .FreeText()
          .Required("<XML Module>: Sphere element's - Value attribute is mandatory", kZtLogError)}};
 const ZtElementType zt_ns_common_policy_validityType::kType = {
     ZtTypeOf<zt_ns_common_policy_validityType>("zt_ns_common_policy_validityType",
                                                "CommonPolicy:ValidityType", Policy::kFamily)
         .RefusesUnknownAttributes()
         .With(kValidity),
-    {ztrow::TextElements(XML_STR_FROM, &zt_ns_common_policy_validityType::m_FromList).Always(),
+    {ztrow::TextElements(XML_STR_FROM, &zt_ns_common_policy_validityType::m_FromList)
+         .Always()
+         .Paired(),
      ztrow::TextElements(XML_STR_UNTIL, &zt_ns_common_policy_validityType::m_UntilList).Always()}};
 const ZtElementType zt_ns_common_policy_conditionsType::kType = {
     ZtTypeOf<zt_ns_common_policy_conditionsType>(

@@ -40,7 +40,7 @@ const ZtElementType zt_allow_action_type::kType = {
     ZtTypeOf<zt_allow_action_type>("zt_allow_action_type", "CommunicationBarring:AllowActionType",
                                    kFamily)
         .Writer(XML_STR_ALLOW, nullptr, XML_STR_SS),
-    {ztrow::OwnText(XML_STR_ALLOW, &zt_allow_action_type::m_Allow, kTrueOrElseFalse)}};
+    {ztrow::OwnText(XML_STR_ALLOW, &zt_allow_action_type::m_Allow, kTrueOrElseFalse).Must()}};
 // Intended: incoming barring reads any "active" but "true" as false, outgoing barring leaves its
 // value unchanged unless the text is "true" or "false"; peers know the two services so.
 const ZtElementType zt_incoming_communication_barring::kType = {

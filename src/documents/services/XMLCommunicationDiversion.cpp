@@ -28,7 +28,7 @@ constexpr const ZtPolicyTypes& kPolicy = ZtPolicyOf<Actions>::kTypes;
 const ZtElementType zt_NoReplyTimer::kType = {
     ZtTypeOf<zt_NoReplyTimer>("zt_NoReplyTimer", "NoReplyTimer", kFamily)
         .Writer(XML_STR_NO_REPLY_TIMER, "AddNoReplyTimerElementToXml", XML_STR_SS),
-    {ztrow::OwnText(XML_STR_NO_REPLY_TIMER, &zt_NoReplyTimer::m_Seconds, kSeconds)}};
+    {ztrow::OwnText(XML_STR_NO_REPLY_TIMER, &zt_NoReplyTimer::m_Seconds, kSeconds).Must()}};
 // Intended: the writer of a forward-to is called AddForwardToElementtoXml, with a small "t";
 // callers and log readers use the name.
 const ZtElementType zt_ns_xcap_forward_to_type::kType = {
@@ -36,7 +36,7 @@ const ZtElementType zt_ns_xcap_forward_to_type::kType = {
                                          "CommunicationDiversion:ForwardToType", kFamily)
         .Writer(XML_STR_FORWARD_TO, "AddForwardToElementtoXml", XML_STR_SS)
         .RefusesUnknownChildren(),
-    {ztrow::TextElement(XML_STR_TARGET, &zt_ns_xcap_forward_to_type::m_Target),
+    {ztrow::TextElement(XML_STR_TARGET, &zt_ns_xcap_forward_to_type::m_Target).Must(),
      ztrow::TextElement(XML_STR_NOTIFY_CALLER, &zt_ns_xcap_forward_to_type::m_NotifyCaller,
                         kBoolean),
      ztrow::TextElement(XML_STR_REVEAL_IDENTITY_TO_CALLER,
@@ -66,8 +66,7 @@ const ZtElementType zt_communication_diversion::kType = {
 
 int zt_NoReplyTimer::setNoReplyTimerValue(unsigned int seconds) {
   if (seconds < kLeast || seconds > kMost) return 0;
-  m_Seconds = seconds;
-  return 1;
+  return m_Seconds.Set(seconds);
 }
 
 Communication_diversionMarshaller::Communication_diversionMarshaller()

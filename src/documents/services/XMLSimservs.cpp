@@ -16,15 +16,6 @@ namespace {
 constexpr char kSource[] = "src/XMLSimservs";
 constexpr ZtFamily kFamily = ZtQuietFamily(kSource);
 
-// Intended: the namespace of the services is declared twice, as default and as "ss": the root is
-// written without a prefix and its services with "ss", whatever the document that was read had;
-// peers compare the text.
-constexpr ZtExtras kNamespaces = {
-    {{XML_STR_HTTP_URI_ETSI_ORG_NGN_PARAMS_XML_SIMSERVS_XCAP, XML_STR_ZT_NULL},
-     {XML_STR_HTTP_URI_ETSI_ORG_NGN_PARAMS_XML_SIMSERVS_XCAP, XML_STR_SS},
-     {XML_STR_URN_IETF_PARAMS_XML_NS_COMMON_POLICY, XML_STR_CP},
-     {XML_STR_URN_OMA_XML_XDM_COMMON_POLICY, XML_STR_OCP}}};
-
 // ---- Services -----------------------------------------------------------------------------------
 
 // A service, in the order in which they are cut out and read. Intended: the ClassName of a
@@ -202,6 +193,42 @@ bool Append(GrowingText& services, const char* text) {
 
 // ---- Types --------------------------------------------------------------------------------------
 
+namespace {
+constexpr ZtChoice kServiceTypes[] = {
+    {XML_STR_INCOMING_COMMUNICATION_BARRING, zt_incoming_communication_barring::kType},
+    {XML_STR_OUTGOING_COMMUNICATION_BARRING, zt_outgoing_communication_barring::kType},
+    {XML_STR_COMMUNICATION_DIVERSION, zt_communication_diversion::kType},
+    {XML_STR_COMMUNICATION_WAITING, zt_communication_waiting::kType},
+    {XML_STR_ORIGINATING_IDENTITY_PRESENTATION, zt_originating_identity_presentation::kType},
+    {XML_STR_TERMINATING_IDENTITY_PRESENTATION, zt_terminating_identity_presentation::kType},
+    {}};
+}  // namespace
+
+// Intended: the exact profile has no row for the services, which are cut out of the document and
+// read and written by their own workers; the standard profile takes them as children.
+struct SimservsBinding {
+  static constexpr ZtField kServices =
+      ztrow::OtherChildren(&zt_Simservs::m_Services, kServiceTypes);
+};
+
+namespace {
+constexpr ZtElementType kStandard = {ZtTypeOf<zt_Simservs>("zt_Simservs", "simservs", kFamily),
+                                     {SimservsBinding::kServices}};
+// Intended: the namespace of the services is declared twice, as default and as "ss": the root is
+// written without a prefix and its services with "ss", whatever the document that was read had;
+// peers compare the text.
+constexpr ZtExtras kNamespaces = {
+    {{XML_STR_HTTP_URI_ETSI_ORG_NGN_PARAMS_XML_SIMSERVS_XCAP, XML_STR_ZT_NULL},
+     {XML_STR_HTTP_URI_ETSI_ORG_NGN_PARAMS_XML_SIMSERVS_XCAP, XML_STR_SS},
+     {XML_STR_URN_IETF_PARAMS_XML_NS_COMMON_POLICY, XML_STR_CP},
+     {XML_STR_URN_OMA_XML_XDM_COMMON_POLICY, XML_STR_OCP}},
+    nullptr,
+    nullptr,
+    nullptr,
+    nullptr,
+    &kStandard};
+}  // namespace
+
 const ZtElementType zt_Simservs::kType = {ZtTypeOf<zt_Simservs>("zt_Simservs", "simservs", kFamily)
                                               .Writer(XML_STR_SIMSERVS, "AddSimservsElementToXml")
                                               .With(kNamespaces)
@@ -268,6 +295,8 @@ char* SimservsMarshaller::InsertString(char* envelope, const char* services) {
 // ---- Reading ------------------------------------------------------------------------------------
 
 XMLElement* SimservsUnMarshaller::UnMarshall(const char* xml) {
+  if (IsStandard()) return ZtUnMarshaller::UnMarshall(xml);
+  if (xml) TellLosses(xml);
   char* text = xml ? __strdup(xml) : nullptr;
   if (xml && !text) {
     ZtLog(kZtLogError, kSource)("<XML Module>: StrDup failed in SimservsUnMarshaller::UnMarshall");
@@ -276,8 +305,21 @@ XMLElement* SimservsUnMarshaller::UnMarshall(const char* xml) {
 }
 
 XMLElement* SimservsUnMarshaller::UnMarshall(XMLFile* file) {
+  if (IsStandard()) return ZtUnMarshaller::UnMarshall(file);
   const char* xml = file ? file->Read() : nullptr;
+  if (xml) TellLosses(xml);
   return ReadCopy(xml ? __strdup(xml) : nullptr);
+}
+
+XMLElement* SimservsUnMarshaller::Read(const char* text, std::size_t size) {
+  if (IsStandard()) return ZtUnMarshaller::Read(text, size);
+  if (!text || std::memchr(text, '\0', size)) return nullptr;
+  auto* const copy = static_cast<char*>(__malloc(size + 1));
+  if (!copy) return nullptr;
+  std::memcpy(copy, text, size);
+  copy[size] = '\0';
+  TellLosses({copy, size});
+  return ReadCopy(copy);
 }
 
 XMLElement* SimservsUnMarshaller::ReadCopy(char* text) {

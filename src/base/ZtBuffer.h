@@ -1,0 +1,74 @@
+// A text that grows as pieces are appended.
+#ifndef ZTXML_SRC_BASE_ZTBUFFER_H
+#define ZTXML_SRC_BASE_ZTBUFFER_H
+
+#include <cstring>
+
+#include "ztPlatform.h"
+#include "ztxml/ZtPiece.h"
+
+class ZtBuffer {
+ public:
+  static constexpr std::size_t kUnlimited = ~std::size_t{0} >> 1;
+
+  explicit ZtBuffer(std::size_t limit = kUnlimited) : m_iLimit(limit) {}
+  ~ZtBuffer() { __free(m_pText); }
+  ZtBuffer(const ZtBuffer&) = delete;
+  ZtBuffer& operator=(const ZtBuffer&) = delete;
+
+  // Nothing is appended any more once memory was lacking or the text would have passed its limit.
+  void Append(ZtPiece piece) {
+    if (piece.size > m_iCapacity - m_iSize && !Grow(piece.size)) return;
+    if (piece.size) std::memcpy(m_pText + m_iSize, piece.text, piece.size);
+    m_iSize += piece.size;
+  }
+  void Append(char c) { Append({&c, 1}); }
+  void Cut(std::size_t size) { m_iSize = size; }
+
+  std::size_t Size() const { return m_iSize; }
+  const char* Text() const { return m_pText; }
+  ZtPiece Piece() const { return {m_pText, m_iSize}; }
+  bool Failed() const { return m_bNoMemory || m_bTooLong; }
+  bool IsTooLong() const { return m_bTooLong; }
+
+  // The text with a NUL, which is the caller's to free; null when something could not be appended.
+  char* Take() {
+    Append('\0');
+    if (Failed()) return nullptr;
+    char* const text = m_pText;
+    m_pText = nullptr;
+    m_iSize = m_iCapacity = 0;
+    return text;
+  }
+
+ private:
+  bool Grow(std::size_t more) {
+    // The NUL at the end is not counted.
+    if (!Failed() && more > m_iLimit + 1 - m_iSize) m_bTooLong = true;
+    if (Failed()) return false;
+    std::size_t capacity = m_iCapacity ? 2 * m_iCapacity : kLeast;
+    if (capacity < m_iSize + more) capacity = m_iSize + more;
+    auto* const text = static_cast<char*>(__malloc(capacity));
+    if (!text) {
+      m_bNoMemory = true;
+      m_iCapacity = m_iSize;  // so that smaller pieces are not appended after a lost one
+      return false;
+    }
+    if (m_iSize) std::memcpy(text, m_pText, m_iSize);
+    __free(m_pText);
+    m_pText = text;
+    m_iCapacity = capacity;
+    return true;
+  }
+
+  static constexpr std::size_t kLeast = 512;
+
+  char* m_pText = nullptr;
+  std::size_t m_iSize = 0;
+  std::size_t m_iCapacity = 0;
+  std::size_t m_iLimit;
+  bool m_bNoMemory = false;
+  bool m_bTooLong = false;
+};
+
+#endif  // ZTXML_SRC_BASE_ZTBUFFER_H

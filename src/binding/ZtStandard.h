@@ -1,0 +1,84 @@
+// The standard profile's view of rows: which row an element or attribute belongs to by its expanded
+// name, and what its text means by the type that its schema gives it.
+#ifndef ZTXML_SRC_BINDING_ZTSTANDARD_H
+#define ZTXML_SRC_BINDING_ZTSTANDARD_H
+
+#include "binding/ZtBinding.h"
+#include "text/ZtCharacters.h"
+
+// The rows by which the standard profile reads and writes objects of `type`.
+inline const ZtElementType& ZtStandardOf(const ZtElementType& type) {
+  return type.extras->standard ? *type.extras->standard : type;
+}
+
+// ---- Names --------------------------------------------------------------------------------------
+
+// Whether a row's child element occurs at most once.
+inline bool ZtIsSingle(const ZtField& row) {
+  return row.place == ZtPlace::kTextElement || row.place == ZtPlace::kChild ||
+         row.place == ZtPlace::kOtherChild;
+}
+
+// A row's bit in a set of those of its type.
+inline std::uint64_t ZtRowBit(const ZtElementType& type, const ZtField& row) {
+  return std::uint64_t{1} << (&row - type.begin());
+}
+
+// The row of a type that keeps attributes which no row names.
+inline const ZtField& ZtOthersOf(const ZtElementType& type) {
+  const ZtField* row = type.begin();
+  while (row->place != ZtPlace::kOtherAttributes) ++row;
+  return *row;
+}
+
+// What an element is to its parent.
+struct ZtMatch {
+  const ZtField* row = nullptr;         // null: nothing that the parent knows
+  const ZtElementType* type = nullptr;  // of its object; null for a text
+  ZtSpace space = kZtNoSpace;           // of the element
+  ZtSpace inside = kZtNoSpace;          // of its children
+};
+
+// `space` is that of the parent's children. An element in no namespace matches where `plain` says
+// that the document has none.
+ZtMatch ZtMatchChild(const ZtElementType& parent, ZtSpace space, ZtSpace actual, ZtPiece local,
+                     bool plain);
+// What the object `child`, kept by `row` of a parent, is when it is written; without a row when
+// it cannot be.
+ZtMatch ZtMatchObject(const ZtField& row, ZtSpace space, const XMLElement& child);
+// The local name that an object has: of the row, or of the choice that it is; null when it has
+// none.
+ZtPiece ZtNameOfObject(const ZtField& row, const XMLElement& child);
+
+// ---- Values -------------------------------------------------------------------------------------
+
+// What a document states, or an object holds, in a scalar row.
+struct ZtStated {
+  bool stated = false;
+  unsigned long long number = 0;  // of an enumeration the index
+  ZtPiece text = nullptr;
+
+  static ZtStated Number(unsigned long long n) { return {true, n, nullptr}; }
+  static ZtStated Text(ZtPiece t) { return {t.text != nullptr, 0, t}; }
+};
+bool operator==(const ZtStated& one, const ZtStated& other);
+
+// Without the white space at its ends.
+ZtPiece ZtTrimmed(ZtPiece text);
+// What `text` means in `row`; nothing is stated when it is no value of the row's type.
+ZtStated ZtParse(const ZtField& row, ZtPiece text);
+// What `object` holds in `row`.
+ZtStated ZtHeld(const XMLElement& object, const ZtField& row);
+// The text of it, unescaped; numbers are formatted in `buffer` (kZtNumberSize).
+ZtPiece ZtTextOf(const ZtField& row, const ZtStated& value, char* buffer);
+// Keeps what is stated; a text stays in place where `arena` holds it. False without memory.
+bool ZtKeep(XMLElement& object, const ZtField& row, const ZtStated& value, const ZtArena* arena);
+// The value is stated no more: it reads as its default.
+void ZtClear(XMLElement& object, const ZtField& row);
+// Gives a new object the defaults of its schema.
+void ZtSetDefaults(XMLElement& object, const ZtElementType& type);
+
+// Whether the standard profile writes nothing without it.
+inline bool ZtIsRequired(const ZtField& row) { return row.Is(kZtRequired) || row.Is(kZtMust); }
+
+#endif  // ZTXML_SRC_BINDING_ZTSTANDARD_H

@@ -1,0 +1,415 @@
+#include "binding/ZtStandardWriter.h"
+
+#include "text/ZtEncoding.h"
+#include "text/ZtEscape.h"
+
+namespace {
+
+constexpr char kNoName[] = "it has no element here";
+constexpr char kMissing[] = "a required value is missing";
+constexpr char kUnpaired[] = "the lists that alternate are not of one size";
+
+bool IsSame(ZtPiece a, ZtPiece b) {
+  return a.size == b.size && (a.size == 0 || std::memcmp(a.text, b.text, a.size) == 0);
+}
+
+bool IsXmlns(ZtPiece name) { return IsSame(name, "xmlns") || IsSame(ZtPrefixIn(name), "xmlns"); }
+
+ZtPiece LocalIn(ZtPiece name) {
+  const std::size_t prefix = ZtPrefixIn(name).size;
+  return prefix ? ZtPiece(name.text + prefix + 1, name.size - prefix - 1) : name;
+}
+
+ZtListNode* HeadOf(const XMLElement& object, const ZtField& row) {
+  return (object.*row.member.children).Head();
+}
+
+}  // namespace
+
+bool ZtStandardWriter::IsThere(const XMLElement& child) {
+  const char* className = child.ClassName();
+  if (!ZtIsClass(className, zt_empty_element_type::kType)) return true;
+  return static_cast<const zt_empty_element_type&>(child).getPresentValue() != 0;
+}
+
+// ---- Documents and parts ------------------------------------------------------------------------
+
+bool ZtStandardWriter::WriteDocument(const ZtDocument& document, const XMLElement& root,
+                                     const ZtElementType& type, ZtNameId name) {
+  if (!m_Scope.Begin()) return Fail(nullptr);
+  if (document.declaration) m_To.Append("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n");
+  m_bBreaks = false;  // the root's is there, or not wanted
+  const ZtSpace own = ZtSpaceOfPrefix(type.prefix);
+  const ZtSpace space = own ? own : ZtSpaceOf(document);
+  ZtMatch match;
+  match.type = &ZtStandardOf(type);
+  match.space = space;
+  match.inside = match.type->space ? ZtSpace{match.type->space} : space;
+  if (!ZtIsQualifiedName(name.Piece())) return Fail(kZtNotXml, "/", name.Piece());
+  if (!Push(root, match, name.Piece(), 0)) return false;
+  m_bBreaks = true;
+  return Run();
+}
+
+void ZtStandardWriter::Inside(const ZtNamespaceScope* outer, bool plain) {
+  m_pOuter = outer;
+  m_bPlain = plain;
+  m_bBreaks = false;
+}
+
+bool ZtStandardWriter::WriteChild(const ZtField& row, ZtSpace space, const XMLElement& child) {
+  if (!m_Scope.Begin()) return Fail(nullptr);
+  if (row.place == ZtPlace::kTextElements) {
+    const auto* text = zt_string::From(const_cast<XMLElement*>(&child));
+    return text ? WriteTextElement(row, space, text->getValue()) : Fail(kNoName);
+  }
+  const ZtMatch match = ZtMatchObject(row, space, child);
+  const ZtPiece name = match.row ? ZtNameOfObject(row, child) : ZtPiece(nullptr);
+  if (!name.text) return Fail(kNoName);
+  return Push(child, match, name, 0) && Run();
+}
+
+bool ZtStandardWriter::WriteTextElement(const ZtField& row, ZtSpace space, ZtPiece text) {
+  if (m_Frames.Size() == 0 && !m_Scope.Begin()) return Fail(nullptr);
+  Frame leaf = Within(m_Frames.Size() ? &m_Frames.Last() : nullptr);
+  leaf.name = row.name.Piece();
+  m_New.Cut(0);
+  if (!Resolve(leaf, space, leaf.prefix)) return false;
+  OpenTag(leaf);
+  m_To.Append('>');
+  if (!ZtAppendEscaped(m_To, text, 0)) return Fail(kZtNotXml, "/", leaf.name);
+  m_To.Append("</");
+  AppendName(leaf);
+  m_To.Append('>');
+  m_Scope.Leave(leaf.declarations);
+  return true;
+}
+
+// ---- Elements -----------------------------------------------------------------------------------
+
+// An element inside of `parent`, null for the outermost.
+ZtStandardWriter::Frame ZtStandardWriter::Within(const Frame* parent) const {
+  Frame frame;
+  frame.declarations = m_Scope.Declarations();
+  frame.depth = parent ? parent->depth + 1 : 1;
+  frame.hasDefault = parent && parent->hasDefault;
+  frame.breaks = m_bBreaks && !(parent && parent->hasText);
+  return frame;
+}
+
+bool ZtStandardWriter::Push(const XMLElement& object, const ZtMatch& match, ZtPiece name,
+                            std::uint32_t index) {
+  Frame frame = Within(m_Frames.Size() ? &m_Frames.Last() : nullptr);
+  frame.object = &object;
+  frame.type = match.type;
+  frame.space = match.inside;
+  frame.name = name;
+  frame.index = index;
+  frame.row = match.type->children();
+  frame.isOpen = true;
+  if (!m_Frames.Add(frame)) return Fail(nullptr);
+  return StartTag(m_Frames.Last(), match.space);
+}
+
+// Writes what is open to its end.
+bool ZtStandardWriter::Run() {
+  while (m_Frames.Size() && !m_To.Failed()) {
+    Frame& frame = m_Frames.Last();
+    if (frame.row != frame.type->end()) {
+      if (!Step(frame)) return false;
+      continue;
+    }
+    if (frame.isOpen) {
+      m_To.Append("/>");
+    } else {
+      m_To.Append("</");
+      AppendName(frame);
+      m_To.Append('>');
+    }
+    m_Scope.Leave(frame.declarations);
+    m_Frames.Cut(m_Frames.Size() - 1);
+  }
+  return !m_To.Failed();
+}
+
+// Writes a row of the element, or begins a child of it.
+bool ZtStandardWriter::Step(Frame& frame) {
+  const ZtField& row = *frame.row;
+  char buffer[kZtNumberSize];
+  switch (row.place) {
+    case ZtPlace::kTextElement: {
+      ++frame.row;
+      const ZtPiece text = ZtTextOf(row, ZtHeld(*frame.object, row), buffer);
+      if (!text.text) return !ZtIsRequired(row) || Fail(kMissing, "/", row.name.Piece());
+      CloseTag(frame);
+      return WriteTextElement(row, frame.space, text);
+    }
+    case ZtPlace::kOwnText:
+    case ZtPlace::kOwnWords:
+      ++frame.row;
+      return WriteOwnText(frame, row);
+    case ZtPlace::kChild:
+    case ZtPlace::kOtherChild: {
+      ++frame.row;
+      const XMLElement* child = (frame.object->*row.member.child).Get();
+      if (child && IsThere(*child)) return BeginChild(frame, row, *child, 0);
+      return !ZtIsRequired(row) || Fail(kMissing, "/", row.HasName() ? row.name.Piece() : "");
+    }
+    default:
+      return StepList(frame, row);
+  }
+}
+
+bool ZtStandardWriter::StepList(Frame& frame, const ZtField& row) {
+  if (frame.entry++ == 0) {
+    frame.node = HeadOf(*frame.object, row);
+    frame.other = row.Is(kZtPaired) ? HeadOf(*frame.object, (&row)[1]) : nullptr;
+  }
+  ZtListNode* const node = frame.node;
+  if (!node) {
+    if (frame.other) return Fail(kUnpaired);
+    frame.row += row.Is(kZtPaired) ? 2 : 1;
+    frame.entry = 0;
+    return true;
+  }
+  frame.node = node->next;
+  const std::uint32_t index = frame.entry;
+  const auto* child = static_cast<const XMLElement*>(node->data);
+  if (child && IsThere(*child) && !BeginChild(frame, row, *child, index)) return false;
+  if (!row.Is(kZtPaired)) return true;
+  if (!frame.other) return Fail(kUnpaired);
+  const auto* second = static_cast<const XMLElement*>(frame.other->data);
+  frame.other = frame.other->next;
+  return !second || BeginChild(frame, (&row)[1], *second, index);
+}
+
+bool ZtStandardWriter::BeginChild(Frame& frame, const ZtField& row, const XMLElement& child,
+                                  std::uint32_t index) {
+  CloseTag(frame);
+  if (row.place == ZtPlace::kTextElements) {
+    const auto* text = zt_string::From(const_cast<XMLElement*>(&child));
+    if (!text) return Fail(kNoName, "/", row.name.Piece(), index);
+    return !text->getValue() || WriteTextElement(row, frame.space, text->getValue());
+  }
+  const ZtMatch match = ZtMatchObject(row, frame.space, child);
+  const ZtPiece name = match.row ? ZtNameOfObject(row, child) : ZtPiece(nullptr);
+  if (!name.text) return Fail(kNoName, "/", child.ElementName(), index);
+  return Push(child, match, name, index);
+}
+
+bool ZtStandardWriter::WriteOwnText(Frame& frame, const ZtField& row) {
+  frame.hasText = true;
+  if (row.place == ZtPlace::kOwnText) {
+    char buffer[kZtNumberSize];
+    const ZtPiece text = ZtTextOf(row, ZtHeld(*frame.object, row), buffer);
+    if (!text.text && ZtIsRequired(row)) return Fail(kMissing);
+    if (!text.size) return true;
+    CloseTag(frame);
+    return ZtAppendEscaped(m_To, text, 0) || Fail(kZtNotXml);
+  }
+  bool first = true;
+  for (ZtListNode* node = HeadOf(*frame.object, row); node; node = node->next) {
+    const auto* word = zt_string::From(static_cast<XMLElement*>(node->data));
+    const ZtPiece text = word ? word->getValue() : nullptr;
+    if (!text.size) continue;
+    CloseTag(frame);
+    if (!first) m_To.Append(' ');
+    first = false;
+    if (!ZtAppendEscaped(m_To, text, 0)) return Fail(kZtNotXml);
+  }
+  return true;
+}
+
+void ZtStandardWriter::CloseTag(Frame& frame) {
+  if (frame.isOpen) m_To.Append('>');
+  frame.isOpen = false;
+}
+
+// ---- Tags ---------------------------------------------------------------------------------------
+
+// All that declares comes before what needs it is resolved, and that before anything is written.
+bool ZtStandardWriter::StartTag(Frame& frame, ZtSpace space) {
+  const ZtElementType& type = *frame.type;
+  m_New.Cut(0);
+  const ZtAttributeList* others = nullptr;
+  for (const ZtField* row = type.begin(); row != type.children(); ++row) {
+    if (row->place == ZtPlace::kOtherAttributes) others = &(frame.object->*row->member.attributes);
+  }
+  if (others && !others->Head()) others = nullptr;
+  if (m_Frames.Size() == 1 && !m_pOuter && !DeclareFixed(frame)) return false;
+  if (others && !DeclareOthers(frame, *others)) return false;
+  if (!Resolve(frame, space, frame.prefix)) return false;
+  OpenTag(frame);
+  m_Attributes.Clear();
+  char buffer[kZtNumberSize];
+  for (const ZtField* row = type.begin(); row != type.children(); ++row) {
+    if (row->place == ZtPlace::kOtherAttributes) continue;
+    const ZtPiece text = ZtTextOf(*row, ZtHeld(*frame.object, *row), buffer);
+    const ZtPiece name = row->name.Piece();
+    if (!text.text) {
+      if (ZtIsRequired(*row)) return Fail(kMissing, "/@", name);
+      continue;
+    }
+    if (!IsNew(nullptr, name)) continue;
+    if (!WriteAttribute(name, text)) return Fail(kZtNotXml, "/@", name);
+  }
+  return (!others || WriteOthers(*others)) && !m_bNoMemory;
+}
+
+void ZtStandardWriter::OpenTag(const Frame& frame) {
+  if (frame.breaks) m_To.Append('\n');
+  m_To.Append('<');
+  AppendName(frame);
+  for (const Declaration& declaration : m_New) {
+    m_To.Append(" xmlns");
+    if (declaration.prefix.size) m_To.Append(':');
+    m_To.Append(declaration.prefix);
+    m_To.Append("=\"");
+    static_cast<void>(ZtAppendEscaped(m_To, declaration.uri, '"'));
+    m_To.Append('"');
+  }
+}
+
+// The namespaces that the root's type declares for what is mostly in it.
+bool ZtStandardWriter::DeclareFixed(Frame& frame) {
+  for (const ZtFixedAttribute& fixed : frame.type->extras->declares) {
+    if (fixed.name != XML_STR_XMLNS) continue;
+    const bool isDefault = fixed.suffix == XML_STR_ZT_NULL;
+    const ZtPiece prefix = isDefault ? ZtPiece(nullptr) : ZtNameId(fixed.suffix).Piece();
+    if (!Declare(frame, prefix, fixed.value.Piece())) return false;
+  }
+  return true;
+}
+
+// What the other attributes declare, and the prefixes that they need.
+bool ZtStandardWriter::DeclareOthers(Frame& frame, const ZtAttributeList& others) {
+  for (ZtListNode* node = others.Head(); node; node = node->next) {
+    const auto* pair = zt_AttributeValuePair::From(static_cast<XMLAttribute*>(node->data));
+    const ZtPiece name = pair ? pair->getName() : nullptr;
+    if (!name.size || !IsXmlns(name)) continue;
+    if (!ZtIsQualifiedName(name)) return Fail(kZtBadName, "/@", name);
+    const ZtPiece prefix = ZtPrefixIn(name).text ? LocalIn(name) : ZtPiece(nullptr);
+    const ZtPiece uri = pair->getValue();
+    if (!ZtIsXmlText(uri)) return Fail(kZtNotXml, "/@", name);
+    if (!Declare(frame, prefix, uri)) return false;
+  }
+  for (ZtListNode* node = others.Head(); node; node = node->next) {
+    const auto* pair = zt_AttributeValuePair::From(static_cast<XMLAttribute*>(node->data));
+    const ZtPiece prefix = ZtPrefixIn(pair ? pair->getName() : nullptr);
+    const ZtPiece uri = pair ? pair->getNamespaceValue() : nullptr;
+    if (!prefix.size || !uri.size || IsSame(prefix, "xmlns") || IsSame(UriOf(prefix), uri))
+      continue;
+    if (!Declare(frame, prefix, uri)) return false;
+  }
+  return true;
+}
+
+// One that the tag has already stands.
+bool ZtStandardWriter::Declare(Frame& frame, ZtPiece prefix, ZtPiece uri) {
+  using Result = ZtNamespaceScope::Result;
+  switch (m_Scope.Declare(prefix, uri, frame.depth)) {
+    case Result::kDeclared:
+      if (!prefix.size) frame.hasDefault = true;
+      return m_New.Add({prefix, uri}) || Fail(nullptr);
+    case Result::kTwice:
+      return true;
+    case Result::kNoMemory:
+      return Fail(nullptr);
+    default:
+      return Fail(kZtNotXml, "/@xmlns:", prefix);
+  }
+}
+
+// The prefix of an element in `space`, declared where none is in scope.
+bool ZtStandardWriter::Resolve(Frame& frame, ZtSpace space, ZtPiece& prefix) {
+  prefix = nullptr;
+  if (m_bPlain) space = kZtNoSpace;
+  if (space == kZtNoSpace) {
+    const ZtSpace inherited = frame.hasDefault ? m_Scope.Default()
+                              : m_pOuter       ? m_pOuter->Default()
+                                               : ZtSpace{kZtNoSpace};
+    if (inherited == kZtNoSpace) return true;
+    // A tag whose own attributes declare a default namespace cannot be in none.
+    return Declare(frame, nullptr, {"", 0}) && (m_Scope.Default() == kZtNoSpace || Fail(kZtNotXml));
+  }
+  if (FindPrefix(frame, space, prefix)) return true;
+  const ZtNameId known = ZtPrefixOf(space);
+  if (!known.IsNone() && !UriOf(known.Piece()).text) prefix = known.Piece();
+  if (!Declare(frame, prefix, ZtUriOf(space))) return false;
+  return FindPrefix(frame, space, prefix) || Fail(kZtUnbound);
+}
+
+bool ZtStandardWriter::FindPrefix(const Frame& frame, ZtSpace space, ZtPiece& prefix) const {
+  if (m_Scope.PrefixOf(space, true, prefix)) return true;
+  for (const bool orDefault : {true, false}) {
+    if (!m_pOuter || !m_pOuter->PrefixOf(space, orDefault, prefix)) return false;
+    const bool shadowed = prefix.size ? m_Scope.SpaceOf(prefix) != kZtNone : frame.hasDefault;
+    if (!shadowed) return true;
+  }
+  return false;
+}
+
+ZtPiece ZtStandardWriter::UriOf(ZtPiece prefix) const {
+  const ZtSpace own = m_Scope.SpaceOf(prefix);
+  if (own != kZtNone) return m_Scope.Uri(own);
+  const ZtSpace outer = m_pOuter ? m_pOuter->SpaceOf(prefix) : kZtNone;
+  return outer != kZtNone ? m_pOuter->Uri(outer) : ZtPiece(nullptr);
+}
+
+bool ZtStandardWriter::WriteOthers(const ZtAttributeList& others) {
+  for (ZtListNode* node = others.Head(); node; node = node->next) {
+    const auto* pair = zt_AttributeValuePair::From(static_cast<XMLAttribute*>(node->data));
+    if (pair && !WriteOther(*pair)) return false;
+  }
+  return true;
+}
+
+bool ZtStandardWriter::WriteOther(const zt_AttributeValuePair& pair) {
+  const ZtPiece name = pair.getName();
+  if (!name.size || IsXmlns(name)) return true;
+  if (!ZtIsQualifiedName(name)) return Fail(kZtBadName, "/@", name);
+  const ZtPiece prefix = ZtPrefixIn(name);
+  const ZtPiece uri = prefix.size ? UriOf(prefix) : ZtPiece(nullptr);
+  const ZtPiece meant = pair.getNamespaceValue();
+  if (prefix.size && (!uri.text || (meant.size && !IsSame(uri, meant)))) {
+    return Fail(kZtUnbound, "/@", name);
+  }
+  if (!IsNew(uri, LocalIn(name))) return true;
+  return WriteAttribute(name, pair.getValue()) || Fail(kZtNotXml, "/@", name);
+}
+
+bool ZtStandardWriter::WriteAttribute(ZtPiece name, ZtPiece value) {
+  m_To.Append(' ');
+  m_To.Append(name);
+  m_To.Append("=\"");
+  if (!ZtAppendEscaped(m_To, value, '"')) return false;
+  m_To.Append('"');
+  return true;
+}
+
+// Whether the tag has no attribute of that expanded name yet, to which it is added. Intended: of
+// two with one name the first is written, as in the exact profile.
+bool ZtStandardWriter::IsNew(ZtPiece uri, ZtPiece local) {
+  bool failed = false;
+  const bool isNew = m_Attributes.Insert(uri, local, failed);
+  m_bNoMemory = m_bNoMemory || failed;
+  return isNew;
+}
+
+void ZtStandardWriter::AppendName(const Frame& frame) {
+  if (frame.prefix.size) {
+    m_To.Append(frame.prefix);
+    m_To.Append(':');
+  }
+  m_To.Append(frame.name);
+}
+
+// ---- Failures -----------------------------------------------------------------------------------
+
+// `why` null: memory is lacking.
+bool ZtStandardWriter::Fail(const char* why, const char* sign, ZtPiece name, std::uint32_t index) {
+  m_Why = why;
+  for (const Frame& frame : m_Frames) m_Path.Push("/", frame.name, frame.index);
+  if (sign) m_Path.Push(sign, name, index);
+  return false;
+}

@@ -1,0 +1,635 @@
+#include "binding/ZtUpdater.h"
+
+#include "text/ZtEscape.h"
+
+namespace {
+
+const XMLElement* ItemOf(const ZtListNode* node) {
+  return static_cast<const XMLElement*>(node->data);
+}
+
+ZtPiece TextOf(const XMLElement& item) {
+  const auto* text = zt_string::From(const_cast<XMLElement*>(&item));
+  return text ? text->getValue() : nullptr;
+}
+
+}  // namespace
+
+ZtUpdater::ZtUpdater(const ZtSourceText& source, ZtBuffer& to)
+    : m_Source(source), m_Text(source.Text()), m_To(to), m_Xml(kZtSpaceUris, kZtKnownSpaces) {}
+
+ZtUpdater::~ZtUpdater() {
+  __free(m_pWork);
+  __free(m_pSlots);
+  __free(m_pKept);
+}
+
+bool ZtUpdater::Write(XMLElement& root) {
+  m_pWork = static_cast<char*>(__malloc(m_Text.size + 1));
+  if (!m_pWork || !Index()) return false;
+  std::memcpy(m_pWork, m_Text.text, m_Text.size);
+  m_pWork[m_Text.size] = '\0';
+  m_Xml.Begin(m_pWork, m_Text.size);
+  ZtToken token = ZtToken::kText;
+  while (token != ZtToken::kDone) {
+    token = m_Xml.Next();
+    const bool isRoot = token == ZtToken::kStart && m_Xml.Depth() == 1;
+    if (!(isRoot ? StartRoot(root) : Token(token))) return false;
+  }
+  CopyTo(m_Text.size);
+  return !m_To.Failed() && !m_New.Failed();
+}
+
+bool ZtUpdater::Token(ZtToken token) {
+  switch (token) {
+    case ZtToken::kStart:
+      return Start();
+    case ZtToken::kText:
+      return Text();
+    case ZtToken::kEnd:
+      return End();
+    case ZtToken::kDone:
+      return true;
+    case ZtToken::kFailed:  // for lack of memory: the text was read before
+      break;
+  }
+  return false;
+}
+
+// ---- Parts --------------------------------------------------------------------------------------
+
+bool ZtUpdater::Index() {
+  const std::uint32_t count = m_Source.parts.Size();
+  std::uint32_t slots = 16;
+  while (slots < 2 * count) slots *= 2;
+  m_pSlots = static_cast<std::uint32_t*>(__calloc(slots, sizeof(*m_pSlots)));
+  m_pKept = static_cast<char*>(__calloc(count + 1, 1));
+  if (!m_pSlots || !m_pKept) return false;
+  m_iMask = slots - 1;
+  for (std::uint32_t i = 0; i < count; ++i) {
+    std::uint32_t at = Slot(m_Source.parts[i].object);
+    while (m_pSlots[at]) at = (at + 1) & m_iMask;
+    m_pSlots[at] = i + 1;
+  }
+  return true;
+}
+
+// Objects lie in a few blocks, at addresses that nobody chooses.
+std::uint32_t ZtUpdater::Slot(const void* object) const {
+  const auto address = static_cast<std::uint64_t>(reinterpret_cast<std::uintptr_t>(object));
+  return static_cast<std::uint32_t>((address * 0x9E3779B97F4A7C15U) >> 32) & m_iMask;
+}
+
+// The part of an object that is still where it was read: in `row` of the parent; kNone for others.
+std::uint32_t ZtUpdater::PartOf(const void* object, std::uint32_t parent,
+                                const ZtField& row) const {
+  for (std::uint32_t at = Slot(object); m_pSlots[at]; at = (at + 1) & m_iMask) {
+    const std::uint32_t index = m_pSlots[at] - 1;
+    const Part& part = m_Source.parts[index];
+    if (part.object != object) continue;
+    return part.parent == parent && part.row == &row ? index : kNone;
+  }
+  return kNone;
+}
+
+// Likewise of a child; a flag that has got another name is another element.
+std::uint32_t ZtUpdater::PartOf(const Frame& frame, const ZtField& row,
+                                const XMLElement& child) const {
+  const std::uint32_t index = PartOf(static_cast<const void*>(&child), frame.part, row);
+  if (index == kNone || !ZtIsClass(child.ClassName(), zt_empty_element_type::kType)) return index;
+  const ZtPiece name = static_cast<const zt_empty_element_type&>(child).getValue();
+  const char* at = m_Text.text + m_Source.parts[index].from + 1;
+  const std::size_t size = std::strcspn(at, " \t\r\n/>");
+  const void* colon = std::memchr(at, ':', size);
+  const char* const local = colon ? static_cast<const char*>(colon) + 1 : at;
+  const auto localSize = static_cast<std::size_t>(at + size - local);
+  return name.size == localSize && std::memcmp(name.text, local, localSize) == 0 ? index : kNone;
+}
+
+// ---- Starts -------------------------------------------------------------------------------------
+
+bool ZtUpdater::StartRoot(XMLElement& root) {
+  m_bPlain = m_Xml.Name().space == kZtNoSpace;
+  const ZtSpace own = ZtSpaceOf(*m_Source.document);
+  for (const ZtRoot& known : m_Source.document->roots) {
+    if (!known.name.Is(m_Xml.Name().local)) continue;
+    ZtMatch match;
+    match.type = &ZtStandardOf(*known.type);
+    match.inside = match.type->space ? ZtSpace{match.type->space} : own;
+    return Enter(match, &root, 0);
+  }
+  return false;
+}
+
+bool ZtUpdater::Start() {
+  if (m_iSkipped) {
+    ++m_iSkipped;
+    return true;
+  }
+  const Frame& parent = m_Frames.Last();
+  const ZtXmlName& name = m_Xml.Name();
+  ZtMatch match;
+  if (parent.type)
+    match = ZtMatchChild(*parent.type, parent.space, name.space, name.local, m_bPlain);
+  if (match.row) return ZtIsSingle(*match.row) ? StartSingle(match) : StartEntry(match);
+  m_iSkipped = 1;
+  m_bDrops = false;
+  return true;
+}
+
+bool ZtUpdater::StartSingle(const ZtMatch& match) {
+  Frame& parent = m_Frames.Last();
+  const ZtField& row = *match.row;
+  const std::uint64_t bit = ZtRowBit(*parent.type, row);
+  const bool isText = row.place == ZtPlace::kTextElement;
+  XMLElement* const held = isText ? parent.object : (parent.object->*row.member.child).Get();
+  const bool isThere =
+      isText ? ZtHeld(*held, row).stated : held && ZtStandardWriter::IsThere(*held);
+  // Of several the first was read. What is absent now is so only when all have gone.
+  if (parent.taken & bit) {
+    m_iSkipped = 1;
+    m_bDrops = !isThere;
+    m_iDropped = m_Xml.From();
+    return true;
+  }
+  parent.taken |= bit;
+  Flush(parent, &row);
+  if (isText) return Enter(match, held, kNone);
+  if (isThere && PartOf(parent, row, *held) == m_iPart) return Enter(match, held, m_iPart);
+  // Another one has come in its place, or none.
+  const Part& part = m_Source.parts[m_iPart];
+  if (isThere) {
+    CopyTo(part.from);
+    FlushRow(parent, row);
+    SkipTo(part.to);
+  } else {
+    Remove(part.from, part.to);
+  }
+  parent.last = part.to;
+  Pass(m_iPart);
+  return true;
+}
+
+// An entry of a list. The places that its entries had are filled, in the list's order, with those
+// that it still has.
+bool ZtUpdater::StartEntry(const ZtMatch& match) {
+  Frame& parent = m_Frames.Last();
+  const ZtField& row = *match.row;
+  const std::uint32_t slot = m_iPart;
+  Flush(parent, &row);
+  FlushRow(parent, row);
+  const Part& here = m_Source.parts[slot];
+  if (!m_pKept[slot]) {
+    Remove(here.from, here.to);
+    parent.last = here.to;
+    Pass(slot);
+    return true;
+  }
+  RowState& state = StateOf(parent, row);
+  auto* const object = static_cast<XMLElement*>(state.node->data);
+  const std::uint32_t index = PartOf(parent, row, *object);
+  state.node = state.node->next;
+  if (index == slot) return Enter(match, object, slot);
+  // Another one of the source comes here. It is read now, and its own place filled or passed over
+  // later; the tag here may be read again, so that what was done to it is undone.
+  const Part& there = m_Source.parts[index];
+  CopyTo(here.from);
+  SkipTo(there.from);
+  std::memcpy(m_pWork + here.from, m_Text.text + here.from, m_Xml.To() - here.from);
+  m_Xml.Resume(there.from);
+  m_iPart = index;
+  if (m_Xml.Next() != ZtToken::kStart) return false;
+  const ZtXmlName& name = m_Xml.Name();
+  return Enter(ZtMatchChild(*parent.type, parent.space, name.space, name.local, m_bPlain), object,
+               slot);
+}
+
+// Goes into the element that was started: `slot` is the part in whose place it is written, kNone
+// for one that is no part.
+bool ZtUpdater::Enter(const ZtMatch& match, XMLElement* object, std::uint32_t slot) {
+  Frame frame;
+  frame.object = object;
+  frame.type = match.type;
+  frame.row = match.row;
+  frame.space = match.inside;
+  frame.part = slot == kNone ? kNone : m_iPart++;
+  frame.slot = slot;
+  frame.from = m_Xml.From();
+  frame.content = frame.last = m_Xml.To();
+  frame.name = {m_Text.text + m_Xml.From() + 1, ZtQualified(m_Xml.Name()).size};
+  frame.rows = m_Rows.Size();
+  frame.pending = m_Pending.Size();
+  frame.texts = m_Texts.Size();
+  frame.fresh = m_New.Size();
+  frame.isEmpty = m_Xml.IsEmpty();
+  if (!m_Frames.Add(frame)) return false;
+  return !frame.type || (Prepare(m_Frames.Last()) && Attributes(m_Frames.Last()));
+}
+
+// Passes over the element that was started.
+void ZtUpdater::Pass(std::uint32_t part) {
+  m_iPart = m_Source.parts[part].next;
+  m_Xml.Resume(m_Source.parts[part].to);
+}
+
+// ---- Texts and ends -----------------------------------------------------------------------------
+
+bool ZtUpdater::Text() {
+  if (m_iSkipped || m_Frames.Size() == 0) return true;
+  Frame& frame = m_Frames.Last();
+  if (frame.type && !frame.type->rows.takesText) return true;
+  frame.run.Add(m_Xml.Text());
+  return m_Texts.Add({m_Xml.From(), m_Xml.To()});
+}
+
+bool ZtUpdater::End() {
+  const std::size_t to = m_Xml.To();
+  if (m_iSkipped) {
+    if (--m_iSkipped == 0 && m_bDrops) Remove(m_iDropped, to);
+    return true;
+  }
+  Frame& frame = m_Frames.Last();
+  if (!(frame.type ? EndObject(frame) : EndLeaf(frame))) return false;
+  const std::uint32_t part = frame.part;
+  const std::uint32_t slot = frame.slot;
+  m_Rows.Cut(frame.rows);
+  m_Pending.Cut(frame.pending);
+  m_Texts.Cut(frame.texts);
+  m_New.Cut(frame.fresh);
+  m_Frames.Cut(m_Frames.Size() - 1);
+  if (m_Frames.Size() == 0) return true;
+  Frame& parent = m_Frames.Last();
+  parent.last = slot == kNone ? to : m_Source.parts[slot].to;
+  if (slot != kNone) m_iPart = m_Source.parts[slot].next;
+  if (slot == part) return true;
+  CopyTo(to);
+  SkipTo(parent.last);
+  m_Xml.Resume(parent.last);
+  return true;
+}
+
+bool ZtUpdater::EndLeaf(Frame& leaf) {
+  const ZtField& row = *leaf.row;
+  const ZtPiece text = leaf.run.IsEmpty() ? ZtPiece("", 0) : leaf.run.Piece();
+  const ZtStated held = row.place == ZtPlace::kTextElement ? ZtHeld(*leaf.object, row)
+                                                           : ZtStated::Text(TextOf(*leaf.object));
+  if (ZtParse(row, text) == held) return true;
+  if (!held.stated) {
+    Remove(leaf.from, m_Xml.To());
+    return true;
+  }
+  char buffer[kZtNumberSize];
+  return ReplaceContent(leaf, row, ZtTextOf(row, held, buffer));
+}
+
+bool ZtUpdater::EndObject(Frame& frame) {
+  if (frame.type->rows.takesText) {
+    for (const ZtField& row : *frame.type) {
+      if (!row.IsOwnText()) continue;
+      if (row.place == ZtPlace::kOwnWords) {
+        if (!OwnWords(frame, row)) return false;
+        continue;
+      }
+      ZtStated read = frame.run.IsEmpty() ? ZtStated() : ZtParse(row, frame.run.Piece());
+      ZtStated held = ZtHeld(*frame.object, row);
+      // An element has no text, or an empty one: its own is one thing.
+      if (read.stated && !read.number && !read.text.size && read.text.text) read = ZtStated();
+      if (held.stated && !held.number && !held.text.size && held.text.text) held = ZtStated();
+      if (read == held) continue;
+      char buffer[kZtNumberSize];
+      const ZtPiece text = held.stated ? ZtTextOf(row, held, buffer) : ZtPiece("", 0);
+      if (!ReplaceContent(frame, row, text)) return false;
+    }
+  }
+  Flush(frame, nullptr);
+  if (frame.isExpanded) {
+    CopyTo(frame.content);
+    m_To.Append("</");
+    m_To.Append(frame.name);
+    m_To.Append('>');
+  }
+  return true;
+}
+
+// The element's text as words, of which only the words count.
+bool ZtUpdater::OwnWords(Frame& frame, const ZtField& row) {
+  ZtPiece rest = ZtTrimmed(frame.run.IsEmpty() ? ZtPiece("", 0) : frame.run.Piece());
+  ZtBuffer words;
+  bool isSame = true;
+  for (const ZtListNode* node = (frame.object->*row.member.children).Head(); node;
+       node = node->next) {
+    const ZtPiece word = node->data ? TextOf(*ItemOf(node)) : ZtPiece(nullptr);
+    if (!word.size) continue;
+    const bool fits = word.size <= rest.size && std::memcmp(word.text, rest.text, word.size) == 0 &&
+                      (word.size == rest.size || ZtIsBlank(rest.text[word.size]));
+    isSame = isSame && fits;
+    if (isSame) rest = ZtTrimmed({rest.text + word.size, rest.size - word.size});
+    if (words.Size()) words.Append(' ');
+    words.Append(word);
+  }
+  if (words.Failed()) return false;
+  return (isSame && !rest.size) || ReplaceContent(frame, row, words.Piece());
+}
+
+// Puts `text` in place of an element's own: in its first piece, so that comments and unknown
+// elements between pieces stay. No type has both a text and known children, whose changes would
+// come before it.
+bool ZtUpdater::ReplaceContent(Frame& frame, const ZtField& row, ZtPiece text) {
+  const std::uint32_t count = m_Texts.Size() - frame.texts;
+  std::size_t at = frame.content;
+  if (count) {
+    Range first = m_Texts[frame.texts];
+    if (count == 1 && !row.Is(kZtFreeText)) {
+      // The white space around it stays.
+      const ZtPiece raw(m_Text.text + first.from, first.to - first.from);
+      const ZtPiece core = ZtTrimmed(raw);
+      if (core.size) first.from += static_cast<std::size_t>(core.text - raw.text);
+      if (core.size) first.to = first.from + core.size;
+    }
+    CopyTo(first.from);
+    SkipTo(first.to);
+    at = first.to;
+  }
+  frame.last = at;
+  OpenContent(frame);
+  if (!ZtAppendEscaped(m_To, text, 0)) return Fail(kZtNotXml, row.name.Piece());
+  for (std::uint32_t i = 1; i < count; ++i) {
+    const Range& other = m_Texts[frame.texts + i];
+    CopyTo(other.from);
+    SkipTo(other.to);
+  }
+  if (!frame.type && frame.isExpanded) {
+    m_To.Append("</");
+    m_To.Append(frame.name);
+    m_To.Append('>');
+  }
+  return true;
+}
+
+// ---- Attributes ---------------------------------------------------------------------------------
+
+bool ZtUpdater::Attributes(const Frame& frame) {
+  const ZtElementType& type = *frame.type;
+  const ZtField* next = type.begin();
+  std::uint64_t stated = 0;
+  if (type.rows.keepsAttributes) {
+    const ZtField& others = ZtOthersOf(type);
+    for (const ZtListNode* node = (frame.object->*others.member.attributes).Head(); node;
+         node = node->next) {
+      const std::uint32_t part = PartOf(node->data, frame.part, others);
+      if (part != kNone) m_pKept[part] = 1;
+    }
+  }
+  for (std::uint32_t i = 0; i < m_Xml.AttributeCount(); ++i) {
+    const ZtXmlAttribute& attribute = m_Xml.Attributes()[i];
+    const ZtField* row =
+        attribute.name.prefix.text ? nullptr : ZtNextAttribute(type, next, attribute.name.local);
+    if (!row) {
+      if (type.rows.keepsAttributes && !KeepPair(attribute)) return false;
+      continue;
+    }
+    stated |= ZtRowBit(type, *row);
+    const ZtStated held = ZtHeld(*frame.object, *row);
+    if (ZtParse(*row, attribute.value) == held) continue;
+    char buffer[kZtNumberSize];
+    if (!held.stated) {
+      RemoveAttribute(attribute);
+    } else if (!ReplaceValue(attribute, ZtTextOf(*row, held, buffer))) {
+      return Fail(kZtNotXml, row->name.Piece());
+    }
+  }
+  return NewAttributes(frame, stated);
+}
+
+// An attribute that no row names, beside the pair that was made of it.
+bool ZtUpdater::KeepPair(const ZtXmlAttribute& attribute) {
+  const std::uint32_t part = m_iPart++;
+  const auto* pair = static_cast<const zt_AttributeValuePair*>(
+      static_cast<const XMLAttribute*>(m_Source.parts[part].object));
+  const ZtPiece name = ZtQualified(attribute.name);
+  if (m_pKept[part]) {
+    const ZtPiece held = pair->getName();
+    m_pKept[part] = held.size == name.size && std::memcmp(held.text, name.text, name.size) == 0;
+  }
+  if (!m_pKept[part]) {
+    RemoveAttribute(attribute);
+    return true;
+  }
+  const ZtPiece value = pair->getValue();
+  const bool isSame =
+      value.size == attribute.value.size &&
+      (!value.size || std::memcmp(value.text, attribute.value.text, value.size) == 0);
+  return isSame || ReplaceValue(attribute, value) || Fail(kZtNotXml, name);
+}
+
+// What the tree has and the tag lacks comes at the tag's end.
+bool ZtUpdater::NewAttributes(const Frame& frame, std::uint64_t stated) {
+  const ZtElementType& type = *frame.type;
+  std::size_t end = frame.content - (frame.isEmpty ? 2 : 1);
+  while (ZtIsBlank(m_Text.text[end - 1])) --end;
+  for (const ZtField* row = type.begin(); row != type.children(); ++row) {
+    if (row->place == ZtPlace::kOtherAttributes) {
+      for (const ZtListNode* node = (frame.object->*row->member.attributes).Head(); node;
+           node = node->next) {
+        const std::uint32_t part = PartOf(node->data, frame.part, *row);
+        if (part != kNone && m_pKept[part]) continue;
+        const auto* pair = zt_AttributeValuePair::From(static_cast<XMLAttribute*>(node->data));
+        CopyTo(end);
+        if (pair && !NewPair(*pair)) return false;
+      }
+      continue;
+    }
+    if (stated & ZtRowBit(type, *row)) continue;
+    char buffer[kZtNumberSize];
+    const ZtPiece text = ZtTextOf(*row, ZtHeld(*frame.object, *row), buffer);
+    if (!text.text) continue;
+    CopyTo(end);
+    if (!NewAttribute(row->name.Piece(), text)) return Fail(kZtNotXml, row->name.Piece());
+  }
+  return true;
+}
+
+bool ZtUpdater::NewPair(const zt_AttributeValuePair& pair) {
+  const ZtPiece name = pair.getName();
+  const ZtPiece prefix = ZtPrefixIn(name);
+  if (!name.size) return true;
+  if (!ZtIsQualifiedName(name) || ZtEncodedSize(name, m_Source.form.encoding) == 0) {
+    return Fail(kZtBadName, name);
+  }
+  if (prefix.size && m_Xml.Scope().SpaceOf(prefix) == kZtNone) {
+    const ZtPiece uri = pair.getNamespaceValue();
+    if (!uri.size) return Fail(kZtUnbound, name);
+    m_To.Append(" xmlns:");
+    m_To.Append(prefix);
+    m_To.Append("=\"");
+    static_cast<void>(ZtAppendEscaped(m_To, uri, '"'));
+    m_To.Append('"');
+  }
+  return NewAttribute(name, pair.getValue()) || Fail(kZtNotXml, name);
+}
+
+bool ZtUpdater::NewAttribute(ZtPiece name, ZtPiece value) {
+  m_To.Append(' ');
+  m_To.Append(name);
+  m_To.Append("=\"");
+  const bool done = ZtAppendEscaped(m_To, value, '"');
+  m_To.Append('"');
+  return done;
+}
+
+bool ZtUpdater::ReplaceValue(const ZtXmlAttribute& attribute, ZtPiece text) {
+  CopyTo(attribute.valueFrom);
+  SkipTo(attribute.valueTo);
+  return ZtAppendEscaped(m_To, text, m_Text.text[attribute.valueTo]);
+}
+
+void ZtUpdater::RemoveAttribute(const ZtXmlAttribute& attribute) {
+  Remove(attribute.from, attribute.valueTo + std::size_t{1});
+}
+
+// ---- What is new --------------------------------------------------------------------------------
+
+// Writes what the source does not have while the namespaces of the element are in scope, and notes
+// which entries of lists are still there.
+bool ZtUpdater::Prepare(Frame& frame) {
+  const ZtElementType& type = *frame.type;
+  for (const ZtField* row = type.children(); row != type.end(); ++row) {
+    RowState state = {nullptr, m_Pending.Size(), m_Pending.Size()};
+    if (!PrepareRow(frame, *row, state)) return false;
+    state.end = m_Pending.Size();
+    if (!m_Rows.Add(state)) return false;
+  }
+  frame.isNew = m_Pending.Size() != frame.pending;
+  return true;
+}
+
+bool ZtUpdater::PrepareRow(const Frame& frame, const ZtField& row, RowState& state) {
+  switch (row.place) {
+    case ZtPlace::kTextElement: {
+      const bool wasThere = m_Source.parts[frame.part].taken & ZtRowBit(*frame.type, row);
+      return wasThere || PrepareText(frame, row);
+    }
+    case ZtPlace::kChild:
+    case ZtPlace::kOtherChild: {
+      const XMLElement* child = (frame.object->*row.member.child).Get();
+      return !child || PrepareChild(frame, row, *child, nullptr);
+    }
+    case ZtPlace::kTextElements:
+    case ZtPlace::kChildren:
+    case ZtPlace::kOtherChildren:
+      state.node = (frame.object->*row.member.children).Head();
+      for (const ZtListNode* node = state.node; node; node = node->next) {
+        if (node->data && !PrepareChild(frame, row, *ItemOf(node), node)) return false;
+      }
+      return true;
+    default:
+      return true;
+  }
+}
+
+bool ZtUpdater::PrepareChild(const Frame& frame, const ZtField& row, const XMLElement& child,
+                             const ZtListNode* node) {
+  if (!ZtStandardWriter::IsThere(child)) return true;
+  const std::uint32_t part = PartOf(frame, row, child);
+  if (part != kNone) {
+    m_pKept[part] = 1;
+    return true;
+  }
+  if (row.place == ZtPlace::kTextElements && !TextOf(child).text) return true;
+  const std::size_t from = m_New.Size();
+  ZtStandardWriter writer(m_New);
+  writer.Inside(&m_Xml.Scope(), m_bPlain);
+  return Prepared(writer.WriteChild(row, frame.space, child), writer, from, node);
+}
+
+bool ZtUpdater::PrepareText(const Frame& frame, const ZtField& row) {
+  char buffer[kZtNumberSize];
+  const ZtPiece text = ZtTextOf(row, ZtHeld(*frame.object, row), buffer);
+  if (!text.text) return true;
+  const std::size_t from = m_New.Size();
+  ZtStandardWriter writer(m_New);
+  writer.Inside(&m_Xml.Scope(), m_bPlain);
+  return Prepared(writer.WriteTextElement(row, frame.space, text), writer, from, nullptr);
+}
+
+bool ZtUpdater::Prepared(bool written, const ZtStandardWriter& writer, std::size_t from,
+                         const ZtListNode* node) {
+  if (written) return m_Pending.Add({node, from, m_New.Size()});
+  return Fail(writer.Why(), writer.Path());
+}
+
+// Puts in what is new in the rows before `until`, null for all: after the last known child.
+void ZtUpdater::Flush(Frame& frame, const ZtField* until) {
+  if (!frame.isNew) return;
+  const ZtElementType& type = *frame.type;
+  if (!until) until = type.end();
+  for (const ZtField* row = type.children(); row != until; ++row) {
+    // What the source has of a row that occurs once is dealt with in its place.
+    const bool inPlace =
+        ZtIsSingle(*row) && (m_Source.parts[frame.part].taken & ZtRowBit(type, *row));
+    const bool isFirstOfPair = row->Is(kZtPaired) && row + 1 == until;
+    if (!inPlace && !isFirstOfPair) FlushRow(frame, *row);
+  }
+}
+
+// Puts in what is new of a row, in a list up to the next entry that has a place.
+void ZtUpdater::FlushRow(Frame& frame, const ZtField& row) {
+  while (FlushOne(frame, row)) {
+    if (row.Is(kZtPaired)) FlushOne(frame, (&row)[1]);
+  }
+}
+
+bool ZtUpdater::FlushOne(Frame& frame, const ZtField& row) {
+  RowState& state = StateOf(frame, row);
+  const bool isList = !ZtIsSingle(row) && !row.IsOwnText();
+  const auto isNext = [&] {
+    return state.pending != state.end && m_Pending[state.pending].node == state.node;
+  };
+  // Entries that are not to be written have no place.
+  while (isList && state.node && !isNext()) {
+    const auto* child = ItemOf(state.node);
+    if (child && PartOf(frame, row, *child) != kNone && ZtStandardWriter::IsThere(*child)) {
+      return false;
+    }
+    state.node = state.node->next;
+  }
+  if (isList ? !state.node : !isNext()) return false;
+  const Pending& fresh = m_Pending[state.pending++];
+  if (isList) state.node = state.node->next;
+  CopyTo(frame.last);
+  OpenContent(frame);
+  m_To.Append({m_New.Text() + fresh.from, fresh.to - fresh.from});
+  return true;
+}
+
+// ---- Output -------------------------------------------------------------------------------------
+
+void ZtUpdater::CopyTo(std::size_t at) {
+  if (at <= m_iCopied) return;
+  m_To.Append({m_Text.text + m_iCopied, at - m_iCopied});
+  m_iCopied = at;
+}
+
+// Leaves something out, with the white space before it.
+void ZtUpdater::Remove(std::size_t from, std::size_t to) {
+  while (from > m_iCopied && ZtIsBlank(m_Text.text[from - 1])) --from;
+  CopyTo(from);
+  SkipTo(to);
+}
+
+// Something comes into an element: before its last known child's end nothing was left out. One that
+// is written as `<a/>` gets an end tag.
+void ZtUpdater::OpenContent(Frame& frame) {
+  if (!frame.isEmpty || frame.isExpanded) return CopyTo(frame.last);
+  CopyTo(frame.content - 2);
+  m_To.Append('>');
+  SkipTo(frame.content);
+  frame.isExpanded = true;
+}
+
+bool ZtUpdater::Fail(const char* why, ZtPiece name) {
+  m_Why = why;
+  for (const Frame& frame : m_Frames) m_Path.Push("/", frame.name);
+  if (name.size) m_Path.Push("/", name);
+  return false;
+}

@@ -1,0 +1,139 @@
+// Writes a document that was read, with only that changed which was changed in its tree.
+#ifndef ZTXML_SRC_BINDING_ZTUPDATER_H
+#define ZTXML_SRC_BINDING_ZTUPDATER_H
+
+#include "binding/ZtSourceText.h"
+#include "binding/ZtStandardReader.h"
+#include "binding/ZtStandardWriter.h"
+
+// Reads the source once more, beside the tree. What it finds as the tree has it is copied; where
+// they differ, the tree's is written. The cost is that of reading, whatever has changed.
+class ZtUpdater {
+ public:
+  ZtUpdater(const ZtSourceText& source, ZtBuffer& to);
+  ~ZtUpdater();
+  ZtUpdater(const ZtUpdater&) = delete;
+  ZtUpdater& operator=(const ZtUpdater&) = delete;
+
+  // Appends the document, in UTF-8. False when memory is lacking, or the tree holds something that
+  // cannot be written: Why and Path tell it then.
+  bool Write(XMLElement& root);
+
+  const char* Path() const { return m_Path.Text(); }
+  const char* Why() const { return m_Why; }
+
+ private:
+  using Part = ZtSourceText::Part;
+  static constexpr std::uint32_t kNone = ZtSourceText::kNone;
+
+  // Where a row of an element is at.
+  struct RowState {
+    ZtListNode* node;       // of a list the next one that has no place yet
+    std::uint32_t pending;  // the next of what is new
+    std::uint32_t end;      // after the last of it
+  };
+  // A child that the source does not have, written to m_New.
+  struct Pending {
+    const ZtListNode* node;  // null for one that is not in a list
+    std::size_t from;
+    std::size_t to;
+  };
+  struct Range {
+    std::size_t from;
+    std::size_t to;
+  };
+  // What is read: an element with an object, or one with a text.
+  struct Frame {
+    XMLElement* object = nullptr;  // of a text element its parent's, or the text
+    const ZtElementType* type = nullptr;
+    const ZtField* row = nullptr;  // of a text element
+    ZtSpace space = kZtNoSpace;    // of its children
+    ZtTextRun run;
+    std::uint32_t part = kNone;
+    std::uint32_t slot = kNone;  // the part in whose place it is written
+    std::size_t from = 0;        // of its start tag
+    std::size_t content = 0;     // after its start tag
+    std::size_t last = 0;        // after the last known child, or `content`
+    ZtPiece name = nullptr;      // qualified
+    std::uint64_t taken = 0;     // rows of single children that were read again
+    std::uint32_t rows = 0;      // where its row states begin
+    std::uint32_t pending = 0;
+    std::uint32_t texts = 0;
+    std::size_t fresh = 0;  // the size of m_New outside of it
+    bool isNew = false;     // whether something in it is
+    bool isEmpty = false;   // <a/>, as long as nothing is in it
+    bool isExpanded = false;
+  };
+
+  bool Index();
+  std::uint32_t Slot(const void* object) const;
+  std::uint32_t PartOf(const void* object, std::uint32_t parent, const ZtField& row) const;
+  std::uint32_t PartOf(const Frame& frame, const ZtField& row, const XMLElement& child) const;
+
+  bool Token(ZtToken token);
+  bool StartRoot(XMLElement& root);
+  bool Start();
+  bool StartSingle(const ZtMatch& match);
+  bool StartEntry(const ZtMatch& match);
+  bool Enter(const ZtMatch& match, XMLElement* object, std::uint32_t slot);
+  void Pass(std::uint32_t part);
+  bool Text();
+  bool End();
+  bool EndLeaf(Frame& leaf);
+  bool EndObject(Frame& frame);
+
+  bool Attributes(const Frame& frame);
+  bool KeepPair(const ZtXmlAttribute& attribute);
+  bool NewAttributes(const Frame& frame, std::uint64_t stated);
+  bool NewPair(const zt_AttributeValuePair& pair);
+  bool NewAttribute(ZtPiece name, ZtPiece value);
+  bool ReplaceValue(const ZtXmlAttribute& attribute, ZtPiece text);
+  void RemoveAttribute(const ZtXmlAttribute& attribute);
+
+  bool Prepare(Frame& frame);
+  bool PrepareRow(const Frame& frame, const ZtField& row, RowState& state);
+  bool PrepareChild(const Frame& frame, const ZtField& row, const XMLElement& child,
+                    const ZtListNode* node);
+  bool PrepareText(const Frame& frame, const ZtField& row);
+  bool Prepared(bool written, const ZtStandardWriter& writer, std::size_t from,
+                const ZtListNode* node);
+  void Flush(Frame& frame, const ZtField* until);
+  void FlushRow(Frame& frame, const ZtField& row);
+  bool FlushOne(Frame& frame, const ZtField& row);
+
+  bool OwnWords(Frame& frame, const ZtField& row);
+  bool ReplaceContent(Frame& frame, const ZtField& row, ZtPiece text);
+
+  RowState& StateOf(const Frame& frame, const ZtField& row) {
+    return m_Rows[frame.rows + static_cast<std::uint32_t>(&row - frame.type->children())];
+  }
+  void CopyTo(std::size_t at);
+  void SkipTo(std::size_t at) { m_iCopied = at; }
+  void Remove(std::size_t from, std::size_t to);
+  void OpenContent(Frame& frame);
+  bool Fail(const char* why, ZtPiece name = nullptr);
+
+  const ZtSourceText& m_Source;
+  const ZtPiece m_Text;
+  ZtBuffer& m_To;
+  ZtBuffer m_New;
+  ZtXmlReader m_Xml;
+  char* m_pWork = nullptr;            // the copy that is read
+  std::uint32_t* m_pSlots = nullptr;  // index + 1 of parts by their objects
+  std::uint32_t m_iMask = 0;
+  char* m_pKept = nullptr;  // by part: whether its list still has the object
+  std::uint32_t m_iPart = 0;
+  std::size_t m_iCopied = 0;
+  std::size_t m_iSkipped = 0;
+  std::size_t m_iDropped = 0;  // where the skipped element begins, if it goes
+  bool m_bDrops = false;
+  bool m_bPlain = false;
+  const char* m_Why = nullptr;
+  ZtPath m_Path;
+  ZtSmallArray<Frame, 8> m_Frames;
+  ZtSmallArray<RowState, 16> m_Rows;
+  ZtSmallArray<Pending, 4> m_Pending;
+  ZtSmallArray<Range, 4> m_Texts;
+};
+
+#endif  // ZTXML_SRC_BINDING_ZTUPDATER_H
