@@ -29,8 +29,8 @@ bool ZtUpdater::Attributes(const Frame& frame) {
       continue;
     }
     stated |= ZtRowBit(type, *row);
+    if (ZtHolds(*frame.object, *row, attribute.value)) continue;
     const ZtStated held = ZtHeld(*frame.object, *row);
-    if (ZtParse(*row, attribute.value) == held) continue;
     char buffer[kZtNumberSize];
     if (!held.stated) {
       RemoveAttribute(attribute);
@@ -57,16 +57,18 @@ bool ZtUpdater::SortPairs(const Frame& frame) {
   const ZtField& others = ZtOthersOf(*frame.type);
   const ZtListNode* const head = (frame.object->*others.member.attributes).Head();
   bool isNew = false;
+  std::uint32_t likely = m_iPart;
   m_Pairs.Cut(0);
   m_Declared.Cut(0);
   for (const ZtListNode* node = head; node; node = node->next) {
     const zt_AttributeValuePair* pair = PairIn(node);
     if (!pair) continue;
-    const std::uint32_t part = PartOf(node->data, frame.part, others);
+    const std::uint32_t part = PartOf(frame, others, node->data, likely++);
     const bool isKept = part != kNone && HasName(m_Source.parts[part], pair->getName());
     if (isKept) m_pKept[part] = 1;
     isNew = isNew || !isKept;
   }
+  if (m_bNoMemory) return false;
   if (!isNew) return true;
   bool failed = false;
   m_Names.Clear();
@@ -74,11 +76,12 @@ bool ZtUpdater::SortPairs(const Frame& frame) {
   for (const ZtListNode* node = head; node; node = node->next) {
     if (PairIn(node) && !DeclarePair(*PairIn(node))) return false;
   }
+  likely = m_iPart;
   for (const ZtListNode* node = head; node; node = node->next) {
     const zt_AttributeValuePair* pair = PairIn(node);
     const ZtPiece name = pair ? pair->getName() : nullptr;
     if (!name.size || ZtDeclares(name)) continue;
-    const std::uint32_t part = PartOf(node->data, frame.part, others);
+    const std::uint32_t part = PartOf(frame, others, node->data, likely++);
     const bool isKept = part != kNone && m_pKept[part];
     if (!isKept && !IsBound(*pair)) return false;
     const ZtPiece prefix = ZtPrefixIn(name);
@@ -180,27 +183,32 @@ bool ZtUpdater::KeepPair(const ZtXmlAttribute& attribute) {
 // What the tree has and the tag lacks comes at the tag's end.
 bool ZtUpdater::NewAttributes(const Frame& frame, std::uint64_t stated) {
   const ZtElementType& type = *frame.type;
-  std::size_t end = frame.content - (frame.isEmpty ? 2 : 1);
-  while (ZtIsBlank(m_Text.text[end - 1])) --end;
   for (const ZtField* row = type.begin(); row != type.children(); ++row) {
     if (row->place == ZtPlace::kOtherAttributes || (stated & ZtRowBit(type, *row))) continue;
     char buffer[kZtNumberSize];
     const ZtPiece text = ZtTextOf(*row, ZtHeld(*frame.object, *row), buffer);
     if (!text.text) continue;
-    CopyTo(end);
+    CopyToEnd(frame);
     if (!NewAttribute(nullptr, row->name.Piece(), text)) return Fail(kZtNotXml, row->name.Piece());
   }
   if (!type.rows.keepsAttributes) return true;
   for (const Declaration& declaration : m_Declared) {
-    CopyTo(end);
+    CopyToEnd(frame);
     static_cast<void>(NewAttribute("xmlns:", declaration.prefix, declaration.uri));
   }
   for (const zt_AttributeValuePair* pair : m_Pairs) {
-    CopyTo(end);
+    CopyToEnd(frame);
     const ZtPiece name = pair->getName();
     if (!NewAttribute(nullptr, name, pair->getValue())) return Fail(kZtNotXml, name);
   }
   return true;
+}
+
+// What is new comes before the end of the start tag.
+void ZtUpdater::CopyToEnd(const Frame& frame) {
+  std::size_t end = frame.content - (frame.isEmpty ? 2 : 1);
+  while (end > m_iCopied && ZtIsBlank(m_Text.text[end - 1])) --end;
+  CopyTo(end);
 }
 
 bool ZtUpdater::NewAttribute(ZtPiece prefix, ZtPiece name, ZtPiece value) {
