@@ -12,6 +12,12 @@ bool MayBeRefused(const StrictReading& ours) {
   if (ours.error.fault == ZtXmlFault::kUndefinedEntity) {
     return ours.text.find("<!DOCTYPE") != std::string::npos;
   }
+  // In other encodings than UTF-8, Expat has these letters in names, where XML 1.0 had them not.
+  if (ours.form.encoding != ZtEncoding::kUtf8) {
+    for (const char* letter : {"\xC2\xAA", "\xC2\xB5", "\xC2\xBA"}) {
+      if (ours.text.find(letter) != std::string::npos) return true;
+    }
+  }
   // Expat does not look at the second half of a character beyond U+FFFF.
   const bool isWide =
       ours.form.encoding == ZtEncoding::kUtf16Le || ours.form.encoding == ZtEncoding::kUtf16Be;

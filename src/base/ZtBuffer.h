@@ -17,10 +17,10 @@ class ZtBuffer {
   ZtBuffer& operator=(const ZtBuffer&) = delete;
 
   // Nothing is appended any more once memory was lacking or the text would have passed its limit.
-  void Append(ZtPiece piece) {
-    if (piece.size > m_iCapacity - m_iSize && !Grow(piece.size)) return;
-    if (piece.size) std::memcpy(m_pText + m_iSize, piece.text, piece.size);
-    m_iSize += piece.size;
+  void Append(ZtPiece piece);
+  // Makes room for so many bytes in all, if there is memory.
+  void Reserve(std::size_t size) {
+    if (size > m_iCapacity && size <= m_iLimit) Grow(size - m_iSize);
   }
   void Append(char c) { Append({&c, 1}); }
   void Cut(std::size_t size) { m_iSize = size; }
@@ -32,34 +32,10 @@ class ZtBuffer {
   bool IsTooLong() const { return m_bTooLong; }
 
   // The text with a NUL, which is the caller's to free; null when something could not be appended.
-  char* Take() {
-    Append('\0');
-    if (Failed()) return nullptr;
-    char* const text = m_pText;
-    m_pText = nullptr;
-    m_iSize = m_iCapacity = 0;
-    return text;
-  }
+  char* Take();
 
  private:
-  bool Grow(std::size_t more) {
-    // The NUL at the end is not counted.
-    if (!Failed() && more > m_iLimit + 1 - m_iSize) m_bTooLong = true;
-    if (Failed()) return false;
-    std::size_t capacity = m_iCapacity ? 2 * m_iCapacity : kLeast;
-    if (capacity < m_iSize + more) capacity = m_iSize + more;
-    auto* const text = static_cast<char*>(__malloc(capacity));
-    if (!text) {
-      m_bNoMemory = true;
-      m_iCapacity = m_iSize;  // so that smaller pieces are not appended after a lost one
-      return false;
-    }
-    if (m_iSize) std::memcpy(text, m_pText, m_iSize);
-    __free(m_pText);
-    m_pText = text;
-    m_iCapacity = capacity;
-    return true;
-  }
+  bool Grow(std::size_t more);
 
   static constexpr std::size_t kLeast = 512;
 

@@ -34,6 +34,11 @@ class ZtSmallArray {
     new (static_cast<void*>(m_pItems + m_iSize++)) T(item);
     return true;
   }
+  // Likewise adds a T(), in its place; null without memory.
+  T* AddNew() {
+    if (__builtin_expect(m_iSize == m_iRoom, 0) && !Grow()) return nullptr;
+    return new (static_cast<void*>(m_pItems + m_iSize++)) T();
+  }
   void Cut(std::uint32_t size) { m_iSize = size; }
 
  private:

@@ -171,6 +171,14 @@ ZtStated ZtHeld(const XMLElement& object, const ZtField& row) {
   return {};
 }
 
+bool ZtHolds(const XMLElement& object, const ZtField& row, ZtPiece text) {
+  if (row.value != ZtValue::kText) return ZtParse(row, text) == ZtHeld(object, row);
+  const ZtPiece held = (object.*row.member.text).Piece();
+  if (!row.Is(kZtFreeText)) text = ZtTrimmed(text);
+  if (!held.text || held.size != text.size) return false;
+  return !text.size || ZtSameBytes(held.text, text.text, text.size);
+}
+
 ZtPiece ZtTextOf(const ZtField& row, const ZtStated& value, char* buffer) {
   if (!value.stated) return nullptr;
   if (row.value == ZtValue::kText) return value.text;

@@ -78,6 +78,13 @@ void ZtClear(XMLElement& object, const ZtField& row);
 // Gives a new object the defaults of its schema.
 void ZtSetDefaults(XMLElement& object, const ZtElementType& type);
 
+// Whether a field holds what `text` means in its row.
+bool ZtHolds(const XMLElement& object, const ZtField& row, ZtPiece text);
+// Whether an object is a flag: the library's own class names are told by where they lie.
+inline bool ZtIsFlag(const XMLElement& object) {
+  return object.ClassName() == zt_empty_element_type::kType.className;
+}
+
 // Whether the standard profile writes nothing without it.
 inline bool ZtIsRequired(const ZtField& row) { return row.Is(kZtRequired) || row.Is(kZtMust); }
 

@@ -27,9 +27,8 @@ ZtListNode* HeadOf(const XMLElement& object, const ZtField& row) {
 }  // namespace
 
 bool ZtStandardWriter::IsThere(const XMLElement& child) {
-  const char* className = child.ClassName();
-  if (!ZtIsClass(className, zt_empty_element_type::kType)) return true;
-  return static_cast<const zt_empty_element_type&>(child).getPresentValue() != 0;
+  return !ZtIsFlag(child) ||
+         static_cast<const zt_empty_element_type&>(child).getPresentValue() != 0;
 }
 
 // ---- Documents and parts ------------------------------------------------------------------------

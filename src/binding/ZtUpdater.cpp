@@ -26,7 +26,8 @@ ZtUpdater::~ZtUpdater() {
 
 bool ZtUpdater::Write(XMLElement& root) {
   m_pWork = static_cast<char*>(__malloc(m_Text.size + 1));
-  if (!m_pWork || !Index()) return false;
+  m_pKept = static_cast<char*>(__calloc(m_Source.parts.Size() + 1, 1));
+  if (!m_pWork || !m_pKept) return false;
   std::memcpy(m_pWork, m_Text.text, m_Text.size);
   m_pWork[m_Text.size] = '\0';
   m_Xml.Begin(m_pWork, m_Text.size);
@@ -37,7 +38,7 @@ bool ZtUpdater::Write(XMLElement& root) {
     if (!(isRoot ? StartRoot(root) : Token(token))) return false;
   }
   CopyTo(m_Text.size);
-  return !m_To.Failed() && !m_New.Failed();
+  return !m_To.Failed() && !m_New.Failed() && !m_bNoMemory;
 }
 
 bool ZtUpdater::Token(ZtToken token) {
@@ -63,8 +64,7 @@ bool ZtUpdater::Index() {
   std::uint32_t slots = 16;
   while (slots < 2 * count) slots *= 2;
   m_pSlots = static_cast<std::uint32_t*>(__calloc(slots, sizeof(*m_pSlots)));
-  m_pKept = static_cast<char*>(__calloc(count + 1, 1));
-  if (!m_pSlots || !m_pKept) return false;
+  if (!m_pSlots) return false;
   m_iMask = slots - 1;
   for (std::uint32_t i = 0; i < count; ++i) {
     std::uint32_t at = Slot(m_Source.parts[i].object);
@@ -80,23 +80,30 @@ std::uint32_t ZtUpdater::Slot(const void* object) const {
   return static_cast<std::uint32_t>((address * 0x9E3779B97F4A7C15U) >> 32) & m_iMask;
 }
 
-// The part of an object that is still where it was read: in `row` of the parent; kNone for others.
-std::uint32_t ZtUpdater::PartOf(const void* object, std::uint32_t parent,
-                                const ZtField& row) const {
+// The part of an object that is still where it was read, in `row` of the element; kNone for others.
+// Mostly it is the `likely` one: a table of all is made when one is not.
+std::uint32_t ZtUpdater::PartOf(const Frame& frame, const ZtField& row, const void* object,
+                                std::uint32_t likely) {
+  const auto isIn = [&](const Part& part) { return part.parent == frame.part && part.row == &row; };
+  if (likely < m_Source.parts.Size() && m_Source.parts[likely].object == object) {
+    return isIn(m_Source.parts[likely]) ? likely : kNone;
+  }
+  if (!m_pSlots && !Index()) {
+    m_bNoMemory = true;
+    return kNone;
+  }
   for (std::uint32_t at = Slot(object); m_pSlots[at]; at = (at + 1) & m_iMask) {
     const std::uint32_t index = m_pSlots[at] - 1;
-    const Part& part = m_Source.parts[index];
-    if (part.object != object) continue;
-    return part.parent == parent && part.row == &row ? index : kNone;
+    if (m_Source.parts[index].object == object) return isIn(m_Source.parts[index]) ? index : kNone;
   }
   return kNone;
 }
 
 // Likewise of a child; a flag that has got another name is another element.
-std::uint32_t ZtUpdater::PartOf(const Frame& frame, const ZtField& row,
-                                const XMLElement& child) const {
-  const std::uint32_t index = PartOf(static_cast<const void*>(&child), frame.part, row);
-  if (index == kNone || !ZtIsClass(child.ClassName(), zt_empty_element_type::kType)) return index;
+std::uint32_t ZtUpdater::PartOfChild(const Frame& frame, const ZtField& row,
+                                     const XMLElement& child, std::uint32_t likely) {
+  const std::uint32_t index = PartOf(frame, row, &child, likely);
+  if (index == kNone || !ZtIsFlag(child)) return index;
   const ZtPiece name = static_cast<const zt_empty_element_type&>(child).getValue();
   const char* at = m_Text.text + m_Source.parts[index].from + 1;
   const std::size_t size = std::strcspn(at, " \t\r\n/>");
@@ -155,7 +162,9 @@ bool ZtUpdater::StartSingle(const ZtMatch& match) {
   parent.taken |= bit;
   Flush(parent, &row);
   if (isText) return Enter(match, held, kNone);
-  if (isThere && PartOf(parent, row, *held) == m_iPart) return Enter(match, held, m_iPart);
+  if (isThere && PartOfChild(parent, row, *held, m_iPart) == m_iPart) {
+    return Enter(match, held, m_iPart);
+  }
   // Another one has come in its place, or none.
   const Part& part = m_Source.parts[m_iPart];
   if (isThere) {
@@ -187,7 +196,7 @@ bool ZtUpdater::StartEntry(const ZtMatch& match) {
   }
   RowState& state = StateOf(parent, row);
   auto* const object = static_cast<XMLElement*>(state.node->data);
-  const std::uint32_t index = PartOf(parent, row, *object);
+  const std::uint32_t index = PartOf(parent, row, object, slot);
   state.node = state.node->next;
   if (index == slot) return Enter(match, object, slot);
   // Another one of the source comes here. It is read now, and its own place filled or passed over
@@ -207,7 +216,9 @@ bool ZtUpdater::StartEntry(const ZtMatch& match) {
 // Goes into the element that was started: `slot` is the part in whose place it is written, kNone
 // for one that is no part.
 bool ZtUpdater::Enter(const ZtMatch& match, XMLElement* object, std::uint32_t slot) {
-  Frame frame;
+  Frame* const added = m_Frames.AddNew();
+  if (!added) return false;
+  Frame& frame = *added;
   frame.object = object;
   frame.type = match.type;
   frame.row = match.row;
@@ -222,8 +233,7 @@ bool ZtUpdater::Enter(const ZtMatch& match, XMLElement* object, std::uint32_t sl
   frame.texts = m_Texts.Size();
   frame.fresh = m_New.Size();
   frame.isEmpty = m_Xml.IsEmpty();
-  if (!m_Frames.Add(frame)) return false;
-  return !frame.type || (Prepare(m_Frames.Last()) && Attributes(m_Frames.Last()));
+  return !frame.type || (Prepare(frame) && Attributes(frame));
 }
 
 // Passes over the element that was started.
@@ -271,8 +281,9 @@ bool ZtUpdater::End() {
 bool ZtUpdater::EndLeaf(Frame& leaf) {
   const ZtField& row = *leaf.row;
   const ZtPiece text = leaf.run.IsEmpty() ? ZtPiece("", 0) : leaf.run.Piece();
-  const ZtStated held = row.place == ZtPlace::kTextElement ? ZtHeld(*leaf.object, row)
-                                                           : ZtStated::Text(TextOf(*leaf.object));
+  const bool isField = row.place == ZtPlace::kTextElement;
+  if (isField && ZtHolds(*leaf.object, row, text)) return true;
+  const ZtStated held = isField ? ZtHeld(*leaf.object, row) : ZtStated::Text(TextOf(*leaf.object));
   if (ZtParse(row, text) == held) return true;
   if (!held.stated) {
     Remove(leaf.from, m_Xml.To());
@@ -374,9 +385,10 @@ bool ZtUpdater::Attributes(const Frame& frame) {
   std::uint64_t stated = 0;
   if (type.rows.keepsAttributes) {
     const ZtField& others = ZtOthersOf(type);
+    std::uint32_t likely = m_iPart;
     for (const ZtListNode* node = (frame.object->*others.member.attributes).Head(); node;
          node = node->next) {
-      const std::uint32_t part = PartOf(node->data, frame.part, others);
+      const std::uint32_t part = PartOf(frame, others, node->data, likely++);
       if (part != kNone) m_pKept[part] = 1;
     }
   }
@@ -389,8 +401,8 @@ bool ZtUpdater::Attributes(const Frame& frame) {
       continue;
     }
     stated |= ZtRowBit(type, *row);
+    if (ZtHolds(*frame.object, *row, attribute.value)) continue;
     const ZtStated held = ZtHeld(*frame.object, *row);
-    if (ZtParse(*row, attribute.value) == held) continue;
     char buffer[kZtNumberSize];
     if (!held.stated) {
       RemoveAttribute(attribute);
@@ -425,16 +437,15 @@ bool ZtUpdater::KeepPair(const ZtXmlAttribute& attribute) {
 // What the tree has and the tag lacks comes at the tag's end.
 bool ZtUpdater::NewAttributes(const Frame& frame, std::uint64_t stated) {
   const ZtElementType& type = *frame.type;
-  std::size_t end = frame.content - (frame.isEmpty ? 2 : 1);
-  while (ZtIsBlank(m_Text.text[end - 1])) --end;
   for (const ZtField* row = type.begin(); row != type.children(); ++row) {
     if (row->place == ZtPlace::kOtherAttributes) {
+      std::uint32_t likely = frame.part + 1;
       for (const ZtListNode* node = (frame.object->*row->member.attributes).Head(); node;
            node = node->next) {
-        const std::uint32_t part = PartOf(node->data, frame.part, *row);
+        const std::uint32_t part = PartOf(frame, *row, node->data, likely++);
         if (part != kNone && m_pKept[part]) continue;
         const auto* pair = zt_AttributeValuePair::From(static_cast<XMLAttribute*>(node->data));
-        CopyTo(end);
+        CopyToEnd(frame);
         if (pair && !NewPair(*pair)) return false;
       }
       continue;
@@ -443,10 +454,17 @@ bool ZtUpdater::NewAttributes(const Frame& frame, std::uint64_t stated) {
     char buffer[kZtNumberSize];
     const ZtPiece text = ZtTextOf(*row, ZtHeld(*frame.object, *row), buffer);
     if (!text.text) continue;
-    CopyTo(end);
+    CopyToEnd(frame);
     if (!NewAttribute(row->name.Piece(), text)) return Fail(kZtNotXml, row->name.Piece());
   }
   return true;
+}
+
+// What is new comes before the end of the start tag.
+void ZtUpdater::CopyToEnd(const Frame& frame) {
+  std::size_t end = frame.content - (frame.isEmpty ? 2 : 1);
+  while (end > m_iCopied && ZtIsBlank(m_Text.text[end - 1])) --end;
+  CopyTo(end);
 }
 
 bool ZtUpdater::NewPair(const zt_AttributeValuePair& pair) {
@@ -493,6 +511,12 @@ void ZtUpdater::RemoveAttribute(const ZtXmlAttribute& attribute) {
 // which entries of lists are still there.
 bool ZtUpdater::Prepare(Frame& frame) {
   const ZtElementType& type = *frame.type;
+  const auto& parts = m_Source.parts;
+  m_iLikely = frame.part + 1;
+  while (m_iLikely < parts.Size() && parts[m_iLikely].row &&
+         parts[m_iLikely].row->place == ZtPlace::kOtherAttributes) {
+    ++m_iLikely;
+  }
   for (const ZtField* row = type.children(); row != type.end(); ++row) {
     RowState state = {nullptr, m_Pending.Size(), m_Pending.Size()};
     if (!PrepareRow(frame, *row, state)) return false;
@@ -530,9 +554,10 @@ bool ZtUpdater::PrepareRow(const Frame& frame, const ZtField& row, RowState& sta
 bool ZtUpdater::PrepareChild(const Frame& frame, const ZtField& row, const XMLElement& child,
                              const ZtListNode* node) {
   if (!ZtStandardWriter::IsThere(child)) return true;
-  const std::uint32_t part = PartOf(frame, row, child);
+  const std::uint32_t part = PartOfChild(frame, row, child, m_iLikely);
   if (part != kNone) {
     m_pKept[part] = 1;
+    m_iLikely = m_Source.parts[part].next;
     return true;
   }
   if (row.place == ZtPlace::kTextElements && !TextOf(child).text) return true;
@@ -588,7 +613,8 @@ bool ZtUpdater::FlushOne(Frame& frame, const ZtField& row) {
   // Entries that are not to be written have no place.
   while (isList && state.node && !isNext()) {
     const auto* child = ItemOf(state.node);
-    if (child && PartOf(frame, row, *child) != kNone && ZtStandardWriter::IsThere(*child)) {
+    if (child && PartOfChild(frame, row, *child, m_iPart) != kNone &&
+        ZtStandardWriter::IsThere(*child)) {
       return false;
     }
     state.node = state.node->next;

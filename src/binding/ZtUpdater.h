@@ -67,8 +67,10 @@ class ZtUpdater {
 
   bool Index();
   std::uint32_t Slot(const void* object) const;
-  std::uint32_t PartOf(const void* object, std::uint32_t parent, const ZtField& row) const;
-  std::uint32_t PartOf(const Frame& frame, const ZtField& row, const XMLElement& child) const;
+  std::uint32_t PartOf(const Frame& frame, const ZtField& row, const void* object,
+                       std::uint32_t likely);
+  std::uint32_t PartOfChild(const Frame& frame, const ZtField& row, const XMLElement& child,
+                            std::uint32_t likely);
 
   bool Token(ZtToken token);
   bool StartRoot(XMLElement& root);
@@ -85,6 +87,7 @@ class ZtUpdater {
   bool Attributes(const Frame& frame);
   bool KeepPair(const ZtXmlAttribute& attribute);
   bool NewAttributes(const Frame& frame, std::uint64_t stated);
+  void CopyToEnd(const Frame& frame);
   bool NewPair(const zt_AttributeValuePair& pair);
   bool NewAttribute(ZtPiece name, ZtPiece value);
   bool ReplaceValue(const ZtXmlAttribute& attribute, ZtPiece text);
@@ -119,10 +122,12 @@ class ZtUpdater {
   ZtBuffer m_New;
   ZtXmlReader m_Xml;
   char* m_pWork = nullptr;            // the copy that is read
-  std::uint32_t* m_pSlots = nullptr;  // index + 1 of parts by their objects
+  std::uint32_t* m_pSlots = nullptr;  // index + 1 of parts by their objects, once asked for
   std::uint32_t m_iMask = 0;
   char* m_pKept = nullptr;  // by part: whether its list still has the object
   std::uint32_t m_iPart = 0;
+  std::uint32_t m_iLikely = 0;  // the part that the next child probably is
+  bool m_bNoMemory = false;
   std::size_t m_iCopied = 0;
   std::size_t m_iSkipped = 0;
   std::size_t m_iDropped = 0;  // where the skipped element begins, if it goes

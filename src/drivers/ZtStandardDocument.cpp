@@ -154,6 +154,7 @@ char* ZtMarshaller::Update(XMLElement* root, std::size_t* size) {
     return nullptr;
   }
   ZtBuffer text(m_pContext->settings().mostText);
+  text.Reserve(source->Text().size + 256);  // mostly little is changed
   ZtUpdater updater(*source, text);
   const bool written = updater.Write(*root);
   if (text.IsTooLong()) {
@@ -161,6 +162,10 @@ char* ZtMarshaller::Update(XMLElement* root, std::size_t* size) {
     return nullptr;
   }
   const std::size_t mark = source->form.mark.size;
+  if (written && source->form.encoding == ZtEncoding::kUtf8 && !mark) {
+    if (size) *size = text.Size();
+    return m_pXml = text.Take();
+  }
   const std::size_t bytes = mark + ZtEncodedSize(text.Piece(), source->form.encoding);
   // In UTF-16 the end is marked by a whole character.
   auto* const encoded = written ? static_cast<char*>(__malloc(bytes + 2)) : nullptr;

@@ -319,13 +319,16 @@ ZtTextPlace ZtPlaceFinder::Find(std::size_t offset) {
   return m_Place;
 }
 
+bool ZtPassCharacter(const char*& at, const char* end) {
+  const Character c = Get<ZtEncoding::kUtf8>(at, end);
+  if (!c.isGood || !ZtIsXmlCharacter(c.code)) return false;
+  at += c.size;
+  return true;
+}
+
 bool ZtIsXmlText(ZtPiece utf8) {
   const char* at = utf8.text;
   const char* const end = at + utf8.size;
-  while (at != end) {
-    const Character c = Get<ZtEncoding::kUtf8>(at, end);
-    if (!c.isGood || !ZtIsXmlCharacter(c.code)) return false;
-    at += c.size;
-  }
-  return true;
+  while (at != end && ZtPassCharacter(at, end)) continue;
+  return at == end;
 }

@@ -42,6 +42,8 @@ ZtEncodingFault ZtDecode(ZtPiece input, const ZtTextForm& form, char* to, std::s
 std::size_t ZtEncodedSize(ZtPiece utf8, ZtEncoding encoding);
 char* ZtEncode(ZtPiece utf8, ZtEncoding encoding, char* to);
 
+// Passes one character of UTF-8, before the end; false when it is none that XML allows.
+bool ZtPassCharacter(const char*& at, const char* end);
 // Whether it is UTF-8 that holds nothing but characters that XML allows.
 bool ZtIsXmlText(ZtPiece utf8);
 

@@ -1,5 +1,8 @@
 #include "text/ZtEscape.h"
 
+#include <initializer_list>
+
+#include "base/ZtBytes.h"
 #include "text/ZtCharacters.h"
 #include "text/ZtEncoding.h"
 
@@ -29,6 +32,36 @@ ZtPiece ReferenceTo(char c, char quote) {
   }
 }
 
+// The bytes that may need more than to be copied.
+class Plain {
+ public:
+  constexpr Plain() {
+    for (unsigned c = 0; c < sizeof(m_Is); ++c) m_Is[c] = c >= ' ' && c < 0x80;
+    for (const char c : {'&', '<', '>', '"', '\''}) m_Is[static_cast<unsigned char>(c)] = false;
+  }
+  constexpr bool Has(char c) const { return m_Is[static_cast<unsigned char>(c)]; }
+
+ private:
+  bool m_Is[256] = {};
+};
+constexpr Plain kPlain;
+
+const char* EndOfPlain(const char* at, const char* end) {
+  using SignedBlock = signed char __attribute__((vector_size(16)));
+  for (; ZtHasBlock(at, end); at += sizeof(ZtBlock)) {
+    const auto block = ZtGet<ZtBlock>(at);
+    // The bytes below a blank are those beyond ASCII, too.
+    const auto low =
+        reinterpret_cast<ZtBlock>(reinterpret_cast<SignedBlock>(block) < SignedBlock{} + ' ');
+    const unsigned first =
+        ZtFirst(low | ZtMatches(block, '&') | ZtMatches(block, '<') | ZtMatches(block, '>') |
+                ZtMatches(block, '"') | ZtMatches(block, '\''));
+    if (first < sizeof(block)) return at + first;
+  }
+  while (at != end && kPlain.Has(*at)) ++at;
+  return at;
+}
+
 bool Begins(std::uint32_t c) {
   return c < 0x80 ? (c | 0x20) - 'a' < 26U || c == '_' : ZtBeginsName(c);
 }
@@ -40,17 +73,30 @@ bool Continues(std::uint32_t c) {
 }  // namespace
 
 bool ZtAppendEscaped(ZtBuffer& to, ZtPiece text, char quote) {
-  if (!ZtIsXmlText(text)) return false;
-  std::size_t done = 0;
-  for (std::size_t i = 0; i < text.size; ++i) {
-    if (text.text[i] > '>') continue;  // so are the bytes beyond ASCII where they are not below 0
-    const ZtPiece reference = ReferenceTo(text.text[i], quote);
-    if (!reference.text) continue;
-    to.Append({text.text + done, i - done});
-    to.Append(reference);
-    done = i + 1;
+  const std::size_t size = to.Size();
+  const char* at = text.text;
+  const char* const end = at + text.size;
+  const char* copied = at;
+  while ((at = EndOfPlain(at, end)) != end) {
+    if (static_cast<unsigned char>(*at) >= 0x80) {
+      if (!ZtPassCharacter(at, end)) break;
+      continue;
+    }
+    const char c = *at;
+    if (c < ' ' && !ZtIsBlank(c)) break;
+    const ZtPiece reference = ReferenceTo(c, quote);
+    if (reference.text) {
+      to.Append({copied, static_cast<std::size_t>(at - copied)});
+      to.Append(reference);
+      copied = at + 1;
+    }
+    ++at;
   }
-  to.Append({text.text + done, text.size - done});
+  if (at != end) {
+    to.Cut(size);
+    return false;
+  }
+  to.Append({copied, static_cast<std::size_t>(at - copied)});
   return true;
 }
 

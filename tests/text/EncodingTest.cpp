@@ -119,6 +119,19 @@ TEST(Encodings, AreRefusedWithTheirPlace) {
   }
 }
 
+// A name is one in every encoding, or in none: Expat takes three letters for such in all but UTF-8.
+TEST(Encodings, DoNotChangeWhatNamesAre) {
+  for (const char16_t letter : u"\u00AA\u00B5\u00BA"s) {
+    const std::string narrow = std::string(1, static_cast<char>(letter)) + "/>";
+    const std::string documents[] = {"<\xC2" + narrow, Declared("ISO-8859-1") + "<" + narrow,
+                                     Little(u"<"s + letter + u"/>")};
+    for (const std::string& document : documents) {
+      EXPECT_EQ(StrictReading(document).error.fault, ZtXmlFault::kBadName) << document;
+      EXPECT_EQ(ExpatReading(document).events.accepted, document != documents[0]) << document;
+    }
+  }
+}
+
 // At every distance from the ends of the blocks in which plain text is checked.
 TEST(Encodings, AreCheckedByteByByte) {
   const char* const good[] = {"\x7F",

@@ -188,7 +188,10 @@ TEST(StrictReader, RefusesWhatIsNot) {
       {Fault::kMisplacedDocumentType,
        {"<!DOCTYPE a>^<!DOCTYPE a><a/>", "<a>^<!DOCTYPE a></a>", "<a/>^<!DOCTYPE a>"}},
   };
+  std::set<std::string> sentences;
   for (const auto& row : kTable) {
+    const char* const sentence = ZtFaultText(row.fault);
+    EXPECT_TRUE(sentence && sentences.insert(sentence).second) << row.documents[0];
     for (const char* marked : row.documents) {
       const std::string text = marked;
       const std::size_t at = text.find('^');
