@@ -132,8 +132,8 @@ class Checker {
     std::vector<Failure> faults;
     for (const Loss& loss : losses) {
       if (loss.kind != ZT_LOST_VALUE) continue;
-      faults.push_back({"value", Escape(loss.path) + " has a value that is none of its type",
-                        loss.at});
+      faults.push_back(
+          {"value", Escape(loss.path) + " has a value that is none of its type", loss.at});
     }
     FindMissing(document, tree, losses, faults);
     const auto isBefore = [](const Failure& one, const Failure& other) {

@@ -144,10 +144,7 @@ int Edit(const std::string& path, const std::vector<Change>& changes, const Read
   std::size_t size = 0;
   const char* text = marshaller ? marshaller->Update(tree.root.get(), &size) : nullptr;
   if (!text) {
-    Complain(document.name,
-             tree.schema->writes
-                 ? WhyNotWritten(log)
-                 : std::string("cannot be written: the schema ") + tree.schema->name + " is only read");
+    Complain(document.name, WhyNotWritten(log));
     return kCannotWrite;
   }
   PrintText({text, size});

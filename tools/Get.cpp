@@ -29,8 +29,7 @@ int Print(const Document& document, const Target& target) {
     return kDone;
   }
   const bool isRoot = !target.row;
-  const char* const name =
-      isRoot ? reflect::ElementNameOf(*target.object) : ZtName(target.name);
+  const char* const name = isRoot ? reflect::ElementNameOf(*target.object) : ZtName(target.name);
   return ShowObject(document, {*target.object, target.own}, name);
 }
 

@@ -79,9 +79,7 @@ bool Target::IsScalar() const {
                  row->place == ZtPlace::kOwnText);
 }
 
-bool Target::IsThere() const {
-  return IsScalar() ? ZtHeld(*parent, *row).stated : object || pair;
-}
+bool Target::IsThere() const { return IsScalar() ? ZtHeld(*parent, *row).stated : object || pair; }
 
 Finding PathFinder::Wrong(const std::string& why) {
   m_Why = why;

@@ -22,10 +22,10 @@ struct Step {
 
 /// What a path names. The pointers are the tree's.
 struct Target {
-  XMLElement* parent = nullptr;         ///< null for the root
-  const ZtElementType* type = nullptr;  ///< the parent's rows
-  const ZtField* row = nullptr;         ///< of the parent; null for the root
-  XMLElement* object = nullptr;         ///< the element, or the text in a list; null when absent
+  XMLElement* parent = nullptr;           ///< null for the root
+  const ZtElementType* type = nullptr;    ///< the parent's rows
+  const ZtField* row = nullptr;           ///< of the parent; null for the root
+  XMLElement* object = nullptr;           ///< the element, or the text in a list; null when absent
   zt_AttributeValuePair* pair = nullptr;  ///< another attribute
   const ZtElementType* own = nullptr;     ///< the rows of the element; null for what is a text
   ZtNameId name = XML_STR_ZT_NULL;        ///< of an element
@@ -48,7 +48,9 @@ class PathFinder {
  public:
   /// With `makes` elements on the way that are absent are made.
   PathFinder(const ZtDocument& document, XMLElement& root, bool makes)
-      : m_Root(root), m_RootType(*reflect::StandardRoot(document, root).standard), m_bMakes(makes) {}
+      : m_Root(root),
+        m_RootType(*reflect::StandardRoot(document, root).standard),
+        m_bMakes(makes) {}
 
   Finding Find(const std::string& path, Target& target);
   /// Why the last path was wrong, or what is absent.

@@ -28,8 +28,9 @@ int Write(const Tree& tree, const Document& document, bool inputSound, Log& log)
   const char* text = marshaller ? marshaller->Marshall(tree.root.get()) : nullptr;
   if (!text) {
     Complain(document.name,
-             tree.isStandard ? WhyNotWritten(log)
-                             : "cannot be written: it lacks something required (--log 1 tells what)");
+             tree.isStandard
+                 ? WhyNotWritten(log)
+                 : "cannot be written: it lacks something required (--log 1 tells what)");
     return kCannotWrite;
   }
   PrintText(text);
@@ -62,8 +63,7 @@ int RoundTrip(const Document& document, const Reading& reading, Log& log) {
   Failure failure;
   if (!ReadTree(document, reading, tree, failure)) return Refuse(document.name, failure);
   // What the standard profile reads has no fault.
-  const Verdict verdict =
-      tree.isStandard ? Verdict() : Judge(document, ScopeAround(*tree.schema));
+  const Verdict verdict = tree.isStandard ? Verdict() : Judge(document, ScopeAround(*tree.schema));
   if (FindFault(document, verdict, failure)) Report(document.name, failure);
   if (!tree.schema->writes) {
     Complain(document.name,

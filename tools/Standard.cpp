@@ -70,8 +70,7 @@ bool Takes(const XMLSchemaInfo& schema, const Root& root, bool orNone) {
   reflect::Schema tables;
   if (!reflect::FindSchema(schema.id, tables)) return false;
   const ZtDocument& document = *tables.document;
-  const bool fits =
-      root.space == ZtSpaceOf(document) || (orNone && root.space == kZtNoSpace);
+  const bool fits = root.space == ZtSpaceOf(document) || (orNone && root.space == kZtNoSpace);
   for (const ZtRoot& known : document.roots) {
     if (fits && root.name == ZtName(known.name)) return true;
   }

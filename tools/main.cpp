@@ -23,19 +23,26 @@ What is refused is told as FILE:LINE:COLUMN: STAGE: REASON. Columns count charac
 capture (headers and bodies), parser, root element, schema decoder; of documents that the library
 reads although XML forbids them: well-formedness, namespaces.
 
+The library has two profiles. In the exact one it reads and writes as its peers know it. In the
+standard one (--standard; get and edit always) it does so as XML, its namespaces and the schemas
+have it: also UTF-16, ISO-8859-1, CDATA sections. What it refuses then has the stage encoding,
+well-formedness, namespaces or root element.
+
 Examples:
   ztxml schemas
   ztxml show notify.xml
   ztxml check *.xml
   ztxml diff old.xml new.xml
+  ztxml get notify.xml '/reginfo/registration[1]/@state'
+  ztxml edit --set /simservs/communication-waiting/@active=false simservs.xml
   ztxml namespaces - < notify.xml
   ztxml COMMAND --help
 
 Log levels, on standard error: 1 everything; 2 trace lines and most failures; 3 state changes;
 4 errors.
 
-Exit status: 0 done; 1 a document cannot be read, or "check" finds it faulty; 2 wrong usage; 3 it
-cannot be written, or not as XML. Of several files the highest counts. diff: 0 equal; 1 different; 2 wrong usage, or one cannot be read.)";
+Exit status: 0 done; 1 a document cannot be read, "check" finds it not ok, or what "get" or "edit"
+is asked for is not there; 2 wrong usage; 3 it cannot be written, or not as XML. Of several files the highest counts. diff: 0 equal; 1 different; 2 wrong usage, or one cannot be read.)";
 
 constexpr char kEventsFooter[] = R"(Lines:
   start NAME
@@ -60,7 +67,8 @@ constexpr char kRoundTripFooter[] =
 characters escaped.
 
 Both texts are judged as by "check". A faulty document that the library reads is reported and
-still written; a faulty output, called FILE (output), gives the exit status 3.
+still written; a faulty output, called FILE (output), gives the exit status 3. With --standard a
+faulty document is refused, and the message tells what cannot be written.
 
 Examples:
   ztxml roundtrip notify.xml
@@ -73,7 +81,8 @@ constexpr char kShowFooter[] = R"(Lines, indented by depth:
   NAME = VALUE            a child element of which the text is kept
   (text) = VALUE          the element's own text; (words) for each word of it
 Texts are in quotes and escaped as by "events", enumerations and numbers are not. What is absent is
-not shown. Each of several documents has a line "# FILE" before it.
+not shown: without --standard a number that is 0, too, and of most booleans every text but "true" is
+false; with it, whatever is stated is shown. Each of several documents has a line "# FILE" before it.
 
 With --json each document is one line,
   {"file":NAME,"schema":NAME,"document":OBJECT}
@@ -89,12 +98,23 @@ Examples:
 
 constexpr char kCheckFooter[] =
     R"(Lines: "FILE: ok, SCHEMA" or the reason, then a summary that counts what is ok, refused by the
-library, or faulty: read by the library although it is not well-formed XML with bound prefixes.
+library, or faulty: read by the library although it is not well-formed XML with bound prefixes. With
+--standard there is nothing of that kind.
 
-Exit status: 0 all are ok; 1 some are refused or faulty.
+With --lost what the types do not keep of a document has a line each,
+  FILE:LINE:COLUMN: PATH: WHAT
+where PATH is as "diff" prints it and WHAT is "element not kept", or attribute, text, value. Such a
+document is not ok; the summary counts it as one with losses.
+
+With --strict documents are read in the standard profile, and faulty is also one that lacks what its
+schema, or this library, requires (stage "required": of an element whose start the line tells), or
+that has a number, a boolean or an enumeration with a value that is none of its type (stage "value").
+
+Exit status: 0 all are ok; 1 some are not.
 
 Examples:
   ztxml check *.xml
+  ztxml check --lost --strict notify.xml
   ztxml check --quiet capture/*.txt || echo some are not ok)";
 
 constexpr char kDiffFooter[] =
@@ -190,9 +210,10 @@ class CommandLine {
     AddStandard(m_pCheck);
     m_pCheck->add_flag("-q,--quiet", m_Checks.quiet, "Print only what is not ok");
     m_pCheck->add_flag("--lost", m_Checks.losses, "Also tell what the types do not keep");
-    m_pCheck->add_flag("--strict", m_Checks.strict,
-                       "In the standard profile, also tell what is required and missing, and values "
-                       "that are none of their type");
+    m_pCheck->add_flag(
+        "--strict", m_Checks.strict,
+        "In the standard profile, also tell what is required and missing, and values "
+        "that are none of their type");
     m_pDiff = AddCommand("diff", "Compare two documents", kDiffFooter);
     m_pDiff->add_option("OLD", m_OldPath, "The first document; - is standard input")
         ->option_text(" ")

@@ -37,7 +37,8 @@ struct Release {
   }
 };
 
-// The field of a type that keeps values without a row in the exact profile; `place` tells where they stand.
+// The field of a type that keeps values without a row in the exact profile; `place` tells where
+// they stand.
 std::vector<Field> HiddenField(const ZtElementType& type) {
   if (&type == &zt_string::kType) {
     return {{nullptr, "value", ZtPlace::kOwnText, ZtValue::kText, 0, {}}};
@@ -149,8 +150,7 @@ void FillHidden(const XMLElement& object, const ZtElementType& type, Field& fiel
   if (&type == &zt_string::kType) {
     AddText(static_cast<const zt_string&>(object).getValue(), field);
   } else if (&type == &zt_Simservs::kType) {
-    AddObjects(HeadOf(static_cast<const zt_Simservs&>(object).getServiceListValue()), field,
-               false);
+    AddObjects(HeadOf(static_cast<const zt_Simservs&>(object).getServiceListValue()), field, false);
   } else if (&type == &zt_schema_namespace_retrieval::kType) {
     // The getter is not const because it logs; it changes nothing.
     auto& namespaces = const_cast<zt_schema_namespace_retrieval&>(

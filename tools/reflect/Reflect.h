@@ -22,7 +22,8 @@ namespace reflect {
 /// An object as a profile has it.
 struct Node {
   /// Without a type the exact profile is meant.
-  Node(const XMLElement& o, const ZtElementType* type = nullptr)  // NOLINT(google-explicit-constructor)
+  Node(const XMLElement& o,
+       const ZtElementType* type = nullptr)  // NOLINT(google-explicit-constructor)
       : object(&o), standard(type) {}
 
   const XMLElement* object;
