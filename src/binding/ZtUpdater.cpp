@@ -195,8 +195,10 @@ bool ZtUpdater::StartEntry(const ZtMatch& match) {
     return true;
   }
   RowState& state = StateOf(parent, row);
+  if (m_bNoMemory) return false;
   auto* const object = static_cast<XMLElement*>(state.node->data);
   const std::uint32_t index = PartOf(parent, row, object, slot);
+  if (m_bNoMemory) return false;
   state.node = state.node->next;
   if (index == slot) return Enter(match, object, slot);
   // Another one of the source comes here. It is read now, and its own place filled or passed over

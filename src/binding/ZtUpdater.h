@@ -98,8 +98,8 @@ class ZtUpdater {
   bool IsBound(const zt_AttributeValuePair& pair);
   bool KeepPair(const ZtXmlAttribute& attribute);
   bool NewAttributes(const Frame& frame, std::uint64_t stated);
-  void CopyToEnd(const Frame& frame);
   bool NewAttribute(ZtPiece prefix, ZtPiece name, ZtPiece value);
+  void CopyToEnd(const Frame& frame);
   bool ReplaceValue(const ZtXmlAttribute& attribute, ZtPiece text);
   void RemoveAttribute(const ZtXmlAttribute& attribute);
 

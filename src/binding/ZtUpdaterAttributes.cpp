@@ -57,9 +57,9 @@ bool ZtUpdater::SortPairs(const Frame& frame) {
   const ZtField& others = ZtOthersOf(*frame.type);
   const ZtListNode* const head = (frame.object->*others.member.attributes).Head();
   bool isNew = false;
+  std::uint32_t likely = m_iPart;
   m_Pairs.Cut(0);
   m_Declared.Cut(0);
-  std::uint32_t likely = m_iPart;
   for (const ZtListNode* node = head; node; node = node->next) {
     const zt_AttributeValuePair* pair = PairIn(node);
     if (!pair) continue;
@@ -68,6 +68,7 @@ bool ZtUpdater::SortPairs(const Frame& frame) {
     if (isKept) m_pKept[part] = 1;
     isNew = isNew || !isKept;
   }
+  if (m_bNoMemory) return false;
   if (!isNew) return true;
   bool failed = false;
   m_Names.Clear();
@@ -75,11 +76,12 @@ bool ZtUpdater::SortPairs(const Frame& frame) {
   for (const ZtListNode* node = head; node; node = node->next) {
     if (PairIn(node) && !DeclarePair(*PairIn(node))) return false;
   }
+  likely = m_iPart;
   for (const ZtListNode* node = head; node; node = node->next) {
     const zt_AttributeValuePair* pair = PairIn(node);
     const ZtPiece name = pair ? pair->getName() : nullptr;
     if (!name.size || ZtDeclares(name)) continue;
-    const std::uint32_t part = PartOf(frame, others, node->data, kNone);
+    const std::uint32_t part = PartOf(frame, others, node->data, likely++);
     const bool isKept = part != kNone && m_pKept[part];
     if (!isKept && !IsBound(*pair)) return false;
     const ZtPiece prefix = ZtPrefixIn(name);
