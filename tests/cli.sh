@@ -270,6 +270,186 @@ done
 written 3 '(output):3:10: well-formedness: unexpected "<" in the tag "<cp:rule </ss:communication-diversion>"; something required is missing: "<XML Module>: AddRuleElementToXml Rule ID mandatory"' \
   "$(service cp '' '')"
 
+# ---- The standard profile -----------------------------------------------------------------------
+for document in "$documents"/*.xml; do
+  # One root has a name that XML does not allow, others are fragments with prefixes of another document.
+  case "$document" in
+    */call-waiting-indication.xml | */communication-waiting.xml | */outgoing-communication-barring.xml)
+      expect 1 "$document:" "$ztxml" edit "$document"
+      continue
+      ;;
+  esac
+  expect 0 "" "$ztxml" edit "$document"
+  cmp "$document" "$work/out" || fail "$document is edited without being asked"
+  [[ "$document" == */wap-provisioningdoc.xml || "$document" == */volte-config-info.xml ]] && continue
+  expect 0 "" "$ztxml" roundtrip --standard "$document"
+  mv "$work/out" "$work/once.xml"
+  expect 0 "" "$ztxml" diff --standard "$document" "$work/once.xml"
+done
+# document ENCODING: a document in it, with its mark where that is UTF-16.
+body='<reginfo xmlns="urn:ietf:params:xml:ns:reginfo" version="0" state="full"><registration aor="sip:ä" id="1" state="active"><contact id="c" state="active" event="created" duration-registered="00"><uri><![CDATA[a&b]]></uri></contact><!-- > ä --></registration></reginfo>'
+encoded() { printf '<?xml version="1.0" encoding="%s"?>\n%s\n' "$1" "$body" | iconv -f UTF-8 -t "$1"; }
+encoded ISO-8859-1 >"$work/latin.xml"
+encoded UTF-16 >"$work/utf16.xml"
+{ printf '\357\273\277' && encoded UTF-8; } >"$work/mark.xml"
+for form in latin utf16 mark; do
+  expect 0 "" "$ztxml" show --standard "$work/$form.xml"
+  prints 'reginfo : zt_reginfo
+  @version = 0
+  @state = full
+  registration : zt_registration
+    @aor = "sip:ä"
+    @id = "1"
+    @state = active
+    contact : zt_ns_reginfo_contact
+      @state = active
+      @event = created
+      @duration-registered = 0
+      @id = "c"
+      uri = "a&b"'
+  expect 0 "" "$ztxml" edit "$work/$form.xml"
+  cmp "$work/$form.xml" "$work/out" || fail "$form.xml is edited without being asked"
+  # One value changes, in the document's encoding, and comes back.
+  expect 0 "" "$ztxml" edit --set '/reginfo/registration/@aor=sip:€ü' "$work/$form.xml"
+  mv "$work/out" "$work/changed.xml"
+  expect 1 "" "$ztxml" diff --standard "$work/$form.xml" "$work/changed.xml"
+  prints '~ /reginfo/registration[1]/@aor: "sip:ä" -> "sip:€ü"'
+  expect 0 "" "$ztxml" edit --set '/reginfo/registration[1]/@aor=sip:ä' "$work/changed.xml"
+  cmp "$work/$form.xml" "$work/out" || fail "$form.xml is not what it was"
+done
+expect 1 ":1:39: namespaces" "$ztxml" show --standard - <<<'<reginfo version="0" state="full"><a><x:b/></a></reginfo>'
+expect 1 ":1:11: well-formedness" "$ztxml" edit - <<<'<reginfo a></reginfo>'
+expect 1 ":1:31: encoding" "$ztxml" get - / <<<'<?xml version="1.0" encoding="x-none"?><a/>'
+expect 1 'root element: no schema has the root element "reginfo" in the namespace "urn:x"' \
+  "$ztxml" show --standard - <<<'<reginfo xmlns="urn:x"/>'
+expect 1 'root element: "reginfo" in no namespace is not a root element of the schema Gruu' \
+  "$ztxml" show --standard --schema gruu - <<<'<reginfo/>'
+expect 3 "/reginfo/@state cannot be written: a required value is missing" \
+  "$ztxml" roundtrip --standard - <<<'<reginfo version="1"/>'
+# Neither long nor deep documents are cut when they are written.
+{ printf '<resource-lists xmlns="urn:ietf:params:xml:ns:resource-lists">' && printf '<list>%.0s' {1..5000} &&
+  printf '</list>%.0s' {1..5000} && printf '</resource-lists>'; } >"$work/deep.xml"
+expect 0 "" "$ztxml" edit --set '/resource-lists/list/@name=a' "$work/deep.xml"
+sed -e 's/<list>/<list name="a">/' "$work/deep.xml" | cmp - "$work/out" || fail "a deep document"
+expect 0 "" "$ztxml" check --strict --lost "$work/deep.xml"
+expect 2 "more than 200 objects within each other" "$ztxml" diff --standard "$work/deep.xml" "$work/deep.xml"
+
+# gets STATUS TEXT PATH: what is in the services at PATH; TEXT is the value or the message.
+services="$documents/simservs.xml"
+gets() {
+  if [[ "$1" == 0 ]]; then
+    expect 0 "" "$ztxml" get "$services" "$3" && prints "$2"
+  else
+    expect "$1" "$2" "$ztxml" get "$services" "$3"
+  fi
+}
+diversion=/simservs/communication-diversion
+gets 0 true "$diversion/@active"
+gets 0 25 "$diversion[1]/NoReplyTimer"
+gets 0 25 "$diversion/NoReplyTimer/(text)"
+gets 0 sip:second@example.com "$diversion/ruleset/rule/actions/forward-to/target"
+gets 0 'conditions : zt_ns_common_policy_conditionsType
+  busy : zt_empty_element_type' "$diversion/ruleset/rule[1]/conditions"
+gets 1 "$diversion/ruleset/rule[2] is not there" "$diversion/ruleset/rule[2]/@id"
+gets 1 "conditions/anonymous is not there" "$diversion/ruleset/rule/conditions/anonymous"
+gets 2 "there is no element \"NoReplyTime\" in $diversion" "$diversion/NoReplyTime"
+gets 2 'there is no attribute "ID" in' "$diversion/ruleset/rule/@ID"
+gets 2 "has no words of its own" "$diversion/(words)"
+gets 2 "nothing can be below" "$diversion/@active/x"
+gets 2 "the root is /simservs" /reginfo
+gets 2 'is no path: "@active[0]"' "$diversion/@active[0]"
+gets 2 "is no path" "simservs"
+LC_ALL=C sed -e 's/ x="[^"]*"/ xmlns:q="urn:q" q:x="1"/' "$work/conference.xml" >"$work/others.xml"
+expect 0 "" "$ztxml" get "$work/others.xml" '/conference-info/conference-description/keywords/(words)[2]'
+prints b
+expect 2 "/conference-info/users/user: which of 2, [1] to [2]?" "$ztxml" get "$work/others.xml" /conference-info/users/user
+expect 0 "" "$ztxml" get "$work/notify.txt" /reginfo/@version
+
+# edits EXPECTED OPTION...: the lines of the services that an edit changes, as diff prints them.
+edits() {
+  expect 0 "" "$ztxml" edit "${@:2}" "$services"
+  diff "$services" "$work/out" | grep '^[<>]' >"$work/lines"
+  [[ "$(cat "$work/lines")" == "$1" ]] || fail "edit ${*:2}: $(cat "$work/lines")"
+}
+rule="$diversion/ruleset/rule"
+edits '<     <NoReplyTimer>25</NoReplyTimer>
+>     <NoReplyTimer>20</NoReplyTimer>' --set "$diversion/NoReplyTimer=20"
+edits '<   <outgoing-communication-barring active="false"/>
+>   <outgoing-communication-barring/>' --remove /simservs/outgoing-communication-barring/@active
+edits '<   <communication-waiting active="true"/>' --remove /simservs/communication-waiting
+edits '<         <cp:conditions><busy/></cp:conditions>
+>         <cp:conditions><busy/><media>audio</media><media>a&lt;&amp;</media></cp:conditions>' \
+  --set "$rule/conditions/media=audio" --set "$rule/conditions/media[2]=a<&"
+expect 0 "" "$ztxml" edit --set '/wap-provisioningdoc/characteristic[1]/parm[1]/@value=x' "$documents/wap-provisioningdoc.xml"
+diff "$documents/wap-provisioningdoc.xml" "$work/out" | grep -c '^[<>]' >"$work/lines"
+[[ "$(cat "$work/lines")" == 2 ]] || fail "a schema that is only read: $(cat "$work/out")"
+# In the order given: the first rule is another one once the old one has gone.
+edits '<     <cp:ruleset>
+<       <cp:rule id="busy">
+<         <cp:conditions><busy/></cp:conditions>
+<         <cp:actions>
+<           <forward-to><target>sip:second@example.com</target></forward-to>
+<         </cp:actions>
+<       </cp:rule>
+>     <cp:ruleset><cp:rule id="late"><cp:conditions><no-answer/></cp:conditions></cp:rule>' \
+  --set "$rule[2]/@id=new" --remove "$rule[1]" --set "$rule[1]/conditions/no-answer" --set "$rule/@id=late"
+# refuses STATUS MESSAGE OPTION...: and nothing is written.
+refuses() {
+  expect "$1" "$2" "$ztxml" edit "${@:3}" "$services"
+  [[ ! -s "$work/out" ]] || fail "edit ${*:3} writes: $(cat "$work/out")"
+}
+refuses 2 '"4" is no number from 5 to 180' --set "$diversion/NoReplyTimer=4"
+refuses 2 '"yes" is none of "false", "true"' --set "$diversion/@active=yes"
+refuses 2 'there is no element "rules"' --set "$diversion/rules/@id=1"
+refuses 2 "no such attribute is there, and none can be made" --set "$diversion/@x:y=1"
+refuses 2 "rule[3] is not there, and cannot be made" --set "$rule[3]/@id=1"
+refuses 2 "an element without a text of its own" --set "$rule/conditions/busy=1"
+refuses 2 "lacks its =VALUE" --set "$rule/@id"
+refuses 2 "no text that XML allows" --set "$rule/@id="$'\1'
+refuses 2 "a document has a root" --remove /simservs
+refuses 1 "conditions/anonymous is not there" --remove "$rule/conditions/anonymous"
+refuses 3 "a required value is missing" --set "$rule[2]/conditions"
+expect 2 '"-1" is no number from 0 to 4294967295' "$ztxml" edit --set /reginfo/@version=-1 "$documents/reginfo.xml"
+# Attributes of unknown names, words, captured messages.
+expect 0 "" "$ztxml" edit --set '/conference-info/@q:x="' --remove '/conference-info/conference-description/keywords/(words)[1]' \
+  --set '/conference-info/conference-description/keywords/(words)[2]=c' "$work/others.xml"
+sed -e 's/q:x="1"/q:x="\&quot;"/' -e 's/a b</b c</' "$work/others.xml" | cmp - "$work/out" || fail "$(cat "$work/out")"
+expect 2 '"b c" is not one word' "$ztxml" edit --set '/conference-info/conference-description/keywords/(words)[2]=b c' "$work/others.xml"
+expect 0 "" "$ztxml" edit --remove '/conference-info/@q:x' "$work/others.xml"
+sed -e 's/ q:x="1"//' "$work/others.xml" | cmp - "$work/out" || fail "$(cat "$work/out")"
+expect 0 "" "$ztxml" edit --set /reginfo/@version=7 "$work/notify.txt"
+tr -d '\n' <"$documents/reginfo.xml" | sed -e 's/ version="[0-9]*" / version="7" /' | cmp - "$work/out" || fail "$(cat "$work/out")"
+expect 1 "3 XML bodies, of which only one can be edited" "$ztxml" edit "$work/multipart.txt"
+
+# Losses, with their places in the file, and what a schema requires.
+lossy='<reginfo xmlns="urn:ietf:params:xml:ns:reginfo" version="x" a="1">
+<y/>t<registration aor="a" id="1" state="lost"><!-- ä --><z/></registration><registration/></reginfo>'
+printf 'c: application/reginfo+xml\n\n%s' "$lossy" >"$work/lossy.txt"
+losses="$work/lossy.txt:3:58: /reginfo/@version: value not kept: it is none of its type
+$work/lossy.txt:3:61: /reginfo/@a: attribute not kept
+$work/lossy.txt:4:1: /reginfo/y: element not kept
+$work/lossy.txt:4:5: /reginfo/(text): text not kept
+$work/lossy.txt:4:42: /reginfo/registration[1]/@state: value not kept: it is none of its type
+$work/lossy.txt:4:58: /reginfo/registration[1]/z: element not kept
+documents: 0 ok, 0 refused, 0 faulty, 1 with losses"
+for profile in "" --standard; do
+  expect 1 "" "$ztxml" check --lost $profile "$work/lossy.txt"
+  prints "$losses"
+done
+expect 1 "" "$ztxml" check --strict --quiet "$work/lossy.txt" "$work/utf16.xml"
+prints "$work/lossy.txt:3:1: required: /reginfo/@state is missing
+$work/lossy.txt:3:58: value: /reginfo/@version has a value that is none of its type
+$work/lossy.txt:4:42: value: /reginfo/registration[1]/@state has a value that is none of its type
+$work/lossy.txt:4:77: required: /reginfo/registration[2]/@aor is missing
+$work/lossy.txt:4:77: required: /reginfo/registration[2]/@id is missing
+$work/lossy.txt:4:77: required: /reginfo/registration[2]/@state is missing
+documents: 1 ok, 0 refused, 1 faulty"
+expect 0 "" "$ztxml" check --lost --strict "$work/utf16.xml"
+prints "$work/utf16.xml: ok, Reginfo
+documents: 1 ok, 0 refused, 0 faulty, 0 with losses"
+expect 1 "" "$ztxml" check --strict - <<<'<reginfo a="1" a="2"/>'
+grep -q ':1:16: well-formedness: ' "$work/out" || fail "$(cat "$work/out")"
+
 # ---- Completion ---------------------------------------------------------------------------------
 # completes EXPECTED WORD...: what is offered for the last word.
 completes() {
@@ -279,7 +459,9 @@ completes() {
   [[ "$got" == "$expected" ]] || fail "completion of '${*:2}': $got"
 }
 completes "show schemas" s
-completes "--schema" show --s
+completes "--schema --standard" show --s
+completes "--schema --set" edit --s
+completes "" edit --remove "$work/sma"
 completes "--quiet" check --q
 completes "Presence" check --schema pres
 completes "VolteConfigInfo" show --schema = V

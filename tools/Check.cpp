@@ -1,4 +1,5 @@
 // ztxml check: reads many documents and tells which are refused or faulty.
+#include <algorithm>
 #include <chrono>
 #include <iostream>
 #include <string>
@@ -7,6 +8,7 @@
 #include "Commands.h"
 #include "Judge.h"
 #include "Read.h"
+#include "Strict.h"
 #include "Text.h"
 
 namespace {
@@ -51,49 +53,104 @@ class ProgressBar {
   std::size_t m_iDrawn = 0;  // characters of the bar that stands on the terminal
 };
 
+const char* NameOf(eZtLoss kind) {
+  switch (kind) {
+    case ZT_LOST_ELEMENT:
+      return "element not kept";
+    case ZT_LOST_ATTRIBUTE:
+      return "attribute not kept";
+    case ZT_LOST_TEXT:
+      return "text not kept";
+    case ZT_LOST_VALUE:
+      return "value not kept: it is none of its type";
+  }
+  return "";
+}
+
 class Checker {
  public:
-  Checker(std::size_t files, const XMLSchemaInfo* schema, bool quiet)
-      : m_pSchema(schema), m_bQuiet(quiet), m_Progress(files, !quiet) {}
+  Checker(std::size_t files, const Reading& reading, const Checks& checks)
+      : m_Reading(reading), m_Checks(checks), m_Progress(files, !checks.quiet) {}
 
   void CheckFile(const std::string& path) {
     m_Progress.Update(m_iFiles++);
     std::vector<Document> documents;
     Failure failure;
-    const bool opened = ReadDocuments(path, documents, failure);
+    const bool opened = ReadDocuments(path, m_Reading.isStandard, documents, failure);
     for (const Document& document : documents) CheckDocument(document);
     if (!opened) Refuse(NameOfInput(path), failure);
   }
   int Summary() {
     m_Progress.Clear();
-    if (!m_bQuiet || m_iRefused || m_iFaulty) {
+    const bool allSound = !m_iRefused && !m_iFaulty && !m_iLossy;
+    if (!m_Checks.quiet || !allSound) {
       std::cout << "documents: " << m_iSound << " ok, " << m_iRefused << " refused, " << m_iFaulty
-                << " faulty\n";
+                << " faulty";
+      if (m_Checks.losses) std::cout << ", " << m_iLossy << " with losses";
+      std::cout << '\n';
     }
-    return m_iRefused || m_iFaulty ? kCannotRead : kDone;
+    return allSound ? kDone : kCannotRead;
   }
 
  private:
   void CheckDocument(const Document& document) {
+    std::vector<Loss> losses;
+    Reading reading = m_Reading;
+    if (m_Checks.losses || m_Checks.strict) reading.losses = &losses;
+    reading.keepsSource = m_Checks.strict;
     Tree tree;
     Failure failure;
-    const bool read = ReadTree(document, m_pSchema, tree, failure);
+    const bool read = ReadTree(document, reading, tree, failure);
     if (!read) Refuse(document.name, failure);
-    const Verdict verdict = Judge(document, read ? ScopeAround(*tree.schema) : Scope());
-    Failure fault;
-    if (!FindFault(document, verdict, fault)) {
-      if (read) Accept(document, *tree.schema, verdict);
-    } else if (read || !(fault.at == failure.at)) {
-      m_iFaulty += read;
-      Print(document.name, fault);
+    if (m_Checks.losses) Tell(document, losses);
+    bool isFaulty = false;
+    Verdict verdict;
+    if (read && m_Checks.strict) isFaulty = IsFaulty(document, tree, losses);
+    if (!m_Reading.isStandard) {
+      verdict = Judge(document, read ? ScopeAround(*tree.schema) : Scope());
+      Failure fault;
+      isFaulty = FindFault(document, verdict, fault);
+      if (isFaulty && (read || !(fault.at == failure.at))) Print(document.name, fault);
     }
+    if (!read) return;
+    if (isFaulty) {
+      ++m_iFaulty;
+    } else if (!m_Checks.losses || losses.empty()) {
+      Accept(document, *tree.schema, verdict);
+    }
+  }
+  void Tell(const Document& document, const std::vector<Loss>& losses) {
+    m_iLossy += !losses.empty();
+    for (const Loss& loss : losses) {
+      m_Progress.Clear();
+      std::cout << Escape(document.name) << ':' << ToString(loss.at) << ": " << Escape(loss.path)
+                << ": " << NameOf(loss.kind) << '\n';
+    }
+  }
+  // Tells values that are none of their types, and what is missing.
+  bool IsFaulty(const Document& document, const Tree& tree, const std::vector<Loss>& losses) {
+    std::vector<Failure> faults;
+    for (const Loss& loss : losses) {
+      if (loss.kind != ZT_LOST_VALUE) continue;
+      faults.push_back(
+          {"value", Escape(loss.path) + " has a value that is none of its type", loss.at});
+    }
+    FindMissing(document, tree, losses, faults);
+    const auto isBefore = [](const Failure& one, const Failure& other) {
+      return one.at.line != other.at.line ? one.at.line < other.at.line
+                                          : one.at.column < other.at.column;
+    };
+    std::stable_sort(faults.begin(), faults.end(), isBefore);
+    for (const Failure& fault : faults) Print(document.name, fault);
+    return !faults.empty();
   }
   void Accept(const Document& document, const XMLSchemaInfo& schema, const Verdict& verdict) {
     ++m_iSound;
-    if (m_bQuiet) return;
+    if (m_Checks.quiet) return;
     std::cout << Escape(document.name) << ": ok, " << schema.name;
     if (!verdict.oddRoot.empty()) std::cout << " (" << OddRoot(verdict.oddRoot) << ')';
-    if (const Fault unbound = Judge(document).unbound) {
+    const Fault unbound = m_Reading.isStandard ? Fault() : Judge(document).unbound;
+    if (unbound) {
       std::cout << " (" << unbound.what << ": that is for the document around the service)";
     }
     std::cout << '\n';
@@ -107,19 +164,20 @@ class Checker {
     std::cout << Describe(name, failure) << '\n';
   }
 
-  const XMLSchemaInfo* m_pSchema;
-  bool m_bQuiet;
+  const Reading m_Reading;
+  const Checks m_Checks;
   ProgressBar m_Progress;
   std::size_t m_iFiles = 0;
   std::size_t m_iSound = 0;
   std::size_t m_iRefused = 0;
-  std::size_t m_iFaulty = 0;  // read, but faulty as XML
+  std::size_t m_iFaulty = 0;  // read, but faulty as XML, or by its schema
+  std::size_t m_iLossy = 0;
 };
 
 }  // namespace
 
-int Check(const std::vector<std::string>& paths, const XMLSchemaInfo* schema, bool quiet) {
-  Checker checker(paths.size(), schema, quiet);
+int Check(const std::vector<std::string>& paths, const Reading& reading, const Checks& checks) {
+  Checker checker(paths.size(), reading, checks);
   for (const std::string& path : paths) checker.CheckFile(path);
   return checker.Summary();
 }

@@ -7,25 +7,52 @@
 
 #include "Document.h"
 #include "Log.h"
-#include "XMLFactory.h"
-
-// A null `schema` is chosen by the document's content type or root element.
+#include "Read.h"
 
 int PrintSchemas();
 int PrintEvents(const Document& document);
 int PrintNamespaces(const Document& document);
-/// Reads and writes the document, and judges both texts.
-int RoundTrip(const Document& document, const XMLSchemaInfo* schema, Log& log);
+/// Reads and writes the document, and judges both texts; what the standard profile reads has been
+/// judged.
+int RoundTrip(const Document& document, const Reading& reading, Log& log);
 /// Prints the tree of objects.
-int Show(const Document& document, const XMLSchemaInfo* schema);
+int Show(const Document& document, const Reading& reading);
+/// Prints the tree of one object, which is called `name`.
+int ShowObject(const Document& document, const reflect::Node& object, const char* name);
 /// Prints the tree as one line of JSON, also for a document that cannot be read.
-int ShowJson(const Document& document, const XMLSchemaInfo* schema);
+int ShowJson(const Document& document, const Reading& reading);
 /// Prints the line of JSON for a file that gave no document.
 void PrintJson(const std::string& name, const Failure& failure);
-/// Reads and judges every document of the files: a line for each, unless `quiet` only for those
-/// that are refused or faulty, and a summary.
-int Check(const std::vector<std::string>& paths, const XMLSchemaInfo* schema, bool quiet);
+
+/// What is checked, and how it is told.
+struct Checks {
+  bool losses = false;  ///< what the types do not keep
+  bool strict = false;  ///< what is required, and values; asks for the standard profile
+  bool quiet = false;   ///< only what is not ok has a line
+};
+/// Reads and judges every document of the files: a line for each, and one for each fault; and a
+/// summary.
+int Check(const std::vector<std::string>& paths, const Reading& reading, const Checks& checks);
+
 /// Compares two documents as trees of objects. 0: equal, 1: different, 2: one cannot be read.
-int Diff(const std::string& oldPath, const std::string& newPath, const XMLSchemaInfo* schema);
+int Diff(const std::string& oldPath, const std::string& newPath, const Reading& reading);
+
+/// Prints what is at `path` in the document of `file`, read in the standard profile. kCannotRead
+/// when nothing is there, kUsage when nothing can be.
+int Get(const std::string& file, const std::string& path, const Reading& reading);
+
+/// Something to be done to a document.
+struct Change {
+  enum class Kind { kSet, kRemove };
+
+  Kind kind = Kind::kSet;
+  std::string path;
+  std::string value;
+  bool hasValue = false;
+};
+/// Prints the document of the file `path` with the changes, made in their order. kCannotRead when
+/// what is to be removed is not there, kUsage for a change that cannot be.
+int Edit(const std::string& path, const std::vector<Change>& changes, const Reading& reading,
+         Log& log);
 
 #endif  // ZTXML_TOOLS_COMMANDS_H

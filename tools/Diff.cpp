@@ -16,6 +16,7 @@
 
 using reflect::Field;
 using reflect::Item;
+using reflect::Node;
 
 namespace {
 
@@ -45,13 +46,14 @@ class Numbers {
 // A number for each object, equal for equal trees.
 class Contents {
  public:
-  // A tree that was read is no deeper than the decoder's stack.
-  std::size_t Of(const XMLElement& object) {
+  // The tree is no deeper than Walk goes.
+  std::size_t Of(const Node& node) {
+    const XMLElement& object = *node.object;
     const auto known = m_Objects.find(&object);
     if (known != m_Objects.end()) return known->second;
     std::string text = reflect::TypeOf(object).className;
     Append(reflect::ElementNameOf(object), text);
-    for (const Field& field : reflect::FieldsOf(object)) {
+    for (const Field& field : reflect::FieldsOf(node)) {
       text += '|';
       if (field.HoldsAttributes()) {
         for (const auto& [name, value] : AttributesOf(field)) {
@@ -67,7 +69,7 @@ class Contents {
     return number;
   }
   std::size_t Of(const Field& field, const Item& item) {
-    if (item.object) return Of(*item.object);
+    if (item.object) return Of(item.AsNode());
     return m_Numbers.Of(item.text ? '"' + std::string(item.text) : std::to_string(field.number));
   }
 
@@ -106,7 +108,7 @@ struct Key {
   std::string shown;
 };
 
-Key KeyOf(const XMLElement& object) {
+Key KeyOf(const Node& object) {
   constexpr std::string_view kKeys[] = {"id", "entity", "uri", "aor", "name", "ref", "type", "cid"};
   Key key;
   std::size_t best = std::size(kKeys);
@@ -126,10 +128,7 @@ Key KeyOf(const XMLElement& object) {
 std::string NameIn(const Field& field, const Item& item) {
   if (field.place == ZtPlace::kOwnText) return "(text)";
   if (field.place == ZtPlace::kOwnWords) return "(words)";
-  const char* name = field.name    ? field.name
-                     : item.object ? reflect::ElementNameOf(*item.object)
-                                   : OrEmpty(item.name);
-  return (reflect::IsAttribute(field) ? "@" : "") + Escape(name);
+  return (reflect::IsAttribute(field) ? "@" : "") + Escape(OrEmpty(reflect::NameOf(field, item)));
 }
 
 // The names of the entries of a list, each with its place among the entries of equal name.
@@ -149,13 +148,14 @@ std::vector<std::string> NamesIn(const Field& field) {
 class Comparer {
  public:
   // Returns whether they are equal.
-  bool Compare(const XMLElement& before, const XMLElement& after) {
-    const std::string path = '/' + std::string(reflect::ElementNameOf(before));
-    if (&reflect::TypeOf(before) == &reflect::TypeOf(after)) {
+  bool Compare(const Node& before, const Node& after) {
+    const std::string path = '/' + std::string(reflect::ElementNameOf(*before.object));
+    const ZtElementType& old = reflect::TypeOf(*before.object);
+    const ZtElementType& now = reflect::TypeOf(*after.object);
+    if (&old == &now) {
       CompareObjects(before, after, path);
     } else {
-      Line('~', path) << " : " << reflect::TypeOf(before).className << " -> "
-                      << reflect::TypeOf(after).className << '\n';
+      Line('~', path) << " : " << old.className << " -> " << now.className << '\n';
     }
     return m_bEqual;
   }
@@ -170,14 +170,14 @@ class Comparer {
   void Single(char sign, const std::string& path, const Field& field, const Item& item) {
     std::ostream& line = Line(sign, path);
     if (item.object) {
-      line << " : " << reflect::TypeOf(*item.object).className << KeyOf(*item.object).shown;
+      line << " : " << reflect::TypeOf(*item.object).className << KeyOf(item.AsNode()).shown;
     } else {
       line << " = " << ValueOf(field, item);
     }
     line << '\n';
   }
 
-  void CompareObjects(const XMLElement& before, const XMLElement& after, const std::string& path) {
+  void CompareObjects(const Node& before, const Node& after, const std::string& path) {
     if (m_Contents.Of(before) == m_Contents.Of(after)) return;
     const std::vector<Field> old = reflect::FieldsOf(before);
     const std::vector<Field> now = reflect::FieldsOf(after);
@@ -196,13 +196,15 @@ class Comparer {
     if (!before.object || !after.object) return true;
     return &reflect::TypeOf(*before.object) == &reflect::TypeOf(*after.object) &&
            NameIn(old, before) == NameIn(now, after) &&
-           (!old.IsRepeated() || KeyOf(*before.object).text == KeyOf(*after.object).text);
+           (!old.IsRepeated() || KeyOf(before.AsNode()).text == KeyOf(after.AsNode()).text);
   }
 
   void CompareItems(const Field& old, const Item& before, const Field& now, const Item& after,
                     const std::string& path) {
     if (m_Contents.Of(old, before) == m_Contents.Of(now, after)) return;
-    if (before.object && after.object) return CompareObjects(*before.object, *after.object, path);
+    if (before.object && after.object) {
+      return CompareObjects(before.AsNode(), after.AsNode(), path);
+    }
     const bool texts = old.value == ZtValue::kText && before.text && after.text;
     Line('~', path) << ": "
                     << (texts ? ChangeOf(before.text, after.text)
@@ -213,7 +215,7 @@ class Comparer {
   std::vector<AlignEntry> Entries(const Field& field) {
     std::vector<AlignEntry> entries;
     for (const Item& item : field.items) {
-      const std::string key = item.object ? KeyOf(*item.object).text : "";
+      const std::string key = item.object ? KeyOf(item.AsNode()).text : "";
       entries.push_back({m_Contents.Of(field, item), m_Keys.Of(NameIn(field, item) + ' ' + key)});
     }
     return entries;
@@ -265,28 +267,36 @@ class Comparer {
   bool m_bEqual = true;
 };
 
-bool ReadOne(const std::string& path, const XMLSchemaInfo* schema, Tree& tree) {
-  std::vector<Document> documents;
+// Goes through a tree to tell how deep it is.
+class Depth : public reflect::Visitor {
+ public:
+  bool Enter(const XMLElement& /*object*/, const char* /*name*/, const Field* /*in*/) override {
+    return true;
+  }
+  void Begin(const Field& /*field*/) override {}
+  void End(const Field& /*field*/) override {}
+  void Leave(const XMLElement& /*object*/) override {}
+};
+
+bool ReadOne(const std::string& path, const Reading& reading, Tree& tree) {
+  Document document;
+  if (!ReadOneDocument(path, reading.isStandard, "compared", document)) return false;
   Failure failure;
-  if (!ReadDocuments(path, documents, failure)) {
-    Refuse(NameOfInput(path), failure);
+  Depth depth;
+  if (!ReadTree(document, reading, tree, failure)) {
+    Refuse(document.name, failure);
     return false;
   }
-  if (documents.size() > 1) {
-    Refuse(NameOfInput(path), {"capture", std::to_string(documents.size()) +
-                                              " XML bodies, of which only one can be compared"});
-    return false;
-  }
-  if (ReadTree(documents[0], schema, tree, failure)) return true;
-  Refuse(documents[0].name, failure);
+  if (reflect::Walk(tree.Root(), depth)) return true;
+  Refuse(document.name, {"tree", "more than 200 objects within each other"});
   return false;
 }
 
 }  // namespace
 
-int Diff(const std::string& oldPath, const std::string& newPath, const XMLSchemaInfo* schema) {
+int Diff(const std::string& oldPath, const std::string& newPath, const Reading& reading) {
   Tree before;
   Tree after;
-  if (!ReadOne(oldPath, schema, before) || !ReadOne(newPath, schema, after)) return kTrouble;
-  return Comparer().Compare(*before.root, *after.root) ? 0 : 1;
+  if (!ReadOne(oldPath, reading, before) || !ReadOne(newPath, reading, after)) return kTrouble;
+  return Comparer().Compare(before.Root(), after.Root()) ? 0 : 1;
 }

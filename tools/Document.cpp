@@ -2,49 +2,34 @@
 
 #include <algorithm>
 #include <climits>
-#include <cstring>
 #include <filesystem>
+#include <fstream>
 #include <iostream>
 #include <iterator>
 #include <system_error>
 
 #include "Capture.h"
 #include "Text.h"
-#include "XMLFile.h"
 
 namespace {
 
-const char* WhyNotOpened(const std::string& path) {
+// Null, or why there is no text.
+const char* ReadFile(const std::string& path, std::string& text) {
   std::error_code error;
   const auto status = std::filesystem::status(path, error);
   if (status.type() == std::filesystem::file_type::not_found) return "no such file";
   if (std::filesystem::exists(status) && !std::filesystem::is_regular_file(status)) {
     return "not a regular file (for standard input give - instead)";
   }
-  return "cannot be opened";
+  std::ifstream file(path, std::ios::binary);
+  if (!file) return "cannot be opened";
+  text.assign(std::istreambuf_iterator<char>(file), {});
+  return file.bad() || text.empty() ? "empty, or cannot be read whole" : nullptr;
 }
 
-// Null, or why there is no text.
-const char* ReadFile(const std::string& path, Document& document) {
-  XMLFile file(path.c_str(), XML_FILE_READ);
-  if (!file.OpenFile()) return WhyNotOpened(path);
-  const char* read = file.Read();
-  if (read) document.text = read;
-  file.CloseFile();
-  std::error_code error;
-  const auto size = std::filesystem::file_size(path, error);
-  document.cut = !error && size > document.text.size();
-  return read ? nullptr : "empty, or cannot be read whole";
-}
-
-const char* ReadStandardInput(Document& document) {
-  std::string& text = document.text;
+const char* ReadStandardInput(std::string& text) {
   text.assign(std::istreambuf_iterator<char>(std::cin), {});
-  if (std::cin.bad() || text.size() >= INT_MAX) return "cannot be read whole";
-  const std::size_t size = std::strlen(text.c_str());
-  document.cut = size < text.size();
-  text.resize(size);
-  return nullptr;
+  return std::cin.bad() ? "cannot be read whole" : nullptr;
 }
 
 }  // namespace
@@ -87,16 +72,40 @@ int Refuse(const std::string& name, const Failure& failure) {
 
 std::string NameOfInput(const std::string& path) { return path == "-" ? "(standard input)" : path; }
 
-bool ReadDocuments(const std::string& path, std::vector<Document>& documents, Failure& failure) {
+bool ReadDocuments(const std::string& path, bool allBytes, std::vector<Document>& documents,
+                   Failure& failure) {
   Document document;
   document.name = NameOfInput(path);
-  const char* why = path == "-" ? ReadStandardInput(document) : ReadFile(path, document);
-  if (!why && document.text.empty()) why = "empty";
+  std::string& text = document.text;
+  const char* why = path == "-" ? ReadStandardInput(text) : ReadFile(path, text);
+  if (!why && text.size() >= INT_MAX) why = "cannot be read whole";
+  const std::size_t end = allBytes ? std::string::npos : text.find('\0');
+  if (end != std::string::npos) {
+    document.cut = true;
+    text.resize(end);
+  }
+  if (!why && text.empty()) why = "empty";
   if (why) {
     failure = {"file", why};
     return false;
   }
   if (IsCapture(document.text)) return ReadCapture(document, documents, failure);
   documents.push_back(std::move(document));
+  return true;
+}
+
+bool ReadOneDocument(const std::string& path, bool allBytes, const char* use, Document& document) {
+  std::vector<Document> documents;
+  Failure failure;
+  if (!ReadDocuments(path, allBytes, documents, failure)) {
+    Refuse(NameOfInput(path), failure);
+    return false;
+  }
+  if (documents.size() > 1) {
+    Refuse(NameOfInput(path), {"capture", std::to_string(documents.size()) +
+                                              " XML bodies, of which only one can be " + use});
+    return false;
+  }
+  document = std::move(documents[0]);
   return true;
 }

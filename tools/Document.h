@@ -32,7 +32,7 @@ std::string ToString(Position position);
 /// A whole document and what messages call it.
 struct Document {
   std::string name;
-  std::string text;         ///< without NUL bytes: one ends the document
+  std::string text;         ///< a NUL byte ends it, unless all bytes were asked for
   std::string contentType;  ///< lower case, "" when nothing tells
   Position start = {1, 1};  ///< of the text in its file
   bool cut = false;         ///< whether there is more, after a NUL byte
@@ -66,7 +66,12 @@ int Refuse(const std::string& name, const Failure& failure);
 std::string NameOfInput(const std::string& path);
 
 /// Adds what the file `path`, or standard input for "-", has: a document, or the XML bodies of a
-/// captured message. False with the failure; what was added before is kept.
-bool ReadDocuments(const std::string& path, std::vector<Document>& documents, Failure& failure);
+/// captured message. With `allBytes` NUL bytes, which UTF-16 has, are bytes like others. False with
+/// the failure; what was added before is kept.
+bool ReadDocuments(const std::string& path, bool allBytes, std::vector<Document>& documents,
+                   Failure& failure);
+/// The one document that `path` has, all bytes of it or up to a NUL; false when it has none or
+/// several, which was reported. `use` tells what can be done with one only: "compared".
+bool ReadOneDocument(const std::string& path, bool allBytes, const char* use, Document& document);
 
 #endif  // ZTXML_TOOLS_DOCUMENT_H

@@ -29,4 +29,7 @@ class Log {
   std::string m_FirstError;
 };
 
+/// What to say of a document that the standard profile cannot write, by its first error.
+std::string WhyNotWritten(const Log& log);
+
 #endif  // ZTXML_TOOLS_LOG_H

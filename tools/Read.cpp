@@ -1,7 +1,10 @@
 #include "Read.h"
 
+#include <climits>
+
 #include "Locate.h"
 #include "Schemas.h"
+#include "Standard.h"
 #include "Text.h"
 
 namespace {
@@ -37,6 +40,18 @@ bool FailAtRoot(const Document& document, const std::string& what, Failure& fail
   failure = {"root element", what, document.At(RootOffset(document))};
   return false;
 }
+
+// Where the library tells losses.
+struct Listener {
+  const Document& document;
+  std::vector<Loss>& losses;
+
+  static void Hear(const ZtLoss& loss, void* self) {
+    const auto& listener = *static_cast<Listener*>(self);
+    listener.losses.push_back(
+        {loss.kind, loss.path, PositionIn(listener.document, loss.line, loss.column)});
+  }
+};
 
 // The schema by which to read a document with the root element `root`; null with the failure.
 const XMLSchemaInfo* ChooseSchema(const Document& document, const std::string& root,
@@ -80,10 +95,13 @@ std::vector<Declaration> Namespaces::List() const {
   return declarations;
 }
 
-bool ReadTree(const Document& document, const XMLSchemaInfo* schema, Tree& tree, Failure& failure) {
+namespace {
+
+bool ReadExact(const Document& document, const Reading& reading, Tree& tree, Failure& failure) {
   RootFinder finder;
   if (!Parse(document, &finder, failure)) return false;
   const std::string root = finder.LocalName();
+  const XMLSchemaInfo* schema = reading.schema;
   if (!schema) schema = ChooseSchema(document, root, failure);
   if (!schema) return false;
   tree.schema = schema;
@@ -91,7 +109,14 @@ bool ReadTree(const Document& document, const XMLSchemaInfo* schema, Tree& tree,
   tree.context.reset(XMLFactory::newInstance(schema->id));
   if (tree.namespaces.get() && tree.context) {
     tree.context->SetNamespaceBinder(tree.namespaces.get());
-    tree.root = UnMarshall(*tree.context, document);
+    if (reading.losses) {
+      Listener listener = {document, *reading.losses};
+      tree.context->TellLosses(&Listener::Hear, &listener);
+      tree.root = UnMarshall(*tree.context, document);
+      tree.context->TellLosses(nullptr, nullptr);
+    } else {
+      tree.root = UnMarshall(*tree.context, document);
+    }
   }
   if (tree.root) return true;
   if (schema->roots[0] && !HasRoot(*schema, root)) {
@@ -100,4 +125,40 @@ bool ReadTree(const Document& document, const XMLSchemaInfo* schema, Tree& tree,
   }
   failure = WhyRefused(document, *schema, tree.namespaces.get());
   return false;
+}
+
+bool ReadStandard(const Document& document, const Reading& reading, Tree& tree, Failure& failure) {
+  tree.schema = FindStandardSchema(document, reading.schema, failure);
+  if (!tree.schema) return false;
+  tree.context.reset(XMLFactory::newInstance(tree.schema->id));
+  if (tree.context) {
+    XMLContext& context = *tree.context;
+    context.UseProfile(XML_PROFILE_STANDARD);
+    context.KeepSource(reading.keepsSource);
+    context.LimitText(INT_MAX);
+    std::vector<Loss> unheard;
+    Listener listener = {document, reading.losses ? *reading.losses : unheard};
+    if (reading.losses) context.TellLosses(&Listener::Hear, &listener);
+    XMLUnMarshaller* unMarshaller = context.createUnMarshaller();
+    if (unMarshaller) {
+      tree.root.reset(unMarshaller->Read(document.text.data(), document.text.size()));
+    }
+    context.TellLosses(nullptr, nullptr);
+  }
+  if (!tree.root) failure = {"schema decoder", "out of memory"};
+  return tree.root != nullptr;
+}
+
+}  // namespace
+
+const ZtDocument& Tree::Table() const { return reflect::DocumentOf(*context); }
+
+reflect::Node Tree::Root() const {
+  return isStandard ? reflect::StandardRoot(Table(), *root) : reflect::Node(*root);
+}
+
+bool ReadTree(const Document& document, const Reading& reading, Tree& tree, Failure& failure) {
+  tree.isStandard = reading.isStandard;
+  return reading.isStandard ? ReadStandard(document, reading, tree, failure)
+                            : ReadExact(document, reading, tree, failure);
 }

@@ -10,6 +10,7 @@
 #include "XMLFactory.h"
 #include "XMLSchemaNameSpaceRetrieval.h"
 #include "XmlDecoder.h"
+#include "reflect/Reflect.h"
 
 struct ContextDeleter {
   void operator()(XMLContext* context) const { XMLFactory::deleteContext(context); }
@@ -56,6 +57,21 @@ class Namespaces {
   ElementPtr m_Tree;
 };
 
+/// Something in a document that its types do not keep.
+struct Loss {
+  eZtLoss kind;
+  std::string path;
+  Position at;
+};
+
+/// How a document is to be read.
+struct Reading {
+  const XMLSchemaInfo* schema = nullptr;  ///< null: chosen by its content type or root element
+  bool isStandard = false;                ///< in the standard profile
+  bool keepsSource = false;               ///< so that it can be updated in place
+  std::vector<Loss>* losses = nullptr;    ///< told of each, unless null
+};
+
 /// A document that was read. Some schemas take prefixes from its declarations, which therefore
 /// outlive the context.
 struct Tree {
@@ -63,10 +79,15 @@ struct Tree {
   Namespaces namespaces;
   ContextPtr context;
   ElementPtr root;
+  bool isStandard = false;
+
+  /// The schema's record.
+  const ZtDocument& Table() const;
+  /// The root as the profile has it that it was read in.
+  reflect::Node Root() const;
 };
 
-/// Reads the document by `schema`. When that is null its content type decides, else its root
-/// element. False with the failure.
-bool ReadTree(const Document& document, const XMLSchemaInfo* schema, Tree& tree, Failure& failure);
+/// Reads the document. False with the failure.
+bool ReadTree(const Document& document, const Reading& reading, Tree& tree, Failure& failure);
 
 #endif  // ZTXML_TOOLS_READ_H

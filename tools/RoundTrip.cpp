@@ -2,7 +2,6 @@
 #include <algorithm>
 #include <iostream>
 #include <string>
-#include <unistd.h>
 
 #include "Commands.h"
 #include "Judge.h"
@@ -11,15 +10,6 @@
 #include "ztXMLDocGenerator.h"
 
 namespace {
-
-// Escapes on a terminal, which could take parts of a document for commands.
-void Print(const char* text) {
-  if (isatty(STDOUT_FILENO)) {
-    std::cout << EscapeControls(text);
-  } else {
-    std::cout << text;
-  }
-}
 
 // The prefixes that the output may use without declaring them. Those that the document itself
 // declares are none: their declarations have to be written, too.
@@ -37,17 +27,20 @@ int Write(const Tree& tree, const Document& document, bool inputSound, Log& log)
   XMLMarshaller* marshaller = tree.context->createMarshaller();
   const char* text = marshaller ? marshaller->Marshall(tree.root.get()) : nullptr;
   if (!text) {
-    Complain(document.name, "cannot be written: it lacks something required (--log 1 tells what)");
+    Complain(document.name,
+             tree.isStandard
+                 ? WhyNotWritten(log)
+                 : "cannot be written: it lacks something required (--log 1 tells what)");
     return kCannotWrite;
   }
-  Print(text);
+  PrintText(text);
   if (log.DocumentCut()) {
     Complain(document.name,
              "output cut at " + std::to_string(ZtXMLDocGenerator::kBufferSize - 1) + " characters");
     return kCannotWrite;
   }
   const Document output = {document.name + " (output)", text, ""};
-  const Verdict verdict = Judge(output, ScopeOfOutput(tree));
+  const Verdict verdict = Judge(output, tree.isStandard ? Scope() : ScopeOfOutput(tree));
   if (!verdict.oddRoot.empty()) Complain(output.name, OddRoot(verdict.oddRoot));
   Failure fault;
   if (!FindFault(output, verdict, fault)) return kDone;
@@ -65,11 +58,12 @@ int Write(const Tree& tree, const Document& document, bool inputSound, Log& log)
 
 }  // namespace
 
-int RoundTrip(const Document& document, const XMLSchemaInfo* schema, Log& log) {
+int RoundTrip(const Document& document, const Reading& reading, Log& log) {
   Tree tree;
   Failure failure;
-  if (!ReadTree(document, schema, tree, failure)) return Refuse(document.name, failure);
-  const Verdict verdict = Judge(document, ScopeAround(*tree.schema));
+  if (!ReadTree(document, reading, tree, failure)) return Refuse(document.name, failure);
+  // What the standard profile reads has no fault.
+  const Verdict verdict = tree.isStandard ? Verdict() : Judge(document, ScopeAround(*tree.schema));
   if (FindFault(document, verdict, failure)) Report(document.name, failure);
   if (!tree.schema->writes) {
     Complain(document.name,

@@ -133,25 +133,29 @@ int Cut(const Document& document) {
 
 }  // namespace
 
-int Show(const Document& document, const XMLSchemaInfo* schema) {
-  Tree tree;
-  Failure failure;
-  if (!ReadTree(document, schema, tree, failure)) return Refuse(document.name, failure);
+int ShowObject(const Document& document, const reflect::Node& object, const char* name) {
   TreePrinter printer;
-  return reflect::Walk(*tree.root, printer) ? kDone : Cut(document);
+  return reflect::Walk(object, name, printer) ? kDone : Cut(document);
 }
 
-int ShowJson(const Document& document, const XMLSchemaInfo* schema) {
+int Show(const Document& document, const Reading& reading) {
   Tree tree;
   Failure failure;
-  if (!ReadTree(document, schema, tree, failure)) {
+  if (!ReadTree(document, reading, tree, failure)) return Refuse(document.name, failure);
+  return ShowObject(document, tree.Root(), reflect::ElementNameOf(*tree.root));
+}
+
+int ShowJson(const Document& document, const Reading& reading) {
+  Tree tree;
+  Failure failure;
+  if (!ReadTree(document, reading, tree, failure)) {
     PrintJson(document.name, failure);
     return Refuse(document.name, failure);
   }
   std::cout << "{\"file\":" << JsonQuote(document.name)
             << ",\"schema\":" << JsonQuote(tree.schema->name) << ",\"document\":";
   JsonPrinter printer;
-  const bool whole = reflect::Walk(*tree.root, printer);
+  const bool whole = reflect::Walk(tree.Root(), printer);
   std::cout << "}\n";
   return whole ? kDone : Cut(document);
 }

@@ -23,19 +23,26 @@ What is refused is told as FILE:LINE:COLUMN: STAGE: REASON. Columns count charac
 capture (headers and bodies), parser, root element, schema decoder; of documents that the library
 reads although XML forbids them: well-formedness, namespaces.
 
+The library has two profiles. In the exact one it reads and writes as its peers know it. In the
+standard one (--standard; get and edit always) it does so as XML, its namespaces and the schemas
+have it: also UTF-16, ISO-8859-1, CDATA sections. What it refuses then has the stage encoding,
+well-formedness, namespaces or root element.
+
 Examples:
   ztxml schemas
   ztxml show notify.xml
   ztxml check *.xml
   ztxml diff old.xml new.xml
+  ztxml get notify.xml '/reginfo/registration[1]/@state'
+  ztxml edit --set /simservs/communication-waiting/@active=false simservs.xml
   ztxml namespaces - < notify.xml
   ztxml COMMAND --help
 
 Log levels, on standard error: 1 everything; 2 trace lines and most failures; 3 state changes;
 4 errors.
 
-Exit status: 0 done; 1 a document cannot be read, or "check" finds it faulty; 2 wrong usage; 3 it
-cannot be written, or not as XML. Of several files the highest counts. diff: 0 equal; 1 different; 2 wrong usage, or one cannot be read.)";
+Exit status: 0 done; 1 a document cannot be read, "check" finds it not ok, or what "get" or "edit"
+is asked for is not there; 2 wrong usage; 3 it cannot be written, or not as XML. Of several files the highest counts. diff: 0 equal; 1 different; 2 wrong usage, or one cannot be read.)";
 
 constexpr char kEventsFooter[] = R"(Lines:
   start NAME
@@ -60,7 +67,8 @@ constexpr char kRoundTripFooter[] =
 characters escaped.
 
 Both texts are judged as by "check". A faulty document that the library reads is reported and
-still written; a faulty output, called FILE (output), gives the exit status 3.
+still written; a faulty output, called FILE (output), gives the exit status 3. With --standard a
+faulty document is refused, and the message tells what cannot be written.
 
 Examples:
   ztxml roundtrip notify.xml
@@ -73,7 +81,8 @@ constexpr char kShowFooter[] = R"(Lines, indented by depth:
   NAME = VALUE            a child element of which the text is kept
   (text) = VALUE          the element's own text; (words) for each word of it
 Texts are in quotes and escaped as by "events", enumerations and numbers are not. What is absent is
-not shown. Each of several documents has a line "# FILE" before it.
+not shown: without --standard a number that is 0, too, and of most booleans every text but "true" is
+false; with it, whatever is stated is shown. Each of several documents has a line "# FILE" before it.
 
 With --json each document is one line,
   {"file":NAME,"schema":NAME,"document":OBJECT}
@@ -89,12 +98,23 @@ Examples:
 
 constexpr char kCheckFooter[] =
     R"(Lines: "FILE: ok, SCHEMA" or the reason, then a summary that counts what is ok, refused by the
-library, or faulty: read by the library although it is not well-formed XML with bound prefixes.
+library, or faulty: read by the library although it is not well-formed XML with bound prefixes. With
+--standard there is nothing of that kind.
 
-Exit status: 0 all are ok; 1 some are refused or faulty.
+With --lost what the types do not keep of a document has a line each,
+  FILE:LINE:COLUMN: PATH: WHAT
+where PATH is as "diff" prints it and WHAT is "element not kept", or attribute, text, value. Such a
+document is not ok; the summary counts it as one with losses.
+
+With --strict documents are read in the standard profile, and faulty is also one that lacks what its
+schema, or this library, requires (stage "required": of an element whose start the line tells), or
+that has a number, a boolean or an enumeration with a value that is none of its type (stage "value").
+
+Exit status: 0 all are ok; 1 some are not.
 
 Examples:
   ztxml check *.xml
+  ztxml check --lost --strict notify.xml
   ztxml check --quiet capture/*.txt || echo some are not ok)";
 
 constexpr char kDiffFooter[] =
@@ -110,6 +130,44 @@ Exit status: 0 equal; 1 different; 2 wrong usage, or a document cannot be read.
 
 Example:
   ztxml diff old.xml new.xml)";
+
+constexpr char kGetFooter[] =
+    R"(The document is read in the standard profile. PATH is as "diff" prints it: element names, with
+[n] for the n-th of that name in a list; @NAME for an attribute; (text) for an element's own text,
+and (words)[n] for a word of it. An index may be left out where there is only one.
+
+A value is printed as it is meant, and a line break. An element has the value that is its own text;
+one that has no such text is printed as by "show". Of a captured message it is the XML body that is
+read, of which there may be one.
+
+Exit status: 0 printed; 1 the document cannot be read, or nothing is there; 2 there can be no such
+thing, and the message tells which step is wrong.
+
+Examples:
+  ztxml get notify.xml '/reginfo/registration[1]/contact[2]/@expires'
+  ztxml get notify.xml /reginfo/registration)";
+
+constexpr char kEditFooter[] =
+    R"(Writes the document to standard output with what was asked for changed, and nothing else: in its
+encoding, with its comments, white space and all that the library does not know. Without --set and
+--remove it is the very bytes that came in. (On a terminal control characters are escaped.) Of a
+captured message it is the XML body that is changed and written, without the headers, whose
+Content-Length would be another; there may be one.
+
+--set and --remove apply in their order. PATH is as for "get".
+  --set PATH=VALUE   the value of an attribute or of an element, or a word. What is not there is
+                     made, with the elements on the way; one more than there are, [n+1], is put at
+                     the end of its list. An empty VALUE is an empty text.
+  --set PATH         makes an element, such as a flag, without a value
+  --remove PATH      removes an element with all that is in it, an attribute, a value
+Attributes of unknown names can be set and removed where they are kept, but not made.
+
+Exit status: 0 written; 1 the document cannot be read, or what is to be removed is not there; 2 PATH
+can name nothing there, or VALUE is none of its type; 3 the result cannot be written.
+
+Examples:
+  ztxml edit --set /simservs/communication-diversion/NoReplyTimer=20 simservs.xml
+  ztxml edit --remove '/resource-lists/list[1]/entry[2]' lists.xml > new.xml)";
 
 constexpr char kSchemasFooter[] = R"(The other commands take a NAME or an ID as --schema.
 
@@ -143,22 +201,32 @@ class CommandLine {
     m_pShow = AddCommand("show", "Print the objects that documents are read as", kShowFooter);
     AddFiles(m_pShow);
     AddSchema(m_pShow);
+    AddStandard(m_pShow);
     m_pShow->add_flag("--json", m_bJson, "Print JSON, one line for each document");
     m_pCheck =
         AddCommand("check", "Tell which of many documents are refused or faulty", kCheckFooter);
     AddFiles(m_pCheck);
     AddSchema(m_pCheck);
-    m_pCheck->add_flag("-q,--quiet", m_bQuiet, "Print only what is refused or faulty");
+    AddStandard(m_pCheck);
+    m_pCheck->add_flag("-q,--quiet", m_Checks.quiet, "Print only what is not ok");
+    m_pCheck->add_flag("--lost", m_Checks.losses, "Also tell what the types do not keep");
+    m_pCheck->add_flag(
+        "--strict", m_Checks.strict,
+        "In the standard profile, also tell what is required and missing, and values "
+        "that are none of their type");
     m_pDiff = AddCommand("diff", "Compare two documents", kDiffFooter);
     m_pDiff->add_option("OLD", m_OldPath, "The first document; - is standard input")
         ->option_text(" ")
         ->required();
     m_pDiff->add_option("NEW", m_NewPath, "The second one")->option_text(" ")->required();
     AddSchema(m_pDiff);
+    AddStandard(m_pDiff);
+    AddGetAndEdit();
     m_pRoundTrip = AddCommand("roundtrip", "Read documents and write them again to standard output",
                               kRoundTripFooter);
     AddFiles(m_pRoundTrip);
     AddSchema(m_pRoundTrip);
+    AddStandard(m_pRoundTrip);
     m_pEvents = AddCommand("events", "Print the parser's callbacks, one a line", kEventsFooter);
     AddFiles(m_pEvents);
     m_pNamespaces = AddCommand("namespaces", "Print the namespace declarations", kNamespacesFooter);
@@ -192,27 +260,86 @@ class CommandLine {
         ->check(CheckSchema);
   }
 
+  void AddStandard(CLI::App* command) {
+    command->add_flag("--standard", m_bStandard, "Read, and write, in the standard profile");
+  }
+  void AddGetAndEdit() {
+    m_pGet = AddCommand("get", "Print one value of a document", kGetFooter);
+    AddFile(m_pGet);
+    m_pGet->add_option("PATH", m_Path, "Where it is, as diff prints it")
+        ->option_text(" ")
+        ->required();
+    AddSchema(m_pGet);
+    m_pEdit = AddCommand("edit", "Change values of a document in place", kEditFooter);
+    m_pSet = AddChange("--set", "PATH=VALUE", m_Sets, "Set a value, or make an element");
+    m_pRemove = AddChange("--remove", "PATH", m_Removes, "Remove a value or an element");
+    AddFile(m_pEdit);
+    AddSchema(m_pEdit);
+  }
+  CLI::Option* AddChange(const char* name, const char* form, std::vector<std::string>& values,
+                         const char* description) {
+    return m_pEdit->add_option(name, values, description)
+        ->option_text(form)
+        ->type_size(1)
+        ->expected(1)
+        ->allow_extra_args(false)
+        ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
+  }
+  void AddFile(CLI::App* command) {
+    command->add_option("FILE", m_File, "The document; - is standard input")
+        ->option_text(" ")
+        ->required();
+  }
+
   int RunCommand() const {
     if (m_pSchemas->parsed()) return PrintSchemas();
     Log log(m_LogLevel);
-    const XMLSchemaInfo* schema = m_Schema.empty() ? nullptr : FindSchema(m_Schema);
-    if (m_pCheck->parsed()) return Check(m_Paths, schema, m_bQuiet);
-    if (m_pDiff->parsed()) return Diff(m_OldPath, m_NewPath, schema);
+    Reading reading;
+    reading.schema = m_Schema.empty() ? nullptr : FindSchema(m_Schema);
+    reading.isStandard = m_bStandard || m_Checks.strict || m_pGet->parsed() || m_pEdit->parsed();
+    if (m_pCheck->parsed()) return Check(m_Paths, reading, m_Checks);
+    if (m_pDiff->parsed()) return Diff(m_OldPath, m_NewPath, reading);
+    if (m_pGet->parsed()) return Get(m_File, m_Path, reading);
+    if (m_pEdit->parsed()) return Edit(m_File, Changes(), reading, log);
     int status = kDone;
-    for (const std::string& path : m_Paths) status = std::max(status, RunFile(path, schema, log));
+    for (const std::string& path : m_Paths) status = std::max(status, RunFile(path, reading, log));
     return status;
   }
 
-  int RunFile(const std::string& path, const XMLSchemaInfo* schema, Log& log) const {
+  // In the order of the command line.
+  std::vector<Change> Changes() const {
+    std::vector<Change> changes;
+    std::size_t sets = 0;
+    std::size_t removes = 0;
+    for (const CLI::Option* option : m_pEdit->parse_order()) {
+      Change change;
+      if (option == m_pRemove) {
+        change.kind = Change::Kind::kRemove;
+        change.path = m_Removes[removes++];
+      } else if (option == m_pSet) {
+        const std::string& text = m_Sets[sets++];
+        const std::size_t equals = text.find('=');
+        change.path = text.substr(0, equals);
+        change.hasValue = equals != std::string::npos;
+        if (change.hasValue) change.value = text.substr(equals + 1);
+      } else {
+        continue;
+      }
+      changes.push_back(change);
+    }
+    return changes;
+  }
+
+  int RunFile(const std::string& path, const Reading& reading, Log& log) const {
     std::vector<Document> documents;
     Failure failure;
-    const bool opened = ReadDocuments(path, documents, failure);
+    const bool opened = ReadDocuments(path, reading.isStandard, documents, failure);
     const bool several = m_Paths.size() > 1 || documents.size() > 1;
     const bool written = m_pRoundTrip->parsed();
     int status = kDone;
     for (const Document& document : documents) {
       if (several && !m_bJson && !written) std::cout << "# " << Escape(document.name) << '\n';
-      const int own = RunDocument(document, schema, log);
+      const int own = RunDocument(document, reading, log);
       if (several && written && own == kDone) std::cout << '\n';
       status = std::max(status, own);
     }
@@ -221,25 +348,34 @@ class CommandLine {
     return std::max<int>(status, Refuse(NameOfInput(path), failure));
   }
 
-  int RunDocument(const Document& document, const XMLSchemaInfo* schema, Log& log) const {
+  int RunDocument(const Document& document, const Reading& reading, Log& log) const {
     if (m_pEvents->parsed()) return PrintEvents(document);
     if (m_pNamespaces->parsed()) return PrintNamespaces(document);
-    if (m_pRoundTrip->parsed()) return RoundTrip(document, schema, log);
-    return m_bJson ? ShowJson(document, schema) : Show(document, schema);
+    if (m_pRoundTrip->parsed()) return RoundTrip(document, reading, log);
+    return m_bJson ? ShowJson(document, reading) : Show(document, reading);
   }
 
   CLI::App m_App{"Shows how ztxml reads and writes the XML bodies of an IMS client.", "ztxml"};
   CLI::App* m_pShow = nullptr;
   CLI::App* m_pCheck = nullptr;
   CLI::App* m_pDiff = nullptr;
+  CLI::App* m_pGet = nullptr;
+  CLI::App* m_pEdit = nullptr;
+  CLI::Option* m_pSet = nullptr;
+  CLI::Option* m_pRemove = nullptr;
   CLI::App* m_pRoundTrip = nullptr;
   CLI::App* m_pEvents = nullptr;
   CLI::App* m_pNamespaces = nullptr;
   CLI::App* m_pSchemas = nullptr;
   int m_LogLevel = 0;
   bool m_bJson = false;
-  bool m_bQuiet = false;
+  bool m_bStandard = false;
+  Checks m_Checks;
   std::vector<std::string> m_Paths;
+  std::string m_File;
+  std::string m_Path;
+  std::vector<std::string> m_Sets;
+  std::vector<std::string> m_Removes;
   std::string m_OldPath;
   std::string m_NewPath;
   std::string m_Schema;

@@ -242,7 +242,7 @@ bool ZtStandardWriter::StartTag(Frame& frame, ZtSpace space) {
       if (ZtIsRequired(*row)) return Fail(kMissing, "/@", name);
       continue;
     }
-    if (!IsNew(nullptr, name)) continue;
+    if (!IsNew(nullptr, 0, name)) continue;
     if (!WriteAttribute(name, text)) return Fail(kZtNotXml, "/@", name);
   }
   return (!others || WriteOthers(*others)) && !m_bNoMemory;
@@ -366,7 +366,9 @@ bool ZtStandardWriter::WriteOther(const zt_AttributeValuePair& pair) {
   if (prefix.size && (!uri.text || (meant.size && !IsSame(uri, meant)))) {
     return Fail(kZtUnbound, "/@", name);
   }
-  if (!IsNew(uri, ZtLocalIn(name))) return true;
+  // What is in scope outside has numbers of its own.
+  const bool numbered = prefix.size && !m_pOuter;
+  if (!IsNew(uri, numbered ? m_Scope.SpaceOf(prefix) : 0, ZtLocalIn(name))) return true;
   return WriteAttribute(name, pair.getValue()) || Fail(kZtNotXml, "/@", name);
 }
 
@@ -381,9 +383,9 @@ bool ZtStandardWriter::WriteAttribute(ZtPiece name, ZtPiece value) {
 
 // Whether the tag has no attribute of that expanded name yet, to which it is added. Intended: of
 // two with one name the first is written, as in the exact profile.
-bool ZtStandardWriter::IsNew(ZtPiece uri, ZtPiece local) {
+bool ZtStandardWriter::IsNew(ZtPiece uri, std::uint32_t number, ZtPiece local) {
   bool failed = false;
-  const bool isNew = m_Attributes.Insert(uri, local, failed);
+  const bool isNew = m_Attributes.Insert(uri, number, local, failed);
   m_bNoMemory = m_bNoMemory || failed;
   return isNew;
 }

@@ -87,7 +87,8 @@ bool ZtUpdater::SortPairs(const Frame& frame) {
     const ZtPiece prefix = ZtPrefixIn(name);
     const ZtPiece uri =
         prefix.size ? m_Xml.Scope().Uri(m_Xml.Scope().SpaceOf(prefix)) : ZtPiece(nullptr);
-    const bool isFirst = m_Names.Insert(uri, ZtLocalIn(name), failed);
+    const bool isFirst = m_Names.Insert(uri, prefix.size ? m_Xml.Scope().SpaceOf(prefix) : 0,
+                                        ZtLocalIn(name), failed);
     if (isKept) {
       m_pKept[part] = isFirst;
     } else if (isFirst) {
@@ -102,7 +103,7 @@ void ZtUpdater::RowNames(const Frame& frame, bool& failed) {
   const ZtElementType& type = *frame.type;
   for (const ZtField* row = type.begin(); row != type.children(); ++row) {
     if (row->place == ZtPlace::kAttribute && ZtHeld(*frame.object, *row).stated) {
-      m_Names.Insert(nullptr, row->name.Piece(), failed);
+      m_Names.Insert(nullptr, 0, row->name.Piece(), failed);
     }
   }
   // What is no value of its row stays as well.
@@ -112,7 +113,7 @@ void ZtUpdater::RowNames(const Frame& frame, bool& failed) {
     if (attribute.name.prefix.text) continue;
     const ZtField* row = ZtNextAttribute(type, next, attribute.name.local);
     if (row && !ZtParse(*row, attribute.value).stated) {
-      m_Names.Insert(nullptr, row->name.Piece(), failed);
+      m_Names.Insert(nullptr, 0, row->name.Piece(), failed);
     }
   }
 }

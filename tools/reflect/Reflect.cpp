@@ -8,6 +8,7 @@
 #include "XMLSchemaNameSpaceRetrieval.h"
 #include "XMLSimservs.h"
 #include "XMLXcapError.h"
+#include "binding/ZtStandard.h"
 
 // A friend of the library's classes, for what they tell nobody else.
 class ZtReflection {
@@ -36,7 +37,8 @@ struct Release {
   }
 };
 
-// The field of a type that keeps values without a row; `place` tells where they stand.
+// The field of a type that keeps values without a row in the exact profile; `place` tells where
+// they stand.
 std::vector<Field> HiddenField(const ZtElementType& type) {
   if (&type == &zt_string::kType) {
     return {{nullptr, "value", ZtPlace::kOwnText, ZtValue::kText, 0, {}}};
@@ -50,16 +52,28 @@ std::vector<Field> HiddenField(const ZtElementType& type) {
   return {};
 }
 
-void AddObject(const XMLElement* object, Field& field) {
-  if (object) field.items.push_back({nullptr, nullptr, object});
+void AddObject(const XMLElement* object, Field& field, bool isStandard) {
+  if (!object) return;
+  Item item;
+  item.object = object;
+  if (isStandard) {
+    item.standard = ZtMatchObject(*field.row, kZtNoSpace, *object).type;
+    item.name = ZtNameOfObject(*field.row, *object).text;
+    if (!item.standard || !item.name) return;  // nothing that the document can have here
+  }
+  field.items.push_back(item);
 }
 
 void AddText(const char* text, Field& field) {
-  if (text) field.items.push_back({nullptr, text, nullptr});
+  Item item;
+  item.text = text;
+  if (text) field.items.push_back(item);
 }
 
-void AddObjects(ZtListNode* node, Field& field) {
-  for (; node; node = node->next) AddObject(static_cast<XMLElement*>(node->data), field);
+void AddObjects(ZtListNode* node, Field& field, bool isStandard) {
+  for (; node; node = node->next) {
+    AddObject(static_cast<XMLElement*>(node->data), field, isStandard);
+  }
 }
 
 void AddTexts(ZtListNode* node, Field& field) {
@@ -72,7 +86,11 @@ void AddTexts(ZtListNode* node, Field& field) {
 void AddAttributes(ZtListNode* node, Field& field) {
   for (; node; node = node->next) {
     const auto* pair = zt_AttributeValuePair::From(static_cast<XMLAttribute*>(node->data));
-    if (pair) field.items.push_back({pair->getName(), pair->getValue(), nullptr});
+    if (!pair) continue;
+    Item item;
+    item.name = pair->getName();
+    item.text = pair->getValue();
+    field.items.push_back(item);
   }
 }
 
@@ -97,21 +115,32 @@ void AddScalar(const XMLElement& object, const ZtField& row, Field& field) {
   }
 }
 
-void FillRow(const XMLElement& object, const ZtField& row, Field& field) {
+void AddStated(const XMLElement& object, const ZtField& row, Field& field) {
+  const ZtStated value = ZtHeld(object, row);
+  if (!value.stated) return;
+  field.number = value.number;
+  Item item;
+  if (row.value == ZtValue::kText || row.value == ZtValue::kEnum) {
+    item.text = ZtTextOf(row, value, nullptr).text;
+  }
+  field.items.push_back(item);
+}
+
+void FillRow(const XMLElement& object, const ZtField& row, bool isStandard, Field& field) {
   switch (row.place) {
     case ZtPlace::kTextElements:
     case ZtPlace::kOwnWords:
       return AddTexts((object.*row.member.children).Head(), field);
     case ZtPlace::kChild:
     case ZtPlace::kOtherChild:
-      return AddObject((object.*row.member.child).Get(), field);
+      return AddObject((object.*row.member.child).Get(), field, isStandard);
     case ZtPlace::kChildren:
     case ZtPlace::kOtherChildren:
-      return AddObjects((object.*row.member.children).Head(), field);
+      return AddObjects((object.*row.member.children).Head(), field, isStandard);
     case ZtPlace::kOtherAttributes:
       return AddAttributes((object.*row.member.attributes).Head(), field);
     default:
-      return AddScalar(object, row, field);
+      return isStandard ? AddStated(object, row, field) : AddScalar(object, row, field);
   }
 }
 
@@ -121,7 +150,7 @@ void FillHidden(const XMLElement& object, const ZtElementType& type, Field& fiel
   if (&type == &zt_string::kType) {
     AddText(static_cast<const zt_string&>(object).getValue(), field);
   } else if (&type == &zt_Simservs::kType) {
-    AddObjects(HeadOf(static_cast<const zt_Simservs&>(object).getServiceListValue()), field);
+    AddObjects(HeadOf(static_cast<const zt_Simservs&>(object).getServiceListValue()), field, false);
   } else if (&type == &zt_schema_namespace_retrieval::kType) {
     // The getter is not const because it logs; it changes nothing.
     auto& namespaces = const_cast<zt_schema_namespace_retrieval&>(
@@ -158,8 +187,22 @@ const char* ElementNameOf(const XMLElement& object) {
   return type.tag.IsNone() ? type.label : ZtName(type.tag);
 }
 
-std::vector<Field> FieldsOf(const ZtElementType& type) {
-  std::vector<Field> fields = HiddenField(type);
+const char* NameOf(const Field& field, const Item& item) {
+  if (field.name) return field.name;
+  return item.object && !item.name ? ElementNameOf(*item.object) : item.name;
+}
+
+Node StandardRoot(const ZtDocument& document, const XMLElement& root) {
+  for (const ZtRoot& known : document.roots) {
+    if (ZtIsA(root, *known.type)) return {root, &ZtStandardOf(*known.type)};
+  }
+  return {root, &ZtStandardOf(TypeOf(root))};
+}
+
+namespace {
+
+// Adds the fields that the type's rows make.
+void AddRows(const ZtElementType& type, std::vector<Field>& fields) {
   fields.reserve(fields.size() + type.fields.size());
   for (const ZtField& row : type) {
     const char* name = row.HasName() ? ZtName(row.name) : nullptr;
@@ -167,15 +210,25 @@ std::vector<Field> FieldsOf(const ZtElementType& type) {
     const bool other = row.place == ZtPlace::kOtherChild;
     fields.push_back({&row, name, other ? ZtPlace::kOtherChildren : row.place, row.value, 0, {}});
   }
+}
+
+}  // namespace
+
+std::vector<Field> FieldsOf(const ZtElementType& type) {
+  std::vector<Field> fields = HiddenField(type);
+  AddRows(type, fields);
   return fields;
 }
 
-std::vector<Field> FieldsOf(const XMLElement& object) {
-  const ZtElementType& type = TypeOf(object);
-  std::vector<Field> fields = FieldsOf(type);
+std::vector<Field> FieldsOf(const Node& node) {
+  const XMLElement& object = *node.object;
+  const ZtElementType& type = node.standard ? *node.standard : TypeOf(object);
+  std::vector<Field> fields;
+  if (!node.standard) fields = HiddenField(type);
+  AddRows(type, fields);
   for (Field& field : fields) {
     if (field.row) {
-      FillRow(object, *field.row, field);
+      FillRow(object, *field.row, node.standard, field);
     } else {
       FillHidden(object, type, field);
     }
@@ -195,19 +248,19 @@ struct Open {
 
 }  // namespace
 
-bool Walk(const XMLElement& root, Visitor& visitor) {
+bool Walk(const Node& root, const char* name, Visitor& visitor, std::size_t most) {
   bool whole = true;
   std::vector<Open> stack;
-  const auto enter = [&](const XMLElement& object, const char* name, const Field* in) {
-    const bool wanted = visitor.Enter(object, name, in);
-    if (wanted && stack.size() < kMostDepth) {
-      stack.push_back({&object, FieldsOf(object)});
+  const auto enter = [&](const Node& node, const char* called, const Field* in) {
+    const bool wanted = visitor.Enter(*node.object, called, in);
+    if (wanted && stack.size() < most) {
+      stack.push_back({node.object, FieldsOf(node)});
       return;
     }
     whole = whole && !wanted;
-    visitor.Leave(object);
+    visitor.Leave(*node.object);
   };
-  enter(root, ElementNameOf(root), nullptr);
+  enter(root, name, nullptr);
   while (!stack.empty()) {
     Open& top = stack.back();
     if (top.field == top.fields.size()) {
@@ -217,18 +270,24 @@ bool Walk(const XMLElement& root, Visitor& visitor) {
     }
     const Field& field = top.fields[top.field];
     if (top.item == 0 && field.IsPresent()) visitor.Begin(field);
-    const XMLElement* child =
-        top.item < field.items.size() ? field.items[top.item].object : nullptr;
-    if (child) {
-      ++top.item;
-      enter(*child, field.name ? field.name : ElementNameOf(*child), &field);
+    if (top.item < field.items.size() && field.items[top.item].object) {
+      const Item& item = field.items[top.item++];
+      enter(item.AsNode(), NameOf(field, item), &field);
       continue;
     }
-    if (field.IsPresent()) visitor.End(field);
+    if (field.IsPresent()) {
+      visitor.End(field);
+    } else {
+      visitor.Lacks(field);
+    }
     ++top.field;
     top.item = 0;
   }
   return whole;
+}
+
+bool Walk(const Node& root, Visitor& visitor) {
+  return Walk(root, ElementNameOf(*root.object), visitor);
 }
 
 // ---- Tables -------------------------------------------------------------------------------------
@@ -236,9 +295,13 @@ bool Walk(const XMLElement& root, Visitor& visitor) {
 bool FindSchema(eXMLSchemaID id, Schema& schema) {
   const std::unique_ptr<XMLContext, Release> context(XMLFactory::newInstance(id));
   if (!context) return false;
-  // Every context of the library derives from ZtContext.
-  schema.document = &ZtReflection::DocumentOf(static_cast<const ZtContext&>(*context));
+  schema.document = &DocumentOf(*context);
   return true;
+}
+
+// Every context of the library derives from ZtContext.
+const ZtDocument& DocumentOf(const XMLContext& context) {
+  return ZtReflection::DocumentOf(static_cast<const ZtContext&>(context));
 }
 
 std::vector<Schema> Schemas() {

@@ -19,11 +19,26 @@ namespace reflect {
 
 // ---- Objects ------------------------------------------------------------------------------------
 
+/// An object as a profile has it.
+struct Node {
+  /// Without a type the exact profile is meant.
+  Node(const XMLElement& o,
+       const ZtElementType* type = nullptr)  // NOLINT(google-explicit-constructor)
+      : object(&o), standard(type) {}
+
+  const XMLElement* object;
+  const ZtElementType* standard;  ///< the standard profile's rows for it; null in the exact profile
+};
+
 /// One thing in a field. All pointers are borrowed from the object.
 struct Item {
-  const char* name = nullptr;          ///< of another attribute; null for the default namespace
-  const char* text = nullptr;          ///< a text, an enumeration's value, an attribute's value
-  const XMLElement* object = nullptr;  ///< of kObject fields other than attributes
+  const char* name = nullptr;  ///< of another attribute, null for the default namespace; in the
+                               ///< standard profile also of an object that its row does not name
+  const char* text = nullptr;  ///< a text, an enumeration's value, an attribute's value
+  const XMLElement* object = nullptr;       ///< of kObject fields other than attributes
+  const ZtElementType* standard = nullptr;  ///< of the object, as in Node
+
+  Node AsNode() const { return {*object, standard}; }
 };
 
 /// One row of a type and what an object has there. Types also keep values without rows, which are
@@ -37,8 +52,9 @@ struct Field {
   unsigned long long number = 0;  ///< kNumber, kNumber64; the index of kEnum
   std::vector<Item> items;        ///< in order; numbers have one without anything
 
-  /// Whether the object has the field: a text that is not null, a number that is not 0 (or is
-  /// written even when 0), a value that the enumeration has, an object, a list that is not empty.
+  /// Whether the object has the field: an object, a list that is not empty; in the exact profile a
+  /// text that is not null, a number that is not 0 (or is written even when 0), a value that the
+  /// enumeration has; in the standard profile what is stated, also when that is 0.
   bool IsPresent() const { return !items.empty(); }
   /// Whether it may occur more than once.
   bool IsRepeated() const;
@@ -57,14 +73,20 @@ const ZtElementType& TypeOf(const XMLElement& object);
 /// The name that `object` itself has in a document: the name of a flag, or the tag or label of its
 /// class. In a field with a name, the object is written under that name instead.
 const char* ElementNameOf(const XMLElement& object);
+/// The name of what is in `field`: of its row, or its own.
+const char* NameOf(const Field& field, const Item& item);
 
-/// The fields of `object`, absent ones without items, in the order of its rows.
-std::vector<Field> FieldsOf(const XMLElement& object);
+/// The root of a tree of the document as the standard profile has it.
+Node StandardRoot(const ZtDocument& document, const XMLElement& root);
+
+/// The fields of an object, absent ones without items, in the order of its rows.
+std::vector<Field> FieldsOf(const Node& node);
 
 /// The fields of a type, in the order of its rows; all are without items.
 std::vector<Field> FieldsOf(const ZtElementType& type);
 
-/// The deepest tree that Walk goes through; one that the library has read is never deeper.
+/// The deepest tree that Walk goes through, unless it is told another; one that the library has
+/// read in the exact profile is never deeper.
 constexpr std::size_t kMostDepth = 200;
 
 /// Told of a tree, in the order of the document that would be written.
@@ -76,15 +98,19 @@ class Visitor {
   virtual bool Enter(const XMLElement& object, const char* name, const Field* in) = 0;
   /// A field that is present; what is in it follows when it is an object.
   virtual void Begin(const Field& field) = 0;
+  /// A field that is absent from the object of the last open Enter.
+  virtual void Lacks(const Field& field) { static_cast<void>(field); }
   /// The field of the last open Begin is done.
   virtual void End(const Field& field) = 0;
   /// The object of the last open Enter is done.
   virtual void Leave(const XMLElement& object) = 0;
 };
 
-/// Tells `visitor` of the tree at `root`, without recursion. False when the tree was cut at
-/// kMostDepth objects within each other.
-bool Walk(const XMLElement& root, Visitor& visitor);
+/// Tells `visitor` of the tree at `root`, which is called `name`, without recursion. False when the
+/// tree was cut at `most` objects within each other.
+bool Walk(const Node& root, const char* name, Visitor& visitor, std::size_t most = kMostDepth);
+/// Likewise; the root has its own name.
+bool Walk(const Node& root, Visitor& visitor);
 
 // ---- Tables -------------------------------------------------------------------------------------
 
@@ -99,6 +125,8 @@ struct Schema {
   std::vector<const ZtElementType*> Types() const;
 };
 
+/// The record of the document that a context of the library is for.
+const ZtDocument& DocumentOf(const XMLContext& context);
 /// Every schema, by its number. Empty when out of memory.
 std::vector<Schema> Schemas();
 /// The schema `id`; false when there is none.
