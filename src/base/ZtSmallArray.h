@@ -18,11 +18,11 @@ class ZtSmallArray {
   ZtSmallArray(const ZtSmallArray&) = delete;
   ZtSmallArray& operator=(const ZtSmallArray&) = delete;
 
-  std::uint32_t Size() const { return m_iSize; }
-  T& operator[](std::uint32_t index) { return m_pItems[index]; }
-  const T& operator[](std::uint32_t index) const { return m_pItems[index]; }
-  T& Last() { return m_pItems[m_iSize - 1]; }
-  const T& Last() const { return m_pItems[m_iSize - 1]; }
+  [[gnu::always_inline]] std::uint32_t Size() const { return m_iSize; }
+  [[gnu::always_inline]] T& operator[](std::uint32_t index) { return m_pItems[index]; }
+  [[gnu::always_inline]] const T& operator[](std::uint32_t index) const { return m_pItems[index]; }
+  [[gnu::always_inline]] T& Last() { return m_pItems[m_iSize - 1]; }
+  [[gnu::always_inline]] const T& Last() const { return m_pItems[m_iSize - 1]; }
   const T* begin() const { return m_pItems; }
   const T* end() const { return m_pItems + m_iSize; }
   T* begin() { return m_pItems; }

@@ -186,16 +186,21 @@ bool ZtUpdater::StartEntry(const ZtMatch& match) {
   Frame& parent = m_Frames.Last();
   const ZtField& row = *match.row;
   const std::uint32_t slot = m_iPart;
-  Flush(parent, &row);
-  FlushRow(parent, row);
   const Part& here = m_Source.parts[slot];
+  RowState& state = StateOf(parent, row);
+  Flush(parent, &row);
+  if (m_pKept[slot] && state.node && state.node->data == here.object) {  // mostly nothing has moved
+    auto* const entry = static_cast<XMLElement*>(state.node->data);
+    state.node = state.node->next;
+    return Enter(match, entry, slot);
+  }
+  FlushRow(parent, row);
   if (!m_pKept[slot]) {
     Remove(here.from, here.to);
     parent.last = here.to;
     Pass(slot);
     return true;
   }
-  RowState& state = StateOf(parent, row);
   if (m_bNoMemory) return false;
   auto* const object = static_cast<XMLElement*>(state.node->data);
   const std::uint32_t index = PartOf(parent, row, object, slot);
