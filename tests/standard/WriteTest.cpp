@@ -91,7 +91,8 @@ TEST(StandardWrite, AnAttributeKeepsItsNamespaceOutsideOfItsDocument) {
 TEST(StandardLosses, BothProfilesTellWhatTheTypesDoNotKeep) {
   const std::string text =
       "<reginfo xmlns='urn:ietf:params:xml:ns:reginfo' version='x' state='full' a='1'>\n"
-      " <registration aor='a' id='r' state='init'>stray<b:c xmlns:b='b'><uri/></b:c></registration>\n"
+      " <registration aor='a' id='r' state='init'>stray<b:c "
+      "xmlns:b='b'><uri/></b:c></registration>\n"
       " <registration aor='a' id='r' state='active'><contact id='c' state='active' event='created' "
       "expires='9z'><uri b='2'>u</uri><uri>v</uri></contact></registration>\n"
       "</reginfo>";
