@@ -14,7 +14,7 @@ enum eXMLProfile {
 };
 
 /// What is asked of a context; see the operations of XMLContext.
-struct ZtSettings {
+struct ZtSettings : ZtHeapObject {
   static constexpr std::size_t kMostText = std::size_t{16} * 1024 * 1024;
 
   eXMLProfile profile = XML_PROFILE_EXACT;
@@ -38,22 +38,19 @@ class ZT_API XMLContext : public ZtNonCopyable {
   /// until the context goes or another is set). Returns 1, or 0 when the schema uses none.
   virtual int SetNamespaceBinder(XMLObject* binder);
   /// Chooses the profile of the workers and of the objects that factories make. Returns 1; 0, and
-  /// changes nothing, after the first worker was made.
+  /// changes nothing, after the first worker was made or without memory.
   int UseProfile(eXMLProfile profile);
-  eXMLProfile profile() const { return m_Settings.profile; }
+  eXMLProfile profile() const { return settings().profile; }
   /// Whether trees that are read in the standard profile remember what they were read from, so that
-  /// a marshaller can Update it (at first not). It costs the size of the text and about 48 bytes
-  /// for each element with an object.
-  void KeepSource(bool keep) { m_Settings.keepsSource = keep; }
+  /// a marshaller can Update it (at first not). It costs the size of the text and 56 bytes for each
+  /// element with an object. Returns 1; 0 without memory, as the next two.
+  int KeepSource(bool keep);
   /// The bytes that a text of the standard profile may have at most; at first 16 MiB.
-  void LimitText(std::size_t bytes) { m_Settings.mostText = bytes; }
+  int LimitText(std::size_t bytes);
   /// Has `handler` (null for none, as at first) told what the types do not keep of each document
   /// that is read, in both profiles. `context` is handed to it.
-  void TellLosses(ZtLossHandler handler, void* context) {
-    m_Settings.lost = handler;
-    m_Settings.lostContext = context;
-  }
-  const ZtSettings& settings() const { return m_Settings; }
+  int TellLosses(ZtLossHandler handler, void* context);
+  const ZtSettings& settings() const;
   /// The latest worker of each kind, null before the first.
   XMLMarshaller* marshaller() const { return m_pMarshaller; }
   XMLUnMarshaller* unMarshaller() const { return m_pUnMarshaller; }
@@ -68,6 +65,7 @@ class ZT_API XMLContext : public ZtNonCopyable {
 
  private:
   struct Older;
+  ZtSettings* Settings();
   template <class Worker>
   Worker* KeepIn(Worker*& field, Worker* worker);
 
@@ -75,7 +73,7 @@ class ZT_API XMLContext : public ZtNonCopyable {
   XMLUnMarshaller* m_pUnMarshaller = nullptr;
   XMLObjectFactory* m_pBinderFactory = nullptr;
   Older* m_pOlder = nullptr;  // workers that a later one replaced: callers may still use them
-  ZtSettings m_Settings;
+  ZtSettings* m_pSettings = nullptr;  // null as long as nothing was asked for
 };
 
 #endif  // ZTXML_INCLUDE_XMLCONTEXT_H

@@ -9,6 +9,9 @@
 #ifndef ZTXML_INCLUDE_ZTHOLDERS_H
 #define ZTXML_INCLUDE_ZTHOLDERS_H
 
+#include <cstdint>
+#include <cstring>
+
 #include "XMLElement.h"
 #include "XMLList.h"
 #include "ztxml/ZtArena.h"
@@ -60,25 +63,31 @@ template <class Number>
 class ZtScalar {
  public:
   /// Holds `value` without being set.
-  ZtScalar(Number value = 0) : m_Value(value) {}  // NOLINT(google-explicit-constructor)
+  ZtScalar(Number value = 0) { Store(value); }  // NOLINT(google-explicit-constructor)
 
   /// Stores `value`. Returns 1, as the public setters do.
   template <class Value>
   int Set(Value value) {
-    m_Value = static_cast<Number>(value);
+    Store(static_cast<Number>(value));
     m_bSet = true;
     return 1;
   }
-  Number Get() const { return m_Value; }
+  Number Get() const {
+    Number value;
+    std::memcpy(&value, m_Value, sizeof(value));
+    return value;
+  }
   bool IsSet() const { return m_bSet; }
   /// Converts to what a getter returns: a number or an enumeration.
   template <class Value>
   operator Value() const {  // NOLINT(google-explicit-constructor)
-    return static_cast<Value>(m_Value);
+    return static_cast<Value>(Get());
   }
 
  private:
-  Number m_Value;
+  void Store(Number value) { std::memcpy(m_Value, &value, sizeof(value)); }
+
+  std::uint32_t m_Value[sizeof(Number) / 4];  // aligned for 4 bytes, so that the flag takes no more
   bool m_bSet = false;
 };
 /// A number of 32 bits, or which value of an enumeration.

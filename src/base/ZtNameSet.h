@@ -2,6 +2,7 @@
 #ifndef ZTXML_SRC_BASE_ZTNAMESET_H
 #define ZTXML_SRC_BASE_ZTNAMESET_H
 
+#include "base/ZtHash.h"
 #include "base/ZtSmallArray.h"
 #include "ztxml/ZtPiece.h"
 
@@ -17,9 +18,10 @@ class ZtNameSet {
     m_Names.Cut(0);
     m_iSlots = 0;
   }
-  // False when the name is there already. `failed` is set without memory.
-  bool Insert(ZtPiece space, ZtPiece local, bool& failed) {
-    const Name name = {space, local};
+  // False when the name is there already. `number` is one that the namespace alone has, or 0 for
+  // all. `failed` is set without memory.
+  bool Insert(ZtPiece space, std::uint32_t number, ZtPiece local, bool& failed) {
+    const Name name = {space, local, number};
     if (m_Names.Size() < kFew) {
       for (const Name& other : m_Names) {
         if (Equal(name, other)) return false;
@@ -39,6 +41,7 @@ class ZtNameSet {
   struct Name {
     ZtPiece space;
     ZtPiece local;
+    std::uint32_t number;
   };
   static constexpr std::uint32_t kFew = 16;
 
@@ -48,19 +51,8 @@ class ZtNameSet {
   static bool Equal(const Name& a, const Name& b) {
     return Equal(a.local, b.local) && Equal(a.space, b.space);
   }
-  // Where the set lies makes the order of the slots one that a document cannot aim at. Of a
-  // namespace the ends do: there are few in one tag that differ in between.
   std::uint32_t Hash(const Name& name) const {
-    std::uint64_t hash = reinterpret_cast<std::uintptr_t>(this);
-    const auto mix = [&hash](unsigned char byte) { hash = (hash ^ byte) * 0x100000001B3U; };
-    for (std::size_t i = 0; i < name.local.size; ++i) {
-      mix(static_cast<unsigned char>(name.local.text[i]));
-    }
-    for (std::size_t i = 0; i < name.space.size && i < kFew; ++i) {
-      mix(static_cast<unsigned char>(name.space.text[name.space.size - 1 - i]));
-    }
-    hash = (hash ^ (hash >> 32)) * 0x9E3779B97F4A7C15U;
-    return static_cast<std::uint32_t>(hash >> 32);
+    return static_cast<std::uint32_t>(ZtHash(name.local, ZtSeed(this) + name.number));
   }
   // Of the name, or the free one where it belongs.
   std::uint32_t& Slot(const Name& name) {

@@ -13,13 +13,6 @@ bool IsSame(ZtPiece a, ZtPiece b) {
   return a.size == b.size && (a.size == 0 || std::memcmp(a.text, b.text, a.size) == 0);
 }
 
-bool IsXmlns(ZtPiece name) { return IsSame(name, "xmlns") || IsSame(ZtPrefixIn(name), "xmlns"); }
-
-ZtPiece LocalIn(ZtPiece name) {
-  const std::size_t prefix = ZtPrefixIn(name).size;
-  return prefix ? ZtPiece(name.text + prefix + 1, name.size - prefix - 1) : name;
-}
-
 ZtListNode* HeadOf(const XMLElement& object, const ZtField& row) {
   return (object.*row.member.children).Head();
 }
@@ -249,7 +242,7 @@ bool ZtStandardWriter::StartTag(Frame& frame, ZtSpace space) {
       if (ZtIsRequired(*row)) return Fail(kMissing, "/@", name);
       continue;
     }
-    if (!IsNew(nullptr, name)) continue;
+    if (!IsNew(nullptr, 0, name)) continue;
     if (!WriteAttribute(name, text)) return Fail(kZtNotXml, "/@", name);
   }
   return (!others || WriteOthers(*others)) && !m_bNoMemory;
@@ -285,9 +278,9 @@ bool ZtStandardWriter::DeclareOthers(Frame& frame, const ZtAttributeList& others
   for (ZtListNode* node = others.Head(); node; node = node->next) {
     const auto* pair = zt_AttributeValuePair::From(static_cast<XMLAttribute*>(node->data));
     const ZtPiece name = pair ? pair->getName() : nullptr;
-    if (!name.size || !IsXmlns(name)) continue;
+    if (!name.size || !ZtDeclares(name)) continue;
     if (!ZtIsQualifiedName(name)) return Fail(kZtBadName, "/@", name);
-    const ZtPiece prefix = ZtPrefixIn(name).text ? LocalIn(name) : ZtPiece(nullptr);
+    const ZtPiece prefix = ZtPrefixIn(name).text ? ZtLocalIn(name) : ZtPiece(nullptr);
     const ZtPiece uri = pair->getValue();
     if (!ZtIsXmlText(uri)) return Fail(kZtNotXml, "/@", name);
     if (!Declare(frame, prefix, uri)) return false;
@@ -365,7 +358,7 @@ bool ZtStandardWriter::WriteOthers(const ZtAttributeList& others) {
 
 bool ZtStandardWriter::WriteOther(const zt_AttributeValuePair& pair) {
   const ZtPiece name = pair.getName();
-  if (!name.size || IsXmlns(name)) return true;
+  if (!name.size || ZtDeclares(name)) return true;
   if (!ZtIsQualifiedName(name)) return Fail(kZtBadName, "/@", name);
   const ZtPiece prefix = ZtPrefixIn(name);
   const ZtPiece uri = prefix.size ? UriOf(prefix) : ZtPiece(nullptr);
@@ -373,7 +366,9 @@ bool ZtStandardWriter::WriteOther(const zt_AttributeValuePair& pair) {
   if (prefix.size && (!uri.text || (meant.size && !IsSame(uri, meant)))) {
     return Fail(kZtUnbound, "/@", name);
   }
-  if (!IsNew(uri, LocalIn(name))) return true;
+  // What is in scope outside has numbers of its own.
+  const bool numbered = prefix.size && !m_pOuter;
+  if (!IsNew(uri, numbered ? m_Scope.SpaceOf(prefix) : 0, ZtLocalIn(name))) return true;
   return WriteAttribute(name, pair.getValue()) || Fail(kZtNotXml, "/@", name);
 }
 
@@ -388,9 +383,9 @@ bool ZtStandardWriter::WriteAttribute(ZtPiece name, ZtPiece value) {
 
 // Whether the tag has no attribute of that expanded name yet, to which it is added. Intended: of
 // two with one name the first is written, as in the exact profile.
-bool ZtStandardWriter::IsNew(ZtPiece uri, ZtPiece local) {
+bool ZtStandardWriter::IsNew(ZtPiece uri, std::uint32_t number, ZtPiece local) {
   bool failed = false;
-  const bool isNew = m_Attributes.Insert(uri, local, failed);
+  const bool isNew = m_Attributes.Insert(uri, number, local, failed);
   m_bNoMemory = m_bNoMemory || failed;
   return isNew;
 }

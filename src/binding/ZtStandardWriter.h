@@ -20,6 +20,17 @@ inline ZtPiece ZtPrefixIn(ZtPiece name) {
   return {name.text, static_cast<std::size_t>(static_cast<const char*>(colon) - name.text)};
 }
 
+// The part after it.
+inline ZtPiece ZtLocalIn(ZtPiece name) {
+  const std::size_t prefix = ZtPrefixIn(name).size;
+  return prefix ? ZtPiece(name.text + prefix + 1, name.size - prefix - 1) : name;
+}
+// Whether an attribute of that name declares a namespace.
+inline bool ZtDeclares(ZtPiece name) {
+  const ZtPiece first = ZtPrefixIn(name).text ? ZtPrefixIn(name) : name;
+  return first.size == 5 && std::memcmp(first.text, "xmlns", 5) == 0;
+}
+
 class ZtStandardWriter {
  public:
   explicit ZtStandardWriter(ZtBuffer& to) : m_To(to) {}
@@ -87,7 +98,7 @@ class ZtStandardWriter {
   bool WriteOthers(const ZtAttributeList& others);
   bool WriteOther(const zt_AttributeValuePair& pair);
   bool WriteAttribute(ZtPiece name, ZtPiece value);
-  bool IsNew(ZtPiece uri, ZtPiece local);
+  bool IsNew(ZtPiece uri, std::uint32_t number, ZtPiece local);
   void AppendName(const Frame& frame);
   bool Fail(const char* why, const char* sign = nullptr, ZtPiece name = nullptr,
             std::uint32_t index = 0);

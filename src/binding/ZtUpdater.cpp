@@ -195,16 +195,18 @@ bool ZtUpdater::StartEntry(const ZtMatch& match) {
     return true;
   }
   RowState& state = StateOf(parent, row);
+  if (m_bNoMemory) return false;
   auto* const object = static_cast<XMLElement*>(state.node->data);
   const std::uint32_t index = PartOf(parent, row, object, slot);
+  if (m_bNoMemory) return false;
   state.node = state.node->next;
   if (index == slot) return Enter(match, object, slot);
   // Another one of the source comes here. It is read now, and its own place filled or passed over
-  // later; the tag here may be read again, so that what was done to it is undone.
+  // later; the tag here may be read again.
   const Part& there = m_Source.parts[index];
   CopyTo(here.from);
   SkipTo(there.from);
-  std::memcpy(m_pWork + here.from, m_Text.text + here.from, m_Xml.To() - here.from);
+  Restore(here.from, m_Xml.To());
   m_Xml.Resume(there.from);
   m_iPart = index;
   if (m_Xml.Next() != ZtToken::kStart) return false;
@@ -242,6 +244,11 @@ void ZtUpdater::Pass(std::uint32_t part) {
   m_Xml.Resume(m_Source.parts[part].to);
 }
 
+// Undoes what reading did to the text.
+void ZtUpdater::Restore(std::size_t from, std::size_t to) {
+  std::memcpy(m_pWork + from, m_Text.text + from, to - from);
+}
+
 // ---- Texts and ends -----------------------------------------------------------------------------
 
 bool ZtUpdater::Text() {
@@ -262,6 +269,7 @@ bool ZtUpdater::End() {
   if (!(frame.type ? EndObject(frame) : EndLeaf(frame))) return false;
   const std::uint32_t part = frame.part;
   const std::uint32_t slot = frame.slot;
+  const Range tag = {frame.from, frame.content};
   m_Rows.Cut(frame.rows);
   m_Pending.Cut(frame.pending);
   m_Texts.Cut(frame.texts);
@@ -272,6 +280,8 @@ bool ZtUpdater::End() {
   parent.last = slot == kNone ? to : m_Source.parts[slot].to;
   if (slot != kNone) m_iPart = m_Source.parts[slot].next;
   if (slot == part) return true;
+  // Its tag is read again where it stands.
+  Restore(tag.from, tag.to);
   CopyTo(to);
   SkipTo(parent.last);
   m_Xml.Resume(parent.last);
@@ -375,134 +385,6 @@ bool ZtUpdater::ReplaceContent(Frame& frame, const ZtField& row, ZtPiece text) {
     m_To.Append('>');
   }
   return true;
-}
-
-// ---- Attributes ---------------------------------------------------------------------------------
-
-bool ZtUpdater::Attributes(const Frame& frame) {
-  const ZtElementType& type = *frame.type;
-  const ZtField* next = type.begin();
-  std::uint64_t stated = 0;
-  if (type.rows.keepsAttributes) {
-    const ZtField& others = ZtOthersOf(type);
-    std::uint32_t likely = m_iPart;
-    for (const ZtListNode* node = (frame.object->*others.member.attributes).Head(); node;
-         node = node->next) {
-      const std::uint32_t part = PartOf(frame, others, node->data, likely++);
-      if (part != kNone) m_pKept[part] = 1;
-    }
-  }
-  for (std::uint32_t i = 0; i < m_Xml.AttributeCount(); ++i) {
-    const ZtXmlAttribute& attribute = m_Xml.Attributes()[i];
-    const ZtField* row =
-        attribute.name.prefix.text ? nullptr : ZtNextAttribute(type, next, attribute.name.local);
-    if (!row) {
-      if (type.rows.keepsAttributes && !KeepPair(attribute)) return false;
-      continue;
-    }
-    stated |= ZtRowBit(type, *row);
-    if (ZtHolds(*frame.object, *row, attribute.value)) continue;
-    const ZtStated held = ZtHeld(*frame.object, *row);
-    char buffer[kZtNumberSize];
-    if (!held.stated) {
-      RemoveAttribute(attribute);
-    } else if (!ReplaceValue(attribute, ZtTextOf(*row, held, buffer))) {
-      return Fail(kZtNotXml, row->name.Piece());
-    }
-  }
-  return NewAttributes(frame, stated);
-}
-
-// An attribute that no row names, beside the pair that was made of it.
-bool ZtUpdater::KeepPair(const ZtXmlAttribute& attribute) {
-  const std::uint32_t part = m_iPart++;
-  const auto* pair = static_cast<const zt_AttributeValuePair*>(
-      static_cast<const XMLAttribute*>(m_Source.parts[part].object));
-  const ZtPiece name = ZtQualified(attribute.name);
-  if (m_pKept[part]) {
-    const ZtPiece held = pair->getName();
-    m_pKept[part] = held.size == name.size && std::memcmp(held.text, name.text, name.size) == 0;
-  }
-  if (!m_pKept[part]) {
-    RemoveAttribute(attribute);
-    return true;
-  }
-  const ZtPiece value = pair->getValue();
-  const bool isSame =
-      value.size == attribute.value.size &&
-      (!value.size || std::memcmp(value.text, attribute.value.text, value.size) == 0);
-  return isSame || ReplaceValue(attribute, value) || Fail(kZtNotXml, name);
-}
-
-// What the tree has and the tag lacks comes at the tag's end.
-bool ZtUpdater::NewAttributes(const Frame& frame, std::uint64_t stated) {
-  const ZtElementType& type = *frame.type;
-  for (const ZtField* row = type.begin(); row != type.children(); ++row) {
-    if (row->place == ZtPlace::kOtherAttributes) {
-      std::uint32_t likely = frame.part + 1;
-      for (const ZtListNode* node = (frame.object->*row->member.attributes).Head(); node;
-           node = node->next) {
-        const std::uint32_t part = PartOf(frame, *row, node->data, likely++);
-        if (part != kNone && m_pKept[part]) continue;
-        const auto* pair = zt_AttributeValuePair::From(static_cast<XMLAttribute*>(node->data));
-        CopyToEnd(frame);
-        if (pair && !NewPair(*pair)) return false;
-      }
-      continue;
-    }
-    if (stated & ZtRowBit(type, *row)) continue;
-    char buffer[kZtNumberSize];
-    const ZtPiece text = ZtTextOf(*row, ZtHeld(*frame.object, *row), buffer);
-    if (!text.text) continue;
-    CopyToEnd(frame);
-    if (!NewAttribute(row->name.Piece(), text)) return Fail(kZtNotXml, row->name.Piece());
-  }
-  return true;
-}
-
-// What is new comes before the end of the start tag.
-void ZtUpdater::CopyToEnd(const Frame& frame) {
-  std::size_t end = frame.content - (frame.isEmpty ? 2 : 1);
-  while (end > m_iCopied && ZtIsBlank(m_Text.text[end - 1])) --end;
-  CopyTo(end);
-}
-
-bool ZtUpdater::NewPair(const zt_AttributeValuePair& pair) {
-  const ZtPiece name = pair.getName();
-  const ZtPiece prefix = ZtPrefixIn(name);
-  if (!name.size) return true;
-  if (!ZtIsQualifiedName(name) || ZtEncodedSize(name, m_Source.form.encoding) == 0) {
-    return Fail(kZtBadName, name);
-  }
-  if (prefix.size && m_Xml.Scope().SpaceOf(prefix) == kZtNone) {
-    const ZtPiece uri = pair.getNamespaceValue();
-    if (!uri.size) return Fail(kZtUnbound, name);
-    m_To.Append(" xmlns:");
-    m_To.Append(prefix);
-    m_To.Append("=\"");
-    static_cast<void>(ZtAppendEscaped(m_To, uri, '"'));
-    m_To.Append('"');
-  }
-  return NewAttribute(name, pair.getValue()) || Fail(kZtNotXml, name);
-}
-
-bool ZtUpdater::NewAttribute(ZtPiece name, ZtPiece value) {
-  m_To.Append(' ');
-  m_To.Append(name);
-  m_To.Append("=\"");
-  const bool done = ZtAppendEscaped(m_To, value, '"');
-  m_To.Append('"');
-  return done;
-}
-
-bool ZtUpdater::ReplaceValue(const ZtXmlAttribute& attribute, ZtPiece text) {
-  CopyTo(attribute.valueFrom);
-  SkipTo(attribute.valueTo);
-  return ZtAppendEscaped(m_To, text, m_Text.text[attribute.valueTo]);
-}
-
-void ZtUpdater::RemoveAttribute(const ZtXmlAttribute& attribute) {
-  Remove(attribute.from, attribute.valueTo + std::size_t{1});
 }
 
 // ---- What is new --------------------------------------------------------------------------------
@@ -622,7 +504,6 @@ bool ZtUpdater::FlushOne(Frame& frame, const ZtField& row) {
   if (isList ? !state.node : !isNext()) return false;
   const Pending& fresh = m_Pending[state.pending++];
   if (isList) state.node = state.node->next;
-  CopyTo(frame.last);
   OpenContent(frame);
   m_To.Append({m_New.Text() + fresh.from, fresh.to - fresh.from});
   return true;

@@ -42,6 +42,10 @@ class ZtUpdater {
     std::size_t from;
     std::size_t to;
   };
+  struct Declaration {
+    ZtPiece prefix;
+    ZtPiece uri;
+  };
   // What is read: an element with an object, or one with a text.
   struct Frame {
     XMLElement* object = nullptr;  // of a text element its parent's, or the text
@@ -79,17 +83,23 @@ class ZtUpdater {
   bool StartEntry(const ZtMatch& match);
   bool Enter(const ZtMatch& match, XMLElement* object, std::uint32_t slot);
   void Pass(std::uint32_t part);
+  void Restore(std::size_t from, std::size_t to);
   bool Text();
   bool End();
   bool EndLeaf(Frame& leaf);
   bool EndObject(Frame& frame);
 
   bool Attributes(const Frame& frame);
+  bool HasName(const Part& part, ZtPiece name) const;
+  bool SortPairs(const Frame& frame);
+  void RowNames(const Frame& frame, bool& failed);
+  bool DeclarePair(const zt_AttributeValuePair& pair);
+  bool DeclareHere(ZtPiece prefix, ZtPiece uri);
+  bool IsBound(const zt_AttributeValuePair& pair);
   bool KeepPair(const ZtXmlAttribute& attribute);
   bool NewAttributes(const Frame& frame, std::uint64_t stated);
+  bool NewAttribute(ZtPiece prefix, ZtPiece name, ZtPiece value);
   void CopyToEnd(const Frame& frame);
-  bool NewPair(const zt_AttributeValuePair& pair);
-  bool NewAttribute(ZtPiece name, ZtPiece value);
   bool ReplaceValue(const ZtXmlAttribute& attribute, ZtPiece text);
   void RemoveAttribute(const ZtXmlAttribute& attribute);
 
@@ -139,6 +149,10 @@ class ZtUpdater {
   ZtSmallArray<RowState, 16> m_Rows;
   ZtSmallArray<Pending, 4> m_Pending;
   ZtSmallArray<Range, 4> m_Texts;
+  // Of the tag that is read: what is new, and the names of all.
+  ZtSmallArray<const zt_AttributeValuePair*, 4> m_Pairs;
+  ZtSmallArray<Declaration, 4> m_Declared;
+  ZtNameSet m_Names;
 };
 
 #endif  // ZTXML_SRC_BINDING_ZTUPDATER_H

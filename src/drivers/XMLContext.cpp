@@ -25,15 +25,51 @@ XMLContext::~XMLContext() {
   ZtRelease(m_pMarshaller);
   ZtRelease(m_pUnMarshaller);
   ZtRelease(m_pBinderFactory);
+  delete m_pSettings;
 }
 
 int XMLContext::SetNamespaceBinder(XMLObject*) { return 0; }
 
+// ---- What is asked for --------------------------------------------------------------------------
+
+namespace {
+const ZtSettings kDefaults;
+}
+
+const ZtSettings& XMLContext::settings() const { return m_pSettings ? *m_pSettings : kDefaults; }
+
+// Null without memory.
+ZtSettings* XMLContext::Settings() {
+  if (!m_pSettings) m_pSettings = new ZtSettings;
+  return m_pSettings;
+}
+
 int XMLContext::UseProfile(eXMLProfile profile) {
-  if (m_pMarshaller || m_pUnMarshaller || m_pBinderFactory) return 0;
-  m_Settings.profile = profile;
+  if (m_pMarshaller || m_pUnMarshaller || m_pBinderFactory || !Settings()) return 0;
+  m_pSettings->profile = profile;
   return 1;
 }
+
+int XMLContext::KeepSource(bool keep) {
+  if (!Settings()) return 0;
+  m_pSettings->keepsSource = keep;
+  return 1;
+}
+
+int XMLContext::LimitText(std::size_t bytes) {
+  if (!Settings()) return 0;
+  m_pSettings->mostText = bytes;
+  return 1;
+}
+
+int XMLContext::TellLosses(ZtLossHandler handler, void* context) {
+  if (!Settings()) return 0;
+  m_pSettings->lost = handler;
+  m_pSettings->lostContext = context;
+  return 1;
+}
+
+// ---- Workers ------------------------------------------------------------------------------------
 
 template <class Worker>
 Worker* XMLContext::KeepIn(Worker*& field, Worker* worker) {

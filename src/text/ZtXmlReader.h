@@ -102,6 +102,12 @@ class ZtXmlReader {
     m_Token = ZtToken::kText;
   }
 
+  // With a kStart: binds a prefix in its element as if the tag did. Both texts are borrowed until
+  // the element ends.
+  ZtNamespaceScope::Result Declare(ZtPiece prefix, ZtPiece uri) {
+    return m_Scope.Declare(prefix, uri, m_Open.Size());
+  }
+
   ZtToken Token() const { return m_Token; }
   const ZtXmlError& Error() const { return m_Error; }
   // Offsets of the token's source: a tag from '<' to after its '>', a text as it was written, a

@@ -1,0 +1,233 @@
+// The attributes of the tags that the updater goes through.
+#include "binding/ZtUpdater.h"
+#include "text/ZtEncoding.h"
+#include "text/ZtEscape.h"
+
+namespace {
+
+bool IsSame(ZtPiece a, ZtPiece b) {
+  return a.size == b.size && (a.size == 0 || std::memcmp(a.text, b.text, a.size) == 0);
+}
+
+const zt_AttributeValuePair* PairIn(const ZtListNode* node) {
+  return zt_AttributeValuePair::From(static_cast<XMLAttribute*>(node->data));
+}
+
+}  // namespace
+
+bool ZtUpdater::Attributes(const Frame& frame) {
+  const ZtElementType& type = *frame.type;
+  const ZtField* next = type.begin();
+  std::uint64_t stated = 0;
+  if (type.rows.keepsAttributes && !SortPairs(frame)) return false;
+  for (std::uint32_t i = 0; i < m_Xml.AttributeCount(); ++i) {
+    const ZtXmlAttribute& attribute = m_Xml.Attributes()[i];
+    const ZtField* row =
+        attribute.name.prefix.text ? nullptr : ZtNextAttribute(type, next, attribute.name.local);
+    if (!row) {
+      if (type.rows.keepsAttributes && !KeepPair(attribute)) return false;
+      continue;
+    }
+    stated |= ZtRowBit(type, *row);
+    if (ZtHolds(*frame.object, *row, attribute.value)) continue;
+    const ZtStated held = ZtHeld(*frame.object, *row);
+    char buffer[kZtNumberSize];
+    if (!held.stated) {
+      RemoveAttribute(attribute);
+    } else if (!ReplaceValue(attribute, ZtTextOf(*row, held, buffer))) {
+      return Fail(kZtNotXml, row->name.Piece());
+    }
+  }
+  return NewAttributes(frame, stated);
+}
+
+// ---- Those that no row names --------------------------------------------------------------------
+
+// Whether the attribute that the part was has this name.
+bool ZtUpdater::HasName(const Part& part, ZtPiece name) const {
+  const std::size_t after = part.from + name.size;
+  return name.size && after < part.to &&
+         std::memcmp(m_Text.text + part.from, name.text, name.size) == 0 &&
+         (m_Text.text[after] == '=' || ZtIsBlank(m_Text.text[after]));
+}
+
+// Finds out which of the tag's attributes stay, and which pairs are new. Of two with one name the
+// first stands, as when a tree is written.
+bool ZtUpdater::SortPairs(const Frame& frame) {
+  const ZtField& others = ZtOthersOf(*frame.type);
+  const ZtListNode* const head = (frame.object->*others.member.attributes).Head();
+  bool isNew = false;
+  std::uint32_t likely = m_iPart;
+  m_Pairs.Cut(0);
+  m_Declared.Cut(0);
+  for (const ZtListNode* node = head; node; node = node->next) {
+    const zt_AttributeValuePair* pair = PairIn(node);
+    if (!pair) continue;
+    const std::uint32_t part = PartOf(frame, others, node->data, likely++);
+    const bool isKept = part != kNone && HasName(m_Source.parts[part], pair->getName());
+    if (isKept) m_pKept[part] = 1;
+    isNew = isNew || !isKept;
+  }
+  if (m_bNoMemory) return false;
+  if (!isNew) return true;
+  bool failed = false;
+  m_Names.Clear();
+  RowNames(frame, failed);
+  for (const ZtListNode* node = head; node; node = node->next) {
+    if (PairIn(node) && !DeclarePair(*PairIn(node))) return false;
+  }
+  likely = m_iPart;
+  for (const ZtListNode* node = head; node; node = node->next) {
+    const zt_AttributeValuePair* pair = PairIn(node);
+    const ZtPiece name = pair ? pair->getName() : nullptr;
+    if (!name.size || ZtDeclares(name)) continue;
+    const std::uint32_t part = PartOf(frame, others, node->data, likely++);
+    const bool isKept = part != kNone && m_pKept[part];
+    if (!isKept && !IsBound(*pair)) return false;
+    const ZtPiece prefix = ZtPrefixIn(name);
+    const ZtPiece uri =
+        prefix.size ? m_Xml.Scope().Uri(m_Xml.Scope().SpaceOf(prefix)) : ZtPiece(nullptr);
+    const bool isFirst = m_Names.Insert(uri, prefix.size ? m_Xml.Scope().SpaceOf(prefix) : 0,
+                                        ZtLocalIn(name), failed);
+    if (isKept) {
+      m_pKept[part] = isFirst;
+    } else if (isFirst) {
+      failed = failed || !m_Pairs.Add(pair);
+    }
+  }
+  return !failed;
+}
+
+// Adds the names that the tag has of its rows.
+void ZtUpdater::RowNames(const Frame& frame, bool& failed) {
+  const ZtElementType& type = *frame.type;
+  for (const ZtField* row = type.begin(); row != type.children(); ++row) {
+    if (row->place == ZtPlace::kAttribute && ZtHeld(*frame.object, *row).stated) {
+      m_Names.Insert(nullptr, 0, row->name.Piece(), failed);
+    }
+  }
+  // What is no value of its row stays as well.
+  const ZtField* next = type.begin();
+  for (std::uint32_t i = 0; i < m_Xml.AttributeCount(); ++i) {
+    const ZtXmlAttribute& attribute = m_Xml.Attributes()[i];
+    if (attribute.name.prefix.text) continue;
+    const ZtField* row = ZtNextAttribute(type, next, attribute.name.local);
+    if (row && !ZtParse(*row, attribute.value).stated) {
+      m_Names.Insert(nullptr, 0, row->name.Piece(), failed);
+    }
+  }
+}
+
+// Declares what a new pair declares, or the prefix that it needs.
+bool ZtUpdater::DeclarePair(const zt_AttributeValuePair& pair) {
+  const ZtPiece name = pair.getName();
+  if (!name.size) return true;
+  const ZtPiece prefix = ZtPrefixIn(name);
+  if (!ZtDeclares(name)) {
+    const ZtPiece uri = pair.getNamespaceValue();
+    return !prefix.size || !uri.size || m_Xml.Scope().SpaceOf(prefix) != kZtNone ||
+           DeclareHere(prefix, uri);
+  }
+  if (!ZtIsQualifiedName(name)) return Fail(kZtBadName, name);
+  const ZtPiece uri = pair.getValue();
+  const ZtPiece declared = prefix.size ? ZtLocalIn(name) : ZtPiece(nullptr);
+  const ZtSpace space = m_Xml.Scope().SpaceOf(declared);
+  // Another meaning of what is in scope would be one for all that is in the element.
+  if (!declared.size || space != kZtNone) {
+    return IsSame(m_Xml.Scope().Uri(space), uri) || Fail(kZtNotXml, name);
+  }
+  return DeclareHere(declared, uri);
+}
+
+bool ZtUpdater::DeclareHere(ZtPiece prefix, ZtPiece uri) {
+  if (!ZtIsXmlText(uri)) return Fail(kZtNotXml, prefix);
+  switch (m_Xml.Declare(prefix, uri)) {
+    case ZtNamespaceScope::Result::kDeclared:
+      return m_Declared.Add({prefix, uri});
+    case ZtNamespaceScope::Result::kNoMemory:
+      return false;
+    default:
+      return Fail(kZtNotXml, prefix);
+  }
+}
+
+// Whether a new pair has a name that means in the element what it is to mean.
+bool ZtUpdater::IsBound(const zt_AttributeValuePair& pair) {
+  const ZtPiece name = pair.getName();
+  if (!ZtIsQualifiedName(name) || ZtEncodedSize(name, m_Source.form.encoding) == 0) {
+    return Fail(kZtBadName, name);
+  }
+  const ZtPiece prefix = ZtPrefixIn(name);
+  if (!prefix.size) return true;
+  const ZtSpace space = m_Xml.Scope().SpaceOf(prefix);
+  const ZtPiece meant = pair.getNamespaceValue();
+  return (space != kZtNone && (!meant.size || IsSame(m_Xml.Scope().Uri(space), meant))) ||
+         Fail(kZtUnbound, name);
+}
+
+// An attribute that no row names, beside the pair that was made of it.
+bool ZtUpdater::KeepPair(const ZtXmlAttribute& attribute) {
+  const std::uint32_t part = m_iPart++;
+  if (!m_pKept[part]) {
+    RemoveAttribute(attribute);
+    return true;
+  }
+  const auto* pair = static_cast<const zt_AttributeValuePair*>(
+      static_cast<const XMLAttribute*>(m_Source.parts[part].object));
+  const ZtPiece value = pair->getValue();
+  return IsSame(value, attribute.value) || ReplaceValue(attribute, value) ||
+         Fail(kZtNotXml, ZtQualified(attribute.name));
+}
+
+// ---- What is written ----------------------------------------------------------------------------
+
+// What the tree has and the tag lacks comes at the tag's end.
+bool ZtUpdater::NewAttributes(const Frame& frame, std::uint64_t stated) {
+  const ZtElementType& type = *frame.type;
+  for (const ZtField* row = type.begin(); row != type.children(); ++row) {
+    if (row->place == ZtPlace::kOtherAttributes || (stated & ZtRowBit(type, *row))) continue;
+    char buffer[kZtNumberSize];
+    const ZtPiece text = ZtTextOf(*row, ZtHeld(*frame.object, *row), buffer);
+    if (!text.text) continue;
+    CopyToEnd(frame);
+    if (!NewAttribute(nullptr, row->name.Piece(), text)) return Fail(kZtNotXml, row->name.Piece());
+  }
+  if (!type.rows.keepsAttributes) return true;
+  for (const Declaration& declaration : m_Declared) {
+    CopyToEnd(frame);
+    static_cast<void>(NewAttribute("xmlns:", declaration.prefix, declaration.uri));
+  }
+  for (const zt_AttributeValuePair* pair : m_Pairs) {
+    CopyToEnd(frame);
+    const ZtPiece name = pair->getName();
+    if (!NewAttribute(nullptr, name, pair->getValue())) return Fail(kZtNotXml, name);
+  }
+  return true;
+}
+
+// What is new comes before the end of the start tag.
+void ZtUpdater::CopyToEnd(const Frame& frame) {
+  std::size_t end = frame.content - (frame.isEmpty ? 2 : 1);
+  while (end > m_iCopied && ZtIsBlank(m_Text.text[end - 1])) --end;
+  CopyTo(end);
+}
+
+bool ZtUpdater::NewAttribute(ZtPiece prefix, ZtPiece name, ZtPiece value) {
+  m_To.Append(' ');
+  m_To.Append(prefix);
+  m_To.Append(name);
+  m_To.Append("=\"");
+  const bool done = ZtAppendEscaped(m_To, value, '"');
+  m_To.Append('"');
+  return done;
+}
+
+bool ZtUpdater::ReplaceValue(const ZtXmlAttribute& attribute, ZtPiece text) {
+  CopyTo(attribute.valueFrom);
+  SkipTo(attribute.valueTo);
+  return ZtAppendEscaped(m_To, text, m_Text.text[attribute.valueTo]);
+}
+
+void ZtUpdater::RemoveAttribute(const ZtXmlAttribute& attribute) {
+  Remove(attribute.from, attribute.valueTo + std::size_t{1});
+}
