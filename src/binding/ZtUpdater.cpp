@@ -545,6 +545,7 @@ void ZtUpdater::OpenContent(Frame& frame) {
 bool ZtUpdater::Fail(const char* why, ZtPiece name) {
   m_Why = why;
   for (const Frame& frame : m_Frames) m_Path.Push("/", frame.name);
-  if (name.size) m_Path.Push("/", name);
+  // A path of the writer begins with its sign.
+  if (name.size) m_Path.Push(*name.text == '/' ? "" : "/", name);
   return false;
 }
