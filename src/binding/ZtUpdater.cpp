@@ -201,7 +201,7 @@ bool ZtUpdater::StartEntry(const ZtMatch& match) {
     Pass(slot);
     return true;
   }
-  if (m_bNoMemory) return false;
+  if (m_bNoMemory || !state.node) return false;
   auto* const object = static_cast<XMLElement*>(state.node->data);
   const std::uint32_t index = PartOf(parent, row, object, slot);
   if (m_bNoMemory) return false;
