@@ -201,7 +201,7 @@ bool ZtUpdater::StartEntry(const ZtMatch& match) {
     Pass(slot);
     return true;
   }
-  if (m_bNoMemory) return false;
+  if (m_bNoMemory || !state.node) return false;
   auto* const object = static_cast<XMLElement*>(state.node->data);
   const std::uint32_t index = PartOf(parent, row, object, slot);
   if (m_bNoMemory) return false;
@@ -545,6 +545,7 @@ void ZtUpdater::OpenContent(Frame& frame) {
 bool ZtUpdater::Fail(const char* why, ZtPiece name) {
   m_Why = why;
   for (const Frame& frame : m_Frames) m_Path.Push("/", frame.name);
-  if (name.size) m_Path.Push("/", name);
+  // A path of the writer begins with its sign.
+  if (name.size) m_Path.Push(*name.text == '/' ? "" : "/", name);
   return false;
 }
