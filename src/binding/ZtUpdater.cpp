@@ -152,10 +152,10 @@ bool ZtUpdater::StartSingle(const ZtMatch& match) {
   XMLElement* const held = isText ? parent.object : (parent.object->*row.member.child).Get();
   const bool isThere =
       isText ? ZtHeld(*held, row).stated : held && ZtStandardWriter::IsThere(*held);
-  // Of several the first was read. What is absent now is so only when all have gone.
+  // Of several the first was read. When it goes, so do all.
   if (parent.taken & bit) {
     m_iSkipped = 1;
-    m_bDrops = !isThere;
+    m_bDrops = (parent.gone & bit) != 0;
     m_iDropped = m_Xml.From();
     return true;
   }
@@ -172,6 +172,7 @@ bool ZtUpdater::StartSingle(const ZtMatch& match) {
     FlushRow(parent, row);
     SkipTo(part.to);
   } else {
+    parent.gone |= bit;
     Remove(part.from, part.to);
   }
   parent.last = part.to;
@@ -301,6 +302,8 @@ bool ZtUpdater::EndLeaf(Frame& leaf) {
   const ZtStated held = isField ? ZtHeld(*leaf.object, row) : ZtStated::Text(TextOf(*leaf.object));
   if (ZtParse(row, text) == held) return true;
   if (!held.stated) {
+    Frame& parent = m_Frames[m_Frames.Size() - 2];
+    if (isField) parent.gone |= ZtRowBit(*parent.type, row);
     Remove(leaf.from, m_Xml.To());
     return true;
   }
@@ -542,6 +545,7 @@ void ZtUpdater::OpenContent(Frame& frame) {
 bool ZtUpdater::Fail(const char* why, ZtPiece name) {
   m_Why = why;
   for (const Frame& frame : m_Frames) m_Path.Push("/", frame.name);
-  if (name.size) m_Path.Push("/", name);
+  // A path of the writer begins with its sign.
+  if (name.size) m_Path.Push(*name.text == '/' ? "" : "/", name);
   return false;
 }
