@@ -4,23 +4,15 @@
 #define ZTXML_FUZZ_FUZZSUPPORT_H
 
 #include <cstdint>
-#include <cstdio>
-#include <cstdlib>
 #include <string>
 
 #include "PublicCallbacks.h"
+#include "Require.h"
 #include "WellFormed.h"
 #include "XMLFactory.h"
 #include "XmlDecoder.h"
 #include "ztHostPlatform.h"
 #include "ztXMLDocGenerator.h"
-
-/// Ends the process with the invariant's text when it does not hold.
-inline void Require(bool holds, const char* invariant, const std::string& found = "") {
-  if (holds) return;
-  std::fprintf(stderr, "broken: %s\n%s\n", invariant, found.c_str());
-  std::abort();
-}
 
 /// Requires at its end that the memory log is balanced.
 class Balanced {

@@ -364,6 +364,10 @@ expect 0 "" "$ztxml" get "$work/others.xml" '/conference-info/conference-descrip
 prints b
 expect 2 "/conference-info/users/user: which of 2, [1] to [2]?" "$ztxml" get "$work/others.xml" /conference-info/users/user
 expect 0 "" "$ztxml" get "$work/notify.txt" /reginfo/@version
+expect 0 "" "$ztxml" get "$documents/resource-lists.xml" '/resource-lists/list[1]/display-name'
+mv "$work/out" "$work/value"
+expect 0 "" "$ztxml" edit --set '/resource-lists/list[1]/display-name=' "$documents/resource-lists.xml"
+"$ztxml" get - '/resource-lists/list[1]/display-name/(text)' <"$work/out" | cmp - <(echo) || fail "an empty text"
 
 # edits EXPECTED OPTION...: the lines of the services that an edit changes, as diff prints them.
 edits() {
@@ -402,13 +406,13 @@ refuses 2 '"4" is no number from 5 to 180' --set "$diversion/NoReplyTimer=4"
 refuses 2 '"yes" is none of "false", "true"' --set "$diversion/@active=yes"
 refuses 2 'there is no element "rules"' --set "$diversion/rules/@id=1"
 refuses 2 "no such attribute is there, and none can be made" --set "$diversion/@x:y=1"
-refuses 2 "rule[3] is not there, and cannot be made" --set "$rule[3]/@id=1"
+refuses 2 "rule[3] is not there, and cannot be made: entries before it are missing" --set "$rule[3]/@id=1"
 refuses 2 "an element without a text of its own" --set "$rule/conditions/busy=1"
 refuses 2 "lacks its =VALUE" --set "$rule/@id"
 refuses 2 "no text that XML allows" --set "$rule/@id="$'\1'
 refuses 2 "a document has a root" --remove /simservs
 refuses 1 "conditions/anonymous is not there" --remove "$rule/conditions/anonymous"
-refuses 3 "a required value is missing" --set "$rule[2]/conditions"
+refuses 3 "/cp:ruleset/rule/@id cannot be written: a required value is missing" --set "$rule[2]/conditions"
 expect 2 '"-1" is no number from 0 to 4294967295' "$ztxml" edit --set /reginfo/@version=-1 "$documents/reginfo.xml"
 # Attributes of unknown names, words, captured messages.
 expect 0 "" "$ztxml" edit --set '/conference-info/@q:x="' --remove '/conference-info/conference-description/keywords/(words)[1]' \

@@ -1,12 +1,10 @@
 // ztxml edit: a document with some of its values changed, in place.
 #include <string>
-#include <string_view>
 
 #include "Commands.h"
 #include "Path.h"
 #include "Read.h"
 #include "Text.h"
-#include "model/ZtOwnership.h"
 #include "text/ZtEncoding.h"
 
 namespace {
@@ -76,7 +74,7 @@ class Editor {
     if (!change.value.empty() && !hasText) {
       return Wrong(change, "that is an element without a text of its own");
     }
-    if (target.isTaken) return Wrong(change, "it cannot be made: see what is there");
+    if (target.cannotMake) return Wrong(change, target.cannotMake);
     if (!target.object && !MakeElement(target)) return NoMemory(change);
     return hasText && change.hasValue ? SetScalar(change, OwnTextOf(target)) : int{kDone};
   }
@@ -91,7 +89,7 @@ class Editor {
     if (target.object) {
       return zt_string::From(target.object)->setValue(value.c_str()) ? kDone : NoMemory(change);
     }
-    if (target.isTaken) return Wrong(change, "entries before it are missing");
+    if (target.cannotMake) return Wrong(change, target.cannotMake);
     return AddText(target, value) ? kDone : NoMemory(change);
   }
 

@@ -8,29 +8,34 @@
 
 namespace {
 
-void PrintValue(ZtPiece value) {
-  std::string line(value.text ? value.text : "", value.size);
-  line += '\n';
-  PrintText(line);
+// An element without a text of its own has an empty one.
+bool IsEmptyText(const Target& target) {
+  return target.row && target.row->place == ZtPlace::kOwnText &&
+         target.row->value == ZtValue::kText;
+}
+
+// `buffer` has kZtNumberSize bytes.
+ZtPiece ValueOf(const Target& target, char* buffer) {
+  if (target.IsScalar()) {
+    return ZtTextOf(*target.row, ZtHeld(*target.parent, *target.row), buffer);
+  }
+  if (target.pair) return target.pair->getValue();
+  const zt_string* text = zt_string::From(target.object);
+  return text ? text->getValue() : nullptr;
 }
 
 int Print(const Document& document, const Target& target) {
-  if (target.IsScalar()) {
-    char buffer[kZtNumberSize];
-    PrintValue(ZtTextOf(*target.row, ZtHeld(*target.parent, *target.row), buffer));
-    return kDone;
+  if (target.object && target.own) {
+    const bool isRoot = !target.row;
+    const char* const name = isRoot ? reflect::ElementNameOf(*target.object) : ZtName(target.name);
+    return ShowObject(document, {*target.object, target.own}, name);
   }
-  if (target.pair) {
-    PrintValue(target.pair->getValue());
-    return kDone;
-  }
-  if (!target.own) {
-    PrintValue(zt_string::From(target.object)->getValue());
-    return kDone;
-  }
-  const bool isRoot = !target.row;
-  const char* const name = isRoot ? reflect::ElementNameOf(*target.object) : ZtName(target.name);
-  return ShowObject(document, {*target.object, target.own}, name);
+  char buffer[kZtNumberSize];
+  const ZtPiece value = ValueOf(target, buffer);
+  std::string line(value.text ? value.text : "", value.size);
+  line += '\n';
+  PrintText(line);
+  return kDone;
 }
 
 }  // namespace
@@ -44,15 +49,11 @@ int Get(const std::string& file, const std::string& path, const Reading& reading
   PathFinder finder(tree.Table(), *tree.root, false);
   Target target;
   const Finding found = finder.Find(path, target);
-  const bool isElement = found == Finding::kFound && target.object && target.own;
-  const Target text = isElement ? OwnTextOf(target) : Target();
-  if (text.row) target = text;
-  // A text that is not there is the element's empty one.
-  if (text.row && text.row->value == ZtValue::kText && !target.IsThere()) {
-    PrintValue("");
-    return kDone;
+  if (found == Finding::kFound) {
+    const Target text = target.object && target.own ? OwnTextOf(target) : Target();
+    if (text.row) target = text;
+    if (target.IsThere() || IsEmptyText(target)) return Print(document, target);
   }
-  if (found == Finding::kFound && target.IsThere()) return Print(document, target);
   Complain(document.name, finder.Why());
   return found == Finding::kWrong ? kUsage : kCannotRead;
 }

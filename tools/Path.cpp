@@ -115,7 +115,7 @@ Finding PathFinder::Enter(const Step& step, Target& target) {
   if (!target.object) {
     m_Why = Escape(step.path) + " is not there";
     if (!m_bMakes) return Finding::kAbsent;
-    if (target.isTaken) return Wrong(m_Why + ", and cannot be made");
+    if (target.cannotMake) return Wrong(m_Why + ", and cannot be made: " + target.cannotMake);
     if (!MakeElement(target)) return Wrong(Escape(step.path) + " cannot be made");
   }
   Target inside;
@@ -187,8 +187,8 @@ Finding PathFinder::Named(const Step& step, Target& target) {
   XMLElement* const child = (target.parent->*target.row->member.child).Get();
   if (IsCalled(*target.row, child, step.name)) {
     target.object = child;
-  } else {
-    target.isTaken = child && ZtStandardWriter::IsThere(*child);
+  } else if (child && ZtStandardWriter::IsThere(*child)) {
+    target.cannotMake = "another element is in its place";
   }
   return Finding::kFound;
 }
@@ -206,7 +206,7 @@ Finding PathFinder::Entry(const Step& step, Target& target) {
     return Wrong(Escape(step.path) + ": which of " + std::to_string(count) + ", [1] to [" +
                  std::to_string(count) + "]?");
   }
-  target.isTaken = !target.object && step.index > count + 1;
+  if (step.index > count + 1) target.cannotMake = "entries before it are missing";
   return Finding::kFound;
 }
 

@@ -29,7 +29,7 @@ struct Target {
   zt_AttributeValuePair* pair = nullptr;  ///< another attribute
   const ZtElementType* own = nullptr;     ///< the rows of the element; null for what is a text
   ZtNameId name = XML_STR_ZT_NULL;        ///< of an element
-  bool isTaken = false;  ///< nothing, because another element has its place or entries are missing
+  const char* cannotMake = nullptr;       ///< why what is absent cannot be made; null when it can
 
   /// Whether the document has it.
   bool IsThere() const;

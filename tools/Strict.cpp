@@ -31,7 +31,8 @@ class Finder : public reflect::Visitor {
     const bool isRepeated = in && in->row && !ZtIsSingle(*in->row);
     const std::size_t index = isRepeated ? ++m_Open.back().counts[name] : 0;
     const auto start = m_Starts.find(&object);
-    m_Open.push_back({m_Path.Push("/", name, index), start->second, {}});
+    const std::size_t from = start == m_Starts.end() ? 0 : start->second;
+    m_Open.push_back({m_Path.Push("/", name, index), from, {}});
     return true;
   }
   void Begin(const reflect::Field& /*field*/) override {}

@@ -104,7 +104,8 @@ library, or faulty: read by the library although it is not well-formed XML with 
 With --lost what the types do not keep of a document has a line each,
   FILE:LINE:COLUMN: PATH: WHAT
 where PATH is as "diff" prints it and WHAT is "element not kept", or attribute, text, value. Such a
-document is not ok; the summary counts it as one with losses.
+document is not ok; the summary counts it as one with losses. Of a document that is not well-formed
+XML with bound prefixes none are told.
 
 With --strict documents are read in the standard profile, and faulty is also one that lacks what its
 schema, or this library, requires (stage "required": of an element whose start the line tells), or

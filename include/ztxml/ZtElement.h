@@ -23,6 +23,7 @@ class ZT_API ZtBound : public Base {
 
  private:
   friend class ZtReflection;
+  friend struct ZtTypeAccess;
 };
 
 extern template class ZtBound<XMLElement>;

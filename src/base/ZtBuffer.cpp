@@ -9,27 +9,32 @@ void ZtBuffer::Append(ZtPiece piece) {
 }
 
 char* ZtBuffer::Take() {
-  Append('\0');
+  if (!m_pText && !Grow(0)) return nullptr;
   if (Failed()) return nullptr;
   char* const text = m_pText;
+  text[m_iSize] = '\0';
   m_pText = nullptr;
   m_iSize = m_iCapacity = 0;
   return text;
 }
 
+// There is always room for a NUL besides.
 bool ZtBuffer::Grow(std::size_t more) {
-  // The NUL at the end is not counted.
-  if (!Failed() && more > m_iLimit + 1 - m_iSize) m_bTooLong = true;
+  if (!Failed() && more > m_iLimit - m_iSize) {
+    m_bTooLong = true;
+    m_iCapacity = m_iSize;  // so that smaller pieces are not appended after a lost one
+  }
   if (Failed()) return false;
-  std::size_t capacity = m_iCapacity ? 2 * m_iCapacity : kLeast;
+  std::size_t capacity = m_iCapacity ? 2 * m_iCapacity + 1 : kLeast - 1;
   if (capacity < m_iSize + more) capacity = m_iSize + more;
-  auto* const text = static_cast<char*>(__malloc(capacity));
+  if (capacity > m_iLimit) capacity = m_iLimit;
+  auto* const text = static_cast<char*>(__malloc(capacity + 1));
   if (!text) {
     m_bNoMemory = true;
-    m_iCapacity = m_iSize;  // so that smaller pieces are not appended after a lost one
+    m_iCapacity = m_iSize;
     return false;
   }
-  if (m_iSize) std::memcpy(text, m_pText, m_iSize);
+  if (m_pText) std::memcpy(text, m_pText, m_iSize);
   __free(m_pText);
   m_pText = text;
   m_iCapacity = capacity;

@@ -152,10 +152,10 @@ bool ZtUpdater::StartSingle(const ZtMatch& match) {
   XMLElement* const held = isText ? parent.object : (parent.object->*row.member.child).Get();
   const bool isThere =
       isText ? ZtHeld(*held, row).stated : held && ZtStandardWriter::IsThere(*held);
-  // Of several the first was read. What is absent now is so only when all have gone.
+  // Of several the first was read. When it goes, so do all.
   if (parent.taken & bit) {
     m_iSkipped = 1;
-    m_bDrops = !isThere;
+    m_bDrops = (parent.gone & bit) != 0;
     m_iDropped = m_Xml.From();
     return true;
   }
@@ -172,6 +172,7 @@ bool ZtUpdater::StartSingle(const ZtMatch& match) {
     FlushRow(parent, row);
     SkipTo(part.to);
   } else {
+    parent.gone |= bit;
     Remove(part.from, part.to);
   }
   parent.last = part.to;
@@ -185,17 +186,22 @@ bool ZtUpdater::StartEntry(const ZtMatch& match) {
   Frame& parent = m_Frames.Last();
   const ZtField& row = *match.row;
   const std::uint32_t slot = m_iPart;
-  Flush(parent, &row);
-  FlushRow(parent, row);
   const Part& here = m_Source.parts[slot];
+  RowState& state = StateOf(parent, row);
+  Flush(parent, &row);
+  if (m_pKept[slot] && state.node && state.node->data == here.object) {  // mostly nothing has moved
+    auto* const entry = static_cast<XMLElement*>(state.node->data);
+    state.node = state.node->next;
+    return Enter(match, entry, slot);
+  }
+  FlushRow(parent, row);
   if (!m_pKept[slot]) {
     Remove(here.from, here.to);
     parent.last = here.to;
     Pass(slot);
     return true;
   }
-  RowState& state = StateOf(parent, row);
-  if (m_bNoMemory) return false;
+  if (m_bNoMemory || !state.node) return false;
   auto* const object = static_cast<XMLElement*>(state.node->data);
   const std::uint32_t index = PartOf(parent, row, object, slot);
   if (m_bNoMemory) return false;
@@ -296,6 +302,8 @@ bool ZtUpdater::EndLeaf(Frame& leaf) {
   const ZtStated held = isField ? ZtHeld(*leaf.object, row) : ZtStated::Text(TextOf(*leaf.object));
   if (ZtParse(row, text) == held) return true;
   if (!held.stated) {
+    Frame& parent = m_Frames[m_Frames.Size() - 2];
+    if (isField) parent.gone |= ZtRowBit(*parent.type, row);
     Remove(leaf.from, m_Xml.To());
     return true;
   }
@@ -537,6 +545,7 @@ void ZtUpdater::OpenContent(Frame& frame) {
 bool ZtUpdater::Fail(const char* why, ZtPiece name) {
   m_Why = why;
   for (const Frame& frame : m_Frames) m_Path.Push("/", frame.name);
-  if (name.size) m_Path.Push("/", name);
+  // A path of the writer begins with its sign.
+  if (name.size) m_Path.Push(*name.text == '/' ? "" : "/", name);
   return false;
 }

@@ -60,6 +60,7 @@ class ZtUpdater {
     std::size_t last = 0;        // after the last known child, or `content`
     ZtPiece name = nullptr;      // qualified
     std::uint64_t taken = 0;     // rows of single children that were read again
+    std::uint64_t gone = 0;      // those of them that are not there any more
     std::uint32_t rows = 0;      // where its row states begin
     std::uint32_t pending = 0;
     std::uint32_t texts = 0;

@@ -163,8 +163,14 @@ char* ZtMarshaller::Update(XMLElement* root, std::size_t* size) {
   }
   const std::size_t mark = source->form.mark.size;
   if (written && source->form.encoding == ZtEncoding::kUtf8 && !mark) {
-    if (size) *size = text.Size();
-    return m_pXml = text.Take();
+    const std::size_t whole = text.Size();
+    m_pXml = text.Take();
+    if (!m_pXml) {
+      Refuse(nullptr, "");
+    } else if (size) {
+      *size = whole;
+    }
+    return m_pXml;
   }
   const std::size_t bytes = mark + ZtEncodedSize(text.Piece(), source->form.encoding);
   // In UTF-16 the end is marked by a whole character.

@@ -7,6 +7,7 @@
 #include "XMLOIP.h"
 #include "XMLSchemaNameSpaceRetrieval.h"
 #include "XMLTIP.h"
+#include "base/ZtBuffer.h"
 #include "base/ZtLog.h"
 #include "documents/services/ElementCutter.h"
 #include "documents/services/SimservBinding.h"
@@ -152,39 +153,9 @@ class ServiceNamespaces {
   bool m_bComplete;
 };
 
-// A text that pieces are appended to; null before the first.
-class GrowingText {
- public:
-  GrowingText() = default;
-  ~GrowingText() { __free(m_pText); }
-  GrowingText(const GrowingText&) = delete;
-  GrowingText& operator=(const GrowingText&) = delete;
-
-  bool Append(const char* piece) {
-    const std::size_t size = __strlen(piece);
-    if (m_iSize + size >= m_iCapacity) {
-      const std::size_t capacity = 2 * (m_iSize + size + 1);
-      auto* text = static_cast<char*>(__malloc(capacity));
-      if (!text) return false;
-      if (m_pText) std::memcpy(text, m_pText, m_iSize);
-      __free(m_pText);
-      m_pText = text;
-      m_iCapacity = capacity;
-    }
-    std::memcpy(m_pText + m_iSize, piece, size + 1);
-    m_iSize += size;
-    return true;
-  }
-  const char* Get() const { return m_pText; }
-
- private:
-  char* m_pText = nullptr;
-  std::size_t m_iSize = 0;
-  std::size_t m_iCapacity = 0;
-};
-
-bool Append(GrowingText& services, const char* text) {
-  if (services.Append(text)) return true;
+bool Append(ZtBuffer& services, ZtPiece text) {
+  services.Append(text);
+  if (!services.Failed()) return true;
   ZtLog(kZtLogError, kSource)("<XML Module>: pString calloc failed");
   return false;
 }
@@ -239,8 +210,8 @@ const ZtElementType zt_Simservs::kType = {ZtTypeOf<zt_Simservs>("zt_Simservs", "
 // A service that cannot be written is left out. When memory is lacking for one, there is no
 // document: a server that got it without the service would delete the service.
 char* SimservsMarshaller::Complete(XMLElement* root, char* text) {
-  GrowingText services;
-  bool whole = Append(services, "");
+  ZtBuffer services;
+  bool whole = true;
   Contexts contexts(nullptr);
   const ZtLog trace(kZtLogTrace, kSource);
   ZtSingleElementList* list = static_cast<zt_Simservs*>(root)->getServiceListValue();
@@ -261,7 +232,8 @@ char* SimservsMarshaller::Complete(XMLElement* root, char* text) {
           written ? "Success" : "error");
     whole = whole && (!written || Append(services, written));
   }
-  char* document = whole ? InsertString(text, services.Get()) : text;
+  whole = whole && Append(services, {"", 1});
+  char* document = whole ? InsertString(text, services.Text()) : text;
   if (document != text) return document;
   __free(text);
   return nullptr;
