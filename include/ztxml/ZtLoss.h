@@ -22,7 +22,8 @@ struct ZtLoss {
   std::size_t column;  ///< in characters, from 1 on
 };
 
-/// Told of each loss while a document is read, in the order of the document.
+/// Told of each loss while a document is read, in the order of the document: of the value of an
+/// element at its end.
 using ZtLossHandler = void (*)(const ZtLoss& loss, void* context);
 
 #endif  // ZTXML_INCLUDE_ZTLOSS_H

@@ -91,6 +91,7 @@ bool ZtStandardReader::StartChild(const ZtMatch& match) {
     m_iLeafFrom = m_Xml.From();
     if (m_Options.lost) {
       m_iLeafPath = m_Path.Size();
+      m_LeafPlace = m_Places.Find(m_iLeafFrom);
       Enter(m_Xml.Name().local, !ZtIsSingle(row));
       for (std::uint32_t i = 0; i < m_Xml.AttributeCount(); ++i) {
         const ZtXmlAttribute& attribute = m_Xml.Attributes()[i];
@@ -153,7 +154,7 @@ bool ZtStandardReader::EndLeaf() {
   const ZtStated value = ZtParse(row, text);
   bool done = true;
   if (!value.stated) {
-    LoseHere(ZT_LOST_VALUE, m_iLeafFrom);
+    LoseAt(ZT_LOST_VALUE, m_LeafPlace);
   } else if (m_Options.makes) {
     if (value.text.text) Ended(value.text);
     if (row.place == ZtPlace::kTextElements) {
@@ -306,7 +307,10 @@ void ZtStandardReader::Lose(eZtLoss kind, const char* sign, ZtPiece name, std::s
 }
 
 void ZtStandardReader::LoseHere(eZtLoss kind, std::size_t at) {
+  if (m_Options.lost) LoseAt(kind, m_Places.Find(at));
+}
+
+void ZtStandardReader::LoseAt(eZtLoss kind, const ZtTextPlace& place) {
   if (!m_Options.lost) return;
-  const ZtTextPlace place = m_Places.Find(at);
   m_Options.lost({kind, m_Path.Text(), place.line, place.column}, m_Options.context);
 }

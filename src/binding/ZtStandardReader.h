@@ -84,6 +84,7 @@ class ZtStandardReader {
   void Enter(ZtPiece name, bool isRepeated);
   void Lose(eZtLoss kind, const char* sign, ZtPiece name, std::size_t at);
   void LoseHere(eZtLoss kind, std::size_t at);
+  void LoseAt(eZtLoss kind, const ZtTextPlace& place);
 
   Frame& Top() { return m_Frames.Last(); }
   ZtSource Source() const { return {m_Document.decoderSource, &m_Arena}; }
@@ -103,6 +104,8 @@ class ZtStandardReader {
   ZtTextRun m_LeafRun;
   std::size_t m_iLeafPath = 0;
   std::size_t m_iLeafFrom = 0;
+  // Found when it begins: places are found from one to the next.
+  ZtTextPlace m_LeafPlace;
   std::size_t m_iSkipped = 0;  // open elements that nobody knows
   bool m_bPlain = false;       // the document has no namespace
   bool m_bOtherRoot = false;
