@@ -5,8 +5,8 @@
 
 #include "XMLElement.h"
 
-/// Whether `element`, an object of the library, states a value: it was set, or the document that the
-/// object was read from has it. `name` is "@expires" for an attribute, "user-count" for a child
+/// Whether `element`, an object of the library, states a value: it was set, or the document that
+/// the object was read from has it. `name` is "@expires" for an attribute, "user-count" for a child
 /// element of which the text is kept, "" for the element's own text. 1; 0 when it does not, so that
 /// the getter tells the schema's default (in the standard profile) or none; -1 when the type has no
 /// such value, or an argument is null.

@@ -34,7 +34,7 @@ bool ZtBuffer::Grow(std::size_t more) {
     m_iCapacity = m_iSize;
     return false;
   }
-  if (m_iSize) std::memcpy(text, m_pText, m_iSize);
+  if (m_pText) std::memcpy(text, m_pText, m_iSize);
   __free(m_pText);
   m_pText = text;
   m_iCapacity = capacity;

@@ -42,6 +42,8 @@ class ZtSmallArray {
   void Cut(std::uint32_t size) { m_iSize = size; }
 
  private:
+  static constexpr std::size_t kSize =
+      sizeof(T);  // NOLINT(bugprone-sizeof-expression): a pointer's
   static_assert(std::is_trivially_copyable_v<T> && std::is_trivially_destructible_v<T>);
 
   T* Few() { return reinterpret_cast<T*>(m_Few); }
@@ -50,17 +52,17 @@ class ZtSmallArray {
   }
   [[gnu::noinline]] bool Grow() {
     constexpr std::uint32_t kMost = UINT32_MAX / 2;
-    if (m_iRoom > kMost || m_iRoom > SIZE_MAX / 2 / sizeof(T)) return false;
-    void* memory = __malloc(std::size_t{2} * m_iRoom * sizeof(T));
+    if (m_iRoom > kMost || m_iRoom > SIZE_MAX / 2 / kSize) return false;
+    void* memory = __malloc(std::size_t{2} * m_iRoom * kSize);
     if (!memory) return false;
-    std::memcpy(memory, static_cast<const void*>(m_pItems), m_iSize * sizeof(T));
+    std::memcpy(memory, static_cast<const void*>(m_pItems), m_iSize * kSize);
     Drop();
     m_pItems = static_cast<T*>(memory);
     m_iRoom *= 2;
     return true;
   }
 
-  alignas(T) unsigned char m_Few[kFew * sizeof(T)];
+  alignas(T) unsigned char m_Few[kFew * kSize];
   T* m_pItems = Few();
   std::uint32_t m_iSize = 0;
   std::uint32_t m_iRoom = kFew;

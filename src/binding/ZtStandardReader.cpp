@@ -181,7 +181,7 @@ bool ZtStandardReader::EndObject() {
       }
       const ZtStated value = ZtParse(row, frame.run.Piece());
       if (!value.stated) LoseHere(ZT_LOST_VALUE, m_Xml.From());
-      if (!m_Options.makes) continue;
+      if (!frame.object) continue;
       if (value.text.text) Ended(value.text);
       done = done && ZtKeep(*frame.object, row, value, &m_Arena);
     }
@@ -246,7 +246,7 @@ bool ZtStandardReader::Attributes(const Frame& frame) {
     }
     const ZtStated value = ZtParse(*row, attribute.value);
     if (!value.stated) Lose(ZT_LOST_VALUE, "/@", attribute.name.local, attribute.valueFrom);
-    if (!m_Options.makes) continue;
+    if (!frame.object) continue;
     if (value.text.text) Ended(value.text);
     if (!ZtKeep(*frame.object, *row, value, &m_Arena)) return false;
   }

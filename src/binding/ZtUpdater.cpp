@@ -13,6 +13,21 @@ ZtPiece TextOf(const XMLElement& item) {
   return text ? text->getValue() : nullptr;
 }
 
+// Whether an object has nothing in a row that the source could lack: so it is with most rows.
+inline bool IsEmpty(const XMLElement& object, const ZtField& row) {
+  if (row.IsOwnText()) return true;
+  switch (row.value) {
+    case ZtValue::kText:
+      return row.place == ZtPlace::kTextElement ? !(object.*row.member.text).Get()
+                                                : !(object.*row.member.children).Get();
+    case ZtValue::kObject:
+      return ZtIsSingle(row) ? !(object.*row.member.child).Get()
+                             : !(object.*row.member.children).Get();
+    default:
+      return false;
+  }
+}
+
 }  // namespace
 
 ZtUpdater::ZtUpdater(const ZtSourceText& source, ZtBuffer& to)
@@ -201,7 +216,7 @@ bool ZtUpdater::StartEntry(const ZtMatch& match) {
     Pass(slot);
     return true;
   }
-  if (m_bNoMemory) return false;
+  if (m_bNoMemory || !state.node) return false;
   auto* const object = static_cast<XMLElement*>(state.node->data);
   const std::uint32_t index = PartOf(parent, row, object, slot);
   if (m_bNoMemory) return false;
@@ -409,7 +424,7 @@ bool ZtUpdater::Prepare(Frame& frame) {
   }
   for (const ZtField* row = type.children(); row != type.end(); ++row) {
     RowState state = {nullptr, m_Pending.Size(), m_Pending.Size()};
-    if (!PrepareRow(frame, *row, state)) return false;
+    if (!IsEmpty(*frame.object, *row) && !PrepareRow(frame, *row, state)) return false;
     state.end = m_Pending.Size();
     if (!m_Rows.Add(state)) return false;
   }

@@ -90,7 +90,7 @@ bool ZtUpdater::SortPairs(const Frame& frame) {
     const bool isFirst = m_Names.Insert(uri, prefix.size ? m_Xml.Scope().SpaceOf(prefix) : 0,
                                         ZtLocalIn(name), failed);
     if (isKept) {
-      m_pKept[part] = isFirst;
+      m_pKept[part] = isFirst ? 1 : 0;
     } else if (isFirst) {
       failed = failed || !m_Pairs.Add(pair);
     }

@@ -15,8 +15,8 @@ namespace {
 const ZtElementType& TypeOf(const XMLElement& element) {
   const char* base = element.BaseClassName();
   const bool isObject = base && __strcmp(base, "XMLObject") == 0;
-  const ZtElementType& type = isObject ? ZtTypeAccess::Of<XMLObject>(element)
-                                       : ZtTypeAccess::Of<XMLElement>(element);
+  const ZtElementType& type =
+      isObject ? ZtTypeAccess::Of<XMLObject>(element) : ZtTypeAccess::Of<XMLElement>(element);
   return ZtStandardOf(type);
 }
 
