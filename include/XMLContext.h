@@ -15,8 +15,10 @@ enum eXMLProfile {
 
 /// What is asked of a context; see the operations of XMLContext.
 struct ZtSettings : ZtHeapObject {
+  /// The bytes that a text may have at first.
   static constexpr std::size_t kMostText = std::size_t{16} * 1024 * 1024;
 
+  /// By UseProfile, KeepSource, LimitText and TellLosses, in this order.
   eXMLProfile profile = XML_PROFILE_EXACT;
   bool keepsSource = false;
   std::size_t mostText = kMostText;
