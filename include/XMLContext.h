@@ -42,8 +42,8 @@ class ZT_API XMLContext : public ZtNonCopyable {
   int UseProfile(eXMLProfile profile);
   eXMLProfile profile() const { return settings().profile; }
   /// Whether trees that are read in the standard profile remember what they were read from, so that
-  /// a marshaller can Update it (at first not). It costs the size of the text and 56 bytes for each
-  /// element with an object. Returns 1; 0 without memory, as the next two.
+  /// a marshaller can Update it (at first not). It costs the size of the text and 48 to 96 bytes for
+  /// each element with an object. Returns 1; 0 without memory, as the next two.
   int KeepSource(bool keep);
   /// The bytes that a text of the standard profile may have at most; at first 16 MiB.
   int LimitText(std::size_t bytes);

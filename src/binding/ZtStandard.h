@@ -24,6 +24,11 @@ inline std::uint64_t ZtRowBit(const ZtElementType& type, const ZtField& row) {
   return std::uint64_t{1} << (&row - type.begin());
 }
 
+// Whether the texts of the row before alternate with those of this one.
+inline bool ZtIsSecondOfPair(const ZtElementType& type, const ZtField& row) {
+  return &row != type.begin() && (&row)[-1].Is(kZtPaired);
+}
+
 // The row of a type that keeps attributes which no row names.
 inline const ZtField& ZtOthersOf(const ZtElementType& type) {
   const ZtField* row = type.begin();

@@ -7,7 +7,6 @@ namespace {
 
 constexpr char kNoName[] = "it has no element here";
 constexpr char kMissing[] = "a required value is missing";
-constexpr char kUnpaired[] = "the lists that alternate are not of one size";
 
 bool IsSame(ZtPiece a, ZtPiece b) {
   return a.size == b.size && (a.size == 0 || std::memcmp(a.text, b.text, a.size) == 0);
@@ -159,7 +158,7 @@ bool ZtStandardWriter::StepList(Frame& frame, const ZtField& row) {
   }
   ZtListNode* const node = frame.node;
   if (!node) {
-    if (frame.other) return Fail(kUnpaired);
+    if (frame.other) return Fail(kZtUnpaired);
     frame.row += row.Is(kZtPaired) ? 2 : 1;
     frame.entry = 0;
     return true;
@@ -169,7 +168,7 @@ bool ZtStandardWriter::StepList(Frame& frame, const ZtField& row) {
   const auto* child = static_cast<const XMLElement*>(node->data);
   if (child && IsThere(*child) && !BeginChild(frame, row, *child, index)) return false;
   if (!row.Is(kZtPaired)) return true;
-  if (!frame.other) return Fail(kUnpaired);
+  if (!frame.other) return Fail(kZtUnpaired);
   const auto* second = static_cast<const XMLElement*>(frame.other->data);
   frame.other = frame.other->next;
   return !second || BeginChild(frame, (&row)[1], *second, index);

@@ -11,6 +11,7 @@
 // Why something cannot be written.
 inline constexpr char kZtNotXml[] = "it holds what XML does not allow";
 inline constexpr char kZtBadName[] = "this is no name of an attribute";
+inline constexpr char kZtUnpaired[] = "the lists that alternate are not of one size";
 inline constexpr char kZtUnbound[] = "its prefix is not declared";
 
 // The part of a qualified name before its colon; a null text without one.

@@ -13,6 +13,21 @@ ZtPiece TextOf(const XMLElement& item) {
   return text ? text->getValue() : nullptr;
 }
 
+// Whether an object has nothing in a row that the source could lack: so it is with most rows.
+inline bool IsEmpty(const XMLElement& object, const ZtField& row) {
+  if (row.IsOwnText()) return true;
+  switch (row.value) {
+    case ZtValue::kText:
+      return row.place == ZtPlace::kTextElement ? !(object.*row.member.text).Get()
+                                                : !(object.*row.member.children).Get();
+    case ZtValue::kObject:
+      return ZtIsSingle(row) ? !(object.*row.member.child).Get()
+                             : !(object.*row.member.children).Get();
+    default:
+      return false;
+  }
+}
+
 }  // namespace
 
 ZtUpdater::ZtUpdater(const ZtSourceText& source, ZtBuffer& to)
@@ -409,7 +424,7 @@ bool ZtUpdater::Prepare(Frame& frame) {
   }
   for (const ZtField* row = type.children(); row != type.end(); ++row) {
     RowState state = {nullptr, m_Pending.Size(), m_Pending.Size()};
-    if (!PrepareRow(frame, *row, state)) return false;
+    if (!IsEmpty(*frame.object, *row) && !PrepareRow(frame, *row, state)) return false;
     state.end = m_Pending.Size();
     if (!m_Rows.Add(state)) return false;
   }
@@ -432,6 +447,9 @@ bool ZtUpdater::PrepareRow(const Frame& frame, const ZtField& row, RowState& sta
     case ZtPlace::kChildren:
     case ZtPlace::kOtherChildren:
       state.node = (frame.object->*row.member.children).Head();
+      if (row.Is(kZtPaired) || ZtIsSecondOfPair(*frame.type, row)) {
+        return PreparePairs(frame, row, state.node);
+      }
       for (const ZtListNode* node = state.node; node; node = node->next) {
         if (node->data && !PrepareChild(frame, row, *ItemOf(node), node)) return false;
       }
@@ -441,10 +459,26 @@ bool ZtUpdater::PrepareRow(const Frame& frame, const ZtField& row, RowState& sta
   }
 }
 
+// The entries of one of two lists that alternate, which begins with `node`. Those stay in their
+// places that stood together in the source, and are together now.
+bool ZtUpdater::PreparePairs(const Frame& frame, const ZtField& row, const ZtListNode* node) {
+  const bool isFirst = row.Is(kZtPaired);
+  const ZtField& partner = isFirst ? (&row)[1] : (&row)[-1];
+  const ZtListNode* other = (frame.object->*partner.member.children).Head();
+  for (; node && other; node = node->next, other = other->next) {
+    if (!node->data) continue;
+    const std::uint32_t own = PartOf(frame, row, node->data, kNone);
+    const std::uint32_t its = PartOf(frame, partner, other->data, kNone);
+    const bool isKept = own != kNone && its != kNone && (isFirst ? own + 1 == its : its + 1 == own);
+    if (!PrepareChild(frame, row, *ItemOf(node), node, isKept)) return false;
+  }
+  return (!node && !other) || Fail(kZtUnpaired, row.name.Piece());
+}
+
 bool ZtUpdater::PrepareChild(const Frame& frame, const ZtField& row, const XMLElement& child,
-                             const ZtListNode* node) {
+                             const ZtListNode* node, bool mayStay) {
   if (!ZtStandardWriter::IsThere(child)) return true;
-  const std::uint32_t part = PartOfChild(frame, row, child, m_iLikely);
+  const std::uint32_t part = mayStay ? PartOfChild(frame, row, child, m_iLikely) : kNone;
   if (part != kNone) {
     m_pKept[part] = 1;
     m_iLikely = m_Source.parts[part].next;
@@ -503,10 +537,8 @@ bool ZtUpdater::FlushOne(Frame& frame, const ZtField& row) {
   // Entries that are not to be written have no place.
   while (isList && state.node && !isNext()) {
     const auto* child = ItemOf(state.node);
-    if (child && PartOfChild(frame, row, *child, m_iPart) != kNone &&
-        ZtStandardWriter::IsThere(*child)) {
-      return false;
-    }
+    const std::uint32_t part = child ? PartOfChild(frame, row, *child, m_iPart) : kNone;
+    if (part != kNone && m_pKept[part]) return false;
     state.node = state.node->next;
   }
   if (isList ? !state.node : !isNext()) return false;
@@ -544,7 +576,7 @@ void ZtUpdater::OpenContent(Frame& frame) {
 
 bool ZtUpdater::Fail(const char* why, ZtPiece name) {
   m_Why = why;
-  for (const Frame& frame : m_Frames) m_Path.Push("/", frame.name);
+  for (const Frame& frame : m_Frames) m_Path.Push("/", ZtLocalIn(frame.name));
   // A path of the writer begins with its sign.
   if (name.size) m_Path.Push(*name.text == '/' ? "" : "/", name);
   return false;

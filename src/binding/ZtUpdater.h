@@ -101,13 +101,14 @@ class ZtUpdater {
   bool NewAttributes(const Frame& frame, std::uint64_t stated);
   bool NewAttribute(ZtPiece prefix, ZtPiece name, ZtPiece value);
   void CopyToEnd(const Frame& frame);
-  bool ReplaceValue(const ZtXmlAttribute& attribute, ZtPiece text);
+  bool ReplaceValue(const ZtXmlAttribute& attribute, ZtPiece text, bool trimmed);
   void RemoveAttribute(const ZtXmlAttribute& attribute);
 
   bool Prepare(Frame& frame);
   bool PrepareRow(const Frame& frame, const ZtField& row, RowState& state);
+  bool PreparePairs(const Frame& frame, const ZtField& row, const ZtListNode* node);
   bool PrepareChild(const Frame& frame, const ZtField& row, const XMLElement& child,
-                    const ZtListNode* node);
+                    const ZtListNode* node, bool mayStay = true);
   bool PrepareText(const Frame& frame, const ZtField& row);
   bool Prepared(bool written, const ZtStandardWriter& writer, std::size_t from,
                 const ZtListNode* node);

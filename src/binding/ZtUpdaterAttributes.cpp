@@ -35,7 +35,7 @@ bool ZtUpdater::Attributes(const Frame& frame) {
     char buffer[kZtNumberSize];
     if (!held.stated) {
       RemoveAttribute(attribute);
-    } else if (!ReplaceValue(attribute, ZtTextOf(*row, held, buffer))) {
+    } else if (!ReplaceValue(attribute, ZtTextOf(*row, held, buffer), !row->Is(kZtFreeText))) {
       return Fail(kZtNotXml, row->name.Piece());
     }
   }
@@ -181,7 +181,7 @@ bool ZtUpdater::KeepPair(const ZtXmlAttribute& attribute) {
   const auto* pair = static_cast<const zt_AttributeValuePair*>(
       static_cast<const XMLAttribute*>(m_Source.parts[part].object));
   const ZtPiece value = pair->getValue();
-  return IsSame(value, attribute.value) || ReplaceValue(attribute, value) ||
+  return IsSame(value, attribute.value) || ReplaceValue(attribute, value, false) ||
          Fail(kZtNotXml, ZtQualified(attribute.name));
 }
 
@@ -228,9 +228,13 @@ bool ZtUpdater::NewAttribute(ZtPiece prefix, ZtPiece name, ZtPiece value) {
   return done;
 }
 
-bool ZtUpdater::ReplaceValue(const ZtXmlAttribute& attribute, ZtPiece text) {
-  CopyTo(attribute.valueFrom);
-  SkipTo(attribute.valueTo);
+// Where white space at the ends has no meaning it stays.
+bool ZtUpdater::ReplaceValue(const ZtXmlAttribute& attribute, ZtPiece text, bool trimmed) {
+  ZtPiece old(m_Text.text + attribute.valueFrom, attribute.valueTo - attribute.valueFrom);
+  if (trimmed && ZtTrimmed(old).size) old = ZtTrimmed(old);
+  const auto from = static_cast<std::size_t>(old.text - m_Text.text);
+  CopyTo(from);
+  SkipTo(from + old.size);
   return ZtAppendEscaped(m_To, text, m_Text.text[attribute.valueTo]);
 }
 

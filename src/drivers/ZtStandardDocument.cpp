@@ -21,6 +21,17 @@ class Refusal {
     ZtLog(kZtLogError, m_Document.source)("<XML Module>: line %lu, column %lu: %s", place.line,
                                           place.column, why);
   }
+  // The name in the declaration stands in single bytes: a longer one is cut.
+  void LogEncoding(std::size_t at) const {
+    char name[40] = {};
+    const std::size_t from = m_Form.mark.size + at;
+    for (std::size_t i = 0; i + 1 < sizeof(name) && from + i < m_Text.size; ++i) {
+      const char c = m_Text.text[from + i];
+      if (c == '"' || c == '\'' || c <= ' ') break;
+      name[i] = c;
+    }
+    ZtLog(kZtLogError, m_Document.source)("<XML Module>: the encoding %s is not supported", name);
+  }
 
  private:
   const ZtDocument& m_Document;
@@ -64,6 +75,7 @@ XMLElement* ZtUnMarshaller::ReadStandard(ZtPiece text, bool makes) const {
   }
   if (fault != ZtEncodingFault::kNone) {
     if (makes) refusal.Log(ZtFaultText(fault), at);
+    if (makes && fault == ZtEncodingFault::kUnknown) refusal.LogEncoding(at);
     return nullptr;
   }
   if (makes && settings.keepsSource) {

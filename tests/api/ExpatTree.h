@@ -70,8 +70,8 @@ class ExpatTree {
 
   void Start(const Name& name, const char** attributes) {
     auto element = std::make_unique<Element>();
-    const bool isKnown = !m_iSkipped && (m_Open.empty() ? MatchRoot(*element, name)
-                                                        : MatchChild(*element, name));
+    const bool isKnown =
+        !m_iSkipped && (m_Open.empty() ? MatchRoot(*element, name) : MatchChild(*element, name));
     if (!isKnown) {
       ++m_iSkipped;
       return;

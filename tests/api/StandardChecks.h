@@ -5,31 +5,36 @@
 #include "ExpatTree.h"
 #include "Require.h"
 #include "TreeScript.h"
-#include "ztxml/ZtDocument.h"
-
-class ZtReflection {
- public:
-  static const ZtDocument& DocumentOf(const ZtContext& context) { return context.Document(); }
-};
+#include "reflect/Reflect.h"
 
 /// The workers of a schema in the standard profile.
 class StandardWorkers {
  public:
-  explicit StandardWorkers(eXMLSchemaID id) : m_pContext(XMLFactory::newInstance(id)) {
+  explicit StandardWorkers(eXMLSchemaID id, eXMLProfile profile = XML_PROFILE_STANDARD)
+      : m_pContext(XMLFactory::newInstance(id)) {
     if (!m_pContext) return;
-    m_pContext->UseProfile(XML_PROFILE_STANDARD);
+    m_pContext->UseProfile(profile);
     m_pContext->KeepSource(true);
+    m_pContext->TellLosses(
+        [](const ZtLoss& loss, void* /*context*/) {
+          Require(loss.path[0] == '/' && loss.line && loss.column, "a loss has its place",
+                  loss.path);
+        },
+        nullptr);
     m_pReader = m_pContext->createUnMarshaller();
     m_pWriter = m_pContext->createMarshaller();
-    m_pDocument = &ZtReflection::DocumentOf(static_cast<const ZtContext&>(*m_pContext));
+    reflect::Schema schema;
+    if (reflect::FindSchema(id, schema)) m_pDocument = schema.document;
   }
   ~StandardWorkers() { XMLFactory::deleteContext(m_pContext); }
   StandardWorkers(const StandardWorkers&) = delete;
   StandardWorkers& operator=(const StandardWorkers&) = delete;
 
-  bool Works() const { return m_pReader && m_pWriter && m_pDocument->roots.size(); }
+  bool Works() const { return m_pReader && m_pWriter && m_pDocument && m_pDocument->roots.size(); }
   const ZtDocument& Document() const { return *m_pDocument; }
   XMLElement* Read(const std::string& text) { return m_pReader->Read(text.data(), text.size()); }
+  /// As callers of the exact profile read.
+  XMLElement* UnMarshall(const std::string& text) { return m_pReader->UnMarshall(text.c_str()); }
   bool Write(XMLElement& root, std::string& text) {
     const char* written = m_pWriter->Marshall(&root);
     text = written ? written : "(null)";
@@ -100,8 +105,8 @@ inline void RequireReadAs(StandardWorkers& workers, const std::string& text,
 
 // ---- Documents that are read --------------------------------------------------------------------
 
-/// Requires that `document` is read exactly when Expat reads it and it has a root of the schema, and
-/// as Expat tells it.
+/// Requires that `document` is read exactly when Expat reads it and it has a root of the schema,
+/// and as Expat tells it.
 inline void CheckRead(eXMLSchemaID id, const std::string& document) {
   StandardWorkers workers(id);
   if (!workers.Works()) return;
@@ -120,8 +125,8 @@ inline void CheckRead(eXMLSchemaID id, const std::string& document) {
   // Documents with a type of their own are refused by design, and Expat is lenient with some
   // others: the target of the strict reader tells which.
   const bool isWide = document.find('\0') != std::string::npos;
-  Require(isWide || document.find("<!DOCTYPE") != std::string::npos,
-          "what Expat reads is read", document);
+  Require(isWide || document.find("<!DOCTYPE") != std::string::npos, "what Expat reads is read",
+          document);
 }
 
 /// Has allocation `failing` fail, alone or with all after it: `write` writes the whole or nothing.
@@ -146,8 +151,7 @@ inline void CheckBuilt(eXMLSchemaID id, Choices& choices, unsigned failing) {
   const OwnTree tree(root.type->Create({standard::kSource, nullptr}));
   standard::Maker(choices).Fill(workers.Root(*tree), 0);
   // The root of one document has a name that XML does not have.
-  const bool sound =
-      ZtIsQualifiedName(root.name.Piece()) && standard::IsSound(workers.Root(*tree));
+  const bool sound = ZtIsQualifiedName(root.name.Piece()) && standard::IsSound(workers.Root(*tree));
   const std::string told = workers.Told(*tree);
   ErrorLines lines;
   std::string text;
@@ -203,9 +207,8 @@ class Kept {
       if (part.row && part.row->place == ZtPlace::kOtherAttributes) continue;
       m_Parts[part.object] = i;
     }
-    standard::ForEach(workers.Root(root), [&](const standard::Node& node) {
-      m_Before[node.object] = StateOf(node);
-    });
+    standard::ForEach(workers.Root(root),
+                      [&](const standard::Node& node) { m_Before[node.object] = StateOf(node); });
     // The strings, too.
     standard::ForEach(workers.Root(root), [&](const standard::Node& node) {
       for (const ZtField& row : *node.type) {
@@ -229,8 +232,7 @@ class Kept {
       if (mark.inLeaf && m_Touched.count(mark.part)) continue;
       const std::size_t at = text.find(mark.text);
       Require(at != std::string::npos && text.find(mark.text, at + 1) == std::string::npos,
-              "what the types do not know stays",
-              mark.text + "\n" + m_Text + "\n--- now\n" + text);
+              "what the types do not know stays", mark.text + "\n" + m_Text + "\n--- now\n" + text);
     }
   }
 
@@ -257,6 +259,11 @@ class Kept {
     if (node.type->extras->flag) {
       const char* name = static_cast<zt_empty_element_type*>(node.object)->getValue();
       state.values.push_back(name ? name : "");
+    }
+    // As they are held: what is read trimmed may be written otherwise.
+    for (const ZtField& row : *node.type) {
+      if (!standard::IsScalar(row)) continue;
+      state.values.push_back(standard::Copied(ZtHeld(*node.object, row).text));
     }
     if (node.type->rows.keepsAttributes) {
       for (auto* pair : standard::PairsOf(node, ZtOthersOf(*node.type))) {
@@ -307,8 +314,8 @@ class Kept {
           if (!isPair && p.from < at && at < p.to && p.from >= m_Source.parts[part].from) part = i;
         }
         const std::size_t end = m_Text.find('>', at);
-        m_Marks.push_back({m_Text.substr(at, end - at), part,
-                           m_Source.parts[part].from != innermost});
+        m_Marks.push_back(
+            {m_Text.substr(at, end - at), part, m_Source.parts[part].from != innermost});
       }
     }
   }
@@ -393,7 +400,9 @@ inline bool CheckUpdate(eXMLSchemaID id, const std::string& plain, Choices& choi
             plain + "\n---\n" + same);
   }
   const std::string document = Marked(plain, choices);
-  const OwnTree other(workers.Read(plain));
+  StandardWorkers exact(id, XML_PROFILE_EXACT);
+  XMLElement* const exacts = choices.OneIn(3) ? exact.UnMarshall(plain) : nullptr;
+  const OwnTree other(exacts ? exacts : workers.Read(plain));
   const OwnTree tree(workers.Read(document));
   Require(static_cast<bool>(tree), "a document with unknown things in it is read", document);
   std::string text;

@@ -30,11 +30,27 @@ class Choices {
 
   /// A text: mostly one that XML allows.
   std::string Text() {
-    static const char* const kTexts[] = {
-        "x",     "sip:a@b.example",  "2005-01-01T00:00:00Z", " a  b ", "<&>\"'", "]]>",
-        "",      "\t\n\r",           "\xC3\xA4",             "\xE2\x82\xAC", "\xF0\x9F\x98\x80",
-        "&amp;", "1",                "true",                 "\xC2\x85", "\xE2\x80\xA8", "a\rb",
-        "http://example.com/?a=b&c", "<!-- -->",             "<![CDATA[", "\xEF\xBB\xBF"};
+    static const char* const kTexts[] = {"x",
+                                         "sip:a@b.example",
+                                         "2005-01-01T00:00:00Z",
+                                         " a  b ",
+                                         "<&>\"'",
+                                         "]]>",
+                                         "",
+                                         "\t\n\r",
+                                         "\xC3\xA4",
+                                         "\xE2\x82\xAC",
+                                         "\xF0\x9F\x98\x80",
+                                         "&amp;",
+                                         "1",
+                                         "true",
+                                         "\xC2\x85",
+                                         "\xE2\x80\xA8",
+                                         "a\rb",
+                                         "http://example.com/?a=b&c",
+                                         "<!-- -->",
+                                         "<![CDATA[",
+                                         "\xEF\xBB\xBF"};
     static const char* const kBad[] = {"\x01", "\xC3", "\xEF\xBF\xBF", "\xED\xA0\x80"};
     if (OneIn(60)) return kBad[Below(std::size(kBad))];
     std::string text;
@@ -139,9 +155,9 @@ inline std::string TextIn(const ZtField& row, ZtPiece text) {
 inline std::string WordsIn(ZtPiece rest) {
   std::string words;
   for (char c : Copied(rest)) words += ZtIsBlank(c) ? ' ' : c;
-  words.erase(std::unique(words.begin(), words.end(),
-                          [](char a, char b) { return a == ' ' && b == ' '; }),
-              words.end());
+  words.erase(
+      std::unique(words.begin(), words.end(), [](char a, char b) { return a == ' ' && b == ' '; }),
+      words.end());
   return Copied(ZtTrimmed({words.data(), words.size()}));
 }
 
@@ -197,8 +213,7 @@ inline std::vector<std::string> ValuesOf(const Node& node) {
 }
 
 /// A tree as the standard profile has it, a line for each object and value.
-inline void Tell(const Node& node, const std::string& name, std::string indent,
-                 std::string& told) {
+inline void Tell(const Node& node, const std::string& name, std::string indent, std::string& told) {
   told += indent + name + '\n';
   if (!node.type) return;
   indent += ' ';
@@ -223,8 +238,8 @@ inline std::string Told(const ZtDocument& document, XMLElement& root) {
   return told;
 }
 
-/// Whether all of a tree is what XML and its schema allow. A tree of which this does not hold may be
-/// refused.
+/// Whether all of a tree is what XML and its schema allow. A tree of which this does not hold may
+/// be refused.
 inline bool IsSound(const Node& root) {
   bool sound = true;
   ForEach(root, [&](const Node& node) {
@@ -236,8 +251,8 @@ inline bool IsSound(const Node& root) {
         sound = sound && (held.stated || !ZtIsRequired(row));
         check(held.text);
       } else if (IsOne(row)) {
-        sound = sound && (!ZtIsRequired(row) ||
-                          (!items.empty() && ZtStandardWriter::IsThere(*items[0])));
+        sound = sound &&
+                (!ZtIsRequired(row) || (!items.empty() && ZtStandardWriter::IsThere(*items[0])));
       } else if (row.place == ZtPlace::kOtherAttributes) {
         for (const zt_AttributeValuePair* pair : PairsOf(node, row)) {
           const std::string name = pair->getName() ? pair->getName() : "x";

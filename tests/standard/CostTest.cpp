@@ -95,9 +95,11 @@ const Case kCases[] = {
      }},
     {"many prefixes and attributes, as many new", 1250,
      [](std::size_t n) {
-       return Lists(Times(n, [](const std::string& i) {
-                      return " xmlns:p" + i + "='urn:" + i + "' p" + i + ":a='1' a" + i + "='2'";
-                    }),
+       return Lists(Times(n,
+                          [](const std::string& i) {
+                            return " xmlns:p" + i + "='urn:" + i + "' p" + i + ":a='1' a" + i +
+                                   "='2'";
+                          }),
                     "");
      },
      [](XMLElement& root, std::size_t n) {
@@ -121,9 +123,9 @@ const Case kCases[] = {
      }},
     {"a text in many pieces", 12500,
      [](std::size_t n) {
-       return Lists("", "<entry uri='u'><display-name>" +
-                            Times(n, [](const std::string&) { return "a<![CDATA[b]]><!-- -->"; }) +
-                            "</display-name></entry>");
+       return Lists("", "<entry uri='u'><display-name>" + Times(n, [](const std::string&) {
+                          return "a<![CDATA[b]]><!-- -->";
+                        }) + "</display-name></entry>");
      },
      [](XMLElement& root, std::size_t) {
        auto* entry = EntryOf<zt_entryType>(Entries(root), 0);

@@ -53,8 +53,7 @@ TEST(StandardInvariants, TreesThatCallersBuildAreWrittenAndReadAgain) {
   for (unsigned seed = 1; seed <= 600; ++seed) {
     const std::vector<std::uint8_t> script = Script(seed, 300);
     Choices choices(script.data(), script.size());
-    CheckBuilt(static_cast<eXMLSchemaID>(seed % XML_SCHEMA_END), choices,
-               seed % 4 ? 0 : script[1]);
+    CheckBuilt(static_cast<eXMLSchemaID>(seed % XML_SCHEMA_END), choices, seed % 4 ? 0 : script[1]);
   }
 }
 

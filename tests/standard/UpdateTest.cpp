@@ -134,8 +134,10 @@ TEST(StandardUpdate, ChildrenComeGoAndMove) {
 
 TEST(StandardUpdate, AnEmptyElementThatGetsAChildIsOpened) {
   for (const std::string end : {"/>", " />", "></registration>"}) {
-    const std::string text = "<reginfo version='0' state='full'><registration aor='a' id='1' "
-                             "state='init'" + end + "</reginfo>";
+    const std::string text =
+        "<reginfo version='0' state='full'><registration aor='a' id='1' "
+        "state='init'" +
+        end + "</reginfo>";
     const std::string opened = end == " />" ? " >" : ">";
     ExpectUpdate<zt_reginfo>(
         XML_SCHEMA_REGINFO, text,
@@ -148,8 +150,9 @@ TEST(StandardUpdate, AnEmptyElementThatGetsAChildIsOpened) {
           Registration(r)->addContact(contact);
         },
         With(text, "'init'" + end,
-             "'init'" + opened + "<contact state=\"active\" event=\"created\" id=\"c\"><uri>u</uri>"
-                                 "</contact></registration>"));
+             "'init'" + opened +
+                 "<contact state=\"active\" event=\"created\" id=\"c\"><uri>u</uri>"
+                 "</contact></registration>"));
   }
 }
 
@@ -281,7 +284,8 @@ TEST(StandardUpdate, NewTextIsInTheEncodingOfTheDocument) {
   const auto document = [](const std::string& encoding, const std::string& subject) {
     return "<?xml version='1.0' encoding='" + encoding +
            "'?>\n<imdn xmlns='urn:ietf:params:xml:ns:imdn'><message-id>m</message-id>"
-           "<datetime>d</datetime><subject>" + subject +
+           "<datetime>d</datetime><subject>" +
+           subject +
            "</subject><delivery-notification><status><delivered/></status></delivery-notification>"
            "</imdn>";
   };
