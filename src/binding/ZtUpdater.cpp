@@ -396,7 +396,7 @@ bool ZtUpdater::ReplaceContent(Frame& frame, const ZtField& row, ZtPiece text) {
   }
   frame.last = at;
   OpenContent(frame);
-  if (!ZtAppendEscaped(m_To, text, 0)) return Fail(kZtNotXml, row.name.Piece());
+  if (!ZtAppendEscaped(m_To, text, 0)) return Fail(kZtNotXml);
   for (std::uint32_t i = 1; i < count; ++i) {
     const Range& other = m_Texts[frame.texts + i];
     CopyTo(other.from);
