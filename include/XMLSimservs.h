@@ -61,7 +61,7 @@ class ZT_API SimservsUnMarshaller : public ZtDescribedBy<SimservsContext, ZtUnMa
  public:
   XMLElement* UnMarshall(const char* xml) override;
   XMLElement* UnMarshall(XMLFile* file) override;
-  XMLElement* Read(const char* text, std::size_t size) override;
+  XMLElement* UnMarshall(const char* text, std::size_t size) override;
   /// 1 when the parser takes `text` as a whole document, else 0.
   int validateXML(char* text);
   /// Moves `length` bytes of `text` from `start` on to a new text, `*out`, which is for

@@ -17,7 +17,7 @@ class ZT_API XMLUnMarshaller : public ZtNonCopyable {
   virtual XMLElement* UnMarshall(XMLFile* file) = 0;
   /// As the first, of the `size` bytes of `text`, which needs no NUL after it and must hold none:
   /// in UTF-16 no character 0.
-  virtual XMLElement* Read(const char* text, std::size_t size) {
+  virtual XMLElement* UnMarshall(const char* text, std::size_t size) {
     static_cast<void>(text);
     static_cast<void>(size);
     return nullptr;

@@ -141,7 +141,7 @@ bool ReadStandard(const Document& document, const Reading& reading, Tree& tree, 
     if (reading.losses) context.TellLosses(&Listener::Hear, &listener);
     XMLUnMarshaller* unMarshaller = context.createUnMarshaller();
     if (unMarshaller) {
-      tree.root.reset(unMarshaller->Read(document.text.data(), document.text.size()));
+      tree.root.reset(unMarshaller->UnMarshall(document.text.data(), document.text.size()));
     }
     context.TellLosses(nullptr, nullptr);
   }

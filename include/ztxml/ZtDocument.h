@@ -66,7 +66,7 @@ class ZT_API ZtUnMarshaller : public XMLUnMarshaller {
  public:
   XMLElement* UnMarshall(const char* xml) override;
   XMLElement* UnMarshall(XMLFile* file) override;
-  XMLElement* Read(const char* text, std::size_t size) override;
+  XMLElement* UnMarshall(const char* text, std::size_t size) override;
   /// Reads `xml` into `root`, which is the caller's. False, with a null `root`, when it cannot be
   /// parsed or memory is short. True when it was parsed; a null `root` then means another root.
   bool Parse(const char* xml, XMLElement*& root) const;

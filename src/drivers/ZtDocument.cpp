@@ -72,13 +72,13 @@ XMLElement* ZtUnMarshaller::UnMarshall(XMLFile* file) {
   return IsStandard() ? ReadStandard({text, file->Size()}, true) : ReadExact(text, nullptr);
 }
 
-XMLElement* ZtUnMarshaller::Read(const char* text, std::size_t size) {
+XMLElement* ZtUnMarshaller::UnMarshall(const char* text, std::size_t size) {
   if (!text) return nullptr;
   if (IsStandard()) return ReadStandard({text, size}, true);
   if (!std::memchr(text, '\0', size)) {
-    return ReadExact({text, size}, "<XML Module>: StrDup failed in %s::Read");
+    return ReadExact({text, size}, "<XML Module>: StrDup failed in %s::UnMarshall");
   }
-  ZtLog(kZtLogError, Document().source)("<XML Module>: %s::Read: there is a NUL in the text",
+  ZtLog(kZtLogError, Document().source)("<XML Module>: %s::UnMarshall: there is a NUL in the text",
                                         Document().unMarshaller);
   return nullptr;
 }

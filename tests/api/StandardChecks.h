@@ -32,7 +32,9 @@ class StandardWorkers {
 
   bool Works() const { return m_pReader && m_pWriter && m_pDocument && m_pDocument->roots.size(); }
   const ZtDocument& Document() const { return *m_pDocument; }
-  XMLElement* Read(const std::string& text) { return m_pReader->Read(text.data(), text.size()); }
+  XMLElement* Read(const std::string& text) {
+    return m_pReader->UnMarshall(text.data(), text.size());
+  }
   /// As callers of the exact profile read.
   XMLElement* UnMarshall(const std::string& text) { return m_pReader->UnMarshall(text.c_str()); }
   bool Write(XMLElement& root, std::string& text) {

@@ -21,7 +21,8 @@ class StandardSchema {
   template <class T>
   Tree<T> Read(const std::string& text) {
     if (!m_pContext->unMarshaller()) m_pContext->createUnMarshaller();
-    return Tree<T>(static_cast<T*>(m_pContext->unMarshaller()->Read(text.data(), text.size())));
+    return Tree<T>(
+        static_cast<T*>(m_pContext->unMarshaller()->UnMarshall(text.data(), text.size())));
   }
   std::string Write(XMLElement* root) {
     const char* text = Writer()->Marshall(root);

@@ -283,8 +283,8 @@ XMLElement* SimservsUnMarshaller::UnMarshall(XMLFile* file) {
   return ReadCopy(xml ? __strdup(xml) : nullptr);
 }
 
-XMLElement* SimservsUnMarshaller::Read(const char* text, std::size_t size) {
-  if (IsStandard()) return ZtUnMarshaller::Read(text, size);
+XMLElement* SimservsUnMarshaller::UnMarshall(const char* text, std::size_t size) {
+  if (IsStandard()) return ZtUnMarshaller::UnMarshall(text, size);
   if (!text || std::memchr(text, '\0', size)) return nullptr;
   auto* const copy = static_cast<char*>(__malloc(size + 1));
   if (!copy) return nullptr;
