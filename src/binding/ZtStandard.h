@@ -24,9 +24,10 @@ inline std::uint64_t ZtRowBit(const ZtElementType& type, const ZtField& row) {
   return std::uint64_t{1} << (&row - type.begin());
 }
 
-// Whether the texts of the row before alternate with those of this one.
-inline bool ZtIsSecondOfPair(const ZtElementType& type, const ZtField& row) {
-  return &row != type.begin() && (&row)[-1].Is(kZtPaired);
+// The row whose texts alternate with those of a row, null for most.
+inline const ZtField* ZtPartnerOf(const ZtElementType& type, const ZtField& row) {
+  if (row.Is(kZtPaired)) return &row + 1;
+  return &row != type.begin() && (&row)[-1].Is(kZtPaired) ? &row - 1 : nullptr;
 }
 
 // The row of a type that keeps attributes which no row names.

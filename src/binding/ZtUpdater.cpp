@@ -396,7 +396,7 @@ bool ZtUpdater::ReplaceContent(Frame& frame, const ZtField& row, ZtPiece text) {
   }
   frame.last = at;
   OpenContent(frame);
-  if (!ZtAppendEscaped(m_To, text, 0)) return Fail(kZtNotXml, row.name.Piece());
+  if (!ZtAppendEscaped(m_To, text, 0)) return Fail(kZtNotXml);
   for (std::uint32_t i = 1; i < count; ++i) {
     const Range& other = m_Texts[frame.texts + i];
     CopyTo(other.from);
@@ -447,8 +447,10 @@ bool ZtUpdater::PrepareRow(const Frame& frame, const ZtField& row, RowState& sta
     case ZtPlace::kChildren:
     case ZtPlace::kOtherChildren:
       state.node = (frame.object->*row.member.children).Head();
-      if (row.Is(kZtPaired) || ZtIsSecondOfPair(*frame.type, row)) {
-        return PreparePairs(frame, row, state.node);
+      if (const ZtField* partner = ZtPartnerOf(*frame.type, row)) {
+        if (!IsUntouched(frame, row) || !IsUntouched(frame, *partner)) {
+          return PreparePairs(frame, row, state.node);
+        }
       }
       for (const ZtListNode* node = state.node; node; node = node->next) {
         if (node->data && !PrepareChild(frame, row, *ItemOf(node), node)) return false;
@@ -459,11 +461,23 @@ bool ZtUpdater::PrepareRow(const Frame& frame, const ZtField& row, RowState& sta
   }
 }
 
+// Whether a list has what it had, in that order.
+bool ZtUpdater::IsUntouched(const Frame& frame, const ZtField& row) const {
+  const ZtListNode* node = (frame.object->*row.member.children).Head();
+  const std::uint32_t end = m_Source.parts[frame.part].next;
+  for (std::uint32_t i = frame.part + 1; i < end; i = m_Source.parts[i].next) {
+    if (m_Source.parts[i].row != &row) continue;
+    if (!node || node->data != m_Source.parts[i].object) return false;
+    node = node->next;
+  }
+  return !node;
+}
+
 // The entries of one of two lists that alternate, which begins with `node`. Those stay in their
 // places that stood together in the source, and are together now.
 bool ZtUpdater::PreparePairs(const Frame& frame, const ZtField& row, const ZtListNode* node) {
   const bool isFirst = row.Is(kZtPaired);
-  const ZtField& partner = isFirst ? (&row)[1] : (&row)[-1];
+  const ZtField& partner = *ZtPartnerOf(*frame.type, row);
   const ZtListNode* other = (frame.object->*partner.member.children).Head();
   for (; node && other; node = node->next, other = other->next) {
     if (!node->data) continue;

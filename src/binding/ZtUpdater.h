@@ -106,6 +106,7 @@ class ZtUpdater {
 
   bool Prepare(Frame& frame);
   bool PrepareRow(const Frame& frame, const ZtField& row, RowState& state);
+  bool IsUntouched(const Frame& frame, const ZtField& row) const;
   bool PreparePairs(const Frame& frame, const ZtField& row, const ZtListNode* node);
   bool PrepareChild(const Frame& frame, const ZtField& row, const XMLElement& child,
                     const ZtListNode* node, bool mayStay = true);

@@ -13,6 +13,16 @@ const zt_AttributeValuePair* PairIn(const ZtListNode* node) {
   return zt_AttributeValuePair::From(static_cast<XMLAttribute*>(node->data));
 }
 
+// Whether a document in this encoding can have the name: what the encoding lacks can stand only in
+// texts and values, as a reference.
+bool CanBeName(ZtPiece name, ZtEncoding encoding) {
+  if (!ZtIsQualifiedName(name)) return false;
+  if (encoding != ZtEncoding::kAscii && encoding != ZtEncoding::kLatin1) return true;
+  std::size_t characters = 0;
+  for (std::size_t i = 0; i < name.size; ++i) characters += (name.text[i] & 0xC0) != 0x80;
+  return ZtEncodedSize(name, encoding) == characters;
+}
+
 }  // namespace
 
 bool ZtUpdater::Attributes(const Frame& frame) {
@@ -134,7 +144,7 @@ bool ZtUpdater::DeclarePair(const zt_AttributeValuePair& pair) {
     return !prefix.size || !uri.size || m_Xml.Scope().SpaceOf(prefix) != kZtNone ||
            DeclareHere(prefix, uri);
   }
-  if (!ZtIsQualifiedName(name)) return Fail(kZtBadName, name);
+  if (!CanBeName(name, m_Source.form.encoding)) return Fail(kZtBadName, name);
   const ZtPiece uri = pair.getValue();
   const ZtPiece declared = prefix.size ? ZtLocalIn(name) : ZtPiece(nullptr);
   const ZtSpace space = m_Xml.Scope().SpaceOf(declared);
@@ -160,9 +170,7 @@ bool ZtUpdater::DeclareHere(ZtPiece prefix, ZtPiece uri) {
 // Whether a new pair has a name that means in the element what it is to mean.
 bool ZtUpdater::IsBound(const zt_AttributeValuePair& pair) {
   const ZtPiece name = pair.getName();
-  if (!ZtIsQualifiedName(name) || ZtEncodedSize(name, m_Source.form.encoding) == 0) {
-    return Fail(kZtBadName, name);
-  }
+  if (!CanBeName(name, m_Source.form.encoding)) return Fail(kZtBadName, name);
   const ZtPiece prefix = ZtPrefixIn(name);
   if (!prefix.size) return true;
   const ZtSpace space = m_Xml.Scope().SpaceOf(prefix);

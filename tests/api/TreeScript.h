@@ -405,7 +405,8 @@ class Changer {
     if (row.place == ZtPlace::kOtherAttributes) return ChangePairs(node, row);
     if (IsOne(row)) return ChangeChild(node, row);
     if (!row.Is(kZtPaired) && !isSecond) return ChangeList(node, row);
-    ChangeTexts(node, row, false);
+    if (m_Choices.OneIn(2)) return ChangeTexts(node, row, false);
+    ChangePairOfLists(node, isSecond ? (&row)[-1] : row);
   }
 
  private:
@@ -457,6 +458,28 @@ class Changer {
     zt_string* text = zt_string::From(items[m_Choices.Below(items.size())]);
     const std::string value = m_Choices.Text();
     text->setValue(canClear && m_Choices.OneIn(4) ? nullptr : value.c_str());
+  }
+
+  // Of two lists that alternate, entries come and go together.
+  void ChangePairOfLists(const Node& node, const ZtField& first) {
+    const ZtField& second = (&first)[1];
+    const std::vector<XMLElement*> items = ItemsOf(node, first);
+    const unsigned at = m_Choices.Below(items.size());
+    switch (items.empty() ? 0 : m_Choices.Below(3)) {
+      case 0:
+        m_Maker.AddItem(node, first, 3);
+        return m_Maker.AddItem(node, second, 3);
+      case 1:  // one goes to the end, and its partner stays
+        (node.object->*first.member.children).Get()->Remove(items[at]);
+        if (!Maker::Give(node, first, items[at])) ZtRelease(items[at]);
+        return;
+      default:
+        for (const ZtField* row : {&first, &second}) {
+          XMLElement* const item = ItemsOf(node, *row)[at];
+          (node.object->*row->member.children).Get()->Remove(item);
+          ZtRelease(item);
+        }
+    }
   }
 
   void ChangeList(const Node& node, const ZtField& row) {
