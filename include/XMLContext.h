@@ -15,8 +15,10 @@ enum eXMLProfile {
 
 /// What is asked of a context; see the operations of XMLContext.
 struct ZtSettings : ZtHeapObject {
+  /// The bytes that a text may have at first.
   static constexpr std::size_t kMostText = std::size_t{16} * 1024 * 1024;
 
+  /// By UseProfile, KeepSource, LimitText and TellLosses, in this order.
   eXMLProfile profile = XML_PROFILE_EXACT;
   bool keepsSource = false;
   std::size_t mostText = kMostText;
@@ -42,8 +44,8 @@ class ZT_API XMLContext : public ZtNonCopyable {
   int UseProfile(eXMLProfile profile);
   eXMLProfile profile() const { return settings().profile; }
   /// Whether trees that are read in the standard profile remember what they were read from, so that
-  /// a marshaller can Update it (at first not). It costs the size of the text and 48 to 96 bytes for
-  /// each element with an object. Returns 1; 0 without memory, as the next two.
+  /// a marshaller can Update it (at first not). It costs the size of the text and 48 to 96 bytes
+  /// for each element with an object. Returns 1; 0 without memory, as the next two.
   int KeepSource(bool keep);
   /// The bytes that a text of the standard profile may have at most; at first 16 MiB.
   int LimitText(std::size_t bytes);

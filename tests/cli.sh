@@ -412,7 +412,7 @@ refuses 2 "lacks its =VALUE" --set "$rule/@id"
 refuses 2 "no text that XML allows" --set "$rule/@id="$'\1'
 refuses 2 "a document has a root" --remove /simservs
 refuses 1 "conditions/anonymous is not there" --remove "$rule/conditions/anonymous"
-refuses 3 "/cp:ruleset/rule/@id cannot be written: a required value is missing" --set "$rule[2]/conditions"
+refuses 3 "/ruleset/rule/@id cannot be written: a required value is missing" --set "$rule[2]/conditions"
 expect 2 '"-1" is no number from 0 to 4294967295' "$ztxml" edit --set /reginfo/@version=-1 "$documents/reginfo.xml"
 # Attributes of unknown names, words, captured messages.
 expect 0 "" "$ztxml" edit --set '/conference-info/@q:x="' --remove '/conference-info/conference-description/keywords/(words)[1]' \

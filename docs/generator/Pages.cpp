@@ -106,7 +106,7 @@ std::string ValueCell(const reflect::Field& field, const Accessors& accessors,
     case ZtValue::kText:
       return field.IsRepeated() ? "texts, each a `zt_string`" : "text";
     case ZtValue::kNumber:
-      if (row && row->detail.range) {
+      if (row && row->detail.range && !row->detail.range->isDecimal) {
         return "number, " + std::to_string(row->detail.range->least) + " to " +
                std::to_string(row->detail.range->most);
       }

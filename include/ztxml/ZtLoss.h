@@ -14,7 +14,7 @@ enum eZtLoss {
 
 /// Something in a document that the types do not keep.
 struct ZtLoss {
-  eZtLoss kind;
+  eZtLoss kind;  ///< what it is
   /// Where it is in the tree, e.g. "/reginfo/registration[1]/contact[2]/@q"; names of what is
   /// unknown as they stand in the document. Borrowed; a long one is cut short with "...".
   const char* path;

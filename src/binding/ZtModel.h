@@ -66,6 +66,7 @@ inline constexpr ZtEnumTable kSchemaTrueOrElseFalse = {kSchemaBooleanSlots, 2, 4
 struct ZtRange {
   unsigned least;
   unsigned most;
+  bool isDecimal = false;  // by its schema; the standard profile takes one without a fraction
 };
 
 // ---- Rows ---------------------------------------------------------------------------------------
@@ -242,8 +243,9 @@ constexpr ZtValue ValueOf(ZtText XMLElement::*) { return ZtValue::kText; }
 constexpr ZtValue ValueOf(ZtNumber XMLElement::*) { return ZtValue::kNumber; }
 constexpr ZtValue ValueOf(ZtNumber64 XMLElement::*) { return ZtValue::kNumber64; }
 constexpr ZtValue ValueOf(ZtNumber XMLElement::*, const ZtEnumTable&) { return ZtValue::kEnum; }
+constexpr ZtValue ValueOf(ZtNumber XMLElement::*, const ZtRange&) { return ZtValue::kNumber; }
 
-// `detail`: the ZtEnumTable of an enumeration.
+// `detail`: the ZtEnumTable of an enumeration, the ZtRange of a number.
 template <class M, class D, class... Detail>
 constexpr ZtField Scalar(ZtPlace place, ZtNameId name, M D::*m, const Detail&... detail) {
   return {place, ValueOf(static_cast<M XMLElement::*>(m), detail...), name, At(m),

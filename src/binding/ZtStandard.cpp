@@ -97,6 +97,13 @@ bool ParseDigits(ZtPiece text, unsigned long long most, unsigned long long& numb
   return !negative || number == 0;  // "-0" is 0
 }
 
+// A decimal without its point and the zeros after it, which add nothing.
+ZtPiece WithoutZeros(ZtPiece text) {
+  std::size_t size = text.size;
+  while (size && text.text[size - 1] == '0') --size;
+  return size && text.text[size - 1] == '.' ? ZtPiece(text.text, size - 1) : text;
+}
+
 bool IsBoolean(const ZtEnumTable& values) {
   return values.count == 2 &&
          (values.slots == kBooleanSlots || values.slots == kSchemaBooleanSlots);
@@ -140,6 +147,7 @@ ZtStated ZtParse(const ZtField& row, ZtPiece text) {
   if (row.value == ZtValue::kEnum) return ParseEnum(*row.detail.values, text);
   const bool is32 = row.value == ZtValue::kNumber;
   const ZtRange* range = is32 ? row.detail.range : nullptr;
+  if (range && range->isDecimal) text = WithoutZeros(text);
   unsigned long long number = 0;
   if (!ParseDigits(text, is32 ? ~0U : ~0ULL, number)) return {};
   if (range && (number < range->least || number > range->most)) return {};

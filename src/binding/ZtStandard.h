@@ -36,6 +36,13 @@ inline const ZtField& ZtOthersOf(const ZtElementType& type) {
   return *row;
 }
 
+// Whether objects of a type keep an attribute that no row names. The prefix in the value of
+// xsi:type would be bound to nothing where the attribute is written.
+inline bool ZtKeepsAttribute(const ZtElementType& type, ZtSpace space, ZtPiece local) {
+  return type.rows.keepsAttributes &&
+         (space != kZtSpaceInstance || ZtNameId::Of(local) != ZtNameId(XML_STR_TYPE));
+}
+
 // What an element is to its parent.
 struct ZtMatch {
   const ZtField* row = nullptr;         // null: nothing that the parent knows

@@ -259,7 +259,7 @@ bool ZtStandardReader::Attributes(const Frame& frame) {
 bool ZtStandardReader::KeepPair(const Frame& frame, const ZtXmlAttribute& attribute) {
   const ZtElementType& type = *frame.type;
   const ZtPiece name = ZtQualified(attribute.name);
-  if (!type.rows.keepsAttributes) {
+  if (!ZtKeepsAttribute(type, attribute.name.space, attribute.name.local)) {
     Lose(ZT_LOST_ATTRIBUTE, "/@", name, attribute.from);
     return true;
   }

@@ -381,7 +381,8 @@ bool ZtStandardWriter::WriteAttribute(ZtPiece name, ZtPiece value) {
 }
 
 // Whether the tag has no attribute of that expanded name yet, to which it is added. Intended: of
-// two with one name the first is written, as in the exact profile.
+// two attributes of one name in a list of others the first is written, in both profiles, and no
+// fault is told; callers add what may be there already.
 bool ZtStandardWriter::IsNew(ZtPiece uri, std::uint32_t number, ZtPiece local) {
   bool failed = false;
   const bool isNew = m_Attributes.Insert(uri, number, local, failed);

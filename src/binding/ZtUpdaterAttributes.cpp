@@ -25,7 +25,8 @@ bool ZtUpdater::Attributes(const Frame& frame) {
     const ZtField* row =
         attribute.name.prefix.text ? nullptr : ZtNextAttribute(type, next, attribute.name.local);
     if (!row) {
-      if (type.rows.keepsAttributes && !KeepPair(attribute)) return false;
+      const ZtXmlName& name = attribute.name;
+      if (ZtKeepsAttribute(type, name.space, name.local) && !KeepPair(attribute)) return false;
       continue;
     }
     stated |= ZtRowBit(type, *row);
@@ -106,11 +107,16 @@ void ZtUpdater::RowNames(const Frame& frame, bool& failed) {
       m_Names.Insert(nullptr, 0, row->name.Piece(), failed);
     }
   }
-  // What is no value of its row stays as well.
+  // What is no value of its row stays as well, and what no pair was made of.
   const ZtField* next = type.begin();
   for (std::uint32_t i = 0; i < m_Xml.AttributeCount(); ++i) {
     const ZtXmlAttribute& attribute = m_Xml.Attributes()[i];
-    if (attribute.name.prefix.text) continue;
+    if (attribute.name.prefix.text) {
+      const auto& [prefix, local, space] = attribute.name;
+      if (ZtKeepsAttribute(type, space, local)) continue;
+      m_Names.Insert(m_Xml.Scope().Uri(space), space, local, failed);
+      continue;
+    }
     const ZtField* row = ZtNextAttribute(type, next, attribute.name.local);
     if (row && !ZtParse(*row, attribute.value).stated) {
       m_Names.Insert(nullptr, 0, row->name.Piece(), failed);

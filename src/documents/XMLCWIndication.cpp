@@ -5,6 +5,8 @@
 namespace {
 constexpr char kSource[] = "src/XMLCWIndication";
 constexpr ZtFamily kFamily = ZtPlainFamily(kSource);
+
+constexpr ZtRange kVersions = {0, ~0U, true};  // networks write "1" and "1.0"
 }  // namespace
 
 const ZtElementType zt_alternative_service::kType = {
@@ -17,7 +19,7 @@ const ZtElementType zt_ims_3gpp::kType = {
     ZtTypeOf<zt_ims_3gpp>("zt_ims_3gpp", "ims-3gpp", kFamily)
         .Writer(XML_STR_IMS_3GPP, "AddIms3gppElementToXml")
         .Root(),
-    {ztrow::Attribute(XML_STR_VERSION, &zt_ims_3gpp::m_Version).Must(),
+    {ztrow::Attribute(XML_STR_VERSION, &zt_ims_3gpp::m_Version, kVersions).Must(),
      ztrow::Child(XML_STR_ALTERNATIVE_SERVICE, &zt_ims_3gpp::m_AlternativeService,
                   zt_alternative_service::kType),
      ztrow::TextElement(XML_STR_SERVICE_INFO, &zt_ims_3gpp::m_ServiceInfo).FreeText()}};
