@@ -345,7 +345,8 @@ class Maker {
     if (m_Choices.OneIn(20)) name = kBad[m_Choices.Below(std::size(kBad))];
     if (node.type->rows.attributes && m_Choices.OneIn(8)) {
       const ZtField& row = node.type->begin()[m_Choices.Below(node.type->rows.attributes)];
-      if (row.HasName()) name = Copied(row.name.Piece());
+      // Not of one whose attribute may hold what is none of its values: it would stay.
+      if (row.HasName() && row.value == ZtValue::kText) name = Copied(row.name.Piece());
     }
     return zt_xml_common_methods::CreateAttribute(name.c_str(), m_Choices.Text().c_str());
   }
