@@ -76,6 +76,17 @@ ZtPiece ZtNameOfObject(const ZtField& row, const XMLElement& child) {
   return name && id != kZtNoName && ZtFindNamed(choice, id) == choice ? id.Piece() : nullptr;
 }
 
+std::uint32_t ZtIndexOf(const XMLElement& parent, const ZtField& row, const XMLElement& entry) {
+  if (ZtIsSingle(row)) return 0;
+  std::uint32_t index = 0;
+  for (const ZtListNode* node = (parent.*row.member.children).Head(); node; node = node->next) {
+    const auto* other = static_cast<const XMLElement*>(node->data);
+    if (other && other->ClassName() == entry.ClassName()) ++index;
+    if (other == &entry) break;
+  }
+  return index;
+}
+
 // ---- Values -------------------------------------------------------------------------------------
 
 namespace {

@@ -63,6 +63,10 @@ ZtMatch ZtMatchObject(const ZtField& row, ZtSpace space, const XMLElement& child
 // none.
 ZtPiece ZtNameOfObject(const ZtField& row, const XMLElement& child);
 
+// Which one among its like an entry of a row's list is, from 1 on; 0 in a row that occurs once. For
+// paths: the list is gone through.
+std::uint32_t ZtIndexOf(const XMLElement& parent, const ZtField& row, const XMLElement& entry);
+
 // ---- Values -------------------------------------------------------------------------------------
 
 // What a document states, or an object holds, in a scalar row.

@@ -403,7 +403,13 @@ void ZtStandardWriter::AppendName(const Frame& frame) {
 // `why` null: memory is lacking.
 bool ZtStandardWriter::Fail(const char* why, const char* sign, ZtPiece name, std::uint32_t index) {
   m_Why = why;
-  for (const Frame& frame : m_Frames) m_Path.Push("/", frame.name, frame.index);
+  const Frame* parent = nullptr;
+  for (const Frame& frame : m_Frames) {
+    const bool isEntry = parent && frame.index;
+    m_Path.Push("/", frame.name,
+                isEntry ? ZtIndexOf(*parent->object, *parent->row, *frame.object) : 0);
+    parent = &frame;
+  }
   if (sign) m_Path.Push(sign, name, index);
   return false;
 }

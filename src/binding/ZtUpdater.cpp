@@ -590,7 +590,13 @@ void ZtUpdater::OpenContent(Frame& frame) {
 
 bool ZtUpdater::Fail(const char* why, ZtPiece name) {
   m_Why = why;
-  for (const Frame& frame : m_Frames) m_Path.Push("/", ZtLocalIn(frame.name));
+  const Frame* parent = nullptr;
+  for (const Frame& frame : m_Frames) {
+    const bool isEntry = parent && frame.row && frame.part != kNone;
+    m_Path.Push("/", ZtLocalIn(frame.name),
+                isEntry ? ZtIndexOf(*parent->object, *frame.row, *frame.object) : 0);
+    parent = &frame;
+  }
   // A path of the writer begins with its sign.
   if (name.size) m_Path.Push(*name.text == '/' ? "" : "/", name);
   return false;

@@ -323,7 +323,7 @@ TEST(StandardUpdate, WhatCannotBeWrittenIsRefusedWithALine) {
   ASSERT_TRUE(root);
   Contact(*root, 0)->setUriValue("\x01");
   EXPECT_SAME(schema.Update(root.get()), "(null)");
-  EXPECT_TRUE(log.Has("/reginfo/registration/contact/uri cannot")) << log.Texts().back();
+  EXPECT_TRUE(log.Has("/reginfo/registration[1]/contact[1]/uri cannot")) << log.Texts().back();
   Contact(*root, 0)->setUriValue("sip:a@192.0.2.1");
   EXPECT_SAME(schema.Update(root.get()), kReginfo);
 
