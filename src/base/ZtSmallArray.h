@@ -39,6 +39,16 @@ class ZtSmallArray {
     if (__builtin_expect(m_iSize == m_iRoom, 0) && !Grow()) return nullptr;
     return new (static_cast<void*>(m_pItems + m_iSize++)) T();
   }
+  // Likewise adds `count` items whose bytes are all 0; null without memory.
+  T* AddZeros(std::uint32_t count) {
+    while (m_iRoom - m_iSize < count) {
+      if (!Grow()) return nullptr;
+    }
+    T* const first = m_pItems + m_iSize;
+    std::memset(static_cast<void*>(first), 0, count * kSize);
+    m_iSize += count;
+    return first;
+  }
   void Cut(std::uint32_t size) { m_iSize = size; }
 
  private:

@@ -46,28 +46,25 @@ bool ZtUpdater::Write(XMLElement& root) {
   std::memcpy(m_pWork, m_Text.text, m_Text.size);
   m_pWork[m_Text.size] = '\0';
   m_Xml.Begin(m_pWork, m_Text.size);
-  ZtToken token = ZtToken::kText;
-  while (token != ZtToken::kDone) {
-    token = m_Xml.Next();
-    const bool isRoot = token == ZtToken::kStart && m_Xml.Depth() == 1;
-    if (!(isRoot ? StartRoot(root) : Token(token))) return false;
-  }
-  CopyTo(m_Text.size);
-  return !m_To.Failed() && !m_New.Failed() && !m_bNoMemory;
-}
-
-bool ZtUpdater::Token(ZtToken token) {
-  switch (token) {
-    case ZtToken::kStart:
-      return Start();
-    case ZtToken::kText:
-      return Text();
-    case ZtToken::kEnd:
-      return End();
-    case ZtToken::kDone:
-      return true;
-    case ZtToken::kFailed:  // for lack of memory: the text was read before
-      break;
+  if (m_Xml.Next() != ZtToken::kStart || !StartRoot(root)) return false;
+  bool done = true;
+  while (done) {
+    switch (m_Xml.Next()) {
+      case ZtToken::kStart:
+        done = Start();
+        break;
+      case ZtToken::kText:
+        done = Text();
+        break;
+      case ZtToken::kEnd:
+        done = End();
+        break;
+      case ZtToken::kDone:
+        CopyTo(m_Text.size);
+        return !m_To.Failed() && !m_New.Failed() && !m_bNoMemory;
+      case ZtToken::kFailed:  // for lack of memory: the text was read before
+        return false;
+    }
   }
   return false;
 }
@@ -422,11 +419,17 @@ bool ZtUpdater::Prepare(Frame& frame) {
          parts[m_iLikely].row->place == ZtPlace::kOtherAttributes) {
     ++m_iLikely;
   }
-  for (const ZtField* row = type.children(); row != type.end(); ++row) {
-    RowState state = {nullptr, m_Pending.Size(), m_Pending.Size()};
-    if (!IsEmpty(*frame.object, *row) && !PrepareRow(frame, *row, state)) return false;
+  const auto count = static_cast<std::uint32_t>(type.end() - type.children());
+  if (count && !m_Rows.AddZeros(count)) return false;
+  std::uint64_t bit = std::uint64_t{1} << type.rows.attributes;
+  for (const ZtField* row = type.children(); row != type.end(); ++row, bit <<= 1) {
+    // The texts that the source has are looked at in their places.
+    const bool isRead = row->place == ZtPlace::kTextElement && (parts[frame.part].taken & bit);
+    if (isRead || IsEmpty(*frame.object, *row)) continue;
+    RowState& state = StateOf(frame, *row);
+    state.pending = m_Pending.Size();
+    if (!PrepareRow(frame, *row, state)) return false;
     state.end = m_Pending.Size();
-    if (!m_Rows.Add(state)) return false;
   }
   frame.isNew = m_Pending.Size() != frame.pending;
   return true;
@@ -434,10 +437,8 @@ bool ZtUpdater::Prepare(Frame& frame) {
 
 bool ZtUpdater::PrepareRow(const Frame& frame, const ZtField& row, RowState& state) {
   switch (row.place) {
-    case ZtPlace::kTextElement: {
-      const bool wasThere = m_Source.parts[frame.part].taken & ZtRowBit(*frame.type, row);
-      return wasThere || PrepareText(frame, row);
-    }
+    case ZtPlace::kTextElement:
+      return PrepareText(frame, row);
     case ZtPlace::kChild:
     case ZtPlace::kOtherChild: {
       const XMLElement* child = (frame.object->*row.member.child).Get();

@@ -77,7 +77,6 @@ class ZtUpdater {
   std::uint32_t PartOfChild(const Frame& frame, const ZtField& row, const XMLElement& child,
                             std::uint32_t likely);
 
-  bool Token(ZtToken token);
   bool StartRoot(XMLElement& root);
   bool Start();
   bool StartSingle(const ZtMatch& match);
