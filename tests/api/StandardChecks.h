@@ -139,7 +139,7 @@ void RequireWholeOrNothing(unsigned failing, const std::string& whole, const Wri
   zthost::FailAllocation(failing / 2 + 1, failing % 2 != 0);
   std::string text;
   const bool done = write(text);
-  const bool failed = zthost::AllocationCount() > failing / 2;
+  const bool failed = zthost::AllocationCount() > static_cast<long>(failing / 2);
   zthost::FailAllocation(0);
   if (done || !failed) Require(text == whole, "without memory whole or nothing", text);
 }
