@@ -316,9 +316,10 @@ class Kept {
           const bool isPair = p.row && p.row->place == ZtPlace::kOtherAttributes;
           if (!isPair && p.from < at && at < p.to && p.from >= m_Source.parts[part].from) part = i;
         }
-        const std::size_t end = m_Text.find('>', at);
-        m_Marks.push_back(
-            {m_Text.substr(at, end - at), part, m_Source.parts[part].from != innermost});
+        const std::string mark = m_Text.substr(at, m_Text.find('>', at) - at);
+        // A document may have had the text of a mark before.
+        if (m_Text.find(mark) != at || m_Text.find(mark, at + 1) != std::string::npos) continue;
+        m_Marks.push_back({mark, part, m_Source.parts[part].from != innermost});
       }
     }
   }
