@@ -247,7 +247,6 @@ bool ZtUpdater::Enter(const ZtMatch& match, XMLElement* object, std::uint32_t sl
   frame.slot = slot;
   frame.from = m_Xml.From();
   frame.content = frame.last = m_Xml.To();
-  frame.name = {m_Text.text + m_Xml.From() + 1, ZtQualified(m_Xml.Name()).size};
   frame.rows = m_Rows.Size();
   frame.pending = m_Pending.Size();
   frame.texts = m_Texts.Size();
@@ -270,7 +269,7 @@ void ZtUpdater::Restore(std::size_t from, std::size_t to) {
 // ---- Texts and ends -----------------------------------------------------------------------------
 
 bool ZtUpdater::Text() {
-  if (m_iSkipped || m_Frames.Size() == 0) return true;
+  if (m_iSkipped) return true;
   Frame& frame = m_Frames.Last();
   if (frame.type && !frame.type->rows.takesText) return true;
   frame.run.Add(m_Xml.Text());
@@ -346,7 +345,7 @@ bool ZtUpdater::EndObject(Frame& frame) {
   if (frame.isExpanded) {
     CopyTo(frame.content);
     m_To.Append("</");
-    m_To.Append(frame.name);
+    m_To.Append(NameOf(frame));
     m_To.Append('>');
   }
   return true;
@@ -401,7 +400,7 @@ bool ZtUpdater::ReplaceContent(Frame& frame, const ZtField& row, ZtPiece text) {
   }
   if (!frame.type && frame.isExpanded) {
     m_To.Append("</");
-    m_To.Append(frame.name);
+    m_To.Append(NameOf(frame));
     m_To.Append('>');
   }
   return true;
@@ -589,12 +588,18 @@ void ZtUpdater::OpenContent(Frame& frame) {
   frame.isExpanded = true;
 }
 
+// The name of its element as it stands in the document.
+ZtPiece ZtUpdater::NameOf(const Frame& frame) const {
+  const char* const name = m_Text.text + frame.from + 1;
+  return {name, std::strcspn(name, " \t\r\n/>")};
+}
+
 bool ZtUpdater::Fail(const char* why, ZtPiece name) {
   m_Why = why;
   const Frame* parent = nullptr;
   for (const Frame& frame : m_Frames) {
     const bool isEntry = parent && frame.row && frame.part != kNone;
-    m_Path.Push("/", ZtLocalIn(frame.name),
+    m_Path.Push("/", ZtLocalIn(NameOf(frame)),
                 isEntry ? ZtIndexOf(*parent->object, *frame.row, *frame.object) : 0);
     parent = &frame;
   }

@@ -58,7 +58,6 @@ class ZtUpdater {
     std::size_t from = 0;        // of its start tag
     std::size_t content = 0;     // after its start tag
     std::size_t last = 0;        // after the last known child, or `content`
-    ZtPiece name = nullptr;      // qualified
     std::uint64_t taken = 0;     // rows of single children that were read again
     std::uint64_t gone = 0;      // those of them that are not there any more
     std::uint32_t rows = 0;      // where its row states begin
@@ -70,7 +69,8 @@ class ZtUpdater {
     bool isExpanded = false;
   };
 
-  bool Index();
+  // Those that are cold are for what was changed.
+  [[gnu::cold]] bool Index();
   std::uint32_t Slot(const void* object) const;
   std::uint32_t PartOf(const Frame& frame, const ZtField& row, const void* object,
                        std::uint32_t likely);
@@ -83,7 +83,7 @@ class ZtUpdater {
   bool StartEntry(const ZtMatch& match);
   bool Enter(const ZtMatch& match, XMLElement* object, std::uint32_t slot);
   void Pass(std::uint32_t part);
-  void Restore(std::size_t from, std::size_t to);
+  [[gnu::cold]] void Restore(std::size_t from, std::size_t to);
   bool Text();
   bool End();
   bool EndLeaf(Frame& leaf);
@@ -105,28 +105,29 @@ class ZtUpdater {
 
   bool Prepare(Frame& frame);
   bool PrepareRow(const Frame& frame, const ZtField& row, RowState& state);
-  bool IsUntouched(const Frame& frame, const ZtField& row) const;
-  bool PreparePairs(const Frame& frame, const ZtField& row, const ZtListNode* node);
+  [[gnu::cold]] bool IsUntouched(const Frame& frame, const ZtField& row) const;
+  [[gnu::cold]] bool PreparePairs(const Frame& frame, const ZtField& row, const ZtListNode* node);
   bool PrepareChild(const Frame& frame, const ZtField& row, const XMLElement& child,
                     const ZtListNode* node, bool mayStay = true);
-  bool PrepareText(const Frame& frame, const ZtField& row);
-  bool Prepared(bool written, const ZtStandardWriter& writer, std::size_t from,
-                const ZtListNode* node);
+  [[gnu::cold]] bool PrepareText(const Frame& frame, const ZtField& row);
+  [[gnu::cold]] bool Prepared(bool written, const ZtStandardWriter& writer, std::size_t from,
+                              const ZtListNode* node);
   void Flush(Frame& frame, const ZtField* until);
-  void FlushRow(Frame& frame, const ZtField& row);
-  bool FlushOne(Frame& frame, const ZtField& row);
+  [[gnu::cold]] void FlushRow(Frame& frame, const ZtField& row);
+  [[gnu::cold]] bool FlushOne(Frame& frame, const ZtField& row);
 
-  bool OwnWords(Frame& frame, const ZtField& row);
-  bool ReplaceContent(Frame& frame, const ZtField& row, ZtPiece text);
+  [[gnu::cold]] bool OwnWords(Frame& frame, const ZtField& row);
+  [[gnu::cold]] bool ReplaceContent(Frame& frame, const ZtField& row, ZtPiece text);
 
   RowState& StateOf(const Frame& frame, const ZtField& row) {
     return m_Rows[frame.rows + static_cast<std::uint32_t>(&row - frame.type->children())];
   }
   void CopyTo(std::size_t at);
   void SkipTo(std::size_t at) { m_iCopied = at; }
-  void Remove(std::size_t from, std::size_t to);
-  void OpenContent(Frame& frame);
-  bool Fail(const char* why, ZtPiece name = nullptr);
+  [[gnu::cold]] void Remove(std::size_t from, std::size_t to);
+  [[gnu::cold]] void OpenContent(Frame& frame);
+  [[gnu::cold]] ZtPiece NameOf(const Frame& frame) const;
+  [[gnu::cold]] bool Fail(const char* why, ZtPiece name = nullptr);
 
   const ZtSourceText& m_Source;
   const ZtPiece m_Text;
