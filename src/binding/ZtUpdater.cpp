@@ -13,6 +13,13 @@ ZtPiece TextOf(const XMLElement& item) {
   return text ? text->getValue() : nullptr;
 }
 
+// The name in the start tag that begins at `tag`.
+ZtPiece NameAt(const char* tag) {
+  std::size_t size = 0;
+  while (!ZtIsBlank(tag[1 + size]) && tag[1 + size] != '/' && tag[1 + size] != '>') ++size;
+  return {tag + 1, size};
+}
+
 // Whether an object has nothing in a row that the source could lack: so it is with most rows.
 inline bool IsEmpty(const XMLElement& object, const ZtField& row) {
   if (row.IsOwnText()) return true;
@@ -119,12 +126,10 @@ std::uint32_t ZtUpdater::PartOfChild(const Frame& frame, const ZtField& row,
   const std::uint32_t index = PartOf(frame, row, &child, likely);
   if (index == kNone || !ZtIsFlag(child)) return index;
   const ZtPiece name = static_cast<const zt_empty_element_type&>(child).getValue();
-  const char* at = m_Text.text + m_Source.parts[index].from + 1;
-  const std::size_t size = std::strcspn(at, " \t\r\n/>");
-  const void* colon = std::memchr(at, ':', size);
-  const char* const local = colon ? static_cast<const char*>(colon) + 1 : at;
-  const auto localSize = static_cast<std::size_t>(at + size - local);
-  return name.size == localSize && std::memcmp(name.text, local, localSize) == 0 ? index : kNone;
+  const ZtPiece local = ZtLocalIn(NameAt(m_Text.text + m_Source.parts[index].from));
+  const bool isSame =
+      name.size == local.size && std::memcmp(name.text, local.text, local.size) == 0;
+  return isSame ? index : kNone;
 }
 
 // ---- Starts -------------------------------------------------------------------------------------
@@ -591,10 +596,7 @@ void ZtUpdater::OpenContent(Frame& frame) {
 }
 
 // The name of its element as it stands in the document.
-ZtPiece ZtUpdater::NameOf(const Frame& frame) const {
-  const char* const name = m_Text.text + frame.from + 1;
-  return {name, std::strcspn(name, " \t\r\n/>")};
-}
+ZtPiece ZtUpdater::NameOf(const Frame& frame) const { return NameAt(m_Text.text + frame.from); }
 
 bool ZtUpdater::Fail(const char* why, ZtPiece name) {
   m_Why = why;
