@@ -79,6 +79,11 @@ inline void ZtCopyEnds(char* to, ZtPiece text) {
   ZtPut(to + last, end);
 }
 
+// Whether two texts, which may be empty or null, have the same bytes.
+inline bool ZtEqual(ZtPiece a, ZtPiece b) {
+  return a.size == b.size && (a.size == 0 || std::memcmp(a.text, b.text, a.size) == 0);
+}
+
 // Returns the end of the copy.
 inline char* ZtCopy(char* to, ZtPiece text) {
   if (text.size > 2 * sizeof(ZtBlock)) {

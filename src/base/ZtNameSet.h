@@ -2,6 +2,7 @@
 #ifndef ZTXML_SRC_BASE_ZTNAMESET_H
 #define ZTXML_SRC_BASE_ZTNAMESET_H
 
+#include "base/ZtBytes.h"
 #include "base/ZtHash.h"
 #include "base/ZtSmallArray.h"
 #include "ztxml/ZtPiece.h"
@@ -45,11 +46,8 @@ class ZtNameSet {
   };
   static constexpr std::uint32_t kFew = 16;
 
-  static bool Equal(ZtPiece a, ZtPiece b) {
-    return a.size == b.size && (a.size == 0 || std::memcmp(a.text, b.text, a.size) == 0);
-  }
   static bool Equal(const Name& a, const Name& b) {
-    return Equal(a.local, b.local) && Equal(a.space, b.space);
+    return ZtEqual(a.local, b.local) && ZtEqual(a.space, b.space);
   }
   std::uint32_t Hash(const Name& name) const {
     return static_cast<std::uint32_t>(ZtHash(name.local, ZtSeed(this) + name.number));

@@ -124,6 +124,21 @@ struct ZtDocument : ZtDocumentFacts {
   std::initializer_list<const ZtElementType*> fragments = {};  // what else Marshall takes
 };
 
+// What Marshall takes an object of this class for: the root with its type, or the type of a
+// fragment; null when it is none.
+inline const ZtRoot* ZtRootOf(const ZtDocument& document, const char* className) {
+  for (const ZtRoot& root : document.roots) {
+    if (ZtIsClass(className, *root.type)) return &root;
+  }
+  return nullptr;
+}
+inline const ZtElementType* ZtFragmentOf(const ZtDocument& document, const char* className) {
+  for (const ZtElementType* fragment : document.fragments) {
+    if (ZtIsClass(className, *fragment)) return fragment;
+  }
+  return nullptr;
+}
+
 // The namespace of a document's roots in the standard profile.
 inline ZtSpace ZtSpaceOf(const ZtDocument& document) {
   return document.space ? ZtSpace{document.space} : ZtSpaceOfUri(document.info.nameSpace);

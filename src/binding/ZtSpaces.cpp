@@ -20,8 +20,7 @@ const ZtPiece kZtSpaceUris[kZtKnownSpaces] = {
 
 ZtSpace ZtSpaceOfUri(ZtPiece uri) {
   for (ZtSpace space = 1; space <= kZtKnownSpaces; ++space) {
-    const ZtPiece known = ZtUriOf(space);
-    if (known.size == uri.size && std::memcmp(known.text, uri.text, uri.size) == 0) return space;
+    if (ZtEqual(ZtUriOf(space), uri)) return space;
   }
   return kZtNoSpace;
 }

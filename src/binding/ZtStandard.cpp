@@ -128,10 +128,7 @@ ZtStated ParseEnum(const ZtEnumTable& values, ZtPiece text) {
     count = 4;  // with "0" and "1"
   }
   for (unsigned i = 0; i < count; ++i) {
-    const ZtPiece slot = slots[i].Piece();
-    if (slot.size == text.size && std::memcmp(slot.text, text.text, text.size) == 0) {
-      return ZtStated::Number(i % values.count);
-    }
+    if (ZtEqual(slots[i].Piece(), text)) return ZtStated::Number(i % values.count);
   }
   return {};
 }
@@ -141,8 +138,7 @@ ZtStated ParseEnum(const ZtEnumTable& values, ZtPiece text) {
 bool operator==(const ZtStated& one, const ZtStated& other) {
   if (one.stated != other.stated || one.number != other.number) return false;
   if (!one.text.text || !other.text.text) return one.text.text == other.text.text;
-  return one.text.size == other.text.size &&
-         std::memcmp(one.text.text, other.text.text, one.text.size) == 0;
+  return ZtEqual(one.text, other.text);
 }
 
 ZtPiece ZtTrimmed(ZtPiece text) {

@@ -226,7 +226,7 @@ ZtPiece ZtStandardReader::Ended(ZtPiece text) const {
 }
 
 void ZtStandardReader::Text() {
-  if (m_iSkipped || m_Frames.Size() == 0) return;
+  if (m_iSkipped) return;
   const ZtPiece text = m_Xml.Text();
   if (m_pLeaf) return m_LeafRun.Add(text);
   Frame& frame = Top();

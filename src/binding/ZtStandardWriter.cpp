@@ -8,10 +8,6 @@ namespace {
 constexpr char kNoName[] = "it has no element here";
 constexpr char kMissing[] = "a required value is missing";
 
-bool IsSame(ZtPiece a, ZtPiece b) {
-  return a.size == b.size && (a.size == 0 || std::memcmp(a.text, b.text, a.size) == 0);
-}
-
 ZtListNode* HeadOf(const XMLElement& object, const ZtField& row) {
   return (object.*row.member.children).Head();
 }
@@ -288,7 +284,7 @@ bool ZtStandardWriter::DeclareOthers(Frame& frame, const ZtAttributeList& others
     const auto* pair = zt_AttributeValuePair::From(static_cast<XMLAttribute*>(node->data));
     const ZtPiece prefix = ZtPrefixIn(pair ? pair->getName() : nullptr);
     const ZtPiece uri = pair ? pair->getNamespaceValue() : nullptr;
-    if (!prefix.size || !uri.size || IsSame(prefix, "xmlns") || IsSame(UriOf(prefix), uri))
+    if (!prefix.size || !uri.size || ZtEqual(prefix, "xmlns") || ZtEqual(UriOf(prefix), uri))
       continue;
     if (!Declare(frame, prefix, uri)) return false;
   }
@@ -362,7 +358,7 @@ bool ZtStandardWriter::WriteOther(const zt_AttributeValuePair& pair) {
   const ZtPiece prefix = ZtPrefixIn(name);
   const ZtPiece uri = prefix.size ? UriOf(prefix) : ZtPiece(nullptr);
   const ZtPiece meant = pair.getNamespaceValue();
-  if (prefix.size && (!uri.text || (meant.size && !IsSame(uri, meant)))) {
+  if (prefix.size && (!uri.text || (meant.size && !ZtEqual(uri, meant)))) {
     return Fail(kZtUnbound, "/@", name);
   }
   // What is in scope outside has numbers of its own.

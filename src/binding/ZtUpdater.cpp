@@ -127,9 +127,7 @@ std::uint32_t ZtUpdater::PartOfChild(const Frame& frame, const ZtField& row,
   if (index == kNone || !ZtIsFlag(child)) return index;
   const ZtPiece name = static_cast<const zt_empty_element_type&>(child).getValue();
   const ZtPiece local = ZtLocalIn(NameAt(m_Text.text + m_Source.parts[index].from));
-  const bool isSame =
-      name.size == local.size && std::memcmp(name.text, local.text, local.size) == 0;
-  return isSame ? index : kNone;
+  return ZtEqual(name, local) ? index : kNone;
 }
 
 // ---- Starts -------------------------------------------------------------------------------------
@@ -291,6 +289,11 @@ bool ZtUpdater::End() {
   }
   Frame& frame = m_Frames.Last();
   if (!(frame.type ? EndObject(frame) : EndLeaf(frame))) return false;
+  if (frame.isExpanded) {  // the source has no end tag
+    m_To.Append("</");
+    m_To.Append(NameOf(frame));
+    m_To.Append('>');
+  }
   const std::uint32_t part = frame.part;
   const std::uint32_t slot = frame.slot;
   const Range tag = {frame.from, frame.content};
@@ -349,12 +352,6 @@ bool ZtUpdater::EndObject(Frame& frame) {
     }
   }
   Flush(frame, nullptr);
-  if (frame.isExpanded) {
-    CopyTo(frame.content);
-    m_To.Append("</");
-    m_To.Append(NameOf(frame));
-    m_To.Append('>');
-  }
   return true;
 }
 
@@ -404,11 +401,6 @@ bool ZtUpdater::ReplaceContent(Frame& frame, const ZtField& row, ZtPiece text) {
     const Range& other = m_Texts[frame.texts + i];
     CopyTo(other.from);
     SkipTo(other.to);
-  }
-  if (!frame.type && frame.isExpanded) {
-    m_To.Append("</");
-    m_To.Append(NameOf(frame));
-    m_To.Append('>');
   }
   return true;
 }

@@ -5,10 +5,6 @@
 
 namespace {
 
-bool IsSame(ZtPiece a, ZtPiece b) {
-  return a.size == b.size && (a.size == 0 || std::memcmp(a.text, b.text, a.size) == 0);
-}
-
 const zt_AttributeValuePair* PairIn(const ZtListNode* node) {
   return zt_AttributeValuePair::From(static_cast<XMLAttribute*>(node->data));
 }
@@ -150,7 +146,7 @@ bool ZtUpdater::DeclarePair(const zt_AttributeValuePair& pair) {
   const ZtSpace space = m_Xml.Scope().SpaceOf(declared);
   // Another meaning of what is in scope would be one for all that is in the element.
   if (!declared.size || space != kZtNone) {
-    return IsSame(m_Xml.Scope().Uri(space), uri) || Fail(kZtNotXml, name);
+    return ZtEqual(m_Xml.Scope().Uri(space), uri) || Fail(kZtNotXml, name);
   }
   return DeclareHere(declared, uri);
 }
@@ -175,7 +171,7 @@ bool ZtUpdater::IsBound(const zt_AttributeValuePair& pair) {
   if (!prefix.size) return true;
   const ZtSpace space = m_Xml.Scope().SpaceOf(prefix);
   const ZtPiece meant = pair.getNamespaceValue();
-  return (space != kZtNone && (!meant.size || IsSame(m_Xml.Scope().Uri(space), meant))) ||
+  return (space != kZtNone && (!meant.size || ZtEqual(m_Xml.Scope().Uri(space), meant))) ||
          Fail(kZtUnbound, name);
 }
 
@@ -189,7 +185,7 @@ bool ZtUpdater::KeepPair(const ZtXmlAttribute& attribute) {
   const auto* pair = static_cast<const zt_AttributeValuePair*>(
       static_cast<const XMLAttribute*>(m_Source.parts[part].object));
   const ZtPiece value = pair->getValue();
-  return IsSame(value, attribute.value) || ReplaceValue(attribute, value, false) ||
+  return ZtEqual(value, attribute.value) || ReplaceValue(attribute, value, false) ||
          Fail(kZtNotXml, ZtQualified(attribute.name));
 }
 

@@ -182,16 +182,9 @@ char* ZtMarshaller::Marshall(XMLElement* root) {
   if (document.declaration)
     m_XmlDocGenerator.ztAddHeader(ZtName(XML_STR_1_0), ZtName(XML_STR_UTF_8));
   const ZtLog trace(kZtLogTrace, document.source);
-  const ZtElementType* type = nullptr;
-  const char* failedAs = document.failedAs;
-  for (const ZtRoot& known : document.roots) {
-    if (type || !ZtIsClass(className, *known.type)) continue;
-    type = known.type;
-    if (known.failedAs) failedAs = known.failedAs;
-  }
-  for (const ZtElementType* known : document.fragments) {
-    if (!type && ZtIsClass(className, *known)) type = known;
-  }
+  const ZtRoot* known = ZtRootOf(document, className);
+  const ZtElementType* type = known ? known->type : ZtFragmentOf(document, className);
+  const char* failedAs = known && known->failedAs ? known->failedAs : document.failedAs;
   if (!type) {
     trace("<XML Module>: %s XML Failed!", document.failedAs);
   } else {

@@ -125,19 +125,10 @@ char* ZtMarshaller::MarshallStandard(XMLElement& root) {
   __free(m_pXml);
   m_pXml = nullptr;
   const char* const className = root.ClassName();
-  const ZtElementType* type = nullptr;
-  ZtNameId name = XML_STR_ZT_NULL;
-  for (const ZtRoot& known : document.roots) {
-    if (type || !ZtIsClass(className, *known.type)) continue;
-    type = known.type;
-    name = known.name;
-  }
-  for (const ZtElementType* known : document.fragments) {
-    if (type || !ZtIsClass(className, *known) || known->tag.IsNone()) continue;
-    type = known;
-    name = known->tag;
-  }
-  if (!type) {
+  const ZtRoot* known = ZtRootOf(document, className);
+  const ZtElementType* type = known ? known->type : ZtFragmentOf(document, className);
+  const ZtNameId name = known ? known->name : type ? type->tag : ZtNameId(XML_STR_ZT_NULL);
+  if (!type || name.IsNone()) {
     Refuse("the root is of no class that this document begins with", "");
     return nullptr;
   }
