@@ -6,7 +6,7 @@
 #include <malloc.h>
 #include <new>
 
-#include "ztHostPlatform.h"
+#include "ztxml/ztHostPlatform.h"
 
 namespace {
 

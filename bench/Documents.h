@@ -6,7 +6,7 @@
 #include <cstddef>
 #include <string>
 
-#include "XMLFactory.h"
+#include "ztxml/XMLFactory.h"
 
 namespace bench {
 

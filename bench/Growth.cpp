@@ -14,8 +14,8 @@
 #include <vector>
 
 #include "NullSchema.h"
-#include "XMLFactory.h"
-#include "ztXMLDocGenerator.h"
+#include "ztxml/XMLFactory.h"
+#include "ztxml/ztXMLDocGenerator.h"
 
 namespace {
 

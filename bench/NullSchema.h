@@ -2,7 +2,7 @@
 #ifndef ZTXML_BENCH_NULLSCHEMA_H
 #define ZTXML_BENCH_NULLSCHEMA_H
 
-#include "XmlDecoder.h"
+#include "ztxml/XmlDecoder.h"
 
 class NullSchema : public XmlDecoderSchema {
  public:

@@ -16,8 +16,8 @@
 #include "PeerParsers.h"
 #include "PeersReport.h"
 #include "TreeCounts.h"
-#include "ztHostPlatform.h"
-#include "ztXMLDocGenerator.h"
+#include "ztxml/ztHostPlatform.h"
+#include "ztxml/ztXMLDocGenerator.h"
 #if ZTXML_BENCH_PUGIXML
 #include "PugiMapping.h"
 #endif

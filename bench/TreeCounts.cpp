@@ -2,11 +2,11 @@
 
 #include <cstring>
 
-#include "XMLCommunicationDiversion.h"
-#include "XMLConferenceInfo.h"
-#include "XMLReginfo.h"
-#include "XMLResourceList.h"
-#include "XMLSimservs.h"
+#include "ztxml/XMLCommunicationDiversion.h"
+#include "ztxml/XMLConferenceInfo.h"
+#include "ztxml/XMLReginfo.h"
+#include "ztxml/XMLResourceList.h"
+#include "ztxml/XMLSimservs.h"
 
 namespace bench {
 

@@ -6,19 +6,21 @@ set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/ztxml)
 set(pkgconfig_dir ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
 
 # ---- Headers and libraries ---------------------------------------------------------------------
-# In a directory of their own: names like List.h and File.h are other people's too.
-install(DIRECTORY include/ platform/include/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/ztxml
+set(headers include/ platform/include/)
+if(TARGET ztplatform_host)
+  list(APPEND headers platform/host/include/)
+endif()
+install(DIRECTORY ${headers} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}
         COMPONENT Development FILES_MATCHING PATTERN *.h PATTERN *.inc)
 
-set(libraries ztxml ztxml_static ztxml_platform_api)
+set(libraries ztxml ztxml_static ztxml_platform_api ztxml_flat)
+set_target_properties(ztxml_flat PROPERTIES EXPORT_NAME flat)
 set_target_properties(ztxml PROPERTIES INSTALL_RPATH $ORIGIN)  # the platform lies beside it
 set_target_properties(ztxml_platform_api PROPERTIES EXPORT_NAME platform_api)
 if(TARGET ztplatform_host)
   list(APPEND libraries ztplatform_host ztplatform_host_static)
   set_target_properties(ztplatform_host PROPERTIES EXPORT_NAME platform_host)
   set_target_properties(ztplatform_host_static PROPERTIES EXPORT_NAME platform_host_static)
-  install(FILES platform/host/ztHostPlatform.h DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/ztxml
-          COMPONENT Development)
 endif()
 install(TARGETS ${libraries} EXPORT ztxmlTargets
         RUNTIME COMPONENT Runtime
@@ -38,7 +40,7 @@ install(FILES ${PROJECT_BINARY_DIR}/ztxmlConfig.cmake ${PROJECT_BINARY_DIR}/ztxm
 # Directories are relative to the file's own, so that a moved tree needs nothing.
 file(RELATIVE_PATH ztxml_pc_prefix /prefix/${pkgconfig_dir} /prefix)
 string(REGEX REPLACE "/$" "" ztxml_pc_prefix "${ztxml_pc_prefix}")
-set(pkgconfig_files ztxml)
+set(pkgconfig_files ztxml ztxml-flat)
 if(TARGET ztplatform_host)
   set(ztxml_pc_platform ztplatform_host)
   list(APPEND pkgconfig_files ztplatform_host)

@@ -7,9 +7,9 @@
 #include <cstring>
 #include <string>
 
-#include "XMLCommunicationDiversion.h"
-#include "XMLFactory.h"
-#include "XMLFile.h"
+#include "ztxml/XMLCommunicationDiversion.h"
+#include "ztxml/XMLFactory.h"
+#include "ztxml/XMLFile.h"
 
 namespace {
 

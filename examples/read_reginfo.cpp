@@ -2,9 +2,9 @@
 // Usage: read_reginfo FILE
 #include <cstdio>
 
-#include "XMLFactory.h"
-#include "XMLFile.h"
-#include "XMLReginfo.h"
+#include "ztxml/XMLFactory.h"
+#include "ztxml/XMLFile.h"
+#include "ztxml/XMLReginfo.h"
 
 namespace {
 

@@ -1,8 +1,8 @@
 // Builds registration information (RFC 3680) with a GRUU (RFC 5628) and prints its XML.
 #include <cstdio>
 
-#include "XMLFactory.h"
-#include "XMLReginfo.h"
+#include "ztxml/XMLFactory.h"
+#include "ztxml/XMLReginfo.h"
 
 namespace {
 

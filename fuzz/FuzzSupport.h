@@ -9,10 +9,10 @@
 #include "PublicCallbacks.h"
 #include "Require.h"
 #include "WellFormed.h"
-#include "XMLFactory.h"
-#include "XmlDecoder.h"
-#include "ztHostPlatform.h"
-#include "ztXMLDocGenerator.h"
+#include "ztxml/XMLFactory.h"
+#include "ztxml/XmlDecoder.h"
+#include "ztxml/ztHostPlatform.h"
+#include "ztxml/ztXMLDocGenerator.h"
 
 /// Requires at its end that the memory log is balanced.
 class Balanced {

@@ -1,8 +1,8 @@
 // The namespace pass: what a text declares is found, and what is written with it is read
 // again. First byte: which allocation fails.
 #include "FuzzSupport.h"
-#include "XMLCommunicationDiversion.h"
-#include "XMLSchemaNameSpaceRetrieval.h"
+#include "ztxml/XMLCommunicationDiversion.h"
+#include "ztxml/XMLSchemaNameSpaceRetrieval.h"
 
 namespace {
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "FuzzSupport.h"
-#include "XmlDecoder.h"
+#include "ztxml/XmlDecoder.h"
 
 namespace {
 

@@ -7,11 +7,11 @@
 #include <string>
 
 #include "TestSupport.h"
-#include "XMLFactory.h"
-#include "XMLList.h"
-#include "XMLValueTypes.h"
 #include "base/ZtMemory.h"
-#include "ztHostPlatform.h"
+#include "ztxml/XMLFactory.h"
+#include "ztxml/XMLList.h"
+#include "ztxml/XMLValueTypes.h"
+#include "ztxml/ztHostPlatform.h"
 
 /// How most lines of the documents begin.
 inline const std::string kModule = "<XML Module>: ";

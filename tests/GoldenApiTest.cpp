@@ -226,7 +226,7 @@ std::string TellWords(const ApiClass& of, Offer offer) {
 
 Lines Names() {
   Lines names;
-  for (int id = 0; id < kXmlStrRefCount; ++id) {
+  for (int id = 0; id < XML_STR_ZT_COUNT; ++id) {
     names.push_back(zt_xml_common_array_definition::getStringName(static_cast<e_XmlStrRef>(id)));
   }
 #define ZT_NAME(id, text) names.push_back(text);

@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "DocumentSupport.h"
-#include "XmlDecoder.h"
+#include "ztxml/XmlDecoder.h"
 
 /// A sample document and the schema of its root element.
 struct Sample {

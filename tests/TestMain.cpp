@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "ztHostPlatform.h"
+#include "ztxml/ztHostPlatform.h"
 
 namespace {
 

@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-#include "ztHostPlatform.h"
+#include "ztxml/ztHostPlatform.h"
 
 /// One line of the module log.
 struct CapturedLine {

@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "Document.h"
-#include "XMLFactory.h"
+#include "ztxml/XMLFactory.h"
 
 /// Something wrong and the byte where it is.
 struct Fault {

@@ -7,8 +7,8 @@
 #include <cstddef>
 
 #include "Document.h"
-#include "XMLElement.h"
-#include "XMLFactory.h"
+#include "ztxml/XMLElement.h"
+#include "ztxml/XMLFactory.h"
 
 /// Where the root element's start tag begins, in a document that the parser takes.
 std::size_t RootOffset(const Document& document);

@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "ztHostPlatform.h"
+#include "ztxml/ztHostPlatform.h"
 
 /// Receives the library's log while it lives. Only one may live at a time.
 class Log {

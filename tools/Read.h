@@ -7,10 +7,10 @@
 #include <vector>
 
 #include "Document.h"
-#include "XMLFactory.h"
-#include "XMLSchemaNameSpaceRetrieval.h"
-#include "XmlDecoder.h"
 #include "reflect/Reflect.h"
+#include "ztxml/XMLFactory.h"
+#include "ztxml/XMLSchemaNameSpaceRetrieval.h"
+#include "ztxml/XmlDecoder.h"
 
 struct ContextDeleter {
   void operator()(XMLContext* context) const { XMLFactory::deleteContext(context); }

@@ -7,7 +7,7 @@
 #include "Judge.h"
 #include "Read.h"
 #include "Text.h"
-#include "ztXMLDocGenerator.h"
+#include "ztxml/ztXMLDocGenerator.h"
 
 namespace {
 

@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "XMLFactory.h"
+#include "ztxml/XMLFactory.h"
 
 /// The schema with the given name, in any case, or number; null for none.
 const XMLSchemaInfo* FindSchema(const std::string& nameOrId);

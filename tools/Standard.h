@@ -6,7 +6,7 @@
 #include <cstddef>
 
 #include "Document.h"
-#include "XMLFactory.h"
+#include "ztxml/XMLFactory.h"
 
 /// The place in its file that is `line` and `column` of the document.
 Position PositionIn(const Document& document, std::size_t line, std::size_t column);

@@ -1,7 +1,7 @@
 # Reads the public headers and prints what the generator of the documents' pages cannot learn from
 # the library's tables: which header has a class, its getters with what they give, and the
 # enumerators of the enumerations.
-FNR == 1 { header = FILENAME; sub(/.*\//, "", header) }
+FNR == 1 { header = FILENAME; sub(/.*\//, "ztxml/", header) }
 /^namespace [A-Za-z]+ \{/ { space = $2 "::" }
 /^}/ && class == "" { space = "" }
 /^class [A-Za-z0-9_]+/ && !/;$/ {

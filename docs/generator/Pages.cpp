@@ -6,7 +6,7 @@
 
 #include "Accessors.h"
 #include "Links.h"
-#include "XMLFactory.h"
+#include "ztxml/XMLFactory.h"
 
 namespace docs {
 

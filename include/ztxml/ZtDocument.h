@@ -3,9 +3,9 @@
 #ifndef ZTXML_INCLUDE_ZTDOCUMENT_H
 #define ZTXML_INCLUDE_ZTDOCUMENT_H
 
-#include "XMLCommonDef.h"
-#include "XMLContext.h"
-#include "ztXMLDocGenerator.h"
+#include "ztxml/XMLCommonDef.h"
+#include "ztxml/XMLContext.h"
+#include "ztxml/ztXMLDocGenerator.h"
 
 /// How the library reads and writes a document and an element type; opaque to callers.
 struct ZtDocument;

@@ -2,7 +2,7 @@
 #ifndef ZTXML_INCLUDE_ZTELEMENT_H
 #define ZTXML_INCLUDE_ZTELEMENT_H
 
-#include "XMLElement.h"
+#include "ztxml/XMLElement.h"
 #include "ztxml/ZtHolders.h"
 #include "ztxml/ZtListOf.h"
 

@@ -12,8 +12,8 @@
 #include <cstdint>
 #include <cstring>
 
-#include "XMLElement.h"
-#include "XMLList.h"
+#include "ztxml/XMLElement.h"
+#include "ztxml/XMLList.h"
 #include "ztxml/ZtArena.h"
 #include "ztxml/ZtPiece.h"
 

@@ -9,8 +9,8 @@
 #include <iterator>
 #include <type_traits>
 
-#include "XMLElement.h"
-#include "XMLList.h"
+#include "ztxml/XMLElement.h"
+#include "ztxml/XMLList.h"
 
 class zt_AttributeValuePair;
 

@@ -2,7 +2,7 @@
 #ifndef ZTXML_INCLUDE_ZTNAMESPACES_H
 #define ZTXML_INCLUDE_ZTNAMESPACES_H
 
-#include "XMLCommonDef.h"
+#include "ztxml/XMLCommonDef.h"
 #include "ztxml/ZtHolders.h"
 #include "ztxml/ZtListOf.h"
 

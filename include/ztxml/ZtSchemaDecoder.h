@@ -3,8 +3,8 @@
 #ifndef ZTXML_INCLUDE_ZTSCHEMADECODER_H
 #define ZTXML_INCLUDE_ZTSCHEMADECODER_H
 
-#include "XMLStack.h"
-#include "XmlDecoder.h"
+#include "ztxml/XMLStack.h"
+#include "ztxml/XmlDecoder.h"
 #include "ztxml/ZtArena.h"
 #include "ztxml/ZtHolders.h"
 #include "ztxml/ZtSink.h"

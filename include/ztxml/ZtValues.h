@@ -3,7 +3,7 @@
 #ifndef ZTXML_INCLUDE_ZTVALUES_H
 #define ZTXML_INCLUDE_ZTVALUES_H
 
-#include "XMLElement.h"
+#include "ztxml/XMLElement.h"
 
 /// Whether `element`, an object of the library, states a value: it was set, or the document that
 /// the object was read from has it. `name` is "@expires" for an attribute, "user-count" for a child

@@ -6,7 +6,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include "ztHostPlatform.h"
+#include "ztxml/ztHostPlatform.h"
 
 namespace {
 

@@ -3,7 +3,7 @@
 #include <cstdio>
 #include <string>
 
-#include "ztHostPlatform.h"
+#include "ztxml/ztHostPlatform.h"
 
 // Lines up to this level are discarded: without a sink all, so that one comparison decides.
 int ztLogDiscardedUpTo = INT_MAX;

@@ -4,7 +4,7 @@
 #include <mutex>
 #include <unordered_map>
 
-#include "ztHostPlatform.h"
+#include "ztxml/ztHostPlatform.h"
 
 int ztMemoryLogOff = 1;
 

@@ -2,7 +2,7 @@
 #include <algorithm>
 #include <charconv>
 
-#include "ztPlatform.h"
+#include "ztxml/ztPlatform.h"
 
 namespace {
 

@@ -1,6 +1,6 @@
 #include "ztxml/ZtArena.h"
 
-#include "ztPlatform.h"
+#include "ztxml/ztPlatform.h"
 
 // The address sanitizer is told which bytes of a block may be touched: the pieces in use and the
 // text. It reports all other bytes, as it does on the heap.

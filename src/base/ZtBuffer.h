@@ -4,8 +4,8 @@
 
 #include <cstring>
 
-#include "ztPlatform.h"
 #include "ztxml/ZtPiece.h"
+#include "ztxml/ztPlatform.h"
 
 class ZtBuffer {
  public:

@@ -4,7 +4,7 @@
 
 #include <type_traits>
 
-#include "ztPlatform.h"
+#include "ztxml/ztPlatform.h"
 
 enum ZtLogModule : int { kZtModuleLibrary = 6070, kZtModuleParser = 6053 };
 

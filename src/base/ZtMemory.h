@@ -2,8 +2,8 @@
 #ifndef ZTXML_SRC_BASE_ZTMEMORY_H
 #define ZTXML_SRC_BASE_ZTMEMORY_H
 
-#include "ztPlatform.h"
 #include "ztxml/ZtArena.h"
+#include "ztxml/ztPlatform.h"
 
 enum ZtMemoryTag : int { kZtTagStackNode = 1, kZtTagDocument = 14 };
 

@@ -7,7 +7,7 @@
 #include <new>
 #include <type_traits>
 
-#include "ztPlatform.h"
+#include "ztxml/ztPlatform.h"
 
 // Items of a plain type, `kFew` of them in the array itself, more on the heap, whose room doubles.
 template <class T, std::uint32_t kFew>

@@ -1,4 +1,4 @@
-#include "XMLValueTypes.h"
+#include "ztxml/XMLValueTypes.h"
 
 #include "binding/ZtBinding.h"
 

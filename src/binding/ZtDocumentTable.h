@@ -5,8 +5,8 @@
 #include <initializer_list>
 #include <type_traits>
 
-#include "XMLSchemaInfo.h"
 #include "binding/ZtBinding.h"
+#include "ztxml/XMLSchemaInfo.h"
 #include "ztxml/ZtSchemaDecoder.h"
 
 class XMLContext;

@@ -2,10 +2,10 @@
 #ifndef ZTXML_SRC_BINDING_ZTELEMENTWRITER_H
 #define ZTXML_SRC_BINDING_ZTELEMENTWRITER_H
 
-#include "XMLStack.h"
 #include "base/ZtLog.h"
 #include "binding/ZtBinding.h"
 #include "text/ZtPen.h"
+#include "ztxml/XMLStack.h"
 
 class ZtNamespaceBindings;
 

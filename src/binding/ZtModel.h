@@ -7,10 +7,10 @@
 #include <cstdint>
 #include <initializer_list>
 
-#include "XMLValueTypes.h"
 #include "base/ZtMemory.h"
 #include "binding/ZtNames.h"
 #include "binding/ZtSpaces.h"
+#include "ztxml/XMLValueTypes.h"
 #include "ztxml/ZtElement.h"
 #include "ztxml/ZtPiece.h"
 

@@ -5,14 +5,15 @@
 
 // Names are copied by whole blocks of their rows.
 #define ZT_NAME(id, text) static_assert(sizeof(text) - 1 <= 96);
-#include "XMLCommonNames.inc"
+#include "ztxml/XMLCommonNames.inc"
 #undef ZT_NAME
 static_assert(zt_xml_common_array_definition::kRowSize >= 96);
 static_assert(kZtExtraNameSize % sizeof(ZtBlock) == 0);
 
 const std::uint8_t kZtNameSizes[kZtNameCount] = {
 #define ZT_NAME(id, text) sizeof(text) - 1,
-#include "XMLCommonNames.inc"
+#include "ztxml/XMLCommonNames.inc"
+// The library's own names have the numbers after the shared ones.
 #include "binding/ZtExtraNames.inc"
 #undef ZT_NAME
 };
@@ -45,7 +46,8 @@ struct Index {
   constexpr Index() {
     const char* const texts[] = {
 #define ZT_NAME(id, text) text,
-#include "XMLCommonNames.inc"
+#include "ztxml/XMLCommonNames.inc"
+// The library's own names have the numbers after the shared ones.
 #include "binding/ZtExtraNames.inc"
 #undef ZT_NAME
     };

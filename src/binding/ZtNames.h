@@ -5,13 +5,13 @@
 #include <cstddef>
 #include <cstdint>
 
-#include "XMLCommonDef.h"
 #include "base/ZtBytes.h"
+#include "ztxml/XMLCommonDef.h"
 #include "ztxml/ZtPiece.h"
 
 // The names beyond the table; their numbers follow those of its rows.
 enum ZtExtraName : int {
-  kZtLastTableName = kXmlStrRefCount - 1,
+  kZtLastTableName = XML_STR_ZT_COUNT - 1,
 #define ZT_NAME(id, text) id,
 #include "binding/ZtExtraNames.inc"
 #undef ZT_NAME
@@ -63,13 +63,13 @@ class ZtNameFilter {
 
 // The names beyond the table, and the sizes of all.
 constexpr std::size_t kZtExtraNameSize = 48;
-constexpr int kZtExtraNameCount = int{kZtNameCount} - int{kXmlStrRefCount};
+constexpr int kZtExtraNameCount = int{kZtNameCount} - int{XML_STR_ZT_COUNT};
 extern const char kZtExtraNames[kZtExtraNameCount][kZtExtraNameSize];
 extern const std::uint8_t kZtNameSizes[kZtNameCount];
 
 inline const char* ZtNameId::Text() const {
-  return m_Id < kXmlStrRefCount ? zt_xml_common_array_definition::arrXmlStrRef[m_Id]
-                                : kZtExtraNames[m_Id - kXmlStrRefCount];
+  return m_Id < XML_STR_ZT_COUNT ? zt_xml_common_array_definition::arrXmlStrRef[m_Id]
+                                : kZtExtraNames[m_Id - XML_STR_ZT_COUNT];
 }
 
 inline bool ZtNameId::Is(ZtPiece text) const {

@@ -1,8 +1,8 @@
 #include "ztxml/ZtNamespaces.h"
 
-#include "XMLValueTypes.h"
 #include "binding/ZtNames.h"
-#include "ztPlatform.h"
+#include "ztxml/XMLValueTypes.h"
+#include "ztxml/ztPlatform.h"
 
 namespace {
 // What no name can begin with must not be written before one.

@@ -1,9 +1,9 @@
 #include "ztxml/ZtSchemaDecoder.h"
 
-#include "XMLValueTypes.h"
 #include "base/ZtLog.h"
 #include "binding/ZtDocumentTable.h"
 #include "text/TagScanner.h"
+#include "ztxml/XMLValueTypes.h"
 
 namespace {
 constexpr std::size_t kLeastPassName = 32;

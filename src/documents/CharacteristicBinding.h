@@ -2,8 +2,8 @@
 #ifndef ZTXML_SRC_CHARACTERISTICBINDING_H
 #define ZTXML_SRC_CHARACTERISTICBINDING_H
 
-#include "XMLCharacteristic.h"
 #include "binding/ZtDocumentTable.h"
+#include "ztxml/XMLCharacteristic.h"
 
 struct CharacteristicBinding {
   static constexpr ZtField kVersion =

@@ -1,4 +1,4 @@
-#include "XMLBootstrappingInfo.h"
+#include "ztxml/XMLBootstrappingInfo.h"
 
 #include "base/ZtLog.h"
 #include "binding/ZtDocumentTable.h"

@@ -1,4 +1,4 @@
-#include "XMLCWIndication.h"
+#include "ztxml/XMLCWIndication.h"
 
 #include "binding/ZtDocumentTable.h"
 

@@ -1,4 +1,4 @@
-#include "XMLCallWaitingIndication.h"
+#include "ztxml/XMLCallWaitingIndication.h"
 
 #include "binding/ZtDocumentTable.h"
 

@@ -1,4 +1,4 @@
-#include "XMLCaps.h"
+#include "ztxml/XMLCaps.h"
 
 #include "documents/PresenceBinding.h"
 

@@ -1,4 +1,4 @@
-#include "XMLCharacteristic.h"
+#include "ztxml/XMLCharacteristic.h"
 
 #include "documents/CharacteristicBinding.h"
 

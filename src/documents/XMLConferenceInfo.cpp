@@ -1,4 +1,4 @@
-#include "XMLConferenceInfo.h"
+#include "ztxml/XMLConferenceInfo.h"
 
 #include "base/ZtLog.h"
 #include "binding/ZtDocumentTable.h"

@@ -1,4 +1,4 @@
-#include "XMLFt.h"
+#include "ztxml/XMLFt.h"
 
 #include "binding/ZtDocumentTable.h"
 

@@ -1,4 +1,4 @@
-#include "XMLGruu.h"
+#include "ztxml/XMLGruu.h"
 
 #include "base/ZtLog.h"
 #include "binding/ZtDocumentTable.h"

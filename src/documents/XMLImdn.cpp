@@ -1,4 +1,4 @@
-#include "XMLImdn.h"
+#include "ztxml/XMLImdn.h"
 
 #include "binding/ZtDocumentTable.h"
 #include "binding/ZtElementWriter.h"

@@ -1,4 +1,4 @@
-#include "XMLIsComposing.h"
+#include "ztxml/XMLIsComposing.h"
 
 #include "binding/ZtDocumentTable.h"
 #include "binding/ZtElementWriter.h"

@@ -1,4 +1,4 @@
-#include "XMLMediaControl.h"
+#include "ztxml/XMLMediaControl.h"
 
 #include "binding/ZtDocumentTable.h"
 

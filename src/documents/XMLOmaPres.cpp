@@ -1,4 +1,4 @@
-#include "XMLOmaPres.h"
+#include "ztxml/XMLOmaPres.h"
 
 #include "documents/PresenceBinding.h"
 

@@ -1,4 +1,4 @@
-#include "XMLPresence.h"
+#include "ztxml/XMLPresence.h"
 
 #include "base/ZtLog.h"
 #include "binding/ZtDocumentTable.h"

@@ -1,4 +1,4 @@
-#include "XMLRcsTermsInfo.h"
+#include "ztxml/XMLRcsTermsInfo.h"
 
 #include "binding/ZtDocumentTable.h"
 

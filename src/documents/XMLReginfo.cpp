@@ -1,4 +1,4 @@
-#include "XMLReginfo.h"
+#include "ztxml/XMLReginfo.h"
 
 #include "base/ZtLog.h"
 #include "binding/ZtDocumentTable.h"

@@ -1,4 +1,4 @@
-#include "XMLResourceList.h"
+#include "ztxml/XMLResourceList.h"
 
 #include "base/ZtLog.h"
 #include "binding/ZtDocumentTable.h"

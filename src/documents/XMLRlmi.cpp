@@ -1,4 +1,4 @@
-#include "XMLRlmi.h"
+#include "ztxml/XMLRlmi.h"
 
 #include "base/ZtLog.h"
 #include "binding/ZtDocumentTable.h"

@@ -1,4 +1,4 @@
-#include "XMLRlsServices.h"
+#include "ztxml/XMLRlsServices.h"
 
 #include "base/ZtLog.h"
 #include "binding/ZtDocumentTable.h"

@@ -1,4 +1,4 @@
-#include "XMLVolteConfigInfo.h"
+#include "ztxml/XMLVolteConfigInfo.h"
 
 #include "documents/CharacteristicBinding.h"
 

@@ -1,4 +1,4 @@
-#include "XMLWapProvisioningDoc.h"
+#include "ztxml/XMLWapProvisioningDoc.h"
 
 #include "documents/CharacteristicBinding.h"
 

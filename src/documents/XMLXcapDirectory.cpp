@@ -1,4 +1,4 @@
-#include "XMLXcapDirectory.h"
+#include "ztxml/XMLXcapDirectory.h"
 
 #include "base/ZtLog.h"
 #include "binding/ZtDocumentTable.h"

@@ -1,9 +1,9 @@
-#include "XMLXcapError.h"
+#include "ztxml/XMLXcapError.h"
 
-#include "XMLValueTypes.h"
 #include "base/ZtLog.h"
 #include "binding/ZtDocumentTable.h"
 #include "binding/ZtElementWriter.h"
+#include "ztxml/XMLValueTypes.h"
 
 namespace {
 constexpr char kSource[] = "src/XMLXcapError";

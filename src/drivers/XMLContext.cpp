@@ -1,4 +1,4 @@
-#include "XMLContext.h"
+#include "ztxml/XMLContext.h"
 
 #include "base/ZtMemory.h"
 

@@ -1,4 +1,4 @@
-#include "XMLSchemaNameSpaceRetrieval.h"
+#include "ztxml/XMLSchemaNameSpaceRetrieval.h"
 
 #include "base/ZtLog.h"
 #include "binding/ZtDocumentTable.h"

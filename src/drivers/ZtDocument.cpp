@@ -2,12 +2,12 @@
 
 #include <climits>
 
-#include "XMLFile.h"
-#include "XmlDecoder.h"
 #include "base/ZtLog.h"
 #include "binding/ZtDocumentTable.h"
 #include "binding/ZtElementWriter.h"
 #include "binding/ZtStandard.h"
+#include "ztxml/XMLFile.h"
+#include "ztxml/XmlDecoder.h"
 #include "ztxml/ZtNamespaces.h"
 
 XMLContext* ZtNewContext(const ZtDocument& document) {

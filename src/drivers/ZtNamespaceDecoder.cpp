@@ -1,8 +1,8 @@
 #include "ztxml/ZtNamespaceDecoder.h"
 
-#include "XMLSchemaNameSpaceRetrieval.h"
 #include "base/ZtLog.h"
 #include "binding/ZtDocumentTable.h"
+#include "ztxml/XMLSchemaNameSpaceRetrieval.h"
 
 ZtNamespaceDecoder::ZtNamespaceDecoder(const ZtDocument& document) : ZtSchemaDecoder(document) {
   if (m_Bindings.Complete()) return;

@@ -1,8 +1,8 @@
 #include "ztxml/ZtNamespaceDocument.h"
 
-#include "XMLSchemaNameSpaceRetrieval.h"
 #include "base/ZtLog.h"
 #include "binding/ZtDocumentTable.h"
+#include "ztxml/XMLSchemaNameSpaceRetrieval.h"
 
 int ZtNamespaceContext::SetNamespaceBinder(XMLObject* binder) {
   ZtLog(kZtLogState, Document().source)("<XML Module>: %sContext :: SetNamespaceBinder",

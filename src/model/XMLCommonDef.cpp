@@ -1,10 +1,10 @@
-#include "XMLCommonDef.h"
+#include "ztxml/XMLCommonDef.h"
 
 #include "base/ZtMemory.h"
 
-char zt_xml_common_array_definition::arrXmlStrRef[kXmlStrRefCount][kRowSize] = {
+char zt_xml_common_array_definition::arrXmlStrRef[XML_STR_ZT_COUNT][kRowSize] = {
 #define ZT_NAME(id, text) text,
-#include "XMLCommonNames.inc"
+#include "ztxml/XMLCommonNames.inc"
 #undef ZT_NAME
 };
 
@@ -13,7 +13,7 @@ char* zt_xml_common_array_definition::getStringName(e_XmlStrRef id) { return arr
 
 std::atomic<zt_xml_common_array_definition*> zt_xml_common_array_definition::m_pXmlStrRef{nullptr};
 
-static_assert(kXmlStrRefCount == 267, "row numbers are shared with the callers");
+static_assert(XML_STR_ZT_COUNT == 267, "row numbers are shared with the callers");
 
 namespace {
 constexpr char kSource[] = "src/XMLCommonDef";

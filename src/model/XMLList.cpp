@@ -1,4 +1,4 @@
-#include "XMLList.h"
+#include "ztxml/XMLList.h"
 
 #include "base/ZtLog.h"
 #include "model/ZtListItems.h"

@@ -1,4 +1,4 @@
-#include "XMLStack.h"
+#include "ztxml/XMLStack.h"
 
 #include "base/ZtLog.h"
 

@@ -2,8 +2,8 @@
 #ifndef ZTXML_SRC_BINDING_ZTOWNERSHIP_H
 #define ZTXML_SRC_BINDING_ZTOWNERSHIP_H
 
-#include "XMLElement.h"
 #include "base/ZtLog.h"
+#include "ztxml/XMLElement.h"
 
 class ZtSourceText;
 

@@ -1,4 +1,4 @@
-#include "XMLFile.h"
+#include "ztxml/XMLFile.h"
 
 #include <climits>
 

@@ -1,4 +1,4 @@
-#include "XmlCommon.h"
+#include "ztxml/XmlCommon.h"
 
 #include "base/ZtMemory.h"
 

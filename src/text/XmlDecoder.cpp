@@ -1,4 +1,4 @@
-#include "XmlDecoder.h"
+#include "ztxml/XmlDecoder.h"
 
 #include <climits>
 

@@ -1,6 +1,6 @@
-#include "XmlDecoder.h"
 #include "base/ZtLog.h"
-#include "ztPlatform.h"
+#include "ztxml/XmlDecoder.h"
+#include "ztxml/ztPlatform.h"
 
 namespace {
 constexpr char kWhiteSpace[] = " \t\r\n";

@@ -4,8 +4,8 @@
 #define ZTXML_SRC_TEXT_ZTPEN_H
 
 #include "base/ZtBytes.h"
-#include "ztPlatform.h"
-#include "ztXMLDocGenerator.h"
+#include "ztxml/ztPlatform.h"
+#include "ztxml/ztXMLDocGenerator.h"
 
 class ZtPen {
  public:

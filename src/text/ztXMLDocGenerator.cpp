@@ -1,4 +1,4 @@
-#include "ztXMLDocGenerator.h"
+#include "ztxml/ztXMLDocGenerator.h"
 
 #include "base/ZtBytes.h"
 #include "base/ZtLog.h"

@@ -14,7 +14,7 @@
 #include "base/ZtMemory.h"
 #include "binding/ZtBinding.h"
 #include "binding/ZtNames.h"
-#include "ztHostPlatform.h"
+#include "ztxml/ztHostPlatform.h"
 
 /// A factory of class `C`, prepared so that all its methods can make something.
 template <class C>

@@ -2,7 +2,7 @@
 # ZT_API_ELEMENTS(DO): DO(class); ZT_API_HEADERS(DO): DO(class, "header");
 # ZT_API_FACTORIES(DO): DO(factory, method); ZT_API_SETTERS(DO): DO(class, method);
 # ZT_API_GETTERS(DO): DO(class, method); ZT_API_STEPS(DO): DO(marshaller, method).
-FNR == 1 { name = FILENAME; sub(/.*\//, "", name); print "#include \"" name "\"" }
+FNR == 1 { name = FILENAME; sub(/.*\//, "", name); print "#include \"ztxml/" name "\"" }
 /^namespace [A-Za-z]+ \{/ { space = $2 "::" }
 /^}/ && class == "" { space = "" }
 /^class [A-Za-z0-9_]+/ && !/;$/ {

@@ -6,9 +6,9 @@
 
 #include <string>
 
-#include "XMLFactory.h"
 #include "base/ZtMemory.h"
 #include "binding/ZtDocumentTable.h"
+#include "ztxml/XMLFactory.h"
 #include "ztxml/ZtDocument.h"
 
 /// Passes on what the parser says in its public callbacks.

@@ -10,13 +10,13 @@
 #include <string>
 #include <vector>
 
-#include "XMLFactory.h"
 #include "binding/ZtSourceText.h"
 #include "binding/ZtStandardWriter.h"
 #include "model/ZtOwnership.h"
 #include "text/ZtEscape.h"
 #include "text/ZtXmlReader.h"
-#include "ztHostPlatform.h"
+#include "ztxml/XMLFactory.h"
+#include "ztxml/ztHostPlatform.h"
 
 /// Decisions that are made by bytes; all are 0 after the last byte.
 class Choices {

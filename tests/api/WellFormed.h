@@ -5,8 +5,8 @@
 #include <expat.h>
 #include <string>
 
-#include "XMLFactory.h"
-#include "ztXMLDocGenerator.h"
+#include "ztxml/XMLFactory.h"
+#include "ztxml/ztXMLDocGenerator.h"
 
 inline bool ExpatAccepts(const std::string& text) {
   XML_Parser parser = XML_ParserCreate(nullptr);

@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "TestSupport.h"
-#include "ztHostPlatform.h"
+#include "ztxml/ztHostPlatform.h"
 
 namespace {
 

@@ -3,15 +3,15 @@
 #include <gtest/gtest.h>
 
 #include "DocumentSupport.h"
-#include "ReginfoDecoder.h"
 #include "TestSupport.h"
-#include "XMLSchemaNameSpaceRetrieval.h"
-#include "XMLValueTypes.h"
 #include "base/ZtLog.h"
 #include "binding/ZtBinding.h"
 #include "binding/ZtDocumentTable.h"
 #include "binding/ZtElementWriter.h"
 #include "reflect/Reflect.h"
+#include "ztxml/XMLReginfo.h"
+#include "ztxml/XMLSchemaNameSpaceRetrieval.h"
+#include "ztxml/XMLValueTypes.h"
 #include "ztxml/ZtNamespaceDecoder.h"
 
 namespace {

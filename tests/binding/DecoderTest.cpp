@@ -1,13 +1,12 @@
 // Schema decoders as callers drive them: by the public callbacks, one by one.
 #include <gtest/gtest.h>
 
-#include "BootstrappingInfo.h"
-#include "CommunicationDiversion.h"
 #include "DocumentSupport.h"
-#include "IsComposing.h"
-#include "ReginfoDecoder.h"
 #include "Samples.h"
-#include "XMLReginfo.h"
+#include "ztxml/XMLBootstrappingInfo.h"
+#include "ztxml/XMLCommunicationDiversion.h"
+#include "ztxml/XMLIsComposing.h"
+#include "ztxml/XMLReginfo.h"
 
 namespace {
 

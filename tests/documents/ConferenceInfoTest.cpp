@@ -3,7 +3,7 @@
 
 #include "DocumentSupport.h"
 #include "TestSupport.h"
-#include "XMLConferenceInfo.h"
+#include "ztxml/XMLConferenceInfo.h"
 
 namespace {
 

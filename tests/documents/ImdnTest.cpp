@@ -4,9 +4,9 @@
 
 #include "DocumentSupport.h"
 #include "TestSupport.h"
-#include "XMLImdn.h"
-#include "XMLValueTypes.h"
 #include "base/ZtMemory.h"
+#include "ztxml/XMLImdn.h"
+#include "ztxml/XMLValueTypes.h"
 
 namespace {
 

@@ -3,7 +3,7 @@
 
 #include "DocumentSupport.h"
 #include "TestSupport.h"
-#include "XMLIsComposing.h"
+#include "ztxml/XMLIsComposing.h"
 
 namespace {
 

@@ -3,8 +3,8 @@
 
 #include "DocumentSupport.h"
 #include "TestSupport.h"
-#include "XMLResourceList.h"
-#include "XMLValueTypes.h"
+#include "ztxml/XMLResourceList.h"
+#include "ztxml/XMLValueTypes.h"
 
 namespace {
 

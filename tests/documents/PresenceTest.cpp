@@ -3,9 +3,9 @@
 
 #include "DocumentSupport.h"
 #include "TestSupport.h"
-#include "XMLPresence.h"
 #include "base/ZtMemory.h"
 #include "binding/ZtElementWriter.h"
+#include "ztxml/XMLPresence.h"
 
 namespace {
 

@@ -3,7 +3,7 @@
 
 #include "DocumentSupport.h"
 #include "TestSupport.h"
-#include "XMLReginfo.h"
+#include "ztxml/XMLReginfo.h"
 
 namespace {
 

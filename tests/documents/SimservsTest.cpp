@@ -5,13 +5,13 @@
 
 #include "DocumentSupport.h"
 #include "TestSupport.h"
-#include "XMLCommunicationBarring.h"
-#include "XMLCommunicationDiversion.h"
-#include "XMLFile.h"
-#include "XMLSchemaNameSpaceRetrieval.h"
-#include "XMLSimservs.h"
-#include "XmlCommon.h"
 #include "base/ZtMemory.h"
+#include "ztxml/XMLCommunicationBarring.h"
+#include "ztxml/XMLCommunicationDiversion.h"
+#include "ztxml/XMLFile.h"
+#include "ztxml/XMLSchemaNameSpaceRetrieval.h"
+#include "ztxml/XMLSimservs.h"
+#include "ztxml/XmlCommon.h"
 
 namespace {
 

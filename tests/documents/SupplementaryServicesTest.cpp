@@ -3,14 +3,14 @@
 
 #include "DocumentSupport.h"
 #include "TestSupport.h"
-#include "XMLCommunicationBarring.h"
-#include "XMLCommunicationDiversion.h"
-#include "XMLCommunicationWaiting.h"
-#include "XMLOIP.h"
-#include "XMLSchemaNameSpaceRetrieval.h"
-#include "XMLTIP.h"
-#include "XmlCommon.h"
 #include "base/ZtMemory.h"
+#include "ztxml/XMLCommunicationBarring.h"
+#include "ztxml/XMLCommunicationDiversion.h"
+#include "ztxml/XMLCommunicationWaiting.h"
+#include "ztxml/XMLOIP.h"
+#include "ztxml/XMLSchemaNameSpaceRetrieval.h"
+#include "ztxml/XMLTIP.h"
+#include "ztxml/XmlCommon.h"
 #include "ztxml/ZtNamespaces.h"
 
 namespace {

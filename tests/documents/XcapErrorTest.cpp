@@ -4,9 +4,9 @@
 
 #include "DocumentSupport.h"
 #include "TestSupport.h"
-#include "XMLValueTypes.h"
-#include "XMLXcapError.h"
 #include "base/ZtMemory.h"
+#include "ztxml/XMLValueTypes.h"
+#include "ztxml/XMLXcapError.h"
 
 namespace {
 

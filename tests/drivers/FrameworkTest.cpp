@@ -3,11 +3,10 @@
 #include <gtest/gtest.h>
 
 #include "DocumentSupport.h"
-#include "SchemaNameSpaceRetrieval.h"
 #include "TestSupport.h"
-#include "XMLFile.h"
-#include "XMLReginfo.h"
-#include "XMLSchemaNameSpaceRetrieval.h"
+#include "ztxml/XMLFile.h"
+#include "ztxml/XMLReginfo.h"
+#include "ztxml/XMLSchemaNameSpaceRetrieval.h"
 
 namespace {
 

@@ -6,13 +6,13 @@
 #include <vector>
 
 #include "TestSupport.h"
-#include "XMLCommonDef.h"
-#include "XMLFactory.h"
-#include "XMLList.h"
-#include "XMLSchemaNameSpaceRetrieval.h"
-#include "XMLStack.h"
-#include "XMLValueTypes.h"
 #include "base/ZtMemory.h"
+#include "ztxml/XMLCommonDef.h"
+#include "ztxml/XMLFactory.h"
+#include "ztxml/XMLList.h"
+#include "ztxml/XMLSchemaNameSpaceRetrieval.h"
+#include "ztxml/XMLStack.h"
+#include "ztxml/XMLValueTypes.h"
 #include "ztxml/ZtHolders.h"
 
 namespace {

@@ -2,9 +2,9 @@
 #include <gtest/gtest.h>
 
 #include "DocumentSupport.h"
-#include "XMLCommunicationDiversion.h"
-#include "XMLReginfo.h"
-#include "XMLXcapError.h"
+#include "ztxml/XMLCommunicationDiversion.h"
+#include "ztxml/XMLReginfo.h"
+#include "ztxml/XMLXcapError.h"
 
 namespace {
 

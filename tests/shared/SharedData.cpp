@@ -2,8 +2,8 @@
 // the program, and even then the library must use that one copy.
 #include <cstdio>
 
-#include "XMLFactory.h"
-#include "XMLReginfo.h"
+#include "ztxml/XMLFactory.h"
+#include "ztxml/XMLReginfo.h"
 
 namespace {
 
@@ -23,7 +23,7 @@ bool Check(bool holds, const char* what) {
 
 int main() {
   bool one = true;
-  for (int row = 0; row < kXmlStrRefCount; ++row) {
+  for (int row = 0; row < XML_STR_ZT_COUNT; ++row) {
     const char* named = zt_xml_common_array_definition::arrXmlStrRef[row];
     one =
         Check(named == zt_xml_common_array_definition::getStringName(static_cast<e_XmlStrRef>(row)),

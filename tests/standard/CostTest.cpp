@@ -4,7 +4,7 @@
 #include <functional>
 
 #include "StandardSupport.h"
-#include "XMLResourceList.h"
+#include "ztxml/XMLResourceList.h"
 
 namespace {
 

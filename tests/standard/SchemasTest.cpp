@@ -1,7 +1,7 @@
 // What the published schemas ask of documents that the standard profile reads and writes.
 #include "StandardSupport.h"
-#include "XMLCWIndication.h"
-#include "XMLConferenceInfo.h"
+#include "ztxml/XMLCWIndication.h"
+#include "ztxml/XMLConferenceInfo.h"
 
 namespace {
 

@@ -1,13 +1,13 @@
 // Documents of which something is changed: all else stays byte for byte.
 #include "StandardSupport.h"
-#include "XMLCommonPolicy.h"
-#include "XMLCommunicationBarring.h"
-#include "XMLConferenceInfo.h"
-#include "XMLGruu.h"
-#include "XMLImdn.h"
-#include "XMLReginfo.h"
-#include "XMLResourceList.h"
-#include "XMLSimservs.h"
+#include "ztxml/XMLCommonPolicy.h"
+#include "ztxml/XMLCommunicationBarring.h"
+#include "ztxml/XMLConferenceInfo.h"
+#include "ztxml/XMLGruu.h"
+#include "ztxml/XMLImdn.h"
+#include "ztxml/XMLReginfo.h"
+#include "ztxml/XMLResourceList.h"
+#include "ztxml/XMLSimservs.h"
 
 namespace {
 

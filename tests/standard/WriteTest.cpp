@@ -1,8 +1,8 @@
 // Trees that are written in the standard profile, and what is refused.
 #include "StandardSupport.h"
-#include "XMLConferenceInfo.h"
-#include "XMLReginfo.h"
-#include "XMLSimservs.h"
+#include "ztxml/XMLConferenceInfo.h"
+#include "ztxml/XMLReginfo.h"
+#include "ztxml/XMLSimservs.h"
 
 namespace {
 

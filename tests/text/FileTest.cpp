@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "TestSupport.h"
-#include "XMLFile.h"
+#include "ztxml/XMLFile.h"
 
 namespace {
 

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "TestSupport.h"
-#include "XmlDecoder.h"
+#include "ztxml/XmlDecoder.h"
 
 namespace {
 

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "TestSupport.h"
-#include "ztXMLDocGenerator.h"
+#include "ztxml/ztXMLDocGenerator.h"
 
 namespace {
 

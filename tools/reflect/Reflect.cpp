@@ -4,11 +4,11 @@
 #include <cstring>
 #include <memory>
 
-#include "XMLFactory.h"
-#include "XMLSchemaNameSpaceRetrieval.h"
-#include "XMLSimservs.h"
-#include "XMLXcapError.h"
 #include "binding/ZtStandard.h"
+#include "ztxml/XMLFactory.h"
+#include "ztxml/XMLSchemaNameSpaceRetrieval.h"
+#include "ztxml/XMLSimservs.h"
+#include "ztxml/XMLXcapError.h"
 
 // A friend of the library's classes, for what they tell nobody else.
 class ZtReflection {

@@ -3,10 +3,10 @@
 #ifndef ZTXML_SRC_COMMONPOLICYBINDING_H
 #define ZTXML_SRC_COMMONPOLICYBINDING_H
 
-#include "XMLCommonPolicy.h"
 #include "base/ZtLog.h"
 #include "binding/ZtBinding.h"
 #include "documents/services/SimservBinding.h"
+#include "ztxml/XMLCommonPolicy.h"
 
 // The types of a rule set as one service writes them.
 struct ZtPolicyTypes {

@@ -2,7 +2,7 @@
 
 #include <cstring>
 
-#include "ztPlatform.h"
+#include "ztxml/ztPlatform.h"
 
 namespace {
 

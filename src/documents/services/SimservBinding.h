@@ -2,8 +2,8 @@
 #ifndef ZTXML_SRC_SIMSERVBINDING_H
 #define ZTXML_SRC_SIMSERVBINDING_H
 
-#include "XMLSimservsXcap.h"
 #include "binding/ZtDocumentTable.h"
+#include "ztxml/XMLSimservsXcap.h"
 
 // Booleans: a text that is none leaves the field unchanged.
 inline constexpr ZtEnumTable kBoolean = {kBooleanSlots, 2, 2, kZtKeepsValue, false};

@@ -1,4 +1,4 @@
-#include "XMLCommonPolicy.h"
+#include "ztxml/XMLCommonPolicy.h"
 
 #include "binding/ZtElementWriter.h"
 #include "documents/services/CommonPolicyBinding.h"

@@ -1,8 +1,8 @@
-#include "XMLCommunicationBarring.h"
+#include "ztxml/XMLCommunicationBarring.h"
 
-#include "XMLCommunicationDiversion.h"
 #include "base/ZtLog.h"
 #include "documents/services/CommonPolicyBinding.h"
+#include "ztxml/XMLCommunicationDiversion.h"
 
 namespace {
 constexpr char kSource[] = "src/XMLCommunicationBarring";

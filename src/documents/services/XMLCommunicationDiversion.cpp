@@ -1,4 +1,4 @@
-#include "XMLCommunicationDiversion.h"
+#include "ztxml/XMLCommunicationDiversion.h"
 
 #include "documents/services/CommonPolicyBinding.h"
 

@@ -1,4 +1,4 @@
-#include "XMLCommunicationWaiting.h"
+#include "ztxml/XMLCommunicationWaiting.h"
 
 #include "documents/services/SimservBinding.h"
 

@@ -1,4 +1,4 @@
-#include "XMLOIP.h"
+#include "ztxml/XMLOIP.h"
 
 #include "documents/services/SimservBinding.h"
 

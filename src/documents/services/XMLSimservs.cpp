@@ -1,16 +1,16 @@
-#include "XMLSimservs.h"
+#include "ztxml/XMLSimservs.h"
 
-#include "XMLCommunicationBarring.h"
-#include "XMLCommunicationDiversion.h"
-#include "XMLCommunicationWaiting.h"
-#include "XMLFile.h"
-#include "XMLOIP.h"
-#include "XMLSchemaNameSpaceRetrieval.h"
-#include "XMLTIP.h"
 #include "base/ZtBuffer.h"
 #include "base/ZtLog.h"
 #include "documents/services/ElementCutter.h"
 #include "documents/services/SimservBinding.h"
+#include "ztxml/XMLCommunicationBarring.h"
+#include "ztxml/XMLCommunicationDiversion.h"
+#include "ztxml/XMLCommunicationWaiting.h"
+#include "ztxml/XMLFile.h"
+#include "ztxml/XMLOIP.h"
+#include "ztxml/XMLSchemaNameSpaceRetrieval.h"
+#include "ztxml/XMLTIP.h"
 
 namespace {
 

@@ -1,4 +1,4 @@
-#include "XMLSimservsXcap.h"
+#include "ztxml/XMLSimservsXcap.h"
 
 #include "documents/services/SimservBinding.h"
 

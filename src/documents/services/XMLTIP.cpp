@@ -1,4 +1,4 @@
-#include "XMLTIP.h"
+#include "ztxml/XMLTIP.h"
 
 #include "documents/services/SimservBinding.h"
 

@@ -1,1 +1,0 @@
-#include "XMLBootstrappingInfo.h"  // declares XMLBootstrappingInfoDecoder

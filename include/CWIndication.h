@@ -1,1 +1,0 @@
-#include "XMLCWIndication.h"  // declares XMLCWIndicationDecoder

@@ -1,1 +1,0 @@
-#include "XMLCallWaitingIndication.h"  // declares XMLCallWaitingIndicationDecoder

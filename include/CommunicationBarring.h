@@ -1,1 +1,0 @@
-#include "XMLCommunicationBarring.h"  // declares XMLCommunicationBarringDecoder

@@ -1,1 +1,0 @@
-#include "XMLCommunicationDiversion.h"  // declares XMLCommunicationDiversionDecoder

@@ -1,1 +1,0 @@
-#include "XMLCommunicationWaiting.h"  // declares XMLCommunicationWaitingDecoder

@@ -1,1 +1,0 @@
-#include "XMLConferenceInfo.h"  // declares XMLConferenceInfoDecoder

@@ -1,1 +1,0 @@
-#include "XMLFt.h"  // declares XMLFileDecoder

@@ -1,1 +1,0 @@
-#include "XMLGruu.h"  // declares XMLGruuDecoder

@@ -1,1 +1,0 @@
-#include "XMLImdn.h"  // declares XMLImdnDecoder

@@ -1,1 +1,0 @@
-#include "XMLIsComposing.h"  // declares XMLIsComposingDecoder

@@ -1,1 +1,0 @@
-#include "XMLRlmi.h"  // declares XMLListDecoder

@@ -1,1 +1,0 @@
-#include "XMLMediaControl.h"  // declares XMLMediaControlDecoder

@@ -1,1 +1,0 @@
-#include "XMLOIP.h"  // declares XMLOIPDecoder

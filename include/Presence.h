@@ -1,1 +1,0 @@
-#include "XMLPresence.h"  // declares XMLPresenceDecoder

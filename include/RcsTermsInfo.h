@@ -1,1 +1,0 @@
-#include "XMLRcsTermsInfo.h"  // declares XMLRcsTermsInfoDecoder

@@ -1,1 +1,0 @@
-#include "XMLReginfo.h"  // declares XMLReginfoDecoder

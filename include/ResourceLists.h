@@ -1,1 +1,0 @@
-#include "XMLResourceList.h"  // declares XMLResourceListsDecoder

@@ -1,1 +1,0 @@
-#include "XMLRlsServices.h"  // declares XMLRlsServicesDecoder

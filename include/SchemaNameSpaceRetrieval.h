@@ -1,1 +1,0 @@
-#include "XMLSchemaNameSpaceRetrieval.h"  // declares XMLSchemaNamespaceRetrievalDecoder

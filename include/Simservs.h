@@ -1,1 +1,0 @@
-#include "XMLSimservs.h"  // declares XMLSimservsDecoder

@@ -1,1 +1,0 @@
-#include "XMLTIP.h"  // declares XMLTIPDecoder

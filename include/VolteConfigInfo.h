@@ -1,1 +1,0 @@
-#include "XMLVolteConfigInfo.h"  // declares XMLVolteConfigInfoDecoder

@@ -1,1 +1,0 @@
-#include "XMLWapProvisioningDoc.h"  // declares XMLWapProvisioningDocDecoder

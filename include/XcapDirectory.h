@@ -1,1 +1,0 @@
-#include "XMLXcapDirectory.h"  // declares XMLXcapDirectoryDecoder

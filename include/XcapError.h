@@ -1,1 +1,0 @@
-#include "XMLXcapError.h"  // declares XMLXcapErrorDecoder

@@ -1,0 +1,1 @@
+#include "ztxml/XMLBootstrappingInfo.h"  // declares XMLBootstrappingInfoDecoder

@@ -1,0 +1,1 @@
+#include "ztxml/XMLCWIndication.h"  // declares XMLCWIndicationDecoder

@@ -1,0 +1,1 @@
+#include "ztxml/XMLCallWaitingIndication.h"  // declares XMLCallWaitingIndicationDecoder

@@ -1,0 +1,1 @@
+#include "ztxml/XMLCommunicationBarring.h"  // declares XMLCommunicationBarringDecoder

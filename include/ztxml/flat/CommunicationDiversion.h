@@ -1,0 +1,1 @@
+#include "ztxml/XMLCommunicationDiversion.h"  // declares XMLCommunicationDiversionDecoder

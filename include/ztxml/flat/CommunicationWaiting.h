@@ -1,0 +1,1 @@
+#include "ztxml/XMLCommunicationWaiting.h"  // declares XMLCommunicationWaitingDecoder

@@ -1,0 +1,1 @@
+#include "ztxml/XMLConferenceInfo.h"  // declares XMLConferenceInfoDecoder

@@ -1,0 +1,1 @@
+#include "ztxml/XMLFt.h"  // declares XMLFileDecoder

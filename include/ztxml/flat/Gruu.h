@@ -1,0 +1,1 @@
+#include "ztxml/XMLGruu.h"  // declares XMLGruuDecoder

@@ -1,0 +1,1 @@
+#include "ztxml/XMLImdn.h"  // declares XMLImdnDecoder

@@ -1,0 +1,1 @@
+#include "ztxml/XMLIsComposing.h"  // declares XMLIsComposingDecoder

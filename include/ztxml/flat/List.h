@@ -1,0 +1,1 @@
+#include "ztxml/XMLRlmi.h"  // declares XMLListDecoder

@@ -1,0 +1,1 @@
+#include "ztxml/XMLMediaControl.h"  // declares XMLMediaControlDecoder

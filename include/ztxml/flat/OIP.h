@@ -1,0 +1,1 @@
+#include "ztxml/XMLOIP.h"  // declares XMLOIPDecoder

@@ -1,0 +1,1 @@
+#include "ztxml/XMLPresence.h"  // declares XMLPresenceDecoder

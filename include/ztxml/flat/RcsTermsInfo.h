@@ -1,0 +1,1 @@
+#include "ztxml/XMLRcsTermsInfo.h"  // declares XMLRcsTermsInfoDecoder

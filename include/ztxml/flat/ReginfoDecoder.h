@@ -1,0 +1,1 @@
+#include "ztxml/XMLReginfo.h"  // declares XMLReginfoDecoder

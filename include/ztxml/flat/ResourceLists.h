@@ -1,0 +1,1 @@
+#include "ztxml/XMLResourceList.h"  // declares XMLResourceListsDecoder

@@ -1,0 +1,1 @@
+#include "ztxml/XMLRlsServices.h"  // declares XMLRlsServicesDecoder

@@ -1,0 +1,1 @@
+#include "ztxml/XMLSchemaNameSpaceRetrieval.h"  // declares XMLSchemaNamespaceRetrievalDecoder

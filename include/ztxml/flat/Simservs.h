@@ -1,0 +1,1 @@
+#include "ztxml/XMLSimservs.h"  // declares XMLSimservsDecoder

@@ -1,0 +1,1 @@
+#include "ztxml/XMLTIP.h"  // declares XMLTIPDecoder

@@ -1,0 +1,1 @@
+#include "ztxml/XMLVolteConfigInfo.h"  // declares XMLVolteConfigInfoDecoder

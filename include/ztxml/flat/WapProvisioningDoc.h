@@ -1,0 +1,1 @@
+#include "ztxml/XMLWapProvisioningDoc.h"  // declares XMLWapProvisioningDocDecoder

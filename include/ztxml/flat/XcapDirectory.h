@@ -1,0 +1,1 @@
+#include "ztxml/XMLXcapDirectory.h"  // declares XMLXcapDirectoryDecoder

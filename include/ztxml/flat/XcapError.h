@@ -1,0 +1,1 @@
+#include "ztxml/XMLXcapError.h"  // declares XMLXcapErrorDecoder
