@@ -3,6 +3,7 @@
 #define ZTXML_INCLUDE_XMLMARSHALLER_H
 
 #include "ztxml/XMLElement.h"
+#include "ztxml/error.h"
 
 /// Writes trees of one schema. Owned by its context; to be used by one thread at a time.
 class ZT_API XMLMarshaller : public ZtNonCopyable {
@@ -23,6 +24,12 @@ class ZT_API XMLMarshaller : public ZtNonCopyable {
     static_cast<void>(size);
     return nullptr;
   }
+  /// Has every later Marshall and Update say in `error` (borrowed; null for none, as at first) why
+  /// it failed: its code is kNone after a success. Nothing is allocated for it.
+  void ReportTo(ztxml::Error* error) { m_pError = error; }
+
+ protected:
+  ztxml::Error* m_pError = nullptr;
 };
 
 #endif  // ZTXML_INCLUDE_XMLMARSHALLER_H

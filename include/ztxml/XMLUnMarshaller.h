@@ -3,6 +3,7 @@
 #define ZTXML_INCLUDE_XMLUNMARSHALLER_H
 
 #include "ztxml/XMLElement.h"
+#include "ztxml/error.h"
 
 class XMLFile;
 
@@ -22,6 +23,12 @@ class ZT_API XMLUnMarshaller : public ZtNonCopyable {
     static_cast<void>(size);
     return nullptr;
   }
+  /// Has every later call say in `error` (borrowed; null for none, as at first) why it failed: its
+  /// code is kNone after a success. Nothing is allocated for it, and a success costs nothing more.
+  void ReportTo(ztxml::Error* error) { m_pError = error; }
+
+ protected:
+  ztxml::Error* m_pError = nullptr;
 };
 
 #endif  // ZTXML_INCLUDE_XMLUNMARSHALLER_H

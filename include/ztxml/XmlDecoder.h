@@ -79,6 +79,9 @@ class ZT_API XmlDecoder : public ZtNonCopyable {
 
   /// How far the document is read.
   eXmlDecodeState State() const { return m_DecodeState; }
+  /// After a failure of DecodeWhole: the offset of the tag that cannot be read, or where the text
+  /// ends too early.
+  std::size_t FailedAt() const { return m_iFailed; }
 
   /// Pushes a copy of `name` on the stack of open elements; null when out of memory or reset.
   BuddyLinkList* PushElement(char* name);
@@ -144,6 +147,7 @@ class ZT_API XmlDecoder : public ZtNonCopyable {
   std::size_t m_iCapacity = 0;       // bytes allocated for it
   std::size_t m_iTag = 0;            // where a partial tag begins in it, or m_iLength
   std::size_t m_iScanned = 0;        // up to where it is known to hold no '>'
+  std::size_t m_iFailed = 0;         // where the tag begins that ended the call
 };
 
 #endif  // ZTXML_INCLUDE_XMLDECODER_H

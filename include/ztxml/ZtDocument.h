@@ -10,8 +10,11 @@
 /// How the library reads and writes a document and an element type; opaque to callers.
 struct ZtDocument;
 struct ZtElementType;
+struct ZtLack;
+class XmlDecoder;
 class ZtElementWriter;
 class ZtNamespaceBindings;
+class ZtSchemaDecoder;
 
 /// Makes a document's objects, empty: each is the caller's until a parent takes it. Null without
 /// memory.
@@ -80,12 +83,16 @@ class ZT_API ZtUnMarshaller : public XMLUnMarshaller {
   /// Tells the context's handler, if it has one, what the types do not keep of a document that was
   /// read in the exact profile.
   void TellLosses(ZtPiece text) const;
+  /// What every reading begins with: says that nothing has failed. True unless `text` is null.
+  bool Begin(const void* text) const;
 
  private:
   friend class ZtContext;
   XMLElement* ReadExact(ZtPiece xml, const char* noMemory) const;
-  XMLElement* ReadStandard(ZtPiece text, bool makes) const;
-  bool Parse(ZtArena& arena, char* text, std::size_t size, XMLElement*& root) const;
+  XMLElement* ReadStandard(ZtPiece text) const;
+  bool Parse(ZtArena& arena, ZtPiece xml, char* text, XMLElement*& root) const;
+  void Explain(ZtPiece xml, char* text, const XmlDecoder* parser,
+               const ZtSchemaDecoder* decoder) const;
 
   const ZtContext* m_pContext = nullptr;  // null for a worker that no context made
 };
@@ -131,7 +138,8 @@ class ZT_API ZtMarshaller : public XMLMarshaller {
  private:
   friend class ZtContext;
   char* MarshallStandard(XMLElement& root);
-  bool Refuse(const char* why, const char* path) const;
+  char* MarshallExact(XMLElement* root);
+  void Explain(const XMLElement& element, const ZtElementType& type, const ZtLack& lack) const;
   /// Sets `bindings` to the prefixes to write with, null for the library's own. False when out of
   /// memory.
   virtual bool UseNamespaces(const ZtNamespaceBindings*& bindings);

@@ -63,6 +63,8 @@ class ZT_API ZtSchemaDecoder : public XmlDecoderSchema, public ZtSink {
   /// Whether the tree is not to be used: something was lost for want of memory, or a start tag's
   /// name began with a slash.
   bool Failed() const { return m_bFailed; }
+  /// The name that was refused for that, as the parser handed it out; null for none.
+  const char* RefusedName() const { return m_pRefused; }
 
   /// How many types the objects of one document may have.
   static constexpr std::size_t kMostTypes = 40;
@@ -90,6 +92,7 @@ class ZT_API ZtSchemaDecoder : public XmlDecoderSchema, public ZtSink {
   XmlCodeGenStack m_Stack;
   const ZtDocument& m_Document;
   bool m_bFailed = false;
+  const char* m_pRefused = nullptr;
 
  private:
   struct Open {  // an object and its type, null when there is none
@@ -131,7 +134,7 @@ class ZT_API ZtSchemaDecoder : public XmlDecoderSchema, public ZtSink {
                   const ZtField* row = nullptr);
   int ElementCallback(char* name, ZtPiece value);
   bool IsNamed(const char* element) const;
-  void RefuseSlash();
+  void RefuseSlash(const char* name);
   void NoteEmptyStack(int callbacks) const;
   Open Current() const;
   inline Element Find(ZtNameId name, const ZtElementType* current);

@@ -185,15 +185,19 @@ int ZtElementWriter::Write(XMLElement* element, const ZtElementType& type, ZtNam
   const ZtExtras& extras = *type.extras;
   if (!element && extras.flag) Log(kZtLogState, extras.flag->nullLine, m_Scope.marshaller);
   // A caller's list may hold anything: rows are applied to objects of their own type only.
-  if (!element || !ZtIsClass(element->ClassName(), type)) return 0;
+  if (!element || !ZtIsClass(element->ClassName(), type)) {
+    return Lacks(ZtLack::Why::kClass, element);
+  }
   if (m_iDepth == kMostDepth) {
     Log(kZtLogError, "<XML Module>: more than %d elements within each other", kMostDepth);
     m_bIncomplete = true;
-    return 0;
+    return Lacks(ZtLack::Why::kDepth, element);
   }
   const Nesting nesting(*this, prefix == XML_STR_ZT_NULL ? type.prefix : prefix);
   if (extras.flag) return WriteFlag(static_cast<zt_empty_element_type&>(*element), *extras.flag);
-  if (extras.write) return extras.write(*this, *element, type);
+  if (extras.write) {
+    return extras.write(*this, *element, type) || LacksSomething(*element);
+  }
   if (name.IsNone()) name = type.tag;
   if (type.checksFirst && !HasRequired(*element, type)) return 0;
   const ZtPaddedPiece tag = name.IsNone() ? nullptr : name.Piece();
@@ -201,15 +205,16 @@ int ZtElementWriter::Write(XMLElement* element, const ZtElementType& type, ZtNam
   if (type.start == ZtStartTag::kEmpty) return 1;
   const bool written =
       extras.content ? extras.content(*this, *element, type) : WriteChildren(*element, type);
-  if (written && tag.text) m_Pen.End(tag);
-  return written;
+  if (!written) return LacksSomething(*element);
+  if (tag.text) m_Pen.End(tag);
+  return 1;
 }
 
 int ZtElementWriter::WriteFlag(const zt_empty_element_type& flag, const ZtFlag& how) {
   const char* name = flag.getValue();
   if (!flag.getPresentValue() || (how.mostName && !name)) {
     Log(kZtLogState, how.absentLine, m_Scope.marshaller);
-    return 0;
+    return Lacks(ZtLack::Why::kValue, &flag);
   }
   char cut[kMostFlagName + 1];
   if (how.mostName && how.mostName < sizeof(cut) && __strlen(name) > how.mostName) {
@@ -239,7 +244,7 @@ bool ZtElementWriter::WriteChildren(const XMLElement& element, const ZtElementTy
       }
       if (text.text) continue;
       Log(field.noteLevel, field.note);
-      if (field.Is(kZtRequired)) return false;
+      if (field.Is(kZtRequired)) return Lacks(ZtLack::Why::kValue, &element, &field);
     } else if (field.place == ZtPlace::kChild) {
       XMLElement* child = (element.*field.member.child).Get();
       if (child && !WriteChild(child, 0, field, *field.detail.type)) {
@@ -254,12 +259,12 @@ bool ZtElementWriter::WriteChildren(const XMLElement& element, const ZtElementTy
   return true;
 }
 
-bool ZtElementWriter::HasRequired(const XMLElement& element, const ZtElementType& type) const {
+bool ZtElementWriter::HasRequired(const XMLElement& element, const ZtElementType& type) {
   char buffer[kZtNumberSize];
   for (const ZtField* field = type.begin(); field != type.children(); ++field) {
     if (!field->Is(kZtRequired) || ZtFieldText(element, *field, buffer).text) continue;
     Log(field->noteLevel, field->note);
-    return false;
+    return Lacks(ZtLack::Why::kValue, &element, field);
   }
   return true;
 }
@@ -286,7 +291,7 @@ bool ZtElementWriter::WriteStartTag(const XMLElement& element, const ZtElementTy
     const ZtPiece text = TextOf(element, field, buffer);
     if (!text.text) {
       Log(field.noteLevel, field.note);
-      if (field.Is(kZtRequired)) return false;
+      if (field.Is(kZtRequired)) return Lacks(ZtLack::Why::kValue, &element, &field);
       if (!field.Is(kZtAlways)) continue;
     }
     tag.Add(field.name, text);
@@ -384,7 +389,9 @@ bool ZtElementWriter::WriteChild(XMLElement* child, int index, const ZtField& fi
   } else if (!field.Is(kZtLenient) && type.writer) {
     Log(kZtLogTrace, type.family->childFailed, type.writer);
   }
-  return field.Is(kZtLenient);
+  if (!field.Is(kZtLenient)) return false;
+  m_Lack = {};
+  return true;
 }
 
 bool ZtElementWriter::WriteOthers(const XMLElement& element, const ZtField& field) {

@@ -21,6 +21,15 @@ inline ZtListNode* ZtHeadOf(ZtSingleElementList* list) {
   return list ? list->GetPtrToListHead() : nullptr;
 }
 
+// Why an element was not written: what it is that lacks something or cannot stand where it does.
+struct ZtLack {
+  enum class Why : std::uint8_t { kNothing, kValue, kClass, kDepth };
+
+  Why why = Why::kNothing;
+  const XMLElement* element = nullptr;
+  const ZtField* field = nullptr;  // what it lacks, null where that is no single row
+};
+
 class ZtElementWriter {
  public:
   // Elements within each other beyond which a tree is not written: twice what one that was read
@@ -54,6 +63,8 @@ class ZtElementWriter {
   // Whether something was left out for want of memory or for lying too deep, also where a failure
   // is let pass.
   bool IsIncomplete() const { return m_bIncomplete; }
+  // Of the last Write that failed.
+  const ZtLack& Lack() const { return m_Lack; }
 
  private:
   class Nesting;
@@ -65,8 +76,16 @@ class ZtElementWriter {
     const char* name = field.name.Text();
     Log(kZtLogTrace, "<XML Module>: Add%c%sElementToXml", *name - 'a' + 'A', name + 1);
   }
+  bool Lacks(ZtLack::Why why, const XMLElement* element, const ZtField* field = nullptr) {
+    m_Lack = {why, element, field};
+    return false;
+  }
+  // For want of something that is more than a row, unless it is known what.
+  bool LacksSomething(const XMLElement& element) {
+    return m_Lack.why == ZtLack::Why::kNothing && Lacks(ZtLack::Why::kValue, &element);
+  }
   int WriteFlag(const zt_empty_element_type& flag, const ZtFlag& how);
-  bool HasRequired(const XMLElement& element, const ZtElementType& type) const;
+  bool HasRequired(const XMLElement& element, const ZtElementType& type);
   inline bool WriteStartTag(const XMLElement& element, const ZtElementType& type,
                             ZtPaddedPiece name, bool isOwnName);
   bool WriteMany(const XMLElement& element, const ZtField& field);
@@ -82,6 +101,7 @@ class ZtElementWriter {
   ZtNameId m_Prefix = XML_STR_ZT_NULL;
   int m_iDepth = 0;  // of elements within each other
   bool m_bIncomplete = false;
+  ZtLack m_Lack;
 };
 
 #endif  // ZTXML_SRC_BINDING_ZTELEMENTWRITER_H

@@ -69,7 +69,7 @@ extern const std::uint8_t kZtNameSizes[kZtNameCount];
 
 inline const char* ZtNameId::Text() const {
   return m_Id < XML_STR_ZT_COUNT ? zt_xml_common_array_definition::arrXmlStrRef[m_Id]
-                                : kZtExtraNames[m_Id - XML_STR_ZT_COUNT];
+                                 : kZtExtraNames[m_Id - XML_STR_ZT_COUNT];
 }
 
 inline bool ZtNameId::Is(ZtPiece text) const {

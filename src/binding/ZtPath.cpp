@@ -1,6 +1,71 @@
 #include "binding/ZtPath.h"
 
-#include "binding/ZtBinding.h"
+#include "binding/ZtStandard.h"
+#include "ztxml/ZtListOf.h"
+
+namespace {
+
+// The way from the root of a tree to an object. Trees that are written are no deeper.
+class Way {
+ public:
+  struct Step {
+    const XMLElement* parent;
+    const ZtField* row;
+    const XMLElement* child;
+  };
+
+  explicit Way(const XMLElement* object) : m_pObject(object) {}
+
+  bool Find(const XMLElement& parent, const ZtElementType& type) {
+    for (const ZtField* row = type.children(); row != type.end() && m_iSize < kMost; ++row) {
+      if (row->place == ZtPlace::kChild || row->place == ZtPlace::kOtherChild) {
+        if (Try(parent, *row, (parent.*row->member.child).Get())) return true;
+      } else if (row->place == ZtPlace::kChildren || row->place == ZtPlace::kOtherChildren) {
+        for (XMLElement& child : ZtEach<XMLElement>((parent.*row->member.children).Get())) {
+          if (Try(parent, *row, &child)) return true;
+        }
+      }
+    }
+    return false;
+  }
+  const Step* begin() const { return m_Steps; }
+  const Step* end() const { return m_Steps + m_iSize; }
+
+ private:
+  static constexpr std::size_t kMost = 200;
+
+  bool Try(const XMLElement& parent, const ZtField& row, const XMLElement* child) {
+    if (!child) return false;
+    m_Steps[m_iSize++] = {&parent, &row, child};
+    if (child == m_pObject) return true;
+    const ZtElementType* type = row.IsObject() ? row.detail.type : nullptr;
+    for (const ZtChoice* at = row.IsObject() ? nullptr : row.detail.choices; at && at->type; ++at) {
+      if (ZtIsClass(child->ClassName(), *at->type)) type = at->type;
+    }
+    if (type && ZtIsClass(child->ClassName(), *type) && Find(*child, *type)) return true;
+    --m_iSize;
+    return false;
+  }
+
+  const XMLElement* m_pObject;
+  std::size_t m_iSize = 0;
+  Step m_Steps[kMost];
+};
+
+}  // namespace
+
+void ZtPath::PushObject(const XMLElement& root, const ZtElementType& type, const XMLElement* object,
+                        const ZtField* row) {
+  Way way(object);
+  if (object != &root && !way.Find(root, type)) return;
+  for (const Way::Step& step : way) {
+    const ZtPiece name = ZtNameOfObject(*step.row, *step.child);
+    Push("/", name.text ? name : ZtPiece(step.child->ElementName()),
+         ZtIsSingle(*step.row) ? 0 : ZtIndexOf(*step.parent, *step.row, *step.child));
+  }
+  if (!row || row->IsOwnText()) return;
+  Push(row->place == ZtPlace::kAttribute ? "/@" : "/", row->name.Piece());
+}
 
 std::size_t ZtPath::Push(const char* sign, ZtPiece name, std::size_t index) {
   const std::size_t size = m_iSize;

@@ -6,6 +6,10 @@
 
 #include "ztxml/ZtPiece.h"
 
+class XMLElement;
+struct ZtElementType;
+struct ZtField;
+
 class ZtPath {
  public:
   // Appends a step; `index` 0 for one that occurs once. What goes beyond the room is left out, with
@@ -17,6 +21,11 @@ class ZtPath {
     if (size <= kMost) m_Text[size] = '\0';
   }
   const char* Text() const { return m_Text; }
+
+  // Appends the steps from `root`, an object of `type`, to what a row of an object below it keeps
+  // (null: to the object). Those of an object that is not found are none. Linear in the tree.
+  void PushObject(const XMLElement& root, const ZtElementType& type, const XMLElement* object,
+                  const ZtField* row);
 
  private:
   static constexpr std::size_t kMost = 500;

@@ -20,19 +20,20 @@ int ZtSchemaDecoder::ProcessReserved() { return 0; }
 // The parser lets `< /a>` pass as the start of an element "/a", which a decoder cannot tell from
 // the end of "a" until it is said to be open.
 int ZtSchemaDecoder::ProcessElementOpened(char* name) {
-  if (name && *name == '/') RefuseSlash();
+  if (name && *name == '/') RefuseSlash(name);
   return 0;
 }
 
 bool ZtSchemaDecoder::RefusesStart(const char* name) {
   const char* colon = *name == '/' ? nullptr : __strchr(name, ':');
   if (!colon || colon[1] != '/') return false;
-  RefuseSlash();
+  RefuseSlash(name);
   return true;
 }
 
-void ZtSchemaDecoder::RefuseSlash() {
+void ZtSchemaDecoder::RefuseSlash(const char* name) {
   if (!m_bFailed) {
+    m_pRefused = name;
     ZtLog(kZtLogError, m_Document.decoderSource)(
         "<XML Module>: %s: the name of a start tag begins with a slash", m_Document.decoder);
   }
@@ -107,7 +108,7 @@ void ZtSchemaDecoder::Start(ScannedTag& tag) {
 }
 
 void ZtSchemaDecoder::Opened(char* name) {
-  if (*name == '/') RefuseSlash();
+  if (*name == '/') RefuseSlash(name);
 }
 
 // The parser ends what it has started, so that what was found at the start need not be looked for.

@@ -6,7 +6,6 @@
 namespace {
 
 constexpr char kNoName[] = "it has no element here";
-constexpr char kMissing[] = "a required value is missing";
 
 ZtListNode* HeadOf(const XMLElement& object, const ZtField& row) {
   return (object.*row.member.children).Head();
@@ -127,7 +126,7 @@ bool ZtStandardWriter::Step(Frame& frame) {
     case ZtPlace::kTextElement: {
       ++frame.row;
       const ZtPiece text = ZtTextOf(row, ZtHeld(*frame.object, row), buffer);
-      if (!text.text) return !ZtIsRequired(row) || Fail(kMissing, "/", row.name.Piece());
+      if (!text.text) return !ZtIsRequired(row) || Fail(kZtMissing, "/", row.name.Piece());
       CloseTag(frame);
       return WriteTextElement(row, frame.space, text);
     }
@@ -140,7 +139,7 @@ bool ZtStandardWriter::Step(Frame& frame) {
       ++frame.row;
       const XMLElement* child = (frame.object->*row.member.child).Get();
       if (child && IsThere(*child)) return BeginChild(frame, row, *child, 0);
-      return !ZtIsRequired(row) || Fail(kMissing, "/", row.HasName() ? row.name.Piece() : "");
+      return !ZtIsRequired(row) || Fail(kZtMissing, "/", row.HasName() ? row.name.Piece() : "");
     }
     default:
       return StepList(frame, row);
@@ -189,7 +188,7 @@ bool ZtStandardWriter::WriteOwnText(Frame& frame, const ZtField& row) {
   if (row.place == ZtPlace::kOwnText) {
     char buffer[kZtNumberSize];
     const ZtPiece text = ZtTextOf(row, ZtHeld(*frame.object, row), buffer);
-    if (!text.text && ZtIsRequired(row)) return Fail(kMissing);
+    if (!text.text && ZtIsRequired(row)) return Fail(kZtMissing);
     if (!text.size) return true;
     CloseTag(frame);
     return ZtAppendEscaped(m_To, text, 0) || Fail(kZtNotXml);
@@ -234,7 +233,7 @@ bool ZtStandardWriter::StartTag(Frame& frame, ZtSpace space) {
     const ZtPiece text = ZtTextOf(*row, ZtHeld(*frame.object, *row), buffer);
     const ZtPiece name = row->name.Piece();
     if (!text.text) {
-      if (ZtIsRequired(*row)) return Fail(kMissing, "/@", name);
+      if (ZtIsRequired(*row)) return Fail(kZtMissing, "/@", name);
       continue;
     }
     if (!IsNew(nullptr, 0, name)) continue;

@@ -9,6 +9,9 @@
 #include "binding/ZtStandard.h"
 
 // Why something cannot be written.
+inline constexpr char kZtMissing[] = "a required value is missing";
+inline constexpr char kZtTooLong[] = "the text is longer than the limit";
+inline constexpr char kZtNoRoot[] = "the root is of no class that this document begins with";
 inline constexpr char kZtNotXml[] = "it holds what XML does not allow";
 inline constexpr char kZtBadName[] = "this is no name of an attribute";
 inline constexpr char kZtUnpaired[] = "the lists that alternate are not of one size";

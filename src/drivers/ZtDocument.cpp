@@ -5,7 +5,10 @@
 #include "base/ZtLog.h"
 #include "binding/ZtDocumentTable.h"
 #include "binding/ZtElementWriter.h"
+#include "binding/ZtPath.h"
 #include "binding/ZtStandard.h"
+#include "binding/ZtStandardWriter.h"
+#include "drivers/ZtExplain.h"
 #include "ztxml/XMLFile.h"
 #include "ztxml/XmlDecoder.h"
 #include "ztxml/ZtNamespaces.h"
@@ -58,25 +61,38 @@ void LogInput(const ZtDocument& document, const char* format, const char* text) 
 
 }  // namespace
 
+// Says that nothing has failed, or that there is nothing to read.
+bool ZtUnMarshaller::Begin(const void* text) const {
+  if (m_pError && text) *m_pError = ztxml::Error();
+  if (m_pError && !text) {
+    ZtExplain(*m_pError, ztxml::Code::kRefused, ztxml::Stage::kNone, "there is no text");
+  }
+  return text != nullptr;
+}
+
 XMLElement* ZtUnMarshaller::UnMarshall(const char* xml) {
-  if (!xml) return nullptr;
+  if (!Begin(xml)) return nullptr;
   LogInput(Document(), Document().lines.textInput, xml);
-  if (IsStandard()) return ReadStandard(xml, true);
+  if (IsStandard()) return ReadStandard(xml);
   return ReadExact(xml, "<XML Module>: StrDup failed in %s::UnMarshall");
 }
 
 XMLElement* ZtUnMarshaller::UnMarshall(XMLFile* file) {
   const char* text = file ? file->Read() : nullptr;
-  if (!text) return nullptr;
+  if (!Begin(text)) return nullptr;
   LogInput(Document(), Document().lines.fileInput, text);
-  return IsStandard() ? ReadStandard({text, file->Size()}, true) : ReadExact(text, nullptr);
+  return IsStandard() ? ReadStandard({text, file->Size()}) : ReadExact(text, nullptr);
 }
 
 XMLElement* ZtUnMarshaller::UnMarshall(const char* text, std::size_t size) {
-  if (!text) return nullptr;
-  if (IsStandard()) return ReadStandard({text, size}, true);
+  if (!Begin(text)) return nullptr;
+  if (IsStandard()) return ReadStandard({text, size});
   if (!std::memchr(text, '\0', size)) {
     return ReadExact({text, size}, "<XML Module>: StrDup failed in %s::UnMarshall");
+  }
+  if (m_pError) {
+    ZtExplain(*m_pError, ztxml::Code::kRefused, ztxml::Stage::kDecoding,
+              "there is a NUL in the text");
   }
   ZtLog(kZtLogError, Document().source)("<XML Module>: %s::UnMarshall: there is a NUL in the text",
                                         Document().unMarshaller);
@@ -92,9 +108,10 @@ XMLElement* ZtUnMarshaller::ReadExact(ZtPiece xml, const char* noMemory) const {
   char* text = arena.Keep(xml.text, xml.size);
   if (!text) {
     if (noMemory) ZtLog(kZtLogError, document.source)(noMemory, document.unMarshaller);
+    if (m_pError) ZtExplainNoMemory(*m_pError, ztxml::Stage::kDecoding);
     return nullptr;
   }
-  const bool done = Parse(arena, text, xml.size, root);
+  const bool done = Parse(arena, xml, text, root);
   const char* result = done ? document.lines.readDone : document.lines.readFailed;
   if (result) ZtLog(kZtLogTrace, document.source)(result);
   return root;
@@ -106,25 +123,28 @@ XMLObject* ZtUnMarshaller::NamespaceBinder() const {
 
 bool ZtUnMarshaller::Parse(const char* xml, XMLElement*& root) const {
   ZtArena arena;
-  const std::size_t size = __strlen(xml);
-  char* text = arena.Keep(xml, size);
+  const ZtPiece whole = xml;
+  char* text = arena.Keep(whole.text, whole.size);
   root = nullptr;
-  return text && Parse(arena, text, size, root);
+  if (!text && m_pError) ZtExplainNoMemory(*m_pError, ztxml::Stage::kDecoding);
+  return text && Parse(arena, whole, text, root);
 }
 
-// Reads a copy that `arena` keeps. A caller gets a whole tree or nothing: what a failed parse has
-// built is freed.
-bool ZtUnMarshaller::Parse(ZtArena& arena, char* text, std::size_t size, XMLElement*& root) const {
+// Reads `text`, a copy of `xml` that `arena` keeps. A caller gets a whole tree or nothing: what a
+// failed parse has built is freed.
+bool ZtUnMarshaller::Parse(ZtArena& arena, ZtPiece xml, char* text, XMLElement*& root) const {
   const ZtDocument& document = Document();
   XmlDecoder* parser = ZtCreate<XmlDecoder>(document.source);
   ZtSchemaDecoder* decoder = document.newDecoder.Create(document.source);
-  bool done = false;
-  if (parser && decoder && size <= INT_MAX) {
+  bool parsed = false;
+  if (parser && decoder && xml.size <= INT_MAX) {
     if (XMLObject* binder = NamespaceBinder()) decoder->SetNameSpaceBinderInfo(binder);
     decoder->Use(arena);
-    done = parser->DecodeWhole(text, size, *decoder) == ZT_XML_SUCCESS && !decoder->Failed();
+    parsed = parser->DecodeWhole(text, xml.size, *decoder) == ZT_XML_SUCCESS;
   }
+  const bool done = parsed && !decoder->Failed();
   if (decoder) root = static_cast<XMLObject*>(decoder->GetSessionData());
+  if (m_pError && (!done || !root)) Explain(xml, text, parsed ? nullptr : parser, decoder);
   ZtRelease(decoder);
   ZtRelease(parser);
   if (!done) {
@@ -132,6 +152,26 @@ bool ZtUnMarshaller::Parse(ZtArena& arena, char* text, std::size_t size, XMLElem
     root = nullptr;
   }
   return done;
+}
+
+// `text`, which was cut up, becomes what `xml` is. `parser` null: it was content.
+void ZtUnMarshaller::Explain(ZtPiece xml, char* text, const XmlDecoder* parser,
+                             const ZtSchemaDecoder* decoder) const {
+  if (xml.size > INT_MAX) {
+    return ZtExplain(*m_pError, ztxml::Code::kTooLong, ztxml::Stage::kParsing,
+                     "the exact profile reads no more than 2 GiB");
+  }
+  if (xml.size) std::memcpy(text, xml.text, xml.size);
+  const ZtFailedText failed = {Document(), xml, {}, {text, xml.size}, false};
+  if (decoder && decoder->RefusedName()) {
+    ZtExplainSlash(*m_pError, failed, static_cast<std::size_t>(decoder->RefusedName() - text));
+  } else if (parser && decoder && !decoder->Failed()) {
+    ZtExplainParser(*m_pError, failed, parser->FailedAt());
+  } else if (decoder && !decoder->Failed()) {
+    ZtExplainRoot(*m_pError, failed);
+  } else {
+    ZtExplainNoMemory(*m_pError, ztxml::Stage::kBinding);
+  }
 }
 
 // ---- Marshaller ---------------------------------------------------------------------------------
@@ -159,8 +199,16 @@ ZtMarshaller::~ZtMarshaller() {
 XMLMarshaller* ZtMarshaller::Identity() { return this; }
 
 char* ZtMarshaller::Marshall(XMLElement* root) {
+  if (m_pError) *m_pError = ztxml::Error();
+  char* const text = !IsStandard() ? MarshallExact(root) : root ? MarshallStandard(*root) : nullptr;
+  if (m_pError && !root) {
+    ZtExplain(*m_pError, ztxml::Code::kRefused, ztxml::Stage::kWriting, "there is no tree");
+  }
+  return text;
+}
+
+char* ZtMarshaller::MarshallExact(XMLElement* root) {
   const ZtDocument& document = Document();
-  if (IsStandard()) return root ? MarshallStandard(*root) : nullptr;
   if (!root) {
     if (document.lines.nullRoot) ZtLog(kZtLogTrace, document.source)(document.lines.nullRoot);
     return nullptr;
@@ -168,6 +216,9 @@ char* ZtMarshaller::Marshall(XMLElement* root) {
   const char* className = root->ClassName();
   if (!className && document.lines.nullClass) {
     ZtLog(kZtLogTrace, document.source)(document.lines.nullClass);
+    if (m_pError) {
+      ZtExplain(*m_pError, ztxml::Code::kWrongRoot, ztxml::Stage::kWriting, kZtNoRoot);
+    }
     return nullptr;
   }
   const ZtLog state(kZtLogState, document.source);
@@ -187,6 +238,9 @@ char* ZtMarshaller::Marshall(XMLElement* root) {
   const char* failedAs = known && known->failedAs ? known->failedAs : document.failedAs;
   if (!type) {
     trace("<XML Module>: %s XML Failed!", document.failedAs);
+    if (m_pError) {
+      ZtExplain(*m_pError, ztxml::Code::kWrongRoot, ztxml::Stage::kWriting, kZtNoRoot);
+    }
   } else {
     if (document.lines.rootChosen) trace(document.lines.rootChosen);
     const int written = Write(root, *type);
@@ -200,6 +254,9 @@ char* ZtMarshaller::Marshall(XMLElement* root) {
       trace(document.lines.written, document.writtenAs, m_pXml);
     } else {
       trace(document.lines.writeFailed, failedAs, type->writer);
+      if (m_pError && m_pError->code == ztxml::Code::kNone) {
+        ZtExplainNoMemory(*m_pError, ztxml::Stage::kWriting);
+      }
     }
   }
   m_XmlDocGenerator.ztDeInitXmlDoc();
@@ -217,7 +274,33 @@ int ZtMarshaller::Write(XMLElement* element, const ZtElementType& type, e_XmlStr
   ZtElementWriter writer(m_XmlDocGenerator, scope);
   const int written = writer.Write(element, type, prefix, name);
   m_bCutShort = m_bCutShort || writer.IsIncomplete();
-  return written && !writer.IsIncomplete();
+  if (written && !writer.IsIncomplete()) return 1;
+  if (m_pError && element) Explain(*element, type, writer.Lack());
+  return 0;
+}
+
+// Why an element was not written.
+void ZtMarshaller::Explain(const XMLElement& element, const ZtElementType& type,
+                           const ZtLack& lack) const {
+  using ztxml::Code;
+  ZtPath path;
+  const ZtRoot* const root = ZtRootOf(Document(), element.ClassName());
+  const ZtNameId name = root ? root->name : type.tag;
+  path.Push("/", name.IsNone() ? ZtPiece(element.ElementName()) : name.Piece());
+  path.PushObject(element, type, lack.element, lack.field);
+  switch (lack.why) {
+    case ZtLack::Why::kNothing:
+      return ZtExplainNoMemory(*m_pError, ztxml::Stage::kWriting);
+    case ZtLack::Why::kValue:
+      return ZtExplain(*m_pError, Code::kMissingValue, ztxml::Stage::kWriting, kZtMissing,
+                       path.Text());
+    case ZtLack::Why::kClass:
+      return ZtExplain(*m_pError, Code::kRefused, ztxml::Stage::kWriting,
+                       "the object is of another class than belongs here", path.Text());
+    case ZtLack::Why::kDepth:
+      return ZtExplain(*m_pError, Code::kRefused, ztxml::Stage::kWriting,
+                       "there are too many elements within each other", path.Text());
+  }
 }
 
 int ZtMarshaller::WriteText(const ZtElementType& type, e_XmlStrRef name, const char* text) {

@@ -203,6 +203,7 @@ int XmlDecoder::Continue() {
     if (!tag) {
       // Intended: the text after the last tag of a chunk is dropped, also when its end tag comes
       // with the next chunk; callers end chunks with a tag.
+      m_iFailed = m_iLength;
       m_DecodeState = ZT_XML_PARSE_CONTINUE;
       *m_pPendingText = '\0';
       m_iLength = m_iTag = m_iScanned = 0;
@@ -220,6 +221,7 @@ int XmlDecoder::Continue() {
       close = scanned.close;
       if (!close) {
         m_iTag = static_cast<std::size_t>(tag - position);
+        m_iFailed = static_cast<std::size_t>(tag - m_pPendingText);
         return OutOfTags(position);
       }
       if (plain) {
@@ -228,9 +230,13 @@ int XmlDecoder::Continue() {
           if (!entity) entity = end;
         }
         ReportTag(scanned, entity && entity < close);
-        if (m_DecodeState == ZT_XML_PARSE_ERROR) return ParseError();
+        if (m_DecodeState == ZT_XML_PARSE_ERROR) {
+          m_iFailed = static_cast<std::size_t>(tag - m_pPendingText);
+          return ParseError();
+        }
       } else {
         *close = '\0';
+        m_iFailed = static_cast<std::size_t>(tag - m_pPendingText);
         const int result = AnyTag(position, tag, close, counts);
         if (result != 0) return result;
       }

@@ -1,0 +1,471 @@
+#include "drivers/ZtExplain.h"
+
+#include "binding/ZtPath.h"
+#include "binding/ZtStandard.h"
+#include "text/ZtTagWalk.h"
+
+namespace {
+
+using ztxml::Code;
+using ztxml::Error;
+using ztxml::Stage;
+
+// Writes the sentence into the error's room, and leaves out what goes beyond it.
+class Sentence {
+ public:
+  Sentence(Error& error, Code code, Stage stage) : m_Error(error) {
+    error.code = code;
+    error.stage = stage;
+    error.line = error.column = 0;
+    error.path[0] = error.text[0] = '\0';
+  }
+  ~Sentence() { m_Error.text[m_iSize] = '\0'; }
+  Sentence(const Sentence&) = delete;
+  Sentence& operator=(const Sentence&) = delete;
+
+  // The beginning: where, and the kind of the failure.
+  Sentence& At(const ZtTextPlace& place) {
+    m_Error.line = place.line;
+    m_Error.column = place.column;
+    return *this << place << ": ";
+  }
+  Sentence& In(const char* path) {
+    const ZtPiece text = path;
+    std::memcpy(m_Error.path, path, text.size + 1);
+    if (text.size) *this << text << ": ";
+    return *this;
+  }
+  Sentence& Begin() {
+    *this << NameOf(m_Error.code) << ": ";
+    m_Error.sentence = static_cast<unsigned short>(m_iSize);
+    return *this;
+  }
+
+  Sentence& operator<<(ZtPiece text) {
+    const std::size_t room = Error::kTextRoom - 1 - m_iSize;
+    const std::size_t size = text.size < room ? text.size : room;
+    if (size) std::memcpy(m_Error.text + m_iSize, text.text, size);
+    m_iSize += size;
+    return *this;
+  }
+  Sentence& operator<<(const char* text) { return *this << ZtPiece(text); }
+  Sentence& operator<<(const ZtTextPlace& place) {
+    return Number(place.line) << ":", Number(place.column);
+  }
+  // A name or another piece of what strangers sent: short, and in one line.
+  Sentence& Quote(ZtPiece piece) {
+    const char* at = piece.text;
+    const char* const end = at + piece.size;
+    while (at < end) {
+      const char* const from = at;
+      if (static_cast<std::size_t>(at - piece.text) >= kMostQuoted) return *this << "...";
+      const bool isText = ZtPassCharacter(at, end) && static_cast<unsigned char>(*from) >= ' ';
+      if (!isText) at = from + 1;
+      *this << (isText ? ZtPiece(from, static_cast<std::size_t>(at - from)) : ZtPiece("?"));
+    }
+    return *this;
+  }
+
+ private:
+  static constexpr std::size_t kMostQuoted = 60;
+
+  Sentence& Number(std::size_t number) {
+    char buffer[kZtNumberSize];
+    return *this << ZtFormatNumber(number, buffer);
+  }
+
+  Error& m_Error;
+  std::size_t m_iSize = 0;
+};
+
+ZtTextPlace PlaceOf(const ZtFailedText& failed, std::size_t at) {
+  return ZtPlaceFinder(failed.original, failed.form).Find(at);
+}
+
+// ---- Paths --------------------------------------------------------------------------------------
+
+ZtPiece LocalOf(ZtPiece name) {
+  const void* const colon = std::memchr(name.text, ':', name.size);
+  if (!colon) return name;
+  const auto prefix = static_cast<std::size_t>(static_cast<const char*>(colon) - name.text) + 1;
+  return {name.text + prefix, name.size - prefix};
+}
+
+const ZtElementType* RootType(const ZtDocument& document, ZtPiece local) {
+  for (const ZtRoot& root : document.roots) {
+    if (root.name.Is(local)) return &ZtStandardOf(*root.type);
+  }
+  return nullptr;
+}
+
+// The path of what is open around a place. Elements that their parents keep have it as losses and
+// refused values do.
+void SetPath(const ZtFailedText& failed, const ZtOpenElements& open, Error& error) {
+  ZtPath path;
+  const ZtElementType* type = nullptr;
+  for (std::size_t level = 0; level < open.Kept(); ++level) {
+    const ZtPiece name = open.Name(level);
+    if (name.size == 0) break;
+    const ZtPiece local = LocalOf(name);
+    if (level == 0) {
+      type = RootType(failed.document, local);
+      path.Push("/", type ? local : name);
+      continue;
+    }
+    const ZtNameId id = ZtNameId::Of(local);
+    const ZtField* const row = type ? ZtFindChild(*type, id) : nullptr;
+    const ZtChoice* const choice = type && !row ? ZtFindChoice(*type, id) : nullptr;
+    const std::size_t index = open.Index(level);
+    const bool isOne = row ? ZtIsSingle(*row) : !choice && index == 1;
+    path.Push("/", row || choice ? local : name, isOne ? 0 : index);
+    const ZtElementType* const own = row      ? row->IsObject() ? row->detail.type : nullptr
+                                     : choice ? choice->type
+                                              : nullptr;
+    type = own ? &ZtStandardOf(*own) : nullptr;
+  }
+  std::memcpy(error.path, path.Text(), __strlen(path.Text()) + 1);
+}
+
+ZtTagEnds EndsOf(const ZtFailedText& failed) {
+  return failed.isStandard ? ZtTagEnds::kAsXml : ZtTagEnds::kFirst;
+}
+
+// Where the error is, with its path; the sentence is to follow.
+Sentence& Place(Sentence& sentence, Error& error, const ZtFailedText& failed, std::size_t at) {
+  SetPath(failed, ZtOpenElements(failed.text, EndsOf(failed), at), error);
+  return sentence.At(PlaceOf(failed, at)).Begin();
+}
+
+// ---- Markup -------------------------------------------------------------------------------------
+
+// What a fault is called where there is nothing special to say: its sentence as part of another.
+void Plain(Sentence& sentence, const char* text) {
+  const auto isCapital = [](char c) { return c >= 'A' && c <= 'Z'; };
+  const bool isWord = isCapital(text[0]) && !isCapital(text[1]);
+  const char first = isWord ? static_cast<char>(text[0] | 0x20) : text[0];
+  sentence << ZtPiece(&first, 1) << ZtPiece(text + 1, __strlen(text) - 2);  // without its full stop
+}
+void Plain(Sentence& sentence, ZtXmlFault fault) { Plain(sentence, ZtFaultText(fault)); }
+
+void EndTag(Sentence& sentence, const ZtFailedText& failed, std::size_t at,
+            const ZtOpenElements& open) {
+  const char* const name = failed.text.text + at + 2;
+  const char* const close =
+      ZtFind(const_cast<char*>(name), '>', failed.text.text + failed.text.size);
+  sentence << "the end tag </";
+  sentence.Quote({name, close ? static_cast<std::size_t>(close - name) : 0}) << ">";
+  if (open.Depth() == 0) {
+    sentence << " closes nothing";
+    return;
+  }
+  sentence << " where </";
+  sentence.Quote(ZtNameInTag(failed.text, open.Innermost()))
+      << "> is expected (opened at " << PlaceOf(failed, open.Innermost()) << ")";
+}
+
+// An open element at the end of the text.
+void NotClosed(Sentence& sentence, const ZtFailedText& failed, const ZtOpenElements& open) {
+  sentence << "<";
+  sentence.Quote(ZtNameInTag(failed.text, open.Innermost()))
+      << "> is not closed (opened at " << PlaceOf(failed, open.Innermost()) << ")";
+}
+
+// Within a start tag at `tag`.
+void InTag(Sentence& sentence, const ZtFailedText& failed, ZtXmlFault fault, std::size_t at,
+           std::size_t tag) {
+  const ZtPiece text = failed.text;
+  const ZtPiece attribute = ZtLastAttribute(text, tag, at);
+  const char before = at ? text.text[at - 1] : '\0';
+  const bool isAfterValue = attribute.size && (before == '"' || before == '\'');
+  switch (attribute.size ? fault : ZtXmlFault::kNone) {
+    case ZtXmlFault::kNoQuote:
+      sentence << "the value of the attribute ";
+      sentence.Quote(attribute) << " has no quotes";
+      return;
+    case ZtXmlFault::kNoEquals:
+      sentence << "the attribute ";
+      sentence.Quote(attribute) << " has no value";
+      return;
+    case ZtXmlFault::kLessThanInValue:
+      sentence << "'<' in the value of the attribute ";
+      sentence.Quote(attribute) << ": its closing quote may be missing";
+      return;
+    case ZtXmlFault::kBadTag:
+    case ZtXmlFault::kBadName:
+      if (!isAfterValue) break;
+      if (text.text[at] == before) {
+        sentence << "a second quote after the value of the attribute ";
+        sentence.Quote(attribute);
+      } else {
+        sentence << "a blank is expected after the value of the attribute ";
+        sentence.Quote(attribute);
+      }
+      return;
+    default:
+      break;
+  }
+  Plain(sentence, fault);
+}
+
+void CutShort(Sentence& sentence, const ZtFailedText& failed, std::size_t from) {
+  const char* const at = failed.text.text + from;
+  if (*at != '<') {
+    sentence << "the text ends within a reference";
+  } else if (at[1] == '!' || at[1] == '?') {
+    sentence << "the text ends within a comment, a section or an instruction";
+  } else {
+    sentence << (at[1] == '/' ? "the text ends within the end tag </"
+                              : "the text ends within the tag <");
+    sentence.Quote(ZtNameInTag(failed.text, from));
+  }
+}
+
+Code CodeOf(ZtXmlFault fault) {
+  switch (fault) {
+    case ZtXmlFault::kNoElement:
+    case ZtXmlFault::kNotClosed:
+    case ZtXmlFault::kCutShort:
+      return Code::kIncomplete;
+    case ZtXmlFault::kInternalSubset:
+      return Code::kRefused;
+    case ZtXmlFault::kTooLarge:
+      return Code::kTooLong;
+    default:
+      return Code::kMalformed;
+  }
+}
+
+// The start of the tag that `at` lies in.
+std::size_t TagAt(ZtPiece text, std::size_t at) {
+  while (at && text.text[at] != '<') --at;
+  return at;
+}
+
+}  // namespace
+
+const char* ztxml::NameOf(Code code) {
+  switch (code) {
+    case Code::kNone:
+      return "";
+    case Code::kNoMemory:
+      return "no memory";
+    case Code::kMalformed:
+      return "malformed";
+    case Code::kIncomplete:
+      return "incomplete";
+    case Code::kEncoding:
+      return "encoding";
+    case Code::kWrongRoot:
+      return "wrong root";
+    case Code::kRefused:
+      return "refused";
+    case Code::kMissingValue:
+      return "missing value";
+    case Code::kTooLong:
+      return "too long";
+  }
+  return "";
+}
+
+void ZtExplain(Error& error, Code code, Stage stage, const char* sentence, const char* path) {
+  Sentence(error, code, stage).In(path).Begin() << sentence;
+}
+
+void ZtExplainNoMemory(Error& error, Stage stage) {
+  ZtExplain(error, Code::kNoMemory, stage, "memory is lacking");
+}
+
+void ZtExplainEncoding(Error& error, const ZtFailedText& failed, ZtEncodingFault fault,
+                       std::size_t at) {
+  const bool isCharacter = fault == ZtEncodingFault::kBadCharacter;
+  Sentence sentence(error, isCharacter ? Code::kMalformed : Code::kEncoding, Stage::kDecoding);
+  sentence.At(PlaceOf(failed, at)).Begin();
+  if (fault == ZtEncodingFault::kUnknown) {
+    // The name in the declaration stands in single bytes.
+    const char* const name = failed.original.text + failed.form.mark.size + at;
+    const char* const end = failed.original.text + failed.original.size;
+    const char* stop = name;
+    while (stop < end && *stop != '"' && *stop != '\'' && *stop > ' ') ++stop;
+    sentence << "the encoding ";
+    sentence.Quote({name, static_cast<std::size_t>(stop - name)}) << " is not supported";
+    return;
+  }
+  Plain(sentence, ZtFaultText(fault));
+}
+
+void ZtExplainXml(Error& error, const ZtFailedText& failed, const ZtXmlError& fault) {
+  if (fault.fault == ZtXmlFault::kOutOfMemory) return ZtExplainNoMemory(error, Stage::kParsing);
+  Sentence sentence(error, CodeOf(fault.fault), Stage::kParsing);
+  const ZtPiece text = failed.text;
+  std::size_t at = fault.at;
+  if (fault.fault == ZtXmlFault::kCutShort && fault.other != ZtXmlError::kNowhere) {
+    at = fault.other;
+    // Of a text the place is the reference in it.
+    if (text.text[at] != '<') {
+      for (at = text.size; at > fault.other && text.text[at] != '&';) --at;
+    }
+  }
+  Place(sentence, error, failed, at);
+  switch (fault.fault) {
+    case ZtXmlFault::kBadMarkup:
+      if (std::strncmp(text.text + at, "</", 2) != 0) return Plain(sentence, fault.fault);
+      [[fallthrough]];
+    case ZtXmlFault::kWrongEndTag:
+      return EndTag(sentence, failed, at, ZtOpenElements(text, ZtTagEnds::kAsXml, at));
+    case ZtXmlFault::kNotClosed:
+      return NotClosed(sentence, failed, ZtOpenElements(text, ZtTagEnds::kAsXml, text.size));
+    case ZtXmlFault::kCutShort:
+      return CutShort(sentence, failed, at);
+    case ZtXmlFault::kNoQuote:
+    case ZtXmlFault::kNoEquals:
+    case ZtXmlFault::kBadTag:
+    case ZtXmlFault::kBadName:
+      return InTag(sentence, failed, fault.fault, at, TagAt(text, at));
+    case ZtXmlFault::kLessThanInValue:
+      return InTag(sentence, failed, fault.fault, at, TagAt(text, at ? at - 1 : 0));
+    case ZtXmlFault::kAttributeTwice:
+      sentence << "the element has the attribute ";
+      sentence.Quote({text.text + at, std::strcspn(text.text + at, "= \t\r\n")}) << " twice";
+      if (fault.other != ZtXmlError::kNowhere) {
+        sentence << " (first at " << PlaceOf(failed, fault.other) << ")";
+      }
+      return;
+    case ZtXmlFault::kUnboundPrefix:
+      sentence << "no namespace is bound to the prefix ";
+      sentence.Quote({text.text + at, std::strcspn(text.text + at, ":")});
+      return;
+    case ZtXmlFault::kUndefinedEntity:
+      sentence << "the entity ";
+      sentence.Quote({text.text + at, std::strcspn(text.text + at, ";") + 1}) << " is not defined";
+      return;
+    default:
+      return Plain(sentence, fault.fault);
+  }
+}
+
+namespace {
+
+// What XML allows and the parser of the exact profile takes for something else; null for nothing.
+// `at` becomes its place.
+const char* NotSupported(const ZtFailedText& failed, std::size_t& at) {
+  ZtRawTag tag;
+  for (ZtTagWalk walk(failed.text, ZtTagEnds::kFirst); walk.Next(tag) && tag.from <= at;) {
+    const char* const name = failed.text.text + tag.from + 1;
+    if (*name != '!' || std::strncmp(name, "!--", 3) == 0) continue;
+    at = tag.from;
+    return name[1] == '[' ? "CDATA sections are read in the standard profile only"
+                          : "document types are read in the standard profile only";
+  }
+  return nullptr;
+}
+
+bool IsUtf16(ZtPiece text) {
+  return text.size >= 2 &&
+         (std::memcmp(text.text, "\xff\xfe", 2) == 0 || std::memcmp(text.text, "\xfe\xff", 2) == 0);
+}
+
+// Why the tag at `tag` ends the exact profile's reading, `code` and `at` with it. Null: its
+// attributes are to be looked at.
+const char* WhyNoTag(const ZtFailedText& failed, std::size_t tag, std::size_t depth, Code& code) {
+  const char* const name = failed.text.text + tag + 1;
+  code = Code::kRefused;
+  if (*name == '?') {
+    return depth ? "a processing instruction inside of the root element is read in the standard "
+                   "profile only"
+                 : "'?>' is expected where the processing instruction has its first '>'";
+  }
+  return std::strncmp(name, "!--", 3) == 0 ? "'-->' is expected where the comment has its first '>'"
+                                           : nullptr;
+}
+
+}  // namespace
+
+void ZtExplainParser(Error& error, const ZtFailedText& failed, std::size_t at) {
+  const ZtPiece text = failed.text;
+  if (IsUtf16(failed.original)) {
+    Sentence sentence(error, Code::kEncoding, Stage::kDecoding);
+    sentence.At({}).Begin() << "UTF-16 is read in the standard profile only";
+    return;
+  }
+  if (const char* why = NotSupported(failed, at)) {
+    Sentence sentence(error, Code::kRefused, Stage::kParsing);
+    SetPath(failed, ZtOpenElements(text, ZtTagEnds::kAsXml, at), error);
+    sentence.At(PlaceOf(failed, at)).Begin() << why;
+    return;
+  }
+  const ZtOpenElements open(text, ZtTagEnds::kFirst, at);
+  const bool hasTag = at < text.size && text.text[at] == '<';
+  const bool hasEnd =
+      hasTag && ZtFind(const_cast<char*>(text.text) + at, '>', text.text + text.size);
+  if (!hasEnd && (hasTag || open.Depth())) {
+    Sentence sentence(error, Code::kIncomplete, Stage::kParsing);
+    Place(sentence, error, failed, at);
+    return hasTag ? CutShort(sentence, failed, at) : NotClosed(sentence, failed, open);
+  }
+  if (!hasEnd) {
+    const std::size_t blank = std::strspn(text.text, " \t\r\n");
+    const bool isText = blank < text.size && text.text[blank] != '<';
+    Sentence sentence(error, isText ? Code::kMalformed : Code::kIncomplete, Stage::kParsing);
+    Place(sentence, error, failed, isText ? blank : at);
+    return Plain(sentence, isText ? ZtXmlFault::kTextBeforeRoot : ZtXmlFault::kNoElement);
+  }
+  if (text.text[at + 1] == '/') {
+    Sentence sentence(error, Code::kMalformed, Stage::kParsing);
+    Place(sentence, error, failed, at);
+    return EndTag(sentence, failed, at, open);
+  }
+  Code code = Code::kMalformed;
+  if (const char* why = WhyNoTag(failed, at, open.Depth(), code)) {
+    Sentence sentence(error, code, Stage::kParsing);
+    Place(sentence, error, failed, at) << why;
+    return;
+  }
+  // The parser has seen the tag up to its first '>'.
+  const char* const close = ZtFind(const_cast<char*>(text.text) + at, '>', text.text + text.size);
+  const auto size = static_cast<std::size_t>(close + 1 - text.text);
+  ZtXmlError fault = ZtFaultInTag({text.text, size}, at);
+  // A tag in which nothing is wrong can only have failed for lack of memory.
+  if (fault.fault == ZtXmlFault::kNone) return ZtExplainNoMemory(error, Stage::kParsing);
+  const bool isInValue = fault.fault == ZtXmlFault::kCutShort;
+  if (isInValue) fault = ZtFaultInTag(text, at);
+  const bool isXml = fault.fault == ZtXmlFault::kNone;
+  Sentence sentence(error, isXml ? Code::kRefused : CodeOf(fault.fault), Stage::kParsing);
+  const std::size_t place = isXml ? size - 1 : fault.at;
+  Place(sentence, error, failed, place);
+  if (!isXml) return InTag(sentence, failed, fault.fault, place, at);
+  sentence << "'>' in the value of the attribute ";
+  sentence.Quote(ZtLastAttribute(text, at, size)) << " is read in the standard profile only";
+}
+
+void ZtExplainSlash(Error& error, const ZtFailedText& failed, std::size_t at) {
+  Sentence sentence(error, Code::kRefused, Stage::kBinding);
+  Place(sentence, error, failed, at) << "the name of a start tag begins with a slash";
+}
+
+void ZtExplainRoot(Error& error, const ZtFailedText& failed, ZtPiece uri) {
+  const ZtDocument& document = failed.document;
+  ZtRawTag tag;
+  ZtTagWalk walk(failed.text, EndsOf(failed));
+  bool found = true;
+  do {
+    found = walk.Next(tag);
+  } while (found && !tag.Opens());
+  Sentence sentence(error, Code::kWrongRoot, Stage::kBinding);
+  Place(sentence, error, failed, tag.from) << "the root element is <";
+  sentence.Quote(tag.name) << ">";
+  if (!RootType(document, LocalOf(tag.name))) {
+    const char* sign = ", not <";
+    for (const ZtRoot& root : document.roots) {
+      sentence << sign << root.name.Piece() << ">";
+      sign = " or <";
+    }
+  } else if (failed.isStandard) {
+    sentence << (uri.size ? " in the namespace " : " in no namespace");
+    if (uri.size) sentence.Quote(uri);
+    if (document.info.nameSpace) sentence << ", not in " << document.info.nameSpace;
+  } else if (document.prefixes == ZtPrefixRule::kExact) {
+    sentence << ": the exact profile takes no prefix off this document's names";
+  } else {
+    sentence << ": its prefix is bound to no namespace that this document knows";
+  }
+}
