@@ -34,7 +34,8 @@ struct ZtReadOptions {
   void* context = nullptr;         // the handler's
   ZtPiece original = nullptr;      // the document as it came, for the places of losses
   ZtTextForm form = {};
-  bool makes = true;  // false: no tree is made, only losses are told
+  bool makes = true;                    // false: no tree is made, only losses are told
+  const ZtElementType* root = nullptr;  // the only type that the root may be of, null for any
 };
 
 class ZtStandardReader {

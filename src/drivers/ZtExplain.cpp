@@ -453,9 +453,11 @@ void ZtExplainRoot(Error& error, const ZtFailedText& failed, ZtPiece uri) {
   Sentence sentence(error, Code::kWrongRoot, Stage::kBinding);
   Place(sentence, error, failed, tag.from) << "the root element is <";
   sentence.Quote(tag.name) << ">";
-  if (!RootType(document, LocalOf(tag.name))) {
+  const ZtElementType* const type = RootType(document, LocalOf(tag.name));
+  if (!type || (failed.type && type != &ZtStandardOf(*failed.type))) {
     const char* sign = ", not <";
     for (const ZtRoot& root : document.roots) {
+      if (failed.type && root.type != failed.type) continue;
       sentence << sign << root.name.Piece() << ">";
       sign = " or <";
     }

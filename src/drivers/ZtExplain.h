@@ -16,6 +16,7 @@ struct ZtFailedText {
   // In UTF-8, with a NUL after it; null when the bytes could not be decoded.
   ZtPiece text = nullptr;
   bool isStandard = true;
+  const ZtElementType* type = nullptr;  // that of the root which is wanted; null: any
 };
 
 // Of the standard profile.

@@ -76,8 +76,8 @@ bool Keep(ZtPiece text, const ZtFailedText& from, ZtArena& arena, ZtSourceText*&
 }  // namespace
 
 XMLElement* ZtReadStandard(const ZtDocument& document, const ZtSettings& settings, ZtPiece text,
-                           ztxml::Error* error, bool makes) {
-  ZtFailedText failed = {document, text, {}};
+                           ztxml::Error* error, bool makes, const ZtElementType* type) {
+  ZtFailedText failed = {document, text, {}, nullptr, true, type};
   const Refusal refusal(failed, error);
   std::size_t at = 0;
   ZtEncodingFault fault = ZtFindForm(text, failed.form, at);
@@ -99,6 +99,7 @@ XMLElement* ZtReadStandard(const ZtDocument& document, const ZtSettings& setting
   ZtReadOptions options;
   options.form = failed.form;
   options.makes = makes;
+  options.root = type;
   options.lost = settings.lost;
   options.context = settings.lostContext;
   options.original = text;

@@ -7,10 +7,11 @@
 #include "binding/ZtDocumentTable.h"
 #include "ztxml/XMLContext.h"
 
-// The root of `text`, the caller's, or null. Without `makes` nothing is made, logged or said:
-// only losses are told.
+// The root of `text`, the caller's, or null; an object of `type` unless that is null. Without
+// `makes` nothing is made, logged or said: only losses are told.
 XMLElement* ZtReadStandard(const ZtDocument& document, const ZtSettings& settings, ZtPiece text,
-                           ztxml::Error* error, bool makes = true);
+                           ztxml::Error* error, bool makes = true,
+                           const ZtElementType* type = nullptr);
 // Appends the document; false when it cannot be written.
 bool ZtWriteStandard(const ZtDocument& document, const XMLElement& root, ZtBuffer& to,
                      ztxml::Error* error);
