@@ -268,9 +268,10 @@ char* SimservsMarshaller::InsertString(char* envelope, const char* services) {
 
 XMLElement* SimservsUnMarshaller::UnMarshall(const char* xml) {
   if (IsStandard()) return ZtUnMarshaller::UnMarshall(xml);
-  if (xml) TellLosses(xml);
-  char* text = xml ? __strdup(xml) : nullptr;
-  if (xml && !text) {
+  if (!Begin(xml)) return nullptr;
+  TellLosses(xml);
+  char* text = __strdup(xml);
+  if (!text) {
     ZtLog(kZtLogError, kSource)("<XML Module>: StrDup failed in SimservsUnMarshaller::UnMarshall");
   }
   return ReadCopy(text);
@@ -279,15 +280,16 @@ XMLElement* SimservsUnMarshaller::UnMarshall(const char* xml) {
 XMLElement* SimservsUnMarshaller::UnMarshall(XMLFile* file) {
   if (IsStandard()) return ZtUnMarshaller::UnMarshall(file);
   const char* xml = file ? file->Read() : nullptr;
-  if (xml) TellLosses(xml);
-  return ReadCopy(xml ? __strdup(xml) : nullptr);
+  if (!Begin(xml)) return nullptr;
+  TellLosses(xml);
+  return ReadCopy(__strdup(xml));
 }
 
 XMLElement* SimservsUnMarshaller::UnMarshall(const char* text, std::size_t size) {
   if (IsStandard()) return ZtUnMarshaller::UnMarshall(text, size);
-  if (!text || std::memchr(text, '\0', size)) return nullptr;
+  if (!Begin(text) || HasNul({text, size})) return nullptr;
   auto* const copy = static_cast<char*>(__malloc(size + 1));
-  if (!copy) return nullptr;
+  if (!copy) return Ended(nullptr);
   std::memcpy(copy, text, size);
   copy[size] = '\0';
   TellLosses({copy, size});
@@ -295,10 +297,9 @@ XMLElement* SimservsUnMarshaller::UnMarshall(const char* text, std::size_t size)
 }
 
 XMLElement* SimservsUnMarshaller::ReadCopy(char* text) {
-  if (!text) return nullptr;
-  XMLElement* root = validateXML(text) ? ReadCut(text) : nullptr;
+  XMLElement* root = text && validateXML(text) ? ReadCut(text) : nullptr;
   __free(text);
-  return root;
+  return Ended(root);
 }
 
 int SimservsUnMarshaller::validateXML(char* text) {
