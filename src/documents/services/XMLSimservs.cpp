@@ -1,9 +1,12 @@
 #include "ztxml/XMLSimservs.h"
 
+#include <utility>
+
 #include "base/ZtBuffer.h"
 #include "base/ZtLog.h"
 #include "documents/services/ElementCutter.h"
 #include "documents/services/SimservBinding.h"
+#include "drivers/ZtExplain.h"
 #include "ztxml/XMLCommunicationBarring.h"
 #include "ztxml/XMLCommunicationDiversion.h"
 #include "ztxml/XMLCommunicationWaiting.h"
@@ -274,7 +277,7 @@ XMLElement* SimservsUnMarshaller::UnMarshall(const char* xml) {
   if (!text) {
     ZtLog(kZtLogError, kSource)("<XML Module>: StrDup failed in SimservsUnMarshaller::UnMarshall");
   }
-  return ReadCopy(text);
+  return ReadCopy(xml, text);
 }
 
 XMLElement* SimservsUnMarshaller::UnMarshall(XMLFile* file) {
@@ -282,7 +285,7 @@ XMLElement* SimservsUnMarshaller::UnMarshall(XMLFile* file) {
   const char* xml = file ? file->Read() : nullptr;
   if (!Begin(xml)) return nullptr;
   TellLosses(xml);
-  return ReadCopy(__strdup(xml));
+  return ReadCopy(xml, __strdup(xml));
 }
 
 XMLElement* SimservsUnMarshaller::UnMarshall(const char* text, std::size_t size) {
@@ -293,11 +296,12 @@ XMLElement* SimservsUnMarshaller::UnMarshall(const char* text, std::size_t size)
   std::memcpy(copy, text, size);
   copy[size] = '\0';
   TellLosses({copy, size});
-  return ReadCopy(copy);
+  return ReadCopy({text, size}, copy);
 }
 
-XMLElement* SimservsUnMarshaller::ReadCopy(char* text) {
-  XMLElement* root = text && validateXML(text) ? ReadCut(text) : nullptr;
+// `text` is a copy of `xml`, null without memory.
+XMLElement* SimservsUnMarshaller::ReadCopy(ZtPiece xml, char* text) {
+  XMLElement* root = text && validateXML(text) ? ReadCut(xml, text) : nullptr;
   __free(text);
   return Ended(root);
 }
@@ -355,14 +359,24 @@ bool ReadServices(const Service& service, const ZtElementCutter& cutter,
 
 }  // namespace
 
-XMLElement* SimservsUnMarshaller::ReadCut(char* text) {
+XMLElement* SimservsUnMarshaller::ReadCut(ZtPiece xml, char* text) {
   ZtElementCutter cutters[kServiceCount];
   for (std::size_t i = 0; i < kServiceCount; ++i) {
     if (!Cut(kServices[i], text, cutters[i])) return nullptr;
   }
   if (!*text) ZtLog(kZtLogTrace, kSource)("<XML Module>: XML Decode Failed pstring NULL");
+  // What is left was parsed with the services: it is the root that does not fit.
   XMLElement* parsed = nullptr;
-  if (!Parse(text, parsed) || !parsed) return nullptr;
+  ztxml::Error error;
+  ztxml::Error* const asked = std::exchange(m_pError, &error);
+  Parse(text, parsed);
+  m_pError = asked;
+  if (!parsed) {
+    if (asked && error.code > ztxml::Code::kNoMemory) {
+      ZtExplainRoot(*asked, {Document(), xml, {}, xml, false});
+    }
+    return nullptr;
+  }
   ServiceNamespaces namespaces(zt_schema_namespace_retrieval::From(NamespaceBinder()));
   Contexts contexts(namespaces.Binder());
   for (std::size_t i = 0; i < kServiceCount; ++i) {
