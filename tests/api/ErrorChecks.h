@@ -7,6 +7,7 @@
 #include <string>
 
 #include "Require.h"
+#include "text/ZtEncoding.h"
 #include "ztxml/XMLFactory.h"
 #include "ztxml/ZtDocument.h"
 
@@ -50,9 +51,10 @@ inline void CheckError(const ztxml::Error& error, const std::string& text, bool 
   if (error.code == Code::kNoMemory) return;
   const std::string said = std::string(error.Text()) + "\nof " + text;
   Require(std::string(error.Text()).size() < ztxml::Error::kTextRoom - 1, "it fits", said);
-  if (text.find('\0') != std::string::npos) return;  // not read by places of characters
+  Require(error.line && error.column, "it has a place", said);
+  if (!ZtIsXmlText({text.data(), text.size()})) return;  // what is a character there is open
   const std::size_t at = OffsetOf(text, error.line, error.column);
-  Require(error.line && error.column && at <= text.size(), "its place is in the text", said);
+  Require(at <= text.size(), "its place is in the text", said);
   const bool isFault = error.code == Code::kMalformed || error.code == Code::kIncomplete;
   const ExpatVerdict plain(text, false);
   if (!isStandard) {
