@@ -25,6 +25,7 @@ class ZT_API ZtSingleElementList : public ZtNonCopyable {
   friend class ZtOwnedList;
   template <class T>
   friend class ZtEntries;
+  friend class ZtSplice;
 
  public:
   ZtSingleElementList();

@@ -13,6 +13,7 @@
 #include <cstring>
 #include <limits>
 #include <optional>
+#include <utility>
 
 #include "ztxml/XMLElement.h"
 #include "ztxml/XMLList.h"
@@ -46,6 +47,16 @@ class ZT_API ZtText {
   int Assign(const char* text);
   const char* Get() const { return m_pText; }
   ZtPiece Piece() const { return {m_pText, m_iSize}; }
+  /// Exchanges two texts. One that is borrowed must live on with the other object.
+  void Swap(ZtText& other) {
+    std::swap(m_pText, other.m_pText);
+    const std::size_t size = m_iSize;
+    const std::size_t copy = m_bCopy;
+    m_iSize = other.m_iSize;
+    m_bCopy = other.m_bCopy & 1U;
+    other.m_iSize = size & kMostSize;
+    other.m_bCopy = copy & 1U;
+  }
 
  private:
   static constexpr unsigned kSizeBits = 8 * sizeof(std::size_t) - 1;
@@ -130,6 +141,8 @@ class ZT_API ZtChild {
   /// As Set, but false when `child` has another owner.
   bool Take(XMLElement* child);
   XMLElement* Get() const { return m_pChild; }
+  /// Exchanges two children.
+  void Swap(ZtChild& other) { std::swap(m_pChild, other.m_pChild); }
   /// Converts to what a getter returns: a type that this child always has.
   template <class T>
   operator T*() const {  // NOLINT(google-explicit-constructor)
@@ -158,6 +171,8 @@ class ZT_API ZtOwnedList {
   /// the heap).
   int Add(Item* item, const char* source = "src/XMLList", ZtArena* arena = nullptr);
   ZtSingleElementList* Get() const { return m_pList; }
+  /// Exchanges two lists.
+  void Swap(ZtOwnedList& other) { std::swap(m_pList, other.m_pList); }
   /// Converts to what a getter returns: the list, typed by its entries.
   template <class T>
   operator ZtListOf<T>*() const {  // NOLINT(google-explicit-constructor)

@@ -24,6 +24,11 @@ class ZtBuffer {
   }
   void Append(char c) { Append({&c, 1}); }
   void Cut(std::size_t size) { m_iSize = size; }
+  // Empty, and nothing has failed.
+  void Clear() {
+    m_iSize = 0;
+    m_bNoMemory = m_bTooLong = false;
+  }
 
   std::size_t Size() const { return m_iSize; }
   const char* Text() const { return m_pText; }

@@ -10,6 +10,7 @@
 #include "base/ZtMemory.h"
 #include "binding/ZtNames.h"
 #include "binding/ZtSpaces.h"
+#include "binding/ZtTelling.h"
 #include "ztxml/XMLValueTypes.h"
 #include "ztxml/ZtElement.h"
 #include "ztxml/ZtPiece.h"
@@ -456,6 +457,13 @@ struct ZtExtras {
   const ZtFlag* flag = nullptr;  // the presence of the element is its value
   // The type as the standard profile has it, where its rows are others or in another order.
   const ZtElementType* standard = nullptr;
+  const ZtTelling* telling = nullptr;
+
+  constexpr ZtExtras Tells(const ZtTelling& how) const {
+    ZtExtras extras = *this;
+    extras.telling = &how;
+    return extras;
+  }
 };
 inline constexpr ZtExtras kZtNoExtras = {};
 constexpr ZtExtras ZtExtrasOf(const ZtFlag& flag) { return {{}, nullptr, nullptr, nullptr, &flag}; }

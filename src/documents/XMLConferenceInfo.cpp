@@ -41,8 +41,27 @@ constexpr ZtEnumTable kDisconnectionMethods = {kDisconnectionSlots, 4, 4, ZT_DIS
 constexpr ZtEnumSlot kMediaSlots[] = {"recvonly", "sendonly", "sendrecv", "inactive"};
 constexpr ZtEnumTable kMediaStatuses = {kMediaSlots, 4, 4, ZT_MEDIA_STATUS_ABSENT, true};
 
+// ---- What notifications tell (RFC 4575, sections 4.4 and 4.5) -----------------------------------
+
+constexpr ZtTelling kConferenceTelling =
+    ZtKeyed(XML_STR_ENTITY, XML_STR_STATE).Versions(XML_STR_VERSION, false);
+constexpr ZtTelling kByState = ZtKeyed(XML_STR_ZT_NULL, XML_STR_STATE);
+constexpr ZtTelling kByEntityAndState = ZtKeyed(XML_STR_ENTITY, XML_STR_STATE);
+constexpr ZtTelling kById = ZtKeyed(XML_STR_ID);
+constexpr ZtTelling kByUri = ZtKeyed(XML_STR_URI);
+constexpr ZtExtras kPartial = kZtNoExtras.Tells(kByState);  // users, lists of URIs, sidebars
+constexpr ZtExtras kMember = kZtNoExtras.Tells(kByEntityAndState);  // users and their endpoints
+constexpr ZtExtras kMedium = kZtNoExtras.Tells(kById);
+constexpr ZtExtras kUri = kZtNoExtras.Tells(kByUri);
+
 constexpr ZtExtras kNamespace = {
-    {{XML_STR_URN_IETF_PARAMS_XML_NS_CONFERENCE_INFO, XML_STR_ZT_NULL}}};
+    {{XML_STR_URN_IETF_PARAMS_XML_NS_CONFERENCE_INFO, XML_STR_ZT_NULL}},
+    nullptr,
+    nullptr,
+    nullptr,
+    nullptr,
+    nullptr,
+    &kConferenceTelling};
 }  // namespace
 
 namespace {
@@ -79,7 +98,8 @@ const ZtElementType zt_execution_type::kType = {
      ztrow::TextElement(XML_STR_BY, &zt_execution_type::m_By), kZtOthers}};
 const ZtElementType zt_uri_type::kType = {
     ZtTypeOf<zt_uri_type>("zt_uri_type", "entry", kFamily)
-        .Writer(XML_STR_ENTRY, "AddUriTypeElementToXml"),
+        .Writer(XML_STR_ENTRY, "AddUriTypeElementToXml")
+        .With(kUri),
     {kZtExtras, ztrow::TextElement(XML_STR_URI, &zt_uri_type::m_Uri).Must(),
      ztrow::TextElement(XML_STR_DISPLAY_TEXT, &zt_uri_type::m_DisplayText).FreeText(),
      ztrow::TextElement(XML_STR_PURPOSE, &zt_uri_type::m_Purpose).FreeText(),
@@ -87,7 +107,8 @@ const ZtElementType zt_uri_type::kType = {
      kZtOthers}};
 const ZtElementType zt_uris_type::kType = {
     ZtTypeOf<zt_uris_type>("zt_uris_type", "uris", kFamily)
-        .Writer(XML_STR_URIS, "AddUrisTypeElementToXml"),
+        .Writer(XML_STR_URIS, "AddUrisTypeElementToXml")
+        .With(kPartial),
     {StateRow(&zt_uris_type::m_State), kZtExtras,
      ztrow::Children(XML_STR_ENTRY, &zt_uris_type::m_Entries, zt_uri_type::kType)
          .NoteFailed("<XML Module>: AddUrisTypeElementToXml tempNum: %d"),
@@ -170,7 +191,8 @@ const ZtElementType zt_call_type::kType = {
      kZtOthers}};
 const ZtElementType zt_media_type::kType = {
     ZtTypeOf<zt_media_type>("zt_media_type", "media", kFamily)
-        .Writer(XML_STR_MEDIA, "AddMediaElementToXml"),
+        .Writer(XML_STR_MEDIA, "AddMediaElementToXml")
+        .With(kMedium),
     {ztrow::Attribute(XML_STR_ID, &zt_media_type::m_Id)
          .FreeText()
          .Required("<XML Module>: AddMediaElementToXml: id attribute mandatory", kZtLogError),
@@ -181,7 +203,8 @@ const ZtElementType zt_media_type::kType = {
      ztrow::TextElement(XML_STR_STATUS, &zt_media_type::m_Status, kMediaStatuses), kZtOthers}};
 const ZtElementType zt_endpoint_type::kType = {
     ZtTypeOf<zt_endpoint_type>("zt_endpoint_type", "endpoint", kFamily)
-        .Writer(XML_STR_ENDPOINT, "AddEndPointElementToXml"),
+        .Writer(XML_STR_ENDPOINT, "AddEndPointElementToXml")
+        .With(kMember),
     {StateRow(&zt_endpoint_type::m_State),
      ztrow::Attribute(XML_STR_ENTITY, &zt_endpoint_type::m_Entity).FreeText(), kZtExtras,
      ztrow::TextElement(XML_STR_DISPLAY_TEXT, &zt_endpoint_type::m_DisplayText).FreeText(),
@@ -202,7 +225,8 @@ const ZtElementType zt_user_type::kType = {
     ZtTypeOf<zt_user_type>("zt_user_type", "user", kFamily)
         // Intended: log lines call the writer of a user "AddUserElementToXkjml"; log readers search
         // for it.
-        .Writer(XML_STR_USER, "AddUserElementToXkjml"),
+        .Writer(XML_STR_USER, "AddUserElementToXkjml")
+        .With(kMember),
     {StateRow(&zt_user_type::m_State), ztrow::Attribute(XML_STR_ENTITY, &zt_user_type::m_Entity),
      kZtExtras, ztrow::TextElement(XML_STR_DISPLAY_TEXT, &zt_user_type::m_DisplayText).FreeText(),
      ztrow::Child(XML_STR_ASSOCIATED_AORS, &zt_user_type::m_AssociatedAors, zt_uris_type::kType),
@@ -216,13 +240,15 @@ const ZtElementType zt_user_type::kType = {
 // name.
 const ZtElementType zt_users_type::kType = {
     ZtTypeOf<zt_users_type>("zt_users_type", "users", kFamily)
-        .Writer(XML_STR_USERS, "AddIUsersElementToXml"),
+        .Writer(XML_STR_USERS, "AddIUsersElementToXml")
+        .With(kPartial),
     {StateRow(&zt_users_type::m_State), kZtExtras,
      ztrow::Children(XML_STR_USER, &zt_users_type::m_Users, zt_user_type::kType)
          .NoteFailed("<XML Module>: AddIUsersElementToXml tempNum: %d"),
      kZtOthers}};
 const ZtElementType zt_sidebars_by_val_type::kType = {
-    ZtTypeOf<zt_sidebars_by_val_type>("zt_sidebars_by_val_type", "sidebars-by-val", kFamily),
+    ZtTypeOf<zt_sidebars_by_val_type>("zt_sidebars_by_val_type", "sidebars-by-val", kFamily)
+        .With(kPartial),
     {StateRow(&zt_sidebars_by_val_type::m_State), kZtExtras,
      ztrow::Children(XML_STR_ENTRY, &zt_sidebars_by_val_type::m_Entries, zt_conference_type::kType)
          .NoteFailed("<XML Module>: Add Sidebars_by_val ElementToXml fail @ tempNum: %d"),

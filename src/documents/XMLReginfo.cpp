@@ -39,8 +39,22 @@ constexpr ZtEnumTable kContactStates = {kSlots, 2, 3, 3, true};
 constexpr ZtEnumTable kContactEvents = {kSlots + 2, 9, 10, 10, true};
 constexpr ZtEnumTable kRegistrationStates = {kSlots + 11, 3, 2, 2, true};
 
+// What notifications tell (RFC 3680, section 5.2): rows of contacts in tables of registrations.
+constexpr ZtTelling kReginfoTelling =
+    ZtKeyed(XML_STR_ZT_NULL, XML_STR_STATE).Versions(XML_STR_VERSION, true);
+constexpr ZtTelling kRegistrationTelling = ZtJoined(XML_STR_ID);
+constexpr ZtTelling kContactTelling = ZtKeyed(XML_STR_ID);
+constexpr ZtExtras kRegistration = kZtNoExtras.Tells(kRegistrationTelling);
+constexpr ZtExtras kContact = kZtNoExtras.Tells(kContactTelling);
+
 constexpr ZtExtras kNamespaces = {{{XML_STR_URN_IETF_PARAMS_XML_NS_REGINFO, XML_STR_ZT_NULL},
-                                   {XML_STR_URN_IETF_PARAMS_XML_NS_GRUUINFO, XML_STR_GR}}};
+                                   {XML_STR_URN_IETF_PARAMS_XML_NS_GRUUINFO, XML_STR_GR}},
+                                  nullptr,
+                                  nullptr,
+                                  nullptr,
+                                  nullptr,
+                                  nullptr,
+                                  &kReginfoTelling};
 
 constexpr ZtChoice kGruus[] = {{XML_STR_PUB_GRUU, zt_pub_gruu::kType, XML_STR_GR},
                                {XML_STR_TEMP_GRUU, zt_temp_gruu::kType, XML_STR_GR},
@@ -58,7 +72,8 @@ const ZtElementType zt_unknown_param::kType = {
 // although it fails the document; log readers find the line at that level.
 const ZtElementType zt_ns_reginfo_contact::kType = {
     ZtTypeOf<zt_ns_reginfo_contact>("zt_ns_reginfo_contact", "contact", kFamily)
-        .Writer(XML_STR_CONTACT, "AddReginfoContactElementToXml"),
+        .Writer(XML_STR_CONTACT, "AddReginfoContactElementToXml")
+        .With(kContact),
     {ztrow::Attribute(XML_STR_STATE, &zt_ns_reginfo_contact::m_State, kContactStates)
          .Required("<XML Module>: AddReginfoContactElementToXml state is required", kZtLogOptional),
      ztrow::Attribute(XML_STR_EVENT, &zt_ns_reginfo_contact::m_Event, kContactEvents)
@@ -84,7 +99,8 @@ const ZtElementType zt_ns_reginfo_contact::kType = {
                       "classname: %s")}};
 const ZtElementType zt_registration::kType = {
     ZtTypeOf<zt_registration>("zt_registration", "registration", kFamily)
-        .Writer(XML_STR_REGISTRATION, "AddRegistrationElementToXml"),
+        .Writer(XML_STR_REGISTRATION, "AddRegistrationElementToXml")
+        .With(kRegistration),
     {ztrow::Attribute(XML_STR_AOR, &zt_registration::m_Aor)
          .Required("<XML Module>: AddRegistrationElementToXml aor is required", kZtLogError),
      // Intended: a registration without the required id is written with an empty one instead of

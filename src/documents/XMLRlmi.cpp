@@ -12,7 +12,21 @@ constexpr ZtFamily kFamily = ZtPlainFamily(kSource);
 constexpr ZtEnumSlot kStateSlots[] = {"active", "pending", "terminated"};
 constexpr ZtEnumTable kStates = {kStateSlots, 3, 3, ZT_INSTANCE_STATE_ABSENT, true};
 
-constexpr ZtExtras kNamespace = {{{XML_STR_URN_IETF_PARAMS_XML_NS_RLMI, XML_STR_ZT_NULL}}};
+// What notifications tell (RFC 4662, section 5.6): rows of resources, each whole.
+constexpr ZtTelling kListTelling =
+    ZtKeyed(XML_STR_URI, XML_STR_FULL_STATE).Versions(XML_STR_VERSION, true);
+constexpr ZtTelling kByUri = ZtKeyed(XML_STR_URI);
+constexpr ZtTelling kById = ZtKeyed(XML_STR_ID);
+constexpr ZtExtras kResource = kZtNoExtras.Tells(kByUri);
+constexpr ZtExtras kInstance = kZtNoExtras.Tells(kById);
+
+constexpr ZtExtras kNamespace = {{{XML_STR_URN_IETF_PARAMS_XML_NS_RLMI, XML_STR_ZT_NULL}},
+                                 nullptr,
+                                 nullptr,
+                                 nullptr,
+                                 nullptr,
+                                 nullptr,
+                                 &kListTelling};
 }  // namespace
 
 const ZtElementType zt_name::kType = {
@@ -21,7 +35,8 @@ const ZtElementType zt_name::kType = {
 const ZtElementType zt_instance::kType = {
     ZtTypeOf<zt_instance>("zt_instance", "instance", kFamily)
         .Writer(XML_STR_INSTANCE, "AddInstanceElementToXml")
-        .Starts(ZtStartTag::kEmpty),
+        .Starts(ZtStartTag::kEmpty)
+        .With(kInstance),
     {kZtExtras, ztrow::Attribute(XML_STR_REASON, &zt_instance::m_Reason).FreeText(),
      ztrow::Attribute(XML_STR_CID, &zt_instance::m_Cid).FreeText(),
      ztrow::Attribute(XML_STR_ID, &zt_instance::m_Id)
@@ -32,7 +47,8 @@ const ZtElementType zt_instance::kType = {
      kZtOthers}};
 const ZtElementType zt_resource::kType = {
     ZtTypeOf<zt_resource>("zt_resource", "resource", kFamily)
-        .Writer(XML_STR_RESOURCE, "AddResourceElementToXml"),
+        .Writer(XML_STR_RESOURCE, "AddResourceElementToXml")
+        .With(kResource),
     {kZtExtras,
      ztrow::Attribute(XML_STR_URI, &zt_resource::m_Uri)
          .Required("<XML Module>: AddResourceElementToXml Uri mandatory attribute", kZtLogError),

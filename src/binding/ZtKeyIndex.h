@@ -1,0 +1,112 @@
+// Finds entries of lists by their keys: of any list of a tree in one table, which grows with the
+// entries and is asked in constant time.
+#ifndef ZTXML_SRC_BINDING_ZTKEYINDEX_H
+#define ZTXML_SRC_BINDING_ZTKEYINDEX_H
+
+#include "base/ZtHash.h"
+#include "binding/ZtStandard.h"
+
+// The key of an object, empty when it has none.
+inline ZtPiece ZtKeyOf(const XMLElement& object, const ZtElementType& type) {
+  const ZtNameId key = type.extras->telling->key;
+  const ZtField* row = ZtFindAttribute(type, key);
+  if (!row) row = ZtFindChild(type, key);
+  const ZtPiece text = row ? (object.*row->member.text).Piece() : nullptr;
+  return text.text ? text : ZtPiece("", 0);
+}
+
+class ZtKeyIndex {
+ public:
+  // An entry of the list of `parent`, and the node before its own, null for the first.
+  struct Slot {
+    const XMLElement* parent;  // null: free
+    ZtListNode* node;          // null with a parent: freed
+    ZtListNode* previous;
+    std::uint32_t hash;
+    std::uint32_t round;  // in which it was added
+  };
+
+  ZtKeyIndex() = default;
+  ~ZtKeyIndex() { __free(m_Slots); }
+  ZtKeyIndex(const ZtKeyIndex&) = delete;
+  ZtKeyIndex& operator=(const ZtKeyIndex&) = delete;
+
+  // Makes room for so many more entries; false, and nothing changed, without memory.
+  bool Reserve(std::size_t more) {
+    if (2 * (m_iUsed + more) <= m_iSlots) return true;
+    std::size_t slots = 64;
+    while (slots < 4 * (m_iCount + more)) slots *= 2;
+    auto* const memory = static_cast<Slot*>(__calloc(slots, sizeof(Slot)));
+    if (!memory) return false;
+    Slot* const old = m_Slots;
+    const std::size_t count = m_iSlots;
+    m_Slots = memory;
+    m_iSlots = slots;
+    m_iUsed = m_iCount;
+    for (std::size_t i = 0; i < count; ++i) {
+      if (old[i].node) Free(old[i].hash) = old[i];
+    }
+    __free(old);
+    return true;
+  }
+  std::uint32_t Hash(const XMLElement& parent, ZtPiece key) const {
+    return static_cast<std::uint32_t>(ZtHash(key, ZtSeed(this) ^ ZtSeed(&parent)));
+  }
+  // The first entry of that key, or the entry that `node` is; null when there is none.
+  Slot* Find(const XMLElement& parent, const ZtElementType& type, ZtPiece key,
+             const ZtListNode* node = nullptr) {
+    const std::uint32_t hash = Hash(parent, key);
+    for (std::size_t at = hash; m_iSlots; ++at) {
+      Slot& slot = m_Slots[at & (m_iSlots - 1)];
+      if (!slot.parent) return nullptr;
+      if (!slot.node || slot.hash != hash || slot.parent != &parent) continue;
+      if (node ? slot.node == node : ZtEqual(ZtKeyOf(Entry(slot), type), key)) return &slot;
+    }
+    return nullptr;
+  }
+  Slot* FindNode(const XMLElement& parent, const ZtElementType& type, const ZtListNode* node) {
+    return Find(parent, type, ZtKeyOf(*static_cast<XMLElement*>(node->data), type), node);
+  }
+  // Room was made.
+  void Add(const XMLElement& parent, const ZtElementType& type, ZtListNode* node,
+           ZtListNode* previous) {
+    const auto& entry = *static_cast<XMLElement*>(node->data);
+    const std::uint32_t hash = Hash(parent, ZtKeyOf(entry, type));
+    Slot& slot = Free(hash);
+    if (!slot.parent) ++m_iUsed;
+    slot = {&parent, node, previous, hash, m_iRound};
+    ++m_iCount;
+  }
+  void Remove(Slot& slot) {
+    slot.node = nullptr;
+    --m_iCount;
+  }
+  static XMLElement& Entry(const Slot& slot) { return *static_cast<XMLElement*>(slot.node->data); }
+
+  // All that is added from now on can be taken back, in a time that grows with the table.
+  void BeginRound() { ++m_iRound; }
+  void TakeBack() {
+    for (std::size_t i = 0; i < m_iSlots; ++i) {
+      if (m_Slots[i].node && m_Slots[i].round == m_iRound) Remove(m_Slots[i]);
+    }
+  }
+  void Clear() {
+    for (std::size_t i = 0; i < m_iSlots; ++i) m_Slots[i] = {};
+    m_iUsed = m_iCount = 0;
+  }
+
+ private:
+  Slot& Free(std::uint32_t hash) {
+    std::size_t at = hash;
+    while (m_Slots[at & (m_iSlots - 1)].node) ++at;
+    return m_Slots[at & (m_iSlots - 1)];
+  }
+
+  Slot* m_Slots = nullptr;
+  std::size_t m_iSlots = 0;  // a power of two
+  std::size_t m_iCount = 0;  // entries
+  std::size_t m_iUsed = 0;   // entries and freed slots
+  std::uint32_t m_iRound = 0;
+};
+
+#endif  // ZTXML_SRC_BINDING_ZTKEYINDEX_H
