@@ -1,8 +1,8 @@
 #include "ztxml/ZtState.h"
 
 #include "binding/ZtDocumentTable.h"
-#include "binding/ZtMerger.h"
 #include "drivers/ZtExplain.h"
+#include "drivers/ZtMerger.h"
 
 using ztxml::Merged;
 

@@ -1,4 +1,4 @@
-#include "binding/ZtMerger.h"
+#include "drivers/ZtMerger.h"
 
 #include "model/ZtSplice.h"
 

@@ -1,7 +1,7 @@
 // Merges what a notification tells into the tree of what is known, by the keys and states of the
 // rows. What can fail comes first and changes nothing; what changes the tree cannot fail.
-#ifndef ZTXML_SRC_BINDING_ZTMERGER_H
-#define ZTXML_SRC_BINDING_ZTMERGER_H
+#ifndef ZTXML_SRC_DRIVERS_ZTMERGER_H
+#define ZTXML_SRC_DRIVERS_ZTMERGER_H
 
 #include "base/ZtBuffer.h"
 #include "base/ZtSmallArray.h"
@@ -67,4 +67,4 @@ class ZtMerger {
   bool m_bTooDeep = false;
 };
 
-#endif  // ZTXML_SRC_BINDING_ZTMERGER_H
+#endif  // ZTXML_SRC_DRIVERS_ZTMERGER_H
