@@ -23,7 +23,7 @@ class ZtKeyIndex {
     ZtListNode* node;          // null with a parent: freed
     ZtListNode* previous;
     std::uint32_t hash;
-    std::uint32_t round;  // in which it was added
+    std::uint32_t mark;
   };
 
   ZtKeyIndex() = default;
@@ -31,8 +31,9 @@ class ZtKeyIndex {
   ZtKeyIndex(const ZtKeyIndex&) = delete;
   ZtKeyIndex& operator=(const ZtKeyIndex&) = delete;
 
-  // Makes room for so many more entries; false, and nothing changed, without memory.
-  bool Reserve(std::size_t more) {
+  // Begins a change, with room for so many more entries; false without memory. No entry is marked.
+  bool Begin(std::size_t more) {
+    ++m_iMark;
     if (2 * (m_iUsed + more) <= m_iSlots) return true;
     std::size_t slots = 64;
     while (slots < 4 * (m_iCount + more)) slots *= 2;
@@ -49,53 +50,51 @@ class ZtKeyIndex {
     __free(old);
     return true;
   }
-  std::uint32_t Hash(const XMLElement& parent, ZtPiece key) const {
-    return static_cast<std::uint32_t>(ZtHash(key, ZtSeed(this) ^ ZtSeed(&parent)));
+  // The first entry of a key, and the one that a node is; null when there is none.
+  Slot* Find(const XMLElement& parent, const ZtElementType& type, ZtPiece key) {
+    return Find(parent, key, [&](const Slot& slot) {
+      return ZtEqual(ZtKeyOf(*static_cast<XMLElement*>(slot.node->data), type), key);
+    });
   }
-  // The first entry of that key, or the entry that `node` is; null when there is none.
-  Slot* Find(const XMLElement& parent, const ZtElementType& type, ZtPiece key,
-             const ZtListNode* node = nullptr) {
-    const std::uint32_t hash = Hash(parent, key);
-    for (std::size_t at = hash; m_iSlots; ++at) {
-      Slot& slot = m_Slots[at & (m_iSlots - 1)];
-      if (!slot.parent) return nullptr;
-      if (!slot.node || slot.hash != hash || slot.parent != &parent) continue;
-      if (node ? slot.node == node : ZtEqual(ZtKeyOf(Entry(slot), type), key)) return &slot;
-    }
-    return nullptr;
-  }
-  Slot* FindNode(const XMLElement& parent, const ZtElementType& type, const ZtListNode* node) {
-    return Find(parent, type, ZtKeyOf(*static_cast<XMLElement*>(node->data), type), node);
+  Slot* Find(const XMLElement& parent, const ZtElementType& type, const ZtListNode& node) {
+    return Find(parent, ZtKeyOf(*static_cast<XMLElement*>(node.data), type),
+                [&](const Slot& slot) { return slot.node == &node; });
   }
   // Room was made.
-  void Add(const XMLElement& parent, const ZtElementType& type, ZtListNode* node,
+  void Add(const XMLElement& parent, const ZtElementType& type, ZtListNode& node,
            ZtListNode* previous) {
-    const auto& entry = *static_cast<XMLElement*>(node->data);
-    const std::uint32_t hash = Hash(parent, ZtKeyOf(entry, type));
+    const std::uint32_t hash = Hash(parent, ZtKeyOf(*static_cast<XMLElement*>(node.data), type));
     Slot& slot = Free(hash);
     if (!slot.parent) ++m_iUsed;
-    slot = {&parent, node, previous, hash, m_iRound};
+    slot = {&parent, &node, previous, hash, 0};
     ++m_iCount;
   }
   void Remove(Slot& slot) {
     slot.node = nullptr;
     --m_iCount;
   }
-  static XMLElement& Entry(const Slot& slot) { return *static_cast<XMLElement*>(slot.node->data); }
-
-  // All that is added from now on can be taken back, in a time that grows with the table.
-  void BeginRound() { ++m_iRound; }
-  void TakeBack() {
-    for (std::size_t i = 0; i < m_iSlots; ++i) {
-      if (m_Slots[i].node && m_Slots[i].round == m_iRound) Remove(m_Slots[i]);
-    }
-  }
+  void Mark(Slot& slot) const { slot.mark = m_iMark; }
+  bool IsMarked(const Slot& slot) const { return slot.mark == m_iMark; }
   void Clear() {
-    for (std::size_t i = 0; i < m_iSlots; ++i) m_Slots[i] = {};
+    if (m_iSlots) std::memset(static_cast<void*>(m_Slots), 0, m_iSlots * sizeof(Slot));
     m_iUsed = m_iCount = 0;
   }
 
  private:
+  // With the seed a peer cannot choose keys that meet in one slot.
+  std::uint32_t Hash(const XMLElement& parent, ZtPiece key) const {
+    return static_cast<std::uint32_t>(ZtHash(key, ZtSeed(this) + 31 * ZtSeed(&parent)));
+  }
+  template <class Is>
+  Slot* Find(const XMLElement& parent, ZtPiece key, Is is) {
+    const std::uint32_t hash = Hash(parent, key);
+    for (std::size_t at = hash; m_iSlots; ++at) {
+      Slot& slot = m_Slots[at & (m_iSlots - 1)];
+      if (!slot.parent) break;
+      if (slot.node && slot.hash == hash && slot.parent == &parent && is(slot)) return &slot;
+    }
+    return nullptr;
+  }
   Slot& Free(std::uint32_t hash) {
     std::size_t at = hash;
     while (m_Slots[at & (m_iSlots - 1)].node) ++at;
@@ -106,7 +105,7 @@ class ZtKeyIndex {
   std::size_t m_iSlots = 0;  // a power of two
   std::size_t m_iCount = 0;  // entries
   std::size_t m_iUsed = 0;   // entries and freed slots
-  std::uint32_t m_iRound = 0;
+  std::uint32_t m_iMark = 0;
 };
 
 #endif  // ZTXML_SRC_BINDING_ZTKEYINDEX_H

@@ -1,5 +1,6 @@
 // Merges what a notification tells into the tree of what is known, by the keys and states of the
-// rows. What can fail comes first and changes nothing; what changes the tree cannot fail.
+// rows: first without a change, to find what changes and whether there is memory for it, then
+// without a way to fail.
 #ifndef ZTXML_SRC_DRIVERS_ZTMERGER_H
 #define ZTXML_SRC_DRIVERS_ZTMERGER_H
 
@@ -10,25 +11,23 @@
 
 class ZtMerger {
  public:
-  enum class Result : std::uint8_t { kDone, kNoMemory, kTooDeep };
+  enum class Result : std::uint8_t { kDone, kNoMemory, kRefused };
 
   // How much of an element is told.
   enum class Told : std::uint8_t { kAll, kPart, kDeleted };
   static Told ToldOf(const XMLElement& element, const ZtElementType& type);
 
-  // Replaces the tree `known`, which may be null, by `fresh`, or merges `fresh` into it. Both are
-  // objects of `type`. When it is done, what was replaced or removed is in the tree that is not
-  // kept: the old one, or `fresh`. Else both are as they were but for texts in `fresh`.
-  Result Replace(XMLElement* known, XMLElement& fresh, const ZtElementType& type);
-  Result Merge(XMLElement& known, XMLElement& fresh, const ZtElementType& type);
+  // Takes `fresh`, an object of `type` that tells a part of `known` or all, into `known`, which may
+  // be null where all is told. When it is done, `fresh` is what is not kept of either; else nothing
+  // is changed but who has the texts of `fresh`.
+  Result Take(XMLElement*& known, XMLElement*& fresh, const ZtElementType& type);
   void ForgetChanges() { m_Changes.Cut(0); }
   void Forget() {
     ForgetChanges();
     m_Index.Clear();
   }
 
-  // What the last of these changed, in the order of the notification. Paths have a key where there
-  // are several: /conference-info/users/user[sip:ada@example.com].
+  // What the last call changed, in the order of the notification.
   std::uint32_t ChangeCount() const { return m_Changes.Size(); }
   ztxml::Change ChangeAt(std::uint32_t index) const;
 
@@ -40,31 +39,31 @@ class ZtMerger {
   };
   class Step;
 
-  Result Begin(XMLElement& fresh, const ZtElementType& type);
-  Result End(Result result);
   bool Prepare(XMLElement& fresh, const ZtElementType& type, bool isPart, int depth);
-
   void Index(XMLElement& element, const ZtElementType& type);
-  void Unindex(XMLElement& element, const ZtElementType& type);
   void IndexList(XMLElement& parent, const ZtField& row);
+  void Unindex(const XMLElement& element, const ZtElementType& type);
 
-  void NoteMerge(XMLElement& known, XMLElement& fresh, const ZtElementType& type);
-  void NoteReplaced(XMLElement* known, XMLElement& fresh, const ZtElementType& type);
-  void NoteGone(XMLElement& known, const ZtElementType& type);
-  void NoteChild(XMLElement* known, XMLElement* fresh, const ZtField& row);
-  void NoteEntries(XMLElement* known, XMLElement& fresh, const ZtField& row, bool replaces);
+  void Merge(XMLElement& known, XMLElement& fresh, const ZtElementType& type);
+  void MergeChild(XMLElement& known, XMLElement& fresh, const ZtField& row);
+  void MergeEntries(XMLElement& known, XMLElement& fresh, const ZtField& row);
+
+  bool Compare(XMLElement* known, XMLElement& fresh, const ZtElementType& type);
+  bool CompareChild(XMLElement* known, XMLElement* fresh, const ZtField& row);
+  bool CompareLists(XMLElement& known, XMLElement& fresh, const ZtField& row);
+  bool AreOther(const ZtListNode& a, const ZtListNode& b, const ZtField& row);
+  void CompareEntry(XMLElement* known, XMLElement& fresh, const ZtField& row);
+  void CompareEntries(XMLElement* known, XMLElement* fresh, const ZtField& row);
   void Note(ztxml::Change::Kind kind, XMLElement& object);
-
-  void Apply(XMLElement& known, XMLElement& fresh, const ZtElementType& type);
-  void ApplyEntries(XMLElement& known, XMLElement& fresh, const ZtField& row);
 
   ZtKeyIndex m_Index;
   ZtSmallArray<Noted, 8> m_Changes;
   ZtBuffer m_Paths;
   ZtBuffer m_Path;
   std::size_t m_iEntries = 0;
+  bool m_bApplies = false;
   bool m_bNoMemory = false;
-  bool m_bTooDeep = false;
+  bool m_bOdd = false;  // too deep, or an entry is of another class
 };
 
 #endif  // ZTXML_SRC_DRIVERS_ZTMERGER_H

@@ -108,22 +108,20 @@ bool ZtState::Take(XMLElement* notification, Merged& merged, ztxml::Error& error
   ZtMerger& merger = m_pParts->merger;
   merger.ForgetChanges();
   if (!Fit(*notification, merged, error)) return error.code == ztxml::Code::kNone;
-  const ZtMerger::Told told = ZtMerger::ToldOf(*notification, type);
-  const bool isPart = told == ZtMerger::Told::kPart;
-  switch (isPart ? merger.Merge(*m_pRoot, *notification, type)
-                 : merger.Replace(m_pRoot, *notification, type)) {
+  const bool isDeleted = ZtMerger::ToldOf(*notification, type) == ZtMerger::Told::kDeleted;
+  switch (merger.Take(m_pRoot, m_pLast, type)) {
     case ZtMerger::Result::kNoMemory:
       ZtExplainNoMemory(error, ztxml::Stage::kBinding);
       return false;
-    case ZtMerger::Result::kTooDeep:
-      Refuse(error, ztxml::Code::kRefused, "there are too many elements within each other");
+    case ZtMerger::Result::kRefused:
+      Refuse(error, ztxml::Code::kRefused,
+             "too many elements are within each other, or one is of another class");
       return false;
     case ZtMerger::Result::kDone:
       break;
   }
-  if (!isPart) std::swap(m_pRoot, m_pLast);
   merged.isApplied = true;
-  if (told == ZtMerger::Told::kDeleted) {
+  if (isDeleted) {
     merged.outcome = Merged::Outcome::kRefresh;
     merged.reason = Merged::Reason::kDeleted;
   } else if (merged.outcome == Merged::Outcome::kIgnored) {
