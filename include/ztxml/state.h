@@ -33,8 +33,11 @@ class State {
   /// then the state is as it was.
   Result<Merged> Apply(std::string_view body) {
     auto read = Read<T>(body, ReadOnly());
-    if (!read) return read.error();
-    return Apply(std::move(*read));
+    if (read) return Apply(std::move(*read));
+    Merged merged;
+    Error none;
+    m_State.Take(nullptr, merged, none);  // what was changed before is not told again
+    return read.error();
   }
   /// Takes one that was read in the standard profile.
   Result<Merged> Apply(Document<T> notification) {

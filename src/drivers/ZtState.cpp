@@ -95,6 +95,7 @@ bool ZtState::Take(XMLElement* notification, Merged& merged, ztxml::Error& error
   merged = Merged();
   ZtRelease(m_pLast);
   m_pLast = notification;
+  if (m_pParts) m_pParts->merger.ForgetChanges();
   const ZtElementType& type = RootType(m_Document);
   if (!notification || !ZtIsClass(notification->ClassName(), type) || !type.extras->telling) {
     Refuse(error, ztxml::Code::kWrongRoot, "it is no notification of this kind");
@@ -106,7 +107,6 @@ bool ZtState::Take(XMLElement* notification, Merged& merged, ztxml::Error& error
     return false;
   }
   ZtMerger& merger = m_pParts->merger;
-  merger.ForgetChanges();
   if (!Fit(*notification, merged, error)) return error.code == ztxml::Code::kNone;
   const bool isDeleted = ZtMerger::ToldOf(*notification, type) == ZtMerger::Told::kDeleted;
   switch (merger.Take(m_pRoot, m_pLast, type)) {
