@@ -1,7 +1,7 @@
 # Gives Doxygen the public headers as their readers understand them: the first lines describe the
 # file; a comment is about all declarations below it, down to a blank line or another comment; and
-# what every class has with one meaning is explained here, once. What is protected is the library's
-# own business.
+# what every class has with one meaning is explained here, once; of an optional accessor beside the
+# comment that it shares with its setter and getter. What is protected is the library's own business.
 FNR == 1 { file = 1; if (/^\/\/ /) print "/// \\file" }
 file && /^\/\/ / { sub(/^\/\//, "///"); print; next }
 { file = 0 }
@@ -17,8 +17,8 @@ file && /^\/\/ / { sub(/^\/\//, "///"); print; next }
 }
 /^ *$/ { comment = ""; inside = "" }
 Declares() && !commenting && !/\/\/\/</ {
-  if (comment != "") printf "%s", comment
-  else if ((said = Said()) != "") print "  /// " said
+  printf "%s", comment
+  if ((comment == "" || IsOptional()) && (said = Said()) != "") print "  /// " said
 }
 {
   print
@@ -35,7 +35,9 @@ Declares() && !commenting && !/\/\/\/</ {
 function Declares() {
   return inside == "" && /^ ? ?[A-Za-z_~].*[;({,]/ && !/^ *(friend|class|struct|enum|namespace|extern|template|typedef) / && !/^ (public|private):/
 }
+function IsOptional() { return /^  std::optional<[A-Za-z0-9_:]+> [A-Za-z0-9]+\(\) const/ }
 function Said() {
+  if (IsOptional()) return "The value if it is stated, also 0; otherwise std::nullopt. See ZtScalar::Stated."
   if (/static const ZtElementType kType;/) return "The type's description, as ZtIsA takes it."
   if (/static const ZtDocument kDocument;/) return "The document's description."
   if (/\* Create[A-Za-z0-9_]*\(\)/) return "A new, empty object, the caller's until a parent takes it; null when out of memory."

@@ -19,6 +19,11 @@ struct Getter {
   const char* name;
   const char* given;
 };
+struct Optional {
+  const ApiTables::Types* appliesTo;
+  const char* setter;
+  const char* name;
+};
 struct Enumerator {
   const char* enumeration;
   const char* name;
@@ -30,6 +35,10 @@ struct Enumerator {
 #define ZT_GETTER(C, method, given) {&ApiTables::kDerive<C>, method, given},
 constexpr Getter kGetters[] = {ZT_DOC_GETTERS(ZT_GETTER)};
 #undef ZT_GETTER
+
+#define ZT_OPTIONAL(C, setter, method) {&ApiTables::kDerive<C>, #setter, #method},
+constexpr Optional kOptionals[] = {ZT_API_OPTIONALS(ZT_OPTIONAL)};
+#undef ZT_OPTIONAL
 
 #define ZT_CLASS(C) #C,
 constexpr const char* kClasses[] = {ZT_API_ELEMENTS(ZT_CLASS)};
@@ -179,6 +188,12 @@ std::vector<Accessors> AccessorsOf(const ZtElementType& type) {
     };
     std::stable_sort(own.names.begin(), own.names.end(),
                      [&](const std::string& a, const std::string& b) { return rank(a) < rank(b); });
+    // What tells whether a value is stated, after the getter.
+    for (const Optional& optional : kOptionals) {
+      const bool pair = own.names.size() == 2 && own.names[1] == optional.setter;
+      if (pair && (*optional.appliesTo)[index])
+        own.names.insert(own.names.end() - 1, optional.name);
+    }
   }
   return accessors;
 }

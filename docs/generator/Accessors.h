@@ -1,4 +1,4 @@
-// Which setters, adders and getters of the public headers belong to which row of a type's table.
+// Which accessors of the public headers belong to which row of a type's table.
 #ifndef ZTXML_DOCS_GENERATOR_ACCESSORS_H
 #define ZTXML_DOCS_GENERATOR_ACCESSORS_H
 
@@ -11,7 +11,7 @@ namespace docs {
 
 /// The accessors of one row.
 struct Accessors {
-  std::vector<std::string> names;  ///< as they are written in a page: getX, setX, addY
+  std::vector<std::string> names;  ///< as they are written in a page: getX, x, setX, addY
   std::string given;               ///< what the getter gives
 };
 

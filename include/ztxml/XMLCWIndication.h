@@ -37,6 +37,7 @@ class zt_ims_3gpp : public ZtTyped<zt_ims_3gpp, ZtObject> {
   /// The attribute "version"; 0 when absent.
   int setVersionValue(unsigned int value) { return m_Version.Set(value); }
   unsigned int getVersionValue() const { return m_Version; }
+  std::optional<std::uint32_t> version() const { return m_Version.Stated<std::uint32_t>(); }
   /// The service.
   int setAlternativeServiceValue(zt_alternative_service* element) {
     return m_AlternativeService.Set(element);

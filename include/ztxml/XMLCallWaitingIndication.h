@@ -45,6 +45,7 @@ class zt_3gpp_ims : public ZtTyped<zt_3gpp_ims, ZtObject> {
   /// The attribute "version"; 0 when absent.
   int setVersionValue(unsigned int value) { return m_Version.Set(value); }
   unsigned int getVersionValue() const { return m_Version; }
+  std::optional<std::uint32_t> version() const { return m_Version.Stated<std::uint32_t>(); }
   /// The service.
   int setAlternativeServiceValue(zt_ns_call_waiting_indication_alternative_service* element) {
     return m_AlternativeService.Set(element);

@@ -57,12 +57,14 @@ class zt_ns_caps_servcaps : public ZtTyped<zt_ns_caps_servcaps, ZtKeepsElements<
   /// Whether the service sends or receives audio.
   int setAudioValue(zt_caps_boolean_enum audio) { return m_Audio.Set(audio); }
   zt_caps_boolean_enum getAudioValue() const { return m_Audio; }
+  std::optional<bool> audio() const { return m_Audio.Stated<bool>(); }
   /// Takes the duplex modes; null for none.
   int setDuplexValue(zt_ns_caps_duplextype* duplex) { return m_Duplex.Set(duplex); }
   zt_ns_caps_duplextype* getDuplexValue() const { return m_Duplex; }
   /// Whether the service sends or receives video.
   int setVideoValue(zt_caps_boolean_enum video) { return m_Video.Set(video); }
   zt_caps_boolean_enum getVideoValue() const { return m_Video; }
+  std::optional<bool> video() const { return m_Video.Stated<bool>(); }
 
  private:
   ZtNumber m_Audio = ZT_CAPS_ABSENT;

@@ -19,6 +19,7 @@ class zt_allow_action_type : public ZtTyped<zt_allow_action_type> {
   /// 1 or 0 (at first): whether the call goes through.
   int setAllowValue(int allow) { return m_Allow.Set(allow ? 1 : 0); }
   int getAllowValue() const { return m_Allow.Get() ? 1 : 0; }
+  std::optional<bool> value() const { return m_Allow.Stated<bool>(); }
 
  private:
   ZtNumber m_Allow;

@@ -18,6 +18,7 @@ class ZT_API zt_NoReplyTimer : public ZtTyped<zt_NoReplyTimer, ZtObject> {
   int setNoReplyTimerValue(unsigned int seconds);
   /// Seconds; 0 when nothing was set.
   unsigned int getNoReplyTimerValue() const { return m_Seconds; }
+  std::optional<std::uint32_t> value() const { return m_Seconds.Stated<std::uint32_t>(); }
 
  private:
   ZtNumber m_Seconds;
@@ -43,11 +44,15 @@ class zt_ns_xcap_forward_to_type : public ZtTyped<zt_ns_xcap_forward_to_type> {
   /// Whether the caller is told of the diversion.
   int setNotifyCallerValue(int notify) { return m_NotifyCaller.Set(Notify(notify)); }
   int getNotifyCallerValue() const { return m_NotifyCaller; }
+  std::optional<bool> notifyCaller() const { return m_NotifyCaller.Stated<bool>(); }
   /// What the caller gets to know of the target.
   int setRevealIdentityToCallerValue(zt_reveal_enum reveal) {
     return m_RevealIdentityToCaller.Set(reveal);
   }
   zt_reveal_enum getRevealIdentityToCallerValue() const { return m_RevealIdentityToCaller; }
+  std::optional<zt_reveal_enum> revealIdentityToCaller() const {
+    return m_RevealIdentityToCaller.Stated(ZT_REVEAL_UNSET);
+  }
   /// What the caller gets to know of the served user who diverts.
   int setRevealServedUserIdentityToCallerValue(zt_reveal_enum reveal) {
     return m_RevealServedUserIdentityToCaller.Set(reveal);
@@ -55,19 +60,29 @@ class zt_ns_xcap_forward_to_type : public ZtTyped<zt_ns_xcap_forward_to_type> {
   zt_reveal_enum getRevealServedUserIdentityToCallerValue() const {
     return m_RevealServedUserIdentityToCaller;
   }
+  std::optional<zt_reveal_enum> revealServedUserIdentityToCaller() const {
+    return m_RevealServedUserIdentityToCaller.Stated(ZT_REVEAL_UNSET);
+  }
   /// Whether the served user is told of each diversion.
   int setNotifyServedUserValue(int notify) { return m_NotifyServedUser.Set(Notify(notify)); }
   int getNotifyServedUserValue() const { return m_NotifyServedUser; }
+  std::optional<bool> notifyServedUser() const { return m_NotifyServedUser.Stated<bool>(); }
   /// Whether the served user is reminded of the diversion on outgoing calls.
   int setNotifyServedUserOnOutboundCallValue(int notify) {
     return m_NotifyServedUserOnOutboundCall.Set(Notify(notify));
   }
   int getNotifyServedUserOnOutboundCallValue() const { return m_NotifyServedUserOnOutboundCall; }
+  std::optional<bool> notifyServedUserOnOutboundCall() const {
+    return m_NotifyServedUserOnOutboundCall.Stated<bool>();
+  }
   /// What the target gets to know of the served user.
   int setRevealIdentityToTargetValue(zt_reveal_enum reveal) {
     return m_RevealIdentityToTarget.Set(reveal);
   }
   zt_reveal_enum getRevealIdentityToTargetValue() const { return m_RevealIdentityToTarget; }
+  std::optional<zt_reveal_enum> revealIdentityToTarget() const {
+    return m_RevealIdentityToTarget.Stated(ZT_REVEAL_UNSET);
+  }
 
  private:
   static constexpr unsigned kUnset = static_cast<unsigned>(-1);

@@ -37,6 +37,9 @@ class zt_conference_medium_type : public ZtTyped<zt_conference_medium_type, ZtEx
   /// The medium's direction.
   int setStatusValue(zt_media_status_type_enum value) { return m_Status.Set(value); }
   zt_media_status_type_enum getStatusValue() const { return m_Status; }
+  std::optional<zt_media_status_type_enum> status() const {
+    return m_Status.Stated(ZT_MEDIA_STATUS_ABSENT);
+  }
 
  private:
   ZtText m_Label;
@@ -84,6 +87,9 @@ class zt_conference_description_type
   /// The most users that the conference admits.
   int setMaximumUserCountValue(unsigned int value) { return m_MaximumUserCount.Set(value); }
   unsigned int getMaximumUserCountValue() const { return m_MaximumUserCount; }
+  std::optional<std::uint32_t> maximumUserCount() const {
+    return m_MaximumUserCount.Stated<std::uint32_t>();
+  }
   /// The media that the conference offers.
   int setAvailableMediaValue(zt_conference_media_type* element) {
     return m_AvailableMedia.Set(element);
@@ -128,12 +134,15 @@ class zt_conference_state_type : public ZtTyped<zt_conference_state_type, ZtExte
   /// The number of users that take part.
   int setUserCountValue(unsigned int value) { return m_UserCount.Set(value); }
   unsigned int getUserCountValue() const { return m_UserCount; }
+  std::optional<std::uint32_t> userCount() const { return m_UserCount.Stated<std::uint32_t>(); }
   /// 1 or 0 (any other number, and at first): whether the conference has begun. Always written.
   int setActiveValue(int value) { return m_Active.Set(value == 1 ? 1 : 0); }
   int getActiveValue() const { return m_Active; }
+  std::optional<bool> active() const { return m_Active.Stated<bool>(); }
   /// 1 or 0, as above: whether nobody may join any more. Always written.
   int setLockedValue(int value) { return m_Locked.Set(value == 1 ? 1 : 0); }
   int getLockedValue() const { return m_Locked; }
+  std::optional<bool> locked() const { return m_Locked.Stated<bool>(); }
 
  private:
   ZtNumber m_UserCount;
@@ -150,6 +159,7 @@ class zt_sidebars_by_val_type : public ZtTyped<zt_sidebars_by_val_type, ZtExtens
   /// Whether the element has its full state, only what changed, or is gone.
   int setStateValue(zt_state_type_enum value) { return m_State.Set(value); }
   zt_state_type_enum getStateValue() const { return m_State; }
+  std::optional<zt_state_type_enum> state() const { return m_State.Stated(ZT_STATE_ABSENT); }
   /// A list of zt_conference_type.
   int setEntryListValue(ZtSingleElementList* list) { return m_Entries.Set(list); }
   ZtListOf<zt_conference_type>* getEntryListValue() const { return m_Entries; }
@@ -167,9 +177,11 @@ class zt_conference_type : public ZtTyped<zt_conference_type, ZtExtensible<ZtObj
   /// Whether the element has its full state, only what changed, or is gone.
   int setStateValue(zt_state_type_enum value) { return m_State.Set(value); }
   zt_state_type_enum getStateValue() const { return m_State; }
+  std::optional<zt_state_type_enum> state() const { return m_State.Stated(ZT_STATE_ABSENT); }
   /// The attribute "version", counted up from one document to the next.
   int setVersionValue(unsigned int value) { return m_Version.Set(value); }
   unsigned int getVersionValue() const { return m_Version; }
+  std::optional<std::uint32_t> version() const { return m_Version.Stated<std::uint32_t>(); }
   /// The attribute "entity", the URI of the conference; the element cannot be written without it.
   int setEntityValue(const char* text) { return m_Entity.Assign(text); }
   const char* getEntityValue() const { return m_Entity.Get(); }

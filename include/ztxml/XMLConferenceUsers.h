@@ -111,6 +111,7 @@ class zt_uris_type : public ZtTyped<zt_uris_type, ZtExtensible<>> {
   /// Whether the element has its full state, only what changed, or is gone.
   int setStateValue(zt_state_type_enum value) { return m_State.Set(value); }
   zt_state_type_enum getStateValue() const { return m_State; }
+  std::optional<zt_state_type_enum> state() const { return m_State.Stated(ZT_STATE_ABSENT); }
   /// A list of zt_uri_type.
   int setEntryListValue(ZtSingleElementList* list) { return m_Entries.Set(list); }
   ZtListOf<zt_uri_type>* getEntryListValue() const { return m_Entries; }
@@ -206,6 +207,9 @@ class zt_media_type : public ZtTyped<zt_media_type, ZtExtensible<>> {
   /// Its direction.
   int setStatusValue(zt_media_status_type_enum value) { return m_Status.Set(value); }
   zt_media_status_type_enum getStatusValue() const { return m_Status; }
+  std::optional<zt_media_status_type_enum> status() const {
+    return m_Status.Stated(ZT_MEDIA_STATUS_ABSENT);
+  }
 
  private:
   ZtText m_Id;
@@ -223,6 +227,7 @@ class zt_endpoint_type : public ZtTyped<zt_endpoint_type, ZtExtensible<>> {
   /// Whether the element has its full state, only what changed, or is gone.
   int setStateValue(zt_state_type_enum value) { return m_State.Set(value); }
   zt_state_type_enum getStateValue() const { return m_State; }
+  std::optional<zt_state_type_enum> state() const { return m_State.Stated(ZT_STATE_ABSENT); }
   /// The attribute "entity", a URI.
   int setEntityValue(const char* text) { return m_Entity.Assign(text); }
   const char* getEntityValue() const { return m_Entity.Get(); }
@@ -235,9 +240,15 @@ class zt_endpoint_type : public ZtTyped<zt_endpoint_type, ZtExtensible<>> {
   /// Its state.
   int setStatusValue(zt_endpoint_status_type_enum value) { return m_Status.Set(value); }
   zt_endpoint_status_type_enum getStatusValue() const { return m_Status; }
+  std::optional<zt_endpoint_status_type_enum> status() const {
+    return m_Status.Stated(ZT_ENDPOINT_STATUS_ABSENT);
+  }
   /// How it joined.
   int setJoiningMethodValue(zt_joining_type_enum value) { return m_JoiningMethod.Set(value); }
   zt_joining_type_enum getJoiningMethodValue() const { return m_JoiningMethod; }
+  std::optional<zt_joining_type_enum> joiningMethod() const {
+    return m_JoiningMethod.Stated(ZT_JOINING_ABSENT);
+  }
   /// When and why it joined.
   int setJoiningInfoValue(zt_execution_type* element) { return m_JoiningInfo.Set(element); }
   zt_execution_type* getJoiningInfoValue() const { return m_JoiningInfo; }
@@ -246,6 +257,9 @@ class zt_endpoint_type : public ZtTyped<zt_endpoint_type, ZtExtensible<>> {
     return m_DisconnectionMethod.Set(value);
   }
   zt_disconnection_type_enum getDisconnectionMethodValue() const { return m_DisconnectionMethod; }
+  std::optional<zt_disconnection_type_enum> disconnectionMethod() const {
+    return m_DisconnectionMethod.Stated(ZT_DISCONNECTION_ABSENT);
+  }
   /// When and why it left.
   int setDisconnectionInfoValue(zt_execution_type* element) {
     return m_DisconnectionInfo.Set(element);
@@ -280,6 +294,7 @@ class zt_user_type : public ZtTyped<zt_user_type, ZtExtensible<>> {
   /// Whether the element has its full state, only what changed, or is gone.
   int setStateValue(zt_state_type_enum value) { return m_State.Set(value); }
   zt_state_type_enum getStateValue() const { return m_State; }
+  std::optional<zt_state_type_enum> state() const { return m_State.Stated(ZT_STATE_ABSENT); }
   /// The attribute "entity", a URI.
   int setEntityValue(const char* text) { return m_Entity.Assign(text); }
   const char* getEntityValue() const { return m_Entity.Get(); }
@@ -321,6 +336,7 @@ class zt_users_type : public ZtTyped<zt_users_type, ZtExtensible<>> {
   /// Whether the element has its full state, only what changed, or is gone.
   int setStateValue(zt_state_type_enum value) { return m_State.Set(value); }
   zt_state_type_enum getStateValue() const { return m_State; }
+  std::optional<zt_state_type_enum> state() const { return m_State.Stated(ZT_STATE_ABSENT); }
   /// A list of zt_user_type.
   int setUserListValue(ZtSingleElementList* list) { return m_Users.Set(list); }
   ZtListOf<zt_user_type>* getUserListValue() const { return m_Users; }

@@ -41,6 +41,7 @@ class zt_ns_ft_file_info : public ZtTyped<zt_ns_ft_file_info> {
   /// The size in bytes; 0 when absent.
   int setFileSizeValue(unsigned int value) { return m_FileSize.Set(value); }
   unsigned int getFileSizeValue() const { return m_FileSize; }
+  std::optional<std::uint32_t> fileSize() const { return m_FileSize.Stated<std::uint32_t>(); }
   /// Where the file is.
   int setDataValue(zt_ns_ft_data* element) { return m_Data.Set(element); }
   zt_ns_ft_data* getDataValue() const { return m_Data; }

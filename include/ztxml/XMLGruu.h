@@ -25,6 +25,7 @@ class ZtTemporaryGruu : public ZtGruu {
   /// The CSeq of the REGISTER request that made the GRUU valid.
   int setFirstCseqValue(unsigned cseq) { return m_FirstCseq.Set(cseq); }
   unsigned getFirstCseqValue() const { return m_FirstCseq; }
+  std::optional<std::uint32_t> firstCseq() const { return m_FirstCseq.Stated<std::uint32_t>(); }
 
  private:
   friend struct GruuBinding;

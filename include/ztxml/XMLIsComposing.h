@@ -23,6 +23,7 @@ class zt_isComposing : public ZtTyped<zt_isComposing, ZtKeepsElements<ZtObject>>
   /// Seconds until the indication is to be sent again; 0 means absent.
   int setRefreshValue(unsigned int seconds) { return m_Refresh.Set(seconds); }
   unsigned int getRefreshValue() const { return m_Refresh; }
+  std::optional<std::uint32_t> refresh() const { return m_Refresh.Stated<std::uint32_t>(); }
 
  private:
   ZtText m_State;

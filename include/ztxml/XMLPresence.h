@@ -55,6 +55,9 @@ class zt_status : public ZtTyped<zt_status, ZtKeepsElements<>> {
   /// The text of "basic".
   int setBasicValue(zt_presence_basic_enum basic) { return m_Basic.Set(basic); }
   zt_presence_basic_enum getBasicValue() const { return m_Basic; }
+  std::optional<zt_presence_basic_enum> basic() const {
+    return m_Basic.Stated(ZT_PRESENCE_BASIC_ABSENT);
+  }
 
  private:
   ZtNumber m_Basic = ZT_PRESENCE_BASIC_ABSENT;

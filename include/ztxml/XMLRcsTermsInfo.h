@@ -34,6 +34,7 @@ class zt_rcs_terms_info : public ZtTyped<zt_rcs_terms_info, ZtObject> {
   /// The attribute "version"; 0 when absent.
   int setVersionValue(unsigned int value) { return m_Version.Set(value); }
   unsigned int getVersionValue() const { return m_Version; }
+  std::optional<std::uint32_t> version() const { return m_Version.Stated<std::uint32_t>(); }
   /// The version of the terms.
   int setTermsVersionValue(const char* text) { return m_TermsVersion.Assign(text); }
   const char* getTermsVersionValue() const { return m_TermsVersion.Get(); }

@@ -78,20 +78,31 @@ class zt_ns_reginfo_contact : public ZtTyped<zt_ns_reginfo_contact> {
   /// The element cannot be written without it.
   int setStateValue(zt_contact_state_type_enum state) { return m_State.Set(state); }
   zt_contact_state_type_enum getStateValue() const { return m_State; }
+  std::optional<zt_contact_state_type_enum> state() const {
+    return m_State.Stated(ZT_CONTACT_STATE_ABSENT);
+  }
   /// The element cannot be written without it.
   int setEventValue(zt_contact_event_type_enum event) { return m_Event.Set(event); }
   zt_contact_event_type_enum getEventValue() const { return m_Event; }
+  std::optional<zt_contact_event_type_enum> event() const {
+    return m_Event.Stated(ZT_CONTACT_EVENT_ABSENT);
+  }
   /// Seconds that the contact has been registered; 0 means absent, here and in the next two.
   int setDurationRegisteredValue(unsigned long long seconds) {
     return m_DurationRegistered.Set(seconds);
   }
   unsigned long long getDurationRegisteredValue() const { return m_DurationRegistered; }
+  std::optional<std::uint64_t> durationRegistered() const {
+    return m_DurationRegistered.Stated<std::uint64_t>();
+  }
   /// Seconds until the contact expires.
   int setExpiresValue(unsigned long long seconds) { return m_Expires.Set(seconds); }
   unsigned long long getExpiresValue() const { return m_Expires; }
+  std::optional<std::uint64_t> expires() const { return m_Expires.Stated<std::uint64_t>(); }
   /// Seconds to wait before registering again.
   int setRetryAfterValue(unsigned long long seconds) { return m_RetryAfter.Set(seconds); }
   unsigned long long getRetryAfterValue() const { return m_RetryAfter; }
+  std::optional<std::uint64_t> retryAfter() const { return m_RetryAfter.Stated<std::uint64_t>(); }
   /// The element cannot be written without it.
   int setIdValue(const char* id) { return m_Id.Assign(id); }
   const char* getIdValue() const { return m_Id.Get(); }
@@ -104,6 +115,7 @@ class zt_ns_reginfo_contact : public ZtTyped<zt_ns_reginfo_contact> {
   /// The CSeq of that request; 0 means absent.
   int setCseqValue(unsigned long long cseq) { return m_Cseq.Set(cseq); }
   unsigned long long getCseqValue() const { return m_Cseq; }
+  std::optional<std::uint64_t> cseq() const { return m_Cseq.Stated<std::uint64_t>(); }
   /// Other child elements (taken): zt_pub_gruu and zt_temp_gruu are written, others are not.
   int setAnyElementValue(ZtSingleElementList* list) { return m_AnyElements.Set(list); }
   ZtListOf<XMLElement>* getAnyElementValue() const { return m_AnyElements; }
@@ -143,6 +155,9 @@ class zt_registration : public ZtTyped<zt_registration> {
   /// The element cannot be written without it.
   int setStateValue(zt_registration_state_type_enum state) { return m_State.Set(state); }
   zt_registration_state_type_enum getStateValue() const { return m_State; }
+  std::optional<zt_registration_state_type_enum> state() const {
+    return m_State.Stated(ZT_REGISTRATION_STATE_ABSENT);
+  }
   /// Unknown child elements (taken), which are never written.
   int setAnyElementValue(ZtSingleElementList* list) { return m_AnyElements.Set(list); }
   ZtListOf<XMLElement>* getAnyElementValue() const { return m_AnyElements; }
@@ -168,9 +183,13 @@ class zt_reginfo : public ZtTyped<zt_reginfo, ZtObject> {
   /// The element cannot be written without it.
   int setStateValue(zt_reginfo_state_type_enum state) { return m_State.Set(state); }
   zt_reginfo_state_type_enum getStateValue() const { return m_State; }
+  std::optional<zt_reginfo_state_type_enum> state() const {
+    return m_State.Stated(ZT_REGINFO_STATE_ABSENT);
+  }
   /// The version, always written.
   int setVersionValue(unsigned int version) { return m_Version.Set(version); }
   unsigned int getVersionValue() const { return m_Version; }
+  std::optional<std::uint32_t> version() const { return m_Version.Stated<std::uint32_t>(); }
   /// Unknown child elements (taken), which are never written.
   int setAnyElementValue(ZtSingleElementList* list) { return m_AnyElements.Set(list); }
   ZtListOf<XMLElement>* getAnyElementValue() const { return m_AnyElements; }

@@ -39,6 +39,9 @@ class zt_instance : public ZtTyped<zt_instance, ZtExtensible<>> {
   /// The element cannot be written without it.
   int setStateValue(zt_instance_state_enum state) { return m_State.Set(state); }
   zt_instance_state_enum getStateValue() const { return m_State; }
+  std::optional<zt_instance_state_enum> state() const {
+    return m_State.Stated(ZT_INSTANCE_STATE_ABSENT);
+  }
   /// Why the subscription was terminated.
   int setReasonValue(const char* reason) { return m_Reason.Assign(reason); }
   const char* getReasonValue() const { return m_Reason.Get(); }
@@ -87,10 +90,12 @@ class zt_list : public ZtTyped<zt_list, ZtExtensible<ZtObject>> {
   /// Counted up from one document to the next; always written.
   int setVersionValue(unsigned int version) { return m_Version.Set(version); }
   unsigned int getVersionValue() const { return m_Version; }
+  std::optional<std::uint32_t> version() const { return m_Version.Stated<std::uint32_t>(); }
   /// 1 or 0 (any other number, and at first): whether the document has all resources, not only
   /// those that changed. Always written.
   int setFullStateValue(int full) { return m_FullState.Set(full == 1 ? 1 : 0); }
   int getFullStateValue() const { return m_FullState; }
+  std::optional<bool> fullState() const { return m_FullState.Stated<bool>(); }
   /// A list of zt_name (taken).
   int setNameListValue(ZtSingleElementList* list) { return m_Names.Set(list); }
   ZtListOf<zt_name>* getNameListValue() const { return m_Names; }

@@ -12,6 +12,7 @@ class zt_ns_xcap_simservType : public ZtTyped<zt_ns_xcap_simservType, ZtExtensib
   /// The attribute "active": 1 or 0 (at first); always written.
   int setActiveValue(int active) { return m_Active.Set(active ? 1 : 0); }
   int getActiveValue() const { return m_Active.Get() ? 1 : 0; }
+  std::optional<bool> active() const { return m_Active.Stated<bool>(); }
 
  private:
   friend struct SimservBinding;

@@ -22,6 +22,7 @@ class zt_entry : public ZtTyped<zt_entry> {
   /// The document's size in bytes; 0 means absent.
   int setSizeValue(unsigned int bytes) { return m_Size.Set(bytes); }
   unsigned int getSizeValue() const { return m_Size; }
+  std::optional<std::uint32_t> size() const { return m_Size.Stated<std::uint32_t>(); }
   /// Further attributes: a list of zt_AttributeValuePair, stored as XMLAttribute* (taken). Of
   /// several with one name only the first is written, and none that is named as one above.
   int setAnyAttributeValue(ZtSingleElementList* list) { return m_AnyAttributes.Set(list); }

@@ -11,6 +11,8 @@
 
 #include <cstdint>
 #include <cstring>
+#include <limits>
+#include <optional>
 
 #include "ztxml/XMLElement.h"
 #include "ztxml/XMLList.h"
@@ -78,6 +80,22 @@ class ZtScalar {
     return value;
   }
   bool IsSet() const { return m_bSet; }
+  /// What a schema type's optional accessor gives. It stands beside setter and getter, called as
+  /// the attribute or element is (retryAfter() of "retry-after"), or value() for an element's own
+  /// text. It gives the value that was set, also 0, and std::nullopt where none was, whatever
+  /// default the getter gives. A truth value that is neither 0 nor 1 is none. ZtIsStated agrees.
+  template <class Value>
+  std::optional<Value> Stated() const {
+    constexpr Number kMost{std::numeric_limits<Value>::max()};
+    if (!m_bSet || Get() > kMost) return std::nullopt;
+    return static_cast<Value>(Get());
+  }
+  /// As above, of an enumeration, whose values from `absent` on are none.
+  template <class Value>
+  std::optional<Value> Stated(Value absent) const {
+    if (!m_bSet || Get() >= static_cast<Number>(absent)) return std::nullopt;
+    return static_cast<Value>(Get());
+  }
   /// Converts to what a getter returns: a number or an enumeration.
   template <class Value>
   operator Value() const {  // NOLINT(google-explicit-constructor)

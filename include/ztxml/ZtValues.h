@@ -1,5 +1,6 @@
 // Values by name: whether an object states one, and taking one away. Getters tell 0 for a number
-// that is 0 and for one that is absent; these tell the two apart.
+// that is 0 and for one that is absent; these tell the two apart, as do the types' optional
+// accessors (ZtScalar::Stated).
 #ifndef ZTXML_INCLUDE_ZTVALUES_H
 #define ZTXML_INCLUDE_ZTVALUES_H
 

@@ -1,7 +1,8 @@
 # Reads the public headers and prints one that lists what callers build trees with:
 # ZT_API_ELEMENTS(DO): DO(class); ZT_API_HEADERS(DO): DO(class, "header");
 # ZT_API_FACTORIES(DO): DO(factory, method); ZT_API_SETTERS(DO): DO(class, method);
-# ZT_API_GETTERS(DO): DO(class, method); ZT_API_STEPS(DO): DO(marshaller, method).
+# ZT_API_GETTERS(DO): DO(class, method); ZT_API_STEPS(DO): DO(marshaller, method);
+# ZT_API_OPTIONALS(DO): DO(class, setter, method), an optional accessor with its setter.
 FNR == 1 { name = FILENAME; sub(/.*\//, "", name); print "#include \"ztxml/" name "\"" }
 /^namespace [A-Za-z]+ \{/ { space = $2 "::" }
 /^}/ && class == "" { space = "" }
@@ -32,6 +33,9 @@ class == "" || !open { next }
   match($0, / get[A-Za-z0-9_]*\(/)
   Getter(substr($0, RSTART + 1, RLENGTH - 2))
 }
+/^  std::optional<[A-Za-z0-9_:]+> [A-Za-z0-9]+\(\) const/ {
+  optionals = optionals " \\\n  DO(" class ", " setter ", " Method() ")"
+}
 # A list is no element.
 factory && !/ZtSingleElementList|CreateRootElement/ && /^  [A-Za-z0-9_:]+\* Create[A-Za-z0-9_]*\(/ {
   factories = factories " \\\n  DO(" class ", " Method() ")"
@@ -47,8 +51,9 @@ END {
   print "#define ZT_API_SETTERS(DO)" setters
   print "#define ZT_API_GETTERS(DO)" getters
   print "#define ZT_API_STEPS(DO)" steps
+  print "#define ZT_API_OPTIONALS(DO)" optionals
 }
 
 function Method() { return substr($2, 1, index($2, "(") - 1) }
-function Setter(method) { setters = setters " \\\n  DO(" class ", " method ")" }
+function Setter(method) { setter = method; setters = setters " \\\n  DO(" class ", " method ")" }
 function Getter(method) { getters = getters " \\\n  DO(" class ", " method ")" }
