@@ -163,6 +163,16 @@ T* Add(Parent& parent, int (Owner::*give)(Base*), const Options& options = Optio
   return detail::Hand(detail::Make<T>(options.profile == XML_PROFILE_STANDARD),
                       [&](T* child) { return (parent.*give)(child); });
 }
+/// As above, of a parent that Add made: null for null, so that the last child of a branch tells
+/// whether there was memory for all of it.
+template <class Parent, class Owner, class Child>
+Child* Add(Parent* parent, int (Owner::*give)(Child*), const Options& options = Options()) {
+  return parent ? ztxml::Add(*parent, give, options) : nullptr;
+}
+template <class T, class Parent, class Owner, class Base>
+T* Add(Parent* parent, int (Owner::*give)(Base*), const Options& options = Options()) {
+  return parent ? ztxml::Add<T>(*parent, give, options) : nullptr;
+}
 
 // ---- Documents ----------------------------------------------------------------------------------
 
