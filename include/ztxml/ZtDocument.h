@@ -85,6 +85,11 @@ class ZT_API ZtUnMarshaller : public XMLUnMarshaller {
   void TellLosses(ZtPiece text) const;
   /// What every reading begins with: says that nothing has failed. True unless `text` is null.
   bool Begin(const void* text) const;
+  /// Whether the text has one, which the exact profile does not take; says so.
+  bool HasNul(ZtPiece text) const;
+  /// What every reading ends with: `root`. Where it is null for no other reason, memory was
+  /// lacking.
+  XMLElement* Ended(XMLElement* root) const;
 
  private:
   friend class ZtContext;
@@ -92,7 +97,7 @@ class ZT_API ZtUnMarshaller : public XMLUnMarshaller {
   XMLElement* ReadStandard(ZtPiece text) const;
   bool Parse(ZtArena& arena, ZtPiece xml, char* text, XMLElement*& root) const;
   void Explain(ZtPiece xml, char* text, const XmlDecoder* parser,
-               const ZtSchemaDecoder* decoder) const;
+               const ZtSchemaDecoder& decoder) const;
 
   const ZtContext* m_pContext = nullptr;  // null for a worker that no context made
 };

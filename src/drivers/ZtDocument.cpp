@@ -87,16 +87,30 @@ XMLElement* ZtUnMarshaller::UnMarshall(XMLFile* file) {
 XMLElement* ZtUnMarshaller::UnMarshall(const char* text, std::size_t size) {
   if (!Begin(text)) return nullptr;
   if (IsStandard()) return ReadStandard({text, size});
-  if (!std::memchr(text, '\0', size)) {
+  if (!HasNul({text, size})) {
     return ReadExact({text, size}, "<XML Module>: StrDup failed in %s::UnMarshall");
-  }
-  if (m_pError) {
-    ZtExplain(*m_pError, ztxml::Code::kRefused, ztxml::Stage::kDecoding,
-              "there is a NUL in the text");
   }
   ZtLog(kZtLogError, Document().source)("<XML Module>: %s::UnMarshall: there is a NUL in the text",
                                         Document().unMarshaller);
   return nullptr;
+}
+
+// Says that there is one, which the exact profile does not take.
+bool ZtUnMarshaller::HasNul(ZtPiece text) const {
+  const void* const nul = std::memchr(text.text, '\0', text.size);
+  if (!nul) return false;
+  if (m_pError) {
+    const auto at = static_cast<std::size_t>(static_cast<const char*>(nul) - text.text);
+    ZtExplainNul(*m_pError, {Document(), text, {}}, at);
+  }
+  return true;
+}
+
+XMLElement* ZtUnMarshaller::Ended(XMLElement* root) const {
+  if (!root && m_pError && m_pError->code == ztxml::Code::kNone) {
+    ZtExplainNoMemory(*m_pError, ztxml::Stage::kBinding);
+  }
+  return root;
 }
 
 // `noMemory` is the line of a text that cannot be copied, null for none.
@@ -108,8 +122,7 @@ XMLElement* ZtUnMarshaller::ReadExact(ZtPiece xml, const char* noMemory) const {
   char* text = arena.Keep(xml.text, xml.size);
   if (!text) {
     if (noMemory) ZtLog(kZtLogError, document.source)(noMemory, document.unMarshaller);
-    if (m_pError) ZtExplainNoMemory(*m_pError, ztxml::Stage::kDecoding);
-    return nullptr;
+    return Ended(nullptr);
   }
   const bool done = Parse(arena, xml, text, root);
   const char* result = done ? document.lines.readDone : document.lines.readFailed;
@@ -126,7 +139,6 @@ bool ZtUnMarshaller::Parse(const char* xml, XMLElement*& root) const {
   const ZtPiece whole = xml;
   char* text = arena.Keep(whole.text, whole.size);
   root = nullptr;
-  if (!text && m_pError) ZtExplainNoMemory(*m_pError, ztxml::Stage::kDecoding);
   return text && Parse(arena, whole, text, root);
 }
 
@@ -144,7 +156,13 @@ bool ZtUnMarshaller::Parse(ZtArena& arena, ZtPiece xml, char* text, XMLElement*&
   }
   const bool done = parsed && !decoder->Failed();
   if (decoder) root = static_cast<XMLObject*>(decoder->GetSessionData());
-  if (m_pError && (!done || !root)) Explain(xml, text, parsed ? nullptr : parser, decoder);
+  if (m_pError && (!done || !root)) {
+    if (!parser || !decoder) {
+      Ended(nullptr);
+    } else {
+      Explain(xml, text, parsed ? nullptr : parser, *decoder);
+    }
+  }
   ZtRelease(decoder);
   ZtRelease(parser);
   if (!done) {
@@ -156,21 +174,21 @@ bool ZtUnMarshaller::Parse(ZtArena& arena, ZtPiece xml, char* text, XMLElement*&
 
 // `text`, which was cut up, becomes what `xml` is. `parser` null: it was content.
 void ZtUnMarshaller::Explain(ZtPiece xml, char* text, const XmlDecoder* parser,
-                             const ZtSchemaDecoder* decoder) const {
+                             const ZtSchemaDecoder& decoder) const {
   if (xml.size > INT_MAX) {
     return ZtExplain(*m_pError, ztxml::Code::kTooLong, ztxml::Stage::kParsing,
                      "the exact profile reads no more than 2 GiB");
   }
   if (xml.size) std::memcpy(text, xml.text, xml.size);
   const ZtFailedText failed = {Document(), xml, {}, {text, xml.size}, false};
-  if (decoder && decoder->RefusedName()) {
-    ZtExplainSlash(*m_pError, failed, static_cast<std::size_t>(decoder->RefusedName() - text));
-  } else if (parser && decoder && !decoder->Failed()) {
+  if (const char* const name = decoder.RefusedName()) {
+    ZtExplainSlash(*m_pError, failed, static_cast<std::size_t>(name - text));
+  } else if (!decoder.Failed() && parser) {
     ZtExplainParser(*m_pError, failed, parser->FailedAt());
-  } else if (decoder && !decoder->Failed()) {
+  } else if (!decoder.Failed() && Document().roots.size()) {
     ZtExplainRoot(*m_pError, failed);
   } else {
-    ZtExplainNoMemory(*m_pError, ztxml::Stage::kBinding);
+    Ended(nullptr);
   }
 }
 

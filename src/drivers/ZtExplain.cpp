@@ -3,6 +3,7 @@
 #include "binding/ZtPath.h"
 #include "binding/ZtStandard.h"
 #include "text/ZtTagWalk.h"
+#include "ztxml/XmlDecoder.h"
 
 namespace {
 
@@ -359,9 +360,16 @@ const char* NotSupported(const ZtFailedText& failed, std::size_t& at) {
   return nullptr;
 }
 
-bool IsUtf16(ZtPiece text) {
-  return text.size >= 2 &&
-         (std::memcmp(text.text, "\xff\xfe", 2) == 0 || std::memcmp(text.text, "\xfe\xff", 2) == 0);
+// Says that a text is in UTF-16; false when it is not.
+bool SaysUtf16(Error& error, const ZtFailedText& failed) {
+  const ZtPiece text = failed.original;
+  if (text.size < 2 ||
+      (std::memcmp(text.text, "\xff\xfe", 2) != 0 && std::memcmp(text.text, "\xfe\xff", 2) != 0)) {
+    return false;
+  }
+  Sentence sentence(error, Code::kEncoding, Stage::kDecoding);
+  sentence.At({}).Begin() << "UTF-16 is read in the standard profile only";
+  return true;
 }
 
 // Why the tag at `tag` ends the exact profile's reading, `code` and `at` with it. Null: its
@@ -378,15 +386,21 @@ const char* WhyNoTag(const ZtFailedText& failed, std::size_t tag, std::size_t de
                                            : nullptr;
 }
 
+// Whether the parser of the exact profile takes a start tag with a name, which ends at `close`.
+bool IsTaken(ZtPiece name, char* close) {
+  char* const end = close[-1] == '/' ? close - 1 : close;
+  const char last = *end;
+  *end = '\0';
+  const bool isTaken = XmlDecoder::ValidateAttributeList(name.text + name.size) == 0;
+  *end = last;
+  return isTaken && name.size;
+}
+
 }  // namespace
 
 void ZtExplainParser(Error& error, const ZtFailedText& failed, std::size_t at) {
   const ZtPiece text = failed.text;
-  if (IsUtf16(failed.original)) {
-    Sentence sentence(error, Code::kEncoding, Stage::kDecoding);
-    sentence.At({}).Begin() << "UTF-16 is read in the standard profile only";
-    return;
-  }
+  if (SaysUtf16(error, failed)) return;
   if (const char* why = NotSupported(failed, at)) {
     Sentence sentence(error, Code::kRefused, Stage::kParsing);
     SetPath(failed, ZtOpenElements(text, ZtTagEnds::kAsXml, at), error);
@@ -421,11 +435,11 @@ void ZtExplainParser(Error& error, const ZtFailedText& failed, std::size_t at) {
     return;
   }
   // The parser has seen the tag up to its first '>'.
-  const char* const close = ZtFind(const_cast<char*>(text.text) + at, '>', text.text + text.size);
+  char* const close = ZtFind(const_cast<char*>(text.text) + at, '>', text.text + text.size);
   const auto size = static_cast<std::size_t>(close + 1 - text.text);
+  // A tag that it takes can only have failed for lack of memory.
+  if (IsTaken(ZtNameInTag(text, at), close)) return ZtExplainNoMemory(error, Stage::kParsing);
   ZtXmlError fault = ZtFaultInTag({text.text, size}, at);
-  // A tag in which nothing is wrong can only have failed for lack of memory.
-  if (fault.fault == ZtXmlFault::kNone) return ZtExplainNoMemory(error, Stage::kParsing);
   const bool isInValue = fault.fault == ZtXmlFault::kCutShort;
   if (isInValue) fault = ZtFaultInTag(text, at);
   const bool isXml = fault.fault == ZtXmlFault::kNone;
@@ -435,6 +449,12 @@ void ZtExplainParser(Error& error, const ZtFailedText& failed, std::size_t at) {
   if (!isXml) return InTag(sentence, failed, fault.fault, place, at);
   sentence << "'>' in the value of the attribute ";
   sentence.Quote(ZtLastAttribute(text, at, size)) << " is read in the standard profile only";
+}
+
+void ZtExplainNul(Error& error, const ZtFailedText& failed, std::size_t at) {
+  if (SaysUtf16(error, failed)) return;
+  Sentence sentence(error, Code::kMalformed, Stage::kDecoding);
+  sentence.At(PlaceOf(failed, at)).Begin() << "there is a NUL in the text";
 }
 
 void ZtExplainSlash(Error& error, const ZtFailedText& failed, std::size_t at) {

@@ -37,10 +37,16 @@ ZtPiece Between(const char* from, const char* to) {
   return {from, static_cast<std::size_t>(to - from)};
 }
 
-// The end of a name with or without a prefix; null when there is none.
-char* EndOfQualified(char* at) {
-  char* const end = ZtEndOfName(at);
-  return end && *end == ':' ? ZtEndOfName(end + 1) : end;
+// The end of a name as XML has it without namespaces; null when there is none. Characters beyond
+// ASCII are taken for those of names.
+char* EndOfName(char* at) {
+  constexpr int kBegins = ZtXmlClasses::kBeginsName | ZtXmlClasses::kBeyondAscii;
+  constexpr int kContinues = ZtXmlClasses::kContinuesName | ZtXmlClasses::kBeyondAscii;
+  if (!ZtIs(*at, kBegins) && *at != ':') return nullptr;
+  do {
+    at = ZtSkip(at + 1, kContinues);
+  } while (*at == ':');
+  return at;
 }
 
 }  // namespace
@@ -137,7 +143,7 @@ ZtXmlError ZtFaultInTag(ZtPiece text, std::size_t tag) {
     return ZtXmlError{at == end ? ZtXmlFault::kCutShort : what,
                       static_cast<std::size_t>(at - text.text), tag};
   };
-  char* at = EndOfQualified(from + 1);
+  char* at = EndOfName(from + 1);
   if (!at) return fault(ZtXmlFault::kBadName, from + 1);
   while (*at != '>' && !(*at == '/' && at[1] == '>')) {
     char* const blank = at;
@@ -145,7 +151,7 @@ ZtXmlError ZtFaultInTag(ZtPiece text, std::size_t tag) {
     if (*at == '>' || (*at == '/' && at[1] == '>')) break;
     if (at == blank) return fault(ZtXmlFault::kBadTag, *at == '/' ? at + 1 : at);
     char* const name = at;
-    at = EndOfQualified(name);
+    at = EndOfName(name);
     if (!at) return fault(ZtXmlFault::kBadName, name);
     at = ZtSkipBlank(at);
     if (*at != '=') return fault(ZtXmlFault::kNoEquals, at);

@@ -1,9 +1,12 @@
 #include "ztxml/XMLSimservs.h"
 
+#include <utility>
+
 #include "base/ZtBuffer.h"
 #include "base/ZtLog.h"
 #include "documents/services/ElementCutter.h"
 #include "documents/services/SimservBinding.h"
+#include "drivers/ZtExplain.h"
 #include "ztxml/XMLCommunicationBarring.h"
 #include "ztxml/XMLCommunicationDiversion.h"
 #include "ztxml/XMLCommunicationWaiting.h"
@@ -268,37 +271,39 @@ char* SimservsMarshaller::InsertString(char* envelope, const char* services) {
 
 XMLElement* SimservsUnMarshaller::UnMarshall(const char* xml) {
   if (IsStandard()) return ZtUnMarshaller::UnMarshall(xml);
-  if (xml) TellLosses(xml);
-  char* text = xml ? __strdup(xml) : nullptr;
-  if (xml && !text) {
+  if (!Begin(xml)) return nullptr;
+  TellLosses(xml);
+  char* text = __strdup(xml);
+  if (!text) {
     ZtLog(kZtLogError, kSource)("<XML Module>: StrDup failed in SimservsUnMarshaller::UnMarshall");
   }
-  return ReadCopy(text);
+  return ReadCopy(xml, text);
 }
 
 XMLElement* SimservsUnMarshaller::UnMarshall(XMLFile* file) {
   if (IsStandard()) return ZtUnMarshaller::UnMarshall(file);
   const char* xml = file ? file->Read() : nullptr;
-  if (xml) TellLosses(xml);
-  return ReadCopy(xml ? __strdup(xml) : nullptr);
+  if (!Begin(xml)) return nullptr;
+  TellLosses(xml);
+  return ReadCopy(xml, __strdup(xml));
 }
 
 XMLElement* SimservsUnMarshaller::UnMarshall(const char* text, std::size_t size) {
   if (IsStandard()) return ZtUnMarshaller::UnMarshall(text, size);
-  if (!text || std::memchr(text, '\0', size)) return nullptr;
+  if (!Begin(text) || HasNul({text, size})) return nullptr;
   auto* const copy = static_cast<char*>(__malloc(size + 1));
-  if (!copy) return nullptr;
+  if (!copy) return Ended(nullptr);
   std::memcpy(copy, text, size);
   copy[size] = '\0';
   TellLosses({copy, size});
-  return ReadCopy(copy);
+  return ReadCopy({text, size}, copy);
 }
 
-XMLElement* SimservsUnMarshaller::ReadCopy(char* text) {
-  if (!text) return nullptr;
-  XMLElement* root = validateXML(text) ? ReadCut(text) : nullptr;
+// `text` is a copy of `xml`, null without memory.
+XMLElement* SimservsUnMarshaller::ReadCopy(ZtPiece xml, char* text) {
+  XMLElement* root = text && validateXML(text) ? ReadCut(xml, text) : nullptr;
   __free(text);
-  return root;
+  return Ended(root);
 }
 
 int SimservsUnMarshaller::validateXML(char* text) {
@@ -354,14 +359,24 @@ bool ReadServices(const Service& service, const ZtElementCutter& cutter,
 
 }  // namespace
 
-XMLElement* SimservsUnMarshaller::ReadCut(char* text) {
+XMLElement* SimservsUnMarshaller::ReadCut(ZtPiece xml, char* text) {
   ZtElementCutter cutters[kServiceCount];
   for (std::size_t i = 0; i < kServiceCount; ++i) {
     if (!Cut(kServices[i], text, cutters[i])) return nullptr;
   }
   if (!*text) ZtLog(kZtLogTrace, kSource)("<XML Module>: XML Decode Failed pstring NULL");
+  // What is left was parsed with the services: it is the root that does not fit.
   XMLElement* parsed = nullptr;
-  if (!Parse(text, parsed) || !parsed) return nullptr;
+  ztxml::Error error;
+  ztxml::Error* const asked = std::exchange(m_pError, &error);
+  Parse(text, parsed);
+  m_pError = asked;
+  if (!parsed) {
+    if (asked && error.code > ztxml::Code::kNoMemory) {
+      ZtExplainRoot(*asked, {Document(), xml, {}, xml, false});
+    }
+    return nullptr;
+  }
   ServiceNamespaces namespaces(zt_schema_namespace_retrieval::From(NamespaceBinder()));
   Contexts contexts(namespaces.Binder());
   for (std::size_t i = 0; i < kServiceCount; ++i) {

@@ -1,0 +1,221 @@
+// Why a document was not read, written or updated.
+#include "ErrorChecks.h"
+#include "Samples.h"
+#include "ztxml/XMLReginfo.h"
+#include "ztxml/error.h"
+
+namespace {
+
+constexpr eXMLProfile kExact = XML_PROFILE_EXACT;
+constexpr eXMLProfile kStandard = XML_PROFILE_STANDARD;
+
+// What is said of a text that is read as registration information, with the path in brackets.
+std::string Said(eXMLProfile profile, const std::string& text) {
+  ztxml::Error error;
+  XMLContext* context = XMLFactory::newInstance(XML_SCHEMA_REGINFO);
+  context->UseProfile(profile);
+  XMLUnMarshaller* reader = context->createUnMarshaller();
+  reader->ReportTo(&error);
+  XMLFactory::DeleteElement(reader->UnMarshall(text.data(), text.size()));
+  XMLFactory::deleteContext(context);
+  return std::string(error.Text()) + " [" + error.path + "]";
+}
+
+TEST(Errors, SayWhatIsWrongAndWhere) {
+  const struct {
+    std::string text;
+    const char* exact;
+    const char* standard;  // null: as exact
+  } kCases[] = {
+      {"", "1:1: incomplete: the text has no element []", nullptr},
+      {"hello", "1:1: malformed: there is text before the root element []", nullptr},
+      {"<reginfo", "1:1: incomplete: the text ends within the tag <reginfo [/reginfo]", nullptr},
+      {"<reginfo>\n <x/><x>", "2:9: incomplete: <x> is not closed (opened at 2:6) [/reginfo/x[2]]",
+       nullptr},
+      {"<reginfo>\n<registration/><registration>\n</x>",
+       "3:1: malformed: the end tag </x> where </registration> is expected (opened at 2:16) "
+       "[/reginfo/registration[2]]",
+       nullptr},
+      {"</reginfo>", "1:1: malformed: the end tag </reginfo> closes nothing []", nullptr},
+      {"<reginfo state=full>",
+       "1:16: malformed: the value of the attribute state has no quotes [/reginfo]", nullptr},
+      {"<reginfo state=\"full\"\">",
+       "1:22: malformed: a second quote after the value of the attribute state [/reginfo]",
+       nullptr},
+      {"<reginfo state=\"full><registration/></reginfo>",
+       "1:22: malformed: '<' in the value of the attribute state: its closing quote may be missing "
+       "[/reginfo/registration[1]]",
+       "1:22: malformed: '<' in the value of the attribute state: its closing quote may be missing "
+       "[/reginfo]"},
+      {"<x/>", "1:1: wrong root: the root element is <x>, not <reginfo> [/x]", nullptr},
+      {"<reginfo>< /a></reginfo>",
+       "1:12: refused: the name of a start tag begins with a slash [/reginfo]",
+       "1:11: malformed: a name is expected here [/reginfo]"},
+      {"<reginfo><registration id='>'/></reginfo>",
+       "1:28: refused: '>' in the value of the attribute id is read in the standard profile only "
+       "[/reginfo/registration[1]]",
+       " []"},
+      {"<reginfo><![CDATA[a]]></reginfo>",
+       "1:10: refused: CDATA sections are read in the standard profile only [/reginfo]", " []"},
+      {"<reginfo><?a?></reginfo>",
+       "1:10: refused: a processing instruction inside of the root element is read in the standard "
+       "profile only [/reginfo]",
+       " []"},
+      {"<reginfo><!-- > --></reginfo>",
+       "1:10: refused: '-->' is expected where the comment has its first '>' [/reginfo]", " []"},
+      {"<!DOCTYPE a [ ]><reginfo/>",
+       "1:1: refused: document types are read in the standard profile only []",
+       "1:13: refused: a document type declaration with an internal subset is not supported []"},
+      {std::string("\xff\xfe<\0", 4),
+       "1:1: encoding: UTF-16 is read in the standard profile only []",
+       "1:1: incomplete: the text ends within the tag < []"},
+      {"<reginfo xmlns='urn:x'/>", " []",
+       "1:1: wrong root: the root element is <reginfo> in the namespace urn:x, not in "
+       "urn:ietf:params:xml:ns:reginfo [/reginfo]"},
+      {"<reginfo><a:b/></reginfo>", " []",
+       "1:11: malformed: no namespace is bound to the prefix a [/reginfo/a:b]"},
+      {"<reginfo a='1' a='2'/>", " []",
+       "1:16: malformed: the element has the attribute a twice (first at 1:10) [/reginfo]"},
+      {"<reginfo>&nbsp;</reginfo>", " []",
+       "1:10: malformed: the entity &nbsp; is not defined [/reginfo]"},
+      {"<?xml version='1.0' encoding='koi8-r'?><reginfo/>", " []",
+       "1:31: encoding: the encoding koi8-r is not supported []"},
+      {"<reginfo>\n\xff</reginfo>", " []",
+       "2:1: encoding: these bytes are no character of the encoding []"},
+  };
+  for (const auto& c : kCases) {
+    SCOPED_TRACE(c.text);
+    EXPECT_EQ(Said(kExact, c.text), c.exact);
+    EXPECT_EQ(Said(kStandard, c.text), c.standard ? c.standard : c.exact);
+  }
+}
+
+TEST(Errors, OfHostileTextsAreShortAndInOneLine) {
+  const std::string name(5000, 'n');
+  const std::string deep = [] {
+    std::string text;
+    for (int i = 0; i < 3000; ++i) text += "<a>";
+    return text + "</b>";
+  }();
+  for (const eXMLProfile profile : {kExact, kStandard}) {
+    const std::string said = Said(profile, "<" + name + "></\x01\n\xff" + name + ">");
+    EXPECT_EQ(said.find('\n'), std::string::npos);
+    EXPECT_LT(said.size(), 1200U);
+    EXPECT_NE(Said(profile, "<reginfo>" + deep).find("</b> where </a> is expected (opened at 1:"),
+              std::string::npos);
+  }
+}
+
+// Every document of examples/, cut, and with characters taken out, put in and changed.
+TEST(Errors, AreWhereAnotherParserHasThem) {
+  for (const Sample& sample : Samples()) {
+    const std::string& text = sample.text;
+    SCOPED_TRACE(sample.name);
+    const std::size_t step = text.size() / 60 + 1;
+    for (std::size_t at = 0; at < text.size(); at += step) {
+      CheckErrors(sample.id, text.substr(0, at));
+      std::string changed = text;
+      CheckErrors(sample.id, changed.erase(at, 1));
+      const char c = "<>&\"'/ =x!?:;\x80"[at % 14];
+      changed = text;
+      changed[at] = c;
+      CheckErrors(sample.id, changed);
+      CheckErrors(sample.id, changed.insert(at, 1, c));
+    }
+  }
+}
+
+class WriteErrors : public testing::TestWithParam<eXMLProfile> {
+ protected:
+  WriteErrors() {
+    context->UseProfile(GetParam());
+    factory = static_cast<ReginfoDataBinder*>(context->createBinderFactory());
+    root = static_cast<zt_reginfo*>(factory->CreateRootElement());
+    root->setStateValue(ZT_REGINFO_STATE_FULL);
+    root->setVersionValue(1);
+    for (int i = 0; i < 2; ++i) {
+      zt_registration* registration = factory->CreateRegistrationElement();
+      registration->setAorValue("sip:a");
+      registration->setIdValue("r");
+      registration->setStateValue(ZT_REGISTRATION_STATE_ACTIVE);
+      root->addRegistration(registration);
+      last = registration;
+    }
+  }
+  ~WriteErrors() override {
+    XMLFactory::DeleteElement(root);
+    XMLFactory::deleteContext(context);
+  }
+  std::string Write(XMLElement* what) {
+    XMLMarshaller* writer = context->createMarshaller();
+    writer->ReportTo(&error);
+    const bool written = writer->Marshall(what) != nullptr;
+    EXPECT_EQ(written, error.code == ztxml::Code::kNone);
+    return error.Text();
+  }
+
+  XMLContext* context = XMLFactory::newInstance(XML_SCHEMA_REGINFO);
+  ReginfoDataBinder* factory;
+  zt_reginfo* root;
+  zt_registration* last;
+  ztxml::Error error;
+};
+
+TEST_P(WriteErrors, NameWhatIsMissing) {
+  EXPECT_EQ(Write(root), "");
+  last->setAorValue(nullptr);
+  EXPECT_EQ(Write(root),
+            "/reginfo/registration[2]/@aor: missing value: a required value is missing");
+  EXPECT_EQ(error.stage, ztxml::Stage::kWriting);
+  last->setAorValue("sip:a");
+  zt_ns_reginfo_contact* contact = factory->CreateContactElement();
+  contact->setUriValue("sip:c");
+  contact->setStateValue(ZT_CONTACT_STATE_ACTIVE);
+  contact->setEventValue(ZT_CONTACT_EVENT_CREATED);
+  last->addContact(contact);
+  EXPECT_EQ(Write(root),
+            "/reginfo/registration[2]/contact[1]/@id: missing value: a required value "
+            "is missing");
+  contact->setIdValue("c");
+  EXPECT_EQ(Write(root), "");
+  // A child of another class than its list is for.
+  ZtSingleElementList* list = zt_xml_common_methods::CreateElementList();
+  list->Add(static_cast<XMLElement*>(factory->CreateUnknownParamElement()));
+  last->setContactListValue(list);
+  Write(root);
+  EXPECT_EQ(error.code, ztxml::Code::kRefused);
+  EXPECT_EQ(Write(nullptr), "refused: there is no tree");
+  EXPECT_EQ(Write(last), "wrong root: the root is of no class that this document begins with");
+}
+
+INSTANTIATE_TEST_SUITE_P(Profiles, WriteErrors, testing::Values(kExact, kStandard));
+
+// Of every document, read and written: without memory that is said, and nothing else.
+TEST(Errors, SayThatMemoryIsLacking) {
+  const auto told = [](bool done, const ztxml::Error& error) {
+    EXPECT_EQ(done, error.code == ztxml::Code::kNone);
+    EXPECT_TRUE(done || error.code == ztxml::Code::kNoMemory) << error.Text();
+    return done;
+  };
+  for (const Sample& sample : Samples()) {
+    for (const eXMLProfile profile : {kExact, kStandard}) {
+      SCOPED_TRACE(sample.name);
+      const auto attempt = [&](bool tells) -> std::string {
+        ztxml::Error error;
+        XMLContext* context = XMLFactory::newInstance(sample.id);
+        XMLUnMarshaller* reader = nullptr;
+        if (context && context->UseProfile(profile)) reader = context->createUnMarshaller();
+        if (reader) reader->ReportTo(&error);
+        XMLElement* root = reader ? reader->UnMarshall(sample.text.c_str()) : nullptr;
+        const bool read = reader && (tells ? told(root != nullptr, error) : root != nullptr);
+        XMLFactory::DeleteElement(root);
+        XMLFactory::deleteContext(context);
+        return read ? "read" : "(null)";
+      };
+      // Some samples are for one profile, or for a context that was told of namespaces.
+      if (attempt(false) == "read") ExpectWholeOrNothing([&] { return attempt(true); });
+    }
+  }
+}
+
+}  // namespace
