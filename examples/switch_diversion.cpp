@@ -15,7 +15,7 @@ int Fail(const char* why) {
 int main(int argc, char** argv) {
   if (argc != 2) return Fail("usage: switch_diversion TARGET_URI < FILE");
   const std::string got(std::istreambuf_iterator<char>(std::cin), {});
-  const auto diversion = ztxml::Read<zt_communication_diversion>(got);
+  auto diversion = ztxml::Read<zt_communication_diversion>(got);
   if (!diversion) return Fail(diversion.error().Text());
   const auto* rules = (*diversion)->getRuleSetValue();
   for (auto& rule : ztxml::Each(rules ? rules->getRulesValue() : nullptr)) {
