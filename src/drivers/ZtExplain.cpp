@@ -386,6 +386,12 @@ const char* WhyNoTag(const ZtFailedText& failed, std::size_t tag, std::size_t de
                                            : nullptr;
 }
 
+// What stands in the end tag at `tag`, without blanks after it.
+ZtPiece NameOfEnd(ZtPiece text, std::size_t tag) {
+  const char* const name = text.text + tag + 2;
+  return ZtTrimmed({name, std::strcspn(name, ">")});
+}
+
 // Whether the parser of the exact profile takes a start tag with a name, which ends at `close`.
 bool IsTaken(ZtPiece name, char* close) {
   char* const end = close[-1] == '/' ? close - 1 : close;
@@ -424,9 +430,13 @@ void ZtExplainParser(Error& error, const ZtFailedText& failed, std::size_t at) {
     return Plain(sentence, isText ? ZtXmlFault::kTextBeforeRoot : ZtXmlFault::kNoElement);
   }
   if (text.text[at + 1] == '/') {
-    Sentence sentence(error, Code::kMalformed, Stage::kParsing);
+    const bool isBlank = open.Depth() && ZtEqual(ZtNameInTag(text, at), NameOfEnd(text, at)) &&
+                         ZtEqual(ZtNameInTag(text, at), ZtNameInTag(text, open.Innermost()));
+    Sentence sentence(error, isBlank ? Code::kRefused : Code::kMalformed, Stage::kParsing);
     Place(sentence, error, failed, at);
-    return EndTag(sentence, failed, at, open);
+    if (!isBlank) return EndTag(sentence, failed, at, open);
+    sentence << "blanks in an end tag are read in the standard profile only";
+    return;
   }
   Code code = Code::kMalformed;
   if (const char* why = WhyNoTag(failed, at, open.Depth(), code)) {

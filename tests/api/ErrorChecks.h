@@ -38,8 +38,9 @@ inline std::size_t OffsetOf(const std::string& text, std::size_t line, std::size
   return line > 1 || column > 1 ? std::string::npos : at;
 }
 
-/// Whether one tag or one text has both places.
+/// Whether one tag, one text or the XML declaration has both places.
 inline bool AreNear(const std::string& text, std::size_t a, std::size_t b) {
+  if (text.compare(0, 5, "<?xml") == 0 && std::max(a, b) <= text.find("?>")) return true;
   const auto from = text.begin() + static_cast<std::ptrdiff_t>(std::min(a, b));
   const auto to = text.begin() + static_cast<std::ptrdiff_t>(std::max(a, b));
   return std::find(from, to, '>') == to;
@@ -55,6 +56,8 @@ inline void CheckError(const ztxml::Error& error, const std::string& text, bool 
   if (!ZtIsXmlText({text.data(), text.size()})) return;  // what is a character there is open
   const std::size_t at = OffsetOf(text, error.line, error.column);
   Require(at <= text.size(), "its place is in the text", said);
+  // Before the root Expat reads quotes in its own way.
+  if (text[std::min(text.find_first_not_of(" \t\r\n"), text.size())] != '<') return;
   const bool isFault = error.code == Code::kMalformed || error.code == Code::kIncomplete;
   const ExpatVerdict plain(text, false);
   if (!isStandard) {
@@ -67,7 +70,7 @@ inline void CheckError(const ztxml::Error& error, const std::string& text, bool 
   // Document types and encodings are other matters; so is Expat's reading of quotes before the
   // root.
   if (text.find("<!") != std::string::npos || text.find("encoding") < text.find("?>")) return;
-  if (!isFault || text[std::min(text.find_first_not_of(" \t\r\n"), text.size())] != '<') return;
+  if (!isFault) return;
   const ExpatVerdict verdict(text, true);
   Require(!verdict.accepts && AreNear(text, at, verdict.at), "the place is that of another parser",
           said + "\nthere at byte " + std::to_string(verdict.at));

@@ -61,6 +61,9 @@ TEST(Errors, SayWhatIsWrongAndWhere) {
        "1:10: refused: a processing instruction inside of the root element is read in the standard "
        "profile only [/reginfo]",
        " []"},
+      {"<reginfo></reginfo\n>",
+       "1:10: refused: blanks in an end tag are read in the standard profile only [/reginfo]",
+       " []"},
       {"<reginfo><!-- > --></reginfo>",
        "1:10: refused: '-->' is expected where the comment has its first '>' [/reginfo]", " []"},
       {"<!DOCTYPE a [ ]><reginfo/>",
