@@ -30,6 +30,11 @@ struct Enumerator {
   unsigned value;
 };
 
+struct ContextRoot {
+  const char* context;
+  Root root;
+};
+
 #include "Headers.inc"
 
 #define ZT_GETTER(C, method, given) {&ApiTables::kDerive<C>, method, given},
@@ -225,6 +230,14 @@ std::vector<std::string> FactoriesOf(const ZtElementType& type) {
     }
   }
   return names;
+}
+
+std::vector<Root> RootsOf(const std::string& context) {
+  std::vector<Root> roots;
+  for (const ContextRoot& entry : kContextRoots) {
+    if (context == entry.context) roots.push_back(entry.root);
+  }
+  return roots;
 }
 
 std::string RootFactoryOf(const ZtElementType& type) {

@@ -19,6 +19,12 @@ struct Accessors {
 /// it changes.
 std::vector<Accessors> AccessorsOf(const ZtElementType& type);
 
+/// A root as the C++ interface has it.
+struct Root {
+  std::string type;    ///< e.g. "zt_reginfo"
+  std::string header;  ///< e.g. "ztxml/reginfo.h"
+};
+
 /// The name of the type's class in C++, which is mostly its ClassName().
 std::string CppNameOf(const ZtElementType& type);
 /// The header that declares a class, "" when there is none.
@@ -27,6 +33,8 @@ std::string HeaderOf(const std::string& className);
 std::string EnumeratorOf(const std::string& enumeration, unsigned value);
 /// The factories that make objects of the type, as Class::Method.
 std::vector<std::string> FactoriesOf(const ZtElementType& type);
+/// The roots of a context's document, none when it is not in the C++ interface.
+std::vector<Root> RootsOf(const std::string& context);
 /// The class of which CreateRootElement makes an object of the type, "" when there is none.
 std::string RootFactoryOf(const ZtElementType& type);
 

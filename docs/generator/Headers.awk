@@ -1,7 +1,13 @@
 # Reads the public headers and prints what the generator of the documents' pages cannot learn from
-# the library's tables: which header has a class, its getters with what they give, and the
-# enumerators of the enumerations.
+# the library's tables: which header has a class, its getters with what they give, the enumerators
+# of the enumerations, and the roots that the C++ interface has, with their headers.
 FNR == 1 { header = FILENAME; sub(/.*\//, "ztxml/", header) }
+match($0, /RootOf<zt_[A-Za-z0-9_]+>/) { root = substr($0, RSTART + 7, RLENGTH - 8) }
+root != "" && match($0, /RootIn<[A-Za-z]+>/) {
+  roots = roots "    {\"" substr($0, RSTART + 7, RLENGTH - 8) "\", {\"" root "\", \"" header "\"}},\n"
+  root = ""
+}
+header !~ /\/XML/ { next }  # a header of the C++ interface has no more to say
 /^namespace [A-Za-z]+ \{/ { space = $2 "::" }
 /^}/ && class == "" { space = "" }
 /^class [A-Za-z0-9_]+/ && !/;$/ {
@@ -33,6 +39,7 @@ END {
   print "constexpr ClassHeader kClassHeaders[] = {\n" classes "};"
   print "#define ZT_DOC_GETTERS(DO)" getters
   print "constexpr Enumerator kEnumerators[] = {\n" enumerators "};"
+  print "const ContextRoot kContextRoots[] = {\n" roots "};"
 }
 function Getter(given, method) {
   getters = getters " \\\n  DO(" class ", \"" method "\", \"" given "\")"

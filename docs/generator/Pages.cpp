@@ -87,6 +87,7 @@ std::string EnumerationCell(const ZtEnumTable& table, const std::string& enumera
                      (enumerator.empty() ? "" : " (" + Code(enumerator) + ")"));
   }
   std::string cell = Join(values);
+  if (!EnumeratorOf(enumeration, 0).empty()) cell = Code(enumeration) + ": " + cell;
   if (table.byPrefix) cell += "; known by their beginnings";
   for (unsigned i = table.count; table.respelt && i < table.searched; ++i) {
     cell += "; " + Code(table.slots[i].Piece().text) + " is " +
@@ -387,7 +388,11 @@ std::string Facts(const reflect::Schema& schema) {
                 Code(EnumeratorOf("eXMLSchemaID", static_cast<unsigned>(info.id))));
   add("context", Code(std::string(info.name) + "Context"));
   add("object factory", Code(RootFactoryOf(*roots.front())));
-  add("header", Code(HeaderOf(std::string(info.name) + "Context")));
+  const std::string context = std::string(info.name) + "Context";
+  std::vector<std::string> headers;
+  for (const Root& root : RootsOf(context)) AddOnce(headers, Code(root.header));
+  headers.push_back(Code(HeaderOf(context)));
+  add("header", Join(headers, ", with the classes alone "));
   add("root", names.empty() ? "any" : Join(names));
   add("namespace", info.nameSpace ? Code(info.nameSpace) : "none");
   add("access", info.writes ? "reads, writes" : "reads");
@@ -400,7 +405,7 @@ std::string Facts(const reflect::Schema& schema) {
       break;
     case ZtPrefixRule::kRewrite:
       add("prefixes of elements",
-          "those of the [namespace binder](../guide.md#supplementary-services)");
+          "those of the [namespace binder](../classes.md#services-in-the-exact-profile)");
       break;
   }
   if (info.writes) {

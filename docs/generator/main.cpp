@@ -7,6 +7,7 @@
 // "<!-- generated: end -->" come from the library's tables and sources:
 //   facts           of the page's document as a whole
 //   elements        its types
+//   program FILE    a program that reads a document of examples/documents, and what it prints
 //   example FILE    a document of examples/documents and what the library writes of it
 //   types SOURCE... types that several documents have, by the source files of their families
 //   documents       the table of all documents
@@ -20,6 +21,7 @@
 
 #include "Links.h"
 #include "Pages.h"
+#include "Programs.h"
 #include "Quirks.h"
 
 namespace {
@@ -158,10 +160,11 @@ class Project {
       part = docs::Facts(*schema);
     } else if (what == "elements" && ofSchema) {
       part = docs::Elements(*schema, name, m_Homes);
-    } else if (what == "example" && ofSchema && words >> file) {
+    } else if ((what == "example" || what == "program") && ofSchema && words >> file) {
       std::string text;
       if (ReadText(m_Root / "examples/documents" / file, text)) {
-        part = docs::Example(*schema, file, text);
+        part = what == "example" ? docs::Example(*schema, file, text)
+                                 : docs::Program(*schema, file, text);
       }
     }
     if (part.empty()) {

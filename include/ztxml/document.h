@@ -21,6 +21,7 @@
 #include "ztxml/ZtCalls.h"
 #include "ztxml/ZtListOf.h"
 
+/// The C++ interface.
 namespace ztxml {
 
 // ---- Results ------------------------------------------------------------------------------------
@@ -29,6 +30,7 @@ namespace ztxml {
 template <class T>
 class [[nodiscard]] Result {
  public:
+  /// What functions return as their result.
   Result(T value) : m_Value(std::move(value)) {}  // NOLINT(google-explicit-constructor)
   Result(const Error& error) : m_Value(error) {}  // NOLINT(google-explicit-constructor)
 
@@ -54,6 +56,7 @@ class [[nodiscard]] Result {
 
 /// How a document is read or made. The default is the standard profile, with the source kept.
 struct Options {
+  /// How texts are read and written.
   eXMLProfile profile = XML_PROFILE_STANDARD;
   /// Whether the document can be updated, and tells afterwards what its types do not keep. It costs
   /// the size of the text and 48 to 96 bytes for each element with an object. Not in the exact
@@ -110,7 +113,7 @@ T* As(XMLElement* element) {
 
 /// Something in a document that its types do not keep.
 struct Loss {
-  eZtLoss kind;
+  eZtLoss kind;        ///< what kind of thing
   std::string path;    ///< e.g. "/reginfo/registration[1]/@q"
   std::size_t line;    ///< where it begins, from 1 on
   std::size_t column;  ///< in characters, from 1 on
@@ -120,13 +123,14 @@ struct Loss {
 /// it. The headers of the documents tell it for their types; others are no roots.
 template <class T>
 struct RootOf {
-  static constexpr bool kIsRoot = false;
+  static constexpr bool kIsRoot = false;  ///< whether T is a root
 };
 /// The same for each root of a document, by the document's context.
 template <class Context>
 struct RootIn {
-  using In = Context;
-  static constexpr bool kIsRoot = true;
+  using In = Context;                    ///< equal for the roots of one document
+  static constexpr bool kIsRoot = true;  ///< whether T is a root
+  /// The document's record.
   static const ZtDocument& Table() { return Context::kDocument; }
 };
 
@@ -149,8 +153,8 @@ Child* Hand(Child* child, Give give) {
 }  // namespace detail
 
 /// Makes a child of `parent` and gives it to it: ztxml::Add(registration,
-/// &zt_registration::addContact), ztxml::Add(rule, &zt_..::setConditionsValue). The child is the
-/// parent's. Null without memory.
+/// &zt_registration::addContact), or by the setter of a single child. The child is the parent's.
+/// Null without memory.
 template <class Parent, class Owner, class Child>
 Child* Add(Parent& parent, int (Owner::*give)(Child*), const Options& options = Options()) {
   return detail::Hand(detail::Make<Child>(options.profile == XML_PROFILE_STANDARD),
@@ -162,6 +166,17 @@ template <class T, class Parent, class Owner, class Base>
 T* Add(Parent& parent, int (Owner::*give)(Base*), const Options& options = Options()) {
   return detail::Hand(detail::Make<T>(options.profile == XML_PROFILE_STANDARD),
                       [&](T* child) { return (parent.*give)(child); });
+}
+/// As above, of a parent that Add made: null for null, so that the last child of a branch tells
+/// whether there was memory for all of it.
+template <class Parent, class Owner, class Child>
+Child* Add(Parent* parent, int (Owner::*give)(Child*), const Options& options = Options()) {
+  return parent ? ztxml::Add(*parent, give, options) : nullptr;
+}
+/// Likewise, for a parent that keeps children of several types.
+template <class T, class Parent, class Owner, class Base>
+T* Add(Parent* parent, int (Owner::*give)(Base*), const Options& options = Options()) {
+  return parent ? ztxml::Add<T>(*parent, give, options) : nullptr;
 }
 
 // ---- Documents ----------------------------------------------------------------------------------
@@ -260,6 +275,7 @@ class Tree {
 template <class T>
 class Document {
  public:
+  /// The root, which has to be there.
   T& operator*() { return *get(); }
   const T& operator*() const { return *get(); }
   T* operator->() { return get(); }

@@ -26,7 +26,7 @@ ZT_API const char* NameOf(Code code);
 
 /// What was being done when it failed.
 enum class Stage : unsigned char {
-  kNone,
+  kNone,      ///< nothing failed
   kDecoding,  ///< bytes became characters
   kParsing,   ///< characters became tags and texts
   kBinding,   ///< tags and texts became objects
@@ -36,10 +36,12 @@ enum class Stage : unsigned char {
 
 /// A failure, in a room of its own: nothing is allocated for it.
 struct Error {
-  static constexpr std::size_t kPathRoom = 504;
-  static constexpr std::size_t kTextRoom = 800;
+  static constexpr std::size_t kPathRoom = 504;  ///< of the path, with a NUL
+  static constexpr std::size_t kTextRoom = 800;  ///< of the text, with a NUL
 
+  /// No failure.
   Error() { path[0] = text[0] = '\0'; }
+  /// Copies what is in the rooms, not the rooms.
   Error(const Error& other) { *this = other; }
   Error& operator=(const Error& other) {
     if (this == &other) return *this;
@@ -60,8 +62,8 @@ struct Error {
   /// The end of that line: what is wrong, without place and code.
   const char* Sentence() const { return text + sentence; }
 
-  Code code = Code::kNone;
-  Stage stage = Stage::kNone;
+  Code code = Code::kNone;     ///< what kind of failure
+  Stage stage = Stage::kNone;  ///< what was being done
   /// Where in the text that was read, both from 1 on, columns in characters; 0 when the failure has
   /// no place there.
   std::size_t line = 0;

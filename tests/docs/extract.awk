@@ -1,10 +1,12 @@
 # Takes the programs out of Markdown pages: a block of C++ after "<!-- program: NAME -->" goes to
 # NAME.cpp, a block after "<!-- prints: NAME -->", what the program prints, to NAME.out, both in the
-# directory `out`. Prints the names. C++ without a name, a program without its output and a name
-# that is used twice are errors: nothing in the pages goes untried.
-/^<!-- (program|prints): [a-z_]+ -->$/ {
+# directory `out`. Prints the names, each with the file of examples/documents that the program reads
+# as its input ("<!-- program: NAME reads: FILE -->"), if any. C++ without a name, a program without
+# its output and a name that is used twice are errors: nothing in the pages goes untried.
+/^<!-- (program|prints): [a-z_]+ -->$/ || /^<!-- program: [a-z_]+ reads: [^ ]+ -->$/ {
   kind = $2
   name = $3
+  input = NF > 4 ? " " $5 : ""
   next
 }
 !inside && /^```/ {
@@ -17,7 +19,7 @@
   if (file == "") next
   if (file in taken) Fail(file " is there twice")
   taken[file] = 1
-  if (file ~ /cpp$/) programs[++count] = name
+  if (file ~ /cpp$/) { programs[++count] = name; inputs[count] = input }
   file = out "/" file
   printf "" >file
   next
@@ -29,7 +31,7 @@ END {
   if (failed) exit 1
   for (i = 1; i <= count; ++i) {
     if (!((programs[i] ".out") in taken)) Fail(programs[i] " prints nothing")
-    print programs[i]
+    print programs[i] inputs[i]
   }
   if (failed || !count) exit 1
 }

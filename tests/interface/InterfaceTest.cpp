@@ -201,7 +201,11 @@ TEST(Interface, WithoutMemoryThereIsAnErrorAndNothingElse) {
     });
     ExpectWholeOrNothing([&]() -> std::string {
       auto made = ztxml::Create<zt_imdn>(options);
-      return made ? "made" : failed(made.error());
+      if (!made) return failed(made.error());
+      // The last of a branch tells of those before it.
+      auto* notification = made->Add(&zt_imdn::setDisplayNotificationValue);
+      auto* status = ztxml::Add(notification, &zt_display_notification::setStatusValue, options);
+      return ztxml::Add(status, &zt_status::setDisplayedValue, options) ? "made" : "(null)";
     });
   }
 }
