@@ -1,6 +1,6 @@
-// Notifications that are merged. First byte: below 128 a model conference is followed, with the rest
-// as its script; else the rest are bodies, each after a byte that is its size in fours, for the state
-// of a document by the first byte.
+// Notifications that are merged. First byte: below 128 a model conference is followed, with the
+// rest as its script; else the rest are bodies, each after a byte that is its size in fours, for
+// the state of a document by the first byte.
 #include "FuzzSupport.h"
 #include "StateChecks.h"
 
