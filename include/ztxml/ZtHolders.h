@@ -26,7 +26,7 @@ class ZtListOf;
 /// A text: an owned copy, or borrowed in place from the document that was read or from the library.
 class ZT_API ZtText {
  public:
-  ZtText() : m_iSize(0), m_bCopy(0) {}
+  ZtText() : m_iSize(0), m_bCopy(0), m_bLost(0) {}
   ~ZtText();
   ZtText(const ZtText&) = delete;
   ZtText& operator=(const ZtText&) = delete;
@@ -40,6 +40,7 @@ class ZT_API ZtText {
     if (m_bCopy) FreeCopy();
     m_pText = const_cast<char*>(text.text);
     m_iSize = text.size & kMostSize;
+    m_bLost = 0;
   }
   /// Stores a copy, as public setters do. Intended: setters of texts, children and lists answer 1
   /// even when they stored nothing, because memory was short or the object has an owner; callers do
@@ -47,20 +48,20 @@ class ZT_API ZtText {
   int Assign(const char* text);
   const char* Get() const { return m_pText; }
   ZtPiece Piece() const { return {m_pText, m_iSize}; }
+  /// Whether there was no memory for the text that was stored last: it is null, and no writer of
+  /// the standard profile takes that for a value that is absent.
+  bool IsLost() const { return m_bLost; }
   /// Exchanges two texts. One that is borrowed must live on with the other object.
   void Swap(ZtText& other) {
-    std::swap(m_pText, other.m_pText);
-    const std::size_t size = m_iSize;
-    const std::size_t copy = m_bCopy;
-    m_iSize = other.m_iSize;
-    m_bCopy = other.m_bCopy & 1U;
-    other.m_iSize = size & kMostSize;
-    other.m_bCopy = copy & 1U;
+    char own[sizeof(ZtText)];
+    std::memcpy(own, static_cast<void*>(this), sizeof(own));
+    std::memcpy(static_cast<void*>(this), static_cast<void*>(&other), sizeof(own));
+    std::memcpy(static_cast<void*>(&other), own, sizeof(own));
   }
 
  private:
-  static constexpr unsigned kSizeBits = 8 * sizeof(std::size_t) - 1;
-  static constexpr std::size_t kMostSize = ~std::size_t{0} >> 1;
+  static constexpr unsigned kSizeBits = 8 * sizeof(std::size_t) - 2;
+  static constexpr std::size_t kMostSize = ~std::size_t{0} >> 2;
 
   bool Copy(ZtPiece text);
   void FreeCopy();
@@ -68,6 +69,7 @@ class ZT_API ZtText {
   char* m_pText = nullptr;
   std::size_t m_iSize : kSizeBits;
   std::size_t m_bCopy : 1;  // whether the text is an owned copy
+  std::size_t m_bLost : 1;  // whether there was no memory for it
 };
 
 /// A number, or a value of an enumeration as a number, and whether it was ever set: by a setter or

@@ -49,6 +49,8 @@ struct Error {
     stage = other.stage;
     line = other.line;
     column = other.column;
+    otherLine = other.otherLine;
+    otherColumn = other.otherColumn;
     sentence = other.sentence;
     std::memcpy(path, other.path, std::strlen(other.path) + 1);
     std::memcpy(text, other.text, std::strlen(other.text) + 1);
@@ -68,6 +70,10 @@ struct Error {
   /// no place there.
   std::size_t line = 0;
   std::size_t column = 0;
+  /// Where what it contradicts is: the start tag of an end tag, the first of two attributes; else
+  /// 0.
+  std::size_t otherLine = 0;
+  std::size_t otherColumn = 0;
   /// The element that is open there, or what in the tree cannot be written, e.g.
   /// "/reginfo/registration[2]/@aor"; empty when there is none. A long one ends with "...".
   char path[kPathRoom];

@@ -86,6 +86,10 @@ ZtPiece ZtTrimmed(ZtPiece text);
 ZtStated ZtParse(const ZtField& row, ZtPiece text);
 // What `object` holds in `row`.
 ZtStated ZtHeld(const XMLElement& object, const ZtField& row);
+// Whether what it held was lost: there was no memory for it when it was set.
+inline bool ZtIsLost(const XMLElement& object, const ZtField& row) {
+  return row.value == ZtValue::kText && (object.*row.member.text).IsLost();
+}
 // The text of it, unescaped; numbers are formatted in `buffer` (kZtNumberSize).
 ZtPiece ZtTextOf(const ZtField& row, const ZtStated& value, char* buffer);
 // Keeps what is stated; a text stays in place where `arena` holds it. False without memory.

@@ -126,7 +126,7 @@ bool ZtStandardWriter::Step(Frame& frame) {
     case ZtPlace::kTextElement: {
       ++frame.row;
       const ZtPiece text = ZtTextOf(row, ZtHeld(*frame.object, row), buffer);
-      if (!text.text) return !ZtIsRequired(row) || Fail(kZtMissing, "/", row.name.Piece());
+      if (!text.text) return MayLack(frame, row, "/");
       CloseTag(frame);
       return WriteTextElement(row, frame.space, text);
     }
@@ -183,12 +183,19 @@ bool ZtStandardWriter::BeginChild(Frame& frame, const ZtField& row, const XMLEle
   return Push(child, match, name, index);
 }
 
+// Whether an element can be written without the text of a row.
+bool ZtStandardWriter::MayLack(const Frame& frame, const ZtField& row, const char* sign) {
+  const bool isLost = ZtIsLost(*frame.object, row);
+  if (!isLost && !ZtIsRequired(row)) return true;
+  return Fail(isLost ? nullptr : kZtMissing, sign, row.name.Piece());
+}
+
 bool ZtStandardWriter::WriteOwnText(Frame& frame, const ZtField& row) {
   frame.hasText = true;
   if (row.place == ZtPlace::kOwnText) {
     char buffer[kZtNumberSize];
     const ZtPiece text = ZtTextOf(row, ZtHeld(*frame.object, row), buffer);
-    if (!text.text && ZtIsRequired(row)) return Fail(kZtMissing);
+    if (!text.text && !MayLack(frame, row, nullptr)) return false;
     if (!text.size) return true;
     CloseTag(frame);
     return ZtAppendEscaped(m_To, text, 0) || Fail(kZtNotXml);
@@ -233,7 +240,7 @@ bool ZtStandardWriter::StartTag(Frame& frame, ZtSpace space) {
     const ZtPiece text = ZtTextOf(*row, ZtHeld(*frame.object, *row), buffer);
     const ZtPiece name = row->name.Piece();
     if (!text.text) {
-      if (ZtIsRequired(*row)) return Fail(kZtMissing, "/@", name);
+      if (!MayLack(frame, *row, "/@")) return false;
       continue;
     }
     if (!IsNew(nullptr, 0, name)) continue;

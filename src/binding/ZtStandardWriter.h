@@ -88,6 +88,7 @@ class ZtStandardWriter {
   bool Step(Frame& frame);
   bool StepList(Frame& frame, const ZtField& row);
   bool BeginChild(Frame& frame, const ZtField& row, const XMLElement& child, std::uint32_t index);
+  bool MayLack(const Frame& frame, const ZtField& row, const char* sign);
   bool WriteOwnText(Frame& frame, const ZtField& row);
   void CloseTag(Frame& frame);
 

@@ -321,6 +321,7 @@ bool ZtUpdater::EndLeaf(Frame& leaf) {
   const bool isField = row.place == ZtPlace::kTextElement;
   if (isField && ZtHolds(*leaf.object, row, text)) return true;
   const ZtStated held = isField ? ZtHeld(*leaf.object, row) : ZtStated::Text(TextOf(*leaf.object));
+  if (isField && ZtIsLost(*leaf.object, row)) return Fail(nullptr);
   if (ZtParse(row, text) == held) return true;
   if (!held.stated) {
     Frame& parent = m_Frames[m_Frames.Size() - 2];
@@ -342,6 +343,7 @@ bool ZtUpdater::EndObject(Frame& frame) {
       }
       ZtStated read = frame.run.IsEmpty() ? ZtStated() : ZtParse(row, frame.run.Piece());
       ZtStated held = ZtHeld(*frame.object, row);
+      if (ZtIsLost(*frame.object, row)) return Fail(nullptr);
       // An element has no text, or an empty one: its own is one thing.
       if (read.stated && !read.number && !read.text.size && read.text.text) read = ZtStated();
       if (held.stated && !held.number && !held.text.size && held.text.text) held = ZtStated();
@@ -507,7 +509,7 @@ bool ZtUpdater::PrepareChild(const Frame& frame, const ZtField& row, const XMLEl
 bool ZtUpdater::PrepareText(const Frame& frame, const ZtField& row) {
   char buffer[kZtNumberSize];
   const ZtPiece text = ZtTextOf(row, ZtHeld(*frame.object, row), buffer);
-  if (!text.text) return true;
+  if (!text.text) return !ZtIsLost(*frame.object, row) || Fail(nullptr);
   const std::size_t from = m_New.Size();
   ZtStandardWriter writer(m_New);
   writer.Inside(&m_Xml.Scope(), m_bPlain);

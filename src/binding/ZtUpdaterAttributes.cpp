@@ -39,6 +39,7 @@ bool ZtUpdater::Attributes(const Frame& frame) {
     if (ZtHolds(*frame.object, *row, attribute.value)) continue;
     const ZtStated held = ZtHeld(*frame.object, *row);
     char buffer[kZtNumberSize];
+    if (ZtIsLost(*frame.object, *row)) return Fail(nullptr);
     if (!held.stated) {
       RemoveAttribute(attribute);
     } else if (!ReplaceValue(attribute, ZtTextOf(*row, held, buffer), !row->Is(kZtFreeText))) {
@@ -198,6 +199,7 @@ bool ZtUpdater::NewAttributes(const Frame& frame, std::uint64_t stated) {
     if (row->place == ZtPlace::kOtherAttributes || (stated & ZtRowBit(type, *row))) continue;
     char buffer[kZtNumberSize];
     const ZtPiece text = ZtTextOf(*row, ZtHeld(*frame.object, *row), buffer);
+    if (!text.text && ZtIsLost(*frame.object, *row)) return Fail(nullptr);
     if (!text.text) continue;
     CopyToEnd(frame);
     if (!NewAttribute(nullptr, row->name.Piece(), text)) return Fail(kZtNotXml, row->name.Piece());

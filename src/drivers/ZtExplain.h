@@ -23,8 +23,8 @@ struct ZtFailedText {
 void ZtExplainEncoding(ztxml::Error& error, const ZtFailedText& failed, ZtEncodingFault fault,
                        std::size_t at);
 void ZtExplainXml(ztxml::Error& error, const ZtFailedText& failed, const ZtXmlError& fault);
-// Of the exact profile: the parser stopped at `at`, the text has a NUL there, or the decoder refused
-// a start tag whose name is there.
+// Of the exact profile: the parser stopped at `at`, the text has a NUL there, or the decoder
+// refused a start tag whose name is there.
 void ZtExplainParser(ztxml::Error& error, const ZtFailedText& failed, std::size_t at);
 void ZtExplainNul(ztxml::Error& error, const ZtFailedText& failed, std::size_t at);
 void ZtExplainSlash(ztxml::Error& error, const ZtFailedText& failed, std::size_t at);

@@ -79,7 +79,7 @@ bool ZtText::Set(ZtPiece text, const ZtArena* arena) {
 
 bool ZtText::Copy(ZtPiece text) {
   char* copy = nullptr;
-  if (text.text) {
+  if (text.text && text.size <= kMostSize) {
     copy = static_cast<char*>(ZtAllocate(text.size + 1));
     if (copy) {
       std::memcpy(copy, text.text, text.size);
@@ -88,7 +88,8 @@ bool ZtText::Copy(ZtPiece text) {
   }
   Refer({copy, copy ? text.size : 0});
   m_bCopy = copy != nullptr;
-  return copy || !text.text;
+  m_bLost = !copy && text.text;
+  return !m_bLost;
 }
 
 int ZtText::Assign(const char* text) {

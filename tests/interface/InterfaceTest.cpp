@@ -195,7 +195,14 @@ TEST(Interface, WithoutMemoryThereIsAnErrorAndNothingElse) {
       registration->setAorValue("sip:2");
       registration->setIdValue("2");
       registration->setStateValue(ZT_REGISTRATION_STATE_INIT);
-      if (!registration->getAorValue() || !registration->getIdValue()) return "(null)";
+      auto* first = EntryOf<zt_registration>((*read)->getRegistrationListValue(), 0);
+      auto* contact = EntryOf<zt_ns_reginfo_contact>(first->getContactListValue(), 0);
+      contact->setDisplayNameValue("new");  // an optional text, and one that is there already
+      contact->setUriValue("sip:new");
+      // In the exact profile a text without memory is an absent one.
+      const bool isAbsent = !registration->getAorValue() || !contact->getUriValue() ||
+                            !registration->getIdValue() || !contact->getDisplayNameValue();
+      if (!options.keepsSource && isAbsent) return "(null)";
       auto text = options.keepsSource ? read->Update() : read->Write();
       return text ? *text : failed(text.error());
     });
