@@ -94,7 +94,7 @@ class Checker {
 
  private:
   void CheckDocument(const Document& document) {
-    std::vector<Loss> losses;
+    std::vector<ztxml::Loss> losses;
     Reading reading = m_Reading;
     if (m_Checks.losses || m_Checks.strict) reading.losses = &losses;
     reading.keepsSource = m_Checks.strict;
@@ -103,42 +103,40 @@ class Checker {
     const bool read = ReadTree(document, reading, tree, failure);
     if (!read) Refuse(document.name, failure);
     if (m_Checks.losses) Tell(document, losses);
-    bool isFaulty = false;
-    Verdict verdict;
-    if (read && m_Checks.strict) isFaulty = IsFaulty(document, tree, losses);
-    if (!m_Reading.isStandard) {
-      verdict = Judge(document, read ? ScopeAround(*tree.schema) : Scope());
-      Failure fault;
-      isFaulty = FindFault(document, verdict, fault);
-      if (isFaulty && (read || !(fault.at == failure.at))) Print(document.name, fault);
-    }
     if (!read) return;
+    Verdict verdict;
+    bool isFaulty = m_Checks.strict && IsFaulty(document, tree, losses);
+    if (!m_Reading.isStandard) {
+      verdict = Judge(document, ScopeAround(*tree.schema));
+      isFaulty = FindFault(document, verdict, failure);
+      if (isFaulty) Print(document.name, failure);
+    }
     if (isFaulty) {
       ++m_iFaulty;
     } else if (!m_Checks.losses || losses.empty()) {
       Accept(document, *tree.schema, verdict);
     }
   }
-  void Tell(const Document& document, const std::vector<Loss>& losses) {
+  void Tell(const Document& document, const std::vector<ztxml::Loss>& losses) {
     m_iLossy += !losses.empty();
-    for (const Loss& loss : losses) {
+    for (const ztxml::Loss& loss : losses) {
       m_Progress.Clear();
-      std::cout << Escape(document.name) << ':' << ToString(loss.at) << ": " << Escape(loss.path)
-                << ": " << NameOf(loss.kind) << '\n';
+      std::cout << Escape(document.name) << ':' << ToString(document.At(loss.line, loss.column))
+                << ": " << Escape(loss.path) << ": " << NameOf(loss.kind) << '\n';
     }
   }
   // Tells values that are none of their types, and what is missing.
-  bool IsFaulty(const Document& document, const Tree& tree, const std::vector<Loss>& losses) {
+  bool IsFaulty(const Document& document, const Tree& tree,
+                const std::vector<ztxml::Loss>& losses) {
     std::vector<Failure> faults;
-    for (const Loss& loss : losses) {
+    for (const ztxml::Loss& loss : losses) {
       if (loss.kind != ZT_LOST_VALUE) continue;
-      faults.push_back(
-          {"value", Escape(loss.path) + " has a value that is none of its type", loss.at});
+      faults.push_back({"value", Escape(loss.path) + " has a value that is none of its type",
+                        document.At(loss.line, loss.column)});
     }
     FindMissing(document, tree, losses, faults);
     const auto isBefore = [](const Failure& one, const Failure& other) {
-      return one.at.line != other.at.line ? one.at.line < other.at.line
-                                          : one.at.column < other.at.column;
+      return one.at < other.at;
     };
     std::stable_sort(faults.begin(), faults.end(), isBefore);
     for (const Failure& fault : faults) Print(document.name, fault);

@@ -52,7 +52,6 @@ struct Change {
 };
 /// Prints the document of the file `path` with the changes, made in their order. kCannotRead when
 /// what is to be removed is not there, kUsage for a change that cannot be.
-int Edit(const std::string& path, const std::vector<Change>& changes, const Reading& reading,
-         Log& log);
+int Edit(const std::string& path, const std::vector<Change>& changes, const Reading& reading);
 
 #endif  // ZTXML_TOOLS_COMMANDS_H

@@ -51,8 +51,12 @@ std::string ToString(Position position) {
 
 std::string Describe(const std::string& name, const Failure& failure) {
   std::string text = Escape(name);
-  if (failure.at.line) text += ':' + ToString(failure.at);
-  return text + ": " + failure.stage + ": " + failure.what;
+  if (failure.at.line) {
+    text += ':' + ToString(failure.at);
+  } else if (!failure.path.empty()) {
+    text += ": " + Escape(failure.path);
+  }
+  return text + ": " + failure.kind + ": " + failure.what;
 }
 
 void Complain(const std::string& name, const std::string& message) {
@@ -65,9 +69,9 @@ void Report(const std::string& name, const Failure& failure) {
   std::cerr << "ztxml: " << Describe(name, failure) << '\n';
 }
 
-int Refuse(const std::string& name, const Failure& failure) {
+int Refuse(const std::string& name, const Failure& failure, ExitStatus status) {
   Report(name, failure);
-  return kCannotRead;
+  return status;
 }
 
 std::string NameOfInput(const std::string& path) { return path == "-" ? "(standard input)" : path; }

@@ -9,7 +9,7 @@
 
 enum ExitStatus : int {
   kDone = 0,
-  kCannotRead = 1,  ///< a document was refused, by the stage that the message names
+  kCannotRead = 1,  ///< a document was refused
   kUsage = 2,
   kCannotWrite = 3
 };
@@ -21,6 +21,9 @@ struct Position {
 
   bool operator==(const Position& other) const {
     return line == other.line && column == other.column;
+  }
+  bool operator<(const Position& other) const {
+    return line != other.line ? line < other.line : column < other.column;
   }
 };
 
@@ -41,26 +44,31 @@ struct Document {
   Position At(std::size_t offset) const {
     return PositionAfter(std::string_view(text).substr(0, offset), start);
   }
+  /// The place in the file of a place in the text.
+  Position At(std::size_t line, std::size_t column) const {
+    return {start.line + line - 1, line == 1 ? start.column + column - 1 : column};
+  }
 };
 
 /// Why a document was refused, or what is wrong with it.
 struct Failure {
-  /// "file", "capture", "parser", "root element", "schema decoder", "tree"; for a document that is
-  /// read but faulty, "well-formedness" or "namespaces"
-  const char* stage = "";
+  /// What ztxml::Code calls it; of the tool's own "file", "capture", "tree"; for a document that is
+  /// read but faulty, "well-formedness", "namespaces", "required" or "value".
+  const char* kind = "";
   std::string what;
   Position at = {};
+  std::string path = {};  ///< of the element that is open there, or of what cannot be written
 };
 
-/// "name:line:column: stage: what".
+/// "name:line:column: kind: what", or with the path in place of the place when there is none.
 std::string Describe(const std::string& name, const Failure& failure);
 
 /// Prints "ztxml: name: message" on standard error, after what standard output has so far.
 void Complain(const std::string& name, const std::string& message);
 /// Prints a failure like Complain.
 void Report(const std::string& name, const Failure& failure);
-/// Reports why a document was refused. Returns kCannotRead.
-int Refuse(const std::string& name, const Failure& failure);
+/// Reports why a document was refused. Returns kCannotRead, or the status that is given.
+int Refuse(const std::string& name, const Failure& failure, ExitStatus status = kCannotRead);
 
 /// What messages call `path`.
 std::string NameOfInput(const std::string& path);

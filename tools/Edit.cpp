@@ -34,7 +34,7 @@ class Editor {
   int Apply(const Change& change) {
     const bool isText = ZtIsXmlText({change.value.data(), change.value.size()});
     if (!isText) return Wrong(change, "the value is no text that XML allows");
-    PathFinder finder(m_Tree.Table(), *m_Tree.root, change.kind == Change::Kind::kSet);
+    PathFinder finder(*m_Tree.table, *m_Tree.root, change.kind == Change::Kind::kSet);
     Target target;
     const Finding found = finder.Find(change.path, target);
     if (found == Finding::kWrong) return Wrong(change, finder.Why());
@@ -123,8 +123,7 @@ class Editor {
 
 }  // namespace
 
-int Edit(const std::string& path, const std::vector<Change>& changes, const Reading& reading,
-         Log& log) {
+int Edit(const std::string& path, const std::vector<Change>& changes, const Reading& reading) {
   Document document;
   if (!ReadOneDocument(path, true, "edited", document)) return kCannotRead;
   Reading keeping = reading;
@@ -137,14 +136,8 @@ int Edit(const std::string& path, const std::vector<Change>& changes, const Read
     const int status = editor.Apply(change);
     if (status != kDone) return status;
   }
-  log.Forget();
-  XMLMarshaller* marshaller = tree.context->createMarshaller();
-  std::size_t size = 0;
-  const char* text = marshaller ? marshaller->Update(tree.root.get(), &size) : nullptr;
-  if (!text) {
-    Complain(document.name, WhyNotWritten(log));
-    return kCannotWrite;
-  }
-  PrintText({text, size});
+  std::string text;
+  if (!tree.Update(text, failure)) return Refuse(document.name, failure, kCannotWrite);
+  PrintText(text);
   return kDone;
 }

@@ -46,7 +46,7 @@ int Get(const std::string& file, const std::string& path, const Reading& reading
   Tree tree;
   Failure failure;
   if (!ReadTree(document, reading, tree, failure)) return Refuse(document.name, failure);
-  PathFinder finder(tree.Table(), *tree.root, false);
+  PathFinder finder(*tree.table, *tree.root, false);
   Target target;
   const Finding found = finder.Find(path, target);
   if (found == Finding::kFound) {

@@ -44,20 +44,6 @@ std::string_view UpTo(std::string_view text, std::size_t at, const char* ends) {
   return text.substr(at, text.find_first_of(ends, at) - at);
 }
 
-// The name in the root's start tag; empty without one, or after a document type.
-std::string_view RootName(std::string_view text) {
-  std::size_t at = text.find('<');
-  while (at != kNowhere) {
-    const std::string_view tag = text.substr(at + 1);
-    const bool isComment = StartsWith(tag, "!--");
-    if (!isComment && StartsWith(tag, "!")) break;
-    if (!isComment && !StartsWith(tag, "?")) return UpTo(tag, 0, " \t\r\n/>");
-    at = text.find(isComment ? "-->" : "?>", at);
-    at = text.find('<', at);
-  }
-  return {};
-}
-
 // Whether a schema has the root `root` although XML allows the name only with a prefix, or not at
 // all.
 bool IsOdd(std::string_view root) {
@@ -87,50 +73,29 @@ class WellFormedness {
         m_Verdict(verdict),
         m_Parser(Own(XML_ParserCreate(nullptr), this)) {
     XML_SetElementHandler(m_Parser.get(), OnStart, OnEnd);
-    XML_SetCommentHandler(m_Parser.get(), OnComment);
-    XML_SetProcessingInstructionHandler(m_Parser.get(), OnInstruction);
     XML_SetStartCdataSectionHandler(m_Parser.get(), OnCdata);
     XML_SetStartDoctypeDeclHandler(m_Parser.get(), OnDoctype);
     XML_SetDefaultHandler(m_Parser.get(), OnOther);
-    if (Parse(m_Parser, changed, true)) return;
+    m_bWhole = Parse(m_Parser, changed, true);
     const XML_Error code = XML_GetErrorCode(m_Parser.get());
-    if (code != XML_ERROR_ABORTED) verdict.malformed = Explain(code, IndexOf(m_Parser));
+    const bool isFault = !m_bWhole && code != XML_ERROR_ABORTED;
+    if (isFault) verdict.malformed = Explain(code, IndexOf(m_Parser));
   }
+
+  /// Whether the text was read to its end, and is well formed.
+  bool IsWhole() const { return m_bWhole; }
 
  private:
-  struct Element {
-    std::string name;
-    std::size_t at;
-  };
-
   static WellFormedness& Self(void* user) { return *static_cast<WellFormedness*>(user); }
-  static void OnStart(void* user, const char* name, const char** /*attributes*/) {
+  static void OnStart(void* user, const char* /*name*/, const char** /*attributes*/) {
     WellFormedness& self = Self(user);
     const std::string_view tag = self.Take();
-    self.FindEarlyEnd(tag, "an attribute value");
-    self.m_Open.push_back({name, self.m_iTaken - tag.size()});
+    // The library's parser ends all markup at the first ">".
+    const std::size_t end = tag.find('>');
+    if (end + 1 < tag.size()) self.Unsupported("a \">\" in an attribute value", tag.substr(end));
     self.m_bRooted = true;
   }
-  static void OnEnd(void* user, const char* /*name*/) {
-    WellFormedness& self = Self(user);
-    const std::string_view tag = self.Take();  // empty for an empty element
-    if (tag.find_first_of(kWhiteSpace) != kNowhere) {
-      self.Unsupported("white space in the end tag " + QuoteShort(tag), tag);
-    }
-    self.m_Open.pop_back();
-  }
-  static void OnComment(void* user, const char* /*text*/) {
-    WellFormedness& self = Self(user);
-    self.FindEarlyEnd(self.Take(), "a comment");
-  }
-  static void OnInstruction(void* user, const char* /*target*/, const char* /*data*/) {
-    WellFormedness& self = Self(user);
-    const std::string_view instruction = self.Take();
-    if (!self.m_Open.empty()) {
-      self.Unsupported("a processing instruction inside the root element", instruction);
-    }
-    self.FindEarlyEnd(instruction, "a processing instruction");
-  }
+  static void OnEnd(void* user, const char* /*name*/) { Self(user).Take(); }
   static void OnCdata(void* user) {
     WellFormedness& self = Self(user);
     self.Unsupported("a CDATA section", self.Take());
@@ -151,17 +116,9 @@ class WellFormedness {
     m_iTaken = at + size;
     return m_Text.substr(at, size);
   }
-  void Unsupported(const std::string& what, std::string_view where) {
-    const bool isRead = !m_bRooted || !m_Open.empty();
-    if (!isRead || m_Verdict.unsupported) return;
+  void Unsupported(const char* what, std::string_view where) {
+    if (m_Verdict.unsupported) return;
     m_Verdict.unsupported = {what, static_cast<std::size_t>(where.data() - m_Text.data())};
-  }
-  // The library's parser ends all markup at the first ">".
-  void FindEarlyEnd(std::string_view markup, const char* where) {
-    const std::size_t end = markup.find('>');
-    if (end + 1 < markup.size()) {
-      Unsupported(std::string("a \">\" in ") + where, markup.substr(end));
-    }
   }
 
   // The markup that the parser could not read to its end, or the rest of the text.
@@ -171,31 +128,9 @@ class WellFormedness {
   }
 
   Fault Explain(XML_Error code, std::size_t at) {
-    const std::string_view markup = Markup();
     switch (code) {
       case XML_ERROR_INVALID_TOKEN:
         return ExplainToken(at);
-      case XML_ERROR_NO_ELEMENTS:
-        m_Verdict.incomplete = true;
-        if (m_Open.empty()) return {"there is no root element", m_Text.size()};
-        return {"the element " + QuoteShort(m_Open.back().name) + " is not closed",
-                m_Open.back().at};
-      case XML_ERROR_UNCLOSED_TOKEN:
-        m_Verdict.incomplete = true;
-        return {(StartsWith(markup, "<!--") ? "the comment " : "the tag ") + QuoteShort(markup) +
-                    " is not closed",
-                m_iTaken};
-      case XML_ERROR_UNCLOSED_CDATA_SECTION:
-        m_Verdict.incomplete = true;
-        return {"a CDATA section is not closed", at};
-      case XML_ERROR_PARTIAL_CHAR:
-        m_Verdict.incomplete = true;
-        return {"the last character is not complete", at};
-      case XML_ERROR_TAG_MISMATCH:
-        return {"the end tag " + QuoteShort(markup) + " where " +
-                    QuoteShort("</" + m_Open.back().name + ">") + " is expected (opened at " +
-                    ToString(m_Document.At(m_Open.back().at)) + ')',
-                m_iTaken};
       case XML_ERROR_DUPLICATE_ATTRIBUTE:
         return {"a second attribute " + QuoteShort(UpTo(m_Text, at, " \t\r\n=")), at};
       case XML_ERROR_JUNK_AFTER_DOC_ELEMENT:
@@ -257,9 +192,6 @@ class WellFormedness {
       if (EndsWith(before, "]]")) return {"\"]]>\" outside a CDATA section", at - 2};
       return {"unexpected " + character, at};
     }
-    if (StartsWith(markup, "</") && m_Open.empty()) {
-      return {"the end tag " + QuoteShort(markup) + " has no start tag", m_iTaken};
-    }
     return ExplainTag(at, character);
   }
 
@@ -284,7 +216,7 @@ class WellFormedness {
   std::string_view m_Text;
   Verdict& m_Verdict;
   ParserPtr m_Parser;
-  std::vector<Element> m_Open;
+  bool m_bWhole = false;
   bool m_bRooted = false;
   std::size_t m_iTaken = 0;  // the end of what the parser has reported
 };
@@ -384,7 +316,7 @@ class NamespaceCheck {
 Verdict Judge(const Document& document, const Scope& scope) {
   Verdict verdict;
   const std::string_view text = document.text;
-  const std::string_view root = RootName(text);
+  const std::string_view root = RootName(document.text);
   std::string changed;
   if (IsOdd(root)) {
     verdict.oddRoot = root;
@@ -392,10 +324,9 @@ Verdict Judge(const Document& document, const Scope& scope) {
   }
   const std::string_view judged = changed.empty() ? text : changed;
   const WellFormedness wellFormedness(document, judged, verdict);
-  if (document.cut && (!verdict.malformed || verdict.incomplete)) {
+  if (document.cut && wellFormedness.IsWhole()) {
     verdict.malformed = {"a NUL byte, after which nothing is read", text.size()};
-  }
-  if (!verdict.malformed && !root.empty()) {
+  } else if (wellFormedness.IsWhole()) {
     const auto name = static_cast<std::size_t>(root.data() - text.data());
     const NamespaceCheck namespaces(judged, name - 1, scope, verdict.unbound);
   }
@@ -416,7 +347,8 @@ bool FindFault(const Document& document, const Verdict& verdict, Failure& failur
   if (verdict.malformed) {
     failure = {"well-formedness", verdict.malformed.what, document.At(verdict.malformed.at)};
   } else if (verdict.unsupported) {
-    failure = {"parser", "not supported, and read wrongly: " + verdict.unsupported.what,
+    failure = {"not supported",
+               verdict.unsupported.what + ", which the exact profile reads wrongly",
                document.At(verdict.unsupported.at)};
   } else if (verdict.unbound) {
     failure = {"namespaces", verdict.unbound.what, document.At(verdict.unbound.at)};

@@ -1,5 +1,5 @@
-// Whether a text is well formed and binds its namespaces, judged by another parser. The library's
-// own is laxer in some things and does not support others.
+// Whether a text that the library reads in the exact profile, or writes, is well formed and binds
+// its namespaces, judged by another parser. The library's own is laxer in some things.
 #ifndef ZTXML_TOOLS_JUDGE_H
 #define ZTXML_TOOLS_JUDGE_H
 
@@ -23,10 +23,9 @@ struct Fault {
 /// type, which is not read: it could load or multiply anything.
 struct Verdict {
   Fault malformed;          ///< the first breach of XML 1.0
-  bool incomplete = false;  ///< `malformed` is that the text ends too early
   bool rawInValue = false;  ///< `malformed` is a "<" or "&" in an attribute value
   Fault unbound;            ///< the first breach of Namespaces in XML, where nothing is malformed
-  Fault unsupported;        ///< the first thing that XML allows and the library's parser does not
+  Fault unsupported;        ///< the first thing that XML allows and the library takes for another
   std::string oddRoot;      ///< the root's name, if XML allows it to no element but a schema has it
 };
 

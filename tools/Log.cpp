@@ -33,10 +33,3 @@ void Log::Receive(const zthost::LogLine& line, void* user) {
   std::cerr << "log " << line.level << ' ' << line.sourceFile << ':' << line.line << ": "
             << Escape(line.text) << '\n';
 }
-
-std::string WhyNotWritten(const Log& log) {
-  constexpr std::string_view kMark = "<XML Module>: ";
-  std::string_view error = log.FirstError();
-  if (StartsWith(error, kMark)) error.remove_prefix(kMark.size());
-  return error.empty() ? "cannot be written" : Escape(error);
-}

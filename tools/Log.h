@@ -17,7 +17,7 @@ class Log {
 
   /// Whether the library has cut a document that was too long for it to write.
   bool DocumentCut() const { return m_bDocumentCut; }
-  /// The first error since Forget; when writing fails, what is missing. "" for none.
+  /// The first error since Forget: what an element lacks that was written. "" for none.
   const std::string& FirstError() const { return m_FirstError; }
   void Forget();
 
@@ -28,8 +28,5 @@ class Log {
   bool m_bDocumentCut = false;
   std::string m_FirstError;
 };
-
-/// What to say of a document that the standard profile cannot write, by its first error.
-std::string WhyNotWritten(const Log& log);
 
 #endif  // ZTXML_TOOLS_LOG_H

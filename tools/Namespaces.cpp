@@ -2,19 +2,16 @@
 #include <iostream>
 
 #include "Commands.h"
-#include "Locate.h"
 #include "Read.h"
 #include "Text.h"
 
 int PrintNamespaces(const Document& document) {
+  Tree tree;
   Failure failure;
-  if (!Parse(document, nullptr, failure)) return Refuse(document.name, failure);
-  const Namespaces namespaces(document);
-  if (!namespaces.get()) {
-    const XMLSchemaInfo& schema = *XMLFactory::getSchemaInfo(XML_SCHEMA_NAMESPACE_RETRIEVAL);
-    return Refuse(document.name, WhyRefused(document, schema, nullptr));
-  }
-  for (const Declaration& declared : namespaces.List()) {
+  Reading reading;
+  reading.schema = &NamespaceSchema();
+  if (!ReadTree(document, reading, tree, failure)) return Refuse(document.name, failure);
+  for (const Declaration& declared : DeclarationsIn(tree.root.get())) {
     std::cout << (declared.prefix ? Escape(declared.prefix) : "(default)") << '\t'
               << Escape(declared.uri) << '\n';
   }

@@ -1,164 +1,147 @@
 #include "Read.h"
 
 #include <climits>
+#include <cstdlib>
+#include <new>
 
-#include "Locate.h"
 #include "Schemas.h"
-#include "Standard.h"
 #include "Text.h"
+#include "text/ZtEncoding.h"
+#include "ztxml/XMLSchemaNameSpaceRetrieval.h"
 
 namespace {
 
-// Notes the first start tag.
-class RootFinder : public Receiver {
- public:
-  int ProcessElement(char* name, char* /*value*/) override {
-    if (m_Name.empty()) m_Name = name;
-    return 0;
-  }
-  const std::string& Name() const { return m_Name; }
-  /// The name without its prefix.
-  std::string LocalName() const { return m_Name.substr(m_Name.find(':') + 1); }
-
- private:
-  std::string m_Name;
-};
-
-int RunParser(const std::string& text, XmlDecoderSchema* receiver) {
-  XmlDecoder parser;
-  parser.SetSchema(receiver);
-  // The parser leaves unchanged what it is given.
-  return parser.Decode(const_cast<char*>(text.c_str()), static_cast<int>(text.size()));
+ZtSettings SettingsOf(bool isStandard) {
+  ZtSettings settings;
+  settings.profile = isStandard ? XML_PROFILE_STANDARD : XML_PROFILE_EXACT;
+  settings.mostText = INT_MAX;
+  return settings;
 }
 
-ElementPtr UnMarshall(XMLContext& context, const Document& document) {
-  XMLUnMarshaller* unMarshaller = context.createUnMarshaller();
-  return ElementPtr(unMarshaller ? unMarshaller->UnMarshall(document.text.c_str()) : nullptr);
+void Note(const ZtLoss& loss, void* losses) {
+  static_cast<std::vector<ztxml::Loss>*>(losses)->push_back(
+      {loss.kind, loss.path, loss.line, loss.column});
 }
 
-bool FailAtRoot(const Document& document, const std::string& what, Failure& failure) {
-  failure = {"root element", what, document.At(RootOffset(document))};
-  return false;
+// The name of the root element, without its prefix; empty when it cannot be found.
+std::string RootOf(const Document& document, bool isStandard) {
+  const ZtPiece input(document.text.data(), document.text.size());
+  ZtTextForm form;
+  std::size_t at = 0;
+  std::string text = document.text;
+  if (isStandard) {
+    if (ZtFindForm(input, form, at) != ZtEncodingFault::kNone) return "";
+    text.resize(ZtDecodedSize(input, form));
+    if (ZtDecode(input, form, text.data(), at) != ZtEncodingFault::kNone) return "";
+  }
+  const std::string_view name = RootName(text);
+  return std::string(name.substr(name.find(':') + 1));
 }
 
-// Where the library tells losses.
-struct Listener {
-  const Document& document;
-  std::vector<Loss>& losses;
+// The sentence may end with another place: of the start tag that an end tag does not fit, of the
+// first of two attributes.
+std::string SentenceOf(const Document& document, const ztxml::Error& error) {
+  std::string sentence = error.Sentence();
+  if (error.otherLine) {
+    sentence.erase(sentence.rfind(' ') + 1);
+    sentence += ToString(document.At(error.otherLine, error.otherColumn)) + ')';
+  }
+  return Escape(sentence);
+}
 
-  static void Hear(const ZtLoss& loss, void* self) {
-    const auto& listener = *static_cast<Listener*>(self);
-    listener.losses.push_back(
-        {loss.kind, loss.path, PositionIn(listener.document, loss.line, loss.column)});
+Failure FailureOf(const Document& document, const ztxml::Error& error) {
+  Failure failure = {NameOf(error.code), SentenceOf(document, error), {}, error.path};
+  if (error.line) failure.at = document.At(error.line, error.column);
+  if (error.code == ztxml::Code::kIncomplete && document.cut) {
+    failure.what += "; a NUL byte ends the text";
   }
-};
+  return failure;
+}
 
-// The schema by which to read a document with the root element `root`; null with the failure.
-const XMLSchemaInfo* ChooseSchema(const Document& document, const std::string& root,
-                                  Failure& failure) {
-  const XMLSchemaInfo* named = FindSchemaOfType(document.contentType, root);
-  if (named && HasRoot(*named, root)) return named;
-  if (named) {
-    FailAtRoot(document,
-               Quote(root) + " is not a root element of the schema " + named->name +
-                   ", which the Content-Type " + document.contentType + " names",
-               failure);
-    return nullptr;
+bool Read(const Document& document, const Reading& reading, Tree& tree, ztxml::Error& error) {
+  reflect::Schema tables;
+  if (!reflect::FindSchema(tree.schema->id, tables)) throw std::bad_alloc();
+  tree.table = tables.document;
+  ZtSettings settings = SettingsOf(tree.isStandard);
+  settings.keepsSource = reading.keepsSource;
+  settings.lost = reading.losses ? &Note : nullptr;
+  settings.lostContext = reading.losses;
+  XMLElement* namespaces = nullptr;
+  tree.root.reset(ZtReadDocument(*tree.table, nullptr, settings, document.text.data(),
+                                 document.text.size(), namespaces, error));
+  tree.namespaces.reset(namespaces);
+  if (!tree.root && reading.losses) reading.losses->clear();
+  return tree.root != nullptr;
+}
+
+bool Take(const ztxml::Error& error, char* written, std::size_t size, std::string& text,
+          Failure& failure) {
+  if (!written) {
+    failure = {NameOf(error.code), Escape(error.Sentence()), {}, error.path};
+    return false;
   }
-  const XMLSchemaInfo* schema = FindSchemaOfRoot(root);
-  if (!schema) {
-    FailAtRoot(document, "no schema has the root element " + Quote(root) + " (see: ztxml schemas)",
-               failure);
-  }
-  return schema;
+  text.assign(written, size);
+  ZtFreeText(written);
+  return true;
 }
 
 }  // namespace
 
-bool Parse(const Document& document, XmlDecoderSchema* receiver, Failure& failure) {
-  if (RunParser(document.text, receiver) == ZT_XML_SUCCESS) return true;
-  failure = WhyNotParsed(document);
+reflect::Node Tree::Root() const {
+  return isStandard ? reflect::StandardRoot(*table, *root) : reflect::Node(*root);
+}
+
+bool Tree::Write(std::string& text, Failure& failure) const {
+  ztxml::Error error;
+  std::size_t size = 0;
+  char* const written =
+      ZtWriteDocument(*table, SettingsOf(isStandard), root.get(), namespaces.get(), size, error);
+  return Take(error, written, size, text, failure);
+}
+
+bool Tree::Update(std::string& text, Failure& failure) const {
+  ztxml::Error error;
+  std::size_t size = 0;
+  char* const written = ZtUpdateDocument(*table, SettingsOf(isStandard), root.get(), size, error);
+  return Take(error, written, size, text, failure);
+}
+
+bool ReadTree(const Document& document, const Reading& reading, Tree& tree, Failure& failure) {
+  const XMLSchemaInfo* named = nullptr;
+  std::string root;
+  tree.schema = reading.schema;
+  if (!tree.schema) {
+    root = RootOf(document, reading.isStandard);
+    named = FindSchemaOfType(document.contentType, root);
+    tree.schema = named ? named : FindSchemaOfRoot(root);
+  }
+  const bool isKnown = tree.schema;
+  // What else is wrong with a document of no schema, the library tells by any.
+  if (!isKnown) tree.schema = XMLFactory::getSchemaInfo(XML_SCHEMA_REGINFO);
+  tree.isStandard = reading.isStandard;
+  ztxml::Error error;
+  if (Read(document, reading, tree, error)) return true;
+  failure = FailureOf(document, error);
+  if (error.code != ztxml::Code::kWrongRoot) return false;
+  if (!isKnown) {
+    failure.what = "no schema has the root element " + Quote(root) + " (see: ztxml schemas)";
+  } else if (named) {
+    failure.what +=
+        "; the Content-Type " + document.contentType + " names the schema " + named->name;
+  }
   return false;
 }
 
-Namespaces::Namespaces(const Document& document) {
-  const ContextPtr context(XMLFactory::newInstance(XML_SCHEMA_NAMESPACE_RETRIEVAL));
-  if (context) m_Tree = UnMarshall(*context, document);
+const XMLSchemaInfo& NamespaceSchema() {
+  return *XMLFactory::getSchemaInfo(XML_SCHEMA_NAMESPACE_RETRIEVAL);
 }
 
-std::vector<Declaration> Namespaces::List() const {
+std::vector<Declaration> DeclarationsIn(XMLElement* namespaces) {
   std::vector<Declaration> declarations;
-  for (const auto& declared : ZtEach(get() ? get()->getNameSpaceInfo() : nullptr)) {
+  auto* const retrieved = static_cast<zt_schema_namespace_retrieval*>(namespaces);
+  for (const auto& declared : ZtEach(retrieved ? retrieved->getNameSpaceInfo() : nullptr)) {
     const char* uri = declared.getValue();
     declarations.push_back({declared.getName(), uri ? uri : ""});
   }
   return declarations;
-}
-
-namespace {
-
-bool ReadExact(const Document& document, const Reading& reading, Tree& tree, Failure& failure) {
-  RootFinder finder;
-  if (!Parse(document, &finder, failure)) return false;
-  const std::string root = finder.LocalName();
-  const XMLSchemaInfo* schema = reading.schema;
-  if (!schema) schema = ChooseSchema(document, root, failure);
-  if (!schema) return false;
-  tree.schema = schema;
-  tree.namespaces = Namespaces(document);
-  tree.context.reset(XMLFactory::newInstance(schema->id));
-  if (tree.namespaces.get() && tree.context) {
-    tree.context->SetNamespaceBinder(tree.namespaces.get());
-    if (reading.losses) {
-      Listener listener = {document, *reading.losses};
-      tree.context->TellLosses(&Listener::Hear, &listener);
-      tree.root = UnMarshall(*tree.context, document);
-      tree.context->TellLosses(nullptr, nullptr);
-    } else {
-      tree.root = UnMarshall(*tree.context, document);
-    }
-  }
-  if (tree.root) return true;
-  if (schema->roots[0] && !HasRoot(*schema, root)) {
-    return FailAtRoot(
-        document, Quote(root) + " is not a root element of the schema " + schema->name, failure);
-  }
-  failure = WhyRefused(document, *schema, tree.namespaces.get());
-  return false;
-}
-
-bool ReadStandard(const Document& document, const Reading& reading, Tree& tree, Failure& failure) {
-  tree.schema = FindStandardSchema(document, reading.schema, failure);
-  if (!tree.schema) return false;
-  tree.context.reset(XMLFactory::newInstance(tree.schema->id));
-  if (tree.context) {
-    XMLContext& context = *tree.context;
-    context.UseProfile(XML_PROFILE_STANDARD);
-    context.KeepSource(reading.keepsSource);
-    context.LimitText(INT_MAX);
-    std::vector<Loss> unheard;
-    Listener listener = {document, reading.losses ? *reading.losses : unheard};
-    if (reading.losses) context.TellLosses(&Listener::Hear, &listener);
-    XMLUnMarshaller* unMarshaller = context.createUnMarshaller();
-    if (unMarshaller) {
-      tree.root.reset(unMarshaller->UnMarshall(document.text.data(), document.text.size()));
-    }
-    context.TellLosses(nullptr, nullptr);
-  }
-  if (!tree.root) failure = {"schema decoder", "out of memory"};
-  return tree.root != nullptr;
-}
-
-}  // namespace
-
-const ZtDocument& Tree::Table() const { return reflect::DocumentOf(*context); }
-
-reflect::Node Tree::Root() const {
-  return isStandard ? reflect::StandardRoot(Table(), *root) : reflect::Node(*root);
-}
-
-bool ReadTree(const Document& document, const Reading& reading, Tree& tree, Failure& failure) {
-  tree.isStandard = reading.isStandard;
-  return reading.isStandard ? ReadStandard(document, reading, tree, failure)
-                            : ReadExact(document, reading, tree, failure);
 }

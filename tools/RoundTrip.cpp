@@ -15,7 +15,7 @@ namespace {
 // declares are none: their declarations have to be written, too.
 Scope ScopeOfOutput(const Tree& tree) {
   Scope scope = ScopeAround(*tree.schema);
-  for (const Declaration& declared : tree.namespaces.List()) {
+  for (const Declaration& declared : DeclarationsIn(tree.namespaces.get())) {
     const auto same = [&](const auto& binding) { return binding.second == declared.uri; };
     scope.erase(std::remove_if(scope.begin(), scope.end(), same), scope.end());
   }
@@ -24,15 +24,9 @@ Scope ScopeOfOutput(const Tree& tree) {
 
 int Write(const Tree& tree, const Document& document, bool inputSound, Log& log) {
   log.Forget();
-  XMLMarshaller* marshaller = tree.context->createMarshaller();
-  const char* text = marshaller ? marshaller->Marshall(tree.root.get()) : nullptr;
-  if (!text) {
-    Complain(document.name,
-             tree.isStandard
-                 ? WhyNotWritten(log)
-                 : "cannot be written: it lacks something required (--log 1 tells what)");
-    return kCannotWrite;
-  }
+  std::string text;
+  Failure failure;
+  if (!tree.Write(text, failure)) return Refuse(document.name, failure, kCannotWrite);
   PrintText(text);
   if (log.DocumentCut()) {
     Complain(document.name,
@@ -52,8 +46,7 @@ int Write(const Tree& tree, const Document& document, bool inputSound, Log& log)
   } else if (verdict.unbound && inputSound) {
     fault.what += "; its declaration is not kept";
   }
-  Report(output.name, fault);
-  return kCannotWrite;
+  return Refuse(output.name, fault, kCannotWrite);
 }
 
 }  // namespace

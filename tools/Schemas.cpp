@@ -10,6 +10,7 @@
 
 #include "Commands.h"
 #include "Text.h"
+#include "text/ZtTagWalk.h"
 
 namespace {
 
@@ -76,6 +77,15 @@ constexpr TypeRow kTypes[] = {
 };
 
 }  // namespace
+
+std::string_view RootName(const std::string& text) {
+  ZtRawTag tag;
+  ZtTagWalk walk({text.c_str(), text.size()}, ZtTagEnds::kAsXml);
+  while (walk.Next(tag)) {
+    if (tag.Opens()) return {tag.name.text, tag.name.size};
+  }
+  return {};
+}
 
 const XMLSchemaInfo* FindSchema(const std::string& nameOrId) {
   for (const XMLSchemaInfo* schema : AllSchemas()) {

@@ -3,8 +3,13 @@
 #define ZTXML_TOOLS_SCHEMAS_H
 
 #include <string>
+#include <string_view>
 
 #include "ztxml/XMLFactory.h"
+
+/// The name in the start tag of the root element, which may have a prefix; empty when there is
+/// none.
+std::string_view RootName(const std::string& text);
 
 /// The schema with the given name, in any case, or number; null for none.
 const XMLSchemaInfo* FindSchema(const std::string& nameOrId);

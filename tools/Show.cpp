@@ -161,11 +161,11 @@ int ShowJson(const Document& document, const Reading& reading) {
 }
 
 void PrintJson(const std::string& name, const Failure& failure) {
-  std::cout << "{\"file\":" << JsonQuote(name)
-            << ",\"error\":{\"stage\":" << JsonQuote(failure.stage)
+  std::cout << "{\"file\":" << JsonQuote(name) << ",\"error\":{\"kind\":" << JsonQuote(failure.kind)
             << ",\"message\":" << JsonQuote(failure.what);
   if (failure.at.line) {
     std::cout << ",\"line\":" << failure.at.line << ",\"column\":" << failure.at.column;
   }
+  if (!failure.path.empty()) std::cout << ",\"path\":" << JsonQuote(failure.path);
   std::cout << "}}\n";
 }

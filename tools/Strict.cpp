@@ -5,7 +5,6 @@
 #include <string>
 #include <unordered_map>
 
-#include "Standard.h"
 #include "Text.h"
 #include "binding/ZtPath.h"
 #include "binding/ZtSourceText.h"
@@ -16,13 +15,13 @@ namespace {
 
 class Finder : public reflect::Visitor {
  public:
-  Finder(const Document& document, const ZtSourceText& source, const std::vector<Loss>& losses,
-         std::vector<Failure>& faults)
+  Finder(const Document& document, const ZtSourceText& source,
+         const std::vector<ztxml::Loss>& losses, std::vector<Failure>& faults)
       : m_Document(document),
         m_Places({document.text.data(), document.text.size()}, source.form),
         m_Faults(faults) {
     for (const ZtSourceText::Part& part : source.parts) m_Starts.emplace(part.object, part.from);
-    for (const Loss& loss : losses) {
+    for (const ztxml::Loss& loss : losses) {
       if (loss.kind == ZT_LOST_VALUE) m_Lost.insert(loss.path);
     }
   }
@@ -49,7 +48,7 @@ class Finder : public reflect::Visitor {
     if (!m_Lost.count(isOwn ? element : m_Path.Text())) {
       const ZtTextPlace place = m_Places.Find(m_Open.back().from);
       m_Faults.push_back({"required", Escape(m_Path.Text()) + " is missing",
-                          PositionIn(m_Document, place.line, place.column)});
+                          m_Document.At(place.line, place.column)});
     }
     m_Path.Pop(size);
   }
@@ -76,7 +75,7 @@ class Finder : public reflect::Visitor {
 
 }  // namespace
 
-void FindMissing(const Document& document, const Tree& tree, const std::vector<Loss>& losses,
+void FindMissing(const Document& document, const Tree& tree, const std::vector<ztxml::Loss>& losses,
                  std::vector<Failure>& faults) {
   const ZtSourceText* source = ZtOwnership::SourceOf(*tree.root);
   if (!source) return;

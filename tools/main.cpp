@@ -19,14 +19,15 @@ constexpr char kFooter[] =
 entity. Of a message every XML body is taken, also in multipart and CPIM bodies. Its Content-Type
 tells the schema; without one, or in a document, the root element does.
 
-What is refused is told as FILE:LINE:COLUMN: STAGE: REASON. Columns count characters. Stages: file,
-capture (headers and bodies), parser, root element, schema decoder; of documents that the library
-reads although XML forbids them: well-formedness, namespaces.
+What is refused is told as FILE:LINE:COLUMN: KIND: REASON. Columns count characters. What cannot be
+written has its path in place of line and column. Kinds: file, capture (headers and bodies); of the
+library: malformed, incomplete, encoding, wrong root, refused (not read in this profile), missing
+value, too long, no memory; of documents that it reads although XML forbids them: well-formedness,
+namespaces, not supported.
 
 The library has two profiles. In the exact one it reads and writes as its peers know it. In the
 standard one (--standard; get and edit always) it does so as XML, its namespaces and the schemas
-have it: also UTF-16, ISO-8859-1, CDATA sections. What it refuses then has the stage encoding,
-well-formedness, namespaces or root element.
+have it: also UTF-16, ISO-8859-1, CDATA sections.
 
 Examples:
   ztxml schemas
@@ -86,11 +87,11 @@ false; with it, whatever is stated is shown. Each of several documents has a lin
 
 With --json each document is one line,
   {"file":NAME,"schema":NAME,"document":OBJECT}
-  {"file":NAME,"error":{"stage":STAGE,"message":TEXT,"line":N,"column":N}}
-and each object has "#element", "#type" and its fields: "@NAME" for attributes, "NAME" for child
-elements, "#text", "#words", "#attributes" (other attributes: a list of name and value; the name of
-a default namespace is null) and "#children" (other child elements). What may be repeated is a list.
-Each byte of a text that is not UTF-8 becomes U+FFFD.
+  {"file":NAME,"error":{"kind":KIND,"message":TEXT,"line":N,"column":N,"path":PATH}}
+where what there is none of is left out. Each object has "#element", "#type" and its fields: "@NAME"
+for attributes, "NAME" for child elements, "#text", "#words", "#attributes" (other attributes: a list
+of name and value; the name of a default namespace is null) and "#children" (other child elements).
+What may be repeated is a list. Each byte of a text that is not UTF-8 becomes U+FFFD.
 
 Examples:
   ztxml show notify.xml
@@ -108,8 +109,8 @@ document is not ok; the summary counts it as one with losses. Of a document that
 XML with bound prefixes none are told.
 
 With --strict documents are read in the standard profile, and faulty is also one that lacks what its
-schema, or this library, requires (stage "required": of an element whose start the line tells), or
-that has a number, a boolean or an enumeration with a value that is none of its type (stage "value").
+schema, or this library, requires (kind "required": of an element whose start the line tells), or
+that has a number, a boolean or an enumeration with a value that is none of its type (kind "value").
 
 Exit status: 0 all are ok; 1 some are not.
 
@@ -301,7 +302,7 @@ class CommandLine {
     if (m_pCheck->parsed()) return Check(m_Paths, reading, m_Checks);
     if (m_pDiff->parsed()) return Diff(m_OldPath, m_NewPath, reading);
     if (m_pGet->parsed()) return Get(m_File, m_Path, reading);
-    if (m_pEdit->parsed()) return Edit(m_File, Changes(), reading, log);
+    if (m_pEdit->parsed()) return Edit(m_File, Changes(), reading);
     int status = kDone;
     for (const std::string& path : m_Paths) status = std::max(status, RunFile(path, reading, log));
     return status;

@@ -24,9 +24,11 @@ ZtPiece NameAt(const char* tag) {
 inline bool IsEmpty(const XMLElement& object, const ZtField& row) {
   if (row.IsOwnText()) return true;
   switch (row.value) {
-    case ZtValue::kText:
-      return row.place == ZtPlace::kTextElement ? !(object.*row.member.text).Get()
-                                                : !(object.*row.member.children).Get();
+    case ZtValue::kText: {
+      if (row.place != ZtPlace::kTextElement) return !(object.*row.member.children).Get();
+      const ZtText& text = object.*row.member.text;
+      return !text.Get() && !text.IsLost();
+    }
     case ZtValue::kObject:
       return ZtIsSingle(row) ? !(object.*row.member.child).Get()
                              : !(object.*row.member.children).Get();

@@ -310,8 +310,7 @@ void ZtMarshaller::Explain(const XMLElement& element, const ZtElementType& type,
     case ZtLack::Why::kNothing:
       return ZtExplainNoMemory(*m_pError, ztxml::Stage::kWriting);
     case ZtLack::Why::kValue:
-      return ZtExplain(*m_pError, Code::kMissingValue, ztxml::Stage::kWriting, kZtMissing,
-                       path.Text());
+      return ZtExplainMissing(*m_pError, ztxml::Stage::kWriting, path.Text());
     case ZtLack::Why::kClass:
       return ZtExplain(*m_pError, Code::kRefused, ztxml::Stage::kWriting,
                        "the object is of another class than belongs here", path.Text());

@@ -17,7 +17,7 @@ class Sentence {
   Sentence(Error& error, Code code, Stage stage) : m_Error(error) {
     error.code = code;
     error.stage = stage;
-    error.line = error.column = 0;
+    error.line = error.column = error.otherLine = error.otherColumn = 0;
     error.path[0] = error.text[0] = '\0';
   }
   ~Sentence() { m_Error.text[m_iSize] = '\0'; }
@@ -52,6 +52,12 @@ class Sentence {
   Sentence& operator<<(const char* text) { return *this << ZtPiece(text); }
   Sentence& operator<<(const ZtTextPlace& place) {
     return Number(place.line) << ":", Number(place.column);
+  }
+  // Where what it contradicts is.
+  Sentence& Other(const ZtTextPlace& place) {
+    m_Error.otherLine = place.line;
+    m_Error.otherColumn = place.column;
+    return *this << place;
   }
   // A name or another piece of what strangers sent: short, and in one line.
   Sentence& Quote(ZtPiece piece) {
@@ -139,6 +145,8 @@ Sentence& Place(Sentence& sentence, Error& error, const ZtFailedText& failed, st
 
 // ---- Markup -------------------------------------------------------------------------------------
 
+constexpr char kBlanks[] = " \t\r\n";
+
 // What a fault is called where there is nothing special to say: its sentence as part of another.
 void Plain(Sentence& sentence, const char* text) {
   const auto isCapital = [](char c) { return c >= 'A' && c <= 'Z'; };
@@ -148,8 +156,28 @@ void Plain(Sentence& sentence, const char* text) {
 }
 void Plain(Sentence& sentence, ZtXmlFault fault) { Plain(sentence, ZtFaultText(fault)); }
 
+// The name that the end tag at `at` is to have; empty when it closes nothing.
+ZtPiece ExpectedAt(ZtPiece text, const ZtOpenElements& open) {
+  return open.Depth() ? ZtNameInTag(text, open.Innermost()) : nullptr;
+}
+
+// What follows that name in the end tag; null when it has another.
+const char* AfterExpected(ZtPiece text, std::size_t at, ZtPiece expected) {
+  const char* const name = text.text + at + 2;
+  if (!expected.size || std::strncmp(name, expected.text, expected.size) != 0) return nullptr;
+  const char* const rest = name + expected.size;
+  return *rest == '<' || std::strspn(rest, kBlanks) ? rest + std::strspn(rest, kBlanks) : nullptr;
+}
+
 void EndTag(Sentence& sentence, const ZtFailedText& failed, std::size_t at,
             const ZtOpenElements& open) {
+  const ZtPiece expected = ExpectedAt(failed.text, open);
+  const char* const rest = AfterExpected(failed.text, at, expected);
+  if (rest && *rest != '>') {
+    sentence << "the end tag </";
+    sentence.Quote(expected) << " lacks its '>'";
+    return;
+  }
   const char* const name = failed.text.text + at + 2;
   const char* const close =
       ZtFind(const_cast<char*>(name), '>', failed.text.text + failed.text.size);
@@ -160,15 +188,15 @@ void EndTag(Sentence& sentence, const ZtFailedText& failed, std::size_t at,
     return;
   }
   sentence << " where </";
-  sentence.Quote(ZtNameInTag(failed.text, open.Innermost()))
-      << "> is expected (opened at " << PlaceOf(failed, open.Innermost()) << ")";
+  sentence.Quote(expected) << "> is expected (opened at ";
+  sentence.Other(PlaceOf(failed, open.Innermost())) << ")";
 }
 
 // An open element at the end of the text.
 void NotClosed(Sentence& sentence, const ZtFailedText& failed, const ZtOpenElements& open) {
   sentence << "<";
-  sentence.Quote(ZtNameInTag(failed.text, open.Innermost()))
-      << "> is not closed (opened at " << PlaceOf(failed, open.Innermost()) << ")";
+  sentence.Quote(ZtNameInTag(failed.text, open.Innermost())) << "> is not closed (opened at ";
+  sentence.Other(PlaceOf(failed, open.Innermost())) << ")";
 }
 
 // Within a start tag at `tag`.
@@ -212,8 +240,13 @@ void CutShort(Sentence& sentence, const ZtFailedText& failed, std::size_t from) 
   const char* const at = failed.text.text + from;
   if (*at != '<') {
     sentence << "the text ends within a reference";
-  } else if (at[1] == '!' || at[1] == '?') {
-    sentence << "the text ends within a comment, a section or an instruction";
+  } else if (at[1] == '?') {
+    sentence << "the text ends within a processing instruction";
+  } else if (at[1] == '!') {
+    sentence << "the text ends within a "
+             << (at[2] == '-'   ? "comment"
+                 : at[2] == '[' ? "CDATA section"
+                                : "document type");
   } else {
     sentence << (at[1] == '/' ? "the text ends within the end tag </"
                               : "the text ends within the tag <");
@@ -272,6 +305,10 @@ void ZtExplain(Error& error, Code code, Stage stage, const char* sentence, const
   Sentence(error, code, stage).In(path).Begin() << sentence;
 }
 
+void ZtExplainMissing(Error& error, Stage stage, const char* path) {
+  ZtExplain(error, Code::kMissingValue, stage, "the element cannot be written without it", path);
+}
+
 void ZtExplainNoMemory(Error& error, Stage stage) {
   ZtExplain(error, Code::kNoMemory, stage, "memory is lacking");
 }
@@ -306,11 +343,13 @@ void ZtExplainXml(Error& error, const ZtFailedText& failed, const ZtXmlError& fa
       for (at = text.size; at > fault.other && text.text[at] != '&';) --at;
     }
   }
+  if (fault.fault == ZtXmlFault::kBadEndTag) at = TagAt(text, at - 1);
   Place(sentence, error, failed, at);
   switch (fault.fault) {
     case ZtXmlFault::kBadMarkup:
       if (std::strncmp(text.text + at, "</", 2) != 0) return Plain(sentence, fault.fault);
       [[fallthrough]];
+    case ZtXmlFault::kBadEndTag:
     case ZtXmlFault::kWrongEndTag:
       return EndTag(sentence, failed, at, ZtOpenElements(text, ZtTagEnds::kAsXml, at));
     case ZtXmlFault::kNotClosed:
@@ -328,7 +367,8 @@ void ZtExplainXml(Error& error, const ZtFailedText& failed, const ZtXmlError& fa
       sentence << "the element has the attribute ";
       sentence.Quote({text.text + at, std::strcspn(text.text + at, "= \t\r\n")}) << " twice";
       if (fault.other != ZtXmlError::kNowhere) {
-        sentence << " (first at " << PlaceOf(failed, fault.other) << ")";
+        sentence << " (first at ";
+        sentence.Other(PlaceOf(failed, fault.other)) << ")";
       }
       return;
     case ZtXmlFault::kUnboundPrefix:
@@ -346,18 +386,17 @@ void ZtExplainXml(Error& error, const ZtFailedText& failed, const ZtXmlError& fa
 
 namespace {
 
-// What XML allows and the parser of the exact profile takes for something else; null for nothing.
-// `at` becomes its place.
-const char* NotSupported(const ZtFailedText& failed, std::size_t& at) {
+constexpr char kStandardOnly[] = " read in the standard profile only";
+
+// Where the first "<!" stands, up to `at`, that begins no comment: the parser of the exact profile
+// takes it for a start tag. `at` when there is none.
+std::size_t FirstSection(ZtPiece text, std::size_t at) {
   ZtRawTag tag;
-  for (ZtTagWalk walk(failed.text, ZtTagEnds::kFirst); walk.Next(tag) && tag.from <= at;) {
-    const char* const name = failed.text.text + tag.from + 1;
-    if (*name != '!' || std::strncmp(name, "!--", 3) == 0) continue;
-    at = tag.from;
-    return name[1] == '[' ? "CDATA sections are read in the standard profile only"
-                          : "document types are read in the standard profile only";
+  for (ZtTagWalk walk(text, ZtTagEnds::kFirst); walk.Next(tag) && tag.from <= at;) {
+    const char* const name = text.text + tag.from + 1;
+    if (*name == '!' && std::strncmp(name, "!--", 3) != 0) return tag.from;
   }
-  return nullptr;
+  return at;
 }
 
 // Says that a text is in UTF-16; false when it is not.
@@ -372,24 +411,54 @@ bool SaysUtf16(Error& error, const ZtFailedText& failed) {
   return true;
 }
 
-// Why the tag at `tag` ends the exact profile's reading, `code` and `at` with it. Null: its
-// attributes are to be looked at.
-const char* WhyNoTag(const ZtFailedText& failed, std::size_t tag, std::size_t depth, Code& code) {
-  const char* const name = failed.text.text + tag + 1;
-  code = Code::kRefused;
-  if (*name == '?') {
-    return depth ? "a processing instruction inside of the root element is read in the standard "
-                   "profile only"
-                 : "'?>' is expected where the processing instruction has its first '>'";
+// Why markup that is no tag ends the exact profile's reading: it is not XML either, or `what`.
+struct Refused {
+  ZtXmlFault fault;
+  const char* what;
+  std::size_t at;  // after its beginning
+};
+Refused WhyRefused(const char* markup, const ZtRawTag& tag, bool isInside) {
+  const auto is = [markup](ZtPiece mark) {
+    return std::strncmp(markup, mark.text, mark.size) == 0;
+  };
+  const std::size_t close = std::strcspn(markup, ">");
+  if (is("<!--")) {
+    const auto dashes = static_cast<std::size_t>(std::strstr(markup + 4, "--") + 2 - markup);
+    if (dashes + 1 != tag.to) return {ZtXmlFault::kBadComment, nullptr, dashes};
+    return {ZtXmlFault::kNone, "'>' in a comment is", close};
   }
-  return std::strncmp(name, "!--", 3) == 0 ? "'-->' is expected where the comment has its first '>'"
-                                           : nullptr;
+  if (is("<?")) {
+    const bool isDeclaration = ZtEqual(tag.name, "?xml");
+    if (!isDeclaration && isInside) {
+      return {ZtXmlFault::kNone, "a processing instruction inside of the root element is", 0};
+    }
+    if (!isDeclaration) return {ZtXmlFault::kNone, "'>' in a processing instruction is", close};
+    return {isInside ? ZtXmlFault::kMisplacedDeclaration : ZtXmlFault::kBadDeclaration, nullptr, 0};
+  }
+  const bool isSection = is("<![CDATA[");
+  if (isSection && isInside) return {ZtXmlFault::kNone, "CDATA sections are", 0};
+  if (isSection || !is("<!DOCTYPE")) return {ZtXmlFault::kBadMarkup, nullptr, 0};
+  if (isInside) return {ZtXmlFault::kMisplacedDocumentType, nullptr, 0};
+  const std::size_t subset = std::strcspn(markup, "[>");
+  if (markup[subset] == '[') return {ZtXmlFault::kInternalSubset, nullptr, subset};
+  return {ZtXmlFault::kNone, "document types are", 0};
 }
 
-// What stands in the end tag at `tag`, without blanks after it.
-ZtPiece NameOfEnd(ZtPiece text, std::size_t tag) {
-  const char* const name = text.text + tag + 2;
-  return ZtTrimmed({name, std::strcspn(name, ">")});
+void NotTag(Error& error, const ZtFailedText& failed, std::size_t at) {
+  const ZtPiece text = failed.text;
+  const char* const markup = text.text + at;
+  const ZtOpenElements open(text, ZtTagEnds::kAsXml, at);
+  ZtRawTag tag;
+  const bool isWhole = ZtTagWalk({markup, text.size - at}, ZtTagEnds::kAsXml).Next(tag);
+  const Refused why = isWhole ? WhyRefused(markup, tag, open.Depth() > 0)
+                              : Refused{ZtXmlFault::kCutShort, nullptr, 0};
+  const bool isXml = why.fault == ZtXmlFault::kNone;
+  Sentence sentence(error, isXml ? Code::kRefused : CodeOf(why.fault), Stage::kParsing);
+  SetPath(failed, open, error);
+  sentence.At(PlaceOf(failed, at + why.at)).Begin();
+  if (!isWhole) return CutShort(sentence, failed, at);
+  if (!isXml) return Plain(sentence, why.fault);
+  sentence << why.what << kStandardOnly;
 }
 
 // Whether the parser of the exact profile takes a start tag with a name, which ends at `close`.
@@ -407,12 +476,9 @@ bool IsTaken(ZtPiece name, char* close) {
 void ZtExplainParser(Error& error, const ZtFailedText& failed, std::size_t at) {
   const ZtPiece text = failed.text;
   if (SaysUtf16(error, failed)) return;
-  if (const char* why = NotSupported(failed, at)) {
-    Sentence sentence(error, Code::kRefused, Stage::kParsing);
-    SetPath(failed, ZtOpenElements(text, ZtTagEnds::kAsXml, at), error);
-    sentence.At(PlaceOf(failed, at)).Begin() << why;
-    return;
-  }
+  at = FirstSection(text, at);
+  const bool isSection = std::strncmp(text.text + at, "<!", 2) == 0;
+  if (isSection || std::strncmp(text.text + at, "<?", 2) == 0) return NotTag(error, failed, at);
   const ZtOpenElements open(text, ZtTagEnds::kFirst, at);
   const bool hasTag = at < text.size && text.text[at] == '<';
   const bool hasEnd =
@@ -430,18 +496,12 @@ void ZtExplainParser(Error& error, const ZtFailedText& failed, std::size_t at) {
     return Plain(sentence, isText ? ZtXmlFault::kTextBeforeRoot : ZtXmlFault::kNoElement);
   }
   if (text.text[at + 1] == '/') {
-    const bool isBlank = open.Depth() && ZtEqual(ZtNameInTag(text, at), NameOfEnd(text, at)) &&
-                         ZtEqual(ZtNameInTag(text, at), ZtNameInTag(text, open.Innermost()));
-    Sentence sentence(error, isBlank ? Code::kRefused : Code::kMalformed, Stage::kParsing);
+    const char* const rest = AfterExpected(text, at, ExpectedAt(text, open));
+    const bool isXml = rest && *rest == '>';
+    Sentence sentence(error, isXml ? Code::kRefused : Code::kMalformed, Stage::kParsing);
     Place(sentence, error, failed, at);
-    if (!isBlank) return EndTag(sentence, failed, at, open);
-    sentence << "blanks in an end tag are read in the standard profile only";
-    return;
-  }
-  Code code = Code::kMalformed;
-  if (const char* why = WhyNoTag(failed, at, open.Depth(), code)) {
-    Sentence sentence(error, code, Stage::kParsing);
-    Place(sentence, error, failed, at) << why;
+    if (!isXml) return EndTag(sentence, failed, at, open);
+    sentence << "white space in an end tag is" << kStandardOnly;
     return;
   }
   // The parser has seen the tag up to its first '>'.
@@ -458,7 +518,7 @@ void ZtExplainParser(Error& error, const ZtFailedText& failed, std::size_t at) {
   Place(sentence, error, failed, place);
   if (!isXml) return InTag(sentence, failed, fault.fault, place, at);
   sentence << "'>' in the value of the attribute ";
-  sentence.Quote(ZtLastAttribute(text, at, size)) << " is read in the standard profile only";
+  sentence.Quote(ZtLastAttribute(text, at, size)) << " is" << kStandardOnly;
 }
 
 void ZtExplainNul(Error& error, const ZtFailedText& failed, std::size_t at) {
@@ -483,6 +543,10 @@ void ZtExplainRoot(Error& error, const ZtFailedText& failed, ZtPiece uri) {
   Sentence sentence(error, Code::kWrongRoot, Stage::kBinding);
   Place(sentence, error, failed, tag.from) << "the root element is <";
   sentence.Quote(tag.name) << ">";
+  if (document.roots.size() == 0) {
+    sentence << ", but documents of this kind are read in the exact profile only";
+    return;
+  }
   const ZtElementType* const type = RootType(document, LocalOf(tag.name));
   if (!type || (failed.type && type != &ZtStandardOf(*failed.type))) {
     const char* sign = ", not <";

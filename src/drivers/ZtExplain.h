@@ -34,6 +34,7 @@ void ZtExplainRoot(ztxml::Error& error, const ZtFailedText& failed, ZtPiece uri 
 // What has no place in a text. `path` may be empty, and begins with '/' where it is one.
 void ZtExplain(ztxml::Error& error, ztxml::Code code, ztxml::Stage stage, const char* sentence,
                const char* path = "");
+void ZtExplainMissing(ztxml::Error& error, ztxml::Stage stage, const char* path);
 void ZtExplainNoMemory(ztxml::Error& error, ztxml::Stage stage);
 
 #endif  // ZTXML_SRC_DRIVERS_ZTEXPLAIN_H

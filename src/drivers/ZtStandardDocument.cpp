@@ -158,8 +158,10 @@ bool Refuse(const ZtDocument& document, ztxml::Error* error, Stage stage, Code c
   if (!error) return false;
   if (!why) {
     ZtExplainNoMemory(*error, stage);
+  } else if (why == kZtMissing) {
+    ZtExplainMissing(*error, stage, path);
   } else {
-    ZtExplain(*error, why == kZtMissing ? Code::kMissingValue : code, stage, why, path);
+    ZtExplain(*error, code, stage, why, path);
   }
   return false;
 }

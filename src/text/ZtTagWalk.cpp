@@ -60,11 +60,12 @@ bool ZtTagWalk::Next(ZtRawTag& tag) {
   const char* to = nullptr;
   tag.kind = ZtRawTag::Kind::kOther;
   if (*name == '?') {
-    to = After(name, end, asXml ? "?>" : ">");
+    to = After(name + 1, end, asXml ? "?>" : ">");
   } else if (*name == '!' && (asXml || std::strncmp(name, "!--", 3) == 0)) {
     const bool isComment = std::strncmp(name, "!--", 3) == 0;
     const bool isSection = std::strncmp(name, "![CDATA[", 8) == 0;
-    to = After(name, end, !asXml ? ">" : isComment ? "-->" : isSection ? "]]>" : ">");
+    const char* const content = isComment ? name + 3 : name;
+    to = After(content, end, !asXml ? ">" : isComment ? "-->" : isSection ? "]]>" : ">");
   } else {
     to = asXml && *name != '/' ? AfterTag(name, end) : After(name, end, ">");
     tag.kind = *name == '/'          ? ZtRawTag::Kind::kEnd
