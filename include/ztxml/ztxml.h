@@ -23,6 +23,7 @@
 #include "ztxml/resource_lists.h"
 #include "ztxml/rls_services.h"
 #include "ztxml/simservs.h"
+#include "ztxml/state.h"
 #include "ztxml/tip.h"
 #include "ztxml/volte_config_info.h"
 #include "ztxml/wap_provisioning_doc.h"

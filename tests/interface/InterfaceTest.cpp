@@ -81,8 +81,9 @@ TEST(Interface, ADocumentIsMadeAndWritten) {
     ASSERT_TRUE(registration);
     registration->setIdValue("r");
     registration->setStateValue(ZT_REGISTRATION_STATE_ACTIVE);
-    EXPECT_EQ(Said(made->Write().error()),
-              "/reginfo/registration[1]/@aor: missing value: the element cannot be written without it");
+    EXPECT_EQ(
+        Said(made->Write().error()),
+        "/reginfo/registration[1]/@aor: missing value: the element cannot be written without it");
     registration->setAorValue("sip:a");
     auto* contact = ztxml::Add(*registration, &zt_registration::addContact);
     contact->setIdValue("c");
