@@ -471,6 +471,73 @@ documents: 1 ok, 0 refused, 0 faulty, 0 with losses"
 expect 1 "" "$ztxml" check --strict - <<<'<reginfo a="1" a="2"/>'
 grep -qF ':1:16: malformed: the element has the attribute a twice (first at 1:10)' "$work/out" || fail "$(cat "$work/out")"
 
+# ---- Notifications ------------------------------------------------------------------------------
+# conference VERSION STATE [CONTENT]: a notification of a conference in a file of that version.
+conference() {
+  echo "<conference-info xmlns='urn:ietf:params:xml:ns:conference-info' entity='sip:c@example.com' version='$1'" \
+    "state='$2'>${3-}</conference-info>" >"$work/c$1.xml"
+}
+user() { echo "<user entity='sip:$1@example.com' state='$2'>${3-}</user>"; }
+conference 1 full "<users>$(user ada full)$(user bob full)</users>"
+conference 2 partial "<users state='partial'>$(user ada partial '<display-text>Ada</display-text>')$(
+  user bob deleted)$(user 'e&#10;ve' full)</users>"
+conference 4 partial "<users state='partial'>$(user zoe full)</users>"
+conference 5 deleted
+{ printf 'NOTIFY sip:a@example.com SIP/2.0\r\nContent-Type: application/conference-info+xml\r\n\r\n' &&
+  cat "$work/c1.xml"; } >"$work/c1.txt"
+expect 1 "" "$ztxml" merge --events "$work/c1.txt" "$work/c2.xml" "$work/c2.xml" "$work/c4.xml" "$work/c1.xml" "$work/c5.xml"
+prints "$work/c1.txt: applied
+  added /conference-info/users/user[sip:ada@example.com]
+  added /conference-info/users/user[sip:bob@example.com]
+$work/c2.xml: applied
+  changed /conference-info/users/user[sip:ada@example.com]
+  removed /conference-info/users/user[sip:bob@example.com]
+  added /conference-info/users/user[sip:e\\nve@example.com]
+$work/c2.xml: ignored: its version was there already
+$work/c4.xml: refresh: notifications before it were missed
+$work/c1.xml: ignored: it is older than the state
+$work/c5.xml: applied; refresh: what it tells of is no more
+  removed /conference-info/users/user[sip:ada@example.com]
+  removed /conference-info/users/user[sip:e\\nve@example.com]"
+state='<?xml version="1.0" encoding="UTF-8"?>
+<conference-info xmlns="urn:ietf:params:xml:ns:conference-info" state="full" version="2" entity="sip:c@example.com">
+<users>
+<user state="full" entity="sip:ada@example.com">
+<display-text>Ada</display-text></user>
+<user state="full" entity="sip:e&#10;ve@example.com"/></users></conference-info>'
+expect 0 "ztxml: $work/c2.xml: ignored: its version was there already" "$ztxml" merge "$work/c1.txt" - "$work/c2.xml" <"$work/c2.xml"
+prints "$state"
+# A registration's partial notification is taken after a gap; its contacts come whole.
+registration() { echo "<reginfo xmlns='urn:ietf:params:xml:ns:reginfo' version='$1' state='$2'><registration aor='sip:a' id='r' state='active'><contact id='$3' state='active' event='$4'><uri>sip:$3</uri></contact></registration></reginfo>"; }
+registration 0 full c1 registered >"$work/r0.xml"
+registration 2 partial c2 created >"$work/r2.xml"
+expect 1 "" "$ztxml" merge --events "$work/r0.xml" "$work/r2.xml"
+prints "$work/r0.xml: applied
+  added /reginfo/registration[r]
+$work/r2.xml: applied; refresh: notifications before it were missed
+  added /reginfo/registration[r]/contact[c2]"
+# What is known is written although something is missing; where nothing is known, nothing is.
+echo '<conference-info>' >"$work/broken.xml"
+for missing in "c4.xml: refresh: notifications before it were missed" "broken.xml:" "r2.xml:" "nothing.xml: file"; do
+  expect 1 "$work/$missing" "$ztxml" merge "$work/c1.txt" "$work/${missing%%:*}" "$work/c2.xml"
+  prints "$state"
+done
+expect 1 "$work/c2.xml: refresh: it is partial, and there was no full one" "$ztxml" merge "$work/c2.xml"
+prints ""
+expect 2 "documents of the schema Presence cannot be merged" "$ztxml" merge "$documents/presence.xml" "$work/c1.xml"
+expect 3 "/conference-info/@entity: missing value" "$ztxml" merge - <<<"$(sed -e "s/entity='[^']*' version/version/" "$work/c1.xml")"
+# Of the message of a resource list the list is taken, and not what else is in it.
+list() { echo "<list xmlns='urn:ietf:params:xml:ns:rlmi' uri='sip:l@example.com' version='$1' fullState='$2'><resource uri='sip:$3'/></list>"; }
+{ printf 'Content-Type: multipart/related; boundary=b\n\n--b\nContent-Type: application/rlmi+xml\n\n' &&
+  list 0 true x && printf -- '--b\nContent-Type: application/pidf+xml\n\n' && cat "$documents/presence.xml" &&
+  printf -- '\n--b\nContent-Type: application/x+xml\n\n<x/>\n--b--\n'; } >"$work/l0.txt"
+list 1 false y >"$work/l1.xml"
+expect 0 "" "$ztxml" merge --events "$work/l0.txt" "$work/l1.xml"
+prints "$work/l0.txt (body 1): applied
+  added /list/resource[sip:x]
+$work/l1.xml: applied
+  added /list/resource[sip:y]"
+
 # ---- Completion ---------------------------------------------------------------------------------
 # completes EXPECTED WORD...: what is offered for the last word.
 completes() {
@@ -482,6 +549,7 @@ completes() {
 completes "show schemas" s
 completes "--schema --standard" show --s
 completes "--schema --set" edit --s
+completes "--events" merge --e
 completes "" edit --remove "$work/sma"
 completes "--quiet" check --q
 completes "Presence" check --schema pres

@@ -54,4 +54,9 @@ struct Change {
 /// what is to be removed is not there, kUsage for a change that cannot be.
 int Edit(const std::string& path, const std::vector<Change>& changes, const Reading& reading);
 
+/// Merges the notifications of the files in their order, by the schema of the first, and prints the
+/// state that results, or with `printsEvents` what became of each. kCannotRead when one cannot be
+/// read or others are missing, kUsage for documents that do not come in parts.
+int Merge(const std::vector<std::string>& paths, const Reading& reading, bool printsEvents);
+
 #endif  // ZTXML_TOOLS_COMMANDS_H

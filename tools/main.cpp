@@ -26,7 +26,7 @@ value, too long, no memory; of documents that it reads although XML forbids them
 namespaces, not supported.
 
 The library has two profiles. In the exact one it reads and writes as its peers know it. In the
-standard one (--standard; get and edit always) it does so as XML, its namespaces and the schemas
+standard one (--standard; get, edit, merge always) it does so as XML, its namespaces and the schemas
 have it: also UTF-16, ISO-8859-1, CDATA sections.
 
 Examples:
@@ -36,14 +36,15 @@ Examples:
   ztxml diff old.xml new.xml
   ztxml get notify.xml '/reginfo/registration[1]/@state'
   ztxml edit --set /simservs/communication-waiting/@active=false simservs.xml
+  ztxml merge full.xml partial.xml
   ztxml namespaces - < notify.xml
   ztxml COMMAND --help
 
 Log levels, on standard error: 1 everything; 2 trace lines and most failures; 3 state changes;
 4 errors.
 
-Exit status: 0 done; 1 a document cannot be read, "check" finds it not ok, or what "get" or "edit"
-is asked for is not there; 2 wrong usage; 3 it cannot be written, or not as XML. Of several files the highest counts. diff: 0 equal; 1 different; 2 wrong usage, or one cannot be read.)";
+Exit status: 0 done; 1 a document cannot be read, "check" finds it not ok, what "get" or "edit" is
+asked for is not there, or "merge" lacks a notification; 2 wrong usage; 3 it cannot be written, or not as XML. Of several files the highest counts. diff: 0 equal; 1 different; 2 wrong usage, or one cannot be read.)";
 
 constexpr char kEventsFooter[] = R"(Lines:
   start NAME
@@ -171,6 +172,30 @@ Examples:
   ztxml edit --set /simservs/communication-diversion/NoReplyTimer=20 simservs.xml
   ztxml edit --remove '/resource-lists/list[1]/entry[2]' lists.xml > new.xml)";
 
+constexpr char kMergeFooter[] =
+    R"(Merges notifications of registrations (RFC 3680), of conferences (RFC 4575) or of resource lists
+(RFC 4662), in the order given, and writes the full document that results to standard output. The
+first one tells which of the three it is. They are read in the standard profile; of a message with
+several bodies only such notifications are taken.
+
+A notification that is old, repeated or of another resource is ignored, which standard error tells.
+Where a new full one is needed, standard error tells why, and the exit status is 1; what is written
+is what is known without it.
+
+With --events, lines instead of the document and of what standard error tells:
+  FILE: applied           it is part of the state now
+  FILE: ignored: REASON
+  FILE: refresh: REASON   a new full one is needed; "applied; refresh:" when it was taken all the same
+and for each change, indented, "added PATH", "changed PATH" or "removed PATH". A PATH has the key of
+what occurs several times: /reginfo/registration[r1]/contact[c1].
+
+Exit status: 0 done; 1 a notification cannot be read, or a new full one is needed; 2 documents of
+that kind cannot be merged; 3 the result cannot be written.
+
+Examples:
+  ztxml merge full.txt partial-*.txt > state.xml
+  ztxml merge --events full.txt partial-*.txt)";
+
 constexpr char kSchemasFooter[] = R"(The other commands take a NAME or an ID as --schema.
 
 Example:
@@ -229,6 +254,10 @@ class CommandLine {
     AddFiles(m_pRoundTrip);
     AddSchema(m_pRoundTrip);
     AddStandard(m_pRoundTrip);
+    m_pMerge = AddCommand("merge", "Print the state that results from notifications", kMergeFooter);
+    AddFiles(m_pMerge);
+    AddSchema(m_pMerge);
+    m_pMerge->add_flag("--events", m_bEvents, "Print what became of each, and what it changed");
     m_pEvents = AddCommand("events", "Print the parser's callbacks, one a line", kEventsFooter);
     AddFiles(m_pEvents);
     m_pNamespaces = AddCommand("namespaces", "Print the namespace declarations", kNamespacesFooter);
@@ -298,10 +327,12 @@ class CommandLine {
     Log log(m_LogLevel);
     Reading reading;
     reading.schema = m_Schema.empty() ? nullptr : FindSchema(m_Schema);
-    reading.isStandard = m_bStandard || m_Checks.strict || m_pGet->parsed() || m_pEdit->parsed();
+    reading.isStandard = m_bStandard || m_Checks.strict || m_pGet->parsed() || m_pEdit->parsed() ||
+                         m_pMerge->parsed();
     if (m_pCheck->parsed()) return Check(m_Paths, reading, m_Checks);
     if (m_pDiff->parsed()) return Diff(m_OldPath, m_NewPath, reading);
     if (m_pGet->parsed()) return Get(m_File, m_Path, reading);
+    if (m_pMerge->parsed()) return Merge(m_Paths, reading, m_bEvents);
     if (m_pEdit->parsed()) return Edit(m_File, Changes(), reading);
     int status = kDone;
     for (const std::string& path : m_Paths) status = std::max(status, RunFile(path, reading, log));
@@ -366,12 +397,14 @@ class CommandLine {
   CLI::Option* m_pSet = nullptr;
   CLI::Option* m_pRemove = nullptr;
   CLI::App* m_pRoundTrip = nullptr;
+  CLI::App* m_pMerge = nullptr;
   CLI::App* m_pEvents = nullptr;
   CLI::App* m_pNamespaces = nullptr;
   CLI::App* m_pSchemas = nullptr;
   int m_LogLevel = 0;
   bool m_bJson = false;
   bool m_bStandard = false;
+  bool m_bEvents = false;
   Checks m_Checks;
   std::vector<std::string> m_Paths;
   std::string m_File;

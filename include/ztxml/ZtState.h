@@ -62,8 +62,8 @@ class ZT_API ZtState : public ZtNonCopyable {
   bool Take(XMLElement* notification, ztxml::Merged& merged, ztxml::Error& error);
   /// Forgets all, for a new subscription.
   void Reset();
-  /// What is known: a full document; null before the first full notification. It is the state's,
-  /// and not to be changed.
+  /// What is known: a full document, or what told that there is nothing more; null before the first
+  /// full notification. It is the state's, and not to be changed.
   XMLElement* Root() const { return m_pRoot; }
   /// What the last notification changed.
   unsigned ChangeCount() const;

@@ -83,6 +83,8 @@ bool ZtState::Fit(const XMLElement& fresh, Merged& merged, ztxml::Error& error) 
     merged.reason = Reason::kOther;
   } else if (version.number <= last) {
     merged.reason = version.number < last ? Reason::kOld : Reason::kRepeated;
+  } else if (isPart && ZtMerger::ToldOf(*m_pRoot, type) == ZtMerger::Told::kDeleted) {
+    merged = {Merged::Outcome::kRefresh, Reason::kDeleted, false};
   } else {
     const bool isGap = isPart && version.number > last + 1;
     if (isGap) merged = {Merged::Outcome::kRefresh, Reason::kGap, false};

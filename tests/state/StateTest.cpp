@@ -127,6 +127,23 @@ TEST(State, ConferencesAreMergedByStatesAndKeys) {
             "+/conference-info/sidebars-by-val/entry[s]");
   EXPECT_EQ(Told(state, Conference("9", "deleted", "")).substr(0, 46),
             "refresh: what it tells of is no more, applied\n");
+  EXPECT_EQ(Told(state, Conference("10", "partial", "")), "refresh: what it tells of is no more");
+}
+
+TEST(State, AnElementThatTellsNothingChangesNothing) {
+  ztxml::State<zt_conference_type> state;
+  const std::string users = "<users state='partial'>";
+  Told(state, Conference("1", "full", "<users><user entity='a'/></users>"));
+  EXPECT_EQ(Told(state, Conference("2", "partial", users + "</users>")), "applied");
+  EXPECT_EQ(
+      Told(state, Conference("3", "partial", users + "<user entity='a' state='deleted'/></users>")),
+      "applied\n-/conference-info/users/user[a]");
+  EXPECT_EQ(
+      Told(state, Conference("4", "partial", users + "<user entity='a' state='partial'/></users>")),
+      "applied\n+/conference-info/users/user[a]");
+  EXPECT_EQ(
+      Told(state, Conference("5", "partial", users + "<user entity='a' state='partial'/></users>")),
+      "applied");
 }
 
 // RFC 3680, section 5.3 and 5.2.

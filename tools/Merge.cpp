@@ -1,0 +1,148 @@
+// ztxml merge: the state that results from notifications.
+#include <algorithm>
+#include <climits>
+#include <iostream>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "Commands.h"
+#include "Read.h"
+#include "Schemas.h"
+#include "Text.h"
+#include "ztxml/state.h"
+
+namespace {
+
+// The record of a schema whose documents come in parts; null for others.
+const ZtDocument* TableOf(const XMLSchemaInfo& schema) {
+  switch (schema.id) {
+    case XML_SCHEMA_REGINFO:
+      return &ztxml::RootOf<zt_reginfo>::Table();
+    case XML_SCHEMA_CONFERENCE_INFO:
+      return &ztxml::RootOf<zt_conference_type>::Table();
+    case XML_SCHEMA_LIST:
+      return &ztxml::RootOf<zt_list>::Table();
+    default:
+      return nullptr;
+  }
+}
+
+const char* NameOf(ztxml::Change::Kind kind) {
+  switch (kind) {
+    case ztxml::Change::Kind::kAdded:
+      return "added";
+    case ztxml::Change::Kind::kChanged:
+      return "changed";
+    case ztxml::Change::Kind::kRemoved:
+      return "removed";
+  }
+  return "";
+}
+
+class Merger {
+ public:
+  Merger(const Reading& reading, bool printsEvents)
+      : m_Reading(reading), m_bPrintsEvents(printsEvents) {}
+
+  /// The exit status so far. After kUsage there is no more to be done.
+  int MergeFile(const std::string& path) {
+    std::vector<Document> documents;
+    Failure failure;
+    const bool opened = ReadDocuments(path, true, documents, failure);
+    if (documents.size() > 1) LeaveOutOthers(documents);
+    for (const Document& document : documents) {
+      m_Status = std::max(m_Status, MergeDocument(document));
+      if (m_Status == kUsage) return m_Status;
+    }
+    if (!opened) m_Status = std::max(m_Status, Refuse(NameOfInput(path), failure));
+    return m_Status;
+  }
+  int PrintState() {
+    if (!m_State || !m_State->Root()) return m_Status;
+    ZtSettings settings;
+    settings.profile = XML_PROFILE_STANDARD;
+    settings.mostText = INT_MAX;
+    ztxml::Error error;
+    std::size_t size = 0;
+    char* const text = ZtWriteDocument(*m_pTable, settings, m_State->Root(), nullptr, size, error);
+    if (!text) {
+      Complain("(result)", Escape(error.Text()));
+      return kCannotWrite;
+    }
+    PrintText({text, size});
+    ZtFreeText(text);
+    return m_Status;
+  }
+
+ private:
+  // The message of a resource list has the states of the resources beside the list.
+  void LeaveOutOthers(std::vector<Document>& documents) const {
+    const auto isOther = [&](const Document& document) {
+      const XMLSchemaInfo* const schema = FindSchemaOfType(document.contentType, "");
+      if (m_Reading.schema) return schema != m_Reading.schema;
+      return !schema || !TableOf(*schema);
+    };
+    if (std::all_of(documents.begin(), documents.end(), isOther)) return;
+    documents.erase(std::remove_if(documents.begin(), documents.end(), isOther), documents.end());
+  }
+
+  int MergeDocument(const Document& document) {
+    Tree tree;
+    Failure failure;
+    if (!ReadTree(document, m_Reading, tree, failure)) return Refuse(document.name, failure);
+    if (!m_State) {
+      m_pTable = TableOf(*tree.schema);
+      if (!m_pTable) {
+        Complain(document.name, std::string("documents of the schema ") + tree.schema->name +
+                                    " cannot be merged, only those of Reginfo, ConferenceInfo and "
+                                    "List");
+        return kUsage;
+      }
+      m_Reading.schema = tree.schema;
+      m_State.emplace(*m_pTable);
+    }
+    ztxml::Merged merged;
+    ztxml::Error error;
+    if (!m_State->Take(tree.root.release(), merged, error)) {
+      Complain(document.name, Escape(error.Text()));
+      return kCannotRead;
+    }
+    Tell(document, merged);
+    return merged.outcome == ztxml::Merged::Outcome::kRefresh ? kCannotRead : kDone;
+  }
+
+  void Tell(const Document& document, const ztxml::Merged& merged) const {
+    std::string what = merged.isApplied ? "applied" : "";
+    if (merged.outcome != ztxml::Merged::Outcome::kApplied) {
+      const bool isIgnored = merged.outcome == ztxml::Merged::Outcome::kIgnored;
+      if (!what.empty()) what += "; ";
+      what += std::string(isIgnored ? "ignored: " : "refresh: ") + ztxml::NameOf(merged.reason);
+      if (!m_bPrintsEvents) Complain(document.name, what);
+    }
+    if (!m_bPrintsEvents) return;
+    std::cout << Escape(document.name) << ": " << what << '\n';
+    for (unsigned i = 0; i < m_State->ChangeCount(); ++i) {
+      const ztxml::Change change = m_State->ChangeAt(i);
+      std::cout << "  " << NameOf(change.kind) << ' ' << Escape(change.path) << '\n';
+    }
+  }
+
+  Reading m_Reading;  // by the schema of the first notification
+  bool m_bPrintsEvents;
+  const ZtDocument* m_pTable = nullptr;
+  std::optional<ZtState> m_State;
+  int m_Status = kDone;
+};
+
+}  // namespace
+
+int Merge(const std::vector<std::string>& paths, const Reading& reading, bool printsEvents) {
+  Merger merger(reading, printsEvents);
+  int status = kDone;
+  for (const std::string& path : paths) {
+    status = merger.MergeFile(path);
+    if (status == kUsage) return status;
+  }
+  return printsEvents ? status : merger.PrintState();
+}
