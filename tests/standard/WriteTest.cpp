@@ -145,9 +145,11 @@ TEST(StandardWorkers, TellLossesAndLogRefusals) {
       context.LimitText(text.size());
       EXPECT_SAME(write(), text);
     }
-    EntryOf(root->getRegistrationListValue())->setAorValue(nullptr);
+    auto* registration = EntryOf(root->getRegistrationListValue());
+    EntryOf(registration->getContactListValue())->setUriValue("\x01");
     EXPECT_EQ(schema.Update(root.get()), "(null)");
-    EXPECT_TRUE(log.Has("/reginfo/registration[1]/@aor cannot be written")) << log.Texts().back();
+    EXPECT_TRUE(log.Has("/reginfo/registration[1]/contact[1]/uri cannot be written"))
+        << log.Texts().back();
   }
 }
 
