@@ -1,86 +1,45 @@
-// One schema's workers, for tests that read and write documents.
+// For tests that read and write documents.
 #ifndef ZTXML_TESTS_DOCUMENTSUPPORT_H
 #define ZTXML_TESTS_DOCUMENTSUPPORT_H
 
 #include <gtest/gtest.h>
-#include <memory>
 #include <string>
 
 #include "TestSupport.h"
+#include "Workers.h"
 #include "base/ZtMemory.h"
 #include "ztxml/XMLFactory.h"
 #include "ztxml/XMLList.h"
 #include "ztxml/XMLValueTypes.h"
+#include "ztxml/document.h"
 #include "ztxml/ztHostPlatform.h"
 
 /// How most lines of the documents begin.
 inline const std::string kModule = "<XML Module>: ";
 
-struct TreeDeleter {
-  void operator()(XMLElement* element) const { XMLFactory::DeleteElement(element); }
-};
-template <class T>
-using Tree = std::unique_ptr<T, TreeDeleter>;
-
-/// The workers of one schema; texts of null documents come back as "(null)".
-class Schema {
- public:
-  explicit Schema(eXMLSchemaID id)
-      : context_(XMLFactory::newInstance(id)),
-        reader_(context_->createUnMarshaller()),
-        writer_(context_->createMarshaller()) {}
-  ~Schema() { XMLFactory::deleteContext(context_); }
-  Schema(const Schema&) = delete;
-  Schema& operator=(const Schema&) = delete;
-
-  template <class T>
-  Tree<T> Read(const std::string& text) {
-    return Tree<T>(static_cast<T*>(reader_->UnMarshall(text.c_str())));
-  }
-  std::string Write(XMLElement* root) {
-    const char* text = writer_ ? writer_->Marshall(root) : nullptr;
-    return text ? text : "(null)";
-  }
-  std::string RoundTrip(const std::string& text) { return Write(Read<XMLElement>(text).get()); }
-
-  XMLContext* context() { return context_; }
-  XMLMarshaller* writer() { return writer_; }
-
- private:
-  XMLContext* context_;
-  XMLUnMarshaller* reader_;
-  XMLMarshaller* writer_;
-};
-
-/// A schema with the namespaces that `text` declares.
-class BoundSchema : public Schema {
- public:
-  BoundSchema(eXMLSchemaID id, const std::string& text)
-      : Schema(id), namespaces_(Schema(XML_SCHEMA_NAMESPACE_RETRIEVAL).Read<XMLObject>(text)) {
-    context()->SetNamespaceBinder(namespaces_.get());
-  }
-
- private:
-  Tree<XMLObject> namespaces_;
-};
-
 inline void ExpectWholeOrNothing(Schema& schema, const std::string& text) {
   ExpectWholeOrNothing([&] { return schema.RoundTrip(text); });
+}
+
+/// What was written, or why nothing was.
+inline std::string TextOf(const ztxml::Result<std::string>& written) {
+  return written ? *written : written.error().Text();
 }
 
 /// How many entries a list of a schema object has.
 inline int CountOf(ZtSingleElementList* list) { return list ? list->GetCount() : 0; }
 
-/// The entry at `index` of a list of elements.
+/// Of the entries of a list that are a T, that at `index`; null when there are fewer.
 template <class T>
-T* EntryOf(ZtSingleElementList* list, unsigned short index) {
-  return list ? static_cast<T*>(static_cast<XMLElement*>(list->GetKeyAtIndex(index))) : nullptr;
+T* EntryOf(ZtSingleElementList* list, int index = 0) {
+  for (T& entry : ztxml::Each<T>(list)) {
+    if (index-- == 0) return &entry;
+  }
+  return nullptr;
 }
-
-/// An object of another class, cast so that it passes for a T.
 template <class T>
-T* Foreign() {
-  return static_cast<T*>(static_cast<XMLElement*>(ZtCreate<zt_string>("tests/Foreign")));
+T* EntryOf(ZtListOf<T>* list, int index = 0) {
+  return EntryOf<T>(static_cast<ZtSingleElementList*>(list), index);
 }
 
 /// A caller's own element, which gives no class name.
@@ -90,15 +49,5 @@ struct Nameless : XMLElement {
   const char* ElementName() const override { return "nameless"; }
   int ReservedHook() override { return 0; }
 };
-
-/// A whole document in the writer's layout: a line break before each start tag, double quotes.
-inline std::string Document(const std::string& content) {
-  std::string text = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>";
-  for (std::size_t i = 0; i < content.size(); ++i) {
-    if (content[i] == '<' && content[i + 1] != '/') text += '\n';
-    text += content[i] == '\'' ? '"' : content[i];
-  }
-  return text;
-}
 
 #endif  // ZTXML_TESTS_DOCUMENTSUPPORT_H

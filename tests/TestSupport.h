@@ -70,6 +70,26 @@ class LogCapture {
   std::vector<CapturedLine> lines_;
 };
 
+/// What `part` gives for "0", "1", ..., one after another.
+template <class Part>
+std::string Repeated(std::size_t count, const Part& part) {
+  std::string text;
+  for (std::size_t i = 0; i < count; ++i) text += part(std::to_string(i));
+  return text;
+}
+
+/// A text in UTF-16, without a byte order mark.
+inline std::string Wide(const std::u16string& text, bool isBig) {
+  std::string bytes;
+  for (const char16_t unit : text) {
+    const auto low = static_cast<char>(unit);
+    const auto high = static_cast<char>(unit >> 8);
+    bytes += isBig ? high : low;
+    bytes += isBig ? low : high;
+  }
+  return bytes;
+}
+
 /// The beginning of a text that is too long to be shown.
 inline std::string Shortened(const std::string& text) {
   return text.size() <= 80 ? text : text.substr(0, 80) + "...";

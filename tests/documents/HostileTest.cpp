@@ -46,15 +46,22 @@ TEST(Hostile, CutsAndChangedBytes) {
       if (sample.text[at] == '=') check(std::string(sample.text).insert(at, " "), "blank at", at);
       if (HasFailure()) return;
     }
+    if (sample.id == XML_SCHEMA_CALL_WAITING_INDICATION) continue;  // its root begins with a digit
+    const std::string written = schema.RoundTrip(sample.text);
+    EXPECT_TRUE(written == "(null)" || ExpatAccepts(written)) << sample.name << '\n' << written;
   }
 }
 
+// With the namespaces of each document, which Errors.SayThatMemoryIsLacking does without, and with
+// every object and text on the heap.
 TEST(Hostile, MemoryRunsOutInEveryDocument) {
   for (const Sample& sample : Samples()) {
     if (!XMLFactory::getSchemaInfo(sample.id)->writes) continue;
     SCOPED_TRACE(sample.name);
     BoundSchema schema(sample.id, sample.text);
     ExpectWholeOrNothing(schema, sample.text);
+    if (sample.id == XML_SCHEMA_SIMSERVS) continue;
+    ExpectWholeOrNothing([&] { return RoundTripThroughCallbacks(*schema.context(), sample.text); });
   }
 }
 

@@ -84,12 +84,16 @@ TEST(Interface, ADocumentIsMadeAndWritten) {
     EXPECT_EQ(
         Said(made->Write().error()),
         "/reginfo/registration[1]/@aor: missing value: the element cannot be written without it");
+    EXPECT_EQ(made->Write().error().stage, ztxml::Stage::kWriting);
     registration->setAorValue("sip:a");
-    auto* contact = ztxml::Add(*registration, &zt_registration::addContact);
-    contact->setIdValue("c");
+    auto* contact = ztxml::Add(*registration, &zt_registration::addContact, options);
     contact->setStateValue(ZT_CONTACT_STATE_ACTIVE);
     contact->setEventValue(ZT_CONTACT_EVENT_CREATED);
     contact->setUriValue("sip:b");
+    EXPECT_EQ(Said(made->Write().error()),
+              "/reginfo/registration[1]/contact[1]/@id: missing value: the element cannot be "
+              "written without it");
+    contact->setIdValue("c");
     auto* gruu = ztxml::Add<zt_pub_gruu>(*contact, &zt_ns_reginfo_contact::addAnyElement);
     gruu->setUriValue("sip:g");
     std::string buffer;
@@ -102,6 +106,11 @@ TEST(Interface, ADocumentIsMadeAndWritten) {
     ASSERT_TRUE(again) << Said(again.error());
     EXPECT_SAME(*again->Write(), buffer);
     EXPECT_EQ(Said(made->Update().error()).substr(0, 9), "refused: ");
+    // A child of another class than its list is for.
+    ZtSingleElementList* list = zt_xml_common_methods::CreateElementList();
+    list->Add(static_cast<XMLElement*>(ReginfoDataBinder().CreateUnknownParamElement()));
+    registration->setContactListValue(list);
+    EXPECT_EQ(made->Write().error().code, ztxml::Code::kRefused);
   }
 }
 

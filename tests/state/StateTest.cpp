@@ -1,7 +1,6 @@
 // Notifications that are merged.
-#include "DocumentSupport.h"
+#include "Golden.h"
 #include "StateChecks.h"
-#include "standard/StandardSupport.h"
 #include "ztxml/state.h"
 
 namespace {
@@ -196,7 +195,7 @@ TEST(State, ResourcesOfAListAreWhole) {
             "fullState=\"true\"><name>L</name><resource uri=\"sip:bob\"><instance id=\"2\" "
             "state=\"pending\"/></resource><resource uri=\"sip:ed\"/><resource uri=\"sip:jim\"/>"
             "</list>");
-  const std::string other = With(List("9", "true", ""), "sip:l", "sip:m");
+  const std::string other = Replaced(List("9", "true", ""), "sip:l", "sip:m");
   EXPECT_EQ(Told(state, other), "ignored: it is of another resource");
 }
 
@@ -221,7 +220,7 @@ void ExpectVersions(const Make& make, const char* partial, const char* full, boo
   EXPECT_FALSE(state);
   EXPECT_EQ(Told(state, make("0", full)), "applied");
   EXPECT_EQ(Told(state, make("1", partial)), "applied");
-  const auto refused = state.Apply(With(make("2", partial), "version", "other"));
+  const auto refused = state.Apply(Replaced(make("2", partial), "version", "other"));
   EXPECT_FALSE(refused);
   EXPECT_EQ(refused.error().code, ztxml::Code::kMissingValue);
   EXPECT_EQ(state.Apply("<a").error().code, ztxml::Code::kIncomplete);

@@ -295,9 +295,13 @@ bool Walk(const Node& root, Visitor& visitor) {
 bool FindSchema(eXMLSchemaID id, Schema& schema) {
   const std::unique_ptr<XMLContext, Release> context(XMLFactory::newInstance(id));
   if (!context) return false;
-  // Every context of the library derives from ZtContext.
-  schema.document = &ZtReflection::DocumentOf(static_cast<const ZtContext&>(*context));
+  schema.document = &DocumentOf(*context);
   return true;
+}
+
+// Every context of the library derives from ZtContext.
+const ZtDocument& DocumentOf(const XMLContext& context) {
+  return ZtReflection::DocumentOf(static_cast<const ZtContext&>(context));
 }
 
 std::vector<Schema> Schemas() {

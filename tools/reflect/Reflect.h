@@ -125,6 +125,8 @@ struct Schema {
   std::vector<const ZtElementType*> Types() const;
 };
 
+/// The record of the document that a context of the library is for.
+const ZtDocument& DocumentOf(const XMLContext& context);
 /// Every schema, by its number. Empty when out of memory.
 std::vector<Schema> Schemas();
 /// The schema `id`; false when there is none.
