@@ -60,10 +60,13 @@ class ZtKeyIndex {
     return Find(parent, ZtKeyOf(*static_cast<XMLElement*>(node.data), type),
                 [&](const Slot& slot) { return slot.node == &node; });
   }
-  // Room was made.
+  // Room was made. An entry without a key, or with one that its list has, cannot be found: it stays
+  // as it is.
   void Add(const XMLElement& parent, const ZtElementType& type, ZtListNode& node,
            ZtListNode* previous) {
-    const std::uint32_t hash = Hash(parent, ZtKeyOf(*static_cast<XMLElement*>(node.data), type));
+    const ZtPiece key = ZtKeyOf(*static_cast<XMLElement*>(node.data), type);
+    if (!key.size || Find(parent, type, key)) return;
+    const std::uint32_t hash = Hash(parent, key);
     Slot& slot = Free(hash);
     if (!slot.parent) ++m_iUsed;
     slot = {&parent, &node, previous, hash, 0};

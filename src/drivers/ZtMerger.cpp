@@ -268,7 +268,8 @@ void ZtMerger::MergeEntries(XMLElement& known, XMLElement& fresh, const ZtField&
       if (before) {
         ZtListNode& gone = *slot->node;
         Unindex(*before, inner);
-        if (gone.next) m_Index.Find(known, inner, *gone.next)->previous = slot->previous;
+        auto* const after = gone.next ? m_Index.Find(known, inner, *gone.next) : nullptr;
+        if (after) after->previous = slot->previous;
         ZtSplice::Unhook(*list.Get(), slot->previous, gone);
         m_Index.Remove(*slot);
         ZtSplice::HookFirst(*told.Get(), gone);  // it lives on with what is not kept

@@ -145,6 +145,20 @@ TEST(State, AnElementThatTellsNothingChangesNothing) {
       "applied");
 }
 
+TEST(State, EntriesWithoutAKeyOfTheirOwnStay) {
+  ztxml::State<zt_conference_type> state;
+  const std::string users = "<users state='partial'>";
+  Told(state, Conference("1", "full",
+                         "<users><user entity='a'/><user/><user entity='a'/><user entity='b'/>"
+                         "</users>"));
+  EXPECT_EQ(Told(state, Conference("2", "partial",
+                                   users + "<user entity='a' state='deleted'/><user entity='b' "
+                                           "state='deleted'/><user state='deleted'/></users>")),
+            "applied\n-/conference-info/users/user[a]\n-/conference-info/users/user[b]");
+  EXPECT_NE(Written(state).find("<users><user/><user entity=\"a\"/></users>"), std::string::npos)
+      << Written(state);
+}
+
 // RFC 3680, section 5.3 and 5.2.
 TEST(State, RegistrationsAreTablesOfContacts) {
   ztxml::State<zt_reginfo> state;
