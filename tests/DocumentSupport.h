@@ -11,6 +11,7 @@
 #include "ztxml/XMLFactory.h"
 #include "ztxml/XMLList.h"
 #include "ztxml/XMLValueTypes.h"
+#include "ztxml/document.h"
 #include "ztxml/ztHostPlatform.h"
 
 /// How most lines of the documents begin.
@@ -25,10 +26,12 @@ using Tree = std::unique_ptr<T, TreeDeleter>;
 /// The workers of one schema; texts of null documents come back as "(null)".
 class Schema {
  public:
-  explicit Schema(eXMLSchemaID id)
-      : context_(XMLFactory::newInstance(id)),
-        reader_(context_->createUnMarshaller()),
-        writer_(context_->createMarshaller()) {}
+  explicit Schema(eXMLSchemaID id, eXMLProfile profile = XML_PROFILE_EXACT)
+      : context_(XMLFactory::newInstance(id)) {
+    context_->UseProfile(profile);
+    reader_ = context_->createUnMarshaller();
+    writer_ = context_->createMarshaller();
+  }
   ~Schema() { XMLFactory::deleteContext(context_); }
   Schema(const Schema&) = delete;
   Schema& operator=(const Schema&) = delete;
@@ -39,6 +42,10 @@ class Schema {
   }
   std::string Write(XMLElement* root) {
     const char* text = writer_ ? writer_->Marshall(root) : nullptr;
+    return text ? text : "(null)";
+  }
+  std::string Update(XMLElement* root) {
+    const char* text = writer_->Update(root, nullptr);
     return text ? text : "(null)";
   }
   std::string RoundTrip(const std::string& text) { return Write(Read<XMLElement>(text).get()); }
@@ -68,13 +75,25 @@ inline void ExpectWholeOrNothing(Schema& schema, const std::string& text) {
   ExpectWholeOrNothing([&] { return schema.RoundTrip(text); });
 }
 
+/// What was written, or why nothing was.
+inline std::string TextOf(const ztxml::Result<std::string>& written) {
+  return written ? *written : written.error().Text();
+}
+
 /// How many entries a list of a schema object has.
 inline int CountOf(ZtSingleElementList* list) { return list ? list->GetCount() : 0; }
 
-/// The entry at `index` of a list of elements.
+/// Of the entries of a list that are a T, that at `index`; null when there are fewer.
 template <class T>
-T* EntryOf(ZtSingleElementList* list, unsigned short index) {
-  return list ? static_cast<T*>(static_cast<XMLElement*>(list->GetKeyAtIndex(index))) : nullptr;
+T* EntryOf(ZtSingleElementList* list, int index = 0) {
+  for (T& entry : ztxml::Each<T>(list)) {
+    if (index-- == 0) return &entry;
+  }
+  return nullptr;
+}
+template <class T>
+T* EntryOf(ZtListOf<T>* list, int index = 0) {
+  return EntryOf<T>(static_cast<ZtSingleElementList*>(list), index);
 }
 
 /// An object of another class, cast so that it passes for a T.

@@ -3,7 +3,6 @@
 
 #include "Samples.h"
 #include "StandardChecks.h"
-#include "StandardSupport.h"
 
 namespace {
 

@@ -4,9 +4,9 @@
 #include <optional>
 
 #include "ApiScript.h"
-#include "StandardSupport.h"
-#include "ztxml/XMLConferenceInfo.h"
+#include "DocumentSupport.h"
 #include "ztxml/ZtValues.h"
+#include "ztxml/conference_info.h"
 
 namespace {
 
@@ -74,20 +74,19 @@ TEST(Optionals, TellAsByNameWhetherAValueIsStated) {
 }
 
 TEST(Optionals, AZeroIsStatedAndADefaultIsNot) {
-  for (const eXMLProfile profile : {XML_PROFILE_EXACT, XML_PROFILE_STANDARD}) {
-    StandardSchema schema(XML_SCHEMA_CONFERENCE_INFO);
-    schema.Context().UseProfile(profile);
-    const auto root = schema.Read<zt_conference_type>(
+  for (const ztxml::Options& options : {ztxml::Exact(), ztxml::Options()}) {
+    auto root = ztxml::Read<zt_conference_type>(
         "<conference-info xmlns=\"urn:ietf:params:xml:ns:conference-info\" entity=\"e\""
         " version=\"0\"><conference-state><user-count>0</user-count><active>false</active>"
-        "</conference-state><users state=\"unheard-of\"/></conference-info>");
+        "</conference-state><users state=\"unheard-of\"/></conference-info>",
+        options);
     ASSERT_TRUE(root);
-    EXPECT_EQ(root->version(), 0U);
-    const bool defaults = profile == XML_PROFILE_STANDARD;
-    EXPECT_EQ(root->getStateValue(), defaults ? ZT_STATE_FULL : ZT_STATE_ABSENT);
-    EXPECT_FALSE(root->state());
-    EXPECT_FALSE(root->getUsersValue()->state());
-    const zt_conference_state_type& state = *root->getConferenceStateValue();
+    EXPECT_EQ((*root)->version(), 0U);
+    const bool defaults = options.profile == XML_PROFILE_STANDARD;
+    EXPECT_EQ((*root)->getStateValue(), defaults ? ZT_STATE_FULL : ZT_STATE_ABSENT);
+    EXPECT_FALSE((*root)->state());
+    EXPECT_FALSE((*root)->getUsersValue()->state());
+    const zt_conference_state_type& state = *(*root)->getConferenceStateValue();
     EXPECT_EQ(state.userCount(), 0U);
     EXPECT_EQ(state.active(), false);
     EXPECT_FALSE(state.locked());
