@@ -3,10 +3,11 @@
 
 #include "DocumentSupport.h"
 #include "Samples.h"
-#include "ztxml/XMLBootstrappingInfo.h"
+#include "reflect/Reflect.h"
 #include "ztxml/XMLCommunicationDiversion.h"
 #include "ztxml/XMLIsComposing.h"
 #include "ztxml/XMLReginfo.h"
+#include "ztxml/XMLSchemaNameSpaceRetrieval.h"
 
 namespace {
 
@@ -47,7 +48,7 @@ TEST(Decoder, NamesAreNormalisedApartFromTheirTexts) {
   ASSERT_TRUE(root);
   EXPECT_EQ(root->getVersionValue(), 7U);
   ASSERT_EQ(CountOf(root->getRegistrationListValue()), 1);
-  EXPECT_STREQ(EntryOf<zt_registration>(root->getRegistrationListValue(), 0)->getAorValue(), "7");
+  EXPECT_STREQ(EntryOf(root->getRegistrationListValue())->getAorValue(), "7");
 
   XMLCommunicationDiversionDecoder services;
   services.ProcessElement(Literal("cp:rule"), nullptr);
@@ -55,6 +56,82 @@ TEST(Decoder, NamesAreNormalisedApartFromTheirTexts) {
   XMLIsComposingDecoder exact;  // knows no prefixes
   exact.ProcessElement(Literal("ic:isComposing"), nullptr);
   EXPECT_EQ(exact.GetSessionData(), nullptr);
+}
+
+TEST(Decoder, NamesLoseTheirFirstPrefix) {
+  XMLReginfoDecoder decoder;
+  const std::pair<const char*, const char*> kStripped[] = {
+      {"a", "a"}, {"n:a", "a"}, {"/n:a", "/a"}, {"n:m:a", "m:a"}, {":", ""}, {"/", "/"}, {"", ""}};
+  for (const auto& [in, out] : kStripped) {
+    EXPECT_EQ(decoder.XMLRemoveNameSpaceTag(Literal(in)), 1);
+    EXPECT_STREQ(decoder.PassName(), out) << in;
+  }
+  // A decoder stores the size of a name plus 2 in 16 bits, so a longer name is cut.
+  for (const auto& [size, kept] : {std::pair<std::size_t, std::size_t>{65533, 65533},
+                                   {65534, 0},
+                                   {65535, 0},
+                                   {65536, 1},
+                                   {65600, 65}}) {
+    std::string name(size, 'x');
+    EXPECT_EQ(decoder.XMLRemoveNameSpaceTag(name.data()), 1);
+    EXPECT_EQ(std::string(decoder.PassName()).size(), kept) << size;
+    // No leftovers of earlier names replace what a name lost, not even an end tag's slash.
+    const auto root =
+        Schema(XML_SCHEMA_REGINFO)
+            .Read<zt_reginfo>("<reginfo><registration/><" + name + ">t</" + name + "></reginfo>");
+    ASSERT_TRUE(root);
+    EXPECT_EQ(CountOf(root->getRegistrationListValue()), 1) << size;
+    EXPECT_EQ(root->getAnyElementValue(), nullptr) << size;
+  }
+}
+
+TEST(Decoder, ForeignPrefixesAreRewrittenByTheDocumentsDeclarations) {
+  const std::string ss = "http://uri.etsi.org/ngn/params/xml/simservs/xcap";
+  const std::string bound = "xmlns:x='" + ss + "'";
+  const struct {
+    std::string declarations;
+    const char *name, *passName;
+  } kCases[] = {
+      {"", "/x:busy", "/x:busy"},
+      {"", "cp:rule", "cp:rule"},
+      {bound, "/x:busy", "/ss:busy"},
+      {bound, "x:", "ss:"},
+      {bound, "busy", "busy"},
+      {bound + " xmlns='" + ss + "'", "x:busy", "ss:busy"},
+      {"xmlns='urn:ietf:params:xml:ns:common-policy'", "cp:rule", "cp:rule"},
+  };
+  for (const auto& [declarations, name, passName] : kCases) {
+    const auto binder =
+        Schema(XML_SCHEMA_NAMESPACE_RETRIEVAL).Read<XMLObject>("<a " + declarations + "/>");
+    XMLCommunicationDiversionDecoder decoder;
+    EXPECT_EQ(decoder.SetNameSpaceBinderInfo(binder.get()), 1);
+    EXPECT_EQ(decoder.XMLChangeNamespaceTag(Literal(name)), 1);
+    EXPECT_STREQ(decoder.PassName(), passName) << declarations;
+  }
+}
+
+TEST(Decoder, CallbacksInAnyOrder) {
+  XMLReginfoDecoder decoder;
+  const LogCapture log;
+  EXPECT_EQ(decoder.ProcessElement(nullptr, nullptr), -1);
+  EXPECT_EQ(decoder.ProcessAttribute(nullptr, Literal("id"), Literal("i")), -1);
+  EXPECT_EQ(decoder.ProcessAnyElement(nullptr, nullptr), nullptr);
+  for (const char* method : {"ProcessElement", "ProcessAttribute", "ProcessAnyElement"}) {
+    EXPECT_EQ(log.Count(method + std::string(", Element name is NULL")), 1);
+  }
+  const auto element = [&](const char* name) {
+    EXPECT_EQ(decoder.ProcessElement(Literal(name), nullptr), 0) << name;
+  };
+  element("reginfo");
+  element("registration");
+  element("/contact");  // is not open: closes nothing
+  EXPECT_EQ(decoder.ProcessAttribute(Literal("registration"), Literal("id"), nullptr), 0);
+  element("/registration");
+  EXPECT_EQ(decoder.ProcessAttribute(Literal("registration"), Literal("id"), Literal("i")), 0);
+  for (int i = 0; i < 3; ++i) element("/reginfo");
+  const Tree<zt_reginfo> root = RootOf(decoder);
+  ASSERT_EQ(CountOf(root->getRegistrationListValue()), 1);
+  EXPECT_EQ(EntryOf(root->getRegistrationListValue())->getIdValue(), nullptr);
 }
 
 // A tag outside of the tree is logged as such, whichever callback tells of it.
@@ -81,7 +158,7 @@ TEST(Decoder, ExtensionsAreOpenedAndClosed) {
   EXPECT_EQ(decoder.ProcessAnyElement(Literal("/temp-gruu"), Literal("")), nullptr);
   decoder.ProcessElement(Literal("contact"), nullptr);
   const Tree<zt_reginfo> root = RootOf(decoder);
-  auto* registration = EntryOf<zt_registration>(root->getRegistrationListValue(), 0);
+  auto* registration = EntryOf(root->getRegistrationListValue());
   EXPECT_EQ(CountOf(registration->getContactListValue()), 2);
 
   // An element that its parent refuses leaves the parent open.
@@ -127,6 +204,36 @@ TEST(Decoder, StartTagsWithASlashRefuseTheDocument) {
   EXPECT_TRUE(decoder.Failed());
   EXPECT_STREQ(decoder.PassName(), "/registration");
   EXPECT_EQ(RootOf(decoder)->getRegistrationListValue(), nullptr);
+}
+
+// For elements out of place decoders look in all types of the document.
+TEST(Decoder, HaveRoomForAllTypes) {
+  for (const reflect::Schema& schema : reflect::Schemas()) {
+    EXPECT_LE(schema.Types().size(), ZtSchemaDecoder::kMostTypes) << schema.document->info.name;
+  }
+}
+
+// The parser hands whole tags only to an unmarshaller's decoder: a caller's class that derives from
+// a decoder gets every callback.
+TEST(Decoder, DerivedOnesGetEveryCallback) {
+  struct Counting : XMLReginfoDecoder {
+    int elements = 0;
+    int attributes = 0;
+    int ProcessElement(char* name, char* value) override {
+      ++elements;
+      return XMLReginfoDecoder::ProcessElement(name, value);
+    }
+    int ProcessAttribute(char* element, char* name, char* value) override {
+      ++attributes;
+      return XMLReginfoDecoder::ProcessAttribute(element, name, value);
+    }
+  };
+  Counting decoder;
+  EXPECT_EQ(Parse("<reginfo version='1' state='full'><registration aor='a'/></reginfo>", &decoder),
+            ZT_XML_SUCCESS);
+  const Tree<zt_reginfo> root = RootOf(decoder);
+  EXPECT_EQ(decoder.elements, 4);
+  EXPECT_EQ(decoder.attributes, 3);
 }
 
 }  // namespace
