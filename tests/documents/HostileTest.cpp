@@ -46,6 +46,9 @@ TEST(Hostile, CutsAndChangedBytes) {
       if (sample.text[at] == '=') check(std::string(sample.text).insert(at, " "), "blank at", at);
       if (HasFailure()) return;
     }
+    if (sample.id == XML_SCHEMA_CALL_WAITING_INDICATION) continue;  // its root begins with a digit
+    const std::string written = schema.RoundTrip(sample.text);
+    EXPECT_TRUE(written == "(null)" || ExpatAccepts(written)) << sample.name << '\n' << written;
   }
 }
 
