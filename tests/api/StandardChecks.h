@@ -2,134 +2,95 @@
 #ifndef ZTXML_TESTS_API_STANDARDCHECKS_H
 #define ZTXML_TESTS_API_STANDARDCHECKS_H
 
+#include <optional>
+
 #include "ExpatTree.h"
 #include "Require.h"
 #include "TreeScript.h"
 #include "reflect/Reflect.h"
+#include "ztxml/document.h"
 
-/// The workers of a schema in the standard profile.
-class StandardWorkers {
+/// A document of any kind, as ztxml::Document is of one that is known.
+class AnyDocument {
  public:
-  explicit StandardWorkers(eXMLSchemaID id, eXMLProfile profile = XML_PROFILE_STANDARD)
-      : m_pContext(XMLFactory::newInstance(id)) {
-    if (!m_pContext) return;
-    m_pContext->UseProfile(profile);
-    m_pContext->KeepSource(true);
-    m_pContext->TellLosses(
-        [](const ZtLoss& loss, void* /*context*/) {
-          Require(loss.path[0] == '/' && loss.line && loss.column, "a loss has its place",
-                  loss.path);
-        },
-        nullptr);
-    m_pReader = m_pContext->createUnMarshaller();
-    m_pWriter = m_pContext->createMarshaller();
-    reflect::Schema schema;
-    if (reflect::FindSchema(id, schema)) m_pDocument = schema.document;
-  }
-  ~StandardWorkers() { XMLFactory::deleteContext(m_pContext); }
-  StandardWorkers(const StandardWorkers&) = delete;
-  StandardWorkers& operator=(const StandardWorkers&) = delete;
+  explicit AnyDocument(const ZtDocument& table, const ztxml::Options& options = {})
+      : m_Table(table), m_Tree(table, options.NotingLosses()) {}
 
-  bool Works() const { return m_pReader && m_pWriter && m_pDocument && m_pDocument->roots.size(); }
-  const ZtDocument& Document() const { return *m_pDocument; }
-  XMLElement* Read(const std::string& text) {
-    return m_pReader->UnMarshall(text.data(), text.size());
+  bool Read(const std::string& text) {
+    const bool read = m_Tree.Read(text, nullptr, error = ztxml::Error());
+    for (const ztxml::Loss& loss : m_Tree.Lost()) {
+      Require(loss.path[0] == '/' && loss.line && loss.column, "a loss has its place", loss.path);
+    }
+    return Done(read);
   }
-  /// As callers of the exact profile read.
-  XMLElement* UnMarshall(const std::string& text) { return m_pReader->UnMarshall(text.c_str()); }
-  bool Write(XMLElement& root, std::string& text) {
-    const char* written = m_pWriter->Marshall(&root);
-    text = written ? written : "(null)";
-    return written != nullptr;
+  bool Make(const ZtElementType& type) { return Done(m_Tree.Make(type, error = ztxml::Error())); }
+  /// "(null)" in `text` when it is not done.
+  bool Write(std::string& text) {
+    text = "(null)";
+    return Done(m_Tree.Write(text, error = ztxml::Error()));
   }
-  bool Update(XMLElement& root, std::string& text) {
-    std::size_t size = 0;
-    const char* written = m_pWriter->Update(&root, &size);
-    text = written ? std::string(written, size) : "(null)";
-    return written != nullptr;
+  bool Update(std::string& text) {
+    text = "(null)";
+    return Done(m_Tree.Update(text, error = ztxml::Error()));
   }
-  standard::Node Root(XMLElement& root) const { return standard::RootOf(*m_pDocument, root); }
-  std::string Told(XMLElement& root) const { return standard::Told(*m_pDocument, root); }
+  standard::Node Root() const { return standard::RootOf(m_Table, *m_Tree.Root()); }
+  std::string Told() const { return standard::Told(m_Table, *m_Tree.Root()); }
+
+  ztxml::Error error;
 
  private:
-  XMLContext* m_pContext;
-  XMLUnMarshaller* m_pReader = nullptr;
-  XMLMarshaller* m_pWriter = nullptr;
-  const ZtDocument* m_pDocument = nullptr;
-};
-
-/// A tree that is freed in the end.
-class OwnTree {
- public:
-  explicit OwnTree(XMLElement* root) : m_pRoot(root) {}
-  ~OwnTree() { XMLFactory::DeleteElement(m_pRoot); }
-  OwnTree(const OwnTree&) = delete;
-  OwnTree& operator=(const OwnTree&) = delete;
-  explicit operator bool() const { return m_pRoot != nullptr; }
-  XMLElement& operator*() const { return *m_pRoot; }
-
- private:
-  XMLElement* m_pRoot;
-};
-
-/// Counts the lines that tell of errors while it lives.
-class ErrorLines {
- public:
-  ErrorLines() { zthost::SetLogSink(&Count, this, 4); }
-  ~ErrorLines() { zthost::SetLogSink(nullptr); }
-  ErrorLines(const ErrorLines&) = delete;
-  ErrorLines& operator=(const ErrorLines&) = delete;
-  int Number() const { return m_iLines; }
-  const std::string& Last() const { return m_Last; }
-
- private:
-  static void Count(const zthost::LogLine& line, void* self) {
-    ++static_cast<ErrorLines*>(self)->m_iLines;
-    static_cast<ErrorLines*>(self)->m_Last = line.text;
+  bool Done(bool done) const {
+    Require(done == (error.code == ztxml::Code::kNone), "only a refusal has a reason",
+            error.Text());
+    return done;
   }
-  int m_iLines = 0;
-  std::string m_Last;
+
+  const ZtDocument& m_Table;
+  ztxml::detail::Tree m_Tree;
 };
+
+/// The table of a schema that documents are read and written with; else null.
+inline const ZtDocument* TableOf(eXMLSchemaID id) {
+  reflect::Schema schema;
+  const bool found = reflect::FindSchema(id, schema) && schema.document->roots.size();
+  return found ? schema.document : nullptr;
+}
 
 /// Requires that Expat reads `text` as `told`, and that the library does.
-inline void RequireReadAs(StandardWorkers& workers, const std::string& text,
-                          const std::string& told, const std::string& from) {
-  const ExpatTree expats(workers.Document(), text);
-  const OwnTree again(workers.Read(text));
-  const std::string now = again ? workers.Told(*again) : "(null)";
+inline void RequireReadAs(const ZtDocument& table, const std::string& text, const std::string& told,
+                          const std::string& from) {
+  const ExpatTree expats(table, text);
+  AnyDocument again(table);
+  const std::string now = again.Read(text) ? again.Told() : "(null)";
   Require(expats.isXml, "what is written is XML", from + "\n---\n" + text);
-  if (now != told || expats.told != told) {
-    Require(false, "what is written is read as the tree that it was",
-            from + "\n--- written\n" + text + "\n--- tree\n" + told + "--- read\n" + now +
-                "--- by Expat\n" + expats.told);
-  }
+  Require(now == told && expats.told == told, "what is written is read as the tree that it was",
+          from + "\n--- written\n" + text + "\n--- tree\n" + told + "--- read\n" + now +
+              "--- by Expat\n" + expats.told);
 }
 
 // ---- Documents that are read --------------------------------------------------------------------
 
-/// Requires that `document` is read exactly when Expat reads it and it has a root of the schema,
-/// and as Expat tells it.
-inline void CheckRead(eXMLSchemaID id, const std::string& document) {
-  StandardWorkers workers(id);
-  if (!workers.Works()) return;
-  const ExpatTree expats(workers.Document(), document);
-  ErrorLines lines;
-  const OwnTree tree(workers.Read(document));
-  if (tree) {
-    Require(expats.isXml && !expats.told.empty(), "only what Expat reads is read", document);
-    const std::string told = workers.Told(*tree);
+/// Requires that `text` is read exactly when Expat reads it and it has a root of the schema, and as
+/// Expat tells it.
+inline void CheckRead(eXMLSchemaID id, const std::string& text) {
+  const ZtDocument* const table = TableOf(id);
+  if (!table) return;
+  const ExpatTree expats(*table, text);
+  const bool expatReads = expats.isXml && !expats.told.empty();
+  AnyDocument document(*table);
+  if (document.Read(text)) {
+    Require(expatReads, "only what Expat reads is read", text);
+    const std::string told = document.Told();
     Require(told == expats.told, "a document is read as Expat tells it",
-            document + "\n--- read\n" + told + "--- by Expat\n" + expats.told);
+            text + "\n--- read\n" + told + "--- by Expat\n" + expats.told);
     return;
   }
-  Require(lines.Number() > 0, "a refusal has a line", document);
-  if (!expats.isXml || expats.told.empty()) return;
   // Documents with a type of their own are refused by design, and Expat is lenient with halves of
   // characters in UTF-16 and with three letters in names.
-  const bool mayBeRefused = document.find('\0') != std::string::npos ||
-                            document.find_first_of("\xAA\xB5\xBA") != std::string::npos ||
-                            document.find("<!DOCTYPE") != std::string::npos;
-  Require(mayBeRefused, "what Expat reads is read", document);
+  const bool mayBeRefused = text.find('\0') != std::string::npos ||
+                            text.find_first_of("\xAA\xB5\xBA") != std::string::npos ||
+                            text.find("<!DOCTYPE") != std::string::npos;
+  Require(!expatReads || mayBeRefused, "what Expat reads is read", text);
 }
 
 /// Has allocation `failing` fail, alone or with all after it: `write` writes the whole or nothing.
@@ -147,24 +108,21 @@ void RequireWholeOrNothing(unsigned failing, const std::string& whole, const Wri
 // ---- Trees that callers build -------------------------------------------------------------------
 
 inline void CheckBuilt(eXMLSchemaID id, Choices& choices, unsigned failing) {
-  StandardWorkers workers(id);
-  if (!workers.Works()) return;
-  const auto& roots = workers.Document().roots;
-  const ZtRoot& root = roots.begin()[choices.Below(roots.size())];
-  const OwnTree tree(root.type->Create({standard::kSource, nullptr}));
-  standard::Maker(choices).Fill(workers.Root(*tree), 0);
+  const ZtDocument* const table = TableOf(id);
+  if (!table) return;
+  const ZtRoot& root = table->roots.begin()[choices.Below(table->roots.size())];
+  AnyDocument document(*table);
+  document.Make(*root.type);
+  standard::Maker(choices).Fill(document.Root(), 0);
   // The root of one document has a name that XML does not have.
-  const bool sound = ZtIsQualifiedName(root.name.Piece()) && standard::IsSound(workers.Root(*tree));
-  const std::string told = workers.Told(*tree);
-  ErrorLines lines;
+  const bool sound = ZtIsQualifiedName(root.name.Piece()) && standard::IsSound(document.Root());
+  const std::string told = document.Told();
   std::string text;
-  const bool written = workers.Write(*tree, text);
-  Require(written || lines.Number(), "a refusal has a line", told);
-  Require(written || !sound, "a sound tree is written", lines.Last() + "\n" + told);
-  if (written) RequireReadAs(workers, text, told, told);
-  RequireWholeOrNothing(failing, text,
-                        [&](std::string& again) { return workers.Write(*tree, again); });
-  Require(workers.Told(*tree) == told, "writing changes nothing");
+  const bool written = document.Write(text);
+  Require(written || !sound, "a sound tree is written", document.error.Text() + ('\n' + told));
+  if (written) RequireReadAs(*table, text, told, told);
+  RequireWholeOrNothing(failing, text, [&](std::string& again) { return document.Write(again); });
+  Require(document.Told() == told, "writing changes nothing");
 }
 
 // ---- Documents that are updated -----------------------------------------------------------------
@@ -200,237 +158,135 @@ inline std::string Marked(const std::string& document, Choices& choices) {
   return marked + document.substr(copied);
 }
 
-/// What a document was before its tree was changed, and what of it must be there afterwards.
-class Kept {
+/// What must stand in a document after a row of one of its objects has changed: all that is outside
+/// of the object's element; in it the children that stay, and what the types do not know.
+class Unchanged {
  public:
-  Kept(const StandardWorkers& workers, XMLElement& root) : m_Source(*ZtOwnership::SourceOf(root)) {
-    m_Text = standard::Copied(m_Source.Text());
-    for (std::uint32_t i = 0; i < m_Source.parts.Size(); ++i) {
-      const ZtSourceText::Part& part = m_Source.parts[i];
-      if (part.row && part.row->place == ZtPlace::kOtherAttributes) continue;
-      m_Parts[part.object] = i;
-    }
-    standard::ForEach(workers.Root(root),
-                      [&](const standard::Node& node) { m_Before[node.object] = StateOf(node); });
-    // The strings, too.
-    standard::ForEach(workers.Root(root), [&](const standard::Node& node) {
-      for (const ZtField& row : *node.type) {
-        if (row.place != ZtPlace::kTextElements) continue;
-        for (XMLElement* item : standard::ItemsOf(node, row)) {
-          m_Texts[item] = TextOf(item);
-        }
-      }
-    });
-    FindMarks();
+  Unchanged(const std::string& text, const standard::Node& root, const standard::Node& node,
+            const ZtField* row)
+      : m_Text(text), m_Node(node), m_Source(*ZtOwnership::SourceOf(*root.object)) {
+    const std::uint32_t part = PartOf(node.object);
+    const bool isFlag = node.type->extras->flag;
+    m_Element = m_Source.parts[isFlag ? m_Source.parts[part].parent : part];
+    if (isFlag) return;
+    for (XMLElement* child : ChildrenOf(node)) m_Children.insert(child);
+    // With a text, what stands in it may go.
+    const bool isText = !row || standard::HoldsTexts(*row) ||
+                        (standard::IsScalar(*row) && row->place != ZtPlace::kAttribute);
+    if (!isText) FindMarks();
   }
 
-  /// Requires what was not changed to stand in `text`, in UTF-8, as it stood.
-  void RequireIn(const StandardWorkers& workers, XMLElement& root, const std::string& text) {
-    m_pNow = &text;
-    m_Kept.clear();
-    m_Touched.clear();
-    Visit(workers.Root(root), ZtSourceText::kNone, nullptr);
-    for (const Mark& mark : m_Marks) {
-      if (!m_Kept.count(mark.part)) continue;
-      if (mark.inLeaf && m_Touched.count(mark.part)) continue;
-      const std::size_t at = text.find(mark.text);
-      Require(at != std::string::npos && text.find(mark.text, at + 1) == std::string::npos,
-              "what the types do not know stays", mark.text + "\n" + m_Text + "\n--- now\n" + text);
+  void RequireIn(const std::string& now) const {
+    const std::string before = m_Text.substr(0, m_Element.from);
+    const std::string after = m_Text.substr(m_Element.to);
+    const bool outside = now.size() >= before.size() + after.size() &&
+                         now.compare(0, before.size(), before) == 0 &&
+                         now.compare(now.size() - after.size(), after.size(), after) == 0;
+    Require(outside, "what is outside of the change stays", m_Text + "\n--- now\n" + now);
+    std::vector<std::string> kept = m_Marks;
+    for (XMLElement* child : m_Children.empty() ? std::vector<XMLElement*>() : ChildrenOf(m_Node)) {
+      const std::uint32_t part = m_Children.count(child) ? PartOf(child) : ZtSourceText::kNone;
+      if (part != ZtSourceText::kNone) kept.push_back(BytesOf(m_Source.parts[part]));
+    }
+    for (const std::string& bytes : kept) {
+      Require(now.find(bytes) != std::string::npos, "what was not changed stays as it was",
+              bytes + "\n--- was\n" + m_Text + "\n--- now\n" + now);
     }
   }
 
  private:
-  struct State {
-    std::vector<std::string> values;
-    std::vector<const void*> children;
-    bool operator==(const State& other) const {
-      return values == other.values && children == other.children;
-    }
-  };
-  struct Mark {
-    std::string text;
-    std::uint32_t part;
-    bool inLeaf;
-  };
+  using Part = ZtSourceText::Part;
 
-  static std::string TextOf(XMLElement* item) {
-    const zt_string* text = zt_string::From(item);
-    return text && text->getValue() ? std::string("=") + text->getValue() : "";
+  std::string BytesOf(const Part& part) const {
+    return m_Text.substr(part.from, part.to - part.from);
   }
-  static State StateOf(const standard::Node& node) {
-    State state = {standard::ValuesOf(node), {}};
-    if (node.type->extras->flag) {
-      const char* name = static_cast<zt_empty_element_type*>(node.object)->getValue();
-      state.values.push_back(name ? name : "");
+  std::uint32_t PartOf(const XMLElement* object) const {
+    for (std::uint32_t i = 0; i < m_Source.parts.Size(); ++i) {
+      const Part& part = m_Source.parts[i];
+      const bool isPair = part.row && part.row->place == ZtPlace::kOtherAttributes;
+      if (!isPair && part.object == object) return i;
     }
-    // As they are held: what is read trimmed may be written otherwise.
+    return ZtSourceText::kNone;
+  }
+  static std::vector<XMLElement*> ChildrenOf(const standard::Node& node) {
+    std::vector<XMLElement*> children;
     for (const ZtField& row : *node.type) {
-      if (!standard::IsScalar(row)) continue;
-      state.values.push_back(standard::Copied(ZtHeld(*node.object, row).text));
-    }
-    if (node.type->rows.keepsAttributes) {
-      for (auto* pair : standard::PairsOf(node, ZtOthersOf(*node.type))) {
-        state.values.push_back(pair->getName() ? pair->getName() : "");
+      for (XMLElement* child : standard::ItemsOf(node, row)) {
+        if (!standard::HoldsTexts(row)) children.push_back(child);
       }
     }
-    for (const ZtField& row : *node.type) {
-      if (row.place == ZtPlace::kOwnWords) continue;
-      for (XMLElement* item : standard::ItemsOf(node, row)) {
-        if (standard::HoldsTexts(row) || ZtStandardWriter::IsThere(*item)) {
-          state.children.push_back(item);
-        }
-      }
-    }
-    return state;
+    return children;
   }
-
+  // The marks in the element that are not in one of its children.
   void FindMarks() {
-    struct Range {
-      std::size_t from, to;
-    };
-    std::vector<Range> elements;
-    std::vector<std::size_t> open;
-    std::string work = m_Text;
-    ZtXmlReader reader(kZtSpaceUris, kZtKnownSpaces);
-    reader.Begin(work.data(), work.size());
-    for (ZtToken token = reader.Next(); token != ZtToken::kDone; token = reader.Next()) {
-      if (token == ZtToken::kFailed) return;
-      if (token == ZtToken::kStart) {
-        open.push_back(elements.size());
-        elements.push_back({reader.From(), 0});
-      } else if (token == ZtToken::kEnd) {
-        elements[open.back()].to = reader.To();
-        open.pop_back();
-      }
+    std::string inside = BytesOf(m_Element);
+    for (const XMLElement* child : m_Children) {
+      const std::uint32_t part = PartOf(child);
+      if (part == ZtSourceText::kNone) continue;
+      const Part& range = m_Source.parts[part];
+      inside.replace(range.from - m_Element.from, range.to - range.from, range.to - range.from,
+                     ' ');
     }
     for (const std::string begin : {"<!--mark", "<?mark", "<mark"}) {
-      for (std::size_t at = m_Text.find(begin); at != std::string::npos;
-           at = m_Text.find(begin, at + 1)) {
-        std::size_t innermost = 0;
-        for (const Range& element : elements) {
-          if (element.from < at && at < element.to) innermost = element.from;
-        }
-        std::uint32_t part = 0;
-        for (std::uint32_t i = 0; i < m_Source.parts.Size(); ++i) {
-          const ZtSourceText::Part& p = m_Source.parts[i];
-          const bool isPair = p.row && p.row->place == ZtPlace::kOtherAttributes;
-          if (!isPair && p.from < at && at < p.to && p.from >= m_Source.parts[part].from) part = i;
-        }
-        const std::string mark = m_Text.substr(at, m_Text.find('>', at) - at);
-        // A document may have had the text of a mark before.
-        if (m_Text.find(mark) != at || m_Text.find(mark, at + 1) != std::string::npos) continue;
-        m_Marks.push_back({mark, part, m_Source.parts[part].from != innermost});
+      for (std::size_t at = inside.find(begin); at != std::string::npos;
+           at = inside.find(begin, at + 1)) {
+        m_Marks.push_back(inside.substr(at, inside.find('>', at) - at));
       }
     }
   }
 
-  // Whether nothing in the element was changed; the largest such elements must be in the text.
-  bool Visit(const standard::Node& node, std::uint32_t parent, const ZtField* row) {
-    const auto found = m_Parts.find(node.object);
-    const std::uint32_t part = found == m_Parts.end() ? ZtSourceText::kNone : found->second;
-    const ZtSourceText::Part* source =
-        part == ZtSourceText::kNone ? nullptr : &m_Source.parts[part];
-    if (!source || source->parent != parent || source->row != row) return false;
-    const State& before = m_Before[node.object];
-    const State now = StateOf(node);
-    if (node.type->extras->flag && !(before == now)) return false;
-    m_Kept.insert(part);
-    bool same = before == now;
-    if (!same) m_Touched.insert(part);
-    std::vector<std::uint32_t> whole;
-    for (const ZtField& childRow : *node.type) {
-      if (childRow.place == ZtPlace::kOwnWords) continue;
-      for (XMLElement* item : standard::ItemsOf(node, childRow)) {
-        if (standard::HoldsTexts(childRow)) {
-          const auto at = m_Parts.find(item);
-          if (at == m_Parts.end()) continue;
-          const ZtSourceText::Part& text = m_Source.parts[at->second];
-          const bool stays = text.parent == part && text.row == &childRow;
-          if (!stays) continue;
-          if (!TextOf(item).empty()) m_Kept.insert(at->second);
-          const bool alike = m_Texts[item] == TextOf(item);
-          same = same && alike;
-          if (alike) {
-            whole.push_back(at->second);
-          } else {
-            m_Touched.insert(at->second);
-          }
-          continue;
-        }
-        if (!ZtStandardWriter::IsThere(*item)) continue;
-        const standard::Node child = standard::NodeOf(node, childRow, item);
-        if (!child.type) continue;
-        if (Visit(child, part, &childRow)) {
-          whole.push_back(m_Parts[item]);
-        } else {
-          same = false;
-        }
-      }
-    }
-    if (same && row) return true;
-    if (same) whole = {part};
-    for (const std::uint32_t element : whole) {
-      const ZtSourceText::Part& p = m_Source.parts[element];
-      const std::string bytes = m_Text.substr(p.from, p.to - p.from);
-      if (m_pNow->find(bytes) == std::string::npos) {
-        Require(false, "what was not changed stays as it was",
-                bytes + "\n--- was\n" + m_Text + "\n--- now\n" + *m_pNow);
-      }
-    }
-    return same;
-  }
-
+  const std::string& m_Text;
+  const standard::Node m_Node;
   const ZtSourceText& m_Source;
-  std::string m_Text;
-  std::map<const void*, std::uint32_t> m_Parts;
-  std::map<const void*, State> m_Before;
-  std::map<const void*, std::string> m_Texts;
-  std::vector<Mark> m_Marks;
-  const std::string* m_pNow = nullptr;
-  std::set<std::uint32_t> m_Kept;
-  std::set<std::uint32_t> m_Touched;
+  Part m_Element = {};
+  std::set<XMLElement*> m_Children;
+  std::vector<std::string> m_Marks;
 };
 
-/// Whether `document` was read.
+/// Whether `plain` was read.
 inline bool CheckUpdate(eXMLSchemaID id, const std::string& plain, Choices& choices,
                         unsigned failing) {
-  StandardWorkers workers(id);
-  if (!workers.Works()) return false;
-  {
-    const OwnTree first(workers.Read(plain));
-    if (!first) return false;
-    std::string same;
-    Require(workers.Update(*first, same) && same == plain, "unchanged, a document stays",
-            plain + "\n---\n" + same);
-  }
-  const std::string document = Marked(plain, choices);
-  StandardWorkers exact(id, XML_PROFILE_EXACT);
-  XMLElement* const exacts = choices.OneIn(3) ? exact.UnMarshall(plain) : nullptr;
-  const OwnTree other(exacts ? exacts : workers.Read(plain));
-  const OwnTree tree(workers.Read(document));
-  Require(static_cast<bool>(tree), "a document with unknown things in it is read", document);
+  const ZtDocument* const table = TableOf(id);
+  if (!table) return false;
+  const std::string marked = Marked(plain, choices);
+  AnyDocument exact(*table, ztxml::Exact());
+  AnyDocument standard(*table);
+  AnyDocument document(*table);
   std::string text;
-  Require(workers.Update(*tree, text) && text == document, "unchanged, a document stays",
-          document + "\n---\n" + text);
-  const ZtEncoding encoding = ZtOwnership::SourceOf(*tree)->form.encoding;
-  for (int rounds = 0; rounds < 2; ++rounds) {
-    Kept kept(workers, *tree);
-    standard::Changer changer(choices, workers.Root(*tree), workers.Root(*other));
-    for (unsigned i = 1 + choices.Below(6); i; --i) changer.Change();
-    const bool sound = standard::IsSound(workers.Root(*tree));
-    const std::string told = workers.Told(*tree);
-    ErrorLines lines;
-    const bool written = workers.Update(*tree, text);
-    Require(written || lines.Number(), "a refusal has a line", told);
+  if (!standard.Read(plain)) return false;
+  Require(standard.Update(text) && text == plain, "unchanged, a document stays",
+          plain + "\n---\n" + text);
+  const bool fromExact = choices.OneIn(3) && exact.Read(plain);
+  Require(document.Read(marked), "a document with unknown things in it is read", marked);
+  Require(document.Update(text) && text == marked, "unchanged, a document stays",
+          marked + "\n---\n" + text);
+  const ZtTextForm& form = ZtOwnership::SourceOf(*document.Root().object)->form;
+  const bool isPlain = form.encoding == ZtEncoding::kUtf8 && !form.mark.size;
+  standard::Changer changer(choices, document.Root(), (fromExact ? exact : standard).Root());
+  for (int round = 0; round < 2; ++round) {
+    // First there is one change, of which it is known what it leaves alone, then there are more.
+    std::optional<Unchanged> unchanged;
+    changer.Choose();
+    if (round == 0 && isPlain) {
+      unchanged.emplace(marked, document.Root(), changer.Chosen(), changer.Row());
+    }
+    if (!changer.Change()) unchanged.reset();
+    for (unsigned i = round ? choices.Below(6) : 0; i; --i) {
+      changer.Choose();
+      changer.Change();
+    }
+    const bool sound = standard::IsSound(document.Root());
+    const std::string told = document.Told();
+    const bool written = document.Update(text);
     Require(written || !sound, "a sound tree is written",
-            lines.Last() + "\n" + document + "\n---\n" + told);
+            document.error.Text() + ('\n' + marked + "\n---\n" + told));
     if (written) {
-      RequireReadAs(workers, text, told, document);
-      if (encoding == ZtEncoding::kUtf8 && rounds == 0) kept.RequireIn(workers, *tree, text);
+      RequireReadAs(*table, text, told, marked);
+      if (unchanged) unchanged->RequireIn(text);
     }
     RequireWholeOrNothing(failing, text,
-                          [&](std::string& again) { return workers.Update(*tree, again); });
-    Require(workers.Told(*tree) == told, "updating changes nothing in the tree");
+                          [&](std::string& again) { return document.Update(again); });
+    Require(document.Told() == told, "updating changes nothing in the tree");
   }
   return true;
 }

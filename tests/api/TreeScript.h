@@ -395,19 +395,25 @@ class Changer {
   Changer(Choices& choices, const Node& root, const Node& other)
       : m_Choices(choices), m_Maker(choices), m_Root(root), m_Other(other) {}
 
-  void Change() {
+  /// Chooses what the next Change is made in: an object and a row of it, null for a flag or none.
+  void Choose() {
     const std::vector<Node> nodes = NodesOf(m_Root);
-    const Node& node = nodes[m_Choices.Below(nodes.size())];
-    if (node.type->extras->flag) return ChangeFlag(node);
-    if (node.type->fields.size() == 0) return;
-    const ZtField& row = node.type->begin()[m_Choices.Below(node.type->fields.size())];
-    const bool isSecond = &row != node.type->begin() && (&row)[-1].Is(kZtPaired);
-    if (IsScalar(row)) return m_Maker.SetValue(node, row, true);
-    if (row.place == ZtPlace::kOtherAttributes) return ChangePairs(node, row);
-    if (IsOne(row)) return ChangeChild(node, row);
-    if (!row.Is(kZtPaired) && !isSecond) return ChangeList(node, row);
-    if (m_Choices.OneIn(2)) return ChangeTexts(node, row, false);
-    ChangePairOfLists(node, isSecond ? (&row)[-1] : row);
+    m_Chosen = nodes[m_Choices.Below(nodes.size())];
+    const std::size_t rows = m_Chosen.type->extras->flag ? 0 : m_Chosen.type->fields.size();
+    m_pRow = rows ? m_Chosen.type->begin() + m_Choices.Below(rows) : nullptr;
+  }
+  const Node& Chosen() const { return m_Chosen; }
+  const ZtField* Row() const { return m_pRow; }
+
+  /// Whether nothing else has changed.
+  bool Change() {
+    m_bElsewhere = false;
+    if (m_pRow) {
+      ChangeRow(m_Chosen, *m_pRow);
+    } else if (m_Chosen.type->extras->flag) {
+      ChangeFlag(m_Chosen);
+    }
+    return !m_bElsewhere;
   }
 
  private:
@@ -415,6 +421,16 @@ class Changer {
     std::vector<Node> nodes;
     ForEach(root, [&](const Node& node) { nodes.push_back(node); });
     return nodes;
+  }
+
+  void ChangeRow(const Node& node, const ZtField& row) {
+    const bool isSecond = &row != node.type->begin() && (&row)[-1].Is(kZtPaired);
+    if (IsScalar(row)) return m_Maker.SetValue(node, row, true);
+    if (row.place == ZtPlace::kOtherAttributes) return ChangePairs(node, row);
+    if (IsOne(row)) return ChangeChild(node, row);
+    if (!row.Is(kZtPaired) && !isSecond) return ChangeList(node, row);
+    if (m_Choices.OneIn(2)) return ChangeTexts(node, row, false);
+    ChangePairOfLists(node, isSecond ? (&row)[-1] : row);
   }
 
   void ChangeFlag(const Node& node) {
@@ -523,6 +539,7 @@ class Changer {
 
   // Puts an object that has no owner into some list of the tree that takes it.
   void Place(XMLElement* item, const ZtField& row, const Node& home) {
+    m_bElsewhere = true;
     std::vector<std::pair<Node, const ZtField*>> places;
     for (const Node& node : NodesOf(m_Root)) {
       if (node.type->extras->flag) continue;
@@ -555,6 +572,9 @@ class Changer {
   Maker m_Maker;
   Node m_Root;
   Node m_Other;
+  Node m_Chosen = {};
+  const ZtField* m_pRow = nullptr;
+  bool m_bElsewhere = false;
 };
 
 }  // namespace standard
