@@ -88,8 +88,8 @@ TEST(Reginfo, SecondRootWithoutMemory) {
 TEST(Gruu, OfOtherClassesInAContact) {
   Schema schema(XML_SCHEMA_REGINFO);
   const auto root = schema.Read<zt_reginfo>(InContact(kIn, "<gr:pub-gruu uri='p'/>"));
-  auto* registration = EntryOf<zt_registration>(root->getRegistrationListValue(), 0);
-  auto* contact = EntryOf<zt_ns_reginfo_contact>(registration->getContactListValue(), 0);
+  auto* registration = EntryOf(root->getRegistrationListValue());
+  auto* contact = EntryOf(registration->getContactListValue());
   GruuDataBinder make;
   zt_ns_gruuinfo_pubGruu* nested = make.CreateNsPubGruuElement();
   zt_ns_gruuinfo_tempGruu* temporary = make.CreateNsTempGruuElement();

@@ -1,24 +1,14 @@
 // Why a document was not read, written or updated.
 #include "ErrorChecks.h"
 #include "Samples.h"
-#include "ztxml/XMLReginfo.h"
-#include "ztxml/error.h"
+#include "ztxml/reginfo.h"
 
 namespace {
 
-constexpr eXMLProfile kExact = XML_PROFILE_EXACT;
-constexpr eXMLProfile kStandard = XML_PROFILE_STANDARD;
-
 // What is said of a text that is read as registration information, with the path in brackets.
-std::string Said(eXMLProfile profile, const std::string& text) {
-  ztxml::Error error;
-  XMLContext* context = XMLFactory::newInstance(XML_SCHEMA_REGINFO);
-  context->UseProfile(profile);
-  XMLUnMarshaller* reader = context->createUnMarshaller();
-  reader->ReportTo(&error);
-  XMLFactory::DeleteElement(reader->UnMarshall(text.data(), text.size()));
-  XMLFactory::deleteContext(context);
-  return std::string(error.Text()) + " [" + error.path + "]";
+std::string Said(const ztxml::Options& options, const std::string& text) {
+  const auto read = ztxml::Read<zt_reginfo>(text, options);
+  return std::string(read.error().Text()) + " [" + read.error().path + "]";
 }
 
 TEST(Errors, SayWhatIsWrongAndWhere) {
@@ -88,8 +78,8 @@ TEST(Errors, SayWhatIsWrongAndWhere) {
   };
   for (const auto& c : kCases) {
     SCOPED_TRACE(c.text);
-    EXPECT_EQ(Said(kExact, c.text), c.exact);
-    EXPECT_EQ(Said(kStandard, c.text), c.standard ? c.standard : c.exact);
+    EXPECT_EQ(Said(ztxml::Exact(), c.text), c.exact);
+    EXPECT_EQ(Said(ztxml::ReadOnly(), c.text), c.standard ? c.standard : c.exact);
   }
 }
 
@@ -100,11 +90,11 @@ TEST(Errors, OfHostileTextsAreShortAndInOneLine) {
     for (int i = 0; i < 3000; ++i) text += "<a>";
     return text + "</b>";
   }();
-  for (const eXMLProfile profile : {kExact, kStandard}) {
-    const std::string said = Said(profile, "<" + name + "></\x01\n\xff" + name + ">");
+  for (const ztxml::Options& options : {ztxml::Exact(), ztxml::ReadOnly()}) {
+    const std::string said = Said(options, "<" + name + "></\x01\n\xff" + name + ">");
     EXPECT_EQ(said.find('\n'), std::string::npos);
     EXPECT_LT(said.size(), 1200U);
-    EXPECT_NE(Said(profile, "<reginfo>" + deep).find("</b> where </a> is expected (opened at 1:"),
+    EXPECT_NE(Said(options, "<reginfo>" + deep).find("</b> where </a> is expected (opened at 1:"),
               std::string::npos);
   }
 }
@@ -128,75 +118,63 @@ TEST(Errors, AreWhereAnotherParserHasThem) {
   }
 }
 
-class WriteErrors : public testing::TestWithParam<eXMLProfile> {
- protected:
-  WriteErrors() {
-    context->UseProfile(GetParam());
-    factory = static_cast<ReginfoDataBinder*>(context->createBinderFactory());
-    root = static_cast<zt_reginfo*>(factory->CreateRootElement());
-    root->setStateValue(ZT_REGINFO_STATE_FULL);
-    root->setVersionValue(1);
+TEST(Errors, NameWhatIsMissing) {
+  for (const ztxml::Options& options : {ztxml::Exact(), ztxml::Options()}) {
+    auto reginfo = *ztxml::Create<zt_reginfo>(options);
+    reginfo->setStateValue(ZT_REGINFO_STATE_FULL);
+    reginfo->setVersionValue(1);
+    zt_registration* last = nullptr;
     for (int i = 0; i < 2; ++i) {
-      zt_registration* registration = factory->CreateRegistrationElement();
-      registration->setAorValue("sip:a");
-      registration->setIdValue("r");
-      registration->setStateValue(ZT_REGISTRATION_STATE_ACTIVE);
-      root->addRegistration(registration);
-      last = registration;
+      last = reginfo.Add(&zt_reginfo::addRegistration);
+      last->setAorValue("sip:a");
+      last->setIdValue("r");
+      last->setStateValue(ZT_REGISTRATION_STATE_ACTIVE);
     }
+    EXPECT_TRUE(reginfo.Write());
+    last->setAorValue(nullptr);
+    EXPECT_EQ(TextOf(reginfo.Write()),
+              "/reginfo/registration[2]/@aor: missing value: a required value is missing");
+    EXPECT_EQ(reginfo.Write().error().stage, ztxml::Stage::kWriting);
+    last->setAorValue("sip:a");
+    auto* contact = ztxml::Add(*last, &zt_registration::addContact, options);
+    contact->setUriValue("sip:c");
+    contact->setStateValue(ZT_CONTACT_STATE_ACTIVE);
+    contact->setEventValue(ZT_CONTACT_EVENT_CREATED);
+    EXPECT_EQ(
+        TextOf(reginfo.Write()),
+        "/reginfo/registration[2]/contact[1]/@id: missing value: a required value is missing");
+    contact->setIdValue("c");
+    EXPECT_TRUE(reginfo.Write());
+    // A child of another class than its list is for.
+    ZtSingleElementList* list = zt_xml_common_methods::CreateElementList();
+    list->Add(static_cast<XMLElement*>(ReginfoDataBinder().CreateUnknownParamElement()));
+    last->setContactListValue(list);
+    EXPECT_EQ(reginfo.Write().error().code, ztxml::Code::kRefused);
   }
-  ~WriteErrors() override {
-    XMLFactory::DeleteElement(root);
-    XMLFactory::deleteContext(context);
-  }
-  std::string Write(XMLElement* what) {
-    XMLMarshaller* writer = context->createMarshaller();
-    writer->ReportTo(&error);
-    const bool written = writer->Marshall(what) != nullptr;
-    EXPECT_EQ(written, error.code == ztxml::Code::kNone);
-    return error.Text();
-  }
-
-  XMLContext* context = XMLFactory::newInstance(XML_SCHEMA_REGINFO);
-  ReginfoDataBinder* factory;
-  zt_reginfo* root;
-  zt_registration* last;
-  ztxml::Error error;
-};
-
-TEST_P(WriteErrors, NameWhatIsMissing) {
-  EXPECT_EQ(Write(root), "");
-  last->setAorValue(nullptr);
-  EXPECT_EQ(Write(root),
-            "/reginfo/registration[2]/@aor: missing value: a required value is missing");
-  EXPECT_EQ(error.stage, ztxml::Stage::kWriting);
-  last->setAorValue("sip:a");
-  zt_ns_reginfo_contact* contact = factory->CreateContactElement();
-  contact->setUriValue("sip:c");
-  contact->setStateValue(ZT_CONTACT_STATE_ACTIVE);
-  contact->setEventValue(ZT_CONTACT_EVENT_CREATED);
-  last->addContact(contact);
-  EXPECT_EQ(Write(root),
-            "/reginfo/registration[2]/contact[1]/@id: missing value: a required value "
-            "is missing");
-  contact->setIdValue("c");
-  EXPECT_EQ(Write(root), "");
-  // A child of another class than its list is for.
-  ZtSingleElementList* list = zt_xml_common_methods::CreateElementList();
-  list->Add(static_cast<XMLElement*>(factory->CreateUnknownParamElement()));
-  last->setContactListValue(list);
-  Write(root);
-  EXPECT_EQ(error.code, ztxml::Code::kRefused);
-  EXPECT_EQ(Write(nullptr), "refused: there is no tree");
-  EXPECT_EQ(Write(last), "wrong root: the root is of no class that this document begins with");
 }
 
-INSTANTIATE_TEST_SUITE_P(Profiles, WriteErrors, testing::Values(kExact, kStandard));
+// Workers tell them when they are asked to.
+TEST(Errors, AreReportedByWorkers) {
+  for (const eXMLProfile profile : {XML_PROFILE_EXACT, XML_PROFILE_STANDARD}) {
+    Schema schema(XML_SCHEMA_REGINFO, profile);
+    ztxml::Error error;
+    schema.writer()->ReportTo(&error);
+    schema.Write(nullptr);
+    EXPECT_STREQ(error.Text(), "refused: there is no tree");
+    const Tree<XMLElement> registration(ReginfoDataBinder().CreateRegistrationElement());
+    schema.Write(registration.get());
+    EXPECT_STREQ(error.Text(),
+                 "wrong root: the root is of no class that this document begins with");
+    const auto root = schema.Read<zt_reginfo>("<reginfo version='1' state='full'/>");
+    EXPECT_NE(schema.Write(root.get()), "(null)");
+    EXPECT_STREQ(error.Text(), "");
+  }
+}
 
 // Of every document, read and written: without memory that is said, and nothing else.
 TEST(Errors, SayThatMemoryIsLacking) {
   for (const Sample& sample : Samples()) {
-    for (const eXMLProfile profile : {kExact, kStandard}) {
+    for (const eXMLProfile profile : {XML_PROFILE_EXACT, XML_PROFILE_STANDARD}) {
       SCOPED_TRACE(sample.name);
       const auto attempt = [&](bool tells) -> std::string {
         ztxml::Error error;

@@ -91,22 +91,6 @@ TEST(UnMarshaller, FilesAndTexts) {
   EXPECT_TRUE(log.Texts().empty());
 }
 
-// Makes contexts and workers, reads and writes while each allocation fails, alone and with all
-// later ones: results are null or complete, and nothing leaks.
-TEST(Drivers, EveryAllocationMayFail) {
-  ExpectWholeOrNothing([] {
-    XMLContext* context = XMLFactory::newInstance(XML_SCHEMA_REGINFO);
-    XMLUnMarshaller* reader = context ? context->createUnMarshaller() : nullptr;
-    XMLMarshaller* writer = context ? context->createMarshaller() : nullptr;
-    EXPECT_TRUE(!writer || context->createMarshaller() || context->marshaller() == writer);
-    const Tree<XMLElement> root(reader ? reader->UnMarshall(kReginfo) : nullptr);
-    const char* text = writer && root ? writer->Marshall(root.get()) : nullptr;
-    const std::string told = text ? text : "(null)";
-    XMLFactory::deleteContext(context);
-    return told;
-  });
-}
-
 TEST(NamespaceRetrieval, CollectsDeclarationsInDocumentOrder) {
   Schema schema(XML_SCHEMA_NAMESPACE_RETRIEVAL);
   const auto pairs = [&](const char* text) {
