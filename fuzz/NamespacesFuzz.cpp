@@ -1,46 +1,26 @@
 // The namespace pass: what a text declares is found, and what is written with it is read
 // again. First byte: which allocation fails.
 #include "FuzzSupport.h"
-#include "ztxml/XMLCommunicationDiversion.h"
 #include "ztxml/XMLSchemaNameSpaceRetrieval.h"
+#include "ztxml/communication_diversion.h"
 
 namespace {
 
-class Namespaces {
- public:
-  explicit Namespaces(const std::string& text)
-      : m_pContext(XMLFactory::newInstance(XML_SCHEMA_NAMESPACE_RETRIEVAL)) {
-    XMLUnMarshaller* reader = m_pContext ? m_pContext->createUnMarshaller() : nullptr;
-    m_pRoot = static_cast<XMLObject*>(reader ? reader->UnMarshall(text.c_str()) : nullptr);
-  }
-  ~Namespaces() {
-    XMLFactory::DeleteElement(m_pRoot);
-    XMLFactory::deleteContext(m_pContext);
-  }
-  Namespaces(const Namespaces&) = delete;
-  Namespaces& operator=(const Namespaces&) = delete;
+using Namespaces = Tree<zt_schema_namespace_retrieval>;
 
-  XMLObject* Root() const { return m_pRoot; }
-
-  // The declarations, one per line; requires that `text` has each word, unless entities hide it.
-  std::string Told(const std::string& text) const {
-    auto* found = zt_schema_namespace_retrieval::From(m_pRoot);
-    std::string told;
-    for (const auto& pair : ZtEach(found ? found->getNameSpaceInfo() : nullptr)) {
-      for (const char* word : {pair.getName(), pair.getValue()}) {
-        const bool stands = !word || text.find(word) != std::string::npos;
-        Require(stands || text.find('&') != std::string::npos, "a declaration is the text's", text);
-        told += word ? word : "-";
-        told += '\n';
-      }
+// The declarations, one per line; requires that `text` has each word, unless entities hide it.
+std::string Told(const Namespaces& found, const std::string& text) {
+  std::string told;
+  for (const auto& pair : ztxml::Each(found ? found->getNameSpaceInfo() : nullptr)) {
+    for (const char* word : {pair.getName(), pair.getValue()}) {
+      const bool stands = !word || text.find(word) != std::string::npos;
+      Require(stands || text.find('&') != std::string::npos, "a declaration is the text's", text);
+      told += word ? word : "-";
+      told += '\n';
     }
-    return told;
   }
-
- private:
-  XMLContext* m_pContext;
-  XMLObject* m_pRoot = nullptr;
-};
+  return told;
+}
 
 // Whether what may be a start tag has a name that begins with a slash, if only after its prefix:
 // such a document is refused. A name ends only at a blank, so it may include an attribute's URI.
@@ -57,32 +37,20 @@ bool HasSlashedName(const std::string& text) {
   return false;
 }
 
-// A diversion with a rule, so that every namespace is written.
-XMLElement* Diversion() {
-  CommunicationDiversionDataBinder make;
-  auto* root = static_cast<zt_communication_diversion*>(make.CreateRootElement());
-  root->setRuleSetValue(make.CreateRuleSetElement());
-  zt_ns_common_policy_ruleType* rule = make.CreateRuleTypeElement();
+// Requires that a diversion with a rule, so that every namespace is written, is written with the
+// prefixes of `namespaces` and read with them again.
+void CheckWritten(const Namespaces& namespaces) {
+  auto diversion = *ztxml::Create<zt_communication_diversion>(ztxml::Exact());
+  auto* rules = diversion.Add(&zt_communication_diversion::setRuleSetValue);
+  auto* rule = ztxml::Add(*rules, &zt_ns_common_policy_ruleset::addRule);
   rule->setIdValue("one");
-  rule->setActionsValue(make.CreateActionsTypeElement());
-  root->getRuleSetValue()->addRule(rule);
-  return root;
-}
-
-// Requires that `tree`, written with the prefixes of `namespaces`, is read with them again.
-void CheckWritten(const Namespaces& namespaces, XMLElement* tree) {
-  XMLContext* context = XMLFactory::newInstance(XML_SCHEMA_COMMUNICATION_DIVERSION);
-  context->SetNamespaceBinder(namespaces.Root());
-  const char* text = context->createMarshaller()->Marshall(tree);
-  Require(text != nullptr, "what is whole is written");
-  Require(IsWellFormed(text), "what is written is well formed", text);
-  const std::string first = text;
-  XMLElement* again = context->createUnMarshaller()->UnMarshall(first.c_str());
-  Require(again != nullptr, "its own prefixes are read", first);
-  text = context->createMarshaller()->Marshall(again);
-  Require(text && text == first, "it reads what it has written", first);
-  XMLFactory::DeleteElement(again);
-  XMLFactory::deleteContext(context);
+  ztxml::Add(*rule, &zt_ns_common_policy_ruleType::setActionsValue);
+  Schema schema(XML_SCHEMA_COMMUNICATION_DIVERSION);
+  schema.context()->SetNamespaceBinder(namespaces.get());
+  const std::string first = schema.Write(diversion.get());
+  Require(first != "(null)", "what is whole is written");
+  Require(IsWellFormed(first), "what is written is well formed", first);
+  Require(schema.RoundTrip(first) == first, "it reads what it has written", first);
 }
 
 }  // namespace
@@ -91,19 +59,16 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   if (size < 2) return 0;
   const Balanced balanced;
   const std::string text = TextAfter(1, data, size);
-  const Namespaces whole(text);
-  Require(whole.Root() || !IsWellFormed(text) || HasSlashedName(text), "any document is read",
-          text);
-  Require(!whole.Root() || IsWellFormed(text), "nothing else is", text);
-  const std::string told = whole.Told(text);
-  XMLElement* tree = Diversion();
-  CheckWritten(whole, tree);
-  XMLFactory::DeleteElement(tree);
+  Schema schema(XML_SCHEMA_NAMESPACE_RETRIEVAL);
+  const auto read = [&] { return schema.Read<zt_schema_namespace_retrieval>(text); };
+  const Namespaces whole = read();
+  Require(whole || !IsWellFormed(text) || HasSlashedName(text), "any document is read", text);
+  Require(!whole || IsWellFormed(text), "nothing else is", text);
+  const std::string told = Told(whole, text);
+  CheckWritten(whole);
   zthost::FailAllocation(data[0] % 128, data[0] >= 128);
-  {
-    const Namespaces unsure(text);
-    zthost::FailAllocation(0);
-    Require(!unsure.Root() || unsure.Told(text) == told, "without memory whole or nothing", text);
-  }
+  const Namespaces unsure = read();
+  zthost::FailAllocation(0);
+  Require(!unsure || Told(unsure, text) == told, "without memory whole or nothing", text);
   return 0;
 }

@@ -48,14 +48,7 @@ class Noting : public reflect::Visitor {
 Outcome OutcomeOf(eXMLSchemaID id, const std::string& text, Seen* seen = nullptr) {
   Outcome outcome;
   // As callers do, sets the namespaces of a document that declares any.
-  const bool declares = text.find("xmlns") != std::string::npos;
-  std::shared_ptr<Schema> workers;
-  if (declares) {
-    workers = std::make_shared<BoundSchema>(id, text);
-  } else {
-    workers = std::make_shared<Schema>(id);
-  }
-  Schema& schema = *workers;
+  BoundSchema schema(id, text.find("xmlns") != std::string::npos ? text : "");
   const std::map<std::string, int> before = RecordsByFile();
   LogCapture log;
   const auto root = schema.Read<XMLElement>(text);

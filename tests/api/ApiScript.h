@@ -4,6 +4,7 @@
 #ifndef ZTXML_TESTS_API_APISCRIPT_H
 #define ZTXML_TESTS_API_APISCRIPT_H
 
+#include <algorithm>
 #include <array>
 #include <iterator>
 #include <string>
@@ -14,6 +15,7 @@
 #include "base/ZtMemory.h"
 #include "binding/ZtBinding.h"
 #include "binding/ZtNames.h"
+#include "reflect/Reflect.h"
 #include "ztxml/ztHostPlatform.h"
 
 /// A factory of class `C`, prepared so that all its methods can make something.
@@ -130,9 +132,7 @@ class ApiScript {
  public:
   ApiScript(const std::uint8_t* data, std::size_t size) : m_pData(data), m_iSize(size) {}
   ~ApiScript() {
-    for (const Object& object : m_Objects) {
-      if (object.live && object.parent < 0) XMLFactory::DeleteElement(object.element);
-    }
+    for (XMLElement* root : m_Roots) XMLFactory::DeleteElement(root);
     for (XMLContext* context : m_Contexts) XMLFactory::deleteContext(context);
     XMLFactory::DeleteElement(m_pNamespaces);
   }
@@ -144,22 +144,13 @@ class ApiScript {
     if (Below(4) == 0) m_pNamespaces = Namespaces();
     while (m_iSize && m_Broken.empty()) Step();
     zthost::FailAllocation(0);
-    for (std::size_t i = 0; i < m_Objects.size() && m_Broken.empty(); ++i) {
-      if (m_Objects[i].live && m_Objects[i].parent < 0) Write(i);
-    }
+    for (std::size_t i = 0; i < m_Roots.size() && m_Broken.empty(); ++i) Write(*m_Roots[i]);
     return m_Broken;
   }
 
  private:
   using Types = ApiTables::Types;
   static constexpr unsigned kTypeCount = ApiTables::kTypeCount;
-
-  struct Object {
-    XMLElement* element;
-    unsigned type;  // index into ApiTables::kTypes
-    int parent;     // index of the object that owns it, -1: the script
-    bool live;      // false: its parent may have deleted it
-  };
 
   // The setters of one type.
   static const std::vector<const ApiTables::Setter*>& SettersOf(unsigned type) {
@@ -206,28 +197,28 @@ class ApiScript {
 
   void Step() {
     const unsigned kind = Below(16);
-    const std::size_t at = m_Objects.empty() ? 0 : Below(256) % m_Objects.size();
-    if (m_Objects.empty() || kind == 0) {
+    const std::size_t root = m_Roots.empty() ? 0 : Below(256) % m_Roots.size();
+    if (m_Roots.empty() || kind == 0) {
       const auto& factories = kApiFactories;
       Take(factories[Below(256) % std::size(factories)].make());
-    } else if (kind == 1) {
+      return;
+    }
+    XMLElement& self = Any(*m_Roots[root]);
+    if (kind == 1) {
       zthost::FailAllocation(Below(40), Below(2) != 0);
     } else if (kind == 2) {
       zthost::FailAllocation(0);
-    } else if (!m_Objects[at].live) {
-      return;
     } else if (kind == 3) {
-      Write(at);
+      Write(self);
     } else if (kind == 4) {
-      Hooks(at);
+      Hooks(self);
     } else {
-      const auto& setters = SettersOf(m_Objects[at].type);
-      if (!setters.empty()) Call(at, *setters[Below(256) % setters.size()]);
+      const auto& setters = SettersOf(TypeOf(self));
+      if (!setters.empty()) Call(m_Roots[root], self, *setters[Below(256) % setters.size()]);
     }
   }
 
-  void Call(std::size_t at, const ApiTables::Setter& setter) {
-    XMLElement& self = *m_Objects[at].element;
+  void Call(const XMLElement* root, XMLElement& self, const ApiTables::Setter& setter) {
     ApiTables::Value value = {};
     switch (setter.kind) {
       case ApiTables::Kind::kText:
@@ -243,84 +234,83 @@ class ApiScript {
         if (!setter.set(self, value)) ZtRelease(value.attribute);
         break;
       case ApiTables::Kind::kList:
-        GiveList(at, setter);
+        GiveList(root, self, setter);
         break;
       case ApiTables::Kind::kChild:
-        GiveChild(at, setter);
+        GiveChild(root, self, setter);
     }
   }
 
   // ---- Objects ----------------------------------------------------------------------------------
 
-  // The index of a new object, -1 for null.
-  int Take(XMLElement* element) {
-    if (!element) return -1;
-    unsigned type = 0;
-    while (type < kTypeCount && !ZtIsA(*element, *ApiTables::kTypes[type])) ++type;
-    if (type == kTypeCount) {
-      m_Broken = std::string("a factory makes what is no element: ") + element->ClassName();
-      return -1;
+  // All objects of a tree, the root first.
+  struct Collector : reflect::Visitor {
+    bool Enter(const XMLElement& object, const char* /*name*/, const reflect::Field*) override {
+      objects.push_back(const_cast<XMLElement*>(&object));
+      return true;
     }
-    m_Objects.push_back({element, type, -1, true});
-    return static_cast<int>(m_Objects.size()) - 1;
+    void Begin(const reflect::Field&) override {}
+    void End(const reflect::Field&) override {}
+    void Leave(const XMLElement&) override {}
+    std::vector<XMLElement*> objects;
+  };
+  XMLElement& Any(const XMLElement& root) {
+    Collector collector;
+    reflect::Walk(root, collector);
+    return *collector.objects[Below(256) % collector.objects.size()];
+  }
+  // The index into ApiTables::kTypes.
+  static unsigned TypeOf(const XMLElement& element) {
+    unsigned type = 0;
+    while (type < kTypeCount && !ZtIsA(element, *ApiTables::kTypes[type])) ++type;
+    return type;
   }
 
-  std::size_t RootOf(std::size_t at) const {
-    while (m_Objects[at].parent >= 0) at = static_cast<std::size_t>(m_Objects[at].parent);
-    return at;
+  void Take(XMLElement* element) {
+    if (!element) return;
+    m_Roots.push_back(element);
+    if (TypeOf(*element) == kTypeCount) {
+      m_Broken = std::string("a factory makes what is no element: ") + element->ClassName();
+    }
   }
 
-  // An object of one of `types` without an owner and not above `at`, made if there is none; -1 when
-  // out of memory.
-  int Free(std::size_t at, const Types& types) {
-    const std::size_t above = RootOf(at);
-    const std::size_t count = m_Objects.size();
-    for (std::size_t n = 0, i = Below(256); n < count; ++n, ++i) {
-      const Object& object = m_Objects[i % count];
-      if (object.live && object.parent < 0 && i % count != above && types[object.type]) {
-        return static_cast<int>(i % count);
-      }
+  // A root of one of `types` that is not `other`, made if there is none; null when out of memory.
+  XMLElement* Free(const XMLElement* other, const Types& types) {
+    for (std::size_t n = m_Roots.size(), i = Below(256); n; --n, ++i) {
+      XMLElement* const root = m_Roots[i % m_Roots.size()];
+      if (root != other && types[TypeOf(*root)]) return root;
     }
     for (unsigned n = 0, i = Below(256); n < kTypeCount; ++n, ++i) {
-      const ZtElementType* type = ApiTables::kTypes[i % kTypeCount];
-      if (types[i % kTypeCount]) return Take(type->Create("tests/ApiScript"));
-    }
-    return -1;
-  }
-
-  // An object of one of `types` that has an owner; null when there is none.
-  XMLElement* Owned(std::size_t at, const Types& types) {
-    const std::size_t count = m_Objects.size();
-    for (std::size_t n = 0, i = Below(256); n < count; ++n, ++i) {
-      const Object& object = m_Objects[i % count];
-      if (object.live && object.parent >= 0 && i % count != at && types[object.type]) {
-        return object.element;
-      }
+      if (!types[i % kTypeCount]) continue;
+      XMLElement* const made = ApiTables::kTypes[i % kTypeCount]->Create("tests/ApiScript");
+      Take(made);
+      return made;
     }
     return nullptr;
   }
+  void IsTaken(XMLElement* root) {
+    m_Roots.erase(std::remove(m_Roots.begin(), m_Roots.end(), root), m_Roots.end());
+  }
 
-  void GiveChild(std::size_t at, const ApiTables::Setter& setter) {
+  void GiveChild(const XMLElement* root, XMLElement& self, const ApiTables::Setter& setter) {
+    ApiTables::Value value = {};
     const unsigned which = Below(8);
-    if (which == 7) {
-      const ApiTables::Value owned = {nullptr, 0, nullptr, nullptr, Owned(at, *setter.child)};
-      if (!owned.child) return;
-      const int taken = setter.set(*m_Objects[at].element, owned);
+    if (which == 7) {  // one that has an owner
+      XMLElement* const other = m_Roots[Below(256) % m_Roots.size()];
+      value.child = &Any(*other);
+      if (value.child == other || value.child == &self) return;
+      if (!(*setter.child)[TypeOf(*value.child)]) return;
+      const int taken = setter.set(self, value);
       if (taken && *setter.name == 'a') m_Broken = "an object is taken that has an owner";
       return;
     }
-    const int given = which ? Free(at, *setter.child) : -1;
-    ApiTables::Value value = {};
-    if (given >= 0) value.child = m_Objects[static_cast<std::size_t>(given)].element;
-    if (!setter.set(*m_Objects[at].element, value)) return;
-    if (*setter.name == 's') LetGo(at, *setter.child);
-    if (given >= 0) m_Objects[static_cast<std::size_t>(given)].parent = static_cast<int>(at);
+    if (which) value.child = Free(root, *setter.child);
+    if (setter.set(self, value)) IsTaken(value.child);
   }
 
-  void GiveList(std::size_t at, const ApiTables::Setter& setter) {
+  void GiveList(const XMLElement* root, XMLElement& self, const ApiTables::Setter& setter) {
     ApiTables::Value value = {};
     if (Below(4)) value.list = zt_xml_common_methods::CreateElementList();
-    std::vector<std::size_t> given;
     const bool attributes =
         std::strstr(setter.name, "Attribute") || std::strstr(setter.name, "NameSpaceInfo");
     for (unsigned n = value.list ? Below(4) : 0; n; --n) {
@@ -329,64 +319,39 @@ class ApiScript {
         if (attribute && !value.list->Add(attribute)) ZtRelease(attribute);
         continue;
       }
-      const int child = Free(at, ApiTables::kDerive<XMLElement>);
-      if (child < 0) continue;
-      Object& object = m_Objects[static_cast<std::size_t>(child)];
-      if (!value.list->Add(object.element)) continue;
-      object.parent = static_cast<int>(m_Objects.size());  // it has an owner now
-      given.push_back(static_cast<std::size_t>(child));
+      XMLElement* const child = Free(root, ApiTables::kDerive<XMLElement>);
+      if (child && value.list->Add(child)) IsTaken(child);
     }
-    if (!setter.set(*m_Objects[at].element, value)) m_Broken = "a list is not taken";
-    LetGo(at, ApiTables::kDerive<XMLElement>);
-    for (const std::size_t child : given) m_Objects[child].parent = static_cast<int>(at);
-  }
-
-  // Forgets children of the given types, which may be deleted, and all that is below them.
-  void LetGo(std::size_t at, const Types& types) {
-    for (Object& object : m_Objects) {
-      if (object.parent == static_cast<int>(at) && types[object.type]) object.live = false;
-    }
-    for (bool changed = true; changed;) {
-      changed = false;
-      for (Object& object : m_Objects) {
-        if (!object.live || object.parent < 0) continue;
-        const auto parent = static_cast<std::size_t>(object.parent);
-        if (parent >= m_Objects.size() || m_Objects[parent].live) continue;
-        object.live = false;
-        changed = true;
-      }
-    }
+    if (!setter.set(self, value)) m_Broken = "a list is not taken";
   }
 
   // ---- The library at work ----------------------------------------------------------------------
 
-  void Hooks(std::size_t at) {
+  void Hooks(XMLElement& element) {
     const char* name = Text();
     std::string copy = name && Below(2) ? "/" : "";
     if (name) copy += name;
     const char* value = Text();
     std::string text = value ? value : "";
-    XMLElement& element = *m_Objects[at].element;
     char* given = name ? copy.data() : nullptr;
     if (Below(2)) {
       element.ProcessUnMarshallAttribute(given, value ? text.data() : nullptr, nullptr);
     } else {
       element.ProcessUnMarshall(given, value ? text.data() : nullptr, nullptr);
-      LetGo(at, ApiTables::kDerive<XMLElement>);
     }
   }
 
-  void Write(std::size_t at) {
+  void Write(XMLElement& element) {
     for (std::size_t id = 0; id < m_Contexts.size(); ++id) {
       if (!m_Contexts[id]) {
         m_Contexts[id] = XMLFactory::newInstance(static_cast<eXMLSchemaID>(id));
         if (m_Contexts[id] && m_pNamespaces) m_Contexts[id]->SetNamespaceBinder(m_pNamespaces);
       }
       XMLMarshaller* writer = m_Contexts[id] ? m_Contexts[id]->createMarshaller() : nullptr;
-      const char* text = writer ? writer->Marshall(m_Objects[at].element) : nullptr;
+      const char* text = writer ? writer->Marshall(&element) : nullptr;
       if (!text) continue;
       const std::string first = text;
-      text = writer->Marshall(m_Objects[at].element);
+      text = writer->Marshall(&element);
       if (text && first != text) m_Broken = "written again it differs:\n" + first + "\n" + text;
     }
   }
@@ -403,7 +368,7 @@ class ApiScript {
   const std::uint8_t* m_pData;
   std::size_t m_iSize;
   std::string m_Text;
-  std::vector<Object> m_Objects;
+  std::vector<XMLElement*> m_Roots;  // of the trees that are the script's
   std::array<XMLContext*, XML_SCHEMA_END> m_Contexts = {};
   XMLObject* m_pNamespaces = nullptr;
   std::string m_Broken;
