@@ -7,7 +7,7 @@
 #include <string>
 
 #include "base/ZtMemory.h"
-#include "binding/ZtDocumentTable.h"
+#include "reflect/Reflect.h"
 #include "ztxml/XMLFactory.h"
 #include "ztxml/ZtDocument.h"
 
@@ -29,18 +29,11 @@ class PublicCallbacks : public XmlDecoderSchema {
   XmlDecoderSchema* m_pNext;
 };
 
-/// The document that a context is of.
-struct DocumentOf : ZtContext {
-  static const ZtDocument& Of(const XMLContext& context) {
-    return (static_cast<const ZtContext&>(context).*&DocumentOf::Document)();
-  }
-};
-
 /// `text` read by public callbacks with the schema of `context`; null on failure. A simservs
 /// document comes without its services.
 inline XMLElement* ReadThroughCallbacks(const XMLContext& context, std::string text) {
   constexpr char kSource[] = "tests/PublicCallbacks";
-  ZtSchemaDecoder* decoder = DocumentOf::Of(context).newDecoder.Create(kSource);
+  ZtSchemaDecoder* decoder = reflect::DocumentOf(context).newDecoder.Create(kSource);
   if (!decoder) return nullptr;
   if (XMLObject* binder = static_cast<const ZtContext&>(context).namespaceBinder()) {
     decoder->SetNameSpaceBinderInfo(binder);

@@ -70,7 +70,7 @@ TEST(UnMarshaller, FilesAndTexts) {
   XMLFile in(path.c_str(), XML_FILE_READ);
   Tree<XMLElement> fromFile(reader->UnMarshall(&in));
   EXPECT_SAME(schema.Write(fromFile.get()), schema.RoundTrip(kReginfo));
-  LogCapture log(4);
+  const LogCapture log(4);
   Schema services(XML_SCHEMA_SIMSERVS);
   for (XMLUnMarshaller* worker : {reader, services.context()->unMarshaller()}) {
     for (long n = 1, reached = 1; reached; ++n) {
@@ -84,11 +84,6 @@ TEST(UnMarshaller, FilesAndTexts) {
   in.CloseFile();
   std::remove(path.c_str());
   EXPECT_EQ(reader->UnMarshall(&in), nullptr);  // the file is gone
-
-  log.Clear();
-  EXPECT_EQ(reader->UnMarshall(static_cast<const char*>(nullptr)), nullptr);
-  EXPECT_EQ(reader->UnMarshall(static_cast<XMLFile*>(nullptr)), nullptr);
-  EXPECT_TRUE(log.Texts().empty());
 }
 
 TEST(NamespaceRetrieval, CollectsDeclarationsInDocumentOrder) {
@@ -111,11 +106,7 @@ TEST(NamespaceRetrieval, CollectsDeclarationsInDocumentOrder) {
   EXPECT_EQ(schema.writer(), nullptr);
   Tree<zt_schema_namespace_retrieval> root(static_cast<zt_schema_namespace_retrieval*>(
       schema.context()->createBinderFactory()->CreateRootElement()));
-  LogCapture log;
-  EXPECT_EQ(root->setNameSpaceInfo(nullptr), 1);
-  EXPECT_EQ(root->getNameSpaceInfo(), nullptr);
-  EXPECT_TRUE(log.Has("<XML Module>: zt_schema_namespace_retrieval::setNameSpaceInfo"));
-  EXPECT_TRUE(log.Has("<XML Module>: zt_schema_namespace_retrieval::getNameSpaceInfo"));
+  const LogCapture log;
   char xmlns[] = "xmlns:p", uri[] = "u";
   EXPECT_EQ(root->ProcessUnMarshallAttribute(xmlns, uri, nullptr), 1);
   zthost::FailAllocation(1);
