@@ -24,14 +24,6 @@ bool MayBeRefused(const StrictReading& ours) {
   return isWide && ours.encodingFault == ZtEncodingFault::kBadBytes;
 }
 
-std::string Joined(const StrictEvents& events) {
-  std::string text;
-  for (const auto* lines : {&events.lines, &events.places}) {
-    for (const std::string& line : *lines) text += line + '\n';
-  }
-  return text;
-}
-
 void RequireFailure(const std::string& document, std::uint8_t failing, const StrictReading& whole) {
   zthost::FailAllocation(failing, true);
   const StrictReading ours(document);
@@ -59,7 +51,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   }
   if (ours.events.accepted) {
     Require(AreAlike(ours, theirs.events), "both tell the same",
-            Joined(ours.events) + "---\n" + Joined(theirs.events));
+            Told(ours.events) + "---\n" + Told(theirs.events));
   } else if (ours.encodingFault == ZtEncodingFault::kNone) {
     Require(ZtFaultText(ours.error.fault) && ours.error.at <= ours.text.size(),
             "a failure tells a fault and its place");

@@ -42,12 +42,6 @@ T* EntryOf(ZtListOf<T>* list, int index = 0) {
   return EntryOf<T>(static_cast<ZtSingleElementList*>(list), index);
 }
 
-/// An object of another class, cast so that it passes for a T.
-template <class T>
-T* Foreign() {
-  return static_cast<T*>(static_cast<XMLElement*>(ZtCreate<zt_string>("tests/Foreign")));
-}
-
 /// A caller's own element, which gives no class name.
 struct Nameless : XMLElement {
   const char* ClassName() const override { return nullptr; }
@@ -55,15 +49,5 @@ struct Nameless : XMLElement {
   const char* ElementName() const override { return "nameless"; }
   int ReservedHook() override { return 0; }
 };
-
-/// A whole document in the writer's layout: a line break before each start tag, double quotes.
-inline std::string Document(const std::string& content) {
-  std::string text = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>";
-  for (std::size_t i = 0; i < content.size(); ++i) {
-    if (content[i] == '<' && content[i + 1] != '/') text += '\n';
-    text += content[i] == '\'' ? '"' : content[i];
-  }
-  return text;
-}
 
 #endif  // ZTXML_TESTS_DOCUMENTSUPPORT_H

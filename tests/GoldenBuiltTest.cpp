@@ -139,27 +139,15 @@ std::string TellSetter(XMLElement& object, const ApiTables::Setter& setter, cons
   return text + '\n';
 }
 
-// The first object of each class in a tree.
-class FirstOfClass : public reflect::Visitor {
- public:
-  bool Enter(const XMLElement& object, const char* /*name*/, const reflect::Field*) override {
+// The first object of each class in a tree, by the class's number in ApiTables::kTypes.
+std::map<unsigned, XMLElement*> ByClass(const XMLElement& root) {
+  std::map<unsigned, XMLElement*> first;
+  for (XMLElement* object : ObjectsOf(root)) {
     for (unsigned type = 0; type < ApiTables::kTypeCount; ++type) {
-      if (!ZtIsA(object, *ApiTables::kTypes[type])) continue;
-      objects.insert({type, const_cast<XMLElement*>(&object)});
+      if (ZtIsA(*object, *ApiTables::kTypes[type])) first.insert({type, object});
     }
-    return true;
   }
-  void Begin(const reflect::Field&) override {}
-  void End(const reflect::Field&) override {}
-  void Leave(const XMLElement&) override {}
-
-  std::map<unsigned, XMLElement*> objects;
-};
-
-std::map<unsigned, XMLElement*> ObjectsOf(const XMLElement& root) {
-  FirstOfClass visitor;
-  reflect::Walk(root, visitor);
-  return visitor.objects;
+  return first;
 }
 
 // Tells what is written of a tree.
@@ -178,7 +166,7 @@ struct Written {
 // document.
 std::string TellObject(Schema& schema, const std::string& document, unsigned type) {
   const auto full = schema.Read<XMLElement>(document);
-  XMLElement* object = ObjectsOf(*full).at(type);
+  XMLElement* object = ByClass(*full).at(type);
   const auto again = [&] {
     schema.Write(full.get());
   };  // so that the next call logs the release of this text
@@ -195,7 +183,7 @@ std::string TellObject(Schema& schema, const std::string& document, unsigned typ
     Given given;
     for (unsigned at = 0; Give(setter, at, given); ++at, given = {}) {
       const auto root = schema.Read<XMLElement>(document);
-      text += TellSetter(*ObjectsOf(*root).at(type), setter, given);
+      text += TellSetter(*ByClass(*root).at(type), setter, given);
       again();
       const Written now(schema, root.get());
       const bool lost = now.text != whole.text && now.text == Lines{"(null)"};
@@ -224,7 +212,7 @@ TEST(GoldenBuilt, ByAccessors) {
       const std::string document = ReadFile(input);
       BoundSchema schema(info->id, document);
       const auto root = schema.Read<XMLElement>(document);
-      for (const auto& [type, object] : ObjectsOf(*root)) {
+      for (const auto& [type, object] : ByClass(*root)) {
         if (told.insert(type).second) text += TellObject(schema, document, type);
         everywhere.insert(type);
       }
@@ -246,26 +234,6 @@ TEST(GoldenBuilt, ByAccessors) {
     }
   }
   golden.Expect("others.txt", text);
-}
-
-// What is too long is cut, with one line.
-TEST(GoldenBuilt, Cut) {
-  GoldenFolder golden("cut");
-  Schema schema(XML_SCHEMA_REGINFO);
-  Tree<zt_reginfo> root(static_cast<zt_reginfo*>(ReginfoDataBinder().CreateRootElement()));
-  root->setStateValue(ZT_REGINFO_STATE_FULL);
-  for (int i = 0; i < 300; ++i) {
-    zt_registration* registration = ReginfoDataBinder().CreateRegistrationElement();
-    registration->setAorValue(("sip:somebody-with-a-long-name-" + std::to_string(i)).c_str());
-    registration->setIdValue("a-registration-as-many-others");
-    registration->setStateValue(ZT_REGISTRATION_STATE_ACTIVE);
-    root->addRegistration(registration);
-  }
-  const LogCapture log(3);
-  const std::string written = schema.Write(root.get());
-  golden.Expect("registrations.txt", std::to_string(written.size()) + " bytes, at the end:\n" +
-                                         written.substr(written.size() - 80) + "\nlog:\n" +
-                                         Joined(Told(log, "", written)));
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 #include <cstring>
 
 #include "Golden.h"
+#include "Objects.h"
 #include "Samples.h"
 
 namespace {
@@ -27,23 +28,14 @@ std::string SeenValue(const XMLElement& object, const reflect::Field& field, uns
          (field.value == ZtValue::kEnum ? " " + std::to_string(value) : "");
 }
 
-class Noting : public reflect::Visitor {
- public:
-  explicit Noting(Seen& seen) : m_Seen(seen) {}
-  bool Enter(const XMLElement& object, const char* /*name*/, const reflect::Field*) override {
-    for (const reflect::Field& field : reflect::FieldsOf(object)) {
+void Note(const XMLElement& root, Seen& seen) {
+  for (const XMLElement* object : ObjectsOf(root)) {
+    for (const reflect::Field& field : reflect::FieldsOf(*object)) {
       if (!field.IsPresent()) continue;
-      m_Seen.insert(SeenValue(object, field, static_cast<unsigned>(field.number)));
+      seen.insert(SeenValue(*object, field, static_cast<unsigned>(field.number)));
     }
-    return true;
   }
-  void Begin(const reflect::Field&) override {}
-  void End(const reflect::Field&) override {}
-  void Leave(const XMLElement&) override {}
-
- private:
-  Seen& m_Seen;
-};
+}
 
 Outcome OutcomeOf(eXMLSchemaID id, const std::string& text, Seen* seen = nullptr) {
   Outcome outcome;
@@ -61,10 +53,7 @@ Outcome OutcomeOf(eXMLSchemaID id, const std::string& text, Seen* seen = nullptr
     if (added) outcome.records.push_back(file + ' ' + std::to_string(added));
   }
   outcome.tree = TreeTeller::Tell(*root);
-  if (seen) {
-    Noting noting(*seen);
-    reflect::Walk(*root, noting);
-  }
+  if (seen) Note(*root, *seen);
   log.Clear();
   const std::string written = schema.Write(root.get());
   outcome.writeLog = Told(log, text, written);

@@ -2,6 +2,7 @@
 #ifndef ZTXML_TESTS_SAMPLES_H
 #define ZTXML_TESTS_SAMPLES_H
 
+#include <cstring>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -18,21 +19,6 @@ struct Sample {
   eXMLSchemaID id;
 };
 
-/// Notes the first start tag.
-class RootFinder : public XmlDecoderSchema {
- public:
-  int ProcessReserved() override { return 0; }
-  int ProcessAttribute(char*, char*, char*) override { return 0; }
-  int ProcessElement(char* name, char*) override {
-    if (root.empty()) root = name;
-    return 0;
-  }
-  int ProcessElementOpened(char*) override { return 0; }
-  void* GetSessionData() override { return nullptr; }
-
-  std::string root;
-};
-
 /// The parser's result for a whole text.
 inline int Parse(std::string text, XmlDecoderSchema* receiver) {
   XmlDecoder parser;
@@ -45,18 +31,20 @@ inline int Parse(std::string text, XmlDecoderSchema* receiver) {
 inline std::vector<Sample> Samples() {
   std::vector<Sample> samples;
   for (const auto& entry : std::filesystem::directory_iterator(ZTXML_DOCUMENTS_DIR)) {
-    std::ifstream file(entry.path());
-    const std::string text(std::istreambuf_iterator<char>(file), {});
-    const std::string name = entry.path().filename().string();
-    if (samples.empty()) samples.push_back({name, text, XML_SCHEMA_NAMESPACE_RETRIEVAL});
-    RootFinder finder;
-    Parse(text, &finder);
-    const std::string local = finder.root.substr(finder.root.find(':') + 1);
+    std::ifstream stream(entry.path());
+    const std::string text(std::istreambuf_iterator<char>(stream), {});
+    const std::string file = entry.path().filename().string();
+    if (samples.empty()) samples.push_back({file, text, XML_SCHEMA_NAMESPACE_RETRIEVAL});
+    std::size_t root = 0;
+    while (text[root] != '<' || std::strchr("?!", text[root + 1])) ++root;
+    const std::size_t end = text.find_first_of(" \t\r\n/>", root);
+    const std::string name = text.substr(root + 1, end - root - 1);
+    const std::string local = name.substr(name.find(':') + 1);
     for (int id = 0; id < XML_SCHEMA_END; ++id) {
       const XMLSchemaInfo* info = XMLFactory::getSchemaInfo(static_cast<eXMLSchemaID>(id));
       if (!info) continue;
-      for (const char* root : info->roots) {
-        if (root && local == root) samples.push_back({name, text, info->id});
+      for (const char* known : info->roots) {
+        if (known && local == known) samples.push_back({file, text, info->id});
       }
     }
   }

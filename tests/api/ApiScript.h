@@ -12,10 +12,11 @@
 #include <vector>
 
 #include "ApiTable.h"
+#include "Objects.h"
+#include "Workers.h"
 #include "base/ZtMemory.h"
 #include "binding/ZtBinding.h"
 #include "binding/ZtNames.h"
-#include "reflect/Reflect.h"
 #include "ztxml/ztHostPlatform.h"
 
 /// A factory of class `C`, prepared so that all its methods can make something.
@@ -134,14 +135,18 @@ class ApiScript {
   ~ApiScript() {
     for (XMLElement* root : m_Roots) XMLFactory::DeleteElement(root);
     for (XMLContext* context : m_Contexts) XMLFactory::deleteContext(context);
-    XMLFactory::DeleteElement(m_pNamespaces);
   }
   ApiScript(const ApiScript&) = delete;
   ApiScript& operator=(const ApiScript&) = delete;
 
   /// What was broken, empty when nothing was.
   std::string Run() {
-    if (Below(4) == 0) m_pNamespaces = Namespaces();
+    if (Below(4) == 0) {
+      m_pNamespaces = Schema(XML_SCHEMA_NAMESPACE_RETRIEVAL)
+                          .Read<XMLObject>(
+                              "<a xmlns:a='http://uri.etsi.org/ngn/params/xml/simservs/xcap'"
+                              " xmlns:b='urn:ietf:params:xml:ns:common-policy'/>");
+    }
     while (m_iSize && m_Broken.empty()) Step();
     zthost::FailAllocation(0);
     for (std::size_t i = 0; i < m_Roots.size() && m_Broken.empty(); ++i) Write(*m_Roots[i]);
@@ -243,21 +248,9 @@ class ApiScript {
 
   // ---- Objects ----------------------------------------------------------------------------------
 
-  // All objects of a tree, the root first.
-  struct Collector : reflect::Visitor {
-    bool Enter(const XMLElement& object, const char* /*name*/, const reflect::Field*) override {
-      objects.push_back(const_cast<XMLElement*>(&object));
-      return true;
-    }
-    void Begin(const reflect::Field&) override {}
-    void End(const reflect::Field&) override {}
-    void Leave(const XMLElement&) override {}
-    std::vector<XMLElement*> objects;
-  };
   XMLElement& Any(const XMLElement& root) {
-    Collector collector;
-    reflect::Walk(root, collector);
-    return *collector.objects[Below(256) % collector.objects.size()];
+    const std::vector<XMLElement*> objects = ObjectsOf(root);
+    return *objects[Below(256) % objects.size()];
   }
   // The index into ApiTables::kTypes.
   static unsigned TypeOf(const XMLElement& element) {
@@ -345,7 +338,8 @@ class ApiScript {
     for (std::size_t id = 0; id < m_Contexts.size(); ++id) {
       if (!m_Contexts[id]) {
         m_Contexts[id] = XMLFactory::newInstance(static_cast<eXMLSchemaID>(id));
-        if (m_Contexts[id] && m_pNamespaces) m_Contexts[id]->SetNamespaceBinder(m_pNamespaces);
+        if (m_Contexts[id] && m_pNamespaces)
+          m_Contexts[id]->SetNamespaceBinder(m_pNamespaces.get());
       }
       XMLMarshaller* writer = m_Contexts[id] ? m_Contexts[id]->createMarshaller() : nullptr;
       const char* text = writer ? writer->Marshall(&element) : nullptr;
@@ -356,21 +350,12 @@ class ApiScript {
     }
   }
 
-  static XMLObject* Namespaces() {
-    XMLContext* context = XMLFactory::newInstance(XML_SCHEMA_NAMESPACE_RETRIEVAL);
-    XMLElement* read = context->createUnMarshaller()->UnMarshall(
-        "<a xmlns:a='http://uri.etsi.org/ngn/params/xml/simservs/xcap'"
-        " xmlns:b='urn:ietf:params:xml:ns:common-policy'/>");
-    XMLFactory::deleteContext(context);
-    return static_cast<XMLObject*>(read);
-  }
-
   const std::uint8_t* m_pData;
   std::size_t m_iSize;
   std::string m_Text;
   std::vector<XMLElement*> m_Roots;  // of the trees that are the script's
   std::array<XMLContext*, XML_SCHEMA_END> m_Contexts = {};
-  XMLObject* m_pNamespaces = nullptr;
+  Tree<XMLObject> m_pNamespaces;
   std::string m_Broken;
 };
 

@@ -3,27 +3,13 @@
 #define ZTXML_TESTS_API_ERRORCHECKS_H
 
 #include <algorithm>
-#include <expat.h>
 #include <string>
 
 #include "Require.h"
+#include "WellFormed.h"
 #include "text/ZtEncoding.h"
 #include "ztxml/XMLFactory.h"
 #include "ztxml/ZtDocument.h"
-
-/// Where and whether Expat refuses a text of bytes; offsets count bytes.
-struct ExpatVerdict {
-  bool accepts;
-  std::size_t at;
-
-  ExpatVerdict(const std::string& text, bool withNamespaces) {
-    XML_Parser parser =
-        withNamespaces ? XML_ParserCreateNS(nullptr, '\1') : XML_ParserCreate(nullptr);
-    accepts = XML_Parse(parser, text.data(), static_cast<int>(text.size()), 1) == XML_STATUS_OK;
-    at = static_cast<std::size_t>(std::max<XML_Index>(0, XML_GetCurrentByteIndex(parser)));
-    XML_ParserFree(parser);
-  }
-};
 
 /// The offset of a place of a text in UTF-8, whose columns count characters.
 inline std::size_t OffsetOf(const std::string& text, std::size_t line, std::size_t column) {

@@ -19,6 +19,14 @@ struct StrictEvents {
   std::vector<std::size_t> offsets;  // of each tag: in the text, for Expat in the input
 };
 
+inline std::string Told(const StrictEvents& events) {
+  std::string text;
+  for (const auto* lines : {&events.lines, &events.places}) {
+    for (const std::string& line : *lines) text += line + '\n';
+  }
+  return text;
+}
+
 inline std::string PlaceWords(std::size_t line, std::size_t column) {
   return std::to_string(line) + ':' + std::to_string(column);
 }

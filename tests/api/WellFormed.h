@@ -2,18 +2,28 @@
 #ifndef ZTXML_TESTS_API_WELLFORMED_H
 #define ZTXML_TESTS_API_WELLFORMED_H
 
+#include <algorithm>
 #include <expat.h>
 #include <string>
 
 #include "ztxml/XMLFactory.h"
 #include "ztxml/ztXMLDocGenerator.h"
 
-inline bool ExpatAccepts(const std::string& text) {
-  XML_Parser parser = XML_ParserCreate(nullptr);
-  const bool accepts = XML_Parse(parser, text.data(), static_cast<int>(text.size()), 1) != 0;
-  XML_ParserFree(parser);
-  return accepts;
-}
+/// Where and whether Expat refuses a text of bytes; offsets count bytes.
+struct ExpatVerdict {
+  bool accepts;
+  std::size_t at;
+
+  ExpatVerdict(const std::string& text, bool withNamespaces) {
+    XML_Parser parser =
+        withNamespaces ? XML_ParserCreateNS(nullptr, '\1') : XML_ParserCreate(nullptr);
+    accepts = XML_Parse(parser, text.data(), static_cast<int>(text.size()), 1) == XML_STATUS_OK;
+    at = static_cast<std::size_t>(std::max<XML_Index>(0, XML_GetCurrentByteIndex(parser)));
+    XML_ParserFree(parser);
+  }
+};
+
+inline bool ExpatAccepts(const std::string& text) { return ExpatVerdict(text, false).accepts; }
 
 /// Whether writers of the schema go on after an element that lacks something required (rule sets
 /// and GRUUs), or have a root whose name begins with a digit.

@@ -118,41 +118,6 @@ TEST(Errors, AreWhereAnotherParserHasThem) {
   }
 }
 
-TEST(Errors, NameWhatIsMissing) {
-  for (const ztxml::Options& options : {ztxml::Exact(), ztxml::Options()}) {
-    auto reginfo = *ztxml::Create<zt_reginfo>(options);
-    reginfo->setStateValue(ZT_REGINFO_STATE_FULL);
-    reginfo->setVersionValue(1);
-    zt_registration* last = nullptr;
-    for (int i = 0; i < 2; ++i) {
-      last = reginfo.Add(&zt_reginfo::addRegistration);
-      last->setAorValue("sip:a");
-      last->setIdValue("r");
-      last->setStateValue(ZT_REGISTRATION_STATE_ACTIVE);
-    }
-    EXPECT_TRUE(reginfo.Write());
-    last->setAorValue(nullptr);
-    EXPECT_EQ(TextOf(reginfo.Write()),
-              "/reginfo/registration[2]/@aor: missing value: a required value is missing");
-    EXPECT_EQ(reginfo.Write().error().stage, ztxml::Stage::kWriting);
-    last->setAorValue("sip:a");
-    auto* contact = ztxml::Add(*last, &zt_registration::addContact, options);
-    contact->setUriValue("sip:c");
-    contact->setStateValue(ZT_CONTACT_STATE_ACTIVE);
-    contact->setEventValue(ZT_CONTACT_EVENT_CREATED);
-    EXPECT_EQ(
-        TextOf(reginfo.Write()),
-        "/reginfo/registration[2]/contact[1]/@id: missing value: a required value is missing");
-    contact->setIdValue("c");
-    EXPECT_TRUE(reginfo.Write());
-    // A child of another class than its list is for.
-    ZtSingleElementList* list = zt_xml_common_methods::CreateElementList();
-    list->Add(static_cast<XMLElement*>(ReginfoDataBinder().CreateUnknownParamElement()));
-    last->setContactListValue(list);
-    EXPECT_EQ(reginfo.Write().error().code, ztxml::Code::kRefused);
-  }
-}
-
 // Workers tell them when they are asked to.
 TEST(Errors, AreReportedByWorkers) {
   for (const eXMLProfile profile : {XML_PROFILE_EXACT, XML_PROFILE_STANDARD}) {

@@ -83,12 +83,16 @@ TEST(Interface, ADocumentIsMadeAndWritten) {
     registration->setStateValue(ZT_REGISTRATION_STATE_ACTIVE);
     EXPECT_EQ(Said(made->Write().error()),
               "/reginfo/registration[1]/@aor: missing value: a required value is missing");
+    EXPECT_EQ(made->Write().error().stage, ztxml::Stage::kWriting);
     registration->setAorValue("sip:a");
-    auto* contact = ztxml::Add(*registration, &zt_registration::addContact);
-    contact->setIdValue("c");
+    auto* contact = ztxml::Add(*registration, &zt_registration::addContact, options);
     contact->setStateValue(ZT_CONTACT_STATE_ACTIVE);
     contact->setEventValue(ZT_CONTACT_EVENT_CREATED);
     contact->setUriValue("sip:b");
+    EXPECT_EQ(
+        Said(made->Write().error()),
+        "/reginfo/registration[1]/contact[1]/@id: missing value: a required value is missing");
+    contact->setIdValue("c");
     auto* gruu = ztxml::Add<zt_pub_gruu>(*contact, &zt_ns_reginfo_contact::addAnyElement);
     gruu->setUriValue("sip:g");
     std::string buffer;
@@ -101,6 +105,11 @@ TEST(Interface, ADocumentIsMadeAndWritten) {
     ASSERT_TRUE(again) << Said(again.error());
     EXPECT_SAME(*again->Write(), buffer);
     EXPECT_EQ(Said(made->Update().error()).substr(0, 9), "refused: ");
+    // A child of another class than its list is for.
+    ZtSingleElementList* list = zt_xml_common_methods::CreateElementList();
+    list->Add(static_cast<XMLElement*>(ReginfoDataBinder().CreateUnknownParamElement()));
+    registration->setContactListValue(list);
+    EXPECT_EQ(made->Write().error().code, ztxml::Code::kRefused);
   }
 }
 

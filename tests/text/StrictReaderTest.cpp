@@ -16,13 +16,6 @@ namespace {
 
 using namespace std::string_literals;
 
-std::string Told(const StrictEvents& events) {
-  std::string text;
-  for (const auto& line : events.lines) text += line + '\n';
-  for (const auto& place : events.places) text += place + ' ';
-  return text;
-}
-
 void ExpectAlike(const std::string& document) {
   const StrictReading ours(document);
   const ExpatReading theirs(document);
