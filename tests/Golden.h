@@ -69,6 +69,17 @@ class GoldenFolder {
   std::set<std::filesystem::path> m_Expected;
 };
 
+/// The documents of a schema that are written by hand and have everything.
+inline std::set<std::filesystem::path> FullDocuments(const XMLSchemaInfo& info) {
+  std::set<std::filesystem::path> full;
+  for (const auto& entry : std::filesystem::directory_iterator(
+           std::filesystem::path(ZTXML_GOLDEN_DIR) / "documents" / info.name)) {
+    const std::string name = entry.path().filename();
+    if (name.find("full") == 0 && entry.path().extension() == ".xml") full.insert(entry.path());
+  }
+  return full;
+}
+
 // ---- Texts --------------------------------------------------------------------------------------
 
 inline std::string Replaced(std::string text, const std::string& from, const std::string& to) {
@@ -121,8 +132,7 @@ inline std::string Joined(const Lines& lines, const std::string& indent = "") {
   return text;
 }
 
-// ---- Differences
-// ----------------------------------------------------------------------------------
+// ---- Differences --------------------------------------------------------------------------------
 
 /// The lines that only one of two texts has: "- " before those of `a`, "+ " before those of `b`.
 inline Lines Difference(const Lines& a, const Lines& b) {

@@ -200,15 +200,9 @@ TEST(GoldenBuilt, ByAccessors) {
   for (int i = 0; i < XML_SCHEMA_END; ++i) {
     const XMLSchemaInfo* info = XMLFactory::getSchemaInfo(static_cast<eXMLSchemaID>(i));
     if (!info) continue;
-    std::set<std::filesystem::path> inputs;
-    for (const auto& entry : std::filesystem::directory_iterator(
-             std::filesystem::path(ZTXML_GOLDEN_DIR) / "documents" / info->name)) {
-      const std::string name = entry.path().filename();
-      if (name.find("full") == 0 && entry.path().extension() == ".xml") inputs.insert(entry.path());
-    }
     std::set<unsigned> told;  // each class once
     std::string text;
-    for (const std::filesystem::path& input : inputs) {
+    for (const std::filesystem::path& input : FullDocuments(*info)) {
       const std::string document = ReadFile(input);
       BoundSchema schema(info->id, document);
       const auto root = schema.Read<XMLElement>(document);

@@ -70,6 +70,14 @@ class LogCapture {
   std::vector<CapturedLine> lines_;
 };
 
+/// What `part` gives for "0", "1", ..., one after another.
+template <class Part>
+std::string Repeated(std::size_t count, const Part& part) {
+  std::string text;
+  for (std::size_t i = 0; i < count; ++i) text += part(std::to_string(i));
+  return text;
+}
+
 /// The beginning of a text that is too long to be shown.
 inline std::string Shortened(const std::string& text) {
   return text.size() <= 80 ? text : text.substr(0, 80) + "...";

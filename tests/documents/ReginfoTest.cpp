@@ -7,25 +7,18 @@
 
 namespace {
 
-const char kHeader[] = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>";
-const char kOpen[] =
-    "\n<reginfo  xmlns=\"urn:ietf:params:xml:ns:reginfo\"  "
-    "xmlns:gr=\"urn:ietf:params:xml:ns:gruuinfo\"  version=\"0\"  state=\"full\">";
-
-// A document around one registration or one contact, as it is read and as it is written.
-std::string InReginfo(const std::string& content) {
-  return "<reginfo version=\"0\" state=\"full\">" + content + "</reginfo>";
-}
-std::string OutReginfo(const std::string& content) {
-  return std::string(kHeader) + kOpen + content + "</reginfo>";
-}
+// A document around one contact, as it is read and as it is written.
 std::string InContact(const std::string& attributes, const std::string& content = "") {
-  return InReginfo("<registration aor='a' id='r' state='active'><contact " + attributes + ">" +
-                   content + "</contact></registration>");
+  return "<reginfo version=\"0\" state=\"full\"><registration aor='a' id='r' "
+         "state='active'><contact " +
+         attributes + ">" + content + "</contact></registration></reginfo>";
 }
 std::string OutContact(const std::string& attributes, const std::string& content = "") {
-  return OutReginfo("\n<registration  aor=\"a\"  id=\"r\"  state=\"active\">\n<contact  " +
-                    attributes + ">" + content + "</contact></registration>");
+  return "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<reginfo  "
+         "xmlns=\"urn:ietf:params:xml:ns:reginfo\"  xmlns:gr=\"urn:ietf:params:xml:ns:gruuinfo\"  "
+         "version=\"0\"  state=\"full\">\n<registration  aor=\"a\"  id=\"r\"  state=\"active\">"
+         "\n<contact  " +
+         attributes + ">" + content + "</contact></registration></reginfo>";
 }
 const char kIn[] = "id='c' state='active' event='created'";
 

@@ -24,33 +24,32 @@ class Ownership : public testing::Test {
 };
 
 TEST_F(Ownership, ListsTakeNothingTwice) {
-  Tree<zt_reginfo> first(static_cast<zt_reginfo*>(reginfo_.CreateRootElement()));
-  Tree<zt_reginfo> second(static_cast<zt_reginfo*>(reginfo_.CreateRootElement()));
+  zt_reginfo first, second;
   zt_registration* registration = reginfo_.CreateRegistrationElement();
-  EXPECT_EQ(first->addRegistration(registration), 1);
+  EXPECT_EQ(first.addRegistration(registration), 1);
   ExpectNothingSaid();
-  EXPECT_EQ(first->addRegistration(registration), 0);
+  EXPECT_EQ(first.addRegistration(registration), 0);
   ExpectRefused("zt_registration");
-  EXPECT_EQ(second->addRegistration(registration), 0);
+  EXPECT_EQ(second.addRegistration(registration), 0);
   ExpectRefused("zt_registration");
-  EXPECT_EQ(second->addAnyElement(registration), 0);
+  EXPECT_EQ(second.addAnyElement(registration), 0);
   ExpectRefused("zt_registration");
   char name[] = "registration";
-  EXPECT_EQ(second->ProcessUnMarshall(name, nullptr, registration), 0);
+  EXPECT_EQ(second.ProcessUnMarshall(name, nullptr, registration), 0);
   ExpectRefused("zt_registration");
-  EXPECT_EQ(first->getRegistrationListValue()->Add(static_cast<XMLElement*>(registration)), 0);
+  EXPECT_EQ(first.getRegistrationListValue()->Add(static_cast<XMLElement*>(registration)), 0);
   ExpectRefused("zt_registration");
-  EXPECT_EQ(CountOf(first->getRegistrationListValue()), 1);
+  EXPECT_EQ(CountOf(first.getRegistrationListValue()), 1);
   // An object that is taken out of a tree is the caller's, who may give it away again.
-  EXPECT_EQ(first->getRegistrationListValue()->Remove(static_cast<XMLElement*>(registration)), 1);
-  EXPECT_EQ(second->addRegistration(registration), 1);
+  EXPECT_EQ(first.getRegistrationListValue()->Remove(static_cast<XMLElement*>(registration)), 1);
+  EXPECT_EQ(second.addRegistration(registration), 1);
   ExpectNothingSaid();
   // Without memory it stays the caller's, too.
   Tree<zt_registration> free(reginfo_.CreateRegistrationElement());
   zthost::FailAllocation(1);
-  EXPECT_EQ(second->addRegistration(free.get()), 0);
+  EXPECT_EQ(second.addRegistration(free.get()), 0);
   zthost::FailAllocation(0);
-  EXPECT_EQ(second->addRegistration(free.release()), 1);
+  EXPECT_EQ(second.addRegistration(free.release()), 1);
 }
 
 TEST_F(Ownership, SettersIgnoreWhatIsOwned) {
@@ -68,21 +67,17 @@ TEST_F(Ownership, SettersIgnoreWhatIsOwned) {
   char name[] = "conditions";
   EXPECT_EQ(second->ProcessUnMarshall(name, nullptr, conditions), 0);
   ExpectRefused("zt_ns_common_policy_conditionsType");
-  Tree<zt_xcap_error> errors[2];
-  for (Tree<zt_xcap_error>& error : errors) {
-    error.reset(static_cast<zt_xcap_error*>(XcapErrorDataBinder().CreateRootElement()));
-  }
+  zt_xcap_error errors[2];
   zt_extension* extension = XcapErrorDataBinder().CreateExtensionElement();
   char element[] = "extension";
-  EXPECT_EQ(errors[0]->ProcessUnMarshall(element, nullptr, extension), 1);
-  EXPECT_EQ(errors[1]->ProcessUnMarshall(element, nullptr, extension), 0);
+  EXPECT_EQ(errors[0].ProcessUnMarshall(element, nullptr, extension), 1);
+  EXPECT_EQ(errors[1].ProcessUnMarshall(element, nullptr, extension), 0);
   ExpectRefused("zt_extension");
 }
 
 // Lists that a caller has filled: their entries get their owner when an element takes the list.
 TEST_F(Ownership, ListsOfCallers) {
-  Tree<zt_reginfo> first(static_cast<zt_reginfo*>(reginfo_.CreateRootElement()));
-  Tree<zt_reginfo> second(static_cast<zt_reginfo*>(reginfo_.CreateRootElement()));
+  zt_reginfo first, second;
   auto* twice = static_cast<XMLElement*>(reginfo_.CreateRegistrationElement());
   auto* once = static_cast<XMLElement*>(reginfo_.CreateRegistrationElement());
   ZtSingleElementList* lists[] = {zt_xml_common_methods::CreateElementList(),
@@ -91,19 +86,19 @@ TEST_F(Ownership, ListsOfCallers) {
     EXPECT_EQ(lists[0]->Add(entry), 1);
   }
   EXPECT_EQ(lists[1]->Add(once), 1);
-  EXPECT_EQ(first->setRegistrationListValue(lists[0]), 1);
+  EXPECT_EQ(first.setRegistrationListValue(lists[0]), 1);
   ExpectRefused("zt_registration");
   EXPECT_EQ(CountOf(lists[0]),
             3);  // the second of two equal entries is gone, the null entry is not
   EXPECT_EQ(lists[0]->GetKeyAtIndex(2), once);
-  EXPECT_EQ(second->setRegistrationListValue(lists[0]), 1);
+  EXPECT_EQ(second.setRegistrationListValue(lists[0]), 1);
   ExpectRefused("ZtSingleElementList");
-  EXPECT_EQ(second->getRegistrationListValue(), nullptr);
-  EXPECT_EQ(second->setRegistrationListValue(lists[1]), 1);
+  EXPECT_EQ(second.getRegistrationListValue(), nullptr);
+  EXPECT_EQ(second.setRegistrationListValue(lists[1]), 1);
   ExpectRefused("zt_registration");
   EXPECT_EQ(CountOf(lists[1]), 0);
   EXPECT_EQ(lists[1]->Add(static_cast<XMLElement*>(reginfo_.CreateRegistrationElement())), 1);
-  EXPECT_EQ(CountOf(second->getRegistrationListValue()), 1);
+  EXPECT_EQ(CountOf(second.getRegistrationListValue()), 1);
 }
 
 // What a new list holds of the old list, or from below its entries, is deleted with the old list.
@@ -126,19 +121,16 @@ TEST_F(Ownership, ListsThatReplaceLists) {
 }
 
 TEST_F(Ownership, Attributes) {
-  Tree<zt_communication_diversion> services[2];
-  for (Tree<zt_communication_diversion>& service : services) {
-    service.reset(static_cast<zt_communication_diversion*>(diversion_.CreateRootElement()));
-  }
+  zt_communication_diversion services[2];
   zt_AttributeValuePair* pair = zt_xml_common_methods::CreateAttribute("a", "b");
-  EXPECT_EQ(services[0]->addAnyAttribute(pair), 1);
-  EXPECT_EQ(services[0]->addAnyAttribute(pair), 0);
+  EXPECT_EQ(services[0].addAnyAttribute(pair), 1);
+  EXPECT_EQ(services[0].addAnyAttribute(pair), 0);
   ExpectRefused("zt_AttributeValuePair");
   char name[] = "a", value[] = "b";
-  EXPECT_EQ(services[1]->ProcessUnMarshallAttribute(name, value, pair), 0);
+  EXPECT_EQ(services[1].ProcessUnMarshallAttribute(name, value, pair), 0);
   ExpectRefused("zt_AttributeValuePair");
-  EXPECT_EQ(services[0]->getAnyAttributeValue()->Remove(static_cast<XMLAttribute*>(pair)), 1);
-  EXPECT_EQ(services[1]->addAnyAttribute(pair), 1);
+  EXPECT_EQ(services[0].getAnyAttributeValue()->Remove(static_cast<XMLAttribute*>(pair)), 1);
+  EXPECT_EQ(services[1].addAnyAttribute(pair), 1);
   ExpectNothingSaid();
 }
 

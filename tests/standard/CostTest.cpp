@@ -9,12 +9,6 @@
 
 namespace {
 
-std::string Times(std::size_t count, const std::function<std::string(const std::string&)>& each) {
-  std::string text;
-  for (std::size_t i = 0; i < count; ++i) text += each(std::to_string(i));
-  return text;
-}
-
 std::string Lists(const std::string& content, const std::string& attributes = "") {
   return "<resource-lists xmlns='urn:ietf:params:xml:ns:resource-lists'><list" + attributes + ">" +
          content + "</list></resource-lists>";
@@ -42,13 +36,13 @@ struct Case {
 };
 
 std::string Flat(std::size_t n) {
-  return Lists(Times(n, [](const std::string& i) {
+  return Lists(Repeated(n, [](const std::string& i) {
     return "\n<entry uri='sip:" + i + "&amp;'><!-- " + i + " --></entry>";
   }));
 }
 std::string Deep(std::size_t n) {
-  return Lists(Times(n, [](const std::string& i) { return "<list name='" + i + "'>"; }) +
-               Times(n, [](const std::string&) { return "</list>"; }));
+  return Lists(Repeated(n, [](const std::string& i) { return "<list name='" + i + "'>"; }) +
+               Repeated(n, [](const std::string&) { return "</list>"; }));
 }
 
 const Case kCases[] = {
@@ -80,7 +74,7 @@ const Case kCases[] = {
      }},
     {"many prefixes and attributes, as many new", 1250,
      [](std::size_t n) {
-       return Lists("", Times(n, [](const std::string& i) {
+       return Lists("", Repeated(n, [](const std::string& i) {
                       return " xmlns:p" + i + "='urn:" + i + "' p" + i + ":a='1' a" + i + "='2'";
                     }));
      },
@@ -92,7 +86,7 @@ const Case kCases[] = {
      }},
     {"elements with prefixes of their own, each with a new child", 1250,
      [](std::size_t n) {
-       return Lists(Times(n, [](const std::string& i) {
+       return Lists(Repeated(n, [](const std::string& i) {
          return "<e:entry xmlns:e='urn:ietf:params:xml:ns:resource-lists' uri='" + i + "'/>";
        }));
      },
@@ -104,7 +98,7 @@ const Case kCases[] = {
     {"a text in many pieces", 12500,
      [](std::size_t n) {
        return Lists("<entry uri='u'><display-name>" +
-                    Times(n, [](const std::string&) { return "a<![CDATA[b]]><!-- -->"; }) +
+                    Repeated(n, [](const std::string&) { return "a<![CDATA[b]]><!-- -->"; }) +
                     "</display-name></entry>");
      },
      [](zt_listType& list, std::size_t) {
@@ -165,10 +159,10 @@ TEST(StandardCost, IsLinear) {
 TEST(StandardCost, OfLossesIsLinear) {
   const auto document = [](std::size_t size) {
     return "<conference-info xmlns='urn:ietf:params:xml:ns:conference-info'><users>" +
-           Times(size,
-                 [](const std::string&) {
-                   return "<user><endpoint><status a='1'>none<x/></status></endpoint></user>";
-                 }) +
+           Repeated(size,
+                    [](const std::string&) {
+                      return "<user><endpoint><status a='1'>none<x/></status></endpoint></user>";
+                    }) +
            "</users></conference-info>";
   };
   const auto run = [](const std::string& text, std::size_t size) {

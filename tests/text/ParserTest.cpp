@@ -5,23 +5,13 @@
 #include <utility>
 #include <vector>
 
+#include "ParserEvents.h"
 #include "TestSupport.h"
-#include "ztxml/XmlDecoder.h"
 
 namespace {
 
 using namespace std::string_literals;
 
-// The callbacks in words, one a line, as `ztxml events` prints them.
-std::string Start(const std::string& name) { return "start " + name + '\n'; }
-std::string Attribute(const std::string& element, const std::string& name,
-                      const std::string& value) {
-  return "attribute " + element + ' ' + name + "=\"" + value + "\"\n";
-}
-std::string Opened(const std::string& name) { return "opened " + name + '\n'; }
-std::string End(const std::string& name, const std::string& text) {
-  return "end " + name + " \"" + text + "\"\n";
-}
 using Attributes = std::vector<std::pair<std::string, std::string>>;
 // The callbacks of an element without other elements inside.
 std::string Element(const std::string& name, const std::string& text = "",
@@ -30,50 +20,6 @@ std::string Element(const std::string& name, const std::string& text = "",
   for (const auto& [key, value] : attributes) events += Attribute(name, key, value);
   return events + Opened(name) + End('/' + name, text);
 }
-
-// Writes the callbacks down.
-class Recorder : public XmlDecoderSchema {
- public:
-  int ProcessReserved() override { return 0; }
-  int ProcessAttribute(char* element, char* name, char* value) override {
-    return Record(Attribute(element, name, value));
-  }
-  int ProcessElement(char* name, char* value) override {
-    return value ? Record(End(name, value), End(name, "")) : Record(Start(name));
-  }
-  int ProcessElementOpened(char* name) override { return Record(Opened(name)); }
-  void* GetSessionData() override { return nullptr; }
-
-  std::string events;
-  std::string structure;  // the events without the texts, which depend on the chunks
-
- private:
-  int Record(const std::string& event, const std::string& bare = "") {
-    structure += bare.empty() ? event : bare;
-    events += event;
-    return 1;  // refuses everything, which may change nothing but the log
-  }
-};
-
-struct Parse {
-  explicit Parse(bool heard = true) { decoder.SetSchema(heard ? &recorder : nullptr); }
-
-  // Feeds memory that ends with the chunk, so that a sanitizer sees every over-read.
-  int Feed(const std::string& text, std::size_t size = std::string::npos) {
-    std::size_t at = 0;
-    int result = ZT_XML_INCOMPLETE;
-    do {
-      const std::string part = text.substr(at, size);
-      std::vector<char> chunk(part.begin(), part.end());
-      result = decoder.Decode(chunk.data(), static_cast<int>(chunk.size()));
-      at += part.size();
-    } while (result == ZT_XML_INCOMPLETE && at < text.size());
-    return result;
-  }
-
-  Recorder recorder;
-  XmlDecoder decoder;
-};
 
 struct Outcome {
   int result;

@@ -340,12 +340,6 @@ TEST(StrictReader, FindsPrefixesInScope) {
 
 // ---- Many of everything -------------------------------------------------------------------------
 
-std::string Repeated(int count, const std::function<std::string(std::string)>& part) {
-  std::string text;
-  for (int i = 0; i < count; ++i) text += part(std::to_string(i));
-  return text;
-}
-
 // With a cost that grows with the square of the size, each of these would take minutes.
 TEST(StrictReader, TakesManyOfEverything) {
   constexpr int kMany = 40000;
