@@ -78,6 +78,18 @@ std::string Repeated(std::size_t count, const Part& part) {
   return text;
 }
 
+/// A text in UTF-16, without a byte order mark.
+inline std::string Wide(const std::u16string& text, bool isBig) {
+  std::string bytes;
+  for (const char16_t unit : text) {
+    const auto low = static_cast<char>(unit);
+    const auto high = static_cast<char>(unit >> 8);
+    bytes += isBig ? high : low;
+    bytes += isBig ? low : high;
+  }
+  return bytes;
+}
+
 /// The beginning of a text that is too long to be shown.
 inline std::string Shortened(const std::string& text) {
   return text.size() <= 80 ? text : text.substr(0, 80) + "...";

@@ -30,27 +30,14 @@ class Choices {
 
   /// A text: mostly one that XML allows.
   std::string Text() {
-    static const char* const kTexts[] = {"x",
-                                         "sip:a@b.example",
-                                         "2005-01-01T00:00:00Z",
-                                         " a  b ",
-                                         "<&>\"'",
-                                         "]]>",
-                                         "",
-                                         "\t\n\r",
-                                         "\xC3\xA4",
-                                         "\xE2\x82\xAC",
-                                         "\xF0\x9F\x98\x80",
-                                         "&amp;",
-                                         "1",
-                                         "true",
-                                         "\xC2\x85",
-                                         "\xE2\x80\xA8",
-                                         "a\rb",
-                                         "http://example.com/?a=b&c",
-                                         "<!-- -->",
-                                         "<![CDATA[",
-                                         "\xEF\xBB\xBF"};
+    static const char* const kTexts[] = {
+        // Words, also those that look like markup.
+        "x", "sip:a@b.example", "2005-01-01T00:00:00Z", "1", "true", "http://example.com/?a=b&c",
+        "&amp;", "<!-- -->", "<![CDATA[", "]]>", "<&>\"'",
+        // Blanks and line ends.
+        "", " a  b ", "\t\n\r", "a\rb", "\xC2\x85", "\xE2\x80\xA8",
+        // Characters of two, three and four bytes.
+        "\xC3\xA4", "\xE2\x82\xAC", "\xF0\x9F\x98\x80", "\xEF\xBB\xBF"};
     static const char* const kBad[] = {"\x01", "\xC3", "\xEF\xBF\xBF", "\xED\xA0\x80"};
     if (OneIn(60)) return kBad[Below(std::size(kBad))];
     std::string text;

@@ -2,7 +2,6 @@
 #include <gtest/gtest.h>
 
 #include "DocumentSupport.h"
-#include "TestSupport.h"
 #include "ztxml/XMLReginfo.h"
 
 namespace {

@@ -2,7 +2,6 @@
 #include <gtest/gtest.h>
 
 #include "DocumentSupport.h"
-#include "TestSupport.h"
 #include "base/ZtMemory.h"
 #include "ztxml/XMLSimservs.h"
 #include "ztxml/XmlCommon.h"

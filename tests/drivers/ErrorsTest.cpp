@@ -157,6 +157,7 @@ TEST(Errors, SayThatMemoryIsLacking) {
         if (reader && told(root != nullptr)) {
           XMLMarshaller* writer = context->createMarshaller();
           if (writer) writer->ReportTo(&error);
+          EXPECT_TRUE(!writer || context->createMarshaller() || context->marshaller() == writer);
           const char* text = writer ? writer->Marshall(root.get()) : nullptr;
           if (!XMLFactory::getSchemaInfo(sample.id)->writes) {
             result = "read";

@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include "DocumentSupport.h"
-#include "TestSupport.h"
 #include "ztxml/XMLFile.h"
 #include "ztxml/XMLReginfo.h"
 #include "ztxml/XMLSchemaNameSpaceRetrieval.h"

@@ -40,11 +40,10 @@ std::string AccessorOf(const ZtField& row) {
 void ExpectToldAsByName(unsigned type, const ZtField& row) {
   const Tree<XMLElement> object(ApiTables::kTypes[type]->Create("tests/Optionals"));
   SCOPED_TRACE(object->ClassName() + ("::" + AccessorOf(row)));
-  const Accessor* accessor = std::begin(kAccessors);
-  const auto fits = [&] {
-    return (*accessor->setter.appliesTo)[type] && AccessorOf(row) == accessor->name;
-  };
-  while (accessor != std::end(kAccessors) && !fits()) ++accessor;
+  const auto* accessor =
+      std::find_if(std::begin(kAccessors), std::end(kAccessors), [&](const Accessor& one) {
+        return (*one.setter.appliesTo)[type] && AccessorOf(row) == one.name;
+      });
   ASSERT_NE(accessor, std::end(kAccessors));
   std::string name = row.IsOwnText() ? "" : ZtName(row.name);
   if (row.IsAttribute()) name.insert(0, "@");

@@ -249,12 +249,6 @@ TEST(StandardUpdate, UnknownAttributesOfAnEntryStayAndNewOnesAreDeclared) {
 
 // ---- Encodings and refusals ---------------------------------------------------------------------
 
-std::string Wide(const std::string& ascii, bool big) {
-  std::string wide = big ? "\xFE\xFF" : "\xFF\xFE";
-  for (char c : ascii) wide += big ? std::string(1, '\0') + c : c + std::string(1, '\0');
-  return wide;
-}
-
 TEST(StandardUpdate, NewTextIsInTheEncodingOfTheDocument) {
   const auto document = [](const std::string& encoding, const std::string& subject) {
     return "<?xml version='1.0' encoding='" + encoding +
@@ -273,12 +267,11 @@ TEST(StandardUpdate, NewTextIsInTheEncodingOfTheDocument) {
   ExpectUpdate<zt_imdn>("\xEF\xBB\xBF" + document("utf-8", "e"), change,
                         "\xEF\xBB\xBF" + document("utf-8", subject));
   for (const bool big : {false, true}) {
-    std::string units = std::string("\xE4\0 \0\xAC\x20 \0\x3D\xD8\x00\xDE", 12);
-    for (std::size_t i = 0; big && i < units.size(); i += 2) std::swap(units[i], units[i + 1]);
-    const std::string before = Wide(document("UTF-16", "@"), big);
-    std::string after = before;
-    after.replace(after.find('@') - (big ? 1 : 0), 2, units);
-    ExpectUpdate<zt_imdn>(before, change, after);
+    const std::string ascii = document("UTF-16", "@");
+    std::u16string text = u"\uFEFF" + std::u16string(ascii.begin(), ascii.end());
+    const std::string before = Wide(text, big);
+    text.replace(text.find('@'), 1, u"\u00E4 \u20AC \U0001F600");
+    ExpectUpdate<zt_imdn>(before, change, Wide(text, big));
   }
 }
 

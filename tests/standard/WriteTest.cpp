@@ -1,6 +1,5 @@
 // Trees that are written in the standard profile, what is refused, and what the types do not keep.
 #include "DocumentSupport.h"
-#include "ztxml/conference_info.h"
 #include "ztxml/reginfo.h"
 
 namespace {
@@ -61,17 +60,6 @@ TEST(StandardWrite, WhatCannotBeXmlIsRefusedWithItsPath) {
     EXPECT_EQ(TextOf(reginfo.Write()),
               "/reginfo/registration[1]/contact[2]/" + std::string(c.error));
   }
-}
-
-TEST(StandardWrite, AnAttributeKeepsItsNamespaceOutsideOfItsDocument) {
-  auto read = ztxml::Read<zt_conference_type>(
-      "<c:conference-info xmlns:c='urn:ietf:params:xml:ns:conference-info' xmlns:x='urn:x' "
-      "entity='sip:c' x:y='&lt;&#10;' xml:lang='en'/>");
-  ASSERT_TRUE(read);
-  const std::string text = TextOf(read->Write());
-  EXPECT_NE(text.find("xmlns:x=\"urn:x\""), std::string::npos) << text;
-  EXPECT_NE(text.find("x:y=\"&lt;&#10;\""), std::string::npos) << text;
-  EXPECT_SAME(TextOf(ztxml::Read<zt_conference_type>(text)->Write()), text);
 }
 
 // ---- Losses -------------------------------------------------------------------------------------
