@@ -34,7 +34,7 @@ TEST(Services, PartsOfRules) {
   Schema barring(XML_SCHEMA_COMMUNICATION_BARRING);
   auto root = *ztxml::Create<zt_communication_diversion>(ztxml::Exact());
   zt_NoReplyTimer* timer = root.Add(&zt_communication_diversion::setNoReplyTimerValue);
-  for (const auto& [seconds, result] : {std::pair(5, 1), {180, 1}, {4, 0}, {181, 0}}) {
+  for (const auto& [seconds, result] : {std::pair(5U, 1), {180U, 1}, {4U, 0}, {181U, 0}}) {
     EXPECT_EQ(timer->setNoReplyTimerValue(seconds), result) << seconds;
   }
   EXPECT_EQ(diversion.Write(timer), "<ss:NoReplyTimer>180</ss:NoReplyTimer>");
