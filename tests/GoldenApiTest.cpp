@@ -463,8 +463,15 @@ std::string TellSteps() {
   ZT_CALL(Conference_infoMarshall, AddUrisTypeElementToXml(nullptr, XML_STR_CONF_URIS))
   ZT_CALL(Conference_infoMarshall, AddUrisTypeElementToXml(&uris, XML_STR_CONF_URIS))
   ZT_CALL(IMDNMarshaller, AddNotificationXML(XML_STR_DISPLAY_NOTIFICATION, XML_STR_ERROR, nullptr))
-  ZT_CALL(IMDNMarshaller, AddNotificationXML(XML_STR_DISPLAY_NOTIFICATION, XML_STR_ID, nullptr))
-  ZT_CALL(IMDNMarshaller, AddNotificationXML(XML_STR_ID, XML_STR_ERROR, nullptr))
+  ZT_CALL(IMDNMarshaller,
+          AddNotificationXML(XML_STR_DELIVERY_NOTIFICATION, XML_STR_DELIVERED, nullptr))
+  // Beside the first and the last of what it takes.
+  ZT_CALL(IMDNMarshaller, AddNotificationXML(XML_STR_DELIVERY_NOTIFICATION,
+                                             XML_STR_PROESSING_NOTIFICATION, nullptr))
+  ZT_CALL(IMDNMarshaller,
+          AddNotificationXML(XML_STR_DELIVERY_NOTIFICATION, XML_STR_PRESENCE, nullptr))
+  ZT_CALL(IMDNMarshaller,
+          AddNotificationXML(XML_STR_ORIGINAL_RECIPIENT_URI, XML_STR_ERROR, nullptr))
   ZT_CALL(IMDNMarshaller, AddNotificationXML(XML_STR_DELIVERED, XML_STR_ERROR, nullptr))
   ZT_CALL(IMDNMarshaller, AddNotificationXML(XML_STR_PROESSING_NOTIFICATION, XML_STR_ERROR,
                                              withoutValue.getAnyAttributeValue()))

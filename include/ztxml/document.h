@@ -187,7 +187,7 @@ namespace detail {
 class Tree {
  public:
   Tree(const ZtDocument& table, const Options& options) : m_pTable(&table), m_Options(options) {}
-  Tree(Tree&& other) noexcept { *this = std::move(other); }
+  Tree(Tree&& other) noexcept : m_pTable(other.m_pTable) { *this = std::move(other); }
   Tree& operator=(Tree&& other) noexcept {
     std::swap(m_pTable, other.m_pTable);
     std::swap(m_pRoot, other.m_pRoot);

@@ -594,7 +594,7 @@ void ZtUpdater::OpenContent(Frame& frame) {
 // The name of its element as it stands in the document.
 ZtPiece ZtUpdater::NameOf(const Frame& frame) const { return NameAt(m_Text.text + frame.from); }
 
-bool ZtUpdater::Fail(const char* why, ZtPiece name) {
+bool ZtUpdater::Fail(const char* why, ZtPiece name, const char* sign) {
   m_Why = why;
   const Frame* parent = nullptr;
   for (const Frame& frame : m_Frames) {
@@ -604,6 +604,6 @@ bool ZtUpdater::Fail(const char* why, ZtPiece name) {
     parent = &frame;
   }
   // A path of the writer begins with its sign.
-  if (name.size) m_Path.Push(*name.text == '/' ? "" : "/", name);
+  if (name.size) m_Path.Push(*name.text == '/' ? "" : sign, name);
   return false;
 }

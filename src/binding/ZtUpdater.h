@@ -127,7 +127,8 @@ class ZtUpdater {
   [[gnu::cold]] void Remove(std::size_t from, std::size_t to);
   [[gnu::cold]] void OpenContent(Frame& frame);
   [[gnu::cold]] ZtPiece NameOf(const Frame& frame) const;
-  [[gnu::cold]] bool Fail(const char* why, ZtPiece name = nullptr);
+  [[gnu::cold]] bool Fail(const char* why, ZtPiece name = nullptr, const char* sign = "/");
+  bool FailAttribute(const char* why, ZtPiece name) { return Fail(why, name, "/@"); }
 
   const ZtSourceText& m_Source;
   const ZtPiece m_Text;

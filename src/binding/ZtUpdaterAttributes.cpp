@@ -43,7 +43,7 @@ bool ZtUpdater::Attributes(const Frame& frame) {
     if (!held.stated) {
       RemoveAttribute(attribute);
     } else if (!ReplaceValue(attribute, ZtTextOf(*row, held, buffer), !row->Is(kZtFreeText))) {
-      return Fail(kZtNotXml, row->name.Piece());
+      return FailAttribute(kZtNotXml, row->name.Piece());
     }
   }
   return NewAttributes(frame, stated);
@@ -141,39 +141,39 @@ bool ZtUpdater::DeclarePair(const zt_AttributeValuePair& pair) {
     return !prefix.size || !uri.size || m_Xml.Scope().SpaceOf(prefix) != kZtNone ||
            DeclareHere(prefix, uri);
   }
-  if (!CanBeName(name, m_Source.form.encoding)) return Fail(kZtBadName, name);
+  if (!CanBeName(name, m_Source.form.encoding)) return FailAttribute(kZtBadName, name);
   const ZtPiece uri = pair.getValue();
   const ZtPiece declared = prefix.size ? ZtLocalIn(name) : ZtPiece(nullptr);
   const ZtSpace space = m_Xml.Scope().SpaceOf(declared);
   // Another meaning of what is in scope would be one for all that is in the element.
   if (!declared.size || space != kZtNone) {
-    return ZtEqual(m_Xml.Scope().Uri(space), uri) || Fail(kZtNotXml, name);
+    return ZtEqual(m_Xml.Scope().Uri(space), uri) || FailAttribute(kZtNotXml, name);
   }
   return DeclareHere(declared, uri);
 }
 
 bool ZtUpdater::DeclareHere(ZtPiece prefix, ZtPiece uri) {
-  if (!ZtIsXmlText(uri)) return Fail(kZtNotXml, prefix);
+  if (!ZtIsXmlText(uri)) return FailAttribute(kZtNotXml, prefix);
   switch (m_Xml.Declare(prefix, uri)) {
     case ZtNamespaceScope::Result::kDeclared:
       return m_Declared.Add({prefix, uri});
     case ZtNamespaceScope::Result::kNoMemory:
       return false;
     default:
-      return Fail(kZtNotXml, prefix);
+      return FailAttribute(kZtNotXml, prefix);
   }
 }
 
 // Whether a new pair has a name that means in the element what it is to mean.
 bool ZtUpdater::IsBound(const zt_AttributeValuePair& pair) {
   const ZtPiece name = pair.getName();
-  if (!CanBeName(name, m_Source.form.encoding)) return Fail(kZtBadName, name);
+  if (!CanBeName(name, m_Source.form.encoding)) return FailAttribute(kZtBadName, name);
   const ZtPiece prefix = ZtPrefixIn(name);
   if (!prefix.size) return true;
   const ZtSpace space = m_Xml.Scope().SpaceOf(prefix);
   const ZtPiece meant = pair.getNamespaceValue();
   return (space != kZtNone && (!meant.size || ZtEqual(m_Xml.Scope().Uri(space), meant))) ||
-         Fail(kZtUnbound, name);
+         FailAttribute(kZtUnbound, name);
 }
 
 // An attribute that no row names, beside the pair that was made of it.
@@ -187,7 +187,7 @@ bool ZtUpdater::KeepPair(const ZtXmlAttribute& attribute) {
       static_cast<const XMLAttribute*>(m_Source.parts[part].object));
   const ZtPiece value = pair->getValue();
   return ZtEqual(value, attribute.value) || ReplaceValue(attribute, value, false) ||
-         Fail(kZtNotXml, ZtQualified(attribute.name));
+         FailAttribute(kZtNotXml, ZtQualified(attribute.name));
 }
 
 // ---- What is written ----------------------------------------------------------------------------
@@ -202,7 +202,8 @@ bool ZtUpdater::NewAttributes(const Frame& frame, std::uint64_t stated) {
     if (!text.text && ZtIsLost(*frame.object, *row)) return Fail(nullptr);
     if (!text.text) continue;
     CopyToEnd(frame);
-    if (!NewAttribute(nullptr, row->name.Piece(), text)) return Fail(kZtNotXml, row->name.Piece());
+    if (!NewAttribute(nullptr, row->name.Piece(), text))
+      return FailAttribute(kZtNotXml, row->name.Piece());
   }
   if (!type.rows.keepsAttributes) return true;
   for (const Declaration& declaration : m_Declared) {
@@ -212,7 +213,7 @@ bool ZtUpdater::NewAttributes(const Frame& frame, std::uint64_t stated) {
   for (const zt_AttributeValuePair* pair : m_Pairs) {
     CopyToEnd(frame);
     const ZtPiece name = pair->getName();
-    if (!NewAttribute(nullptr, name, pair->getValue())) return Fail(kZtNotXml, name);
+    if (!NewAttribute(nullptr, name, pair->getValue())) return FailAttribute(kZtNotXml, name);
   }
   return true;
 }

@@ -24,7 +24,7 @@ inline std::size_t OffsetOf(const std::string& text, std::size_t line, std::size
   return line > 1 || column > 1 ? std::string::npos : at;
 }
 
-/// Whether one tag, one text or the XML declaration has both places.
+/// Whether one tag, one text or the declaration has both places.
 inline bool AreNear(const std::string& text, std::size_t a, std::size_t b) {
   if (text.compare(0, 5, "<?xml") == 0 && std::max(a, b) <= text.find("?>")) return true;
   const auto from = text.begin() + static_cast<std::ptrdiff_t>(std::min(a, b));

@@ -1,6 +1,4 @@
 // Schema decoders as callers drive them: by the public callbacks, one by one.
-#include <gtest/gtest.h>
-
 #include "DocumentSupport.h"
 #include "Samples.h"
 #include "reflect/Reflect.h"

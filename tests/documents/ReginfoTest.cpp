@@ -1,6 +1,4 @@
 // Registration information and GRUU: what golden documents do not say.
-#include <gtest/gtest.h>
-
 #include "DocumentSupport.h"
 #include "ztxml/XMLReginfo.h"
 

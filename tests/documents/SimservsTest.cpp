@@ -1,6 +1,4 @@
 // The whole document: services cut out of the text, read, and written back into it.
-#include <gtest/gtest.h>
-
 #include "DocumentSupport.h"
 #include "base/ZtMemory.h"
 #include "ztxml/XMLSimservs.h"

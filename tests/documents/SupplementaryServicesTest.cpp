@@ -1,6 +1,4 @@
 // The services one by one: what golden documents do not say, and their namespaces.
-#include <gtest/gtest.h>
-
 #include "DocumentSupport.h"
 #include "base/ZtMemory.h"
 #include "ztxml/XMLSchemaNameSpaceRetrieval.h"

@@ -1,6 +1,5 @@
 // The factory, contexts, drivers and the namespace retrieval, tried on all documents.
 #include <cstdio>
-#include <gtest/gtest.h>
 
 #include "DocumentSupport.h"
 #include "ztxml/XMLFile.h"

@@ -1,6 +1,4 @@
 // An object has one owner: while it has one, no other element takes it.
-#include <gtest/gtest.h>
-
 #include "DocumentSupport.h"
 #include "ztxml/XMLCommunicationDiversion.h"
 #include "ztxml/XMLReginfo.h"
