@@ -38,7 +38,7 @@ int main() {
     endpoint->setEntityValue(member.uri);
     endpoint->setStatusValue(member.status);
     const bool isWhole = user->getEntityValue() && user->getDisplayTextValue();
-    if (!isWhole || !endpoint->getEntityValue()) return Fail("no memory");
+    if (!isWhole) return Fail("no memory");
   }
   const auto text = conference->Write();
   if (!text) return Fail(text.error().Text());

@@ -252,7 +252,7 @@ inside 1 ':2:1: refused: a processing instruction inside of the root element is 
 inside 1 ':2:1: malformed: the XML declaration is not at the beginning' '<?xml y?>'
 judged 1 ":1:5: refused: '>' in a processing instruction is read in the standard profile only" '<?x > ?><reginfo/>'
 inside 1 ':2:4: refused: white space in an end tag is read in the standard profile only' '<x></x >'
-inside 1 ":2:4: malformed: the end tag </x lacks its '>'" '<x></x\n<y/>'
+inside 1 ":2:4: malformed: '>' is expected after the name in the end tag </x" '<x></x\n<y/>'
 inside 1 ':2:4: incomplete: the text ends within a CDATA section' '<x><![CDATA[<y></x>'
 judged 1 ':2:1: refused: document types are read in the standard profile only' '\n<!DOCTYPE a><a/>'
 judged 1 ':2:13: refused: a document type declaration with an internal subset is not supported' \
@@ -333,7 +333,7 @@ done
 expect 1 ":1:39: malformed: no namespace is bound to the prefix x" \
   "$ztxml" show --standard - <<<'<reginfo version="0" state="full"><a><x:b/></a></reginfo>'
 expect 1 ":1:11: malformed: the attribute a has no value" "$ztxml" edit - <<<'<reginfo a></reginfo>'
-expect 1 ":1:10: malformed: the end tag </reginfo lacks its '>'" "$ztxml" edit - <<<'<reginfo></reginfo <a>'
+expect 1 ":1:10: malformed: '>' is expected after the name in the end tag </reginfo" "$ztxml" edit - <<<'<reginfo></reginfo <a>'
 expect 1 ":1:31: encoding: the encoding x-none is not supported" \
   "$ztxml" get - / <<<'<?xml version="1.0" encoding="x-none"?><a/>'
 expect 1 "wrong root: the root element is <reginfo> in the namespace urn:x, not in urn:ietf:params:xml:ns:reginfo" \

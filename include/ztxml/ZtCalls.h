@@ -17,7 +17,8 @@ ZT_API XMLElement* ZtReadDocument(const ZtDocument& document, const ZtElementTyp
                                   const ZtSettings& settings, const char* text, std::size_t size,
                                   XMLElement*& namespaces, ztxml::Error& error);
 /// The document of `root`, for ZtFreeText, with its size in bytes; null and why in `error`, also
-/// when there is no root. `namespaces` are those of its reading or null.
+/// when there is no root. `namespaces` are those of its reading or null. A text of the exact
+/// profile that is cut, or longer than the limit, is given as it is, and `error` says so beside it.
 ZT_API char* ZtWriteDocument(const ZtDocument& document, const ZtSettings& settings,
                              XMLElement* root, XMLElement* namespaces, std::size_t& size,
                              ztxml::Error& error);

@@ -12,11 +12,13 @@ namespace ztxml {
 
 /// What became of a notification.
 struct Merged {
+  /// What is to be done about it.
   enum class Outcome : unsigned char {
     kApplied,  ///< it is part of the state
     kIgnored,  ///< it tells nothing new, or of something else
     kRefresh   ///< something is missing or over: ask for a full notification; see `isApplied`
   };
+  /// Why it is not simply applied.
   enum class Reason : unsigned char {
     kNone,
     kOld,       ///< its version is lower than that of the state
@@ -27,18 +29,19 @@ struct Merged {
     kDeleted    ///< what it tells of is no more
   };
 
-  Outcome outcome = Outcome::kIgnored;
-  Reason reason = Reason::kNone;
-  bool isApplied = false;  ///< whether the state is that of the notification now
+  Outcome outcome = Outcome::kIgnored;  ///< what is to be done
+  Reason reason = Reason::kNone;        ///< and why
+  bool isApplied = false;               ///< whether the state is that of the notification now
 };
 /// In words, e.g. "a notification was missed"; static, empty for kNone.
 ZT_API const char* NameOf(Merged::Reason reason);
 
 /// Something that a notification changed.
 struct Change {
+  /// What became of the object.
   enum class Kind : unsigned char { kAdded, kChanged, kRemoved };
 
-  Kind kind;
+  Kind kind;  ///< what became of it
   /// Where it is, with the key of what occurs several times:
   /// "/conference-info/users/user[sip:ada@example.com]/endpoint[sip:ada@192.0.2.1]". Borrowed, as
   /// the object is, until the next notification.

@@ -38,7 +38,7 @@ class [[nodiscard]] Result {
   explicit operator bool() const { return std::get_if<T>(&m_Value) != nullptr; }
   T& operator*() & { return *std::get_if<T>(&m_Value); }
   const T& operator*() const& { return *std::get_if<T>(&m_Value); }
-  T&& operator*() && { return std::move(*std::get_if<T>(&m_Value)); }
+  T operator*() && { return std::move(*std::get_if<T>(&m_Value)); }
   T* operator->() { return std::get_if<T>(&m_Value); }
   const T* operator->() const { return std::get_if<T>(&m_Value); }
   /// Why there is none; where there is one an error without a code.
@@ -80,7 +80,8 @@ inline Options ReadOnly() {
   options.keepsSource = false;
   return options;
 }
-/// The exact profile, for peers that compare bytes. Documents are not updated, but written anew.
+/// The exact profile, for peers that compare bytes: with all that they know of it, also texts that
+/// are not well formed. Documents are not updated, but written anew.
 inline Options Exact() {
   Options options = ReadOnly();
   options.profile = XML_PROFILE_EXACT;
@@ -123,7 +124,9 @@ struct Loss {
 /// it. The headers of the documents tell it for their types; others are no roots.
 template <class T>
 struct RootOf {
+  using In = void;                        ///< equal for the roots of one document
   static constexpr bool kIsRoot = false;  ///< whether T is a root
+  static const ZtDocument& Table();       ///< there is none
 };
 /// The same for each root of a document, by the document's context.
 template <class Context>
@@ -155,7 +158,7 @@ Child* Hand(Child* child, Give give) {
 /// Makes a child of `parent` and gives it to it: ztxml::Add(registration,
 /// &zt_registration::addContact), or by the setter of a single child. The child is the parent's.
 /// Null without memory.
-template <class Parent, class Owner, class Child>
+template <class Parent, class Owner, class Child, class = decltype(Child::kType)>
 Child* Add(Parent& parent, int (Owner::*give)(Child*), const Options& options = Options()) {
   return detail::Hand(detail::Make<Child>(options.profile == XML_PROFILE_STANDARD),
                       [&](Child* child) { return (parent.*give)(child); });
@@ -169,7 +172,7 @@ T* Add(Parent& parent, int (Owner::*give)(Base*), const Options& options = Optio
 }
 /// As above, of a parent that Add made: null for null, so that the last child of a branch tells
 /// whether there was memory for all of it.
-template <class Parent, class Owner, class Child>
+template <class Parent, class Owner, class Child, class = decltype(Child::kType)>
 Child* Add(Parent* parent, int (Owner::*give)(Child*), const Options& options = Options()) {
   return parent ? ztxml::Add(*parent, give, options) : nullptr;
 }
@@ -187,14 +190,10 @@ namespace detail {
 class Tree {
  public:
   Tree(const ZtDocument& table, const Options& options) : m_pTable(&table), m_Options(options) {}
-  Tree(Tree&& other) noexcept : m_pTable(other.m_pTable) { *this = std::move(other); }
+  Tree(Tree&& other) noexcept : m_pTable(other.m_pTable) { Swap(other); }
   Tree& operator=(Tree&& other) noexcept {
-    std::swap(m_pTable, other.m_pTable);
-    std::swap(m_pRoot, other.m_pRoot);
-    std::swap(m_pNamespaces, other.m_pNamespaces);
-    std::swap(m_Options, other.m_Options);
-    std::swap(m_Lost, other.m_Lost);
-    std::swap(m_bLossesKnown, other.m_bLossesKnown);
+    Tree taken(std::move(other));
+    Swap(taken);
     return *this;
   }
   ~Tree() {
@@ -226,22 +225,30 @@ class Tree {
   bool Write(std::string& to, Error& error) const {
     std::size_t size = 0;
     char* const text = ZtWriteDocument(*m_pTable, Settings(), m_pRoot, m_pNamespaces, size, error);
-    return Keep(text, size, to);
+    return Keep(text, size, to, error);
   }
   bool Update(std::string& to, Error& error) const {
     std::size_t size = 0;
     char* const text = ZtUpdateDocument(*m_pTable, Settings(), m_pRoot, size, error);
-    return Keep(text, size, to);
+    return Keep(text, size, to, error);
   }
-  const std::vector<Loss>& Lost() {
+  const std::vector<Loss>& Lost() const {
     if (!m_bLossesKnown && m_pRoot) {
-      ZtFindLosses(*m_pRoot, &Note, &m_Lost);
-      m_bLossesKnown = true;
+      m_bLossesKnown = ZtFindLosses(*m_pRoot, &Note, &m_Lost);
+      if (!m_bLossesKnown) m_Lost.clear();
     }
     return m_Lost;
   }
 
  private:
+  void Swap(Tree& other) noexcept {
+    std::swap(m_pTable, other.m_pTable);
+    std::swap(m_pRoot, other.m_pRoot);
+    std::swap(m_pNamespaces, other.m_pNamespaces);
+    std::swap(m_Options, other.m_Options);
+    m_Lost.swap(other.m_Lost);
+    std::swap(m_bLossesKnown, other.m_bLossesKnown);
+  }
   ZtSettings Settings() const {
     ZtSettings settings;
     settings.profile = m_Options.profile;
@@ -249,11 +256,11 @@ class Tree {
     settings.mostText = m_Options.mostText;
     return settings;
   }
-  static bool Keep(char* text, std::size_t size, std::string& to) {
-    if (!text) return false;
-    to.assign(text, size);
+  static bool Keep(char* text, std::size_t size, std::string& to, const Error& error) {
+    const bool isWhole = text && error.code == Code::kNone;
+    if (isWhole) to.assign(text, size);
     ZtFreeText(text);
-    return true;
+    return isWhole;
   }
   static void Note(const ZtLoss& loss, void* list) {
     static_cast<std::vector<Loss>*>(list)->push_back(
@@ -264,8 +271,8 @@ class Tree {
   XMLElement* m_pRoot = nullptr;
   XMLElement* m_pNamespaces = nullptr;
   Options m_Options;
-  std::vector<Loss> m_Lost;
-  bool m_bLossesKnown = false;
+  mutable std::vector<Loss> m_Lost;
+  mutable bool m_bLossesKnown = false;
 };
 
 }  // namespace detail
@@ -276,10 +283,13 @@ template <class T>
 class Document {
  public:
   /// The root, which has to be there.
-  T& operator*() { return *get(); }
-  const T& operator*() const { return *get(); }
-  T* operator->() { return get(); }
-  const T* operator->() const { return get(); }
+  T& operator*() & { return *get(); }
+  const T& operator*() const& { return *get(); }
+  T* operator->() & { return get(); }
+  const T* operator->() const& { return get(); }
+  /// What it hands out would not live on.
+  const T& operator*() const&& = delete;
+  const T* operator->() const&& = delete;
   /// The root; null after Release, or after the document was moved.
   T* get() { return static_cast<T*>(m_Tree.Root()); }
   const T* get() const { return static_cast<const T*>(m_Tree.Root()); }
@@ -300,16 +310,16 @@ class Document {
   }
   /// What the types do not keep of the text that was read, in its order. Known where the source was
   /// kept or the options asked for it; else empty.
-  const std::vector<Loss>& Lost() { return m_Tree.Lost(); }
+  const std::vector<Loss>& Lost() const { return m_Tree.Lost(); }
 
-  /// Makes a child of the root and gives it to it; null without memory. See ztxml::Add.
+  /// Makes a child of the root and gives it to it; null without memory, or a root. See ztxml::Add.
   template <class Owner, class Child>
   Child* Add(int (Owner::*give)(Child*)) {
-    return ztxml::Add(**this, give, m_Tree.HowMade());
+    return ztxml::Add(get(), give, m_Tree.HowMade());
   }
   template <class Child, class Owner, class Base>
   Child* Add(int (Owner::*give)(Base*)) {
-    return ztxml::Add<Child>(**this, give, m_Tree.HowMade());
+    return ztxml::Add<Child>(get(), give, m_Tree.HowMade());
   }
 
   /// Read and Create make documents by this.
@@ -363,6 +373,10 @@ template <class T, class Other, class... More>
 Result<std::variant<Document<T>, Document<Other>, Document<More>...>> Read(
     std::string_view text, const Options& options = Options()) {
   using Documents = std::variant<Document<T>, Document<Other>, Document<More>...>;
+  static_assert(RootOf<T>::kIsRoot, "T is not the root of a document, or its header is missing");
+  static_assert(!std::is_same_v<T, Other> && (!std::is_same_v<T, More> && ...) &&
+                    (!std::is_same_v<Other, More> && ...),
+                "the roots are to be different ones");
   static_assert(std::is_same_v<typename RootOf<T>::In, typename RootOf<Other>::In> &&
                     (std::is_same_v<typename RootOf<T>::In, typename RootOf<More>::In> && ...),
                 "these types are not roots of one kind of document");

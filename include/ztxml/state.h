@@ -4,7 +4,8 @@
 //     for (const std::string& body : notifications) {
 //       auto merged = conference.Apply(body);
 //       if (!merged) return Log(merged.error().Text());
-//       if (merged->outcome == ztxml::Merged::Outcome::kRefresh) Subscribe();
+//       if (merged->reason == ztxml::Merged::Reason::kDeleted) return Leave();
+//       if (merged->outcome == ztxml::Merged::Outcome::kRefresh) SubscribeAgain();
 //       for (const ztxml::Change& change : conference.Changes()) Show(change.path);
 //     }
 #ifndef ZTXML_INCLUDE_STATE_H

@@ -50,22 +50,29 @@ class ZtKeyIndex {
     __free(old);
     return true;
   }
-  // The first entry of a key, and the one that a node is; null when there is none.
+  // The entry of a key; null when there is none.
   Slot* Find(const XMLElement& parent, const ZtElementType& type, ZtPiece key) {
-    return Find(parent, key, [&](const Slot& slot) {
-      return ZtEqual(ZtKeyOf(*static_cast<XMLElement*>(slot.node->data), type), key);
-    });
+    const std::uint32_t hash = Hash(parent, key);
+    for (std::size_t at = hash; m_iSlots; ++at) {
+      Slot& slot = m_Slots[at & (m_iSlots - 1)];
+      if (!slot.parent) break;
+      if (slot.node && slot.hash == hash && slot.parent == &parent &&
+          ZtEqual(ZtKeyOf(*static_cast<XMLElement*>(slot.node->data), type), key)) {
+        return &slot;
+      }
+    }
+    return nullptr;
   }
+  // Of a node, unless another one has its key.
   Slot* Find(const XMLElement& parent, const ZtElementType& type, const ZtListNode& node) {
-    return Find(parent, ZtKeyOf(*static_cast<XMLElement*>(node.data), type),
-                [&](const Slot& slot) { return slot.node == &node; });
+    Slot* const slot = Find(parent, type, ZtKeyOf(*static_cast<XMLElement*>(node.data), type));
+    return slot && slot->node == &node ? slot : nullptr;
   }
-  // Room was made. An entry without a key, or with one that its list has, cannot be found: it stays
-  // as it is.
+  // Room was made. An entry whose key its list has already cannot be found: it stays as it is.
   void Add(const XMLElement& parent, const ZtElementType& type, ZtListNode& node,
            ZtListNode* previous) {
     const ZtPiece key = ZtKeyOf(*static_cast<XMLElement*>(node.data), type);
-    if (!key.size || Find(parent, type, key)) return;
+    if (Find(parent, type, key)) return;
     const std::uint32_t hash = Hash(parent, key);
     Slot& slot = Free(hash);
     if (!slot.parent) ++m_iUsed;
@@ -87,16 +94,6 @@ class ZtKeyIndex {
   // With the seed a peer cannot choose keys that meet in one slot.
   std::uint32_t Hash(const XMLElement& parent, ZtPiece key) const {
     return static_cast<std::uint32_t>(ZtHash(key, ZtSeed(this) + 31 * ZtSeed(&parent)));
-  }
-  template <class Is>
-  Slot* Find(const XMLElement& parent, ZtPiece key, Is is) {
-    const std::uint32_t hash = Hash(parent, key);
-    for (std::size_t at = hash; m_iSlots; ++at) {
-      Slot& slot = m_Slots[at & (m_iSlots - 1)];
-      if (!slot.parent) break;
-      if (slot.node && slot.hash == hash && slot.parent == &parent && is(slot)) return &slot;
-    }
-    return nullptr;
   }
   Slot& Free(std::uint32_t hash) {
     std::size_t at = hash;

@@ -139,7 +139,8 @@ bool ZtStandardWriter::Step(Frame& frame) {
       ++frame.row;
       const XMLElement* child = (frame.object->*row.member.child).Get();
       if (child && IsThere(*child)) return BeginChild(frame, row, *child, 0);
-      return !ZtIsRequired(row) || Fail(kZtMissing, "/", row.HasName() ? row.name.Piece() : "");
+      return !ZtIsRequired(row) ||
+             Fail(kZtMissing, row.HasName() ? "/" : nullptr, row.name.Piece());
     }
     default:
       return StepList(frame, row);

@@ -1,6 +1,7 @@
 #include "ztxml/ZtCalls.h"
 
 #include "binding/ZtStandardReader.h"
+#include "binding/ZtStandardWriter.h"
 #include "drivers/ZtExplain.h"
 #include "drivers/ZtStandardDocument.h"
 #include "model/ZtOwnership.h"
@@ -50,6 +51,11 @@ char* WriteExact(const ZtDocument& document, XMLElement& root, XMLElement* names
   const Context context(document);
   if (!context) return nullptr;
   if (namespaces) context->SetNamespaceBinder(static_cast<XMLObject*>(namespaces));
+  if (!document.info.writes) {
+    ZtExplain(error, ztxml::Code::kRefused, Stage::kWriting,
+              "documents of this kind are only read");
+    return nullptr;
+  }
   XMLMarshaller* const writer = context->createMarshaller();
   if (!writer) return nullptr;
   writer->ReportTo(&error);
@@ -100,6 +106,12 @@ char* ZtWriteDocument(const ZtDocument& document, const ZtSettings& settings, XM
   } else {
     text = WriteExact(document, *root, namespaces, error);
     size = text ? __strlen(text) : 0;
+    if (size >= ZtXMLDocGenerator::kBufferSize - 1) {
+      ZtExplain(error, ztxml::Code::kTooLong, Stage::kWriting,
+                "the exact profile cuts the text where it has no more room");
+    } else if (size > settings.mostText) {
+      ZtExplain(error, ztxml::Code::kTooLong, Stage::kWriting, kZtTooLong);
+    }
   }
   if (!text && error.code == ztxml::Code::kNone) ZtExplainNoMemory(error, Stage::kWriting);
   return text;

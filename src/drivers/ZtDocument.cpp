@@ -79,7 +79,12 @@ XMLElement* ZtUnMarshaller::UnMarshall(const char* xml) {
 
 XMLElement* ZtUnMarshaller::UnMarshall(XMLFile* file) {
   const char* text = file ? file->Read() : nullptr;
-  if (!Begin(text)) return nullptr;
+  if (!Begin(text)) {
+    if (m_pError && file) {
+      ZtExplain(*m_pError, ztxml::Code::kRefused, ztxml::Stage::kNone, "the file cannot be read");
+    }
+    return nullptr;
+  }
   LogInput(Document(), Document().lines.fileInput, text);
   return IsStandard() ? ReadStandard({text, file->Size()}) : ReadExact(text, nullptr);
 }

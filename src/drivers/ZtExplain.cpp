@@ -11,6 +11,19 @@ using ztxml::Code;
 using ztxml::Error;
 using ztxml::Stage;
 
+// Whether a character can be shown as it is: none that moves or hides others.
+bool IsShown(const char* at, std::size_t size) {
+  const auto c = static_cast<unsigned char>(*at);
+  if (size == 1) return c >= ' ' && c != 0x7F;
+  const auto second = static_cast<unsigned char>(at[1]);
+  if (size == 2) return c != 0xC2 || second >= 0xA0;
+  const auto third = static_cast<unsigned char>(at[size - 1]);
+  const bool isMark =
+      (second == 0x80 && (third == 0x8E || third == 0x8F || (third >= 0xA8 && third <= 0xAE))) ||
+      (second == 0x81 && third >= 0xA6 && third <= 0xA9);
+  return size != 3 || c != 0xE2 || !isMark;
+}
+
 // Writes the sentence into the error's room, and leaves out what goes beyond it.
 class Sentence {
  public:
@@ -66,9 +79,10 @@ class Sentence {
     while (at < end) {
       const char* const from = at;
       if (static_cast<std::size_t>(at - piece.text) >= kMostQuoted) return *this << "...";
-      const bool isText = ZtPassCharacter(at, end) && static_cast<unsigned char>(*from) >= ' ';
-      if (!isText) at = from + 1;
-      *this << (isText ? ZtPiece(from, static_cast<std::size_t>(at - from)) : ZtPiece("?"));
+      const bool isCharacter = ZtPassCharacter(at, end);
+      if (!isCharacter) at = from + 1;
+      const auto size = static_cast<std::size_t>(at - from);
+      *this << (isCharacter && IsShown(from, size) ? ZtPiece(from, size) : ZtPiece("?"));
     }
     return *this;
   }
@@ -90,6 +104,25 @@ ZtTextPlace PlaceOf(const ZtFailedText& failed, std::size_t at) {
 }
 
 // ---- Paths --------------------------------------------------------------------------------------
+
+// Copies a text of strangers, with a question mark for what cannot be shown.
+void Copy(const char* from, char* to) {
+  const char* const end = from + __strlen(from);
+  while (from < end) {
+    const char* at = from;
+    const bool isText = ZtPassCharacter(at, end);
+    if (!isText) at = from + 1;
+    const auto size = static_cast<std::size_t>(at - from);
+    if (isText && IsShown(from, size)) {
+      std::memcpy(to, from, size);
+      to += size;
+    } else {
+      *to++ = '?';
+    }
+    from = at;
+  }
+  *to = '\0';
+}
 
 ZtPiece LocalOf(ZtPiece name) {
   const void* const colon = std::memchr(name.text, ':', name.size);
@@ -130,7 +163,8 @@ void SetPath(const ZtFailedText& failed, const ZtOpenElements& open, Error& erro
                                               : nullptr;
     type = own ? &ZtStandardOf(*own) : nullptr;
   }
-  std::memcpy(error.path, path.Text(), __strlen(path.Text()) + 1);
+  if (open.Kept() < open.Depth()) path.Push("/", "...");
+  Copy(path.Text(), error.path);
 }
 
 ZtTagEnds EndsOf(const ZtFailedText& failed) {
@@ -174,8 +208,8 @@ void EndTag(Sentence& sentence, const ZtFailedText& failed, std::size_t at,
   const ZtPiece expected = ExpectedAt(failed.text, open);
   const char* const rest = AfterExpected(failed.text, at, expected);
   if (rest && *rest != '>') {
-    sentence << "the end tag </";
-    sentence.Quote(expected) << " lacks its '>'";
+    sentence << "'>' is expected after the name in the end tag </";
+    sentence.Quote(expected);
     return;
   }
   const char* const name = failed.text.text + at + 2;
@@ -227,7 +261,7 @@ void InTag(Sentence& sentence, const ZtFailedText& failed, ZtXmlFault fault, std
         sentence.Quote(attribute);
       } else {
         sentence << "a blank is expected after the value of the attribute ";
-        sentence.Quote(attribute);
+        sentence.Quote(attribute) << ": its closing quote, or one before, may be missing";
       }
       return;
     default:
@@ -310,7 +344,7 @@ void ZtExplainMissing(Error& error, Stage stage, const char* path) {
 }
 
 void ZtExplainNoMemory(Error& error, Stage stage) {
-  ZtExplain(error, Code::kNoMemory, stage, "memory is lacking");
+  ZtExplain(error, Code::kNoMemory, stage, "an allocation failed");
 }
 
 void ZtExplainEncoding(Error& error, const ZtFailedText& failed, ZtEncodingFault fault,
@@ -324,6 +358,10 @@ void ZtExplainEncoding(Error& error, const ZtFailedText& failed, ZtEncodingFault
     const char* const end = failed.original.text + failed.original.size;
     const char* stop = name;
     while (stop < end && *stop != '"' && *stop != '\'' && *stop > ' ') ++stop;
+    if (stop == name) {
+      sentence << "the encoding that the declaration names is not supported";
+      return;
+    }
     sentence << "the encoding ";
     sentence.Quote({name, static_cast<std::size_t>(stop - name)}) << " is not supported";
     return;
@@ -374,6 +412,9 @@ void ZtExplainXml(Error& error, const ZtFailedText& failed, const ZtXmlError& fa
     case ZtXmlFault::kUnboundPrefix:
       sentence << "no namespace is bound to the prefix ";
       sentence.Quote({text.text + at, std::strcspn(text.text + at, ":")});
+      return;
+    case ZtXmlFault::kBadReference:
+      sentence << "'&' begins no reference: one that is meant is written &amp;";
       return;
     case ZtXmlFault::kUndefinedEntity:
       sentence << "the entity ";
@@ -461,14 +502,17 @@ void NotTag(Error& error, const ZtFailedText& failed, std::size_t at) {
   sentence << why.what << kStandardOnly;
 }
 
-// Whether the parser of the exact profile takes a start tag with a name, which ends at `close`.
-bool IsTaken(ZtPiece name, char* close) {
+// Whether the parser of the exact profile takes a start tag that follows its '<' and ends at
+// `close`. Its name ends at white space.
+bool IsTaken(const char* tag, char* close) {
   char* const end = close[-1] == '/' ? close - 1 : close;
   const char last = *end;
   *end = '\0';
-  const bool isTaken = XmlDecoder::ValidateAttributeList(name.text + name.size) == 0;
+  const char* const name = tag + std::strspn(tag, " \t\r\n");
+  const std::size_t size = std::strcspn(name, " \t\r\n");
+  const bool isTaken = size && XmlDecoder::ValidateAttributeList(name + size) == 0;
   *end = last;
-  return isTaken && name.size;
+  return isTaken;
 }
 
 }  // namespace
@@ -508,7 +552,7 @@ void ZtExplainParser(Error& error, const ZtFailedText& failed, std::size_t at) {
   char* const close = ZtFind(const_cast<char*>(text.text) + at, '>', text.text + text.size);
   const auto size = static_cast<std::size_t>(close + 1 - text.text);
   // A tag that it takes can only have failed for lack of memory.
-  if (IsTaken(ZtNameInTag(text, at), close)) return ZtExplainNoMemory(error, Stage::kParsing);
+  if (IsTaken(text.text + at + 1, close)) return ZtExplainNoMemory(error, Stage::kParsing);
   ZtXmlError fault = ZtFaultInTag({text.text, size}, at);
   const bool isInValue = fault.fault == ZtXmlFault::kCutShort;
   if (isInValue) fault = ZtFaultInTag(text, at);
@@ -525,6 +569,19 @@ void ZtExplainNul(Error& error, const ZtFailedText& failed, std::size_t at) {
   if (SaysUtf16(error, failed)) return;
   Sentence sentence(error, Code::kMalformed, Stage::kDecoding);
   sentence.At(PlaceOf(failed, at)).Begin() << "there is a NUL in the text";
+}
+
+void ZtExplainRest(Error& error, const ZtFailedText& failed) {
+  ZtRawTag tag;
+  std::size_t depth = 0;
+  for (ZtTagWalk walk(failed.text, ZtTagEnds::kFirst); walk.Next(tag);) {
+    if (tag.kind == ZtRawTag::Kind::kStart) ++depth;
+    if (tag.kind == ZtRawTag::Kind::kEnd && depth) --depth;
+    if (depth == 0 && tag.kind != ZtRawTag::Kind::kOther) break;
+  }
+  Sentence sentence(error, Code::kMalformed, Stage::kParsing);
+  sentence.At(PlaceOf(failed, tag.to)).Begin();
+  Plain(sentence, ZtXmlFault::kJunkAfterRoot);
 }
 
 void ZtExplainSlash(Error& error, const ZtFailedText& failed, std::size_t at) {

@@ -13,7 +13,8 @@ struct ZtFailedText {
   const ZtDocument& document;
   ZtPiece original;  // as it came
   ZtTextForm form;
-  // In UTF-8, with a NUL after it; null when the bytes could not be decoded.
+  // In UTF-8, with a NUL after it unless only the root is wrong; null when the bytes could not be
+  // decoded.
   ZtPiece text = nullptr;
   bool isStandard = true;
   const ZtElementType* type = nullptr;  // that of the root which is wanted; null: any
@@ -27,6 +28,8 @@ void ZtExplainXml(ztxml::Error& error, const ZtFailedText& failed, const ZtXmlEr
 // refused a start tag whose name is there.
 void ZtExplainParser(ztxml::Error& error, const ZtFailedText& failed, std::size_t at);
 void ZtExplainNul(ztxml::Error& error, const ZtFailedText& failed, std::size_t at);
+// What stands after the root element cannot be read.
+void ZtExplainRest(ztxml::Error& error, const ZtFailedText& failed);
 void ZtExplainSlash(ztxml::Error& error, const ZtFailedText& failed, std::size_t at);
 // Of both.
 // `uri` is the namespace of the root element, empty when it is none or not known.

@@ -1,5 +1,7 @@
 #include "drivers/ZtMerger.h"
 
+#include <algorithm>
+
 #include "model/ZtSplice.h"
 
 namespace {
@@ -8,6 +10,7 @@ using Kind = ztxml::Change::Kind;
 
 // Conferences can hold conferences: more than that is nobody's.
 constexpr int kMostDepth = 100;
+constexpr std::size_t kMostPath = 1000;
 
 const ZtElementType& TypeOf(const ZtField& row) { return ZtStandardOf(*row.detail.type); }
 const ZtTelling* TellingOf(const ZtField& row) {
@@ -36,6 +39,52 @@ ZtListNode* FirstOf(const XMLElement& object, const ZtField& row) {
              : ZtSplice::First((object.*row.member.children).Get());
 }
 XMLElement& EntryOf(const ZtListNode& node) { return *static_cast<XMLElement*>(node.data); }
+
+// Deletes an entry with its node.
+void Drop(ZtSingleElementList& list, ZtListNode* previous, ZtListNode& node) {
+  ZtSplice::Unhook(list, previous, node);
+  ZtRelease(&EntryOf(node));
+  ZtFree(&node);
+}
+
+bool Differ(XMLElement* one, XMLElement* other, const ZtElementType& type);
+
+// Whether entries of two lists without keys are different.
+bool AreOther(const ZtListNode& a, const ZtListNode& b, const ZtField& row) {
+  if (!a.data || !b.data) return true;
+  if (row.place == ZtPlace::kOtherAttributes) {
+    const auto* one = zt_AttributeValuePair::From(static_cast<XMLAttribute*>(a.data));
+    const auto* other = zt_AttributeValuePair::From(static_cast<XMLAttribute*>(b.data));
+    return !one || !other || !ZtEqual(one->getName(), other->getName()) ||
+           !ZtEqual(one->getValue(), other->getValue());
+  }
+  const zt_string* const text = zt_string::From(&EntryOf(a));
+  const zt_string* const second = zt_string::From(&EntryOf(b));
+  if (text || second) return !text || !second || !ZtEqual(text->getValue(), second->getValue());
+  const ZtElementType* const type = ZtMatchObject(row, kZtNoSpace, EntryOf(a)).type;
+  return !type || Differ(&EntryOf(a), &EntryOf(b), *type);
+}
+
+bool RowsDiffer(XMLElement& one, XMLElement& other, const ZtField& row) {
+  if (IsScalar(row)) return !(ZtHeld(one, row) == ZtHeld(other, row));
+  if (row.place == ZtPlace::kChild) {
+    return Differ(ChildOf(one, row).Get(), ChildOf(other, row).Get(), TypeOf(row));
+  }
+  const ZtListNode* a = FirstOf(one, row);
+  const ZtListNode* b = FirstOf(other, row);
+  for (; a && b && !AreOther(*a, *b, row); a = a->next) b = b->next;
+  return a || b;
+}
+
+// Whether elements that are told as one differ.
+bool Differ(XMLElement* one, XMLElement* other, const ZtElementType& type) {
+  if (!one || !other) return one != other;
+  if (!ZtIsClass(one->ClassName(), type) || !ZtIsClass(other->ClassName(), type)) return true;
+  for (const ZtField& row : type) {
+    if (!IsOf(&ZtTelling::state, type, row) && RowsDiffer(*one, *other, row)) return true;
+  }
+  return false;
+}
 
 }  // namespace
 
@@ -79,6 +128,12 @@ ZtMerger::Result ZtMerger::Take(XMLElement*& known, XMLElement*& fresh, const Zt
   m_Path.Clear();
   m_iEntries = 0;
   m_bNoMemory = m_bOdd = m_bApplies = false;
+  // What is below a deleted one is not to be looked at.
+  if (ToldOf(*fresh, type) == Told::kDeleted) {
+    for (const ZtField& row : type) {
+      if (row.place == ZtPlace::kChild) ChildOf(*fresh, row).Set(nullptr);
+    }
+  }
   if (!Prepare(*fresh, type, isPart, 0) || !m_Index.Begin(m_iEntries)) {
     return m_bOdd ? Result::kRefused : Result::kNoMemory;
   }
@@ -159,9 +214,7 @@ void ZtMerger::IndexList(XMLElement& parent, const ZtField& row) {
     next = node->next;
     XMLElement& entry = EntryOf(*node);
     if (ToldOf(entry, TypeOf(row)) == Told::kDeleted) {
-      ZtSplice::Unhook(*list, previous, *node);
-      ZtFree(node);
-      ZtRelease(&entry);
+      Drop(*list, previous, *node);
       continue;
     }
     m_Index.Add(parent, TypeOf(row), *node, previous);
@@ -204,7 +257,7 @@ void ZtMerger::Merge(XMLElement& known, XMLElement& fresh, const ZtElementType& 
         ZtKeep(known, row, told, nullptr);
       }
     } else if (FirstOf(fresh, row)) {
-      isChanged = isChanged || m_bApplies || CompareLists(known, fresh, row);
+      isChanged = isChanged || m_bApplies || RowsDiffer(known, fresh, row);
       if (m_bApplies && row.place == ZtPlace::kOtherAttributes) {
         (known.*row.member.attributes).Swap(fresh.*row.member.attributes);
       } else if (m_bApplies) {
@@ -254,6 +307,11 @@ void ZtMerger::MergeEntries(XMLElement& known, XMLElement& fresh, const ZtField&
     auto* const slot = m_Index.Find(known, inner, ZtKeyOf(entry, inner));
     XMLElement* const before = slot ? &EntryOf(*slot->node) : nullptr;
     const Told how = ToldOf(entry, inner);
+    // What is told twice is noted once: its cost must not grow with what is known of it.
+    if (!m_bApplies && slot) {
+      if (m_Index.IsMarked(*slot)) continue;
+      m_Index.Mark(*slot);
+    }
     if (how == Told::kPart && before) {
       const Step step(*this, row, &entry);
       Merge(*before, entry, inner);
@@ -270,10 +328,9 @@ void ZtMerger::MergeEntries(XMLElement& known, XMLElement& fresh, const ZtField&
         Unindex(*before, inner);
         auto* const after = gone.next ? m_Index.Find(known, inner, *gone.next) : nullptr;
         if (after) after->previous = slot->previous;
-        ZtSplice::Unhook(*list.Get(), slot->previous, gone);
         m_Index.Remove(*slot);
-        ZtSplice::HookFirst(*told.Get(), gone);  // it lives on with what is not kept
-        if (!previous) previous = &gone;
+        std::swap(gone.data, node->data);  // it lives on with what is not kept
+        Drop(*list.Get(), slot->previous, gone);
       }
     } else if (before) {
       Unindex(*before, inner);
@@ -294,7 +351,8 @@ void ZtMerger::MergeEntries(XMLElement& known, XMLElement& fresh, const ZtField&
 
 void ZtMerger::Note(Kind kind, XMLElement& object) {
   if (!m_Changes.Add({kind, &object, m_Paths.Size()})) m_bNoMemory = true;
-  m_Paths.Append(m_Path.Piece());
+  // Keys may be of any length, and are in the path of each change below them.
+  m_Paths.Append({m_Path.Text(), std::min(m_Path.Size(), kMostPath)});
   m_Paths.Append({"", 1});
 }
 
@@ -303,76 +361,41 @@ ztxml::Change ZtMerger::ChangeAt(std::uint32_t index) const {
   return {noted.kind, m_Paths.Text() + noted.path, noted.object};
 }
 
-// Whether an element itself differs from what is known of it. What differs below it and has a path
-// is noted; where it has none, it differs.
+// Whether an element itself differs from what is known of it. What differs below it is noted.
 bool ZtMerger::Compare(XMLElement* known, XMLElement& fresh, const ZtElementType& type) {
   bool differs = false;
   for (const ZtField& row : type) {
     if (IsOf(&ZtTelling::state, type, row) || IsOf(&ZtTelling::version, type, row)) continue;
     if (row.place == ZtPlace::kChild) {
-      XMLElement* const before = known ? ChildOf(*known, row).Get() : nullptr;
-      const bool isOther = CompareChild(before, ChildOf(fresh, row).Get(), row);
-      differs = differs || (isOther && !type.extras->telling);
+      XMLElement* const child = ChildOf(fresh, row).Get();
+      const bool isThere = child && !(IsTold(row) && ToldOf(*child, TypeOf(row)) == Told::kDeleted);
+      CompareChild(known ? ChildOf(*known, row).Get() : nullptr, isThere ? child : nullptr, row);
     } else if (IsKeyed(row)) {
       CompareEntries(known, &fresh, row);
-    } else if (known && IsScalar(row)) {
-      differs = differs || !(ZtHeld(*known, row) == ZtHeld(fresh, row));
-    } else if (known && row.place != ZtPlace::kOtherChild) {
-      differs = differs || CompareLists(*known, fresh, row);
+    } else if (known) {
+      differs = differs || RowsDiffer(*known, fresh, row);
     }
   }
   return differs;
 }
 
 // Those of elements that are told in parts are noted.
-bool ZtMerger::CompareChild(XMLElement* known, XMLElement* fresh, const ZtField& row) {
-  if (!known && !fresh) return false;
+void ZtMerger::CompareChild(XMLElement* known, XMLElement* fresh, const ZtField& row) {
+  if (!known && !fresh) return;
   const Step step(*this, row, fresh);
   const auto count = m_Changes.Size();
+  bool differs = !known || !fresh;
   if (IsTold(row)) {
-    if (fresh ? Compare(known, *fresh, TypeOf(row)) : false) Note(Kind::kChanged, *fresh);
+    if (fresh && Compare(known, *fresh, TypeOf(row))) Note(Kind::kChanged, *fresh);
     for (const ZtField& inner : TypeOf(row)) {
       if (!fresh && IsKeyed(inner)) CompareEntries(known, nullptr, inner);
     }
-    if (m_Changes.Size() == count && !known) Note(Kind::kAdded, *fresh);
-    if (m_Changes.Size() == count && !fresh) Note(Kind::kRemoved, *known);
-    return m_Changes.Size() != count;
+    differs = differs && m_Changes.Size() == count;
+  } else {
+    differs = Differ(known, fresh, TypeOf(row));
   }
-  const bool differs = !known || !fresh || Compare(known, *fresh, TypeOf(row));
-  m_Changes.Cut(count);
-  if (!differs) return false;
+  if (!differs) return;
   Note(!known ? Kind::kAdded : !fresh ? Kind::kRemoved : Kind::kChanged, fresh ? *fresh : *known);
-  return true;
-}
-
-// Whether two lists without keys differ. Nothing in them is noted.
-bool ZtMerger::CompareLists(XMLElement& known, XMLElement& fresh, const ZtField& row) {
-  const auto count = m_Changes.Size();
-  const ZtListNode* a = FirstOf(known, row);
-  const ZtListNode* b = FirstOf(fresh, row);
-  for (; a && b && !AreOther(*a, *b, row); a = a->next) b = b->next;
-  m_Changes.Cut(count);
-  return a || b;
-}
-
-bool ZtMerger::AreOther(const ZtListNode& a, const ZtListNode& b, const ZtField& row) {
-  if (!a.data || !b.data) return true;
-  if (row.place == ZtPlace::kOtherAttributes) {
-    const auto* one = zt_AttributeValuePair::From(static_cast<XMLAttribute*>(a.data));
-    const auto* other = zt_AttributeValuePair::From(static_cast<XMLAttribute*>(b.data));
-    return !one || !other || !ZtEqual(one->getName(), other->getName()) ||
-           !ZtEqual(one->getValue(), other->getValue());
-  }
-  XMLElement& one = EntryOf(a);
-  XMLElement& other = EntryOf(b);
-  const zt_string* const text = zt_string::From(&one);
-  const zt_string* const second = zt_string::From(&other);
-  if (text || second) return !text || !second || !ZtEqual(text->getValue(), second->getValue());
-  const ZtElementType* type = row.place == ZtPlace::kChildren ? &TypeOf(row) : nullptr;
-  for (const ZtChoice* at = type ? nullptr : row.detail.choices; at && at->type; ++at) {
-    if (ZtIsClass(one.ClassName(), *at->type)) type = at->type;
-  }
-  return !type || !ZtIsClass(other.ClassName(), *type) || Compare(&one, other, *type);
 }
 
 void ZtMerger::CompareEntry(XMLElement* known, XMLElement& fresh, const ZtField& row) {
@@ -387,6 +410,7 @@ void ZtMerger::CompareEntries(XMLElement* known, XMLElement* fresh, const ZtFiel
     XMLElement& entry = EntryOf(*node);
     if (ToldOf(entry, inner) == Told::kDeleted) continue;
     auto* const slot = known ? m_Index.Find(*known, inner, ZtKeyOf(entry, inner)) : nullptr;
+    if (slot && m_Index.IsMarked(*slot)) continue;  // told twice
     if (slot) m_Index.Mark(*slot);
     const Step step(*this, row, &entry);
     CompareEntry(slot ? &EntryOf(*slot->node) : nullptr, entry, row);

@@ -49,9 +49,7 @@ class ZtMerger {
   void MergeEntries(XMLElement& known, XMLElement& fresh, const ZtField& row);
 
   bool Compare(XMLElement* known, XMLElement& fresh, const ZtElementType& type);
-  bool CompareChild(XMLElement* known, XMLElement* fresh, const ZtField& row);
-  bool CompareLists(XMLElement& known, XMLElement& fresh, const ZtField& row);
-  bool AreOther(const ZtListNode& a, const ZtListNode& b, const ZtField& row);
+  void CompareChild(XMLElement* known, XMLElement* fresh, const ZtField& row);
   void CompareEntry(XMLElement* known, XMLElement& fresh, const ZtField& row);
   void CompareEntries(XMLElement* known, XMLElement* fresh, const ZtField& row);
   void Note(ztxml::Change::Kind kind, XMLElement& object);

@@ -20,30 +20,21 @@ ZtStated VersionOf(const XMLElement& root, const ZtElementType& type) {
   return ZtHeld(root, *ZtFindAttribute(type, type.extras->telling->version));
 }
 
-void Refuse(ztxml::Error& error, ztxml::Code code, const char* why, const char* path = "") {
-  ZtExplain(error, code, ztxml::Stage::kBinding, why, path);
+void Refuse(ztxml::Error& error, ztxml::Code code, const char* why) {
+  ZtExplain(error, code, ztxml::Stage::kBinding, why, "");
 }
 
 }  // namespace
 
 const char* ztxml::NameOf(Merged::Reason reason) {
-  switch (reason) {
-    case Merged::Reason::kNone:
-      return "";
-    case Merged::Reason::kOld:
-      return "it is older than the state";
-    case Merged::Reason::kRepeated:
-      return "its version was there already";
-    case Merged::Reason::kOther:
-      return "it is of another resource";
-    case Merged::Reason::kGap:
-      return "notifications before it were missed";
-    case Merged::Reason::kNoFull:
-      return "it is partial, and there was no full one";
-    case Merged::Reason::kDeleted:
-      return "what it tells of is no more";
-  }
-  return "";
+  constexpr const char* kWords[] = {"",
+                                    "it is older than the state",
+                                    "its version was there already",
+                                    "it is of another resource",
+                                    "notifications before it were missed",
+                                    "it is partial, and there was no full one",
+                                    "what it tells of is no more"};
+  return kWords[static_cast<int>(reason)];
 }
 
 ZtState::~ZtState() {
@@ -72,29 +63,40 @@ bool ZtState::Fit(const XMLElement& fresh, Merged& merged, ztxml::Error& error) 
     Refuse(error, ztxml::Code::kMissingValue, "a notification without a version");
     return false;
   }
-  const bool isPart = ZtMerger::ToldOf(fresh, type) == ZtMerger::Told::kPart;
-  if (!m_pRoot) {
-    if (isPart) merged = {Merged::Outcome::kRefresh, Reason::kNoFull, false};
-    return !isPart;
+  const ZtField& state = *ZtFindAttribute(type, type.extras->telling->state);
+  if (ZtIsRequired(state) && !ZtHeld(fresh, state).stated) {
+    Refuse(error, ztxml::Code::kMissingValue, "it does not say whether it is full or partial");
+    return false;
   }
-  const unsigned long long last = VersionOf(*m_pRoot, type).number;
+  using Told = ZtMerger::Told;
+  const Told told = ZtMerger::ToldOf(fresh, type);
+  const bool isPart = told == Told::kPart;
+  const unsigned long long last = m_pRoot ? VersionOf(*m_pRoot, type).number : 0;
   const bool hasKey = !type.extras->telling->key.IsNone();
-  if (hasKey && !ZtEqual(ZtKeyOf(*m_pRoot, type), ZtKeyOf(fresh, type))) {
+  if (!m_pRoot) {
+    if (isPart) merged.reason = Reason::kNoFull;
+  } else if (hasKey && !ZtEqual(ZtKeyOf(*m_pRoot, type), ZtKeyOf(fresh, type))) {
     merged.reason = Reason::kOther;
+    return false;
   } else if (version.number <= last) {
     merged.reason = version.number < last ? Reason::kOld : Reason::kRepeated;
-  } else if (isPart && ZtMerger::ToldOf(*m_pRoot, type) == ZtMerger::Told::kDeleted) {
-    merged = {Merged::Outcome::kRefresh, Reason::kDeleted, false};
-  } else {
-    const bool isGap = isPart && version.number > last + 1;
-    if (isGap) merged = {Merged::Outcome::kRefresh, Reason::kGap, false};
-    return !isGap || type.extras->telling->bridges;
+    return false;
+  } else if (isPart && ZtMerger::ToldOf(*m_pRoot, type) == Told::kDeleted) {
+    merged.reason = Reason::kDeleted;
+  } else if (isPart && version.number > last + 1) {
+    merged.reason = Reason::kGap;
   }
-  return false;
+  const bool isTaken = merged.reason == Reason::kNone ||
+                       (merged.reason == Reason::kGap && type.extras->telling->bridges);
+  if (told == Told::kDeleted) merged.reason = Reason::kDeleted;
+  merged.outcome =
+      merged.reason == Reason::kNone ? Merged::Outcome::kApplied : Merged::Outcome::kRefresh;
+  return isTaken;
 }
 
 bool ZtState::Take(XMLElement* notification, Merged& merged, ztxml::Error& error) {
   merged = Merged();
+  error = ztxml::Error();
   ZtRelease(m_pLast);
   m_pLast = notification;
   if (m_pParts) m_pParts->merger.ForgetChanges();
@@ -110,24 +112,17 @@ bool ZtState::Take(XMLElement* notification, Merged& merged, ztxml::Error& error
   }
   ZtMerger& merger = m_pParts->merger;
   if (!Fit(*notification, merged, error)) return error.code == ztxml::Code::kNone;
-  const bool isDeleted = ZtMerger::ToldOf(*notification, type) == ZtMerger::Told::kDeleted;
   switch (merger.Take(m_pRoot, m_pLast, type)) {
     case ZtMerger::Result::kNoMemory:
       ZtExplainNoMemory(error, ztxml::Stage::kBinding);
-      return false;
+      break;
     case ZtMerger::Result::kRefused:
       Refuse(error, ztxml::Code::kRefused,
              "too many elements are within each other, or one is of another class");
-      return false;
-    case ZtMerger::Result::kDone:
       break;
+    case ZtMerger::Result::kDone:
+      merged.isApplied = true;
+      return true;
   }
-  merged.isApplied = true;
-  if (isDeleted) {
-    merged.outcome = Merged::Outcome::kRefresh;
-    merged.reason = Merged::Reason::kDeleted;
-  } else if (merged.outcome == Merged::Outcome::kIgnored) {
-    merged.outcome = Merged::Outcome::kApplied;
-  }
-  return true;
+  return false;
 }

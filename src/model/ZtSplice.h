@@ -23,12 +23,6 @@ class ZtSplice {
     list.m_pTail = &node;
     ++list.m_iListCount;
   }
-  static void HookFirst(ZtSingleElementList& list, ZtListNode& node) {
-    node.next = list.m_pHead;
-    list.m_pHead = &node;
-    if (!list.m_pTail) list.m_pTail = &node;
-    ++list.m_iListCount;
-  }
 };
 
 #endif  // ZTXML_SRC_MODEL_ZTSPLICE_H

@@ -28,9 +28,14 @@ const char* AfterTag(const char* at, const char* end) {
   return nullptr;
 }
 
-const char* EndOfRawName(const char* at) {
-  while (*at && !ZtIs(*at, ZtXmlClasses::kBlank) && *at != '/' && *at != '>') ++at;
+const char* EndOfRawName(const char* at, const char* end) {
+  while (at != end && !ZtIs(*at, ZtXmlClasses::kBlank) && *at != '/' && *at != '>') ++at;
   return at;
+}
+
+bool Begins(const char* at, const char* end, ZtPiece mark) {
+  return static_cast<std::size_t>(end - at) >= mark.size &&
+         std::memcmp(at, mark.text, mark.size) == 0;
 }
 
 ZtPiece Between(const char* from, const char* to) {
@@ -59,16 +64,17 @@ bool ZtTagWalk::Next(ZtRawTag& tag) {
   const bool asXml = m_Ends == ZtTagEnds::kAsXml;
   const char* to = nullptr;
   tag.kind = ZtRawTag::Kind::kOther;
-  if (*name == '?') {
+  const bool isComment = Begins(name, end, "!--");
+  const bool isEnd = Begins(name, end, "/");
+  if (Begins(name, end, "?")) {
     to = After(name + 1, end, asXml ? "?>" : ">");
-  } else if (*name == '!' && (asXml || std::strncmp(name, "!--", 3) == 0)) {
-    const bool isComment = std::strncmp(name, "!--", 3) == 0;
-    const bool isSection = std::strncmp(name, "![CDATA[", 8) == 0;
+  } else if (isComment || (asXml && Begins(name, end, "!"))) {
+    const bool isSection = Begins(name, end, "![CDATA[");
     const char* const content = isComment ? name + 3 : name;
     to = After(content, end, !asXml ? ">" : isComment ? "-->" : isSection ? "]]>" : ">");
   } else {
-    to = asXml && *name != '/' ? AfterTag(name, end) : After(name, end, ">");
-    tag.kind = *name == '/'          ? ZtRawTag::Kind::kEnd
+    to = asXml && !isEnd ? AfterTag(name, end) : After(name, end, ">");
+    tag.kind = isEnd                 ? ZtRawTag::Kind::kEnd
                : to && to[-2] == '/' ? ZtRawTag::Kind::kEmpty
                                      : ZtRawTag::Kind::kStart;
   }
@@ -109,10 +115,11 @@ ZtOpenElements::ZtOpenElements(ZtPiece text, ZtTagEnds ends, std::size_t at) {
 }
 
 ZtPiece ZtNameInTag(ZtPiece text, std::size_t tag) {
+  const char* const end = text.text + text.size;
   const char* name = text.text + tag + 1;
-  if (*name == '/') ++name;
-  while (ZtIs(*name, ZtXmlClasses::kBlank)) ++name;
-  return Between(name, EndOfRawName(name));
+  if (Begins(name, end, "/")) ++name;
+  while (name != end && ZtIs(*name, ZtXmlClasses::kBlank)) ++name;
+  return Between(name, EndOfRawName(name, end));
 }
 
 ZtPiece ZtLastAttribute(ZtPiece text, std::size_t tag, std::size_t at) {

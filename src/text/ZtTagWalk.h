@@ -22,7 +22,6 @@ struct ZtRawTag {
 
 class ZtTagWalk {
  public:
-  // A NUL follows the text.
   ZtTagWalk(ZtPiece text, ZtTagEnds ends) : m_Text(text), m_Ends(ends) {}
 
   // The next tag; false when there is none.

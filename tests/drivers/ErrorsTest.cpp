@@ -62,6 +62,15 @@ TEST(Errors, SayWhatIsWrongAndWhere) {
       {std::string("\xff\xfe<\0", 4),
        "1:1: encoding: UTF-16 is read in the standard profile only []",
        "1:1: incomplete: the text ends within the tag < []"},
+      {"<reginfo><registration/aor=\"x y\"/></reginfo>",
+       "1:24: malformed: a blank, '/>' or '>' is expected here [/reginfo/registration[1]]",
+       nullptr},
+      {"<reginfo>a & b</reginfo>", " []",
+       "1:13: malformed: '&' begins no reference: one that is meant is written &amp; [/reginfo]"},
+      {"<reginfo><a\x1b\x7f></reginfo>",
+       "1:15: malformed: the end tag </reginfo> where </a?\?> is expected (opened at 1:10) "
+       "[/reginfo/a??]",
+       "1:12: malformed: XML does not allow this character []"},
       {"<reginfo xmlns='urn:x'/>", " []",
        "1:1: wrong root: the root element is <reginfo> in the namespace urn:x, not in "
        "urn:ietf:params:xml:ns:reginfo [/reginfo]"},

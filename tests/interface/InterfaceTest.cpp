@@ -125,6 +125,12 @@ TEST(Interface, DocumentsMoveAndGiveTheirRootAway) {
   EXPECT_EQ(Said(other->Write().error()), "refused: there is no tree");
   EXPECT_EQ(Said(other->Update().error()), "refused: there is no tree");
   EXPECT_TRUE(other->Lost().empty());
+  // What a document had before goes with its new root.
+  auto fourth = ztxml::Create<zt_reginfo>();
+  auto fifth = ztxml::Create<zt_reginfo>();
+  *fourth = std::move(*fifth);
+  EXPECT_TRUE(fourth->get() && !fifth->get());
+  EXPECT_EQ(fifth->Add(&zt_reginfo::addRegistration), nullptr);
   XMLElement* released = third.Release();
   EXPECT_EQ(released, root);
   EXPECT_EQ(third.get(), nullptr);
@@ -143,6 +149,10 @@ TEST(Interface, OneOfTwoRoots) {
     EXPECT_EQ(Said(ztxml::Read<zt_pub_gruu>(text, options).error()),
               "2:1: wrong root: the root element is <temp-gruu>, not <pub-gruu>");
     EXPECT_TRUE(ztxml::Read<zt_temp_gruu>(text, options));
+    // The text ends where it ends: there is no NUL after it.
+    const std::vector<char> bare = {'<', 't', 'e', 'm', 'p', '-', 'g',
+                                    'r', 'u', 'u', '/', '>', '<'};
+    EXPECT_FALSE(ztxml::Read<zt_pub_gruu>({bare.data(), bare.size()}, options));
     EXPECT_EQ((ztxml::Read<zt_pub_gruu, zt_temp_gruu>("<a/>", options).error().code),
               ztxml::Code::kWrongRoot);
   }
@@ -173,6 +183,25 @@ TEST(Interface, ServicesAloneAndInTheirContainer) {
     ASSERT_EQ(inside->Lost().size(), 1U);
     EXPECT_EQ(inside->Lost()[0].path, "/simservs/n:unknown");
   }
+}
+
+TEST(Interface, WhatTheExactProfileCutsIsTooLong) {
+  auto made = ztxml::Create<zt_resource_lists>(ztxml::Exact());
+  auto* list = made->Add(&zt_resource_lists::addList);
+  for (int i = 0; i < 2000; ++i) {
+    // An object of the parent's own type, and of another one.
+    ztxml::Add<zt_listType>(list, &zt_listType::addAnyElement);
+    ztxml::Add<zt_entryType>(*list, &zt_listType::addAnyElement)->setUriValue("sip:someone");
+  }
+  EXPECT_EQ(made->Write().error().code, ztxml::Code::kTooLong);
+}
+
+TEST(Interface, LossesAreFoundAgainOnceThereIsMemory) {
+  auto read = ztxml::Read<zt_reginfo>(kReginfo);
+  zthost::FailAllocation(1);
+  EXPECT_TRUE(read->Lost().empty());
+  zthost::FailAllocation(0);
+  EXPECT_EQ(read->Lost().size(), 1U);
 }
 
 TEST(Interface, NothingGrowsAndNothingIsLost) {

@@ -105,8 +105,7 @@ TEST(State, ConferencesAreMergedByStatesAndKeys) {
                                    "<user entity='a'/></users>")),
             "applied\n*/conference-info/conference-state\n-/conference-info/users/user[a]\n"
             "-/conference-info/users/user[d]\n+/conference-info/users/user[e]\n"
-            "+/conference-info/users/user[e]\n-/conference-info/users/user[a]/endpoint[1]\n"
-            "*/conference-info/users/user[a]");
+            "+/conference-info/users/user[e]");
   EXPECT_NE(Written(state).find("<conference-state><active>false</active></conference-state><users>"
                                 "<user entity=\"c\"/><user entity=\"e\"><display-text>E"
                                 "</display-text></user><user entity=\"a\"/></users>"),
@@ -145,18 +144,33 @@ TEST(State, AnElementThatTellsNothingChangesNothing) {
       "applied");
 }
 
-TEST(State, EntriesWithoutAKeyOfTheirOwnStay) {
+// Keys are to be unique: the first of several is the one that is found.
+TEST(State, EntriesWithTheKeyOfAnotherStay) {
   ztxml::State<zt_conference_type> state;
   const std::string users = "<users state='partial'>";
   Told(state, Conference("1", "full",
-                         "<users><user entity='a'/><user/><user entity='a'/><user entity='b'/>"
-                         "</users>"));
+                         "<users><user entity='a'/><user/><user entity='a'/><user/></users>"));
   EXPECT_EQ(Told(state, Conference("2", "partial",
-                                   users + "<user entity='a' state='deleted'/><user entity='b' "
-                                           "state='deleted'/><user state='deleted'/></users>")),
-            "applied\n-/conference-info/users/user[a]\n-/conference-info/users/user[b]");
-  EXPECT_NE(Written(state).find("<users><user/><user entity=\"a\"/></users>"), std::string::npos)
+                                   users + "<user entity='a' state='deleted'/><user "
+                                           "state='deleted'/></users>")),
+            "applied\n-/conference-info/users/user[a]\n-/conference-info/users/user[]");
+  EXPECT_NE(Written(state).find("<users><user entity=\"a\"/><user/></users>"), std::string::npos)
       << Written(state);
+}
+
+// What a peer tells of something that it tells to be deleted is nothing; what is told again, too.
+TEST(State, WhatIsDeletedHasNothingInIt) {
+  ztxml::State<zt_conference_type> state;
+  const std::string gone = "<users state='deleted'><user entity='x'/></users>";
+  const std::string host = "<host-info><uris><entry><uri>u</uri></entry></uris></host-info>";
+  EXPECT_EQ(Told(state, Conference("1", "full", gone + host)),
+            "applied\n+/conference-info/host-info");
+  EXPECT_EQ(Written(state).find("users"), std::string::npos) << Written(state);
+  EXPECT_EQ(Told(state, Conference("2", "full", gone + host)), "applied");
+  EXPECT_EQ(Told(state, Conference("3", "partial", host)), "applied");
+  EXPECT_EQ(Told(state, Conference("4", "deleted", "<users><user entity='x'/></users>")),
+            "refresh: what it tells of is no more, applied\n-/conference-info/host-info");
+  EXPECT_EQ(Written(state).find("users"), std::string::npos) << Written(state);
 }
 
 // RFC 3680, section 5.3 and 5.2.
@@ -238,6 +252,11 @@ void ExpectVersions(const Make& make, const char* partial, const char* full, boo
   EXPECT_FALSE(refused);
   EXPECT_EQ(refused.error().code, ztxml::Code::kMissingValue);
   EXPECT_EQ(state.Apply("<a").error().code, ztxml::Code::kIncomplete);
+  // Whether all is told must be told, unless the standard has a default.
+  constexpr bool hasDefault = std::is_same_v<T, zt_conference_type>;
+  const auto unsaid = state.Apply(make("2", "Partial"));
+  EXPECT_EQ(unsaid.error().code, hasDefault ? ztxml::Code::kNone : ztxml::Code::kMissingValue);
+  if (unsaid) return;
   EXPECT_EQ(Told(state, make("2", partial)), "applied");
 }
 

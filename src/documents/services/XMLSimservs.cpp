@@ -64,7 +64,8 @@ const Service* FindService(const char* className) {
 // The contexts of the services, one for each schema, made when first asked for.
 class Contexts {
  public:
-  explicit Contexts(XMLObject* binder) : m_pBinder(binder) {}
+  explicit Contexts(XMLObject* binder, ztxml::Error* error = nullptr)
+      : m_pBinder(binder), m_pError(error) {}
   ~Contexts() {
     for (XMLContext* context : m_Contexts) ZtRelease(context);
   }
@@ -76,6 +77,7 @@ class Contexts {
     XMLContext* context = Get(service);
     XMLUnMarshaller* worker = context ? context->unMarshaller() : nullptr;
     if (context && !worker) worker = context->createUnMarshaller();
+    if (worker) worker->ReportTo(m_pError);
     root = worker ? worker->UnMarshall(text) : nullptr;
     // The text is part of a document that was parsed, so only memory can be lacking.
     return root || (worker && static_cast<ZtUnMarshaller*>(worker)->Parse(text, root));
@@ -102,6 +104,7 @@ class Contexts {
   }
 
   XMLObject* m_pBinder;
+  ztxml::Error* m_pError;
   XMLContext* m_Contexts[kServiceCount] = {};
 };
 
@@ -378,13 +381,17 @@ XMLElement* SimservsUnMarshaller::ReadCut(ZtPiece xml, char* text) {
     return nullptr;
   }
   ServiceNamespaces namespaces(zt_schema_namespace_retrieval::From(NamespaceBinder()));
-  Contexts contexts(namespaces.Binder());
+  Contexts contexts(namespaces.Binder(), m_pError ? &error : nullptr);
   for (std::size_t i = 0; i < kServiceCount; ++i) {
     auto& root = static_cast<zt_Simservs&>(*parsed);
     if (ReadServices(kServices[i], cutters[i], namespaces, contexts, root)) continue;
+    // What is part of the root was parsed before.
+    const bool isText = error.code > ztxml::Code::kNoMemory;
+    if (m_pError && isText) ZtExplainRest(*m_pError, {Document(), xml, {}, xml, false});
     ZtRelease(parsed);
     return nullptr;
   }
+  if (m_pError) *m_pError = ztxml::Error();
   return parsed;
 }
 
