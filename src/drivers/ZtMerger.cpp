@@ -26,6 +26,8 @@ bool IsScalar(const ZtField& row) {
   return row.place == ZtPlace::kAttribute || row.place == ZtPlace::kTextElement ||
          row.place == ZtPlace::kOwnText;
 }
+// One out of a choice: no document that is told in parts has such a row.
+bool IsChoice(const ZtField& row) { return row.place == ZtPlace::kOtherChild; }
 // Whether a row says how an element is told, and nothing of what it is.
 bool IsOf(ZtNameId ZtTelling::*what, const ZtElementType& type, const ZtField& row) {
   const ZtTelling* const telling = type.extras->telling;
@@ -66,6 +68,7 @@ bool AreOther(const ZtListNode& a, const ZtListNode& b, const ZtField& row) {
 }
 
 bool RowsDiffer(XMLElement& one, XMLElement& other, const ZtField& row) {
+  if (IsChoice(row)) return false;
   if (IsScalar(row)) return !(ZtHeld(one, row) == ZtHeld(other, row));
   if (row.place == ZtPlace::kChild) {
     return Differ(ChildOf(one, row).Get(), ChildOf(other, row).Get(), TypeOf(row));
@@ -242,8 +245,8 @@ void ZtMerger::Unindex(const XMLElement& element, const ZtElementType& type) {
 void ZtMerger::Merge(XMLElement& known, XMLElement& fresh, const ZtElementType& type) {
   bool isChanged = false;
   for (const ZtField& row : type) {
-    if (IsOf(&ZtTelling::state, type, row)) continue;
-    if (row.place == ZtPlace::kChild || row.place == ZtPlace::kOtherChild) {
+    if (IsOf(&ZtTelling::state, type, row) || IsChoice(row)) continue;
+    if (row.place == ZtPlace::kChild) {
       MergeChild(known, fresh, row);
     } else if (IsKeyed(row)) {
       MergeEntries(known, fresh, row);

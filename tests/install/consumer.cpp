@@ -2,13 +2,13 @@
 // the package's once had.
 #include <cstdio>
 #include <string>
-#include <ztxml/XMLReginfo.h>
-#include <ztxml/reginfo.h>
-#include <ztxml/ztxml.h>
 
 #include "File.h"
 #include "List.h"
 #include "Presence.h"
+#include <ztxml/XMLReginfo.h>
+#include <ztxml/reginfo.h>
+#include <ztxml/ztxml.h>
 
 #if OWN_HEADERS != 3
 #error "the package's headers come before the program's"
