@@ -1,7 +1,8 @@
 #include "drivers/ZtExplain.h"
 
 #include "binding/ZtPath.h"
-#include "binding/ZtStandard.h"
+#include "binding/ZtStandardWriter.h"
+#include "drivers/ZtSentence.h"
 #include "text/ZtTagWalk.h"
 #include "ztxml/XmlDecoder.h"
 
@@ -11,125 +12,11 @@ using ztxml::Code;
 using ztxml::Error;
 using ztxml::Stage;
 
-// Whether a character can be shown as it is: none that moves or hides others.
-bool IsShown(const char* at, std::size_t size) {
-  const auto c = static_cast<unsigned char>(*at);
-  if (size == 1) return c >= ' ' && c != 0x7F;
-  const auto second = static_cast<unsigned char>(at[1]);
-  if (size == 2) return c != 0xC2 || second >= 0xA0;
-  const auto third = static_cast<unsigned char>(at[size - 1]);
-  const bool isMark =
-      (second == 0x80 && (third == 0x8E || third == 0x8F || (third >= 0xA8 && third <= 0xAE))) ||
-      (second == 0x81 && third >= 0xA6 && third <= 0xA9);
-  return size != 3 || c != 0xE2 || !isMark;
-}
-
-// Writes the sentence into the error's room, and leaves out what goes beyond it.
-class Sentence {
- public:
-  Sentence(Error& error, Code code, Stage stage) : m_Error(error) {
-    error.code = code;
-    error.stage = stage;
-    error.line = error.column = error.otherLine = error.otherColumn = 0;
-    error.path[0] = error.text[0] = '\0';
-  }
-  ~Sentence() { m_Error.text[m_iSize] = '\0'; }
-  Sentence(const Sentence&) = delete;
-  Sentence& operator=(const Sentence&) = delete;
-
-  // The beginning: where, and the kind of the failure.
-  Sentence& At(const ZtTextPlace& place) {
-    m_Error.line = place.line;
-    m_Error.column = place.column;
-    return *this << place << ": ";
-  }
-  Sentence& In(const char* path) {
-    const ZtPiece text = path;
-    std::memcpy(m_Error.path, path, text.size + 1);
-    if (text.size) *this << text << ": ";
-    return *this;
-  }
-  Sentence& Begin() {
-    *this << NameOf(m_Error.code) << ": ";
-    m_Error.sentence = static_cast<unsigned short>(m_iSize);
-    return *this;
-  }
-
-  Sentence& operator<<(ZtPiece text) {
-    const std::size_t room = Error::kTextRoom - 1 - m_iSize;
-    const std::size_t size = text.size < room ? text.size : room;
-    if (size) std::memcpy(m_Error.text + m_iSize, text.text, size);
-    m_iSize += size;
-    return *this;
-  }
-  Sentence& operator<<(const char* text) { return *this << ZtPiece(text); }
-  Sentence& operator<<(const ZtTextPlace& place) {
-    return Number(place.line) << ":", Number(place.column);
-  }
-  // Where what it contradicts is.
-  Sentence& Other(const ZtTextPlace& place) {
-    m_Error.otherLine = place.line;
-    m_Error.otherColumn = place.column;
-    return *this << place;
-  }
-  // A name or another piece of what strangers sent: short, and in one line.
-  Sentence& Quote(ZtPiece piece) {
-    const char* at = piece.text;
-    const char* const end = at + piece.size;
-    while (at < end) {
-      const char* const from = at;
-      if (static_cast<std::size_t>(at - piece.text) >= kMostQuoted) return *this << "...";
-      const bool isCharacter = ZtPassCharacter(at, end);
-      if (!isCharacter) at = from + 1;
-      const auto size = static_cast<std::size_t>(at - from);
-      *this << (isCharacter && IsShown(from, size) ? ZtPiece(from, size) : ZtPiece("?"));
-    }
-    return *this;
-  }
-
- private:
-  static constexpr std::size_t kMostQuoted = 60;
-
-  Sentence& Number(std::size_t number) {
-    char buffer[kZtNumberSize];
-    return *this << ZtFormatNumber(number, buffer);
-  }
-
-  Error& m_Error;
-  std::size_t m_iSize = 0;
-};
-
 ZtTextPlace PlaceOf(const ZtFailedText& failed, std::size_t at) {
   return ZtPlaceFinder(failed.original, failed.form).Find(at);
 }
 
 // ---- Paths --------------------------------------------------------------------------------------
-
-// Copies a text of strangers, with a question mark for what cannot be shown.
-void Copy(const char* from, char* to) {
-  const char* const end = from + __strlen(from);
-  while (from < end) {
-    const char* at = from;
-    const bool isText = ZtPassCharacter(at, end);
-    if (!isText) at = from + 1;
-    const auto size = static_cast<std::size_t>(at - from);
-    if (isText && IsShown(from, size)) {
-      std::memcpy(to, from, size);
-      to += size;
-    } else {
-      *to++ = '?';
-    }
-    from = at;
-  }
-  *to = '\0';
-}
-
-ZtPiece LocalOf(ZtPiece name) {
-  const void* const colon = std::memchr(name.text, ':', name.size);
-  if (!colon) return name;
-  const auto prefix = static_cast<std::size_t>(static_cast<const char*>(colon) - name.text) + 1;
-  return {name.text + prefix, name.size - prefix};
-}
 
 const ZtElementType* RootType(const ZtDocument& document, ZtPiece local) {
   for (const ZtRoot& root : document.roots) {
@@ -146,7 +33,7 @@ void SetPath(const ZtFailedText& failed, const ZtOpenElements& open, Error& erro
   for (std::size_t level = 0; level < open.Kept(); ++level) {
     const ZtPiece name = open.Name(level);
     if (name.size == 0) break;
-    const ZtPiece local = LocalOf(name);
+    const ZtPiece local = ZtLocalIn(name);
     if (level == 0) {
       type = RootType(failed.document, local);
       path.Push("/", type ? local : name);
@@ -164,7 +51,7 @@ void SetPath(const ZtFailedText& failed, const ZtOpenElements& open, Error& erro
     type = own ? &ZtStandardOf(*own) : nullptr;
   }
   if (open.Kept() < open.Depth()) path.Push("/", "...");
-  Copy(path.Text(), error.path);
+  ZtCopyShown(path.Text(), error.path);
 }
 
 ZtTagEnds EndsOf(const ZtFailedText& failed) {
@@ -172,7 +59,7 @@ ZtTagEnds EndsOf(const ZtFailedText& failed) {
 }
 
 // Where the error is, with its path; the sentence is to follow.
-Sentence& Place(Sentence& sentence, Error& error, const ZtFailedText& failed, std::size_t at) {
+ZtSentence& Place(ZtSentence& sentence, Error& error, const ZtFailedText& failed, std::size_t at) {
   SetPath(failed, ZtOpenElements(failed.text, EndsOf(failed), at), error);
   return sentence.At(PlaceOf(failed, at)).Begin();
 }
@@ -182,13 +69,13 @@ Sentence& Place(Sentence& sentence, Error& error, const ZtFailedText& failed, st
 constexpr char kBlanks[] = " \t\r\n";
 
 // What a fault is called where there is nothing special to say: its sentence as part of another.
-void Plain(Sentence& sentence, const char* text) {
+void Plain(ZtSentence& sentence, const char* text) {
   const auto isCapital = [](char c) { return c >= 'A' && c <= 'Z'; };
   const bool isWord = isCapital(text[0]) && !isCapital(text[1]);
   const char first = isWord ? static_cast<char>(text[0] | 0x20) : text[0];
   sentence << ZtPiece(&first, 1) << ZtPiece(text + 1, __strlen(text) - 2);  // without its full stop
 }
-void Plain(Sentence& sentence, ZtXmlFault fault) { Plain(sentence, ZtFaultText(fault)); }
+void Plain(ZtSentence& sentence, ZtXmlFault fault) { Plain(sentence, ZtFaultText(fault)); }
 
 // The name that the end tag at `at` is to have; empty when it closes nothing.
 ZtPiece ExpectedAt(ZtPiece text, const ZtOpenElements& open) {
@@ -203,7 +90,7 @@ const char* AfterExpected(ZtPiece text, std::size_t at, ZtPiece expected) {
   return *rest == '<' || std::strspn(rest, kBlanks) ? rest + std::strspn(rest, kBlanks) : nullptr;
 }
 
-void EndTag(Sentence& sentence, const ZtFailedText& failed, std::size_t at,
+void EndTag(ZtSentence& sentence, const ZtFailedText& failed, std::size_t at,
             const ZtOpenElements& open) {
   const ZtPiece expected = ExpectedAt(failed.text, open);
   const char* const rest = AfterExpected(failed.text, at, expected);
@@ -227,14 +114,14 @@ void EndTag(Sentence& sentence, const ZtFailedText& failed, std::size_t at,
 }
 
 // An open element at the end of the text.
-void NotClosed(Sentence& sentence, const ZtFailedText& failed, const ZtOpenElements& open) {
+void NotClosed(ZtSentence& sentence, const ZtFailedText& failed, const ZtOpenElements& open) {
   sentence << "<";
   sentence.Quote(ZtNameInTag(failed.text, open.Innermost())) << "> is not closed (opened at ";
   sentence.Other(PlaceOf(failed, open.Innermost())) << ")";
 }
 
 // Within a start tag at `tag`.
-void InTag(Sentence& sentence, const ZtFailedText& failed, ZtXmlFault fault, std::size_t at,
+void InTag(ZtSentence& sentence, const ZtFailedText& failed, ZtXmlFault fault, std::size_t at,
            std::size_t tag) {
   const ZtPiece text = failed.text;
   const ZtPiece attribute = ZtLastAttribute(text, tag, at);
@@ -270,7 +157,7 @@ void InTag(Sentence& sentence, const ZtFailedText& failed, ZtXmlFault fault, std
   Plain(sentence, fault);
 }
 
-void CutShort(Sentence& sentence, const ZtFailedText& failed, std::size_t from) {
+void CutShort(ZtSentence& sentence, const ZtFailedText& failed, std::size_t from) {
   const char* const at = failed.text.text + from;
   if (*at != '<') {
     sentence << "the text ends within a reference";
@@ -336,7 +223,7 @@ const char* ztxml::NameOf(Code code) {
 }
 
 void ZtExplain(Error& error, Code code, Stage stage, const char* sentence, const char* path) {
-  Sentence(error, code, stage).In(path).Begin() << sentence;
+  ZtSentence(error, code, stage).In(path).Begin() << sentence;
 }
 
 void ZtExplainMissing(Error& error, Stage stage, const char* path) {
@@ -347,23 +234,27 @@ void ZtExplainNoMemory(Error& error, Stage stage) {
   ZtExplain(error, Code::kNoMemory, stage, "an allocation failed");
 }
 
+ZtPiece ZtEncodingNameAt(const ZtFailedText& failed, std::size_t at) {
+  const char* const name = failed.original.text + failed.form.mark.size + at;
+  const char* const end = failed.original.text + failed.original.size;
+  const char* stop = name;
+  while (stop < end && *stop != '"' && *stop != '\'' && *stop > ' ') ++stop;
+  return {name, static_cast<std::size_t>(stop - name)};
+}
+
 void ZtExplainEncoding(Error& error, const ZtFailedText& failed, ZtEncodingFault fault,
                        std::size_t at) {
   const bool isCharacter = fault == ZtEncodingFault::kBadCharacter;
-  Sentence sentence(error, isCharacter ? Code::kMalformed : Code::kEncoding, Stage::kDecoding);
+  ZtSentence sentence(error, isCharacter ? Code::kMalformed : Code::kEncoding, Stage::kDecoding);
   sentence.At(PlaceOf(failed, at)).Begin();
   if (fault == ZtEncodingFault::kUnknown) {
-    // The name in the declaration stands in single bytes.
-    const char* const name = failed.original.text + failed.form.mark.size + at;
-    const char* const end = failed.original.text + failed.original.size;
-    const char* stop = name;
-    while (stop < end && *stop != '"' && *stop != '\'' && *stop > ' ') ++stop;
-    if (stop == name) {
+    const ZtPiece name = ZtEncodingNameAt(failed, at);
+    if (name.size == 0) {
       sentence << "the encoding that the declaration names is not supported";
       return;
     }
     sentence << "the encoding ";
-    sentence.Quote({name, static_cast<std::size_t>(stop - name)}) << " is not supported";
+    sentence.Quote(name) << " is not supported";
     return;
   }
   Plain(sentence, ZtFaultText(fault));
@@ -371,7 +262,7 @@ void ZtExplainEncoding(Error& error, const ZtFailedText& failed, ZtEncodingFault
 
 void ZtExplainXml(Error& error, const ZtFailedText& failed, const ZtXmlError& fault) {
   if (fault.fault == ZtXmlFault::kOutOfMemory) return ZtExplainNoMemory(error, Stage::kParsing);
-  Sentence sentence(error, CodeOf(fault.fault), Stage::kParsing);
+  ZtSentence sentence(error, CodeOf(fault.fault), Stage::kParsing);
   const ZtPiece text = failed.text;
   std::size_t at = fault.at;
   if (fault.fault == ZtXmlFault::kCutShort && fault.other != ZtXmlError::kNowhere) {
@@ -447,7 +338,7 @@ bool SaysUtf16(Error& error, const ZtFailedText& failed) {
       (std::memcmp(text.text, "\xff\xfe", 2) != 0 && std::memcmp(text.text, "\xfe\xff", 2) != 0)) {
     return false;
   }
-  Sentence sentence(error, Code::kEncoding, Stage::kDecoding);
+  ZtSentence sentence(error, Code::kEncoding, Stage::kDecoding);
   sentence.At({}).Begin() << "UTF-16 is read in the standard profile only";
   return true;
 }
@@ -494,7 +385,7 @@ void NotTag(Error& error, const ZtFailedText& failed, std::size_t at) {
   const Refused why = isWhole ? WhyRefused(markup, tag, open.Depth() > 0)
                               : Refused{ZtXmlFault::kCutShort, nullptr, 0};
   const bool isXml = why.fault == ZtXmlFault::kNone;
-  Sentence sentence(error, isXml ? Code::kRefused : CodeOf(why.fault), Stage::kParsing);
+  ZtSentence sentence(error, isXml ? Code::kRefused : CodeOf(why.fault), Stage::kParsing);
   SetPath(failed, open, error);
   sentence.At(PlaceOf(failed, at + why.at)).Begin();
   if (!isWhole) return CutShort(sentence, failed, at);
@@ -528,21 +419,21 @@ void ZtExplainParser(Error& error, const ZtFailedText& failed, std::size_t at) {
   const bool hasEnd =
       hasTag && ZtFind(const_cast<char*>(text.text) + at, '>', text.text + text.size);
   if (!hasEnd && (hasTag || open.Depth())) {
-    Sentence sentence(error, Code::kIncomplete, Stage::kParsing);
+    ZtSentence sentence(error, Code::kIncomplete, Stage::kParsing);
     Place(sentence, error, failed, at);
     return hasTag ? CutShort(sentence, failed, at) : NotClosed(sentence, failed, open);
   }
   if (!hasEnd) {
     const std::size_t blank = std::strspn(text.text, " \t\r\n");
     const bool isText = blank < text.size && text.text[blank] != '<';
-    Sentence sentence(error, isText ? Code::kMalformed : Code::kIncomplete, Stage::kParsing);
+    ZtSentence sentence(error, isText ? Code::kMalformed : Code::kIncomplete, Stage::kParsing);
     Place(sentence, error, failed, isText ? blank : at);
     return Plain(sentence, isText ? ZtXmlFault::kTextBeforeRoot : ZtXmlFault::kNoElement);
   }
   if (text.text[at + 1] == '/') {
     const char* const rest = AfterExpected(text, at, ExpectedAt(text, open));
     const bool isXml = rest && *rest == '>';
-    Sentence sentence(error, isXml ? Code::kRefused : Code::kMalformed, Stage::kParsing);
+    ZtSentence sentence(error, isXml ? Code::kRefused : Code::kMalformed, Stage::kParsing);
     Place(sentence, error, failed, at);
     if (!isXml) return EndTag(sentence, failed, at, open);
     sentence << "white space in an end tag is" << kStandardOnly;
@@ -557,7 +448,7 @@ void ZtExplainParser(Error& error, const ZtFailedText& failed, std::size_t at) {
   const bool isInValue = fault.fault == ZtXmlFault::kCutShort;
   if (isInValue) fault = ZtFaultInTag(text, at);
   const bool isXml = fault.fault == ZtXmlFault::kNone;
-  Sentence sentence(error, isXml ? Code::kRefused : CodeOf(fault.fault), Stage::kParsing);
+  ZtSentence sentence(error, isXml ? Code::kRefused : CodeOf(fault.fault), Stage::kParsing);
   const std::size_t place = isXml ? size - 1 : fault.at;
   Place(sentence, error, failed, place);
   if (!isXml) return InTag(sentence, failed, fault.fault, place, at);
@@ -567,7 +458,7 @@ void ZtExplainParser(Error& error, const ZtFailedText& failed, std::size_t at) {
 
 void ZtExplainNul(Error& error, const ZtFailedText& failed, std::size_t at) {
   if (SaysUtf16(error, failed)) return;
-  Sentence sentence(error, Code::kMalformed, Stage::kDecoding);
+  ZtSentence sentence(error, Code::kMalformed, Stage::kDecoding);
   sentence.At(PlaceOf(failed, at)).Begin() << "there is a NUL in the text";
 }
 
@@ -579,13 +470,13 @@ void ZtExplainRest(Error& error, const ZtFailedText& failed) {
     if (tag.kind == ZtRawTag::Kind::kEnd && depth) --depth;
     if (depth == 0 && tag.kind != ZtRawTag::Kind::kOther) break;
   }
-  Sentence sentence(error, Code::kMalformed, Stage::kParsing);
+  ZtSentence sentence(error, Code::kMalformed, Stage::kParsing);
   sentence.At(PlaceOf(failed, tag.to)).Begin();
   Plain(sentence, ZtXmlFault::kJunkAfterRoot);
 }
 
 void ZtExplainSlash(Error& error, const ZtFailedText& failed, std::size_t at) {
-  Sentence sentence(error, Code::kRefused, Stage::kBinding);
+  ZtSentence sentence(error, Code::kRefused, Stage::kBinding);
   Place(sentence, error, failed, at) << "the name of a start tag begins with a slash";
 }
 
@@ -597,14 +488,14 @@ void ZtExplainRoot(Error& error, const ZtFailedText& failed, ZtPiece uri) {
   do {
     found = walk.Next(tag);
   } while (found && !tag.Opens());
-  Sentence sentence(error, Code::kWrongRoot, Stage::kBinding);
+  ZtSentence sentence(error, Code::kWrongRoot, Stage::kBinding);
   Place(sentence, error, failed, tag.from) << "the root element is <";
   sentence.Quote(tag.name) << ">";
   if (document.roots.size() == 0) {
     sentence << ", but documents of this kind are read in the exact profile only";
     return;
   }
-  const ZtElementType* const type = RootType(document, LocalOf(tag.name));
+  const ZtElementType* const type = RootType(document, ZtLocalIn(tag.name));
   if (!type || (failed.type && type != &ZtStandardOf(*failed.type))) {
     const char* sign = ", not <";
     for (const ZtRoot& root : document.roots) {

@@ -20,6 +20,9 @@ struct ZtFailedText {
   const ZtElementType* type = nullptr;  // that of the root which is wanted; null: any
 };
 
+// The name of an encoding in the declaration, where it stands in single bytes.
+ZtPiece ZtEncodingNameAt(const ZtFailedText& failed, std::size_t at);
+
 // Of the standard profile.
 void ZtExplainEncoding(ztxml::Error& error, const ZtFailedText& failed, ZtEncodingFault fault,
                        std::size_t at);

@@ -1,5 +1,7 @@
 #include "drivers/ZtStandardDocument.h"
 
+#include <algorithm>
+
 #include "base/ZtLog.h"
 #include "binding/ZtStandardReader.h"
 #include "binding/ZtStandardWriter.h"
@@ -47,15 +49,10 @@ class Refusal {
     ZtLog(kZtLogError, Source())("<XML Module>: line %lu, column %lu: %s", place.line, place.column,
                                  why);
   }
-  // The name in the declaration stands in single bytes: a longer one is cut.
   void LogEncoding(std::size_t at) const {
     char name[40] = {};
-    const std::size_t from = m_Failed.form.mark.size + at;
-    for (std::size_t i = 0; i + 1 < sizeof(name) && from + i < m_Failed.original.size; ++i) {
-      const char c = m_Failed.original.text[from + i];
-      if (c == '"' || c == '\'' || c <= ' ') break;
-      name[i] = c;
-    }
+    const ZtPiece named = ZtEncodingNameAt(m_Failed, at);
+    if (named.size) std::memcpy(name, named.text, std::min(named.size, sizeof(name) - 1));
     ZtLog(kZtLogError, Source())("<XML Module>: the encoding %s is not supported", name);
   }
 

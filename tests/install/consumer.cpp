@@ -10,7 +10,7 @@
 #include <ztxml/reginfo.h>
 #include <ztxml/ztxml.h>
 
-#if OWN_HEADERS != 3
+#if !defined(OWN_FILE_H) || !defined(OWN_LIST_H) || !defined(OWN_PRESENCE_H)
 #error "the package's headers come before the program's"
 #endif
 
