@@ -35,6 +35,7 @@ class ZT_API ZtSchemaDecoder : public XmlDecoderSchema, public ZtSink {
   void Start(ScannedTag& tag) override;
   void Attributes(ScannedTag& tag) override;
   void Opened(char* name) override;
+  void Tag(ScannedTag& tag) override;
   int End(ZtPiece slashName, ZtPiece text) override;
 
   /// Before anything is read: what is made lies in `arena` (borrowed), with the texts of the
@@ -111,6 +112,7 @@ class ZT_API ZtSchemaDecoder : public XmlDecoderSchema, public ZtSink {
 
   struct Frame {  // of an object on the stack
     const ZtElementType* type;
+    const ZtField* next;  // where the search for the row of its next child begins
     int name;  // of its element
     Kind kind;
   };
@@ -124,20 +126,25 @@ class ZT_API ZtSchemaDecoder : public XmlDecoderSchema, public ZtSink {
   ZtOutcome OfferAttribute(const ZtElementType& type, ZtPiece name, ZtPiece value);
   XMLElement* Make(const ZtElementType& type);
   XMLElement* MakeFlag(ZtPiece name);
-  inline bool StartElement(const Open& current, const ZtChildName& name);
+  inline void StartTag(ScannedTag& tag);
+  inline void KeepAttributes(ScannedTag& tag);
+  inline bool StartExpected(const Open& current, ZtPaddedPiece name);
+  inline bool StartRow(const Open& current, const ZtField& row, const ZtChildName& name);
+  bool StartElement(const Open& current, const ZtChildName& name);
+  inline bool StartNamed(const Open& current, const Element& element, const ZtChildName& name);
   void StartRoot(const Element& element, ZtNameId name);
   inline bool StartChild(const Open& current, const Element& element, const ZtChildName& name);
   XMLElement* StartExtension(const Element& element, ZtNameId name);
   void EndElement(const Open& current, const ZtChildName& name, ZtPiece value, bool skipped);
   void OfferEnd(const Open& current, const ZtField* row, const ZtChildName& name, ZtPiece value);
-  ZtOutcome Offer(const Open& parent, const ZtChildName& name, ZtPiece value, XMLElement* child,
+  inline ZtOutcome Offer(const Open& parent, const ZtChildName& name, ZtPiece value, XMLElement* child,
                   const ZtField* row = nullptr);
   int ElementCallback(char* name, ZtPiece value);
   bool IsNamed(const char* element) const;
   void RefuseSlash(const char* name);
   void NoteEmptyStack(int callbacks) const;
   Open Current() const;
-  inline Element Find(ZtNameId name, const ZtElementType* current);
+  Element Find(ZtNameId name, const ZtElementType* current);
   const ZtElementType* FindAnywhere(ZtNameId name, bool atEnd);
   void AddType(const ZtElementType* type);
   bool Closes(const Open& current, ZtNameId name) const;

@@ -1,5 +1,6 @@
 #include "ztxml/ZtArena.h"
 
+#include "base/ZtBytes.h"
 #include "ztxml/ztPlatform.h"
 
 // The address sanitizer is told which bytes of a block may be touched: the pieces in use and the
@@ -22,6 +23,7 @@ namespace {
 
 constexpr std::size_t kAlignment =
     alignof(unsigned long long);  // what the members of objects need at most
+constexpr std::size_t kPadding = 16;  // after the text
 constexpr std::size_t kLeastBlock = 128;
 constexpr std::size_t kFirstBlock = 1024;
 constexpr std::size_t kMostBlock = std::size_t{16} * 1024;
@@ -82,18 +84,18 @@ void ZtArena::Host(ZtArenaGuest* guest) { m_pBlock->guest = guest; }
 
 char* ZtArena::Keep(const char* text, std::size_t size) {
   char* copy = Reserve(size);
-  if (copy) std::memcpy(copy, text, size);
+  if (copy) ZtCopyText(copy, text, size);
   return copy;
 }
 
 char* ZtArena::Reserve(std::size_t size) {
   if (m_pBlock || size > SIZE_MAX / 2) return nullptr;
   m_iNext = size < kLeastBlock ? kLeastBlock : size < kFirstBlock ? size : kFirstBlock;
-  const std::size_t room = Aligned(size + 1);
+  const std::size_t room = Aligned(size + 1 + kPadding);
   if (!Grow(room)) return nullptr;
   char* copy = m_pFree;
   m_pFree += room;
-  ASAN_UNPOISON_MEMORY_REGION(copy, size + 1);
+  ASAN_UNPOISON_MEMORY_REGION(copy, size + 1 + kPadding);
   copy[size] = '\0';
   m_pText = copy;
   m_iTextSize = size + 1;

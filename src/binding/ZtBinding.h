@@ -48,13 +48,33 @@ const ZtField* ZtFindAttribute(const ZtElementType& type, ZtNameId name);
 const ZtField* ZtFindChild(const ZtElementType& type, ZtNameId name);
 // The row of the attribute `name`, or null. Attributes mostly come in the order of their rows: the
 // search begins at `next`, the row after that of the attribute before.
-inline const ZtField* ZtNextAttribute(const ZtElementType& type, const ZtField*& next,
-                                      ZtPiece name) {
+// `Name`: a piece, or a padded one.
+template <class Name>
+const ZtField* ZtNextAttribute(const ZtElementType& type, const ZtField*& next, Name name) {
   const ZtField* const end = type.children();
   for (int left = type.rows.attributes; left; --left) {
     if (next == end) next = type.begin();
     const ZtField* const row = next++;
     if (row->place == ZtPlace::kAttribute && row->name.Is(name)) return row;
+  }
+  return nullptr;
+}
+// The row of the child element `name` that has an object or a text, or null when it is to be looked
+// for otherwise. Children mostly come in the order of their rows, each perhaps repeated: the search
+// begins at `next`, which is where that of the next child begins then.
+inline const ZtField* ZtNextChild(const ZtElementType& type, const ZtField*& next,
+                                  ZtPaddedPiece name) {
+  const ZtField* const begin = type.children();
+  const ZtField* const end = type.end();
+  for (auto left = end - begin; left; --left) {
+    if (next == end) next = begin;
+    const ZtField* const row = next;
+    if (row->HasName() && row->name.Is(name)) {
+      if (row->IsOwnText()) return nullptr;
+      if (row->place != ZtPlace::kChildren && row->place != ZtPlace::kTextElements) ++next;
+      return row;
+    }
+    ++next;
   }
   return nullptr;
 }

@@ -87,7 +87,15 @@ void ZtSchemaDecoder::NoteEmptyStack(int callbacks) const {
   while (m_Stack.empty() && callbacks--) m_Stack.top();
 }
 
-void ZtSchemaDecoder::Start(ScannedTag& tag) {
+void ZtSchemaDecoder::Tag(ScannedTag& tag) {
+  StartTag(tag);
+  if (tag.count) KeepAttributes(tag);
+  Opened(tag.name);
+}
+
+void ZtSchemaDecoder::Start(ScannedTag& tag) { StartTag(tag); }
+
+inline void ZtSchemaDecoder::StartTag(ScannedTag& tag) {
   if (m_bFailed) return;
   // What may be refused is looked at as the callback does.
   if (*tag.name == '/' || (tag.colon && tag.colon[1] == '/')) {
@@ -98,13 +106,45 @@ void ZtSchemaDecoder::Start(ScannedTag& tag) {
     ++m_iSkipped;
     return NoteEmptyStack(1);
   }
-  const char* local = tag.NameSize() < kMostShortName ? LocalPart(tag.name, tag.colon) : nullptr;
+  const char* local = tag.name;
+  if (tag.NameSize() >= kMostShortName) {
+    local = nullptr;
+  } else if (tag.colon) {
+    local = LocalPart(tag.name, tag.colon);
+  }
   if (!local) {
     ElementCallback(tag.name, nullptr);
     return;
   }
-  const ZtChildName name(local, static_cast<std::size_t>(tag.nameEnd - local));
-  if (!StartElement(Current(), name)) m_iSkipped = 1;
+  const Open current = Current();
+  const ZtPaddedPiece name(local, static_cast<std::size_t>(tag.nameEnd - local));
+  if (!StartExpected(current, name)) m_iSkipped = 1;
+}
+
+// As StartElement, for an element that the rows of the open type may tell at once.
+bool ZtSchemaDecoder::StartExpected(const Open& current, ZtPaddedPiece name) {
+  const ZtField* row = nullptr;
+  if (current.type && !m_iDropped) {
+    row = ZtNextChild(*current.type, m_Frames[m_Stack.size()].next, name);
+  }
+  for (const ZtRoot& root : m_Document.roots) {
+    if (row && root.name == row->name) row = nullptr;
+  }
+  if (!row) return StartElement(current, {name.text, name.size});
+  return StartRow(current, *row, ZtChildName(name, false, row->name));
+}
+
+// What StartNamed does for an element of a row.
+bool ZtSchemaDecoder::StartRow(const Open& current, const ZtField& row, const ZtChildName& name) {
+  const Element element = {row.IsObject() ? row.detail.type : nullptr, &row, Kind::kObject};
+  if (current.type->extras->child || (element.type && element.type->extras->flag) ||
+      !(element.type || row.IsText())) {
+    return StartNamed(current, element, name);
+  }
+  m_bOfferEnd = true;
+  m_pText = element.type ? nullptr : &row;
+  m_Started = Open();
+  return element.type && StartChild(current, element, name);
 }
 
 void ZtSchemaDecoder::Opened(char* name) {
@@ -149,10 +189,14 @@ bool ZtSchemaDecoder::EndOpened(ZtPiece slashName, ZtPiece text) {
 
 // False when the content of the element is to be skipped.
 bool ZtSchemaDecoder::StartElement(const Open& current, const ZtChildName& name) {
+  return StartNamed(current, Find(name.id, current.type), name);
+}
+
+bool ZtSchemaDecoder::StartNamed(const Open& current, const Element& element,
+                                 const ZtChildName& name) {
   m_bOfferEnd = true;
   m_pText = nullptr;
   m_Started = Open();
-  const Element element = Find(name.id, current.type);
   if (element.kind == Kind::kRoot) {
     StartRoot(element, name.id);
     return m_Started.object != nullptr;
@@ -304,15 +348,24 @@ bool ZtSchemaDecoder::IsNamed(const char* element) const {
   return element == m_pNamed && !std::memchr(element, '\0', kShort);
 }
 
-void ZtSchemaDecoder::Attributes(ScannedTag& tag) {
+void ZtSchemaDecoder::Attributes(ScannedTag& tag) { KeepAttributes(tag); }
+
+inline void ZtSchemaDecoder::KeepAttributes(ScannedTag& tag) {
   if (m_Stack.empty()) return NoteEmptyStack(tag.count + tag.blankAtEnd);
-  if (!m_Started.object) return;
+  if (!m_Started.object || m_bFailed) return;
+  XMLElement& object = *m_Started.object;
   const ZtElementType& type = *m_Started.type;
   const ZtField* next = type.begin();
-  for (int i = 0; i < tag.count && !m_bFailed; ++i) {
-    const ZtPiece name = tag.attributes[i].Name();
-    const ZtPiece value = tag.attributes[i].Value();
-    KeepAttribute(type, ZtNextAttribute(type, next, name), name, value);
+  const bool inPlace = m_pArena && m_pArena->Holds(tag.name);
+  for (ScannedAttribute& attribute : tag) {
+    tag.Cut(attribute);
+    const ZtField* const row = ZtNextAttribute(type, next, attribute.Name());
+    if (inPlace && row && row->value == ZtValue::kText) {
+      (object.*row->member.text).Refer(attribute.Value());
+    } else {
+      KeepAttribute(type, row, attribute.Name(), attribute.Value());
+      if (m_bFailed) return;
+    }
   }
 }
 
@@ -358,7 +411,8 @@ ZtSource ZtSchemaDecoder::SourceOf(const ZtElementType& type) {
 }
 
 XMLElement* ZtSchemaDecoder::Make(const ZtElementType& type) {
-  XMLElement* object = type.Create(SourceOf(type));
+  XMLElement* object =
+      ZtRecordsNothing() && type.make ? type.make(m_pArena) : type.Create(SourceOf(type));
   if (!object) m_bFailed = true;
   m_Started = {object, &type};
   return object;
@@ -405,7 +459,9 @@ void ZtSchemaDecoder::Push(XMLElement* object, const Element& element, ZtNameId 
   m_pText = nullptr;
   if (m_Stack.size() == XmlCodeGenStack::kCapacity - 1) ++m_iDropped;
   m_Stack.push(object);
-  if (!m_iDropped) m_Frames[m_Stack.size()] = {element.type, name.Id(), element.kind};
+  if (!m_iDropped) {
+    m_Frames[m_Stack.size()] = {element.type, element.type->children(), name.Id(), element.kind};
+  }
 }
 
 // The end of an element that the full stack did not take closes nothing. Intended: no more than 100
