@@ -39,10 +39,12 @@ class ZT_API ZtArena {
   }
 
  private:
+  friend class ZtHeapObject;
   friend void* ZtAllocate(std::size_t size, ZtArena* arena);
   friend void ZtFree(void* piece);
   struct Block;
 
+  static void* Allocate(std::size_t size, ZtArena* arena);
   void* Take(std::size_t size);
   bool Grow(std::size_t size);
   static void Drop(Block* block);

@@ -124,14 +124,13 @@ class ZT_API ZtSchemaDecoder : public XmlDecoderSchema, public ZtSink {
   inline void KeepAttribute(const ZtElementType& type, const ZtField* field, ZtPiece name,
                             ZtPiece value);
   ZtOutcome OfferAttribute(const ZtElementType& type, ZtPiece name, ZtPiece value);
-  XMLElement* Make(const ZtElementType& type);
+  inline XMLElement* Make(const ZtElementType& type);
   XMLElement* MakeFlag(ZtPiece name);
-  inline void StartTag(ScannedTag& tag);
-  inline void KeepAttributes(ScannedTag& tag);
-  inline bool StartExpected(const Open& current, ZtPaddedPiece name);
-  inline bool StartRow(const Open& current, const ZtField& row, const ZtChildName& name);
+  void StartTag(ScannedTag& tag);
+  void KeepAttributes(ScannedTag& tag);
+  inline bool StartKnown(ScannedTag& tag);
+  inline void KeepText(const ZtField& row, ZtPiece text);
   bool StartElement(const Open& current, const ZtChildName& name);
-  inline bool StartNamed(const Open& current, const Element& element, const ZtChildName& name);
   void StartRoot(const Element& element, ZtNameId name);
   inline bool StartChild(const Open& current, const Element& element, const ZtChildName& name);
   XMLElement* StartExtension(const Element& element, ZtNameId name);
@@ -149,7 +148,7 @@ class ZT_API ZtSchemaDecoder : public XmlDecoderSchema, public ZtSink {
   void AddType(const ZtElementType* type);
   bool Closes(const Open& current, ZtNameId name) const;
   const ZtElementType* CurrentType() const;
-  void Push(XMLElement* object, const Element& element, ZtNameId name);
+  inline void Push(XMLElement* object, const Element& element, ZtNameId name);
   void Pop();
 
   std::size_t m_iPassCapacity = 0;  // bytes allocated for m_PassName

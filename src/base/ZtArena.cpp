@@ -102,7 +102,7 @@ char* ZtArena::Reserve(std::size_t size) {
   return copy;
 }
 
-inline void* ZtArena::Take(std::size_t size) {
+[[gnu::always_inline]] inline void* ZtArena::Take(std::size_t size) {
   if (size > SIZE_MAX / 2) return nullptr;
   const std::size_t room = Aligned(size + sizeof(Head));
   if (static_cast<std::size_t>(m_pEnd - m_pFree) < room && !Grow(room)) return nullptr;
@@ -158,9 +158,11 @@ void ZtArena::Free(Block* block) {
   __free(block);
 }
 
-void* ZtAllocate(std::size_t size, ZtArena* arena) {
+inline void* ZtArena::Allocate(std::size_t size, ZtArena* arena) {
   return arena ? arena->Take(size) : TakeFromHeap(size);
 }
+
+void* ZtAllocate(std::size_t size, ZtArena* arena) { return ZtArena::Allocate(size, arena); }
 
 void ZtFree(void* piece) {
   if (!piece) return;
@@ -187,7 +189,7 @@ void* ZtHeapObject::operator new(std::size_t size, const std::nothrow_t&) noexce
 }
 
 void* ZtHeapObject::operator new(std::size_t size, ZtArena* arena) noexcept {
-  return ZtAllocate(size, arena);
+  return ZtArena::Allocate(size, arena);
 }
 
 void ZtHeapObject::operator delete(void* pointer) noexcept { ZtFree(pointer); }

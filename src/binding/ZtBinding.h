@@ -50,7 +50,7 @@ const ZtField* ZtFindChild(const ZtElementType& type, ZtNameId name);
 // search begins at `next`, the row after that of the attribute before.
 // `Name`: a piece, or a padded one.
 template <class Name>
-const ZtField* ZtNextAttribute(const ZtElementType& type, const ZtField*& next, Name name) {
+const ZtField* ZtSearchAttribute(const ZtElementType& type, const ZtField*& next, Name name) {
   const ZtField* const end = type.children();
   for (int left = type.rows.attributes; left; --left) {
     if (next == end) next = type.begin();
@@ -59,24 +59,25 @@ const ZtField* ZtNextAttribute(const ZtElementType& type, const ZtField*& next, 
   }
   return nullptr;
 }
+template <class Name>
+[[gnu::always_inline]] inline const ZtField* ZtNextAttribute(const ZtElementType& type,
+                                                             const ZtField*& next, Name name) {
+  const ZtField* const due = next;
+  if (due == type.children() || due->place != ZtPlace::kAttribute || !due->name.Is(name)) {
+    return ZtSearchAttribute(type, next, name);
+  }
+  ++next;
+  return due;
+}
 // The row of the child element `name` that has an object or a text, or null when it is to be looked
 // for otherwise. Children mostly come in the order of their rows, each perhaps repeated: the search
 // begins at `next`, which is where that of the next child begins then.
-inline const ZtField* ZtNextChild(const ZtElementType& type, const ZtField*& next,
-                                  ZtPaddedPiece name) {
-  const ZtField* const begin = type.children();
-  const ZtField* const end = type.end();
-  for (auto left = end - begin; left; --left) {
-    if (next == end) next = begin;
-    const ZtField* const row = next;
-    if (row->HasName() && row->name.Is(name)) {
-      if (row->IsOwnText()) return nullptr;
-      if (row->place != ZtPlace::kChildren && row->place != ZtPlace::kTextElements) ++next;
-      return row;
-    }
-    ++next;
-  }
-  return nullptr;
+const ZtField* ZtSearchChild(const ZtElementType& type, const ZtField*& next, ZtPaddedPiece name);
+[[gnu::always_inline]] inline const ZtField* ZtNextChild(const ZtElementType& type,
+                                                         const ZtField*& next, ZtPaddedPiece name) {
+  const ZtField* const due = next;
+  if (due != type.end() && (due->IsText() || due->IsObject()) && due->name.Is(name)) return due;
+  return ZtSearchChild(type, next, name);
 }
 // The choice that the type has for the child element `name`, or null; and in a table that ends with
 // none, the choice that names it.

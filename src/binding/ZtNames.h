@@ -82,11 +82,14 @@ inline bool ZtNameId::Is(ZtPiece text) const {
 inline bool ZtNameId::Is(ZtPaddedPiece text) const {
   if (text.size != kZtNameSizes[m_Id]) return false;
   const char* const own = Text();
-  if (!kZtHasVectors || text.size > sizeof(ZtBlock)) {
-    return std::memcmp(own, text.text, text.size) == 0;
+  if (kZtHasVectors) {
+    const auto same = ZtGet<ZtBlock>(own) == ZtGet<ZtBlock>(text.text);
+    const unsigned differ = ZtBits(reinterpret_cast<ZtBlock>(same)) ^ 0xFFFF;
+    const std::size_t first = text.size < sizeof(ZtBlock) ? text.size : sizeof(ZtBlock);
+    if (differ & ((1U << first) - 1)) return false;
+    if (text.size <= sizeof(ZtBlock)) return true;
   }
-  const auto same = ZtGet<ZtBlock>(own) == ZtGet<ZtBlock>(text.text);
-  return ((ZtBits(reinterpret_cast<ZtBlock>(same)) + 1) & ((1U << text.size) - 1)) == 0;
+  return std::memcmp(own, text.text, text.size) == 0;
 }
 
 inline ZtPaddedPiece ZtNameId::Piece() const { return {Text(), kZtNameSizes[m_Id]}; }

@@ -88,14 +88,58 @@ void ZtSchemaDecoder::NoteEmptyStack(int callbacks) const {
 }
 
 void ZtSchemaDecoder::Tag(ScannedTag& tag) {
+  if (StartKnown(tag)) return;
   StartTag(tag);
   if (tag.count) KeepAttributes(tag);
   Opened(tag.name);
 }
 
+// Does all that is to be done for most tags: those of the texts and objects that rows of the open
+// type name. False, with nothing done, for others.
+inline bool ZtSchemaDecoder::StartKnown(ScannedTag& tag) {
+  if (m_bFailed || m_iSkipped || m_iDropped || m_Stack.empty()) return false;
+  if (tag.NameSize() >= kMostShortName || *tag.name == '/') return false;
+  const char* local = tag.name;
+  if (tag.colon) {
+    local = tag.colon[1] == '/' ? nullptr : LocalPart(tag.name, tag.colon);
+    if (!local) return false;
+  }
+  Frame& frame = m_Frames[m_Stack.size()];
+  const ZtElementType& parent = *frame.type;
+  if (parent.extras->child) return false;
+  const ZtField* const row =
+      ZtNextChild(parent, frame.next, {local, static_cast<std::size_t>(tag.nameEnd - local)});
+  if (!row) return false;
+  for (const ZtRoot& root : m_Document.roots) {
+    if (root.name == row->name) return false;
+  }
+  if (row->IsText()) {
+    m_pText = row;
+    m_bOfferEnd = true;
+    m_iSkipped = 1;
+    m_Started = Open();
+    return true;
+  }
+  const ZtElementType& type = *row->detail.type;
+  if (type.extras->flag) return false;
+  XMLElement* const child = Make(type);
+  if (!child) return true;
+  const ZtSource source(parent.family->source, m_pArena);
+  if (ZtAdopt(*static_cast<XMLElement*>(m_Stack.top()), *row, child, source) != ZtOutcome::kAdopted) {
+    ZtRelease(child);  // there is no memory: what was just made has no owner yet
+    m_Started = Open();
+    m_bFailed = true;
+    return true;
+  }
+  m_bOfferEnd = false;
+  Push(child, {&type, row, Kind::kObject}, row->name);
+  if (tag.count) KeepAttributes(tag);
+  return true;
+}
+
 void ZtSchemaDecoder::Start(ScannedTag& tag) { StartTag(tag); }
 
-inline void ZtSchemaDecoder::StartTag(ScannedTag& tag) {
+void ZtSchemaDecoder::StartTag(ScannedTag& tag) {
   if (m_bFailed) return;
   // What may be refused is looked at as the callback does.
   if (*tag.name == '/' || (tag.colon && tag.colon[1] == '/')) {
@@ -116,35 +160,8 @@ inline void ZtSchemaDecoder::StartTag(ScannedTag& tag) {
     ElementCallback(tag.name, nullptr);
     return;
   }
-  const Open current = Current();
-  const ZtPaddedPiece name(local, static_cast<std::size_t>(tag.nameEnd - local));
-  if (!StartExpected(current, name)) m_iSkipped = 1;
-}
-
-// As StartElement, for an element that the rows of the open type may tell at once.
-bool ZtSchemaDecoder::StartExpected(const Open& current, ZtPaddedPiece name) {
-  const ZtField* row = nullptr;
-  if (current.type && !m_iDropped) {
-    row = ZtNextChild(*current.type, m_Frames[m_Stack.size()].next, name);
-  }
-  for (const ZtRoot& root : m_Document.roots) {
-    if (row && root.name == row->name) row = nullptr;
-  }
-  if (!row) return StartElement(current, {name.text, name.size});
-  return StartRow(current, *row, ZtChildName(name, false, row->name));
-}
-
-// What StartNamed does for an element of a row.
-bool ZtSchemaDecoder::StartRow(const Open& current, const ZtField& row, const ZtChildName& name) {
-  const Element element = {row.IsObject() ? row.detail.type : nullptr, &row, Kind::kObject};
-  if (current.type->extras->child || (element.type && element.type->extras->flag) ||
-      !(element.type || row.IsText())) {
-    return StartNamed(current, element, name);
-  }
-  m_bOfferEnd = true;
-  m_pText = element.type ? nullptr : &row;
-  m_Started = Open();
-  return element.type && StartChild(current, element, name);
+  const ZtChildName name(local, static_cast<std::size_t>(tag.nameEnd - local));
+  if (!StartElement(Current(), name)) m_iSkipped = 1;
 }
 
 void ZtSchemaDecoder::Opened(char* name) {
@@ -164,13 +181,22 @@ int ZtSchemaDecoder::End(ZtPiece slashName, ZtPiece text) {
   if (m_iSkipped && m_pText && !m_Stack.empty()) {
     m_iSkipped = 0;
     m_Started = Open();
-    const Open parent = Current();
-    const ZtOutcome outcome =
-        ZtApplyRow(*parent.object, *parent.type, *m_pText, true, text, nullptr, m_pArena);
-    if (outcome == ZtOutcome::kNoMemory) m_bFailed = true;
+    KeepText(*m_pText, text);
     return 0;
   }
   return EndOpened(slashName, text) ? 0 : ElementCallback(name, text);
+}
+
+// Keeps the text of an element that has no object, in the innermost one.
+void ZtSchemaDecoder::KeepText(const ZtField& row, ZtPiece text) {
+  XMLElement& object = *static_cast<XMLElement*>(m_Stack.top());
+  if (row.place == ZtPlace::kTextElement && row.value == ZtValue::kText && m_pArena &&
+      m_pArena->Holds(text.text)) {
+    (object.*row.member.text).Refer(text);
+  } else if (ZtApplyRow(object, *CurrentType(), row, true, text, nullptr, m_pArena) ==
+             ZtOutcome::kNoMemory) {
+    m_bFailed = true;
+  }
 }
 
 // The end of the innermost object; false when that is not what ends, or not all there is to it.
@@ -189,11 +215,7 @@ bool ZtSchemaDecoder::EndOpened(ZtPiece slashName, ZtPiece text) {
 
 // False when the content of the element is to be skipped.
 bool ZtSchemaDecoder::StartElement(const Open& current, const ZtChildName& name) {
-  return StartNamed(current, Find(name.id, current.type), name);
-}
-
-bool ZtSchemaDecoder::StartNamed(const Open& current, const Element& element,
-                                 const ZtChildName& name) {
+  const Element element = Find(name.id, current.type);
   m_bOfferEnd = true;
   m_pText = nullptr;
   m_Started = Open();
@@ -350,20 +372,21 @@ bool ZtSchemaDecoder::IsNamed(const char* element) const {
 
 void ZtSchemaDecoder::Attributes(ScannedTag& tag) { KeepAttributes(tag); }
 
-inline void ZtSchemaDecoder::KeepAttributes(ScannedTag& tag) {
+void ZtSchemaDecoder::KeepAttributes(ScannedTag& tag) {
   if (m_Stack.empty()) return NoteEmptyStack(tag.count + tag.blankAtEnd);
   if (!m_Started.object || m_bFailed) return;
   XMLElement& object = *m_Started.object;
   const ZtElementType& type = *m_Started.type;
   const ZtField* next = type.begin();
   const bool inPlace = m_pArena && m_pArena->Holds(tag.name);
-  for (ScannedAttribute& attribute : tag) {
-    tag.Cut(attribute);
-    const ZtField* const row = ZtNextAttribute(type, next, attribute.Name());
+  const bool hasEntity = tag.hasEntity;
+  for (ScannedAttribute *attribute = tag.begin(), *end = tag.end(); attribute != end; ++attribute) {
+    ScannedTag::Cut(*attribute, hasEntity);
+    const ZtField* const row = ZtNextAttribute(type, next, attribute->Name());
     if (inPlace && row && row->value == ZtValue::kText) {
-      (object.*row->member.text).Refer(attribute.Value());
+      (object.*row->member.text).Refer(attribute->Value());
     } else {
-      KeepAttribute(type, row, attribute.Name(), attribute.Value());
+      KeepAttribute(type, row, attribute->Name(), attribute->Value());
       if (m_bFailed) return;
     }
   }

@@ -6,20 +6,20 @@ namespace {
 
 bool EndsName(char c) { return static_cast<unsigned char>(c) <= ' ' || c == '='; }
 
-// Whether the name before the equals sign at `equals` has no white space and no other equals sign in
-// it, and any byte at all.
+// Whether an equals sign is at `equals`, and what comes before it from `name` on is not empty and has
+// neither white space nor another equals sign in it.
 [[gnu::always_inline]] inline bool IsName(const char* name, const char* equals) {
   if (kZtHasVectors) {
     const auto block = ZtGet<ZtBlock>(name);
     const unsigned ends =
         ZtBits(reinterpret_cast<ZtBlock>(block <= ZtBlock{} + ' ') | ZtMatches(block, '='));
-    if (ends) return name + ZtFirstBit(ends) == equals && name != equals;
+    if (ends) return name + ZtFirstBit(ends) == equals && *equals == '=' && name != equals;
     name += sizeof(ZtBlock);
   } else if (name == equals) {
     return false;
   }
   while (!EndsName(*name)) ++name;
-  return name == equals;
+  return name == equals && *equals == '=';
 }
 
 char* SkipBlank(char* at) {

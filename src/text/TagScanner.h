@@ -32,7 +32,8 @@ struct ScannedTag {
 
   // Cuts one of the attributes out of the text; before that its name and value have no NULs, and
   // the value has its entities.
-  void Cut(ScannedAttribute& attribute) const {
+  void Cut(ScannedAttribute& attribute) const { Cut(attribute, hasEntity); }
+  static void Cut(ScannedAttribute& attribute, bool hasEntity) {
     *attribute.nameEnd = *attribute.valueEnd = '\0';
     if (hasEntity) attribute.valueEnd = ZtUnescape(attribute.value, attribute.valueEnd);
   }
