@@ -145,6 +145,8 @@ class ZT_API ZtSchemaDecoder : public XmlDecoderSchema, public ZtSink {
   Open Current() const;
   Element Find(ZtNameId name, const ZtElementType* current);
   const ZtElementType* FindAnywhere(ZtNameId name, bool atEnd);
+  Frame& Top() const { return m_pFrames[m_Stack.size()]; }
+  bool ReserveFrames();
   void AddType(const ZtElementType* type);
   bool Closes(const Open& current, ZtNameId name) const;
   const ZtElementType* CurrentType() const;
@@ -152,7 +154,9 @@ class ZT_API ZtSchemaDecoder : public XmlDecoderSchema, public ZtSink {
   void Pop();
 
   std::size_t m_iPassCapacity = 0;  // bytes allocated for m_PassName
-  Frame m_Frames[XmlCodeGenStack::kCapacity];
+  static constexpr int kFewFrames = 8;
+  Frame m_FewFrames[kFewFrames];
+  Frame* m_pFrames = m_FewFrames;  // as many as the stack has entries: elsewhere when these are more
   Open m_Started;               // made by the last start tag: its attributes go there
   std::size_t m_iDropped = 0;   // open elements that a full stack did not take
   std::size_t m_iSkipped = 0;   // depth inside an element whose content is skipped, 0 outside

@@ -24,9 +24,10 @@ namespace {
 constexpr std::size_t kAlignment =
     alignof(unsigned long long);  // what the members of objects need at most
 constexpr std::size_t kPadding = 16;  // after the text
-constexpr std::size_t kLeastBlock = 128;
-constexpr std::size_t kFirstBlock = 1024;
+// Blocks follow the size of the text, which tells how large the tree becomes.
+constexpr std::size_t kLeastBlock = 512;
 constexpr std::size_t kMostBlock = std::size_t{16} * 1024;
+constexpr std::size_t kSmallText = 2048;  // a second block would cost more than the room is worth
 
 // Only the sanitizer needs the size: without it this is empty and takes no room.
 struct Size {
@@ -90,7 +91,8 @@ char* ZtArena::Keep(const char* text, std::size_t size) {
 
 char* ZtArena::Reserve(std::size_t size) {
   if (m_pBlock || size > SIZE_MAX / 2) return nullptr;
-  m_iNext = size < kLeastBlock ? kLeastBlock : size < kFirstBlock ? size : kFirstBlock;
+  const std::size_t most = size < kSmallText ? size : size < 4 * kMostBlock ? size / 4 * 3 : 3 * kMostBlock;
+  m_iNext = most < kLeastBlock ? kLeastBlock : most;
   const std::size_t room = Aligned(size + 1 + kPadding);
   if (!Grow(room)) return nullptr;
   char* copy = m_pFree;
@@ -116,7 +118,7 @@ char* ZtArena::Reserve(std::size_t size) {
 
 // Starts a block with room for `size` bytes and for the pieces that follow.
 bool ZtArena::Grow(std::size_t size) {
-  if (m_iNext == 0) m_iNext = kFirstBlock;
+  if (m_iNext == 0) m_iNext = kLeastBlock;
   const std::size_t room = m_pBlock && size < m_iNext ? m_iNext : size + m_iNext;
   auto* memory = static_cast<char*>(__malloc(sizeof(Block) + room));
   if (!memory) return false;
@@ -132,7 +134,7 @@ bool ZtArena::Grow(std::size_t size) {
   m_pFree = memory + sizeof(Block);
   m_pEnd = m_pFree + room;
   ASAN_POISON_MEMORY_REGION(m_pFree, room);
-  m_iNext = 2 * m_iNext < kMostBlock ? 2 * m_iNext : kMostBlock;
+  if (!full) m_iNext = m_iNext / 3 < kLeastBlock ? kLeastBlock : m_iNext / 3;
   return true;
 }
 

@@ -51,13 +51,16 @@ const ZtField* ZtFindChild(const ZtElementType& type, ZtNameId name);
 // `Name`: a piece, or a padded one.
 template <class Name>
 const ZtField* ZtSearchAttribute(const ZtElementType& type, const ZtField*& next, Name name) {
-  const ZtField* const end = type.children();
-  for (int left = type.rows.attributes; left; --left) {
-    if (next == end) next = type.begin();
-    const ZtField* const row = next++;
-    if (row->place == ZtPlace::kAttribute && row->name.Is(name)) return row;
-  }
-  return nullptr;
+  const auto find = [&](const ZtField* row, const ZtField* end) -> const ZtField* {
+    for (; row != end; ++row) {
+      if (row->name.Is(name) && row->place == ZtPlace::kAttribute) return row;
+    }
+    return nullptr;
+  };
+  const ZtField* row = find(next, type.children());
+  if (!row) row = find(type.begin(), next);
+  next = row ? row + 1 : type.begin();
+  return row;
 }
 template <class Name>
 [[gnu::always_inline]] inline const ZtField* ZtNextAttribute(const ZtElementType& type,

@@ -32,7 +32,7 @@ class ZtNameId {
   static ZtNameId Of(ZtPiece text);
   // Whether its text is `text`, which is not empty.
   bool Is(ZtPiece text) const;
-  bool Is(ZtPaddedPiece text) const;
+  [[gnu::always_inline]] bool Is(ZtPaddedPiece text) const;
 
   // The name as a number, and back.
   constexpr int Id() const { return m_Id; }
@@ -82,14 +82,11 @@ inline bool ZtNameId::Is(ZtPiece text) const {
 inline bool ZtNameId::Is(ZtPaddedPiece text) const {
   if (text.size != kZtNameSizes[m_Id]) return false;
   const char* const own = Text();
-  if (kZtHasVectors) {
-    const auto same = ZtGet<ZtBlock>(own) == ZtGet<ZtBlock>(text.text);
-    const unsigned differ = ZtBits(reinterpret_cast<ZtBlock>(same)) ^ 0xFFFF;
-    const std::size_t first = text.size < sizeof(ZtBlock) ? text.size : sizeof(ZtBlock);
-    if (differ & ((1U << first) - 1)) return false;
-    if (text.size <= sizeof(ZtBlock)) return true;
+  if (!kZtHasVectors || text.size > sizeof(ZtBlock)) {
+    return std::memcmp(own, text.text, text.size) == 0;
   }
-  return std::memcmp(own, text.text, text.size) == 0;
+  const auto differ = ZtGet<ZtBlock>(own) != ZtGet<ZtBlock>(text.text);
+  return ZtBits(reinterpret_cast<ZtBlock>(differ)) << (32 - text.size) == 0;
 }
 
 inline ZtPaddedPiece ZtNameId::Piece() const { return {Text(), kZtNameSizes[m_Id]}; }

@@ -13,7 +13,10 @@ constexpr std::size_t kMostShortName = 65533;  // ZtShortNameSize cuts longer on
 ZtSchemaDecoder::ZtSchemaDecoder(const ZtDocument& document)
     : m_Document(document), m_pText(nullptr), m_pNamed(nullptr) {}
 
-ZtSchemaDecoder::~ZtSchemaDecoder() { __free(m_PassName); }
+ZtSchemaDecoder::~ZtSchemaDecoder() {
+  __free(m_PassName);
+  if (m_pFrames != m_FewFrames) __free(m_pFrames);
+}
 
 int ZtSchemaDecoder::ProcessReserved() { return 0; }
 
@@ -104,7 +107,7 @@ inline bool ZtSchemaDecoder::StartKnown(ScannedTag& tag) {
     local = tag.colon[1] == '/' ? nullptr : LocalPart(tag.name, tag.colon);
     if (!local) return false;
   }
-  Frame& frame = m_Frames[m_Stack.size()];
+  Frame& frame = Top();
   const ZtElementType& parent = *frame.type;
   if (parent.extras->child) return false;
   const ZtField* const row =
@@ -202,7 +205,7 @@ void ZtSchemaDecoder::KeepText(const ZtField& row, ZtPiece text) {
 // The end of the innermost object; false when that is not what ends, or not all there is to it.
 bool ZtSchemaDecoder::EndOpened(ZtPiece slashName, ZtPiece text) {
   if (m_iSkipped || m_iDropped || m_Stack.empty()) return false;
-  const Frame& frame = m_Frames[m_Stack.size()];
+  const Frame& frame = Top();
   if (frame.kind == Kind::kExtension) return false;
   if (frame.type->rows.takesText && frame.kind != Kind::kRoot) {
     if (std::memchr(slashName.text, ':', slashName.size)) return false;
@@ -403,6 +406,9 @@ void ZtSchemaDecoder::KeepAttribute(const ZtElementType& type, const ZtField* fi
   ZtOutcome outcome = ZtOutcome::kAccepted;
   if (field) {
     outcome = ZtStore(*m_Started.object, *field, value, m_pArena);
+  } else if (!type.rows.keepsAttributes &&
+             (!type.family->lines->unknownAttribute || ZtLog::IsDiscarded(kZtLogTrace))) {
+    return;  // nobody would learn of it
   } else if (IsAttributeName(name.text)) {
     outcome = OfferAttribute(type, name, value);
   }
@@ -475,16 +481,28 @@ ZtSchemaDecoder::Open ZtSchemaDecoder::Current() const {
 }
 
 const ZtElementType* ZtSchemaDecoder::CurrentType() const {
-  return m_Stack.empty() ? nullptr : m_Frames[m_Stack.size()].type;
+  return m_Stack.empty() ? nullptr : Top().type;
 }
 
 void ZtSchemaDecoder::Push(XMLElement* object, const Element& element, ZtNameId name) {
   m_pText = nullptr;
   if (m_Stack.size() == XmlCodeGenStack::kCapacity - 1) ++m_iDropped;
+  if (m_Stack.size() == kFewFrames - 1 && !ReserveFrames()) return;
   m_Stack.push(object);
-  if (!m_iDropped) {
-    m_Frames[m_Stack.size()] = {element.type, element.type->children(), name.Id(), element.kind};
+  if (!m_iDropped) Top() = {element.type, element.type->children(), name.Id(), element.kind};
+}
+
+// Makes room for the frames of a full stack. False without memory: the document fails.
+bool ZtSchemaDecoder::ReserveFrames() {
+  if (m_pFrames != m_FewFrames) return true;
+  auto* frames = static_cast<Frame*>(__malloc(sizeof(Frame) * XmlCodeGenStack::kCapacity));
+  if (!frames) {
+    m_bFailed = true;
+    return false;
   }
+  std::memcpy(frames, m_FewFrames, sizeof(m_FewFrames));
+  m_pFrames = frames;
+  return true;
 }
 
 // The end of an element that the full stack did not take closes nothing. Intended: no more than 100
@@ -551,7 +569,7 @@ void ZtSchemaDecoder::AddType(const ZtElementType* type) {
 
 // Whether `name` ends the object on top of the stack.
 bool ZtSchemaDecoder::Closes(const Open& current, ZtNameId name) const {
-  return current.object && !m_iDropped && m_Frames[m_Stack.size()].name == name.Id();
+  return current.object && !m_iDropped && Top().name == name.Id();
 }
 
 const char* ZtSchemaDecoder::LocalPart(const char* name, const char* colon) const {

@@ -3,6 +3,7 @@
 #include <atomic>
 
 #if defined(__SSE2__)
+#include <cpuid.h>
 #include <immintrin.h>
 #elif defined(__aarch64__)
 #include <arm_neon.h>
@@ -97,13 +98,27 @@ void ByVectors(const char* text, ZtSigns& found) { ZtFindSignsPlain(text, 1, &fo
   }
 }
 
+// Whether the processor has the vectors and the system keeps their registers. (What compilers offer
+// for that brings a function that runs when the library is loaded.)
+bool HasWideVectors() {
+  constexpr unsigned kRegisters = 6;
+  unsigned a = 0;
+  unsigned b = 0;
+  unsigned c = 0;
+  unsigned d = 0;
+  if (!__get_cpuid(1, &a, &b, &c, &d) || !(c & bit_OSXSAVE) || !(c & bit_AVX)) return false;
+  unsigned kept = 0;
+  __asm__("xgetbv" : "=a"(kept), "=d"(d) : "c"(0));
+  if ((kept & kRegisters) != kRegisters) return false;
+  return __get_cpuid_count(7, 0, &a, &b, &c, &d) && (b & bit_AVX2);
+}
+
 // Which version this processor is to have is found by the first call of all.
 void ChooseVersion(const char* text, std::size_t count, ZtSigns* found);
 std::atomic<ZtFindSigns*> s_pVersion{ChooseVersion};
 
 void ChooseVersion(const char* text, std::size_t count, ZtSigns* found) {
-  ZtFindSigns* const version =
-      __builtin_cpu_supports("avx2") ? ByWideVectors : ZtFindSignsByVectors;
+  ZtFindSigns* const version = HasWideVectors() ? ByWideVectors : ZtFindSignsByVectors;
   s_pVersion.store(version, std::memory_order_relaxed);
   version(text, count, found);
 }
