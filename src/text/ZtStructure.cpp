@@ -5,8 +5,9 @@
 #if defined(__SSE2__)
 #include <cpuid.h>
 #include <immintrin.h>
-#elif defined(__aarch64__)
+#elif defined(__ARM_NEON) && __BYTE_ORDER__ == __ORDER_LITTLE_ENDIAN__
 #include <arm_neon.h>
+#define ZT_NEON 1
 #endif
 
 namespace {
@@ -39,15 +40,18 @@ void ByVectors(const char* text, ZtSigns& found) {
   found = {tags, signs};
 }
 
-#elif defined(__aarch64__)
+#elif defined(ZT_NEON)
 
-// One bit for each of 64 bytes that are all ones or 0.
+// One bit for each of 64 bytes that are all ones or 0: eight neighbours add up to a byte.
 std::uint64_t Bits(const uint8x16_t (&bytes)[4]) {
   const uint8x16_t weights = {1, 2, 4, 8, 16, 32, 64, 128, 1, 2, 4, 8, 16, 32, 64, 128};
-  const uint8x16_t first = vpaddq_u8(vandq_u8(bytes[0], weights), vandq_u8(bytes[1], weights));
-  const uint8x16_t second = vpaddq_u8(vandq_u8(bytes[2], weights), vandq_u8(bytes[3], weights));
-  const uint8x16_t sums = vpaddq_u8(first, second);
-  return vgetq_lane_u64(vreinterpretq_u64_u8(vpaddq_u8(sums, sums)), 0);
+  uint8x8_t pairs[4];
+  for (int i = 0; i < 4; ++i) {
+    const uint8x16_t bits = vandq_u8(bytes[i], weights);
+    pairs[i] = vpadd_u8(vget_low_u8(bits), vget_high_u8(bits));
+  }
+  const uint8x8_t sums = vpadd_u8(vpadd_u8(pairs[0], pairs[1]), vpadd_u8(pairs[2], pairs[3]));
+  return vget_lane_u64(vreinterpret_u64_u8(sums), 0);
 }
 
 void ByVectors(const char* text, ZtSigns& found) {

@@ -52,7 +52,9 @@ class ZtStructure {
   // Before the signs from `at` on, in the tag that was found last.
   Place Enter(const char* at) {
     auto passed = static_cast<std::size_t>(at - m_pBlock);
-    for (; passed >= ZtSigns::kBytes; passed -= ZtSigns::kBytes) NextBlock();
+    for (; passed >= ZtSigns::kBytes; passed -= ZtSigns::kBytes) {
+      if (!NextBlock()) return {m_pBlock, 0};  // the text ends there
+    }
     return {m_pBlock, m_pNext[-1].signs & ~std::uint64_t{0} << passed};
   }
 
