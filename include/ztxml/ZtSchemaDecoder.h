@@ -113,7 +113,7 @@ class ZT_API ZtSchemaDecoder : public XmlDecoderSchema, public ZtSink {
   struct Frame {  // of an object on the stack
     const ZtElementType* type;
     const ZtField* next;  // where the search for the row of its next child begins
-    int name;  // of its element
+    int name;             // of its element
     Kind kind;
   };
 
@@ -136,8 +136,8 @@ class ZT_API ZtSchemaDecoder : public XmlDecoderSchema, public ZtSink {
   XMLElement* StartExtension(const Element& element, ZtNameId name);
   void EndElement(const Open& current, const ZtChildName& name, ZtPiece value, bool skipped);
   void OfferEnd(const Open& current, const ZtField* row, const ZtChildName& name, ZtPiece value);
-  inline ZtOutcome Offer(const Open& parent, const ZtChildName& name, ZtPiece value, XMLElement* child,
-                  const ZtField* row = nullptr);
+  inline ZtOutcome Offer(const Open& parent, const ZtChildName& name, ZtPiece value,
+                         XMLElement* child, const ZtField* row = nullptr);
   int ElementCallback(char* name, ZtPiece value);
   bool IsNamed(const char* element) const;
   void RefuseSlash(const char* name);
@@ -156,7 +156,8 @@ class ZT_API ZtSchemaDecoder : public XmlDecoderSchema, public ZtSink {
   std::size_t m_iPassCapacity = 0;  // bytes allocated for m_PassName
   static constexpr int kFewFrames = 8;
   Frame m_FewFrames[kFewFrames];
-  Frame* m_pFrames = m_FewFrames;  // as many as the stack has entries: elsewhere when these are more
+  Frame* m_pFrames =
+      m_FewFrames;              // as many as the stack has entries: elsewhere when these are more
   Open m_Started;               // made by the last start tag: its attributes go there
   std::size_t m_iDropped = 0;   // open elements that a full stack did not take
   std::size_t m_iSkipped = 0;   // depth inside an element whose content is skipped, 0 outside

@@ -172,7 +172,7 @@ int XmlDecoder::AppendText(const char* text, int count) {
   const void* end = std::memchr(text, '\0', static_cast<std::size_t>(count));
   const std::size_t size = end ? static_cast<std::size_t>(static_cast<const char*>(end) - text)
                                : static_cast<std::size_t>(count);
-  const std::size_t needed = m_iLength + size + 1 + ScannedTag::kPadding;
+  const std::size_t needed = m_iLength + size + 1 + kZtPadding;
   if (needed > m_iCapacity) {
     std::size_t capacity = m_iLength ? 2 * m_iCapacity : needed;
     if (capacity < needed) capacity = needed;
