@@ -3,13 +3,12 @@
 from html import escape
 from math import log10
 
-WIDTH = 880
+WIDTH = 920
 # Each has a contrast of at least 4 with white and with black.
 GREY = "#777b80"
 COLORS = {
     "exact": "#2f7de0",
     "standard": "#118a6f",
-    "update": "#118a6f",
     "pugixml's tree": "#cf5d12",
     "pugixml + mapping": "#cf5d12",
     "libxml2": "#a55fc9",
@@ -28,7 +27,7 @@ class Drawing:
 
     def words(self, x, y, words):
         """Words of several colours, one after another."""
-        spans = "".join(f'<tspan fill="{COLORS[who]}" dx="{8 if i else 0}">{mark} {escape(word)}'
+        spans = "".join(f'<tspan fill="{COLORS[who]}" dx="{7 if i else 0}">{mark} {escape(word)}'
                         "</tspan>" for i, (mark, word, who) in enumerate(words))
         self.parts.append(f'<text x="{x:.1f}" y="{y:.1f}" font-size="11">{spans}</text>')
 
@@ -81,37 +80,44 @@ def apart(wanted, least):
 
 # ---- Cost by size -------------------------------------------------------------------------------
 
-PANELS = {  # what stands in each column: how it is called, work and who
-    "Events": [("exact", "events", "exact"), ("pugixml's tree", "events", "pugixml's tree"),
-               ("libxml2", "events", "libxml2"), ("Expat", "events", "Expat")],
-    "Text to tree and free": [("exact", "read", "exact"), ("standard", "read", "standard"),
-                              ("pugixml + mapping", "read", "pugixml + mapping")],
-    "Tree to text": [("exact", "write", "exact"), ("standard", "write", "standard"),
-                     ("update", "update", "standard"),
-                     ("pugixml + mapping", "write", "pugixml + mapping")],
+PANELS = {  # what stands in each column: work, who, how it is called
+    "Events": [("events", "exact", "ztxml exact"), ("events", "pugixml's tree", "pugixml's tree"),
+               ("events", "libxml2", "libxml2"), ("events", "Expat", "Expat")],
+    "Text to tree and free": [("read", "exact", "ztxml exact"),
+                              ("read", "standard", "ztxml standard"),
+                              ("read", "pugixml + mapping", "pugixml + mapping")],
+    "Tree to text": [("write", "exact", "ztxml exact"), ("write", "standard", "ztxml standard"),
+                     ("update", "standard", "ztxml update"),
+                     ("write", "pugixml + mapping", "pugixml + mapping")],
 }
-SIZES = [("0.3", 300), ("1", 1000), ("4", 4000), ("8.5", 8500), ("850 KB", 850000)]
+SIZES = [("0.3", 300), ("1", 1000), ("4", 4000), ("8.5", 8500), ("850", 850000)]
 
 
-def by_size(cases, _):
+def by_size(cases):
     drawing = Drawing("Registration information: speed and instructions a byte by size")
-    left, panel, plot, height = 48, 277, 165, 190
+    left, panel, plot, height = 48, 292, 160, 190
     measures = [("speed", "MB/s: more is better"), ("cost", "instructions a byte: less is better")]
+
+    def curve(work, who, measure):
+        """Points: the size of the document, and what was measured."""
+        for size, _ in SIZES:
+            case = cases.get((work, "registration", size, who))
+            if case:
+                document = cases["events", "registration", size, "exact"].bytes
+                yield document, getattr(case, measure)
+
     for row, (measure, unit) in enumerate(measures):
         top = 48 + row * (height + 66)
         bottom = top + height
-        series = {}
-        for column, (title, shown) in enumerate(PANELS.items()):
-            for label, work, who in shown:
-                series[column, label] = [
-                    (case.sizes, getattr(case, measure)) for size, _ in SIZES
-                    for case in [point(cases, work, size.split()[0], who)] if case]
-        scale = Scale([value for points in series.values() for _, value in points], bottom, top)
+        curves = {title: [(list(curve(work, who, measure)), COLORS[who], label, work)
+                          for work, who, label in shown] for title, shown in PANELS.items()}
+        scale = Scale([value for shown in curves.values() for points, *_ in shown
+                       for _, value in points], bottom, top)
         drawing.text(4, top - 12, unit, weight="bold")
-        for column, title in enumerate(PANELS):
+        for column, (title, shown) in enumerate(curves.items()):
             start = left + column * panel
 
-            def across(size):
+            def across(size, start=start):
                 return start + log10(size / 250) / log10(850000 / 250) * plot
 
             if row == 0:
@@ -123,25 +129,16 @@ def by_size(cases, _):
             for name, size in SIZES:
                 drawing.line([(across(size), bottom), (across(size), bottom + 4)])
                 drawing.text(across(size), bottom + 17, name, anchor="middle", size=11)
-            drawing.text(start + plot / 2, bottom + 33, "size of the document", anchor="middle",
+            drawing.text(start + plot / 2, bottom + 33, "size of the document, KB", anchor="middle",
                          size=11)
-            labels = [(label, points) for (at, label), points in series.items() if at == column]
-            places = apart([scale(points[-1][1]) for _, points in labels], 14)
-            for (label, points), place in zip(labels, places):
+            places = apart([scale(points[-1][1]) for points, *_ in shown], 14)
+            for (points, color, label, work), place in zip(shown, places):
                 drawn = [(across(size), scale(value)) for size, value in points]
-                color = COLORS[label]
-                drawing.line(drawn, color, 2, dash="5 3" if label == "update" else None)
+                drawing.line(drawn, color, 2, dash="5 3" if work == "update" else None)
                 for x, y in drawn:
                     drawing.dot(x, y, color)
-                drawing.text(drawn[-1][0] + 8, place + 4, label, color)
+                drawing.text(drawn[-1][0] + 8, place + 4, label, color, size=11)
     return drawing.svg(48 + 2 * (height + 66))
-
-
-def point(cases, work, size, who):
-    case = cases.get((work, "registration", size, who))
-    if case:
-        case.sizes = cases["events", "registration", size, "exact"].bytes
-    return case
 
 
 # ---- Cost by document ---------------------------------------------------------------------------
@@ -155,7 +152,7 @@ SHOWN = ["pugixml's tree", "pugixml + mapping", "standard", "exact"]  # the last
 
 def by_document(cases, works):
     drawing = Drawing("Instructions a byte by document")
-    left, panel, plot, top, step = 140, 187, 165, 52, 22
+    left, panel, plot, top, step = 140, 198, 170, 52, 22
     bottom = top + len(DOCUMENTS) * step
     found = {(work, document, size, who): cases[work, document, size, who].cost
              for work in works for document, size in DOCUMENTS for who in SHOWN
