@@ -138,7 +138,7 @@ def by_size(cases):
                 for x, y in drawn:
                     drawing.dot(x, y, color)
                 drawing.text(drawn[-1][0] + 8, place + 4, label, color, size=11)
-    return drawing.svg(48 + 2 * (height + 66))
+    return drawing.svg(48 + 2 * (height + 66) - 24)
 
 
 # ---- Cost by document ---------------------------------------------------------------------------

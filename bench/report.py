@@ -38,7 +38,8 @@ def load(measured):
             case.instructions = total / case.runs
             case.cost = case.instructions / case.bytes
     spreads = []
-    for run in json.loads((measured / "times").read_text())["benchmarks"]:
+    times = (measured / "times").read_text()  # empty where no case is timed
+    for run in json.loads(times)["benchmarks"] if times else []:
         case = cases[tuple(run["run_name"].split("/"))]
         if run["aggregate_name"] == "median":
             case.time = run["cpu_time"] / 1000  # microseconds
@@ -157,7 +158,7 @@ def remarks(cases, facts, growth, spreads):
            f"{sorted(growth.values())[len(growth) // 2]:.2f} times one of the small document in the "
            "middle. Times varied between repetitions by less than "
            f"{spreads[len(spreads) * 9 // 10]:.0f} % in nine of ten cases (standard deviation), "
-           "instructions vary by less than 0.1 %.")
+           "instructions vary by 1 % at most.")
     yield ""
     sections = ", ".join(f"`{name}` {facts[name]:,}" for name in
                          (".rela.dyn", ".relr.dyn", ".data.rel.ro"))
@@ -194,7 +195,8 @@ def page(measured, cases, spreads, path):
         "### Bars",
         "",
         "Where nothing else is said: instructions, exact profile, registration information. Less is "
-        "better.",
+        "better. What a read or a write costs beside its bytes is where the line through documents "
+        "of 4, 8 and 12 contacts (1.7 to 4.9 KB) meets a size of 0.",
         "",
         *given,
     ]
