@@ -125,7 +125,7 @@ inline bool ScannedTag::Scan(char* begin, char* scanned, ZtStructure& structure,
 
 // What the Tag of a sink does that takes a whole start tag in steps.
 template <class Sink>
-void ZtTellTag(Sink& sink, ScannedTag& tag) {
+[[gnu::always_inline]] inline void ZtTellTag(Sink& sink, ScannedTag& tag) {
   const bool started = tag.isEmpty || tag.count > 0;
   if (started) sink.Start(tag);
   if (tag.count) sink.Attributes(tag);
