@@ -7,6 +7,8 @@
 #include "ztxml/ZtNamespaceDecoder.h"
 #include "ztxml/ZtNamespaceDocument.h"
 
+class ZtContainerReader;
+
 /// The root element "simservs": services in any order, each an object of the service's own root
 /// type, e.g. zt_communication_diversion.
 class zt_Simservs : public ZtTyped<zt_Simservs, ZtObject> {
@@ -20,6 +22,7 @@ class zt_Simservs : public ZtTyped<zt_Simservs, ZtObject> {
 
  private:
   friend struct SimservsBinding;
+  friend class ZtContainerReader;
 
   ZtChildList m_Services;
 };
@@ -59,6 +62,7 @@ class XMLSimservsDecoder : public ZtDecoderOf<SimservsContext, ZtNamespaceDecode
 /// and outgoing barring, diversion, waiting, originating and terminating identity presentation.
 class ZT_API SimservsUnMarshaller : public ZtDescribedBy<SimservsContext, ZtUnMarshaller> {
  public:
+  ~SimservsUnMarshaller() override;
   XMLElement* UnMarshall(const char* xml) override;
   XMLElement* UnMarshall(XMLFile* file) override;
   XMLElement* UnMarshall(const char* text, std::size_t size) override;
@@ -71,8 +75,11 @@ class ZT_API SimservsUnMarshaller : public ZtDescribedBy<SimservsContext, ZtUnMa
   char* replaceSubStringWithNull(char* text, char** out, int start, int length);
 
  private:
-  XMLElement* ReadCopy(ZtPiece xml, char* text);
-  XMLElement* ReadCut(ZtPiece xml, char* text);
+  XMLElement* Read(ZtPiece xml, const char* noMemory);
+  XMLElement* ReadOnePass(ZtPiece xml);
+  XMLElement* ReadPieces(ZtPiece xml, char* text);
+
+  ZtContainerReader* m_pReader = nullptr;  // kept from one document to the next
 };
 
 #endif  // ZTXML_INCLUDE_XMLSIMSERVS_H

@@ -17,6 +17,17 @@ class ZT_API ZtNamespaceDecoder : public ZtSchemaDecoder {
   /// out of memory.
   int XMLChangeNamespaceTag(char* name);
 
+  /// For several decoders of one document: this one takes its prefixes from `other` (borrowed),
+  /// whatever its own binder says.
+  void ShareNamespaces(const ZtNamespaceDecoder& other) { m_pBindings = other.m_pBindings; }
+  /// Forgets the prefixes of all binders.
+  void ForgetNamespaces() { m_Bindings.Forget(); }
+  /// Hands over the root that was read, null when there is none. Afterwards another document can be
+  /// read if it is true that this one IsWhole.
+  XMLObject* TakeRoot() { return std::exchange(m_pRoot, nullptr); }
+  /// Whether nothing is open and nothing has failed.
+  bool IsWhole() const { return m_Stack.empty() && !m_bFailed; }
+
  protected:
   explicit ZtNamespaceDecoder(const ZtDocument& document);
   const char* LocalName(char* name, std::size_t& size) override;
@@ -26,6 +37,7 @@ class ZT_API ZtNamespaceDecoder : public ZtSchemaDecoder {
   const char* Rewritten(char* name);
 
   ZtNamespaceBindings m_Bindings;
+  const ZtNamespaceBindings* m_pBindings = &m_Bindings;  // those that count
 };
 
 #endif  // ZTXML_INCLUDE_ZTNAMESPACEDECODER_H
