@@ -6,6 +6,7 @@
 #include "base/ZtBuffer.h"
 #include "base/ZtBytes.h"
 #include "base/ZtLog.h"
+#include "binding/ZtElementWriter.h"
 #include "documents/services/ContainerReader.h"
 #include "documents/services/ElementCutter.h"
 #include "documents/services/SimservBinding.h"
@@ -39,8 +40,10 @@ class Contexts {
     // The text is part of a document that was parsed, so only memory can be lacking.
     return root || (worker && static_cast<ZtUnMarshaller*>(worker)->Parse(text, root));
   }
-  // False when out of memory. `text` is null also when the service cannot be written.
+  // False when out of memory. `text` is null also when the service cannot be written; it is there
+  // until the next is.
   bool Write(const ZtService& service, XMLElement* root, const char*& text) {
+    if (ZtLogDiscards(kZtLogState)) return WriteAtOnce(service, root, text);
     XMLContext* context = Get(service);
     XMLMarshaller* worker = context ? context->marshaller() : nullptr;
     if (context && !worker) worker = context->createMarshaller();
@@ -49,6 +52,18 @@ class Contexts {
   }
 
  private:
+  // What the service's own worker writes, where its lines in the log are not heard.
+  bool WriteAtOnce(const ZtService& service, XMLElement* root, const char*& text) {
+    const ZtDocument& document = *service.document;
+    m_Generator.ztInitXmlDoc();
+    m_Generator.ztResetHeader();
+    ZtElementWriter writer(m_Generator, {document.source, document.marshaller});
+    const int written = writer.Write(root, *ZtRootOf(document, ZtName(service.element))->type);
+    text = written ? m_Generator.ztGetXmlDoc() : nullptr;
+    if (text && *text == '\n') ++text;
+    return !writer.IsIncomplete() && !m_Generator.outOfMemory();
+  }
+
   // Two services may belong to one schema (the barrings do) and then share its context.
   XMLContext* Get(const ZtService& service) {
     XMLContext*& context = m_Contexts[service.first];
@@ -60,6 +75,7 @@ class Contexts {
 
   XMLObject* m_pBinder;
   ztxml::Error* m_pError;
+  ZtXMLDocGenerator m_Generator;
   XMLContext* m_Contexts[kZtServiceCount] = {};
 };
 
@@ -219,9 +235,7 @@ char* SimservsMarshaller::InsertString(char* envelope, const char* services) {
         "SimservsMarshaller :: InsertString malloc failed for pTempStr returning mSimservsXml ");
     return envelope;
   }
-  std::memcpy(text, envelope, head);
-  std::memcpy(text + head, services, size);
-  std::memcpy(text + head + size, end, tail);
+  ZtCopy(ZtCopy(ZtCopy(text, {envelope, head}), {services, size}), {end, tail});
   __free(envelope);
   return text;
 }
