@@ -2,6 +2,8 @@
 #ifndef ZTXML_INCLUDE_ZTNAMESPACEDECODER_H
 #define ZTXML_INCLUDE_ZTNAMESPACEDECODER_H
 
+#include <utility>
+
 #include "ztxml/ZtNamespaces.h"
 #include "ztxml/ZtSchemaDecoder.h"
 
@@ -17,13 +19,13 @@ class ZT_API ZtNamespaceDecoder : public ZtSchemaDecoder {
   /// out of memory.
   int XMLChangeNamespaceTag(char* name);
 
-  /// For several decoders of one document: this one takes its prefixes from `other` (borrowed),
-  /// whatever its own binder says.
+  /// Takes the prefixes from `other` (borrowed) from now on, whatever the own binder says: for
+  /// several decoders of one document.
   void ShareNamespaces(const ZtNamespaceDecoder& other) { m_pBindings = other.m_pBindings; }
   /// Forgets the prefixes of all binders.
   void ForgetNamespaces() { m_Bindings.Forget(); }
-  /// Hands over the root that was read, null when there is none. Afterwards another document can be
-  /// read if it is true that this one IsWhole.
+  /// Hands over the root that was read, null when there is none. If the document IsWhole, another
+  /// can be read.
   XMLObject* TakeRoot() { return std::exchange(m_pRoot, nullptr); }
   /// Whether nothing is open and nothing has failed.
   bool IsWhole() const { return m_Stack.empty() && !m_bFailed; }

@@ -16,9 +16,7 @@ enum ZtLogLevel : int {
 };
 
 // Whether the platform says that it discards lines of this level.
-inline bool ZtLogDiscards(int level) {
-  return &ztLogDiscardedUpTo && level <= ztLogDiscardedUpTo;
-}
+inline bool ZtLogDiscards(int level) { return &ztLogDiscardedUpTo && level <= ztLogDiscardedUpTo; }
 
 // Usage: ZtLog(kZtLogTrace, "src/XMLReginfo")("text %s", name). The line number is that of the
 // call, unless log readers know another one. Document text is always an argument, never the format.

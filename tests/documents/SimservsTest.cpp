@@ -131,7 +131,8 @@ TEST(Simservs, ReadsAlikeWhetherTheLogIsHeardOrNot) {
   check(bound, declared + "'>" + waiting + "</simservs>");
 }
 
-// A worker that has read a document reads the next one with what it has, and keeps nothing of it.
+// A worker that has read a small document reads the next one with what it has, and keeps nothing of
+// either.
 TEST(Simservs, KeepsWhatItReadsWith) {
   Schema schema(XML_SCHEMA_SIMSERVS);
   const auto read = [&schema](const std::string& content) {
@@ -150,7 +151,7 @@ TEST(Simservs, KeepsWhatItReadsWith) {
   EXPECT_LE(second.allocations, 3);
   EXPECT_EQ(second.liveBytes, 0);
   EXPECT_LE(read("<simservs/>").liveBytes, 0);
-  EXPECT_LE(read("<simservs" + std::string(65535, 'n') + "/>").liveBytes, first.liveBytes);
+  EXPECT_LE(read(std::string(8192, ' ') + many).liveBytes, 0);
 }
 
 TEST(Simservs, PublicSteps) {

@@ -8,10 +8,7 @@
 #include "ztxml/XMLSchemaNameSpaceRetrieval.h"
 
 namespace {
-
 constexpr std::size_t kShortestService = sizeof("communication-waiting") - 1;
-constexpr std::size_t kMostName = 65532;  // decoders cut longer ones short
-
 }  // namespace
 
 ZtContainerReader::~ZtContainerReader() {
@@ -78,11 +75,12 @@ bool ZtContainerReader::FindDecoder(const ScannedTag& tag, const char* local) {
 bool ZtContainerReader::MayBegin(const ScannedTag& tag, const char* local) {
   if (*tag.name == '/' || *local == '/') return false;  // decoders refuse it with a line in the log
   const ZtPiece name(local, static_cast<std::size_t>(tag.nameEnd - local));
+  // A second container would take the place of the first, which its decoder would hold on to.
   if (m_iDepth > 1 && !m_iService && ZtNameId(XML_STR_SIMSERVS).Is(name)) return false;
   const std::size_t size = tag.NameSize();
   if (size < kShortestService) return true;
   // What is cut out of a text is known by names that stand right after the '<' and end at a slash.
-  if (size > kMostName || tag.name[-1] != '<' || std::memchr(tag.name, '/', size)) return false;
+  if (tag.name[-1] != '<' || std::memchr(tag.name, '/', size)) return false;
   const std::size_t kind = ZtFindService(name);
   return kind == kZtServiceCount || BeginService(kind);
 }

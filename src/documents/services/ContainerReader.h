@@ -47,13 +47,13 @@ class ZtContainerReader final : public ZtHeapObject, private ZtSink {
 
   // Of the document that is being read.
   ZtArena* m_pArena = nullptr;
-  const char* m_pEnd = nullptr;             // of its text
-  ZtNamespaceDecoder* m_pNow = nullptr;     // the decoder that is told the tags
-  std::size_t m_iDepth = 0;                 // elements that are open
-  std::size_t m_iService = 0;               // as many were when the service began; 0 outside of one
-  std::size_t m_iKind = 0;                  // the service's
-  bool m_bOdd = false;                      // it is not to be read so
-  ZtSmallArray<Service, 8> m_Services;      // in the document's order
+  const char* m_pEnd = nullptr;          // of its text
+  ZtNamespaceDecoder* m_pNow = nullptr;  // the decoder that is told the tags
+  std::size_t m_iDepth = 0;              // elements that are open
+  std::size_t m_iService = 0;            // as many were when the service began; 0 outside of one
+  std::size_t m_iKind = 0;               // the service's
+  bool m_bOdd = false;                   // it is not to be read so
+  ZtSmallArray<Service, 8> m_Services;   // in the document's order
 };
 
 #endif  // ZTXML_SRC_CONTAINERREADER_H

@@ -40,8 +40,8 @@ class Contexts {
     // The text is part of a document that was parsed, so only memory can be lacking.
     return root || (worker && static_cast<ZtUnMarshaller*>(worker)->Parse(text, root));
   }
-  // False when out of memory. `text` is null also when the service cannot be written; it is there
-  // until the next is.
+  // False when out of memory. `text` is null also when the service cannot be written; it lives
+  // until the next one is.
   bool Write(const ZtService& service, XMLElement* root, const char*& text) {
     if (ZtLogDiscards(kZtLogState)) return WriteAtOnce(service, root, text);
     XMLContext* context = Get(service);
@@ -283,7 +283,8 @@ XMLElement* SimservsUnMarshaller::ReadOnePass(ZtPiece xml) {
   if (!ZtLogDiscards(kZtLogState)) return nullptr;
   if (!m_pReader) m_pReader = new ZtContainerReader;
   XMLElement* const root = m_pReader ? m_pReader->Read(xml, NamespaceBinder()) : nullptr;
-  if (!root) {
+  constexpr std::size_t kMostKept = 8192;  // what a larger document took is not held on to
+  if (!root || xml.size > kMostKept) {
     delete m_pReader;
     m_pReader = nullptr;
   }
