@@ -31,7 +31,7 @@ class ZtLog {
   // Lines that the platform would discard are not even passed to it.
   template <class A = int, class B = int, class C = int>
   void operator()(const char* format, A a = A(), B b = B(), C c = C()) const {
-    if (ZtLogDiscards(m_Level)) return;
+    if (&ztLogDiscardedUpTo && m_Level <= ztLogDiscardedUpTo) return;
     ztLogModuleEventSimple(m_Level, m_Module, m_pSource, m_Line, format, Argument(a), Argument(b),
                            Argument(c));
   }
