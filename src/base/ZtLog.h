@@ -15,6 +15,9 @@ enum ZtLogLevel : int {
   kZtLogError = 4,     // missing mandatory items, failed copies
 };
 
+// Whether the platform says that it discards lines of this level.
+inline bool ZtLogDiscards(int level) { return &ztLogDiscardedUpTo && level <= ztLogDiscardedUpTo; }
+
 // Usage: ZtLog(kZtLogTrace, "src/XMLReginfo")("text %s", name). The line number is that of the
 // call, unless log readers know another one. Document text is always an argument, never the format.
 // Intended: some log lines and recorded objects have fixed line numbers, which are not those of
