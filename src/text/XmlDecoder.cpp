@@ -268,7 +268,7 @@ char* XmlDecoder::PlainEnd(char* tag, const char* end) const {
 // Reports a tag in its plain form. False without memory.
 [[gnu::always_inline]] inline bool XmlDecoder::ReportTag(ScannedTag& tag) {
   *tag.nameEnd = *tag.close = '\0';
-  if (ZtLog::IsDiscarded(kZtLogTrace)) {
+  if (ZtLogDiscards(kZtLogTrace)) {
     m_pSink->Tag(tag);
   } else {
     // The line comes between the steps.

@@ -57,12 +57,21 @@ bool ZtContainerReader::Prepare(const ZtDocument& document, ZtNamespaceDecoder*&
   return true;
 }
 
-// What a service consists of has names that are shorter than those of services.
 void ZtContainerReader::Start(ScannedTag& tag) {
+  if (Enter(tag)) m_pNow->Start(tag);
+}
+
+void ZtContainerReader::Tag(ScannedTag& tag) {
+  if (Enter(tag)) m_pNow->Tag(tag);
+}
+
+// Finds the decoder that is told the tag. What a service consists of has names that are shorter than
+// those of services.
+bool ZtContainerReader::Enter(const ScannedTag& tag) {
   ++m_iDepth;
   const char* const local = tag.colon ? tag.colon + 1 : tag.name;
   const bool plain = tag.NameSize() < kShortestService && *tag.name != '/' && *local != '/';
-  if ((m_iService && plain) || FindDecoder(tag, local)) m_pNow->Start(tag);
+  return (m_iService && plain) || FindDecoder(tag, local);
 }
 
 // Finds out whether a service begins; false where something begins, or began, that is too odd.

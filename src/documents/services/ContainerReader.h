@@ -31,10 +31,12 @@ class ZtContainerReader final : public ZtHeapObject, private ZtSink {
   void Start(ScannedTag& tag) override;
   void Attributes(ScannedTag& tag) override;
   void Opened(char* name) override;
+  void Tag(ScannedTag& tag) override;
   int End(ZtPiece slashName, ZtPiece text) override;
 
   bool Begin(XMLObject* binder);
   bool Prepare(const ZtDocument& document, ZtNamespaceDecoder*& decoder);
+  bool Enter(const ScannedTag& tag);
   bool FindDecoder(const ScannedTag& tag, const char* local);
   bool MayBegin(const ScannedTag& tag, const char* local);
   bool BeginService(std::size_t kind);
