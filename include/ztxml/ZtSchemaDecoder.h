@@ -129,6 +129,7 @@ class ZT_API ZtSchemaDecoder : public XmlDecoderSchema, public ZtSink {
   void StartTag(ScannedTag& tag);
   void KeepAttributes(ScannedTag& tag);
   inline bool StartKnown(ScannedTag& tag);
+  inline bool KeepInPlace(const ZtField& row, ZtPiece text);
   inline void KeepText(const ZtField& row, ZtPiece text);
   bool StartElement(const Open& current, const ZtChildName& name);
   void StartRoot(const Element& element, ZtNameId name);

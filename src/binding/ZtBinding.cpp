@@ -230,13 +230,23 @@ ZtPiece ZtFormatNumber(unsigned long long number, char* buffer) {
   return {at, static_cast<std::size_t>(end - at)};
 }
 
+// Mostly one comparison of eight bytes tells.
 unsigned ZtEnumTable::Find(ZtPiece value) const {
+  const std::uint64_t word = ZtWord(value);
   for (unsigned i = 0; i < searched; ++i) {
     const ZtPiece slot = slots[i].Piece();
     const bool fits = byPrefix ? slot.size <= value.size : slot.size == value.size;
-    if (fits && *slot.text == *value.text && ZtSameBytes(slot.text, value.text, slot.size)) {
-      return respelt ? i % count : i;
+    if (!fits) continue;
+    if (slot.size < sizeof(word)) {
+      const std::uint64_t differ = word ^ ZtGet<std::uint64_t>(slot.text);
+      char bytes[sizeof(differ)];
+      ZtPut(bytes, differ);
+      if (std::memcmp(bytes, "\0\0\0\0\0\0\0", slot.size) != 0) continue;
+    } else if (word != ZtGet<std::uint64_t>(slot.text) ||
+               !ZtSameBytes(slot.text, value.text, slot.size)) {
+      continue;
     }
+    return respelt ? i % count : i;
   }
   return noMatch;
 }

@@ -191,16 +191,22 @@ int ZtSchemaDecoder::End(ZtPiece slashName, ZtPiece text) {
   return EndOpened(slashName, text) ? 0 : ElementCallback(name, text);
 }
 
+// Keeps a text as it lies in the arena; false where that is not all there is to it.
+inline bool ZtSchemaDecoder::KeepInPlace(const ZtField& row, ZtPiece text) {
+  const bool isPlain = row.place == ZtPlace::kTextElement || row.place == ZtPlace::kOwnText;
+  if (!isPlain || row.value != ZtValue::kText || !m_pArena || !m_pArena->Holds(text.text)) {
+    return false;
+  }
+  (static_cast<XMLElement*>(m_Stack.top())->*row.member.text).Refer(text);
+  return true;
+}
+
 // Keeps the text of an element that has no object, in the innermost one.
 void ZtSchemaDecoder::KeepText(const ZtField& row, ZtPiece text) {
+  if (KeepInPlace(row, text)) return;
   XMLElement& object = *static_cast<XMLElement*>(m_Stack.top());
-  if (row.place == ZtPlace::kTextElement && row.value == ZtValue::kText && m_pArena &&
-      m_pArena->Holds(text.text)) {
-    (object.*row.member.text).Refer(text);
-  } else if (ZtApplyRow(object, *CurrentType(), row, true, text, nullptr, m_pArena) ==
-             ZtOutcome::kNoMemory) {
-    m_bFailed = true;
-  }
+  const ZtOutcome outcome = ZtApplyRow(object, *CurrentType(), row, true, text, nullptr, m_pArena);
+  if (outcome == ZtOutcome::kNoMemory) m_bFailed = true;
 }
 
 // The end of the innermost object; false when that is not what ends, or not all there is to it.
@@ -208,9 +214,15 @@ bool ZtSchemaDecoder::EndOpened(ZtPiece slashName, ZtPiece text) {
   if (m_iSkipped || m_iDropped || m_Stack.empty()) return false;
   const Frame& frame = Top();
   if (frame.kind == Kind::kExtension) return false;
-  if (frame.type->rows.takesText && frame.kind != Kind::kRoot) {
-    if (std::memchr(slashName.text, ':', slashName.size)) return false;
-    Offer(Current(), ZtChildName(slashName, true, ZtNameId::OfId(frame.name)), text, nullptr);
+  const ZtElementType& type = *frame.type;
+  if (type.rows.takesText && frame.kind != Kind::kRoot) {
+    const ZtNameId name = ZtNameId::OfId(frame.name);
+    const bool byRows = !type.extras->child && !type.attributesAsTexts;
+    const ZtField* const row = byRows ? ZtFindChild(type, name) : nullptr;
+    if (!row || !row->IsOwnText() || !KeepInPlace(*row, text)) {
+      if (std::memchr(slashName.text, ':', slashName.size)) return false;
+      Offer(Current(), ZtChildName(slashName, true, name), text, nullptr);
+    }
   }
   Pop();
   m_Started = Open();
