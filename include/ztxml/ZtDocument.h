@@ -153,7 +153,8 @@ class ZT_API ZtMarshaller : public XMLMarshaller {
   virtual char* Complete(XMLElement* root, char* text);
 
   ZtXMLDocGenerator m_XmlDocGenerator;
-  char* m_pXml = nullptr;  // owned: the text of the last Marshall
+  char* m_pXml = nullptr;      // owned: the text of the last Marshall
+  std::size_t m_iRoom = 4096;  // with which the next document begins
   zt_xml_common_array_definition* m_pXmlStrRef;
   const ZtContext* m_pContext = nullptr;  // null for a worker that no context made
   bool m_bCutShort = false;
