@@ -51,6 +51,12 @@ void ZtPen::AppendEscaped(ZtPiece name, ZtPiece value) {
   __free(escaped);
 }
 
+void ZtPen::TextAfterOpenTag(ZtPiece text) {
+  m_Writer.tagOpen = 0;
+  Cut(ZtPiece(">", 1));
+  Text(text);
+}
+
 void ZtPen::CloseFull(bool selfEnd) {
   m_Writer.tagOpen = 0;
   if (m_Writer.m_bCutReported || !m_Writer.buffer) return;

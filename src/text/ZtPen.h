@@ -28,7 +28,11 @@ class ZtPen {
     Append("<?xml version=\"1.0\" encoding=\"UTF-8\"?>");
   }
   // The prefix of the elements from here on; it outlives its use.
-  void Prefix(ZtPiece prefix) { m_Writer.UsePrefix(prefix); }
+  void Prefix(ZtPiece prefix) {
+    if (!m_Writer.m_bPrefixBorrowed) return m_Writer.UsePrefix(prefix);
+    m_Writer.nsPrefix = const_cast<char*>(prefix.text);
+    m_Writer.m_iPrefixSize = prefix.size;
+  }
 
   // An attribute; a double quote in its value is escaped. The name may be any text.
   void Attribute(ZtPiece name, ZtPiece value) {
@@ -45,8 +49,7 @@ class ZtPen {
   // The element's text. Intended: an absent text is written as one blank, where an empty element
   // could be expected; peers compare the text.
   void Text(ZtPiece text) {
-    if (m_Writer.tagOpen == 1) Cut(ZtPiece(">", 1));
-    m_Writer.tagOpen = 0;
+    if (m_Writer.tagOpen == 1) return TextAfterOpenTag(text);
     Append(text.text ? text : ZtPiece(" ", 1));
   }
   void End(ZtPaddedPiece name) {
@@ -209,6 +212,7 @@ class ZtPen {
     return true;
   }
   void AppendEscaped(ZtPiece name, ZtPiece value);
+  void TextAfterOpenTag(ZtPiece text);
   // Ends a start tag after which there is no room. The blank that it ends with may be missing.
   void CloseFull(bool selfEnd);
 
