@@ -359,6 +359,11 @@ bool ZtElementWriter::WriteChildren(const XMLElement& element, const ZtElementTy
   return true;
 }
 
+[[gnu::cold]] void ZtElementWriter::LogName(const ZtField& field) const {
+  const char* name = field.name.Text();
+  Log(kZtLogTrace, "<XML Module>: Add%c%sElementToXml", *name - 'a' + 'A', name + 1);
+}
+
 // Whether the element may go on.
 [[gnu::always_inline]] inline bool ZtElementWriter::WriteTextElement(const XMLElement& element,
                                                                      const ZtField& field) {
@@ -383,16 +388,16 @@ bool ZtElementWriter::WriteAnyTextElement(const XMLElement& element, const ZtFie
 }
 
 bool ZtElementWriter::Start(ZtNameId name, ZtSingleElementList* attributes) {
-  ZtPen::Tag tag(m_Pen, name.Piece());
-  tag.Leave();
+  m_Pen.Open(name.Piece());
   if (attributes &&
       !WriteOtherAttributes(attributes->GetPtrToListHead(), nullptr, nullptr, false)) {
     return false;
   }
-  tag.Resume();
-  tag.Close(false);
+  m_Pen.Close(false);
   return true;
 }
+
+void ZtElementWriter::End(ZtNameId name) { m_Pen.End(name.Piece()); }
 
 // Attributes that no row names, in the order received, except those that the tag has already: the
 // first of a name stands. `type` and `element` null: it has none yet. False without memory.

@@ -58,10 +58,10 @@ class ZtElementWriter {
   // an element without content, an end tag; and a line under the marshaller's file.
   bool Start(ZtNameId name, ZtSingleElementList* attributes = nullptr);
   void WriteEmpty(ZtNameId name) { m_Pen.Empty(name.Piece()); }
-  void End(ZtNameId name) { m_Pen.End(name.Piece()); }
+  void End(ZtNameId name);
   template <class... Args>
   void Log(int level, const char* format, Args... args) const {
-    if (Tells(level) && format) ZtLog(level, m_Scope.source)(format, args...);
+    if (Tells(level) && format) LogLine(level, format, args...);
   }
 
   // Whether something was left out for want of memory or for lying too deep, also where a failure
@@ -74,11 +74,14 @@ class ZtElementWriter {
   // Whether the log takes lines of this level: whether it did when the writer was made.
   bool Tells(int level) const { return level > m_iDiscardedUpTo; }
   void ChangePrefix(ZtNameId prefix);
-  void LogWriter(const ZtField& field) const {
-    if (!field.Is(kZtLogged)) return;
-    const char* name = field.name.Text();
-    Log(kZtLogTrace, "<XML Module>: Add%c%sElementToXml", *name - 'a' + 'A', name + 1);
+  template <class... Args>
+  [[gnu::cold, gnu::noinline]] void LogLine(int level, const char* format, Args... args) const {
+    ZtLog(level, m_Scope.source)(format, args...);
   }
+  void LogWriter(const ZtField& field) const {
+    if (field.Is(kZtLogged) && Tells(kZtLogTrace)) LogName(field);
+  }
+  void LogName(const ZtField& field) const;
   bool Lacks(ZtLack::Why why, const XMLElement* element, const ZtField* field = nullptr) {
     m_Lack = {why, element, field};
     return false;

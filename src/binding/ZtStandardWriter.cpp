@@ -64,9 +64,7 @@ bool ZtStandardWriter::WriteTextElement(const ZtField& row, ZtSpace space, ZtPie
   OpenTag(leaf);
   m_To.Append('>');
   if (!ZtAppendEscaped(m_To, text, 0)) return Fail(kZtNotXml, "/", leaf.name);
-  m_To.Append("</");
-  AppendName(leaf);
-  m_To.Append('>');
+  EndTag(leaf);
   m_Scope.Leave(leaf.declarations);
   return true;
 }
@@ -108,9 +106,7 @@ bool ZtStandardWriter::Run() {
     if (frame.isOpen) {
       m_To.Append("/>");
     } else {
-      m_To.Append("</");
-      AppendName(frame);
-      m_To.Append('>');
+      EndTag(frame);
     }
     m_Scope.Leave(frame.declarations);
     m_Frames.Cut(m_Frames.Size() - 1);
@@ -244,21 +240,19 @@ bool ZtStandardWriter::StartTag(Frame& frame, ZtSpace space) {
       if (!MayLack(frame, *row, "/@")) return false;
       continue;
     }
-    if (!IsNew(nullptr, 0, name)) continue;
+    // Rows have names of their own.
+    if (others && !IsNew(nullptr, 0, name)) continue;
     if (!WriteAttribute(name, text)) return Fail(kZtNotXml, "/@", name);
   }
   return (!others || WriteOthers(*others)) && !m_bNoMemory;
 }
 
 void ZtStandardWriter::OpenTag(const Frame& frame) {
-  if (frame.breaks) m_To.Append('\n');
-  m_To.Append('<');
-  AppendName(frame);
+  const ZtPiece colon(":", frame.prefix.size ? 1 : 0);
+  m_To.Append(frame.breaks ? ZtPiece("\n<", 2) : ZtPiece("<", 1), frame.prefix, colon, frame.name);
   for (const Declaration& declaration : m_New) {
-    m_To.Append(" xmlns");
-    if (declaration.prefix.size) m_To.Append(':');
-    m_To.Append(declaration.prefix);
-    m_To.Append("=\"");
+    const ZtPiece sign(":", declaration.prefix.size ? 1 : 0);
+    m_To.Append(" xmlns", sign, declaration.prefix, "=\"");
     static_cast<void>(ZtAppendEscaped(m_To, declaration.uri, '"'));
     m_To.Append('"');
   }
@@ -375,9 +369,7 @@ bool ZtStandardWriter::WriteOther(const zt_AttributeValuePair& pair) {
 }
 
 bool ZtStandardWriter::WriteAttribute(ZtPiece name, ZtPiece value) {
-  m_To.Append(' ');
-  m_To.Append(name);
-  m_To.Append("=\"");
+  m_To.Append(' ', name, "=\"");
   if (!ZtAppendEscaped(m_To, value, '"')) return false;
   m_To.Append('"');
   return true;
@@ -393,12 +385,9 @@ bool ZtStandardWriter::IsNew(ZtPiece uri, std::uint32_t number, ZtPiece local) {
   return isNew;
 }
 
-void ZtStandardWriter::AppendName(const Frame& frame) {
-  if (frame.prefix.size) {
-    m_To.Append(frame.prefix);
-    m_To.Append(':');
-  }
-  m_To.Append(frame.name);
+void ZtStandardWriter::EndTag(const Frame& frame) {
+  const ZtPiece colon(":", frame.prefix.size ? 1 : 0);
+  m_To.Append("</", frame.prefix, colon, frame.name, '>');
 }
 
 // ---- Failures -----------------------------------------------------------------------------------

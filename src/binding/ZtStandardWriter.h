@@ -104,7 +104,7 @@ class ZtStandardWriter {
   bool WriteOther(const zt_AttributeValuePair& pair);
   bool WriteAttribute(ZtPiece name, ZtPiece value);
   bool IsNew(ZtPiece uri, std::uint32_t number, ZtPiece local);
-  void AppendName(const Frame& frame);
+  void EndTag(const Frame& frame);
   bool Fail(const char* why, const char* sign = nullptr, ZtPiece name = nullptr,
             std::uint32_t index = 0);
 

@@ -292,9 +292,7 @@ bool ZtUpdater::End() {
   Frame& frame = m_Frames.Last();
   if (!(frame.type ? EndObject(frame) : EndLeaf(frame))) return false;
   if (frame.isExpanded) {  // the source has no end tag
-    m_To.Append("</");
-    m_To.Append(NameOf(frame));
-    m_To.Append('>');
+    m_To.Append("</", NameOf(frame), '>');
   }
   const std::uint32_t part = frame.part;
   const std::uint32_t slot = frame.slot;

@@ -226,10 +226,7 @@ void ZtUpdater::CopyToEnd(const Frame& frame) {
 }
 
 bool ZtUpdater::NewAttribute(ZtPiece prefix, ZtPiece name, ZtPiece value) {
-  m_To.Append(' ');
-  m_To.Append(prefix);
-  m_To.Append(name);
-  m_To.Append("=\"");
+  m_To.Append(' ', prefix, name, "=\"");
   const bool done = ZtAppendEscaped(m_To, value, '"');
   m_To.Append('"');
   return done;

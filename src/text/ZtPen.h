@@ -23,10 +23,7 @@ class ZtPen {
   std::size_t Size() const { return static_cast<std::size_t>(m_Writer.m_pAt - m_Writer.buffer); }
 
   // The XML declaration, of a document that is empty.
-  void Header() {
-    m_Writer.headerAdded = 1;
-    Append("<?xml version=\"1.0\" encoding=\"UTF-8\"?>");
-  }
+  void Header();
   // The prefix of the elements from here on; it outlives its use.
   void Prefix(ZtPiece prefix) {
     if (!m_Writer.m_bPrefixBorrowed) return m_Writer.UsePrefix(prefix);
@@ -34,35 +31,26 @@ class ZtPen {
     m_Writer.m_iPrefixSize = prefix.size;
   }
 
-  // An attribute; a double quote in its value is escaped. The name may be any text.
-  void Attribute(ZtPiece name, ZtPiece value) {
-    if (!Append(" ", name, "=\"", Unquoted{value}, "\" ")) AppendEscaped(name, value);
-  }
-  // An attribute called name:suffix, whose value is known to hold no double quote.
-  void Attribute(ZtPaddedPiece name, ZtPaddedPiece suffix, ZtPiece value) {
-    Append(" ", name, ":", suffix, "=\"", value, "\" ");
-  }
+  // A start tag as Tag writes it, for what is written seldom: an attribute whose name may be any
+  // text, and one called name:suffix, whose value is known to hold no double quote.
+  void Open(ZtPaddedPiece name);
+  void Attribute(ZtPiece name, ZtPiece value);
+  void Attribute(ZtPaddedPiece name, ZtPaddedPiece suffix, ZtPiece value);
+  void Close(bool selfEnd);
   // Whether the start tag that is open has an attribute: a name ends with no quote.
   bool HasAttribute() const {
     return m_Writer.m_pAt - m_Writer.buffer > 1 && m_Writer.m_pAt[-2] == '"';
   }
   // The element's text. Intended: an absent text is written as one blank, where an empty element
   // could be expected; peers compare the text.
-  void Text(ZtPiece text) {
-    if (m_Writer.tagOpen == 1) return TextAfterOpenTag(text);
-    Append(text.text ? text : ZtPiece(" ", 1));
-  }
-  void End(ZtPaddedPiece name) {
+  void Text(ZtPiece text);
+  [[gnu::always_inline]] void End(ZtPaddedPiece name) {
     m_Writer.tagOpen = 0;
     Append("</", Prefixed(name), ">");
   }
-  void Empty(ZtPiece name) { Append("\n<", Prefixed(name), "/>"); }
+  void Empty(ZtPiece name);
   // An element with a text and nothing else.
-  void TextElement(ZtPaddedPiece name, ZtPiece text) {
-    m_Writer.tagOpen = 0;
-    if (!text.text) text = {" ", 1};
-    Append("\n<", Prefixed(name), ">", text, "</", Prefixed(name), ">");
-  }
+  void TextElement(ZtPaddedPiece name, ZtPiece text);
 
  private:
   // ---- Kinds of pieces, besides literals and texts ----------------------------------------------
@@ -213,8 +201,6 @@ class ZtPen {
   }
   void AppendEscaped(ZtPiece name, ZtPiece value);
   void TextAfterOpenTag(ZtPiece text);
-  // Ends a start tag after which there is no room. The blank that it ends with may be missing.
-  void CloseFull(bool selfEnd);
 
   template <class Any>
   static bool IsFit(const Any&) {
@@ -272,7 +258,7 @@ class ZtPen::Tag {
   }
   // Ends the tag in place of the blank after its name or last attribute.
   [[gnu::always_inline]] void Close(bool selfEnd) {
-    if (m_pAt == m_pEnd) return m_Pen.CloseFull(selfEnd);
+    if (m_pAt == m_pEnd) return m_Pen.Close(selfEnd);
     m_pAt[-1] = '>';
     if (selfEnd) {
       m_pAt[-1] = '/';
