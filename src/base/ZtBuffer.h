@@ -8,6 +8,9 @@
 #include "ztxml/ZtPiece.h"
 #include "ztxml/ztPlatform.h"
 
+// The room with which to begin a text after one of `size` bytes: it is mostly like that.
+constexpr std::size_t ZtRoomAfter(std::size_t size) { return size + size / 8 + 64; }
+
 class ZtBuffer {
  public:
   static constexpr std::size_t kUnlimited = ~std::size_t{0} >> 1;
@@ -19,14 +22,23 @@ class ZtBuffer {
 
   // Nothing is appended any more once memory was lacking or the text would have passed its limit.
   void Append(ZtPiece piece);
+  template <std::size_t N>
+  void Append(const char (&literal)[N]) {
+    Append(Piece(literal));
+  }
+  void Append(char c) {
+    if (char* const at = Room(1)) {
+      *at = c;
+      ++m_iSize;
+    } else {
+      Append(Piece(c));
+    }
+  }
   // Texts, literals and characters, one after the other, mostly with one check for their room.
-  template <class... Pieces>
-  [[gnu::always_inline]] void Append(const Pieces&... pieces) {
-    const std::size_t size = (SizeOf(pieces) + ...);
-    char* at = Room(size);
-    if (!at) return (Append(Piece(pieces)), ...);
-    ((at = Put(at, pieces)), ...);
-    m_iSize += size;
+  template <class First, class Second, class... Others>
+  [[gnu::always_inline]] void Append(const First& first, const Second& second,
+                                     const Others&... others) {
+    AppendAll(first, second, others...);
   }
   // Where so many bytes can be written, null where there is no such room yet; and up to where they
   // were.
@@ -55,6 +67,15 @@ class ZtBuffer {
   char* Take();
 
  private:
+  template <class... Pieces>
+  [[gnu::always_inline]] void AppendAll(const Pieces&... pieces) {
+    const std::size_t size = (SizeOf(pieces) + ...);
+    char* at = Room(size);
+    if (!at) return (Append(Piece(pieces)), ...);
+    ((at = Put(at, pieces)), ...);
+    m_iSize += size;
+  }
+
   static std::size_t SizeOf(ZtPiece piece) { return piece.size; }
   static std::size_t SizeOf(char) { return 1; }
   template <std::size_t N>

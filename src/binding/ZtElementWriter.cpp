@@ -293,7 +293,7 @@ bool ZtElementWriter::WriteAnyAttribute(const XMLElement& element, const ZtField
   return true;
 }
 
-void ZtElementWriter::WriteDeclared(const ZtElementType& type) {
+[[gnu::cold]] void ZtElementWriter::WriteDeclared(const ZtElementType& type) {
   for (const ZtFixedAttribute& fixed : type.extras->declares) {
     const ZtPaddedPiece name = ZtNameId(fixed.name).Piece();
     if (fixed.suffix == XML_STR_ZT_NULL) {
@@ -397,7 +397,7 @@ bool ZtElementWriter::Start(ZtNameId name, ZtSingleElementList* attributes) {
   return true;
 }
 
-void ZtElementWriter::End(ZtNameId name) { m_Pen.End(name.Piece()); }
+[[gnu::cold]] void ZtElementWriter::End(ZtNameId name) { m_Pen.End(name.Piece()); }
 
 // Attributes that no row names, in the order received, except those that the tag has already: the
 // first of a name stands. `type` and `element` null: it has none yet. False without memory.

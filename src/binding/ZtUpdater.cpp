@@ -292,7 +292,9 @@ bool ZtUpdater::End() {
   Frame& frame = m_Frames.Last();
   if (!(frame.type ? EndObject(frame) : EndLeaf(frame))) return false;
   if (frame.isExpanded) {  // the source has no end tag
-    m_To.Append("</", NameOf(frame), '>');
+    m_To.Append("</");
+    m_To.Append(NameOf(frame));
+    m_To.Append('>');
   }
   const std::uint32_t part = frame.part;
   const std::uint32_t slot = frame.slot;
@@ -508,7 +510,7 @@ bool ZtUpdater::PrepareChild(const Frame& frame, const ZtField& row, const XMLEl
 
 bool ZtUpdater::PrepareText(const Frame& frame, const ZtField& row) {
   char buffer[kZtNumberSize];
-  const ZtPiece text = ZtTextOf(row, ZtHeld(*frame.object, row), buffer);
+  const ZtPiece text = ZtTextHeld(*frame.object, row, buffer);
   if (!text.text) return !ZtIsLost(*frame.object, row) || Fail(nullptr);
   const std::size_t from = m_New.Size();
   ZtStandardWriter writer(m_New);

@@ -200,16 +200,6 @@ void ZtUnMarshaller::Explain(ZtPiece xml, char* text, const XmlDecoder* parser,
 
 // ---- Marshaller ---------------------------------------------------------------------------------
 
-namespace {
-
-// The room with which the next document begins after one of `size` bytes: it is mostly like it.
-std::size_t RoomAfter(std::size_t size) {
-  constexpr std::size_t kSpare = 64;
-  return std::min(size + size / 8 + kSpare, ZtXMLDocGenerator::kBufferSize);
-}
-
-}  // namespace
-
 ZtMarshaller::ZtMarshaller()
     : m_pXmlStrRef(zt_xml_common_array_definition::CreateArrayInstance()) {}
 
@@ -268,7 +258,7 @@ char* ZtMarshaller::MarshallExact(XMLElement* root) {
     const int written = Write(root, *type);
     m_bCutShort = m_bCutShort || m_XmlDocGenerator.outOfMemory();
     if (written && !m_bCutShort) {
-      m_iRoom = RoomAfter(pen.Size());
+      m_iRoom = std::min(ZtRoomAfter(pen.Size()), ZtXMLDocGenerator::kBufferSize);
       m_pXml = pen.Take(document.dropsFirstNewline);
       m_bCutShort = !m_pXml;
     }

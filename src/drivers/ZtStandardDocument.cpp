@@ -231,7 +231,9 @@ char* ZtMarshaller::MarshallStandard(XMLElement& root) {
   __free(m_pXml);
   ZtBuffer text(m_pContext->settings().mostText);
   m_pXml = nullptr;
+  text.Reserve(m_iRoom);
   if (!ZtWriteStandard(Document(), root, text, m_pError)) return nullptr;
+  m_iRoom = std::min(ZtRoomAfter(text.Size()), ZtXMLDocGenerator::kBufferSize);
   m_pXml = text.Take();
   if (!m_pXml) Refuse(Document(), m_pError, Stage::kWriting, Code::kNoMemory, nullptr);
   return m_pXml;

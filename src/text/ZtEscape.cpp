@@ -141,6 +141,35 @@ bool ZtAppendEscaped(ZtBuffer& to, ZtPiece text, char quote) {
   return true;
 }
 
+namespace {
+
+// An attribute whose value is not plain, or for which there is no room yet.
+[[gnu::cold]] bool AppendSlowly(ZtBuffer& to, ZtPiece prefix, ZtPiece name, ZtPiece value) {
+  for (const ZtPiece piece : {ZtPiece(" "), prefix, name, ZtPiece("=\"")}) to.Append(piece);
+  const bool done = ZtAppendEscaped(to, value, '"');
+  to.Append('"');
+  return done;
+}
+
+}  // namespace
+
+bool ZtAppendAttribute(ZtBuffer& to, ZtPiece prefix, ZtPiece name, ZtPiece value) {
+  const std::size_t size = prefix.size + name.size + value.size + sizeof(" =\"\"") - 1;
+  if (char* at = kZtHasVectors ? to.Room(size) : nullptr) {
+    *at++ = ' ';
+    at = ZtCopy(ZtCopy(at, prefix), name);
+    *at++ = '=';
+    *at++ = '"';
+    if (CopyPlain(at, value)) {
+      at += value.size;
+      *at++ = '"';
+      to.End(at);
+      return true;
+    }
+  }
+  return AppendSlowly(to, prefix, name, value);
+}
+
 bool ZtIsQualifiedName(ZtPiece name) {
   if (!name.size || !ZtIsXmlText(name)) return false;
   const char* at = name.text;
