@@ -8,9 +8,6 @@
 #include "ztxml/ZtPiece.h"
 #include "ztxml/ztPlatform.h"
 
-// The room with which to begin a text after one of `size` bytes: it is mostly like that.
-constexpr std::size_t ZtRoomAfter(std::size_t size) { return size + size / 8 + 64; }
-
 class ZtBuffer {
  public:
   static constexpr std::size_t kUnlimited = ~std::size_t{0} >> 1;

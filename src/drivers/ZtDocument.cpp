@@ -1,6 +1,5 @@
 #include "ztxml/ZtDocument.h"
 
-#include <algorithm>
 #include <climits>
 
 #include "base/ZtLog.h"
@@ -258,7 +257,7 @@ char* ZtMarshaller::MarshallExact(XMLElement* root) {
     const int written = Write(root, *type);
     m_bCutShort = m_bCutShort || m_XmlDocGenerator.outOfMemory();
     if (written && !m_bCutShort) {
-      m_iRoom = std::min(ZtRoomAfter(pen.Size()), ZtXMLDocGenerator::kBufferSize);
+      m_iRoom = ZtRoomAfter(pen.Size());
       m_pXml = pen.Take(document.dropsFirstNewline);
       m_bCutShort = !m_pXml;
     }

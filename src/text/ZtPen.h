@@ -8,6 +8,13 @@
 #include "ztxml/ztPlatform.h"
 #include "ztxml/ztXMLDocGenerator.h"
 
+// The room with which to begin a document after one of `size` bytes: it is mostly like that.
+constexpr std::uint16_t ZtRoomAfter(std::size_t size) {
+  const std::size_t room = size + size / 8 + 64;
+  constexpr std::size_t kMost = ZtXMLDocGenerator::kBufferSize;
+  return static_cast<std::uint16_t>(room < kMost ? room : kMost);
+}
+
 class ZtPen {
  public:
   class Tag;
