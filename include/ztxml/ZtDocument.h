@@ -155,7 +155,7 @@ class ZT_API ZtMarshaller : public XMLMarshaller {
   virtual char* Complete(XMLElement* root, char* text);
 
   ZtXMLDocGenerator m_XmlDocGenerator;
-  char* m_pXml = nullptr;      // owned: the text of the last Marshall
+  char* m_pXml = nullptr;  // owned: the text of the last Marshall
   zt_xml_common_array_definition* m_pXmlStrRef;
   const ZtContext* m_pContext = nullptr;  // null for a worker that no context made
   bool m_bCutShort = false;
