@@ -3,6 +3,8 @@
 #ifndef ZTXML_INCLUDE_ZTDOCUMENT_H
 #define ZTXML_INCLUDE_ZTDOCUMENT_H
 
+#include <cstdint>
+
 #include "ztxml/XMLCommonDef.h"
 #include "ztxml/XMLContext.h"
 #include "ztxml/ztXMLDocGenerator.h"
@@ -157,6 +159,7 @@ class ZT_API ZtMarshaller : public XMLMarshaller {
   zt_xml_common_array_definition* m_pXmlStrRef;
   const ZtContext* m_pContext = nullptr;  // null for a worker that no context made
   bool m_bCutShort = false;
+  std::uint16_t m_iRoom = 4096;  // with which the next document begins
 };
 
 /// The base of a context and of its workers: `Base`, with the description Context::kDocument.

@@ -1,7 +1,5 @@
 #include "base/ZtBuffer.h"
 
-#include "base/ZtBytes.h"
-
 void ZtBuffer::Append(ZtPiece piece) {
   if (piece.size > m_iCapacity - m_iSize && !Grow(piece.size)) return;
   ZtCopy(m_pText + m_iSize, piece);

@@ -71,6 +71,23 @@ inline unsigned ZtFirst(ZtBlock matches) {
 #endif
 }
 
+// Whether any of the bytes is all ones, where other bytes are 0.
+inline bool ZtAny(ZtBlock matches) {
+#ifdef __SSE2__
+  return ZtBits(matches) != 0;
+#else
+  std::uint64_t halves[2];
+  std::memcpy(halves, &matches, sizeof(halves));
+  return (halves[0] | halves[1]) != 0;
+#endif
+}
+
+// Two words as one block.
+inline ZtBlock ZtJoin(std::uint64_t low, std::uint64_t high) {
+  using Words = std::uint64_t __attribute__((vector_size(16)));
+  return reinterpret_cast<ZtBlock>(Words{low, high});
+}
+
 // Whether a whole block can be read from `at` without passing `end`.
 inline bool ZtHasBlock(const char* at, const char* end) {
   return kZtHasVectors && end - at >= static_cast<std::ptrdiff_t>(sizeof(ZtBlock));

@@ -3,6 +3,7 @@
 #include <limits>
 #include <type_traits>
 
+#include "base/ZtDigits.h"
 #include "base/ZtLog.h"
 #include "model/ZtOwnership.h"
 
@@ -204,30 +205,12 @@ class Hook {
   const ZtSource m_Source;
 };
 
-// The digits of every number below a hundred.
-struct DigitPairs {
-  char text[200] = {};
-
-  constexpr DigitPairs() {
-    for (unsigned i = 0; i < sizeof(text); ++i) {
-      text[i] = static_cast<char>('0' + (i % 2 == 0 ? i / 20 : i / 2 % 10));
-    }
-  }
-};
-constexpr DigitPairs kDigitPairs;
-
 }  // namespace
 
 ZtPiece ZtFormatNumber(unsigned long long number, char* buffer) {
-  char* const end = buffer + kZtNumberSize - 1;
-  char* at = end;
-  *at = '\0';
-  for (; number >= 10; number /= 100) {
-    at -= 2;
-    std::memcpy(at, kDigitPairs.text + 2 * (number % 100), 2);
-  }
-  if (number != 0 || at == end) *--at = static_cast<char>('0' + number);
-  return {at, static_cast<std::size_t>(end - at)};
+  char* const end = ZtPutDigits64(buffer, number);
+  *end = '\0';
+  return {buffer, static_cast<std::size_t>(end - buffer)};
 }
 
 // Mostly one comparison of eight bytes tells.

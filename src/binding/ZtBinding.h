@@ -92,7 +92,7 @@ const ZtChoice* ZtFindNamed(const ZtChoice* choices, ZtNameId name);
 constexpr std::size_t kZtNumberSize = 24;   // room for any number in decimal, with its NUL
 constexpr unsigned kZtNotSet = 0xFFFFFFFF;  // an attribute of 32 bits that is not written
 
-// `number` in decimal, with a NUL, at the end of `buffer`, which has kZtNumberSize bytes.
+// `number` in decimal, with a NUL, in `buffer`, which has kZtNumberSize bytes.
 ZtPiece ZtFormatNumber(unsigned long long number, char* buffer);
 
 // The text of a scalar field, null when it is absent: a null text, a 0, kZtNotSet in an attribute,

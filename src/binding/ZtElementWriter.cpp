@@ -3,67 +3,17 @@
 #include "base/ZtHash.h"
 #include "ztxml/ZtNamespaces.h"
 
-// The inside of an element: its depth and prefix hold until it ends.
-class ZtElementWriter::Nesting {
- public:
-  Nesting(ZtElementWriter& owner, ZtNameId prefix) : m_Owner(owner), m_Outer(owner.m_Prefix) {
-    ++owner.m_iDepth;
-    if (prefix != XML_STR_ZT_NULL) Change(prefix);
-  }
-  ~Nesting() {
-    --m_Owner.m_iDepth;
-    if (m_Owner.m_Prefix != m_Outer) Change(m_Outer);
-  }
-  Nesting(const Nesting&) = delete;
-  Nesting& operator=(const Nesting&) = delete;
-
- private:
-  void Change(ZtNameId prefix) { m_Owner.ChangePrefix(prefix); }
-
-  ZtElementWriter& m_Owner;
-  ZtNameId m_Outer;
-};
-
-void ZtElementWriter::ChangePrefix(ZtNameId prefix) {
-  m_Prefix = prefix;
-  const ZtPiece text = prefix == XML_STR_ZT_NULL ? nullptr : ZtNameId(prefix).Piece();
-  const ZtNamespaceBinding* binding =
-      m_Scope.namespaces ? m_Scope.namespaces->Find(text.text) : nullptr;
-  m_Pen.Prefix(binding ? binding->alias.Piece() : text);
-}
-
-// A start tag. One that is never closed stays open in the text.
-class ZtElementWriter::StartTag {
- public:
-  StartTag(ZtPen& pen, ZtPaddedPiece element) : m_Pen(pen) { pen.Open(element); }
-
-  [[gnu::always_inline]] void Add(ZtNameId name, ZtPiece value) { AddOther(name.Piece(), value); }
-  void Add(const ZtFixedAttribute& fixed) {
-    if (fixed.suffix == XML_STR_ZT_NULL) return Add(fixed.name, fixed.value.Piece());
-    m_bEmpty = false;
-    m_Pen.Attribute(ZtNameId(fixed.name).Piece(), ZtNameId(fixed.suffix).Piece(),
-                    fixed.value.Piece());
-  }
-  // One whose name may be any text.
-  template <class Name>
-  [[gnu::always_inline]] void AddOther(Name name, ZtPiece value) {
-    m_bEmpty = false;
-    m_Pen.Attribute(name, value);
-  }
-  bool IsEmpty() const { return m_bEmpty; }
-  void Close(bool selfEnd) { m_Pen.Close(selfEnd); }
-
- private:
-  ZtPen& m_Pen;
-  bool m_bEmpty = true;
-};
-
 namespace {
 
 // ZtFieldText without a call for what most fields are.
 inline ZtPiece TextOf(const XMLElement& element, const ZtField& field, char* buffer) {
   return field.value == ZtValue::kText ? (element.*field.member.text).Piece()
                                        : ZtFieldText(element, field, buffer);
+}
+
+// Whether there is nothing to do where the row has no value.
+inline bool IsSilentWhenAbsent(const ZtField& field) {
+  return !field.note && !(field.flags & (kZtRequired | kZtAlways));
 }
 
 constexpr std::size_t kMostFlagName = 98;  // the longest that a table may ask for
@@ -157,13 +107,13 @@ bool IsWritten(const ZtChoice* choices) {
 }
 
 // Whether the element's start tag carries an attribute `name` by what its type says.
-bool Carries(const XMLElement& element, const ZtElementType& type,
-             std::initializer_list<ZtFixedAttribute> declared, ZtPiece name) {
+bool Carries(const XMLElement& element, const ZtElementType& type, bool declares, ZtPiece name) {
   if (const ZtField* field = ZtFindAttribute(type, ZtNameId::Of(name))) {
     char buffer[kZtNumberSize];
     return field->Is(kZtAlways) || ZtFieldText(element, *field, buffer).text;
   }
-  for (const ZtFixedAttribute& fixed : declared) {
+  if (!declares) return false;
+  for (const ZtFixedAttribute& fixed : type.extras->declares) {
     const bool plain = fixed.suffix == XML_STR_ZT_NULL;
     const ZtPiece own = ZtNameId(fixed.name).Piece();
     const ZtPiece suffix = plain ? nullptr : ZtNameId(fixed.suffix).Piece();
@@ -177,37 +127,64 @@ bool Carries(const XMLElement& element, const ZtElementType& type,
 
 }  // namespace
 
+// Depth and prefix hold for the element and what is in it.
 int ZtElementWriter::Write(XMLElement* element, const ZtElementType& type, ZtNameId prefix,
                            ZtNameId name) {
-  if (type.writer) {
-    Log(type.family->entryLevel, type.family->entryLine, type.writer);
-  }
-  const ZtExtras& extras = *type.extras;
-  if (!element && extras.flag) Log(kZtLogState, extras.flag->nullLine, m_Scope.marshaller);
+  const ZtFamily& family = *type.family;
+  if (Tells(family.entryLevel) && type.writer)
+    Log(family.entryLevel, family.entryLine, type.writer);
   // A caller's list may hold anything: rows are applied to objects of their own type only.
+  if (!element || m_iDepth == kMostDepth || !ZtIsClass(element->ClassName(), type)) {
+    return Refuses(element, type);
+  }
+  ++m_iDepth;
+  const ZtNameId outer = m_Prefix;
+  if (prefix.IsNone()) prefix = type.prefix;
+  const bool changes = !prefix.IsNone() && prefix != outer;
+  if (changes) ChangePrefix(prefix);
+  const int written = WriteElement(*element, type, name);
+  --m_iDepth;
+  if (changes) ChangePrefix(outer);
+  return written;
+}
+
+[[gnu::cold]] int ZtElementWriter::Refuses(const XMLElement* element, const ZtElementType& type) {
+  const ZtFlag* const flag = type.extras->flag;
+  if (!element && flag) Log(kZtLogState, flag->nullLine, m_Scope.marshaller);
   if (!element || !ZtIsClass(element->ClassName(), type)) {
     return Lacks(ZtLack::Why::kClass, element);
   }
-  if (m_iDepth == kMostDepth) {
-    Log(kZtLogError, "<XML Module>: more than %d elements within each other", kMostDepth);
-    m_bIncomplete = true;
-    return Lacks(ZtLack::Why::kDepth, element);
+  Log(kZtLogError, "<XML Module>: more than %d elements within each other", kMostDepth);
+  m_bIncomplete = true;
+  return Lacks(ZtLack::Why::kDepth, element);
+}
+
+[[gnu::always_inline]] inline int ZtElementWriter::WriteElement(const XMLElement& element,
+                                                                const ZtElementType& type,
+                                                                ZtNameId name) {
+  const ZtExtras& extras = *type.extras;
+  if (extras.flag) {
+    return WriteFlag(static_cast<const zt_empty_element_type&>(element), *extras.flag);
   }
-  const Nesting nesting(*this, prefix == XML_STR_ZT_NULL ? type.prefix : prefix);
-  if (extras.flag) return WriteFlag(static_cast<zt_empty_element_type&>(*element), *extras.flag);
-  if (extras.write) {
-    return extras.write(*this, *element, type) || LacksSomething(*element);
-  }
+  if (extras.write) return extras.write(*this, element, type) || LacksSomething(element);
   if (name.IsNone()) name = type.tag;
-  if (type.checksFirst && !HasRequired(*element, type)) return 0;
-  const ZtPaddedPiece tag = name.IsNone() ? nullptr : name.Piece();
-  if (tag.text && !WriteStartTag(*element, type, tag, name == type.tag)) return 0;
+  if (type.checksFirst && !HasRequired(element, type)) return 0;
+  const bool tagged = !name.IsNone();
+  if (tagged && !WriteStartTag(element, type, name)) return 0;
   if (type.start == ZtStartTag::kEmpty) return 1;
   const bool written =
-      extras.content ? extras.content(*this, *element, type) : WriteChildren(*element, type);
-  if (!written) return LacksSomething(*element);
-  if (tag.text) m_Pen.End(tag);
+      extras.content ? extras.content(*this, element, type) : WriteRows(element, type);
+  if (!written) return LacksSomething(element);
+  if (tagged) m_Pen.End(name.Piece());
   return 1;
+}
+
+void ZtElementWriter::ChangePrefix(ZtNameId prefix) {
+  m_Prefix = prefix;
+  const ZtPiece text = prefix.IsNone() ? ZtPiece(nullptr) : prefix.Piece();
+  const ZtNamespaceBinding* binding =
+      m_Scope.namespaces ? m_Scope.namespaces->Find(text.text) : nullptr;
+  m_Pen.Prefix(binding ? binding->alias.Piece() : text);
 }
 
 int ZtElementWriter::WriteFlag(const zt_empty_element_type& flag, const ZtFlag& how) {
@@ -226,39 +203,6 @@ int ZtElementWriter::WriteFlag(const zt_empty_element_type& flag, const ZtFlag& 
   return 1;
 }
 
-bool ZtElementWriter::WriteChildren(const XMLElement& element, const ZtElementType& type) {
-  bool chosen = false;
-  const ZtField* const end = type.end();
-  for (const ZtField* at = type.children(); at != end; ++at) {
-    const ZtField& field = *at;
-    if (field.Is(kZtOneOf)) {
-      if (chosen || !IsSet(element, field)) continue;
-      chosen = true;
-    }
-    if (field.place == ZtPlace::kTextElement) {
-      char buffer[kZtNumberSize];
-      const ZtPiece text = TextOf(element, field, buffer);
-      if (text.text || field.Is(kZtAlways)) {
-        LogWriter(field);
-        m_Pen.TextElement(field.name.Piece(), text);
-      }
-      if (text.text) continue;
-      Log(field.noteLevel, field.note);
-      if (field.Is(kZtRequired)) return Lacks(ZtLack::Why::kValue, &element, &field);
-    } else if (field.place == ZtPlace::kChild) {
-      XMLElement* child = (element.*field.member.child).Get();
-      if (child && !WriteChild(child, 0, field, *field.detail.type)) {
-        return false;
-      }
-    } else if (field.place == ZtPlace::kOtherChild) {
-      if (!WriteOther((element.*field.member.child).Get(), field)) return false;
-    } else if ((element.*field.member.children).Get() || field.place == ZtPlace::kOwnText) {
-      if (!WriteMany(element, field)) return false;
-    }
-  }
-  return true;
-}
-
 bool ZtElementWriter::HasRequired(const XMLElement& element, const ZtElementType& type) {
   char buffer[kZtNumberSize];
   for (const ZtField* field = type.begin(); field != type.children(); ++field) {
@@ -269,54 +213,196 @@ bool ZtElementWriter::HasRequired(const XMLElement& element, const ZtElementType
   return true;
 }
 
-bool ZtElementWriter::WriteStartTag(const XMLElement& element, const ZtElementType& type,
-                                    ZtPaddedPiece name, bool isOwnName) {
-  StartTag tag(m_Pen, name);
-  char buffer[kZtNumberSize];
-  bool awaited = false;
+[[gnu::always_inline]] inline bool ZtElementWriter::WriteStartTag(const XMLElement& element,
+                                                                  const ZtElementType& type,
+                                                                  ZtNameId name) {
+  ZtPen::Tag tag(m_Pen, name.Piece());
   // An element under another name stands inside of one that has declared what it needs.
-  const auto declared =
-      isOwnName ? type.extras->declares : std::initializer_list<ZtFixedAttribute>();
-  for (const ZtFixedAttribute& fixed : declared) tag.Add(fixed);
+  if (type.extras->declares.size() && name == type.tag) {
+    tag.Leave();
+    WriteDeclared(type);
+    tag.Resume();
+  }
+  bool awaited = false;
   const ZtField* const end = type.children();
   for (const ZtField* at = type.begin(); at != end; ++at) {
-    const ZtField& field = *at;
-    if (field.place == ZtPlace::kOtherAttributes) {
-      const ZtAttributeList& others = element.*field.member.attributes;
-      if (!others.Get()) continue;
-      awaited = type.start == ZtStartTag::kAwaitsExtras && !others.Head();
-      if (!WriteOtherAttributes(others.Head(), &element, &type, declared, tag)) return false;
+    if (at->place == ZtPlace::kAttribute) {
+      if (!WriteAttribute(tag, element, *at)) return false;
       continue;
     }
-    const ZtPiece text = TextOf(element, field, buffer);
-    if (!text.text) {
-      Log(field.noteLevel, field.note);
-      if (field.Is(kZtRequired)) return Lacks(ZtLack::Why::kValue, &element, &field);
-      if (!field.Is(kZtAlways)) continue;
-    }
-    tag.Add(field.name, text);
+    const ZtAttributeList& others = element.*at->member.attributes;
+    if (!others.Get()) continue;
+    tag.Leave();
+    awaited = type.start == ZtStartTag::kAwaitsExtras && !others.Head();
+    if (!WriteOtherAttributes(others.Head(), &element, &type, name == type.tag)) return false;
+    tag.Resume();
   }
-  const bool closes = type.start != ZtStartTag::kStaysOpen || !tag.IsEmpty();
-  if (!awaited && closes) tag.Close(type.start == ZtStartTag::kEmpty);
+  if (type.start >= ZtStartTag::kStaysOpen) {
+    tag.Leave();
+    if (awaited || (type.start == ZtStartTag::kStaysOpen && !m_Pen.HasAttribute())) return true;
+  }
+  tag.Close(type.start == ZtStartTag::kEmpty);
   return true;
 }
 
-bool ZtElementWriter::Start(ZtNameId name, ZtSingleElementList* attributes) {
-  StartTag tag(m_Pen, name.Piece());
-  if (attributes &&
-      !WriteOtherAttributes(attributes->GetPtrToListHead(), nullptr, nullptr, {}, tag)) {
-    return false;
+// Whether the element may go on. What most attributes are is written here, from the object to the
+// text in one step.
+[[gnu::always_inline]] inline bool ZtElementWriter::WriteAttribute(ZtPen::Tag& tag,
+                                                                   const XMLElement& element,
+                                                                   const ZtField& field) {
+  unsigned long long number = 0;
+  if (field.value == ZtValue::kText) {
+    const ZtPiece text = (element.*field.member.text).Piece();
+    if (text.text) {
+      tag.Text(field.name.Piece(), text);
+      return true;
+    }
+  } else if (field.value == ZtValue::kEnum) {
+    const ZtEnumTable& values = *field.detail.values;
+    const unsigned index = (element.*field.member.number).Get();
+    if (index < values.count) {
+      tag.Constant(field.name.Piece(), values.slots[index].Piece());
+      return true;
+    }
+  } else if (field.value == ZtValue::kNumber) {
+    number = (element.*field.member.number).Get();
+    if (number == kZtNotSet) number = 0;
+  } else if (field.value == ZtValue::kNumber64) {
+    number = (element.*field.member.number64).Get();
   }
-  tag.Close(false);
+  if (number - 1 < UINT32_MAX) {
+    tag.Number(field.name.Piece(), static_cast<std::uint32_t>(number));
+    return true;
+  }
+  if (number == 0 && IsSilentWhenAbsent(field)) return true;
+  tag.Leave();
+  const bool goesOn = WriteAnyAttribute(element, field);
+  tag.Resume();
+  return goesOn;
+}
+
+bool ZtElementWriter::WriteAnyAttribute(const XMLElement& element, const ZtField& field) {
+  char buffer[kZtNumberSize];
+  const ZtPiece text = ZtFieldText(element, field, buffer);
+  if (!text.text) {
+    Log(field.noteLevel, field.note);
+    if (field.Is(kZtRequired)) return Lacks(ZtLack::Why::kValue, &element, &field);
+    if (!field.Is(kZtAlways)) return true;
+  }
+  m_Pen.Attribute(field.name.Piece(), text);
   return true;
 }
+
+[[gnu::cold]] void ZtElementWriter::WriteDeclared(const ZtElementType& type) {
+  for (const ZtFixedAttribute& fixed : type.extras->declares) {
+    const ZtPaddedPiece name = ZtNameId(fixed.name).Piece();
+    if (fixed.suffix == XML_STR_ZT_NULL) {
+      m_Pen.Attribute(name, fixed.value.Piece());
+    } else {
+      m_Pen.Attribute(name, ZtNameId(fixed.suffix).Piece(), fixed.value.Piece());
+    }
+  }
+}
+
+// Whether the parent may go on. The child stands under its row's name, if that has one.
+inline bool ZtElementWriter::WriteChild(XMLElement* child, int index, const ZtField& field,
+                                        const ZtElementType& type, ZtNameId prefix) {
+  return Write(child, type, prefix, field.name) != 0 || MayLackChild(index, field, type);
+}
+
+[[gnu::always_inline]] inline bool ZtElementWriter::WriteList(const XMLElement& element,
+                                                              const ZtField& field) {
+  const ZtElementType& type = *field.detail.type;
+  int index = 0;
+  for (ZtListNode* node = (element.*field.member.children).Head(); node; node = node->next) {
+    auto* const child = static_cast<XMLElement*>(node->data);
+    if (child && !WriteChild(child, index, field, type)) return false;
+    ++index;
+  }
+  return true;
+}
+
+bool ZtElementWriter::WriteChildren(const XMLElement& element, const ZtElementType& type) {
+  return WriteRows(element, type);
+}
+
+[[gnu::always_inline]] inline bool ZtElementWriter::WriteRows(const XMLElement& element,
+                                                              const ZtElementType& type) {
+  bool chosen = false;
+  const ZtField* const end = type.end();
+  for (const ZtField* at = type.children(); at != end; ++at) {
+    const ZtField& field = *at;
+    if (field.Is(kZtOneOf)) {
+      if (chosen || !IsSet(element, field)) continue;
+      chosen = true;
+    }
+    if (field.place == ZtPlace::kTextElement) {
+      if (!WriteTextElement(element, field)) return false;
+    } else if (field.place == ZtPlace::kChild) {
+      XMLElement* const child = (element.*field.member.child).Get();
+      if (child && !WriteChild(child, 0, field, *field.detail.type)) return false;
+    } else if (field.place == ZtPlace::kOwnText) {
+      char buffer[kZtNumberSize];
+      m_Pen.Text(TextOf(element, field, buffer));
+    } else if (field.place == ZtPlace::kOtherChild) {
+      if (!WriteOther((element.*field.member.child).Get(), field)) return false;
+    } else if ((element.*field.member.children).Get()) {
+      if (field.place == ZtPlace::kChildren) {
+        if (!WriteList(element, field)) return false;
+      } else if (field.place == ZtPlace::kOtherChildren) {
+        if (!WriteOthers(element, field)) return false;
+      } else {
+        WriteTexts(element, field);
+      }
+    }
+  }
+  return true;
+}
+
+[[gnu::cold]] void ZtElementWriter::LogName(const ZtField& field) const {
+  const char* name = field.name.Text();
+  Log(kZtLogTrace, "<XML Module>: Add%c%sElementToXml", *name - 'a' + 'A', name + 1);
+}
+
+// Whether the element may go on.
+[[gnu::always_inline]] inline bool ZtElementWriter::WriteTextElement(const XMLElement& element,
+                                                                     const ZtField& field) {
+  if (field.value != ZtValue::kText) return WriteAnyTextElement(element, field);
+  const ZtPiece text = (element.*field.member.text).Piece();
+  if (!text.text) return IsSilentWhenAbsent(field) || WriteAnyTextElement(element, field);
+  LogWriter(field);
+  m_Pen.TextElement(field.name.Piece(), text);
+  return true;
+}
+
+bool ZtElementWriter::WriteAnyTextElement(const XMLElement& element, const ZtField& field) {
+  char buffer[kZtNumberSize];
+  const ZtPiece text = ZtFieldText(element, field, buffer);
+  if (text.text || field.Is(kZtAlways)) {
+    LogWriter(field);
+    m_Pen.TextElement(field.name.Piece(), text);
+  }
+  if (text.text) return true;
+  Log(field.noteLevel, field.note);
+  return !field.Is(kZtRequired) || Lacks(ZtLack::Why::kValue, &element, &field);
+}
+
+bool ZtElementWriter::Start(ZtNameId name, ZtSingleElementList* attributes) {
+  m_Pen.Open(name.Piece());
+  if (attributes &&
+      !WriteOtherAttributes(attributes->GetPtrToListHead(), nullptr, nullptr, false)) {
+    return false;
+  }
+  m_Pen.Close(false);
+  return true;
+}
+
+[[gnu::cold]] void ZtElementWriter::End(ZtNameId name) { m_Pen.End(name.Piece()); }
 
 // Attributes that no row names, in the order received, except those that the tag has already: the
 // first of a name stands. `type` and `element` null: it has none yet. False without memory.
 bool ZtElementWriter::WriteOtherAttributes(ZtListNode* head, const XMLElement* element,
-                                           const ZtElementType* type,
-                                           std::initializer_list<ZtFixedAttribute> declared,
-                                           StartTag& tag) {
+                                           const ZtElementType* type, bool declares) {
   std::size_t count = 0;
   for (ZtListNode* node = head; node; node = node->next) ++count;
   if (count == 0) return true;
@@ -330,9 +416,9 @@ bool ZtElementWriter::WriteOtherAttributes(ZtListNode* head, const XMLElement* e
     const char* text = pair ? pair->getName() : nullptr;
     const ZtPiece name(text, text ? NameSize(text) : 0);
     if (name.size == 0) continue;
-    if (type && Carries(*element, *type, declared, name)) continue;
+    if (type && Carries(*element, *type, declares, name)) continue;
     if (count > 1 && !names.Insert(name)) continue;
-    tag.AddOther(ZtPiece(text), pair->getValue());
+    m_Pen.Attribute(text, pair->getValue());
   }
   return true;
 }
@@ -348,26 +434,11 @@ void ZtElementWriter::WriteText(ZtNameId name, ZtPiece text) {
   m_Pen.TextElement(name.Piece(), text);
 }
 
-// What a row has that stands for more than one child, or for the element's own text.
-bool ZtElementWriter::WriteMany(const XMLElement& element, const ZtField& field) {
-  if (field.place == ZtPlace::kOwnText) {
-    char buffer[kZtNumberSize];
-    m_Pen.Text(TextOf(element, field, buffer));
-    return true;
-  }
-  if (field.place == ZtPlace::kOtherChildren) return WriteOthers(element, field);
+// Text elements under one name, or the words of the element's own text.
+void ZtElementWriter::WriteTexts(const XMLElement& element, const ZtField& field) {
   const char* blank = "";
-  int index = 0;
   for (ZtListNode* node = (element.*field.member.children).Head(); node; node = node->next) {
-    auto* child = static_cast<XMLElement*>(node->data);
-    if (field.place == ZtPlace::kChildren) {
-      if (child && !WriteChild(child, index, field, *field.detail.type)) {
-        return false;
-      }
-      ++index;
-      continue;
-    }
-    const auto* text = zt_string::From(child);
+    const auto* text = zt_string::From(static_cast<XMLElement*>(node->data));
     if (!text) continue;
     if (field.place == ZtPlace::kTextElements) {
       WriteText(field.name, text->getValue());
@@ -377,13 +448,10 @@ bool ZtElementWriter::WriteMany(const XMLElement& element, const ZtField& field)
       blank = " ";
     }
   }
-  return true;
 }
 
-// Whether the parent may go on. The child stands under its row's name, if that has one.
-bool ZtElementWriter::WriteChild(XMLElement* child, int index, const ZtField& field,
-                                 const ZtElementType& type, ZtNameId prefix) {
-  if (Write(child, type, prefix, field.name) != 0) return true;
+[[gnu::cold]] bool ZtElementWriter::MayLackChild(int index, const ZtField& field,
+                                                 const ZtElementType& type) {
   if (field.note && field.HasName()) {
     Log(field.noteLevel, field.note, index);
   } else if (!field.Is(kZtLenient) && type.writer) {

@@ -2,6 +2,8 @@
 #ifndef ZTXML_SRC_BINDING_ZTELEMENTWRITER_H
 #define ZTXML_SRC_BINDING_ZTELEMENTWRITER_H
 
+#include <climits>
+
 #include "base/ZtLog.h"
 #include "binding/ZtBinding.h"
 #include "text/ZtPen.h"
@@ -37,7 +39,9 @@ class ZtElementWriter {
   static constexpr int kMostDepth = 2 * XmlCodeGenStack::kCapacity;
 
   ZtElementWriter(ZtXMLDocGenerator& writer, const ZtWriterScope& scope)
-      : m_Pen(writer), m_Scope(scope) {}
+      : m_Pen(writer),
+        m_Scope(scope),
+        m_iDiscardedUpTo(&ztLogDiscardedUpTo ? ztLogDiscardedUpTo : INT_MIN) {}
 
   // 1, or 0 when `element` is null, of another class or lacks something required. The prefix
   // (ZT_NULL: the type's) holds for the element with all that is in it; the caller's is restored.
@@ -54,10 +58,10 @@ class ZtElementWriter {
   // an element without content, an end tag; and a line under the marshaller's file.
   bool Start(ZtNameId name, ZtSingleElementList* attributes = nullptr);
   void WriteEmpty(ZtNameId name) { m_Pen.Empty(name.Piece()); }
-  void End(ZtNameId name) { m_Pen.End(name.Piece()); }
+  void End(ZtNameId name);
   template <class... Args>
   void Log(int level, const char* format, Args... args) const {
-    if (format) ZtLog(level, m_Scope.source)(format, args...);
+    if (Tells(level) && format) LogLine(level, format, args...);
   }
 
   // Whether something was left out for want of memory or for lying too deep, also where a failure
@@ -67,15 +71,17 @@ class ZtElementWriter {
   const ZtLack& Lack() const { return m_Lack; }
 
  private:
-  class Nesting;
-  class StartTag;
-
+  // Whether the log takes lines of this level: whether it did when the writer was made.
+  bool Tells(int level) const { return level > m_iDiscardedUpTo; }
   void ChangePrefix(ZtNameId prefix);
-  void LogWriter(const ZtField& field) const {
-    if (!field.Is(kZtLogged)) return;
-    const char* name = field.name.Text();
-    Log(kZtLogTrace, "<XML Module>: Add%c%sElementToXml", *name - 'a' + 'A', name + 1);
+  template <class... Args>
+  [[gnu::cold, gnu::noinline]] void LogLine(int level, const char* format, Args... args) const {
+    ZtLog(level, m_Scope.source)(format, args...);
   }
+  void LogWriter(const ZtField& field) const {
+    if (field.Is(kZtLogged) && Tells(kZtLogTrace)) LogName(field);
+  }
+  void LogName(const ZtField& field) const;
   bool Lacks(ZtLack::Why why, const XMLElement* element, const ZtField* field = nullptr) {
     m_Lack = {why, element, field};
     return false;
@@ -84,20 +90,30 @@ class ZtElementWriter {
   bool LacksSomething(const XMLElement& element) {
     return m_Lack.why == ZtLack::Why::kNothing && Lacks(ZtLack::Why::kValue, &element);
   }
+  int Refuses(const XMLElement* element, const ZtElementType& type);
+  inline int WriteElement(const XMLElement& element, const ZtElementType& type, ZtNameId name);
   int WriteFlag(const zt_empty_element_type& flag, const ZtFlag& how);
   bool HasRequired(const XMLElement& element, const ZtElementType& type);
-  inline bool WriteStartTag(const XMLElement& element, const ZtElementType& type,
-                            ZtPaddedPiece name, bool isOwnName);
-  bool WriteMany(const XMLElement& element, const ZtField& field);
+  inline bool WriteStartTag(const XMLElement& element, const ZtElementType& type, ZtNameId name);
+  inline bool WriteAttribute(ZtPen::Tag& tag, const XMLElement& element, const ZtField& field);
+  bool WriteAnyAttribute(const XMLElement& element, const ZtField& field);
+  void WriteDeclared(const ZtElementType& type);
+  bool WriteOtherAttributes(ZtListNode* head, const XMLElement* element, const ZtElementType* type,
+                            bool declares);
+  inline bool WriteRows(const XMLElement& element, const ZtElementType& type);
+  inline bool WriteTextElement(const XMLElement& element, const ZtField& field);
+  bool WriteAnyTextElement(const XMLElement& element, const ZtField& field);
+  inline bool WriteList(const XMLElement& element, const ZtField& field);
+  void WriteTexts(const XMLElement& element, const ZtField& field);
   inline bool WriteChild(XMLElement* child, int index, const ZtField& field,
                          const ZtElementType& type, ZtNameId prefix = XML_STR_ZT_NULL);
+  bool MayLackChild(int index, const ZtField& field, const ZtElementType& type);
   bool WriteOthers(const XMLElement& element, const ZtField& field);
   bool WriteOther(XMLElement* child, const ZtField& field);
-  bool WriteOtherAttributes(ZtListNode* head, const XMLElement* element, const ZtElementType* type,
-                            std::initializer_list<ZtFixedAttribute> declared, StartTag& tag);
 
   ZtPen m_Pen;
   const ZtWriterScope m_Scope;
+  const int m_iDiscardedUpTo;
   ZtNameId m_Prefix = XML_STR_ZT_NULL;
   int m_iDepth = 0;  // of elements within each other
   bool m_bIncomplete = false;

@@ -26,7 +26,7 @@ constexpr T ZtWith(T entry, Member T::*member, Value value) {
 // ---- Values -------------------------------------------------------------------------------------
 
 // The values of an enumeration: slots of fixed width, of which a field holds the index. An index
-// of `count` or more is absent or unknown and is not written.
+// of `count` or more is absent or unknown and is not written. None holds a double quote.
 class ZtEnumSlot {
  public:
   template <std::size_t N>
@@ -35,12 +35,13 @@ class ZtEnumSlot {
     static_assert(N > 1 && N <= sizeof(m_Text));
     for (std::size_t i = 0; i < N; ++i) m_Text[i] = text[i];
   }
-  constexpr ZtPiece Piece() const { return {m_Text, m_iSize}; }
+  constexpr ZtPaddedPiece Piece() const { return {m_Text, m_iSize}; }
 
  private:
   char m_Text[31] = {};
   std::uint8_t m_iSize;
 };
+static_assert(sizeof(ZtEnumSlot) == 32);
 constexpr std::uint8_t kZtKeepsValue = 0xFF;  // as `noMatch`: the field stays as it is
 
 struct ZtEnumTable {

@@ -69,8 +69,9 @@ extern const char kZtExtraNames[kZtExtraNameCount][kZtExtraNameSize];
 extern const std::uint8_t kZtNameSizes[kZtNameCount];
 
 inline const char* ZtNameId::Text() const {
-  return m_Id < XML_STR_ZT_COUNT ? zt_xml_common_array_definition::arrXmlStrRef[m_Id]
-                                 : kZtExtraNames[m_Id - XML_STR_ZT_COUNT];
+  const std::size_t id = static_cast<std::uint16_t>(m_Id);
+  return id < XML_STR_ZT_COUNT ? zt_xml_common_array_definition::arrXmlStrRef[id]
+                               : kZtExtraNames[id - XML_STR_ZT_COUNT];
 }
 
 inline bool ZtNameId::Is(ZtPiece text) const {
@@ -89,7 +90,10 @@ inline bool ZtNameId::Is(ZtPaddedPiece text) const {
   return ZtBits(reinterpret_cast<ZtBlock>(differ)) << (32 - text.size) == 0;
 }
 
-inline ZtPaddedPiece ZtNameId::Piece() const { return {Text(), kZtNameSizes[m_Id]}; }
+inline ZtPaddedPiece ZtNameId::Piece() const {
+  const std::size_t id = static_cast<std::uint16_t>(m_Id);
+  return {Text(), kZtNameSizes[id]};
+}
 
 inline const char* ZtName(ZtNameId id) { return id.Text(); }
 

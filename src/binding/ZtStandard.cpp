@@ -201,6 +201,11 @@ ZtPiece ZtTextOf(const ZtField& row, const ZtStated& value, char* buffer) {
   return ZtFormatNumber(value.number, buffer);
 }
 
+ZtPiece ZtTextHeld(const XMLElement& object, const ZtField& row, char* buffer) {
+  if (row.value == ZtValue::kText) return (object.*row.member.text).Piece();
+  return ZtTextOf(row, ZtHeld(object, row), buffer);
+}
+
 bool ZtKeep(XMLElement& object, const ZtField& row, const ZtStated& value, const ZtArena* arena) {
   if (!value.stated) return true;
   switch (row.value) {

@@ -92,6 +92,8 @@ inline bool ZtIsLost(const XMLElement& object, const ZtField& row) {
 }
 // The text of it, unescaped; numbers are formatted in `buffer` (kZtNumberSize).
 ZtPiece ZtTextOf(const ZtField& row, const ZtStated& value, char* buffer);
+// The text of what `object` holds in `row`, null for nothing.
+ZtPiece ZtTextHeld(const XMLElement& object, const ZtField& row, char* buffer);
 // Keeps what is stated; a text stays in place where `arena` holds it. False without memory.
 bool ZtKeep(XMLElement& object, const ZtField& row, const ZtStated& value, const ZtArena* arena);
 // The value is stated no more: it reads as its default.

@@ -57,16 +57,15 @@ bool ZtStandardWriter::WriteChild(const ZtField& row, ZtSpace space, const XMLEl
 
 bool ZtStandardWriter::WriteTextElement(const ZtField& row, ZtSpace space, ZtPiece text) {
   if (m_Frames.Size() == 0 && !m_Scope.Begin()) return Fail(nullptr);
-  Frame leaf = Within(m_Frames.Size() ? &m_Frames.Last() : nullptr);
+  const Frame* const parent = m_Frames.Size() ? &m_Frames.Last() : nullptr;
+  Frame leaf = Within(parent);
   leaf.name = row.name.Piece();
   m_New.Cut(0);
-  if (!Resolve(leaf, space, leaf.prefix)) return false;
+  if (!Resolve(leaf, space, parent)) return false;
   OpenTag(leaf);
   m_To.Append('>');
   if (!ZtAppendEscaped(m_To, text, 0)) return Fail(kZtNotXml, "/", leaf.name);
-  m_To.Append("</");
-  AppendName(leaf);
-  m_To.Append('>');
+  EndTag(leaf);
   m_Scope.Leave(leaf.declarations);
   return true;
 }
@@ -108,9 +107,7 @@ bool ZtStandardWriter::Run() {
     if (frame.isOpen) {
       m_To.Append("/>");
     } else {
-      m_To.Append("</");
-      AppendName(frame);
-      m_To.Append('>');
+      EndTag(frame);
     }
     m_Scope.Leave(frame.declarations);
     m_Frames.Cut(m_Frames.Size() - 1);
@@ -125,7 +122,7 @@ bool ZtStandardWriter::Step(Frame& frame) {
   switch (row.place) {
     case ZtPlace::kTextElement: {
       ++frame.row;
-      const ZtPiece text = ZtTextOf(row, ZtHeld(*frame.object, row), buffer);
+      const ZtPiece text = ZtTextHeld(*frame.object, row, buffer);
       if (!text.text) return MayLack(frame, row, "/");
       CloseTag(frame);
       return WriteTextElement(row, frame.space, text);
@@ -195,7 +192,7 @@ bool ZtStandardWriter::WriteOwnText(Frame& frame, const ZtField& row) {
   frame.hasText = true;
   if (row.place == ZtPlace::kOwnText) {
     char buffer[kZtNumberSize];
-    const ZtPiece text = ZtTextOf(row, ZtHeld(*frame.object, row), buffer);
+    const ZtPiece text = ZtTextHeld(*frame.object, row, buffer);
     if (!text.text && !MayLack(frame, row, nullptr)) return false;
     if (!text.size) return true;
     CloseTag(frame);
@@ -232,33 +229,32 @@ bool ZtStandardWriter::StartTag(Frame& frame, ZtSpace space) {
   if (others && !others->Head()) others = nullptr;
   if (m_Frames.Size() == 1 && !m_pOuter && !DeclareFixed(frame)) return false;
   if (others && !DeclareOthers(frame, *others)) return false;
-  if (!Resolve(frame, space, frame.prefix)) return false;
+  const Frame* const parent = m_Frames.Size() > 1 ? &m_Frames[m_Frames.Size() - 2] : nullptr;
+  if (!Resolve(frame, space, parent)) return false;
   OpenTag(frame);
   m_Attributes.Clear();
   char buffer[kZtNumberSize];
   for (const ZtField* row = type.begin(); row != type.children(); ++row) {
     if (row->place == ZtPlace::kOtherAttributes) continue;
-    const ZtPiece text = ZtTextOf(*row, ZtHeld(*frame.object, *row), buffer);
+    const ZtPiece text = ZtTextHeld(*frame.object, *row, buffer);
     const ZtPiece name = row->name.Piece();
     if (!text.text) {
       if (!MayLack(frame, *row, "/@")) return false;
       continue;
     }
-    if (!IsNew(nullptr, 0, name)) continue;
-    if (!WriteAttribute(name, text)) return Fail(kZtNotXml, "/@", name);
+    // Rows have names of their own.
+    if (others && !IsNew(nullptr, 0, name)) continue;
+    if (!ZtAppendAttribute(m_To, nullptr, name, text)) return Fail(kZtNotXml, "/@", name);
   }
   return (!others || WriteOthers(*others)) && !m_bNoMemory;
 }
 
 void ZtStandardWriter::OpenTag(const Frame& frame) {
-  if (frame.breaks) m_To.Append('\n');
-  m_To.Append('<');
-  AppendName(frame);
+  const ZtPiece colon(":", frame.prefix.size ? 1 : 0);
+  m_To.Append(frame.breaks ? ZtPiece("\n<", 2) : ZtPiece("<", 1), frame.prefix, colon, frame.name);
   for (const Declaration& declaration : m_New) {
-    m_To.Append(" xmlns");
-    if (declaration.prefix.size) m_To.Append(':');
-    m_To.Append(declaration.prefix);
-    m_To.Append("=\"");
+    const ZtPiece sign(":", declaration.prefix.size ? 1 : 0);
+    m_To.Append(" xmlns", sign, declaration.prefix, "=\"");
     static_cast<void>(ZtAppendEscaped(m_To, declaration.uri, '"'));
     m_To.Append('"');
   }
@@ -315,9 +311,14 @@ bool ZtStandardWriter::Declare(Frame& frame, ZtPiece prefix, ZtPiece uri) {
 }
 
 // The prefix of an element in `space`, declared where none is in scope.
-bool ZtStandardWriter::Resolve(Frame& frame, ZtSpace space, ZtPiece& prefix) {
-  prefix = nullptr;
+bool ZtStandardWriter::Resolve(Frame& frame, ZtSpace space, const Frame* parent) {
   if (m_bPlain) space = kZtNoSpace;
+  frame.own = space;
+  if (parent && parent->own == space && m_New.Size() == 0) {  // the same are in scope as for that
+    frame.prefix = parent->prefix;
+    return true;
+  }
+  ZtPiece& prefix = frame.prefix;
   if (space == kZtNoSpace) {
     const ZtSpace inherited = frame.hasDefault ? m_Scope.Default()
                               : m_pOuter       ? m_pOuter->Default()
@@ -371,16 +372,7 @@ bool ZtStandardWriter::WriteOther(const zt_AttributeValuePair& pair) {
   // What is in scope outside has numbers of its own.
   const bool numbered = prefix.size && !m_pOuter;
   if (!IsNew(uri, numbered ? m_Scope.SpaceOf(prefix) : 0, ZtLocalIn(name))) return true;
-  return WriteAttribute(name, pair.getValue()) || Fail(kZtNotXml, "/@", name);
-}
-
-bool ZtStandardWriter::WriteAttribute(ZtPiece name, ZtPiece value) {
-  m_To.Append(' ');
-  m_To.Append(name);
-  m_To.Append("=\"");
-  if (!ZtAppendEscaped(m_To, value, '"')) return false;
-  m_To.Append('"');
-  return true;
+  return ZtAppendAttribute(m_To, nullptr, name, pair.getValue()) || Fail(kZtNotXml, "/@", name);
 }
 
 // Whether the tag has no attribute of that expanded name yet, to which it is added. Intended: of
@@ -393,12 +385,9 @@ bool ZtStandardWriter::IsNew(ZtPiece uri, std::uint32_t number, ZtPiece local) {
   return isNew;
 }
 
-void ZtStandardWriter::AppendName(const Frame& frame) {
-  if (frame.prefix.size) {
-    m_To.Append(frame.prefix);
-    m_To.Append(':');
-  }
-  m_To.Append(frame.name);
+void ZtStandardWriter::EndTag(const Frame& frame) {
+  const ZtPiece colon(":", frame.prefix.size ? 1 : 0);
+  m_To.Append("</", frame.prefix, colon, frame.name, '>');
 }
 
 // ---- Failures -----------------------------------------------------------------------------------

@@ -63,6 +63,7 @@ class ZtStandardWriter {
     const XMLElement* object = nullptr;
     const ZtElementType* type = nullptr;
     ZtSpace space = kZtNoSpace;  // of its children
+    ZtSpace own = kZtNoSpace;    // of the element
     ZtPiece prefix = nullptr;
     ZtPiece name = nullptr;
     std::uint32_t index = 0;         // among its like, 0 for one that occurs once
@@ -97,14 +98,13 @@ class ZtStandardWriter {
   bool DeclareFixed(Frame& frame);
   bool DeclareOthers(Frame& frame, const ZtAttributeList& others);
   bool Declare(Frame& frame, ZtPiece prefix, ZtPiece uri);
-  bool Resolve(Frame& frame, ZtSpace space, ZtPiece& prefix);
+  bool Resolve(Frame& frame, ZtSpace space, const Frame* parent);
   bool FindPrefix(const Frame& frame, ZtSpace space, ZtPiece& prefix) const;
   ZtPiece UriOf(ZtPiece prefix) const;
   bool WriteOthers(const ZtAttributeList& others);
   bool WriteOther(const zt_AttributeValuePair& pair);
-  bool WriteAttribute(ZtPiece name, ZtPiece value);
   bool IsNew(ZtPiece uri, std::uint32_t number, ZtPiece local);
-  void AppendName(const Frame& frame);
+  void EndTag(const Frame& frame);
   bool Fail(const char* why, const char* sign = nullptr, ZtPiece name = nullptr,
             std::uint32_t index = 0);
 

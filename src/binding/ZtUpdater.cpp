@@ -510,7 +510,7 @@ bool ZtUpdater::PrepareChild(const Frame& frame, const ZtField& row, const XMLEl
 
 bool ZtUpdater::PrepareText(const Frame& frame, const ZtField& row) {
   char buffer[kZtNumberSize];
-  const ZtPiece text = ZtTextOf(row, ZtHeld(*frame.object, row), buffer);
+  const ZtPiece text = ZtTextHeld(*frame.object, row, buffer);
   if (!text.text) return !ZtIsLost(*frame.object, row) || Fail(nullptr);
   const std::size_t from = m_New.Size();
   ZtStandardWriter writer(m_New);

@@ -198,7 +198,7 @@ bool ZtUpdater::NewAttributes(const Frame& frame, std::uint64_t stated) {
   for (const ZtField* row = type.begin(); row != type.children(); ++row) {
     if (row->place == ZtPlace::kOtherAttributes || (stated & ZtRowBit(type, *row))) continue;
     char buffer[kZtNumberSize];
-    const ZtPiece text = ZtTextOf(*row, ZtHeld(*frame.object, *row), buffer);
+    const ZtPiece text = ZtTextHeld(*frame.object, *row, buffer);
     if (!text.text && ZtIsLost(*frame.object, *row)) return Fail(nullptr);
     if (!text.text) continue;
     CopyToEnd(frame);
@@ -226,13 +226,7 @@ void ZtUpdater::CopyToEnd(const Frame& frame) {
 }
 
 bool ZtUpdater::NewAttribute(ZtPiece prefix, ZtPiece name, ZtPiece value) {
-  m_To.Append(' ');
-  m_To.Append(prefix);
-  m_To.Append(name);
-  m_To.Append("=\"");
-  const bool done = ZtAppendEscaped(m_To, value, '"');
-  m_To.Append('"');
-  return done;
+  return ZtAppendAttribute(m_To, prefix, name, value);
 }
 
 // Where white space at the ends has no meaning it stays.

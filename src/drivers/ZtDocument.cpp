@@ -199,18 +199,6 @@ void ZtUnMarshaller::Explain(ZtPiece xml, char* text, const XmlDecoder* parser,
 
 // ---- Marshaller ---------------------------------------------------------------------------------
 
-namespace {
-
-// A copy of the document, with a line break at its beginning dropped.
-char* CopyOf(ZtPiece text, bool dropsFirstNewline) {
-  const std::size_t dropped = dropsFirstNewline && text.size && *text.text == '\n' ? 1 : 0;
-  auto* copy = text.text ? static_cast<char*>(__malloc(text.size - dropped + 1)) : nullptr;
-  if (copy) std::memcpy(copy, text.text + dropped, text.size - dropped + 1);
-  return copy;
-}
-
-}  // namespace
-
 ZtMarshaller::ZtMarshaller()
     : m_pXmlStrRef(zt_xml_common_array_definition::CreateArrayInstance()) {}
 
@@ -252,9 +240,9 @@ char* ZtMarshaller::MarshallExact(XMLElement* root) {
     m_pXml = nullptr;
   }
   m_bCutShort = false;
-  m_XmlDocGenerator.ztInitXmlDoc();
-  if (document.declaration)
-    m_XmlDocGenerator.ztAddHeader(ZtName(XML_STR_1_0), ZtName(XML_STR_UTF_8));
+  ZtPen pen(m_XmlDocGenerator);
+  pen.Begin(m_iRoom);
+  if (document.declaration) pen.Header();
   const ZtLog trace(kZtLogTrace, document.source);
   const ZtRoot* known = ZtRootOf(document, className);
   const ZtElementType* type = known ? known->type : ZtFragmentOf(document, className);
@@ -269,7 +257,8 @@ char* ZtMarshaller::MarshallExact(XMLElement* root) {
     const int written = Write(root, *type);
     m_bCutShort = m_bCutShort || m_XmlDocGenerator.outOfMemory();
     if (written && !m_bCutShort) {
-      m_pXml = CopyOf(ZtPen(m_XmlDocGenerator).Document(), document.dropsFirstNewline);
+      m_iRoom = ZtRoomAfter(pen.Size());
+      m_pXml = pen.Take(document.dropsFirstNewline);
       m_bCutShort = !m_pXml;
     }
     if (m_pXml) m_pXml = Complete(root, m_pXml);

@@ -119,7 +119,7 @@ ZtMerger::Told ZtMerger::ToldOf(const XMLElement& element, const ZtElementType& 
   if (telling->state.IsNone()) return telling->joins ? Told::kPart : Told::kAll;
   const ZtField& row = *ZtFindAttribute(type, telling->state);
   char buffer[kZtNumberSize];
-  const ZtPiece text = ZtTextOf(row, ZtHeld(element, row), buffer);
+  const ZtPiece text = ZtTextHeld(element, row, buffer);
   if (ZtEqual(text, "partial") || ZtEqual(text, "false")) return Told::kPart;
   return ZtEqual(text, "deleted") ? Told::kDeleted : Told::kAll;
 }

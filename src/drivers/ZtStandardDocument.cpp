@@ -8,6 +8,7 @@
 #include "binding/ZtUpdater.h"
 #include "drivers/ZtExplain.h"
 #include "model/ZtOwnership.h"
+#include "text/ZtPen.h"
 #include "ztxml/ZtDocument.h"
 
 using ztxml::Code;
@@ -231,7 +232,9 @@ char* ZtMarshaller::MarshallStandard(XMLElement& root) {
   __free(m_pXml);
   ZtBuffer text(m_pContext->settings().mostText);
   m_pXml = nullptr;
+  text.Reserve(m_iRoom);
   if (!ZtWriteStandard(Document(), root, text, m_pError)) return nullptr;
+  m_iRoom = ZtRoomAfter(text.Size());
   m_pXml = text.Take();
   if (!m_pXml) Refuse(Document(), m_pError, Stage::kWriting, Code::kNoMemory, nullptr);
   return m_pXml;

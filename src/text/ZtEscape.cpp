@@ -46,20 +46,56 @@ class Plain {
 };
 constexpr Plain kPlain;
 
-const char* EndOfPlain(const char* at, const char* end) {
+// All ones in the bytes of a block that are not plain.
+ZtBlock NotPlain(ZtBlock block) {
   using SignedBlock = signed char __attribute__((vector_size(16)));
+  // The bytes below a blank are those beyond ASCII, too.
+  const auto low =
+      reinterpret_cast<ZtBlock>(reinterpret_cast<SignedBlock>(block) < SignedBlock{} + ' ');
+  static_assert(('&' | 1) == '\'' && ('<' | 2) == '>');
+  return low | ZtMatches(block, '"') | ZtMatches(block | 1, '\'') | ZtMatches(block | 2, '>');
+}
+
+const char* EndOfPlain(const char* at, const char* end) {
   for (; ZtHasBlock(at, end); at += sizeof(ZtBlock)) {
-    const auto block = ZtGet<ZtBlock>(at);
-    // The bytes below a blank are those beyond ASCII, too.
-    const auto low =
-        reinterpret_cast<ZtBlock>(reinterpret_cast<SignedBlock>(block) < SignedBlock{} + ' ');
-    const unsigned first =
-        ZtFirst(low | ZtMatches(block, '&') | ZtMatches(block, '<') | ZtMatches(block, '>') |
-                ZtMatches(block, '"') | ZtMatches(block, '\''));
-    if (first < sizeof(block)) return at + first;
+    const unsigned first = ZtFirst(NotPlain(ZtGet<ZtBlock>(at)));
+    if (first < sizeof(ZtBlock)) return at + first;
   }
   while (at != end && kPlain.Has(*at)) ++at;
   return at;
+}
+
+// Copies a text. False when it holds bytes that are not plain.
+bool CopyPlain(char* to, ZtPiece text) {
+  if (text.size < sizeof(std::uint32_t)) {
+    for (std::size_t i = 0; i < text.size; ++i) {
+      if (!kPlain.Has(text.text[i])) return false;
+      to[i] = text.text[i];
+    }
+    return true;
+  }
+  if (text.size < sizeof(std::uint64_t)) {
+    ZtCopyEnds<std::uint32_t>(to, text);
+    const char* const end = text.text + text.size - sizeof(std::uint32_t);
+    const std::uint64_t start = ZtGet<std::uint32_t>(text.text);
+    const std::uint64_t both = start << 32 | ZtGet<std::uint32_t>(end);
+    return !ZtAny(NotPlain(ZtJoin(both, both)));
+  }
+  if (text.size < sizeof(ZtBlock)) {
+    ZtCopyEnds<std::uint64_t>(to, text);
+    const char* const end = text.text + text.size - sizeof(std::uint64_t);
+    return !ZtAny(NotPlain(ZtJoin(ZtGet<std::uint64_t>(text.text), ZtGet<std::uint64_t>(end))));
+  }
+  const std::size_t last = text.size - sizeof(ZtBlock);
+  auto block = ZtGet<ZtBlock>(text.text + last);
+  ZtPut(to + last, block);
+  ZtBlock found = NotPlain(block);
+  for (std::size_t i = 0; i < last; i += sizeof(ZtBlock)) {
+    block = ZtGet<ZtBlock>(text.text + i);
+    ZtPut(to + i, block);
+    found |= NotPlain(block);
+  }
+  return !ZtAny(found);
 }
 
 bool Begins(std::uint32_t c) {
@@ -73,6 +109,11 @@ bool Continues(std::uint32_t c) {
 }  // namespace
 
 bool ZtAppendEscaped(ZtBuffer& to, ZtPiece text, char quote) {
+  char* const room = kZtHasVectors ? to.Room(text.size) : nullptr;
+  if (room && CopyPlain(room, text)) {
+    to.End(room + text.size);
+    return true;
+  }
   const std::size_t size = to.Size();
   const char* at = text.text;
   const char* const end = at + text.size;
@@ -98,6 +139,35 @@ bool ZtAppendEscaped(ZtBuffer& to, ZtPiece text, char quote) {
   }
   to.Append({copied, static_cast<std::size_t>(at - copied)});
   return true;
+}
+
+namespace {
+
+// An attribute whose value is not plain, or for which there is no room yet.
+[[gnu::cold]] bool AppendSlowly(ZtBuffer& to, ZtPiece prefix, ZtPiece name, ZtPiece value) {
+  for (const ZtPiece piece : {ZtPiece(" "), prefix, name, ZtPiece("=\"")}) to.Append(piece);
+  const bool done = ZtAppendEscaped(to, value, '"');
+  to.Append('"');
+  return done;
+}
+
+}  // namespace
+
+bool ZtAppendAttribute(ZtBuffer& to, ZtPiece prefix, ZtPiece name, ZtPiece value) {
+  const std::size_t size = prefix.size + name.size + value.size + sizeof(" =\"\"") - 1;
+  if (char* at = kZtHasVectors ? to.Room(size) : nullptr) {
+    *at++ = ' ';
+    at = ZtCopy(ZtCopy(at, prefix), name);
+    *at++ = '=';
+    *at++ = '"';
+    if (CopyPlain(at, value)) {
+      at += value.size;
+      *at++ = '"';
+      to.End(at);
+      return true;
+    }
+  }
+  return AppendSlowly(to, prefix, name, value);
 }
 
 bool ZtIsQualifiedName(ZtPiece name) {

@@ -23,12 +23,8 @@ ZtXMLDocGenerator::~ZtXMLDocGenerator() { ztDeInitXmlDoc(); }
 void ZtXMLDocGenerator::ztInitXmlDoc() {
   if (initialised == 1) return;
   ztDeInitXmlDoc();
-  buffer = static_cast<char*>(__malloc(kBufferSize));
-  m_bOutOfMemory = !buffer;
-  m_pAt = buffer;
-  m_pEnd = buffer ? buffer + kBufferSize - 1 : nullptr;
+  ZtPen(*this).Begin(kBufferSize);
   if (buffer) *buffer = '\0';
-  initialised = 1;
 }
 
 void ZtXMLDocGenerator::ztDeInitXmlDoc() {

@@ -4,6 +4,7 @@
 
 #include "ApiScript.h"
 #include "DocumentSupport.h"
+#include "binding/ZtStandard.h"
 
 namespace {
 
@@ -33,6 +34,7 @@ static_assert(!ztrow::Sound({ztrow::TextElement(XML_STR_NOTE, &TwoTexts::m_Other
 TEST(Api, RowsCanBeMeant) {
   for (const ZtElementType* type : ApiTables::kTypes) {
     EXPECT_TRUE(ztrow::Sound(type->fields)) << type->className;
+    EXPECT_TRUE(ztrow::Sound(ZtStandardOf(*type).fields)) << type->className;
   }
 }
 

@@ -65,6 +65,28 @@ TEST(Reginfo, CutAnywhere) {
   }
 }
 
+// A document outgrows the room that the one before took on every byte of its text.
+TEST(Reginfo, LongerThanTheOneBefore) {
+  Schema schema(XML_SCHEMA_REGINFO);
+  const std::string in = InContact(kIn + std::string(" q='\"'"), "<uri>u</uri>");
+  const std::string out =
+      OutContact("state=\"active\"  event=\"created\"  q=\"&quot;\"  id=\"c\"", "\n<uri>u</uri>");
+  const auto with = [](std::string text, const std::string& filler) {
+    return text.insert(text.find("aor=") + 5, filler);
+  };
+  const std::size_t room = out.size() + out.size() / 8 + 64;
+  for (std::size_t more = 0; more < room; ++more) {
+    const std::string filler(more, 'f');
+    ASSERT_SAME(schema.RoundTrip(in), out) << more;
+    ASSERT_SAME(schema.RoundTrip(with(in, filler)), with(out, filler)) << more;
+  }
+  const std::string filler(9000, 'f');
+  ExpectWholeOrNothing([&] {
+    schema.RoundTrip(in);
+    return schema.RoundTrip(with(in, filler));
+  });
+}
+
 // A second root replaces the first, whose elements may still be open.
 TEST(Reginfo, SecondRootWithoutMemory) {
   Schema schema(XML_SCHEMA_REGINFO);
