@@ -135,14 +135,22 @@ bool ZtXmlReader::Finish() {
   return true;
 }
 
+namespace {
+
+// The end of the name at `local`, null when there is none; `local` passes its prefix.
+[[gnu::always_inline]] inline char* EndOfQualified(char*& local) {
+  char* const end = ZtEndOfName(local);
+  if (!end || *end != ':') return end;
+  local = end + 1;
+  return ZtEndOfName(local);
+}
+
+}  // namespace
+
 [[gnu::always_inline]] inline bool ZtXmlReader::Attribute(char*& at) {
   char* const name = at;
   char* local = name;
-  char* end = ZtEndOfName(name);
-  if (end && *end == ':') {
-    local = end + 1;
-    end = ZtEndOfName(local);
-  }
+  char* const end = EndOfQualified(local);
   if (!end) return FailAt(ZtXmlFault::kBadName, local);
   at = ZtSkipBlank(end);
   if (*at != '=') return FailAt(ZtXmlFault::kNoEquals, at);
@@ -180,11 +188,7 @@ bool ZtXmlReader::StartTag(char* from) {
   if (m_Place == Place::kAfterRoot) return Fail(ZtXmlFault::kJunkAfterRoot, from);
   char* const name = from + 1;
   char* local = name;
-  char* end = ZtEndOfName(name);
-  if (end && *end == ':') {
-    local = end + 1;
-    end = ZtEndOfName(local);
-  }
+  char* const end = EndOfQualified(local);
   if (!end) return FailAt(ZtXmlFault::kBadName, local);
   const auto prefixSize = local == name ? 0 : static_cast<std::uint32_t>(local - name - 1);
   const std::uint32_t declarations = m_Scope.Declarations();
