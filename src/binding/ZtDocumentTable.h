@@ -39,11 +39,26 @@ struct ZtRoot {
   const char* failedAs = nullptr;  // the marshaller, in the line when it cannot be written
 };
 
+// The decoder that a driver makes for one reading. Nobody else sees it, so documents that are read
+// in the same way share its class: `Base`, which is given the document.
+template <class Base>
+class ZtDecoderFor final : public Base {
+ public:
+  explicit ZtDecoderFor(const ZtDocument& document) : Base(document) {}
+};
+using ZtDecoderMaker = ZtMaker<ZtSchemaDecoder, const ZtDocument&>;
+// In place of the class that callers make, if there is nothing in that but the document.
+template <class Context, class Base>
+constexpr ZtDecoderMaker ZtSharedDecoder(const ZtDecoderOf<Context, Base>* /*of callers*/) {
+  return ZtDecoderMaker::Of<ZtDecoderFor<Base>>();
+}
+constexpr ZtDecoderMaker ZtSharedDecoder(const void* /*of callers*/) { return {nullptr, 0}; }
+
 // What there is to say of a document besides its roots.
 struct ZtDocumentFacts {
   const char* source;  // file of the binding, for the logs
   ZtMaker<XMLContext> newContext;
-  ZtMaker<ZtSchemaDecoder> newDecoder;
+  ZtDecoderMaker newDecoder;
   ZtMaker<ZtUnMarshaller> newUnMarshaller;
   ZtMaker<ZtMarshaller> newMarshaller;  // without a maker: the schema has none
   ZtMaker<ZtFactory> newBinderFactory;
@@ -152,12 +167,13 @@ template <class Context, class Decoder, class UnMarshaller, class Marshaller, cl
 constexpr ZtDocumentFacts ZtDocumentOf(const char* source) {
   ZtMaker<ZtMarshaller> marshaller = {nullptr, 0};
   if constexpr (!std::is_void_v<Marshaller>) marshaller = ZtMaker<ZtMarshaller>::Of<Marshaller>();
-  return {source,
-          ZtMaker<XMLContext>::Of<Context>(),
-          ZtMaker<ZtSchemaDecoder>::Of<Decoder>(),
-          ZtMaker<ZtUnMarshaller>::Of<UnMarshaller>(),
-          marshaller,
-          ZtMaker<ZtFactory>::Of<DataBinder>()};
+  ZtDecoderMaker decoder = ZtSharedDecoder(static_cast<const Decoder*>(nullptr));
+  if constexpr (std::is_constructible_v<Decoder, const ZtDocument&>) {
+    decoder = ZtDecoderMaker::Of<Decoder>();
+  }
+  return {source,     ZtMaker<XMLContext>::Of<Context>(),
+          decoder,    ZtMaker<ZtUnMarshaller>::Of<UnMarshaller>(),
+          marshaller, ZtMaker<ZtFactory>::Of<DataBinder>()};
 }
 
 // The bytes of `name` that are kept. Intended: decoders add 2 to the size of a name and keep the

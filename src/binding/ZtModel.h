@@ -476,7 +476,7 @@ struct ZtTypeFacts {
   const char* className;
   const char* label;
   const ZtFamily* family;
-  XMLElement* (*make)(ZtArena*);
+  XMLElement* (*construct)(void*);
   const char* writer = nullptr;  // the name its writer logs; null logs nothing
   const ZtExtras* extras = &kZtNoExtras;
   std::uint16_t size = 0;  // of an object
@@ -564,7 +564,7 @@ struct ZtElementType : ZtTypeFacts {
   }
   // A new object, recorded; null without memory.
   XMLElement* Create(const ZtSource& source, int line = __builtin_LINE()) const {
-    return ZtMaker<XMLElement>{make, size}.Create(source, line);
+    return ZtMaker<XMLElement>{construct, size}.Create(source, line);
   }
 };
 
@@ -581,7 +581,7 @@ template <class T>
 constexpr ZtTypeFacts ZtTypeOf(const char* className, const char* label, const ZtFamily& family) {
   constexpr ZtMaker<XMLElement> kMaker = ZtMaker<XMLElement>::Of<T>();
   static_assert(kMaker.size <= UINT16_MAX);
-  ZtTypeFacts facts = {className, label, &family, kMaker.make};
+  ZtTypeFacts facts = {className, label, &family, kMaker.construct};
   facts.size = static_cast<std::uint16_t>(kMaker.size);
   facts.unknownAttribute = family.unknownAttribute;
   facts.namesStayInside = family.namesStayInside;

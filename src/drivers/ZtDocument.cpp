@@ -152,7 +152,7 @@ bool ZtUnMarshaller::Parse(const char* xml, XMLElement*& root) const {
 bool ZtUnMarshaller::Parse(ZtArena& arena, ZtPiece xml, char* text, XMLElement*& root) const {
   const ZtDocument& document = Document();
   XmlDecoder* parser = ZtCreate<XmlDecoder>(document.source);
-  ZtSchemaDecoder* decoder = document.newDecoder.Create(document.source);
+  ZtSchemaDecoder* decoder = document.newDecoder.Create(document.source, document);
   bool parsed = false;
   if (parser && decoder && xml.size <= INT_MAX) {
     if (XMLObject* binder = NamespaceBinder()) decoder->SetNameSpaceBinderInfo(binder);
