@@ -10,6 +10,8 @@
 /// What the errors that carry a phrase have in common.
 class ZtXcapPhrasedError : public ZtElement {
  public:
+  ZT_INLINE ~ZtXcapPhrasedError() override = default;
+
   /// An explanation for people (copied); null means absent.
   int setPhraseValue(const char* phrase) { return m_Phrase.Assign(phrase); }
   const char* getPhraseValue() const { return m_Phrase.Get(); }

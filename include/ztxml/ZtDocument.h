@@ -105,7 +105,7 @@ class ZT_API ZtUnMarshaller : public XMLUnMarshaller {
 /// The marshalling driver. It holds the document writer and the text of the last Marshall.
 class ZT_API ZtMarshaller : public XMLMarshaller {
  public:
-  ~ZtMarshaller() override;
+  ZT_INLINE ~ZtMarshaller() override { Close(); }
   char* Marshall(XMLElement* root) override;
   XMLMarshaller* Identity() override;
   char* Update(XMLElement* root, std::size_t* size = nullptr) override;
@@ -142,6 +142,7 @@ class ZT_API ZtMarshaller : public XMLMarshaller {
 
  private:
   friend class ZtContext;
+  void Close();
   char* MarshallStandard(XMLElement& root);
   char* MarshallExact(XMLElement* root);
   void Explain(const XMLElement& element, const ZtElementType& type, const ZtLack& lack) const;
@@ -162,6 +163,9 @@ class ZT_API ZtMarshaller : public XMLMarshaller {
 /// The base of a context and of its workers: `Base`, with the description Context::kDocument.
 template <class Context, class Base>
 class ZtDescribedBy : public Base {
+ public:
+  ZT_INLINE ~ZtDescribedBy() override = default;
+
  protected:
   using Base::Base;
   const ZtDocument& Document() const override { return Context::kDocument; }

@@ -12,6 +12,14 @@
 #define ZT_API
 #endif
 
+// Marks the destructors of what stands between a schema type or a worker and the first of its
+// bases: as parts of the destructor of that class they need no table and no functions of their own.
+#if defined(__GNUC__)
+#define ZT_INLINE __attribute__((always_inline))
+#else
+#define ZT_INLINE
+#endif
+
 class ZtArena;
 
 /// Base of the classes that live on the heap: `new` takes memory from the device platform layer

@@ -214,7 +214,7 @@ char* CopyOf(ZtPiece text, bool dropsFirstNewline) {
 ZtMarshaller::ZtMarshaller()
     : m_pXmlStrRef(zt_xml_common_array_definition::CreateArrayInstance()) {}
 
-ZtMarshaller::~ZtMarshaller() {
+void ZtMarshaller::Close() {
   __free(m_pXml);
   if (m_pXmlStrRef) zt_xml_common_array_definition::ReleaseArrayInstance();
 }
