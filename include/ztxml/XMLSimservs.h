@@ -71,8 +71,8 @@ class ZT_API SimservsUnMarshaller : public ZtDescribedBy<SimservsContext, ZtUnMa
   char* replaceSubStringWithNull(char* text, char** out, int start, int length);
 
  private:
-  XMLElement* ReadCopy(ZtPiece xml, char* text);
-  XMLElement* ReadCut(ZtPiece xml, char* text);
+  ZT_LOCAL XMLElement* ReadCopy(ZtPiece xml, char* text);
+  ZT_LOCAL XMLElement* ReadCut(ZtPiece xml, char* text);
 };
 
 #endif  // ZTXML_INCLUDE_XMLSIMSERVS_H

@@ -155,7 +155,7 @@ class ZT_API XcapErrorDataBinder : public ZtDescribedBy<XcapErrorContext, ZtFact
 
  private:
   Made Make(const char* operation) const;
-  static void Log(const char* operation);
+  ZT_LOCAL static void Log(const char* operation);
 };
 
 /// Writes a zt_xcap_error. Its Add functions write one element each and return 1, or 0 on failure;

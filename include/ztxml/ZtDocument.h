@@ -93,11 +93,11 @@ class ZT_API ZtUnMarshaller : public XMLUnMarshaller {
 
  private:
   friend class ZtContext;
-  XMLElement* ReadExact(ZtPiece xml, const char* noMemory) const;
-  XMLElement* ReadStandard(ZtPiece text) const;
-  bool Parse(ZtArena& arena, ZtPiece xml, char* text, XMLElement*& root) const;
-  void Explain(ZtPiece xml, char* text, const XmlDecoder* parser,
-               const ZtSchemaDecoder& decoder) const;
+  ZT_LOCAL XMLElement* ReadExact(ZtPiece xml, const char* noMemory) const;
+  ZT_LOCAL XMLElement* ReadStandard(ZtPiece text) const;
+  ZT_LOCAL bool Parse(ZtArena& arena, ZtPiece xml, char* text, XMLElement*& root) const;
+  ZT_LOCAL void Explain(ZtPiece xml, char* text, const XmlDecoder* parser,
+                        const ZtSchemaDecoder& decoder) const;
 
   const ZtContext* m_pContext = nullptr;  // null for a worker that no context made
 };
@@ -143,9 +143,10 @@ class ZT_API ZtMarshaller : public XMLMarshaller {
  private:
   friend class ZtContext;
   void Close();
-  char* MarshallStandard(XMLElement& root);
-  char* MarshallExact(XMLElement* root);
-  void Explain(const XMLElement& element, const ZtElementType& type, const ZtLack& lack) const;
+  ZT_LOCAL char* MarshallStandard(XMLElement& root);
+  ZT_LOCAL char* MarshallExact(XMLElement* root);
+  ZT_LOCAL void Explain(const XMLElement& element, const ZtElementType& type,
+                        const ZtLack& lack) const;
   /// Sets `bindings` to the prefixes to write with, null for the library's own. False when out of
   /// memory.
   virtual bool UseNamespaces(const ZtNamespaceBindings*& bindings);
