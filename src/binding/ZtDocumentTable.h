@@ -139,6 +139,11 @@ struct ZtDocument : ZtDocumentFacts {
   std::initializer_list<const ZtElementType*> fragments = {};  // what else Marshall takes
 };
 
+// Whether two tables are of one document: a program may have copies of the tables that it names.
+inline bool ZtIsOneDocument(const ZtDocument& one, const ZtDocument& other) {
+  return one.info.id == other.info.id;
+}
+
 // What Marshall takes an object of this class for: the root with its type, or the type of a
 // fragment; null when it is none.
 inline const ZtRoot* ZtRootOf(const ZtDocument& document, const char* className) {

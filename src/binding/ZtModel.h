@@ -576,6 +576,13 @@ inline bool ZtIsClass(const char* className, const ZtElementType& type) {
   return className == type.className || (className && __strcmp(className, type.className) == 0);
 }
 
+// Whether two tables say one thing of one type: a program may have copies of the tables that it
+// names.
+inline bool ZtIsOneType(const ZtElementType& one, const ZtElementType& other) {
+  return &one == &other ||
+         (one.className == other.className && one.fields.begin() == other.fields.begin());
+}
+
 // The start of what there is to say of the type `T`.
 template <class T>
 constexpr ZtTypeFacts ZtTypeOf(const char* className, const char* label, const ZtFamily& family) {
