@@ -29,6 +29,8 @@ struct ZtDocumentLines {
   const char* writeFailed = "<XML Module>: %s XML Failed!";
 };
 
+inline constexpr ZtDocumentLines kZtPlainLines = {};
+
 // What a decoder does with prefixes. Only a ZtNamespaceDecoder rewrites them.
 enum class ZtPrefixRule : std::uint8_t { kExact, kStrip, kRewrite };
 
@@ -76,7 +78,7 @@ struct ZtDocumentFacts {
   const char* textField = nullptr;  // what the logs call the marshaller's text
   bool declaration = true;          // writes the XML declaration
   bool dropsFirstNewline = false;
-  ZtDocumentLines lines = {};
+  const ZtDocumentLines* lines = &kZtPlainLines;
   ZtKnownSpace space = kZtSpacesBegin;  // of the roots, where `info` tells no namespace
 
   // `name` is the context's without "Context"; `uri` the namespace of the roots, null for none.
@@ -129,7 +131,7 @@ struct ZtDocumentFacts {
     return ZtWith(*this, &ZtDocumentFacts::space, own);
   }
   constexpr ZtDocumentFacts Lines(const ZtDocumentLines& own) const {
-    return ZtWith(*this, &ZtDocumentFacts::lines, own);
+    return ZtWith(*this, &ZtDocumentFacts::lines, &own);
   }
 };
 
