@@ -46,6 +46,7 @@ class ZT_API XMLSchemaNamespaceRetrievalDecoder : public ZtSchemaDecoder {
 
   void Start(ScannedTag& tag) override;
   void Attributes(ScannedTag& tag) override;
+  void Tag(ScannedTag& tag) override;
   int End(ZtPiece slashName, ZtPiece text) override;
 };
 

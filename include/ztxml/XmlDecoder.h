@@ -70,7 +70,8 @@ class ZT_API XmlDecoder : public ZtNonCopyable {
   int Decode(char* n_strXML, int n_count);
 
   /// Reads a whole document of `size` bytes, with a NUL after them and none among them, and tells
-  /// `sink` of it. The text is cut in place, and stays as it was told. Results as of Decode.
+  /// `sink` of it. Sixteen bytes more may be read. The text is cut in place, and stays as it was
+  /// told. Results as of Decode.
   int DecodeWhole(char* text, std::size_t size, ZtSink& sink);
 
   /// Frees the pending text and the stack with its sentinel. The state stays; a decoder that was
@@ -115,15 +116,14 @@ class ZT_API XmlDecoder : public ZtNonCopyable {
   ZT_LOCAL int OutOfTags(char* position);
   ZT_LOCAL int EndTag(char* text, char* tag, const char* close);
   inline char* PlainEnd(char* tag, const char* end) const;
-  inline void ReportTag(ScannedTag& tag, bool hasEntity);
+  inline bool ReportTag(ScannedTag& tag);
   ZT_LOCAL int AnyTag(char* text, char* tag, char* close, bool& counts);
-  inline bool Opened(char* element, std::size_t size);
-  ZT_LOCAL void ReportScanned(ScannedTag& tag, bool hasEntity);
-  ZT_LOCAL void ReportEmpty(char* element, std::size_t size, ZtPiece text);
+  inline bool Opened(const char* element, std::size_t size);
+  ZT_LOCAL void EndEmpty(char* element, std::size_t size, ZtPiece text);
   inline void ReportEnd(char* text, char* tag);
-  ZT_LOCAL static char* Unescape(char* text, char* end);
   ZT_LOCAL void DropPending();
-  inline OpenElement* Push(const char* name, std::size_t size);
+  ZT_LOCAL OpenElement* Reserve(std::size_t size);
+  inline bool Push(const char* name, std::size_t size, const char* end);
   inline void Link(OpenElement* node);
   inline OpenElement* Unlink();
   inline void Pop();

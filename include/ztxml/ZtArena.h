@@ -24,10 +24,11 @@ class ZT_API ZtArena {
   ZtArena(const ZtArena&) = delete;
   ZtArena& operator=(const ZtArena&) = delete;
 
-  /// Copies the `size` bytes of `text`, adding a NUL; the copy lives as long as the arena's
-  /// objects. Call it once, before the first object is made. Null when out of memory.
+  /// Copies the `size` bytes of `text`, adding a NUL and sixteen bytes of no meaning; the copy
+  /// lives as long as the arena's objects. Call it once, before the first object is made. Null when
+  /// out of memory.
   char* Keep(const char* text, std::size_t size);
-  /// Room for a copy of `size` bytes, which the caller writes, and its NUL; otherwise as Keep.
+  /// Room for a copy of `size` bytes, which the caller writes; otherwise as Keep.
   char* Reserve(std::size_t size);
   /// Takes `guest`, after Keep and before the first object is made: it is freed with the last
   /// object, and all blocks with it, so that until then no two objects have had one address.
@@ -39,10 +40,12 @@ class ZT_API ZtArena {
   }
 
  private:
+  friend class ZtHeapObject;
   friend void* ZtAllocate(std::size_t size, ZtArena* arena);
   friend void ZtFree(void* piece);
   struct Block;
 
+  ZT_LOCAL static void* Allocate(std::size_t size, ZtArena* arena);
   ZT_LOCAL void* Take(std::size_t size);
   ZT_LOCAL bool Grow(std::size_t size);
   ZT_LOCAL static void Drop(Block* block);

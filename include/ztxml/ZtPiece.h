@@ -16,7 +16,8 @@ struct ZtPiece {
       : text(t), size(t ? std::strlen(t) : 0) {}
 };
 
-/// A text of which whole blocks of 16 bytes may be read, beyond its end, too: it lies in a table.
+/// A text of which whole blocks of 16 bytes may be read, beyond its end, too: it lies in a table or
+/// in a text with as many bytes after its end.
 struct ZtPaddedPiece : ZtPiece {
   using ZtPiece::ZtPiece;
 };

@@ -35,6 +35,7 @@ class ZT_API ZtSchemaDecoder : public XmlDecoderSchema, public ZtSink {
   void Start(ScannedTag& tag) override;
   void Attributes(ScannedTag& tag) override;
   void Opened(char* name) override;
+  void Tag(ScannedTag& tag) override;
   int End(ZtPiece slashName, ZtPiece text) override;
 
   /// Before anything is read: what is made lies in `arena` (borrowed), with the texts of the
@@ -111,7 +112,8 @@ class ZT_API ZtSchemaDecoder : public XmlDecoderSchema, public ZtSink {
 
   struct Frame {  // of an object on the stack
     const ZtElementType* type;
-    int name;  // of its element
+    const ZtField* next;  // where the search for the row of its next child begins
+    int name;             // of its element
     Kind kind;
   };
 
@@ -122,9 +124,13 @@ class ZT_API ZtSchemaDecoder : public XmlDecoderSchema, public ZtSink {
   inline void KeepAttribute(const ZtElementType& type, const ZtField* field, ZtPiece name,
                             ZtPiece value);
   ZT_LOCAL ZtOutcome OfferAttribute(const ZtElementType& type, ZtPiece name, ZtPiece value);
-  ZT_LOCAL XMLElement* Make(const ZtElementType& type);
+  inline XMLElement* Make(const ZtElementType& type);
   ZT_LOCAL XMLElement* MakeFlag(ZtPiece name);
-  inline bool StartElement(const Open& current, const ZtChildName& name);
+  ZT_LOCAL void StartTag(ScannedTag& tag);
+  ZT_LOCAL void KeepAttributes(ScannedTag& tag);
+  inline bool StartKnown(ScannedTag& tag);
+  inline void KeepText(const ZtField& row, ZtPiece text);
+  ZT_LOCAL bool StartElement(const Open& current, const ZtChildName& name);
   ZT_LOCAL void StartRoot(const Element& element, ZtNameId name);
   inline bool StartChild(const Open& current, const Element& element, const ZtChildName& name);
   ZT_LOCAL XMLElement* StartExtension(const Element& element, ZtNameId name);
@@ -132,23 +138,28 @@ class ZT_API ZtSchemaDecoder : public XmlDecoderSchema, public ZtSink {
                            bool skipped);
   ZT_LOCAL void OfferEnd(const Open& current, const ZtField* row, const ZtChildName& name,
                          ZtPiece value);
-  ZT_LOCAL ZtOutcome Offer(const Open& parent, const ZtChildName& name, ZtPiece value,
-                           XMLElement* child, const ZtField* row = nullptr);
+  inline ZtOutcome Offer(const Open& parent, const ZtChildName& name, ZtPiece value,
+                         XMLElement* child, const ZtField* row = nullptr);
   ZT_LOCAL int ElementCallback(char* name, ZtPiece value);
   ZT_LOCAL bool IsNamed(const char* element) const;
   ZT_LOCAL void RefuseSlash(const char* name);
   ZT_LOCAL void NoteEmptyStack(int callbacks) const;
   ZT_LOCAL Open Current() const;
-  inline Element Find(ZtNameId name, const ZtElementType* current);
+  ZT_LOCAL Element Find(ZtNameId name, const ZtElementType* current);
   ZT_LOCAL const ZtElementType* FindAnywhere(ZtNameId name, bool atEnd);
+  Frame& Top() const { return m_pFrames[m_Stack.size()]; }
+  ZT_LOCAL bool ReserveFrames();
   ZT_LOCAL void AddType(const ZtElementType* type);
   ZT_LOCAL bool Closes(const Open& current, ZtNameId name) const;
   ZT_LOCAL const ZtElementType* CurrentType() const;
-  ZT_LOCAL void Push(XMLElement* object, const Element& element, ZtNameId name);
+  inline void Push(XMLElement* object, const Element& element, ZtNameId name);
   ZT_LOCAL void Pop();
 
   std::size_t m_iPassCapacity = 0;  // bytes allocated for m_PassName
-  Frame m_Frames[XmlCodeGenStack::kCapacity];
+  static constexpr int kFewFrames = 8;
+  Frame m_FewFrames[kFewFrames];
+  Frame* m_pFrames =
+      m_FewFrames;              // as many as the stack has entries: elsewhere when these are more
   Open m_Started;               // made by the last start tag: its attributes go there
   std::size_t m_iDropped = 0;   // open elements that a full stack did not take
   std::size_t m_iSkipped = 0;   // depth inside an element whose content is skipped, 0 outside

@@ -6,7 +6,8 @@
 
 struct ScannedTag;
 
-/// Told of each tag, in the order of the document. Texts are borrowed; each ends with a NUL.
+/// Told of each tag, in the order of the document. Texts are borrowed; each ends with a NUL, those
+/// of attributes when they are cut out.
 class ZtSink {
  public:
   /// A start tag with the name that `tag` has.
@@ -17,6 +18,9 @@ class ZtSink {
   virtual void Opened(char* name) = 0;
   /// An end tag: its slash and name, and the raw text since the last tag. Not 0 when it is refused.
   virtual int End(ZtPiece slashName, ZtPiece text) = 0;
+
+  /// What Start, Attributes and Opened do for a whole start tag, in one go.
+  virtual void Tag(ScannedTag& tag) = 0;
 
  protected:
   ~ZtSink() = default;

@@ -1,5 +1,6 @@
 #include "ztxml/ZtArena.h"
 
+#include "base/ZtBytes.h"
 #include "ztxml/ztPlatform.h"
 
 // The address sanitizer is told which bytes of a block may be touched: the pieces in use and the
@@ -22,9 +23,11 @@ namespace {
 
 constexpr std::size_t kAlignment =
     alignof(unsigned long long);  // what the members of objects need at most
-constexpr std::size_t kLeastBlock = 128;
-constexpr std::size_t kFirstBlock = 1024;
+constexpr std::size_t kPadding = 16;  // after the text
+// Blocks follow the size of the text, which tells how large the tree becomes.
+constexpr std::size_t kLeastBlock = 512;
 constexpr std::size_t kMostBlock = std::size_t{16} * 1024;
+constexpr std::size_t kSmallText = 2048;  // a second block would cost more than the room is worth
 
 // Only the sanitizer needs the size: without it this is empty and takes no room.
 struct Size {
@@ -82,25 +85,26 @@ void ZtArena::Host(ZtArenaGuest* guest) { m_pBlock->guest = guest; }
 
 char* ZtArena::Keep(const char* text, std::size_t size) {
   char* copy = Reserve(size);
-  if (copy) std::memcpy(copy, text, size);
+  if (copy) ZtCopyText(copy, text, size);
   return copy;
 }
 
 char* ZtArena::Reserve(std::size_t size) {
   if (m_pBlock || size > SIZE_MAX / 2) return nullptr;
-  m_iNext = size < kLeastBlock ? kLeastBlock : size < kFirstBlock ? size : kFirstBlock;
-  const std::size_t room = Aligned(size + 1);
+  const std::size_t most = size < kSmallText ? size : size < 4 * kMostBlock ? size / 4 * 3 : 3 * kMostBlock;
+  m_iNext = most < kLeastBlock ? kLeastBlock : most;
+  const std::size_t room = Aligned(size + 1 + kPadding);
   if (!Grow(room)) return nullptr;
   char* copy = m_pFree;
   m_pFree += room;
-  ASAN_UNPOISON_MEMORY_REGION(copy, size + 1);
+  ASAN_UNPOISON_MEMORY_REGION(copy, size + 1 + kPadding);
   copy[size] = '\0';
   m_pText = copy;
   m_iTextSize = size + 1;
   return copy;
 }
 
-inline void* ZtArena::Take(std::size_t size) {
+[[gnu::always_inline]] inline void* ZtArena::Take(std::size_t size) {
   if (size > SIZE_MAX / 2) return nullptr;
   const std::size_t room = Aligned(size + sizeof(Head));
   if (static_cast<std::size_t>(m_pEnd - m_pFree) < room && !Grow(room)) return nullptr;
@@ -114,7 +118,7 @@ inline void* ZtArena::Take(std::size_t size) {
 
 // Starts a block with room for `size` bytes and for the pieces that follow.
 bool ZtArena::Grow(std::size_t size) {
-  if (m_iNext == 0) m_iNext = kFirstBlock;
+  if (m_iNext == 0) m_iNext = kLeastBlock;
   const std::size_t room = m_pBlock && size < m_iNext ? m_iNext : size + m_iNext;
   auto* memory = static_cast<char*>(__malloc(sizeof(Block) + room));
   if (!memory) return false;
@@ -130,7 +134,7 @@ bool ZtArena::Grow(std::size_t size) {
   m_pFree = memory + sizeof(Block);
   m_pEnd = m_pFree + room;
   ASAN_POISON_MEMORY_REGION(m_pFree, room);
-  m_iNext = 2 * m_iNext < kMostBlock ? 2 * m_iNext : kMostBlock;
+  if (!full) m_iNext = m_iNext / 3 < kLeastBlock ? kLeastBlock : m_iNext / 3;
   return true;
 }
 
@@ -156,9 +160,11 @@ void ZtArena::Free(Block* block) {
   __free(block);
 }
 
-void* ZtAllocate(std::size_t size, ZtArena* arena) {
+inline void* ZtArena::Allocate(std::size_t size, ZtArena* arena) {
   return arena ? arena->Take(size) : TakeFromHeap(size);
 }
+
+void* ZtAllocate(std::size_t size, ZtArena* arena) { return ZtArena::Allocate(size, arena); }
 
 void ZtFree(void* piece) {
   if (!piece) return;
@@ -185,7 +191,7 @@ void* ZtHeapObject::operator new(std::size_t size, const std::nothrow_t&) noexce
 }
 
 void* ZtHeapObject::operator new(std::size_t size, ZtArena* arena) noexcept {
-  return ZtAllocate(size, arena);
+  return ZtArena::Allocate(size, arena);
 }
 
 void ZtHeapObject::operator delete(void* pointer) noexcept { ZtFree(pointer); }

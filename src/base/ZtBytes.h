@@ -42,11 +42,26 @@ inline ZtBlock ZtMatches(ZtBlock block, char c) {
   return reinterpret_cast<ZtBlock>(block == ZtBlock{} + static_cast<unsigned char>(c));
 }
 
+// One bit for each byte that is all ones, where other bytes are 0; the lowest for the first.
+inline unsigned ZtBits(ZtBlock matches) {
+#ifdef __SSE2__
+  return static_cast<unsigned>(_mm_movemask_epi8(reinterpret_cast<__m128i>(matches)));
+#else
+  std::uint64_t halves[2];
+  std::memcpy(halves, &matches, sizeof(halves));
+  unsigned bits = 0;
+  for (int i = 1; i >= 0; --i) {  // one byte of eight bits out of eight bytes
+    bits = bits << 8 | static_cast<unsigned>((halves[i] & 0x8040201008040201) * 0x0101010101010101 >> 56);
+  }
+  return bits;
+#endif
+}
+inline unsigned ZtFirstBit(unsigned bits) { return static_cast<unsigned>(__builtin_ctz(bits)); }
+
 // The index of the first byte that is all ones, where other bytes are 0; 16 when there is none.
 inline unsigned ZtFirst(ZtBlock matches) {
 #ifdef __SSE2__
-  const int bits = _mm_movemask_epi8(reinterpret_cast<__m128i>(matches));
-  return static_cast<unsigned>(__builtin_ctz(static_cast<unsigned>(bits) | 1U << sizeof(matches)));
+  return ZtFirstBit(ZtBits(matches) | 1U << sizeof(matches));
 #else
   std::uint64_t halves[2];
   std::memcpy(halves, &matches, sizeof(halves));
@@ -98,6 +113,17 @@ inline char* ZtCopy(char* to, ZtPiece text) {
     for (std::size_t i = 0; i < text.size; ++i) to[i] = text.text[i];
   }
   return to + text.size;
+}
+
+// As memcpy, for texts of some kilobytes: the C library has a way for these that begins slowly.
+inline void ZtCopyText(char* to, const char* from, std::size_t size) {
+  constexpr std::size_t kShort = 1024;
+  for (; size > kShort; size -= kShort) {
+    std::memcpy(to, from, kShort);
+    to += kShort;
+    from += kShort;
+  }
+  std::memcpy(to, from, size);
 }
 
 template <class T>

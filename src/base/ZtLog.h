@@ -25,10 +25,13 @@ class ZtLog {
                   int module = kZtModuleLibrary)
       : m_Level(level), m_Module(module), m_Line(line), m_pSource(source) {}
 
+  // Whether lines of the level are seen by nobody.
+  static bool IsDiscarded(int level) { return &ztLogDiscardedUpTo && level <= ztLogDiscardedUpTo; }
+
   // Lines that the platform would discard are not even passed to it.
   template <class A = int, class B = int, class C = int>
   void operator()(const char* format, A a = A(), B b = B(), C c = C()) const {
-    if (&ztLogDiscardedUpTo && m_Level <= ztLogDiscardedUpTo) return;
+    if (IsDiscarded(m_Level)) return;
     ztLogModuleEventSimple(m_Level, m_Module, m_pSource, m_Line, format, Argument(a), Argument(b),
                            Argument(c));
   }

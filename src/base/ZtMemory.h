@@ -7,13 +7,16 @@
 
 enum ZtMemoryTag : int { kZtTagStackNode = 1, kZtTagDocument = 14 };
 
+// Whether the memory log is off, so that nothing needs to be found out for it.
+inline bool ZtRecordsNothing() { return &ztMemoryLogOff && ztMemoryLogOff; }
+
 // Calls the memory log, unless it is off: a call costs more than the test.
 inline void ZtRecord(int tag, const char* source, int line, const void* object, std::size_t size) {
-  if (&ztMemoryLogOff && ztMemoryLogOff) return;
+  if (ZtRecordsNothing()) return;
   wdmemlog_add(tag, source, line, object, size);
 }
 inline void ZtWithdraw(int tag, const void* object) {
-  if (&ztMemoryLogOff && ztMemoryLogOff) return;
+  if (ZtRecordsNothing()) return;
   wdmemlog_remove(tag, object);
 }
 

@@ -8,6 +8,8 @@
 
 namespace {
 
+inline unsigned DigitOf(char c) { return static_cast<unsigned>(static_cast<unsigned char>(c)) - '0'; }
+
 // A decimal number as documents carry it: leading blanks, a sign, digits. Intended: no text is
 // refused as a number: too large a one is the largest that fits, a negative or missing one is 0,
 // and what follows the digits is not looked at; callers get a number in every case.
@@ -18,10 +20,14 @@ Number ParseNumber(const char* text) {
   if (negative || *text == '+') ++text;
   if (negative) return 0;
   constexpr Number kMost = std::numeric_limits<Number>::max();
+  // Fewer digits than this are no number that is too large.
+  const char* const safe = text + std::numeric_limits<Number>::digits10;
   Number number = 0;
-  for (; *text >= '0' && *text <= '9'; ++text) {
-    const auto digit = static_cast<Number>(*text - '0');
-    if (number >= kMost / 10 && (number > kMost / 10 || digit > kMost % 10)) return kMost;
+  unsigned digit = 0;
+  for (; (digit = DigitOf(*text)) <= 9; ++text) {
+    if (text >= safe && number >= kMost / 10 && (number > kMost / 10 || digit > kMost % 10)) {
+      return kMost;
+    }
     number = number * 10 + digit;
   }
   return number;
@@ -295,6 +301,18 @@ const ZtField* ZtFindChild(const ZtElementType& type, ZtNameId name) {
   if (!type.rows.names.MayHave(name)) return nullptr;
   for (const ZtField* field = type.children(); field != type.end(); ++field) {
     if (field->name == name && field->HasName()) return field;
+  }
+  return nullptr;
+}
+
+const ZtField* ZtSearchChild(const ZtElementType& type, const ZtField*& next, ZtPaddedPiece name) {
+  const ZtField* const begin = type.children();
+  const ZtField* const end = type.end();
+  for (auto left = end - begin; left; --left) {
+    if (next == end) next = begin;
+    const ZtField* const row = next;
+    if (row->HasName() && row->name.Is(name)) return row->IsText() || row->IsObject() ? row : nullptr;
+    ++next;
   }
   return nullptr;
 }

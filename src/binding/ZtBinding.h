@@ -48,15 +48,39 @@ const ZtField* ZtFindAttribute(const ZtElementType& type, ZtNameId name);
 const ZtField* ZtFindChild(const ZtElementType& type, ZtNameId name);
 // The row of the attribute `name`, or null. Attributes mostly come in the order of their rows: the
 // search begins at `next`, the row after that of the attribute before.
-inline const ZtField* ZtNextAttribute(const ZtElementType& type, const ZtField*& next,
-                                      ZtPiece name) {
-  const ZtField* const end = type.children();
-  for (int left = type.rows.attributes; left; --left) {
-    if (next == end) next = type.begin();
-    const ZtField* const row = next++;
-    if (row->place == ZtPlace::kAttribute && row->name.Is(name)) return row;
+// `Name`: a piece, or a padded one.
+template <class Name>
+const ZtField* ZtSearchAttribute(const ZtElementType& type, const ZtField*& next, Name name) {
+  const auto find = [&](const ZtField* row, const ZtField* end) -> const ZtField* {
+    for (; row != end; ++row) {
+      if (row->name.Is(name) && row->place == ZtPlace::kAttribute) return row;
+    }
+    return nullptr;
+  };
+  const ZtField* row = find(next, type.children());
+  if (!row) row = find(type.begin(), next);
+  next = row ? row + 1 : type.begin();
+  return row;
+}
+template <class Name>
+[[gnu::always_inline]] inline const ZtField* ZtNextAttribute(const ZtElementType& type,
+                                                             const ZtField*& next, Name name) {
+  const ZtField* const due = next;
+  if (due == type.children() || due->place != ZtPlace::kAttribute || !due->name.Is(name)) {
+    return ZtSearchAttribute(type, next, name);
   }
-  return nullptr;
+  ++next;
+  return due;
+}
+// The row of the child element `name` that has an object or a text, or null when it is to be looked
+// for otherwise. Children mostly come in the order of their rows, each perhaps repeated: the search
+// begins at `next`, which is where that of the next child begins then.
+const ZtField* ZtSearchChild(const ZtElementType& type, const ZtField*& next, ZtPaddedPiece name);
+[[gnu::always_inline]] inline const ZtField* ZtNextChild(const ZtElementType& type,
+                                                         const ZtField*& next, ZtPaddedPiece name) {
+  const ZtField* const due = next;
+  if (due != type.end() && (due->IsText() || due->IsObject()) && due->name.Is(name)) return due;
+  return ZtSearchChild(type, next, name);
 }
 // The choice that the type has for the child element `name`, or null; and in a table that ends with
 // none, the choice that names it.

@@ -32,6 +32,7 @@ class ZtNameId {
   static ZtNameId Of(ZtPiece text);
   // Whether its text is `text`, which is not empty.
   bool Is(ZtPiece text) const;
+  [[gnu::always_inline]] bool Is(ZtPaddedPiece text) const;
 
   // The name as a number, and back.
   constexpr int Id() const { return m_Id; }
@@ -76,6 +77,16 @@ inline bool ZtNameId::Is(ZtPiece text) const {
   if (text.size != kZtNameSizes[m_Id]) return false;
   const char* own = Text();
   return *text.text == *own && ZtSameBytes(own, text.text, text.size);
+}
+
+inline bool ZtNameId::Is(ZtPaddedPiece text) const {
+  if (text.size != kZtNameSizes[m_Id]) return false;
+  const char* const own = Text();
+  if (!kZtHasVectors || text.size > sizeof(ZtBlock)) {
+    return std::memcmp(own, text.text, text.size) == 0;
+  }
+  const auto differ = ZtGet<ZtBlock>(own) != ZtGet<ZtBlock>(text.text);
+  return ZtBits(reinterpret_cast<ZtBlock>(differ)) << (32 - text.size) == 0;
 }
 
 inline ZtPaddedPiece ZtNameId::Piece() const { return {Text(), kZtNameSizes[m_Id]}; }

@@ -13,7 +13,10 @@ constexpr std::size_t kMostShortName = 65533;  // ZtShortNameSize cuts longer on
 ZtSchemaDecoder::ZtSchemaDecoder(const ZtDocument& document)
     : m_Document(document), m_pText(nullptr), m_pNamed(nullptr) {}
 
-ZtSchemaDecoder::~ZtSchemaDecoder() { __free(m_PassName); }
+ZtSchemaDecoder::~ZtSchemaDecoder() {
+  __free(m_PassName);
+  if (m_pFrames != m_FewFrames) __free(m_pFrames);
+}
 
 int ZtSchemaDecoder::ProcessReserved() { return 0; }
 
@@ -87,7 +90,59 @@ void ZtSchemaDecoder::NoteEmptyStack(int callbacks) const {
   while (m_Stack.empty() && callbacks--) m_Stack.top();
 }
 
-void ZtSchemaDecoder::Start(ScannedTag& tag) {
+void ZtSchemaDecoder::Tag(ScannedTag& tag) {
+  if (StartKnown(tag)) return;
+  StartTag(tag);
+  if (tag.count) KeepAttributes(tag);
+  Opened(tag.name);
+}
+
+// Does all that is to be done for most tags: those of the texts and objects that rows of the open
+// type name. False, with nothing done, for others.
+inline bool ZtSchemaDecoder::StartKnown(ScannedTag& tag) {
+  if (m_bFailed || m_iSkipped || m_iDropped || m_Stack.empty()) return false;
+  if (tag.NameSize() >= kMostShortName || *tag.name == '/') return false;
+  const char* local = tag.name;
+  if (tag.colon) {
+    local = tag.colon[1] == '/' ? nullptr : LocalPart(tag.name, tag.colon);
+    if (!local) return false;
+  }
+  Frame& frame = Top();
+  const ZtElementType& parent = *frame.type;
+  if (parent.extras->child) return false;
+  const ZtField* const row =
+      ZtNextChild(parent, frame.next, {local, static_cast<std::size_t>(tag.nameEnd - local)});
+  if (!row) return false;
+  for (const ZtRoot& root : m_Document.roots) {
+    if (root.name == row->name) return false;
+  }
+  if (row->IsText()) {
+    m_pText = row;
+    m_bOfferEnd = true;
+    m_iSkipped = 1;
+    m_Started = Open();
+    return true;
+  }
+  const ZtElementType& type = *row->detail.type;
+  if (type.extras->flag) return false;
+  XMLElement* const child = Make(type);
+  if (!child) return true;
+  const ZtSource source(parent.family->source, m_pArena);
+  if (ZtAdopt(*static_cast<XMLElement*>(m_Stack.top()), *row, child, source) != ZtOutcome::kAdopted) {
+    ZtRelease(child);  // there is no memory: what was just made has no owner yet
+    m_Started = Open();
+    m_bFailed = true;
+    return true;
+  }
+  m_bOfferEnd = false;
+  Push(child, {&type, row, Kind::kObject}, row->name);
+  if (tag.count) KeepAttributes(tag);
+  return true;
+}
+
+void ZtSchemaDecoder::Start(ScannedTag& tag) { StartTag(tag); }
+
+void ZtSchemaDecoder::StartTag(ScannedTag& tag) {
   if (m_bFailed) return;
   // What may be refused is looked at as the callback does.
   if (*tag.name == '/' || (tag.colon && tag.colon[1] == '/')) {
@@ -98,7 +153,12 @@ void ZtSchemaDecoder::Start(ScannedTag& tag) {
     ++m_iSkipped;
     return NoteEmptyStack(1);
   }
-  const char* local = tag.NameSize() < kMostShortName ? LocalPart(tag.name, tag.colon) : nullptr;
+  const char* local = tag.name;
+  if (tag.NameSize() >= kMostShortName) {
+    local = nullptr;
+  } else if (tag.colon) {
+    local = LocalPart(tag.name, tag.colon);
+  }
   if (!local) {
     ElementCallback(tag.name, nullptr);
     return;
@@ -124,19 +184,28 @@ int ZtSchemaDecoder::End(ZtPiece slashName, ZtPiece text) {
   if (m_iSkipped && m_pText && !m_Stack.empty()) {
     m_iSkipped = 0;
     m_Started = Open();
-    const Open parent = Current();
-    const ZtOutcome outcome =
-        ZtApplyRow(*parent.object, *parent.type, *m_pText, true, text, nullptr, m_pArena);
-    if (outcome == ZtOutcome::kNoMemory) m_bFailed = true;
+    KeepText(*m_pText, text);
     return 0;
   }
   return EndOpened(slashName, text) ? 0 : ElementCallback(name, text);
 }
 
+// Keeps the text of an element that has no object, in the innermost one.
+void ZtSchemaDecoder::KeepText(const ZtField& row, ZtPiece text) {
+  XMLElement& object = *static_cast<XMLElement*>(m_Stack.top());
+  if (row.place == ZtPlace::kTextElement && row.value == ZtValue::kText && m_pArena &&
+      m_pArena->Holds(text.text)) {
+    (object.*row.member.text).Refer(text);
+  } else if (ZtApplyRow(object, *CurrentType(), row, true, text, nullptr, m_pArena) ==
+             ZtOutcome::kNoMemory) {
+    m_bFailed = true;
+  }
+}
+
 // The end of the innermost object; false when that is not what ends, or not all there is to it.
 bool ZtSchemaDecoder::EndOpened(ZtPiece slashName, ZtPiece text) {
   if (m_iSkipped || m_iDropped || m_Stack.empty()) return false;
-  const Frame& frame = m_Frames[m_Stack.size()];
+  const Frame& frame = Top();
   if (frame.kind == Kind::kExtension) return false;
   if (frame.type->rows.takesText && frame.kind != Kind::kRoot) {
     if (std::memchr(slashName.text, ':', slashName.size)) return false;
@@ -149,10 +218,10 @@ bool ZtSchemaDecoder::EndOpened(ZtPiece slashName, ZtPiece text) {
 
 // False when the content of the element is to be skipped.
 bool ZtSchemaDecoder::StartElement(const Open& current, const ZtChildName& name) {
+  const Element element = Find(name.id, current.type);
   m_bOfferEnd = true;
   m_pText = nullptr;
   m_Started = Open();
-  const Element element = Find(name.id, current.type);
   if (element.kind == Kind::kRoot) {
     StartRoot(element, name.id);
     return m_Started.object != nullptr;
@@ -304,15 +373,25 @@ bool ZtSchemaDecoder::IsNamed(const char* element) const {
   return element == m_pNamed && !std::memchr(element, '\0', kShort);
 }
 
-void ZtSchemaDecoder::Attributes(ScannedTag& tag) {
+void ZtSchemaDecoder::Attributes(ScannedTag& tag) { KeepAttributes(tag); }
+
+void ZtSchemaDecoder::KeepAttributes(ScannedTag& tag) {
   if (m_Stack.empty()) return NoteEmptyStack(tag.count + tag.blankAtEnd);
-  if (!m_Started.object) return;
+  if (!m_Started.object || m_bFailed) return;
+  XMLElement& object = *m_Started.object;
   const ZtElementType& type = *m_Started.type;
   const ZtField* next = type.begin();
-  for (int i = 0; i < tag.count && !m_bFailed; ++i) {
-    const ZtPiece name = tag.attributes[i].Name();
-    const ZtPiece value = tag.attributes[i].Value();
-    KeepAttribute(type, ZtNextAttribute(type, next, name), name, value);
+  const bool inPlace = m_pArena && m_pArena->Holds(tag.name);
+  const bool hasEntity = tag.hasEntity;
+  for (ScannedAttribute *attribute = tag.begin(), *end = tag.end(); attribute != end; ++attribute) {
+    ScannedTag::Cut(*attribute, hasEntity);
+    const ZtField* const row = ZtNextAttribute(type, next, attribute->Name());
+    if (inPlace && row && row->value == ZtValue::kText) {
+      (object.*row->member.text).Refer(attribute->Value());
+    } else {
+      KeepAttribute(type, row, attribute->Name(), attribute->Value());
+      if (m_bFailed) return;
+    }
   }
 }
 
@@ -327,6 +406,9 @@ void ZtSchemaDecoder::KeepAttribute(const ZtElementType& type, const ZtField* fi
   ZtOutcome outcome = ZtOutcome::kAccepted;
   if (field) {
     outcome = ZtStore(*m_Started.object, *field, value, m_pArena);
+  } else if (!type.rows.keepsAttributes &&
+             (!type.family->lines->unknownAttribute || ZtLog::IsDiscarded(kZtLogTrace))) {
+    return;  // nobody would learn of it
   } else if (IsAttributeName(name.text)) {
     outcome = OfferAttribute(type, name, value);
   }
@@ -358,7 +440,8 @@ ZtSource ZtSchemaDecoder::SourceOf(const ZtElementType& type) {
 }
 
 XMLElement* ZtSchemaDecoder::Make(const ZtElementType& type) {
-  XMLElement* object = type.Create(SourceOf(type));
+  XMLElement* object =
+      ZtRecordsNothing() && type.make ? type.make(m_pArena) : type.Create(SourceOf(type));
   if (!object) m_bFailed = true;
   m_Started = {object, &type};
   return object;
@@ -398,14 +481,28 @@ ZtSchemaDecoder::Open ZtSchemaDecoder::Current() const {
 }
 
 const ZtElementType* ZtSchemaDecoder::CurrentType() const {
-  return m_Stack.empty() ? nullptr : m_Frames[m_Stack.size()].type;
+  return m_Stack.empty() ? nullptr : Top().type;
 }
 
 void ZtSchemaDecoder::Push(XMLElement* object, const Element& element, ZtNameId name) {
   m_pText = nullptr;
   if (m_Stack.size() == XmlCodeGenStack::kCapacity - 1) ++m_iDropped;
+  if (m_Stack.size() == kFewFrames - 1 && !ReserveFrames()) return;
   m_Stack.push(object);
-  if (!m_iDropped) m_Frames[m_Stack.size()] = {element.type, name.Id(), element.kind};
+  if (!m_iDropped) Top() = {element.type, element.type->children(), name.Id(), element.kind};
+}
+
+// Makes room for the frames of a full stack. False without memory: the document fails.
+bool ZtSchemaDecoder::ReserveFrames() {
+  if (m_pFrames != m_FewFrames) return true;
+  auto* frames = static_cast<Frame*>(__malloc(sizeof(Frame) * XmlCodeGenStack::kCapacity));
+  if (!frames) {
+    m_bFailed = true;
+    return false;
+  }
+  std::memcpy(frames, m_FewFrames, sizeof(m_FewFrames));
+  m_pFrames = frames;
+  return true;
 }
 
 // The end of an element that the full stack did not take closes nothing. Intended: no more than 100
@@ -472,7 +569,7 @@ void ZtSchemaDecoder::AddType(const ZtElementType* type) {
 
 // Whether `name` ends the object on top of the stack.
 bool ZtSchemaDecoder::Closes(const Open& current, ZtNameId name) const {
-  return current.object && !m_iDropped && m_Frames[m_Stack.size()].name == name.Id();
+  return current.object && !m_iDropped && Top().name == name.Id();
 }
 
 const char* ZtSchemaDecoder::LocalPart(const char* name, const char* colon) const {

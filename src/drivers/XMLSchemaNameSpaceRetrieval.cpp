@@ -82,10 +82,13 @@ void XMLSchemaNamespaceRetrievalDecoder::Start(ScannedTag& tag) {
 }
 
 void XMLSchemaNamespaceRetrievalDecoder::Attributes(ScannedTag& tag) {
-  for (int i = 0; i < tag.count; ++i) {
-    ProcessAttribute(tag.name, tag.attributes[i].name, tag.attributes[i].value);
+  for (ScannedAttribute& attribute : tag) {
+    tag.Cut(attribute);
+    ProcessAttribute(tag.name, attribute.name, attribute.value);
   }
 }
+
+void XMLSchemaNamespaceRetrievalDecoder::Tag(ScannedTag& tag) { ZtTellTag(*this, tag); }
 
 int XMLSchemaNamespaceRetrievalDecoder::End(ZtPiece, ZtPiece) { return 0; }
 

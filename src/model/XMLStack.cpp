@@ -11,26 +11,13 @@ constexpr int kPopLine = 29;
 constexpr int kTopLine = 41;
 }  // namespace
 
-void XmlCodeGenStack::push(void* p) {
-  if (m_iTop == kCapacity - 1) {
-    ZtLog(kZtLogTrace, kSource, kPushLine)("stack overflow\n");
-    return;
-  }
-  m_pEntries[++m_iTop] = p;
+void XmlCodeGenStack::Refuse() { ZtLog(kZtLogTrace, kSource, kPushLine)("stack overflow\n"); }
+
+void XmlCodeGenStack::NothingToPop() {
+  ZtLog(kZtLogTrace, kSource, kPopLine)("stack underflow\n");
 }
 
-void XmlCodeGenStack::pop() {
-  if (m_iTop == -1) {
-    ZtLog(kZtLogTrace, kSource, kPopLine)("stack underflow\n");
-    return;
-  }
-  --m_iTop;
-}
-
-void* XmlCodeGenStack::top() const {
-  if (m_iTop == -1) {
-    ZtLog(kZtLogTrace, kSource, kTopLine)("stack is empty\n");
-    return nullptr;
-  }
-  return m_pEntries[m_iTop];
+void* XmlCodeGenStack::NoTop() {
+  ZtLog(kZtLogTrace, kSource, kTopLine)("stack is empty\n");
+  return nullptr;
 }

@@ -1,87 +1,75 @@
 #include "text/TagScanner.h"
 
-#include "base/ZtBytes.h"
+#include "text/ZtCharacters.h"
 
 namespace {
 
-enum : unsigned char { kEndsName = 1, kColon = 2, kSpace = 4 };
+bool EndsName(char c) { return static_cast<unsigned char>(c) <= ' ' || c == '='; }
 
-struct Classes {
-  unsigned char of[256] = {};
-
-  constexpr Classes() {
-    Add(" \t\r\n>/=\"'<!?", kEndsName);
-    Add(":", kColon);
-    Add(" \t\r\n", kSpace);
-    of[0] = kEndsName;
+// Whether an equals sign is at `equals`, and what comes before it from `name` on is not empty and has
+// neither white space nor another equals sign in it.
+[[gnu::always_inline]] inline bool IsName(const char* name, const char* equals) {
+  if (kZtHasVectors) {
+    const auto block = ZtGet<ZtBlock>(name);
+    const unsigned ends =
+        ZtBits(reinterpret_cast<ZtBlock>(block <= ZtBlock{} + ' ') | ZtMatches(block, '='));
+    if (ends) return name + ZtFirstBit(ends) == equals && *equals == '=' && name != equals;
+    name += sizeof(ZtBlock);
+  } else if (name == equals) {
+    return false;
   }
-  constexpr void Add(const char* characters, unsigned char what) {
-    for (; *characters; ++characters) {
-      unsigned char& classes = of[static_cast<unsigned char>(*characters)];
-      classes = static_cast<unsigned char>(classes | what);
-    }
-  }
-};
-constexpr Classes kClasses;
-
-bool Is(char c, unsigned char what) {
-  return (kClasses.of[static_cast<unsigned char>(c)] & what) != 0;
+  while (!EndsName(*name)) ++name;
+  return name == equals && *equals == '=';
 }
 
-char* EndOf(char* at, unsigned char what) {
-  while (!Is(*at, what)) ++at;
+char* SkipBlank(char* at) {
+  while (ZtIsBlank(*at)) ++at;
   return at;
-}
-
-// The end of an element's name, or its colon, in a text that ends with a NUL at `end`. Sixteen
-// bytes at once are looked through for those that end a name and a few others; the loop goes
-// on where the first of them is. (Names of attributes come in one order again and again: there the
-// loop alone is as fast.)
-char* EndOfElement(char* at, const char* end) {
-  if (ZtHasBlock(at, end)) {
-    const auto block = ZtGet<ZtBlock>(at);
-    constexpr unsigned char kLowest = '"';  // and white space, '!', NUL
-    at += ZtFirst(reinterpret_cast<ZtBlock>(block <= ZtBlock{} + kLowest) | ZtMatches(block, '\'') |
-                  ZtMatches(block, '/') | ZtMatches(block, ':') |
-                  ZtMatches(block & 0xFC, '<'));  // and '=', '>', '?'
-  }
-  return EndOf(at, kEndsName | kColon);
 }
 
 }  // namespace
 
-// Most tags end after their name. Intended: the first '>' ends a tag, so that none can stand in an
-// attribute's value, where XML allows it; callers escape it there.
-bool ScannedTag::Scan(char* begin, char* scanned, const char* end) {
-  const bool resumed = scanned > begin;
-  close = resumed ? ZtFind(scanned, '>', end) : nullptr;
-  if (resumed && !close) return false;
-  char* at = name = begin;
-  at = EndOfElement(at, end);
-  colon = *at == ':' ? at : nullptr;
-  if (colon) at = EndOf(at, kEndsName);
-  nameEnd = at;
-  if (!close) close = *at == '>' ? at : ZtFind(at, '>', end);
-  if (!close || at == begin) return false;
-  count = 0;
-  isEmpty = blankAtEnd = false;
-  while (at != close) {
-    const bool spaced = Is(*at, kSpace);
-    while (Is(*at, kSpace)) ++at;
-    isEmpty = *at == '/' && at + 1 == close;
-    if (isEmpty || at == close) {
-      blankAtEnd = spaced && count > 0;
-      return !spaced || count > 0;
+// The '>' is at `sign`; from `at` on are white space or a slash or both.
+inline bool ScannedTag::Ends(char* at, char* sign) {
+  const bool spaced = ZtIsBlank(*at);
+  at = SkipBlank(at);
+  close = sign;
+  isEmpty = *at == '/' && at + 1 == sign;
+  blankAtEnd = spaced && count > 0;
+  return (isEmpty || at == sign) && (!spaced || count > 0);
+}
+
+// What comes after the name. In front of each opening quote is an equals sign, and in front of this
+// a name after white space.
+bool ScannedTag::ScanAttributes(ZtStructure& structure) {
+  ZtStructure::Place place = structure.Enter(nameEnd);
+  ScannedAttribute* attribute = attributes;
+  char* at = nameEnd;
+  char* sign = structure.NextSign(place);
+  char quote = *sign;
+  while (quote != '>') {
+    char* attributeName = at + 1;
+    if (*at != ' ' || ZtIsBlank(*attributeName)) {
+      attributeName = SkipBlank(at);
+      if (attributeName == at) return false;
     }
-    if (!spaced || count == kMostAttributes) return false;
-    ScannedAttribute& attribute = attributes[count++];
-    attribute.name = at;
-    at = attribute.nameEnd = EndOf(at, kEndsName);
-    if (*at != '=' || at == attribute.name || (at[1] != '"' && at[1] != '\'')) return false;
-    attribute.value = at + 2;
-    at = attribute.valueEnd = ZtFind(attribute.value, at[1], close);
-    if (!at) return false;
-    ++at;
+    if ((quote != '"' && quote != '\'') || attribute == attributes + kMostAttributes ||
+        !IsName(attributeName, sign - 1)) {
+      return false;
+    }
+    attribute->name = attributeName;
+    attribute->nameEnd = sign - 1;
+    attribute->value = sign + 1;
+    while (*(sign = structure.NextSign(place)) != quote) {
+      if (*sign == '>' || *sign == '\0') return false;
+      if (*sign == '&') hasEntity = true;
+    }
+    attribute->valueEnd = sign;
+    ++attribute;
+    at = sign + 1;
+    sign = structure.NextSign(place);
+    quote = *sign;
   }
-  return true;
+  count = static_cast<int>(attribute - attributes);
+  return Ends(at, sign);
 }

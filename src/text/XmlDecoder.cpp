@@ -27,7 +27,7 @@ ScannedTag TagOf(char* name) {
   tag.nameEnd = name + __strlen(name);
   tag.colon = __strchr(name, ':');
   tag.close = tag.nameEnd;
-  tag.isEmpty = tag.blankAtEnd = false;
+  tag.isEmpty = tag.blankAtEnd = tag.hasEntity = false;
   tag.count = 0;
   return tag;
 }
@@ -36,7 +36,7 @@ ScannedTag TagOf(char* name) {
 
 // A node of the element stack, after the sentinel, with the element's name.
 struct XmlDecoder::OpenElement : BuddyLinkList {
-  static constexpr std::size_t kRoom = 24;
+  static constexpr std::size_t kRoom = 32;  // two blocks
 
   OpenElement* outer = nullptr;
   std::size_t size = 0;  // of the name; 0 when it is none that a tag can have
@@ -55,12 +55,12 @@ struct XmlDecoder::OpenElements : ZtHeapObject {
 };
 
 // Tells a receiver of callbacks, if there is one.
-class XmlDecoder::Callbacks : public ZtSink {
+class XmlDecoder::Callbacks final : public ZtSink {
  public:
-  explicit Callbacks(XmlDecoder& parser) : m_Parser(parser) {
-    if (parser.m_pSchema) parser.m_pSink = this;
+  explicit Callbacks(XmlDecoder& parser) : m_Parser(parser), m_pBefore(parser.m_pSink) {
+    parser.m_pSink = this;
   }
-  ~Callbacks() { m_Parser.m_pSink = nullptr; }
+  ~Callbacks() { m_Parser.m_pSink = m_pBefore; }
   Callbacks(const Callbacks&) = delete;
   Callbacks& operator=(const Callbacks&) = delete;
 
@@ -68,14 +68,16 @@ class XmlDecoder::Callbacks : public ZtSink {
     if (m_Parser.m_pSchema) m_Parser.m_pSchema->ProcessElement(tag.name, nullptr);
   }
   void Attributes(ScannedTag& tag) override {
-    for (int i = 0; i < tag.count; ++i) {
-      Attribute(tag.name, tag.attributes[i].name, tag.attributes[i].value);
+    for (ScannedAttribute& attribute : tag) {
+      tag.Cut(attribute);
+      Attribute(tag.name, attribute.name, attribute.value);
     }
     if (tag.blankAtEnd) Attribute(tag.name, tag.close, tag.close);
   }
   void Opened(char* name) override {
     if (m_Parser.m_pSchema) m_Parser.m_pSchema->ProcessElementOpened(name);
   }
+  void Tag(ScannedTag& tag) override { ZtTellTag(*this, tag); }
   int End(ZtPiece slashName, ZtPiece text) override {
     if (!m_Parser.m_pSchema) return 0;
     return m_Parser.m_pSchema->ProcessElement(const_cast<char*>(slashName.text),
@@ -88,6 +90,7 @@ class XmlDecoder::Callbacks : public ZtSink {
   }
 
   XmlDecoder& m_Parser;
+  ZtSink* const m_pBefore;
 };
 
 XmlDecoder::XmlDecoder() { InitXmlDecoder(); }
@@ -169,7 +172,7 @@ int XmlDecoder::AppendText(const char* text, int count) {
   const void* end = std::memchr(text, '\0', static_cast<std::size_t>(count));
   const std::size_t size = end ? static_cast<std::size_t>(static_cast<const char*>(end) - text)
                                : static_cast<std::size_t>(count);
-  const std::size_t needed = m_iLength + size + 1;
+  const std::size_t needed = m_iLength + size + 1 + ScannedTag::kPadding;
   if (needed > m_iCapacity) {
     std::size_t capacity = m_iLength ? 2 * m_iCapacity : needed;
     if (capacity < needed) capacity = needed;
@@ -181,7 +184,7 @@ int XmlDecoder::AppendText(const char* text, int count) {
     m_pPendingText = buffer;
     m_iCapacity = capacity;
   }
-  std::memcpy(m_pPendingText + m_iLength, text, size);
+  ZtCopyText(m_pPendingText + m_iLength, text, size);
   m_iLength += size;
   m_pPendingText[m_iLength] = '\0';
   return 0;
@@ -194,12 +197,11 @@ int XmlDecoder::AppendText(const char* text, int count) {
 int XmlDecoder::Continue() {
   char* position = m_pPendingText;
   char* const end = position + m_iLength;
-  char* tag = position + m_iTag;
   char* scan = position + m_iScanned;
-  char* entity = nullptr;  // the next one from here on: one search finds it for many tags
+  ZtStructure structure(position + m_iTag, end);
   for (;;) {
     m_bEmptyElement = 0;
-    tag = ZtFind(tag, '<', end);
+    char* const tag = structure.NextTag(position);
     if (!tag) {
       // Intended: the text after the last tag of a chunk is dropped, also when its end tag comes
       // with the next chunk; callers end chunks with a tag.
@@ -217,7 +219,7 @@ int XmlDecoder::Continue() {
       ReportEnd(position, tag);
     } else {
       ScannedTag scanned;
-      const bool plain = scanned.Scan(tag + 1, scan, end);
+      const bool plain = scanned.Scan(tag + 1, scan, structure, end);
       close = scanned.close;
       if (!close) {
         m_iTag = static_cast<std::size_t>(tag - position);
@@ -225,12 +227,7 @@ int XmlDecoder::Continue() {
         return OutOfTags(position);
       }
       if (plain) {
-        if (scanned.count && (!entity || entity < tag)) {
-          entity = ZtFind(tag, '&', end);
-          if (!entity) entity = end;
-        }
-        ReportTag(scanned, entity && entity < close);
-        if (m_DecodeState == ZT_XML_PARSE_ERROR) {
+        if (!ReportTag(scanned)) {
           m_iFailed = static_cast<std::size_t>(tag - m_pPendingText);
           return ParseError();
         }
@@ -241,7 +238,7 @@ int XmlDecoder::Continue() {
         if (result != 0) return result;
       }
     }
-    position = tag = scan = close + 1;
+    position = scan = close + 1;
     if (counts && !m_pTop) {
       m_DecodeState = ZT_XML_PARSE_COMPLETE;
       Log(kZtLogState)("<XML Decoder>:Decoder Success");
@@ -259,30 +256,23 @@ char* XmlDecoder::PlainEnd(char* tag, const char* end) const {
   return ZtSameBytes(name, static_cast<char*>(m_pTop->data), size) ? name + size : nullptr;
 }
 
-// Reports a tag in its plain form in one go.
-void XmlDecoder::ReportTag(ScannedTag& tag, bool hasEntity) {
+// Reports a tag in its plain form. False without memory.
+bool XmlDecoder::ReportTag(ScannedTag& tag) {
   *tag.nameEnd = *tag.close = '\0';
-  const bool started = tag.isEmpty || tag.count > 0;
-  if (started && m_pSink) m_pSink->Start(tag);
-  Log(kZtLogTrace)("XmlDecoder:: DecodeAttributes %d", 0);
-  if (m_pSink) {
-    if (tag.count) ReportScanned(tag, hasEntity);
+  if (ZtLog::IsDiscarded(kZtLogTrace)) {
+    m_pSink->Tag(tag);
+  } else {
+    // The line comes between the steps.
+    const bool started = tag.isEmpty || tag.count > 0;
+    if (started) m_pSink->Start(tag);
+    Log(kZtLogTrace)("XmlDecoder:: DecodeAttributes %d", 0);
+    if (tag.count) m_pSink->Attributes(tag);
     if (!started) m_pSink->Start(tag);
+    m_pSink->Opened(tag.name);
   }
-  if (!tag.isEmpty) {
-    Opened(tag.name, tag.NameSize());
-  } else if (m_pSink) {
-    ReportEmpty(tag.name, tag.NameSize(), {tag.close, 0});
-  }
-}
-
-void XmlDecoder::ReportScanned(ScannedTag& tag, bool hasEntity) {
-  for (int i = 0; i < tag.count; ++i) {
-    ScannedAttribute& attribute = tag.attributes[i];
-    *attribute.nameEnd = *attribute.valueEnd = '\0';
-    if (hasEntity) attribute.valueEnd = Unescape(attribute.value, attribute.valueEnd);
-  }
-  m_pSink->Attributes(tag);
+  if (!tag.isEmpty) return Opened(tag.name, tag.NameSize());
+  EndEmpty(tag.name, tag.NameSize(), {tag.close, 0});
+  return true;
 }
 
 // A tag of any other form, cut at its '>'. 0, or the result of the parse; `counts` is cleared for
@@ -314,19 +304,19 @@ int XmlDecoder::AnyTag(char* text, char* tag, char* close, bool& counts) {
       return ParseError();
     }
     char* const element = name + std::strspn(name, kWhiteSpace);
-    if (result == 1 && m_pSink) {
+    if (result == 1) {
       ScannedTag plain = TagOf(element);
       m_pSink->Start(plain);
     }
+    m_pSink->Opened(element);
     if (!Opened(element, __strlen(element))) return ParseError();
   }
   return 0;
 }
 
-// The start tag of `element` is complete; false without memory.
-bool XmlDecoder::Opened(char* element, std::size_t size) {
-  if (m_pSink) m_pSink->Opened(element);
-  if (Push(element, size)) return true;
+// The start tag of `element` is complete and reported; false without memory.
+bool XmlDecoder::Opened(const char* element, std::size_t size) {
+  if (Push(element, size, m_pPendingText + m_iLength)) return true;
   m_DecodeState = ZT_XML_PARSE_ERROR;
   Log(kZtLogState)(
       "<XML Decoder>:Decoder Failed as stack is not empty at end, reason: ZT_XML_PARSE_ERROR");
@@ -375,8 +365,7 @@ int XmlDecoder::EndTag(char* text, char* tag, const char* close) {
 void XmlDecoder::ReportEnd(char* text, char* tag) {
   char* const slashName = tag + 1;
   *tag = '\0';
-  if (m_pSink &&
-      m_pSink->End({slashName, m_pTop->size + 1}, {text, static_cast<std::size_t>(tag - text)})) {
+  if (m_pSink->End({slashName, m_pTop->size + 1}, {text, static_cast<std::size_t>(tag - text)})) {
     Log(kZtLogState)(
         "<XML Decoder>:ProcessElement(pStrEndElement, start) failed when pStrEndElement=\"%s\"",
         slashName);
@@ -416,16 +405,12 @@ int XmlDecoder::DecodeAttributes(char* n_strAttrList) {
   }
   const bool started = m_bEmptyElement == 1 || rest[std::strspn(rest, "=")] != '\0';
   ScannedTag tag = TagOf(element);
-  if (started && m_pSink) m_pSink->Start(tag);
+  if (started) m_pSink->Start(tag);
   const int valid = ValidateAttributeList(rest);
   Log(kZtLogTrace)("XmlDecoder:: DecodeAttributes %d", valid);
   if (valid != 0) {
     Log(kZtLogTrace)("XmlDecoder:: DecodeAttributes - Attribute list invalid");
     return -1;
-  }
-  if (!m_pSink) {
-    m_bEmptyElement = 0;
-    return 0;
   }
   return ReportAttributes(tag, rest, started);
 }
@@ -457,13 +442,13 @@ int XmlDecoder::ReportAttributes(ScannedTag& tag, char* rest, bool started) {
     tag.count = 0;
   }
   if (m_bEmptyElement != 1) return started ? 0 : 1;
-  ReportEmpty(tag.name, tag.NameSize(), rest);
+  m_pSink->Opened(tag.name);
+  EndEmpty(tag.name, tag.NameSize(), rest);
   m_bEmptyElement = 0;
   return 0;
 }
 
-void XmlDecoder::ReportEmpty(char* element, std::size_t size, ZtPiece text) {
-  m_pSink->Opened(element);
+void XmlDecoder::EndEmpty(char* element, std::size_t size, ZtPiece text) {
   // The byte before the name is the '<' or white space after it: it becomes the end tag's slash.
   element[-1] = '/';
   m_pSink->End({element - 1, size + 1}, text);
@@ -488,7 +473,8 @@ BuddyLinkList* XmlDecoder::PushElement(char* name) {
   return node;
 }
 
-XmlDecoder::OpenElement* XmlDecoder::Push(const char* name, std::size_t size) {
+// A node for a name of `size` bytes with room for it; null without memory.
+XmlDecoder::OpenElement* XmlDecoder::Reserve(std::size_t size) {
   if (!m_pElementStack) return nullptr;
   if (!m_pSpare) {
     auto* nodes = new OpenElements(m_pNodes);
@@ -499,15 +485,28 @@ XmlDecoder::OpenElement* XmlDecoder::Push(const char* name, std::size_t size) {
   }
   OpenElement* node = m_pSpare;
   if (node) node->data = size < OpenElement::kRoom ? node->room : __malloc(size + 1);
-  if (!node || !node->data) {
-    Log(kZtLogTrace)("XmlDecoder::PushElement | ztDplStrdup failed");
-    return nullptr;
+  if (node && node->data) return node;
+  Log(kZtLogTrace)("XmlDecoder::PushElement | ztDplStrdup failed");
+  return nullptr;
+}
+
+// The text that the name is in ends at `end`.
+bool XmlDecoder::Push(const char* name, std::size_t size, const char* end) {
+  OpenElement* node = m_pSpare;
+  if (node && size < OpenElement::kRoom &&
+      end - name >= static_cast<std::ptrdiff_t>(OpenElement::kRoom)) {
+    std::memcpy(node->room, name, OpenElement::kRoom);
+    node->room[size] = '\0';
+    node->data = node->room;
+  } else {
+    node = Reserve(size);
+    if (!node) return false;
+    *ZtCopy(static_cast<char*>(node->data), {name, size}) = '\0';
   }
   m_pSpare = node->outer;
-  *ZtCopy(static_cast<char*>(node->data), {name, size}) = '\0';
   node->size = size;
   Link(node);
-  return node;
+  return true;
 }
 
 void XmlDecoder::Link(OpenElement* node) {

@@ -1,4 +1,5 @@
 #include "base/ZtLog.h"
+#include "text/TagScanner.h"
 #include "ztxml/XmlDecoder.h"
 #include "ztxml/ztPlatform.h"
 
@@ -102,12 +103,12 @@ void XmlDecoder::UnescapeXmlString(char* text, const char* entity, char ch) {
 }
 
 void XmlDecoder::UnescapeXml(char* text) {
-  if (text) Unescape(text, text + __strlen(text));
+  if (text) ZtUnescape(text, text + __strlen(text));
 }
 
-// Returns the new end. One pass over all five: none of the replacements can complete another entity
+// One pass over all five: none of the replacements can complete another entity
 // except "&amp;", whose result is not looked at again.
-char* XmlDecoder::Unescape(char* text, char* end) {
+char* ZtUnescape(char* text, char* end) {
   static constexpr struct {
     char entity[8];
     std::size_t size;

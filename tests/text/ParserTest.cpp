@@ -92,7 +92,8 @@ TEST(XmlDecoder, ReportsTheSameInChunksOfEverySize) {
   Check(kFatal, opened, {"<a><?pi?></a>", "<a><!-- <b/> --></a>"});
   // The start of a tag is reported before its attributes are found invalid.
   Check(kFatal, Start("a"),
-        {"<a =/>", "<a '>", "<a x=11/>", "<a x='>", "<a x='1>'/>", "<a b='1' c></a>"});
+        {"<a =/>", "<a '>", "<a x=11/>", "<a x='>", "<a x='1>'/>", "<a b='1' c></a>",
+         "<a b \"1\"></a>", "<a b='1' c '2'/>"});
   Check(kMismatch, "", {"</>", "</ >", "t</a>"});
   Check(kMismatch, opened, {"<a></b>", "<a></a >", "<a></>"});
   Check(kMismatch, Start("r") + Opened("r") + Element("abc", "t"), {"<r><abc>t</abc></b>"});
@@ -101,6 +102,14 @@ TEST(XmlDecoder, ReportsTheSameInChunksOfEverySize) {
         {"<!D a><a/>"});
   Check(kFatal, Start("!D"), {"<!D a 'b'>"});
   Check(kMismatch, opened + Start("![CDATA[x]]") + Opened("![CDATA[x]]"), {"<a><![CDATA[x]]></a>"});
+
+  // Names around the size of a block.
+  for (std::size_t size = 14; size <= 34; ++size) {
+    const std::string name(size, 'n');
+    Check(kComplete, Element(name, "", {{name, "v"}, {"p:" + name, "w"}}),
+          {'<' + name + ' ' + name + "='v' p:" + name + "=\"w\"/>"});
+    Check(kFatal, Start("a"), {"<a " + name + " '1'/>", "<a " + name + "x=1 y='2'/>"}, 3);
+  }
 
   const std::string filler(150, 'v');  // outgrows the first buffer
   std::string text = "<r>", events = Start("r") + Opened("r");
