@@ -70,8 +70,12 @@ struct ZtMaker {
     }
   }
   Base* Create(const ZtSource& source, Argument... argument, int line = __builtin_LINE()) const {
-    void* const memory = construct ? ZtAllocate(size, source.arena) : nullptr;
-    return memory ? ZtTrack(construct(memory, argument...), size, source.file, line) : nullptr;
+    return ZtTrack(Make(source.arena, argument...), size, source.file, line);
+  }
+  // Without a record.
+  Base* Make(ZtArena* arena, Argument... argument) const {
+    void* const memory = construct ? ZtAllocate(size, arena) : nullptr;
+    return memory ? construct(memory, argument...) : nullptr;
   }
 };
 

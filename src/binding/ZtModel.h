@@ -566,6 +566,10 @@ struct ZtElementType : ZtTypeFacts {
   XMLElement* Create(const ZtSource& source, int line = __builtin_LINE()) const {
     return ZtMaker<XMLElement>{construct, size}.Create(source, line);
   }
+  // Likewise, without a record.
+  XMLElement* Make(ZtArena* arena) const {
+    return ZtMaker<XMLElement>{construct, size}.Make(arena);
+  }
 };
 
 static_assert(sizeof(void*) != 8 || sizeof(ZtElementType) <= 96);

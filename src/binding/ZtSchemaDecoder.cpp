@@ -128,7 +128,8 @@ inline bool ZtSchemaDecoder::StartKnown(ScannedTag& tag) {
   XMLElement* const child = Make(type);
   if (!child) return true;
   const ZtSource source(parent.family->source, m_pArena);
-  if (ZtAdopt(*static_cast<XMLElement*>(m_Stack.top()), *row, child, source) != ZtOutcome::kAdopted) {
+  if (ZtAdopt(*static_cast<XMLElement*>(m_Stack.top()), *row, child, source) !=
+      ZtOutcome::kAdopted) {
     ZtRelease(child);  // there is no memory: what was just made has no owner yet
     m_Started = Open();
     m_bFailed = true;
@@ -440,8 +441,7 @@ ZtSource ZtSchemaDecoder::SourceOf(const ZtElementType& type) {
 }
 
 XMLElement* ZtSchemaDecoder::Make(const ZtElementType& type) {
-  XMLElement* object =
-      ZtRecordsNothing() && type.make ? type.make(m_pArena) : type.Create(SourceOf(type));
+  XMLElement* object = ZtRecordsNothing() ? type.Make(m_pArena) : type.Create(SourceOf(type));
   if (!object) m_bFailed = true;
   m_Started = {object, &type};
   return object;
