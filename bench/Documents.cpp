@@ -8,6 +8,9 @@ constexpr char kDeclaration[] = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n";
 
 // What a document consists of: pieces between a head and a tail, some of them in groups.
 struct Shape {
+  const char* name;
+  eXMLSchemaID schema;
+  const char* least;  // the whole of the smallest document
   const char* head;
   std::size_t group;  // pieces in a group, 0 for none
   std::string (*open)(std::size_t group);
@@ -46,6 +49,15 @@ std::string Contact(std::size_t i) {
 }
 
 constexpr Shape kRegistration = {
+    "registration",
+    XML_SCHEMA_REGINFO,
+    "<reginfo xmlns=\"urn:ietf:params:xml:ns:reginfo\" version=\"0\" state=\"full\">\n"
+    "  <registration aor=\"sip:ada@ims.example.com\" id=\"reg-0\" state=\"active\">\n"
+    "    <contact id=\"c0\" state=\"active\" event=\"registered\">\n"
+    "      <uri>sip:ada@192.0.2.20:5060</uri>\n"
+    "    </contact>\n"
+    "  </registration>\n"
+    "</reginfo>\n",
     "<reginfo xmlns=\"urn:ietf:params:xml:ns:reginfo\""
     " xmlns:gr=\"urn:ietf:params:xml:ns:gruuinfo\" version=\"7\" state=\"full\">\n",
     4,
@@ -96,6 +108,14 @@ std::string User(std::size_t i) {
 }
 
 constexpr Shape kConference = {
+    "conference",
+    XML_SCHEMA_CONFERENCE_INFO,
+    "<conference-info xmlns=\"urn:ietf:params:xml:ns:conference-info\""
+    " entity=\"sip:standup@conf.example.com\" state=\"partial\" version=\"5\">\n"
+    "  <users state=\"partial\">\n"
+    "    <user entity=\"sip:ada@example.com\" state=\"deleted\"/>\n"
+    "  </users>\n"
+    "</conference-info>\n",
     "<conference-info xmlns=\"urn:ietf:params:xml:ns:conference-info\""
     " entity=\"sip:standup@conf.example.com\" state=\"full\" version=\"4\">\n"
     "  <conference-description xml:lang=\"en\">\n"
@@ -141,6 +161,13 @@ std::string Rule(std::size_t i) {
 }
 
 constexpr Shape kServices = {
+    "simservs",
+    XML_SCHEMA_SIMSERVS,
+    "<simservs xmlns=\"http://uri.etsi.org/ngn/params/xml/simservs/xcap\">\n"
+    "  <originating-identity-presentation active=\"true\"/>\n"
+    "  <terminating-identity-presentation active=\"true\"/>\n"
+    "  <communication-waiting active=\"true\"/>\n"
+    "</simservs>\n",
     "<simservs xmlns=\"http://uri.etsi.org/ngn/params/xml/simservs/xcap\""
     " xmlns:cp=\"urn:ietf:params:xml:ns:common-policy\">\n"
     "  <originating-identity-presentation active=\"true\"/>\n"
@@ -172,6 +199,15 @@ std::string Entry(std::size_t i) {
 }
 
 constexpr Shape kResourceLists = {
+    "resource lists",
+    XML_SCHEMA_RESOURCE_LISTS,
+    "<resource-lists xmlns=\"urn:ietf:params:xml:ns:resource-lists\">\n"
+    "  <list name=\"list-0\">\n"
+    "    <display-name>List 0</display-name>\n"
+    "    <entry uri=\"sip:ada@example.com\"/>\n"
+    "    <entry uri=\"sip:joe@example.com\"/>\n"
+    "  </list>\n"
+    "</resource-lists>\n",
     "<resource-lists xmlns=\"urn:ietf:params:xml:ns:resource-lists\">\n",
     20,
     List,
@@ -179,64 +215,106 @@ constexpr Shape kResourceLists = {
     "  </list>\n",
     "</resource-lists>\n"};
 
+// ---- Presence and dispositions ------------------------------------------------------------------
+
+std::string Tuple(std::size_t i) {
+  const std::string id = N(1000 + i);
+  std::string text = "  <tuple id=\"service-" + id +
+                     "\">\n"
+                     "    <status><basic>open</basic></status>\n"
+                     "    <op:service-description>\n"
+                     "      <op:service-id>org.example.service-" +
+                     id +
+                     "</op:service-id>\n"
+                     "      <op:version>2.1</op:version>\n"
+                     "    </op:service-description>\n";
+  if (i % 2 == 0) {
+    text +=
+        "    <caps:servcaps>\n      <caps:audio>true</caps:audio>\n"
+        "      <caps:video>true</caps:video>\n    </caps:servcaps>\n";
+  }
+  return text + "    <contact>sip:+1555010" + id +
+         "@ims.example.com</contact>\n"
+         "    <timestamp>2027-02-01T08:00:12Z</timestamp>\n  </tuple>\n";
+}
+
+constexpr Shape kPresence = {
+    "presence",
+    XML_SCHEMA_PRESENCE,
+    "<presence xmlns=\"urn:ietf:params:xml:ns:pidf\" entity=\"sip:ada@ims.example.com\">\n"
+    "  <tuple id=\"desk\">\n"
+    "    <status><basic>open</basic></status>\n"
+    "    <contact>sip:ada@desk.example.com</contact>\n"
+    "    <timestamp>2027-02-01T08:00:12Z</timestamp>\n"
+    "  </tuple>\n"
+    "</presence>\n",
+    "<presence xmlns=\"urn:ietf:params:xml:ns:pidf\""
+    " xmlns:op=\"urn:oma:xml:prs:pidf:oma-pres\""
+    " xmlns:caps=\"urn:ietf:params:xml:ns:pidf:caps\" entity=\"sip:ada@ims.example.com\">\n",
+    0,
+    nullptr,
+    Tuple,
+    "",
+    "</presence>\n"};
+
+constexpr Shape kDisposition = {"IMDN",
+                                XML_SCHEMA_IMDN,
+                                "<imdn xmlns=\"urn:ietf:params:xml:ns:imdn\">\n"
+                                "  <message-id>a1f09c7730</message-id>\n"
+                                "  <datetime>2027-02-01T08:00:12Z</datetime>\n"
+                                "  <recipient-uri>sip:ada@ims.example.com</recipient-uri>\n"
+                                "  <delivery-notification>\n"
+                                "    <status><delivered/></status>\n"
+                                "  </delivery-notification>\n"
+                                "</imdn>\n",
+                                nullptr,
+                                0,
+                                nullptr,
+                                nullptr,
+                                nullptr,
+                                nullptr};
+
 const Shape& ShapeOf(Kind kind) {
   switch (kind) {
     case Kind::kRegistration:
       return kRegistration;
     case Kind::kConference:
       return kConference;
+    case Kind::kPresence:
+      return kPresence;
+    case Kind::kResourceLists:
+      return kResourceLists;
     case Kind::kServices:
       return kServices;
-    case Kind::kResourceLists:
+    case Kind::kDisposition:
       break;
   }
-  return kResourceLists;
+  return kDisposition;
 }
 
 }  // namespace
 
-const char* NameOf(Kind kind) {
-  switch (kind) {
-    case Kind::kRegistration:
-      return "registration";
-    case Kind::kConference:
-      return "conference";
-    case Kind::kServices:
-      return "simservs";
-    case Kind::kResourceLists:
-      break;
-  }
-  return "resource lists";
+const char* NameOf(Kind kind) { return ShapeOf(kind).name; }
+eXMLSchemaID SchemaOf(Kind kind) { return ShapeOf(kind).schema; }
+
+Document LeastDocument(Kind kind) {
+  return {kind, "0.3", kDeclaration + std::string(ShapeOf(kind).least)};
 }
 
-eXMLSchemaID SchemaOf(Kind kind) {
-  switch (kind) {
-    case Kind::kRegistration:
-      return XML_SCHEMA_REGINFO;
-    case Kind::kConference:
-      return XML_SCHEMA_CONFERENCE_INFO;
-    case Kind::kServices:
-      return XML_SCHEMA_SIMSERVS;
-    case Kind::kResourceLists:
-      break;
-  }
-  return XML_SCHEMA_RESOURCE_LISTS;
-}
-
-Document MakeDocument(Kind kind, std::size_t bytes, const char* size) {
+Document MakeDocument(Kind kind, std::size_t bytes, const char* size, std::size_t step) {
   const Shape& shape = ShapeOf(kind);
-  Document document{kind, size, std::string(NameOf(kind)) + " " + size, kDeclaration, 0};
+  Document document{kind, size, kDeclaration};
   std::string& text = document.text;
   text.reserve(bytes + 1024);
   text += shape.head;
-  std::size_t& i = document.pieces;
+  std::size_t i = 0;
   do {
     if (shape.group != 0 && i % shape.group == 0) {
       if (i != 0) text += shape.close;
       text += shape.open(i / shape.group);
     }
     text += shape.piece(i++);
-  } while (text.size() + 200 < bytes);  // half a piece before the end is nearest
+  } while (i % step != 0 || text.size() + 200 < bytes);  // half a piece before the end is nearest
   if (shape.group != 0) text += shape.close;
   text += shape.tail;
   return document;

@@ -10,21 +10,30 @@
 
 namespace bench {
 
-enum class Kind { kRegistration, kConference, kServices, kResourceLists };
+enum class Kind {
+  kRegistration,
+  kConference,
+  kServices,
+  kResourceLists,
+  kPresence,
+  kDisposition  // of one size only
+};
 
 struct Document {
   Kind kind;
-  const char* size;  // to show, e.g. "8.5 KB"
-  std::string name;  // to show, e.g. "registration 8.5 KB"
+  const char* size;  // to show, in KB
   std::string text;
-  std::size_t pieces;  // contacts, users, rules or entries
 };
 
 const char* NameOf(Kind kind);
 eXMLSchemaID SchemaOf(Kind kind);
 
-/// A document of about `bytes` bytes; one piece at least.
-Document MakeDocument(Kind kind, std::size_t bytes, const char* size);
+/// A document of about 300 bytes, with the least that such documents hold.
+Document LeastDocument(Kind kind);
+
+/// A document of about `bytes` bytes, of a multiple of `step` contacts, users, tuples, entries or
+/// rules.
+Document MakeDocument(Kind kind, std::size_t bytes, const char* size, std::size_t step = 1);
 
 }  // namespace bench
 

@@ -1,7 +1,10 @@
 // How cost grows with size: time per byte of the shapes that would betray a cost which is not
 // linear, small and large: 64 KB and 1 MB, or a number of elements and a hundred times as many.
-// Each argument names a folder; every document in it is a shape, too, with the content of its root
-// repeated. Prints a table with the ratio of the medians at the end.
+//
+//   ztxml_growth FILE [FOLDER...]
+//
+// Every document in a folder is a shape, too, with the content of its root repeated. Prints a table
+// with the ratio of the medians, and writes names and ratios to FILE, parted by tabs.
 #include <algorithm>
 #include <benchmark/benchmark.h>
 #include <cstdio>
@@ -272,21 +275,22 @@ void AddDocuments(const char* folder, std::vector<Shape>& shapes) {
   }
 }
 
-class GrowthReporter : public benchmark::ConsoleReporter {
+// Collects the medians, and prints nothing meanwhile.
+class GrowthReporter : public benchmark::BenchmarkReporter {
  public:
+  bool ReportContext(const Context&) override { return true; }
   void ReportRuns(const std::vector<Run>& runs) override {
     for (const Run& run : runs) {
       if (run.run_type != Run::RT_Aggregate || run.aggregate_name != "median") continue;
       per_byte_[run.run_name.function_name][std::stoul(run.run_name.args)] =
           1e9 / run.counters.at("bytes_per_second");
     }
-    ConsoleReporter::ReportRuns(runs);
   }
 
-  // 0 when every shape grows within the bar.
-  int Summary() const {
+  // How many shapes grow beyond the bar; their ratios go to `file`.
+  int Summary(std::FILE* file) const {
     int over = 0;
-    std::printf("\n%-44s %12s %12s %8s\n", "shape", "ns/B small", "ns/B large", "ratio");
+    std::printf("%-44s %12s %12s %8s\n", "shape", "ns/B small", "ns/B large", "ratio");
     for (const auto& [name, times] : per_byte_) {
       if (times.size() != 2) continue;
       const double small = times.begin()->second;
@@ -296,6 +300,7 @@ class GrowthReporter : public benchmark::ConsoleReporter {
       over += within ? 0 : 1;
       std::printf("%-44s %12.3f %12.3f %8.2f%s\n", name.c_str(), small, large, ratio,
                   within ? "" : "  over the bar");
+      std::fprintf(file, "%s\t%.3f\n", name.c_str(), ratio);
     }
     std::printf("bar: %.1f\n", kBar);
     return over;
@@ -309,8 +314,13 @@ class GrowthReporter : public benchmark::ConsoleReporter {
 
 int main(int argc, char** argv) {
   benchmark::Initialize(&argc, argv);
+  std::FILE* const file = argc > 1 ? std::fopen(argv[1], "w") : nullptr;
+  if (!file) {
+    std::fputs("usage: ztxml_growth FILE [FOLDER...]\n", stderr);
+    return 2;
+  }
   std::vector<Shape> shapes(std::begin(kShapes), std::end(kShapes));
-  for (int i = 1; i < argc; ++i) AddDocuments(argv[i], shapes);
+  for (int i = 2; i < argc; ++i) AddDocuments(argv[i], shapes);
   for (const Shape& shape : shapes) {
     benchmark::RegisterBenchmark(
         shape.name.c_str(),
@@ -321,12 +331,13 @@ int main(int argc, char** argv) {
         })
         ->Arg(static_cast<long>(shape.small))
         ->Arg(static_cast<long>(shape.large))
-        ->Repetitions(7)
-        ->MinTime(0.1)
+        ->Repetitions(5)
+        ->MinTime(0.05)
         ->ReportAggregatesOnly(true);
   }
   GrowthReporter reporter;
   benchmark::RunSpecifiedBenchmarks(&reporter);
   benchmark::Shutdown();
-  return reporter.Summary() == 0 ? 0 : 1;
+  const int over = reporter.Summary(file);
+  return std::fclose(file) == 0 && over == 0 ? 0 : 1;
 }

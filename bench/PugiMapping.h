@@ -11,8 +11,6 @@
 #include <utility>
 #include <vector>
 
-#include "TreeCounts.h"
-
 namespace mapping {
 
 using Text = std::optional<std::string>;
@@ -224,9 +222,6 @@ bool Read(const std::string& text, std::string* buffer, Conference* out);
 /// Makes the document tree that pugixml writes.
 void Build(const Reginfo& in, pugi::xml_document* out);
 void Build(const Conference& in, pugi::xml_document* out);
-
-bench::TreeCounts CountsOf(const Reginfo& in);
-bench::TreeCounts CountsOf(const Conference& in);
 
 }  // namespace mapping
 

@@ -32,7 +32,7 @@ bool HasSlashedName(const std::string& text) {
     if (start == std::string::npos) break;
     const std::string name = text.substr(start, text.find_first_of(kBlanks, start) - start);
     const std::size_t colon = name.find(':');
-    if (name[colon == std::string::npos ? 0 : colon + 1] == '/') return true;
+    if (name[0] == '/' || (colon != std::string::npos && name[colon + 1] == '/')) return true;
   }
   return false;
 }

@@ -70,8 +70,8 @@ class ZT_API XmlDecoder : public ZtNonCopyable {
   int Decode(char* n_strXML, int n_count);
 
   /// Reads a whole document of `size` bytes, with a NUL after them and none among them, and tells
-  /// `sink` of it. Sixteen bytes more may be read. The text is cut in place, and stays as it was
-  /// told. Results as of Decode.
+  /// `sink` of it. The text is padded (kZtPadding); it is cut in place, and stays as it was told.
+  /// Results as of Decode.
   int DecodeWhole(char* text, std::size_t size, ZtSink& sink);
 
   /// Frees the pending text and the stack with its sentinel. The state stays; a decoder that was

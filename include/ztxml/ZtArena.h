@@ -24,9 +24,9 @@ class ZT_API ZtArena {
   ZtArena(const ZtArena&) = delete;
   ZtArena& operator=(const ZtArena&) = delete;
 
-  /// Copies the `size` bytes of `text`, adding a NUL and sixteen bytes of no meaning; the copy
-  /// lives as long as the arena's objects. Call it once, before the first object is made. Null when
-  /// out of memory.
+  /// Copies the `size` bytes of `text`, adding a NUL and kZtPadding bytes; the copy lives as
+  /// long as the arena's objects. Call it once, before the first object is made. Null when out of
+  /// memory.
   char* Keep(const char* text, std::size_t size);
   /// Room for a copy of `size` bytes, which the caller writes; otherwise as Keep.
   char* Reserve(std::size_t size);

@@ -2,6 +2,8 @@
 #ifndef ZTXML_INCLUDE_ZTNAMESPACEDECODER_H
 #define ZTXML_INCLUDE_ZTNAMESPACEDECODER_H
 
+#include <utility>
+
 #include "ztxml/ZtNamespaces.h"
 #include "ztxml/ZtSchemaDecoder.h"
 
@@ -17,6 +19,17 @@ class ZT_API ZtNamespaceDecoder : public ZtSchemaDecoder {
   /// out of memory.
   int XMLChangeNamespaceTag(char* name);
 
+  /// Takes the prefixes from `other` (borrowed) from now on, whatever the own binder says: for
+  /// several decoders of one document.
+  void ShareNamespaces(const ZtNamespaceDecoder& other) { m_pBindings = other.m_pBindings; }
+  /// Forgets the prefixes of all binders.
+  void ForgetNamespaces() { m_Bindings.Forget(); }
+  /// Hands over the root that was read, null when there is none. If the document IsWhole, another
+  /// can be read.
+  XMLObject* TakeRoot() { return std::exchange(m_pRoot, nullptr); }
+  /// Whether nothing is open and nothing has failed.
+  bool IsWhole() const { return m_Stack.empty() && !m_bFailed; }
+
  protected:
   explicit ZtNamespaceDecoder(const ZtDocument& document);
   const char* LocalName(char* name, std::size_t& size) override;
@@ -26,6 +39,7 @@ class ZT_API ZtNamespaceDecoder : public ZtSchemaDecoder {
   ZT_LOCAL const char* Rewritten(char* name);
 
   ZtNamespaceBindings m_Bindings;
+  const ZtNamespaceBindings* m_pBindings = &m_Bindings;  // those that count
 };
 
 #endif  // ZTXML_INCLUDE_ZTNAMESPACEDECODER_H

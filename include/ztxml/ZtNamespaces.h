@@ -28,6 +28,8 @@ class ZT_API ZtNamespaceBindings : public ZtNonCopyable {
   bool Build();
   /// Sets every `alias` to the library's own prefix.
   void UseOwn();
+  /// Sets every `alias` to what it was at first.
+  void Forget();
   /// Takes the aliases from a document's declarations (prefix and URI), in order; null declares
   /// none. The last one for a namespace holds, but a default one does not displace a prefix. False
   /// when out of memory.
@@ -38,7 +40,7 @@ class ZT_API ZtNamespaceBindings : public ZtNonCopyable {
   const ZtNamespaceBinding* Find(const char* ownPrefix) const;
 
  private:
-  ZT_LOCAL static ZtNamespaceBinding* New(e_XmlStrRef prefix, e_XmlStrRef alias, e_XmlStrRef uri);
+  ZT_LOCAL static ZtNamespaceBinding* New(e_XmlStrRef prefix, e_XmlStrRef uri);
   ZT_LOCAL static bool SetAlias(ZtNamespaceBinding& binding, const char* alias);
 
   ZtNamespaceBinding* m_pFirst = nullptr;

@@ -16,8 +16,11 @@ struct ZtPiece {
       : text(t), size(t ? std::strlen(t) : 0) {}
 };
 
-/// A text of which whole blocks of 16 bytes may be read, beyond its end, too: it lies in a table or
-/// in a text with as many bytes after its end.
+/// How many bytes may be read after a text that is padded, whatever they are: a block.
+constexpr std::size_t kZtPadding = 16;
+
+/// A text of which whole blocks of kZtPadding bytes may be read, beyond its end, too: it lies in a
+/// table or in a padded text.
 struct ZtPaddedPiece : ZtPiece {
   using ZtPiece::ZtPiece;
 };

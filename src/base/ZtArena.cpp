@@ -23,7 +23,6 @@ namespace {
 
 constexpr std::size_t kAlignment =
     alignof(unsigned long long);  // what the members of objects need at most
-constexpr std::size_t kPadding = 16;  // after the text
 // Blocks follow the size of the text, which tells how large the tree becomes.
 constexpr std::size_t kLeastBlock = 512;
 constexpr std::size_t kMostBlock = std::size_t{16} * 1024;
@@ -91,13 +90,15 @@ char* ZtArena::Keep(const char* text, std::size_t size) {
 
 char* ZtArena::Reserve(std::size_t size) {
   if (m_pBlock || size > SIZE_MAX / 2) return nullptr;
-  const std::size_t most = size < kSmallText ? size : size < 4 * kMostBlock ? size / 4 * 3 : 3 * kMostBlock;
+  const std::size_t most = size < kSmallText       ? size
+                           : size < 4 * kMostBlock ? size / 4 * 3
+                                                   : 3 * kMostBlock;
   m_iNext = most < kLeastBlock ? kLeastBlock : most;
-  const std::size_t room = Aligned(size + 1 + kPadding);
+  const std::size_t room = Aligned(size + 1 + kZtPadding);
   if (!Grow(room)) return nullptr;
   char* copy = m_pFree;
   m_pFree += room;
-  ASAN_UNPOISON_MEMORY_REGION(copy, size + 1 + kPadding);
+  ASAN_UNPOISON_MEMORY_REGION(copy, size + 1 + kZtPadding);
   copy[size] = '\0';
   m_pText = copy;
   m_iTextSize = size + 1;

@@ -51,7 +51,8 @@ inline unsigned ZtBits(ZtBlock matches) {
   std::memcpy(halves, &matches, sizeof(halves));
   unsigned bits = 0;
   for (int i = 1; i >= 0; --i) {  // one byte of eight bits out of eight bytes
-    bits = bits << 8 | static_cast<unsigned>((halves[i] & 0x8040201008040201) * 0x0101010101010101 >> 56);
+    bits = bits << 8 |
+           static_cast<unsigned>((halves[i] & 0x8040201008040201) * 0x0101010101010101 >> 56);
   }
   return bits;
 #endif

@@ -15,6 +15,9 @@ enum ZtLogLevel : int {
   kZtLogError = 4,     // missing mandatory items, failed copies
 };
 
+// Whether the platform says that it discards lines of this level.
+inline bool ZtLogDiscards(int level) { return &ztLogDiscardedUpTo && level <= ztLogDiscardedUpTo; }
+
 // Usage: ZtLog(kZtLogTrace, "src/XMLReginfo")("text %s", name). The line number is that of the
 // call, unless log readers know another one. Document text is always an argument, never the format.
 // Intended: some log lines and recorded objects have fixed line numbers, which are not those of
@@ -25,13 +28,10 @@ class ZtLog {
                   int module = kZtModuleLibrary)
       : m_Level(level), m_Module(module), m_Line(line), m_pSource(source) {}
 
-  // Whether lines of the level are seen by nobody.
-  static bool IsDiscarded(int level) { return &ztLogDiscardedUpTo && level <= ztLogDiscardedUpTo; }
-
   // Lines that the platform would discard are not even passed to it.
   template <class A = int, class B = int, class C = int>
   void operator()(const char* format, A a = A(), B b = B(), C c = C()) const {
-    if (IsDiscarded(m_Level)) return;
+    if (ZtLogDiscards(m_Level)) return;
     ztLogModuleEventSimple(m_Level, m_Module, m_pSource, m_Line, format, Argument(a), Argument(b),
                            Argument(c));
   }

@@ -8,7 +8,9 @@
 
 namespace {
 
-inline unsigned DigitOf(char c) { return static_cast<unsigned>(static_cast<unsigned char>(c)) - '0'; }
+inline unsigned DigitOf(char c) {
+  return static_cast<unsigned>(static_cast<unsigned char>(c)) - '0';
+}
 
 // A decimal number as documents carry it: leading blanks, a sign, digits. Intended: no text is
 // refused as a number: too large a one is the largest that fits, a negative or missing one is 0,
@@ -311,7 +313,8 @@ const ZtField* ZtSearchChild(const ZtElementType& type, const ZtField*& next, Zt
   for (auto left = end - begin; left; --left) {
     if (next == end) next = begin;
     const ZtField* const row = next;
-    if (row->HasName() && row->name.Is(name)) return row->IsText() || row->IsObject() ? row : nullptr;
+    if (row->HasName() && row->name.Is(name))
+      return row->IsText() || row->IsObject() ? row : nullptr;
     ++next;
   }
   return nullptr;

@@ -13,22 +13,20 @@ ZtNamespaceBindings::ZtNamespaceBindings() { Build(); }
 
 bool ZtNamespaceBindings::Build() {
   static constexpr struct {
-    e_XmlStrRef prefix, alias, uri;
+    e_XmlStrRef prefix, uri;
   } kRecords[] = {
-      // Intended: unlike "cp" and "ocp" the prefix "ss" is not recognised until the declarations of
-      // a document have been applied; names with it pass unchanged, which for callers comes to the
-      // same.
-      {XML_STR_SS, XML_STR_ZT_NULL, XML_STR_HTTP_URI_ETSI_ORG_NGN_PARAMS_XML_SIMSERVS_XCAP},
-      {XML_STR_CP, XML_STR_CP, XML_STR_URN_IETF_PARAMS_XML_NS_COMMON_POLICY},
-      {XML_STR_OCP, XML_STR_OCP, XML_STR_URN_OMA_XML_XDM_COMMON_POLICY},
+      {XML_STR_SS, XML_STR_HTTP_URI_ETSI_ORG_NGN_PARAMS_XML_SIMSERVS_XCAP},
+      {XML_STR_CP, XML_STR_URN_IETF_PARAMS_XML_NS_COMMON_POLICY},
+      {XML_STR_OCP, XML_STR_URN_OMA_XML_XDM_COMMON_POLICY},
   };
   ZtNamespaceBinding** end = &m_pFirst;
   for (const auto& record : kRecords) {
-    if (!*end) *end = New(record.prefix, record.alias, record.uri);
+    if (!*end) *end = New(record.prefix, record.uri);
     if (!*end) return false;
     end = &(*end)->next;
   }
   m_bComplete = true;
+  Forget();
   return true;
 }
 
@@ -40,14 +38,11 @@ ZtNamespaceBindings::~ZtNamespaceBindings() {
   }
 }
 
-ZtNamespaceBinding* ZtNamespaceBindings::New(e_XmlStrRef prefix, e_XmlStrRef alias,
-                                             e_XmlStrRef uri) {
+ZtNamespaceBinding* ZtNamespaceBindings::New(e_XmlStrRef prefix, e_XmlStrRef uri) {
   auto* binding = new ZtNamespaceBinding;
   if (!binding) return nullptr;
   binding->prefix.Refer(ZtName(prefix));
   binding->uri.Refer(ZtName(uri));
-  if (alias != XML_STR_ZT_NULL) binding->alias.Refer(ZtName(alias));
-  binding->aliasSize = binding->alias.Piece().size;
   return binding;
 }
 
@@ -61,6 +56,13 @@ void ZtNamespaceBindings::UseOwn() {
     at->alias.Refer(at->prefix.Piece());
     at->aliasSize = at->prefix.Piece().size;
   }
+}
+
+void ZtNamespaceBindings::Forget() {
+  UseOwn();
+  // Intended: unlike "cp" and "ocp" the prefix "ss" is not recognised until the declarations of a
+  // document have been applied; names with it pass unchanged, which for callers comes to the same.
+  if (m_pFirst) static_cast<void>(SetAlias(*m_pFirst, nullptr));
 }
 
 const ZtNamespaceBinding* ZtNamespaceBindings::Find(const char* ownPrefix) const {

@@ -408,7 +408,7 @@ void ZtSchemaDecoder::KeepAttribute(const ZtElementType& type, const ZtField* fi
   if (field) {
     outcome = ZtStore(*m_Started.object, *field, value, m_pArena);
   } else if (!type.rows.keepsAttributes &&
-             (!type.family->lines->unknownAttribute || ZtLog::IsDiscarded(kZtLogTrace))) {
+             (!type.family->lines->unknownAttribute || ZtLogDiscards(kZtLogTrace))) {
     return;  // nobody would learn of it
   } else if (IsAttributeName(name.text)) {
     outcome = OfferAttribute(type, name, value);

@@ -1,5 +1,6 @@
 #include "ztxml/ZtNamespaceDecoder.h"
 
+#include "base/ZtBytes.h"
 #include "base/ZtLog.h"
 #include "binding/ZtDocumentTable.h"
 #include "ztxml/XMLSchemaNameSpaceRetrieval.h"
@@ -24,7 +25,7 @@ int ZtNamespaceDecoder::XMLChangeNamespaceTag(char* name) {
   const std::size_t shortSize = ZtShortNameSize(name);
   const std::size_t searched = shortSize > atEnd ? shortSize - atEnd : 0;
   const auto* colon = static_cast<const char*>(std::memchr(document, ':', searched));
-  const ZtNamespaceBinding* at = colon ? m_Bindings.First() : nullptr;
+  const ZtNamespaceBinding* at = colon ? m_pBindings->First() : nullptr;
   for (const auto prefixSize = static_cast<std::size_t>(colon ? colon - document : 0); at;
        at = at->next) {
     const char* alias = at->alias.Get();
@@ -60,12 +61,10 @@ const char* ZtNamespaceDecoder::LocalPart(const char* name, const char* colon) c
   if (!colon) return name;
   if (colon == name) return nullptr;
   const auto size = static_cast<std::size_t>(colon - name);
-  const auto isPrefix = [=](const ZtText& text) {
-    const ZtPiece piece = text.Piece();
-    return piece.size == size && std::memcmp(piece.text, name, size) == 0;
-  };
-  for (const ZtNamespaceBinding* at = m_Bindings.First(); at; at = at->next) {
-    if (isPrefix(at->prefix) || (isPrefix(at->alias) && at->prefix.Piece().size)) return colon + 1;
+  for (const ZtNamespaceBinding* at = m_pBindings->First(); at; at = at->next) {
+    const ZtPiece prefix = at->prefix.Piece();
+    if (at->aliasSize == size && ZtSameBytes(at->alias.Get(), name, size)) return colon + 1;
+    if (prefix.size == size && ZtSameBytes(prefix.text, name, size)) return colon + 1;
   }
   return name;
 }
@@ -74,7 +73,7 @@ const char* ZtNamespaceDecoder::Rewritten(char* name) {
   if (!XMLChangeNamespaceTag(name)) return nullptr;
   const bool atEnd = *m_PassName == '/';
   char* prefixed = m_PassName + atEnd;
-  for (const ZtNamespaceBinding* at = m_Bindings.First(); at; at = at->next) {
+  for (const ZtNamespaceBinding* at = m_pBindings->First(); at; at = at->next) {
     const std::size_t size = __strlen(at->prefix.Get());
     if (__strncmp(prefixed, at->prefix.Get(), size) != 0 || prefixed[size] != ':') continue;
     char* local = prefixed + size + 1;

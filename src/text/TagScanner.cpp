@@ -6,8 +6,8 @@ namespace {
 
 bool EndsName(char c) { return static_cast<unsigned char>(c) <= ' ' || c == '='; }
 
-// Whether an equals sign is at `equals`, and what comes before it from `name` on is not empty and has
-// neither white space nor another equals sign in it.
+// Whether an equals sign is at `equals`, and what comes before it from `name` on is not empty and
+// has neither white space nor another equals sign in it.
 [[gnu::always_inline]] inline bool IsName(const char* name, const char* equals) {
   if (kZtHasVectors) {
     const auto block = ZtGet<ZtBlock>(name);

@@ -22,12 +22,10 @@ char* ZtUnescape(char* text, char* end);
 
 struct ScannedTag {
   static constexpr int kMostAttributes = 16;
-  // After the text that a tag is in as many bytes may be read, whatever they are.
-  static constexpr std::size_t kPadding = sizeof(ZtBlock);
 
-  // Whether the tag whose name would begin at `begin` has that form; `structure` is in that tag, and
-  // the text ends with a NUL at `end`. Up to `scanned` it is known to hold no '>'. In any case `close`
-  // is set.
+  // Whether the tag whose name would begin at `begin` has that form; `structure` is in that tag,
+  // and the text, which is padded, ends with a NUL at `end`. Up to `scanned` it is known to hold no
+  // '>'. In any case `close` is set.
   inline bool Scan(char* begin, char* scanned, ZtStructure& structure, const char* end);
 
   // Cuts one of the attributes out of the text; before that its name and value have no NULs, and
@@ -66,9 +64,10 @@ struct Classes {
   unsigned char of[256] = {};
 
   constexpr Classes() {
-    for (const char c : " \t\r\n>/=\"'<!?") of[static_cast<unsigned char>(c)] = kEndsName;  // and NUL
-    of[':'] = kColon;
+    for (const char c : " \t\r\n>/=\"'<!?") Set(c, kEndsName);  // and the NUL at the end of these
+    Set(':', kColon);
   }
+  constexpr void Set(char c, unsigned char what) { of[static_cast<unsigned char>(c)] = what; }
 };
 inline constexpr Classes kClasses;
 
@@ -124,9 +123,9 @@ inline bool ScannedTag::Scan(char* begin, char* scanned, ZtStructure& structure,
   return false;
 }
 
-// Tells a whole start tag in steps, to a sink that knows it in no other way.
+// What the Tag of a sink does that takes a whole start tag in steps.
 template <class Sink>
-void ZtTellTag(Sink& sink, ScannedTag& tag) {
+[[gnu::always_inline]] inline void ZtTellTag(Sink& sink, ScannedTag& tag) {
   const bool started = tag.isEmpty || tag.count > 0;
   if (started) sink.Start(tag);
   if (tag.count) sink.Attributes(tag);

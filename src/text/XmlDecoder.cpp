@@ -172,7 +172,7 @@ int XmlDecoder::AppendText(const char* text, int count) {
   const void* end = std::memchr(text, '\0', static_cast<std::size_t>(count));
   const std::size_t size = end ? static_cast<std::size_t>(static_cast<const char*>(end) - text)
                                : static_cast<std::size_t>(count);
-  const std::size_t needed = m_iLength + size + 1 + ScannedTag::kPadding;
+  const std::size_t needed = m_iLength + size + 1 + kZtPadding;
   if (needed > m_iCapacity) {
     std::size_t capacity = m_iLength ? 2 * m_iCapacity : needed;
     if (capacity < needed) capacity = needed;
@@ -256,10 +256,19 @@ char* XmlDecoder::PlainEnd(char* tag, const char* end) const {
   return ZtSameBytes(name, static_cast<char*>(m_pTop->data), size) ? name + size : nullptr;
 }
 
+// The start tag of `element` is complete and reported; false without memory.
+[[gnu::always_inline]] inline bool XmlDecoder::Opened(const char* element, std::size_t size) {
+  if (Push(element, size, m_pPendingText + m_iLength)) return true;
+  m_DecodeState = ZT_XML_PARSE_ERROR;
+  Log(kZtLogState)(
+      "<XML Decoder>:Decoder Failed as stack is not empty at end, reason: ZT_XML_PARSE_ERROR");
+  return false;
+}
+
 // Reports a tag in its plain form. False without memory.
-bool XmlDecoder::ReportTag(ScannedTag& tag) {
+[[gnu::always_inline]] inline bool XmlDecoder::ReportTag(ScannedTag& tag) {
   *tag.nameEnd = *tag.close = '\0';
-  if (ZtLog::IsDiscarded(kZtLogTrace)) {
+  if (ZtLogDiscards(kZtLogTrace)) {
     m_pSink->Tag(tag);
   } else {
     // The line comes between the steps.
@@ -312,15 +321,6 @@ int XmlDecoder::AnyTag(char* text, char* tag, char* close, bool& counts) {
     if (!Opened(element, __strlen(element))) return ParseError();
   }
   return 0;
-}
-
-// The start tag of `element` is complete and reported; false without memory.
-bool XmlDecoder::Opened(const char* element, std::size_t size) {
-  if (Push(element, size, m_pPendingText + m_iLength)) return true;
-  m_DecodeState = ZT_XML_PARSE_ERROR;
-  Log(kZtLogState)(
-      "<XML Decoder>:Decoder Failed as stack is not empty at end, reason: ZT_XML_PARSE_ERROR");
-  return false;
 }
 
 // The input ended inside a tag that begins at `position` or after it: keeps the text from there.

@@ -21,9 +21,7 @@ constexpr char kQuote = '\'';  // and '"', '#', '&'
 
 #if defined(__SSE2__)
 
-std::uint64_t Bits(__m128i bytes) {
-  return static_cast<std::uint32_t>(_mm_movemask_epi8(bytes));
-}
+std::uint64_t Bits(__m128i bytes) { return static_cast<std::uint32_t>(_mm_movemask_epi8(bytes)); }
 
 // By the vectors that all processors of the kind have.
 void ByVectors(const char* text, ZtSigns& found) {
@@ -59,8 +57,7 @@ void ByVectors(const char* text, ZtSigns& found) {
   uint8x16_t signs[4];
   for (int i = 0; i < 4; ++i) {
     const uint8x16_t bytes = vld1q_u8(reinterpret_cast<const unsigned char*>(text) + 16 * i);
-    const uint8x16_t quotes =
-        vceqq_u8(vorrq_u8(bytes, vdupq_n_u8(kQuoteBits)), vdupq_n_u8(kQuote));
+    const uint8x16_t quotes = vceqq_u8(vorrq_u8(bytes, vdupq_n_u8(kQuoteBits)), vdupq_n_u8(kQuote));
     const uint8x16_t brackets =
         vceqq_u8(vorrq_u8(bytes, vdupq_n_u8(kBracketBits)), vdupq_n_u8(kBracket));
     tags[i] = vceqq_u8(bytes, vdupq_n_u8(kTag));
@@ -94,9 +91,8 @@ void ByVectors(const char* text, ZtSigns& found) { ZtFindSignsPlain(text, 1, &fo
     for (int i = 0; i < 2; ++i) {
       const __m256i bytes = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(text + 32 * i));
       tags[i] = _mm256_cmpeq_epi8(bytes, tag);
-      signs[i] = _mm256_or_si256(
-          _mm256_cmpeq_epi8(_mm256_or_si256(bytes, quoteBits), quote),
-          _mm256_cmpeq_epi8(_mm256_or_si256(bytes, bracketBits), bracket));
+      signs[i] = _mm256_or_si256(_mm256_cmpeq_epi8(_mm256_or_si256(bytes, quoteBits), quote),
+                                 _mm256_cmpeq_epi8(_mm256_or_si256(bytes, bracketBits), bracket));
     }
     *found = {WideBits(tags[0], tags[1]), WideBits(signs[0], signs[1])};
   }
@@ -135,8 +131,7 @@ void ZtFindSignsPlain(const char* text, std::size_t count, ZtSigns* found) {
   for (; count; --count, ++found, text += ZtSigns::kBytes) {
     *found = {0, 0};
     for (unsigned i = 0; i < ZtSigns::kBytes; ++i) {
-      const bool isSign =
-          (text[i] | kQuoteBits) == kQuote || (text[i] | kBracketBits) == kBracket;
+      const bool isSign = (text[i] | kQuoteBits) == kQuote || (text[i] | kBracketBits) == kBracket;
       found->tags |= std::uint64_t{text[i] == kTag} << i;
       found->signs |= std::uint64_t{isSign} << i;
     }

@@ -1,5 +1,5 @@
-// Where the signs of markup are in a text. They are found 64 bytes at a time, as bits, ahead of whoever
-// walks through the text, so that no byte between two signs is looked at again.
+// Where the signs of markup are in a text. They are found 64 bytes at a time, as bits, ahead of
+// whoever walks through the text, so that no byte between two signs is looked at again.
 #ifndef ZTXML_SRC_TEXT_ZTSTRUCTURE_H
 #define ZTXML_SRC_TEXT_ZTSTRUCTURE_H
 

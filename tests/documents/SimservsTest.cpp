@@ -1,6 +1,7 @@
 // The whole document: services cut out of the text, read, and written back into it.
 #include "DocumentSupport.h"
 #include "base/ZtMemory.h"
+#include "ztxml/XMLSchemaNameSpaceRetrieval.h"
 #include "ztxml/XMLSimservs.h"
 #include "ztxml/XmlCommon.h"
 
@@ -69,6 +70,88 @@ TEST(Simservs, LeavesOutWhatIsNoService) {
   EXPECT_EQ(log.Count("SimservsMarshaller XML - TIP Marshalling Success"), 2);
   EXPECT_EQ(log.Count("SimservsMarshaller GetKeyAtIndex failed"), 2);
   EXPECT_EQ(log.Count("<XML Module>: SimservsMarshaller get ClassName failed"), 2);
+}
+
+// While the log is heard the services are cut out of the text and read one after the other, else
+// all in one pass, with decoders that the worker keeps: what one document left must not show in the
+// next.
+TEST(Simservs, ReadsAlikeWhetherTheLogIsHeardOrNot) {
+  const std::string simservs = "http://uri.etsi.org/ngn/params/xml/simservs/xcap";
+  const std::string waiting = "<communication-waiting active='true'/>";
+  const std::string diversion =
+      "<communication-diversion><NoReplyTimer>20</NoReplyTimer></communication-diversion>";
+  const std::string inside[] = {
+      diversion + waiting + "<incoming-communication-barring/>" + waiting,
+      "<a>b" + waiting + "<b>" + diversion + "</b>c</a>",
+      "<x:communication-waiting active='true'/><q:communication-waiting/>" + diversion,
+      // One inside another, and what only looks like one.
+      "<communication-waiting active='true'>" + diversion + "</communication-waiting>",
+      "<communication-diversion>" + waiting + "</communication-diversion>",
+      "< communication-waiting active='true'/>",
+      "<communication-waiting>< communication-waiting></communication-waiting>",
+      "<communication-waiting/a:b active='true'/>",
+      "<communication-waiting/a:b><originating-identity-presentation/></communication-waiting/a:b>",
+      "<!-- <communication-waiting> -->" + waiting,
+      "<simservs>" + waiting + "</simservs>",
+      "<communication-waiting active='true'><simservs/></communication-waiting>",
+      "<:simservs/>" + waiting,
+      "<x:/y/>",
+      "<communication-diversion><p:ruleset><p:rule id='r'/></p:ruleset></communication-diversion>",
+      "<simservs" + std::string(65535, 'n') + "/>" + waiting,
+      "<communication-waiting active='true'><" + std::string(65550, 'n') +
+          "></communication-waiting>",
+      Repeated(101, [](auto) { return "<communication-waiting>"; }),
+  };
+  const auto check = [](Schema& schema, const std::string& text) {
+    const auto heard = [&](int level) {
+      const LogCapture log(level);
+      const std::string told = schema.RoundTrip(text);
+      return std::pair(told, log.Texts(4));
+    };
+    EXPECT_EQ(heard(4), heard(1)) << text.substr(0, 300);
+  };
+  Schema kept(XML_SCHEMA_SIMSERVS), bound(XML_SCHEMA_SIMSERVS);
+  Tree<XMLObject> namespaces;
+  const std::string declared = "<simservs xmlns='" + simservs + "' xmlns:x='" + simservs;
+  const std::string ends[] = {"' xmlns:p='urn:ietf:params:xml:ns:common-policy'>", "'>", "/'>"};
+  for (const std::string& content : inside) {
+    for (const std::string& end : ends) {
+      const std::string text = declared + end + content + "</simservs>";
+      for (const std::string& whole : {text, text + waiting, content}) check(kept, whole);
+      auto now = Schema(XML_SCHEMA_NAMESPACE_RETRIEVAL).Read<XMLObject>(text);
+      if (bound.context()->SetNamespaceBinder(now.get())) namespaces.swap(now);
+      check(bound, text);
+    }
+  }
+  // A list of declarations with nothing in it has its line, an error.
+  const auto none =
+      Schema(XML_SCHEMA_NAMESPACE_RETRIEVAL).Read<zt_schema_namespace_retrieval>("<a/>");
+  none->setNameSpaceInfo(zt_xml_common_methods::CreateElementList());
+  bound.context()->SetNamespaceBinder(none.get());
+  check(bound, declared + "'>" + waiting + "</simservs>");
+}
+
+// A worker that has read a small document reads the next one with what it has, and keeps nothing of
+// either.
+TEST(Simservs, KeepsWhatItReadsWith) {
+  Schema schema(XML_SCHEMA_SIMSERVS);
+  const auto read = [&schema](const std::string& content) {
+    zthost::CountAllocations();
+    EXPECT_NE(schema.Read<XMLElement>("<simservs>" + content + "</simservs>"), nullptr);
+    const zthost::HeapUse use = zthost::GetHeapUse();
+    zthost::FailAllocation(0);
+    return use;
+  };
+  const std::string many = Repeated(8, [](auto) { return "<communication-waiting/><x/>"; });
+  const std::string barring =
+      "<incoming-communication-barring><a/></incoming-communication-barring>";
+  const zthost::HeapUse first = read(many + barring);
+  EXPECT_GT(first.liveBytes, 0);
+  const zthost::HeapUse second = read(barring + many);
+  EXPECT_LE(second.allocations, 3);
+  EXPECT_EQ(second.liveBytes, 0);
+  EXPECT_LE(read("<simservs/>").liveBytes, 0);
+  EXPECT_LE(read(std::string(8192, ' ') + many).liveBytes, 0);
 }
 
 TEST(Simservs, PublicSteps) {

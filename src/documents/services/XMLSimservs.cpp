@@ -1,9 +1,13 @@
 #include "ztxml/XMLSimservs.h"
 
+#include <cstring>
 #include <utility>
 
 #include "base/ZtBuffer.h"
+#include "base/ZtBytes.h"
 #include "base/ZtLog.h"
+#include "binding/ZtElementWriter.h"
+#include "documents/services/ContainerReader.h"
 #include "documents/services/ElementCutter.h"
 #include "documents/services/SimservBinding.h"
 #include "drivers/ZtExplain.h"
@@ -20,46 +24,40 @@ namespace {
 constexpr char kSource[] = "src/XMLSimservs";
 constexpr ZtFamily kFamily = ZtQuietFamily(kSource);
 
+}  // namespace
+
 // ---- Services -----------------------------------------------------------------------------------
 
-// A service, in the order in which they are cut out and read. Intended: the ClassName of a
-// service's root type is its element's name ("communication-diversion"), where other types give the
-// name of their C++ class; callers tell services apart by it. Intended: log lines call one service
-// by several names, such as "pOIP", "poip" and "OIP"; log readers search for all of them.
-struct Service {
-  e_XmlStrRef element;
-  const ZtDocument* document;
-  const char* table;
-  const char* cut;
-  const char* read;
-  const char* written;
-};
-constexpr Service kServices[] = {
-    {XML_STR_INCOMING_COMMUNICATION_BARRING, &CommunicationBarringContext::kDocument,
+// Intended: the ClassName of a service's root type is its element's name
+// ("communication-diversion"), where other types give the name of their C++ class; callers tell
+// services apart by it. Intended: log lines call one service by several names, such as "pOIP",
+// "poip" and "OIP"; log readers search for all of them.
+const ZtService kZtServices[kZtServiceCount] = {
+    {XML_STR_INCOMING_COMMUNICATION_BARRING, &CommunicationBarringContext::kDocument, 0,
      "pCommunicationBarring", "Incoming Communication Barring", "Communication Barring (Incoming)",
      "Communication Barring"},
-    {XML_STR_OUTGOING_COMMUNICATION_BARRING, &CommunicationBarringContext::kDocument,
+    {XML_STR_OUTGOING_COMMUNICATION_BARRING, &CommunicationBarringContext::kDocument, 0,
      "pCommunicationBarring", "Outgoing Communication Barring", "Communication Barring (Outgoing)",
      "Communication Barring"},
-    {XML_STR_COMMUNICATION_DIVERSION, &CommunicationDiversionContext::kDocument,
+    {XML_STR_COMMUNICATION_DIVERSION, &CommunicationDiversionContext::kDocument, 2,
      "pCommunicationDiversion", "Communication Diversion", "Communication Diversion",
      "Communication Diversion"},
-    {XML_STR_COMMUNICATION_WAITING, &CommunicationWaitingContext::kDocument,
+    {XML_STR_COMMUNICATION_WAITING, &CommunicationWaitingContext::kDocument, 3,
      "pCommunicationWaiting", "Communication Waiting", "Communication Waiting",
      "Communication Waiting"},
-    {XML_STR_ORIGINATING_IDENTITY_PRESENTATION, &OIPContext::kDocument, "pOIP", "OIP", "poip",
+    {XML_STR_ORIGINATING_IDENTITY_PRESENTATION, &OIPContext::kDocument, 4, "pOIP", "OIP", "poip",
      "OIP"},
-    {XML_STR_TERMINATING_IDENTITY_PRESENTATION, &TIPContext::kDocument, "pTIP", "TIP", "ptip",
+    {XML_STR_TERMINATING_IDENTITY_PRESENTATION, &TIPContext::kDocument, 5, "pTIP", "TIP", "ptip",
      "TIP"},
 };
-constexpr std::size_t kServiceCount = sizeof(kServices) / sizeof(kServices[0]);
 
-const Service* FindService(const char* className) {
-  for (const Service& service : kServices) {
-    if (__strcmp(ZtName(service.element), className) == 0) return &service;
-  }
-  return nullptr;
+std::size_t ZtFindService(ZtPiece name) {
+  std::size_t i = 0;
+  while (i < kZtServiceCount && !ZtNameId(kZtServices[i].element).Is(name)) ++i;
+  return i;
 }
+
+namespace {
 
 // The contexts of the services, one for each schema, made when first asked for.
 class Contexts {
@@ -73,7 +71,7 @@ class Contexts {
   Contexts& operator=(const Contexts&) = delete;
 
   // False when out of memory. `root` is null also when the service cannot be read.
-  bool Read(const Service& service, const char* text, XMLElement*& root) {
+  bool Read(const ZtService& service, const char* text, XMLElement*& root) {
     XMLContext* context = Get(service);
     XMLUnMarshaller* worker = context ? context->unMarshaller() : nullptr;
     if (context && !worker) worker = context->createUnMarshaller();
@@ -82,8 +80,10 @@ class Contexts {
     // The text is part of a document that was parsed, so only memory can be lacking.
     return root || (worker && static_cast<ZtUnMarshaller*>(worker)->Parse(text, root));
   }
-  // False when out of memory. `text` is null also when the service cannot be written.
-  bool Write(const Service& service, XMLElement* root, const char*& text) {
+  // False when out of memory. `text` is null also when the service cannot be written; it lives
+  // until the next one is.
+  bool Write(const ZtService& service, XMLElement* root, const char*& text) {
+    if (ZtLogDiscards(kZtLogState)) return WriteAtOnce(service, root, text);
     XMLContext* context = Get(service);
     XMLMarshaller* worker = context ? context->marshaller() : nullptr;
     if (context && !worker) worker = context->createMarshaller();
@@ -92,11 +92,21 @@ class Contexts {
   }
 
  private:
+  // What the service's own worker writes, where its lines in the log are not heard.
+  bool WriteAtOnce(const ZtService& service, XMLElement* root, const char*& text) {
+    const ZtDocument& document = *service.document;
+    m_Generator.ztInitXmlDoc();
+    m_Generator.ztResetHeader();
+    ZtElementWriter writer(m_Generator, {document.source, document.marshaller});
+    const int written = writer.Write(root, *ZtRootOf(document, ZtName(service.element))->type);
+    text = written ? m_Generator.ztGetXmlDoc() : nullptr;
+    if (text && *text == '\n') ++text;
+    return !writer.IsIncomplete() && !m_Generator.outOfMemory();
+  }
+
   // Two services may belong to one schema (the barrings do) and then share its context.
-  XMLContext* Get(const Service& service) {
-    const Service* first = kServices;
-    while (first->document != service.document) ++first;
-    XMLContext*& context = m_Contexts[first - kServices];
+  XMLContext* Get(const ZtService& service) {
+    XMLContext*& context = m_Contexts[service.first];
     if (context) return context;
     context = ZtNewContext(*service.document);
     if (context && m_pBinder) context->SetNamespaceBinder(m_pBinder);
@@ -105,7 +115,8 @@ class Contexts {
 
   XMLObject* m_pBinder;
   ztxml::Error* m_pError;
-  XMLContext* m_Contexts[kServiceCount] = {};
+  ZtXMLDocGenerator m_Generator;
+  XMLContext* m_Contexts[kZtServiceCount] = {};
 };
 
 // Sets `few` to the namespaces of the services as `bindings` has them, for texts of at most `size`
@@ -230,11 +241,12 @@ char* SimservsMarshaller::Complete(XMLElement* root, char* text) {
                    : "<XML Module>: SimservsMarshaller GetKeyAtIndex failed");
       continue;
     }
-    const Service* service = FindService(className);
-    if (!service) continue;
+    const std::size_t kind = ZtFindService(className);
+    if (kind == kZtServiceCount) continue;
+    const ZtService& service = kZtServices[kind];
     const char* written = nullptr;
-    whole = contexts.Write(*service, object, written);
-    trace("<XML Module>: SimservsMarshaller XML - %s Marshalling %s", service->written,
+    whole = contexts.Write(service, object, written);
+    trace("<XML Module>: SimservsMarshaller XML - %s Marshalling %s", service.written,
           written ? "Success" : "error");
     whole = whole && (!written || Append(services, written));
   }
@@ -263,50 +275,60 @@ char* SimservsMarshaller::InsertString(char* envelope, const char* services) {
         "SimservsMarshaller :: InsertString malloc failed for pTempStr returning mSimservsXml ");
     return envelope;
   }
-  std::memcpy(text, envelope, head);
-  std::memcpy(text + head, services, size);
-  std::memcpy(text + head + size, end, tail);
+  ZtCopy(ZtCopy(ZtCopy(text, {envelope, head}), {services, size}), {end, tail});
   __free(envelope);
   return text;
 }
 
 // ---- Reading ------------------------------------------------------------------------------------
 
+SimservsUnMarshaller::~SimservsUnMarshaller() { delete m_pReader; }
+
 XMLElement* SimservsUnMarshaller::UnMarshall(const char* xml) {
   if (IsStandard()) return ZtUnMarshaller::UnMarshall(xml);
   if (!Begin(xml)) return nullptr;
-  TellLosses(xml);
-  char* text = __strdup(xml);
-  if (!text) {
-    ZtLog(kZtLogError, kSource)("<XML Module>: StrDup failed in SimservsUnMarshaller::UnMarshall");
-  }
-  return ReadCopy(xml, text);
+  return Read(xml, "<XML Module>: StrDup failed in SimservsUnMarshaller::UnMarshall");
 }
 
 XMLElement* SimservsUnMarshaller::UnMarshall(XMLFile* file) {
   if (IsStandard()) return ZtUnMarshaller::UnMarshall(file);
   const char* xml = file ? file->Read() : nullptr;
-  if (!Begin(xml)) return nullptr;
-  TellLosses(xml);
-  return ReadCopy(xml, __strdup(xml));
+  return Begin(xml) ? Read(xml, nullptr) : nullptr;
 }
 
 XMLElement* SimservsUnMarshaller::UnMarshall(const char* text, std::size_t size) {
   if (IsStandard()) return ZtUnMarshaller::UnMarshall(text, size);
   if (!Begin(text) || HasNul({text, size})) return nullptr;
-  auto* const copy = static_cast<char*>(__malloc(size + 1));
-  if (!copy) return Ended(nullptr);
-  std::memcpy(copy, text, size);
-  copy[size] = '\0';
-  TellLosses({copy, size});
-  return ReadCopy({text, size}, copy);
+  return Read({text, size}, nullptr);
 }
 
-// `text` is a copy of `xml`, null without memory.
-XMLElement* SimservsUnMarshaller::ReadCopy(ZtPiece xml, char* text) {
-  XMLElement* root = text && validateXML(text) ? ReadCut(xml, text) : nullptr;
+// `noMemory` is the line of a text that cannot be copied, null for none.
+XMLElement* SimservsUnMarshaller::Read(ZtPiece xml, const char* noMemory) {
+  TellLosses(xml);
+  if (XMLElement* const root = ReadOnePass(xml)) return root;
+  auto* const text = static_cast<char*>(__malloc(xml.size + 1));
+  if (!text) {
+    if (noMemory) ZtLog(kZtLogError, kSource)(noMemory);
+    return Ended(nullptr);
+  }
+  *ZtCopy(text, xml) = '\0';
+  XMLElement* root = validateXML(text) ? ReadPieces(xml, text) : nullptr;
   __free(text);
   return Ended(root);
+}
+
+// The document, read in one pass, which keeps no order of log lines: null where they are heard, and
+// for a document that has to be read in pieces, if only to tell what is wrong with it.
+XMLElement* SimservsUnMarshaller::ReadOnePass(ZtPiece xml) {
+  if (!ZtLogDiscards(kZtLogState)) return nullptr;
+  if (!m_pReader) m_pReader = new ZtContainerReader;
+  XMLElement* const root = m_pReader ? m_pReader->Read(xml, NamespaceBinder()) : nullptr;
+  constexpr std::size_t kMostKept = 8192;  // what a larger document took is not held on to
+  if (!root || xml.size > kMostKept) {
+    delete m_pReader;
+    m_pReader = nullptr;
+  }
+  return root;
 }
 
 int SimservsUnMarshaller::validateXML(char* text) {
@@ -325,7 +347,7 @@ constexpr char kNoCopyLine[] =
     "<XML Module>: SimservsUnMarshaller :: replaceSubStringWithNull malloc failed returning "
     "pString";
 
-bool Cut(const Service& service, char* text, ZtElementCutter& cutter) {
+bool Cut(const ZtService& service, char* text, ZtElementCutter& cutter) {
   const ZtLog trace(kZtLogTrace, kSource);
   switch (cutter.Cut(text, ZtName(service.element))) {
     case ZtElementCutter::kCut:
@@ -344,7 +366,7 @@ bool Cut(const Service& service, char* text, ZtElementCutter& cutter) {
 
 // Reads the services that were cut out into `root`; false when memory is lacking for one. Intended:
 // a service that cannot be read is dropped, so that callers get the others.
-bool ReadServices(const Service& service, const ZtElementCutter& cutter,
+bool ReadServices(const ZtService& service, const ZtElementCutter& cutter,
                   ServiceNamespaces& namespaces, Contexts& contexts, zt_Simservs& root) {
   const char* text = cutter.Texts();
   for (std::size_t n = cutter.Count(); n; --n, text += __strlen(text) + 1) {
@@ -362,10 +384,10 @@ bool ReadServices(const Service& service, const ZtElementCutter& cutter,
 
 }  // namespace
 
-XMLElement* SimservsUnMarshaller::ReadCut(ZtPiece xml, char* text) {
-  ZtElementCutter cutters[kServiceCount];
-  for (std::size_t i = 0; i < kServiceCount; ++i) {
-    if (!Cut(kServices[i], text, cutters[i])) return nullptr;
+XMLElement* SimservsUnMarshaller::ReadPieces(ZtPiece xml, char* text) {
+  ZtElementCutter cutters[kZtServiceCount];
+  for (std::size_t i = 0; i < kZtServiceCount; ++i) {
+    if (!Cut(kZtServices[i], text, cutters[i])) return nullptr;
   }
   if (!*text) ZtLog(kZtLogTrace, kSource)("<XML Module>: XML Decode Failed pstring NULL");
   // What is left was parsed with the services: it is the root that does not fit.
@@ -382,9 +404,9 @@ XMLElement* SimservsUnMarshaller::ReadCut(ZtPiece xml, char* text) {
   }
   ServiceNamespaces namespaces(zt_schema_namespace_retrieval::From(NamespaceBinder()));
   Contexts contexts(namespaces.Binder(), m_pError ? &error : nullptr);
-  for (std::size_t i = 0; i < kServiceCount; ++i) {
+  for (std::size_t i = 0; i < kZtServiceCount; ++i) {
     auto& root = static_cast<zt_Simservs&>(*parsed);
-    if (ReadServices(kServices[i], cutters[i], namespaces, contexts, root)) continue;
+    if (ReadServices(kZtServices[i], cutters[i], namespaces, contexts, root)) continue;
     // What is part of the root was parsed before.
     const bool isText = error.code > ztxml::Code::kNoMemory;
     if (m_pError && isText) ZtExplainRest(*m_pError, {Document(), xml, {}, xml, false});
