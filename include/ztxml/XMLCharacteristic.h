@@ -50,6 +50,8 @@ class zt_characteristic : public ZtTyped<zt_characteristic> {
 /// What the roots of provisioning documents have.
 class ZtProvisioning : public ZtObject {
  public:
+  ZT_INLINE ~ZtProvisioning() override = default;
+
   /// The attribute "version".
   int setVersion(const char* version) { return m_Version.Assign(version); }
   const char* getVersion() const { return m_Version.Get(); }

@@ -33,7 +33,7 @@ class ZT_API zt_xml_common_array_definition : public ZtNonCopyable {
   static char arrXmlStrRef[XML_STR_ZT_COUNT][kRowSize];
 
  private:
-  static std::atomic<zt_xml_common_array_definition*> m_pXmlStrRef;
+  ZT_LOCAL static std::atomic<zt_xml_common_array_definition*> m_pXmlStrRef;
 };
 
 #endif  // ZTXML_INCLUDE_XMLCOMMONDEF_H

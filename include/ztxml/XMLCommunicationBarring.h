@@ -28,6 +28,8 @@ class zt_allow_action_type : public ZtTyped<zt_allow_action_type> {
 /// What both services have: the rules.
 class ZtCommunicationBarring : public zt_ns_xcap_simservType {
  public:
+  ZT_INLINE ~ZtCommunicationBarring() override = default;
+
   /// Takes the rules; null for none. Rules that cannot be written cut the rule set short; the
   /// service is written even so.
   int setRuleSetValue(zt_ns_common_policy_ruleset* ruleset) { return m_RuleSet.Set(ruleset); }

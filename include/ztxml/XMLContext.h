@@ -67,7 +67,7 @@ class ZT_API XMLContext : public ZtNonCopyable {
 
  private:
   struct Older;
-  ZtSettings* Settings();
+  ZT_LOCAL ZtSettings* Settings();
   template <class Worker>
   Worker* KeepIn(Worker*& field, Worker* worker);
 

@@ -33,7 +33,7 @@ class ZT_API XMLFile : public ZtNonCopyable {
   int CloseFile();
 
  private:
-  bool ReadAll(unsigned size);
+  ZT_LOCAL bool ReadAll(unsigned size);
 
   char* m_pFileName;  // owned
   char* m_pFileData;  // owned

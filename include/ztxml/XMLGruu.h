@@ -10,6 +10,8 @@
 /// What public and temporary GRUUs have in common.
 class ZtGruu : public ZtObject {
  public:
+  ZT_INLINE ~ZtGruu() override = default;
+
   /// The GRUU's URI; the element cannot be written without it.
   int setUriValue(const char* uri) { return m_Uri.Assign(uri); }
   const char* getUriValue() const { return m_Uri.Get(); }
@@ -22,6 +24,8 @@ class ZtGruu : public ZtObject {
 /// What a temporary GRUU has besides.
 class ZtTemporaryGruu : public ZtGruu {
  public:
+  ZT_INLINE ~ZtTemporaryGruu() override = default;
+
   /// The CSeq of the REGISTER request that made the GRUU valid.
   int setFirstCseqValue(unsigned cseq) { return m_FirstCseq.Set(cseq); }
   unsigned getFirstCseqValue() const { return m_FirstCseq; }

@@ -76,6 +76,8 @@ class zt_status : public ZtTyped<zt_status, ZtExtensible<>> {
 /// What the three notifications have in common.
 class ZtImdnNotification : public ZtElement {
  public:
+  ZT_INLINE ~ZtImdnNotification() override = default;
+
   /// Takes the status, which the notification needs to be written, with a value that it knows.
   int setStatusValue(zt_status* status) { return m_Status.Set(status); }
   zt_status* getStatusValue() const { return m_Status; }

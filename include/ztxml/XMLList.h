@@ -50,9 +50,9 @@ class ZT_API ZtSingleElementList : public ZtNonCopyable {
 
  private:
   // Appends `data` with a node of `arena`, null for the heap; false without memory.
-  bool Append(void* data, ZtArena* arena);
+  ZT_LOCAL bool Append(void* data, ZtArena* arena);
   // Unlinks the node after `previous`, or the first node when that is null.
-  void Unlink(ZtListNode* previous);
+  ZT_LOCAL void Unlink(ZtListNode* previous);
 
   ZtListNode* m_pHead;
   std::uint16_t m_iListCount;

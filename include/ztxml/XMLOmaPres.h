@@ -30,6 +30,8 @@ class zt_ns_oma_pres_service_description
 /// they are for callers that fill them.
 class ZtOmaPresText : public ZtElement {
  public:
+  ZT_INLINE ~ZtOmaPresText() override = default;
+
   /// The element's text (copied); null means absent.
   int setValueValue(const char* value) { return m_Value.Assign(value); }
   const char* getValueValue() const { return m_Value.Get(); }

@@ -23,6 +23,8 @@ class zt_display_nameType : public ZtTyped<zt_display_nameType, ZtExtensible<>> 
 /// The base of elements with a "display-name". Here and below texts are copied; null means absent.
 class ZtDisplayNamed : public ZtExtensible<> {
  public:
+  ZT_INLINE ~ZtDisplayNamed() override = default;
+
   /// Takes the name; null for none.
   int setDisplayNameValue(zt_display_nameType* name) { return m_DisplayName.Set(name); }
   zt_display_nameType* getDisplayNameValue() const { return m_DisplayName; }

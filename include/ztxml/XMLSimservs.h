@@ -77,9 +77,9 @@ class ZT_API SimservsUnMarshaller : public ZtDescribedBy<SimservsContext, ZtUnMa
   char* replaceSubStringWithNull(char* text, char** out, int start, int length);
 
  private:
-  XMLElement* Read(ZtPiece xml, const char* noMemory);
-  XMLElement* ReadOnePass(ZtPiece xml);
-  XMLElement* ReadPieces(ZtPiece xml, char* text);
+  ZT_LOCAL XMLElement* Read(ZtPiece xml, const char* noMemory);
+  ZT_LOCAL XMLElement* ReadOnePass(ZtPiece xml);
+  ZT_LOCAL XMLElement* ReadPieces(ZtPiece xml, char* text);
 
   ZtContainerReader* m_pReader = nullptr;  // kept from one document to the next
 };

@@ -10,6 +10,8 @@
 /// What the errors that carry a phrase have in common.
 class ZtXcapPhrasedError : public ZtElement {
  public:
+  ZT_INLINE ~ZtXcapPhrasedError() override = default;
+
   /// An explanation for people (copied); null means absent.
   int setPhraseValue(const char* phrase) { return m_Phrase.Assign(phrase); }
   const char* getPhraseValue() const { return m_Phrase.Get(); }
@@ -153,7 +155,7 @@ class ZT_API XcapErrorDataBinder : public ZtDescribedBy<XcapErrorContext, ZtFact
 
  private:
   Made Make(const char* operation) const;
-  static void Log(const char* operation);
+  ZT_LOCAL static void Log(const char* operation);
 };
 
 /// Writes a zt_xcap_error. Its Add functions write one element each and return 1, or 0 on failure;

@@ -45,12 +45,12 @@ class ZT_API ZtArena {
   friend void ZtFree(void* piece);
   struct Block;
 
-  static void* Allocate(std::size_t size, ZtArena* arena);
-  void* Take(std::size_t size);
-  bool Grow(std::size_t size);
-  static void Drop(Block* block);
-  static void Release(Block* block);
-  static void Free(Block* block);
+  ZT_LOCAL static void* Allocate(std::size_t size, ZtArena* arena);
+  ZT_LOCAL void* Take(std::size_t size);
+  ZT_LOCAL bool Grow(std::size_t size);
+  ZT_LOCAL static void Drop(Block* block);
+  ZT_LOCAL static void Release(Block* block);
+  ZT_LOCAL static void Free(Block* block);
 
   Block* m_pBlock = nullptr;  // the block that new pieces are taken from
   char* m_pFree = nullptr;    // where the next piece goes in the block

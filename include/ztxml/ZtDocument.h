@@ -95,11 +95,11 @@ class ZT_API ZtUnMarshaller : public XMLUnMarshaller {
 
  private:
   friend class ZtContext;
-  XMLElement* ReadExact(ZtPiece xml, const char* noMemory) const;
-  XMLElement* ReadStandard(ZtPiece text) const;
-  bool Parse(ZtArena& arena, ZtPiece xml, char* text, XMLElement*& root) const;
-  void Explain(ZtPiece xml, char* text, const XmlDecoder* parser,
-               const ZtSchemaDecoder& decoder) const;
+  ZT_LOCAL XMLElement* ReadExact(ZtPiece xml, const char* noMemory) const;
+  ZT_LOCAL XMLElement* ReadStandard(ZtPiece text) const;
+  ZT_LOCAL bool Parse(ZtArena& arena, ZtPiece xml, char* text, XMLElement*& root) const;
+  ZT_LOCAL void Explain(ZtPiece xml, char* text, const XmlDecoder* parser,
+                        const ZtSchemaDecoder& decoder) const;
 
   const ZtContext* m_pContext = nullptr;  // null for a worker that no context made
 };
@@ -107,7 +107,7 @@ class ZT_API ZtUnMarshaller : public XMLUnMarshaller {
 /// The marshalling driver. It holds the document writer and the text of the last Marshall.
 class ZT_API ZtMarshaller : public XMLMarshaller {
  public:
-  ~ZtMarshaller() override;
+  ZT_INLINE ~ZtMarshaller() override { Close(); }
   char* Marshall(XMLElement* root) override;
   XMLMarshaller* Identity() override;
   char* Update(XMLElement* root, std::size_t* size = nullptr) override;
@@ -144,9 +144,11 @@ class ZT_API ZtMarshaller : public XMLMarshaller {
 
  private:
   friend class ZtContext;
-  char* MarshallStandard(XMLElement& root);
-  char* MarshallExact(XMLElement* root);
-  void Explain(const XMLElement& element, const ZtElementType& type, const ZtLack& lack) const;
+  void Close();
+  ZT_LOCAL char* MarshallStandard(XMLElement& root);
+  ZT_LOCAL char* MarshallExact(XMLElement* root);
+  ZT_LOCAL void Explain(const XMLElement& element, const ZtElementType& type,
+                        const ZtLack& lack) const;
   /// Sets `bindings` to the prefixes to write with, null for the library's own. False when out of
   /// memory.
   virtual bool UseNamespaces(const ZtNamespaceBindings*& bindings);
@@ -165,6 +167,9 @@ class ZT_API ZtMarshaller : public XMLMarshaller {
 /// The base of a context and of its workers: `Base`, with the description Context::kDocument.
 template <class Context, class Base>
 class ZtDescribedBy : public Base {
+ public:
+  ZT_INLINE ~ZtDescribedBy() override = default;
+
  protected:
   using Base::Base;
   const ZtDocument& Document() const override { return Context::kDocument; }

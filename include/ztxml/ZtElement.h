@@ -44,6 +44,8 @@ class ZtTyped : public Base {
  public:
   using Described = T;  ///< the type that T::kType describes
 
+  ZT_INLINE ~ZtTyped() override = default;
+
  protected:
   const ZtElementType& Type() const override { return T::kType; }
 };
@@ -52,6 +54,8 @@ class ZtTyped : public Base {
 template <class Base = ZtElement>
 class ZtKeepsElements : public Base {
  public:
+  ZT_INLINE ~ZtKeepsElements() override = default;
+
   /// Takes a list of elements, stored as XMLElement*. Only those are written that the comment of
   /// the type names.
   int setAnyElementValue(ZtSingleElementList* list) { return m_AnyElements.Set(list); }
@@ -70,6 +74,8 @@ class ZtKeepsElements : public Base {
 template <class Base = ZtElement>
 class ZtExtensible : public ZtKeepsElements<Base> {
  public:
+  ZT_INLINE ~ZtExtensible() override = default;
+
   /// Takes a list of zt_AttributeValuePair, stored as XMLAttribute*. Of several with one name only
   /// the first is written, and none whose name the start tag has already.
   int setAnyAttributeValue(ZtSingleElementList* list) { return m_AnyAttributes.Set(list); }

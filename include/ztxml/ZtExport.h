@@ -6,10 +6,21 @@
 #include <new>
 
 // Marks what the shared library exports. A class with inline functions only marks just its table.
+// ZT_LOCAL marks what of an exported class nothing but the library itself calls.
 #if defined(__GNUC__)
 #define ZT_API __attribute__((visibility("default")))
+#define ZT_LOCAL __attribute__((visibility("hidden")))
 #else
 #define ZT_API
+#define ZT_LOCAL
+#endif
+
+// Marks the destructors of what stands between a schema type or a worker and the first of its
+// bases: as parts of the destructor of that class they need no table and no functions of their own.
+#if defined(__GNUC__)
+#define ZT_INLINE __attribute__((always_inline))
+#else
+#define ZT_INLINE
 #endif
 
 class ZtArena;

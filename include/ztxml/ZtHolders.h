@@ -63,7 +63,7 @@ class ZT_API ZtText {
   static constexpr unsigned kSizeBits = 8 * sizeof(std::size_t) - 2;
   static constexpr std::size_t kMostSize = ~std::size_t{0} >> 2;
 
-  bool Copy(ZtPiece text);
+  ZT_LOCAL bool Copy(ZtPiece text);
   void FreeCopy();
 
   char* m_pText = nullptr;

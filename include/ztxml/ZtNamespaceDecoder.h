@@ -36,7 +36,7 @@ class ZT_API ZtNamespaceDecoder : public ZtSchemaDecoder {
   const char* LocalPart(const char* name, const char* colon) const override;
 
  private:
-  const char* Rewritten(char* name);
+  ZT_LOCAL const char* Rewritten(char* name);
 
   ZtNamespaceBindings m_Bindings;
   const ZtNamespaceBindings* m_pBindings = &m_Bindings;  // those that count

@@ -40,8 +40,8 @@ class ZT_API ZtNamespaceBindings : public ZtNonCopyable {
   const ZtNamespaceBinding* Find(const char* ownPrefix) const;
 
  private:
-  static ZtNamespaceBinding* New(e_XmlStrRef prefix, e_XmlStrRef uri);
-  static bool SetAlias(ZtNamespaceBinding& binding, const char* alias);
+  ZT_LOCAL static ZtNamespaceBinding* New(e_XmlStrRef prefix, e_XmlStrRef uri);
+  ZT_LOCAL static bool SetAlias(ZtNamespaceBinding& binding, const char* alias);
 
   ZtNamespaceBinding* m_pFirst = nullptr;
   bool m_bComplete = false;

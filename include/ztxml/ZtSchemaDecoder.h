@@ -119,40 +119,42 @@ class ZT_API ZtSchemaDecoder : public XmlDecoderSchema, public ZtSink {
 
   inline bool EndOpened(ZtPiece slashName, ZtPiece text);
 
-  ZtSource SourceOf(const ZtElementType& type);
-  void Attribute(const ZtElementType& type, ZtPiece name, ZtPiece value);
+  ZT_LOCAL ZtSource SourceOf(const ZtElementType& type);
+  ZT_LOCAL void Attribute(const ZtElementType& type, ZtPiece name, ZtPiece value);
   inline void KeepAttribute(const ZtElementType& type, const ZtField* field, ZtPiece name,
                             ZtPiece value);
-  ZtOutcome OfferAttribute(const ZtElementType& type, ZtPiece name, ZtPiece value);
+  ZT_LOCAL ZtOutcome OfferAttribute(const ZtElementType& type, ZtPiece name, ZtPiece value);
   inline XMLElement* Make(const ZtElementType& type);
-  XMLElement* MakeFlag(ZtPiece name);
-  void StartTag(ScannedTag& tag);
-  void KeepAttributes(ScannedTag& tag);
+  ZT_LOCAL XMLElement* MakeFlag(ZtPiece name);
+  ZT_LOCAL void StartTag(ScannedTag& tag);
+  ZT_LOCAL void KeepAttributes(ScannedTag& tag);
   inline bool StartKnown(ScannedTag& tag);
   inline bool KeepInPlace(const ZtField& row, ZtPiece text);
   inline void KeepText(const ZtField& row, ZtPiece text);
-  bool StartElement(const Open& current, const ZtChildName& name);
-  void StartRoot(const Element& element, ZtNameId name);
+  ZT_LOCAL bool StartElement(const Open& current, const ZtChildName& name);
+  ZT_LOCAL void StartRoot(const Element& element, ZtNameId name);
   inline bool StartChild(const Open& current, const Element& element, const ZtChildName& name);
-  XMLElement* StartExtension(const Element& element, ZtNameId name);
-  void EndElement(const Open& current, const ZtChildName& name, ZtPiece value, bool skipped);
-  void OfferEnd(const Open& current, const ZtField* row, const ZtChildName& name, ZtPiece value);
+  ZT_LOCAL XMLElement* StartExtension(const Element& element, ZtNameId name);
+  ZT_LOCAL void EndElement(const Open& current, const ZtChildName& name, ZtPiece value,
+                           bool skipped);
+  ZT_LOCAL void OfferEnd(const Open& current, const ZtField* row, const ZtChildName& name,
+                         ZtPiece value);
   inline ZtOutcome Offer(const Open& parent, const ZtChildName& name, ZtPiece value,
                          XMLElement* child, const ZtField* row = nullptr);
-  int ElementCallback(char* name, ZtPiece value);
-  bool IsNamed(const char* element) const;
-  void RefuseSlash(const char* name);
-  void NoteEmptyStack(int callbacks) const;
-  Open Current() const;
-  Element Find(ZtNameId name, const ZtElementType* current);
-  const ZtElementType* FindAnywhere(ZtNameId name, bool atEnd);
+  ZT_LOCAL int ElementCallback(char* name, ZtPiece value);
+  ZT_LOCAL bool IsNamed(const char* element) const;
+  ZT_LOCAL void RefuseSlash(const char* name);
+  ZT_LOCAL void NoteEmptyStack(int callbacks) const;
+  ZT_LOCAL Open Current() const;
+  ZT_LOCAL Element Find(ZtNameId name, const ZtElementType* current);
+  ZT_LOCAL const ZtElementType* FindAnywhere(ZtNameId name, bool atEnd);
   Frame& Top() const { return m_pFrames[m_Stack.size()]; }
-  bool ReserveFrames();
-  void AddType(const ZtElementType* type);
-  bool Closes(const Open& current, ZtNameId name) const;
-  const ZtElementType* CurrentType() const;
+  ZT_LOCAL bool ReserveFrames();
+  ZT_LOCAL void AddType(const ZtElementType* type);
+  ZT_LOCAL bool Closes(const Open& current, ZtNameId name) const;
+  ZT_LOCAL const ZtElementType* CurrentType() const;
   inline void Push(XMLElement* object, const Element& element, ZtNameId name);
-  void Pop();
+  ZT_LOCAL void Pop();
 
   std::size_t m_iPassCapacity = 0;  // bytes allocated for m_PassName
   static constexpr int kFewFrames = 8;

@@ -75,7 +75,8 @@ class ZT_API ZtState : public ZtNonCopyable {
  private:
   struct Parts;
 
-  bool Fit(const XMLElement& notification, ztxml::Merged& merged, ztxml::Error& error) const;
+  ZT_LOCAL bool Fit(const XMLElement& notification, ztxml::Merged& merged,
+                    ztxml::Error& error) const;
 
   const ZtDocument& m_Document;
   XMLElement* m_pRoot = nullptr;

@@ -78,15 +78,15 @@ class ZT_API ZtXMLDocGenerator : public ZtNonCopyable {
   friend class ZtPen;
 
   ZtPiece Prefix() const { return {nsPrefix, m_iPrefixSize}; }
-  void UsePrefix(ZtPiece prefix);
-  void Start(const char* lead, const char* name, int leaveOpen);
-  void Attribute(ZtPiece lead, ZtPiece prefix, bool colon, const char* name, const char* value,
-                 int selfEnd, int close, ZtPiece blank);
-  void Append(std::initializer_list<ZtPiece> pieces);
+  ZT_LOCAL void UsePrefix(ZtPiece prefix);
+  ZT_LOCAL void Start(const char* lead, const char* name, int leaveOpen);
+  ZT_LOCAL void Attribute(ZtPiece lead, ZtPiece prefix, bool colon, const char* name,
+                          const char* value, int selfEnd, int close, ZtPiece blank);
+  ZT_LOCAL void Append(std::initializer_list<ZtPiece> pieces);
   // The value with its double quotes escaped, to be freed; null without memory, which is noted.
-  char* Escaped(ZtPiece value);
+  ZT_LOCAL char* Escaped(ZtPiece value);
   // Appends as much as there is room for.
-  void Cut(ZtPiece piece);
+  ZT_LOCAL void Cut(ZtPiece piece);
 
   int initialised = 0;
   int headerAdded = 0;

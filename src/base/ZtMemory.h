@@ -51,18 +51,31 @@ void ZtRelease(T* object) {
 }
 
 // For tables: makes objects of a class that only Of<T> knows, recorded as ZtCreate records them.
-template <class Base>
+// The memory is taken here, so that the function of each class does nothing but construct.
+template <class Base, class... Argument>
 struct ZtMaker {
-  Base* (*make)(ZtArena*);
+  Base* (*construct)(void* memory, Argument... argument);
   std::size_t size;
 
   template <class T>
   static constexpr ZtMaker Of() {
     static_assert(alignof(T) <= alignof(unsigned long long), "pieces are aligned for no more");
-    return {[](ZtArena* arena) -> Base* { return new (arena) T; }, sizeof(T)};
+    if constexpr (sizeof...(Argument) == 0) {
+      // Without parentheses, with which all of the object would be cleared before.
+      return {[](void* memory) -> Base* { return ::new (memory) T; }, sizeof(T)};
+    } else {
+      return {
+          [](void* memory, Argument... argument) -> Base* { return ::new (memory) T(argument...); },
+          sizeof(T)};
+    }
   }
-  Base* Create(const ZtSource& source, int line = __builtin_LINE()) const {
-    return ZtTrack(make ? make(source.arena) : nullptr, size, source.file, line);
+  Base* Create(const ZtSource& source, Argument... argument, int line = __builtin_LINE()) const {
+    return ZtTrack(Make(source.arena, argument...), size, source.file, line);
+  }
+  // Without a record.
+  Base* Make(ZtArena* arena, Argument... argument) const {
+    void* const memory = construct ? ZtAllocate(size, arena) : nullptr;
+    return memory ? construct(memory, argument...) : nullptr;
   }
 };
 

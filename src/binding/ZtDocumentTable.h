@@ -29,6 +29,8 @@ struct ZtDocumentLines {
   const char* writeFailed = "<XML Module>: %s XML Failed!";
 };
 
+inline constexpr ZtDocumentLines kZtPlainLines = {};
+
 // What a decoder does with prefixes. Only a ZtNamespaceDecoder rewrites them.
 enum class ZtPrefixRule : std::uint8_t { kExact, kStrip, kRewrite };
 
@@ -39,11 +41,26 @@ struct ZtRoot {
   const char* failedAs = nullptr;  // the marshaller, in the line when it cannot be written
 };
 
+// The decoder that a driver makes for one reading. Nobody else sees it, so documents that are read
+// in the same way share its class: `Base`, which is given the document.
+template <class Base>
+class ZtDecoderFor final : public Base {
+ public:
+  explicit ZtDecoderFor(const ZtDocument& document) : Base(document) {}
+};
+using ZtDecoderMaker = ZtMaker<ZtSchemaDecoder, const ZtDocument&>;
+// In place of the class that callers make, if there is nothing in that but the document.
+template <class Context, class Base>
+constexpr ZtDecoderMaker ZtSharedDecoder(const ZtDecoderOf<Context, Base>* /*of callers*/) {
+  return ZtDecoderMaker::Of<ZtDecoderFor<Base>>();
+}
+constexpr ZtDecoderMaker ZtSharedDecoder(const void* /*of callers*/) { return {nullptr, 0}; }
+
 // What there is to say of a document besides its roots.
 struct ZtDocumentFacts {
   const char* source;  // file of the binding, for the logs
   ZtMaker<XMLContext> newContext;
-  ZtMaker<ZtSchemaDecoder> newDecoder;
+  ZtDecoderMaker newDecoder;
   ZtMaker<ZtUnMarshaller> newUnMarshaller;
   ZtMaker<ZtMarshaller> newMarshaller;  // without a maker: the schema has none
   ZtMaker<ZtFactory> newBinderFactory;
@@ -61,7 +78,7 @@ struct ZtDocumentFacts {
   const char* textField = nullptr;  // what the logs call the marshaller's text
   bool declaration = true;          // writes the XML declaration
   bool dropsFirstNewline = false;
-  ZtDocumentLines lines = {};
+  const ZtDocumentLines* lines = &kZtPlainLines;
   ZtKnownSpace space = kZtSpacesBegin;  // of the roots, where `info` tells no namespace
 
   // `name` is the context's without "Context"; `uri` the namespace of the roots, null for none.
@@ -114,7 +131,7 @@ struct ZtDocumentFacts {
     return ZtWith(*this, &ZtDocumentFacts::space, own);
   }
   constexpr ZtDocumentFacts Lines(const ZtDocumentLines& own) const {
-    return ZtWith(*this, &ZtDocumentFacts::lines, own);
+    return ZtWith(*this, &ZtDocumentFacts::lines, &own);
   }
 };
 
@@ -123,6 +140,11 @@ struct ZtDocument : ZtDocumentFacts {
   std::initializer_list<ZtRoot> roots;
   std::initializer_list<const ZtElementType*> fragments = {};  // what else Marshall takes
 };
+
+// Whether two tables are of one document: a program may have copies of the tables that it names.
+inline bool ZtIsOneDocument(const ZtDocument& one, const ZtDocument& other) {
+  return one.info.id == other.info.id;
+}
 
 // What Marshall takes an object of this class for: the root with its type, or the type of a
 // fragment; null when it is none.
@@ -152,12 +174,13 @@ template <class Context, class Decoder, class UnMarshaller, class Marshaller, cl
 constexpr ZtDocumentFacts ZtDocumentOf(const char* source) {
   ZtMaker<ZtMarshaller> marshaller = {nullptr, 0};
   if constexpr (!std::is_void_v<Marshaller>) marshaller = ZtMaker<ZtMarshaller>::Of<Marshaller>();
-  return {source,
-          ZtMaker<XMLContext>::Of<Context>(),
-          ZtMaker<ZtSchemaDecoder>::Of<Decoder>(),
-          ZtMaker<ZtUnMarshaller>::Of<UnMarshaller>(),
-          marshaller,
-          ZtMaker<ZtFactory>::Of<DataBinder>()};
+  ZtDecoderMaker decoder = ZtSharedDecoder(static_cast<const Decoder*>(nullptr));
+  if constexpr (std::is_constructible_v<Decoder, const ZtDocument&>) {
+    decoder = ZtDecoderMaker::Of<Decoder>();
+  }
+  return {source,     ZtMaker<XMLContext>::Of<Context>(),
+          decoder,    ZtMaker<ZtUnMarshaller>::Of<UnMarshaller>(),
+          marshaller, ZtMaker<ZtFactory>::Of<DataBinder>()};
 }
 
 // The bytes of `name` that are kept. Intended: decoders add 2 to the size of a name and keep the

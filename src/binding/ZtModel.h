@@ -477,7 +477,7 @@ struct ZtTypeFacts {
   const char* className;
   const char* label;
   const ZtFamily* family;
-  XMLElement* (*make)(ZtArena*);
+  XMLElement* (*construct)(void*);
   const char* writer = nullptr;  // the name its writer logs; null logs nothing
   const ZtExtras* extras = &kZtNoExtras;
   std::uint16_t size = 0;  // of an object
@@ -565,7 +565,11 @@ struct ZtElementType : ZtTypeFacts {
   }
   // A new object, recorded; null without memory.
   XMLElement* Create(const ZtSource& source, int line = __builtin_LINE()) const {
-    return ZtMaker<XMLElement>{make, size}.Create(source, line);
+    return ZtMaker<XMLElement>{construct, size}.Create(source, line);
+  }
+  // Likewise, without a record.
+  XMLElement* Make(ZtArena* arena) const {
+    return ZtMaker<XMLElement>{construct, size}.Make(arena);
   }
 };
 
@@ -577,12 +581,19 @@ inline bool ZtIsClass(const char* className, const ZtElementType& type) {
   return className == type.className || (className && __strcmp(className, type.className) == 0);
 }
 
+// Whether two tables say one thing of one type: a program may have copies of the tables that it
+// names.
+inline bool ZtIsOneType(const ZtElementType& one, const ZtElementType& other) {
+  return &one == &other ||
+         (one.className == other.className && one.fields.begin() == other.fields.begin());
+}
+
 // The start of what there is to say of the type `T`.
 template <class T>
 constexpr ZtTypeFacts ZtTypeOf(const char* className, const char* label, const ZtFamily& family) {
   constexpr ZtMaker<XMLElement> kMaker = ZtMaker<XMLElement>::Of<T>();
   static_assert(kMaker.size <= UINT16_MAX);
-  ZtTypeFacts facts = {className, label, &family, kMaker.make};
+  ZtTypeFacts facts = {className, label, &family, kMaker.construct};
   facts.size = static_cast<std::uint16_t>(kMaker.size);
   facts.unknownAttribute = family.unknownAttribute;
   facts.namesStayInside = family.namesStayInside;

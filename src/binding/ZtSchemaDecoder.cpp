@@ -453,8 +453,7 @@ ZtSource ZtSchemaDecoder::SourceOf(const ZtElementType& type) {
 }
 
 XMLElement* ZtSchemaDecoder::Make(const ZtElementType& type) {
-  XMLElement* object =
-      ZtRecordsNothing() && type.make ? type.make(m_pArena) : type.Create(SourceOf(type));
+  XMLElement* object = ZtRecordsNothing() ? type.Make(m_pArena) : type.Create(SourceOf(type));
   if (!object) m_bFailed = true;
   m_Started = {object, &type};
   return object;

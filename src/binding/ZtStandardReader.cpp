@@ -72,7 +72,7 @@ bool ZtStandardReader::StartRoot() {
   m_bPlain = name.space == kZtNoSpace;
   for (const ZtRoot& root : m_Document.roots) {
     if (!root.name.Is(name.local) || (name.space != own && !m_bPlain)) continue;
-    if (m_Options.root && m_Options.root != root.type) continue;
+    if (m_Options.root && !ZtIsOneType(*m_Options.root, *root.type)) continue;
     const ZtElementType& type = ZtStandardOf(*root.type);
     ZtMatch match;
     match.type = &type;

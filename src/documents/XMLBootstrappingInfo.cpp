@@ -28,11 +28,11 @@ const ZtElementType zt_bootstrappinginfo::kType = {
                      kZtLogOptional)}};
 
 namespace {
-constexpr ZtDocumentLines Lines() {
+constexpr ZtDocumentLines kDocumentLines = [] {
   ZtDocumentLines lines;
   lines.nullRoot = "<XML Module>: BootstrappingInfoMarshaller pObj is NULL";
   return lines;
-}
+}();
 }  // namespace
 
 const ZtDocument BootstrappingInfoContext::kDocument = {
@@ -44,5 +44,5 @@ const ZtDocument BootstrappingInfoContext::kDocument = {
         .Decodes("XMLBootstrappingInfoDecoder", "src/BootstrappingInfo", ZtPrefixRule::kStrip)
         .Reads("BootstrappingInfoUnMarshaller")
         .Writes("BootstrappingInfoMarshaller", "mBootstrappingInfoXml")
-        .Lines(Lines()),
+        .Lines(kDocumentLines),
     {{XML_STR_BOOTSTRAPPING_INFO, &zt_bootstrappinginfo::kType}}};

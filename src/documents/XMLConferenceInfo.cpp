@@ -291,13 +291,13 @@ void TestConference_infoMarshall() {
 }
 
 namespace {
-constexpr ZtDocumentLines Lines() {
+constexpr ZtDocumentLines kDocumentLines = [] {
   ZtDocumentLines lines;
   // Intended: the line about a missing root says "Receiven NULL Object"; log readers search for it
   // as it is.
   lines.nullRoot = "<XML Module>: Conference_infoMarshall :: Marshall: Receiven NULL Object";
   return lines;
-}
+}();
 }  // namespace
 
 const ZtDocument ConferenceInfoContext::kDocument = {
@@ -308,5 +308,5 @@ const ZtDocument ConferenceInfoContext::kDocument = {
         .Decodes("XMLConferenceInfoDecoder", "src/ConferenceInfo", ZtPrefixRule::kStrip)
         .Reads("ConferenceInfoUnMarshaller")
         .Writes("Conference_infoMarshall", "mConferenceInfoXml")
-        .Lines(Lines()),
+        .Lines(kDocumentLines),
     {{XML_STR_CONFERENCE_INFO, &zt_conference_type::kType}}};

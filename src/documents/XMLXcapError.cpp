@@ -164,13 +164,13 @@ void XcapErrorDataBinder::Log(const char* operation) {
 }
 
 namespace {
-constexpr ZtDocumentLines Lines() {
+constexpr ZtDocumentLines kDocumentLines = [] {
   ZtDocumentLines lines;
   lines.textInput = "<XML Module>: %s::UnMarshall";
   lines.fileInput = lines.textInput;
   lines.nullRoot = "<XML Module>: Xcap_ErrorMarshall :: Marshall: Received Object is NULL";
   return lines;
-}
+}();
 }  // namespace
 
 const ZtDocument XcapErrorContext::kDocument = {
@@ -181,5 +181,5 @@ const ZtDocument XcapErrorContext::kDocument = {
         .Decodes("XMLXcapErrorDecoder", "src/XcapError", ZtPrefixRule::kStrip)
         .Reads("XcapErrorUnMarshaller")
         .Writes("Xcap_ErrorMarshall", "mXcapErrorXml")
-        .Lines(Lines()),
+        .Lines(kDocumentLines),
     {{XML_STR_XCAP_ERROR, &zt_xcap_error::kType}}};

@@ -92,10 +92,17 @@ void XMLSchemaNamespaceRetrievalDecoder::Tag(ScannedTag& tag) { ZtTellTag(*this,
 
 int XMLSchemaNamespaceRetrievalDecoder::End(ZtPiece, ZtPiece) { return 0; }
 
+namespace {
+// As drivers make it.
+class Decoder final : public XMLSchemaNamespaceRetrievalDecoder {
+ public:
+  explicit Decoder(const ZtDocument&) {}
+};
+}  // namespace
+
 const ZtDocument SchemaNamespaceRetrievalContext::kDocument = {
-    ZtDocumentOf<SchemaNamespaceRetrievalContext, XMLSchemaNamespaceRetrievalDecoder,
-                 SchemaNamespaceRetrievalUnMarshaller, void, SchemaNamespaceRetrievalDataBinder>(
-        kSource)
+    ZtDocumentOf<SchemaNamespaceRetrievalContext, Decoder, SchemaNamespaceRetrievalUnMarshaller,
+                 void, SchemaNamespaceRetrievalDataBinder>(kSource)
         .Schema(XML_SCHEMA_NAMESPACE_RETRIEVAL, "SchemaNamespaceRetrieval", nullptr)
         .Decodes("XMLSchemaNamespaceRetrievalDecoder", kDecoderSource, ZtPrefixRule::kExact)
         .Reads("SchemaNamespaceRetrievalUnMarshaller"),

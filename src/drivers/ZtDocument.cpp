@@ -72,7 +72,7 @@ bool ZtUnMarshaller::Begin(const void* text) const {
 
 XMLElement* ZtUnMarshaller::UnMarshall(const char* xml) {
   if (!Begin(xml)) return nullptr;
-  LogInput(Document(), Document().lines.textInput, xml);
+  LogInput(Document(), Document().lines->textInput, xml);
   if (IsStandard()) return ReadStandard(xml);
   return ReadExact(xml, "<XML Module>: StrDup failed in %s::UnMarshall");
 }
@@ -85,7 +85,7 @@ XMLElement* ZtUnMarshaller::UnMarshall(XMLFile* file) {
     }
     return nullptr;
   }
-  LogInput(Document(), Document().lines.fileInput, text);
+  LogInput(Document(), Document().lines->fileInput, text);
   return IsStandard() ? ReadStandard({text, file->Size()}) : ReadExact(text, nullptr);
 }
 
@@ -130,7 +130,7 @@ XMLElement* ZtUnMarshaller::ReadExact(ZtPiece xml, const char* noMemory) const {
     return Ended(nullptr);
   }
   const bool done = Parse(arena, xml, text, root);
-  const char* result = done ? document.lines.readDone : document.lines.readFailed;
+  const char* result = done ? document.lines->readDone : document.lines->readFailed;
   if (result) ZtLog(kZtLogTrace, document.source)(result);
   return root;
 }
@@ -152,7 +152,7 @@ bool ZtUnMarshaller::Parse(const char* xml, XMLElement*& root) const {
 bool ZtUnMarshaller::Parse(ZtArena& arena, ZtPiece xml, char* text, XMLElement*& root) const {
   const ZtDocument& document = Document();
   XmlDecoder* parser = ZtCreate<XmlDecoder>(document.source);
-  ZtSchemaDecoder* decoder = document.newDecoder.Create(document.source);
+  ZtSchemaDecoder* decoder = document.newDecoder.Create(document.source, document);
   bool parsed = false;
   if (parser && decoder && xml.size <= INT_MAX) {
     if (XMLObject* binder = NamespaceBinder()) decoder->SetNameSpaceBinderInfo(binder);
@@ -202,7 +202,7 @@ void ZtUnMarshaller::Explain(ZtPiece xml, char* text, const XmlDecoder* parser,
 ZtMarshaller::ZtMarshaller()
     : m_pXmlStrRef(zt_xml_common_array_definition::CreateArrayInstance()) {}
 
-ZtMarshaller::~ZtMarshaller() {
+void ZtMarshaller::Close() {
   __free(m_pXml);
   if (m_pXmlStrRef) zt_xml_common_array_definition::ReleaseArrayInstance();
 }
@@ -221,12 +221,12 @@ char* ZtMarshaller::Marshall(XMLElement* root) {
 char* ZtMarshaller::MarshallExact(XMLElement* root) {
   const ZtDocument& document = Document();
   if (!root) {
-    if (document.lines.nullRoot) ZtLog(kZtLogTrace, document.source)(document.lines.nullRoot);
+    if (document.lines->nullRoot) ZtLog(kZtLogTrace, document.source)(document.lines->nullRoot);
     return nullptr;
   }
   const char* className = root->ClassName();
-  if (!className && document.lines.nullClass) {
-    ZtLog(kZtLogTrace, document.source)(document.lines.nullClass);
+  if (!className && document.lines->nullClass) {
+    ZtLog(kZtLogTrace, document.source)(document.lines->nullClass);
     if (m_pError) {
       ZtExplain(*m_pError, ztxml::Code::kWrongRoot, ztxml::Stage::kWriting, kZtNoRoot);
     }
@@ -253,7 +253,7 @@ char* ZtMarshaller::MarshallExact(XMLElement* root) {
       ZtExplain(*m_pError, ztxml::Code::kWrongRoot, ztxml::Stage::kWriting, kZtNoRoot);
     }
   } else {
-    if (document.lines.rootChosen) trace(document.lines.rootChosen);
+    if (document.lines->rootChosen) trace(document.lines->rootChosen);
     const int written = Write(root, *type);
     m_bCutShort = m_bCutShort || m_XmlDocGenerator.outOfMemory();
     if (written && !m_bCutShort) {
@@ -263,9 +263,9 @@ char* ZtMarshaller::MarshallExact(XMLElement* root) {
     }
     if (m_pXml) m_pXml = Complete(root, m_pXml);
     if (m_pXml) {
-      trace(document.lines.written, document.writtenAs, m_pXml);
+      trace(document.lines->written, document.writtenAs, m_pXml);
     } else {
-      trace(document.lines.writeFailed, failedAs, type->writer);
+      trace(document.lines->writeFailed, failedAs, type->writer);
       if (m_pError && m_pError->code == ztxml::Code::kNone) {
         ZtExplainNoMemory(*m_pError, ztxml::Stage::kWriting);
       }

@@ -496,10 +496,10 @@ void ZtExplainRoot(Error& error, const ZtFailedText& failed, ZtPiece uri) {
     return;
   }
   const ZtElementType* const type = RootType(document, ZtLocalIn(tag.name));
-  if (!type || (failed.type && type != &ZtStandardOf(*failed.type))) {
+  if (!type || (failed.type && !ZtIsOneType(*type, ZtStandardOf(*failed.type)))) {
     const char* sign = ", not <";
     for (const ZtRoot& root : document.roots) {
-      if (failed.type && root.type != failed.type) continue;
+      if (failed.type && !ZtIsOneType(*root.type, *failed.type)) continue;
       sentence << sign << root.name.Piece() << ">";
       sign = " or <";
     }

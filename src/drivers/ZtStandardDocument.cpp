@@ -187,7 +187,7 @@ char* ZtUpdateStandard(const ZtDocument& document, const ZtSettings& settings, X
   size = 0;
   const ZtSourceText* source =
       settings.profile == XML_PROFILE_STANDARD ? ZtOwnership::SourceOf(root) : nullptr;
-  if (!source || source->document != &document) {
+  if (!source || !ZtIsOneDocument(*source->document, document)) {
     Refuse(document, error, kStage, Code::kRefused,
            settings.profile != XML_PROFILE_STANDARD
                ? "only the standard profile can update a document"

@@ -13,9 +13,7 @@ constexpr int kTopLine = 41;
 
 void XmlCodeGenStack::Refuse() { ZtLog(kZtLogTrace, kSource, kPushLine)("stack overflow\n"); }
 
-void XmlCodeGenStack::NothingToPop() {
-  ZtLog(kZtLogTrace, kSource, kPopLine)("stack underflow\n");
-}
+void XmlCodeGenStack::NothingToPop() { ZtLog(kZtLogTrace, kSource, kPopLine)("stack underflow\n"); }
 
 void* XmlCodeGenStack::NoTop() {
   ZtLog(kZtLogTrace, kSource, kTopLine)("stack is empty\n");

@@ -33,7 +33,8 @@ class PublicCallbacks : public XmlDecoderSchema {
 /// document comes without its services.
 inline XMLElement* ReadThroughCallbacks(const XMLContext& context, std::string text) {
   constexpr char kSource[] = "tests/PublicCallbacks";
-  ZtSchemaDecoder* decoder = reflect::DocumentOf(context).newDecoder.Create(kSource);
+  const ZtDocument& document = reflect::DocumentOf(context);
+  ZtSchemaDecoder* decoder = document.newDecoder.Create(kSource, document);
   if (!decoder) return nullptr;
   if (XMLObject* binder = static_cast<const ZtContext&>(context).namespaceBinder()) {
     decoder->SetNameSpaceBinderInfo(binder);

@@ -49,7 +49,8 @@ bool ZtContainerReader::Begin(XMLObject* binder) {
 // Makes the decoder of a document when it is first asked for; false without memory.
 bool ZtContainerReader::Prepare(const ZtDocument& document, ZtNamespaceDecoder*& decoder) {
   if (!decoder) {
-    decoder = static_cast<ZtNamespaceDecoder*>(document.newDecoder.Create(document.source));
+    decoder =
+        static_cast<ZtNamespaceDecoder*>(document.newDecoder.Create(document.source, document));
     if (!decoder) return false;
     if (m_pContainer != decoder) decoder->ShareNamespaces(*m_pContainer);
   }
@@ -65,8 +66,8 @@ void ZtContainerReader::Tag(ScannedTag& tag) {
   if (Enter(tag)) m_pNow->Tag(tag);
 }
 
-// Finds the decoder that is told the tag. What a service consists of has names that are shorter than
-// those of services.
+// Finds the decoder that is told the tag. What a service consists of has names that are shorter
+// than those of services.
 bool ZtContainerReader::Enter(const ScannedTag& tag) {
   ++m_iDepth;
   const char* const local = tag.colon ? tag.colon + 1 : tag.name;
