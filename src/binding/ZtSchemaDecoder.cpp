@@ -213,10 +213,13 @@ void ZtSchemaDecoder::KeepText(const ZtField& row, ZtPiece text) {
 bool ZtSchemaDecoder::EndOpened(ZtPiece slashName, ZtPiece text) {
   if (m_iSkipped || m_iDropped || m_Stack.empty()) return false;
   const Frame& frame = Top();
-  if (frame.kind == Kind::kExtension) return false;
   const ZtElementType& type = *frame.type;
-  if (type.rows.takesText && frame.kind != Kind::kRoot) {
-    const ZtNameId name = ZtNameId::OfId(frame.name);
+  const ZtNameId name = ZtNameId::OfId(frame.name);
+  if (frame.kind == Kind::kExtension) {
+    // An extension is offered its own end, of which most have nothing but a line to log.
+    const bool mayTake = type.extras->child || type.attributesAsTexts || type.rows.names.MayHave(name);
+    if (mayTake || !ZtLogDiscards(kZtLogTrace)) return false;
+  } else if (type.rows.takesText && frame.kind != Kind::kRoot) {
     const bool byRows = !type.extras->child && !type.attributesAsTexts;
     const ZtField* const row = byRows ? ZtFindChild(type, name) : nullptr;
     if (!row || !row->IsOwnText() || !KeepInPlace(*row, text)) {
