@@ -40,24 +40,6 @@ int ZtSingleElementList::Add(void* data) {
   return 0;
 }
 
-bool ZtSingleElementList::Append(void* data, ZtArena* arena) {
-  ZtLog(kZtLogState, kSource)("<XML Module>: ZtSingleElementList::Add");
-  auto* node = static_cast<ZtListNode*>(ZtAllocate(sizeof(ZtListNode), arena));
-  if (!node) {
-    ZtLog(kZtLogError,
-          kSource)(m_pHead ? "<XML Module>: ZtSingleElementList:Add pTravNode Buffer is NULL"
-                           : "<XML Module>: ZtSingleElementList:Add m_pHead Buffer is NULL");
-    return false;
-  }
-  node->data = data;
-  node->next = nullptr;
-  (m_pHead ? m_pTail->next : m_pHead) = node;
-  m_pTail = node;
-  ++m_iListCount;
-  ZtLog(kZtLogState, kSource)("<XML Module>: m_iListCount: %d", m_iListCount);
-  return true;
-}
-
 void ZtSingleElementList::Unlink(ZtListNode* previous) {
   ZtListNode* node = previous ? previous->next : m_pHead;
   (previous ? previous->next : m_pHead) = node->next;
