@@ -117,32 +117,6 @@ inline bool ZtEqual(ZtPiece a, ZtPiece b) {
   return a.size == b.size && (a.size == 0 || std::memcmp(a.text, b.text, a.size) == 0);
 }
 
-// The first eight bytes of a text, with bytes that are 0 after those of a shorter one.
-inline std::uint64_t ZtWord(ZtPiece text) {
-  const char* const at = text.text;
-  const std::size_t size = text.size;
-  if (size >= sizeof(std::uint64_t)) return ZtGet<std::uint64_t>(at);
-  std::uint64_t word = 0;
-  if (size >= sizeof(std::uint32_t)) {
-    ZtPut(reinterpret_cast<char*>(&word), ZtGet<std::uint32_t>(at));
-    ZtPut(reinterpret_cast<char*>(&word) + size - sizeof(std::uint32_t),
-          ZtGet<std::uint32_t>(at + size - sizeof(std::uint32_t)));
-  } else {
-    for (std::size_t i = 0; i < size; ++i) reinterpret_cast<char*>(&word)[i] = at[i];
-  }
-  return word;
-}
-
-// Whether the first `size` bytes of two such words are equal: one to seven.
-inline bool ZtSameWords(std::uint64_t a, std::uint64_t b, std::size_t size) {
-  const auto others = static_cast<unsigned>(64 - 8 * size);
-#if __BYTE_ORDER__ == __ORDER_LITTLE_ENDIAN__
-  return (a ^ b) << others == 0;
-#else
-  return (a ^ b) >> others == 0;
-#endif
-}
-
 // Returns the end of the copy.
 inline char* ZtCopy(char* to, ZtPiece text) {
   if (text.size > 2 * sizeof(ZtBlock)) {

@@ -213,23 +213,13 @@ ZtPiece ZtFormatNumber(unsigned long long number, char* buffer) {
   return {buffer, static_cast<std::size_t>(end - buffer)};
 }
 
-// Mostly one comparison of eight bytes tells.
 unsigned ZtEnumTable::Find(ZtPiece value) const {
-  const std::uint64_t word = ZtWord(value);
   for (unsigned i = 0; i < searched; ++i) {
     const ZtPiece slot = slots[i].Piece();
     const bool fits = byPrefix ? slot.size <= value.size : slot.size == value.size;
-    if (!fits) continue;
-    if (slot.size < sizeof(word)) {
-      const std::uint64_t differ = word ^ ZtGet<std::uint64_t>(slot.text);
-      char bytes[sizeof(differ)];
-      ZtPut(bytes, differ);
-      if (std::memcmp(bytes, "\0\0\0\0\0\0\0", slot.size) != 0) continue;
-    } else if (word != ZtGet<std::uint64_t>(slot.text) ||
-               !ZtSameBytes(slot.text, value.text, slot.size)) {
-      continue;
+    if (fits && *slot.text == *value.text && ZtSameBytes(slot.text, value.text, slot.size)) {
+      return respelt ? i % count : i;
     }
-    return respelt ? i % count : i;
   }
   return noMatch;
 }
@@ -301,16 +291,18 @@ const ZtField* ZtFindChild(const ZtElementType& type, ZtNameId name) {
 }
 
 const ZtField* ZtSearchChild(const ZtElementType& type, const ZtField*& next, ZtPaddedPiece name) {
-  const ZtField* const begin = type.children();
-  const ZtField* const end = type.end();
-  for (auto left = end - begin; left; --left) {
-    if (next == end) next = begin;
-    const ZtField* const row = next;
-    if (row->HasName() && row->name.Is(name))
-      return row->IsText() || row->IsObject() ? row : nullptr;
-    ++next;
+  const auto find = [name](const ZtField* row, const ZtField* end) {
+    while (row != end && !(row->name.Is(name) && row->HasName())) ++row;
+    return row;
+  };
+  const ZtField* row = find(next, type.end());
+  if (row == type.end()) {
+    row = find(type.children(), next);
+    if (row == next) return nullptr;
   }
-  return nullptr;
+  if (!row->IsText() && !row->IsObject()) return nullptr;
+  next = row->Repeats() ? row : row + 1;
+  return row;
 }
 
 const ZtChoice* ZtFindNamed(const ZtChoice* choices, ZtNameId name) {

@@ -79,8 +79,11 @@ const ZtField* ZtSearchChild(const ZtElementType& type, const ZtField*& next, Zt
 [[gnu::always_inline]] inline const ZtField* ZtNextChild(const ZtElementType& type,
                                                          const ZtField*& next, ZtPaddedPiece name) {
   const ZtField* const due = next;
-  if (due != type.end() && (due->IsText() || due->IsObject()) && due->name.Is(name)) return due;
-  return ZtSearchChild(type, next, name);
+  if (due == type.end() || !(due->IsText() || due->IsObject()) || !due->name.Is(name)) {
+    return ZtSearchChild(type, next, name);
+  }
+  if (!due->Repeats()) ++next;
+  return due;
 }
 // The choice that the type has for the child element `name`, or null; and in a table that ends with
 // none, the choice that names it.

@@ -221,6 +221,10 @@ struct ZtField {
   constexpr bool IsText() const {
     return place == ZtPlace::kTextElement || place == ZtPlace::kTextElements;
   }
+  // Whether the element may occur again and again.
+  constexpr bool Repeats() const {
+    return place == ZtPlace::kChildren || place == ZtPlace::kTextElements;
+  }
   constexpr bool HasName() const { return place < ZtPlace::kOtherChild; }
 
  private:

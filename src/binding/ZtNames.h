@@ -83,11 +83,16 @@ inline bool ZtNameId::Is(ZtPiece text) const {
 inline bool ZtNameId::Is(ZtPaddedPiece text) const {
   if (text.size != kZtNameSizes[m_Id]) return false;
   const char* const own = Text();
-  if (!kZtHasVectors || text.size > sizeof(ZtBlock)) {
-    return std::memcmp(own, text.text, text.size) == 0;
-  }
-  const auto differ = ZtGet<ZtBlock>(own) != ZtGet<ZtBlock>(text.text);
-  return ZtBits(reinterpret_cast<ZtBlock>(differ)) << (32 - text.size) == 0;
+  if (!kZtHasVectors) return std::memcmp(own, text.text, text.size) == 0;
+  const auto differ = [](const char* a, const char* b) {
+    return ZtBits(reinterpret_cast<ZtBlock>(ZtGet<ZtBlock>(a) != ZtGet<ZtBlock>(b)));
+  };
+  constexpr std::size_t kBlock = sizeof(ZtBlock);
+  const unsigned first = differ(own, text.text);
+  if (text.size <= kBlock) return first << (32 - text.size) == 0;
+  const std::size_t last = text.size - kBlock;
+  if (first || differ(own + last, text.text + last)) return false;
+  return text.size <= 2 * kBlock || std::memcmp(own, text.text, text.size) == 0;
 }
 
 inline ZtPaddedPiece ZtNameId::Piece() const {

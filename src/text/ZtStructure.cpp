@@ -88,7 +88,7 @@ void ByVectors(const char* text, ZtSigns& found) { ZtFindSignsPlain(text, 1, &fo
   for (const ZtSigns* const end = found + count; found != end; ++found, text += 64) {
     __m256i tags[2];
     __m256i signs[2];
-    for (int i = 0; i < 2; ++i) {
+    for (std::size_t i = 0; i < 2; ++i) {
       const __m256i bytes = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(text + 32 * i));
       tags[i] = _mm256_cmpeq_epi8(bytes, tag);
       signs[i] = _mm256_or_si256(_mm256_cmpeq_epi8(_mm256_or_si256(bytes, quoteBits), quote),
