@@ -15,33 +15,32 @@ mkdir "$copy/tests/golden/documents/DialogInfo"
 
 # What a document of seven types and four enumerations may cost.
 awk -v copy="$copy" -v blocks=14 -v steps=8 -v lines=328 -v additions=23 '
-  # The comment before a block says what becomes of it.
-  /^<!-- (file|append): [^ ]+ -->$/ { what = $2; file = copy "/" $3; next }
-  /^## Adding to a document$/ { adding = 1 }
-  /^### [0-9]+\. / && $2 != ++step "." { Fail("step " step " is called " $2) }
-  /^<!-- (insert|replace): [^ ]+ (after|before|line): .* -->$/ {
-    what = $4
-    file = copy "/" $3
-    where = $0
-    sub(/^<!-- [a-z]+: [^ ]+ [a-z]+: /, "", where)
-    sub(/ -->$/, "", where)
+  # The line before a block says what becomes of it.
+  /^New file `[^`]+`:$/ { Takes("file"); next }
+  /^At the end of `[^`]+`:$/ { Takes("end"); next }
+  /^In `[^`]+`, (after|before|instead of) `[^`]+`:$/ {
+    Takes($0 ~ /`, after `/ ? "after" : $0 ~ /`, before `/ ? "before" : "instead")
     next
   }
+  /^## Adding to a document$/ { adding = 1 }
+  /^### [0-9]+\. / && $2 != ++step "." { Fail("step " step " is called " $2) }
   what != "" && !inside && /^```/ { inside = 1; block = ""; next }
   inside && /^```$/ {
-    if (what == "file:") {
+    if (what == "file") {
       printf "%s", block >file
-    } else if (what == "append:") {
+    } else if (what == "end") {
       printf "%s", block >>file
     } else {
       text = ""
       found = 0
       while ((getline line <file) > 0) {
-        if (line != where) { text = text line "\n"; continue }
+        bare = line
+        sub(/^ +/, "", bare)
+        if (bare != where) { text = text line "\n"; continue }
         ++found
-        if (what == "after:") text = text line "\n"
+        if (what == "after") text = text line "\n"
         text = text block
-        if (what == "before:") text = text line "\n"
+        if (what == "before") text = text line "\n"
       }
       close(file)
       if (found != 1) Fail("not one line \"" where "\" in " file)
@@ -65,6 +64,12 @@ awk -v copy="$copy" -v blocks=14 -v steps=8 -v lines=328 -v additions=23 '
     if (added_to != additions) Fail(added_to + 0 " additions, not " additions)
     if (step > steps) Fail("more than " steps " steps")
     if (added > lines) Fail("more than " lines " lines in src/ and include/")
+  }
+  function Takes(how) {
+    split($0, parts, "`")
+    file = copy "/" parts[2]
+    where = parts[4]
+    what = how
   }
   function Fail(text) { print "CONTRIBUTING.md: " text >"/dev/stderr"; failed = 1; exit 1 }
 ' CONTRIBUTING.md
