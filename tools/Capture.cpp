@@ -109,7 +109,7 @@ class Reader {
       ReadLog();
     }
     if (!m_iLines) return;
-    Note("skipped", std::to_string(m_iLines) + " lines that belong to no message", m_FirstLine);
+    Note("skipped", "lines that belong to no message: " + std::to_string(m_iLines), m_FirstLine);
   }
 
  private:

@@ -76,9 +76,8 @@ class Checker {
     m_Progress.Update(m_iFiles++);
     std::vector<Document> documents;
     Failure failure;
-    const bool isStrict = m_Reading.skipping == Skipping::kRefused;
-    const bool opened = ReadDocuments(path, m_Reading.isStandard, documents, failure,
-                                      isStrict ? Skipping::kRefused : Skipping::kListed);
+    const bool opened =
+        ReadDocuments(path, m_Reading.isStandard, documents, failure, Skipping::kListed);
     for (const Document& document : documents) CheckDocument(document);
     if (!opened) Refuse(NameOfInput(path), failure);
   }
@@ -98,8 +97,7 @@ class Checker {
  private:
   void CheckDocument(const Document& document) {
     if (!document.IsDocument()) {
-      m_iSkipped += document.kind == Document::Kind::kSkipped;
-      if (!m_Checks.quiet) Print(document.name, document.fault);
+      Tell(document);
       return;
     }
     std::vector<ztxml::Loss> losses;
@@ -124,6 +122,16 @@ class Checker {
     } else if (!m_Checks.losses || losses.empty()) {
       Accept(document, *tree.schema, verdict);
     }
+  }
+  // Tells of what is no document.
+  void Tell(const Document& document) {
+    const bool isSkipped = document.kind == Document::Kind::kSkipped;
+    if (isSkipped && m_Reading.skipping == Skipping::kRefused) {
+      Refuse(document.name, {"capture", document.fault.what, document.fault.at});
+      return;
+    }
+    m_iSkipped += isSkipped;
+    if (!m_Checks.quiet) Print(document.name, document.fault);
   }
   void Tell(const Document& document, const std::vector<ztxml::Loss>& losses) {
     m_iLossy += !losses.empty();
