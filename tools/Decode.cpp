@@ -170,6 +170,7 @@ bool Decoder::Compressed(bool mayLackHeader) {
   // "deflate" has a header by the standard and none by some who send it.
   if (!inflated && mayLackHeader && m_Text.empty()) {
     m_Rest = start;
+    m_Reason.clear();
     inflated = Inflate(-15);
   }
   while (inflated && StartsWith(m_Rest, "\x1f\x8b")) inflated = Inflate(kAnyHeader);

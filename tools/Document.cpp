@@ -65,21 +65,6 @@ void TakeOutSkipped(std::vector<Document>& documents, std::size_t first, Skippin
 
 }  // namespace
 
-Position PositionAfter(std::string_view passed, Position start) {
-  const std::size_t last = passed.rfind('\n');
-  if (last != std::string_view::npos) {
-    start.line += static_cast<std::size_t>(std::count(passed.begin(), passed.end(), '\n'));
-    start.column = 1;
-    passed.remove_prefix(last + 1);
-  }
-  for (const char c : passed) start.column += (static_cast<unsigned char>(c) & 0xc0) != 0x80;
-  return start;
-}
-
-std::string ToString(Position position) {
-  return std::to_string(position.line) + ':' + std::to_string(position.column);
-}
-
 std::string Describe(const std::string& name, const Failure& failure) {
   std::string text = Escape(name);
   if (failure.at.line) {

@@ -7,30 +7,14 @@
 #include <string_view>
 #include <vector>
 
+#include "Position.h"
+
 enum ExitStatus : int {
   kDone = 0,
   kCannotRead = 1,  ///< a document was refused
   kUsage = 2,
   kCannotWrite = 3
 };
-
-/// A place in a file: lines and, in them, characters of UTF-8, both counted from 1. Line 0: none.
-struct Position {
-  std::size_t line = 0;
-  std::size_t column = 0;
-
-  bool operator==(const Position& other) const {
-    return line == other.line && column == other.column;
-  }
-  bool operator<(const Position& other) const {
-    return line != other.line ? line < other.line : column < other.column;
-  }
-};
-
-/// The place after `passed`, which begins at `start`.
-Position PositionAfter(std::string_view passed, Position start);
-/// "3:17".
-std::string ToString(Position position);
 
 /// Why a document was refused, or what is wrong with it.
 struct Failure {
