@@ -15,9 +15,16 @@
 namespace {
 
 constexpr char kFooter[] =
-    R"(Files are documents, or messages as captured: SIP or HTTP with headers and a body, or a MIME
-entity. Of a message every XML body is taken, also in multipart and CPIM bodies. Its Content-Type
-tells the schema; without one, or in a document, the root element does.
+    R"(Files are documents, also several in a row, or messages as captured: SIP or HTTP with headers and
+a body, one after another, perhaps with lines of a log between them, or a MIME entity. Of a message
+every XML body is taken, also in multipart and CPIM bodies, and in base64, quoted-printable, gzip,
+deflate or chunks. Its Content-Type tells the schema; without one, or in a document, the root
+element does. Each of several documents of a file is called by its number, FILE#3.
+
+A message without an XML body is skipped; so are lines that belong to no message. "check" has a line
+for what is skipped, otherwise standard error tells. --require-document refuses such messages. Other
+files are refused, and called what they are: a gzip file, JSON. Of a body that was decoded, line and
+column are its own. With -r the files in directories are taken.
 
 What is refused is told as FILE:LINE:COLUMN: KIND: REASON. Columns count characters. What cannot be
 written has its path in place of line and column. Kinds: file, capture (headers and bodies); of the
