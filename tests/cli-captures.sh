@@ -78,6 +78,7 @@ expect 1 'bomb.txt:2:1: capture: the body is encoded ("gzip"): it has more than 
   printf 'SIP/2.0 200 OK\r\n' | message "$notify" message/sipfrag
   printf '%s\nc: %s\n\n%s\n09:00:04 sent\n' "$notify" "$xml" "$(gruu b)"
   printf '09:00:05 a document: <?xml version="1.0"?>\n%s\n' "$(gruu c)"
+  printf 'BYE sip:a SIP/2.0\nCSeq: 2 BYE\n\n09:00:06 a document on a line of its own\n  %s\n' "$(gruu g)"
   printf '%s\nl: 900\nc: %s\n\n%s\n' "$notify" "$xml" "$(gruu d)"
   printf '%s\nbad header\nc: %s\n\n%s\n' "$notify" "$xml" "$(gruu e)"
   message "$notify" "$xml" < <(gruu f)
@@ -87,14 +88,16 @@ checks '(standard input)#1: ok, Gruu
 (standard input):12:1: skipped: no XML body (but "message/sipfrag")
 (standard input)#2: ok, Gruu
 (standard input)#3: ok, Gruu
-(standard input):24:1: capture: the Content-Length is "900", the body has 20 bytes, which are all used
+(standard input):24:1: skipped: no XML body
 (standard input)#4: ok, Gruu
-(standard input)#5:30:1: capture: not a header: "bad header"
-(standard input)#6: ok, Gruu
-(standard input):1:1: skipped: lines that belong to no message: 5
-documents: 5 ok, 1 refused, 0 faulty; messages without one: 2' 1 <log.txt
+(standard input):29:1: capture: the Content-Length is "900", the body has 20 bytes, which are all used
+(standard input)#5: ok, Gruu
+(standard input)#6:35:1: capture: not a header: "bad header"
+(standard input)#7: ok, Gruu
+(standard input):1:1: skipped: lines that belong to no message: 6
+documents: 6 ok, 1 refused, 0 faulty; messages without one: 3' 1 <log.txt
 expect 1 ":12:1: skipped: no XML body" "$ztxml" namespaces log.txt
-expect 1 "log.txt#5:30:1: capture: not a header" "$ztxml" events --require-document log.txt
+expect 1 "log.txt#6:35:1: capture: not a header" "$ztxml" events --require-document log.txt
 expect 0 "" "$ztxml" check -q - <<<"BYE sip:ada@example.com SIP/2.0"
 checks '(standard input):1:1: capture: no XML body
 documents: 0 ok, 1 refused, 0 faulty' 1 -q --require-document <<<"BYE sip:ada@example.com SIP/2.0"

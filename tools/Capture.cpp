@@ -179,28 +179,31 @@ class Reader {
         ReadMessage(true);
         continue;
       }
-      std::string_view rest = m_Rest;
-      const std::string_view line = NextLine(rest);
-      const std::string_view trimmed = Trim(line);
-      const char first = trimmed.size() > 1 ? trimmed[1] : '\0';
-      const bool isPriority = first >= '0' && first <= '9' && !StartsWith(trimmed, "<3gpp");
-      std::size_t begin = line.find("<?xml version");
-      if (BeginsDocument(trimmed) && !isPriority) {
-        begin = static_cast<std::size_t>(trimmed.data() - line.data());
-      }
-      if (begin == std::string_view::npos || begin > 0) {
-        if (!Trim(line.substr(0, begin)).empty()) PassLine(line);
-      }
-      if (begin == std::string_view::npos) {
-        m_Rest = rest;
-        continue;
-      }
-      m_Rest.remove_prefix(begin);
+      const std::size_t size = SizeOfLine();
+      if (!Trim(m_Rest.substr(0, size)).empty()) PassLine();
+      m_Rest.remove_prefix(size);
+      if (!IsDocumentInLog(m_Rest)) continue;
       TakeDocument(SizeWithRest(UpToNext(m_Rest), true), "");
     }
   }
-  void PassLine(std::string_view line) {
-    if (!m_iLines++) m_FirstLine = m_Places.At(line.data());
+  // Of a line up to its end, or to a document in it. The line may be long and have many of them.
+  std::size_t SizeOfLine() const {
+    std::size_t at = std::min(m_Rest.find_first_not_of(" \t\r"), m_Rest.size());
+    if (IsDocumentInLog(m_Rest.substr(at))) return at;
+    while (at < m_Rest.size() && m_Rest[at] != '\n') {
+      at = std::min(m_Rest.find_first_of("\n<", at + 1), m_Rest.size());
+      if (StartsWith(m_Rest.substr(at), "<?xml version")) return at;
+    }
+    return std::min(at + 1, m_Rest.size());
+  }
+  // Lines of system logs begin with numbers in angle brackets.
+  static bool IsDocumentInLog(std::string_view text) {
+    const char first = text.size() > 1 ? text[1] : '\0';
+    const bool isPriority = first >= '0' && first <= '9' && !StartsWith(text, "<3gpp");
+    return BeginsDocument(text) && !isPriority;
+  }
+  void PassLine() {
+    if (!m_iLines++) m_FirstLine = m_Places.At(m_Rest.data());
   }
 
   // ---- Messages ---------------------------------------------------------------------------------
@@ -331,20 +334,26 @@ class Reader {
     if (!headers.type.empty() && !ParseContentType(headers.type, content)) {
       return Fail(start, "the Content-Type is malformed: " + QuoteShort(headers.type));
     }
-    const bool isWanted = content.type.empty()
-                              ? !Trim(body).empty()
-                              : content.IsXml() || content.IsMultipart() || content.IsMessage();
-    if (!isWanted) {
-      Skip(start, content.type, nesting);
-      return true;
-    }
     std::vector<std::string> codings = ListOf(headers.encoding);
     for (const std::string* more : {&headers.transfer, &headers.chunks}) {
       const std::vector<std::string> names = ListOf(*more);
       codings.insert(codings.end(), names.begin(), names.end());
     }
+    const bool isWanted = content.type.empty()
+                              ? !Trim(body).empty()
+                              : content.IsXml() || content.IsMultipart() || content.IsMessage();
+    const bool isMarkup = StartsWith(Trim(body), "<");
+    if (!isBounded && headers.length.empty() && headers.type.empty() && codings.empty() &&
+        !isMarkup) {
+      Continue(body.substr(0, 0));  // they are lines of the log
+      return true;
+    }
+    if (!isWanted) {
+      Skip(start, content.type, nesting);
+      return true;
+    }
     if (!codings.empty()) return ReadDecoded(start, content, codings, body, nesting, isBounded);
-    const bool isXml = content.IsXml() || (content.type.empty() && StartsWith(Trim(body), "<"));
+    const bool isXml = content.IsXml() || (content.type.empty() && isMarkup);
     if (isXml && !isBounded) {
       body = body.substr(0, SizeWithRest(body, true));
       Continue(body);

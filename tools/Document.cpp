@@ -30,7 +30,7 @@ const char* ReadFile(const std::string& path, std::string& text) {
   const auto status = std::filesystem::status(path, error);
   if (status.type() == std::filesystem::file_type::not_found) return "no such file";
   if (std::filesystem::is_directory(status)) {
-    std::filesystem::directory_iterator(path, error);
+    const std::filesystem::directory_iterator entries(path, error);
     return error ? "a directory that cannot be read" : "a directory (-r takes the files in it)";
   }
   std::ifstream file(path, std::ios::binary);
