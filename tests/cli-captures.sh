@@ -33,7 +33,7 @@ zlib() {
   cat >plain
   printf '\x78\x9c'
   bare <plain
-  printf "$(od -An -v -tu1 plain | awk '{ for (i = 1; i <= NF; ++i) { a = (a + $i) % 65521; b = (b + a + 1) % 65521 } n += NF }
+  printf "$(od -An -v -tu1 plain | awk '{ for (i = 1; i <= NF; ++i) { a = (a + $i) % 65521; b = (b + a + 1) % 65521 } }
     END { printf "\\x%02x\\x%02x\\x%02x\\x%02x", b / 256, b % 256, (a + 1) / 256, (a + 1) % 256 }')"
 }
 gruu 'ä=1' >plain.xml

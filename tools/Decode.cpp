@@ -66,7 +66,6 @@ bool IsSpace(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; }
 bool Decoder::Base64() {
   unsigned bits = 0;
   unsigned digits = 0;
-  std::string part;
   while (!m_Rest.empty() && m_Rest[0] != '=') {
     const char c = m_Rest[0];
     if (!IsSpace(c)) {

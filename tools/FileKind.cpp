@@ -53,7 +53,9 @@ bool IsJson(std::string_view text) {
   const std::size_t next = text.find_first_not_of(" \t\r\n", begin + 1);
   const std::size_t last = text.find_last_not_of(" \t\r\n");
   if (next == std::string_view::npos || text[last] != (isList ? ']' : '}')) return false;
-  return isList || text[next] == '"' || next == last;
+  constexpr std::string_view kBeginsEntry = "{[\"]";
+  return isList ? kBeginsEntry.find(text[next]) != std::string_view::npos
+                : text[next] == '"' || next == last;
 }
 
 }  // namespace
