@@ -1,18 +1,17 @@
-// Captured messages: SIP or HTTP with headers and a body, or a MIME entity. Their XML bodies are
-// the documents, also inside multipart and CPIM bodies (RFC 2046, RFC 3862).
+// Texts with several documents: captured messages, SIP or HTTP with headers and a body, or a MIME
+// entity, of which every XML body is one, also inside multipart and CPIM bodies (RFC 2046,
+// RFC 3862) and encoded; logs of such messages; documents one after another.
 #ifndef ZTXML_TOOLS_CAPTURE_H
 #define ZTXML_TOOLS_CAPTURE_H
 
-#include <string_view>
 #include <vector>
 
 #include "Document.h"
 
-/// Whether `text` begins like a message, with a request line, a status line or a header.
-bool IsCapture(std::string_view text);
-
-/// Adds the XML bodies of the message `capture`, of which there is at least one, with their content
-/// types. False with the failure.
+/// Adds the documents of `capture` in its order, with the content types of messages: all that have
+/// a text; those that cannot be had from their messages, as refused; what is passed over, as
+/// skipped or noted. Documents, if there are several, have their numbers in their names. False,
+/// with the failure, when there is nothing of all that.
 bool ReadCapture(const Document& capture, std::vector<Document>& bodies, Failure& failure);
 
 #endif  // ZTXML_TOOLS_CAPTURE_H

@@ -76,7 +76,8 @@ class Checker {
     m_Progress.Update(m_iFiles++);
     std::vector<Document> documents;
     Failure failure;
-    const bool opened = ReadDocuments(path, m_Reading.isStandard, documents, failure);
+    const bool opened =
+        ReadDocuments(path, m_Reading.isStandard, documents, failure, Skipping::kListed);
     for (const Document& document : documents) CheckDocument(document);
     if (!opened) Refuse(NameOfInput(path), failure);
   }
@@ -87,6 +88,7 @@ class Checker {
       std::cout << "documents: " << m_iSound << " ok, " << m_iRefused << " refused, " << m_iFaulty
                 << " faulty";
       if (m_Checks.losses) std::cout << ", " << m_iLossy << " with losses";
+      if (m_iSkipped) std::cout << "; messages without one: " << m_iSkipped;
       std::cout << '\n';
     }
     return allSound ? kDone : kCannotRead;
@@ -94,6 +96,10 @@ class Checker {
 
  private:
   void CheckDocument(const Document& document) {
+    if (!document.IsDocument()) {
+      Tell(document);
+      return;
+    }
     std::vector<ztxml::Loss> losses;
     Reading reading = m_Reading;
     if (m_Checks.losses || m_Checks.strict) reading.losses = &losses;
@@ -116,6 +122,16 @@ class Checker {
     } else if (!m_Checks.losses || losses.empty()) {
       Accept(document, *tree.schema, verdict);
     }
+  }
+  // Tells of what is no document.
+  void Tell(const Document& document) {
+    const bool isSkipped = document.kind == Document::Kind::kSkipped;
+    if (isSkipped && m_Reading.skipping == Skipping::kRefused) {
+      Refuse(document.name, {"capture", document.fault.what, document.fault.at});
+      return;
+    }
+    m_iSkipped += isSkipped;
+    if (!m_Checks.quiet) Print(document.name, document.fault);
   }
   void Tell(const Document& document, const std::vector<ztxml::Loss>& losses) {
     m_iLossy += !losses.empty();
@@ -170,6 +186,7 @@ class Checker {
   std::size_t m_iRefused = 0;
   std::size_t m_iFaulty = 0;  // read, but faulty as XML, or by its schema
   std::size_t m_iLossy = 0;
+  std::size_t m_iSkipped = 0;  // messages without a document
 };
 
 }  // namespace

@@ -5,49 +5,65 @@
 #include <filesystem>
 #include <fstream>
 #include <iostream>
-#include <iterator>
 #include <system_error>
 
 #include "Capture.h"
+#include "FileKind.h"
 #include "Text.h"
 
 namespace {
 
+constexpr std::size_t kMostBytes = INT_MAX - 1;
+
 // Null, or why there is no text.
+const char* ReadAll(std::istream& from, std::string& text) {
+  std::vector<char> block(1 << 16);
+  while (from.read(block.data(), static_cast<std::streamsize>(block.size())), from.gcount() > 0) {
+    text.append(block.data(), static_cast<std::size_t>(from.gcount()));
+    if (text.size() > kMostBytes) return "more than 2 GB";
+  }
+  return from.bad() ? "cannot be read whole" : nullptr;
+}
+
 const char* ReadFile(const std::string& path, std::string& text) {
   std::error_code error;
   const auto status = std::filesystem::status(path, error);
   if (status.type() == std::filesystem::file_type::not_found) return "no such file";
-  if (std::filesystem::exists(status) && !std::filesystem::is_regular_file(status)) {
-    return "not a regular file (for standard input give - instead)";
+  if (std::filesystem::is_directory(status)) {
+    const std::filesystem::directory_iterator entries(path, error);
+    return error ? "a directory that cannot be read" : "a directory (-r takes the files in it)";
   }
   std::ifstream file(path, std::ios::binary);
   if (!file) return "cannot be opened";
-  text.assign(std::istreambuf_iterator<char>(file), {});
-  return file.bad() || text.empty() ? "empty, or cannot be read whole" : nullptr;
+  return ReadAll(file, text);
 }
 
-const char* ReadStandardInput(std::string& text) {
-  text.assign(std::istreambuf_iterator<char>(std::cin), {});
-  return std::cin.bad() ? "cannot be read whole" : nullptr;
+// A text up to its first NUL byte.
+void Cut(Document& document) {
+  const std::size_t end = document.text.find('\0');
+  if (end == std::string::npos) return;
+  document.cut = true;
+  document.text.resize(end);
+}
+
+// Takes what is no document out of `documents` from `first` on, and tells of it.
+void TakeOutSkipped(std::vector<Document>& documents, std::size_t first, Skipping skipping) {
+  const auto begin = documents.begin() + static_cast<std::ptrdiff_t>(first);
+  if (skipping == Skipping::kRefused) {
+    for (auto item = begin; item != documents.end(); ++item) {
+      if (item->kind != Document::Kind::kSkipped) continue;
+      item->kind = Document::Kind::kRefused;
+      item->fault.kind = "capture";
+    }
+  }
+  const auto isOther = [](const Document& item) {
+    if (!item.IsDocument()) Report(item.name, item.fault);
+    return !item.IsDocument();
+  };
+  documents.erase(std::remove_if(begin, documents.end(), isOther), documents.end());
 }
 
 }  // namespace
-
-Position PositionAfter(std::string_view passed, Position start) {
-  const std::size_t last = passed.rfind('\n');
-  if (last != std::string_view::npos) {
-    start.line += static_cast<std::size_t>(std::count(passed.begin(), passed.end(), '\n'));
-    start.column = 1;
-    passed.remove_prefix(last + 1);
-  }
-  for (const char c : passed) start.column += (static_cast<unsigned char>(c) & 0xc0) != 0x80;
-  return start;
-}
-
-std::string ToString(Position position) {
-  return std::to_string(position.line) + ':' + std::to_string(position.column);
-}
 
 std::string Describe(const std::string& name, const Failure& failure) {
   std::string text = Escape(name);
@@ -77,24 +93,21 @@ int Refuse(const std::string& name, const Failure& failure, ExitStatus status) {
 std::string NameOfInput(const std::string& path) { return path == "-" ? "(standard input)" : path; }
 
 bool ReadDocuments(const std::string& path, bool allBytes, std::vector<Document>& documents,
-                   Failure& failure) {
-  Document document;
-  document.name = NameOfInput(path);
-  std::string& text = document.text;
-  const char* why = path == "-" ? ReadStandardInput(text) : ReadFile(path, text);
-  if (!why && text.size() >= INT_MAX) why = "cannot be read whole";
-  const std::size_t end = allBytes ? std::string::npos : text.find('\0');
-  if (end != std::string::npos) {
-    document.cut = true;
-    text.resize(end);
-  }
-  if (!why && text.empty()) why = "empty";
+                   Failure& failure, Skipping skipping) {
+  Document file;
+  file.name = NameOfInput(path);
+  const char* why = path == "-" ? ReadAll(std::cin, file.text) : ReadFile(path, file.text);
+  if (!why && file.text.empty()) why = "empty";
+  if (!why) why = KindOfFile(file.text);
   if (why) {
     failure = {"file", why};
     return false;
   }
-  if (IsCapture(document.text)) return ReadCapture(document, documents, failure);
-  documents.push_back(std::move(document));
+  const std::size_t first = documents.size();
+  if (!ReadCapture(file, documents, failure)) return false;
+  if (!allBytes)
+    std::for_each(documents.begin() + static_cast<std::ptrdiff_t>(first), documents.end(), Cut);
+  if (skipping != Skipping::kListed) TakeOutSkipped(documents, first, skipping);
   return true;
 }
 
@@ -110,6 +123,36 @@ bool ReadOneDocument(const std::string& path, bool allBytes, const char* use, Do
                                               " XML bodies, of which only one can be " + use});
     return false;
   }
+  if (documents.empty() || documents[0].kind == Document::Kind::kRefused) {
+    const Failure none = {"capture", "no XML body", {1, 1}};
+    Refuse(NameOfInput(path), documents.empty() ? none : documents[0].fault);
+    return false;
+  }
   document = std::move(documents[0]);
   return true;
+}
+
+std::vector<std::string> FilesIn(const std::vector<std::string>& paths) {
+  std::vector<std::string> files;
+  for (const std::string& path : paths) {
+    std::error_code error;
+    if (path == "-" || !std::filesystem::is_directory(path, error)) {
+      files.push_back(path);
+      continue;
+    }
+    const auto before = static_cast<std::ptrdiff_t>(files.size());
+    std::filesystem::recursive_directory_iterator entry(path, error);
+    for (; !error && entry != std::filesystem::recursive_directory_iterator();
+         entry.increment(error)) {
+      std::error_code unknown;
+      if (entry->is_regular_file(unknown)) files.push_back(entry->path().string());
+    }
+    std::sort(files.begin() + before, files.end());
+    if (error) {
+      files.push_back(path);  // so that it is told that it cannot be read
+    } else if (before == static_cast<std::ptrdiff_t>(files.size())) {
+      Report(path, {"skipped", "no file is in this directory"});
+    }
+  }
+  return files;
 }

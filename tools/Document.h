@@ -7,6 +7,8 @@
 #include <string_view>
 #include <vector>
 
+#include "Position.h"
+
 enum ExitStatus : int {
   kDone = 0,
   kCannotRead = 1,  ///< a document was refused
@@ -14,32 +16,34 @@ enum ExitStatus : int {
   kCannotWrite = 3
 };
 
-/// A place in a file: lines and, in them, characters of UTF-8, both counted from 1. Line 0: none.
-struct Position {
-  std::size_t line = 0;
-  std::size_t column = 0;
-
-  bool operator==(const Position& other) const {
-    return line == other.line && column == other.column;
-  }
-  bool operator<(const Position& other) const {
-    return line != other.line ? line < other.line : column < other.column;
-  }
+/// Why a document was refused, or what is wrong with it.
+struct Failure {
+  /// What ztxml::Code calls it; of the tool's own "file", "capture", "tree", "skipped"; for a
+  /// document that is read but faulty, "well-formedness", "namespaces", "required" or "value".
+  const char* kind = "";
+  std::string what;
+  Position at = {};
+  std::string path = {};  ///< of the element that is open there, or of what cannot be written
 };
 
-/// The place after `passed`, which begins at `start`.
-Position PositionAfter(std::string_view passed, Position start);
-/// "3:17".
-std::string ToString(Position position);
-
-/// A whole document and what messages call it.
+/// A whole document and what messages call it; or what else is told of a capture.
 struct Document {
+  enum class Kind {
+    kText,
+    kRefused,  ///< cannot be had from its message
+    kSkipped,  ///< a message without a document
+    kNoted     ///< something else that is worth a line
+  };
+
   std::string name;
   std::string text;         ///< a NUL byte ends it, unless all bytes were asked for
   std::string contentType;  ///< lower case, "" when nothing tells
   Position start = {1, 1};  ///< of the text in its file
   bool cut = false;         ///< whether there is more, after a NUL byte
+  Kind kind = Kind::kText;
+  Failure fault = {};  ///< what is to be told, of all but a text
 
+  bool IsDocument() const { return kind == Kind::kText || kind == Kind::kRefused; }
   /// The place of the byte `offset`.
   Position At(std::size_t offset) const {
     return PositionAfter(std::string_view(text).substr(0, offset), start);
@@ -48,16 +52,6 @@ struct Document {
   Position At(std::size_t line, std::size_t column) const {
     return {start.line + line - 1, line == 1 ? start.column + column - 1 : column};
   }
-};
-
-/// Why a document was refused, or what is wrong with it.
-struct Failure {
-  /// What ztxml::Code calls it; of the tool's own "file", "capture", "tree"; for a document that is
-  /// read but faulty, "well-formedness", "namespaces", "required" or "value".
-  const char* kind = "";
-  std::string what;
-  Position at = {};
-  std::string path = {};  ///< of the element that is open there, or of what cannot be written
 };
 
 /// "name:line:column: kind: what", or with the path in place of the place when there is none.
@@ -73,13 +67,23 @@ int Refuse(const std::string& name, const Failure& failure, ExitStatus status = 
 /// What messages call `path`.
 std::string NameOfInput(const std::string& path);
 
-/// Adds what the file `path`, or standard input for "-", has: a document, or the XML bodies of a
-/// captured message. With `allBytes` NUL bytes, which UTF-16 has, are bytes like others. False with
-/// the failure; what was added before is kept.
+/// What becomes of messages that have no document.
+enum class Skipping {
+  kTold,    ///< standard error tells of each
+  kListed,  ///< each is among the documents, with what else is to be told
+  kRefused  ///< each counts as a document that cannot be read
+};
+
+/// Adds what the file `path`, or standard input for "-", has: a document, several, or the XML
+/// bodies of captured messages. With `allBytes` NUL bytes, which UTF-16 has, are bytes like others.
+/// False with the failure; what was added before is kept.
 bool ReadDocuments(const std::string& path, bool allBytes, std::vector<Document>& documents,
-                   Failure& failure);
+                   Failure& failure, Skipping skipping = Skipping::kTold);
 /// The one document that `path` has, all bytes of it or up to a NUL; false when it has none or
 /// several, which was reported. `use` tells what can be done with one only: "compared".
 bool ReadOneDocument(const std::string& path, bool allBytes, const char* use, Document& document);
+
+/// The paths with the files that are in directories, at any depth, in their place, sorted by name.
+std::vector<std::string> FilesIn(const std::vector<std::string>& paths);
 
 #endif  // ZTXML_TOOLS_DOCUMENT_H

@@ -49,7 +49,7 @@ class Merger {
   int MergeFile(const std::string& path) {
     std::vector<Document> documents;
     Failure failure;
-    const bool opened = ReadDocuments(path, true, documents, failure);
+    const bool opened = ReadDocuments(path, true, documents, failure, m_Reading.skipping);
     if (documents.size() > 1) LeaveOutOthers(documents);
     for (const Document& document : documents) {
       m_Status = std::max(m_Status, MergeDocument(document));
@@ -76,15 +76,25 @@ class Merger {
   }
 
  private:
-  // The message of a resource list has the states of the resources beside the list.
+  // The message of a resource list has the states of the resources beside the list, a capture what
+  // else was sent.
   void LeaveOutOthers(std::vector<Document>& documents) const {
-    const auto isOther = [&](const Document& document) {
+    const XMLSchemaInfo* merged = m_Reading.schema;
+    for (const Document& document : documents) {
       const XMLSchemaInfo* const schema = FindSchemaOfType(document.contentType, "");
-      if (m_Reading.schema) return schema != m_Reading.schema;
-      return !schema || !TableOf(*schema);
+      if (!merged && schema && TableOf(*schema)) merged = schema;
+    }
+    const auto isOther = [&](const Document& document) {
+      if (document.kind == Document::Kind::kRefused || document.contentType.empty()) return false;
+      return FindSchemaOfType(document.contentType, "") != merged;
     };
-    if (std::all_of(documents.begin(), documents.end(), isOther)) return;
-    documents.erase(std::remove_if(documents.begin(), documents.end(), isOther), documents.end());
+    if (!merged || std::all_of(documents.begin(), documents.end(), isOther)) return;
+    const auto isTold = [&](const Document& document) {
+      if (!isOther(document)) return false;
+      Complain(document.name, "skipped: of the type " + QuoteShort(document.contentType));
+      return true;
+    };
+    documents.erase(std::remove_if(documents.begin(), documents.end(), isTold), documents.end());
   }
 
   int MergeDocument(const Document& document) {

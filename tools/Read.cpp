@@ -107,6 +107,10 @@ bool Tree::Update(std::string& text, Failure& failure) const {
 }
 
 bool ReadTree(const Document& document, const Reading& reading, Tree& tree, Failure& failure) {
+  if (document.kind != Document::Kind::kText) {
+    failure = document.fault;
+    return false;
+  }
   const XMLSchemaInfo* named = nullptr;
   std::string root;
   tree.schema = reading.schema;

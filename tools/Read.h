@@ -21,6 +21,7 @@ struct Reading {
   const XMLSchemaInfo* schema = nullptr;  ///< null: chosen by its content type or root element
   bool isStandard = false;                ///< in the standard profile
   bool keepsSource = false;               ///< so that it can be updated in place
+  Skipping skipping = Skipping::kTold;    ///< what becomes of messages without a document
   /// Gets what the types do not keep of a document that is read, unless null.
   std::vector<ztxml::Loss>* losses = nullptr;
 };

@@ -15,9 +15,16 @@
 namespace {
 
 constexpr char kFooter[] =
-    R"(Files are documents, or messages as captured: SIP or HTTP with headers and a body, or a MIME
-entity. Of a message every XML body is taken, also in multipart and CPIM bodies. Its Content-Type
-tells the schema; without one, or in a document, the root element does.
+    R"(Files are documents, also several in a row, or messages as captured: SIP or HTTP with headers and
+a body, one after another, perhaps with lines of a log between them, or a MIME entity. Of a message
+every XML body is taken, also in multipart and CPIM bodies, and in base64, quoted-printable, gzip,
+deflate or chunks. Its Content-Type tells the schema; without one, or in a document, the root
+element does. Each of several documents of a file is called by its number, FILE#3.
+
+A message without an XML body is skipped; so are lines that belong to no message. "check" has a line
+for what is skipped, otherwise standard error tells. --require-document refuses such messages. Other
+files are refused, and called what they are: a gzip file, JSON. Of a body that was decoded, line and
+column are its own. With -r the files in directories are taken.
 
 What is refused is told as FILE:LINE:COLUMN: KIND: REASON. Columns count characters. What cannot be
 written has its path in place of line and column. Kinds: file, capture (headers and bodies); of the
@@ -284,6 +291,9 @@ class CommandLine {
     command->add_option("FILE", m_Paths, "The documents; - is standard input")
         ->option_text("...")
         ->required();
+    command->add_flag("-r,--recursive", m_bRecursive, "Take the files in directories, sorted");
+    command->add_flag("--require-document", m_bRequiresDocument,
+                      "Refuse messages without a document, which are skipped else");
   }
   void AddSchema(CLI::App* command) {
     command->add_option("--schema", m_Schema, "A schema of ztxml schemas, for every document")
@@ -329,13 +339,17 @@ class CommandLine {
     reading.schema = m_Schema.empty() ? nullptr : FindSchema(m_Schema);
     reading.isStandard = m_bStandard || m_Checks.strict || m_pGet->parsed() || m_pEdit->parsed() ||
                          m_pMerge->parsed();
-    if (m_pCheck->parsed()) return Check(m_Paths, reading, m_Checks);
+    if (m_bRequiresDocument) reading.skipping = Skipping::kRefused;
+    const std::vector<std::string> paths = m_bRecursive ? FilesIn(m_Paths) : m_Paths;
+    if (m_pCheck->parsed()) return Check(paths, reading, m_Checks);
     if (m_pDiff->parsed()) return Diff(m_OldPath, m_NewPath, reading);
     if (m_pGet->parsed()) return Get(m_File, m_Path, reading);
-    if (m_pMerge->parsed()) return Merge(m_Paths, reading, m_bEvents);
+    if (m_pMerge->parsed()) return Merge(paths, reading, m_bEvents);
     if (m_pEdit->parsed()) return Edit(m_File, Changes(), reading);
     int status = kDone;
-    for (const std::string& path : m_Paths) status = std::max(status, RunFile(path, reading, log));
+    for (const std::string& path : paths) {
+      status = std::max(status, RunFile(path, paths.size() > 1, reading, log));
+    }
     return status;
   }
 
@@ -363,11 +377,13 @@ class CommandLine {
     return changes;
   }
 
-  int RunFile(const std::string& path, const Reading& reading, Log& log) const {
+  int RunFile(const std::string& path, bool isOneOfSeveral, const Reading& reading,
+              Log& log) const {
     std::vector<Document> documents;
     Failure failure;
-    const bool opened = ReadDocuments(path, reading.isStandard, documents, failure);
-    const bool several = m_Paths.size() > 1 || documents.size() > 1;
+    const bool opened =
+        ReadDocuments(path, reading.isStandard, documents, failure, reading.skipping);
+    const bool several = isOneOfSeveral || documents.size() > 1;
     const bool written = m_pRoundTrip->parsed();
     int status = kDone;
     for (const Document& document : documents) {
@@ -405,6 +421,8 @@ class CommandLine {
   bool m_bJson = false;
   bool m_bStandard = false;
   bool m_bEvents = false;
+  bool m_bRecursive = false;
+  bool m_bRequiresDocument = false;
   Checks m_Checks;
   std::vector<std::string> m_Paths;
   std::string m_File;
