@@ -9,6 +9,8 @@
 #include <system_error>
 
 #include "Capture.h"
+#include "PacketFile.h"
+#include "Packets.h"
 #include "Text.h"
 
 namespace {
@@ -83,6 +85,7 @@ bool ReadDocuments(const std::string& path, bool allBytes, std::vector<Document>
   std::string& text = document.text;
   const char* why = path == "-" ? ReadStandardInput(text) : ReadFile(path, text);
   if (!why && text.size() >= INT_MAX) why = "cannot be read whole";
+  if (!why && IsPacketFile(text)) return ReadPacketFile(document, allBytes, documents, failure);
   const std::size_t end = allBytes ? std::string::npos : text.find('\0');
   if (end != std::string::npos) {
     document.cut = true;

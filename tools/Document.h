@@ -7,6 +7,8 @@
 #include <string_view>
 #include <vector>
 
+#include "Origin.h"
+
 enum ExitStatus : int {
   kDone = 0,
   kCannotRead = 1,  ///< a document was refused
@@ -39,6 +41,7 @@ struct Document {
   std::string contentType;  ///< lower case, "" when nothing tells
   Position start = {1, 1};  ///< of the text in its file
   bool cut = false;         ///< whether there is more, after a NUL byte
+  Origin origin = {};       ///< of a message in a capture of packets
 
   /// The place of the byte `offset`.
   Position At(std::size_t offset) const {
@@ -74,8 +77,8 @@ int Refuse(const std::string& name, const Failure& failure, ExitStatus status = 
 std::string NameOfInput(const std::string& path);
 
 /// Adds what the file `path`, or standard input for "-", has: a document, or the XML bodies of a
-/// captured message. With `allBytes` NUL bytes, which UTF-16 has, are bytes like others. False with
-/// the failure; what was added before is kept.
+/// captured message or of the messages in a capture of packets. With `allBytes` NUL bytes, which
+/// UTF-16 has, are bytes like others. False with the failure; what was added before is kept.
 bool ReadDocuments(const std::string& path, bool allBytes, std::vector<Document>& documents,
                    Failure& failure);
 /// The one document that `path` has, all bytes of it or up to a NUL; false when it has none or
