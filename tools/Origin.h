@@ -17,7 +17,7 @@ struct Time {
 };
 
 struct Origin {
-  Time time;         ///< of the packet that the message begins in
+  Time time;         ///< when the message began to arrive, after all before it
   std::string from;  ///< "192.0.2.1:5060" or "[2001:db8::1]:5060"; "" when nothing tells
   std::string to;
 };

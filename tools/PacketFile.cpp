@@ -36,6 +36,10 @@ void TellUnread(const std::string& name, const Traffic& traffic) {
 // The bodies of one message. False when it cannot be read.
 bool ReadMessage(const PacketMessage& message, const std::string& name, bool allBytes,
                  std::vector<Document>& documents, std::size_t& withoutBody) {
+  if (message.hasNoBody) {
+    ++withoutBody;
+    return true;
+  }
   const std::size_t before = documents.size();
   Document capture;
   capture.name = name;

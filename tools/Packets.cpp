@@ -279,7 +279,7 @@ class Reader {
       ++m_Traffic.incompleteMessages;
     } else {
       m_Traffic.messages.push_back(
-          {{payload.time, ToString(payload.from), ToString(payload.to)}, std::string(text)});
+          {{payload.time, ToString(payload.from), ToString(payload.to)}, std::string(text), false});
     }
     return true;
   }

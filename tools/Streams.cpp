@@ -26,6 +26,8 @@ bool CutLine(std::string_view& text, std::string_view& line) {
 
 bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 
+bool IsMethodLetter(char c) { return (c >= 'A' && c <= 'Z') || c == '-' || c == '_'; }
+
 // "SIP/2.0 200 OK" after the version and a blank.
 bool IsStatus(std::string_view text) {
   return text.size() >= 3 && IsDigit(text[0]) && IsDigit(text[1]) && IsDigit(text[2]) &&
@@ -36,8 +38,8 @@ bool IsStatus(std::string_view text) {
 bool IsRequest(std::string_view text) {
   const std::size_t blank = text.substr(0, kMostMethod).find(' ');
   if (blank == kNone || blank == 0 || blank + 1 == text.size()) return false;
-  const auto isMethod = [](char c) { return (c >= 'A' && c <= 'Z') || c == '-' || c == '_'; };
-  return std::all_of(text.begin(), text.begin() + static_cast<std::ptrdiff_t>(blank), isMethod) &&
+  return std::all_of(text.begin(), text.begin() + static_cast<std::ptrdiff_t>(blank),
+                     IsMethodLetter) &&
          text.find(' ', blank + 1) == kNone;
 }
 
@@ -50,9 +52,31 @@ bool IsStartLine(std::string_view line, std::string_view version) {
   return line.back() == ' ' && IsRequest(line.substr(0, line.size() - 1));
 }
 
-bool IsSip(std::string_view line) { return IsStartLine(line, "SIP/2.0"); }
+constexpr std::string_view kVersions[] = {"SIP/2.0", "HTTP/1.1", "HTTP/1.0"};
+
+// Where a start line begins that ends with `line`: after a body that ends without a line end, it
+// begins within the line. kNone when there is none.
+std::size_t FindStartLine(std::string_view line) {
+  for (const std::string_view version : kVersions) {
+    if (IsStartLine(line, version)) return 0;
+    const std::size_t response = line.find(version);
+    if (response == kNone) continue;
+    if (IsStartLine(line.substr(response), version)) return response;
+    if (!EndsWith(line, version)) continue;
+    const std::size_t address =  // the blank after it
+        line.substr(0, line.size() - version.size()).rfind(' ');
+    if (address == kNone || address == 0) continue;
+    std::size_t method = line.rfind(' ', address - 1);
+    if (method == kNone) continue;
+    while (method > 0 && IsMethodLetter(line[method - 1])) --method;
+    if (IsStartLine(line.substr(method), version)) return method;
+  }
+  return kNone;
+}
+
+bool IsSip(std::string_view line) { return IsStartLine(line, kVersions[0]); }
 bool IsHttp(std::string_view line) {
-  return IsStartLine(line, "HTTP/1.1") || IsStartLine(line, "HTTP/1.0");
+  return IsStartLine(line, kVersions[1]) || IsStartLine(line, kVersions[2]);
 }
 
 // A record of TLS: type, version, length (RFC 8446, 5.1).
@@ -82,6 +106,7 @@ std::size_t ParseNumber(std::string_view text, unsigned base) {
 struct Extent {
   std::size_t size = 0;
   bool isWhole = false;
+  bool hasNoBody = false;  // whatever its headers say
 };
 
 // Finds the end of the message that `text` begins with. Where one is not whole, what was looked at
@@ -106,7 +131,7 @@ class Measure {
       ReadHeader(line);
     }
     if (!m_bSip && m_bResponse && (status[0] == '1' || status == "204" || status == "304")) {
-      return {OffsetOf(rest), true};
+      return {OffsetOf(rest), true, true};
     }
     return FindBody(rest);
   }
@@ -125,17 +150,21 @@ class Measure {
 
   Extent FindBody(std::string_view body) const {
     const std::size_t start = OffsetOf(body);
-    if (!m_bSip && m_bResponse && StartsWith(body, "HTTP/1.")) return {start, true};  // to HEAD
+    if (!m_bSip && m_bResponse && StartsWith(body, "HTTP/1.")) {
+      return {start, true, true};  // to HEAD
+    }
     if (!m_bSip && m_bChunked) return FindLastChunk(body);
     if (m_iLength != kNone) {
-      return m_iLength <= body.size() ? Extent{start + m_iLength, true} : Extent{start, false};
+      if (m_iLength > body.size()) return {start, false};
+      return {start + m_iLength, true};
     }
     if (!m_bSip && !m_bResponse) return {start, true};
     // The connection's end is the end, or what is a message again.
     std::string_view line;
     for (std::string_view rest = body; CutLine(rest, line);) {
       const auto at = static_cast<std::size_t>(line.data() - m_Text.data());
-      if (IsSip(line) || IsHttp(line)) return {at, true};
+      const std::size_t next = FindStartLine(line);
+      if (next != kNone) return {at + next, true};
     }
     return {m_Text.size(), !m_bEndsInGap};
   }
@@ -193,14 +222,12 @@ class Cutter {
       m_bEncrypted = isBetween && IsEncrypted(text);
       if (m_bEncrypted) break;
       if (!BeginsMessage(text)) {
-        const std::size_t size = std::min(text.find('\n'), text.size() - 1) + 1;
-        if (isBetween) m_iStray += size;
-        at += size;
+        at += Skip(text, isBetween);
         continue;
       }
       const Extent extent = Measure(text, run.endsInGap).Find();
       if (extent.isWhole) {
-        Add(run, at, text.substr(0, extent.size));
+        Add(run, at, text.substr(0, extent.size), extent.hasNoBody);
       } else {
         ++m_Traffic.incompleteMessages;
       }
@@ -210,13 +237,32 @@ class Cutter {
   }
   bool HasMessages() const { return m_bMessages; }
   bool IsEncryptedFromHere() const { return m_bEncrypted; }
-  std::size_t StrayBytes() const { return m_bMessages ? m_iStray : 0; }
+  // Of what was skipped. Where there is no message at all, they are of something else.
+  void CountSkipped() {
+    if (!m_bMessages) return;
+    m_Traffic.strayBytes += m_iStray;
+    m_Traffic.incompleteMessages += m_iBegun;
+  }
 
  private:
-  void Add(const Run& run, std::size_t at, std::string_view text) {
+  // How far a message may begin again. `isBetween` as above.
+  std::size_t Skip(std::string_view text, bool isBetween) {
+    std::string_view rest = text;
+    std::string_view line;
+    if (!CutLine(rest, line)) {  // the rest of it is missing
+      m_iBegun += isBetween;
+      return text.size();
+    }
+    const std::size_t start = FindStartLine(line);
+    const std::size_t size = start == kNone ? text.size() - rest.size() : start;
+    if (isBetween) m_iStray += size;
+    return size;
+  }
+
+  void Add(const Run& run, std::size_t at, std::string_view text, bool hasNoBody) {
     while (m_iTime + 1 < run.times.size() && run.times[m_iTime + 1].first <= at) ++m_iTime;
     m_Origin.time = run.times[m_iTime].second;
-    m_Traffic.messages.push_back({m_Origin, std::string(text)});
+    m_Traffic.messages.push_back({m_Origin, std::string(text), hasNoBody});
     m_bMessages = true;
   }
 
@@ -224,6 +270,7 @@ class Cutter {
   Traffic& m_Traffic;
   std::size_t m_iTime = 0;
   std::size_t m_iStray = 0;
+  std::size_t m_iBegun = 0;
   bool m_bMessages = false;
   bool m_bEncrypted = false;
 };
@@ -318,6 +365,7 @@ void Streams::FinishDirection(const std::string& key, Direction& direction) {
   run.isBegin = direction.hasBegin;
   std::int64_t end = direction.hasBegin ? direction.begin : pieces.front().at;
   bool looksEncrypted = false;
+  Time time;
   for (const Piece& piece : pieces) {
     const std::string_view bytes =
         std::string_view(direction.bytes).substr(piece.offset, piece.size);
@@ -331,7 +379,9 @@ void Streams::FinishDirection(const std::string& key, Direction& direction) {
       end = piece.at;
     }
     looksEncrypted = looksEncrypted || IsEncrypted(bytes);
-    run.times.emplace_back(run.text.size(), piece.time);
+    // Nothing is known to whom it is sent before what was sent earlier.
+    time = std::max(time, piece.time);
+    run.times.emplace_back(run.text.size(), time);
     run.text += bytes.substr(static_cast<std::size_t>(end - piece.at));
     end = piece.at + size;
   }
@@ -341,5 +391,5 @@ void Streams::FinishDirection(const std::string& key, Direction& direction) {
       cutter.IsEncryptedFromHere() || (looksEncrypted && !cutter.HasMessages());
   if (isEncrypted) m_Encrypted.insert(ConnectionOf(key, direction.connection));
   if (!isEncrypted || cutter.HasMessages()) m_Traffic.gaps += gaps;
-  m_Traffic.strayBytes += cutter.StrayBytes();
+  cutter.CountSkipped();
 }

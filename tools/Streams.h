@@ -17,6 +17,7 @@
 struct PacketMessage {
   Origin origin;
   std::string text;
+  bool hasNoBody = false;  ///< whatever its headers say
 };
 
 /// What a capture of packets has.
