@@ -11,6 +11,7 @@ namespace {
 
 constexpr std::size_t kNone = std::string_view::npos;
 constexpr std::size_t kMostMethod = 32;
+constexpr std::size_t kMostName = 32;  // of a header that matters
 // How far a connection's first segment may come after others of it.
 constexpr std::int64_t kMostReordered = 1 << 20;
 
@@ -141,7 +142,7 @@ class Measure {
 
   void ReadHeader(std::string_view line) {
     const std::size_t colon = line.find(':');
-    if (colon == kNone || colon > 32) return;
+    if (colon > kMostName) return;  // there may be none
     const std::string name = LowerCase(Trim(line.substr(0, colon)));
     const std::string_view value = Trim(line.substr(colon + 1));
     if (name == "content-length" || (m_bSip && name == "l")) m_iLength = ParseNumber(value, 10);

@@ -19,6 +19,9 @@ constexpr char kFooter[] =
 entity. Of a message every XML body is taken, also in multipart and CPIM bodies. Its Content-Type
 tells the schema; without one, or in a document, the root element does.
 
+Captures of packets (pcap, pcapng) are files, too: every message of SIP and HTTP that they carry is
+read and called FILE#N in the order of time. Standard error tells what is encrypted or missing.
+
 What is refused is told as FILE:LINE:COLUMN: KIND: REASON. Columns count characters. What cannot be
 written has its path in place of line and column. Kinds: file, capture (headers and bodies); of the
 library: malformed, incomplete, encoding, wrong root, refused (not read in this profile), missing
