@@ -91,7 +91,7 @@ def ethernet(packet, *tags):
 
 def pcap(packets, link=101, order="<", magic=0xa1b2c3d4, snaplen=65535):
     """A packet is its bytes, or a time and its bytes."""
-    data = struct.pack(order + "IHHiIII", magic, 2, 4, 0, 0, 262144, link)
+    data = bytearray(struct.pack(order + "IHHiIII", magic, 2, 4, 0, 0, 262144, link))
     for number, packet in enumerate(packets):
         at, packet = packet if isinstance(packet, tuple) else (number, packet)
         part = packet[:snaplen]
@@ -105,7 +105,7 @@ def pcapng(packets, link=1, order="<"):
         size = struct.pack(order + "I", len(body) + 12)
         return struct.pack(order + "I", kind) + size + body + size
 
-    data = block(0x0a0d0d0a, struct.pack(order + "IHHq", 0x1a2b3c4d, 1, 0, -1))
+    data = bytearray(block(0x0a0d0d0a, struct.pack(order + "IHHq", 0x1a2b3c4d, 1, 0, -1)))
     data += block(1, struct.pack(order + "HHI", link, 0, 0))
     for number, packet in enumerate(packets):
         data += block(6, struct.pack(order + "IIIII", 0, 0, number, len(packet), len(packet)) +
