@@ -9,6 +9,8 @@
 
 #include "Capture.h"
 #include "FileKind.h"
+#include "PacketFile.h"
+#include "Packets.h"
 #include "Text.h"
 
 namespace {
@@ -98,17 +100,20 @@ bool ReadDocuments(const std::string& path, bool allBytes, std::vector<Document>
   file.name = NameOfInput(path);
   const char* why = path == "-" ? ReadAll(std::cin, file.text) : ReadFile(path, file.text);
   if (!why && file.text.empty()) why = "empty";
-  if (!why) why = KindOfFile(file.text);
+  const bool isPackets = !why && IsPacketFile(file.text);
+  if (!why && !isPackets) why = KindOfFile(file.text);
   if (why) {
     failure = {"file", why};
     return false;
   }
   const std::size_t first = documents.size();
-  if (!ReadCapture(file, documents, failure)) return false;
+  const bool isRead =
+      isPackets ? ReadPacketFile(file, skipping == Skipping::kRefused, documents, failure)
+                : ReadCapture(file, documents, failure);
   if (!allBytes)
     std::for_each(documents.begin() + static_cast<std::ptrdiff_t>(first), documents.end(), Cut);
   if (skipping != Skipping::kListed) TakeOutSkipped(documents, first, skipping);
-  return true;
+  return isRead;
 }
 
 bool ReadOneDocument(const std::string& path, bool allBytes, const char* use, Document& document) {

@@ -26,6 +26,9 @@ for what is skipped, otherwise standard error tells. --require-document refuses 
 files are refused, and called what they are: a gzip file, JSON. Of a body that was decoded, line and
 column are its own. With -r the files in directories are taken.
 
+Captures of packets (pcap, pcapng) are files, too: every message of SIP and HTTP that they carry is
+read and called FILE#N in the order of time. Standard error tells what is encrypted or missing.
+
 What is refused is told as FILE:LINE:COLUMN: KIND: REASON. Columns count characters. What cannot be
 written has its path in place of line and column. Kinds: file, capture (headers and bodies); of the
 library: malformed, incomplete, encoding, wrong root, refused (not read in this profile), missing

@@ -1,0 +1,25 @@
+// When and between whom a message was captured, where a capture of packets tells.
+#ifndef ZTXML_TOOLS_ORIGIN_H
+#define ZTXML_TOOLS_ORIGIN_H
+
+#include <cstdint>
+#include <string>
+#include <tuple>
+
+/// Since the beginning of 1970, in UTC.
+struct Time {
+  std::int64_t seconds = 0;
+  std::int64_t nanoseconds = 0;  ///< less than a second
+
+  bool operator<(const Time& other) const {
+    return std::tie(seconds, nanoseconds) < std::tie(other.seconds, other.nanoseconds);
+  }
+};
+
+struct Origin {
+  Time time;         ///< when the message began to arrive, after all before it
+  std::string from;  ///< "192.0.2.1:5060" or "[2001:db8::1]:5060"; "" when nothing tells
+  std::string to;
+};
+
+#endif  // ZTXML_TOOLS_ORIGIN_H
