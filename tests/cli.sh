@@ -3,28 +3,9 @@
 # Usage: cli.sh ZTXML DOCUMENTS_DIR [EXAMPLES_DIR]   (the last: where the example programs are)
 set -uo pipefail
 
-ztxml="$1"
-documents="$2"
+# shellcheck source=tests/cli-support.sh
+source "$(dirname "$0")/cli-support.sh"
 examples="${3:-}"
-work="$(mktemp -d)"
-trap 'rm -rf "$work"' EXIT
-failures=0
-fail() { echo "FAILED: $*" >&2; failures=$((failures + 1)); }
-
-# expect STATUS MESSAGE COMMAND...: the exit status, and what standard error contains ("": nothing).
-expect() {
-  local status="$1" message="$2" got=0
-  shift 2
-  "$@" >"$work/out" 2>"$work/err" || got=$?
-  [[ "$got" -eq "$status" ]] || fail "$*: exit status $got, not $status"
-  if [[ -n "$message" ]]; then
-    grep -qF -- "$message" "$work/err" || fail "$*: no '$message' in: $(cat "$work/err")"
-  elif [[ -s "$work/err" ]]; then
-    fail "$*: $(cat "$work/err")"
-  fi
-}
-
-prints() { [[ "$(cat "$work/out")" == "$1" ]] || fail "printed: $(cat "$work/out")"; }
 
 # ---- What is printed ----------------------------------------------------------------------------
 printf '<?xml version="1.0"?>\n<p:a xmlns="urn:d" xmlns:p="urn:p" x="&quot;\\">\n <b/>t&lt;\t"\1</p:a>\n' \
@@ -538,25 +519,6 @@ prints "$work/l0.txt (body 1): applied
 $work/l1.xml: applied
   added /list/resource[sip:y]"
 
-# ---- Completion ---------------------------------------------------------------------------------
-# completes EXPECTED WORD...: what is offered for the last word.
-completes() {
-  local expected="$1" got
-  got="$(bash -c 'source "$1" && shift && COMP_WORDS=("$@") COMP_CWORD=$(($# - 1)) && { _ztxml; echo "${COMPREPLY[*]}"; }' \
-    - "$(dirname "$0")/../tools/completion/ztxml" "$ztxml" "${@:2}")"
-  [[ "$got" == "$expected" ]] || fail "completion of '${*:2}': $got"
-}
-completes "show schemas" s
-completes "--schema --standard" show --s
-completes "--schema --set" edit --s
-completes "--events" merge --e
-completes "" edit --remove "$work/sma"
-completes "--quiet" check --q
-completes "Presence" check --schema pres
-completes "VolteConfigInfo" show --schema = V
-completes "1 2 3 4" --log ""
-completes "$work/small.xml" --log 2 events "$work/sma"
-
 # ---- Examples -----------------------------------------------------------------------------------
 # reads DOCUMENT COMMAND...: expects it to succeed with the document as its input.
 reads() { expect 0 "" "${@:2}" <"$documents/$1"; }
@@ -605,5 +567,4 @@ chat:'
   prints Linus
 done
 
-[[ "$failures" -eq 0 ]] && echo "cli: all passed"
-exit "$((failures > 0))"
+finish cli

@@ -59,4 +59,11 @@ int Edit(const std::string& path, const std::vector<Change>& changes, const Read
 /// read or others are missing, kUsage for documents that do not come in parts.
 int Merge(const std::vector<std::string>& paths, const Reading& reading, bool printsEvents);
 
+/// Prints the documents of the file `path`, or with `nth` not 0 that one, byte for byte.
+int PrintBody(const std::string& path, std::size_t nth);
+/// Prints the document, which the standard profile reads, indented.
+int Format(const Document& document, const Reading& reading);
+/// Prints an example of a document of the schema that has the name, the number or the root element.
+int PrintNew(const std::string& schemaOrRoot);
+
 #endif  // ZTXML_TOOLS_COMMANDS_H

@@ -11,7 +11,9 @@ enum ExitStatus : int {
   kDone = 0,
   kCannotRead = 1,  ///< a document was refused
   kUsage = 2,
-  kCannotWrite = 3
+  kCannotWrite = 3,   ///< a document cannot be written, or not as XML
+  kOutputFailed = 4,  ///< the output cannot be written: the disk is full, the pipe closed
+  kInternal = 5
 };
 
 /// A place in a file: lines and, in them, characters of UTF-8, both counted from 1. Line 0: none.

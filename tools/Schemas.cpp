@@ -95,6 +95,17 @@ const XMLSchemaInfo* FindSchema(const std::string& nameOrId) {
   return nullptr;
 }
 
+std::vector<std::string> NamesOfSchemas(bool roots) {
+  std::vector<std::string> names;
+  for (const XMLSchemaInfo* schema : AllSchemas()) {
+    names.emplace_back(schema->name);
+    for (const char* root : schema->roots) {
+      if (root && roots) names.emplace_back(root);
+    }
+  }
+  return names;
+}
+
 const XMLSchemaInfo* FindSchemaOfRoot(const std::string& localName) {
   for (const XMLSchemaInfo* schema : AllSchemas()) {
     if (HasRoot(*schema, localName)) return schema;

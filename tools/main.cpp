@@ -1,6 +1,7 @@
 // The command line tool: shows documents as the library reads them.
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <csignal>
 #include <exception>
 #include <iostream>
 #include <string>
@@ -8,8 +9,10 @@
 
 #include "Commands.h"
 #include "Document.h"
+#include "Help.h"
 #include "Log.h"
 #include "Schemas.h"
+#include "Suggest.h"
 #include "Text.h"
 
 namespace {
@@ -37,14 +40,18 @@ Examples:
   ztxml get notify.xml '/reginfo/registration[1]/@state'
   ztxml edit --set /simservs/communication-waiting/@active=false simservs.xml
   ztxml merge full.xml partial.xml
-  ztxml namespaces - < notify.xml
-  ztxml COMMAND --help
+  ztxml body capture.txt --nth 2 | ztxml format -
+  ztxml new reginfo > notify.xml
+  ztxml help COMMAND
 
 Log levels, on standard error: 1 everything; 2 trace lines and most failures; 3 state changes;
 4 errors.
 
 Exit status: 0 done; 1 a document cannot be read, "check" finds it not ok, what "get" or "edit" is
-asked for is not there, or "merge" lacks a notification; 2 wrong usage; 3 it cannot be written, or not as XML. Of several files the highest counts. diff: 0 equal; 1 different; 2 wrong usage, or one cannot be read.)";
+asked for is not there, or "merge" lacks a notification; 2 wrong usage; 3 it cannot be written, or
+not as XML; 4 the output cannot be written: the disk is full, the pipe closed; 5 an internal error,
+or no memory. Of several files the highest counts. diff: 0 equal; 1 different; 2 wrong usage, or one
+cannot be read.)";
 
 constexpr char kEventsFooter[] = R"(Lines:
   start NAME
@@ -201,17 +208,60 @@ constexpr char kSchemasFooter[] = R"(The other commands take a NAME or an ID as 
 Example:
   ztxml schemas)";
 
+std::string UnknownSchema(const std::string& name, bool takesRoots) {
+  return "unknown schema '" + name + "'" + DidYouMean(name, NamesOfSchemas(takesRoots)) +
+         " (see: ztxml schemas)";
+}
 std::string CheckSchema(const std::string& nameOrId) {
-  return FindSchema(nameOrId) ? "" : "unknown schema '" + nameOrId + "' (see: ztxml schemas)";
+  return FindSchema(nameOrId) ? "" : UnknownSchema(nameOrId, false);
+}
+std::string CheckSchemaOrRoot(const std::string& name) {
+  return FindSchema(name) || FindSchemaOfRoot(name) ? "" : UnknownSchema(name, true);
+}
+
+std::vector<std::string> NamesOfCommands(const CLI::App& app) {
+  std::vector<std::string> names;
+  for (const CLI::App* command : app.get_subcommands([](const CLI::App*) { return true; })) {
+    names.push_back(command->get_name());
+  }
+  return names;
+}
+std::string NoSuchCommand(const CLI::App& app, const std::string& name) {
+  return "no such command: " + name + DidYouMean(name, NamesOfCommands(app));
+}
+
+std::string NoSuchOption(const CLI::App& app, const std::string& option) {
+  std::vector<std::string> names;
+  const auto add = [&](const CLI::App& of) {
+    for (const CLI::Option* known : of.get_options()) {
+      for (const std::string& name : known->get_lnames()) names.push_back("--" + name);
+    }
+  };
+  add(app);
+  for (const CLI::App* command : app.get_subcommands()) add(*command);
+  const std::string name = option.substr(0, option.find('='));
+  return "no such option: " + name + DidYouMean(name, names);
 }
 
 std::string FailureMessage(const CLI::App* app, const CLI::Error& error) {
-  // Without this a misspelt command would only be reported as a missing one.
-  const std::vector<std::string> rest = app->remaining();
-  const bool unknown = app->get_subcommands().empty() && !rest.empty();
-  const std::string what = unknown ? "no such command: " + rest[0] : error.what();
+  // Without this a misspelt command would only be reported as a missing one, and a misspelt option
+  // as one more word.
+  const std::vector<std::string> rest = app->remaining(true);
+  const auto option = std::find_if(rest.begin(), rest.end(), [](const std::string& word) {
+    return word.size() > 1 && word[0] == '-';
+  });
+  std::string what = error.what();
+  if (option != rest.end()) {
+    what = NoSuchOption(*app, *option);
+  } else if (app->get_subcommands().empty() && !rest.empty()) {
+    what = NoSuchCommand(*app, rest[0]);
+  }
   return "ztxml: " + what + "\nTry: ztxml --help\n";
 }
+
+// Whether what reads the output has gone.
+volatile std::sig_atomic_t s_isPipeClosed = 0;
+void NotePipe(int /*signal*/) { s_isPipeClosed = 1; }
 
 class CommandLine {
  public:
@@ -263,9 +313,11 @@ class CommandLine {
     m_pNamespaces = AddCommand("namespaces", "Print the namespace declarations", kNamespacesFooter);
     AddFiles(m_pNamespaces);
     m_pSchemas = AddCommand("schemas", "List the schemas that the library knows", kSchemasFooter);
+    AddOwn();
   }
 
   int Run(int argc, const char* const* argv) {
+    if (argc < 2) return PrintHelp();
     try {
       m_App.parse(argc, argv);
     } catch (const CLI::ParseError& error) {
@@ -307,6 +359,38 @@ class CommandLine {
     AddFile(m_pEdit);
     AddSchema(m_pEdit);
   }
+  void AddOwn() {
+    m_pBody = AddCommand("body", "Print the documents of a message as they are", kBodyFooter);
+    AddFile(m_pBody);
+    m_pBody->add_option("--nth", m_Nth, "Print only the Nth document")
+        ->option_text("N")
+        ->check(CLI::Range(1, kMostDocuments));
+    m_pFormat = AddCommand("format", "Print documents indented", kFormatFooter);
+    AddFiles(m_pFormat);
+    AddSchema(m_pFormat);
+    m_pNew = AddCommand("new", "Print an example of a document to start from", kNewFooter);
+    m_pNew->add_option("SCHEMA", m_Schema, "A schema of ztxml schemas, or one of its root elements")
+        ->option_text(" ")
+        ->required()
+        ->check(CheckSchemaOrRoot);
+    m_pHelp = AddCommand("help", "Print what a command does", kHelpFooter);
+    m_pHelp->add_option("COMMAND", m_HelpFor, "The command; without one, what they all are")
+        ->option_text(" ");
+  }
+  // As --help prints it. The parser gives only help of what was parsed, which is "help" here.
+  int PrintHelp() const {
+    std::vector<const char*> words = {"ztxml"};
+    if (!m_HelpFor.empty()) {
+      const std::vector<std::string> names = NamesOfCommands(m_App);
+      if (std::find(names.begin(), names.end(), m_HelpFor) == names.end()) {
+        std::cerr << "ztxml: " << NoSuchCommand(m_App, m_HelpFor) << '\n';
+        return kUsage;
+      }
+      words.push_back(m_HelpFor.c_str());
+    }
+    words.push_back("--help");
+    return CommandLine().Run(static_cast<int>(words.size()), words.data());
+  }
   CLI::Option* AddChange(const char* name, const char* form, std::vector<std::string>& values,
                          const char* description) {
     return m_pEdit->add_option(name, values, description)
@@ -324,11 +408,14 @@ class CommandLine {
 
   int RunCommand() const {
     if (m_pSchemas->parsed()) return PrintSchemas();
+    if (m_pHelp->parsed()) return PrintHelp();
     Log log(m_LogLevel);
+    if (m_pBody->parsed()) return PrintBody(m_File, static_cast<std::size_t>(m_Nth));
+    if (m_pNew->parsed()) return PrintNew(m_Schema);
     Reading reading;
     reading.schema = m_Schema.empty() ? nullptr : FindSchema(m_Schema);
     reading.isStandard = m_bStandard || m_Checks.strict || m_pGet->parsed() || m_pEdit->parsed() ||
-                         m_pMerge->parsed();
+                         m_pMerge->parsed() || m_pFormat->parsed();
     if (m_pCheck->parsed()) return Check(m_Paths, reading, m_Checks);
     if (m_pDiff->parsed()) return Diff(m_OldPath, m_NewPath, reading);
     if (m_pGet->parsed()) return Get(m_File, m_Path, reading);
@@ -368,12 +455,12 @@ class CommandLine {
     Failure failure;
     const bool opened = ReadDocuments(path, reading.isStandard, documents, failure);
     const bool several = m_Paths.size() > 1 || documents.size() > 1;
-    const bool written = m_pRoundTrip->parsed();
+    const bool written = m_pRoundTrip->parsed() || m_pFormat->parsed();
     int status = kDone;
     for (const Document& document : documents) {
       if (several && !m_bJson && !written) std::cout << "# " << Escape(document.name) << '\n';
       const int own = RunDocument(document, reading, log);
-      if (several && written && own == kDone) std::cout << '\n';
+      if (several && m_pRoundTrip->parsed() && own == kDone) std::cout << '\n';
       status = std::max(status, own);
     }
     if (opened) return status;
@@ -385,6 +472,7 @@ class CommandLine {
     if (m_pEvents->parsed()) return PrintEvents(document);
     if (m_pNamespaces->parsed()) return PrintNamespaces(document);
     if (m_pRoundTrip->parsed()) return RoundTrip(document, reading, log);
+    if (m_pFormat->parsed()) return Format(document, reading);
     return m_bJson ? ShowJson(document, reading) : Show(document, reading);
   }
 
@@ -401,6 +489,10 @@ class CommandLine {
   CLI::App* m_pEvents = nullptr;
   CLI::App* m_pNamespaces = nullptr;
   CLI::App* m_pSchemas = nullptr;
+  CLI::App* m_pBody = nullptr;
+  CLI::App* m_pFormat = nullptr;
+  CLI::App* m_pNew = nullptr;
+  CLI::App* m_pHelp = nullptr;
   int m_LogLevel = 0;
   bool m_bJson = false;
   bool m_bStandard = false;
@@ -414,17 +506,23 @@ class CommandLine {
   std::string m_OldPath;
   std::string m_NewPath;
   std::string m_Schema;
+  int m_Nth = 0;
+  std::string m_HelpFor;
 };
 
 }  // namespace
 
 int main(int argc, char** argv) {
+  // A status tells of a closed pipe, as of a full disk, rather than a signal.
+  std::signal(SIGPIPE, NotePipe);
   try {
     const int status = CommandLine().Run(argc, argv);
     if (std::cout.flush()) return status;
-    Complain("(standard output)", "cannot be written");
+    // Who has closed the pipe has seen enough.
+    if (!s_isPipeClosed) Complain("(standard output)", "cannot be written");
+    return kOutputFailed;
   } catch (const std::exception& error) {
     Complain("internal error", error.what());
   }
-  return kCannotWrite;
+  return kInternal;
 }
