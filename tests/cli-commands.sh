@@ -122,6 +122,112 @@ expect 0 "" "$ztxml" new 26
 "$ztxml" new reginfo | cmp - out || fail "new by a number"
 expect 2 "only read" "$ztxml" new VolteConfigInfo
 
+# ---- For other programs -------------------------------------------------------------------------
+# Each line is a value of JSON, and the file is XML, whatever strangers have put into it.
+printf '<reginfo version="1" state="full" %s="1"><x>\1</x></reginfo>' 'q' >"faulty \"<&>"$'\xff'".xml"
+faulty="faulty \"<&>"$'\xff'".xml"
+printf '<reginfo><a></b>' >broken.xml
+printf '<reginfo xmlns="urn:ietf:params:xml:ns:reginfo" version="x" state="full"><y/></reginfo>' >lossy.xml
+expect 1 "" "$ztxml" check --json --lost --junit junit.xml notify.xml "$faulty" broken.xml lossy.xml none.xml
+prints '{"file":"notify.xml","schema":"Reginfo","status":"ok"}
+{"file":"faulty \"<&>\ufffd.xml","schema":"Reginfo","status":"faulty","faults":[{"kind":"well-formedness","message":"the character \"\\x01\", which XML does not allow","line":1,"column":44}]}
+{"file":"broken.xml","status":"refused","error":{"kind":"malformed","message":"the end tag </b> where </a> is expected (opened at 1:10)","line":1,"column":13,"path":"/reginfo/a"}}
+{"file":"lossy.xml","schema":"Reginfo","status":"lossy","losses":[{"kind":"value","path":"/reginfo/@version","line":1,"column":58},{"kind":"element","path":"/reginfo/y","line":1,"column":74}]}
+{"file":"none.xml","status":"refused","error":{"kind":"file","message":"no such file"}}'
+grep -qxF '<testsuite name="ztxml check" tests="5" failures="4" errors="0">' junit.xml || fail "$(cat junit.xml)"
+[[ "$("$ztxml" events junit.xml | grep -c '^start /*testcase$')" == 5 ]] || fail "cases: $(cat junit.xml)"
+"$ztxml" namespaces junit.xml || fail "no XML: $(cat junit.xml)"
+grep -qF '<failure type="loss" message="lossy.xml:1:58: /reginfo/@version: value not kept' junit.xml || fail "$(cat junit.xml)"
+grep -qF 'name="faulty &quot;&lt;&amp;&gt;\xff.xml" classname="Reginfo"' junit.xml || fail "$(cat junit.xml)"
+expect 1 "" "$ztxml" check --json --quiet --strict notify.xml lossy.xml
+grep -c . out | grep -qx 1 || fail "quiet: $(cat out)"
+expect 4 "cannot be written" "$ztxml" check --quiet --junit none/junit.xml notify.xml
+expect 0 "" "$ztxml" schemas --json
+grep -qxF '{"id":26,"name":"Reginfo","roots":["reginfo"],"namespace":"urn:ietf:params:xml:ns:reginfo","contentTypes":["application/reginfo+xml"],"writes":true}' out ||
+  fail "schemas: $(cat out)"
+expect 1 "incomplete" "$ztxml" events --json - <<<'<a b="&amp;"><c/>t'
+prints '{"file":"(standard input)","event":"start","element":"a"}
+{"file":"(standard input)","event":"attribute","element":"a","name":"b","value":"&"}
+{"file":"(standard input)","event":"opened","element":"a"}
+{"file":"(standard input)","event":"start","element":"c"}
+{"file":"(standard input)","event":"opened","element":"c"}
+{"file":"(standard input)","event":"end","element":"c","text":""}
+{"file":"(standard input)","error":{"kind":"incomplete","message":"<a> is not closed (opened at 1:1)","line":2,"column":1,"path":"/a"}}'
+registration() {
+  echo "<reginfo xmlns='urn:ietf:params:xml:ns:reginfo' version='$1' state='$2'><registration aor='sip:a' id='$3' state='active'/></reginfo>"
+}
+registration 0 full r1 >full.xml
+registration 2 partial r2 >partial.xml
+expect 1 "notifications before it were missed" "$ztxml" merge --json full.xml partial.xml
+prints '{"schema":"Reginfo","document":{"#element":"reginfo","#type":"zt_reginfo","@version":2,"@state":"full","registration":[{"#element":"registration","#type":"zt_registration","@aor":"sip:a","@id":"r1","@state":"active"},{"#element":"registration","#type":"zt_registration","@aor":"sip:a","@id":"r2","@state":"active"}]}}'
+expect 1 "" "$ztxml" merge --json --events full.xml partial.xml
+prints '{"file":"full.xml","applied":true,"changes":[{"change":"added","path":"/reginfo/registration[r1]"}]}
+{"file":"partial.xml","applied":true,"refresh":true,"reason":"notifications before it were missed","changes":[{"change":"added","path":"/reginfo/registration[r2]"}]}'
+
+# ---- Differences --------------------------------------------------------------------------------
+# conference SUBJECT USER...: with so many users.
+conference() {
+  echo "<conference-info entity='sip:c'><conference-description><subject>$1</subject></conference-description><users>"
+  for user in "${@:2}"; do echo "<user entity='$user'><display-text>$user</display-text></user>"; done
+  echo "</users></conference-info>"
+}
+conference one a b c d e f >old.xml
+conference two a b c e f g >new.xml
+expect 1 "" "$ztxml" diff --json old.xml new.xml
+prints '{"change":"changed","path":"/conference-info/conference-description/subject","old":"one","new":"two"}
+{"change":"removed","path":"/conference-info/users/user[4]","old":{"#element":"user","#type":"zt_user_type","@entity":"d","display-text":"d"}}
+{"change":"added","path":"/conference-info/users/user[6]","new":{"#element":"user","#type":"zt_user_type","@entity":"g","display-text":"g"}}'
+expect 1 "" "$ztxml" diff --context 1 old.xml new.xml
+prints '  /conference-info/@entity = "sip:c"
+~ /conference-info/conference-description/subject: "one" -> "two"
+  /conference-info/users/user[3] : zt_user_type @entity="c"
+- /conference-info/users/user[4] : zt_user_type @entity="d"
+-     @entity = "d"
+-     display-text = "d"
+  /conference-info/users/user[5] : zt_user_type @entity="e"
+  /conference-info/users/user[6] : zt_user_type @entity="f"
++ /conference-info/users/user[6] : zt_user_type @entity="g"
++     @entity = "g"
++     display-text = "g"'
+expect 0 "" "$ztxml" diff --context 3 old.xml old.xml
+prints ""
+
+# ---- At a terminal ------------------------------------------------------------------------------
+printf '<reginfo>\n\t\303\244<a\303\244 b="1" c=2 ></reginfo>' >caret.xml
+{ printf 'c: a/xml\r\n\r\n' && sed -e 's/$/\r/' caret.xml; } >caret.txt
+caret=$'  <reginfo>\n   \xc3\xa4<a\xc3\xa4 b="1" c=2 ></reginfo>\n                ^'
+for file in caret.xml caret.txt; do
+  expect 1 "$caret" "$ztxml" show --context 9 "$file"
+  [[ "$(tail -n 3 err)" == "$caret" ]] || fail "the place: $(cat err)"
+  expect 1 "" "$ztxml" check --context 1 "$file"
+  [[ "$(sed -n 2,4p out)" == "$caret" ]] || fail "the place: $(cat out)"
+  # Not where it goes to other programs.
+  expect 1 "c has no quotes" "$ztxml" show "$file"
+  [[ "$(wc -l <err)" == 1 ]] || fail "more than a line: $(cat err)"
+  expect 1 "" "$ztxml" check --json --context 1 "$file"
+  [[ "$(wc -l <out)" == 1 ]] || fail "more than a line: $(cat out)"
+done
+# Of a long line a part.
+{ printf '<reginfo a="%01000d" c=' 0 && printf '%01000d></reginfo>' 0; } >long.xml
+expect 1 "malformed" "$ztxml" show --context 0 long.xml
+awk 'NR == 2 { line = $0 } END { exit !(length(line) < 90 && substr(line, length($0) - 3, 4) == " c=0") }' err ||
+  fail "a long line: $(cat err)"
+expect 2 "'alwasy' is none of auto, always and never (did you mean always?)" "$ztxml" show --color alwasy notify.xml
+expect 1 "" "$ztxml" --color always check broken.xml
+grep -q $'^\x1b\\[31mbroken.xml.*\x1b\\[0m$' out || fail "no colour: $(cat out)"
+expect 1 "" "$ztxml" check broken.xml
+grep -q $'\x1b' out && fail "colours in a file: $(cat out)"
+# on_terminal [VARIABLE=VALUE]... ARGUMENT...: what the tool prints on one.
+on_terminal() { script -qc "env -u NO_COLOR TERM=xterm $*" /dev/null </dev/null | tr -d '\r'; }
+if command -v script >/dev/null; then
+  on_terminal "$ztxml" diff old.xml new.xml | grep -q $'^\x1b\\[33m~ ' || fail "no colours on a terminal"
+  for plain in "NO_COLOR=1" "TERM=dumb"; do
+    on_terminal "$plain" "$ztxml" diff old.xml new.xml | grep -q '^~ ' || fail "colours with $plain"
+  done
+  on_terminal NO_COLOR=1 "$ztxml" diff --color always old.xml new.xml | grep -q $'\x1b' || fail "NO_COLOR over --color"
+  on_terminal NO_COLOR= "$ztxml" show caret.xml | grep -q '\^' || fail "no place on a terminal"
+fi
+
 # ---- Completion ---------------------------------------------------------------------------------
 # completes EXPECTED WORD...: what is offered for the last word.
 completes() {

@@ -108,7 +108,13 @@ expect 1 "" "$ztxml" diff "$work/conference.xml" "$work/changed.xml"
 prints '- /conference-info/@state = full
 ~ /conference-info/conference-description/keywords/(words)[2]: "b" -> "c"
 - /conference-info/users/user[1] : zt_user_type @entity="sip:u1"
+-     @entity = "sip:u1"
+-     roles : zt_user_roles_type
+-       entry = "host"
 + /conference-info/users/user[1] : zt_user_type @entity="sip:u0"
++     @entity = "sip:u0"
++     roles : zt_user_roles_type
++       entry = "host"
 + /conference-info/users/user[2]/cascaded-focus = "f"
 + /conference-info/users/user[3] : zt_user_type'
 printf '<pub-gruu uri="%060d-old"/>' 0 >"$work/old.xml"

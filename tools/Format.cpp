@@ -7,6 +7,7 @@
 #include <unordered_set>
 #include <vector>
 
+#include "Colour.h"
 #include "Commands.h"
 #include "Read.h"
 #include "Text.h"
@@ -171,7 +172,7 @@ int Format(const Document& document, const Reading& reading) {
   keeping.keepsSource = true;
   Tree tree;
   Failure failure;
-  if (!ReadTree(document, keeping, tree, failure)) return Refuse(document.name, failure);
+  if (!ReadTree(document, keeping, tree, failure)) return Refuse(document, failure);
   const ZtSourceText* source = ZtOwnership::SourceOf(*tree.root);
   if (!source) {
     return Refuse(document.name, {NameOf(ztxml::Code::kNoMemory), "memory is lacking"}, kInternal);

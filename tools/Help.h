@@ -3,6 +3,7 @@
 #define ZTXML_TOOLS_HELP_H
 
 inline constexpr int kMostDocuments = 1000000;  // that --nth counts to
+inline constexpr int kMostContext = 1000;
 
 inline constexpr char kBodyFooter[] =
     R"(Prints what a captured message has as XML bodies, byte for byte and one right after another;

@@ -7,9 +7,11 @@
 #include <string>
 #include <vector>
 
+#include "Colour.h"
 #include "Commands.h"
 #include "Document.h"
 #include "Help.h"
+#include "Json.h"
 #include "Log.h"
 #include "Schemas.h"
 #include "Suggest.h"
@@ -219,6 +221,12 @@ std::string CheckSchemaOrRoot(const std::string& name) {
   return FindSchema(name) || FindSchemaOfRoot(name) ? "" : UnknownSchema(name, true);
 }
 
+std::string CheckColor(const std::string& when) {
+  const std::vector<std::string> known = {"auto", "always", "never"};
+  if (std::find(known.begin(), known.end(), when) != known.end()) return "";
+  return "'" + when + "' is none of auto, always and never" + DidYouMean(when, known);
+}
+
 std::vector<std::string> NamesOfCommands(const CLI::App& app) {
   std::vector<std::string> names;
   for (const CLI::App* command : app.get_subcommands([](const CLI::App*) { return true; })) {
@@ -270,6 +278,7 @@ class CommandLine {
     m_App.add_option("--log", m_LogLevel, "Print the library's log lines from this level up")
         ->option_text("LEVEL")
         ->check(CLI::Range(1, 4));
+    AddStyle();
     m_App.footer(kFooter);
     m_App.failure_message(FailureMessage);
     m_App.require_subcommand(1);
@@ -279,12 +288,15 @@ class CommandLine {
     AddFiles(m_pShow);
     AddSchema(m_pShow);
     AddStandard(m_pShow);
-    m_pShow->add_flag("--json", m_bJson, "Print JSON, one line for each document");
+    AddJson(m_pShow, "Print JSON, one line for each document");
     m_pCheck =
         AddCommand("check", "Tell which of many documents are refused or faulty", kCheckFooter);
     AddFiles(m_pCheck);
     AddSchema(m_pCheck);
     AddStandard(m_pCheck);
+    AddJson(m_pCheck, "Print JSON, one line for each document, and no summary");
+    m_pCheck->add_option("--junit", m_Checks.junit, "Write a report in JUnit's format as well")
+        ->option_text("FILE");
     m_pCheck->add_flag("-q,--quiet", m_Checks.quiet, "Print only what is not ok");
     m_pCheck->add_flag("--lost", m_Checks.losses, "Also tell what the types do not keep");
     m_pCheck->add_flag(
@@ -298,6 +310,7 @@ class CommandLine {
     m_pDiff->add_option("NEW", m_NewPath, "The second one")->option_text(" ")->required();
     AddSchema(m_pDiff);
     AddStandard(m_pDiff);
+    AddJson(m_pDiff, "Print JSON, one line for each difference");
     AddGetAndEdit();
     m_pRoundTrip = AddCommand("roundtrip", "Read documents and write them again to standard output",
                               kRoundTripFooter);
@@ -307,12 +320,15 @@ class CommandLine {
     m_pMerge = AddCommand("merge", "Print the state that results from notifications", kMergeFooter);
     AddFiles(m_pMerge);
     AddSchema(m_pMerge);
+    AddJson(m_pMerge, "Print the state as JSON, or with --events what became of each");
     m_pMerge->add_flag("--events", m_bEvents, "Print what became of each, and what it changed");
     m_pEvents = AddCommand("events", "Print the parser's callbacks, one a line", kEventsFooter);
     AddFiles(m_pEvents);
+    AddJson(m_pEvents, "Print JSON, one line for each callback");
     m_pNamespaces = AddCommand("namespaces", "Print the namespace declarations", kNamespacesFooter);
     AddFiles(m_pNamespaces);
     m_pSchemas = AddCommand("schemas", "List the schemas that the library knows", kSchemasFooter);
+    AddJson(m_pSchemas, "Print JSON, one line for each schema");
     AddOwn();
   }
 
@@ -358,6 +374,24 @@ class CommandLine {
     m_pRemove = AddChange("--remove", "PATH", m_Removes, "Remove a value or an element");
     AddFile(m_pEdit);
     AddSchema(m_pEdit);
+  }
+  void AddJson(CLI::App* command, const char* what) { command->add_flag("--json", m_bJson, what); }
+  void AddStyle() {
+    m_App.add_option("--color", m_Color, "Colours: auto (on a terminal), always or never")
+        ->option_text("WHEN")
+        ->check(CheckColor);
+    m_App
+        .add_option("--context", m_Context,
+                    "Lines before one that is refused; of diff what is equal around a difference")
+        ->option_text("N")
+        ->check(CLI::Range(0, kMostContext));
+  }
+  Style StyleOf() const {
+    Style style;
+    if (m_Color == "always") style.colours = ColourUse::kAlways;
+    if (m_Color == "never") style.colours = ColourUse::kNever;
+    if (m_Context >= 0) style.context = static_cast<std::size_t>(m_Context);
+    return style;
   }
   void AddOwn() {
     m_pBody = AddCommand("body", "Print the documents of a message as they are", kBodyFooter);
@@ -407,7 +441,8 @@ class CommandLine {
   }
 
   int RunCommand() const {
-    if (m_pSchemas->parsed()) return PrintSchemas();
+    SetStyle(StyleOf());
+    if (m_pSchemas->parsed()) return PrintSchemas(m_bJson);
     if (m_pHelp->parsed()) return PrintHelp();
     Log log(m_LogLevel);
     if (m_pBody->parsed()) return PrintBody(m_File, static_cast<std::size_t>(m_Nth));
@@ -416,10 +451,14 @@ class CommandLine {
     reading.schema = m_Schema.empty() ? nullptr : FindSchema(m_Schema);
     reading.isStandard = m_bStandard || m_Checks.strict || m_pGet->parsed() || m_pEdit->parsed() ||
                          m_pMerge->parsed() || m_pFormat->parsed();
-    if (m_pCheck->parsed()) return Check(m_Paths, reading, m_Checks);
-    if (m_pDiff->parsed()) return Diff(m_OldPath, m_NewPath, reading);
+    if (m_pCheck->parsed()) {
+      Checks checks = m_Checks;
+      checks.json = m_bJson;
+      return Check(m_Paths, reading, checks);
+    }
+    if (m_pDiff->parsed()) return Diff(m_OldPath, m_NewPath, reading, m_bJson);
     if (m_pGet->parsed()) return Get(m_File, m_Path, reading);
-    if (m_pMerge->parsed()) return Merge(m_Paths, reading, m_bEvents);
+    if (m_pMerge->parsed()) return Merge(m_Paths, reading, {m_bEvents, m_bJson});
     if (m_pEdit->parsed()) return Edit(m_File, Changes(), reading);
     int status = kDone;
     for (const std::string& path : m_Paths) status = std::max(status, RunFile(path, reading, log));
@@ -469,7 +508,7 @@ class CommandLine {
   }
 
   int RunDocument(const Document& document, const Reading& reading, Log& log) const {
-    if (m_pEvents->parsed()) return PrintEvents(document);
+    if (m_pEvents->parsed()) return PrintEvents(document, m_bJson);
     if (m_pNamespaces->parsed()) return PrintNamespaces(document);
     if (m_pRoundTrip->parsed()) return RoundTrip(document, reading, log);
     if (m_pFormat->parsed()) return Format(document, reading);
@@ -508,6 +547,8 @@ class CommandLine {
   std::string m_Schema;
   int m_Nth = 0;
   std::string m_HelpFor;
+  std::string m_Color = "auto";
+  int m_Context = -1;  // none given
 };
 
 }  // namespace
