@@ -228,6 +228,36 @@ if command -v script >/dev/null; then
   on_terminal NO_COLOR= "$ztxml" show caret.xml | grep -q '\^' || fail "no place on a terminal"
 fi
 
+# ---- The man page -------------------------------------------------------------------------------
+# Its examples, with files of their names.
+mkdir examples && cd examples || exit 1
+mkdir capture
+cp "$documents/reginfo.xml" notify.xml
+cp "$documents/simservs.xml" ../old.xml ../new.xml .
+{ printf 'c: application/reginfo+xml\n\n' && cat notify.xml; } | tee capture/1.txt >capture/2.txt
+{ printf 'c: application/reginfo+xml\n\n' && cat ../full.xml; } >full.txt
+{ printf 'c: application/reginfo+xml\n\n' && sed -e "s/version='2'/version='1'/" ../partial.xml; } >partial-1.txt
+{
+  printf 'c: multipart/mixed;boundary=b\n\n--b\nc: application/reginfo+xml\n\n' && cat notify.xml
+  printf '\n--b\nc: application/reginfo+xml\n\n' && cat notify.xml && printf -- '\n--b--\n'
+} >multipart.txt
+ztxml() { "$ztxml" "$@"; }
+command -v jq >/dev/null || jq() { cat >/dev/null; }
+sed -n '/^\.EX/,/^\.EE/p' "$sources/docs/ztxml.1" | sed -e '/^\./d' -e 's/\\-/-/g' -e "s/\\\\(aq/'/g" >examples.txt
+while IFS= read -r example; do
+  wanted=0
+  [[ "$example" == "ztxml diff "* ]] && wanted=1
+  (set -o pipefail; eval "$example") >out 2>err </dev/null
+  got=$?
+  [[ "$got" == "$wanted" ]] || fail "example '$example': exit status $got: $(cat err)"
+  [[ "$example" == *" --log "* || ! -s err ]] || fail "example '$example': $(cat err)"
+done <examples.txt
+for command in "${commands[@]}"; do
+  grep -q "ztxml $command" examples.txt || fail "$command has no example on the man page"
+done
+cd .. || exit 1
+unset -f ztxml jq
+
 # ---- Completion ---------------------------------------------------------------------------------
 # completes EXPECTED WORD...: what is offered for the last word.
 completes() {
@@ -237,14 +267,41 @@ completes() {
   [[ "$got" == "$expected" ]] || fail "completion of '${*:2}': $got"
 }
 completes "show schemas" s
-completes "--schema --standard" show --s
-completes "--schema --set" edit --s
-completes "--events" merge --e
+completes "check" help ch
+completes "always" --color al
+completes "Presence" new pres
 completes "" edit --remove "$work/not"
-completes "--quiet" check --q
+completes "$work/notify.xml" --context 2 body "$work/not"
 completes "Presence" check --schema pres
 completes "VolteConfigInfo" show --schema = V
 completes "1 2 3 4" --log ""
 completes "$work/notify.xml" --log 2 events "$work/not"
+
+# Every shell has every command and every option, and each command its own only.
+options_of() { "$ztxml" "$1" --help | sed -e '/^Options:/,/^$/!d' | grep -oE -- '--[a-z]+'; }
+mapfile -t everywhere < <("$ztxml" --help | sed -e '/^Options:/,/^$/!d' | grep -oE -- '--[a-z]+' | grep -vx -- --version)
+for command in "${commands[@]}"; do
+  mapfile -t options < <({ printf '%s\n' "${everywhere[@]}" && options_of "$command"; } | sort -u)
+  # shellcheck disable=SC2016
+  got="$(bash -c 'source "$1" && COMP_WORDS=(ztxml "$2" --) COMP_CWORD=2 && _ztxml && printf "%s\n" "${COMPREPLY[@]}"' \
+    - "$sources/tools/completion/ztxml" "$command" | sort -u)"
+  [[ "$got" == "$(printf '%s\n' "${options[@]}")" ]] || fail "bash: options of $command: $got"
+  command -v fish >/dev/null || continue
+  got="$(PATH="$(dirname "$ztxml"):$PATH" fish --no-config -c 'source $argv[1]; complete -C "ztxml $argv[2] --"' "$sources/tools/completion/ztxml.fish" "$command" |
+    cut -f 1 | sort -u)"
+  [[ "$got" == "$(printf '%s\n' "${options[@]}")" ]] || fail "fish: options of $command: $got"
+done
+{ "$ztxml" --help && for command in "${commands[@]}"; do "$ztxml" "$command" --help; done; } |
+  sed -ne '/^Options:/,/^$/p' >all.txt
+options_in() { grep -oE -- '--[a-z]+' "$1" | sort -u; }
+diff <(options_in "$sources/tools/completion/_ztxml") <(options_in all.txt) || fail "zsh: other options"
+for file in _ztxml ztxml.fish; do
+  for command in "${commands[@]}"; do
+    grep -qE "(-a |')$command(:| )" "$sources/tools/completion/$file" || fail "$file: no $command"
+  done
+done
+if command -v zsh >/dev/null; then
+  expect 0 "" zsh -n "$sources/tools/completion/_ztxml"
+fi
 
 finish cli-commands

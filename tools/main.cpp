@@ -14,8 +14,8 @@
 #include "Json.h"
 #include "Log.h"
 #include "Schemas.h"
-#include "Suggest.h"
 #include "Text.h"
+#include "Usage.h"
 
 namespace {
 
@@ -31,8 +31,8 @@ value, too long, no memory; of documents that it reads although XML forbids them
 namespaces, not supported.
 
 The library has two profiles. In the exact one it reads and writes as its peers know it. In the
-standard one (--standard; get, edit, merge always) it does so as XML, its namespaces and the schemas
-have it: also UTF-16, ISO-8859-1, CDATA sections.
+standard one (--standard; get, edit, merge, format always) it does so as XML, its namespaces and the
+schemas have it: also UTF-16, ISO-8859-1, CDATA sections.
 
 Examples:
   ztxml schemas
@@ -45,6 +45,9 @@ Examples:
   ztxml body capture.txt --nth 2 | ztxml format -
   ztxml new reginfo > notify.xml
   ztxml help COMMAND
+
+On a terminal there are colours, unless NO_COLOR is set, and the line of a document that is refused
+has a caret under the place. --color and --context ask for them elsewhere.
 
 Log levels, on standard error: 1 everything; 2 trace lines and most failures; 3 state changes;
 4 errors.
@@ -62,6 +65,9 @@ constexpr char kEventsFooter[] = R"(Lines:
   end /NAME "TEXT"        with the text since the last tag or comment, entities as they stand
 Control characters, quotes and backslashes are escaped: \n, \t, \", \\; so are these and bytes that
 are not UTF-8: \xNN. Each of several documents has a line "# FILE" before it.
+
+With --json each callback is one line: "file", "event", "element", "name" and "value" of an
+attribute, "text".
 
 Example:
   ztxml events notify.xml)";
@@ -122,7 +128,11 @@ With --strict documents are read in the standard profile, and faulty is also one
 schema, or this library, requires (kind "required": of an element whose start the line tells), or
 that has a number, a boolean or an enumeration with a value that is none of its type (kind "value").
 
-Exit status: 0 all are ok; 1 some are not.
+With --json each document is one line, with its status ok, refused, faulty or lossy, and what is
+wrong as an "error", a list of "faults" or one of "losses"; there is no summary. --junit writes a
+report with a test case for each document, besides what is printed.
+
+Exit status: 0 all are ok; 1 some are not; 4 the report cannot be written.
 
 Examples:
   ztxml check *.xml
@@ -136,7 +146,12 @@ attributes and what it skips do not count. Lines:
   + PATH ...              only in the second
   ~ PATH: OLD -> NEW      different
 Entries of lists belong together when they are equal, else by their id (or entity, uri, aor, name),
-else by their place. Entries that changed places are in one "-" and one "+" line.
+else by their place. Entries that changed places are in one "-" and one "+" line. After the line of
+an element that one of them has come lines of what it holds, indented.
+
+With --context N up to N equal values and elements before and after each difference are shown, after
+two blanks. With --json each difference is one line with "change" (added, removed, changed), "path",
+"old" and "new".
 
 Exit status: 0 equal; 1 different; 2 wrong usage, or a document cannot be read.
 
@@ -198,6 +213,9 @@ With --events, lines instead of the document and of what standard error tells:
 and for each change, indented, "added PATH", "changed PATH" or "removed PATH". A PATH has the key of
 what occurs several times: /reginfo/registration[r1]/contact[c1].
 
+With --json the state is one line, as by "show --json", without "file"; with --events, too, each
+notification is: "file", "applied", "refresh", "reason", and "changes" of "change" and "path".
+
 Exit status: 0 done; 1 a notification cannot be read, or a new full one is needed; 2 documents of
 that kind cannot be merged; 3 the result cannot be written.
 
@@ -209,63 +227,6 @@ constexpr char kSchemasFooter[] = R"(The other commands take a NAME or an ID as 
 
 Example:
   ztxml schemas)";
-
-std::string UnknownSchema(const std::string& name, bool takesRoots) {
-  return "unknown schema '" + name + "'" + DidYouMean(name, NamesOfSchemas(takesRoots)) +
-         " (see: ztxml schemas)";
-}
-std::string CheckSchema(const std::string& nameOrId) {
-  return FindSchema(nameOrId) ? "" : UnknownSchema(nameOrId, false);
-}
-std::string CheckSchemaOrRoot(const std::string& name) {
-  return FindSchema(name) || FindSchemaOfRoot(name) ? "" : UnknownSchema(name, true);
-}
-
-std::string CheckColor(const std::string& when) {
-  const std::vector<std::string> known = {"auto", "always", "never"};
-  if (std::find(known.begin(), known.end(), when) != known.end()) return "";
-  return "'" + when + "' is none of auto, always and never" + DidYouMean(when, known);
-}
-
-std::vector<std::string> NamesOfCommands(const CLI::App& app) {
-  std::vector<std::string> names;
-  for (const CLI::App* command : app.get_subcommands([](const CLI::App*) { return true; })) {
-    names.push_back(command->get_name());
-  }
-  return names;
-}
-std::string NoSuchCommand(const CLI::App& app, const std::string& name) {
-  return "no such command: " + name + DidYouMean(name, NamesOfCommands(app));
-}
-
-std::string NoSuchOption(const CLI::App& app, const std::string& option) {
-  std::vector<std::string> names;
-  const auto add = [&](const CLI::App& of) {
-    for (const CLI::Option* known : of.get_options()) {
-      for (const std::string& name : known->get_lnames()) names.push_back("--" + name);
-    }
-  };
-  add(app);
-  for (const CLI::App* command : app.get_subcommands()) add(*command);
-  const std::string name = option.substr(0, option.find('='));
-  return "no such option: " + name + DidYouMean(name, names);
-}
-
-std::string FailureMessage(const CLI::App* app, const CLI::Error& error) {
-  // Without this a misspelt command would only be reported as a missing one, and a misspelt option
-  // as one more word.
-  const std::vector<std::string> rest = app->remaining(true);
-  const auto option = std::find_if(rest.begin(), rest.end(), [](const std::string& word) {
-    return word.size() > 1 && word[0] == '-';
-  });
-  std::string what = error.what();
-  if (option != rest.end()) {
-    what = NoSuchOption(*app, *option);
-  } else if (app->get_subcommands().empty() && !rest.empty()) {
-    what = NoSuchCommand(*app, rest[0]);
-  }
-  return "ztxml: " + what + "\nTry: ztxml --help\n";
-}
 
 // Whether what reads the output has gone.
 volatile std::sig_atomic_t s_isPipeClosed = 0;
