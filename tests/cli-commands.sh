@@ -86,6 +86,14 @@ prints '<reginfo xmlns="urn:ietf:params:xml:ns:reginfo"
 printf '<presence xmlns="urn:ietf:params:xml:ns:pidf" entity="sip:a"><note> <x:y xmlns:x="u"><x:z/></x:y></note></presence>' >blank.xml
 expect 0 "" "$ztxml" format blank.xml
 grep -qxF '  <note> <x:y xmlns:x="u"><x:z/></x:y></note>' out || fail "a value of white space: $(cat out)"
+printf '<!DOCTYPE ims-3gpp SYSTEM "a>b"><ims-3gpp version="1"><alternative-service><type><emergency/></type></alternative-service></ims-3gpp>' >blank.xml
+expect 0 "" "$ztxml" format blank.xml
+prints '<!DOCTYPE ims-3gpp SYSTEM "a>b">
+<ims-3gpp version="1">
+  <alternative-service>
+    <type><emergency/></type>
+  </alternative-service>
+</ims-3gpp>'
 iconv -f UTF-8 -t UTF-16 dense.xml >wide.xml
 expect 0 "" "$ztxml" format wide.xml
 "$ztxml" format dense.xml | cmp - <(iconv -f UTF-16 -t UTF-8 out) || fail "another encoding"

@@ -56,21 +56,6 @@ class ProgressBar {
   std::size_t m_iDrawn = 0;  // characters of the bar that stands on the terminal
 };
 
-// A loss as programs know it.
-const char* KeyOf(eZtLoss kind) {
-  switch (kind) {
-    case ZT_LOST_ELEMENT:
-      return "element";
-    case ZT_LOST_ATTRIBUTE:
-      return "attribute";
-    case ZT_LOST_TEXT:
-      return "text";
-    case ZT_LOST_VALUE:
-      return "value";
-  }
-  return "";
-}
-
 std::string JsonOf(const CheckResult& result) {
   JsonObject line;
   line.Text("file", result.name);

@@ -1,10 +1,9 @@
 // ztxml format: a document with its elements on lines of their own.
 #include <algorithm>
-#include <climits>
 #include <cstddef>
 #include <string>
 #include <string_view>
-#include <unordered_set>
+#include <unordered_map>
 #include <vector>
 
 #include "Colour.h"
@@ -12,8 +11,9 @@
 #include "Read.h"
 #include "Text.h"
 #include "binding/ZtSourceText.h"
-#include "binding/ZtStandard.h"
+#include "binding/ZtStandardWriter.h"
 #include "model/ZtOwnership.h"
+#include "text/ZtTagWalk.h"
 
 namespace {
 
@@ -25,6 +25,7 @@ struct Token {
   Kind kind = Kind::kText;
   std::size_t from = 0;
   std::string_view text;
+  std::size_t parent = 0;     // of a start tag: which token is that of the element around it
   std::size_t end = 0;        // of a start tag: which token is its end tag
   bool hasElements = false;   // of a start tag: whether there are elements right in it,
   bool hasText = false;       // or a text that is not white space
@@ -49,7 +50,6 @@ class Tokens {
     if (StartsWith(rest, "<!--")) return To(Token::Kind::kComment, "-->", 4);
     if (StartsWith(rest, "<![CDATA[")) return To(Token::Kind::kText, "]]>", 9);
     if (StartsWith(rest, "<?")) return To(Token::Kind::kOther, "?>", 2);
-    if (StartsWith(rest, "<!")) return To(Token::Kind::kOther, ">", 2);
     if (StartsWith(rest, "</")) return To(Token::Kind::kEnd, ">", 2);
     std::size_t size = 0;
     for (char quote = 0; size < rest.size() && (quote || rest[size] != '>'); ++size) {
@@ -60,6 +60,7 @@ class Tokens {
         quote = c;
       }
     }
+    if (StartsWith(rest, "<!")) return Take(Token::Kind::kOther, size + 1);
     const bool isEmpty = rest[size - 1] == '/';
     return Take(isEmpty ? Token::Kind::kEmpty : Token::Kind::kStart, size + 1);
   }
@@ -75,7 +76,8 @@ class Tokens {
     return token;
   }
 
-  void Add(const Token& token) {
+  void Add(Token token) {
+    if (!m_Open.empty()) token.parent = m_Open.back();
     if (token.kind == Token::Kind::kEnd && !m_Open.empty()) {
       m_Tokens[m_Open.back()].end = m_Tokens.size();
       m_Open.pop_back();
@@ -95,16 +97,38 @@ class Tokens {
   std::vector<std::size_t> m_Open;
 };
 
-// Where elements begin whose text the library keeps.
-std::unordered_set<std::size_t> TextsIn(const ZtSourceText& source) {
-  std::unordered_set<std::size_t> starts;
-  for (const ZtSourceText::Part& part : source.parts) {
-    if (part.row && part.row->IsAttribute()) continue;
-    const auto& object = *static_cast<const XMLElement*>(part.object);
-    if (ZtStandardOf(reflect::TypeOf(object)).rows.takesText) starts.insert(part.from);
+// Tells of which elements the library keeps a text, also one of white space.
+class TextElements {
+ public:
+  explicit TextElements(const ZtSourceText& source) {
+    for (const ZtSourceText::Part& part : source.parts) {
+      if (part.row && part.row->IsAttribute()) continue;
+      const auto& object = *static_cast<const XMLElement*>(part.object);
+      m_Types.emplace(part.from, &ZtStandardOf(reflect::TypeOf(object)));
+    }
   }
-  return starts;
-}
+  bool Has(const Token& token, const Token& parent) const {
+    const ZtElementType* const own = TypeAt(token.from);
+    if (own) return own->rows.takesText;
+    const ZtElementType* const around = TypeAt(parent.from);
+    const ZtNameId name = NameOf(token);
+    if (!around || name == kZtNoName) return false;
+    const ZtField* const row = ZtFindChild(*around, name);
+    return row && row->value != ZtValue::kObject;
+  }
+
+ private:
+  const ZtElementType* TypeAt(std::size_t from) const {
+    const auto found = m_Types.find(from);
+    return found == m_Types.end() ? nullptr : found->second;
+  }
+  static ZtNameId NameOf(const Token& token) {
+    const ZtPiece text(token.text.data(), token.text.size());
+    return ZtNameId::Of(ZtLocalIn(ZtNameInTag(text, 0)));
+  }
+
+  std::unordered_map<std::size_t, const ZtElementType*> m_Types;  // by where elements begin
+};
 
 bool PreservesSpace(std::string_view tag) {
   const std::size_t at = tag.find("xml:space");
@@ -178,11 +202,12 @@ int Format(const Document& document, const Reading& reading) {
     return Refuse(document.name, {NameOf(ztxml::Code::kNoMemory), "memory is lacking"}, kInternal);
   }
   const std::string_view text(source->Text().text, source->Text().size);
-  const std::unordered_set<std::size_t> texts = TextsIn(*source);
+  const TextElements texts(*source);
   Tokens tokens(text);
   for (Token& token : tokens.All()) {
-    token.keepsContent = !token.hasElements || token.hasText || texts.count(token.from) ||
-                         PreservesSpace(token.text);
+    if (token.kind != Token::Kind::kStart) continue;
+    token.keepsContent = !token.hasElements || token.hasText || PreservesSpace(token.text) ||
+                         texts.Has(token, tokens.All()[token.parent]);
   }
   PrintText(Encode(Indenter(text).Indent(tokens.All()), source->form));
   return kDone;

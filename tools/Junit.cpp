@@ -42,18 +42,23 @@ std::string Attribute(const char* name, const std::string& value) {
 
 }  // namespace
 
-const char* NameOf(eZtLoss kind) {
+const char* KeyOf(eZtLoss kind) {
   switch (kind) {
     case ZT_LOST_ELEMENT:
-      return "element not kept";
+      return "element";
     case ZT_LOST_ATTRIBUTE:
-      return "attribute not kept";
+      return "attribute";
     case ZT_LOST_TEXT:
-      return "text not kept";
+      return "text";
     case ZT_LOST_VALUE:
-      return "value not kept: it is none of its type";
+      return "value";
   }
   return "";
+}
+
+std::string NameOf(eZtLoss kind) {
+  const char* const why = kind == ZT_LOST_VALUE ? ": it is none of its type" : "";
+  return std::string(KeyOf(kind)) + " not kept" + why;
 }
 
 void JunitReport::Add(const CheckResult& result) {

@@ -25,8 +25,9 @@ struct CheckResult {
   bool IsOk() const { return faults.empty() && losses.empty(); }
 };
 
-/// What "check" says of a loss.
-const char* NameOf(eZtLoss kind);
+/// A loss as programs know it, and what "check" says of it to people.
+const char* KeyOf(eZtLoss kind);
+std::string NameOf(eZtLoss kind);
 
 /// A report in the format of JUnit, with a test case for each result.
 class JunitReport {
