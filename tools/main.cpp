@@ -516,7 +516,7 @@ class CommandLine {
 
 int main(int argc, char** argv) {
   // A status tells of a closed pipe, as of a full disk, rather than a signal.
-  std::signal(SIGPIPE, NotePipe);
+  if (std::signal(SIGPIPE, NotePipe) == SIG_ERR) return kInternal;
   try {
     const int status = CommandLine().Run(argc, argv);
     if (std::cout.flush()) return status;
