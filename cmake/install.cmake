@@ -58,8 +58,12 @@ if(TARGET ztxml_cli)
   if(EXISTS ${PROJECT_SOURCE_DIR}/docs/ztxml.1)
     install(FILES docs/ztxml.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT Tools)
   endif()
-  if(EXISTS ${PROJECT_SOURCE_DIR}/tools/completion/ztxml)
+  if(EXISTS ${PROJECT_SOURCE_DIR}/tools/completion)
     install(FILES tools/completion/ztxml
             DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions COMPONENT Tools)
+    install(FILES tools/completion/_ztxml
+            DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/site-functions COMPONENT Tools)
+    install(FILES tools/completion/ztxml.fish
+            DESTINATION ${CMAKE_INSTALL_DATADIR}/fish/vendor_completions.d COMPONENT Tools)
   endif()
 endif()

@@ -108,7 +108,13 @@ expect 1 "" "$ztxml" diff "$work/conference.xml" "$work/changed.xml"
 prints '- /conference-info/@state = full
 ~ /conference-info/conference-description/keywords/(words)[2]: "b" -> "c"
 - /conference-info/users/user[1] : zt_user_type @entity="sip:u1"
+-     @entity = "sip:u1"
+-     roles : zt_user_roles_type
+-       entry = "host"
 + /conference-info/users/user[1] : zt_user_type @entity="sip:u0"
++     @entity = "sip:u0"
++     roles : zt_user_roles_type
++       entry = "host"
 + /conference-info/users/user[2]/cascaded-focus = "f"
 + /conference-info/users/user[3] : zt_user_type'
 printf '<pub-gruu uri="%060d-old"/>' 0 >"$work/old.xml"
@@ -520,25 +526,6 @@ prints "$work/l0.txt#1: applied
   added /list/resource[sip:x]
 $work/l1.xml: applied
   added /list/resource[sip:y]"
-
-# ---- Completion ---------------------------------------------------------------------------------
-# completes EXPECTED WORD...: what is offered for the last word.
-completes() {
-  local expected="$1" got
-  got="$(bash -c 'source "$1" && shift && COMP_WORDS=("$@") COMP_CWORD=$(($# - 1)) && { _ztxml; echo "${COMPREPLY[*]}"; }' \
-    - "$(dirname "$0")/../tools/completion/ztxml" "$ztxml" "${@:2}")"
-  [[ "$got" == "$expected" ]] || fail "completion of '${*:2}': $got"
-}
-completes "show schemas" s
-completes "--schema --standard" show --s
-completes "--schema --set" edit --s
-completes "--events" merge --e
-completes "" edit --remove "$work/sma"
-completes "--quiet" check --q
-completes "Presence" check --schema pres
-completes "VolteConfigInfo" show --schema = V
-completes "1 2 3 4" --log ""
-completes "$work/small.xml" --log 2 events "$work/sma"
 
 # ---- Examples -----------------------------------------------------------------------------------
 # reads DOCUMENT COMMAND...: expects it to succeed with the document as its input.

@@ -5,8 +5,11 @@
 #include <string>
 #include <unistd.h>
 
+#include "Colour.h"
 #include "Commands.h"
+#include "Json.h"
 #include "Judge.h"
+#include "Junit.h"
 #include "Read.h"
 #include "Strict.h"
 #include "Text.h"
@@ -53,18 +56,31 @@ class ProgressBar {
   std::size_t m_iDrawn = 0;  // characters of the bar that stands on the terminal
 };
 
-const char* NameOf(eZtLoss kind) {
-  switch (kind) {
-    case ZT_LOST_ELEMENT:
-      return "element not kept";
-    case ZT_LOST_ATTRIBUTE:
-      return "attribute not kept";
-    case ZT_LOST_TEXT:
-      return "text not kept";
-    case ZT_LOST_VALUE:
-      return "value not kept: it is none of its type";
+std::string JsonOf(const CheckResult& result) {
+  JsonObject line;
+  line.Text("file", result.name);
+  if (!result.schema.empty()) line.Text("schema", result.schema);
+  const char* const flaw = result.faults.empty() ? "lossy" : "faulty";
+  line.Text("status", result.isRefused ? "refused" : result.IsOk() ? "ok" : flaw);
+  if (!result.remark.empty()) line.Text("remark", result.remark);
+  std::vector<std::string> faults;
+  for (const Failure& fault : result.faults) faults.push_back(JsonOf(fault));
+  if (result.isRefused) {
+    line.Value("error", faults[0]);
+  } else if (!faults.empty()) {
+    line.Value("faults", JsonList(faults));
   }
-  return "";
+  std::vector<std::string> losses;
+  for (const CheckResult::Lost& lost : result.losses) {
+    losses.push_back(JsonObject()
+                         .Text("kind", KeyOf(lost.loss.kind))
+                         .Text("path", lost.loss.path)
+                         .Number("line", lost.at.line)
+                         .Number("column", lost.at.column)
+                         .Done());
+  }
+  if (!losses.empty()) line.Value("losses", JsonList(losses));
+  return line.Done();
 }
 
 class Checker {
@@ -79,72 +95,80 @@ class Checker {
     const bool opened =
         ReadDocuments(path, m_Reading.isStandard, documents, failure, Skipping::kListed);
     for (const Document& document : documents) CheckDocument(document);
-    if (!opened) Refuse(NameOfInput(path), failure);
+    if (opened) return;
+    CheckResult result;
+    result.name = NameOfInput(path);
+    Refuse(failure, result);
+    Tell(result, nullptr);
   }
   int Summary() {
     m_Progress.Clear();
     const bool allSound = !m_iRefused && !m_iFaulty && !m_iLossy;
-    if (!m_Checks.quiet || !allSound) {
+    if (!m_Checks.json && (!m_Checks.quiet || !allSound)) {
       std::cout << "documents: " << m_iSound << " ok, " << m_iRefused << " refused, " << m_iFaulty
                 << " faulty";
       if (m_Checks.losses) std::cout << ", " << m_iLossy << " with losses";
       if (m_iSkipped) std::cout << "; messages without one: " << m_iSkipped;
       std::cout << '\n';
     }
-    return allSound ? kDone : kCannotRead;
+    const int status = allSound ? kDone : kCannotRead;
+    if (m_Checks.junit.empty() || m_Report.Write(m_Checks.junit)) return status;
+    Complain(m_Checks.junit, "cannot be written");
+    return kOutputFailed;
   }
 
  private:
   void CheckDocument(const Document& document) {
-    if (!document.IsDocument()) {
-      Tell(document);
-      return;
-    }
+    if (!document.IsDocument()) return TellPassed(document);
+    CheckResult result;
+    result.name = document.name;
     std::vector<ztxml::Loss> losses;
     Reading reading = m_Reading;
     if (m_Checks.losses || m_Checks.strict) reading.losses = &losses;
     reading.keepsSource = m_Checks.strict;
     Tree tree;
     Failure failure;
-    const bool read = ReadTree(document, reading, tree, failure);
-    if (!read) Refuse(document.name, failure);
-    if (m_Checks.losses) Tell(document, losses);
-    if (!read) return;
-    Verdict verdict;
-    bool isFaulty = m_Checks.strict && IsFaulty(document, tree, losses);
-    if (!m_Reading.isStandard) {
-      verdict = Judge(document, ScopeAround(*tree.schema));
-      isFaulty = FindFault(document, verdict, failure);
-      if (isFaulty) Print(document.name, failure);
+    if (ReadTree(document, reading, tree, failure)) {
+      result.schema = tree.schema->name;
+      if (m_Checks.losses) NoteLosses(document, losses, result);
+      if (m_Checks.strict) FindFaults(document, tree, losses, result);
+      if (!m_Reading.isStandard) JudgeText(document, *tree.schema, result);
+    } else {
+      Refuse(failure, result);
     }
-    if (isFaulty) {
-      ++m_iFaulty;
-    } else if (!m_Checks.losses || losses.empty()) {
-      Accept(document, *tree.schema, verdict);
-    }
+    Tell(result, &document);
   }
   // Tells of what is no document.
-  void Tell(const Document& document) {
+  void TellPassed(const Document& document) {
     const bool isSkipped = document.kind == Document::Kind::kSkipped;
     if (isSkipped && m_Reading.skipping == Skipping::kRefused) {
-      Refuse(document.name, {"capture", document.fault.what, document.fault.at});
-      return;
+      CheckResult result;
+      result.name = document.name;
+      Refuse({"capture", document.fault.what, document.fault.at}, result);
+      return Tell(result, nullptr);
     }
     m_iSkipped += isSkipped;
-    if (!m_Checks.quiet) Print(document.name, document.fault);
-  }
-  void Tell(const Document& document, const std::vector<ztxml::Loss>& losses) {
-    m_iLossy += !losses.empty();
-    for (const ztxml::Loss& loss : losses) {
-      m_Progress.Clear();
-      std::cout << Escape(document.name) << ':' << ToString(document.At(loss.line, loss.column))
-                << ": " << Escape(loss.path) << ": " << NameOf(loss.kind) << '\n';
+    if (m_Checks.quiet) return;
+    m_Progress.Clear();
+    if (m_Checks.json) {
+      JsonObject line;
+      line.Text("file", document.name).Text("status", isSkipped ? "skipped" : "noted");
+      std::cout << line.Text("remark", document.fault.what).Done() << '\n';
+    } else {
+      std::cout << Describe(document.name, document.fault) << '\n';
     }
   }
-  // Tells values that are none of their types, and what is missing.
-  bool IsFaulty(const Document& document, const Tree& tree,
-                const std::vector<ztxml::Loss>& losses) {
-    std::vector<Failure> faults;
+  void NoteLosses(const Document& document, const std::vector<ztxml::Loss>& losses,
+                  CheckResult& result) {
+    m_iLossy += !losses.empty();
+    for (const ztxml::Loss& loss : losses) {
+      result.losses.push_back({loss, document.At(loss.line, loss.column)});
+    }
+  }
+  // Values that are none of their types, and what is missing.
+  static void FindFaults(const Document& document, const Tree& tree,
+                         const std::vector<ztxml::Loss>& losses, CheckResult& result) {
+    std::vector<Failure>& faults = result.faults;
     for (const ztxml::Loss& loss : losses) {
       if (loss.kind != ZT_LOST_VALUE) continue;
       faults.push_back({"value", Escape(loss.path) + " has a value that is none of its type",
@@ -155,32 +179,64 @@ class Checker {
       return one.at < other.at;
     };
     std::stable_sort(faults.begin(), faults.end(), isBefore);
-    for (const Failure& fault : faults) Print(document.name, fault);
-    return !faults.empty();
   }
-  void Accept(const Document& document, const XMLSchemaInfo& schema, const Verdict& verdict) {
-    ++m_iSound;
-    if (m_Checks.quiet) return;
-    std::cout << Escape(document.name) << ": ok, " << schema.name;
-    if (!verdict.oddRoot.empty()) std::cout << " (" << OddRoot(verdict.oddRoot) << ')';
-    const Fault unbound = m_Reading.isStandard ? Fault() : Judge(document).unbound;
-    if (unbound) {
-      std::cout << " (" << unbound.what << ": that is for the document around the service)";
+  // What XML forbids and the exact profile reads.
+  static void JudgeText(const Document& document, const XMLSchemaInfo& schema,
+                        CheckResult& result) {
+    const Verdict verdict = Judge(document, ScopeAround(schema));
+    Failure failure;
+    if (FindFault(document, verdict, failure)) {
+      result.faults.push_back(failure);
+      return;
     }
-    std::cout << '\n';
+    if (!verdict.oddRoot.empty()) result.remark = OddRoot(verdict.oddRoot);
+    const Fault unbound = Judge(document).unbound;
+    if (!unbound) return;
+    if (!result.remark.empty()) result.remark += "; ";
+    result.remark += unbound.what + ": that is for the document around the service";
   }
-  void Refuse(const std::string& name, const Failure& failure) {
-    ++m_iRefused;
-    Print(name, failure);
+  static void Refuse(const Failure& failure, CheckResult& result) {
+    result.isRefused = true;
+    result.faults = {failure};
   }
-  void Print(const std::string& name, const Failure& failure) {
+
+  // `document` is null for a file without one.
+  void Tell(const CheckResult& result, const Document* document) {
+    m_iRefused += result.isRefused;
+    m_iFaulty += !result.isRefused && !result.faults.empty();
+    m_iSound += result.IsOk();
+    if (!m_Checks.junit.empty()) m_Report.Add(result);
+    if (result.IsOk() && m_Checks.quiet) return;
     m_Progress.Clear();
-    std::cout << Describe(name, failure) << '\n';
+    if (m_Checks.json) {
+      std::cout << JsonOf(result) << '\n';
+    } else {
+      Print(result, document);
+    }
+  }
+  static void Print(const CheckResult& result, const Document* document) {
+    const std::string name = Escape(result.name);
+    for (const CheckResult::Lost& lost : result.losses) {
+      std::cout << name << ':' << ToString(lost.at) << ": " << Escape(lost.loss.path) << ": "
+                << Coloured(NameOf(lost.loss.kind), Colour::kYellow, std::cout) << '\n';
+    }
+    for (const Failure& fault : result.faults) {
+      std::cout << Coloured(Describe(result.name, fault), Colour::kRed, std::cout) << '\n';
+    }
+    // Of many faults the lines are too many.
+    if (document && result.faults.size() == 1) {
+      std::cout << Excerpt(*document, result.faults[0].at, std::cout);
+    }
+    if (!result.IsOk()) return;
+    std::cout << name << ": " << Coloured("ok", Colour::kGreen, std::cout) << ", " << result.schema;
+    if (!result.remark.empty()) std::cout << " (" << result.remark << ')';
+    std::cout << '\n';
   }
 
   const Reading m_Reading;
   const Checks m_Checks;
   ProgressBar m_Progress;
+  JunitReport m_Report;
   std::size_t m_iFiles = 0;
   std::size_t m_iSound = 0;
   std::size_t m_iRefused = 0;

@@ -1,17 +1,23 @@
 // ztxml diff: compares two documents by the objects that the library reads.
 #include <algorithm>
 #include <cstddef>
+#include <deque>
 #include <iostream>
 #include <iterator>
 #include <map>
+#include <sstream>
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <vector>
 
 #include "Align.h"
+#include "Colour.h"
 #include "Commands.h"
+#include "Json.h"
 #include "Read.h"
 #include "Text.h"
+#include "Tree.h"
 #include "reflect/Reflect.h"
 
 using reflect::Field;
@@ -145,42 +151,130 @@ std::vector<std::string> NamesIn(const Field& field) {
   return names;
 }
 
+// What is at a path of one document: " = VALUE" or " : TYPE KEY".
+std::string Summary(const Field& field, const Item& item) {
+  if (!item.object) return " = " + ValueOf(field, item);
+  return std::string(" : ") + reflect::TypeOf(*item.object).className + KeyOf(item.AsNode()).shown;
+}
+
+std::string JsonOf(const Node& object, const char* name) {
+  std::string json;
+  AppendJson(object, name, json);
+  return json;
+}
+std::string JsonOf(const Field& field, const Item& item) {
+  if (item.object) return JsonOf(item.AsNode(), reflect::NameOf(field, item));
+  return item.text ? JsonQuote(item.text) : std::to_string(field.number);
+}
+
+// Prints differences, with what is equal around them.
+class DiffPrinter {
+ public:
+  explicit DiffPrinter(bool json) : m_bJson(json), m_iContext(GetStyle().context.value_or(0)) {}
+
+  bool IsJson() const { return m_bJson; }
+  /// Whether what is equal is to be told.
+  bool HasContext() const { return m_iContext && !m_bJson; }
+  /// An object is gone into, of which something is different; and left.
+  void Enter() { m_Levels.emplace_back(); }
+  void Leave() { m_Levels.pop_back(); }
+
+  /// Something that is equal.
+  void Same(const std::string& line) {
+    Level& level = m_Levels.back();
+    if (level.after) {
+      --level.after;
+      std::cout << "  " << line << '\n';
+      return;
+    }
+    if (level.before.size() == m_iContext) level.before.pop_front();
+    level.before.push_back(line);
+  }
+  /// Something that is different: a line with its sign, and further ones of what it holds.
+  void Line(char sign, const std::string& line, const std::string& held = "") {
+    for (Level& level : m_Levels) {
+      for (const std::string& same : level.before) std::cout << "  " << same << '\n';
+      level.before.clear();
+      level.after = m_iContext;
+    }
+    Print(sign, ' ' + line);
+    std::string_view rest = held;
+    while (!rest.empty()) {
+      const std::size_t size = rest.find('\n');
+      Print(sign, "     " + std::string(rest.substr(0, size)));
+      rest.remove_prefix(size + 1);
+    }
+  }
+  void Json(const JsonObject& line) { std::cout << line.Done() << '\n'; }
+
+ private:
+  struct Level {
+    std::deque<std::string> before;  // what is equal and may be told yet
+    std::size_t after = 0;           // how much of what is equal is still told
+  };
+
+  static void Print(char sign, const std::string& text) {
+    const Colour other = sign == '+' ? Colour::kGreen : Colour::kYellow;
+    std::cout << Coloured(sign + text, sign == '-' ? Colour::kRed : other, std::cout) << '\n';
+  }
+
+  const bool m_bJson;
+  const std::size_t m_iContext;
+  std::vector<Level> m_Levels;
+};
+
 class Comparer {
  public:
+  explicit Comparer(bool json) : m_Printer(json) {}
+
   // Returns whether they are equal.
   bool Compare(const Node& before, const Node& after) {
-    const std::string path = '/' + std::string(reflect::ElementNameOf(*before.object));
+    const char* const name = reflect::ElementNameOf(*before.object);
+    const std::string path = '/' + std::string(name);
     const ZtElementType& old = reflect::TypeOf(*before.object);
     const ZtElementType& now = reflect::TypeOf(*after.object);
     if (&old == &now) {
       CompareObjects(before, after, path);
+    } else if (m_Printer.IsJson()) {
+      Change(path, JsonOf(before, name), JsonOf(after, reflect::ElementNameOf(*after.object)));
     } else {
-      Line('~', path) << " : " << old.className << " -> " << now.className << '\n';
+      Line('~', path + " : " + old.className + " -> " + now.className);
     }
     return m_bEqual;
   }
 
  private:
-  std::ostream& Line(char sign, const std::string& path) {
+  void Line(char sign, const std::string& line, const std::string& held = "") {
     m_bEqual = false;
-    return std::cout << sign << ' ' << path;
+    m_Printer.Line(sign, line, held);
+  }
+  // As JSON; a value that there is none of is "".
+  void Change(const std::string& path, const std::string& before, const std::string& after) {
+    m_bEqual = false;
+    const char* const kind = before.empty() ? "added" : after.empty() ? "removed" : "changed";
+    JsonObject line;
+    line.Text("change", kind).Text("path", path);
+    if (!before.empty()) line.Value("old", before);
+    if (!after.empty()) line.Value("new", after);
+    m_Printer.Json(line);
   }
 
   // Something that only one of the documents has.
   void Single(char sign, const std::string& path, const Field& field, const Item& item) {
-    std::ostream& line = Line(sign, path);
-    if (item.object) {
-      line << " : " << reflect::TypeOf(*item.object).className << KeyOf(item.AsNode()).shown;
-    } else {
-      line << " = " << ValueOf(field, item);
+    if (m_Printer.IsJson()) {
+      const std::string value = JsonOf(field, item);
+      return sign == '-' ? Change(path, value, "") : Change(path, "", value);
     }
-    line << '\n';
+    std::ostringstream held;
+    if (item.object) PrintTree(item.AsNode(), reflect::NameOf(field, item), "", held, false);
+    Line(sign, path + Summary(field, item), held.str());
   }
 
   void CompareObjects(const Node& before, const Node& after, const std::string& path) {
     if (m_Contents.Of(before) == m_Contents.Of(after)) return;
     const std::vector<Field> old = reflect::FieldsOf(before);
     const std::vector<Field> now = reflect::FieldsOf(after);
+    m_Printer.Enter();
     for (std::size_t i = 0; i < old.size(); ++i) {
       if (old[i].HoldsAttributes()) {
         CompareAttributes(old[i], now[i], path);
@@ -188,6 +282,7 @@ class Comparer {
         CompareLists(old[i], now[i], path);
       }
     }
+    m_Printer.Leave();
   }
 
   // Objects of different types, flags of different names and entries with different keys are not
@@ -201,15 +296,18 @@ class Comparer {
 
   void CompareItems(const Field& old, const Item& before, const Field& now, const Item& after,
                     const std::string& path) {
-    if (m_Contents.Of(old, before) == m_Contents.Of(now, after)) return;
+    if (m_Contents.Of(old, before) == m_Contents.Of(now, after)) {
+      if (m_Printer.HasContext()) m_Printer.Same(path + Summary(old, before));
+      return;
+    }
     if (before.object && after.object) {
       return CompareObjects(before.AsNode(), after.AsNode(), path);
     }
+    if (m_Printer.IsJson()) return Change(path, JsonOf(old, before), JsonOf(now, after));
     const bool texts = old.value == ZtValue::kText && before.text && after.text;
-    Line('~', path) << ": "
-                    << (texts ? ChangeOf(before.text, after.text)
-                              : ValueOf(old, before) + " -> " + ValueOf(now, after))
-                    << '\n';
+    Line('~', path + ": " +
+                  (texts ? ChangeOf(before.text, after.text)
+                         : ValueOf(old, before) + " -> " + ValueOf(now, after)));
   }
 
   std::vector<AlignEntry> Entries(const Field& field) {
@@ -251,17 +349,26 @@ class Comparer {
       const auto other = after.find(name);
       const std::string at = path + "/@" + Escape(name);
       if (other == after.end()) {
-        Line('-', at) << " = " << QuoteShort(value) << '\n';
-      } else if (value != other->second) {
-        Line('~', at) << ": " << ChangeOf(value, other->second) << '\n';
+        OneAttribute('-', at, value);
+      } else if (value == other->second) {
+        if (m_Printer.HasContext()) m_Printer.Same(at + " = " + QuoteShort(value));
+      } else if (m_Printer.IsJson()) {
+        Change(at, JsonQuote(value), JsonQuote(other->second));
+      } else {
+        Line('~', at + ": " + ChangeOf(value, other->second));
       }
     }
     for (const auto& [name, value] : after) {
-      if (before.count(name)) continue;
-      Line('+', path + "/@" + Escape(name)) << " = " << QuoteShort(value) << '\n';
+      if (!before.count(name)) OneAttribute('+', path + "/@" + Escape(name), value);
     }
   }
+  void OneAttribute(char sign, const std::string& path, const std::string& value) {
+    if (!m_Printer.IsJson()) return Line(sign, path + " = " + QuoteShort(value));
+    const std::string json = JsonQuote(value);
+    return sign == '-' ? Change(path, json, "") : Change(path, "", json);
+  }
 
+  DiffPrinter m_Printer;
   Contents m_Contents;
   Numbers m_Keys;
   bool m_bEqual = true;
@@ -284,7 +391,7 @@ bool ReadOne(const std::string& path, const Reading& reading, Tree& tree) {
   Failure failure;
   Depth depth;
   if (!ReadTree(document, reading, tree, failure)) {
-    Refuse(document.name, failure);
+    Refuse(document, failure);
     return false;
   }
   if (reflect::Walk(tree.Root(), depth)) return true;
@@ -294,9 +401,10 @@ bool ReadOne(const std::string& path, const Reading& reading, Tree& tree) {
 
 }  // namespace
 
-int Diff(const std::string& oldPath, const std::string& newPath, const Reading& reading) {
+int Diff(const std::string& oldPath, const std::string& newPath, const Reading& reading,
+         bool json) {
   Tree before;
   Tree after;
   if (!ReadOne(oldPath, reading, before) || !ReadOne(newPath, reading, after)) return kTrouble;
-  return Comparer().Compare(before.Root(), after.Root()) ? 0 : 1;
+  return Comparer(json).Compare(before.Root(), after.Root()) ? 0 : 1;
 }

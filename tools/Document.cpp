@@ -8,6 +8,7 @@
 #include <system_error>
 
 #include "Capture.h"
+#include "Colour.h"
 #include "FileKind.h"
 #include "PacketFile.h"
 #include "Packets.h"
@@ -84,7 +85,7 @@ void Complain(const std::string& name, const std::string& message) {
 
 void Report(const std::string& name, const Failure& failure) {
   std::cout.flush();
-  std::cerr << "ztxml: " << Describe(name, failure) << '\n';
+  std::cerr << "ztxml: " << Coloured(Describe(name, failure), Colour::kRed, std::cerr) << '\n';
 }
 
 int Refuse(const std::string& name, const Failure& failure, ExitStatus status) {

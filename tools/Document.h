@@ -14,7 +14,9 @@ enum ExitStatus : int {
   kDone = 0,
   kCannotRead = 1,  ///< a document was refused
   kUsage = 2,
-  kCannotWrite = 3
+  kCannotWrite = 3,   ///< a document cannot be written, or not as XML
+  kOutputFailed = 4,  ///< the output cannot be written: the disk is full, the pipe closed
+  kInternal = 5
 };
 
 /// Why a document was refused, or what is wrong with it.

@@ -1,6 +1,7 @@
 // ztxml edit: a document with some of its values changed, in place.
 #include <string>
 
+#include "Colour.h"
 #include "Commands.h"
 #include "Path.h"
 #include "Read.h"
@@ -130,7 +131,7 @@ int Edit(const std::string& path, const std::vector<Change>& changes, const Read
   keeping.keepsSource = true;
   Tree tree;
   Failure failure;
-  if (!ReadTree(document, keeping, tree, failure)) return Refuse(document.name, failure);
+  if (!ReadTree(document, keeping, tree, failure)) return Refuse(document, failure);
   Editor editor(document, tree);
   for (const Change& change : changes) {
     const int status = editor.Apply(change);

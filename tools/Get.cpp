@@ -1,6 +1,7 @@
 // ztxml get: one value of a document.
 #include <string>
 
+#include "Colour.h"
 #include "Commands.h"
 #include "Path.h"
 #include "Read.h"
@@ -45,7 +46,7 @@ int Get(const std::string& file, const std::string& path, const Reading& reading
   if (!ReadOneDocument(file, true, "read", document)) return kCannotRead;
   Tree tree;
   Failure failure;
-  if (!ReadTree(document, reading, tree, failure)) return Refuse(document.name, failure);
+  if (!ReadTree(document, reading, tree, failure)) return Refuse(document, failure);
   PathFinder finder(*tree.table, *tree.root, false);
   Target target;
   const Finding found = finder.Find(path, target);

@@ -6,10 +6,13 @@
 #include <string>
 #include <vector>
 
+#include "Colour.h"
 #include "Commands.h"
+#include "Json.h"
 #include "Read.h"
 #include "Schemas.h"
 #include "Text.h"
+#include "Tree.h"
 #include "ztxml/state.h"
 
 namespace {
@@ -42,8 +45,7 @@ const char* NameOf(ztxml::Change::Kind kind) {
 
 class Merger {
  public:
-  Merger(const Reading& reading, bool printsEvents)
-      : m_Reading(reading), m_bPrintsEvents(printsEvents) {}
+  Merger(const Reading& reading, Merging prints) : m_Reading(reading), m_Prints(prints) {}
 
   /// The exit status so far. After kUsage there is no more to be done.
   int MergeFile(const std::string& path) {
@@ -55,11 +57,13 @@ class Merger {
       m_Status = std::max(m_Status, MergeDocument(document));
       if (m_Status == kUsage) return m_Status;
     }
-    if (!opened) m_Status = std::max(m_Status, Refuse(NameOfInput(path), failure));
-    return m_Status;
+    if (opened) return m_Status;
+    if (m_Prints.json) PrintJson(NameOfInput(path), failure);
+    return m_Status = std::max(m_Status, Refuse(NameOfInput(path), failure));
   }
   int PrintState() {
     if (!m_State || !m_State->Root()) return m_Status;
+    if (m_Prints.json) return PrintJsonState();
     ZtSettings settings;
     settings.profile = XML_PROFILE_STANDARD;
     settings.mostText = INT_MAX;
@@ -76,6 +80,18 @@ class Merger {
   }
 
  private:
+  int PrintJsonState() const {
+    XMLElement& root = *m_State->Root();
+    std::string json;
+    if (!AppendJson(reflect::StandardRoot(*m_pTable, root), reflect::ElementNameOf(root), json)) {
+      return Refuse("(result)", {"tree", "cut at 200 objects within each other"});
+    }
+    JsonObject line;
+    line.Text("schema", m_Reading.schema->name).Value("document", json);
+    std::cout << line.Done() << '\n';
+    return m_Status;
+  }
+
   // The message of a resource list has the states of the resources beside the list, a capture what
   // else was sent.
   void LeaveOutOthers(std::vector<Document>& documents) const {
@@ -100,7 +116,10 @@ class Merger {
   int MergeDocument(const Document& document) {
     Tree tree;
     Failure failure;
-    if (!ReadTree(document, m_Reading, tree, failure)) return Refuse(document.name, failure);
+    if (!ReadTree(document, m_Reading, tree, failure)) {
+      if (m_Prints.json) PrintJson(document.name, failure);
+      return Refuse(document, failure);
+    }
     if (!m_State) {
       m_pTable = TableOf(*tree.schema);
       if (!m_pTable) {
@@ -128,18 +147,36 @@ class Merger {
       const bool isIgnored = merged.outcome == ztxml::Merged::Outcome::kIgnored;
       if (!what.empty()) what += "; ";
       what += std::string(isIgnored ? "ignored: " : "refresh: ") + ztxml::NameOf(merged.reason);
-      if (!m_bPrintsEvents) Complain(document.name, what);
+      if (!m_Prints.events) Complain(document.name, what);
     }
-    if (!m_bPrintsEvents) return;
+    if (!m_Prints.events) return;
+    if (m_Prints.json) return TellJson(document, merged);
     std::cout << Escape(document.name) << ": " << what << '\n';
     for (unsigned i = 0; i < m_State->ChangeCount(); ++i) {
       const ztxml::Change change = m_State->ChangeAt(i);
       std::cout << "  " << NameOf(change.kind) << ' ' << Escape(change.path) << '\n';
     }
   }
+  void TellJson(const Document& document, const ztxml::Merged& merged) const {
+    JsonObject line;
+    line.Text("file", document.name).Flag("applied", merged.isApplied);
+    if (merged.outcome != ztxml::Merged::Outcome::kApplied) {
+      line.Flag("refresh", merged.outcome == ztxml::Merged::Outcome::kRefresh)
+          .Text("reason", ztxml::NameOf(merged.reason));
+    }
+    std::vector<std::string> changes;
+    for (unsigned i = 0; i < m_State->ChangeCount(); ++i) {
+      const ztxml::Change change = m_State->ChangeAt(i);
+      JsonObject entry;
+      entry.Text("change", NameOf(change.kind)).Text("path", change.path);
+      changes.push_back(entry.Done());
+    }
+    line.Value("changes", JsonList(changes));
+    std::cout << line.Done() << '\n';
+  }
 
   Reading m_Reading;  // by the schema of the first notification
-  bool m_bPrintsEvents;
+  const Merging m_Prints;
   const ZtDocument* m_pTable = nullptr;
   std::optional<ZtState> m_State;
   int m_Status = kDone;
@@ -147,12 +184,12 @@ class Merger {
 
 }  // namespace
 
-int Merge(const std::vector<std::string>& paths, const Reading& reading, bool printsEvents) {
-  Merger merger(reading, printsEvents);
+int Merge(const std::vector<std::string>& paths, const Reading& reading, Merging prints) {
+  Merger merger(reading, prints);
   int status = kDone;
   for (const std::string& path : paths) {
     status = merger.MergeFile(path);
     if (status == kUsage) return status;
   }
-  return printsEvents ? status : merger.PrintState();
+  return prints.events ? status : merger.PrintState();
 }

@@ -1,6 +1,7 @@
 // ztxml namespaces: the namespace declarations of a document.
 #include <iostream>
 
+#include "Colour.h"
 #include "Commands.h"
 #include "Read.h"
 #include "Text.h"
@@ -10,7 +11,7 @@ int PrintNamespaces(const Document& document) {
   Failure failure;
   Reading reading;
   reading.schema = &NamespaceSchema();
-  if (!ReadTree(document, reading, tree, failure)) return Refuse(document.name, failure);
+  if (!ReadTree(document, reading, tree, failure)) return Refuse(document, failure);
   for (const Declaration& declared : DeclarationsIn(tree.root.get())) {
     std::cout << (declared.prefix ? Escape(declared.prefix) : "(default)") << '\t'
               << Escape(declared.uri) << '\n';

@@ -3,6 +3,7 @@
 #include <iostream>
 #include <string>
 
+#include "Colour.h"
 #include "Commands.h"
 #include "Judge.h"
 #include "Read.h"
@@ -54,7 +55,7 @@ int Write(const Tree& tree, const Document& document, bool inputSound, Log& log)
 int RoundTrip(const Document& document, const Reading& reading, Log& log) {
   Tree tree;
   Failure failure;
-  if (!ReadTree(document, reading, tree, failure)) return Refuse(document.name, failure);
+  if (!ReadTree(document, reading, tree, failure)) return Refuse(document, failure);
   // What the standard profile reads has no fault.
   const Verdict verdict = tree.isStandard ? Verdict() : Judge(document, ScopeAround(*tree.schema));
   if (FindFault(document, verdict, failure)) Report(document.name, failure);

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "Commands.h"
+#include "Json.h"
 #include "Text.h"
 #include "text/ZtTagWalk.h"
 
@@ -76,6 +77,24 @@ constexpr TypeRow kTypes[] = {
     {"application/reginfo+xml", XML_SCHEMA_REGINFO},
 };
 
+std::string JsonOf(const XMLSchemaInfo& schema) {
+  std::vector<std::string> roots;
+  for (const char* root : schema.roots) {
+    if (root) roots.push_back(JsonQuote(root));
+  }
+  std::vector<std::string> types;
+  for (const TypeRow& row : kTypes) {
+    if (row.schema == schema.id) types.push_back(JsonQuote(row.type));
+  }
+  JsonObject line;
+  line.Number("id", static_cast<unsigned>(schema.id))
+      .Text("name", schema.name)
+      .Value("roots", JsonList(roots));
+  if (schema.nameSpace) line.Text("namespace", schema.nameSpace);
+  line.Value("contentTypes", JsonList(types)).Flag("writes", schema.writes);
+  return line.Done();
+}
+
 }  // namespace
 
 std::string_view RootName(const std::string& text) {
@@ -93,6 +112,17 @@ const XMLSchemaInfo* FindSchema(const std::string& nameOrId) {
     if (LowerCase(nameOrId) == LowerCase(schema->name)) return schema;
   }
   return nullptr;
+}
+
+std::vector<std::string> NamesOfSchemas(bool roots) {
+  std::vector<std::string> names;
+  for (const XMLSchemaInfo* schema : AllSchemas()) {
+    names.emplace_back(schema->name);
+    for (const char* root : schema->roots) {
+      if (root && roots) names.emplace_back(root);
+    }
+  }
+  return names;
 }
 
 const XMLSchemaInfo* FindSchemaOfRoot(const std::string& localName) {
@@ -118,7 +148,11 @@ bool HasRoot(const XMLSchemaInfo& schema, const std::string& localName) {
                      [&](const char* root) { return root && localName == root; });
 }
 
-int PrintSchemas() {
+int PrintSchemas(bool json) {
+  if (json) {
+    for (const XMLSchemaInfo* schema : AllSchemas()) std::cout << JsonOf(*schema) << '\n';
+    return kDone;
+  }
   std::vector<Row> rows = {{"ID", "NAME", "ROOT ELEMENT", "NAMESPACE", "ACCESS"}};
   for (const XMLSchemaInfo* schema : AllSchemas()) {
     rows.push_back({std::to_string(schema->id), schema->name, Roots(*schema),

@@ -4,6 +4,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "ztxml/XMLFactory.h"
 
@@ -13,6 +14,8 @@ std::string_view RootName(const std::string& text);
 
 /// The schema with the given name, in any case, or number; null for none.
 const XMLSchemaInfo* FindSchema(const std::string& nameOrId);
+/// The names of all schemas, and with `roots` of their root elements.
+std::vector<std::string> NamesOfSchemas(bool roots);
 /// The schema that has the root element `localName`, or null.
 const XMLSchemaInfo* FindSchemaOfRoot(const std::string& localName);
 /// The schema of bodies of the content type `type`, in lower case; of several schemas the one with

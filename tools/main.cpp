@@ -1,16 +1,21 @@
 // The command line tool: shows documents as the library reads them.
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <csignal>
 #include <exception>
 #include <iostream>
 #include <string>
 #include <vector>
 
+#include "Colour.h"
 #include "Commands.h"
 #include "Document.h"
+#include "Help.h"
+#include "Json.h"
 #include "Log.h"
 #include "Schemas.h"
 #include "Text.h"
+#include "Usage.h"
 
 namespace {
 
@@ -36,8 +41,8 @@ value, too long, no memory; of documents that it reads although XML forbids them
 namespaces, not supported.
 
 The library has two profiles. In the exact one it reads and writes as its peers know it. In the
-standard one (--standard; get, edit, merge always) it does so as XML, its namespaces and the schemas
-have it: also UTF-16, ISO-8859-1, CDATA sections.
+standard one (--standard; get, edit, merge, format always) it does so as XML, its namespaces and the
+schemas have it: also UTF-16, ISO-8859-1, CDATA sections.
 
 Examples:
   ztxml schemas
@@ -47,14 +52,21 @@ Examples:
   ztxml get notify.xml '/reginfo/registration[1]/@state'
   ztxml edit --set /simservs/communication-waiting/@active=false simservs.xml
   ztxml merge full.xml partial.xml
-  ztxml namespaces - < notify.xml
-  ztxml COMMAND --help
+  ztxml body capture.txt --nth 2 | ztxml format -
+  ztxml new reginfo > notify.xml
+  ztxml help COMMAND
+
+On a terminal there are colours, unless NO_COLOR is set, and the line of a document that is refused
+has a caret under the place. --color and --context ask for them elsewhere.
 
 Log levels, on standard error: 1 everything; 2 trace lines and most failures; 3 state changes;
 4 errors.
 
 Exit status: 0 done; 1 a document cannot be read, "check" finds it not ok, what "get" or "edit" is
-asked for is not there, or "merge" lacks a notification; 2 wrong usage; 3 it cannot be written, or not as XML. Of several files the highest counts. diff: 0 equal; 1 different; 2 wrong usage, or one cannot be read.)";
+asked for is not there, or "merge" lacks a notification; 2 wrong usage; 3 it cannot be written, or
+not as XML; 4 the output cannot be written: the disk is full, the pipe closed; 5 an internal error,
+or no memory. Of several files the highest counts. diff: 0 equal; 1 different; 2 wrong usage, or one
+cannot be read.)";
 
 constexpr char kEventsFooter[] = R"(Lines:
   start NAME
@@ -63,6 +75,9 @@ constexpr char kEventsFooter[] = R"(Lines:
   end /NAME "TEXT"        with the text since the last tag or comment, entities as they stand
 Control characters, quotes and backslashes are escaped: \n, \t, \", \\; so are these and bytes that
 are not UTF-8: \xNN. Each of several documents has a line "# FILE" before it.
+
+With --json each callback is one line: "file", "event", "element", "name" and "value" of an
+attribute, "text".
 
 Example:
   ztxml events notify.xml)";
@@ -123,7 +138,11 @@ With --strict documents are read in the standard profile, and faulty is also one
 schema, or this library, requires (kind "required": of an element whose start the line tells), or
 that has a number, a boolean or an enumeration with a value that is none of its type (kind "value").
 
-Exit status: 0 all are ok; 1 some are not.
+With --json each document is one line, with its status ok, refused, faulty or lossy, and what is
+wrong as an "error", a list of "faults" or one of "losses"; there is no summary. --junit writes a
+report with a test case for each document, besides what is printed.
+
+Exit status: 0 all are ok; 1 some are not; 4 the report cannot be written.
 
 Examples:
   ztxml check *.xml
@@ -137,7 +156,12 @@ attributes and what it skips do not count. Lines:
   + PATH ...              only in the second
   ~ PATH: OLD -> NEW      different
 Entries of lists belong together when they are equal, else by their id (or entity, uri, aor, name),
-else by their place. Entries that changed places are in one "-" and one "+" line.
+else by their place. Entries that changed places are in one "-" and one "+" line. After the line of
+an element that one of them has come lines of what it holds, indented.
+
+With --context N up to N equal values and elements before and after each difference are shown, after
+two blanks. With --json each difference is one line with "change" (added, removed, changed), "path",
+"old" and "new".
 
 Exit status: 0 equal; 1 different; 2 wrong usage, or a document cannot be read.
 
@@ -199,6 +223,9 @@ With --events, lines instead of the document and of what standard error tells:
 and for each change, indented, "added PATH", "changed PATH" or "removed PATH". A PATH has the key of
 what occurs several times: /reginfo/registration[r1]/contact[c1].
 
+With --json the state is one line, as by "show --json", without "file"; with --events, too, each
+notification is: "file", "applied", "refresh", "reason", and "changes" of "change" and "path".
+
 Exit status: 0 done; 1 a notification cannot be read, or a new full one is needed; 2 documents of
 that kind cannot be merged; 3 the result cannot be written.
 
@@ -211,17 +238,9 @@ constexpr char kSchemasFooter[] = R"(The other commands take a NAME or an ID as 
 Example:
   ztxml schemas)";
 
-std::string CheckSchema(const std::string& nameOrId) {
-  return FindSchema(nameOrId) ? "" : "unknown schema '" + nameOrId + "' (see: ztxml schemas)";
-}
-
-std::string FailureMessage(const CLI::App* app, const CLI::Error& error) {
-  // Without this a misspelt command would only be reported as a missing one.
-  const std::vector<std::string> rest = app->remaining();
-  const bool unknown = app->get_subcommands().empty() && !rest.empty();
-  const std::string what = unknown ? "no such command: " + rest[0] : error.what();
-  return "ztxml: " + what + "\nTry: ztxml --help\n";
-}
+// Whether what reads the output has gone.
+volatile std::sig_atomic_t s_isPipeClosed = 0;
+void NotePipe(int /*signal*/) { s_isPipeClosed = 1; }
 
 class CommandLine {
  public:
@@ -230,6 +249,7 @@ class CommandLine {
     m_App.add_option("--log", m_LogLevel, "Print the library's log lines from this level up")
         ->option_text("LEVEL")
         ->check(CLI::Range(1, 4));
+    AddStyle();
     m_App.footer(kFooter);
     m_App.failure_message(FailureMessage);
     m_App.require_subcommand(1);
@@ -239,12 +259,15 @@ class CommandLine {
     AddFiles(m_pShow);
     AddSchema(m_pShow);
     AddStandard(m_pShow);
-    m_pShow->add_flag("--json", m_bJson, "Print JSON, one line for each document");
+    AddJson(m_pShow, "Print JSON, one line for each document");
     m_pCheck =
         AddCommand("check", "Tell which of many documents are refused or faulty", kCheckFooter);
     AddFiles(m_pCheck);
     AddSchema(m_pCheck);
     AddStandard(m_pCheck);
+    AddJson(m_pCheck, "Print JSON, one line for each document, and no summary");
+    m_pCheck->add_option("--junit", m_Checks.junit, "Write a report in JUnit's format as well")
+        ->option_text("FILE");
     m_pCheck->add_flag("-q,--quiet", m_Checks.quiet, "Print only what is not ok");
     m_pCheck->add_flag("--lost", m_Checks.losses, "Also tell what the types do not keep");
     m_pCheck->add_flag(
@@ -258,6 +281,7 @@ class CommandLine {
     m_pDiff->add_option("NEW", m_NewPath, "The second one")->option_text(" ")->required();
     AddSchema(m_pDiff);
     AddStandard(m_pDiff);
+    AddJson(m_pDiff, "Print JSON, one line for each difference");
     AddGetAndEdit();
     m_pRoundTrip = AddCommand("roundtrip", "Read documents and write them again to standard output",
                               kRoundTripFooter);
@@ -267,15 +291,20 @@ class CommandLine {
     m_pMerge = AddCommand("merge", "Print the state that results from notifications", kMergeFooter);
     AddFiles(m_pMerge);
     AddSchema(m_pMerge);
+    AddJson(m_pMerge, "Print the state as JSON, or with --events what became of each");
     m_pMerge->add_flag("--events", m_bEvents, "Print what became of each, and what it changed");
     m_pEvents = AddCommand("events", "Print the parser's callbacks, one a line", kEventsFooter);
     AddFiles(m_pEvents);
+    AddJson(m_pEvents, "Print JSON, one line for each callback");
     m_pNamespaces = AddCommand("namespaces", "Print the namespace declarations", kNamespacesFooter);
     AddFiles(m_pNamespaces);
     m_pSchemas = AddCommand("schemas", "List the schemas that the library knows", kSchemasFooter);
+    AddJson(m_pSchemas, "Print JSON, one line for each schema");
+    AddOwn();
   }
 
   int Run(int argc, const char* const* argv) {
+    if (argc < 2) return PrintHelp();
     try {
       m_App.parse(argc, argv);
     } catch (const CLI::ParseError& error) {
@@ -320,6 +349,56 @@ class CommandLine {
     AddFile(m_pEdit);
     AddSchema(m_pEdit);
   }
+  void AddJson(CLI::App* command, const char* what) { command->add_flag("--json", m_bJson, what); }
+  void AddStyle() {
+    m_App.add_option("--color", m_Color, "Colours: auto (on a terminal), always or never")
+        ->option_text("WHEN")
+        ->check(CheckColor);
+    m_App
+        .add_option("--context", m_Context,
+                    "Lines before one that is refused; of diff what is equal around a difference")
+        ->option_text("N")
+        ->check(CLI::Range(0, kMostContext));
+  }
+  Style StyleOf() const {
+    Style style;
+    if (m_Color == "always") style.colours = ColourUse::kAlways;
+    if (m_Color == "never") style.colours = ColourUse::kNever;
+    if (m_Context >= 0) style.context = static_cast<std::size_t>(m_Context);
+    return style;
+  }
+  void AddOwn() {
+    m_pBody = AddCommand("body", "Print the documents of a message as they are", kBodyFooter);
+    AddFile(m_pBody);
+    m_pBody->add_option("--nth", m_Nth, "Print only the Nth document")
+        ->option_text("N")
+        ->check(CLI::Range(1, kMostDocuments));
+    m_pFormat = AddCommand("format", "Print documents indented", kFormatFooter);
+    AddFiles(m_pFormat);
+    AddSchema(m_pFormat);
+    m_pNew = AddCommand("new", "Print an example of a document to start from", kNewFooter);
+    m_pNew->add_option("SCHEMA", m_Schema, "A schema of ztxml schemas, or one of its root elements")
+        ->option_text(" ")
+        ->required()
+        ->check(CheckSchemaOrRoot);
+    m_pHelp = AddCommand("help", "Print what a command does", kHelpFooter);
+    m_pHelp->add_option("COMMAND", m_HelpFor, "The command; without one, what they all are")
+        ->option_text(" ");
+  }
+  // As --help prints it. The parser gives only help of what was parsed, which is "help" here.
+  int PrintHelp() const {
+    std::vector<const char*> words = {"ztxml"};
+    if (!m_HelpFor.empty()) {
+      const std::vector<std::string> names = NamesOfCommands(m_App);
+      if (std::find(names.begin(), names.end(), m_HelpFor) == names.end()) {
+        std::cerr << "ztxml: " << NoSuchCommand(m_App, m_HelpFor) << '\n';
+        return kUsage;
+      }
+      words.push_back(m_HelpFor.c_str());
+    }
+    words.push_back("--help");
+    return CommandLine().Run(static_cast<int>(words.size()), words.data());
+  }
   CLI::Option* AddChange(const char* name, const char* form, std::vector<std::string>& values,
                          const char* description) {
     return m_pEdit->add_option(name, values, description)
@@ -336,18 +415,26 @@ class CommandLine {
   }
 
   int RunCommand() const {
-    if (m_pSchemas->parsed()) return PrintSchemas();
+    SetStyle(StyleOf());
+    if (m_pSchemas->parsed()) return PrintSchemas(m_bJson);
+    if (m_pHelp->parsed()) return PrintHelp();
     Log log(m_LogLevel);
+    if (m_pBody->parsed()) return PrintBody(m_File, static_cast<std::size_t>(m_Nth));
+    if (m_pNew->parsed()) return PrintNew(m_Schema);
     Reading reading;
     reading.schema = m_Schema.empty() ? nullptr : FindSchema(m_Schema);
     reading.isStandard = m_bStandard || m_Checks.strict || m_pGet->parsed() || m_pEdit->parsed() ||
-                         m_pMerge->parsed();
+                         m_pMerge->parsed() || m_pFormat->parsed();
     if (m_bRequiresDocument) reading.skipping = Skipping::kRefused;
     const std::vector<std::string> paths = m_bRecursive ? FilesIn(m_Paths) : m_Paths;
-    if (m_pCheck->parsed()) return Check(paths, reading, m_Checks);
-    if (m_pDiff->parsed()) return Diff(m_OldPath, m_NewPath, reading);
+    if (m_pCheck->parsed()) {
+      Checks checks = m_Checks;
+      checks.json = m_bJson;
+      return Check(paths, reading, checks);
+    }
+    if (m_pDiff->parsed()) return Diff(m_OldPath, m_NewPath, reading, m_bJson);
     if (m_pGet->parsed()) return Get(m_File, m_Path, reading);
-    if (m_pMerge->parsed()) return Merge(paths, reading, m_bEvents);
+    if (m_pMerge->parsed()) return Merge(paths, reading, {m_bEvents, m_bJson});
     if (m_pEdit->parsed()) return Edit(m_File, Changes(), reading);
     int status = kDone;
     for (const std::string& path : paths) {
@@ -387,12 +474,12 @@ class CommandLine {
     const bool opened =
         ReadDocuments(path, reading.isStandard, documents, failure, reading.skipping);
     const bool several = isOneOfSeveral || documents.size() > 1;
-    const bool written = m_pRoundTrip->parsed();
+    const bool written = m_pRoundTrip->parsed() || m_pFormat->parsed();
     int status = kDone;
     for (const Document& document : documents) {
       if (several && !m_bJson && !written) std::cout << "# " << Escape(document.name) << '\n';
       const int own = RunDocument(document, reading, log);
-      if (several && written && own == kDone) std::cout << '\n';
+      if (several && m_pRoundTrip->parsed() && own == kDone) std::cout << '\n';
       status = std::max(status, own);
     }
     if (opened) return status;
@@ -401,9 +488,10 @@ class CommandLine {
   }
 
   int RunDocument(const Document& document, const Reading& reading, Log& log) const {
-    if (m_pEvents->parsed()) return PrintEvents(document);
+    if (m_pEvents->parsed()) return PrintEvents(document, m_bJson);
     if (m_pNamespaces->parsed()) return PrintNamespaces(document);
     if (m_pRoundTrip->parsed()) return RoundTrip(document, reading, log);
+    if (m_pFormat->parsed()) return Format(document, reading);
     return m_bJson ? ShowJson(document, reading) : Show(document, reading);
   }
 
@@ -420,6 +508,10 @@ class CommandLine {
   CLI::App* m_pEvents = nullptr;
   CLI::App* m_pNamespaces = nullptr;
   CLI::App* m_pSchemas = nullptr;
+  CLI::App* m_pBody = nullptr;
+  CLI::App* m_pFormat = nullptr;
+  CLI::App* m_pNew = nullptr;
+  CLI::App* m_pHelp = nullptr;
   int m_LogLevel = 0;
   bool m_bJson = false;
   bool m_bStandard = false;
@@ -435,17 +527,25 @@ class CommandLine {
   std::string m_OldPath;
   std::string m_NewPath;
   std::string m_Schema;
+  int m_Nth = 0;
+  std::string m_HelpFor;
+  std::string m_Color = "auto";
+  int m_Context = -1;  // none given
 };
 
 }  // namespace
 
 int main(int argc, char** argv) {
+  // A status tells of a closed pipe, as of a full disk, rather than a signal.
+  if (std::signal(SIGPIPE, NotePipe) == SIG_ERR) return kInternal;
   try {
     const int status = CommandLine().Run(argc, argv);
     if (std::cout.flush()) return status;
-    Complain("(standard output)", "cannot be written");
+    // Who has closed the pipe has seen enough.
+    if (!s_isPipeClosed) Complain("(standard output)", "cannot be written");
+    return kOutputFailed;
   } catch (const std::exception& error) {
     Complain("internal error", error.what());
   }
-  return kCannotWrite;
+  return kInternal;
 }
