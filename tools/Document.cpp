@@ -108,9 +108,9 @@ bool ReadDocuments(const std::string& path, bool allBytes, std::vector<Document>
     return false;
   }
   const std::size_t first = documents.size();
-  const bool isRead =
-      isPackets ? ReadPacketFile(file, skipping == Skipping::kRefused, documents, failure)
-                : ReadCapture(file, documents, failure);
+  const bool isRead = isPackets
+                          ? ReadPacketFile(file, skipping == Skipping::kRefused, documents, failure)
+                          : ReadCapture(file, documents, failure);
   if (!allBytes)
     std::for_each(documents.begin() + static_cast<std::ptrdiff_t>(first), documents.end(), Cut);
   if (skipping != Skipping::kListed) TakeOutSkipped(documents, first, skipping);

@@ -45,7 +45,7 @@ struct Document {
   bool cut = false;         ///< whether there is more, after a NUL byte
   Kind kind = Kind::kText;
   Failure fault = {};  ///< what is to be told, of all but a text
-  Origin origin = {};       ///< of a message in a capture of packets
+  Origin origin = {};  ///< of a message in a capture of packets
 
   bool IsDocument() const { return kind == Kind::kText || kind == Kind::kRefused; }
   /// The place of the byte `offset`.
@@ -79,8 +79,8 @@ enum class Skipping {
 };
 
 /// Adds what the file `path`, or standard input for "-", has: a document, several, or the XML
-/// bodies of captured messages, also of those in a capture of packets. With `allBytes` NUL bytes, which UTF-16 has, are bytes like others.
-/// False with the failure; what was added before is kept.
+/// bodies of captured messages, also of those in a capture of packets. With `allBytes` NUL bytes,
+/// which UTF-16 has, are bytes like others. False with the failure; what was added before is kept.
 bool ReadDocuments(const std::string& path, bool allBytes, std::vector<Document>& documents,
                    Failure& failure, Skipping skipping = Skipping::kTold);
 /// The one document that `path` has, all bytes of it or up to a NUL; false when it has none or

@@ -6,9 +6,9 @@
 
 #include "Document.h"
 
-/// Adds what ReadCapture finds in the messages that the packets of `file` carry, each named after the
-/// file and the number of its message in the order of time. What of the packets cannot be read is
-/// told on standard error, and how many messages have no document; with `keepsSkipped` these are
+/// Adds what ReadCapture finds in the messages that the packets of `file` carry, each named after
+/// the file and the number of its message in the order of time. What of the packets cannot be read
+/// is told on standard error, and how many messages have no document; with `keepsSkipped` these are
 /// added, too. False with the failure when the file cannot be read to its end or there is nothing
 /// to add; what was added is kept.
 bool ReadPacketFile(const Document& file, bool keepsSkipped, std::vector<Document>& documents,

@@ -217,7 +217,8 @@ bool ZtSchemaDecoder::EndOpened(ZtPiece slashName, ZtPiece text) {
   const ZtNameId name = ZtNameId::OfId(frame.name);
   if (frame.kind == Kind::kExtension) {
     // An extension is offered its own end, of which most have nothing but a line to log.
-    const bool mayTake = type.extras->child || type.attributesAsTexts || type.rows.names.MayHave(name);
+    const bool mayTake =
+        type.extras->child || type.attributesAsTexts || type.rows.names.MayHave(name);
     if (mayTake || !ZtLogDiscards(kZtLogTrace)) return false;
   } else if (type.rows.takesText && frame.kind != Kind::kRoot) {
     const bool byRows = !type.extras->child && !type.attributesAsTexts;
