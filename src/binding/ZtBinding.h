@@ -64,13 +64,18 @@ const ZtField* ZtSearchAttribute(const ZtElementType& type, const ZtField*& next
 }
 template <class Name>
 [[gnu::always_inline]] inline const ZtField* ZtNextAttribute(const ZtElementType& type,
+                                                             const ZtField* end,  // of the rows
                                                              const ZtField*& next, Name name) {
   const ZtField* const due = next;
-  if (due == type.children() || due->place != ZtPlace::kAttribute || !due->name.Is(name)) {
+  if (due == end || due->place != ZtPlace::kAttribute || !due->name.Is(name)) {
     return ZtSearchAttribute(type, next, name);
   }
   ++next;
   return due;
+}
+template <class Name>
+const ZtField* ZtNextAttribute(const ZtElementType& type, const ZtField*& next, Name name) {
+  return ZtNextAttribute(type, type.children(), next, name);
 }
 // The row of the child element `name` that has an object or a text, or null when it is to be looked
 // for otherwise. Children mostly come in the order of their rows, each perhaps repeated: the search

@@ -400,9 +400,10 @@ void ZtSchemaDecoder::KeepAttributes(ScannedTag& tag) {
   const ZtField* next = type.begin();
   const bool inPlace = m_pArena && m_pArena->Holds(tag.name);
   const bool hasEntity = tag.hasEntity;
+  const ZtField* const rowsEnd = type.children();
   for (ScannedAttribute *attribute = tag.begin(), *end = tag.end(); attribute != end; ++attribute) {
     ScannedTag::Cut(*attribute, hasEntity);
-    const ZtField* const row = ZtNextAttribute(type, next, attribute->Name());
+    const ZtField* const row = ZtNextAttribute(type, rowsEnd, next, attribute->Name());
     if (inPlace && row && row->value == ZtValue::kText) {
       (object.*row->member.text).Refer(attribute->Value());
     } else {

@@ -70,7 +70,7 @@ class ZtStructure {
   }
 
  private:
-  static constexpr std::size_t kAhead = 8;  // blocks that are looked through at once
+  static constexpr std::size_t kAhead = 16;  // blocks that are looked through at once
 
   bool NextBlock() {
     if (m_pNext == m_pLast && !LookAhead()) return false;
