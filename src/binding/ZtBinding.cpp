@@ -17,20 +17,22 @@ inline unsigned DigitOf(char c) {
 // refused as a number: too large a one is the largest that fits, a negative or missing one is 0,
 // and what follows the digits is not looked at; callers get a number in every case.
 template <class Number>
-Number ParseNumber(const char* text) {
+Number ParseNumber(ZtPiece value) {
+  const char* text = value.text;
   while (*text == ' ' || (*text >= '\t' && *text <= '\r')) ++text;
   const bool negative = *text == '-';
   if (negative || *text == '+') ++text;
   if (negative) return 0;
-  constexpr Number kMost = std::numeric_limits<Number>::max();
-  // Fewer digits than this are no number that is too large.
-  const char* const safe = text + std::numeric_limits<Number>::digits10;
+  using Limits = std::numeric_limits<Number>;
   Number number = 0;
   unsigned digit = 0;
+  if (value.size <= Limits::digits10) {  // none is too large then
+    for (; (digit = DigitOf(*text)) <= 9; ++text) number = number * 10 + digit;
+    return number;
+  }
+  constexpr Number kMost = Limits::max();
   for (; (digit = DigitOf(*text)) <= 9; ++text) {
-    if (text >= safe && number >= kMost / 10 && (number > kMost / 10 || digit > kMost % 10)) {
-      return kMost;
-    }
+    if (number >= kMost / 10 && (number > kMost / 10 || digit > kMost % 10)) return kMost;
     number = number * 10 + digit;
   }
   return number;
@@ -50,7 +52,7 @@ ZtOutcome ZtStore(XMLElement& self, const ZtField& field, ZtPiece value, const Z
       break;
     }
     case ZtValue::kNumber: {
-      const auto number = ParseNumber<unsigned>(value.text);
+      const auto number = ParseNumber<unsigned>(value);
       const ZtRange* range = field.detail.range;
       if (!range || (number >= range->least && number <= range->most)) {
         (self.*field.member.number).Set(number);
@@ -58,7 +60,7 @@ ZtOutcome ZtStore(XMLElement& self, const ZtField& field, ZtPiece value, const Z
       break;
     }
     case ZtValue::kNumber64:
-      (self.*field.member.number64).Set(ParseNumber<unsigned long long>(value.text));
+      (self.*field.member.number64).Set(ParseNumber<unsigned long long>(value));
       break;
     case ZtValue::kEnum: {
       const unsigned index = field.detail.values->Find(value);
