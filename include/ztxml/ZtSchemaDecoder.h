@@ -159,8 +159,8 @@ class ZT_API ZtSchemaDecoder : public XmlDecoderSchema, public ZtSink {
   std::size_t m_iPassCapacity = 0;  // bytes allocated for m_PassName
   static constexpr int kFewFrames = 8;
   Frame m_FewFrames[kFewFrames];
-  Frame* m_pFrames =
-      m_FewFrames;              // as many as the stack has entries: elsewhere when these are more
+  // As many as the stack has entries: on the heap once there are more than a few.
+  Frame* m_pFrames = m_FewFrames;
   Open m_Started;               // made by the last start tag: its attributes go there
   std::size_t m_iDropped = 0;   // open elements that a full stack did not take
   std::size_t m_iSkipped = 0;   // depth inside an element whose content is skipped, 0 outside

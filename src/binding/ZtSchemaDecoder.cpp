@@ -98,7 +98,7 @@ void ZtSchemaDecoder::Tag(ScannedTag& tag) {
 }
 
 // Does all that is to be done for most tags: those of the texts and objects that rows of the open
-// type name. False, with nothing done, for others.
+// type name. False for others, of which nothing is done then.
 inline bool ZtSchemaDecoder::StartKnown(ScannedTag& tag) {
   if (m_bFailed || m_iSkipped || m_iDropped || m_Stack.empty()) return false;
   if (tag.NameSize() >= kMostShortName || *tag.name == '/') return false;
