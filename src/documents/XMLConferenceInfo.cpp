@@ -21,9 +21,9 @@ constexpr ZtField StateRow(ZtNumber T::*state) {
   return ztrow::Attribute(XML_STR_STATE, state, kStates).Default(ZT_STATE_FULL);
 }
 
-constexpr ZtEnumByPrefix kEndpointStatuses = {
-    "pending",   "dialing-out",     "dialing-in",    "alerting",    "on-hold",
-    "connected", "muted-via-focus", "disconnecting", "disconnected"};
+constexpr ZtEnumByPrefix kEndpointStatuses = {"pending",         "dialing-out",   "dialing-in",
+                                              "alerting",        "on-hold",       "connected",
+                                              "muted-via-focus", "disconnecting", "disconnected"};
 
 constexpr ZtEnumByPrefix kJoiningMethods = {"dialed-in", "dialed-out", "focus-owner"};
 
