@@ -10,6 +10,7 @@
 #include "Capture.h"
 #include "Colour.h"
 #include "FileKind.h"
+#include "Output.h"
 #include "PacketFile.h"
 #include "Packets.h"
 #include "Text.h"
@@ -79,13 +80,13 @@ std::string Describe(const std::string& name, const Failure& failure) {
 }
 
 void Complain(const std::string& name, const std::string& message) {
-  std::cout.flush();
-  std::cerr << "ztxml: " << Escape(name) << ": " << message << '\n';
+  Out().flush();
+  Err() << "ztxml: " << Escape(name) << ": " << message << '\n';
 }
 
 void Report(const std::string& name, const Failure& failure) {
-  std::cout.flush();
-  std::cerr << "ztxml: " << Coloured(Describe(name, failure), Colour::kRed, std::cerr) << '\n';
+  Out().flush();
+  Err() << "ztxml: " << Coloured(Describe(name, failure), Colour::kRed, Err()) << '\n';
 }
 
 int Refuse(const std::string& name, const Failure& failure, ExitStatus status) {

@@ -1,11 +1,11 @@
 // ztxml roundtrip: reads a document and writes it again.
 #include <algorithm>
-#include <iostream>
 #include <string>
 
 #include "Colour.h"
 #include "Commands.h"
 #include "Judge.h"
+#include "Output.h"
 #include "Read.h"
 #include "Text.h"
 #include "ztxml/ztXMLDocGenerator.h"
