@@ -146,14 +146,16 @@ class Checker {
   // What XML forbids and the exact profile reads.
   static void JudgeText(const Document& document, const XMLSchemaInfo& schema,
                         CheckResult& result) {
-    const Verdict verdict = Judge(document, ScopeAround(schema));
+    if (IsSurelySound(document)) return;
+    const Scope scope = ScopeAround(schema);
+    const Verdict verdict = Judge(document, scope);
     Failure failure;
     if (FindFault(document, verdict, failure)) {
       result.faults.push_back(failure);
       return;
     }
     if (!verdict.oddRoot.empty()) result.remark = OddRoot(verdict.oddRoot);
-    const Fault unbound = Judge(document).unbound;
+    const Fault unbound = scope.empty() ? Fault() : Judge(document).unbound;
     if (!unbound) return;
     if (!result.remark.empty()) result.remark += "; ";
     result.remark += unbound.what + ": that is for the document around the service";

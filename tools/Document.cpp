@@ -39,6 +39,9 @@ const char* ReadFile(const std::string& path, std::string& text) {
   }
   std::ifstream file(path, std::ios::binary);
   if (!file) return "cannot be opened";
+  // Without room for all of it, it would be moved again and again.
+  const std::uintmax_t size = std::filesystem::file_size(path, error);
+  if (!error && size <= kMostBytes) text.reserve(static_cast<std::size_t>(size));
   return ReadAll(file, text);
 }
 

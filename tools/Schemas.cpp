@@ -15,13 +15,17 @@
 
 namespace {
 
-std::vector<const XMLSchemaInfo*> AllSchemas() {
-  std::vector<const XMLSchemaInfo*> schemas;
-  for (int id = 0; id < XML_SCHEMA_END; ++id) {
-    const XMLSchemaInfo* info = XMLFactory::getSchemaInfo(static_cast<eXMLSchemaID>(id));
-    if (info) schemas.push_back(info);
-  }
-  return schemas;
+// Every document asks for them.
+const std::vector<const XMLSchemaInfo*>& AllSchemas() {
+  static const std::vector<const XMLSchemaInfo*> all = [] {
+    std::vector<const XMLSchemaInfo*> schemas;
+    for (int id = 0; id < XML_SCHEMA_END; ++id) {
+      const XMLSchemaInfo* info = XMLFactory::getSchemaInfo(static_cast<eXMLSchemaID>(id));
+      if (info) schemas.push_back(info);
+    }
+    return schemas;
+  }();
+  return all;
 }
 
 std::string Roots(const XMLSchemaInfo& schema) {

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "Text.h"
+#include "base/ZtBytes.h"
 
 namespace {
 
@@ -13,6 +14,19 @@ constexpr std::string_view kDeclaration = "<?xml version";
 bool BeginsName(char c) {
   return static_cast<unsigned char>(c) >= 0x80 || c == '_' || c == ':' || (c >= '0' && c <= '9') ||
          (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
+}
+
+// The first of four characters from `at` on, or the end of the text.
+std::size_t FindAny(std::string_view text, std::size_t at, const char (&which)[5]) {
+  const char* const begin = text.data();
+  const char* const end = begin + text.size();
+  for (; ZtHasBlock(begin + at, end); at += sizeof(ZtBlock)) {
+    const auto block = ZtGet<ZtBlock>(begin + at);
+    const unsigned first = ZtFirst(ZtMatches(block, which[0]) | ZtMatches(block, which[1]) |
+                                   ZtMatches(block, which[2]) | ZtMatches(block, which[3]));
+    if (first < sizeof(block)) return at + first;
+  }
+  return std::min(text.find_first_of(which, at), text.size());
 }
 
 // Goes through tags without a judgement of them. What is not closed goes on to the end of the text,
@@ -74,22 +88,23 @@ class Scan {
       PassTo(">", m_iAt);
     }
   }
+  // What of a tag is to be looked at next, inside of the quotes `quote` or, if that is 0, of none.
+  std::size_t EndOfPiece(std::size_t at, char quote) const {
+    if (quote == '"') return FindAny(m_Text, at, "\"\"<<");
+    return quote ? FindAny(m_Text, at, "''<<") : FindAny(m_Text, at, "<>\"'");
+  }
   // False when the tag is not closed.
   bool PassTag() {
     char quote = '\0';
-    for (++m_iAt; m_iAt < m_Text.size(); ++m_iAt) {
+    while ((m_iAt = EndOfPiece(m_iAt + 1, quote)) < m_Text.size()) {
       const char c = m_Text[m_iAt];
-      if (c == '<' && At(kDeclaration)) {
-        m_bCut = true;
-        return false;
-      }
-      if (quote) {
-        if (c == quote) quote = '\0';
-      } else if (c == '"' || c == '\'') {
-        quote = c;
+      if (c == '<') {
+        if (At(kDeclaration)) break;
       } else if (c == '>') {
         ++m_iAt;
         return true;
+      } else {
+        quote = quote ? '\0' : c;
       }
     }
     m_bCut = true;
