@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <fstream>
 #include <iostream>
+#include <memory>
 #include <system_error>
 
 #include "Capture.h"
@@ -21,9 +22,10 @@ constexpr std::size_t kMostBytes = INT_MAX - 1;
 
 // Null, or why there is no text.
 const char* ReadAll(std::istream& from, std::string& text) {
-  std::vector<char> block(1 << 16);
-  while (from.read(block.data(), static_cast<std::streamsize>(block.size())), from.gcount() > 0) {
-    text.append(block.data(), static_cast<std::size_t>(from.gcount()));
+  constexpr std::size_t kBlock = 1 << 16;
+  const std::unique_ptr<char[]> block(new char[kBlock]);  // not filled, for many small files
+  while (from.read(block.get(), kBlock), from.gcount() > 0) {
+    text.append(block.get(), static_cast<std::size_t>(from.gcount()));
     if (text.size() > kMostBytes) return "more than 2 GB";
   }
   return from.bad() ? "cannot be read whole" : nullptr;

@@ -40,7 +40,7 @@ class Scan {
       m_iAt = std::min(m_Text.find('<', m_iAt), m_Text.size());
       if (m_iAt == m_Text.size() || MeetsNextDocument()) break;
       if (PassMarkup()) continue;
-      const bool isEnd = At("</");
+      const bool isEnd = IsNext('/');
       const bool isEmpty = PassTag() && !isEnd && m_Text[m_iAt - 2] == '/';
       m_bInRoot = true;
       if (m_bCut) break;
@@ -56,7 +56,8 @@ class Scan {
 
  private:
   bool At(std::string_view what) const { return m_Text.compare(m_iAt, what.size(), what) == 0; }
-  bool MeetsNextDocument() const { return m_bInRoot && At(kDeclaration); }
+  bool IsNext(char c) const { return m_iAt + 1 < m_Text.size() && m_Text[m_iAt + 1] == c; }
+  bool MeetsNextDocument() const { return m_bInRoot && IsNext('?') && At(kDeclaration); }
 
   // To after `end`, which is looked for from `from` on.
   void PassTo(std::string_view end, std::size_t from) {
@@ -65,6 +66,7 @@ class Scan {
   }
   // Passes what is no tag.
   bool PassMarkup() {
+    if (!IsNext('!') && !IsNext('?')) return false;
     if (At("<!--")) {
       PassTo("-->", m_iAt + 4);
     } else if (At("<![CDATA[")) {
