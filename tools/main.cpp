@@ -59,6 +59,10 @@ Examples:
   ztxml new reginfo > notify.xml
   ztxml help COMMAND
 
+Of several files, and of the documents of a large one, as many are read at a time as there are
+processors, or --jobs; what is printed does not depend on it. On a terminal standard error tells
+after a second how far the work is.
+
 On a terminal there are colours, unless NO_COLOR is set, and the line of a document that is refused
 has a caret under the place. --color and --context ask for them elsewhere.
 
@@ -150,6 +154,7 @@ Exit status: 0 all are ok; 1 some are not; 4 the report cannot be written.
 Examples:
   ztxml check *.xml
   ztxml check --lost --strict notify.xml
+  ztxml check -j 4 -r captures
   ztxml check --quiet capture/*.txt || echo some are not ok)";
 
 constexpr char kDiffFooter[] =
