@@ -138,6 +138,7 @@ const XMLSchemaInfo* FindSchemaOfRoot(const std::string& localName) {
 
 const XMLSchemaInfo* FindSchemaOfType(const std::string& type, const std::string& localName) {
   const XMLSchemaInfo* first = nullptr;
+  if (type.empty()) return first;
   for (const TypeRow& row : kTypes) {
     if (type != row.type) continue;
     const XMLSchemaInfo* schema = XMLFactory::getSchemaInfo(row.schema);
@@ -148,8 +149,9 @@ const XMLSchemaInfo* FindSchemaOfType(const std::string& type, const std::string
 }
 
 bool HasRoot(const XMLSchemaInfo& schema, const std::string& localName) {
-  return std::any_of(std::begin(schema.roots), std::end(schema.roots),
-                     [&](const char* root) { return root && localName == root; });
+  return std::any_of(std::begin(schema.roots), std::end(schema.roots), [&](const char* root) {
+    return root && *root == localName[0] && localName == root;
+  });
 }
 
 int PrintSchemas(bool json) {

@@ -16,19 +16,6 @@ bool BeginsName(char c) {
          (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
 }
 
-// The first of four characters from `at` on, or the end of the text.
-std::size_t FindAny(std::string_view text, std::size_t at, const char (&which)[5]) {
-  const char* const begin = text.data();
-  const char* const end = begin + text.size();
-  for (; ZtHasBlock(begin + at, end); at += sizeof(ZtBlock)) {
-    const auto block = ZtGet<ZtBlock>(begin + at);
-    const unsigned first = ZtFirst(ZtMatches(block, which[0]) | ZtMatches(block, which[1]) |
-                                   ZtMatches(block, which[2]) | ZtMatches(block, which[3]));
-    if (first < sizeof(block)) return at + first;
-  }
-  return std::min(text.find_first_of(which, at), text.size());
-}
-
 // Goes through tags without a judgement of them. What is not closed goes on to the end of the text,
 // or to the next XML declaration.
 class Scan {
@@ -90,26 +77,44 @@ class Scan {
       PassTo(">", m_iAt);
     }
   }
-  // What of a tag is to be looked at next, inside of the quotes `quote` or, if that is 0, of none.
-  std::size_t EndOfPiece(std::size_t at, char quote) const {
-    if (quote == '"') return FindAny(m_Text, at, "\"\"<<");
-    return quote ? FindAny(m_Text, at, "''<<") : FindAny(m_Text, at, "<>\"'");
-  }
   // False when the tag is not closed.
   bool PassTag() {
+    const char* const end = m_Text.data() + m_Text.size();
+    const char* at = m_Text.data() + m_iAt + 1;
     char quote = '\0';
-    while ((m_iAt = EndOfPiece(m_iAt + 1, quote)) < m_Text.size()) {
-      const char c = m_Text[m_iAt];
-      if (c == '<') {
-        if (At(kDeclaration)) break;
-      } else if (c == '>') {
-        ++m_iAt;
-        return true;
-      } else {
-        quote = quote ? '\0' : c;
+    while (true) {
+      if (ZtHasBlock(at, end)) {
+        const auto block = ZtGet<ZtBlock>(at);
+        unsigned bits = ZtBits(ZtMatches(block, '"') | ZtMatches(block, '\'') |
+                               ZtMatches(block, '<') | ZtMatches(block, '>'));
+        for (; bits; bits &= bits - 1) {
+          if (EndsTag(at + ZtFirstBit(bits), quote)) return !m_bCut;
+        }
+        at += sizeof(block);
+      } else if (at == end) {
+        m_iAt = m_Text.size();
+        m_bCut = true;
+        return false;
+      } else if (EndsTag(at++, quote)) {
+        return !m_bCut;
       }
     }
-    m_bCut = true;
+  }
+  // Whether a tag ends at `at`, or is cut there; `quote` is that of the open value, 0 for none.
+  bool EndsTag(const char* at, char& quote) {
+    m_iAt = static_cast<std::size_t>(at - m_Text.data());
+    if (*at == '<') {
+      m_bCut = IsNext('?') && At(kDeclaration);
+      return m_bCut;
+    }
+    if (quote) {
+      if (*at == quote) quote = '\0';
+    } else if (*at == '>') {
+      ++m_iAt;
+      return true;
+    } else if (*at == '"' || *at == '\'') {
+      quote = *at;
+    }
     return false;
   }
 
