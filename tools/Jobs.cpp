@@ -8,7 +8,6 @@
 #include <exception>
 #include <iostream>
 #include <mutex>
-#include <system_error>
 #include <thread>
 
 #include "Output.h"
@@ -45,8 +44,8 @@ class Runner {
     m_Threads.reserve(threads);
     try {
       while (m_Threads.size() < threads) m_Threads.emplace_back([this] { Work(); });
-    } catch (const std::system_error&) {
-      // Then there are fewer.
+    } catch (const std::exception&) {
+      // No room for another one: then there are fewer.
     }
   }
   ~Runner() { Stop(); }
