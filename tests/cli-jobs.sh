@@ -103,15 +103,18 @@ if command -v script >/dev/null; then
   after_a_while "$ztxml check --quiet - notify.xml" quiet &
   after_a_while "$ztxml show - 2>told.txt" told &
   after_a_while "$ztxml show - | cat >piped.xml" piped &
+  (sleep 2.3; cat notify.xml; printf '\4') | script -qc "$ztxml show - >/dev/null" /dev/null >seen.typed &
   after_a_while "sleep 2; $ztxml show notify.xml >/dev/null" soon &
   wait
-  grep -q $'\rat work for 1 s' seen.one || fail "no progress: $(cat seen.one)"
+  grep -qE $'\rat work for [1-9] s' seen.one || fail "no progress: $(cat seen.one)"
   cmp shown.xml <("$ztxml" show notify.xml) || fail "progress in the output"
   grep -qE $'\r\\[=+ +\\] 1 of 2 files' seen.files || fail "no bar: $(cat seen.files)"
   for way in one files; do
     grep -qE $'\r +\r$' "seen.$way" || fail "progress stays: $(cat "seen.$way")"
   done
-  grep -qE $'at work for 2 s\r +\rfull\r$' seen.get || fail "progress before a value: $(cat seen.get)"
+  grep -qE $'at work for [1-9] s\r +\rfull\r$' seen.get || fail "progress before a value: $(cat seen.get)"
+  grep -q "at work" seen.typed && fail "progress while somebody types"
+  grep -q "registration" seen.typed || fail "nothing was typed: $(cat seen.typed)"
   for way in quiet piped soon; do
     [[ ! -s "seen.$way" ]] || fail "progress with $way: $(cat "seen.$way")"
   done

@@ -5,6 +5,7 @@
 #include <exception>
 #include <iostream>
 #include <string>
+#include <unistd.h>
 #include <vector>
 
 #include "Colour.h"
@@ -433,10 +434,15 @@ class CommandLine {
         ->required();
   }
 
+  // Whether the input is typed at a terminal, where progress would come in between.
+  bool IsTyped() const {
+    const bool isRead = m_File == "-" || std::count(m_Paths.begin(), m_Paths.end(), "-");
+    return isRead && isatty(STDIN_FILENO);
+  }
   int RunCommand() const {
     SetStyle(StyleOf());
     SetJobs(static_cast<std::size_t>(m_Jobs));
-    if (m_Checks.quiet) Progress::Get().Hide();
+    if (m_Checks.quiet || IsTyped()) Progress::Get().Hide();
     if (m_pSchemas->parsed()) return PrintSchemas(m_bJson);
     if (m_pHelp->parsed()) return PrintHelp();
     Log log(m_LogLevel);
