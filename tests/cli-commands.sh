@@ -5,10 +5,7 @@
 set -uo pipefail
 # shellcheck source=tests/cli-support.sh
 source "$(dirname "$0")/cli-support.sh"
-sources="$(cd "$(dirname "$0")/.." && pwd)"
-ztxml="$(realpath "$ztxml")"
-documents="$(realpath "$documents")"
-cd "$work" || exit 1
+go_to_work
 cp "$documents/reginfo.xml" notify.xml
 
 # ---- Help and exit status -----------------------------------------------------------------------

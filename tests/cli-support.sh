@@ -24,6 +24,14 @@ expect() {
 
 prints() { [[ "$(cat "$work/out")" == "$1" ]] || fail "printed: $(cat "$work/out")"; }
 
+# Goes to a folder for files; `sources` becomes the project's.
+go_to_work() {
+  sources="$(cd "$(dirname "$0")/.." && pwd)"
+  ztxml="$(realpath "$ztxml")"
+  documents="$(realpath "$documents")"
+  cd "$work" || exit 1
+}
+
 # finish NAME: ends a test.
 finish() {
   [[ "$failures" -eq 0 ]] && echo "$1: all passed"

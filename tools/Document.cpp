@@ -5,11 +5,13 @@
 #include <filesystem>
 #include <fstream>
 #include <iostream>
+#include <memory>
 #include <system_error>
 
 #include "Capture.h"
 #include "Colour.h"
 #include "FileKind.h"
+#include "Output.h"
 #include "PacketFile.h"
 #include "Packets.h"
 #include "Text.h"
@@ -20,9 +22,10 @@ constexpr std::size_t kMostBytes = INT_MAX - 1;
 
 // Null, or why there is no text.
 const char* ReadAll(std::istream& from, std::string& text) {
-  std::vector<char> block(1 << 16);
-  while (from.read(block.data(), static_cast<std::streamsize>(block.size())), from.gcount() > 0) {
-    text.append(block.data(), static_cast<std::size_t>(from.gcount()));
+  constexpr std::size_t kBlock = 1 << 16;
+  const std::unique_ptr<char[]> block(new char[kBlock]);  // not filled, for many small files
+  while (from.read(block.get(), kBlock), from.gcount() > 0) {
+    text.append(block.get(), static_cast<std::size_t>(from.gcount()));
     if (text.size() > kMostBytes) return "more than 2 GB";
   }
   return from.bad() ? "cannot be read whole" : nullptr;
@@ -38,6 +41,9 @@ const char* ReadFile(const std::string& path, std::string& text) {
   }
   std::ifstream file(path, std::ios::binary);
   if (!file) return "cannot be opened";
+  // Without room for all of it, it would be moved again and again.
+  const std::uintmax_t size = std::filesystem::file_size(path, error);
+  if (!error && size <= kMostBytes) text.reserve(static_cast<std::size_t>(size));
   return ReadAll(file, text);
 }
 
@@ -79,13 +85,13 @@ std::string Describe(const std::string& name, const Failure& failure) {
 }
 
 void Complain(const std::string& name, const std::string& message) {
-  std::cout.flush();
-  std::cerr << "ztxml: " << Escape(name) << ": " << message << '\n';
+  Out().flush();
+  Err() << "ztxml: " << Escape(name) << ": " << message << '\n';
 }
 
 void Report(const std::string& name, const Failure& failure) {
-  std::cout.flush();
-  std::cerr << "ztxml: " << Coloured(Describe(name, failure), Colour::kRed, std::cerr) << '\n';
+  Out().flush();
+  Err() << "ztxml: " << Coloured(Describe(name, failure), Colour::kRed, Err()) << '\n';
 }
 
 int Refuse(const std::string& name, const Failure& failure, ExitStatus status) {

@@ -13,6 +13,8 @@
 #include "Schemas.h"
 #include "Text.h"
 #include "binding/ZtNames.h"
+#include "text/ZtEncoding.h"
+#include "text/ZtXmlReader.h"
 
 namespace {
 
@@ -331,6 +333,46 @@ Verdict Judge(const Document& document, const Scope& scope) {
     const NamespaceCheck namespaces(judged, name - 1, scope, verdict.unbound);
   }
   return verdict;
+}
+
+// The library's strict reader, which the standard profile has, accepts nothing that the other
+// parser refuses.
+bool IsSurelySound(const Document& document) {
+  if (document.cut) return false;
+  const ZtPiece input(document.text.data(), document.text.size());
+  ZtTextForm form;
+  std::size_t at = 0;
+  if (ZtFindForm(input, form, at) != ZtEncodingFault::kNone) return false;
+  if (form.encoding != ZtEncoding::kUtf8) return false;
+  const std::size_t size = ZtDecodedSize(input, form);
+  // Not filled, since it is large.
+  const std::unique_ptr<char[]> text(new char[size + 1]);
+  if (ZtDecode(input, form, text.get(), at) != ZtEncodingFault::kNone) return false;
+  text[size] = '\0';
+  const std::string_view source = std::string_view(document.text).substr(input.size - size);
+  ZtXmlReader reader(nullptr, 0);
+  reader.Begin(text.get(), size);
+  bool isRoot = true;
+  while (true) {
+    switch (reader.Next()) {
+      case ZtToken::kStart: {
+        if (isRoot && source.substr(0, reader.From()).find("<!DOCTYPE") != kNowhere) return false;
+        isRoot = false;
+        const std::size_t tag = reader.To() - reader.From();
+        if (source.substr(reader.From(), tag).find('>') + 1 < tag) return false;
+        break;
+      }
+      case ZtToken::kEnd:
+        break;
+      case ZtToken::kText:
+        if (reader.IsCData()) return false;
+        break;
+      case ZtToken::kDone:
+        return true;
+      case ZtToken::kFailed:
+        return false;
+    }
+  }
 }
 
 Scope ScopeAround(const XMLSchemaInfo& schema) {

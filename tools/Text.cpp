@@ -1,8 +1,6 @@
 #include "Text.h"
 
 #include <cctype>
-#include <iostream>
-#include <unistd.h>
 
 namespace {
 
@@ -75,14 +73,6 @@ std::size_t CharacterSize(std::string_view text) {
 std::string Escape(std::string_view text) { return EscapeWith(text, "", "\\"); }
 std::string Quote(std::string_view text) { return '"' + EscapeWith(text, "", "\\\"") + '"'; }
 std::string EscapeControls(std::string_view text) { return EscapeWith(text, "\n\t", ""); }
-
-void PrintText(std::string_view text) {
-  if (isatty(STDOUT_FILENO)) {
-    std::cout << EscapeControls(text);
-  } else {
-    std::cout << text;
-  }
-}
 
 std::string QuoteShort(std::string_view text) {
   if (text.size() <= kShort) return Quote(text);

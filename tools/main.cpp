@@ -5,14 +5,18 @@
 #include <exception>
 #include <iostream>
 #include <string>
+#include <unistd.h>
 #include <vector>
 
 #include "Colour.h"
 #include "Commands.h"
 #include "Document.h"
 #include "Help.h"
+#include "Jobs.h"
 #include "Json.h"
 #include "Log.h"
+#include "Output.h"
+#include "Progress.h"
 #include "Schemas.h"
 #include "Text.h"
 #include "Usage.h"
@@ -55,6 +59,10 @@ Examples:
   ztxml body capture.txt --nth 2 | ztxml format -
   ztxml new reginfo > notify.xml
   ztxml help COMMAND
+
+Of several files, and of the documents of a large one, as many are read at a time as there are
+processors, or --jobs; what is printed does not depend on it. On a terminal standard error tells
+after a second how far the work is.
 
 On a terminal there are colours, unless NO_COLOR is set, and the line of a document that is refused
 has a caret under the place. --color and --context ask for them elsewhere.
@@ -147,6 +155,7 @@ Exit status: 0 all are ok; 1 some are not; 4 the report cannot be written.
 Examples:
   ztxml check *.xml
   ztxml check --lost --strict notify.xml
+  ztxml check -j 4 -r captures
   ztxml check --quiet capture/*.txt || echo some are not ok)";
 
 constexpr char kDiffFooter[] =
@@ -257,12 +266,14 @@ class CommandLine {
 
     m_pShow = AddCommand("show", "Print the objects that documents are read as", kShowFooter);
     AddFiles(m_pShow);
+    AddJobs(m_pShow);
     AddSchema(m_pShow);
     AddStandard(m_pShow);
     AddJson(m_pShow, "Print JSON, one line for each document");
     m_pCheck =
         AddCommand("check", "Tell which of many documents are refused or faulty", kCheckFooter);
     AddFiles(m_pCheck);
+    AddJobs(m_pCheck);
     AddSchema(m_pCheck);
     AddStandard(m_pCheck);
     AddJson(m_pCheck, "Print JSON, one line for each document, and no summary");
@@ -286,6 +297,7 @@ class CommandLine {
     m_pRoundTrip = AddCommand("roundtrip", "Read documents and write them again to standard output",
                               kRoundTripFooter);
     AddFiles(m_pRoundTrip);
+    AddJobs(m_pRoundTrip);
     AddSchema(m_pRoundTrip);
     AddStandard(m_pRoundTrip);
     m_pMerge = AddCommand("merge", "Print the state that results from notifications", kMergeFooter);
@@ -295,9 +307,11 @@ class CommandLine {
     m_pMerge->add_flag("--events", m_bEvents, "Print what became of each, and what it changed");
     m_pEvents = AddCommand("events", "Print the parser's callbacks, one a line", kEventsFooter);
     AddFiles(m_pEvents);
+    AddJobs(m_pEvents);
     AddJson(m_pEvents, "Print JSON, one line for each callback");
     m_pNamespaces = AddCommand("namespaces", "Print the namespace declarations", kNamespacesFooter);
     AddFiles(m_pNamespaces);
+    AddJobs(m_pNamespaces);
     m_pSchemas = AddCommand("schemas", "List the schemas that the library knows", kSchemasFooter);
     AddJson(m_pSchemas, "Print JSON, one line for each schema");
     AddOwn();
@@ -326,6 +340,11 @@ class CommandLine {
     command->add_flag("-r,--recursive", m_bRecursive, "Take the files in directories, sorted");
     command->add_flag("--require-document", m_bRequiresDocument,
                       "Refuse messages without a document, which are skipped else");
+  }
+  void AddJobs(CLI::App* command) {
+    command->add_option("-j,--jobs", m_Jobs, "Threads at work (as many as there are processors)")
+        ->option_text("N")
+        ->check(CLI::Range(1, kMostJobs));
   }
   void AddSchema(CLI::App* command) {
     command->add_option("--schema", m_Schema, "A schema of ztxml schemas, for every document")
@@ -375,6 +394,7 @@ class CommandLine {
         ->check(CLI::Range(1, kMostDocuments));
     m_pFormat = AddCommand("format", "Print documents indented", kFormatFooter);
     AddFiles(m_pFormat);
+    AddJobs(m_pFormat);
     AddSchema(m_pFormat);
     m_pNew = AddCommand("new", "Print an example of a document to start from", kNewFooter);
     m_pNew->add_option("SCHEMA", m_Schema, "A schema of ztxml schemas, or one of its root elements")
@@ -414,12 +434,21 @@ class CommandLine {
         ->required();
   }
 
+  // Whether the input is typed at a terminal, where progress would come in between.
+  bool IsTyped() const {
+    const bool isRead = m_File == "-" || std::count(m_Paths.begin(), m_Paths.end(), "-");
+    return isRead && isatty(STDIN_FILENO);
+  }
   int RunCommand() const {
     SetStyle(StyleOf());
+    SetJobs(static_cast<std::size_t>(m_Jobs));
+    if (m_Checks.quiet || IsTyped()) Progress::Get().Hide();
     if (m_pSchemas->parsed()) return PrintSchemas(m_bJson);
     if (m_pHelp->parsed()) return PrintHelp();
     Log log(m_LogLevel);
-    if (m_pBody->parsed()) return PrintBody(m_File, static_cast<std::size_t>(m_Nth));
+    if (m_pBody->parsed()) {
+      return ForOne([&] { return PrintBody(m_File, static_cast<std::size_t>(m_Nth)); });
+    }
     if (m_pNew->parsed()) return PrintNew(m_Schema);
     Reading reading;
     reading.schema = m_Schema.empty() ? nullptr : FindSchema(m_Schema);
@@ -433,14 +462,13 @@ class CommandLine {
       return Check(paths, reading, checks);
     }
     if (m_pDiff->parsed()) return Diff(m_OldPath, m_NewPath, reading, m_bJson);
-    if (m_pGet->parsed()) return Get(m_File, m_Path, reading);
-    if (m_pMerge->parsed()) return Merge(paths, reading, {m_bEvents, m_bJson});
-    if (m_pEdit->parsed()) return Edit(m_File, Changes(), reading);
-    int status = kDone;
-    for (const std::string& path : paths) {
-      status = std::max(status, RunFile(path, paths.size() > 1, reading, log));
+    if (m_pGet->parsed()) return ForOne([&] { return Get(m_File, m_Path, reading); });
+    if (m_pMerge->parsed()) {
+      return ForOne([&] { return Merge(paths, reading, {m_bEvents, m_bJson}); });
     }
-    return status;
+    if (m_pEdit->parsed()) return ForOne([&] { return Edit(m_File, Changes(), reading); });
+    return ForFiles(
+        paths, [&](std::size_t i) { return RunFile(paths[i], paths.size() > 1, reading, log); });
   }
 
   // In the order of the command line.
@@ -475,13 +503,13 @@ class CommandLine {
         ReadDocuments(path, reading.isStandard, documents, failure, reading.skipping);
     const bool several = isOneOfSeveral || documents.size() > 1;
     const bool written = m_pRoundTrip->parsed() || m_pFormat->parsed();
-    int status = kDone;
-    for (const Document& document : documents) {
-      if (several && !m_bJson && !written) std::cout << "# " << Escape(document.name) << '\n';
+    const int status = ForDocuments(documents, [&](std::size_t i) {
+      const Document& document = documents[i];
+      if (several && !m_bJson && !written) Out() << "# " << Escape(document.name) << '\n';
       const int own = RunDocument(document, reading, log);
-      if (several && m_pRoundTrip->parsed() && own == kDone) std::cout << '\n';
-      status = std::max(status, own);
-    }
+      if (several && m_pRoundTrip->parsed() && own == kDone) Out() << '\n';
+      return own;
+    });
     if (opened) return status;
     if (m_bJson) PrintJson(NameOfInput(path), failure);
     return std::max<int>(status, Refuse(NameOfInput(path), failure));
@@ -513,6 +541,7 @@ class CommandLine {
   CLI::App* m_pNew = nullptr;
   CLI::App* m_pHelp = nullptr;
   int m_LogLevel = 0;
+  int m_Jobs = 0;  // as many as there are processors
   bool m_bJson = false;
   bool m_bStandard = false;
   bool m_bEvents = false;

@@ -35,6 +35,7 @@ complete -c ztxml -n '__ztxml_of show check diff roundtrip' -l standard -d 'In t
 complete -c ztxml -n '__ztxml_of show check diff merge events schemas' -l json -d 'Print JSON'
 complete -c ztxml -n '__ztxml_of show check roundtrip merge events namespaces format' -l recursive -s r -d 'Take the files in directories'
 complete -c ztxml -n '__ztxml_of show check roundtrip merge events namespaces format' -l require-document -d 'Refuse messages without a document'
+complete -c ztxml -n '__ztxml_of show check roundtrip events namespaces format' -l jobs -s j -x -d 'Threads at work'
 complete -c ztxml -n '__ztxml_of check' -l lost -d 'Also tell what the types do not keep'
 complete -c ztxml -n '__ztxml_of check' -l strict -d 'Also tell what is missing, and wrong values'
 complete -c ztxml -n '__ztxml_of check' -l quiet -s q -d 'Only what is not ok'
