@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "DiffPrint.h"
 #include "Document.h"
 #include "Log.h"
 #include "Read.h"
@@ -36,8 +37,8 @@ struct Checks {
 int Check(const std::vector<std::string>& paths, const Reading& reading, const Checks& checks);
 
 /// Compares two documents as trees of objects. 0: equal, 1: different, 2: one cannot be read.
-/// With `json` each difference is a line of JSON.
-int Diff(const std::string& oldPath, const std::string& newPath, const Reading& reading, bool json);
+int Diff(const std::string& oldPath, const std::string& newPath, const Reading& reading,
+         const DiffForm& form);
 
 /// Prints what is at `path` in the document of `file`, read in the standard profile. kCannotRead
 /// when nothing is there, kUsage when nothing can be.

@@ -282,6 +282,13 @@ class CommandLine {
     AddSchema(m_pDiff);
     AddStandard(m_pDiff);
     AddJson(m_pDiff, "Print JSON, one line for each difference");
+    CLI::Option* const columns =
+        m_pDiff->add_flag("-y,--side-by-side", m_bSideBySide, "Print the documents in two columns");
+    columns->excludes("--json");
+    m_pDiff->add_option("--width", m_Width, "The width of both columns, else that of the terminal")
+        ->option_text("N")
+        ->needs(columns)
+        ->check(CLI::Range(kLeastWidth, kMostWidth));
     AddGetAndEdit();
     m_pRoundTrip = AddCommand("roundtrip", "Read documents and write them again to standard output",
                               kRoundTripFooter);
@@ -360,6 +367,9 @@ class CommandLine {
         ->option_text("N")
         ->check(CLI::Range(0, kMostContext));
   }
+  DiffForm FormOfDiff() const {
+    return {m_bJson, m_bSideBySide, static_cast<std::size_t>(m_Width)};
+  }
   Style StyleOf() const {
     Style style;
     if (m_Color == "always") style.colours = ColourUse::kAlways;
@@ -432,7 +442,7 @@ class CommandLine {
       checks.json = m_bJson;
       return Check(paths, reading, checks);
     }
-    if (m_pDiff->parsed()) return Diff(m_OldPath, m_NewPath, reading, m_bJson);
+    if (m_pDiff->parsed()) return Diff(m_OldPath, m_NewPath, reading, FormOfDiff());
     if (m_pGet->parsed()) return Get(m_File, m_Path, reading);
     if (m_pMerge->parsed()) return Merge(paths, reading, {m_bEvents, m_bJson});
     if (m_pEdit->parsed()) return Edit(m_File, Changes(), reading);
@@ -524,6 +534,8 @@ class CommandLine {
   std::string m_Path;
   std::vector<std::string> m_Sets;
   std::vector<std::string> m_Removes;
+  bool m_bSideBySide = false;
+  int m_Width = 0;  // none given
   std::string m_OldPath;
   std::string m_NewPath;
   std::string m_Schema;
