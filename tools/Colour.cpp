@@ -19,12 +19,19 @@ bool IsTerminal(const std::ostream& to) {
   return isatty(&to == &std::cerr ? STDERR_FILENO : STDOUT_FILENO);
 }
 
-bool HasColours(const std::ostream& to) {
+bool MayHaveColours(const std::ostream& to) {
   if (s_Style.colours != ColourUse::kAuto) return s_Style.colours == ColourUse::kAlways;
   const char* const refused = std::getenv("NO_COLOR");
   const char* const terminal = std::getenv("TERM");
   const bool isDumb = terminal && std::strcmp(terminal, "dumb") == 0;
   return IsTerminal(to) && !(refused && *refused) && !isDumb;
+}
+
+// Asked for every line, so the terminal is asked once; the style is set before.
+bool HasColours(const std::ostream& to) {
+  static const bool s_bForOutput = MayHaveColours(std::cout);
+  static const bool s_bForErrors = MayHaveColours(std::cerr);
+  return &to == &std::cerr ? s_bForErrors : s_bForOutput;
 }
 
 // The text in UTF-8; what is in no known encoding as it stands.

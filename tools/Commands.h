@@ -53,9 +53,11 @@ struct Change {
   std::string value;
   bool hasValue = false;
 };
-/// Prints the document of the file `path` with the changes, made in their order. kCannotRead when
-/// what is to be removed is not there, kUsage for a change that cannot be.
-int Edit(const std::string& path, const std::vector<Change>& changes, const Reading& reading);
+/// Prints the document of the file `path` with the changes, made in their order; or with `inPlace`
+/// puts it in the place of the file, which must have nothing else. kCannotRead when what is to be
+/// removed is not there, kUsage for a change that cannot be, kOutputFailed for a file.
+int Edit(const std::string& path, const std::vector<Change>& changes, const Reading& reading,
+         bool inPlace);
 
 /// What "merge" prints: the state that results, or what became of each notification.
 struct Merging {

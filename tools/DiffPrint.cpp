@@ -24,9 +24,15 @@ namespace {
 
 const char* OrEmpty(const char* text) { return text ? text : ""; }
 
-std::string ValueOf(const DiffItem& of) {
+// How much is told of a value, and whether types are.
+struct Detail {
+  std::size_t most;  // bytes of a text
+  bool types;
+};
+
+std::string ValueOf(const DiffItem& of, const Detail& detail) {
   if (!of.item.text) return std::to_string(of.field.number);
-  return of.field.value == ZtValue::kEnum ? of.item.text : QuoteShort(of.item.text);
+  return of.field.value == ZtValue::kEnum ? of.item.text : QuoteShort(of.item.text, detail.most);
 }
 
 // Two values as they are shown.
@@ -36,9 +42,12 @@ struct Values {
 };
 
 // Of long texts only the part where they begin to differ, after up to `context` bytes.
-Values ValuesOf(const DiffItem& before, const DiffItem& after, std::size_t context) {
+Values ValuesOf(const DiffItem& before, const DiffItem& after, std::size_t context,
+                const Detail& detail) {
   const bool isEnum = before.field.value == ZtValue::kEnum;
-  if (isEnum || !before.item.text || !after.item.text) return {ValueOf(before), ValueOf(after)};
+  if (isEnum || !before.item.text || !after.item.text) {
+    return {ValueOf(before, detail), ValueOf(after, detail)};
+  }
   const std::string_view old = before.item.text;
   const std::string_view now = after.item.text;
   const auto same = static_cast<std::size_t>(
@@ -46,7 +55,8 @@ Values ValuesOf(const DiffItem& before, const DiffItem& after, std::size_t conte
   std::size_t cut = same > 2 * context ? same - context : 0;
   while (cut && cut < same && (static_cast<unsigned char>(old[cut]) & 0xc0) == 0x80) ++cut;
   const char* mark = cut ? "..." : "";
-  return {mark + QuoteShort(old.substr(cut)), mark + QuoteShort(now.substr(cut))};
+  return {mark + QuoteShort(old.substr(cut), detail.most),
+          mark + QuoteShort(now.substr(cut), detail.most)};
 }
 
 // The attribute that is the key, or none; `fields` are the object's.
@@ -66,14 +76,17 @@ const Field* KeyAmong(const std::vector<Field>& fields) {
 }
 
 // What is at a path of one document: " = VALUE" or " : TYPE @KEY=VALUE".
-std::string Summary(const DiffItem& of) {
-  if (!of.item.object) return " = " + ValueOf(of);
+std::string Summary(const DiffItem& of, const Detail& detail) {
+  if (!of.item.object) return " = " + ValueOf(of, detail);
+  std::string summary;
+  if (detail.types) {
+    summary = std::string(" : ") + reflect::TypeOf(*of.item.object).className;
+  }
   const std::vector<Field> fields = reflect::FieldsOf(of.item.AsNode());
   const Field* const key = KeyAmong(fields);
-  std::string summary = std::string(" : ") + reflect::TypeOf(*of.item.object).className;
   if (!key) return summary;
   const std::string name = key->name;
-  return summary + " @" + name + '=' + ValueOf({*key, key->items[0], name});
+  return summary + " @" + name + '=' + ValueOf({*key, key->items[0], name}, detail);
 }
 
 // What an object holds, as lines.
@@ -122,13 +135,15 @@ class JsonDiff : public DiffPrinter {
 // Prints differences, with as much of what is equal around them as was asked for.
 class TextDiff : public DiffPrinter {
  public:
+  explicit TextDiff(const Detail& detail) : m_Detail(detail) {}
+
   bool WantsSame() const override { return m_iContext; }
   void Enter() override { m_Levels.emplace_back(); }
   void Leave() override { m_Levels.pop_back(); }
 
   void Same(const std::string& path, const DiffItem& before, const DiffItem& after) override {
     Level& level = m_Levels.back();
-    Row row = {path, before.name + Summary(before), ""};
+    Row row = {path, before.name + Summary(before, m_Detail), ""};
     row.after = after.name + row.before.substr(before.name.size());
     if (level.after) {
       --level.after;
@@ -140,7 +155,7 @@ class TextDiff : public DiffPrinter {
   }
   void Only(char sign, const std::string& path, const DiffItem& item) override {
     PrintContext();
-    const std::string line = item.name + Summary(item);
+    const std::string line = item.name + Summary(item, m_Detail);
     Print(sign, {path, sign == '-' ? line : "", sign == '+' ? line : ""});
     const std::string held = HeldBy(item);
     std::string_view rest = held;
@@ -168,6 +183,7 @@ class TextDiff : public DiffPrinter {
   virtual void PrintChanged(const std::string& path, const DiffItem& before,
                             const DiffItem& after) = 0;
 
+  const Detail& GetDetail() const { return m_Detail; }
   static std::string Signed(char sign, const std::string& text) {
     if (sign == ' ') return text;
     const Colour other = sign == '+' ? Colour::kGreen : Colour::kYellow;
@@ -189,11 +205,16 @@ class TextDiff : public DiffPrinter {
     }
   }
 
+  const Detail m_Detail;
   const std::size_t m_iContext = GetStyle().context.value_or(0);
   std::vector<Level> m_Levels;
 };
 
 class LineDiff : public TextDiff {
+ public:
+  LineDiff() : TextDiff({60, true}) {}
+
+ private:
   void Print(char sign, const Row& row) override {
     PrintLine(sign, ' ' + row.path + '/' + (row.before.empty() ? row.after : row.before));
   }
@@ -206,7 +227,7 @@ class LineDiff : public TextDiff {
                          reflect::TypeOf(*after.item.object).className);
       return;
     }
-    const Values values = ValuesOf(before, after, 20);
+    const Values values = ValuesOf(before, after, 20, GetDetail());
     PrintLine('~', line + ": " + values.before + " -> " + values.after);
   }
 
@@ -253,7 +274,9 @@ std::string EndInColumns(std::string_view text, std::size_t width) {
 class ColumnDiff : public TextDiff {
  public:
   explicit ColumnDiff(std::size_t width)
-      : m_iWidth(width ? width : TerminalWidth()), m_iColumn((m_iWidth - kMargin - kBetween) / 2) {}
+      : TextDiff({4 * width, false}),  // a character has four bytes at most
+        m_iWidth(width),
+        m_iColumn((width - kMargin - kBetween) / 2) {}
 
  private:
   void Print(char sign, const Row& row) override {
@@ -271,11 +294,13 @@ class ColumnDiff : public TextDiff {
   void PrintChanged(const std::string& path, const DiffItem& before,
                     const DiffItem& after) override {
     if (before.item.object) {
-      return Print('~', {path, before.name + Summary(before), after.name + Summary(after)});
+      return Print('~', {path, before.name + " : " + reflect::TypeOf(*before.item.object).className,
+                         after.name + " : " + reflect::TypeOf(*after.item.object).className});
     }
     // So much of what is equal that there is room for as much of what is not.
     const std::size_t room = m_iColumn - std::min(m_iColumn, before.name.size());
-    const Values values = ValuesOf(before, after, std::clamp<std::size_t>(room / 4, 2, 20));
+    const Values values =
+        ValuesOf(before, after, std::clamp<std::size_t>(room / 4, 2, 20), GetDetail());
     Print('~', {path, before.name + " = " + values.before, after.name + " = " + values.after});
   }
 
@@ -313,6 +338,7 @@ std::string NameIn(const Field& field, const Item& item) {
 
 std::unique_ptr<DiffPrinter> MakeDiffPrinter(const DiffForm& form) {
   if (form.json) return std::make_unique<JsonDiff>();
-  if (form.sideBySide) return std::make_unique<ColumnDiff>(form.width);
+  if (form.sideBySide)
+    return std::make_unique<ColumnDiff>(form.width ? form.width : TerminalWidth());
   return std::make_unique<LineDiff>();
 }

@@ -9,7 +9,7 @@
 #include "reflect/Reflect.h"
 
 /// The least and the most columns of a side by side output.
-constexpr int kLeastWidth = 40;
+constexpr int kLeastWidth = 60;
 constexpr int kMostWidth = 10000;
 
 /// The form of the output.

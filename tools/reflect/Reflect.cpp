@@ -230,6 +230,7 @@ std::vector<Field> FieldsOf(const ZtElementType& type) {
 void FillFields(const Node& node, std::vector<Field>& fields) {
   const XMLElement& object = *node.object;
   const ZtElementType& type = node.standard ? *node.standard : TypeOf(object);
+  fields.reserve(type.fields.size() + 1);
   std::size_t used = 0;
   if (!node.standard) {
     for (const Field& hidden : HiddenField(type)) UseNext(hidden, fields, used);
