@@ -5,9 +5,6 @@
 set -uo pipefail
 # shellcheck source=tests/cli-support.sh
 source "$(dirname "$0")/cli-support.sh"
-sources="$(cd "$(dirname "$0")/.." && pwd)"
-ztxml="$(realpath "$ztxml")"
-documents="$(realpath "$documents")"
 cd "$work" || exit 1
 cp "$documents/reginfo.xml" notify.xml
 

@@ -4,9 +4,6 @@
 set -uo pipefail
 # shellcheck source=tests/cli-support.sh
 source "$(dirname "$0")/cli-support.sh"
-sources="$(cd "$(dirname "$0")/.." && pwd)"
-ztxml="$(realpath "$ztxml")"
-documents="$(realpath "$documents")"
 cd "$work" || exit 1
 
 # ---- Side by side -------------------------------------------------------------------------------
@@ -137,7 +134,10 @@ done
 message "$(composing one)" >message.txt
 cp message.txt same.txt
 expect 2 "--in-place is for files that are one document" "$ztxml" edit -i --set "$state=x" message.txt
-cmp same.txt message.txt && cmp expected.xml simservs.xml && cmp 'a#1' log.txt || fail "a refused edit changes a file"
+for pair in "same.txt message.txt" "expected.xml simservs.xml" "a#1 log.txt"; do
+  # shellcheck disable=SC2086
+  cmp $pair || fail "a refused edit changes a file: $pair"
+done
 [[ "$(compgen -G '*.xml.*')" == "" ]] || fail "a file is left: $(ls)"
 
 finish cli-diff
