@@ -157,7 +157,7 @@ bool ReplaceFile(const std::string& path, const std::string& text) {
   isWritten = isWritten && fsync(file) == 0;
   isWritten = close(file) == 0 && isWritten;
   if (isWritten && std::rename(beside.c_str(), target.c_str()) == 0) return true;
-  std::remove(beside.c_str());
+  static_cast<void>(std::remove(beside.c_str()));
   return false;
 }
 
