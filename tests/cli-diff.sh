@@ -51,8 +51,8 @@ expect 2 "excludes" "$ztxml" diff -y --json old.xml new.xml
 expect 2 "requires --side-by-side" "$ztxml" diff --width 100 old.xml new.xml
 expect 2 "not in range" "$ztxml" diff -y --width 59 old.xml new.xml
 if command -v script >/dev/null; then
-  script -qc "stty cols 90; env NO_COLOR=1 $ztxml diff -y old.xml new.xml" /dev/null </dev/null | grep -q '^.\{44\} + ' ||
-    fail "the terminal's width"
+  script -qc "stty cols 90; env NO_COLOR=1 $ztxml diff -y old.xml new.xml" /dev/null </dev/null >out
+  grep -q '^.\{44\} + ' out || fail "the terminal's width: $(cat out)"
 fi
 
 # ---- What a comparison tells --------------------------------------------------------------------
