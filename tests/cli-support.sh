@@ -2,8 +2,9 @@
 # sample documents.
 # shellcheck shell=bash disable=SC2034
 
-ztxml="$1"
-documents="$2"
+sources="$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)"
+ztxml="$(realpath "$1")"
+documents="$(realpath "$2")"
 work="$(mktemp -d)"
 trap 'rm -rf "$work"' EXIT
 failures=0

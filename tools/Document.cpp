@@ -10,6 +10,7 @@
 
 #include "Capture.h"
 #include "Colour.h"
+#include "FileChoice.h"
 #include "FileKind.h"
 #include "Output.h"
 #include "PacketFile.h"
@@ -72,6 +73,27 @@ void TakeOutSkipped(std::vector<Document>& documents, std::size_t first, Skippin
   documents.erase(std::remove_if(begin, documents.end(), isOther), documents.end());
 }
 
+// Adds all that a file has. False with the failure.
+bool ReadAllDocuments(const std::string& path, bool allBytes, bool keepsSkipped,
+                      std::vector<Document>& documents, Failure& failure) {
+  Document file;
+  file.name = NameOfInput(path);
+  const char* why = path == "-" ? ReadAll(std::cin, file.text) : ReadFile(path, file.text);
+  if (!why && file.text.empty()) why = "empty";
+  const bool isPackets = !why && IsPacketFile(file.text);
+  if (!why && !isPackets) why = KindOfFile(file.text);
+  if (why) {
+    failure = {"file", why};
+    return false;
+  }
+  const std::size_t first = documents.size();
+  const bool isRead = isPackets ? ReadPacketFile(file, keepsSkipped, documents, failure)
+                                : ReadCapture(file, documents, failure);
+  if (!allBytes)
+    std::for_each(documents.begin() + static_cast<std::ptrdiff_t>(first), documents.end(), Cut);
+  return isRead;
+}
+
 }  // namespace
 
 std::string Describe(const std::string& name, const Failure& failure) {
@@ -103,24 +125,23 @@ std::string NameOfInput(const std::string& path) { return path == "-" ? "(standa
 
 bool ReadDocuments(const std::string& path, bool allBytes, std::vector<Document>& documents,
                    Failure& failure, Skipping skipping) {
-  Document file;
-  file.name = NameOfInput(path);
-  const char* why = path == "-" ? ReadAll(std::cin, file.text) : ReadFile(path, file.text);
-  if (!why && file.text.empty()) why = "empty";
-  const bool isPackets = !why && IsPacketFile(file.text);
-  if (!why && !isPackets) why = KindOfFile(file.text);
-  if (why) {
-    failure = {"file", why};
+  const std::size_t first = documents.size();
+  const FileChoice choice = FileChoiceOf(path);
+  if (choice.IsOfAll()) {
+    const bool keepsSkipped = skipping == Skipping::kRefused;
+    const bool isRead = ReadAllDocuments(path, allBytes, keepsSkipped, documents, failure);
+    if (skipping != Skipping::kListed) TakeOutSkipped(documents, first, skipping);
+    return isRead;
+  }
+  std::vector<Document> all;
+  const bool isRead = ReadAllDocuments(choice.path, allBytes, true, all, failure);
+  // What is wrong elsewhere in the file does not matter to what was asked for.
+  if (!TakeChosen(choice, skipping == Skipping::kTold, all, documents)) {
+    if (isRead || !all.empty()) failure = WhyNotChosen(choice, all);
     return false;
   }
-  const std::size_t first = documents.size();
-  const bool isRead = isPackets
-                          ? ReadPacketFile(file, skipping == Skipping::kRefused, documents, failure)
-                          : ReadCapture(file, documents, failure);
-  if (!allBytes)
-    std::for_each(documents.begin() + static_cast<std::ptrdiff_t>(first), documents.end(), Cut);
   if (skipping != Skipping::kListed) TakeOutSkipped(documents, first, skipping);
-  return isRead;
+  return true;
 }
 
 bool ReadOneDocument(const std::string& path, bool allBytes, const char* use, Document& document) {
@@ -131,8 +152,9 @@ bool ReadOneDocument(const std::string& path, bool allBytes, const char* use, Do
     return false;
   }
   if (documents.size() > 1) {
-    Refuse(NameOfInput(path), {"capture", std::to_string(documents.size()) +
-                                              " XML bodies, of which only one can be " + use});
+    Refuse(NameOfInput(path),
+           {"capture", std::to_string(documents.size()) + " XML bodies, of which only one can be " +
+                           use + " (the first is " + Escape(documents[0].name) + ')'});
     return false;
   }
   if (documents.empty() || documents[0].kind == Document::Kind::kRefused) {

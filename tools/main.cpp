@@ -28,7 +28,8 @@ constexpr char kFooter[] =
 a body, one after another, perhaps with lines of a log between them, or a MIME entity. Of a message
 every XML body is taken, also in multipart and CPIM bodies, and in base64, quoted-printable, gzip,
 deflate or chunks. Its Content-Type tells the schema; without one, or in a document, the root
-element does. Each of several documents of a file is called by its number, FILE#3.
+element does. Each of several documents of a file is called by its number, FILE#3, and every command
+takes it so, too. (A file that is itself called FILE#3 comes first.)
 
 A message without an XML body is skipped; so are lines that belong to no message. "check" has a line
 for what is skipped, otherwise standard error tells. --require-document refuses such messages. Other
@@ -169,13 +170,22 @@ else by their place. Entries that changed places are in one "-" and one "+" line
 an element that one of them has come lines of what it holds, indented.
 
 With --context N up to N equal values and elements before and after each difference are shown, after
-two blanks. With --json each difference is one line with "change" (added, removed, changed), "path",
+two blanks.
+
+With --side-by-side, which is never the default, the documents are in two columns with the sign
+between them, and before them is a line with the path of the element that they are in. What is too
+long is cut, which "..." tells. The columns are as wide as the terminal, or as --width N; elsewhere
+130 characters together.
+
+With --json each difference is one line with "change" (added, removed, changed), "path",
 "old" and "new".
 
 Exit status: 0 equal; 1 different; 2 wrong usage, or a document cannot be read.
 
-Example:
-  ztxml diff old.xml new.xml)";
+Examples:
+  ztxml diff old.xml new.xml
+  ztxml diff -y --context 2 old.xml new.xml
+  ztxml diff log.txt#2 log.txt#3)";
 
 constexpr char kGetFooter[] =
     R"(The document is read in the standard profile. PATH is as "diff" prints it: element names, with
@@ -184,21 +194,24 @@ and (words)[n] for a word of it. An index may be left out where there is only on
 
 A value is printed as it is meant, and a line break. An element has the value that is its own text;
 one that has no such text is printed as by "show". Of a captured message it is the XML body that is
-read, of which there may be one.
+read; of several documents FILE#3 names the third.
 
 Exit status: 0 printed; 1 the document cannot be read, or nothing is there; 2 there can be no such
 thing, and the message tells which step is wrong.
 
 Examples:
   ztxml get notify.xml '/reginfo/registration[1]/contact[2]/@expires'
-  ztxml get notify.xml /reginfo/registration)";
+  ztxml get notify.xml /reginfo/registration
+  ztxml get call.pcap#2 /isComposing/state)";
 
 constexpr char kEditFooter[] =
     R"(Writes the document to standard output with what was asked for changed, and nothing else: in its
 encoding, with its comments, white space and all that the library does not know. Without --set and
 --remove it is the very bytes that came in. (On a terminal control characters are escaped.) Of a
 captured message it is the XML body that is changed and written, without the headers, whose
-Content-Length would be another; there may be one.
+Content-Length would be another; of several documents FILE#3 names the third, which is written
+alone. With --in-place the result takes the place of the file instead, which has to be one document
+and nothing else.
 
 --set and --remove apply in their order. PATH is as for "get".
   --set PATH=VALUE   the value of an attribute or of an element, or a word. What is not there is
@@ -209,9 +222,11 @@ Content-Length would be another; there may be one.
 Attributes of unknown names can be set and removed where they are kept, but not made.
 
 Exit status: 0 written; 1 the document cannot be read, or what is to be removed is not there; 2 PATH
-can name nothing there, or VALUE is none of its type; 3 the result cannot be written.
+can name nothing there, or VALUE is none of its type, or --in-place cannot be; 3 the result cannot
+be written; 4 nor can the file.
 
 Examples:
+  ztxml edit -i --set /simservs/communication-waiting/@active=false simservs.xml
   ztxml edit --set /simservs/communication-diversion/NoReplyTimer=20 simservs.xml
   ztxml edit --remove '/resource-lists/list[1]/entry[2]' lists.xml > new.xml)";
 
@@ -293,6 +308,13 @@ class CommandLine {
     AddSchema(m_pDiff);
     AddStandard(m_pDiff);
     AddJson(m_pDiff, "Print JSON, one line for each difference");
+    CLI::Option* const columns =
+        m_pDiff->add_flag("-y,--side-by-side", m_bSideBySide, "Print the documents in two columns");
+    columns->excludes("--json");
+    m_pDiff->add_option("--width", m_Width, "The width of both columns, else that of the terminal")
+        ->option_text("N")
+        ->needs(columns)
+        ->check(CLI::Range(kLeastWidth, kMostWidth));
     AddGetAndEdit();
     m_pRoundTrip = AddCommand("roundtrip", "Read documents and write them again to standard output",
                               kRoundTripFooter);
@@ -365,6 +387,7 @@ class CommandLine {
     m_pEdit = AddCommand("edit", "Change values of a document in place", kEditFooter);
     m_pSet = AddChange("--set", "PATH=VALUE", m_Sets, "Set a value, or make an element");
     m_pRemove = AddChange("--remove", "PATH", m_Removes, "Remove a value or an element");
+    m_pEdit->add_flag("-i,--in-place", m_bInPlace, "Put the result in the place of the file");
     AddFile(m_pEdit);
     AddSchema(m_pEdit);
   }
@@ -378,6 +401,9 @@ class CommandLine {
                     "Lines before one that is refused; of diff what is equal around a difference")
         ->option_text("N")
         ->check(CLI::Range(0, kMostContext));
+  }
+  DiffForm FormOfDiff() const {
+    return {m_bJson, m_bSideBySide, static_cast<std::size_t>(m_Width)};
   }
   Style StyleOf() const {
     Style style;
@@ -461,12 +487,14 @@ class CommandLine {
       checks.json = m_bJson;
       return Check(paths, reading, checks);
     }
-    if (m_pDiff->parsed()) return Diff(m_OldPath, m_NewPath, reading, m_bJson);
+    if (m_pDiff->parsed()) {
+      return ForOne([&] { return Diff(m_OldPath, m_NewPath, reading, FormOfDiff()); });
+    }
     if (m_pGet->parsed()) return ForOne([&] { return Get(m_File, m_Path, reading); });
     if (m_pMerge->parsed()) {
       return ForOne([&] { return Merge(paths, reading, {m_bEvents, m_bJson}); });
     }
-    if (m_pEdit->parsed()) return ForOne([&] { return Edit(m_File, Changes(), reading); });
+    if (m_pEdit->parsed()) return ForOne([&] { return Edit(m_File, Changes(), reading, m_bInPlace); });
     return ForFiles(
         paths, [&](std::size_t i) { return RunFile(paths[i], paths.size() > 1, reading, log); });
   }
@@ -553,6 +581,9 @@ class CommandLine {
   std::string m_Path;
   std::vector<std::string> m_Sets;
   std::vector<std::string> m_Removes;
+  bool m_bInPlace = false;
+  bool m_bSideBySide = false;
+  int m_Width = 0;  // none given
   std::string m_OldPath;
   std::string m_NewPath;
   std::string m_Schema;
