@@ -494,7 +494,8 @@ class CommandLine {
     if (m_pMerge->parsed()) {
       return ForOne([&] { return Merge(paths, reading, {m_bEvents, m_bJson}); });
     }
-    if (m_pEdit->parsed()) return ForOne([&] { return Edit(m_File, Changes(), reading, m_bInPlace); });
+    if (m_pEdit->parsed())
+      return ForOne([&] { return Edit(m_File, Changes(), reading, m_bInPlace); });
     return ForFiles(
         paths, [&](std::size_t i) { return RunFile(paths[i], paths.size() > 1, reading, log); });
   }
