@@ -7,8 +7,14 @@
 
 #include "binding/ZtBinding.h"
 #include "ztxml/XMLSchemaInfo.h"
-#include "ztxml/ZtDocument.h"
 #include "ztxml/ZtSchemaDecoder.h"
+
+class XMLContext;
+class ZtFactory;
+class ZtMarshaller;
+class ZtUnMarshaller;
+template <class Context, class Base>
+class ZtDescribedBy;
 
 // The log lines in which documents differ; null for none.
 struct ZtDocumentLines {
