@@ -109,11 +109,12 @@ bool ReadDocuments(const std::string& path, bool allBytes, std::vector<Document>
   }
   const std::size_t first = documents.size();
   const bool isRead = isPackets
-                          ? ReadPacketFile(file, skipping == Skipping::kRefused, documents, failure)
+                          ? ReadPacketFile(file, skipping, documents, failure)
                           : ReadCapture(file, documents, failure);
   if (!allBytes)
     std::for_each(documents.begin() + static_cast<std::ptrdiff_t>(first), documents.end(), Cut);
-  if (skipping != Skipping::kListed) TakeOutSkipped(documents, first, skipping);
+  const bool keepsAll = skipping == Skipping::kListed || skipping == Skipping::kShown;
+  if (!keepsAll) TakeOutSkipped(documents, first, skipping);
   return isRead;
 }
 

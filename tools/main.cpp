@@ -381,6 +381,13 @@ class CommandLine {
         ->option_text(" ")
         ->required()
         ->check(CheckSchemaOrRoot);
+    m_pReport = AddCommand("report", "Write a page about captures and documents", kReportFooter);
+    AddFiles(m_pReport);
+    AddSchema(m_pReport);
+    AddStandard(m_pReport);
+    m_pReport->add_option("--html", m_Page, "The page to be written; - is standard output")
+        ->option_text("FILE")
+        ->required();
     m_pHelp = AddCommand("help", "Print what a command does", kHelpFooter);
     m_pHelp->add_option("COMMAND", m_HelpFor, "The command; without one, what they all are")
         ->option_text(" ");
@@ -436,6 +443,7 @@ class CommandLine {
     if (m_pGet->parsed()) return Get(m_File, m_Path, reading);
     if (m_pMerge->parsed()) return Merge(paths, reading, {m_bEvents, m_bJson});
     if (m_pEdit->parsed()) return Edit(m_File, Changes(), reading);
+    if (m_pReport->parsed()) return WriteReport(paths, reading, m_Page);
     int status = kDone;
     for (const std::string& path : paths) {
       status = std::max(status, RunFile(path, paths.size() > 1, reading, log));
@@ -511,6 +519,7 @@ class CommandLine {
   CLI::App* m_pBody = nullptr;
   CLI::App* m_pFormat = nullptr;
   CLI::App* m_pNew = nullptr;
+  CLI::App* m_pReport = nullptr;
   CLI::App* m_pHelp = nullptr;
   int m_LogLevel = 0;
   bool m_bJson = false;
@@ -528,6 +537,7 @@ class CommandLine {
   std::string m_NewPath;
   std::string m_Schema;
   int m_Nth = 0;
+  std::string m_Page;
   std::string m_HelpFor;
   std::string m_Color = "auto";
   int m_Context = -1;  // none given

@@ -1,0 +1,69 @@
+// What documents changed, one after another: notifications, merged to the state that they tell;
+// presence and what is put at a URL, compared with what was there before.
+#ifndef ZTXML_TOOLS_FOLLOW_H
+#define ZTXML_TOOLS_FOLLOW_H
+
+#include <cstddef>
+#include <memory>
+#include <string>
+#include <unordered_map>
+#include <utility>
+#include <vector>
+
+#include "Read.h"
+
+/// Names and values of a part of a document, "@state" and "active".
+using Facts = std::vector<std::pair<std::string, std::string>>;
+
+/// An object that is one of several, or the root, with what it and the objects below it hold, except
+/// those that are parts themselves.
+struct Part {
+  std::string name;  ///< of the element
+  std::string path;
+  Facts facts;
+};
+/// The parts of a tree of the standard profile, in its order, up to a number of values; those of
+/// which the path is too long are left out.
+std::vector<Part> PartsOf(const Tree& tree);
+
+/// Something that a document changed.
+struct Difference {
+  struct Value {
+    std::string name;
+    std::string before;
+    std::string after;
+    bool wasThere = false;
+    bool isThere = false;
+  };
+
+  const char* kind = "";  ///< "added", "changed" or "removed"
+  std::string path;
+  std::vector<Value> values;
+};
+
+/// What became of a document.
+struct Followed {
+  std::string what;           ///< "applied", ..., "first of its kind"; "" for one that is not followed
+  bool isMissed = false;      ///< whether a new full notification is needed
+  std::vector<Difference> differences;
+};
+
+class Follower {
+ public:
+  Follower();
+  ~Follower();
+  /// Takes a document, read in the standard profile, of which the tree is gone then.
+  Followed Take(const Document& document, const std::vector<Part>& parts, Tree& tree);
+
+ private:
+  struct State;
+  struct Known;
+
+  static Followed Merge(State& state, Tree& tree);
+  static Followed Compare(Known& known, const std::vector<Part>& parts);
+
+  std::unordered_map<std::string, std::unique_ptr<State>> m_States;
+  std::unordered_map<std::string, std::unique_ptr<Known>> m_Known;
+};
+
+#endif  // ZTXML_TOOLS_FOLLOW_H
