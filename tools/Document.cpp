@@ -108,9 +108,8 @@ bool ReadDocuments(const std::string& path, bool allBytes, std::vector<Document>
     return false;
   }
   const std::size_t first = documents.size();
-  const bool isRead = isPackets
-                          ? ReadPacketFile(file, skipping, documents, failure)
-                          : ReadCapture(file, documents, failure);
+  const bool isRead = isPackets ? ReadPacketFile(file, skipping, documents, failure)
+                                : ReadCapture(file, documents, failure);
   if (!allBytes)
     std::for_each(documents.begin() + static_cast<std::ptrdiff_t>(first), documents.end(), Cut);
   const bool keepsAll = skipping == Skipping::kListed || skipping == Skipping::kShown;

@@ -12,9 +12,9 @@ using reflect::Item;
 
 namespace {
 
-// An element that has changed may hold much that was told long before: to look at all of it each time
-// would cost more than the documents are long.
-constexpr std::size_t kMostFacts = 1000;     // of a changed element
+// An element that has changed may hold much that was told long before: to look at all of it each
+// time would cost more than the documents are long.
+constexpr std::size_t kMostFacts = 1000;        // of a changed element
 constexpr std::size_t kMostPartFacts = 100000;  // of a document
 constexpr std::size_t kMostPath = 400;
 
@@ -63,7 +63,8 @@ class Collector : public reflect::Visitor {
     std::string step = '/' + std::string(name);
     bool isEntered = m_iFacts < m_iMost;
     if (!key.empty()) {
-      const std::string path = Joined(parts[above.part].path, above.prefix) + step + '[' + key + ']';
+      const std::string path =
+          Joined(parts[above.part].path, above.prefix) + step + '[' + key + ']';
       isEntered = isEntered && path.size() <= kMostPath && (m_bEntersParts || !isMerged);
       if (isEntered) {
         level = {parts.size(), "", {}};
@@ -103,7 +104,9 @@ class Collector : public reflect::Visitor {
     std::unordered_map<std::string, std::size_t> counts;
   };
 
-  static std::string Joined(const std::string& path, const std::string& step) { return path + step; }
+  static std::string Joined(const std::string& path, const std::string& step) {
+    return path + step;
+  }
   static bool IsFlag(const XMLElement& object) {
     for (const Field& field : reflect::FieldsOf({object, &StandardTypeOf(object)})) {
       if (field.IsPresent()) return false;
@@ -163,12 +166,7 @@ std::string EntityOf(const Document& document, const std::vector<Part>& parts) {
     if (!entity.empty()) return entity;
   }
   if (!document.message.callId.empty()) return "";
-  for (const Part& part : parts) {
-    for (const auto& [name, value] : part.facts) {
-      if (name == "@aor") return value;
-    }
-  }
-  return "";
+  return RegistrationOf(parts);
 }
 
 // The URL of a request that puts a document there, "" for others.
@@ -186,6 +184,15 @@ std::vector<Part> PartsOf(const Tree& tree) {
   Collector collector("", true, kMostPartFacts);
   reflect::Walk(reflect::StandardRoot(*tree.table, *tree.root), collector);
   return std::move(collector.parts);
+}
+
+std::string RegistrationOf(const std::vector<Part>& parts) {
+  for (const Part& part : parts) {
+    for (const auto& [name, value] : part.facts) {
+      if (name == "@aor") return value;
+    }
+  }
+  return "";
 }
 
 // The state of a subscription, and of each of its parts what it held when it was last told of.
@@ -219,7 +226,7 @@ Followed Follower::Take(const Document& document, const std::vector<Part>& parts
   if (!known) {
     known = std::make_unique<Known>();
     known->parts = parts;
-    return {"first", false, {}};
+    return {"nothing before it", false, {}};
   }
   return Compare(*known, parts);
 }

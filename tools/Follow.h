@@ -15,8 +15,8 @@
 /// Names and values of a part of a document, "@state" and "active".
 using Facts = std::vector<std::pair<std::string, std::string>>;
 
-/// An object that is one of several, or the root, with what it and the objects below it hold, except
-/// those that are parts themselves.
+/// An object that is one of several, or the root, with what it and the objects below it hold,
+/// except those that are parts themselves.
 struct Part {
   std::string name;  ///< of the element
   std::string path;
@@ -25,6 +25,9 @@ struct Part {
 /// The parts of a tree of the standard profile, in its order, up to a number of values; those of
 /// which the path is too long are left out.
 std::vector<Part> PartsOf(const Tree& tree);
+
+/// The address of the first registration; "" for none.
+std::string RegistrationOf(const std::vector<Part>& parts);
 
 /// Something that a document changed.
 struct Difference {
@@ -43,8 +46,8 @@ struct Difference {
 
 /// What became of a document.
 struct Followed {
-  std::string what;           ///< "applied", ..., "first of its kind"; "" for one that is not followed
-  bool isMissed = false;      ///< whether a new full notification is needed
+  std::string what;       ///< "applied", ..., "nothing before it"; "" for one that is not followed
+  bool isMissed = false;  ///< whether a new full notification is needed
   std::vector<Difference> differences;
 };
 

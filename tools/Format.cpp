@@ -1,4 +1,6 @@
 // ztxml format: a document with its elements on lines of their own.
+#include "Format.h"
+
 #include <algorithm>
 #include <cstddef>
 #include <string>
@@ -8,7 +10,6 @@
 
 #include "Colour.h"
 #include "Commands.h"
-#include "Format.h"
 #include "Read.h"
 #include "Text.h"
 #include "binding/ZtSourceText.h"

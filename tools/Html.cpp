@@ -13,7 +13,8 @@ std::uint32_t CodePointOf(std::string_view character) {
   const auto lead = static_cast<unsigned char>(character[0]);
   if (character.size() == 1) return lead;
   std::uint32_t code = lead & (0x7fU >> character.size());
-  for (const char c : character.substr(1)) code = code << 6 | (static_cast<unsigned char>(c) & 0x3f);
+  for (const char c : character.substr(1))
+    code = code << 6 | (static_cast<unsigned char>(c) & 0x3f);
   return code;
 }
 

@@ -1,4 +1,6 @@
 // ztxml merge: the state that results from notifications.
+#include "Merge.h"
+
 #include <algorithm>
 #include <climits>
 #include <iostream>
@@ -9,7 +11,6 @@
 #include "Colour.h"
 #include "Commands.h"
 #include "Json.h"
-#include "Merge.h"
 #include "Read.h"
 #include "Schemas.h"
 #include "Text.h"

@@ -1,4 +1,5 @@
-// When and between whom a message was captured, where a capture of packets tells; and which one it is.
+// When and between whom a message was captured, where a capture of packets tells; and which one it
+// is.
 #ifndef ZTXML_TOOLS_ORIGIN_H
 #define ZTXML_TOOLS_ORIGIN_H
 

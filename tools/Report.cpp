@@ -27,11 +27,14 @@ bool HasTime(const ReportMessage& message) { return !message.items[0].origin.fro
 // The main values of a document: those of its root, and how many objects of which name it has.
 Facts SummaryOf(const std::vector<Part>& parts) {
   Facts summary;
-  const Facts& root = parts[0].facts;
-  for (std::size_t i = 0; i < std::min(root.size(), kShownFacts); ++i) {
-    const std::string& name = root[i].first;
-    summary.emplace_back(name[0] == '@' ? name.substr(1) : name, root[i].second);
+  Facts below;  // what is deeper, which counts where the root has nothing of its own
+  for (const auto& [name, value] : parts[0].facts) {
+    Facts& to = name.find('/') == std::string::npos ? summary : below;
+    if (to.size() < kShownFacts) to.emplace_back(name[0] == '@' ? name.substr(1) : name, value);
   }
+  if (summary.empty()) summary.swap(below);
+  const std::string registered = RegistrationOf(parts);
+  if (!registered.empty()) summary.emplace_back("aor", registered);
   std::vector<std::pair<std::string, std::size_t>> kinds;
   std::map<std::string, std::size_t> places;
   for (std::size_t i = 1; i < parts.size(); ++i) {
@@ -54,8 +57,7 @@ class Reporter {
     m_Files.push_back({NameOfInput(path), 0, 0, {}});
     std::vector<Document> items;
     Failure failure;
-    const bool opened =
-        ReadDocuments(path, m_Reading.isStandard, items, failure, Skipping::kShown);
+    const bool opened = ReadDocuments(path, m_Reading.isStandard, items, failure, Skipping::kShown);
     std::size_t last = 0;
     for (Document& item : items) {
       if (item.kind == Document::Kind::kSkipped && m_Reading.skipping == Skipping::kRefused) {
@@ -171,7 +173,8 @@ bool IsInput(const std::string& page, const std::vector<std::string>& paths) {
 
 }  // namespace
 
-int WriteReport(const std::vector<std::string>& paths, const Reading& reading, const std::string& page) {
+int WriteReport(const std::vector<std::string>& paths, const Reading& reading,
+                const std::string& page) {
   if (page != "-" && IsInput(page, paths)) {
     Complain(page, "is a file to report on, and would be overwritten");
     return kUsage;

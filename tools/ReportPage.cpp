@@ -11,10 +11,10 @@
 
 namespace {
 
-constexpr std::size_t kShownFirst = 12;   // of a list; the rest can be opened
-constexpr std::size_t kShownValues = 12;  // of what an element holds
-constexpr std::size_t kShownMatters = 40;
-constexpr std::size_t kLongest = 160;  // characters of a value on a line
+constexpr std::size_t kShownFirst = 12;    // of a list; the rest can be opened
+constexpr std::size_t kShownValues = 12;   // of what an element holds
+constexpr std::size_t kShownMatters = 40;  // and reasons
+constexpr std::size_t kLongest = 160;      // characters of a value on a line
 
 std::string Number(std::size_t number) { return std::to_string(number); }
 std::string Count(std::size_t count, const char* one, const char* several) {
@@ -65,7 +65,8 @@ void AddList(std::string& html, const char* name, std::size_t count, AddEntry ad
   for (std::size_t i = 0; i < shown; ++i) add(i);
   html += "</ul>";
   if (shown == count) return;
-  html += "<details><summary>" + Number(count - shown) + " more</summary><ul class=\"" + name + "\">";
+  html +=
+      "<details><summary>" + Number(count - shown) + " more</summary><ul class=\"" + name + "\">";
   for (std::size_t i = shown; i < count; ++i) add(i);
   html += "</ul></details>";
 }
@@ -77,8 +78,8 @@ void AddSearch(const ReportMessage& message, const std::vector<Examined>& docume
   std::string find = file;
   const auto add = [&find](std::string_view text) { find.append(" ").append(text); };
   const Document& first = message.items[0];
-  for (const std::string* text : {&first.origin.from, &first.origin.to, &first.message.startLine,
-                                  &first.message.callId}) {
+  for (const std::string* text :
+       {&first.origin.from, &first.origin.to, &first.message.startLine, &first.message.callId}) {
     add(*text);
   }
   bool isRefused = false;
@@ -91,7 +92,8 @@ void AddSearch(const ReportMessage& message, const std::vector<Examined>& docume
     isChanging = isChanging || !examined.followed.differences.empty();
     add(result.schema);
     for (const auto& [name, value] : examined.summary) add(Short(value));
-    if (!result.faults.empty()) add(std::string(result.faults[0].kind) + ' ' + result.faults[0].what);
+    if (!result.faults.empty())
+      add(std::string(result.faults[0].kind) + ' ' + result.faults[0].what);
   }
   if (!documents.empty()) kinds += "document ";
   if (isRefused) kinds += "refused ";
@@ -119,7 +121,8 @@ void AddFigure(std::size_t count, const char* one, const char* several, const ch
 }
 
 void AddCell(std::size_t count, std::string& html) {
-  html += std::string("<td class=\"number") + (count ? "" : " zero") + "\">" + Number(count) + "</td>";
+  html +=
+      std::string("<td class=\"number") + (count ? "" : " zero") + "\">" + Number(count) + "</td>";
 }
 
 constexpr char kFilter[] =
@@ -166,8 +169,7 @@ void ReportPage::AddHead(const ReportMessage& message, bool isBare) {
     const Time& time = first.origin.time;
     m_Html += "<time datetime=\"" + ToString(time, "%Y-%m-%dT%H:%M:%S") + "Z\">" +
               ToString(time, "%Y-%m-%d %H:%M:%S") + "</time>" +
-              HtmlElement("span", "route",
-                          first.origin.from + " \xe2\x86\x92 " + first.origin.to);
+              HtmlElement("span", "route", first.origin.from + " \xe2\x86\x92 " + first.origin.to);
   }
   if (hasStart) m_Html += HtmlElement("span", "file", first.name);
   if (!first.message.callId.empty() && !isBare) {
@@ -180,6 +182,7 @@ void ReportPage::AddNotes(const ReportMessage& message) {
   for (const Document& item : message.items) {
     if (item.IsDocument()) continue;
     m_iSkipped += item.kind == Document::Kind::kSkipped;
+    ++m_Skipped[item.fault.what];
     m_Html += HtmlElement("p", "soft", item.fault.what);
   }
 }
@@ -196,7 +199,8 @@ void ReportPage::Register(const Examined& examined) {
   counts.lossy += !result.losses.empty();
   m_iChanging += !examined.followed.differences.empty();
   for (const Failure& fault : result.faults) {
-    AddMatter(result.isRefused ? "refused" : "faulty", "bad", std::string(fault.kind) + ": " + fault.what);
+    AddMatter(result.isRefused ? "refused" : "faulty", "bad",
+              std::string(fault.kind) + ": " + fault.what);
   }
   for (const CheckResult::Lost& lost : result.losses) {
     AddMatter("lost", "warn", WithoutIndexes(lost.loss.path) + ": " + NameOf(lost.loss.kind));
@@ -226,11 +230,10 @@ void ReportPage::AddDocument(const Examined& examined) {
   if (!followed.what.empty() && followed.what != "compared") {
     m_Html += Tag(followed.isMissed ? "warn" : "note", followed.what);
   }
-  if (followed.what == "compared" && followed.differences.empty()) m_Html += Tag("note", "unchanged");
+  if (followed.what == "compared" && followed.differences.empty())
+    m_Html += Tag("note", "unchanged");
   m_Html += "</h4>";
-  if (examined.document->message.number == 0 || !result.remark.empty()) {
-    if (!result.remark.empty()) m_Html += HtmlElement("p", "soft", result.remark);
-  }
+  if (!result.remark.empty()) m_Html += HtmlElement("p", "soft", result.remark);
   if (!examined.summary.empty()) {
     m_Html += "<dl class=\"facts\">";
     for (const auto& [name, value] : examined.summary) {
@@ -269,7 +272,9 @@ void ReportPage::AddFindings(const Examined& examined) {
     m_Html += "</li>";
   });
   if (!examined.excerpt.empty()) {
-    m_Html += "<pre class=\"excerpt\" tabindex=\"0\" role=\"region\" aria-label=\"The line with the fault\">";
+    m_Html +=
+        "<pre class=\"excerpt\" tabindex=\"0\" role=\"region\" aria-label=\"The line with the "
+        "fault\">";
     AppendHtmlLines(m_Html, examined.excerpt);
     m_Html += "</pre>";
   }
@@ -378,6 +383,29 @@ void ReportPage::AddSchemas(std::string& html) const {
   html += "</tbody></table></section>\n";
 }
 
+void ReportPage::AddSkipped(std::string& html) const {
+  if (m_Skipped.empty()) return;
+  html += R"(<section class="panel"><h2>Skipped</h2>
+<table><thead><tr><th scope="col">Why</th><th scope="col" class="number">Times</th></tr></thead><tbody>
+)";
+  std::vector<std::pair<std::size_t, const std::string*>> sorted;
+  for (const auto& [why, times] : m_Skipped) sorted.emplace_back(times, &why);
+  std::stable_sort(sorted.begin(), sorted.end(),
+                   [](const auto& one, const auto& other) { return one.first > other.first; });
+  for (std::size_t i = 0; i < std::min(sorted.size(), kShownMatters); ++i) {
+    html += "<tr><td>";
+    AppendHtml(html, *sorted[i].second);
+    html += "</td>";
+    AddCell(sorted[i].first, html);
+    html += "</tr>\n";
+  }
+  html += "</tbody></table>";
+  if (sorted.size() > kShownMatters) {
+    html += "<p class=\"soft\">and " + Number(sorted.size() - kShownMatters) + " other reasons</p>";
+  }
+  html += "</section>\n";
+}
+
 void ReportPage::AddFiles(const std::vector<ReportFile>& files, std::string& html) {
   html += R"(<section class="panel"><h2>Files</h2>
 <table><thead><tr><th scope="col">File</th><th scope="col" class="number">Messages</th><th scope="col" class="number">Documents</th></tr></thead><tbody>
@@ -399,16 +427,18 @@ void ReportPage::AddFiles(const std::vector<ReportFile>& files, std::string& htm
 void ReportPage::Write(const std::vector<ReportFile>& files, const std::string& order,
                        std::ostream& to) const {
   std::string title = files.size() == 1 ? files[0].name : Count(files.size(), "file", "files");
-  std::string html = "<!DOCTYPE html>\n<html lang=\"en\" xmlns=\"http://www.w3.org/1999/xhtml\">\n"
-                     "<head>\n<meta charset=\"utf-8\"/>\n"
-                     "<meta http-equiv=\"Content-Security-Policy\" content=\"default-src 'none'; "
-                     "style-src 'sha256-";
+  std::string html =
+      "<!DOCTYPE html>\n<html lang=\"en\" xmlns=\"http://www.w3.org/1999/xhtml\">\n"
+      "<head>\n<meta charset=\"utf-8\"/>\n"
+      "<meta http-equiv=\"Content-Security-Policy\" content=\"default-src 'none'; "
+      "style-src 'sha256-";
   html += std::string(kPageStyleHash) + "'; script-src 'sha256-" + kPageScriptHash +
           "'; base-uri 'none'; form-action 'none'\"/>\n"
           "<meta name=\"viewport\" content=\"width=device-width, initial-scale=1\"/>\n"
           "<title>Report of ";
   AppendHtmlAttribute(html, title);
-  html += std::string("</title>\n<style>") + kPageStyle + "</style>\n</head>\n<body>\n<header><h1>Report of ";
+  html += std::string("</title>\n<style>") + kPageStyle +
+          "</style>\n</head>\n<body>\n<header><h1>Report of ";
   AppendHtml(html, title);
   html += "</h1></header>\n<main>\n<section><h2>Summary</h2>\n";
   AddFigures(files, html);
@@ -417,9 +447,12 @@ void ReportPage::Write(const std::vector<ReportFile>& files, const std::string& 
   html += "</section>\n<div class=\"tables\">\n";
   AddSchemas(html);
   AddFiles(files, html);
-  html += "</div>\n<section><h2 id=\"messages\">Messages</h2>\n<p class=\"soft\">" + order + "</p>\n";
+  AddSkipped(html);
+  html +=
+      "</div>\n<section><h2 id=\"messages\">Messages</h2>\n<p class=\"soft\">" + order + "</p>\n";
   to << html << kFilter << "<ol class=\"messages\" aria-labelledby=\"messages\">\n";
-  to << m_Html << "</ol>\n<p class=\"none\" id=\"filter-none\" hidden=\"hidden\">No message fits the filter."
-     << "</p>\n</section>\n<footer>ztxml " ZTXML_VERSION "</footer>\n</main>\n<script>" << kPageScript
-     << "</script>\n</body>\n</html>\n";
+  to << m_Html
+     << "</ol>\n<p class=\"none\" id=\"filter-none\" hidden=\"hidden\">No message fits the filter."
+     << "</p>\n</section>\n<footer>ztxml " ZTXML_VERSION "</footer>\n</main>\n<script>"
+     << kPageScript << "</script>\n</body>\n</html>\n";
 }

@@ -41,7 +41,8 @@ class ReportPage {
   /// Messages are numbered in the order in which they are added.
   void Add(const ReportMessage& message, const std::vector<Examined>& documents);
   /// Writes it all. `order` tells which order the messages are in.
-  void Write(const std::vector<ReportFile>& files, const std::string& order, std::ostream& to) const;
+  void Write(const std::vector<ReportFile>& files, const std::string& order,
+             std::ostream& to) const;
 
  private:
   struct Counts {
@@ -72,13 +73,15 @@ class ReportPage {
   void AddFigures(const std::vector<ReportFile>& files, std::string& html) const;
   void AddMatters(std::string& html) const;
   void AddSchemas(std::string& html) const;
+  void AddSkipped(std::string& html) const;
   static void AddFiles(const std::vector<ReportFile>& files, std::string& html);
 
   std::string m_Html;  // of the messages
   std::size_t m_iMessages = 0;
   std::size_t m_iDocuments = 0;
   std::size_t m_iSkipped = 0;
-  std::size_t m_iChanging = 0;  // documents that changed something
+  std::map<std::string, std::size_t> m_Skipped;  // how often for which reason
+  std::size_t m_iChanging = 0;                   // documents that changed something
   std::map<std::string, Counts> m_Schemas;
   std::vector<Matter> m_Matters;
   std::unordered_map<std::string, std::size_t> m_MatterAt;
