@@ -253,7 +253,11 @@ Followed Follower::Merge(State& state, Tree& tree) {
       for (Part& part : collector.parts) {
         Facts& before = state.facts[part.path];
         if (isNew) before.clear();
-        if (part.path == change.path) difference.values = Compared(before, part.facts);
+        if (part.path == change.path) {
+          difference.values = Compared(before, part.facts);
+        } else {
+          ++difference.parts[part.name];
+        }
         before = std::move(part.facts);
       }
     }
@@ -272,17 +276,21 @@ Followed Follower::Compare(Known& known, const std::vector<Part>& parts) {
     seen.insert(part.path);
     const auto found = old.find(part.path);
     const bool wasThere = found != old.end();
-    if (!wasThere && IsBelow(part.path, told)) continue;
+    if (!wasThere && IsBelow(part.path, told)) {
+      ++followed.differences.back().parts[part.name];
+      continue;
+    }
     if (!wasThere) told = part.path;
     Values values = Compared(wasThere ? found->second->facts : Facts(), part.facts);
     if (wasThere && values.empty()) continue;
-    followed.differences.push_back({wasThere ? "changed" : "added", part.path, std::move(values)});
+    followed.differences.push_back(
+        {wasThere ? "changed" : "added", part.path, std::move(values), {}});
   }
   told.clear();
   for (const Part& part : known.parts) {
     if (seen.count(part.path) || IsBelow(part.path, told)) continue;
     told = part.path;
-    followed.differences.push_back({"removed", part.path, {}});
+    followed.differences.push_back({"removed", part.path, {}, {}});
   }
   known.parts = parts;
   return followed;

@@ -4,6 +4,7 @@
 #define ZTXML_TOOLS_FOLLOW_H
 
 #include <cstddef>
+#include <map>
 #include <memory>
 #include <string>
 #include <unordered_map>
@@ -42,6 +43,7 @@ struct Difference {
   const char* kind = "";  ///< "added", "changed" or "removed"
   std::string path;
   std::vector<Value> values;
+  std::map<std::string, std::size_t> parts;  ///< of what is new: how many of which name are below
 };
 
 /// What became of a document.

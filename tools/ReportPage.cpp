@@ -152,7 +152,7 @@ void ReportPage::Add(const ReportMessage& message, const std::vector<Examined>& 
   AddNotes(message);
   for (const Examined& examined : documents) {
     Register(examined);
-    AddDocument(examined);
+    AddDocument(examined, documents.size() > 1);
   }
   m_Html += "</li>\n";
 }
@@ -216,10 +216,11 @@ void ReportPage::AddMatter(const char* tag, const char* tone, const std::string&
   ++m_Matters[found->second].times;
 }
 
-void ReportPage::AddDocument(const Examined& examined) {
+void ReportPage::AddDocument(const Examined& examined, bool isOneOfSeveral) {
   const CheckResult& result = examined.result;
   m_Html += "<section class=\"document\"><h4>";
   AppendHtml(m_Html, result.schema.empty() ? "Document" : result.schema);
+  if (isOneOfSeveral) m_Html += ' ' + HtmlElement("span", "soft name", examined.document->name);
   if (result.isRefused) m_Html += Tag("bad", "refused");
   if (!result.isRefused && !result.faults.empty()) m_Html += Tag("bad", "faulty");
   if (!result.losses.empty()) {
@@ -308,11 +309,15 @@ void ReportPage::AddDifference(const Difference& difference) {
   m_Html += "<li>" + HtmlElement("span", ("change " + kind).c_str(), sign + kind) +
             HtmlElement("code", "path", difference.path);
   const std::size_t shown = std::min(difference.values.size(), kShownValues);
-  if (shown) m_Html += "<ul class=\"values\">";
+  const bool hasList = shown || !difference.parts.empty();
+  if (hasList) m_Html += "<ul class=\"values\">";
   for (std::size_t i = 0; i < shown; ++i) AddValue(difference.values[i], isNew, m_Html);
   const std::size_t more = difference.values.size() - shown;
   if (more) m_Html += "<li class=\"soft\">and " + Number(more) + " more</li>";
-  if (shown) m_Html += "</ul>";
+  for (const auto& [name, count] : difference.parts) {
+    m_Html += "<li>" + HtmlElement("b", "name", name) + " \xc3\x97 " + Number(count) + "</li>";
+  }
+  if (hasList) m_Html += "</ul>";
   m_Html += "</li>";
 }
 
@@ -368,7 +373,7 @@ void ReportPage::AddMatters(std::string& html) const {
 void ReportPage::AddSchemas(std::string& html) const {
   if (m_Schemas.empty()) return;
   html += R"(<section class="panel"><h2>Documents by schema</h2>
-<table><thead><tr><th scope="col">Schema</th><th scope="col" class="number">All</th><th scope="col" class="number">ok</th><th scope="col" class="number">Refused</th><th scope="col" class="number">Faulty</th><th scope="col" class="number">Lossy</th></tr></thead><tbody>
+<table><thead><tr><th scope="col">Schema</th><th scope="col" class="number">All</th><th scope="col" class="number">OK</th><th scope="col" class="number">Refused</th><th scope="col" class="number">Faulty</th><th scope="col" class="number">Lossy</th></tr></thead><tbody>
 )";
   for (const auto& [name, counts] : m_Schemas) {
     html += "<tr><th scope=\"row\">";

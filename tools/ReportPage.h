@@ -64,7 +64,7 @@ class ReportPage {
   void Register(const Examined& examined);
   void AddMatter(const char* tag, const char* tone, const std::string& what);
   void AddHead(const ReportMessage& message, bool isBare);
-  void AddDocument(const Examined& examined);
+  void AddDocument(const Examined& examined, bool isOneOfSeveral);
   void AddFindings(const Examined& examined);
   void AddLosses(const std::vector<CheckResult::Lost>& losses);
   void AddDifferences(const std::vector<Difference>& differences);
