@@ -53,6 +53,7 @@ Examples:
   ztxml edit --set /simservs/communication-waiting/@active=false simservs.xml
   ztxml merge full.xml partial.xml
   ztxml body capture.txt --nth 2 | ztxml format -
+  ztxml report --html call.html call.pcap
   ztxml new reginfo > notify.xml
   ztxml help COMMAND
 
