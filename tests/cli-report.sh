@@ -16,7 +16,7 @@ cat >text.py <<'PYTHON'
 import sys
 import xml.etree.ElementTree as tree
 
-LINES = {"h1", "h2", "h3", "h4", "p", "tr", "li", "div", "pre", "details", "dl"}
+LINES = {"h1", "h2", "h3", "h4", "p", "tr", "li", "div", "article", "pre", "details", "dl"}
 UNFIT = {"img", "iframe", "object", "link", "base"}
 words = []
 
@@ -104,7 +104,7 @@ grep -q "default-src 'none'" page.html || fail 'the page may load what it likes'
 # ---- Sizes, outputs, wrong usage -------------------------------------------------------------------
 # Ten thousand messages, which may take no more than a few seconds, also with sanitizers.
 expect 0 "" timeout 60 "$ztxml" report --html many.html many.pcap
-[[ "$(grep -c '<li class="message"' many.html)" == 10000 ]] || fail 'not all of many messages are there'
+[[ "$(grep -c '<article class="message"' many.html)" == 10000 ]] || fail 'not all of many messages are there'
 expect 0 "" "$ztxml" report --html - alone.xml
 "$ztxml" report --html alone.html alone.xml
 cmp out alone.html || fail 'standard output has another page'

@@ -14,6 +14,7 @@ namespace {
 constexpr std::size_t kShownFirst = 12;    // of a list; the rest can be opened
 constexpr std::size_t kShownValues = 12;   // of what an element holds
 constexpr std::size_t kShownMatters = 40;  // and reasons
+constexpr std::size_t kBatch = 50;         // messages that a browser lays out together
 constexpr std::size_t kLongest = 160;      // characters of a value on a line
 
 std::string Number(std::size_t number) { return std::to_string(number); }
@@ -144,9 +145,13 @@ constexpr char kFilter[] =
 // ---- Messages -----------------------------------------------------------------------------------
 
 void ReportPage::Add(const ReportMessage& message, const std::vector<Examined>& documents) {
+  if (m_iMessages % kBatch == 0) {
+    m_Html += std::string(m_iMessages ? "</div>\n" : "") + "<div class=\"batch\">\n";
+  }
   const std::string id = Number(++m_iMessages);
   const bool isBare = documents.empty();
-  m_Html += "<li class=\"message" + std::string(isBare ? " bare" : "") + "\" id=\"m" + id + '"';
+  m_Html +=
+      "<article class=\"message" + std::string(isBare ? " bare" : "") + "\" id=\"m" + id + '"';
   AddSearch(message, documents, message.items[0].name, m_Html);
   AddHead(message, isBare);
   AddNotes(message);
@@ -154,7 +159,7 @@ void ReportPage::Add(const ReportMessage& message, const std::vector<Examined>& 
     Register(examined);
     AddDocument(examined, documents.size() > 1);
   }
-  m_Html += "</li>\n";
+  m_Html += "</article>\n";
 }
 
 void ReportPage::AddHead(const ReportMessage& message, bool isBare) {
@@ -455,9 +460,8 @@ void ReportPage::Write(const std::vector<ReportFile>& files, const std::string& 
   AddSkipped(html);
   html +=
       "</div>\n<section><h2 id=\"messages\">Messages</h2>\n<p class=\"soft\">" + order + "</p>\n";
-  to << html << kFilter << "<ol class=\"messages\" aria-labelledby=\"messages\">\n";
-  to << m_Html
-     << "</ol>\n<p class=\"none\" id=\"filter-none\" hidden=\"hidden\">No message fits the filter."
+  to << html << kFilter << m_Html << (m_iMessages ? "</div>\n" : "")
+     << "<p class=\"none\" id=\"filter-none\" hidden=\"hidden\">No message fits the filter."
      << "</p>\n</section>\n<footer>ztxml " ZTXML_VERSION "</footer>\n</main>\n<script>"
      << kPageScript << "</script>\n</body>\n</html>\n";
 }

@@ -6,6 +6,7 @@
   const kind = document.getElementById('filter-kind');
   const count = document.getElementById('filter-count');
   const none = document.getElementById('filter-none');
+  const batches = Array.from(document.querySelectorAll('.batch'));
   const messages = Array.from(document.querySelectorAll('.message'), function (element) {
     const has = element.dataset.has.split(' ');
     return { element: element, has: has, find: element.dataset.find.toLowerCase() };
@@ -19,6 +20,9 @@
       const fits = isKind ? wanted.every(function (word) { return message.find.includes(word); }) : false;
       message.element.hidden = !fits;
       if (fits) shown += 1;
+    }
+    for (const batch of batches) {
+      batch.hidden = batch.querySelector('.message:not([hidden])') === null;
     }
     count.textContent = shown + ' of ' + messages.length;
     none.hidden = shown !== 0;
