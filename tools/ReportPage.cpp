@@ -11,11 +11,11 @@
 
 namespace {
 
-constexpr std::size_t kShownFirst = 12;    // of a list; the rest can be opened
-constexpr std::size_t kShownValues = 12;   // of what an element holds
-constexpr std::size_t kShownMatters = 40;  // and reasons
-constexpr std::size_t kBatch = 50;         // messages that a browser lays out together
-constexpr std::size_t kLongest = 160;      // characters of a value on a line
+constexpr std::size_t kShownFirst = 12;     // of a list; the rest can be opened
+constexpr std::size_t kShownValues = 12;    // of what an element holds
+constexpr std::size_t kShownMatters = 200;  // and reasons
+constexpr std::size_t kBatch = 50;          // messages that a browser lays out together
+constexpr std::size_t kLongest = 160;       // characters of a value on a line
 
 std::string Number(std::size_t number) { return std::to_string(number); }
 std::string Count(std::size_t count, const char* one, const char* several) {
@@ -124,6 +124,24 @@ void AddFigure(std::size_t count, const char* one, const char* several, const ch
 void AddCell(std::size_t count, std::string& html) {
   html +=
       std::string("<td class=\"number") + (count ? "" : " zero") + "\">" + Number(count) + "</td>";
+}
+
+void AddFileTable(const std::vector<const ReportFile*>& files, std::string& html) {
+  html +=
+      R"(<table><thead><tr><th scope="col">File</th><th scope="col" class="number">Messages</th><th scope="col" class="number">Documents</th></tr></thead><tbody>
+)";
+  for (const ReportFile* const file : files) {
+    html += "<tr><td>";
+    AppendHtml(html, file->name);
+    if (!file->notes.empty()) html += "<ul class=\"notes\">";
+    for (const std::string& note : file->notes) html += HtmlElement("li", "note", note);
+    if (!file->notes.empty()) html += "</ul>";
+    html += "</td>";
+    AddCell(file->messages, html);
+    AddCell(file->documents, html);
+    html += "</tr>\n";
+  }
+  html += "</tbody></table>";
 }
 
 constexpr char kFilter[] =
@@ -360,16 +378,15 @@ void ReportPage::AddMatters(std::string& html) const {
     const bool isOtherBad = StartsWith(other->tone, "bad");
     return isBad != isOtherBad ? isBad : one->times > other->times;
   });
-  html += "<h2>What needs a look</h2>\n<ul class=\"matters\">\n";
-  for (std::size_t i = 0; i < std::min(sorted.size(), kShownMatters); ++i) {
+  html += "<h2>What needs a look</h2>\n";
+  AddList(html, "matters", std::min(sorted.size(), kShownMatters), [&](std::size_t i) {
     const Matter& matter = *sorted[i];
     const std::string first = Number(matter.first);
     html += "<li><span>" + Tag(matter.tone, matter.tag) + "</span>" +
             HtmlElement("span", "what", matter.what) + "<span class=\"times\">" +
             (matter.times == 1 ? "" : Number(matter.times) + " times, first ") + "in <a href=\"#m" +
             first + "\">message " + first + "</a></span></li>\n";
-  }
-  html += "</ul>\n";
+  });
   if (sorted.size() <= kShownMatters) return;
   html += "<p class=\"soft\">and " + Number(sorted.size() - kShownMatters) +
           " more, which stand with their documents</p>\n";
@@ -417,21 +434,20 @@ void ReportPage::AddSkipped(std::string& html) const {
 }
 
 void ReportPage::AddFiles(const std::vector<ReportFile>& files, std::string& html) {
-  html += R"(<section class="panel"><h2>Files</h2>
-<table><thead><tr><th scope="col">File</th><th scope="col" class="number">Messages</th><th scope="col" class="number">Documents</th></tr></thead><tbody>
-)";
+  std::vector<const ReportFile*> shown;
+  std::vector<const ReportFile*> others;  // of many, without anything to be said of them
   for (const ReportFile& file : files) {
-    html += "<tr><td>";
-    AppendHtml(html, file.name);
-    if (!file.notes.empty()) html += "<ul class=\"notes\">";
-    for (const std::string& note : file.notes) html += HtmlElement("li", "note", note);
-    if (!file.notes.empty()) html += "</ul>";
-    html += "</td>";
-    AddCell(file.messages, html);
-    AddCell(file.documents, html);
-    html += "</tr>\n";
+    const bool isShown = !file.notes.empty() || shown.size() < kShownFirst;
+    (isShown ? shown : others).push_back(&file);
   }
-  html += "</tbody></table></section>\n";
+  html += "<section class=\"panel\"><h2>Files</h2>\n";
+  AddFileTable(shown, html);
+  if (!others.empty()) {
+    html += "<details><summary>" + Number(others.size()) + " more</summary>";
+    AddFileTable(others, html);
+    html += "</details>";
+  }
+  html += "</section>\n";
 }
 
 void ReportPage::Write(const std::vector<ReportFile>& files, const std::string& order,
@@ -450,7 +466,9 @@ void ReportPage::Write(const std::vector<ReportFile>& files, const std::string& 
   html += std::string("</title>\n<style>") + kPageStyle +
           "</style>\n</head>\n<body>\n<header><h1>Report of ";
   AppendHtml(html, title);
-  html += "</h1></header>\n<main>\n<section><h2>Summary</h2>\n";
+  html +=
+      "</h1><p><a href=\"#messages\">To the "
+      "messages</a></p></header>\n<main>\n<section><h2>Summary</h2>\n";
   AddFigures(files, html);
   html += "</section>\n<section>";
   AddMatters(html);
