@@ -162,7 +162,7 @@ std::string FactOf(const std::vector<Part>& parts, std::string_view wanted) {
 // What a document tells of; without a subscription's Call-ID the first registration is as good.
 std::string EntityOf(const Document& document, const std::vector<Part>& parts) {
   for (const char* const name : {"@entity", "@uri"}) {
-    const std::string entity = FactOf(parts, name);
+    std::string entity = FactOf(parts, name);
     if (!entity.empty()) return entity;
   }
   if (!document.message.callId.empty()) return "";

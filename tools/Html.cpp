@@ -60,7 +60,7 @@ void Append(std::string& html, std::string_view text, Place place) {
       AppendHidden(html, Escape(character), place);
     } else if (IsHidden(code)) {
       char name[16];
-      std::snprintf(name, sizeof(name), "U+%04X", static_cast<unsigned>(code));
+      static_cast<void>(std::snprintf(name, sizeof(name), "U+%04X", static_cast<unsigned>(code)));
       AppendHidden(html, name, place);
     } else {
       html += character;

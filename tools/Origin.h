@@ -27,8 +27,8 @@ struct Origin {
 /// The message that something was found in.
 struct Envelope {
   std::size_t number = 0;  ///< in its file, from 1; 0 for what is in no message
-  std::string startLine;   ///< with what a log has before it; "" for none
-  std::string callId;      ///< "" for none
+  std::string startLine;   ///< with what a log has before it, cut when it is long; "" for none
+  std::string callId;      ///< likewise
 };
 
 #endif  // ZTXML_TOOLS_ORIGIN_H
