@@ -68,7 +68,7 @@ has 'the figures' 'files 4' 'messages 15' 'documents 15' 'ok 8' 'refused 2' 'fau
 has 'what matters' \
   'refused incomplete: the text ends within the end tag </pres in message 9' \
   'faulty well-formedness: the character "\x01", which XML does not allow in message 11' \
-  'refused incomplete: <isComposing> is not closed (opened at 12:1) in message 15' \
+  'refused incomplete: <isComposing> is not closed in message 15' \
   'faulty well-formedness: not UTF-8: the byte "\xff" in message 16' \
   'lost /simservs/originating-identity-presentation-restriction: element not kept 2 times, first in message 13' \
   'state Reginfo: applied; refresh: notifications before it were missed in message 5' \

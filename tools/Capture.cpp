@@ -17,8 +17,6 @@ constexpr std::size_t kMostBoundary = 70;       // RFC 2046, 5.1.1
 constexpr std::size_t kMostDecoded = 64 << 20;  // of a body
 // What the bodies of a large capture may have together, as often as it is large.
 constexpr std::size_t kMostGrowth = 16;
-// Of what each body of a message is told with.
-constexpr std::size_t kMostKept = 512;
 // Between messages; what looks for the next one need not read more.
 constexpr std::size_t kMostBlanks = 1024;
 
@@ -219,7 +217,7 @@ class Reader {
     m_Skipped.clear();
     std::string_view text = m_Rest;
     m_Message = {++m_iMessages, "", ""};
-    if (hasStartLine) m_Message.startLine = Trim(NextLine(text)).substr(0, kMostKept);
+    if (hasStartLine) m_Message.startLine = Trim(NextLine(text)).substr(0, Envelope::kMost);
     const std::string_view start = text;
     // A start line ends the headers, too.
     std::string_view head = UpToNext(text);
@@ -230,7 +228,7 @@ class Reader {
       Continue(head);
       return;
     }
-    m_Message.callId = headers.callId.substr(0, kMostKept);
+    m_Message.callId = headers.callId.substr(0, Envelope::kMost);
     std::string_view body = m_Text.substr(static_cast<std::size_t>(head.data() - m_Text.data()));
     bool isBounded = false;
     if (!CutToLength(start, headers, body, isBounded)) {

@@ -26,6 +26,8 @@ struct Origin {
 
 /// The message that something was found in.
 struct Envelope {
+  static constexpr std::size_t kMost = 512;  ///< bytes that are kept of each text
+
   std::size_t number = 0;  ///< in its file, from 1; 0 for what is in no message
   std::string startLine;   ///< with what a log has before it, cut when it is long; "" for none
   std::string callId;      ///< likewise

@@ -49,7 +49,7 @@ bool ReadMessage(const PacketMessage& message, const std::string& file, std::siz
   Document capture;
   capture.name = file + '#' + std::to_string(number);
   capture.text = message.text;
-  capture.message.startLine = NextLine(text).substr(0, 512);
+  capture.message.startLine = NextLine(text).substr(0, Envelope::kMost);
   Failure failure;
   if (message.hasNoBody || !ReadCapture(capture, documents, failure)) {
     capture.text.clear();

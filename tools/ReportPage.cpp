@@ -54,6 +54,12 @@ std::string WithoutIndexes(std::string_view path) {
   return plain;
 }
 
+// What is wrong, without the places that a sentence may end with.
+std::string WithoutPlace(const Failure& fault) {
+  const std::string what = std::string(fault.kind) + ": " + fault.what;
+  return what.substr(0, what.find(" (opened at "));
+}
+
 std::string Tag(const char* tone, const std::string& text) {
   return HtmlElement("span", (std::string("tag ") + tone).c_str(), text);
 }
@@ -222,8 +228,7 @@ void ReportPage::Register(const Examined& examined) {
   counts.lossy += !result.losses.empty();
   m_iChanging += !examined.followed.differences.empty();
   for (const Failure& fault : result.faults) {
-    AddMatter(result.isRefused ? "refused" : "faulty", "bad",
-              std::string(fault.kind) + ": " + fault.what);
+    AddMatter(result.isRefused ? "refused" : "faulty", "bad", WithoutPlace(fault));
   }
   for (const CheckResult::Lost& lost : result.losses) {
     AddMatter("lost", "warn", WithoutIndexes(lost.loss.path) + ": " + NameOf(lost.loss.kind));
