@@ -12,8 +12,6 @@ using reflect::Item;
 
 namespace {
 
-// An element that has changed may hold much that was told long before: to look at all of it each
-// time would cost more than the documents are long.
 constexpr std::size_t kMostFacts = 1000;        // of a changed element
 constexpr std::size_t kMostPartFacts = 100000;  // of a document
 constexpr std::size_t kMostPath = 400;
@@ -52,7 +50,7 @@ class Collector : public reflect::Visitor {
     if (!in) {
       const std::string path = m_Path.empty() ? '/' + std::string(name) : m_Path;
       m_Open.push_back({0, "", {}});
-      parts.push_back({name, path, {}});
+      parts.push_back({name, path, {}, 0});
       return true;
     }
     Level& above = m_Open.back();
@@ -68,7 +66,7 @@ class Collector : public reflect::Visitor {
       isEntered = isEntered && path.size() <= kMostPath && (m_bEntersParts || !isMerged);
       if (isEntered) {
         level = {parts.size(), "", {}};
-        parts.push_back({name, path, {}});
+        parts.push_back({name, path, {}, 0});
       }
     } else {
       if (number > 1) step += '[' + std::to_string(number) + ']';
@@ -81,6 +79,7 @@ class Collector : public reflect::Visitor {
   }
   void Begin(const Field& field) override {
     const Level& level = m_Open.back();
+    parts[level.part].cost += field.items.size();
     const bool holdsValues = field.value != ZtValue::kObject || field.HoldsAttributes();
     if (!holdsValues) return;
     std::size_t number = 0;
@@ -199,8 +198,29 @@ std::string RegistrationOf(const std::vector<Part>& parts) {
 struct Follower::State {
   explicit State(const ZtDocument& document) : merged(document) {}
 
+  struct Told {
+    Facts facts;
+    std::size_t cost = 0;
+    bool isKnown = false;  // what it held then
+  };
+
+  // Whether there may be a look at what a changed element holds.
+  bool Affords(const std::string& path) {
+    Told& before = told[path];
+    if (before.cost > budget) {
+      before.facts.clear();
+      before.isKnown = false;
+      return false;
+    }
+    budget -= before.cost;
+    return true;
+  }
+
   ZtState merged;
-  std::unordered_map<std::string, Facts> facts;
+  std::unordered_map<std::string, Told> told;
+  // An element that a few bytes change may hold much that was told long before. All looking at such
+  // costs no more than the notifications are long; where it would, the values are not compared.
+  std::size_t budget = 0;
 };
 
 struct Follower::Known {
@@ -217,7 +237,7 @@ Followed Follower::Take(const Document& document, const std::vector<Part>& parts
   if (const ZtDocument* const table = TableOfParts(*tree.schema)) {
     std::unique_ptr<State>& state = m_States[schema + entity];
     if (!state) state = std::make_unique<State>(*table);
-    return Merge(*state, tree);
+    return Merge(*state, document.text.size(), tree);
   }
   const bool isPresence = tree.schema->id == XML_SCHEMA_PRESENCE;
   const std::string url = isPresence ? "" : PutUrlOf(document.message.startLine);
@@ -231,7 +251,8 @@ Followed Follower::Take(const Document& document, const std::vector<Part>& parts
   return Compare(*known, parts);
 }
 
-Followed Follower::Merge(State& state, Tree& tree) {
+Followed Follower::Merge(State& state, std::size_t size, Tree& tree) {
+  state.budget += size;
   ztxml::Merged merged;
   ztxml::Error error;
   if (!state.merged.Take(tree.root.release(), merged, error)) {
@@ -244,21 +265,21 @@ Followed Follower::Merge(State& state, Tree& tree) {
     Difference difference;
     difference.kind = NameOf(change.kind);
     difference.path = change.path;
+    const bool isNew = change.kind == ztxml::Change::Kind::kAdded;
     if (change.kind == ztxml::Change::Kind::kRemoved) {
-      state.facts.erase(change.path);
-    } else {
-      const bool isNew = change.kind == ztxml::Change::Kind::kAdded;
+      state.told.erase(change.path);
+    } else if (isNew || state.Affords(change.path)) {
       Collector collector(change.path, isNew, isNew ? kMostPartFacts : kMostFacts);
       reflect::Walk({*change.object, &StandardTypeOf(*change.object)}, collector);
       for (Part& part : collector.parts) {
-        Facts& before = state.facts[part.path];
-        if (isNew) before.clear();
-        if (part.path == change.path) {
-          difference.values = Compared(before, part.facts);
-        } else {
+        State::Told& told = state.told[part.path];
+        if (isNew) told.facts.clear();
+        if (part.path != change.path) {
           ++difference.parts[part.name];
+        } else if (isNew || told.isKnown) {
+          difference.values = Compared(told.facts, part.facts);
         }
-        before = std::move(part.facts);
+        told = {std::move(part.facts), part.cost, true};
       }
     }
     followed.differences.push_back(std::move(difference));

@@ -22,6 +22,7 @@ struct Part {
   std::string name;  ///< of the element
   std::string path;
   Facts facts;
+  std::size_t cost = 0;  ///< what was looked at for them
 };
 /// The parts of a tree of the standard profile, in its order, up to a number of values; those of
 /// which the path is too long are left out.
@@ -64,7 +65,7 @@ class Follower {
   struct State;
   struct Known;
 
-  static Followed Merge(State& state, Tree& tree);
+  static Followed Merge(State& state, std::size_t size, Tree& tree);
   static Followed Compare(Known& known, const std::vector<Part>& parts);
 
   std::unordered_map<std::string, std::unique_ptr<State>> m_States;
