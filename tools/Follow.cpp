@@ -12,8 +12,6 @@ using reflect::Item;
 
 namespace {
 
-constexpr std::size_t kMostFacts = 1000;        // of a changed element
-constexpr std::size_t kMostPartFacts = 100000;  // of a document
 constexpr std::size_t kMostPath = 400;
 
 const ZtElementType& StandardTypeOf(const XMLElement& object) {
@@ -41,8 +39,8 @@ std::string KeyOf(const XMLElement& object, bool& isMerged) {
 class Collector : public reflect::Visitor {
  public:
   /// With `entersParts` the parts below the root are collected, too.
-  Collector(const std::string& path, bool entersParts, std::size_t most)
-      : m_Path(path), m_bEntersParts(entersParts), m_iMost(most) {}
+  Collector(const std::string& path, bool entersParts)
+      : m_Path(path), m_bEntersParts(entersParts) {}
 
   std::vector<Part> parts;
 
@@ -59,19 +57,18 @@ class Collector : public reflect::Visitor {
     bool isMerged = false;
     const std::string key = number ? KeyOf(object, isMerged) : "";
     std::string step = '/' + std::string(name);
-    bool isEntered = m_iFacts < m_iMost;
+    bool isEntered = false;
     if (!key.empty()) {
-      const std::string path =
-          Joined(parts[above.part].path, above.prefix) + step + '[' + key + ']';
-      isEntered = isEntered && path.size() <= kMostPath && (m_bEntersParts || !isMerged);
+      const std::string path = parts[above.part].path + above.prefix + step + '[' + key + ']';
+      isEntered = path.size() <= kMostPath && (m_bEntersParts || !isMerged);
       if (isEntered) {
         level = {parts.size(), "", {}};
         parts.push_back({name, path, {}, 0});
       }
     } else {
       if (number > 1) step += '[' + std::to_string(number) + ']';
-      level.prefix = Joined(level.prefix, step);
-      isEntered = isEntered && level.prefix.size() <= kMostPath;
+      level.prefix += step;
+      isEntered = level.prefix.size() <= kMostPath;
       if (isEntered && IsFlag(object)) Add(level, "", "");
     }
     m_Open.push_back(std::move(level));
@@ -103,9 +100,6 @@ class Collector : public reflect::Visitor {
     std::unordered_map<std::string, std::size_t> counts;
   };
 
-  static std::string Joined(const std::string& path, const std::string& step) {
-    return path + step;
-  }
   static bool IsFlag(const XMLElement& object) {
     for (const Field& field : reflect::FieldsOf({object, &StandardTypeOf(object)})) {
       if (field.IsPresent()) return false;
@@ -113,7 +107,6 @@ class Collector : public reflect::Visitor {
     return true;
   }
   void Add(const Level& level, const std::string& name, const std::string& value) {
-    if (m_iFacts++ >= m_iMost) return;
     std::string full = level.prefix + name;
     full = full.empty() ? "(text)" : full.substr(1);
     parts[level.part].facts.emplace_back(std::move(full), value);
@@ -121,8 +114,6 @@ class Collector : public reflect::Visitor {
 
   const std::string m_Path;
   const bool m_bEntersParts;
-  const std::size_t m_iMost;
-  std::size_t m_iFacts = 0;
   std::vector<Level> m_Open;
 };
 
@@ -180,7 +171,7 @@ std::string PutUrlOf(const std::string& startLine) {
 }  // namespace
 
 std::vector<Part> PartsOf(const Tree& tree) {
-  Collector collector("", true, kMostPartFacts);
+  Collector collector("", true);
   reflect::Walk(reflect::StandardRoot(*tree.table, *tree.root), collector);
   return std::move(collector.parts);
 }
@@ -269,7 +260,7 @@ Followed Follower::Merge(State& state, std::size_t size, Tree& tree) {
     if (change.kind == ztxml::Change::Kind::kRemoved) {
       state.told.erase(change.path);
     } else if (isNew || state.Affords(change.path)) {
-      Collector collector(change.path, isNew, isNew ? kMostPartFacts : kMostFacts);
+      Collector collector(change.path, isNew);
       reflect::Walk({*change.object, &StandardTypeOf(*change.object)}, collector);
       for (Part& part : collector.parts) {
         State::Told& told = state.told[part.path];

@@ -24,8 +24,8 @@ struct Part {
   Facts facts;
   std::size_t cost = 0;  ///< what was looked at for them
 };
-/// The parts of a tree of the standard profile, in its order, up to a number of values; those of
-/// which the path is too long are left out.
+/// The parts of a tree of the standard profile, in its order; those of which the path is too long
+/// are left out.
 std::vector<Part> PartsOf(const Tree& tree);
 
 /// The address of the first registration; "" for none.
