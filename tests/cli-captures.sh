@@ -5,8 +5,6 @@
 set -uo pipefail
 # shellcheck source=tests/cli-support.sh
 source "$(dirname "$0")/cli-support.sh"
-ztxml="$(realpath "$ztxml")"
-documents="$(realpath "$documents")"
 cd "$work" || exit 1
 
 gruu() { printf '<pub-gruu uri="%s"/>' "$1"; }

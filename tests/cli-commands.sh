@@ -5,10 +5,7 @@
 set -uo pipefail
 # shellcheck source=tests/cli-support.sh
 source "$(dirname "$0")/cli-support.sh"
-sources="$(cd "$(dirname "$0")/.." && pwd)"
-ztxml="$(realpath "$ztxml")"
-documents="$(realpath "$documents")"
-cd "$work" || exit 1
+go_to_work
 cp "$documents/reginfo.xml" notify.xml
 
 # ---- Help and exit status -----------------------------------------------------------------------
@@ -237,7 +234,7 @@ if command -v script >/dev/null; then
 fi
 
 # ---- The man page -------------------------------------------------------------------------------
-# Its examples, with files of their names.
+# Its examples, and those of the page on the tool, with files of their names.
 mkdir examples && cd examples || exit 1
 mkdir capture captures
 cp "$documents/reginfo.xml" notify.xml
@@ -251,9 +248,13 @@ cp "$documents/simservs.xml" ../old.xml ../new.xml .
   printf 'c: multipart/mixed;boundary=b\n\n--b\nc: application/reginfo+xml\n\n' && cat notify.xml
   printf '\n--b\nc: application/reginfo+xml\n\n' && cat notify.xml && printf -- '\n--b--\n'
 } >multipart.txt
+for seconds in 3540 60; do
+  printf 'NOTIFY sip:a SIP/2.0\nc: application/reginfo+xml\n\n' && sed -e "s/3540/$seconds/" notify.xml
+done >log.txt
 ztxml() { "$ztxml" "$@"; }
 command -v jq >/dev/null || jq() { cat >/dev/null; }
 sed -n '/^\.EX/,/^\.EE/p' "$sources/docs/ztxml.1" | sed -e '/^\./d' -e 's/\\-/-/g' -e "s/\\\\(aq/'/g" >examples.txt
+sed -n 's/^    \(ztxml .*\)/\1/p' "$sources/docs/tool.md" >guide.txt
 while IFS= read -r example; do
   wanted=0
   [[ "$example" == "ztxml diff "* ]] && wanted=1
@@ -261,7 +262,7 @@ while IFS= read -r example; do
   got=$?
   [[ "$got" == "$wanted" ]] || fail "example '$example': exit status $got: $(cat err)"
   [[ "$example" == *" --log "* || ! -s err ]] || fail "example '$example': $(cat err)"
-done <examples.txt
+done < <(cat examples.txt guide.txt)
 for command in "${commands[@]}"; do
   grep -q "ztxml $command" examples.txt || fail "$command has no example on the man page"
 done

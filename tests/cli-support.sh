@@ -2,8 +2,9 @@
 # sample documents.
 # shellcheck shell=bash disable=SC2034
 
-ztxml="$1"
-documents="$2"
+sources="$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)"
+ztxml="$(realpath "$1")"
+documents="$(realpath "$2")"
 work="$(mktemp -d)"
 trap 'rm -rf "$work"' EXIT
 failures=0
@@ -23,6 +24,14 @@ expect() {
 }
 
 prints() { [[ "$(cat "$work/out")" == "$1" ]] || fail "printed: $(cat "$work/out")"; }
+
+# Goes to a folder for files; `sources` becomes the project's.
+go_to_work() {
+  sources="$(cd "$(dirname "$0")/.." && pwd)"
+  ztxml="$(realpath "$ztxml")"
+  documents="$(realpath "$documents")"
+  cd "$work" || exit 1
+}
 
 # finish NAME: ends a test.
 finish() {

@@ -3,20 +3,23 @@
 #define ZTXML_TOOLS_ALIGN_H
 
 #include <cstddef>
+#include <cstdint>
+#include <functional>
 #include <vector>
 
 constexpr std::size_t kUnmatched = static_cast<std::size_t>(-1);
 
-/// An entry as far as it matters here. Equal numbers are equal contents or keys.
-struct AlignEntry {
-  std::size_t content = 0;
-  std::size_t key = 0;
+/// A list as far as it matters here: a number for the content of each entry, and one for its key,
+/// which is asked for only where contents do not tell. Equal numbers are equal contents or keys.
+/// They are digests: what strangers have written does not choose them.
+struct AlignList {
+  std::vector<std::uint64_t> contents;
+  std::function<std::uint64_t(std::size_t)> keyOf;
 };
 
 /// For each entry of `before` the index of its match in `after`, in ascending order, or kUnmatched.
 /// Entries match by equal content, then by equal keys, then by their places between such matches.
-/// The cost is n log n.
-std::vector<std::size_t> Align(const std::vector<AlignEntry>& before,
-                               const std::vector<AlignEntry>& after);
+/// The cost is linear, but for the order of what has changed places: n log n.
+std::vector<std::size_t> Align(const AlignList& before, const AlignList& after);
 
 #endif  // ZTXML_TOOLS_ALIGN_H

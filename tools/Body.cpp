@@ -2,6 +2,7 @@
 #include <string>
 
 #include "Commands.h"
+#include "Output.h"
 #include "Text.h"
 
 int PrintBody(const std::string& path, std::size_t nth) {

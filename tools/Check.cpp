@@ -1,60 +1,20 @@
 // ztxml check: reads many documents and tells which are refused or faulty.
 #include <algorithm>
-#include <chrono>
-#include <iostream>
 #include <string>
-#include <unistd.h>
+#include <vector>
 
 #include "Colour.h"
 #include "Commands.h"
+#include "Jobs.h"
 #include "Json.h"
 #include "Judge.h"
 #include "Junit.h"
+#include "Output.h"
 #include "Read.h"
 #include "Strict.h"
 #include "Text.h"
 
 namespace {
-
-// A bar on standard error, on a terminal only, once the work takes long.
-class ProgressBar {
- public:
-  /// `lines` tells whether standard output gets a line for each file, which on a terminal is
-  /// progress enough.
-  ProgressBar(std::size_t total, bool lines)
-      : m_iTotal(total),
-        m_bShown(total > 1 && isatty(STDERR_FILENO) && !(lines && isatty(STDOUT_FILENO))) {}
-  ~ProgressBar() { Clear(); }
-  ProgressBar(const ProgressBar&) = delete;
-  ProgressBar& operator=(const ProgressBar&) = delete;
-
-  /// `done` files have been dealt with.
-  void Update(std::size_t done) {
-    const auto now = Clock::now();
-    if (!m_bShown || now < m_Next) return;
-    m_Next = now + std::chrono::milliseconds(100);
-    const std::size_t filled = done * kWidth / m_iTotal;
-    const std::string line = '[' + std::string(filled, '=') + std::string(kWidth - filled, ' ') +
-                             "] " + std::to_string(done) + " of " + std::to_string(m_iTotal);
-    std::cout.flush();
-    std::cerr << '\r' << line << std::flush;
-    m_iDrawn = line.size();
-  }
-  /// Takes the bar off the terminal, before something else is printed.
-  void Clear() {
-    if (m_iDrawn) std::cerr << '\r' << std::string(m_iDrawn, ' ') << '\r' << std::flush;
-    m_iDrawn = 0;
-  }
-
- private:
-  using Clock = std::chrono::steady_clock;
-  static constexpr std::size_t kWidth = 40;
-
-  std::size_t m_iTotal;
-  bool m_bShown;
-  Clock::time_point m_Next = Clock::now() + std::chrono::seconds(1);
-  std::size_t m_iDrawn = 0;  // characters of the bar that stands on the terminal
-};
 
 std::string JsonOf(const CheckResult& result) {
   JsonObject line;
@@ -83,41 +43,37 @@ std::string JsonOf(const CheckResult& result) {
   return line.Done();
 }
 
+// What was found in some documents.
+struct Tally {
+  std::size_t sound = 0;
+  std::size_t refused = 0;
+  std::size_t faulty = 0;  // read, but faulty as XML, or by its schema
+  std::size_t lossy = 0;
+  std::size_t skipped = 0;  // messages without a document
+  JunitReport report;
+
+  // Adds that of the documents after these.
+  void Add(const Tally& other) {
+    sound += other.sound;
+    refused += other.refused;
+    faulty += other.faulty;
+    lossy += other.lossy;
+    skipped += other.skipped;
+    report.Add(other.report);
+  }
+};
+Tally SumOf(const std::vector<Tally>& tallies) {
+  Tally sum;
+  for (const Tally& tally : tallies) sum.Add(tally);
+  return sum;
+}
+
+// Checks one document, or tells of what is none.
 class Checker {
  public:
-  Checker(std::size_t files, const Reading& reading, const Checks& checks)
-      : m_Reading(reading), m_Checks(checks), m_Progress(files, !checks.quiet) {}
+  Checker(const Reading& reading, const Checks& checks, Tally& tally)
+      : m_Reading(reading), m_Checks(checks), m_Tally(tally) {}
 
-  void CheckFile(const std::string& path) {
-    m_Progress.Update(m_iFiles++);
-    std::vector<Document> documents;
-    Failure failure;
-    const bool opened =
-        ReadDocuments(path, m_Reading.isStandard, documents, failure, Skipping::kListed);
-    for (const Document& document : documents) CheckDocument(document);
-    if (opened) return;
-    CheckResult result;
-    result.name = NameOfInput(path);
-    Refuse(failure, result);
-    Tell(result, nullptr);
-  }
-  int Summary() {
-    m_Progress.Clear();
-    const bool allSound = !m_iRefused && !m_iFaulty && !m_iLossy;
-    if (!m_Checks.json && (!m_Checks.quiet || !allSound)) {
-      std::cout << "documents: " << m_iSound << " ok, " << m_iRefused << " refused, " << m_iFaulty
-                << " faulty";
-      if (m_Checks.losses) std::cout << ", " << m_iLossy << " with losses";
-      if (m_iSkipped) std::cout << "; messages without one: " << m_iSkipped;
-      std::cout << '\n';
-    }
-    const int status = allSound ? kDone : kCannotRead;
-    if (m_Checks.junit.empty() || m_Report.Write(m_Checks.junit)) return status;
-    Complain(m_Checks.junit, "cannot be written");
-    return kOutputFailed;
-  }
-
- private:
   void CheckDocument(const Document& document) {
     if (!document.IsDocument()) return TellPassed(document);
     CheckResult result;
@@ -140,6 +96,14 @@ class Checker {
     }
     Tell(result, &document);
   }
+  void RefuseFile(const std::string& path, const Failure& failure) {
+    CheckResult result;
+    result.name = NameOfInput(path);
+    Refuse(failure, result);
+    Tell(result, nullptr);
+  }
+
+ private:
   // Tells of what is no document.
   void TellPassed(const Document& document) {
     const bool isSkipped = document.kind == Document::Kind::kSkipped;
@@ -149,20 +113,19 @@ class Checker {
       Refuse({"capture", document.fault.what, document.fault.at}, result);
       return Tell(result, nullptr);
     }
-    m_iSkipped += isSkipped;
+    m_Tally.skipped += isSkipped;
     if (m_Checks.quiet) return;
-    m_Progress.Clear();
     if (m_Checks.json) {
       JsonObject line;
       line.Text("file", document.name).Text("status", isSkipped ? "skipped" : "noted");
-      std::cout << line.Text("remark", document.fault.what).Done() << '\n';
+      Out() << line.Text("remark", document.fault.what).Done() << '\n';
     } else {
-      std::cout << Describe(document.name, document.fault) << '\n';
+      Out() << Describe(document.name, document.fault) << '\n';
     }
   }
   void NoteLosses(const Document& document, const std::vector<ztxml::Loss>& losses,
                   CheckResult& result) {
-    m_iLossy += !losses.empty();
+    m_Tally.lossy += !losses.empty();
     for (const ztxml::Loss& loss : losses) {
       result.losses.push_back({loss, document.At(loss.line, loss.column)});
     }
@@ -189,14 +152,13 @@ class Checker {
 
   // `document` is null for a file without one.
   void Tell(const CheckResult& result, const Document* document) {
-    m_iRefused += result.isRefused;
-    m_iFaulty += !result.isRefused && !result.faults.empty();
-    m_iSound += result.IsOk();
-    if (!m_Checks.junit.empty()) m_Report.Add(result);
+    m_Tally.refused += result.isRefused;
+    m_Tally.faulty += !result.isRefused && !result.faults.empty();
+    m_Tally.sound += result.IsOk();
+    if (!m_Checks.junit.empty()) m_Tally.report.Add(result);
     if (result.IsOk() && m_Checks.quiet) return;
-    m_Progress.Clear();
     if (m_Checks.json) {
-      std::cout << JsonOf(result) << '\n';
+      Out() << JsonOf(result) << '\n';
     } else {
       Print(result, document);
     }
@@ -204,38 +166,63 @@ class Checker {
   static void Print(const CheckResult& result, const Document* document) {
     const std::string name = Escape(result.name);
     for (const CheckResult::Lost& lost : result.losses) {
-      std::cout << name << ':' << ToString(lost.at) << ": " << Escape(lost.loss.path) << ": "
-                << Coloured(NameOf(lost.loss.kind), Colour::kYellow, std::cout) << '\n';
+      Out() << name << ':' << ToString(lost.at) << ": " << Escape(lost.loss.path) << ": "
+            << Coloured(NameOf(lost.loss.kind), Colour::kYellow, Out()) << '\n';
     }
     for (const Failure& fault : result.faults) {
-      std::cout << Coloured(Describe(result.name, fault), Colour::kRed, std::cout) << '\n';
+      Out() << Coloured(Describe(result.name, fault), Colour::kRed, Out()) << '\n';
     }
     // Of many faults the lines are too many.
     if (document && result.faults.size() == 1) {
-      std::cout << Excerpt(*document, result.faults[0].at, std::cout);
+      Out() << Excerpt(*document, result.faults[0].at, Out());
     }
     if (!result.IsOk()) return;
-    std::cout << name << ": " << Coloured("ok", Colour::kGreen, std::cout) << ", " << result.schema;
-    if (!result.remark.empty()) std::cout << " (" << result.remark << ')';
-    std::cout << '\n';
+    Out() << name << ": " << Coloured("ok", Colour::kGreen, Out()) << ", " << result.schema;
+    if (!result.remark.empty()) Out() << " (" << result.remark << ')';
+    Out() << '\n';
   }
 
-  const Reading m_Reading;
-  const Checks m_Checks;
-  ProgressBar m_Progress;
-  JunitReport m_Report;
-  std::size_t m_iFiles = 0;
-  std::size_t m_iSound = 0;
-  std::size_t m_iRefused = 0;
-  std::size_t m_iFaulty = 0;  // read, but faulty as XML, or by its schema
-  std::size_t m_iLossy = 0;
-  std::size_t m_iSkipped = 0;  // messages without a document
+  const Reading& m_Reading;
+  const Checks& m_Checks;
+  Tally& m_Tally;
 };
+
+Tally CheckFile(const std::string& path, const Reading& reading, const Checks& checks) {
+  std::vector<Document> documents;
+  Failure failure;
+  const bool opened =
+      ReadDocuments(path, reading.isStandard, documents, failure, Skipping::kListed);
+  std::vector<Tally> tallies(documents.size() + 1);
+  ForDocuments(documents, [&](std::size_t i) {
+    Checker(reading, checks, tallies[i]).CheckDocument(documents[i]);
+    return kDone;
+  });
+  if (!opened) Checker(reading, checks, tallies.back()).RefuseFile(path, failure);
+  return SumOf(tallies);
+}
+
+int Summarize(const Tally& tally, const Checks& checks) {
+  const bool allSound = !tally.refused && !tally.faulty && !tally.lossy;
+  if (!checks.json && (!checks.quiet || !allSound)) {
+    Out() << "documents: " << tally.sound << " ok, " << tally.refused << " refused, "
+          << tally.faulty << " faulty";
+    if (checks.losses) Out() << ", " << tally.lossy << " with losses";
+    if (tally.skipped) Out() << "; messages without one: " << tally.skipped;
+    Out() << '\n';
+  }
+  const int status = allSound ? kDone : kCannotRead;
+  if (checks.junit.empty() || tally.report.Write(checks.junit)) return status;
+  Complain(checks.junit, "cannot be written");
+  return kOutputFailed;
+}
 
 }  // namespace
 
 int Check(const std::vector<std::string>& paths, const Reading& reading, const Checks& checks) {
-  Checker checker(paths.size(), reading, checks);
-  for (const std::string& path : paths) checker.CheckFile(path);
-  return checker.Summary();
+  std::vector<Tally> tallies(paths.size());
+  ForFiles(paths, [&](std::size_t i) {
+    tallies[i] = CheckFile(paths[i], reading, checks);
+    return kDone;
+  });
+  return Summarize(SumOf(tallies), checks);
 }

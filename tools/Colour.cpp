@@ -3,28 +3,32 @@
 #include <algorithm>
 #include <cstdlib>
 #include <cstring>
-#include <iostream>
 #include <string_view>
 #include <unistd.h>
 #include <vector>
 
+#include "Output.h"
 #include "Text.h"
 #include "text/ZtEncoding.h"
 
 namespace {
 
 Style s_Style;
+// Found out once: every line asks.
+bool s_bErrColours = false;
+bool s_bOutColours = false;
 
+bool IsTerminal(int descriptor) { return isatty(descriptor); }
 bool IsTerminal(const std::ostream& to) {
-  return isatty(&to == &std::cerr ? STDERR_FILENO : STDOUT_FILENO);
+  return IsTerminal(IsStandardError(to) ? STDERR_FILENO : STDOUT_FILENO);
 }
 
-bool HasColours(const std::ostream& to) {
+bool HasColours(int descriptor) {
   if (s_Style.colours != ColourUse::kAuto) return s_Style.colours == ColourUse::kAlways;
   const char* const refused = std::getenv("NO_COLOR");
   const char* const terminal = std::getenv("TERM");
   const bool isDumb = terminal && std::strcmp(terminal, "dumb") == 0;
-  return IsTerminal(to) && !(refused && *refused) && !isDumb;
+  return IsTerminal(descriptor) && !(refused && *refused) && !isDumb;
 }
 
 // The bytes of the character at the beginning of a text that is not empty.
@@ -72,11 +76,15 @@ std::size_t WidthOf(std::string_view text) { return PositionAfter(text, {1, 1}).
 
 }  // namespace
 
-void SetStyle(const Style& style) { s_Style = style; }
+void SetStyle(const Style& style) {
+  s_Style = style;
+  s_bErrColours = HasColours(STDERR_FILENO);
+  s_bOutColours = HasColours(STDOUT_FILENO);
+}
 const Style& GetStyle() { return s_Style; }
 
 std::string Coloured(const std::string& text, Colour colour, const std::ostream& to) {
-  if (!HasColours(to)) return text;
+  if (!(IsStandardError(to) ? s_bErrColours : s_bOutColours)) return text;
   const char* code = "31";
   if (colour == Colour::kGreen) code = "32";
   if (colour == Colour::kYellow) code = "33";
@@ -128,6 +136,6 @@ std::string Excerpt(const Document& document, Position at, std::size_t lines,
 
 int Refuse(const Document& document, const Failure& failure, ExitStatus status) {
   Refuse(document.name, failure);
-  std::cerr << Excerpt(document, failure.at, std::cerr);
+  Err() << Excerpt(document, failure.at, Err());
   return status;
 }

@@ -16,10 +16,11 @@ struct Style {
   ColourUse colours = ColourUse::kAuto;  ///< kAuto: on a terminal, unless NO_COLOR is set
   std::optional<std::size_t> context;    ///< lines before one that is refused; neighbours in "diff"
 };
+/// To be called before anything is printed.
 void SetStyle(const Style& style);
 const Style& GetStyle();
 
-/// `text` for `to`, which is std::cout or std::cerr.
+/// `text` for `to`, which is Out() or Err().
 std::string Coloured(const std::string& text, Colour colour, const std::ostream& to);
 
 /// The line of the document that has the place `at`, with a caret under it, as lines for `to`: on

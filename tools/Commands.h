@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "DiffPrint.h"
 #include "Document.h"
 #include "Log.h"
 #include "Read.h"
@@ -36,8 +37,8 @@ struct Checks {
 int Check(const std::vector<std::string>& paths, const Reading& reading, const Checks& checks);
 
 /// Compares two documents as trees of objects. 0: equal, 1: different, 2: one cannot be read.
-/// With `json` each difference is a line of JSON.
-int Diff(const std::string& oldPath, const std::string& newPath, const Reading& reading, bool json);
+int Diff(const std::string& oldPath, const std::string& newPath, const Reading& reading,
+         const DiffForm& form);
 
 /// Prints what is at `path` in the document of `file`, read in the standard profile. kCannotRead
 /// when nothing is there, kUsage when nothing can be.
@@ -52,9 +53,11 @@ struct Change {
   std::string value;
   bool hasValue = false;
 };
-/// Prints the document of the file `path` with the changes, made in their order. kCannotRead when
-/// what is to be removed is not there, kUsage for a change that cannot be.
-int Edit(const std::string& path, const std::vector<Change>& changes, const Reading& reading);
+/// Prints the document of the file `path` with the changes, made in their order; or with `inPlace`
+/// puts it in the place of the file, which must have nothing else. kCannotRead when what is to be
+/// removed is not there, kUsage for a change that cannot be, kOutputFailed for a file.
+int Edit(const std::string& path, const std::vector<Change>& changes, const Reading& reading,
+         bool inPlace);
 
 /// What "merge" prints: the state that results, or what became of each notification.
 struct Merging {

@@ -1,23 +1,20 @@
 // ztxml diff: compares two documents by the objects that the library reads.
 #include <algorithm>
 #include <cstddef>
-#include <deque>
-#include <iostream>
-#include <iterator>
+#include <cstdint>
+#include <cstring>
 #include <map>
-#include <sstream>
+#include <memory>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
 
 #include "Align.h"
 #include "Colour.h"
 #include "Commands.h"
-#include "Json.h"
+#include "DiffPrint.h"
+#include "Digest.h"
 #include "Read.h"
-#include "Text.h"
-#include "Tree.h"
 #include "reflect/Reflect.h"
 
 using reflect::Field;
@@ -28,383 +25,377 @@ namespace {
 
 constexpr int kTrouble = 2;
 
-const char* OrEmpty(const char* text) { return text ? text : ""; }
-
-// Attributes of unknown names. Their order does not matter; of several with one name the first
-// counts.
-std::map<std::string, std::string> AttributesOf(const Field& field) {
-  std::map<std::string, std::string> sorted;
-  for (const Item& item : field.items) sorted.emplace(OrEmpty(item.name), OrEmpty(item.text));
+// Attributes of unknown names, by name: their order does not matter. Of several with one name the
+// first counts.
+std::vector<Item> AttributesOf(const Field& field) {
+  std::vector<Item> sorted = field.items;
+  for (Item& item : sorted) {
+    if (!item.name) item.name = "";
+    if (!item.text) item.text = "";
+  }
+  const auto isBefore = [](const Item& one, const Item& other) {
+    return std::strcmp(one.name, other.name) < 0;
+  };
+  std::stable_sort(sorted.begin(), sorted.end(), isBefore);
+  const auto isAgain = [](const Item& one, const Item& other) {
+    return std::strcmp(one.name, other.name) == 0;
+  };
+  sorted.erase(std::unique(sorted.begin(), sorted.end(), isAgain), sorted.end());
   return sorted;
 }
 
-// A number for each text, equal for equal texts. A map, because hashes could be made to collide.
-class Numbers {
- public:
-  std::size_t Of(const std::string& text) {
-    return m_Numbers.emplace(text, m_Numbers.size()).first->second;
+void AddValue(const Field& field, const Item& item, Digester& to) {
+  if (item.text) {
+    to.Add(std::string_view(item.text));
+  } else {
+    to.Add(field.number);
   }
+}
 
- private:
-  std::map<std::string, std::size_t> m_Numbers;
-};
-
-// A number for each object, equal for equal trees.
+// The digests of a document's objects, equal for equal trees. Objects are counted in the order of
+// their rows, each before what it holds.
 class Contents {
  public:
-  // The tree is no deeper than Walk goes.
-  std::size_t Of(const Node& node) {
-    const XMLElement& object = *node.object;
-    const auto known = m_Objects.find(&object);
-    if (known != m_Objects.end()) return known->second;
-    std::string text = reflect::TypeOf(object).className;
-    Append(reflect::ElementNameOf(object), text);
-    for (const Field& field : reflect::FieldsOf(node)) {
-      text += '|';
-      if (field.HoldsAttributes()) {
-        for (const auto& [name, value] : AttributesOf(field)) {
-          Append(name, text);
-          Append(value, text);
-        }
-        continue;
-      }
-      for (const Item& item : field.items) text += ',' + std::to_string(Of(field, item));
-    }
-    const std::size_t number = m_Numbers.Of(text);
-    m_Objects.emplace(&object, number);
-    return number;
+  explicit Contents(const DigestKey& key) : m_Key(key) {}
+
+  /// False when the tree is deeper than Walk goes.
+  bool Read(const Node& root) {
+    const bool isWhole = Add(root, reflect::ElementNameOf(*root.object), 0);
+    m_Fields = {};
+    return isWhole;
   }
-  std::size_t Of(const Field& field, const Item& item) {
-    if (item.object) return Of(item.AsNode());
-    return m_Numbers.Of(item.text ? '"' + std::string(item.text) : std::to_string(field.number));
+
+  const Digest& Of(std::size_t object) const { return m_Objects[object].digest; }
+  /// The number of the first object after `object` and all that it holds.
+  std::size_t After(std::size_t object) const { return object + m_Objects[object].size; }
+  /// A number for what is at `item`; `object` is the number that it has if it is one.
+  std::uint64_t Of(const Field& field, const Item& item, std::size_t object) const {
+    if (item.object) return Of(object).low;
+    Digester digester(m_Key);
+    AddValue(field, item, digester);
+    return digester.Done().low;
+  }
+  std::uint64_t Of(const std::string& text) const {
+    Digester digester(m_Key);
+    digester.Add(std::string_view(text));
+    return digester.Done().low;
   }
 
  private:
-  static void Append(const std::string& part, std::string& text) {
-    text += ':' + std::to_string(part.size()) + ':' + part;
-  }
-
-  Numbers m_Numbers;
-  std::unordered_map<const XMLElement*, std::size_t> m_Objects;
-};
-
-std::string ValueOf(const Field& field, const Item& item) {
-  if (!item.text) return std::to_string(field.number);
-  return field.value == ZtValue::kEnum ? item.text : QuoteShort(item.text);
-}
-
-// How two different texts are shown: of long ones only the part where they begin to differ.
-std::string ChangeOf(std::string_view before, std::string_view after) {
-  constexpr std::size_t kContext = 20;
-  const std::size_t least = std::min(before.size(), after.size());
-  const auto same = static_cast<std::size_t>(
-      std::mismatch(before.begin(), before.begin() + static_cast<std::ptrdiff_t>(least),
-                    after.begin())
-          .first -
-      before.begin());
-  std::size_t cut = same > 2 * kContext ? same - kContext : 0;
-  while (cut && cut < same && (static_cast<unsigned char>(before[cut]) & 0xc0) == 0x80) ++cut;
-  const char* mark = cut ? "..." : "";
-  return mark + QuoteShort(before.substr(cut)) + " -> " + mark + QuoteShort(after.substr(cut));
-}
-
-// What tells an object from its neighbours, and how people see it, e.g. @id="r1"; both "" for none.
-struct Key {
-  std::string text;
-  std::string shown;
-};
-
-Key KeyOf(const Node& object) {
-  constexpr std::string_view kKeys[] = {"id", "entity", "uri", "aor", "name", "ref", "type", "cid"};
-  Key key;
-  std::size_t best = std::size(kKeys);
-  for (const Field& field : reflect::FieldsOf(object)) {
-    if (!reflect::IsAttribute(field) || !field.name || !field.IsPresent()) continue;
-    for (std::size_t i = 0; i < best; ++i) {
-      if (kKeys[i] != field.name) continue;
-      best = i;
-      const Item& item = field.items[0];
-      key = {field.name + ('=' + (item.text ? item.text : std::to_string(field.number))),
-             " @" + std::string(field.name) + '=' + ValueOf(field, item)};
-    }
-  }
-  return key;
-}
-
-std::string NameIn(const Field& field, const Item& item) {
-  if (field.place == ZtPlace::kOwnText) return "(text)";
-  if (field.place == ZtPlace::kOwnWords) return "(words)";
-  return (reflect::IsAttribute(field) ? "@" : "") + Escape(OrEmpty(reflect::NameOf(field, item)));
-}
-
-// The names of the entries of a list, each with its place among the entries of equal name.
-std::vector<std::string> NamesIn(const Field& field) {
-  std::map<std::string, std::size_t> counts;
-  std::vector<std::string> names;
-  names.reserve(field.items.size());
-  for (const Item& item : field.items) {
-    std::string name = NameIn(field, item);
-    const std::size_t count = ++counts[name];
-    if (field.IsRepeated()) name += '[' + std::to_string(count) + ']';
-    names.push_back(std::move(name));
-  }
-  return names;
-}
-
-// What is at a path of one document: " = VALUE" or " : TYPE KEY".
-std::string Summary(const Field& field, const Item& item) {
-  if (!item.object) return " = " + ValueOf(field, item);
-  return std::string(" : ") + reflect::TypeOf(*item.object).className + KeyOf(item.AsNode()).shown;
-}
-
-std::string JsonOf(const Node& object, const char* name) {
-  std::string json;
-  AppendJson(object, name, json);
-  return json;
-}
-std::string JsonOf(const Field& field, const Item& item) {
-  if (item.object) return JsonOf(item.AsNode(), reflect::NameOf(field, item));
-  return item.text ? JsonQuote(item.text) : std::to_string(field.number);
-}
-
-// Prints differences, with what is equal around them.
-class DiffPrinter {
- public:
-  explicit DiffPrinter(bool json) : m_bJson(json), m_iContext(GetStyle().context.value_or(0)) {}
-
-  bool IsJson() const { return m_bJson; }
-  /// Whether what is equal is to be told.
-  bool HasContext() const { return m_iContext && !m_bJson; }
-  /// An object is gone into, of which something is different; and left.
-  void Enter() { m_Levels.emplace_back(); }
-  void Leave() { m_Levels.pop_back(); }
-
-  /// Something that is equal.
-  void Same(const std::string& line) {
-    Level& level = m_Levels.back();
-    if (level.after) {
-      --level.after;
-      std::cout << "  " << line << '\n';
-      return;
-    }
-    if (level.before.size() == m_iContext) level.before.pop_front();
-    level.before.push_back(line);
-  }
-  /// Something that is different: a line with its sign, and further ones of what it holds.
-  void Line(char sign, const std::string& line, const std::string& held = "") {
-    for (Level& level : m_Levels) {
-      for (const std::string& same : level.before) std::cout << "  " << same << '\n';
-      level.before.clear();
-      level.after = m_iContext;
-    }
-    Print(sign, ' ' + line);
-    std::string_view rest = held;
-    while (!rest.empty()) {
-      const std::size_t size = rest.find('\n');
-      Print(sign, "     " + std::string(rest.substr(0, size)));
-      rest.remove_prefix(size + 1);
-    }
-  }
-  void Json(const JsonObject& line) { std::cout << line.Done() << '\n'; }
-
- private:
-  struct Level {
-    std::deque<std::string> before;  // what is equal and may be told yet
-    std::size_t after = 0;           // how much of what is equal is still told
+  struct Object {
+    Digest digest;
+    std::size_t size = 1;  // with those in it
   };
 
-  static void Print(char sign, const std::string& text) {
-    const Colour other = sign == '+' ? Colour::kGreen : Colour::kYellow;
-    std::cout << Coloured(sign + text, sign == '-' ? Colour::kRed : other, std::cout) << '\n';
+  // `name` is what the object is called in the document.
+  bool Add(const Node& node, const char* name, std::size_t depth) {
+    if (depth == reflect::kMostDepth) return false;
+    if (depth == m_Fields.size()) m_Fields.emplace_back();
+    const std::size_t number = m_Objects.size();
+    m_Objects.emplace_back();
+    reflect::FillFields(node, m_Fields[depth]);
+    Digester digester(m_Key);
+    digester.Add(std::string_view(reflect::TypeOf(*node.object).className));
+    digester.Add(std::string_view(name));
+    for (std::size_t i = 0; i < m_Fields[depth].size(); ++i) {
+      if (!m_Fields[depth][i].IsPresent()) continue;
+      digester.Add(i);
+      if (!AddField(i, depth, digester)) return false;
+    }
+    m_Objects[number] = {digester.Done(), m_Objects.size() - number};
+    return true;
+  }
+  // The fields of a level move when one beneath it is the first of its depth.
+  bool AddField(std::size_t index, std::size_t depth, Digester& digester) {
+    const auto field = [&]() -> const Field& { return m_Fields[depth][index]; };
+    if (field().HoldsAttributes()) {
+      const std::vector<Item> attributes = AttributesOf(field());
+      digester.Add(attributes.size());
+      for (const Item& item : attributes) {
+        digester.Add(std::string_view(item.name));
+        digester.Add(std::string_view(item.text));
+      }
+      return true;
+    }
+    digester.Add(field().items.size());
+    for (std::size_t i = 0; i < field().items.size(); ++i) {
+      const Item item = field().items[i];
+      if (!item.object) {
+        AddValue(field(), item, digester);
+        continue;
+      }
+      const std::size_t child = m_Objects.size();
+      if (!Add(item.AsNode(), reflect::NameOf(field(), item), depth + 1)) return false;
+      digester.Add(Of(child));
+    }
+    return true;
   }
 
-  const bool m_bJson;
-  const std::size_t m_iContext;
-  std::vector<Level> m_Levels;
+  const DigestKey& m_Key;
+  std::vector<Object> m_Objects;
+  std::vector<std::vector<Field>> m_Fields;  // of the open objects, by depth
+};
+
+// An entry of a list, and the number of the first object in it or after it.
+struct Cursor {
+  std::size_t index;
+  std::size_t object;
+};
+
+// Goes through what a field has in a document.
+class List {
+ public:
+  List(const Field& field, const Contents& contents, std::size_t object)
+      : m_Field(field), m_Contents(contents), m_Begin({0, object}), m_At(m_Begin) {}
+
+  const Field& GetField() const { return m_Field; }
+  std::size_t Size() const { return m_Field.items.size(); }
+  Cursor Begin() const { return m_Begin; }
+  Cursor At() const { return m_At; }
+  const Item& Get() const { return Get(m_At); }
+  const Item& Get(const Cursor& at) const { return m_Field.items[at.index]; }
+  void Next() {
+    if (HasNames()) ++m_Counts[NameIn(m_Field, Get())];
+    m_At = Passed(m_At, m_At.index + 1);
+  }
+  /// From `at` on to the entry `index`, or to the end.
+  Cursor Passed(Cursor at, std::size_t index) const {
+    for (; at.index < index; ++at.index) {
+      if (Get(at).object) at.object = m_Contents.After(at.object);
+    }
+    return at;
+  }
+  /// With its place among the entries of equal name.
+  std::string Name() const {
+    std::string name = NameIn(m_Field, Get());
+    if (!m_Field.IsRepeated()) return name;
+    std::size_t place = m_At.index;
+    if (HasNames()) {
+      const auto count = m_Counts.find(name);
+      place = count == m_Counts.end() ? 0 : count->second;
+    }
+    return name + '[' + std::to_string(place + 1) + ']';
+  }
+
+  /// For Align.
+  AlignList Entries() const {
+    AlignList list;
+    list.contents.reserve(Size());
+    for (Cursor at = m_Begin; at.index < Size(); at = Passed(at, at.index + 1)) {
+      list.contents.push_back(m_Contents.Of(m_Field, Get(at), at.object));
+    }
+    list.keyOf = [this](std::size_t index) {
+      const Item& item = m_Field.items[index];
+      const std::string key = item.object ? KeyOf(item.AsNode()) : "";
+      return m_Contents.Of(NameIn(m_Field, item) + ' ' + key);
+    };
+    return list;
+  }
+
+ private:
+  // Whether its entries have names of their own.
+  bool HasNames() const { return m_Field.IsRepeated() && !m_Field.name; }
+
+  const Field& m_Field;
+  const Contents& m_Contents;
+  const Cursor m_Begin;
+  Cursor m_At;
+  std::map<std::string, std::size_t> m_Counts;  // of each name that was passed
+};
+
+// An object and its number among those of its document.
+struct Place {
+  Node node;
+  std::size_t number;
 };
 
 class Comparer {
  public:
-  explicit Comparer(bool json) : m_Printer(json) {}
+  explicit Comparer(DiffPrinter& printer) : m_Printer(printer) {}
 
-  // Returns whether they are equal.
+  /// Takes a document, which must not be deeper than Walk goes.
+  bool ReadOld(const Node& root) { return m_Old.Read(root); }
+  bool ReadNew(const Node& root) { return m_New.Read(root); }
+
+  /// Compares the two that were read. Returns whether they are equal.
   bool Compare(const Node& before, const Node& after) {
-    const char* const name = reflect::ElementNameOf(*before.object);
-    const std::string path = '/' + std::string(name);
-    const ZtElementType& old = reflect::TypeOf(*before.object);
-    const ZtElementType& now = reflect::TypeOf(*after.object);
-    if (&old == &now) {
-      CompareObjects(before, after, path);
-    } else if (m_Printer.IsJson()) {
-      Change(path, JsonOf(before, name), JsonOf(after, reflect::ElementNameOf(*after.object)));
-    } else {
-      Line('~', path + " : " + old.className + " -> " + now.className);
+    const std::string name = reflect::ElementNameOf(*before.object);
+    if (&reflect::TypeOf(*before.object) == &reflect::TypeOf(*after.object)) {
+      CompareObjects({before, 0}, {after, 0}, '/' + name);
+      return m_bEqual;
     }
-    return m_bEqual;
+    const Field field = {nullptr, nullptr, ZtPlace::kOtherChild, ZtValue::kObject, 0, {}};
+    const std::string newName = reflect::ElementNameOf(*after.object);
+    m_Printer.Changed("", {field, ItemOf(before), name}, {field, ItemOf(after), newName});
+    return false;
   }
 
  private:
-  void Line(char sign, const std::string& line, const std::string& held = "") {
-    m_bEqual = false;
-    m_Printer.Line(sign, line, held);
-  }
-  // As JSON; a value that there is none of is "".
-  void Change(const std::string& path, const std::string& before, const std::string& after) {
-    m_bEqual = false;
-    const char* const kind = before.empty() ? "added" : after.empty() ? "removed" : "changed";
-    JsonObject line;
-    line.Text("change", kind).Text("path", path);
-    if (!before.empty()) line.Value("old", before);
-    if (!after.empty()) line.Value("new", after);
-    m_Printer.Json(line);
+  static Item ItemOf(const Node& node) {
+    Item item;
+    item.object = node.object;
+    item.standard = node.standard;
+    return item;
   }
 
-  // Something that only one of the documents has.
-  void Single(char sign, const std::string& path, const Field& field, const Item& item) {
-    if (m_Printer.IsJson()) {
-      const std::string value = JsonOf(field, item);
-      return sign == '-' ? Change(path, value, "") : Change(path, "", value);
-    }
-    std::ostringstream held;
-    if (item.object) PrintTree(item.AsNode(), reflect::NameOf(field, item), "", held, false);
-    Line(sign, path + Summary(field, item), held.str());
+  void Only(char sign, const std::string& path, const DiffItem& item) {
+    m_bEqual = false;
+    m_Printer.Only(sign, path, item);
+  }
+  void Only(char sign, const std::string& path, const List& list) {
+    Only(sign, path, {list.GetField(), list.Get(), list.Name()});
+  }
+  void Changed(const std::string& path, const DiffItem& before, const DiffItem& after) {
+    m_bEqual = false;
+    m_Printer.Changed(path, before, after);
   }
 
-  void CompareObjects(const Node& before, const Node& after, const std::string& path) {
-    if (m_Contents.Of(before) == m_Contents.Of(after)) return;
-    const std::vector<Field> old = reflect::FieldsOf(before);
-    const std::vector<Field> now = reflect::FieldsOf(after);
+  void CompareObjects(const Place& before, const Place& after, const std::string& path) {
+    if (m_Old.Of(before.number) == m_New.Of(after.number)) return;
+    const std::vector<Field> old = reflect::FieldsOf(before.node);
+    const std::vector<Field> now = reflect::FieldsOf(after.node);
+    std::size_t oldObject = before.number + 1;
+    std::size_t newObject = after.number + 1;
     m_Printer.Enter();
     for (std::size_t i = 0; i < old.size(); ++i) {
       if (old[i].HoldsAttributes()) {
         CompareAttributes(old[i], now[i], path);
-      } else {
-        CompareLists(old[i], now[i], path);
+        continue;
       }
+      List oldList(old[i], m_Old, oldObject);
+      List newList(now[i], m_New, newObject);
+      CompareLists(oldList, newList, path);
+      oldObject = oldList.At().object;
+      newObject = newList.At().object;
     }
     m_Printer.Leave();
   }
 
   // Objects of different types, flags of different names and entries with different keys are not
   // one thing that has changed.
-  static bool AreSame(const Field& old, const Item& before, const Field& now, const Item& after) {
+  bool AreSame(const List& old, const List& now, const Cursor& match) const {
+    const Item& before = old.Get();
+    const Item& after = now.Get(match);
     if (!before.object || !after.object) return true;
+    if (m_Old.Of(old.At().object) == m_New.Of(match.object)) return true;
     return &reflect::TypeOf(*before.object) == &reflect::TypeOf(*after.object) &&
-           NameIn(old, before) == NameIn(now, after) &&
-           (!old.IsRepeated() || KeyOf(before.AsNode()).text == KeyOf(after.AsNode()).text);
+           NameIn(old.GetField(), before) == NameIn(now.GetField(), after) &&
+           (!old.GetField().IsRepeated() || KeyOf(before.AsNode()) == KeyOf(after.AsNode()));
   }
 
-  void CompareItems(const Field& old, const Item& before, const Field& now, const Item& after,
-                    const std::string& path) {
-    if (m_Contents.Of(old, before) == m_Contents.Of(now, after)) {
-      if (m_Printer.HasContext()) m_Printer.Same(path + Summary(old, before));
-      return;
-    }
-    if (before.object && after.object) {
-      return CompareObjects(before.AsNode(), after.AsNode(), path);
-    }
-    if (m_Printer.IsJson()) return Change(path, JsonOf(old, before), JsonOf(now, after));
-    const bool texts = old.value == ZtValue::kText && before.text && after.text;
-    Line('~', path + ": " +
-                  (texts ? ChangeOf(before.text, after.text)
-                         : ValueOf(old, before) + " -> " + ValueOf(now, after)));
+  bool AreEqual(const List& old, const List& now) const {
+    const Item& before = old.Get();
+    const Item& after = now.Get();
+    if (before.object && after.object)
+      return m_Old.Of(old.At().object) == m_New.Of(now.At().object);
+    if (!before.text || !after.text) return old.GetField().number == now.GetField().number;
+    return std::strcmp(before.text, after.text) == 0;
   }
 
-  std::vector<AlignEntry> Entries(const Field& field) {
-    std::vector<AlignEntry> entries;
-    for (const Item& item : field.items) {
-      const std::string key = item.object ? KeyOf(item.AsNode()).text : "";
-      entries.push_back({m_Contents.Of(field, item), m_Keys.Of(NameIn(field, item) + ' ' + key)});
+  void CompareEntries(const List& old, const List& now, const std::string& path) {
+    const bool isEqual = AreEqual(old, now);
+    if (isEqual && !m_Printer.WantsSame()) return;
+    const std::string name = old.Name();
+    if (!isEqual && old.Get().object) {
+      return CompareObjects({old.Get().AsNode(), old.At().object},
+                            {now.Get().AsNode(), now.At().object}, path + '/' + name);
     }
-    return entries;
+    const std::string newName = now.Name();
+    const DiffItem before = {old.GetField(), old.Get(), name};
+    const DiffItem after = {now.GetField(), now.Get(), newName};
+    if (isEqual) {
+      m_Printer.Same(path, before, after);
+    } else {
+      Changed(path, before, after);
+    }
   }
 
-  void CompareLists(const Field& old, const Field& now, const std::string& path) {
-    if (old.items.empty() && now.items.empty()) return;
-    const std::vector<std::string> oldNames = NamesIn(old);
-    const std::vector<std::string> newNames = NamesIn(now);
-    const std::vector<std::size_t> matches = Align(Entries(old), Entries(now));
-    std::size_t next = 0;  // the first new entry that has not been dealt with
-    for (std::size_t i = 0; i <= old.items.size(); ++i) {
-      const bool end = i == old.items.size();
-      const bool matched = !end && matches[i] != kUnmatched;
-      if (!end && (!matched || !AreSame(old, old.items[i], now, now.items[matches[i]]))) {
-        Single('-', path + '/' + oldNames[i], old, old.items[i]);
-        continue;
+  static std::vector<std::size_t> MatchesOf(const List& old, const List& now) {
+    if (old.Size() == 0 || now.Size() == 0) {
+      return std::vector<std::size_t>(old.Size(), kUnmatched);
+    }
+    if (old.Size() == 1 && now.Size() == 1) return {0};
+    return Align(old.Entries(), now.Entries());
+  }
+
+  void CompareLists(List& old, List& now, const std::string& path) {
+    Cursor match = now.Begin();  // of the entry that may be the one of `old`
+    for (const std::size_t index : MatchesOf(old, now)) {
+      if (index != kUnmatched) match = now.Passed(match, index);
+      if (index == kUnmatched || !AreSame(old, now, match)) {
+        Only('-', path, old);
+      } else {
+        for (; now.At().index < index; now.Next()) Only('+', path, now);
+        CompareEntries(old, now, path);
+        now.Next();
       }
-      const std::size_t match = end ? now.items.size() : matches[i];
-      for (; next < match; ++next) {
-        Single('+', path + '/' + newNames[next], now, now.items[next]);
-      }
-      if (end) return;
-      CompareItems(old, old.items[i], now, now.items[match], path + '/' + oldNames[i]);
-      next = match + 1;
+      old.Next();
     }
+    for (; now.At().index < now.Size(); now.Next()) Only('+', path, now);
   }
 
   void CompareAttributes(const Field& old, const Field& now, const std::string& path) {
-    const std::map<std::string, std::string> before = AttributesOf(old);
-    const std::map<std::string, std::string> after = AttributesOf(now);
-    for (const auto& [name, value] : before) {
-      const auto other = after.find(name);
-      const std::string at = path + "/@" + Escape(name);
-      if (other == after.end()) {
-        OneAttribute('-', at, value);
-      } else if (value == other->second) {
-        if (m_Printer.HasContext()) m_Printer.Same(at + " = " + QuoteShort(value));
-      } else if (m_Printer.IsJson()) {
-        Change(at, JsonQuote(value), JsonQuote(other->second));
-      } else {
-        Line('~', at + ": " + ChangeOf(value, other->second));
+    const std::vector<Item> before = AttributesOf(old);
+    const std::vector<Item> after = AttributesOf(now);
+    for (const Item& item : before) {
+      const Item* const other = Find(after, item.name);
+      const std::string name = NameIn(old, item);
+      if (!other) {
+        Only('-', path, {old, item, name});
+      } else if (std::strcmp(item.text, other->text) != 0) {
+        Changed(path, {old, item, name}, {now, *other, name});
+      } else if (m_Printer.WantsSame()) {
+        m_Printer.Same(path, {old, item, name}, {now, *other, name});
       }
     }
-    for (const auto& [name, value] : after) {
-      if (!before.count(name)) OneAttribute('+', path + "/@" + Escape(name), value);
+    for (const Item& item : after) {
+      if (!Find(before, item.name)) Only('+', path, {now, item, NameIn(now, item)});
     }
   }
-  void OneAttribute(char sign, const std::string& path, const std::string& value) {
-    if (!m_Printer.IsJson()) return Line(sign, path + " = " + QuoteShort(value));
-    const std::string json = JsonQuote(value);
-    return sign == '-' ? Change(path, json, "") : Change(path, "", json);
+  // The attribute of that name, or null; they are sorted.
+  static const Item* Find(const std::vector<Item>& attributes, const char* name) {
+    const auto found = std::lower_bound(
+        attributes.begin(), attributes.end(), name,
+        [](const Item& item, const char* than) { return std::strcmp(item.name, than) < 0; });
+    const bool isThere = found != attributes.end() && std::strcmp(found->name, name) == 0;
+    return isThere ? &*found : nullptr;
   }
 
-  DiffPrinter m_Printer;
-  Contents m_Contents;
-  Numbers m_Keys;
+  DiffPrinter& m_Printer;
+  const DigestKey m_Key;
+  Contents m_Old{m_Key};
+  Contents m_New{m_Key};
   bool m_bEqual = true;
 };
 
-// Goes through a tree to tell how deep it is.
-class Depth : public reflect::Visitor {
- public:
-  bool Enter(const XMLElement& /*object*/, const char* /*name*/, const Field* /*in*/) override {
-    return true;
-  }
-  void Begin(const Field& /*field*/) override {}
-  void End(const Field& /*field*/) override {}
-  void Leave(const XMLElement& /*object*/) override {}
-};
-
-bool ReadOne(const std::string& path, const Reading& reading, Tree& tree) {
-  Document document;
+bool ReadOne(const std::string& path, const Reading& reading, Document& document, Tree& tree) {
   if (!ReadOneDocument(path, reading.isStandard, "compared", document)) return false;
   Failure failure;
-  Depth depth;
-  if (!ReadTree(document, reading, tree, failure)) {
-    Refuse(document, failure);
-    return false;
+  if (ReadTree(document, reading, tree, failure)) {
+    document.text = {};  // it may be large, and nothing more is told of it
+    return true;
   }
-  if (reflect::Walk(tree.Root(), depth)) return true;
-  Refuse(document.name, {"tree", "more than 200 objects within each other"});
+  Refuse(document, failure);
   return false;
+}
+
+bool Refused(bool isRead, const Document& document) {
+  if (!isRead) Refuse(document.name, {"tree", "more than 200 objects within each other"});
+  return !isRead;
 }
 
 }  // namespace
 
 int Diff(const std::string& oldPath, const std::string& newPath, const Reading& reading,
-         bool json) {
+         const DiffForm& form) {
+  const std::unique_ptr<DiffPrinter> printer = MakeDiffPrinter(form);
+  Comparer comparer(*printer);
+  Document document;
   Tree before;
+  if (!ReadOne(oldPath, reading, document, before)) return kTrouble;
+  if (Refused(comparer.ReadOld(before.Root()), document)) return kTrouble;
   Tree after;
-  if (!ReadOne(oldPath, reading, before) || !ReadOne(newPath, reading, after)) return kTrouble;
-  return Comparer(json).Compare(before.Root(), after.Root()) ? 0 : 1;
+  if (!ReadOne(newPath, reading, document, after)) return kTrouble;
+  if (Refused(comparer.ReadNew(after.Root()), document)) return kTrouble;
+  return comparer.Compare(before.Root(), after.Root()) ? 0 : 1;
 }

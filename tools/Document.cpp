@@ -5,11 +5,14 @@
 #include <filesystem>
 #include <fstream>
 #include <iostream>
+#include <memory>
 #include <system_error>
 
 #include "Capture.h"
 #include "Colour.h"
+#include "FileChoice.h"
 #include "FileKind.h"
+#include "Output.h"
 #include "PacketFile.h"
 #include "Packets.h"
 #include "Text.h"
@@ -20,9 +23,10 @@ constexpr std::size_t kMostBytes = INT_MAX - 1;
 
 // Null, or why there is no text.
 const char* ReadAll(std::istream& from, std::string& text) {
-  std::vector<char> block(1 << 16);
-  while (from.read(block.data(), static_cast<std::streamsize>(block.size())), from.gcount() > 0) {
-    text.append(block.data(), static_cast<std::size_t>(from.gcount()));
+  constexpr std::size_t kBlock = 1 << 16;
+  const std::unique_ptr<char[]> block(new char[kBlock]);  // not filled, for many small files
+  while (from.read(block.get(), kBlock), from.gcount() > 0) {
+    text.append(block.get(), static_cast<std::size_t>(from.gcount()));
     if (text.size() > kMostBytes) return "more than 2 GB";
   }
   return from.bad() ? "cannot be read whole" : nullptr;
@@ -38,6 +42,9 @@ const char* ReadFile(const std::string& path, std::string& text) {
   }
   std::ifstream file(path, std::ios::binary);
   if (!file) return "cannot be opened";
+  // Without room for all of it, it would be moved again and again.
+  const std::uintmax_t size = std::filesystem::file_size(path, error);
+  if (!error && size <= kMostBytes) text.reserve(static_cast<std::size_t>(size));
   return ReadAll(file, text);
 }
 
@@ -66,37 +73,9 @@ void TakeOutSkipped(std::vector<Document>& documents, std::size_t first, Skippin
   documents.erase(std::remove_if(begin, documents.end(), isOther), documents.end());
 }
 
-}  // namespace
-
-std::string Describe(const std::string& name, const Failure& failure) {
-  std::string text = Escape(name);
-  if (failure.at.line) {
-    text += ':' + ToString(failure.at);
-  } else if (!failure.path.empty()) {
-    text += ": " + Escape(failure.path);
-  }
-  return text + ": " + failure.kind + ": " + failure.what;
-}
-
-void Complain(const std::string& name, const std::string& message) {
-  std::cout.flush();
-  std::cerr << "ztxml: " << Escape(name) << ": " << message << '\n';
-}
-
-void Report(const std::string& name, const Failure& failure) {
-  std::cout.flush();
-  std::cerr << "ztxml: " << Coloured(Describe(name, failure), Colour::kRed, std::cerr) << '\n';
-}
-
-int Refuse(const std::string& name, const Failure& failure, ExitStatus status) {
-  Report(name, failure);
-  return status;
-}
-
-std::string NameOfInput(const std::string& path) { return path == "-" ? "(standard input)" : path; }
-
-bool ReadDocuments(const std::string& path, bool allBytes, std::vector<Document>& documents,
-                   Failure& failure, Skipping skipping) {
+// Adds all that a file has. False with the failure.
+bool ReadAllDocuments(const std::string& path, bool allBytes, Skipping skipping,
+                      std::vector<Document>& documents, Failure& failure) {
   Document file;
   file.name = NameOfInput(path);
   const char* why = path == "-" ? ReadAll(std::cin, file.text) : ReadFile(path, file.text);
@@ -112,9 +91,57 @@ bool ReadDocuments(const std::string& path, bool allBytes, std::vector<Document>
                                 : ReadCapture(file, documents, failure);
   if (!allBytes)
     std::for_each(documents.begin() + static_cast<std::ptrdiff_t>(first), documents.end(), Cut);
-  const bool keepsAll = skipping == Skipping::kListed || skipping == Skipping::kShown;
-  if (!keepsAll) TakeOutSkipped(documents, first, skipping);
   return isRead;
+}
+
+}  // namespace
+
+std::string Describe(const std::string& name, const Failure& failure) {
+  std::string text = Escape(name);
+  if (failure.at.line) {
+    text += ':' + ToString(failure.at);
+  } else if (!failure.path.empty()) {
+    text += ": " + Escape(failure.path);
+  }
+  return text + ": " + failure.kind + ": " + failure.what;
+}
+
+void Complain(const std::string& name, const std::string& message) {
+  Out().flush();
+  Err() << "ztxml: " << Escape(name) << ": " << message << '\n';
+}
+
+void Report(const std::string& name, const Failure& failure) {
+  Out().flush();
+  Err() << "ztxml: " << Coloured(Describe(name, failure), Colour::kRed, Err()) << '\n';
+}
+
+int Refuse(const std::string& name, const Failure& failure, ExitStatus status) {
+  Report(name, failure);
+  return status;
+}
+
+std::string NameOfInput(const std::string& path) { return path == "-" ? "(standard input)" : path; }
+
+bool ReadDocuments(const std::string& path, bool allBytes, std::vector<Document>& documents,
+                   Failure& failure, Skipping skipping) {
+  const std::size_t first = documents.size();
+  const FileChoice choice = FileChoiceOf(path);
+  const bool keepsOthers = skipping == Skipping::kListed || skipping == Skipping::kShown;
+  if (choice.IsOfAll()) {
+    const bool isRead = ReadAllDocuments(path, allBytes, skipping, documents, failure);
+    if (!keepsOthers) TakeOutSkipped(documents, first, skipping);
+    return isRead;
+  }
+  std::vector<Document> all;
+  const bool isRead = ReadAllDocuments(choice.path, allBytes, Skipping::kRefused, all, failure);
+  // What is wrong elsewhere in the file does not matter to what was asked for.
+  if (!TakeChosen(choice, skipping == Skipping::kTold, all, documents)) {
+    if (isRead || !all.empty()) failure = WhyNotChosen(choice, all);
+    return false;
+  }
+  if (!keepsOthers) TakeOutSkipped(documents, first, skipping);
+  return true;
 }
 
 bool ReadOneDocument(const std::string& path, bool allBytes, const char* use, Document& document) {
@@ -125,8 +152,9 @@ bool ReadOneDocument(const std::string& path, bool allBytes, const char* use, Do
     return false;
   }
   if (documents.size() > 1) {
-    Refuse(NameOfInput(path), {"capture", std::to_string(documents.size()) +
-                                              " XML bodies, of which only one can be " + use});
+    Refuse(NameOfInput(path),
+           {"capture", std::to_string(documents.size()) + " XML bodies, of which only one can be " +
+                           use + " (the first is " + Escape(documents[0].name) + ')'});
     return false;
   }
   if (documents.empty() || documents[0].kind == Document::Kind::kRefused) {

@@ -81,7 +81,8 @@ enum class Skipping {
 };
 
 /// Adds what the file `path`, or standard input for "-", has: a document, several, or the XML
-/// bodies of captured messages, also of those in a capture of packets. With `allBytes` NUL bytes,
+/// bodies of captured messages, also of those in a capture of packets; of "FILE#3" the third of
+/// these, unless a file is called that. With `allBytes` NUL bytes,
 /// which UTF-16 has, are bytes like others. False with the failure; what was added before is kept.
 bool ReadDocuments(const std::string& path, bool allBytes, std::vector<Document>& documents,
                    Failure& failure, Skipping skipping = Skipping::kTold);

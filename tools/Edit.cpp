@@ -1,8 +1,15 @@
 // ztxml edit: a document with some of its values changed, in place.
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
 #include <string>
+#include <sys/stat.h>
+#include <system_error>
+#include <unistd.h>
 
 #include "Colour.h"
 #include "Commands.h"
+#include "Output.h"
 #include "Path.h"
 #include "Read.h"
 #include "Text.h"
@@ -122,11 +129,46 @@ class Editor {
   Tree& m_Tree;
 };
 
+// Whether the file has the document and nothing else, so that it can be replaced.
+bool IsWholeFile(const std::string& path, const Document& document) {
+  std::error_code error;
+  if (std::filesystem::is_regular_file(path, error) &&
+      std::filesystem::file_size(path, error) == document.text.size()) {
+    return true;
+  }
+  Complain(path, "--in-place is for files that are one document, and this names none");
+  return false;
+}
+
+// All of it or nothing: what is written beside the file takes its place.
+bool ReplaceFile(const std::string& path, const std::string& text) {
+  std::error_code error;
+  const std::filesystem::path target = std::filesystem::canonical(path, error);
+  if (error) return false;
+  std::string beside = target.string() + ".XXXXXX";
+  const int file = mkstemp(beside.data());
+  if (file < 0) return false;
+  struct stat status = {};
+  bool isWritten = stat(target.c_str(), &status) == 0 && fchmod(file, status.st_mode & 07777) == 0;
+  for (std::size_t at = 0; isWritten && at < text.size();) {
+    const ssize_t size = write(file, text.data() + at, text.size() - at);
+    isWritten = size > 0;
+    if (isWritten) at += static_cast<std::size_t>(size);
+  }
+  isWritten = isWritten && fsync(file) == 0;
+  isWritten = close(file) == 0 && isWritten;
+  if (isWritten && std::rename(beside.c_str(), target.c_str()) == 0) return true;
+  static_cast<void>(std::remove(beside.c_str()));
+  return false;
+}
+
 }  // namespace
 
-int Edit(const std::string& path, const std::vector<Change>& changes, const Reading& reading) {
+int Edit(const std::string& path, const std::vector<Change>& changes, const Reading& reading,
+         bool inPlace) {
   Document document;
   if (!ReadOneDocument(path, true, "edited", document)) return kCannotRead;
+  if (inPlace && !IsWholeFile(path, document)) return kUsage;
   Reading keeping = reading;
   keeping.keepsSource = true;
   Tree tree;
@@ -139,6 +181,11 @@ int Edit(const std::string& path, const std::vector<Change>& changes, const Read
   }
   std::string text;
   if (!tree.Update(text, failure)) return Refuse(document.name, failure, kCannotWrite);
-  PrintText(text);
-  return kDone;
+  if (!inPlace) {
+    PrintText(text);
+    return kDone;
+  }
+  if (text == document.text || ReplaceFile(path, text)) return kDone;
+  Complain(path, "cannot be written, and is as it was");
+  return kOutputFailed;
 }

@@ -1,10 +1,10 @@
 // ztxml events: the parser's callbacks.
-#include <iostream>
 #include <string>
 
 #include "Colour.h"
 #include "Commands.h"
 #include "Json.h"
+#include "Output.h"
 #include "Read.h"
 #include "Text.h"
 #include "ztxml/XmlDecoder.h"
@@ -15,18 +15,17 @@ class EventPrinter : public XmlDecoderSchema {
  public:
   int ProcessReserved() override { return 0; }
   int ProcessElement(char* name, char* value) override {
-    std::cout << (*name == '/' ? "end " : "start ") << Escape(name);
-    if (value) std::cout << ' ' << Quote(value);
-    std::cout << '\n';
+    Out() << (*name == '/' ? "end " : "start ") << Escape(name);
+    if (value) Out() << ' ' << Quote(value);
+    Out() << '\n';
     return 0;
   }
   int ProcessAttribute(char* element, char* name, char* value) override {
-    std::cout << "attribute " << Escape(element) << ' ' << Escape(name) << '=' << Quote(value)
-              << '\n';
+    Out() << "attribute " << Escape(element) << ' ' << Escape(name) << '=' << Quote(value) << '\n';
     return 0;
   }
   int ProcessElementOpened(char* name) override {
-    std::cout << "opened " << Escape(name) << '\n';
+    Out() << "opened " << Escape(name) << '\n';
     return 0;
   }
   void* GetSessionData() override { return nullptr; }
@@ -53,7 +52,7 @@ class JsonEventPrinter : public EventPrinter {
     return JsonObject().Text("file", m_File).Text("event", event).Text("element", element);
   }
   static int Print(const JsonObject& line) {
-    std::cout << line.Done() << '\n';
+    Out() << line.Done() << '\n';
     return 0;
   }
 

@@ -10,6 +10,7 @@
 
 #include "Colour.h"
 #include "Commands.h"
+#include "Output.h"
 #include "Read.h"
 #include "Text.h"
 #include "binding/ZtSourceText.h"

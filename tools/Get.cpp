@@ -3,6 +3,7 @@
 
 #include "Colour.h"
 #include "Commands.h"
+#include "Output.h"
 #include "Path.h"
 #include "Read.h"
 #include "Text.h"

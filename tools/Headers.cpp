@@ -33,6 +33,16 @@ bool CutValue(std::string_view& text, std::string& value) {
   return true;
 }
 
+// Whether something like the version of a start line is in `line`. Few lines have it, so that this
+// spares the closer looks.
+bool HasVersion(std::string_view line) {
+  for (std::size_t at = line.find('/'); at != std::string_view::npos; at = line.find('/', at + 1)) {
+    const char next = at + 1 < line.size() ? line[at + 1] : '\0';
+    if (next == '2' || next == '1') return true;
+  }
+  return false;
+}
+
 // Three digits, at the end or before a blank.
 bool BeginsStatus(std::string_view text) {
   constexpr std::string_view kDigits = "0123456789";
@@ -86,7 +96,7 @@ std::string_view NextLine(std::string_view& text) {
 bool BeginsMessage(std::string_view text) {
   std::string_view rest = text.substr(0, 2 * kMostStartLine);
   const std::string_view line = NextLine(rest);
-  if (line.size() > kMostStartLine) return false;
+  if (line.size() > kMostStartLine || !HasVersion(line)) return false;
   const std::size_t request = FindRequest(line);
   if (request == 0 || IsStatusLine(line)) return true;
   if (request == std::string_view::npos && !EndsWithStatusLine(line)) return false;

@@ -1,7 +1,6 @@
 #include "Json.h"
 
-#include <iostream>
-
+#include "Output.h"
 #include "Text.h"
 
 JsonObject& JsonObject::Value(std::string_view name, const std::string& json) {
@@ -40,5 +39,5 @@ std::string JsonOf(const Failure& failure) {
 }
 
 void PrintJson(const std::string& name, const Failure& failure) {
-  std::cout << JsonObject().Text("file", name).Value("error", JsonOf(failure)).Done() << '\n';
+  Out() << JsonObject().Text("file", name).Value("error", JsonOf(failure)).Done() << '\n';
 }

@@ -13,6 +13,8 @@
 #include "Schemas.h"
 #include "Text.h"
 #include "binding/ZtNames.h"
+#include "text/ZtEncoding.h"
+#include "text/ZtXmlReader.h"
 
 namespace {
 
@@ -333,6 +335,46 @@ Verdict Judge(const Document& document, const Scope& scope) {
   return verdict;
 }
 
+// The library's strict reader, which the standard profile has, accepts nothing that the other
+// parser refuses.
+bool IsSurelySound(const Document& document) {
+  if (document.cut) return false;
+  const ZtPiece input(document.text.data(), document.text.size());
+  ZtTextForm form;
+  std::size_t at = 0;
+  if (ZtFindForm(input, form, at) != ZtEncodingFault::kNone) return false;
+  if (form.encoding != ZtEncoding::kUtf8) return false;
+  const std::size_t size = ZtDecodedSize(input, form);
+  // Not filled, since it is large.
+  const std::unique_ptr<char[]> text(new char[size + 1]);
+  if (ZtDecode(input, form, text.get(), at) != ZtEncodingFault::kNone) return false;
+  text[size] = '\0';
+  const std::string_view source = std::string_view(document.text).substr(input.size - size);
+  ZtXmlReader reader(nullptr, 0);
+  reader.Begin(text.get(), size);
+  bool isRoot = true;
+  while (true) {
+    switch (reader.Next()) {
+      case ZtToken::kStart: {
+        if (isRoot && source.substr(0, reader.From()).find("<!DOCTYPE") != kNowhere) return false;
+        isRoot = false;
+        const std::size_t tag = reader.To() - reader.From();
+        if (source.substr(reader.From(), tag).find('>') + 1 < tag) return false;
+        break;
+      }
+      case ZtToken::kEnd:
+        break;
+      case ZtToken::kText:
+        if (reader.IsCData()) return false;
+        break;
+      case ZtToken::kDone:
+        return true;
+      case ZtToken::kFailed:
+        return false;
+    }
+  }
+}
+
 Scope ScopeAround(const XMLSchemaInfo& schema) {
   const XMLSchemaInfo& whole = *XMLFactory::getSchemaInfo(XML_SCHEMA_SIMSERVS);
   const bool isService = schema.id != whole.id && schema.nameSpace &&
@@ -364,14 +406,16 @@ std::string OddRoot(const std::string& name) {
 
 void JudgeText(const Document& document, const XMLSchemaInfo& schema, std::vector<Failure>& faults,
                std::string& remark) {
-  const Verdict verdict = Judge(document, ScopeAround(schema));
+  if (IsSurelySound(document)) return;
+  const Scope scope = ScopeAround(schema);
+  const Verdict verdict = Judge(document, scope);
   Failure failure;
   if (FindFault(document, verdict, failure)) {
     faults.push_back(failure);
     return;
   }
   if (!verdict.oddRoot.empty()) remark = OddRoot(verdict.oddRoot);
-  const Fault unbound = Judge(document).unbound;
+  const Fault unbound = scope.empty() ? Fault() : Judge(document).unbound;
   if (!unbound) return;
   if (!remark.empty()) remark += "; ";
   remark += unbound.what + ": that is for the document around the service";

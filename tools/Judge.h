@@ -36,6 +36,10 @@ using Scope = std::vector<std::pair<std::string, std::string>>;
 /// taken for a name even if it begins with a digit.
 Verdict Judge(const Document& document, const Scope& scope = {});
 
+/// Whether there is nothing to say of a document that the library reads. True only where Judge says
+/// so, too, which costs many times as much; false tells nothing.
+bool IsSurelySound(const Document& document);
+
 /// The prefixes that a document of `schema` may have from the one around it: the services of a
 /// simservs document are read and written without declarations, too.
 Scope ScopeAround(const XMLSchemaInfo& schema);

@@ -87,6 +87,12 @@ void JunitReport::Add(const CheckResult& result) {
              lines + "</failure>\n  </testcase>\n";
 }
 
+void JunitReport::Add(const JunitReport& other) {
+  m_Cases += other.m_Cases;
+  m_iTests += other.m_iTests;
+  m_iFailures += other.m_iFailures;
+}
+
 bool JunitReport::Write(const std::string& path) const {
   std::ofstream file(path, std::ios::binary);
   file << "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<testsuites>\n<testsuite"

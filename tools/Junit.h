@@ -33,6 +33,8 @@ std::string NameOf(eZtLoss kind);
 class JunitReport {
  public:
   void Add(const CheckResult& result);
+  /// Adds the results of another one after its own.
+  void Add(const JunitReport& other);
   /// Writes the file; false when that fails.
   bool Write(const std::string& path) const;
 

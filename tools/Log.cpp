@@ -1,13 +1,20 @@
 #include "Log.h"
 
 #include <cstring>
-#include <iostream>
 
+#include "Output.h"
 #include "Text.h"
 
 namespace {
 constexpr int kErrors = 4;  // the level of the line about a document that was cut
 constexpr char kDocumentCut[] = "document cut at ";
+
+// What the calling thread was told of the document that it works on.
+struct Told {
+  bool isDocumentCut = false;
+  std::string firstError;
+};
+thread_local Told t_Told;
 }  // namespace
 
 Log::Log(int level) : m_Level(level) {
@@ -16,20 +23,19 @@ Log::Log(int level) : m_Level(level) {
 
 Log::~Log() { zthost::SetLogSink(nullptr); }
 
-void Log::Forget() {
-  m_bDocumentCut = false;
-  m_FirstError.clear();
-}
+bool Log::DocumentCut() const { return t_Told.isDocumentCut; }
+const std::string& Log::FirstError() const { return t_Told.firstError; }
+void Log::Forget() { t_Told = {}; }
 
 void Log::Receive(const zthost::LogLine& line, void* user) {
-  auto* self = static_cast<Log*>(user);
+  const auto* self = static_cast<const Log*>(user);
   if (line.level == kErrors && std::strstr(line.text, kDocumentCut)) {
-    self->m_bDocumentCut = true;
-  } else if (line.level == kErrors && self->m_FirstError.empty()) {
-    self->m_FirstError = line.text;
+    t_Told.isDocumentCut = true;
+  } else if (line.level == kErrors && t_Told.firstError.empty()) {
+    t_Told.firstError = line.text;
   }
   if (self->m_Level == 0) return;
-  std::cout.flush();  // keeps the order when both streams go to one place
-  std::cerr << "log " << line.level << ' ' << line.sourceFile << ':' << line.line << ": "
-            << Escape(line.text) << '\n';
+  Out().flush();  // keeps the order when both streams go to one place
+  Err() << "log " << line.level << ' ' << line.sourceFile << ':' << line.line << ": "
+        << Escape(line.text) << '\n';
 }

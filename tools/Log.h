@@ -6,7 +6,8 @@
 
 #include "ztxml/ztHostPlatform.h"
 
-/// Receives the library's log while it lives. Only one may live at a time.
+/// Receives the library's log while it lives, on any thread; what it tells is of the thread that
+/// asks. Only one may live at a time.
 class Log {
  public:
   /// Prints the lines of `level` (1 to 4) and above on standard error; 0 prints none.
@@ -16,17 +17,15 @@ class Log {
   Log& operator=(const Log&) = delete;
 
   /// Whether the library has cut a document that was too long for it to write.
-  bool DocumentCut() const { return m_bDocumentCut; }
+  bool DocumentCut() const;
   /// The first error since Forget: what an element lacks that was written. "" for none.
-  const std::string& FirstError() const { return m_FirstError; }
+  const std::string& FirstError() const;
   void Forget();
 
  private:
   static void Receive(const zthost::LogLine& line, void* user);
 
-  int m_Level;
-  bool m_bDocumentCut = false;
-  std::string m_FirstError;
+  const int m_Level;
 };
 
 #endif  // ZTXML_TOOLS_LOG_H

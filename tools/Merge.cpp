@@ -3,7 +3,6 @@
 
 #include <algorithm>
 #include <climits>
-#include <iostream>
 #include <optional>
 #include <string>
 #include <vector>
@@ -11,6 +10,7 @@
 #include "Colour.h"
 #include "Commands.h"
 #include "Json.h"
+#include "Output.h"
 #include "Read.h"
 #include "Schemas.h"
 #include "Text.h"
@@ -64,7 +64,7 @@ class Merger {
     }
     JsonObject line;
     line.Text("schema", m_Reading.schema->name).Value("document", json);
-    std::cout << line.Done() << '\n';
+    Out() << line.Done() << '\n';
     return m_Status;
   }
 
@@ -124,10 +124,10 @@ class Merger {
       return;
     }
     if (m_Prints.json) return TellJson(document, merged);
-    std::cout << Escape(document.name) << ": " << what << '\n';
+    Out() << Escape(document.name) << ": " << what << '\n';
     for (unsigned i = 0; i < m_State->ChangeCount(); ++i) {
       const ztxml::Change change = m_State->ChangeAt(i);
-      std::cout << "  " << NameOf(change.kind) << ' ' << Escape(change.path) << '\n';
+      Out() << "  " << NameOf(change.kind) << ' ' << Escape(change.path) << '\n';
     }
   }
   void TellJson(const Document& document, const ztxml::Merged& merged) const {
@@ -145,7 +145,7 @@ class Merger {
       changes.push_back(entry.Done());
     }
     line.Value("changes", JsonList(changes));
-    std::cout << line.Done() << '\n';
+    Out() << line.Done() << '\n';
   }
 
   Reading m_Reading;  // by the schema of the first notification

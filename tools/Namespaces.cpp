@@ -1,8 +1,8 @@
 // ztxml namespaces: the namespace declarations of a document.
-#include <iostream>
 
 #include "Colour.h"
 #include "Commands.h"
+#include "Output.h"
 #include "Read.h"
 #include "Text.h"
 
@@ -13,8 +13,8 @@ int PrintNamespaces(const Document& document) {
   reading.schema = &NamespaceSchema();
   if (!ReadTree(document, reading, tree, failure)) return Refuse(document, failure);
   for (const Declaration& declared : DeclarationsIn(tree.root.get())) {
-    std::cout << (declared.prefix ? Escape(declared.prefix) : "(default)") << '\t'
-              << Escape(declared.uri) << '\n';
+    Out() << (declared.prefix ? Escape(declared.prefix) : "(default)") << '\t'
+          << Escape(declared.uri) << '\n';
   }
   return kDone;
 }

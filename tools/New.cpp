@@ -7,6 +7,7 @@
 
 #include "Commands.h"
 #include "Judge.h"
+#include "Output.h"
 #include "Path.h"
 #include "Read.h"
 #include "Schemas.h"

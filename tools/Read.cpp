@@ -28,13 +28,14 @@ std::string RootOf(const Document& document, bool isStandard) {
   const ZtPiece input(document.text.data(), document.text.size());
   ZtTextForm form;
   std::size_t at = 0;
-  std::string text = document.text;
-  if (isStandard) {
-    if (ZtFindForm(input, form, at) != ZtEncodingFault::kNone) return "";
+  if (isStandard && ZtFindForm(input, form, at) != ZtEncodingFault::kNone) return "";
+  std::string text;
+  const bool isDecoded = form.encoding != ZtEncoding::kUtf8;
+  if (isDecoded) {
     text.resize(ZtDecodedSize(input, form));
     if (ZtDecode(input, form, text.data(), at) != ZtEncodingFault::kNone) return "";
   }
-  const std::string_view name = RootName(text);
+  const std::string_view name = RootName(isDecoded ? text : document.text);
   return std::string(name.substr(name.find(':') + 1));
 }
 

@@ -2,7 +2,6 @@
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
-#include <iostream>
 #include <iterator>
 #include <map>
 #include <string>
@@ -12,9 +11,11 @@
 
 #include "Colour.h"
 #include "Commands.h"
+#include "FileChoice.h"
 #include "Follow.h"
 #include "Format.h"
 #include "Judge.h"
+#include "Output.h"
 #include "ReportPage.h"
 
 namespace {
@@ -167,7 +168,7 @@ class Reporter {
 bool IsInput(const std::string& page, const std::vector<std::string>& paths) {
   return std::any_of(paths.begin(), paths.end(), [&](const std::string& path) {
     std::error_code error;
-    return path != "-" && std::filesystem::equivalent(page, path, error);
+    return path != "-" && std::filesystem::equivalent(page, FileChoiceOf(path).path, error);
   });
 }
 
@@ -183,7 +184,7 @@ int WriteReport(const std::vector<std::string>& paths, const Reading& reading,
   int status = kDone;
   for (const std::string& path : paths) status = std::max(status, reporter.ReadFile(path));
   if (page == "-") {
-    reporter.Write(std::cout);
+    reporter.Write(Out());
     return status;
   }
   std::ofstream file(page, std::ios::binary);

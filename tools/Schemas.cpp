@@ -15,13 +15,17 @@
 
 namespace {
 
-std::vector<const XMLSchemaInfo*> AllSchemas() {
-  std::vector<const XMLSchemaInfo*> schemas;
-  for (int id = 0; id < XML_SCHEMA_END; ++id) {
-    const XMLSchemaInfo* info = XMLFactory::getSchemaInfo(static_cast<eXMLSchemaID>(id));
-    if (info) schemas.push_back(info);
-  }
-  return schemas;
+// Every document asks for them.
+const std::vector<const XMLSchemaInfo*>& AllSchemas() {
+  static const std::vector<const XMLSchemaInfo*> all = [] {
+    std::vector<const XMLSchemaInfo*> schemas;
+    for (int id = 0; id < XML_SCHEMA_END; ++id) {
+      const XMLSchemaInfo* info = XMLFactory::getSchemaInfo(static_cast<eXMLSchemaID>(id));
+      if (info) schemas.push_back(info);
+    }
+    return schemas;
+  }();
+  return all;
 }
 
 std::string Roots(const XMLSchemaInfo& schema) {
@@ -134,6 +138,7 @@ const XMLSchemaInfo* FindSchemaOfRoot(const std::string& localName) {
 
 const XMLSchemaInfo* FindSchemaOfType(const std::string& type, const std::string& localName) {
   const XMLSchemaInfo* first = nullptr;
+  if (type.empty()) return first;
   for (const TypeRow& row : kTypes) {
     if (type != row.type) continue;
     const XMLSchemaInfo* schema = XMLFactory::getSchemaInfo(row.schema);
@@ -144,8 +149,9 @@ const XMLSchemaInfo* FindSchemaOfType(const std::string& type, const std::string
 }
 
 bool HasRoot(const XMLSchemaInfo& schema, const std::string& localName) {
-  return std::any_of(std::begin(schema.roots), std::end(schema.roots),
-                     [&](const char* root) { return root && localName == root; });
+  return std::any_of(std::begin(schema.roots), std::end(schema.roots), [&](const char* root) {
+    return root && *root == localName[0] && localName == root;
+  });
 }
 
 int PrintSchemas(bool json) {

@@ -1,9 +1,9 @@
 // ztxml show: the tree of objects that a document is read as.
-#include <iostream>
 
 #include "Colour.h"
 #include "Commands.h"
 #include "Json.h"
+#include "Output.h"
 #include "Read.h"
 #include "Tree.h"
 
@@ -16,7 +16,7 @@ int Cut(const Document& document) {
 }  // namespace
 
 int ShowObject(const Document& document, const reflect::Node& object, const char* name) {
-  return PrintTree(object, name, "", std::cout) ? kDone : Cut(document);
+  return PrintTree(object, name, "", Out()) ? kDone : Cut(document);
 }
 
 int Show(const Document& document, const Reading& reading) {
@@ -37,6 +37,6 @@ int ShowJson(const Document& document, const Reading& reading) {
   const bool whole = AppendJson(tree.Root(), reflect::ElementNameOf(*tree.root), json);
   JsonObject line;
   line.Text("file", document.name).Text("schema", tree.schema->name).Value("document", json);
-  std::cout << line.Done() << '\n';
+  Out() << line.Done() << '\n';
   return whole ? kDone : Cut(document);
 }

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "Text.h"
+#include "base/ZtBytes.h"
 
 namespace {
 
@@ -26,7 +27,7 @@ class Scan {
       m_iAt = std::min(m_Text.find('<', m_iAt), m_Text.size());
       if (m_iAt == m_Text.size() || MeetsNextDocument()) break;
       if (PassMarkup()) continue;
-      const bool isEnd = At("</");
+      const bool isEnd = IsNext('/');
       const bool isEmpty = PassTag() && !isEnd && m_Text[m_iAt - 2] == '/';
       m_bInRoot = true;
       if (m_bCut) break;
@@ -42,7 +43,8 @@ class Scan {
 
  private:
   bool At(std::string_view what) const { return m_Text.compare(m_iAt, what.size(), what) == 0; }
-  bool MeetsNextDocument() const { return m_bInRoot && At(kDeclaration); }
+  bool IsNext(char c) const { return m_iAt + 1 < m_Text.size() && m_Text[m_iAt + 1] == c; }
+  bool MeetsNextDocument() const { return m_bInRoot && IsNext('?') && At(kDeclaration); }
 
   // To after `end`, which is looked for from `from` on.
   void PassTo(std::string_view end, std::size_t from) {
@@ -51,6 +53,7 @@ class Scan {
   }
   // Passes what is no tag.
   bool PassMarkup() {
+    if (!IsNext('!') && !IsNext('?')) return false;
     if (At("<!--")) {
       PassTo("-->", m_iAt + 4);
     } else if (At("<![CDATA[")) {
@@ -76,23 +79,42 @@ class Scan {
   }
   // False when the tag is not closed.
   bool PassTag() {
+    const char* const end = m_Text.data() + m_Text.size();
+    const char* at = m_Text.data() + m_iAt + 1;
     char quote = '\0';
-    for (++m_iAt; m_iAt < m_Text.size(); ++m_iAt) {
-      const char c = m_Text[m_iAt];
-      if (c == '<' && At(kDeclaration)) {
+    while (true) {
+      if (ZtHasBlock(at, end)) {
+        const auto block = ZtGet<ZtBlock>(at);
+        unsigned bits = ZtBits(ZtMatches(block, '"') | ZtMatches(block, '\'') |
+                               ZtMatches(block, '<') | ZtMatches(block, '>'));
+        for (; bits; bits &= bits - 1) {
+          if (EndsTag(at + ZtFirstBit(bits), quote)) return !m_bCut;
+        }
+        at += sizeof(block);
+      } else if (at == end) {
+        m_iAt = m_Text.size();
         m_bCut = true;
         return false;
-      }
-      if (quote) {
-        if (c == quote) quote = '\0';
-      } else if (c == '"' || c == '\'') {
-        quote = c;
-      } else if (c == '>') {
-        ++m_iAt;
-        return true;
+      } else if (EndsTag(at++, quote)) {
+        return !m_bCut;
       }
     }
-    m_bCut = true;
+  }
+  // Whether a tag ends at `at`, or is cut there; `quote` is that of the open value, 0 for none.
+  bool EndsTag(const char* at, char& quote) {
+    m_iAt = static_cast<std::size_t>(at - m_Text.data());
+    if (*at == '<') {
+      m_bCut = IsNext('?') && At(kDeclaration);
+      return m_bCut;
+    }
+    if (quote) {
+      if (*at == quote) quote = '\0';
+    } else if (*at == '>') {
+      ++m_iAt;
+      return true;
+    } else if (*at == '"' || *at == '\'') {
+      quote = *at;
+    }
     return false;
   }
 

@@ -1,12 +1,9 @@
 #include "Text.h"
 
 #include <cctype>
-#include <iostream>
-#include <unistd.h>
 
 namespace {
 
-constexpr std::size_t kShort = 60;
 constexpr char kDigits[] = "0123456789abcdef";
 
 void AppendHex(std::string_view bytes, std::string& to) {
@@ -76,18 +73,10 @@ std::string Escape(std::string_view text) { return EscapeWith(text, "", "\\"); }
 std::string Quote(std::string_view text) { return '"' + EscapeWith(text, "", "\\\"") + '"'; }
 std::string EscapeControls(std::string_view text) { return EscapeWith(text, "\n\t", ""); }
 
-void PrintText(std::string_view text) {
-  if (isatty(STDOUT_FILENO)) {
-    std::cout << EscapeControls(text);
-  } else {
-    std::cout << text;
-  }
-}
-
-std::string QuoteShort(std::string_view text) {
-  if (text.size() <= kShort) return Quote(text);
-  std::size_t size = kShort;
-  while (size > kShort - 4 && (static_cast<unsigned char>(text[size]) & 0xc0) == 0x80) --size;
+std::string QuoteShort(std::string_view text, std::size_t most) {
+  if (text.size() <= most) return Quote(text);
+  std::size_t size = most;
+  while (size > most - 4 && (static_cast<unsigned char>(text[size]) & 0xc0) == 0x80) --size;
   return Quote(text.substr(0, size)) + "...";
 }
 

@@ -15,13 +15,10 @@ std::size_t CharacterSize(std::string_view text);
 std::string Escape(std::string_view text);
 /// `text` escaped as by Escape, in double quotes, with those inside as \".
 std::string Quote(std::string_view text);
-/// `text` in quotes, cut when it is long.
-std::string QuoteShort(std::string_view text);
+/// `text` in quotes, cut after about `most` bytes.
+std::string QuoteShort(std::string_view text, std::size_t most = 60);
 /// `text` escaped as by Escape, except line breaks, tabs and backslashes.
 std::string EscapeControls(std::string_view text);
-/// Prints `text` on standard output as it is; on a terminal, which could take parts of it for
-/// commands, as by EscapeControls.
-void PrintText(std::string_view text);
 /// `text` as a string of JSON. Each byte that is not UTF-8 becomes U+FFFD, since JSON cannot hold
 /// it.
 std::string JsonQuote(std::string_view text);

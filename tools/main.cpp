@@ -5,14 +5,18 @@
 #include <exception>
 #include <iostream>
 #include <string>
+#include <unistd.h>
 #include <vector>
 
 #include "Colour.h"
 #include "Commands.h"
 #include "Document.h"
 #include "Help.h"
+#include "Jobs.h"
 #include "Json.h"
 #include "Log.h"
+#include "Output.h"
+#include "Progress.h"
 #include "Schemas.h"
 #include "Text.h"
 #include "Usage.h"
@@ -24,7 +28,8 @@ constexpr char kFooter[] =
 a body, one after another, perhaps with lines of a log between them, or a MIME entity. Of a message
 every XML body is taken, also in multipart and CPIM bodies, and in base64, quoted-printable, gzip,
 deflate or chunks. Its Content-Type tells the schema; without one, or in a document, the root
-element does. Each of several documents of a file is called by its number, FILE#3.
+element does. Each of several documents of a file is called by its number, FILE#3, and every command
+takes it so, too. (A file that is itself called FILE#3 comes first.)
 
 A message without an XML body is skipped; so are lines that belong to no message. "check" has a line
 for what is skipped, otherwise standard error tells. --require-document refuses such messages. Other
@@ -56,6 +61,10 @@ Examples:
   ztxml report --html call.html call.pcap
   ztxml new reginfo > notify.xml
   ztxml help COMMAND
+
+Of several files, and of the documents of a large one, as many are read at a time as there are
+processors, or --jobs; what is printed does not depend on it. On a terminal standard error tells
+after a second how far the work is.
 
 On a terminal there are colours, unless NO_COLOR is set, and the line of a document that is refused
 has a caret under the place. --color and --context ask for them elsewhere.
@@ -148,6 +157,7 @@ Exit status: 0 all are ok; 1 some are not; 4 the report cannot be written.
 Examples:
   ztxml check *.xml
   ztxml check --lost --strict notify.xml
+  ztxml check -j 4 -r captures
   ztxml check --quiet capture/*.txt || echo some are not ok)";
 
 constexpr char kDiffFooter[] =
@@ -161,13 +171,22 @@ else by their place. Entries that changed places are in one "-" and one "+" line
 an element that one of them has come lines of what it holds, indented.
 
 With --context N up to N equal values and elements before and after each difference are shown, after
-two blanks. With --json each difference is one line with "change" (added, removed, changed), "path",
+two blanks.
+
+With --side-by-side, which is never the default, the documents are in two columns with the sign
+between them, and before them is a line with the path of the element that they are in. What is too
+long is cut, which "..." tells. The columns are as wide as the terminal, or as --width N; elsewhere
+130 characters together.
+
+With --json each difference is one line with "change" (added, removed, changed), "path",
 "old" and "new".
 
 Exit status: 0 equal; 1 different; 2 wrong usage, or a document cannot be read.
 
-Example:
-  ztxml diff old.xml new.xml)";
+Examples:
+  ztxml diff old.xml new.xml
+  ztxml diff -y --context 2 old.xml new.xml
+  ztxml diff log.txt#2 log.txt#3)";
 
 constexpr char kGetFooter[] =
     R"(The document is read in the standard profile. PATH is as "diff" prints it: element names, with
@@ -176,21 +195,24 @@ and (words)[n] for a word of it. An index may be left out where there is only on
 
 A value is printed as it is meant, and a line break. An element has the value that is its own text;
 one that has no such text is printed as by "show". Of a captured message it is the XML body that is
-read, of which there may be one.
+read; of several documents FILE#3 names the third.
 
 Exit status: 0 printed; 1 the document cannot be read, or nothing is there; 2 there can be no such
 thing, and the message tells which step is wrong.
 
 Examples:
   ztxml get notify.xml '/reginfo/registration[1]/contact[2]/@expires'
-  ztxml get notify.xml /reginfo/registration)";
+  ztxml get notify.xml /reginfo/registration
+  ztxml get call.pcap#2 /isComposing/state)";
 
 constexpr char kEditFooter[] =
     R"(Writes the document to standard output with what was asked for changed, and nothing else: in its
 encoding, with its comments, white space and all that the library does not know. Without --set and
 --remove it is the very bytes that came in. (On a terminal control characters are escaped.) Of a
 captured message it is the XML body that is changed and written, without the headers, whose
-Content-Length would be another; there may be one.
+Content-Length would be another; of several documents FILE#3 names the third, which is written
+alone. With --in-place the result takes the place of the file instead, which has to be one document
+and nothing else.
 
 --set and --remove apply in their order. PATH is as for "get".
   --set PATH=VALUE   the value of an attribute or of an element, or a word. What is not there is
@@ -201,9 +223,11 @@ Content-Length would be another; there may be one.
 Attributes of unknown names can be set and removed where they are kept, but not made.
 
 Exit status: 0 written; 1 the document cannot be read, or what is to be removed is not there; 2 PATH
-can name nothing there, or VALUE is none of its type; 3 the result cannot be written.
+can name nothing there, or VALUE is none of its type, or --in-place cannot be; 3 the result cannot
+be written; 4 nor can the file.
 
 Examples:
+  ztxml edit -i --set /simservs/communication-waiting/@active=false simservs.xml
   ztxml edit --set /simservs/communication-diversion/NoReplyTimer=20 simservs.xml
   ztxml edit --remove '/resource-lists/list[1]/entry[2]' lists.xml > new.xml)";
 
@@ -258,12 +282,14 @@ class CommandLine {
 
     m_pShow = AddCommand("show", "Print the objects that documents are read as", kShowFooter);
     AddFiles(m_pShow);
+    AddJobs(m_pShow);
     AddSchema(m_pShow);
     AddStandard(m_pShow);
     AddJson(m_pShow, "Print JSON, one line for each document");
     m_pCheck =
         AddCommand("check", "Tell which of many documents are refused or faulty", kCheckFooter);
     AddFiles(m_pCheck);
+    AddJobs(m_pCheck);
     AddSchema(m_pCheck);
     AddStandard(m_pCheck);
     AddJson(m_pCheck, "Print JSON, one line for each document, and no summary");
@@ -283,10 +309,18 @@ class CommandLine {
     AddSchema(m_pDiff);
     AddStandard(m_pDiff);
     AddJson(m_pDiff, "Print JSON, one line for each difference");
+    CLI::Option* const columns =
+        m_pDiff->add_flag("-y,--side-by-side", m_bSideBySide, "Print the documents in two columns");
+    columns->excludes("--json");
+    m_pDiff->add_option("--width", m_Width, "The width of both columns, else that of the terminal")
+        ->option_text("N")
+        ->needs(columns)
+        ->check(CLI::Range(kLeastWidth, kMostWidth));
     AddGetAndEdit();
     m_pRoundTrip = AddCommand("roundtrip", "Read documents and write them again to standard output",
                               kRoundTripFooter);
     AddFiles(m_pRoundTrip);
+    AddJobs(m_pRoundTrip);
     AddSchema(m_pRoundTrip);
     AddStandard(m_pRoundTrip);
     m_pMerge = AddCommand("merge", "Print the state that results from notifications", kMergeFooter);
@@ -296,9 +330,11 @@ class CommandLine {
     m_pMerge->add_flag("--events", m_bEvents, "Print what became of each, and what it changed");
     m_pEvents = AddCommand("events", "Print the parser's callbacks, one a line", kEventsFooter);
     AddFiles(m_pEvents);
+    AddJobs(m_pEvents);
     AddJson(m_pEvents, "Print JSON, one line for each callback");
     m_pNamespaces = AddCommand("namespaces", "Print the namespace declarations", kNamespacesFooter);
     AddFiles(m_pNamespaces);
+    AddJobs(m_pNamespaces);
     m_pSchemas = AddCommand("schemas", "List the schemas that the library knows", kSchemasFooter);
     AddJson(m_pSchemas, "Print JSON, one line for each schema");
     AddOwn();
@@ -328,6 +364,11 @@ class CommandLine {
     command->add_flag("--require-document", m_bRequiresDocument,
                       "Refuse messages without a document, which are skipped else");
   }
+  void AddJobs(CLI::App* command) {
+    command->add_option("-j,--jobs", m_Jobs, "Threads at work (as many as there are processors)")
+        ->option_text("N")
+        ->check(CLI::Range(1, kMostJobs));
+  }
   void AddSchema(CLI::App* command) {
     command->add_option("--schema", m_Schema, "A schema of ztxml schemas, for every document")
         ->option_text("NAME|ID")
@@ -347,6 +388,7 @@ class CommandLine {
     m_pEdit = AddCommand("edit", "Change values of a document in place", kEditFooter);
     m_pSet = AddChange("--set", "PATH=VALUE", m_Sets, "Set a value, or make an element");
     m_pRemove = AddChange("--remove", "PATH", m_Removes, "Remove a value or an element");
+    m_pEdit->add_flag("-i,--in-place", m_bInPlace, "Put the result in the place of the file");
     AddFile(m_pEdit);
     AddSchema(m_pEdit);
   }
@@ -360,6 +402,9 @@ class CommandLine {
                     "Lines before one that is refused; of diff what is equal around a difference")
         ->option_text("N")
         ->check(CLI::Range(0, kMostContext));
+  }
+  DiffForm FormOfDiff() const {
+    return {m_bJson, m_bSideBySide, static_cast<std::size_t>(m_Width)};
   }
   Style StyleOf() const {
     Style style;
@@ -376,6 +421,7 @@ class CommandLine {
         ->check(CLI::Range(1, kMostDocuments));
     m_pFormat = AddCommand("format", "Print documents indented", kFormatFooter);
     AddFiles(m_pFormat);
+    AddJobs(m_pFormat);
     AddSchema(m_pFormat);
     m_pNew = AddCommand("new", "Print an example of a document to start from", kNewFooter);
     m_pNew->add_option("SCHEMA", m_Schema, "A schema of ztxml schemas, or one of its root elements")
@@ -422,12 +468,21 @@ class CommandLine {
         ->required();
   }
 
+  // Whether the input is typed at a terminal, where progress would come in between.
+  bool IsTyped() const {
+    const bool isRead = m_File == "-" || std::count(m_Paths.begin(), m_Paths.end(), "-");
+    return isRead && isatty(STDIN_FILENO);
+  }
   int RunCommand() const {
     SetStyle(StyleOf());
+    SetJobs(static_cast<std::size_t>(m_Jobs));
+    if (m_Checks.quiet || IsTyped()) Progress::Get().Hide();
     if (m_pSchemas->parsed()) return PrintSchemas(m_bJson);
     if (m_pHelp->parsed()) return PrintHelp();
     Log log(m_LogLevel);
-    if (m_pBody->parsed()) return PrintBody(m_File, static_cast<std::size_t>(m_Nth));
+    if (m_pBody->parsed()) {
+      return ForOne([&] { return PrintBody(m_File, static_cast<std::size_t>(m_Nth)); });
+    }
     if (m_pNew->parsed()) return PrintNew(m_Schema);
     Reading reading;
     reading.schema = m_Schema.empty() ? nullptr : FindSchema(m_Schema);
@@ -440,16 +495,20 @@ class CommandLine {
       checks.json = m_bJson;
       return Check(paths, reading, checks);
     }
-    if (m_pDiff->parsed()) return Diff(m_OldPath, m_NewPath, reading, m_bJson);
-    if (m_pGet->parsed()) return Get(m_File, m_Path, reading);
-    if (m_pMerge->parsed()) return Merge(paths, reading, {m_bEvents, m_bJson});
-    if (m_pEdit->parsed()) return Edit(m_File, Changes(), reading);
-    if (m_pReport->parsed()) return WriteReport(paths, reading, m_Page);
-    int status = kDone;
-    for (const std::string& path : paths) {
-      status = std::max(status, RunFile(path, paths.size() > 1, reading, log));
+    if (m_pDiff->parsed()) {
+      return ForOne([&] { return Diff(m_OldPath, m_NewPath, reading, FormOfDiff()); });
     }
-    return status;
+    if (m_pGet->parsed()) return ForOne([&] { return Get(m_File, m_Path, reading); });
+    if (m_pMerge->parsed()) {
+      return ForOne([&] { return Merge(paths, reading, {m_bEvents, m_bJson}); });
+    }
+    if (m_pReport->parsed()) {
+      return ForOne([&] { return WriteReport(paths, reading, m_Page); });
+    }
+    if (m_pEdit->parsed())
+      return ForOne([&] { return Edit(m_File, Changes(), reading, m_bInPlace); });
+    return ForFiles(
+        paths, [&](std::size_t i) { return RunFile(paths[i], paths.size() > 1, reading, log); });
   }
 
   // In the order of the command line.
@@ -484,13 +543,13 @@ class CommandLine {
         ReadDocuments(path, reading.isStandard, documents, failure, reading.skipping);
     const bool several = isOneOfSeveral || documents.size() > 1;
     const bool written = m_pRoundTrip->parsed() || m_pFormat->parsed();
-    int status = kDone;
-    for (const Document& document : documents) {
-      if (several && !m_bJson && !written) std::cout << "# " << Escape(document.name) << '\n';
+    const int status = ForDocuments(documents, [&](std::size_t i) {
+      const Document& document = documents[i];
+      if (several && !m_bJson && !written) Out() << "# " << Escape(document.name) << '\n';
       const int own = RunDocument(document, reading, log);
-      if (several && m_pRoundTrip->parsed() && own == kDone) std::cout << '\n';
-      status = std::max(status, own);
-    }
+      if (several && m_pRoundTrip->parsed() && own == kDone) Out() << '\n';
+      return own;
+    });
     if (opened) return status;
     if (m_bJson) PrintJson(NameOfInput(path), failure);
     return std::max<int>(status, Refuse(NameOfInput(path), failure));
@@ -523,6 +582,7 @@ class CommandLine {
   CLI::App* m_pReport = nullptr;
   CLI::App* m_pHelp = nullptr;
   int m_LogLevel = 0;
+  int m_Jobs = 0;  // as many as there are processors
   bool m_bJson = false;
   bool m_bStandard = false;
   bool m_bEvents = false;
@@ -534,6 +594,9 @@ class CommandLine {
   std::string m_Path;
   std::vector<std::string> m_Sets;
   std::vector<std::string> m_Removes;
+  bool m_bInPlace = false;
+  bool m_bSideBySide = false;
+  int m_Width = 0;  // none given
   std::string m_OldPath;
   std::string m_NewPath;
   std::string m_Schema;

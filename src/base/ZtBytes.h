@@ -151,7 +151,7 @@ inline bool ZtSameEnds(const char* a, const char* b, std::size_t size) {
 }
 
 // Whether `a` and `b` have equal bytes, `size` of them, at least one.
-inline bool ZtSameBytes(const char* a, const char* b, std::size_t size) {
+[[gnu::always_inline]] inline bool ZtSameBytes(const char* a, const char* b, std::size_t size) {
   if (size > sizeof(ZtBlock)) return std::memcmp(a, b, size) == 0;
   if (size >= sizeof(std::uint64_t)) return ZtSameEnds<std::uint64_t>(a, b, size);
   if (size >= sizeof(std::uint32_t)) return ZtSameEnds<std::uint32_t>(a, b, size);

@@ -19,10 +19,11 @@ inline unsigned DigitOf(char c) {
 template <class Number>
 Number ParseNumber(ZtPiece value) {
   const char* text = value.text;
-  while (*text == ' ' || (*text >= '\t' && *text <= '\r')) ++text;
-  const bool negative = *text == '-';
-  if (negative || *text == '+') ++text;
-  if (negative) return 0;
+  if (DigitOf(*text) > 9) {
+    while (*text == ' ' || (*text >= '\t' && *text <= '\r')) ++text;
+    if (*text == '-') return 0;
+    if (*text == '+') ++text;
+  }
   using Limits = std::numeric_limits<Number>;
   Number number = 0;
   unsigned digit = 0;
@@ -216,12 +217,13 @@ ZtPiece ZtFormatNumber(unsigned long long number, char* buffer) {
 }
 
 unsigned ZtEnumTable::Find(ZtPiece value) const {
+  const char first = *value.text;
   for (unsigned i = 0; i < searched; ++i) {
     const ZtPiece slot = slots[i].Piece();
-    const bool fits = byPrefix ? slot.size <= value.size : slot.size == value.size;
-    if (fits && *slot.text == *value.text && ZtSameBytes(slot.text, value.text, slot.size)) {
-      return respelt ? i % count : i;
+    if (*slot.text != first || (byPrefix ? slot.size > value.size : slot.size != value.size)) {
+      continue;
     }
+    if (ZtSameBytes(slot.text, value.text, slot.size)) return respelt ? i % count : i;
   }
   return noMatch;
 }

@@ -7,12 +7,8 @@
 
 #include "binding/ZtBinding.h"
 #include "ztxml/XMLSchemaInfo.h"
+#include "ztxml/ZtDocument.h"
 #include "ztxml/ZtSchemaDecoder.h"
-
-class XMLContext;
-class ZtFactory;
-class ZtMarshaller;
-class ZtUnMarshaller;
 
 // The log lines in which documents differ; null for none.
 struct ZtDocumentLines {
@@ -169,8 +165,12 @@ inline ZtSpace ZtSpaceOf(const ZtDocument& document) {
 // A new context of the document, recorded as the factory's; null without memory.
 XMLContext* ZtNewContext(const ZtDocument& document);
 
-// The start of what there is to say; `Marshaller` void when the schema has none.
-template <class Context, class Decoder, class UnMarshaller, class Marshaller, class DataBinder>
+// The start of what there is to say. The workers are those of every document unless it has classes
+// of its own for callers; `Marshaller` is void when the schema has none.
+template <class Context, class Decoder = ZtDecoderOf<Context>,
+          class UnMarshaller = ZtDescribedBy<Context, ZtUnMarshaller>,
+          class Marshaller = ZtDescribedBy<Context, ZtMarshaller>,
+          class DataBinder = ZtDescribedBy<Context, ZtFactory>>
 constexpr ZtDocumentFacts ZtDocumentOf(const char* source) {
   ZtMaker<ZtMarshaller> marshaller = {nullptr, 0};
   if constexpr (!std::is_void_v<Marshaller>) marshaller = ZtMaker<ZtMarshaller>::Of<Marshaller>();

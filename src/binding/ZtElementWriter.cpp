@@ -203,11 +203,15 @@ int ZtElementWriter::WriteFlag(const zt_empty_element_type& flag, const ZtFlag& 
   return 1;
 }
 
+void ZtElementWriter::LogAbsent(const XMLElement& element, const ZtField& field) const {
+  Log(field.noteLevel, field.note, element.ClassName(), field.name.Piece().text);
+}
+
 bool ZtElementWriter::HasRequired(const XMLElement& element, const ZtElementType& type) {
   char buffer[kZtNumberSize];
   for (const ZtField* field = type.begin(); field != type.children(); ++field) {
     if (!field->Is(kZtRequired) || ZtFieldText(element, *field, buffer).text) continue;
-    Log(field->noteLevel, field->note);
+    LogAbsent(element, *field);
     return Lacks(ZtLack::Why::kValue, &element, field);
   }
   return true;
@@ -285,7 +289,7 @@ bool ZtElementWriter::WriteAnyAttribute(const XMLElement& element, const ZtField
   char buffer[kZtNumberSize];
   const ZtPiece text = ZtFieldText(element, field, buffer);
   if (!text.text) {
-    Log(field.noteLevel, field.note);
+    LogAbsent(element, field);
     if (field.Is(kZtRequired)) return Lacks(ZtLack::Why::kValue, &element, &field);
     if (!field.Is(kZtAlways)) return true;
   }
@@ -383,7 +387,7 @@ bool ZtElementWriter::WriteAnyTextElement(const XMLElement& element, const ZtFie
     m_Pen.TextElement(field.name.Piece(), text);
   }
   if (text.text) return true;
-  Log(field.noteLevel, field.note);
+  LogAbsent(element, field);
   return !field.Is(kZtRequired) || Lacks(ZtLack::Why::kValue, &element, &field);
 }
 

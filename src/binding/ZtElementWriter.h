@@ -82,6 +82,7 @@ class ZtElementWriter {
     if (field.Is(kZtLogged) && Tells(kZtLogTrace)) LogName(field);
   }
   void LogName(const ZtField& field) const;
+  ZT_LOCAL void LogAbsent(const XMLElement& element, const ZtField& field) const;
   bool Lacks(ZtLack::Why why, const XMLElement* element, const ZtField* field = nullptr) {
     m_Lack = {why, element, field};
     return false;

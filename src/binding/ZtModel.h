@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <initializer_list>
 
+#include "base/ZtLog.h"
 #include "base/ZtMemory.h"
 #include "binding/ZtNames.h"
 #include "binding/ZtSpaces.h"
@@ -54,6 +55,33 @@ struct ZtEnumTable {
 
   unsigned Find(ZtPiece value) const;
 };
+
+// A table with slots of its own: each value is looked for, and what is none of them is stored as
+// one more than the last.
+template <std::size_t N>
+struct ZtEnumOf : ZtEnumTable {
+  template <std::size_t... kSizes>
+  constexpr ZtEnumOf(const char (&... values)[kSizes])  // NOLINT(google-explicit-constructor)
+      : ZtEnumTable{own, N, N, N, false}, own{values...} {}
+  ZtEnumOf(const ZtEnumOf&) = delete;
+  ZtEnumOf& operator=(const ZtEnumOf&) = delete;
+
+  ZtEnumSlot own[N];
+};
+template <std::size_t... kSizes>
+ZtEnumOf(const char (&... values)[kSizes]) -> ZtEnumOf<sizeof...(kSizes)>;
+
+// Likewise, by beginnings.
+template <std::size_t N>
+struct ZtEnumByPrefix : ZtEnumOf<N> {
+  template <std::size_t... kSizes>
+  constexpr ZtEnumByPrefix(const char (&... values)[kSizes])  // NOLINT(google-explicit-constructor)
+      : ZtEnumOf<N>(values...) {
+    this->byPrefix = true;
+  }
+};
+template <std::size_t... kSizes>
+ZtEnumByPrefix(const char (&... values)[kSizes]) -> ZtEnumByPrefix<sizeof...(kSizes)>;
 
 inline constexpr ZtEnumSlot kBooleanSlots[] = {"false", "true"};
 // Intended: for most booleans any text but "true" is false, "1" too, which XML Schema takes for
@@ -195,8 +223,10 @@ struct ZtField {
     return ZtWith(*this, &ZtField::standsFor, index);
   }
 
-  // Logged when the value is absent, so that the element fails.
-  constexpr ZtField Required(const char* line, int level) const {
+  // The line is logged when the value is absent, so that the element fails. The first %s is the
+  // class name, the second the row's.
+  constexpr ZtField Required(const char* line = "<XML Module>: %s: %s is required",
+                             int level = kZtLogError) const {
     return Note(line, level).With(kZtRequired);
   }
   // Logged when an optional value is absent.

@@ -30,11 +30,12 @@ const ZtChoice* ChoiceOf(const ZtChoice* choices, const XMLElement& child) {
 
 }  // namespace
 
-ZtMatch ZtMatchChild(const ZtElementType& parent, ZtSpace space, ZtSpace actual, ZtPiece local,
-                     bool plain) {
-  const ZtNameId name = ZtNameId::Of(local);
+ZtMatch ZtMatchChild(const ZtElementType& parent, const ZtField* due, ZtSpace space, ZtSpace actual,
+                     ZtPiece local, bool plain) {
+  const bool isDue = due != parent.end() && due->HasName() && due->name.Is(local);
+  const ZtNameId name = isDue ? due->name : ZtNameId::Of(local);
   if (name == kZtNoName) return {};
-  const ZtField* row = ZtFindChild(parent, name);
+  const ZtField* row = isDue ? due : ZtFindChild(parent, name);
   if (row && !row->IsOwnText()) {
     const bool isObject = row->place == ZtPlace::kChild || row->place == ZtPlace::kChildren;
     const ZtElementType* type = isObject ? row->detail.type : nullptr;
@@ -141,15 +142,13 @@ bool operator==(const ZtStated& one, const ZtStated& other) {
   return ZtEqual(one.text, other.text);
 }
 
-ZtPiece ZtTrimmed(ZtPiece text) {
+ZtPiece ZtTrimmedEnds(ZtPiece text) {
   while (text.size && ZtIsBlank(*text.text)) text = {text.text + 1, text.size - 1};
   while (text.size && ZtIsBlank(text.text[text.size - 1])) --text.size;
   return text;
 }
 
-ZtStated ZtParse(const ZtField& row, ZtPiece text) {
-  if (row.value == ZtValue::kText)
-    return ZtStated::Text(row.Is(kZtFreeText) ? text : ZtTrimmed(text));
+ZtStated ZtParseScalar(const ZtField& row, ZtPiece text) {
   text = ZtTrimmed(text);
   if (row.value == ZtValue::kEnum) return ParseEnum(*row.detail.values, text);
   const bool is32 = row.value == ZtValue::kNumber;
@@ -209,8 +208,12 @@ ZtPiece ZtTextHeld(const XMLElement& object, const ZtField& row, char* buffer) {
 bool ZtKeep(XMLElement& object, const ZtField& row, const ZtStated& value, const ZtArena* arena) {
   if (!value.stated) return true;
   switch (row.value) {
-    case ZtValue::kText:
-      return (object.*row.member.text).Set(value.text, arena);
+    case ZtValue::kText: {
+      ZtText& text = object.*row.member.text;
+      if (!arena || !arena->Holds(value.text.text)) return text.Set(value.text);
+      text.Refer(value.text);
+      break;
+    }
     case ZtValue::kNumber64:
       (object.*row.member.number64).Set(value.number);
       break;

@@ -14,7 +14,7 @@ inline const ZtElementType& ZtStandardOf(const ZtElementType& type) {
 // ---- Names --------------------------------------------------------------------------------------
 
 // Whether a row's child element occurs at most once.
-inline bool ZtIsSingle(const ZtField& row) {
+[[gnu::always_inline]] inline bool ZtIsSingle(const ZtField& row) {
   return row.place == ZtPlace::kTextElement || row.place == ZtPlace::kChild ||
          row.place == ZtPlace::kOtherChild;
 }
@@ -53,9 +53,9 @@ struct ZtMatch {
 };
 
 // `space` is that of the parent's children. An element in no namespace matches where `plain` says
-// that the document has none.
-ZtMatch ZtMatchChild(const ZtElementType& parent, ZtSpace space, ZtSpace actual, ZtPiece local,
-                     bool plain);
+// that the document has none. `due` is the row that it probably has, or the parent's end().
+ZtMatch ZtMatchChild(const ZtElementType& parent, const ZtField* due, ZtSpace space, ZtSpace actual,
+                     ZtPiece local, bool plain);
 // What the object `child`, kept by `row` of a parent, is when it is written; without a row when
 // it cannot be.
 ZtMatch ZtMatchObject(const ZtField& row, ZtSpace space, const XMLElement& child);
@@ -80,10 +80,18 @@ struct ZtStated {
 };
 bool operator==(const ZtStated& one, const ZtStated& other);
 
-// Without the white space at its ends.
-ZtPiece ZtTrimmed(ZtPiece text);
+// Without the white space at its ends, which most texts do not have.
+ZtPiece ZtTrimmedEnds(ZtPiece text);
+[[gnu::always_inline]] inline ZtPiece ZtTrimmed(ZtPiece text) {
+  const bool has = text.size && (*text.text <= ' ' || text.text[text.size - 1] <= ' ');
+  return has ? ZtTrimmedEnds(text) : text;
+}
 // What `text` means in `row`; nothing is stated when it is no value of the row's type.
-ZtStated ZtParse(const ZtField& row, ZtPiece text);
+ZtStated ZtParseScalar(const ZtField& row, ZtPiece text);
+[[gnu::always_inline]] inline ZtStated ZtParse(const ZtField& row, ZtPiece text) {
+  if (row.value != ZtValue::kText) return ZtParseScalar(row, text);
+  return ZtStated::Text(row.Is(kZtFreeText) ? text : ZtTrimmed(text));
+}
 // What `object` holds in `row`.
 ZtStated ZtHeld(const XMLElement& object, const ZtField& row);
 // Whether what it held was lost: there was no memory for it when it was set.

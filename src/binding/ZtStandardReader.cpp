@@ -51,8 +51,9 @@ bool ZtStandardReader::Start() {
   if (!m_pLeaf) {
     Frame& parent = Top();
     const ZtMatch match =
-        ZtMatchChild(*parent.type, parent.space, name.space, name.local, m_bPlain);
+        ZtMatchChild(*parent.type, parent.next, parent.space, name.space, name.local, m_bPlain);
     if (match.row) {
+      parent.next = match.row->Repeats() ? match.row : match.row + 1;
       // Of what occurs once the first stands.
       const std::uint64_t bit = ZtIsSingle(*match.row) ? ZtRowBit(*parent.type, *match.row) : 0;
       if (!(parent.taken & bit)) {
@@ -114,7 +115,8 @@ bool ZtStandardReader::StartChild(const ZtMatch& match) {
 // Opens an element whose object has its parent; `row` is the parent's, null for the root.
 bool ZtStandardReader::Open(XMLElement* object, const ZtElementType& type, ZtSpace space,
                             const ZtField* row) {
-  Frame frame = {object, &type, space, {}, 0, ZtSourceText::kNone, m_Counts.Size(), m_Path.Size()};
+  Frame frame = {object,          &type,        type.children(), space, {}, 0, ZtSourceText::kNone,
+                 m_Counts.Size(), m_Path.Size()};
   if (m_Options.source) {
     if (!NotePart(object, m_Xml.From(), m_Xml.To(), row)) return false;
     frame.part = m_Options.source->parts.Size() - 1;

@@ -55,6 +55,7 @@ class ZtStandardReader {
   struct Frame {
     XMLElement* object;
     const ZtElementType* type;
+    const ZtField* next;   // the row that its next child probably has
     ZtSpace space;         // of its children
     ZtTextRun run;         // its own text
     std::uint64_t taken;   // the rows of single children and texts that it has had
@@ -87,8 +88,8 @@ class ZtStandardReader {
   void LoseHere(eZtLoss kind, std::size_t at);
   void LoseAt(eZtLoss kind, const ZtTextPlace& place);
 
-  Frame& Top() { return m_Frames.Last(); }
-  ZtSource Source() const { return {m_Document.decoderSource, &m_Arena}; }
+  [[gnu::always_inline]] Frame& Top() { return m_Frames.Last(); }
+  [[gnu::always_inline]] ZtSource Source() const { return {m_Document.decoderSource, &m_Arena}; }
   ZtPiece Ended(ZtPiece text) const;
 
   const ZtDocument& m_Document;

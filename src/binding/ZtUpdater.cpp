@@ -152,12 +152,16 @@ bool ZtUpdater::Start() {
     ++m_iSkipped;
     return true;
   }
-  const Frame& parent = m_Frames.Last();
+  Frame& parent = m_Frames.Last();
   const ZtXmlName& name = m_Xml.Name();
   ZtMatch match;
-  if (parent.type)
-    match = ZtMatchChild(*parent.type, parent.space, name.space, name.local, m_bPlain);
-  if (match.row) return ZtIsSingle(*match.row) ? StartSingle(match) : StartEntry(match);
+  if (parent.type) {
+    match = ZtMatchChild(*parent.type, parent.next, parent.space, name.space, name.local, m_bPlain);
+  }
+  if (match.row) {
+    parent.next = match.row->Repeats() ? match.row : match.row + 1;
+    return ZtIsSingle(*match.row) ? StartSingle(match) : StartEntry(match);
+  }
   m_iSkipped = 1;
   m_bDrops = false;
   return true;
@@ -236,8 +240,9 @@ bool ZtUpdater::StartEntry(const ZtMatch& match) {
   m_iPart = index;
   if (m_Xml.Next() != ZtToken::kStart) return false;
   const ZtXmlName& name = m_Xml.Name();
-  return Enter(ZtMatchChild(*parent.type, parent.space, name.space, name.local, m_bPlain), object,
-               slot);
+  return Enter(
+      ZtMatchChild(*parent.type, parent.next, parent.space, name.space, name.local, m_bPlain),
+      object, slot);
 }
 
 // Goes into the element that was started: `slot` is the part in whose place it is written, kNone
@@ -248,6 +253,7 @@ bool ZtUpdater::Enter(const ZtMatch& match, XMLElement* object, std::uint32_t sl
   Frame& frame = *added;
   frame.object = object;
   frame.type = match.type;
+  if (match.type) frame.next = match.type->children();
   frame.row = match.row;
   frame.space = match.inside;
   frame.part = slot == kNone ? kNone : m_iPart++;

@@ -50,8 +50,9 @@ class ZtUpdater {
   struct Frame {
     XMLElement* object = nullptr;  // of a text element its parent's, or the text
     const ZtElementType* type = nullptr;
-    const ZtField* row = nullptr;  // of a text element
-    ZtSpace space = kZtNoSpace;    // of its children
+    const ZtField* row = nullptr;   // of a text element
+    const ZtField* next = nullptr;  // that its next child probably has
+    ZtSpace space = kZtNoSpace;     // of its children
     ZtTextRun run;
     std::uint32_t part = kNone;
     std::uint32_t slot = kNone;  // the part in whose place it is written

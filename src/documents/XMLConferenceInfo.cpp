@@ -13,8 +13,7 @@ constexpr ZtFamily kFamily = ZtPlainFamily(kSource).RefusesNullClasses().NamesSt
 // Intended: a text that only begins with a value of an enumeration is read as that value ("fully"
 // as "full"), so that peers which append to values are understood.
 
-constexpr ZtEnumSlot kStateSlots[] = {"full", "partial", "deleted"};
-constexpr ZtEnumTable kStates = {kStateSlots, 3, 3, ZT_STATE_ABSENT, true};
+constexpr ZtEnumByPrefix kStates = {"full", "partial", "deleted"};
 
 // By the schema an element that states nothing of the kind is a full one.
 template <class T>
@@ -22,15 +21,11 @@ constexpr ZtField StateRow(ZtNumber T::*state) {
   return ztrow::Attribute(XML_STR_STATE, state, kStates).Default(ZT_STATE_FULL);
 }
 
-// clang-format off
-constexpr ZtEnumSlot kEndpointSlots[] = {
-    "pending", "dialing-out", "dialing-in", "alerting", "on-hold", "connected", "muted-via-focus",
-    "disconnecting", "disconnected"};
-// clang-format on
-constexpr ZtEnumTable kEndpointStatuses = {kEndpointSlots, 9, 9, ZT_ENDPOINT_STATUS_ABSENT, true};
+constexpr ZtEnumByPrefix kEndpointStatuses = {"pending",         "dialing-out",   "dialing-in",
+                                              "alerting",        "on-hold",       "connected",
+                                              "muted-via-focus", "disconnecting", "disconnected"};
 
-constexpr ZtEnumSlot kJoiningSlots[] = {"dialed-in", "dialed-out", "focus-owner"};
-constexpr ZtEnumTable kJoiningMethods = {kJoiningSlots, 3, 3, ZT_JOINING_ABSENT, true};
+constexpr ZtEnumByPrefix kJoiningMethods = {"dialed-in", "dialed-out", "focus-owner"};
 
 // Intended: an unknown disconnection method is read as one more than absent, where other
 // enumerations read unknown values as absent; callers tell unknown from absent.
@@ -38,8 +33,7 @@ constexpr ZtEnumSlot kDisconnectionSlots[] = {"departed", "booted", "failed", "b
 constexpr ZtEnumTable kDisconnectionMethods = {kDisconnectionSlots, 4, 4, ZT_DISCONNECTION_UNKNOWN,
                                                true};
 
-constexpr ZtEnumSlot kMediaSlots[] = {"recvonly", "sendonly", "sendrecv", "inactive"};
-constexpr ZtEnumTable kMediaStatuses = {kMediaSlots, 4, 4, ZT_MEDIA_STATUS_ABSENT, true};
+constexpr ZtEnumByPrefix kMediaStatuses = {"recvonly", "sendonly", "sendrecv", "inactive"};
 
 // ---- What notifications tell (RFC 4575, sections 4.4 and 4.5) -----------------------------------
 

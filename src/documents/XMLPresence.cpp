@@ -8,8 +8,7 @@ namespace {
 constexpr char kSource[] = "src/XMLPresence";
 constexpr ZtFamily kFamily = ZtPresenceFamily(kSource);
 
-constexpr ZtEnumSlot kBasicSlots[] = {"open", "closed"};
-constexpr ZtEnumTable kBasic = {kBasicSlots, 2, 2, ZT_PRESENCE_BASIC_ABSENT, false};
+constexpr ZtEnumOf kBasic = {"open", "closed"};
 
 // Intended: the prefixes "op" and "caps" are always declared, and written instead of the prefixes
 // of the document that was read; peers compare the text.

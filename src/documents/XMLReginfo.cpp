@@ -21,8 +21,7 @@ constexpr ZtFamily kRootFamily =
 
 // Intended: a text that only begins with a state or an event is read as that value ("fully" as
 // "full"), so that peers which append to values are understood.
-constexpr ZtEnumSlot kReginfoStateSlots[] = {"full", "partial"};
-constexpr ZtEnumTable kReginfoStates = {kReginfoStateSlots, 2, 2, 2, true};
+constexpr ZtEnumByPrefix kReginfoStates = {"full", "partial"};
 
 // Intended: the lookups of a contact's state and event include one value too many, so that the
 // state "registered" is read as 2 and the event "init" as 9, neither of which can be written;

@@ -9,8 +9,7 @@ constexpr ZtFamily kFamily = ZtPlainFamily(kSource);
 
 // Intended: a text that only begins with a state of an instance is read as that state ("active;x"
 // as "active"), so that peers which append to states are understood.
-constexpr ZtEnumSlot kStateSlots[] = {"active", "pending", "terminated"};
-constexpr ZtEnumTable kStates = {kStateSlots, 3, 3, ZT_INSTANCE_STATE_ABSENT, true};
+constexpr ZtEnumByPrefix kStates = {"active", "pending", "terminated"};
 
 // What notifications tell (RFC 4662, section 5.6): rows of resources, each whole.
 constexpr ZtTelling kListTelling =

@@ -46,6 +46,8 @@ inline std::uint32_t ZtGetUtf8(const char*& at) {
 bool ZtBeginsName(std::uint32_t c);
 bool ZtContinuesName(std::uint32_t c);
 
-inline bool ZtIsBlank(char c) { return c == ' ' || c == '\n' || c == '\t' || c == '\r'; }
+[[gnu::always_inline]] inline bool ZtIsBlank(char c) {
+  return c == ' ' || c == '\n' || c == '\t' || c == '\r';
+}
 
 #endif  // ZTXML_SRC_TEXT_ZTCHARACTERS_H

@@ -152,9 +152,9 @@ namespace {
   char* local = name;
   char* const end = EndOfQualified(local);
   if (!end) return FailAt(ZtXmlFault::kBadName, local);
-  at = ZtSkipBlank(end);
+  at = *end == '=' ? end : ZtSkipBlank(end);
   if (*at != '=') return FailAt(ZtXmlFault::kNoEquals, at);
-  at = ZtSkipBlank(at + 1);
+  if (*++at != '"') at = ZtSkipBlank(at);
   const char quote = *at;
   if (quote != '"' && quote != '\'') return FailAt(ZtXmlFault::kNoQuote, at);
   char* const value = ++at;
@@ -172,7 +172,7 @@ namespace {
                          static_cast<unsigned>(end - local) * 8 +
                          static_cast<unsigned char>(end[-1]) * 4U;
   const std::uint64_t bit = std::uint64_t{1} << (mixed & 63);
-  m_bAlike = m_bAlike || (m_iSeen & bit);
+  m_iAlike |= m_iSeen & bit;
   m_iSeen |= bit;
   ZtPiece prefix(nullptr, 0);
   if (local != name) {
@@ -193,8 +193,8 @@ bool ZtXmlReader::StartTag(char* from) {
   const auto prefixSize = local == name ? 0 : static_cast<std::uint32_t>(local - name - 1);
   const std::uint32_t declarations = m_Scope.Declarations();
   m_Attributes.Cut(0);
-  m_bPrefixed = m_bAlike = m_bEmpty = false;
-  m_iSeen = 0;
+  m_bPrefixed = m_bEmpty = false;
+  m_iSeen = m_iAlike = 0;
   char* at = end;
   while (*at != '>') {
     char* const blank = at;
@@ -215,7 +215,7 @@ bool ZtXmlReader::StartTag(char* from) {
     m_Name.space = m_Scope.SpaceOf(m_Name.prefix);
     if (m_Name.space == kZtNone) return Fail(ZtXmlFault::kUnboundPrefix, name);
   }
-  if ((m_bPrefixed || m_bAlike) && !ResolveNames()) return false;
+  if ((m_bPrefixed || m_iAlike) && !ResolveNames()) return false;
   if (!m_Open.Add({Offset(from), static_cast<std::uint32_t>(end - name), prefixSize, m_Name.space,
                    declarations})) {
     return Fail(ZtXmlFault::kOutOfMemory, from);
@@ -275,7 +275,7 @@ bool ZtXmlReader::ResolveNames() {
       }
     }
   }
-  return !m_bAlike || AreDifferent();
+  return !m_iAlike || AreDifferent();
 }
 
 // Whether no attribute is there twice.

@@ -177,10 +177,10 @@ class ZtXmlReader {
   Place m_Place = Place::kBeforeRoot;
   bool m_bEmpty = false;
   bool m_bCData = false;
-  bool m_bPrefixed = false;   // whether an attribute has a prefix
-  bool m_bAlike = false;      // whether two attributes may be one
-  std::uint64_t m_iSeen = 0;  // of the attributes' names
+  bool m_bPrefixed = false;  // whether an attribute has a prefix
   bool m_bDocumentType = false;
+  std::uint64_t m_iSeen = 0;   // of the attributes' names
+  std::uint64_t m_iAlike = 0;  // likewise of those that more than one may have
   ZtXmlName m_Name{nullptr, nullptr, kZtNoSpace};
   ZtPiece m_Text = nullptr;
   ZtXmlError m_Error;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstring>
 #include <memory>
+#include <utility>
 
 #include "binding/ZtStandard.h"
 #include "ztxml/XMLFactory.h"
@@ -201,31 +202,41 @@ Node StandardRoot(const ZtDocument& document, const XMLElement& root) {
 
 namespace {
 
-// Adds the fields that the type's rows make.
-void AddRows(const ZtElementType& type, std::vector<Field>& fields) {
-  fields.reserve(fields.size() + type.fields.size());
-  for (const ZtField& row : type) {
-    const char* name = row.HasName() ? ZtName(row.name) : nullptr;
-    // What looks alike in a document is told alike.
-    const bool other = row.place == ZtPlace::kOtherChild;
-    fields.push_back({&row, name, other ? ZtPlace::kOtherChildren : row.place, row.value, 0, {}});
-  }
+// The field that a row makes, without items.
+Field FieldOf(const ZtField& row) {
+  const char* name = row.HasName() ? ZtName(row.name) : nullptr;
+  // What looks alike in a document is told alike.
+  const bool other = row.place == ZtPlace::kOtherChild;
+  return {&row, name, other ? ZtPlace::kOtherChildren : row.place, row.value, 0, {}};
+}
+
+// Puts a field without items at `used`, where one of another object may be, whose memory it takes.
+void UseNext(const Field& field, std::vector<Field>& fields, std::size_t& used) {
+  if (used == fields.size()) fields.emplace_back();
+  std::vector<Item> items = std::move(fields[used].items);
+  items.clear();
+  fields[used] = field;
+  fields[used++].items = std::move(items);
 }
 
 }  // namespace
 
 std::vector<Field> FieldsOf(const ZtElementType& type) {
   std::vector<Field> fields = HiddenField(type);
-  AddRows(type, fields);
+  for (const ZtField& row : type) fields.push_back(FieldOf(row));
   return fields;
 }
 
-std::vector<Field> FieldsOf(const Node& node) {
+void FillFields(const Node& node, std::vector<Field>& fields) {
   const XMLElement& object = *node.object;
   const ZtElementType& type = node.standard ? *node.standard : TypeOf(object);
-  std::vector<Field> fields;
-  if (!node.standard) fields = HiddenField(type);
-  AddRows(type, fields);
+  fields.reserve(type.fields.size() + 1);
+  std::size_t used = 0;
+  if (!node.standard) {
+    for (const Field& hidden : HiddenField(type)) UseNext(hidden, fields, used);
+  }
+  for (const ZtField& row : type) UseNext(FieldOf(row), fields, used);
+  fields.resize(used);
   for (Field& field : fields) {
     if (field.row) {
       FillRow(object, *field.row, node.standard, field);
@@ -233,6 +244,11 @@ std::vector<Field> FieldsOf(const Node& node) {
       FillHidden(object, type, field);
     }
   }
+}
+
+std::vector<Field> FieldsOf(const Node& node) {
+  std::vector<Field> fields;
+  FillFields(node, fields);
   return fields;
 }
 

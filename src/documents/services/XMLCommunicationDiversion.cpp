@@ -8,8 +8,7 @@ constexpr ZtFamily kFamily = ZtQuietFamily(kSource);
 
 // Intended: a "reveal" text that only begins with a value is read as that value ("true-ish" as
 // "true"), because servers append to values.
-constexpr ZtEnumSlot kRevealSlots[] = {"false", "not-reveal-GRUU", "true"};
-constexpr ZtEnumTable kReveal = {kRevealSlots, 3, 3, ZT_REVEAL_UNSET, true};
+constexpr ZtEnumByPrefix kReveal = {"false", "not-reveal-GRUU", "true"};
 
 constexpr ZtRange kSeconds = {zt_NoReplyTimer::kLeast, zt_NoReplyTimer::kMost};
 
