@@ -289,16 +289,22 @@ def many():
             len(got) == count and set(got) == wanted and seconds < 20)
 
 
-with tempfile.TemporaryDirectory() as folder:
-    os.chdir(folder)
-    links_and_files()
-    fragments()
-    streams()
-    http()
-    encrypted()
-    if not many():
-        failures += 1
-        print("FAILED: many messages", file=sys.stderr)
-    os.chdir("/")
-print("packets: all passed" if not failures else f"packets: {failures} failed")
-sys.exit(failures > 0)
+def main():
+    global failures
+    with tempfile.TemporaryDirectory() as folder:
+        os.chdir(folder)
+        links_and_files()
+        fragments()
+        streams()
+        http()
+        encrypted()
+        if not many():
+            failures += 1
+            print("FAILED: many messages", file=sys.stderr)
+        os.chdir("/")
+    print("packets: all passed" if not failures else f"packets: {failures} failed")
+    sys.exit(failures > 0)
+
+
+if __name__ == "__main__":
+    main()

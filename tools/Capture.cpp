@@ -109,6 +109,7 @@ class Reader {
       ReadLog();
     }
     if (!m_iLines) return;
+    m_Message = {};
     Note("skipped", "lines that belong to no message: " + std::to_string(m_iLines), m_FirstLine);
   }
 
@@ -119,6 +120,7 @@ class Reader {
     item.name = m_Capture.name;
     item.kind = kind;
     item.fault = {what, why, at};
+    item.message = m_Message;
     m_Items.push_back(item);
   }
   void Note(const char* what, const std::string& why, Position at) {
@@ -136,6 +138,7 @@ class Reader {
     body.text = text;
     body.contentType = type;
     body.start = m_Places.At(text.data());
+    body.message = m_Message;
     m_Items.push_back(std::move(body));
   }
   // A place in what was decoded is none in the file: there it is the message that counts.
@@ -168,6 +171,7 @@ class Reader {
       m_Rest = {};
       return;
     }
+    m_Message = {};
     AddBody(document, type);
     m_Rest.remove_prefix(size);
   }
@@ -212,7 +216,8 @@ class Reader {
     m_bFound = false;
     m_Skipped.clear();
     std::string_view text = m_Rest;
-    if (hasStartLine) NextLine(text);
+    m_Message = {++m_iMessages, "", ""};
+    if (hasStartLine) m_Message.startLine = Trim(NextLine(text)).substr(0, Envelope::kMost);
     const std::string_view start = text;
     // A start line ends the headers, too.
     std::string_view head = UpToNext(text);
@@ -223,6 +228,7 @@ class Reader {
       Continue(head);
       return;
     }
+    m_Message.callId = headers.callId.substr(0, Envelope::kMost);
     std::string_view body = m_Text.substr(static_cast<std::size_t>(head.data() - m_Text.data()));
     bool isBounded = false;
     if (!CutToLength(start, headers, body, isBounded)) {
@@ -252,6 +258,7 @@ class Reader {
       isFirst = false;
       const std::string name = HeaderName(line);
       if (name.empty()) return Fail(line, "not a header: " + QuoteShort(line));
+      if (name == "call-id") headers.callId = Trim(line.substr(line.find(':') + 1));
       value = headers.Find(name);
       if (!value) continue;
       if (!value->empty()) {
@@ -470,7 +477,9 @@ class Reader {
   std::size_t m_iNext = kUnknown;  // the last start line that was looked for
   std::size_t m_iLines = 0;        // that were passed over
   Position m_FirstLine;            // of these
+  std::size_t m_iMessages = 0;
   // Of the current message:
+  Envelope m_Message;
   Position m_MessageAt;
   bool m_bFound = false;  // whether it gave a document, or a failure
   std::string m_Skipped;  // a content type that was passed over

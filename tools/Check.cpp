@@ -88,7 +88,9 @@ class Checker {
       result.schema = tree.schema->name;
       if (m_Checks.losses) NoteLosses(document, losses, result);
       if (m_Checks.strict) FindFaults(document, tree, losses, result);
-      if (!m_Reading.isStandard) JudgeText(document, *tree.schema, result);
+      if (!m_Reading.isStandard) {
+        JudgeText(document, *tree.schema, result.faults, result.remark);
+      }
     } else {
       Refuse(failure, result);
     }
@@ -142,23 +144,6 @@ class Checker {
       return one.at < other.at;
     };
     std::stable_sort(faults.begin(), faults.end(), isBefore);
-  }
-  // What XML forbids and the exact profile reads.
-  static void JudgeText(const Document& document, const XMLSchemaInfo& schema,
-                        CheckResult& result) {
-    if (IsSurelySound(document)) return;
-    const Scope scope = ScopeAround(schema);
-    const Verdict verdict = Judge(document, scope);
-    Failure failure;
-    if (FindFault(document, verdict, failure)) {
-      result.faults.push_back(failure);
-      return;
-    }
-    if (!verdict.oddRoot.empty()) result.remark = OddRoot(verdict.oddRoot);
-    const Fault unbound = scope.empty() ? Fault() : Judge(document).unbound;
-    if (!unbound) return;
-    if (!result.remark.empty()) result.remark += "; ";
-    result.remark += unbound.what + ": that is for the document around the service";
   }
   static void Refuse(const Failure& failure, CheckResult& result) {
     result.isRefused = true;

@@ -31,17 +31,6 @@ bool HasColours(int descriptor) {
   return IsTerminal(descriptor) && !(refused && *refused) && !isDumb;
 }
 
-// The text in UTF-8; what is in no known encoding as it stands.
-std::string DecodedTextOf(const Document& document) {
-  const ZtPiece input(document.text.data(), document.text.size());
-  ZtTextForm form;
-  std::size_t at = 0;
-  const bool isKnown = ZtFindForm(input, form, at) == ZtEncodingFault::kNone;
-  if (!isKnown || form.encoding == ZtEncoding::kUtf8) return document.text;
-  std::string text(ZtDecodedSize(input, form), '\0');
-  return ZtDecode(input, form, text.data(), at) == ZtEncodingFault::kNone ? text : document.text;
-}
-
 // The bytes of the character at the beginning of a text that is not empty.
 std::size_t StepOf(std::string_view text) {
   const std::size_t size = CharacterSize(text);
@@ -103,12 +92,27 @@ std::string Coloured(const std::string& text, Colour colour, const std::ostream&
   return std::string("\x1b[") + code + 'm' + text + "\x1b[0m";
 }
 
+std::string DecodedTextOf(const Document& document) {
+  const ZtPiece input(document.text.data(), document.text.size());
+  ZtTextForm form;
+  std::size_t at = 0;
+  const bool isKnown = ZtFindForm(input, form, at) == ZtEncodingFault::kNone;
+  if (!isKnown || form.encoding == ZtEncoding::kUtf8) return document.text;
+  std::string text(ZtDecodedSize(input, form), '\0');
+  return ZtDecode(input, form, text.data(), at) == ZtEncodingFault::kNone ? text : document.text;
+}
+
 std::string Excerpt(const Document& document, Position at, const std::ostream& to) {
   if (!s_Style.context && !IsTerminal(to)) return "";
+  return Excerpt(document, at, s_Style.context.value_or(0), Coloured("^", Colour::kGreen, to));
+}
+
+std::string Excerpt(const Document& document, Position at, std::size_t lines,
+                    const std::string& caret) {
   if (at.line < document.start.line) return "";
   const std::string text = DecodedTextOf(document);
   std::string_view rest = text;
-  const std::size_t before = std::min(s_Style.context.value_or(0), at.line - document.start.line);
+  const std::size_t before = std::min(lines, at.line - document.start.line);
   std::string excerpt;
   for (std::size_t line = document.start.line; line <= at.line; ++line) {
     const std::size_t size = std::min(rest.find('\n'), rest.size());
@@ -121,7 +125,7 @@ std::string Excerpt(const Document& document, Position at, const std::ostream& t
       excerpt += "  " + window.text + '\n';
       if (isPlace) {
         const std::size_t width = WidthOf(std::string_view(window.text).substr(0, window.caret));
-        excerpt += std::string(2 + width, ' ') + Coloured("^", Colour::kGreen, to) + '\n';
+        excerpt += std::string(2 + width, ' ') + caret + '\n';
       }
     }
     if (size == rest.size() && line < at.line) return excerpt;

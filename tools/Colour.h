@@ -27,6 +27,12 @@ std::string Coloured(const std::string& text, Colour colour, const std::ostream&
 /// a terminal, or where context was asked for; else "".
 std::string Excerpt(const Document& document, Position at, const std::ostream& to);
 
+/// Likewise, wherever it goes, with so many lines before it.
+std::string Excerpt(const Document& document, Position at, std::size_t lines,
+                    const std::string& caret);
+/// The text in UTF-8; what is in no known encoding as it stands.
+std::string DecodedTextOf(const Document& document);
+
 /// Reports why a document was refused, with its line. Returns the status.
 int Refuse(const Document& document, const Failure& failure, ExitStatus status = kCannotRead);
 

@@ -68,6 +68,11 @@ struct Merging {
 /// when one cannot be read or others are missing, kUsage for documents that do not come in parts.
 int Merge(const std::vector<std::string>& paths, const Reading& reading, Merging prints);
 
+/// Writes a page in HTML about the messages and documents of the files to the file `page`, "-" for
+/// standard output. kCannotRead when a file cannot be read, which the page tells, too.
+int WriteReport(const std::vector<std::string>& paths, const Reading& reading,
+                const std::string& page);
+
 /// Prints the documents of the file `path`, or with `nth` not 0 that one, byte for byte.
 int PrintBody(const std::string& path, std::size_t nth);
 /// Prints the document, which the standard profile reads, indented.

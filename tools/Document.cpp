@@ -74,7 +74,7 @@ void TakeOutSkipped(std::vector<Document>& documents, std::size_t first, Skippin
 }
 
 // Adds all that a file has. False with the failure.
-bool ReadAllDocuments(const std::string& path, bool allBytes, bool keepsSkipped,
+bool ReadAllDocuments(const std::string& path, bool allBytes, Skipping skipping,
                       std::vector<Document>& documents, Failure& failure) {
   Document file;
   file.name = NameOfInput(path);
@@ -87,7 +87,7 @@ bool ReadAllDocuments(const std::string& path, bool allBytes, bool keepsSkipped,
     return false;
   }
   const std::size_t first = documents.size();
-  const bool isRead = isPackets ? ReadPacketFile(file, keepsSkipped, documents, failure)
+  const bool isRead = isPackets ? ReadPacketFile(file, skipping, documents, failure)
                                 : ReadCapture(file, documents, failure);
   if (!allBytes)
     std::for_each(documents.begin() + static_cast<std::ptrdiff_t>(first), documents.end(), Cut);
@@ -127,20 +127,20 @@ bool ReadDocuments(const std::string& path, bool allBytes, std::vector<Document>
                    Failure& failure, Skipping skipping) {
   const std::size_t first = documents.size();
   const FileChoice choice = FileChoiceOf(path);
+  const bool keepsOthers = skipping == Skipping::kListed || skipping == Skipping::kShown;
   if (choice.IsOfAll()) {
-    const bool keepsSkipped = skipping == Skipping::kRefused;
-    const bool isRead = ReadAllDocuments(path, allBytes, keepsSkipped, documents, failure);
-    if (skipping != Skipping::kListed) TakeOutSkipped(documents, first, skipping);
+    const bool isRead = ReadAllDocuments(path, allBytes, skipping, documents, failure);
+    if (!keepsOthers) TakeOutSkipped(documents, first, skipping);
     return isRead;
   }
   std::vector<Document> all;
-  const bool isRead = ReadAllDocuments(choice.path, allBytes, true, all, failure);
+  const bool isRead = ReadAllDocuments(choice.path, allBytes, Skipping::kRefused, all, failure);
   // What is wrong elsewhere in the file does not matter to what was asked for.
   if (!TakeChosen(choice, skipping == Skipping::kTold, all, documents)) {
     if (isRead || !all.empty()) failure = WhyNotChosen(choice, all);
     return false;
   }
-  if (skipping != Skipping::kListed) TakeOutSkipped(documents, first, skipping);
+  if (!keepsOthers) TakeOutSkipped(documents, first, skipping);
   return true;
 }
 

@@ -46,6 +46,7 @@ struct Document {
   Kind kind = Kind::kText;
   Failure fault = {};  ///< what is to be told, of all but a text
   Origin origin = {};  ///< of a message in a capture of packets
+  Envelope message = {};
 
   bool IsDocument() const { return kind == Kind::kText || kind == Kind::kRefused; }
   /// The place of the byte `offset`.
@@ -75,6 +76,7 @@ std::string NameOfInput(const std::string& path);
 enum class Skipping {
   kTold,    ///< standard error tells of each
   kListed,  ///< each is among the documents, with what else is to be told
+  kShown,   ///< likewise, also those in captures of packets and what is told of these
   kRefused  ///< each counts as a document that cannot be read
 };
 

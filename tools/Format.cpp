@@ -1,4 +1,6 @@
 // ztxml format: a document with its elements on lines of their own.
+#include "Format.h"
+
 #include <algorithm>
 #include <cstddef>
 #include <string>
@@ -192,16 +194,9 @@ std::string Encode(const std::string& text, const ZtTextForm& form) {
 
 }  // namespace
 
-int Format(const Document& document, const Reading& reading) {
-  Reading keeping = reading;
-  keeping.keepsSource = true;
-  Tree tree;
-  Failure failure;
-  if (!ReadTree(document, keeping, tree, failure)) return Refuse(document, failure);
+bool Indent(const Tree& tree, std::string& indented, ZtTextForm* form) {
   const ZtSourceText* source = ZtOwnership::SourceOf(*tree.root);
-  if (!source) {
-    return Refuse(document.name, {NameOf(ztxml::Code::kNoMemory), "memory is lacking"}, kInternal);
-  }
+  if (!source) return false;
   const std::string_view text(source->Text().text, source->Text().size);
   const TextElements texts(*source);
   Tokens tokens(text);
@@ -210,6 +205,22 @@ int Format(const Document& document, const Reading& reading) {
     token.keepsContent = !token.hasElements || token.hasText || PreservesSpace(token.text) ||
                          texts.Has(token, tokens.All()[token.parent]);
   }
-  PrintText(Encode(Indenter(text).Indent(tokens.All()), source->form));
+  indented = Indenter(text).Indent(tokens.All());
+  if (form) *form = source->form;
+  return true;
+}
+
+int Format(const Document& document, const Reading& reading) {
+  Reading keeping = reading;
+  keeping.keepsSource = true;
+  Tree tree;
+  Failure failure;
+  if (!ReadTree(document, keeping, tree, failure)) return Refuse(document, failure);
+  std::string indented;
+  ZtTextForm form;
+  if (!Indent(tree, indented, &form)) {
+    return Refuse(document.name, {NameOf(ztxml::Code::kNoMemory), "memory is lacking"}, kInternal);
+  }
+  PrintText(Encode(indented, form));
   return kDone;
 }

@@ -111,6 +111,7 @@ std::string HeaderName(std::string_view line) {
   if (lower == "c") return "content-type";
   if (lower == "l") return "content-length";
   if (lower == "e") return "content-encoding";
+  if (lower == "i") return "call-id";
   return lower;
 }
 

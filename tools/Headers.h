@@ -22,6 +22,7 @@ struct Headers {
   std::string transfer;  ///< its transfer encoding in MIME
   std::string encoding;  ///< a list
   std::string chunks;    ///< its transfer encoding in HTTP, a list
+  std::string callId;    ///< of a message; Find does not know it, because it says nothing of a body
 
   /// The member for the header that is called `name`, or null.
   std::string* Find(std::string_view name);

@@ -37,6 +37,23 @@ Examples:
   ztxml new presence
   ztxml new temp-gruu)";
 
+inline constexpr char kReportFooter[] =
+    R"(Writes a page for a browser: a summary, and every message in the order of time, or of the files
+where nothing tells the time, with its documents. Of each it has the schema, the main values, why it is
+refused or faulty, what is lost, as "check --lost" has it, and its text. The page needs nothing from
+elsewhere; nothing that is in a document becomes a part of it but as text.
+
+What a notification of a registration, a conference or a resource list changed is told as by "merge",
+for each subscription, which its Call-ID tells apart. Presence, and what is put at a URL, is compared
+with the document before it.
+
+Exit status: 0 written, whatever the documents are; 1 a file cannot be read, which the page tells, too;
+2 the page would take the place of a file that it is of; 4 the page cannot be written.
+
+Examples:
+  ztxml report --html call.html call.pcap
+  ztxml report --html - -r captures > captures.html)";
+
 inline constexpr char kHelpFooter[] = R"(Examples:
   ztxml help
   ztxml help check)";

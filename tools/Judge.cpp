@@ -403,3 +403,20 @@ bool FindFault(const Document& document, const Verdict& verdict, Failure& failur
 std::string OddRoot(const std::string& name) {
   return "XML does not allow the name " + QuoteShort(name) + ", which the schema gives its root";
 }
+
+void JudgeText(const Document& document, const XMLSchemaInfo& schema, std::vector<Failure>& faults,
+               std::string& remark) {
+  if (IsSurelySound(document)) return;
+  const Scope scope = ScopeAround(schema);
+  const Verdict verdict = Judge(document, scope);
+  Failure failure;
+  if (FindFault(document, verdict, failure)) {
+    faults.push_back(failure);
+    return;
+  }
+  if (!verdict.oddRoot.empty()) remark = OddRoot(verdict.oddRoot);
+  const Fault unbound = scope.empty() ? Fault() : Judge(document).unbound;
+  if (!unbound) return;
+  if (!remark.empty()) remark += "; ";
+  remark += unbound.what + ": that is for the document around the service";
+}

@@ -48,6 +48,11 @@ Scope ScopeAround(const XMLSchemaInfo& schema);
 /// nothing.
 bool FindFault(const Document& document, const Verdict& verdict, Failure& failure);
 
+/// Adds what XML forbids in a document that the exact profile reads as one of `schema`; of a sound
+/// one `remark` tells what is odd, "" for nothing.
+void JudgeText(const Document& document, const XMLSchemaInfo& schema, std::vector<Failure>& faults,
+               std::string& remark);
+
 /// What to say of `Verdict::oddRoot`.
 std::string OddRoot(const std::string& name);
 

@@ -1,4 +1,6 @@
 // ztxml merge: the state that results from notifications.
+#include "Merge.h"
+
 #include <algorithm>
 #include <climits>
 #include <optional>
@@ -16,32 +18,6 @@
 #include "ztxml/state.h"
 
 namespace {
-
-// The record of a schema whose documents come in parts; null for others.
-const ZtDocument* TableOf(const XMLSchemaInfo& schema) {
-  switch (schema.id) {
-    case XML_SCHEMA_REGINFO:
-      return &ztxml::RootOf<zt_reginfo>::Table();
-    case XML_SCHEMA_CONFERENCE_INFO:
-      return &ztxml::RootOf<zt_conference_type>::Table();
-    case XML_SCHEMA_LIST:
-      return &ztxml::RootOf<zt_list>::Table();
-    default:
-      return nullptr;
-  }
-}
-
-const char* NameOf(ztxml::Change::Kind kind) {
-  switch (kind) {
-    case ztxml::Change::Kind::kAdded:
-      return "added";
-    case ztxml::Change::Kind::kChanged:
-      return "changed";
-    case ztxml::Change::Kind::kRemoved:
-      return "removed";
-  }
-  return "";
-}
 
 class Merger {
  public:
@@ -98,7 +74,7 @@ class Merger {
     const XMLSchemaInfo* merged = m_Reading.schema;
     for (const Document& document : documents) {
       const XMLSchemaInfo* const schema = FindSchemaOfType(document.contentType, "");
-      if (!merged && schema && TableOf(*schema)) merged = schema;
+      if (!merged && schema && TableOfParts(*schema)) merged = schema;
     }
     const auto isOther = [&](const Document& document) {
       if (document.kind == Document::Kind::kRefused || document.contentType.empty()) return false;
@@ -121,7 +97,7 @@ class Merger {
       return Refuse(document, failure);
     }
     if (!m_State) {
-      m_pTable = TableOf(*tree.schema);
+      m_pTable = TableOfParts(*tree.schema);
       if (!m_pTable) {
         Complain(document.name, std::string("documents of the schema ") + tree.schema->name +
                                     " cannot be merged, only those of Reginfo, ConferenceInfo and "
@@ -142,14 +118,11 @@ class Merger {
   }
 
   void Tell(const Document& document, const ztxml::Merged& merged) const {
-    std::string what = merged.isApplied ? "applied" : "";
-    if (merged.outcome != ztxml::Merged::Outcome::kApplied) {
-      const bool isIgnored = merged.outcome == ztxml::Merged::Outcome::kIgnored;
-      if (!what.empty()) what += "; ";
-      what += std::string(isIgnored ? "ignored: " : "refresh: ") + ztxml::NameOf(merged.reason);
-      if (!m_Prints.events) Complain(document.name, what);
+    const std::string what = DescribeOutcome(merged);
+    if (!m_Prints.events) {
+      if (merged.outcome != ztxml::Merged::Outcome::kApplied) Complain(document.name, what);
+      return;
     }
-    if (!m_Prints.events) return;
     if (m_Prints.json) return TellJson(document, merged);
     Out() << Escape(document.name) << ": " << what << '\n';
     for (unsigned i = 0; i < m_State->ChangeCount(); ++i) {
@@ -183,6 +156,39 @@ class Merger {
 };
 
 }  // namespace
+
+const ZtDocument* TableOfParts(const XMLSchemaInfo& schema) {
+  switch (schema.id) {
+    case XML_SCHEMA_REGINFO:
+      return &ztxml::RootOf<zt_reginfo>::Table();
+    case XML_SCHEMA_CONFERENCE_INFO:
+      return &ztxml::RootOf<zt_conference_type>::Table();
+    case XML_SCHEMA_LIST:
+      return &ztxml::RootOf<zt_list>::Table();
+    default:
+      return nullptr;
+  }
+}
+
+const char* NameOf(ztxml::Change::Kind kind) {
+  switch (kind) {
+    case ztxml::Change::Kind::kAdded:
+      return "added";
+    case ztxml::Change::Kind::kChanged:
+      return "changed";
+    case ztxml::Change::Kind::kRemoved:
+      return "removed";
+  }
+  return "";
+}
+
+std::string DescribeOutcome(const ztxml::Merged& merged) {
+  std::string what = merged.isApplied ? "applied" : "";
+  if (merged.outcome == ztxml::Merged::Outcome::kApplied) return what;
+  const bool isIgnored = merged.outcome == ztxml::Merged::Outcome::kIgnored;
+  if (!what.empty()) what += "; ";
+  return what + (isIgnored ? "ignored: " : "refresh: ") + ztxml::NameOf(merged.reason);
+}
 
 int Merge(const std::vector<std::string>& paths, const Reading& reading, Merging prints) {
   Merger merger(reading, prints);

@@ -1,8 +1,10 @@
 #include "PacketFile.h"
 
+#include <string_view>
 #include <utility>
 
 #include "Capture.h"
+#include "Headers.h"
 #include "Packets.h"
 #include "Text.h"
 
@@ -12,10 +14,16 @@ std::string Count(std::size_t count, const char* one, const char* several) {
   return std::to_string(count) + ' ' + (count == 1 ? one : several);
 }
 
-// Tells what of the traffic is not read, and why.
-void TellUnread(const std::string& name, const Traffic& traffic) {
-  const auto tell = [&name](std::size_t count, const char* one, const char* several) {
-    if (count) Complain(name, Count(count, one, several));
+// Tells what of the traffic is not read, and why; on standard error unless `notes` take it.
+void TellUnread(const std::string& name, const Traffic& traffic, std::vector<Document>* notes) {
+  const auto tell = [&](std::size_t count, const char* one, const char* several) {
+    if (count && !notes) Complain(name, Count(count, one, several));
+    if (!count || !notes) return;
+    Document note;
+    note.name = name;
+    note.kind = Document::Kind::kNoted;
+    note.fault = {"capture", Count(count, one, several)};
+    notes->push_back(note);
   };
   tell(traffic.encryptedConnections, "connection is encrypted (TLS)",
        "connections are encrypted (TLS)");
@@ -34,12 +42,14 @@ void TellUnread(const std::string& name, const Traffic& traffic) {
 }
 
 // Adds what is found in one message. False when it has no document.
-bool ReadMessage(const PacketMessage& message, const std::string& name, bool keepsSkipped,
-                 std::vector<Document>& documents) {
+bool ReadMessage(const PacketMessage& message, const std::string& file, std::size_t number,
+                 bool keepsSkipped, std::vector<Document>& documents) {
   const std::size_t before = documents.size();
+  std::string_view text = message.text;
   Document capture;
-  capture.name = name;
+  capture.name = file + '#' + std::to_string(number);
   capture.text = message.text;
+  capture.message.startLine = NextLine(text).substr(0, Envelope::kMost);
   Failure failure;
   if (message.hasNoBody || !ReadCapture(capture, documents, failure)) {
     capture.text.clear();
@@ -50,6 +60,7 @@ bool ReadMessage(const PacketMessage& message, const std::string& name, bool kee
   bool hasDocument = false;
   for (std::size_t i = before; i < documents.size(); ++i) {
     documents[i].origin = message.origin;
+    documents[i].message.number = number;
     hasDocument = hasDocument || documents[i].IsDocument();
   }
   if (!hasDocument && !keepsSkipped) {
@@ -60,18 +71,18 @@ bool ReadMessage(const PacketMessage& message, const std::string& name, bool kee
 
 }  // namespace
 
-bool ReadPacketFile(const Document& file, bool keepsSkipped, std::vector<Document>& documents,
+bool ReadPacketFile(const Document& file, Skipping skipping, std::vector<Document>& documents,
                     Failure& failure) {
+  const bool keepsSkipped = skipping == Skipping::kRefused || skipping == Skipping::kShown;
   Traffic traffic;
   std::string why;
   const bool isWhole = ReadTraffic(file.text, traffic, why);
-  TellUnread(file.name, traffic);
+  TellUnread(file.name, traffic, skipping == Skipping::kShown ? &documents : nullptr);
   const std::size_t before = documents.size();
   std::size_t without = 0;
   std::size_t number = 0;
   for (const PacketMessage& message : traffic.messages) {
-    const std::string name = file.name + '#' + std::to_string(++number);
-    without += !ReadMessage(message, name, keepsSkipped, documents);
+    without += !ReadMessage(message, file.name, ++number, keepsSkipped, documents);
   }
   const std::string messages = Count(number, "message", "messages");
   if (!isWhole) {

@@ -8,10 +8,11 @@
 
 /// Adds what ReadCapture finds in the messages that the packets of `file` carry, each named after
 /// the file and the number of its message in the order of time. What of the packets cannot be read
-/// is told on standard error, and how many messages have no document; with `keepsSkipped` these are
-/// added, too. False with the failure when the file cannot be read to its end or there is nothing
-/// to add; what was added is kept.
-bool ReadPacketFile(const Document& file, bool keepsSkipped, std::vector<Document>& documents,
+/// is told on standard error, and how many messages have no document. These are added, too, if they
+/// are to be refused or shown, and in the latter case what is told otherwise. False with the
+/// failure when the file cannot be read to its end or there is nothing to add; what was added is
+/// kept.
+bool ReadPacketFile(const Document& file, Skipping skipping, std::vector<Document>& documents,
                     Failure& failure);
 
 #endif  // ZTXML_TOOLS_PACKETFILE_H

@@ -58,6 +58,7 @@ Examples:
   ztxml edit --set /simservs/communication-waiting/@active=false simservs.xml
   ztxml merge full.xml partial.xml
   ztxml body capture.txt --nth 2 | ztxml format -
+  ztxml report --html call.html call.pcap
   ztxml new reginfo > notify.xml
   ztxml help COMMAND
 
@@ -427,6 +428,13 @@ class CommandLine {
         ->option_text(" ")
         ->required()
         ->check(CheckSchemaOrRoot);
+    m_pReport = AddCommand("report", "Write a page about captures and documents", kReportFooter);
+    AddFiles(m_pReport);
+    AddSchema(m_pReport);
+    AddStandard(m_pReport);
+    m_pReport->add_option("--html", m_Page, "The page to be written; - is standard output")
+        ->option_text("FILE")
+        ->required();
     m_pHelp = AddCommand("help", "Print what a command does", kHelpFooter);
     m_pHelp->add_option("COMMAND", m_HelpFor, "The command; without one, what they all are")
         ->option_text(" ");
@@ -493,6 +501,9 @@ class CommandLine {
     if (m_pGet->parsed()) return ForOne([&] { return Get(m_File, m_Path, reading); });
     if (m_pMerge->parsed()) {
       return ForOne([&] { return Merge(paths, reading, {m_bEvents, m_bJson}); });
+    }
+    if (m_pReport->parsed()) {
+      return ForOne([&] { return WriteReport(paths, reading, m_Page); });
     }
     if (m_pEdit->parsed())
       return ForOne([&] { return Edit(m_File, Changes(), reading, m_bInPlace); });
@@ -568,6 +579,7 @@ class CommandLine {
   CLI::App* m_pBody = nullptr;
   CLI::App* m_pFormat = nullptr;
   CLI::App* m_pNew = nullptr;
+  CLI::App* m_pReport = nullptr;
   CLI::App* m_pHelp = nullptr;
   int m_LogLevel = 0;
   int m_Jobs = 0;  // as many as there are processors
@@ -589,6 +601,7 @@ class CommandLine {
   std::string m_NewPath;
   std::string m_Schema;
   int m_Nth = 0;
+  std::string m_Page;
   std::string m_HelpFor;
   std::string m_Color = "auto";
   int m_Context = -1;  // none given
