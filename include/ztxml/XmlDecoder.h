@@ -109,26 +109,26 @@ class ZT_API XmlDecoder : public ZtNonCopyable {
   struct OpenElements;
   class Callbacks;
 
-  ZT_LOCAL int DecodeAttributes(char* n_strAttrList);
-  ZT_LOCAL int ReportAttributes(ScannedTag& tag, char* rest, bool started);
+  ZT_COLD int DecodeAttributes(char* n_strAttrList);
+  ZT_COLD int ReportAttributes(ScannedTag& tag, char* rest, bool started);
   ZT_LOCAL int AppendText(const char* text, int count);
   ZT_LOCAL int Continue();
-  ZT_LOCAL int OutOfTags(char* position);
-  ZT_LOCAL int EndTag(char* text, char* tag, const char* close);
+  ZT_COLD int OutOfTags(char* position);
+  ZT_COLD int EndTag(char* text, char* tag, const char* close);
   inline char* PlainEnd(char* tag, const char* end) const;
   inline bool ReportTag(ScannedTag& tag);
-  ZT_LOCAL int AnyTag(char* text, char* tag, char* close, bool& counts);
+  ZT_COLD int AnyTag(char* text, char* tag, char* close, bool& counts);
   inline bool Opened(const char* element, std::size_t size);
   ZT_LOCAL void EndEmpty(char* element, std::size_t size, ZtPiece text);
   inline void ReportEnd(char* text, char* tag);
   ZT_LOCAL void DropPending();
-  ZT_LOCAL OpenElement* Reserve(std::size_t size);
+  ZT_COLD OpenElement* Reserve(std::size_t size);
   inline bool Push(const char* name, std::size_t size, const char* end);
   inline void Link(OpenElement* node);
   inline OpenElement* Unlink();
   inline void Pop();
-  ZT_LOCAL int ParseError();
-  ZT_LOCAL void ForgetConsumed(const char* text, const char* tag, const char* close);
+  ZT_COLD int ParseError();
+  ZT_COLD void ForgetConsumed(const char* text, const char* tag, const char* close);
 
   eXmlDecodeState m_DecodeState;
   BuddyLinkList* m_pElementStack = nullptr;  // sentinel

@@ -6,13 +6,16 @@
 #include <new>
 
 // Marks what the shared library exports. A class with inline functions only marks just its table.
-// ZT_LOCAL marks what of an exported class nothing but the library itself calls.
+// ZT_LOCAL marks what of an exported class nothing but the library itself calls, ZT_COLD what of
+// this runs seldom: it is small rather than fast.
 #if defined(__GNUC__)
 #define ZT_API __attribute__((visibility("default")))
 #define ZT_LOCAL __attribute__((visibility("hidden")))
+#define ZT_COLD __attribute__((visibility("hidden"), cold))
 #else
 #define ZT_API
 #define ZT_LOCAL
+#define ZT_COLD
 #endif
 
 // Marks the destructors of what stands between a schema type or a worker and the first of its

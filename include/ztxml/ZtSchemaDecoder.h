@@ -51,7 +51,7 @@ class ZT_API ZtSchemaDecoder : public XmlDecoderSchema, public ZtSink {
   /// Handles a known extension element (`name` without prefix): its start makes, opens and returns
   /// a new object, which is the caller's until a parent adopts it; its end closes it. Null for
   /// ends and other names.
-  XMLElement* ProcessAnyElement(char* name, char* value);
+  [[gnu::cold]] XMLElement* ProcessAnyElement(char* name, char* value);
 
   /// Sets PassName() to `name` without its first prefix ("/ns:a" becomes "/a"). Returns 1, or 0
   /// without memory: PassName() is null then.
@@ -117,40 +117,42 @@ class ZT_API ZtSchemaDecoder : public XmlDecoderSchema, public ZtSink {
     Kind kind;
   };
 
+  // Tag and Start; not inlined, or callers through a ZtSink would have copies of their own.
+  [[gnu::noinline]] ZT_LOCAL void WholeTag(ScannedTag& tag);
   inline bool EndOpened(ZtPiece slashName, ZtPiece text);
 
   ZT_LOCAL ZtSource SourceOf(const ZtElementType& type);
   ZT_LOCAL void Attribute(const ZtElementType& type, ZtPiece name, ZtPiece value);
   inline void KeepAttribute(const ZtElementType& type, const ZtField* field, ZtPiece name,
                             ZtPiece value);
-  ZT_LOCAL ZtOutcome OfferAttribute(const ZtElementType& type, ZtPiece name, ZtPiece value);
+  ZT_COLD ZtOutcome OfferAttribute(const ZtElementType& type, ZtPiece name, ZtPiece value);
   inline XMLElement* Make(const ZtElementType& type);
-  ZT_LOCAL XMLElement* MakeFlag(ZtPiece name);
-  ZT_LOCAL void StartTag(ScannedTag& tag);
+  ZT_COLD XMLElement* MakeFlag(ZtPiece name);
+  [[gnu::noinline]] ZT_LOCAL void StartTag(ScannedTag& tag);
   ZT_LOCAL void KeepAttributes(ScannedTag& tag);
   inline bool StartKnown(ScannedTag& tag);
   inline bool KeepInPlace(const ZtField& row, ZtPiece text);
   inline void KeepText(const ZtField& row, ZtPiece text);
   ZT_LOCAL bool StartElement(const Open& current, const ZtChildName& name);
-  ZT_LOCAL void StartRoot(const Element& element, ZtNameId name);
+  ZT_COLD void StartRoot(const Element& element, ZtNameId name);
   inline bool StartChild(const Open& current, const Element& element, const ZtChildName& name);
-  ZT_LOCAL XMLElement* StartExtension(const Element& element, ZtNameId name);
-  ZT_LOCAL void EndElement(const Open& current, const ZtChildName& name, ZtPiece value,
-                           bool skipped);
-  ZT_LOCAL void OfferEnd(const Open& current, const ZtField* row, const ZtChildName& name,
-                         ZtPiece value);
+  ZT_COLD XMLElement* StartExtension(const Element& element, ZtNameId name);
+  ZT_COLD void EndElement(const Open& current, const ZtChildName& name, ZtPiece value,
+                          bool skipped);
+  ZT_COLD void OfferEnd(const Open& current, const ZtField* row, const ZtChildName& name,
+                        ZtPiece value);
   inline ZtOutcome Offer(const Open& parent, const ZtChildName& name, ZtPiece value,
                          XMLElement* child, const ZtField* row = nullptr);
-  ZT_LOCAL int ElementCallback(char* name, ZtPiece value);
+  ZT_COLD int ElementCallback(char* name, ZtPiece value);
   ZT_LOCAL bool IsNamed(const char* element) const;
   ZT_LOCAL void RefuseSlash(const char* name);
   ZT_LOCAL void NoteEmptyStack(int callbacks) const;
   ZT_LOCAL Open Current() const;
   ZT_LOCAL Element Find(ZtNameId name, const ZtElementType* current);
-  ZT_LOCAL const ZtElementType* FindAnywhere(ZtNameId name, bool atEnd);
+  ZT_COLD const ZtElementType* FindAnywhere(ZtNameId name, bool atEnd);
   Frame& Top() const { return m_pFrames[m_Stack.size()]; }
-  ZT_LOCAL bool ReserveFrames();
-  ZT_LOCAL void AddType(const ZtElementType* type);
+  ZT_COLD bool ReserveFrames();
+  ZT_COLD void AddType(const ZtElementType* type);
   ZT_LOCAL bool Closes(const Open& current, ZtNameId name) const;
   ZT_LOCAL const ZtElementType* CurrentType() const;
   inline void Push(XMLElement* object, const Element& element, ZtNameId name);

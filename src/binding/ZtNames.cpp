@@ -31,7 +31,7 @@ constexpr std::size_t Hash(const char* text, std::size_t size) {
   const auto at = [text](std::size_t i) -> std::size_t {
     return static_cast<unsigned char>(text[i]);
   };
-  return size * 156 + at(0) * 67 + at(size / 2) * 229 + at(size - 1) * 3;
+  return size * 412 + at(0) * 119 + at(size / 2) * 102 + at(size - 1) * 421;
 }
 
 // Where to look for a name: open addressing, size 0 in free slots.
@@ -41,7 +41,7 @@ struct Index {
     std::uint8_t size;
     char first;
   };
-  static constexpr std::size_t kSlots = 1024;
+  static constexpr std::size_t kSlots = 512;
   Slot slots[kSlots] = {};
 
   constexpr Index() {

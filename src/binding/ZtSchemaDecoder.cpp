@@ -90,7 +90,9 @@ void ZtSchemaDecoder::NoteEmptyStack(int callbacks) const {
   while (m_Stack.empty() && callbacks--) m_Stack.top();
 }
 
-void ZtSchemaDecoder::Tag(ScannedTag& tag) {
+void ZtSchemaDecoder::Tag(ScannedTag& tag) { WholeTag(tag); }
+
+void ZtSchemaDecoder::WholeTag(ScannedTag& tag) {
   if (StartKnown(tag)) return;
   StartTag(tag);
   if (tag.count) KeepAttributes(tag);

@@ -148,25 +148,26 @@ class ZtXmlReader {
   bool Finish();
   bool StartTag(char* from);
   bool Attribute(char*& at);
-  bool RestOfValue(char*& at, char quote, char*& end);
-  bool Declare(ZtPiece prefix, ZtPiece uri, std::uint32_t from);
+  [[gnu::cold]] bool RestOfValue(char*& at, char quote, char*& end);
+  [[gnu::cold]] bool Declare(ZtPiece prefix, ZtPiece uri, std::uint32_t from);
   bool ResolveNames();
-  bool AreDifferent();
-  bool AreManyDifferent();
+  [[gnu::cold]] bool AreDifferent();
+  [[gnu::cold]] bool AreManyDifferent();
   bool EndTag(char* from);
   bool CharacterData(char* from);
-  bool Markup(char* from);
-  bool Section(char* from);
-  bool Comment(char* from);
-  bool Instruction(char* from);
-  bool DocumentType(char* from);
+  [[gnu::cold]] bool Markup(char* from);
+  [[gnu::cold]] bool Section(char* from);
+  [[gnu::cold]] bool Comment(char* from);
+  [[gnu::cold]] bool Instruction(char* from);
+  [[gnu::cold]] bool DocumentType(char* from);
   bool Reference(char*& at, char*& to);
-  bool CharacterReference(char*& at, char*& to);
+  [[gnu::cold]] bool CharacterReference(char*& at, char*& to);
   void Leave();
 
-  bool Fail(ZtXmlFault fault, const char* at, std::size_t other = ZtXmlError::kNowhere);
+  [[gnu::cold]] bool Fail(ZtXmlFault fault, const char* at,
+                          std::size_t other = ZtXmlError::kNowhere);
   // At the end of the text, the fault is that it is cut short.
-  bool FailAt(ZtXmlFault fault, const char* at);
+  [[gnu::cold]] bool FailAt(ZtXmlFault fault, const char* at);
   std::uint32_t Offset(const char* at) const { return static_cast<std::uint32_t>(at - m_pText); }
 
   char* m_pText = nullptr;
