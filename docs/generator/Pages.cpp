@@ -387,7 +387,8 @@ std::string Facts(const reflect::Schema& schema) {
   add("id", std::to_string(info.id) + ", " +
                 Code(EnumeratorOf("eXMLSchemaID", static_cast<unsigned>(info.id))));
   add("context", Code(std::string(info.name) + "Context"));
-  add("object factory", Code(RootFactoryOf(*roots.front())));
+  const std::string factory = RootFactoryOf(*roots.front());
+  add("object factory", factory.empty() ? "the context's, without a name" : Code(factory));
   const std::string context = std::string(info.name) + "Context";
   std::vector<std::string> headers;
   for (const Root& root : RootsOf(context)) AddOnce(headers, Code(root.header));
