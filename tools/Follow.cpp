@@ -1,7 +1,7 @@
 #include "Follow.h"
 
+#include <set>
 #include <string_view>
-#include <unordered_set>
 
 #include "Merge.h"
 #include "Text.h"
@@ -97,7 +97,7 @@ class Collector : public reflect::Visitor {
   struct Level {
     std::size_t part;
     std::string prefix;  // of names in the part
-    std::unordered_map<std::string, std::size_t> counts;
+    std::map<std::string, std::size_t> counts;
   };
 
   static bool IsFlag(const XMLElement& object) {
@@ -120,10 +120,10 @@ class Collector : public reflect::Visitor {
 using Values = std::vector<Difference::Value>;
 
 Values Compared(const Facts& before, const Facts& after) {
-  std::unordered_map<std::string_view, std::string_view> old;
+  std::map<std::string_view, std::string_view> old;
   for (const auto& [name, value] : before) old.emplace(name, value);
   Values values;
-  std::unordered_set<std::string_view> seen;
+  std::set<std::string_view> seen;
   for (const auto& [name, value] : after) {
     seen.insert(name);
     const auto found = old.find(name);
@@ -208,7 +208,7 @@ struct Follower::State {
   }
 
   ZtState merged;
-  std::unordered_map<std::string, Told> told;
+  std::map<std::string, Told> told;
   // An element that a few bytes change may hold much that was told long before. All looking at such
   // costs no more than the notifications are long; where it would, the values are not compared.
   std::size_t budget = 0;
@@ -279,10 +279,10 @@ Followed Follower::Merge(State& state, std::size_t size, Tree& tree) {
 }
 
 Followed Follower::Compare(Known& known, const std::vector<Part>& parts) {
-  std::unordered_map<std::string_view, const Part*> old;
+  std::map<std::string_view, const Part*> old;
   for (const Part& part : known.parts) old.emplace(part.path, &part);
   Followed followed = {"compared", false, {}};
-  std::unordered_set<std::string_view> seen;
+  std::set<std::string_view> seen;
   std::string told;  // what is new, of which the parts are not told
   for (const Part& part : parts) {
     seen.insert(part.path);

@@ -7,7 +7,6 @@
 #include <map>
 #include <memory>
 #include <string>
-#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -68,8 +67,9 @@ class Follower {
   static Followed Merge(State& state, std::size_t size, Tree& tree);
   static Followed Compare(Known& known, const std::vector<Part>& parts);
 
-  std::unordered_map<std::string, std::unique_ptr<State>> m_States;
-  std::unordered_map<std::string, std::unique_ptr<Known>> m_Known;
+  // Strangers choose the keys: no hash table, which they could fill with collisions.
+  std::map<std::string, std::unique_ptr<State>> m_States;
+  std::map<std::string, std::unique_ptr<Known>> m_Known;
 };
 
 #endif  // ZTXML_TOOLS_FOLLOW_H

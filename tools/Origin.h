@@ -22,6 +22,8 @@ struct Origin {
   Time time;         ///< when the message began to arrive, after all before it
   std::string from;  ///< "192.0.2.1:5060" or "[2001:db8::1]:5060"; "" when nothing tells
   std::string to;
+
+  bool IsKnown() const { return !from.empty(); }
 };
 
 /// The message that something was found in.

@@ -10,10 +10,6 @@
 
 namespace {
 
-std::string Count(std::size_t count, const char* one, const char* several) {
-  return std::to_string(count) + ' ' + (count == 1 ? one : several);
-}
-
 // Tells what of the traffic is not read, and why; on standard error unless `notes` take it.
 void TellUnread(const std::string& name, const Traffic& traffic, std::vector<Document>* notes) {
   const auto tell = [&](std::size_t count, const char* one, const char* several) {

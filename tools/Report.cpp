@@ -23,7 +23,7 @@ namespace {
 constexpr std::size_t kShownFacts = 6;
 constexpr std::size_t kShownKinds = 4;
 
-bool HasTime(const ReportMessage& message) { return !message.items[0].origin.from.empty(); }
+bool HasTime(const ReportMessage& message) { return message.items[0].origin.IsKnown(); }
 
 // The main values of a document: those of its root, and how many objects of which name it has.
 Facts SummaryOf(const std::vector<Part>& parts) {

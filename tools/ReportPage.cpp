@@ -18,16 +18,10 @@ constexpr std::size_t kBatch = 50;          // messages that a browser lays out 
 constexpr std::size_t kLongest = 160;       // characters of a value on a line
 
 std::string Number(std::size_t number) { return std::to_string(number); }
-std::string Count(std::size_t count, const char* one, const char* several) {
-  return Number(count) + ' ' + (count == 1 ? one : several);
-}
 
 // A text that is cut when it is long.
 std::string Short(std::string_view text) {
-  if (text.size() <= kLongest) return std::string(text);
-  std::size_t size = kLongest;
-  while (size > kLongest - 4 && (static_cast<unsigned char>(text[size]) & 0xc0) == 0x80) --size;
-  return std::string(text.substr(0, size)) + "\xe2\x80\xa6";
+  return std::string(CutShort(text, kLongest)) + (text.size() > kLongest ? "\xe2\x80\xa6" : "");
 }
 
 std::string ToString(const Time& time, const char* format) {
@@ -39,8 +33,6 @@ std::string ToString(const Time& time, const char* format) {
   std::string fraction = Number(static_cast<std::size_t>(time.nanoseconds / 1000000 + 1000));
   return text.data() + ('.' + fraction.substr(1));
 }
-
-bool HasTime(const Origin& origin) { return !origin.from.empty(); }
 
 // A path without the numbers and keys that differ from one document to the other.
 std::string WithoutIndexes(std::string_view path) {
@@ -194,7 +186,7 @@ void ReportPage::AddHead(const ReportMessage& message, bool isBare) {
             "\">" + id + "</a>" +
             HtmlElement("h3", "start", hasStart ? Short(first.message.startLine) : first.name) +
             "</div><p class=\"meta\">";
-  if (HasTime(first.origin)) {
+  if (first.origin.IsKnown()) {
     const Time& time = first.origin.time;
     m_Html += "<time datetime=\"" + ToString(time, "%Y-%m-%dT%H:%M:%S") + "Z\">" +
               ToString(time, "%Y-%m-%d %H:%M:%S") + "</time>" +

@@ -6,7 +6,6 @@
 #include <iosfwd>
 #include <map>
 #include <string>
-#include <unordered_map>
 #include <vector>
 
 #include "Document.h"
@@ -84,7 +83,7 @@ class ReportPage {
   std::size_t m_iChanging = 0;                   // documents that changed something
   std::map<std::string, Counts> m_Schemas;
   std::vector<Matter> m_Matters;
-  std::unordered_map<std::string, std::size_t> m_MatterAt;
+  std::map<std::string, std::size_t> m_MatterAt;
 };
 
 #endif  // ZTXML_TOOLS_REPORTPAGE_H

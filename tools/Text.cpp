@@ -73,11 +73,19 @@ std::string Escape(std::string_view text) { return EscapeWith(text, "", "\\"); }
 std::string Quote(std::string_view text) { return '"' + EscapeWith(text, "", "\\\"") + '"'; }
 std::string EscapeControls(std::string_view text) { return EscapeWith(text, "\n\t", ""); }
 
-std::string QuoteShort(std::string_view text, std::size_t most) {
-  if (text.size() <= most) return Quote(text);
+std::string_view CutShort(std::string_view text, std::size_t most) {
+  if (text.size() <= most) return text;
   std::size_t size = most;
   while (size > most - 4 && (static_cast<unsigned char>(text[size]) & 0xc0) == 0x80) --size;
-  return Quote(text.substr(0, size)) + "...";
+  return text.substr(0, size);
+}
+
+std::string QuoteShort(std::string_view text, std::size_t most) {
+  return Quote(CutShort(text, most)) + (text.size() > most ? "..." : "");
+}
+
+std::string Count(std::size_t count, const char* one, const char* several) {
+  return std::to_string(count) + ' ' + (count == 1 ? one : several);
 }
 
 std::string JsonQuote(std::string_view text) {

@@ -15,13 +15,18 @@ std::size_t CharacterSize(std::string_view text);
 std::string Escape(std::string_view text);
 /// `text` escaped as by Escape, in double quotes, with those inside as \".
 std::string Quote(std::string_view text);
-/// `text` in quotes, cut after about `most` bytes.
+/// The beginning of `text`, about `most` bytes of it if it is longer, no character of it in parts.
+std::string_view CutShort(std::string_view text, std::size_t most);
+/// `text` in quotes, cut as by CutShort.
 std::string QuoteShort(std::string_view text, std::size_t most = 60);
 /// `text` escaped as by Escape, except line breaks, tabs and backslashes.
 std::string EscapeControls(std::string_view text);
 /// `text` as a string of JSON. Each byte that is not UTF-8 becomes U+FFFD, since JSON cannot hold
 /// it.
 std::string JsonQuote(std::string_view text);
+
+/// "1 message", "2 messages".
+std::string Count(std::size_t count, const char* one, const char* several);
 
 bool StartsWith(std::string_view text, std::string_view begin);
 bool EndsWith(std::string_view text, std::string_view end);

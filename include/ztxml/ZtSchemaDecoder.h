@@ -117,8 +117,9 @@ class ZT_API ZtSchemaDecoder : public XmlDecoderSchema, public ZtSink {
     Kind kind;
   };
 
-  // Tag and Start; not inlined, or callers through a ZtSink would have copies of their own.
+  // What Tag and Start do; inlined, it would be there once more for callers through a ZtSink.
   [[gnu::noinline]] ZT_LOCAL void WholeTag(ScannedTag& tag);
+  [[gnu::noinline]] ZT_LOCAL void StartTag(ScannedTag& tag);
   inline bool EndOpened(ZtPiece slashName, ZtPiece text);
 
   ZT_LOCAL ZtSource SourceOf(const ZtElementType& type);
@@ -128,7 +129,6 @@ class ZT_API ZtSchemaDecoder : public XmlDecoderSchema, public ZtSink {
   ZT_COLD ZtOutcome OfferAttribute(const ZtElementType& type, ZtPiece name, ZtPiece value);
   inline XMLElement* Make(const ZtElementType& type);
   ZT_COLD XMLElement* MakeFlag(ZtPiece name);
-  [[gnu::noinline]] ZT_LOCAL void StartTag(ScannedTag& tag);
   ZT_LOCAL void KeepAttributes(ScannedTag& tag);
   inline bool StartKnown(ScannedTag& tag);
   inline bool KeepInPlace(const ZtField& row, ZtPiece text);

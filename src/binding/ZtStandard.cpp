@@ -30,8 +30,9 @@ const ZtChoice* ChoiceOf(const ZtChoice* choices, const XMLElement& child) {
 
 }  // namespace
 
-ZtMatch ZtMatchChild(const ZtElementType& parent, const ZtField* due, ZtSpace space, ZtSpace actual,
-                     ZtPiece local, bool plain) {
+ZtMatch ZtMatchChild(const ZtElementType& parent, const ZtField*& next, ZtSpace space,
+                     ZtSpace actual, ZtPiece local, bool plain) {
+  const ZtField* const due = next;
   const bool isDue = due != parent.end() && due->HasName() && due->name.Is(local);
   const ZtNameId name = isDue ? due->name : ZtNameId::Of(local);
   if (name == kZtNoName) return {};
@@ -40,7 +41,10 @@ ZtMatch ZtMatchChild(const ZtElementType& parent, const ZtField* due, ZtSpace sp
     const bool isObject = row->place == ZtPlace::kChild || row->place == ZtPlace::kChildren;
     const ZtElementType* type = isObject ? row->detail.type : nullptr;
     const ZtSpace own = type ? SpaceOf(*type, XML_STR_ZT_NULL, space) : space;
-    if (Fits(own, actual, plain)) return Matched(*row, type, own);
+    if (Fits(own, actual, plain)) {
+      next = row->Repeats() ? row : row + 1;
+      return Matched(*row, type, own);
+    }
   }
   const ZtChoice* choice = ZtFindNamed(parent.Choices(), name);
   if (!choice) return {};

@@ -53,9 +53,10 @@ struct ZtMatch {
 };
 
 // `space` is that of the parent's children. An element in no namespace matches where `plain` says
-// that the document has none. `due` is the row that it probably has, or the parent's end().
-ZtMatch ZtMatchChild(const ZtElementType& parent, const ZtField* due, ZtSpace space, ZtSpace actual,
-                     ZtPiece local, bool plain);
+// that the document has none. `next` is the row that it probably has, or the parent's end(), and
+// that of the next child then.
+ZtMatch ZtMatchChild(const ZtElementType& parent, const ZtField*& next, ZtSpace space,
+                     ZtSpace actual, ZtPiece local, bool plain);
 // What the object `child`, kept by `row` of a parent, is when it is written; without a row when
 // it cannot be.
 ZtMatch ZtMatchObject(const ZtField& row, ZtSpace space, const XMLElement& child);

@@ -53,7 +53,6 @@ bool ZtStandardReader::Start() {
     const ZtMatch match =
         ZtMatchChild(*parent.type, parent.next, parent.space, name.space, name.local, m_bPlain);
     if (match.row) {
-      parent.next = match.row->Repeats() ? match.row : match.row + 1;
       // Of what occurs once the first stands.
       const std::uint64_t bit = ZtIsSingle(*match.row) ? ZtRowBit(*parent.type, *match.row) : 0;
       if (!(parent.taken & bit)) {

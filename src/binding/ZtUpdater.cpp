@@ -158,10 +158,7 @@ bool ZtUpdater::Start() {
   if (parent.type) {
     match = ZtMatchChild(*parent.type, parent.next, parent.space, name.space, name.local, m_bPlain);
   }
-  if (match.row) {
-    parent.next = match.row->Repeats() ? match.row : match.row + 1;
-    return ZtIsSingle(*match.row) ? StartSingle(match) : StartEntry(match);
-  }
+  if (match.row) return ZtIsSingle(*match.row) ? StartSingle(match) : StartEntry(match);
   m_iSkipped = 1;
   m_bDrops = false;
   return true;

@@ -104,9 +104,9 @@ class ExpatTree {
   bool MatchChild(Element& element, const Name& name) {
     Element& parent = *m_Open.back();
     if (!parent.type) return false;
-    const ZtMatch match =
-        ZtMatchChild(*parent.type, parent.type->end(), parent.inside, name.Space(),
-                     {name.local.data(), name.local.size()}, m_bPlain);
+    const ZtField* next = parent.type->end();
+    const ZtMatch match = ZtMatchChild(*parent.type, next, parent.inside, name.Space(),
+                                       {name.local.data(), name.local.size()}, m_bPlain);
     if (!match.row) return false;
     if (ZtIsSingle(*match.row) && !parent.taken.insert(match.row).second) return false;
     element.row = match.row;
