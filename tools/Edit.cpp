@@ -109,12 +109,12 @@ class Editor {
       ZtClear(parent, row);
     } else if (target.pair) {
       XMLAttribute* const attribute = target.pair;
-      (parent.*row.member.attributes).Get()->Remove(attribute);
+      row.Attributes(parent).Get()->Remove(attribute);
       ZtRelease(attribute);
     } else if (ZtIsSingle(row)) {
-      (parent.*row.member.child).Set(nullptr);
+      row.Child(parent).Set(nullptr);
     } else {
-      (parent.*row.member.children).Get()->Remove(target.object);
+      row.Children(parent).Get()->Remove(target.object);
       XMLFactory::DeleteElement(target.object);
     }
     return kDone;

@@ -144,8 +144,7 @@ Finding PathFinder::Attribute(const Step& step, Target& target) {
     return Wrong("there is no attribute " + Quote(step.name) + " in " + Escape(Parent(step)));
   }
   target.row = &ZtOthersOf(*target.type);
-  for (ZtListNode* node = (target.parent->*target.row->member.attributes).Head(); node;
-       node = node->next) {
+  for (ZtListNode* node = target.row->Attributes(*target.parent).Head(); node; node = node->next) {
     auto* pair = zt_AttributeValuePair::From(static_cast<XMLAttribute*>(node->data));
     if (pair && pair->getName() && step.name == pair->getName()) target.pair = pair;
   }
@@ -184,7 +183,7 @@ Finding PathFinder::Named(const Step& step, Target& target) {
   if (!ZtIsSingle(*target.row)) return Entry(step, target);
   if (step.index > 1) return Wrong(Escape(step.path) + ": there can be only one");
   if (target.row->place == ZtPlace::kTextElement) return Finding::kFound;
-  XMLElement* const child = (target.parent->*target.row->member.child).Get();
+  XMLElement* const child = target.row->Child(*target.parent).Get();
   if (IsCalled(*target.row, child, step.name)) {
     target.object = child;
   } else if (child && ZtStandardWriter::IsThere(*child)) {
@@ -196,8 +195,7 @@ Finding PathFinder::Named(const Step& step, Target& target) {
 // An entry of a list.
 Finding PathFinder::Entry(const Step& step, Target& target) {
   std::size_t count = 0;
-  for (ZtListNode* node = (target.parent->*target.row->member.children).Head(); node;
-       node = node->next) {
+  for (ZtListNode* node = target.row->Children(*target.parent).Head(); node; node = node->next) {
     auto* child = static_cast<XMLElement*>(node->data);
     if (!IsCalled(*target.row, child, step.name)) continue;
     if (++count == (step.index ? step.index : 1)) target.object = child;

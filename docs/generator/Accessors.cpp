@@ -79,27 +79,27 @@ unsigned long long StateOf(const XMLElement& object, const reflect::Field& field
     return address(field.items[0].object ? static_cast<const void*>(field.items[0].object)
                                          : field.items[0].text);
   }
-  const ZtMember& member = field.row->member;
+  const ZtField& row = *field.row;
   switch (field.place) {
     case ZtPlace::kChild:
-      return address((object.*member.child).Get());
+      return address(row.Child(object).Get());
     case ZtPlace::kChildren:
     case ZtPlace::kOtherChildren:
     case ZtPlace::kTextElements:
     case ZtPlace::kOwnWords:
-      return address((object.*member.children).Get());
+      return address(row.Children(object).Get());
     case ZtPlace::kOtherAttributes:
-      return address((object.*member.attributes).Get());
+      return address(row.Attributes(object).Get());
     default:
       break;
   }
   switch (field.value) {
     case ZtValue::kText:
-      return address((object.*member.text).Get());
+      return address(row.Text(object).Get());
     case ZtValue::kNumber64:
-      return object.*member.number64;
+      return row.Number64(object);
     default:
-      return object.*member.number;
+      return row.Number(object);
   }
 }
 

@@ -46,9 +46,8 @@ struct Value {
   // Whether it is a number or boolean that is stated.
   bool IsStated(const XMLElement& object) const {
     if (optional.empty() || (field.value == ZtValue::kEnum && !isBoolean)) return false;
-    const ZtMember& member = field.row->member;
-    return field.value == ZtValue::kNumber64 ? (object.*member.number64).IsSet()
-                                             : (object.*member.number).IsSet();
+    return field.value == ZtValue::kNumber64 ? field.row->Number64(object).IsSet()
+                                             : field.row->Number(object).IsSet();
   }
   std::string Printed() const {
     if (optional.empty()) return IsText() ? Items()[0].text : "";

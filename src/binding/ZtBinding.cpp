@@ -45,7 +45,7 @@ ZtOutcome ZtStore(XMLElement& self, const ZtField& field, ZtPiece value, const Z
   if (!value.text) return ZtOutcome::kAccepted;
   switch (field.value) {
     case ZtValue::kText: {
-      ZtText& text = self.*field.member.text;
+      ZtText& text = field.Text(self);
       if (!arena || !arena->Holds(value.text)) {
         return text.Set(value) ? ZtOutcome::kAccepted : ZtOutcome::kNoMemory;
       }
@@ -56,16 +56,16 @@ ZtOutcome ZtStore(XMLElement& self, const ZtField& field, ZtPiece value, const Z
       const auto number = ParseNumber<unsigned>(value);
       const ZtRange* range = field.detail.range;
       if (!range || (number >= range->least && number <= range->most)) {
-        (self.*field.member.number).Set(number);
+        field.Number(self).Set(number);
       }
       break;
     }
     case ZtValue::kNumber64:
-      (self.*field.member.number64).Set(ParseNumber<unsigned long long>(value));
+      field.Number64(self).Set(ParseNumber<unsigned long long>(value));
       break;
     case ZtValue::kEnum: {
       const unsigned index = field.detail.values->Find(value);
-      if (index != kZtKeepsValue) (self.*field.member.number).Set(index);
+      if (index != kZtKeepsValue) field.Number(self).Set(index);
       break;
     }
     case ZtValue::kObject:
@@ -86,7 +86,7 @@ ZtOutcome AppendItem(ZtOwnedList<Item>& list, Item& item, const ZtSource& source
 ZtOutcome AppendText(XMLElement& self, const ZtField& field, const ZtSource& source,
                      ZtPiece value) {
   zt_string* text = ZtMakeString(source, value);
-  if ((self.*field.member.children).Add(text, source.file, source.arena)) {
+  if (field.Children(self).Add(text, source.file, source.arena)) {
     return ZtOutcome::kAccepted;
   }
   ZtRelease(text);
@@ -179,7 +179,7 @@ class Hook {
     XMLElement* child = field.detail.type->Create(m_Source);
     if (!child) return ZtOutcome::kNoMemory;
     if (StoreOwnText(*child, *field.detail.type, value, m_Source.arena)) {
-      (self.*field.member.child).Set(child);
+      field.Child(self).Set(child);
       return ZtOutcome::kAccepted;
     }
     ZtRelease(child);
@@ -195,7 +195,7 @@ class Hook {
                          XMLElement* child) const {
     const ZtField* others = m_Type.rows.others ? m_Type.begin() + m_Type.rows.others - 1 : nullptr;
     if (child && others && others->place == ZtPlace::kOtherChildren) {
-      return Append(self.*others->member.children, child);
+      return Append(others->Children(self), child);
     }
     if (const char* format = m_Type.family->unknownElement)
       ZtLog(kZtLogTrace, m_Type.family->source)(format, name, value);
@@ -272,10 +272,10 @@ ZtOutcome ZtApplyRow(XMLElement& self, const ZtElementType& type, const ZtField&
 ZtOutcome ZtAdopt(XMLElement& self, const ZtField& field, XMLElement* child,
                   const ZtSource& source) {
   if (field.place == ZtPlace::kChild || field.place == ZtPlace::kOtherChild) {
-    const bool taken = (self.*field.member.child).Take(child);
+    const bool taken = field.Child(self).Take(child);
     return taken ? ZtOutcome::kAdopted : ZtOutcome::kRefused;
   }
-  return AppendItem(self.*field.member.children, *child, source);
+  return AppendItem(field.Children(self), *child, source);
 }
 
 const ZtField* ZtFindAttribute(const ZtElementType& type, ZtNameId name) {
@@ -340,7 +340,7 @@ ZtOutcome ZtOfferAttribute(XMLElement& self, const ZtElementType& type, ZtPiece 
   }
   for (const ZtField& row : type) {
     if (row.place != ZtPlace::kOtherAttributes || !attribute) continue;
-    return hook.Append(self.*row.member.attributes, attribute);
+    return hook.Append(row.Attributes(self), attribute);
   }
   hook.Log(hook.Lines().unknownAttribute, name.text);
   return type.unknownAttribute == ZtUnknown::kRefuse ? ZtOutcome::kRefused : ZtOutcome::kAccepted;
@@ -351,18 +351,18 @@ ZtOutcome ZtOfferAttribute(XMLElement& self, const ZtElementType& type, ZtPiece 
 ZtPiece ZtFieldText(const XMLElement& self, const ZtField& field, char* buffer) {
   switch (field.value) {
     case ZtValue::kText:
-      return (self.*field.member.text).Piece();
+      return field.Text(self).Piece();
     case ZtValue::kNumber:
     case ZtValue::kNumber64: {
       const bool is32 = field.value == ZtValue::kNumber;
       const unsigned long long number =
-          is32 ? (self.*field.member.number).Get() : (self.*field.member.number64).Get();
+          is32 ? field.Number(self).Get() : field.Number64(self).Get();
       const bool absent =
           number == 0 || (number == kZtNotSet && is32 && field.place == ZtPlace::kAttribute);
       return absent && !field.Is(kZtAlways) ? ZtPiece(nullptr) : ZtFormatNumber(number, buffer);
     }
     case ZtValue::kEnum: {
-      const unsigned index = self.*field.member.number;
+      const unsigned index = field.Number(self);
       return index < field.detail.values->count ? field.detail.values->slots[index].Piece()
                                                 : nullptr;
     }

@@ -7,13 +7,22 @@ namespace {
 
 // ZtFieldText without a call for what most fields are.
 inline ZtPiece TextOf(const XMLElement& element, const ZtField& field, char* buffer) {
-  return field.value == ZtValue::kText ? (element.*field.member.text).Piece()
+  return field.value == ZtValue::kText ? field.Text(element).Piece()
                                        : ZtFieldText(element, field, buffer);
 }
 
 // Whether there is nothing to do where the row has no value.
 inline bool IsSilentWhenAbsent(const ZtField& field) {
-  return !field.note && !(field.flags & (kZtRequired | kZtAlways));
+  return !(field.flags & (kZtRequired | kZtAlways | kZtLogged));
+}
+
+// What the writer logs of a row that cannot be written as others are; null for what it logs of all.
+[[gnu::cold]] const ZtNote* FindNote(const ZtElementType& type, const ZtField& field) {
+  for (const ZtNote& note : type.family->notes) {
+    const bool isRow = note.row == field.name;
+    if (isRow && (!note.label || __strcmp(note.label, type.label) == 0)) return &note;
+  }
+  return nullptr;
 }
 
 constexpr std::size_t kMostFlagName = 98;  // the longest that a table may ask for
@@ -80,11 +89,11 @@ bool IsSet(const XMLElement& element, const ZtField& field) {
   char buffer[kZtNumberSize];
   switch (field.place) {
     case ZtPlace::kChild:
-      return (element.*field.member.child).Get();
+      return field.Child(element).Get();
     case ZtPlace::kTextElement:
       return field.Is(kZtAlways) || ZtFieldText(element, field, buffer).text;
     default:
-      return (element.*field.member.children).Head();
+      return field.Children(element).Head();
   }
 }
 
@@ -203,15 +212,20 @@ int ZtElementWriter::WriteFlag(const zt_empty_element_type& flag, const ZtFlag& 
   return 1;
 }
 
-void ZtElementWriter::LogAbsent(const XMLElement& element, const ZtField& field) const {
-  Log(field.noteLevel, field.note, element.ClassName(), field.name.Piece().text);
+void ZtElementWriter::LogAbsent(const XMLElement& element, const ZtElementType& type,
+                                const ZtField& field) const {
+  static constexpr ZtNote kRequired = {nullptr, XML_STR_ZT_NULL, kZtLogError,
+                                       "<XML Module>: %s: %s is required"};
+  const ZtNote* note = FindNote(type, field);
+  if (!note && field.Is(kZtRequired)) note = &kRequired;
+  if (note) Log(note->level, note->line, element.ClassName(), field.name.Piece().text);
 }
 
 bool ZtElementWriter::HasRequired(const XMLElement& element, const ZtElementType& type) {
   char buffer[kZtNumberSize];
   for (const ZtField* field = type.begin(); field != type.children(); ++field) {
     if (!field->Is(kZtRequired) || ZtFieldText(element, *field, buffer).text) continue;
-    LogAbsent(element, *field);
+    LogAbsent(element, type, *field);
     return Lacks(ZtLack::Why::kValue, &element, field);
   }
   return true;
@@ -231,10 +245,10 @@ bool ZtElementWriter::HasRequired(const XMLElement& element, const ZtElementType
   const ZtField* const end = type.children();
   for (const ZtField* at = type.begin(); at != end; ++at) {
     if (at->place == ZtPlace::kAttribute) {
-      if (!WriteAttribute(tag, element, *at)) return false;
+      if (!WriteAttribute(tag, element, type, *at)) return false;
       continue;
     }
-    const ZtAttributeList& others = element.*at->member.attributes;
+    const ZtAttributeList& others = at->Attributes(element);
     if (!others.Get()) continue;
     tag.Leave();
     awaited = type.start == ZtStartTag::kAwaitsExtras && !others.Head();
@@ -253,26 +267,27 @@ bool ZtElementWriter::HasRequired(const XMLElement& element, const ZtElementType
 // text in one step.
 [[gnu::always_inline]] inline bool ZtElementWriter::WriteAttribute(ZtPen::Tag& tag,
                                                                    const XMLElement& element,
+                                                                   const ZtElementType& type,
                                                                    const ZtField& field) {
   unsigned long long number = 0;
   if (field.value == ZtValue::kText) {
-    const ZtPiece text = (element.*field.member.text).Piece();
+    const ZtPiece text = field.Text(element).Piece();
     if (text.text) {
       tag.Text(field.name.Piece(), text);
       return true;
     }
   } else if (field.value == ZtValue::kEnum) {
     const ZtEnumTable& values = *field.detail.values;
-    const unsigned index = (element.*field.member.number).Get();
+    const unsigned index = field.Number(element).Get();
     if (index < values.count) {
       tag.Constant(field.name.Piece(), values.slots[index].Piece());
       return true;
     }
   } else if (field.value == ZtValue::kNumber) {
-    number = (element.*field.member.number).Get();
+    number = field.Number(element).Get();
     if (number == kZtNotSet) number = 0;
   } else if (field.value == ZtValue::kNumber64) {
-    number = (element.*field.member.number64).Get();
+    number = field.Number64(element).Get();
   }
   if (number - 1 < UINT32_MAX) {
     tag.Number(field.name.Piece(), static_cast<std::uint32_t>(number));
@@ -280,16 +295,17 @@ bool ZtElementWriter::HasRequired(const XMLElement& element, const ZtElementType
   }
   if (number == 0 && IsSilentWhenAbsent(field)) return true;
   tag.Leave();
-  const bool goesOn = WriteAnyAttribute(element, field);
+  const bool goesOn = WriteAnyAttribute(element, type, field);
   tag.Resume();
   return goesOn;
 }
 
-bool ZtElementWriter::WriteAnyAttribute(const XMLElement& element, const ZtField& field) {
+bool ZtElementWriter::WriteAnyAttribute(const XMLElement& element, const ZtElementType& type,
+                                        const ZtField& field) {
   char buffer[kZtNumberSize];
   const ZtPiece text = ZtFieldText(element, field, buffer);
   if (!text.text) {
-    LogAbsent(element, field);
+    LogAbsent(element, type, field);
     if (field.Is(kZtRequired)) return Lacks(ZtLack::Why::kValue, &element, &field);
     if (!field.Is(kZtAlways)) return true;
   }
@@ -309,18 +325,19 @@ bool ZtElementWriter::WriteAnyAttribute(const XMLElement& element, const ZtField
 }
 
 // Whether the parent may go on. The child stands under its row's name, if that has one.
-inline bool ZtElementWriter::WriteChild(XMLElement* child, int index, const ZtField& field,
-                                        const ZtElementType& type, ZtNameId prefix) {
-  return Write(child, type, prefix, field.name) != 0 || MayLackChild(index, field, type);
+inline bool ZtElementWriter::WriteChild(XMLElement* child, int index, const ZtElementType& type,
+                                        const ZtField& field, const ZtElementType& as,
+                                        ZtNameId prefix) {
+  return Write(child, as, prefix, field.name) != 0 || MayLackChild(index, type, field, as);
 }
 
 [[gnu::always_inline]] inline bool ZtElementWriter::WriteList(const XMLElement& element,
+                                                              const ZtElementType& type,
                                                               const ZtField& field) {
-  const ZtElementType& type = *field.detail.type;
   int index = 0;
-  for (ZtListNode* node = (element.*field.member.children).Head(); node; node = node->next) {
+  for (ZtListNode* node = field.Children(element).Head(); node; node = node->next) {
     auto* const child = static_cast<XMLElement*>(node->data);
-    if (child && !WriteChild(child, index, field, type)) return false;
+    if (child && !WriteChild(child, index, type, field, *field.detail.type)) return false;
     ++index;
   }
   return true;
@@ -341,20 +358,20 @@ bool ZtElementWriter::WriteChildren(const XMLElement& element, const ZtElementTy
       chosen = true;
     }
     if (field.place == ZtPlace::kTextElement) {
-      if (!WriteTextElement(element, field)) return false;
+      if (!WriteTextElement(element, type, field)) return false;
     } else if (field.place == ZtPlace::kChild) {
-      XMLElement* const child = (element.*field.member.child).Get();
-      if (child && !WriteChild(child, 0, field, *field.detail.type)) return false;
+      XMLElement* const child = field.Child(element).Get();
+      if (child && !WriteChild(child, 0, type, field, *field.detail.type)) return false;
     } else if (field.place == ZtPlace::kOwnText) {
       char buffer[kZtNumberSize];
       m_Pen.Text(TextOf(element, field, buffer));
     } else if (field.place == ZtPlace::kOtherChild) {
-      if (!WriteOther((element.*field.member.child).Get(), field)) return false;
-    } else if ((element.*field.member.children).Get()) {
+      if (!WriteOther(field.Child(element).Get(), type, field)) return false;
+    } else if (field.Children(element).Get()) {
       if (field.place == ZtPlace::kChildren) {
-        if (!WriteList(element, field)) return false;
+        if (!WriteList(element, type, field)) return false;
       } else if (field.place == ZtPlace::kOtherChildren) {
-        if (!WriteOthers(element, field)) return false;
+        if (!WriteOthers(element, type, field)) return false;
       } else {
         WriteTexts(element, field);
       }
@@ -370,16 +387,18 @@ bool ZtElementWriter::WriteChildren(const XMLElement& element, const ZtElementTy
 
 // Whether the element may go on.
 [[gnu::always_inline]] inline bool ZtElementWriter::WriteTextElement(const XMLElement& element,
+                                                                     const ZtElementType& type,
                                                                      const ZtField& field) {
-  if (field.value != ZtValue::kText) return WriteAnyTextElement(element, field);
-  const ZtPiece text = (element.*field.member.text).Piece();
-  if (!text.text) return IsSilentWhenAbsent(field) || WriteAnyTextElement(element, field);
+  if (field.value != ZtValue::kText) return WriteAnyTextElement(element, type, field);
+  const ZtPiece text = field.Text(element).Piece();
+  if (!text.text) return IsSilentWhenAbsent(field) || WriteAnyTextElement(element, type, field);
   LogWriter(field);
   m_Pen.TextElement(field.name.Piece(), text);
   return true;
 }
 
-bool ZtElementWriter::WriteAnyTextElement(const XMLElement& element, const ZtField& field) {
+bool ZtElementWriter::WriteAnyTextElement(const XMLElement& element, const ZtElementType& type,
+                                          const ZtField& field) {
   char buffer[kZtNumberSize];
   const ZtPiece text = ZtFieldText(element, field, buffer);
   if (text.text || field.Is(kZtAlways)) {
@@ -387,7 +406,7 @@ bool ZtElementWriter::WriteAnyTextElement(const XMLElement& element, const ZtFie
     m_Pen.TextElement(field.name.Piece(), text);
   }
   if (text.text) return true;
-  LogAbsent(element, field);
+  LogAbsent(element, type, field);
   return !field.Is(kZtRequired) || Lacks(ZtLack::Why::kValue, &element, &field);
 }
 
@@ -441,7 +460,7 @@ void ZtElementWriter::WriteText(ZtNameId name, ZtPiece text) {
 // Text elements under one name, or the words of the element's own text.
 void ZtElementWriter::WriteTexts(const XMLElement& element, const ZtField& field) {
   const char* blank = "";
-  for (ZtListNode* node = (element.*field.member.children).Head(); node; node = node->next) {
+  for (ZtListNode* node = field.Children(element).Head(); node; node = node->next) {
     const auto* text = zt_string::From(static_cast<XMLElement*>(node->data));
     if (!text) continue;
     if (field.place == ZtPlace::kTextElements) {
@@ -454,36 +473,40 @@ void ZtElementWriter::WriteTexts(const XMLElement& element, const ZtField& field
   }
 }
 
-[[gnu::cold]] bool ZtElementWriter::MayLackChild(int index, const ZtField& field,
-                                                 const ZtElementType& type) {
-  if (field.note && field.HasName()) {
-    Log(field.noteLevel, field.note, index);
-  } else if (!field.Is(kZtLenient) && type.writer) {
-    Log(kZtLogTrace, type.family->childFailed, type.writer);
+[[gnu::cold]] bool ZtElementWriter::MayLackChild(int index, const ZtElementType& type,
+                                                 const ZtField& field, const ZtElementType& as) {
+  const ZtNote* const note = field.HasName() ? FindNote(type, field) : nullptr;
+  if (note) {
+    Log(note->level, note->line, index);
+  } else if (!field.Is(kZtLenient) && as.writer) {
+    Log(kZtLogTrace, as.family->childFailed, as.writer);
   }
   if (!field.Is(kZtLenient)) return false;
   m_Lack = {};
   return true;
 }
 
-bool ZtElementWriter::WriteOthers(const XMLElement& element, const ZtField& field) {
-  const ZtChildList& others = element.*field.member.children;
+bool ZtElementWriter::WriteOthers(const XMLElement& element, const ZtElementType& type,
+                                  const ZtField& field) {
+  const ZtChildList& others = field.Children(element);
   if (!IsWritten(field.detail.choices)) {
-    if (others.Get()) Log(field.noteLevel, field.note);
+    const ZtNote* const note = others.Get() ? FindNote(type, field) : nullptr;
+    if (note) Log(note->level, note->line);
     return true;
   }
   for (ZtListNode* node = others.Head(); node; node = node->next) {
-    if (!WriteOther(static_cast<XMLElement*>(node->data), field)) return false;
+    if (!WriteOther(static_cast<XMLElement*>(node->data), type, field)) return false;
   }
   return true;
 }
 
-bool ZtElementWriter::WriteOther(XMLElement* child, const ZtField& field) {
+bool ZtElementWriter::WriteOther(XMLElement* child, const ZtElementType& type,
+                                 const ZtField& field) {
   const char* className = child ? child->ClassName() : nullptr;
   if (!className) return true;
   if (const ZtChoice* choice = FindClass(field.detail.choices, className)) {
-    return WriteChild(child, 0, field, *choice->writer, choice->prefix);
+    return WriteChild(child, 0, type, field, *choice->writer, choice->prefix);
   }
-  Log(field.noteLevel, field.note, className);
+  if (const ZtNote* note = FindNote(type, field)) Log(note->level, note->line, className);
   return true;
 }

@@ -82,7 +82,8 @@ class ZtElementWriter {
     if (field.Is(kZtLogged) && Tells(kZtLogTrace)) LogName(field);
   }
   void LogName(const ZtField& field) const;
-  ZT_LOCAL void LogAbsent(const XMLElement& element, const ZtField& field) const;
+  ZT_LOCAL void LogAbsent(const XMLElement& element, const ZtElementType& type,
+                          const ZtField& field) const;
   bool Lacks(ZtLack::Why why, const XMLElement* element, const ZtField* field = nullptr) {
     m_Lack = {why, element, field};
     return false;
@@ -96,21 +97,28 @@ class ZtElementWriter {
   int WriteFlag(const zt_empty_element_type& flag, const ZtFlag& how);
   bool HasRequired(const XMLElement& element, const ZtElementType& type);
   inline bool WriteStartTag(const XMLElement& element, const ZtElementType& type, ZtNameId name);
-  inline bool WriteAttribute(ZtPen::Tag& tag, const XMLElement& element, const ZtField& field);
-  bool WriteAnyAttribute(const XMLElement& element, const ZtField& field);
+  inline bool WriteAttribute(ZtPen::Tag& tag, const XMLElement& element, const ZtElementType& type,
+                             const ZtField& field);
+  bool WriteAnyAttribute(const XMLElement& element, const ZtElementType& type,
+                         const ZtField& field);
   void WriteDeclared(const ZtElementType& type);
   bool WriteOtherAttributes(ZtListNode* head, const XMLElement* element, const ZtElementType* type,
                             bool declares);
   inline bool WriteRows(const XMLElement& element, const ZtElementType& type);
-  inline bool WriteTextElement(const XMLElement& element, const ZtField& field);
-  bool WriteAnyTextElement(const XMLElement& element, const ZtField& field);
-  inline bool WriteList(const XMLElement& element, const ZtField& field);
+  inline bool WriteTextElement(const XMLElement& element, const ZtElementType& type,
+                               const ZtField& field);
+  bool WriteAnyTextElement(const XMLElement& element, const ZtElementType& type,
+                           const ZtField& field);
+  inline bool WriteList(const XMLElement& element, const ZtElementType& type, const ZtField& field);
   void WriteTexts(const XMLElement& element, const ZtField& field);
-  inline bool WriteChild(XMLElement* child, int index, const ZtField& field,
-                         const ZtElementType& type, ZtNameId prefix = XML_STR_ZT_NULL);
-  bool MayLackChild(int index, const ZtField& field, const ZtElementType& type);
-  bool WriteOthers(const XMLElement& element, const ZtField& field);
-  bool WriteOther(XMLElement* child, const ZtField& field);
+  // The child of a row of `type`, which is written as `as` has it.
+  inline bool WriteChild(XMLElement* child, int index, const ZtElementType& type,
+                         const ZtField& field, const ZtElementType& as,
+                         ZtNameId prefix = XML_STR_ZT_NULL);
+  bool MayLackChild(int index, const ZtElementType& type, const ZtField& field,
+                    const ZtElementType& as);
+  bool WriteOthers(const XMLElement& element, const ZtElementType& type, const ZtField& field);
+  bool WriteOther(XMLElement* child, const ZtElementType& type, const ZtField& field);
 
   ZtPen m_Pen;
   const ZtWriterScope m_Scope;

@@ -11,7 +11,7 @@ inline ZtPiece ZtKeyOf(const XMLElement& object, const ZtElementType& type) {
   const ZtNameId key = type.extras->telling->key;
   const ZtField* row = ZtFindAttribute(type, key);
   if (!row) row = ZtFindChild(type, key);
-  const ZtPiece text = row ? (object.*row->member.text).Piece() : nullptr;
+  const ZtPiece text = row ? row->Text(object).Piece() : nullptr;
   return text.text ? text : ZtPiece("", 0);
 }
 

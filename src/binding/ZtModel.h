@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <initializer_list>
+#include <type_traits>
 
 #include "base/ZtLog.h"
 #include "base/ZtMemory.h"
@@ -15,6 +16,7 @@
 #include "binding/ZtTelling.h"
 #include "ztxml/XMLValueTypes.h"
 #include "ztxml/ZtElement.h"
+#include "ztxml/ZtMembers.h"
 #include "ztxml/ZtPiece.h"
 
 // A constant entry of a table with one of its members changed: what the chained builders of rows,
@@ -24,6 +26,16 @@ constexpr T ZtWith(T entry, Member T::*member, Value value) {
   entry.*member = value;
   return entry;
 }
+
+// Entries of a table that live elsewhere.
+template <class T>
+struct ZtSpan {
+  const T* first = nullptr;
+  std::size_t count = 0;
+
+  constexpr const T* begin() const { return first; }
+  constexpr const T* end() const { return first + count; }
+};
 
 // ---- Rows ---------------------------------------------------------------------------------------
 
@@ -60,25 +72,18 @@ enum ZtRowFlag : std::uint8_t {
   kZtMust = 64,      // its schema requires it
   kZtPaired = 128,   // the texts of this row and of the next one alternate
 };
-constexpr std::uint8_t kZtNoDefault = 0xFF;
 
-// Where a field lives in its object. A member of a derived type is reached through the base: the
-// object's dynamic type has it.
-union ZtMember {
-  ZtText XMLElement::*text;
-  ZtNumber XMLElement::*number;  // also the index of an enumeration
-  ZtNumber64 XMLElement::*number64;
-  ZtChild XMLElement::*child;
-  ZtChildList XMLElement::*children;
-  ZtAttributeList XMLElement::*attributes;
-
-  constexpr explicit ZtMember(ZtText XMLElement::*m) : text(m) {}
-  constexpr explicit ZtMember(ZtNumber XMLElement::*m) : number(m) {}
-  constexpr explicit ZtMember(ZtNumber64 XMLElement::*m) : number64(m) {}
-  constexpr explicit ZtMember(ZtChild XMLElement::*m) : child(m) {}
-  constexpr explicit ZtMember(ZtChildList XMLElement::*m) : children(m) {}
-  constexpr explicit ZtMember(ZtAttributeList XMLElement::*m) : attributes(m) {}
+// Where a member of type `M` lies in an object: what ZT_AT gives. Schema types derive from
+// XMLElement alone, so that this is as far from the object's beginning as from XMLElement's.
+template <class M>
+struct ZtAt {
+  std::uint16_t offset;
 };
+// The compilers that build the library have offsetof for all classes without virtual bases, and say
+// of classes with virtual functions that others need not.
+#pragma GCC diagnostic ignored "-Winvalid-offsetof"
+#define ZT_AT(type, member) \
+  ZtAt<decltype(type::member)> { offsetof(type, member) }
 
 // One of the elements that may stand in a list of mixed children, or in the place of one child. A
 // table of these ends with one that has no type.
@@ -117,20 +122,53 @@ union ZtDetail {
 
 // One row. The order of a type's rows is the order of output, attributes before children.
 struct ZtField {
-  ZtMember member;
+  static constexpr std::uint8_t kNoDefault = 63;
+
   ZtDetail detail;
-  const char* note = nullptr;  // a line of the writer; the functions that set it say which
   ZtNameId name = XML_STR_ZT_NULL;
+  std::uint16_t offset;  // of the member in an object of the row's type
   ZtPlace place;
   ZtValue value;
-  ZtArrival arrival = ZtArrival::kAtStart;
   std::uint8_t flags = 0;
-  std::uint8_t noteLevel = 0;
-  std::uint8_t standsFor =
-      kZtNoDefault;  // the value that its absence means in the standard profile
+  ZtArrival arrival : 2;
+  std::uint8_t standsFor : 6;  // the value that its absence means in the standard profile
 
-  constexpr ZtField(ZtPlace p, ZtValue v, ZtNameId n, ZtMember m, ZtDetail d = ZtDetail())
-      : member(m), detail(d), name(n), place(p), value(v) {}
+  template <class M>
+  constexpr ZtField(ZtPlace p, ZtValue v, ZtNameId n, ZtAt<M> at, ZtDetail d = ZtDetail())
+      : detail(d),
+        name(n),
+        offset(at.offset),
+        place(p),
+        value(v),
+        arrival(ZtArrival::kAtStart),
+        standsFor(kNoDefault) {}
+
+  // The member in `object`, which is of the row's type. A number may be the index of an
+  // enumeration.
+  template <class Object>
+  auto& Text(Object& object) const {
+    return In<ZtText>(object);
+  }
+  template <class Object>
+  auto& Number(Object& object) const {
+    return In<ZtNumber>(object);
+  }
+  template <class Object>
+  auto& Number64(Object& object) const {
+    return In<ZtNumber64>(object);
+  }
+  template <class Object>
+  auto& Child(Object& object) const {
+    return In<ZtChild>(object);
+  }
+  template <class Object>
+  auto& Children(Object& object) const {
+    return In<ZtChildList>(object);
+  }
+  template <class Object>
+  auto& Attributes(Object& object) const {
+    return In<ZtAttributeList>(object);
+  }
 
   constexpr bool Is(ZtRowFlag flag) const { return (flags & flag) != 0; }
   constexpr ZtField With(ZtRowFlag flag) const {
@@ -140,27 +178,22 @@ struct ZtField {
   constexpr ZtField Lenient() const { return With(kZtLenient); }
   constexpr ZtField OneOf() const { return With(kZtOneOf); }
   constexpr ZtField Logged() const { return With(kZtLogged); }
-  constexpr ZtField Arrives(ZtArrival when) const { return ZtWith(*this, &ZtField::arrival, when); }
   constexpr ZtField FreeText() const { return With(kZtFreeText); }
   constexpr ZtField Must() const { return With(kZtMust); }
   constexpr ZtField Paired() const { return With(kZtPaired); }
+  constexpr ZtField Required() const { return With(kZtRequired); }
+  constexpr ZtField Arrives(ZtArrival when) const {
+    ZtField row = *this;
+    row.arrival = when;
+    return row;
+  }
   // By its schema the value is `index` where it is absent.
   constexpr ZtField Default(std::uint8_t index) const {
-    return ZtWith(*this, &ZtField::standsFor, index);
+    ZtField row = *this;
+    row.standsFor = index & kNoDefault;
+    return row;
   }
-
-  // The line is logged when the value is absent, so that the element fails. The first %s is the
-  // class name, the second the row's.
-  constexpr ZtField Required(const char* line = "<XML Module>: %s: %s is required",
-                             int level = kZtLogError) const {
-    return Note(line, level).With(kZtRequired);
-  }
-  // Logged when an optional value is absent.
-  constexpr ZtField NoteAbsent(const char* line, int level) const { return Note(line, level); }
-  // Logged when a child fails, instead of the family's line; %d is its index.
-  constexpr ZtField NoteFailed(const char* line, int level = 2) const { return Note(line, level); }
-  // Logged of an element of a mixed list that is not written; %s is its class name.
-  constexpr ZtField NoteLeftOut(const char* line) const { return Note(line, 2); }
+  constexpr bool HasDefault() const { return standsFor != kNoDefault; }
 
   constexpr bool IsAttribute() const {
     return place == ZtPlace::kAttribute || place == ZtPlace::kOtherAttributes;
@@ -184,86 +217,100 @@ struct ZtField {
   constexpr bool HasName() const { return place < ZtPlace::kOtherChild; }
 
  private:
-  constexpr ZtField Note(const char* line, int level) const {
-    return ZtWith(ZtWith(*this, &ZtField::note, line), &ZtField::noteLevel,
-                  static_cast<std::uint8_t>(level));
+  template <class M, class Object>
+  auto& In(Object& object) const {
+    using Byte = std::conditional_t<std::is_const_v<Object>, const char, char>;
+    using Member = std::conditional_t<std::is_const_v<Object>, const M, M>;
+    return *reinterpret_cast<Member*>(reinterpret_cast<Byte*>(&object) + offset);
   }
 };
-static_assert(sizeof(void*) != 8 || sizeof(ZtField) <= 32);
+static_assert(sizeof(void*) != 8 || sizeof(ZtField) == 16);
 
 // Builders of rows, by the kind of the member. They are qualified because the types' members hide
 // short names.
 namespace ztrow {
 
-template <class M, class D>
-constexpr ZtMember At(M D::*member) {
-  return ZtMember(static_cast<M XMLElement::*>(member));
-}
-
 // What a scalar member holds; with a table of values the index of one.
-constexpr ZtValue ValueOf(ZtText XMLElement::*) { return ZtValue::kText; }
-constexpr ZtValue ValueOf(ZtNumber XMLElement::*) { return ZtValue::kNumber; }
-constexpr ZtValue ValueOf(ZtNumber64 XMLElement::*) { return ZtValue::kNumber64; }
-constexpr ZtValue ValueOf(ZtNumber XMLElement::*, const ZtEnumTable&) { return ZtValue::kEnum; }
-constexpr ZtValue ValueOf(ZtNumber XMLElement::*, const ZtRange&) { return ZtValue::kNumber; }
+template <class M>
+constexpr ZtValue ValueOf() {
+  if (std::is_base_of_v<ZtText, M>) return ZtValue::kText;
+  return std::is_base_of_v<ZtNumber64, M> ? ZtValue::kNumber64 : ZtValue::kNumber;
+}
 
+template <class M>
+constexpr ZtField Scalar(ZtPlace place, ZtNameId name, ZtAt<M> at) {
+  return {place, ValueOf<M>(), name, at};
+}
+template <class M>
+constexpr ZtField Scalar(ZtPlace place, ZtNameId name, ZtAt<M> at, const ZtEnumTable& values) {
+  static_assert(std::is_base_of_v<ZtNumber, M>);
+  return {place, ZtValue::kEnum, name, at, ZtDetail(&values)};
+}
+template <class Value, std::size_t N>
+constexpr ZtField Scalar(ZtPlace place, ZtNameId name, ZtAt<ZtNumberMember<Value>> at,
+                         const ZtEnumOf<N>& values) {
+  static_assert(static_cast<std::size_t>(Value::kAbsent) == N, "a value without a word");
+  return {place, ZtValue::kEnum, name, at, ZtDetail(&values)};
+}
+template <class M>
+constexpr ZtField Scalar(ZtPlace place, ZtNameId name, ZtAt<M> at, const ZtRange& range) {
+  static_assert(std::is_base_of_v<ZtNumber, M>);
+  return {place, ZtValue::kNumber, name, at, ZtDetail(&range)};
+}
 // `detail`: the ZtEnumTable of an enumeration, the ZtRange of a number.
-template <class M, class D, class... Detail>
-constexpr ZtField Scalar(ZtPlace place, ZtNameId name, M D::*m, const Detail&... detail) {
-  return {place, ValueOf(static_cast<M XMLElement::*>(m), detail...), name, At(m),
-          ZtDetail(&detail...)};
+template <class M, class... Detail>
+constexpr ZtField Attribute(ZtNameId name, ZtAt<M> at, const Detail&... detail) {
+  return Scalar(ZtPlace::kAttribute, name, at, detail...);
 }
-template <class M, class D, class... Detail>
-constexpr ZtField Attribute(ZtNameId name, M D::*m, const Detail&... detail) {
-  return Scalar(ZtPlace::kAttribute, name, m, detail...);
-}
-template <class M, class D, class... Detail>
-constexpr ZtField TextElement(ZtNameId name, M D::*m, const Detail&... detail) {
-  return Scalar(ZtPlace::kTextElement, name, m, detail...);
+template <class M, class... Detail>
+constexpr ZtField TextElement(ZtNameId name, ZtAt<M> at, const Detail&... detail) {
+  return Scalar(ZtPlace::kTextElement, name, at, detail...);
 }
 // The element's own text; `name` is the element's.
-template <class M, class D, class... Detail>
-constexpr ZtField OwnText(ZtNameId name, M D::*m, const Detail&... detail) {
-  return Scalar(ZtPlace::kOwnText, name, m, detail...);
+template <class M, class... Detail>
+constexpr ZtField OwnText(ZtNameId name, ZtAt<M> at, const Detail&... detail) {
+  return Scalar(ZtPlace::kOwnText, name, at, detail...);
 }
 // A number in a range, which is always written.
-template <class D>
-constexpr ZtField OwnText(ZtNameId name, ZtNumber D::*m, const ZtRange& range) {
-  return ZtField(ZtPlace::kOwnText, ZtValue::kNumber, name, At(m), ZtDetail(&range)).Always();
+template <class M>
+constexpr ZtField OwnText(ZtNameId name, ZtAt<M> at, const ZtRange& range) {
+  return Scalar(ZtPlace::kOwnText, name, at, range).Always();
 }
 // A repeated text element; the list holds zt_string.
-template <class D>
-constexpr ZtField TextElements(ZtNameId name, ZtChildList D::*m) {
-  return {ZtPlace::kTextElements, ZtValue::kText, name, At(m)};
+constexpr ZtField TextElements(ZtNameId name, ZtAt<ZtChildList> at) {
+  return {ZtPlace::kTextElements, ZtValue::kText, name, at};
 }
 // The element's own text as words, one blank between them: n blanks make n + 1 words, of which any
 // may be empty.
-template <class D>
-constexpr ZtField OwnWords(ZtNameId name, ZtChildList D::*m) {
-  return {ZtPlace::kOwnWords, ZtValue::kText, name, At(m)};
+constexpr ZtField OwnWords(ZtNameId name, ZtAt<ZtChildList> at) {
+  return {ZtPlace::kOwnWords, ZtValue::kText, name, at};
 }
-template <class D>
-constexpr ZtField Child(ZtNameId name, ZtChild D::*m, const ZtElementType& type) {
-  return {ZtPlace::kChild, ZtValue::kObject, name, At(m), ZtDetail(&type)};
+constexpr ZtField Child(ZtNameId name, ZtAt<ZtChild> at, const ZtElementType& type) {
+  return {ZtPlace::kChild, ZtValue::kObject, name, at, ZtDetail(&type)};
 }
-template <class D>
-constexpr ZtField Children(ZtNameId name, ZtChildList D::*m, const ZtElementType& type) {
-  return {ZtPlace::kChildren, ZtValue::kObject, name, At(m), ZtDetail(&type)};
+constexpr ZtField Children(ZtNameId name, ZtAt<ZtChildList> at, const ZtElementType& type) {
+  return {ZtPlace::kChildren, ZtValue::kObject, name, at, ZtDetail(&type)};
+}
+// Of members that know the type themselves.
+template <class T>
+constexpr ZtField Child(ZtNameId name, ZtAt<ZtChildMember<T>> at) {
+  return {ZtPlace::kChild, ZtValue::kObject, name, at, ZtDetail(&T::kType)};
+}
+template <class T>
+constexpr ZtField Children(ZtNameId name, ZtAt<ZtListMember<T>> at) {
+  return {ZtPlace::kChildren, ZtValue::kObject, name, at, ZtDetail(&T::kType)};
 }
 // One element out of `choices`: the last one stands. Others are not written.
-template <class D>
-constexpr ZtField OtherChild(ZtChild D::*m, const ZtChoice* choices) {
-  return {ZtPlace::kOtherChild, ZtValue::kObject, XML_STR_ZT_NULL, At(m), ZtDetail(choices)};
+constexpr ZtField OtherChild(ZtAt<ZtChild> at, const ZtChoice* choices) {
+  return {ZtPlace::kOtherChild, ZtValue::kObject, XML_STR_ZT_NULL, at, ZtDetail(choices)};
 }
 // Elements that no row names are kept, and written when their class is among `choices`.
-template <class D>
-constexpr ZtField OtherChildren(ZtChildList D::*m, const ZtChoice* choices = nullptr) {
-  return {ZtPlace::kOtherChildren, ZtValue::kObject, XML_STR_ZT_NULL, At(m), ZtDetail(choices)};
+constexpr ZtField OtherChildren(ZtAt<ZtChildList> at, const ZtChoice* choices = nullptr) {
+  return {ZtPlace::kOtherChildren, ZtValue::kObject, XML_STR_ZT_NULL, at, ZtDetail(choices)};
 }
 // Kept, and written back in the order received.
-template <class D>
-constexpr ZtField OtherAttributes(ZtAttributeList D::*m) {
-  return {ZtPlace::kOtherAttributes, ZtValue::kObject, XML_STR_ZT_NULL, At(m)};
+constexpr ZtField OtherAttributes(ZtAt<ZtAttributeList> at) {
+  return {ZtPlace::kOtherAttributes, ZtValue::kObject, XML_STR_ZT_NULL, at};
 }
 
 // Whether rows can be meant: attributes before children, no name twice in one place, at most one
@@ -290,14 +337,15 @@ constexpr bool Sound(std::initializer_list<ZtField> rows) {
 // The rows of what ZtExtensible<Base> and ZtKeepsElements<Base> keep.
 struct ZtExtensibleRows {
   template <class Base>
-  static constexpr ZtField kAttributes =
-      ztrow::OtherAttributes(&ZtExtensible<Base>::m_AnyAttributes);
+  static constexpr ZtField kAttributes = ztrow::OtherAttributes(ZT_AT(ZtExtensible<Base>,
+                                                                      m_AnyAttributes));
   template <class Base>
-  static constexpr ZtField kElements = ztrow::OtherChildren(&ZtKeepsElements<Base>::m_AnyElements);
+  static constexpr ZtField kElements = ztrow::OtherChildren(ZT_AT(ZtKeepsElements<Base>,
+                                                                  m_AnyElements));
   // Elements that are kept, of which those among `choices` are written.
   template <class Base>
   static constexpr ZtField Elements(const ZtChoice* choices) {
-    return ztrow::OtherChildren(&ZtKeepsElements<Base>::m_AnyElements, choices);
+    return ztrow::OtherChildren(ZT_AT(ZtKeepsElements<Base>, m_AnyElements), choices);
   }
 };
 
@@ -327,6 +375,17 @@ struct ZtHookLines {
   const char* unknownAttribute;  // class name, attribute
 };
 
+// What the writer logs of a row instead of, or besides, what it logs of others: of a text element
+// that logs its name and of what is required when the value is absent (the first %s is the class
+// name, the second the row's), of a child when it fails (%d is its index), of an element of a mixed
+// list that is not written (%s is its class name).
+struct ZtNote {
+  const char* label;  // the type's; null for all
+  ZtNameId row;
+  int level;
+  const char* line;  // null: nothing is logged
+};
+
 // What several types of a document have in common: mostly all of them.
 struct ZtFamily {
   const char* source;  // file under which they log and are recorded
@@ -344,6 +403,7 @@ struct ZtFamily {
   bool namesStayInside = false;
   // What becomes of a child that has no class name, under a name that asks for one.
   ZtUnknown nullClass = ZtUnknown::kIgnore;
+  ZtSpan<ZtNote> notes = {};
 
   constexpr ZtFamily NamesStayInside() const {
     return ZtWith(*this, &ZtFamily::namesStayInside, true);
@@ -356,6 +416,10 @@ struct ZtFamily {
   }
   constexpr ZtFamily UnknownElement(const char* line) const {
     return ZtWith(*this, &ZtFamily::unknownElement, line);
+  }
+  template <std::size_t N>
+  constexpr ZtFamily Notes(const ZtNote (&own)[N]) const {
+    return ZtWith(*this, &ZtFamily::notes, ZtSpan<ZtNote>{own, N});
   }
 };
 
@@ -506,7 +570,7 @@ struct ZtRowFacts {
       }
       keepsAttributes = keepsAttributes || row.place == ZtPlace::kOtherAttributes;
       takesText = takesText || row.IsOwnText();
-      hasDefaults = hasDefaults || row.standsFor != kZtNoDefault;
+      hasDefaults = hasDefaults || row.HasDefault();
     }
   }
 };

@@ -19,9 +19,9 @@ class Way {
   bool Find(const XMLElement& parent, const ZtElementType& type) {
     for (const ZtField* row = type.children(); row != type.end() && m_iSize < kMost; ++row) {
       if (row->place == ZtPlace::kChild || row->place == ZtPlace::kOtherChild) {
-        if (Try(parent, *row, (parent.*row->member.child).Get())) return true;
+        if (Try(parent, *row, row->Child(parent).Get())) return true;
       } else if (row->place == ZtPlace::kChildren || row->place == ZtPlace::kOtherChildren) {
-        for (XMLElement& child : ZtEach<XMLElement>((parent.*row->member.children).Get())) {
+        for (XMLElement& child : ZtEach<XMLElement>(row->Children(parent).Get())) {
           if (Try(parent, *row, &child)) return true;
         }
       }

@@ -199,7 +199,7 @@ inline bool ZtSchemaDecoder::KeepInPlace(const ZtField& row, ZtPiece text) {
   if (!isPlain || row.value != ZtValue::kText || !m_pArena || !m_pArena->Holds(text.text)) {
     return false;
   }
-  (static_cast<XMLElement*>(m_Stack.top())->*row.member.text).Refer(text);
+  row.Text(*static_cast<XMLElement*>(m_Stack.top())).Refer(text);
   return true;
 }
 
@@ -407,7 +407,7 @@ void ZtSchemaDecoder::KeepAttributes(ScannedTag& tag) {
     ScannedTag::Cut(*attribute, hasEntity);
     const ZtField* const row = ZtNextAttribute(type, rowsEnd, next, attribute->Name());
     if (inPlace && row && row->value == ZtValue::kText) {
-      (object.*row->member.text).Refer(attribute->Value());
+      row->Text(object).Refer(attribute->Value());
     } else {
       KeepAttribute(type, row, attribute->Name(), attribute->Value());
       if (m_bFailed) return;

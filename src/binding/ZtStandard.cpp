@@ -84,7 +84,7 @@ ZtPiece ZtNameOfObject(const ZtField& row, const XMLElement& child) {
 std::uint32_t ZtIndexOf(const XMLElement& parent, const ZtField& row, const XMLElement& entry) {
   if (ZtIsSingle(row)) return 0;
   std::uint32_t index = 0;
-  for (const ZtListNode* node = (parent.*row.member.children).Head(); node; node = node->next) {
+  for (const ZtListNode* node = row.Children(parent).Head(); node; node = node->next) {
     const auto* other = static_cast<const XMLElement*>(node->data);
     if (other && other->ClassName() == entry.ClassName()) ++index;
     if (other == &entry) break;
@@ -167,19 +167,19 @@ ZtStated ZtParseScalar(const ZtField& row, ZtPiece text) {
 ZtStated ZtHeld(const XMLElement& object, const ZtField& row) {
   switch (row.value) {
     case ZtValue::kText:
-      return ZtStated::Text((object.*row.member.text).Piece());
+      return ZtStated::Text(row.Text(object).Piece());
     case ZtValue::kNumber64: {
-      const ZtNumber64& number = object.*row.member.number64;
+      const ZtNumber64& number = row.Number64(object);
       return number.IsSet() ? ZtStated::Number(number.Get()) : ZtStated();
     }
     case ZtValue::kNumber: {
-      const ZtNumber& number = object.*row.member.number;
+      const ZtNumber& number = row.Number(object);
       const ZtRange* range = row.detail.range;
       const bool fits = !range || (number.Get() >= range->least && number.Get() <= range->most);
       return number.IsSet() && fits ? ZtStated::Number(number.Get()) : ZtStated();
     }
     case ZtValue::kEnum: {
-      const ZtNumber& index = object.*row.member.number;
+      const ZtNumber& index = row.Number(object);
       const bool known = index.IsSet() && index.Get() < row.detail.values->count;
       return known ? ZtStated::Number(index.Get()) : ZtStated();
     }
@@ -191,7 +191,7 @@ ZtStated ZtHeld(const XMLElement& object, const ZtField& row) {
 
 bool ZtHolds(const XMLElement& object, const ZtField& row, ZtPiece text) {
   if (row.value != ZtValue::kText) return ZtParse(row, text) == ZtHeld(object, row);
-  const ZtPiece held = (object.*row.member.text).Piece();
+  const ZtPiece held = row.Text(object).Piece();
   if (!row.Is(kZtFreeText)) text = ZtTrimmed(text);
   if (!held.text || held.size != text.size) return false;
   return !text.size || ZtSameBytes(held.text, text.text, text.size);
@@ -205,7 +205,7 @@ ZtPiece ZtTextOf(const ZtField& row, const ZtStated& value, char* buffer) {
 }
 
 ZtPiece ZtTextHeld(const XMLElement& object, const ZtField& row, char* buffer) {
-  if (row.value == ZtValue::kText) return (object.*row.member.text).Piece();
+  if (row.value == ZtValue::kText) return row.Text(object).Piece();
   return ZtTextOf(row, ZtHeld(object, row), buffer);
 }
 
@@ -213,36 +213,35 @@ bool ZtKeep(XMLElement& object, const ZtField& row, const ZtStated& value, const
   if (!value.stated) return true;
   switch (row.value) {
     case ZtValue::kText: {
-      ZtText& text = object.*row.member.text;
+      ZtText& text = row.Text(object);
       if (!arena || !arena->Holds(value.text.text)) return text.Set(value.text);
       text.Refer(value.text);
       break;
     }
     case ZtValue::kNumber64:
-      (object.*row.member.number64).Set(value.number);
+      row.Number64(object).Set(value.number);
       break;
     default:
-      (object.*row.member.number).Set(value.number);
+      row.Number(object).Set(value.number);
   }
   return true;
 }
 
 void ZtClear(XMLElement& object, const ZtField& row) {
-  const bool defaulted = row.standsFor != kZtNoDefault;
   switch (row.value) {
     case ZtValue::kText:
-      static_cast<void>((object.*row.member.text).Set(nullptr));
+      static_cast<void>(row.Text(object).Set(nullptr));
       break;
     case ZtValue::kNumber64:
-      object.*row.member.number64 = 0;
+      row.Number64(object) = 0;
       break;
     case ZtValue::kNumber:
-      object.*row.member.number = 0;
+      row.Number(object) = 0;
       break;
     case ZtValue::kEnum: {
       const ZtEnumTable& values = *row.detail.values;
       const unsigned none = values.noMatch == kZtKeepsValue ? ~0U : values.noMatch;
-      object.*row.member.number = defaulted ? row.standsFor : none;
+      row.Number(object) = row.HasDefault() ? row.standsFor : none;
       break;
     }
     case ZtValue::kObject:
@@ -253,6 +252,6 @@ void ZtClear(XMLElement& object, const ZtField& row) {
 void ZtSetDefaults(XMLElement& object, const ZtElementType& type) {
   if (!type.rows.hasDefaults) return;
   for (const ZtField& row : type) {
-    if (row.standsFor != kZtNoDefault) object.*row.member.number = row.standsFor;
+    if (row.HasDefault()) row.Number(object) = row.standsFor;
   }
 }

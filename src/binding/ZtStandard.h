@@ -97,7 +97,7 @@ ZtStated ZtParseScalar(const ZtField& row, ZtPiece text);
 ZtStated ZtHeld(const XMLElement& object, const ZtField& row);
 // Whether what it held was lost: there was no memory for it when it was set.
 inline bool ZtIsLost(const XMLElement& object, const ZtField& row) {
-  return row.value == ZtValue::kText && (object.*row.member.text).IsLost();
+  return row.value == ZtValue::kText && row.Text(object).IsLost();
 }
 // The text of it, unescaped; numbers are formatted in `buffer` (kZtNumberSize).
 ZtPiece ZtTextOf(const ZtField& row, const ZtStated& value, char* buffer);

@@ -270,7 +270,7 @@ bool ZtStandardReader::KeepPair(const Frame& frame, const ZtXmlAttribute& attrib
   const bool declares = attribute.name.space != kZtNoSpace && attribute.name.space != kZtSpaceXml;
   const ZtPiece uri = declares ? m_Xml.Scope().Uri(attribute.name.space) : ZtPiece(nullptr);
   zt_AttributeValuePair* pair = ZtMakePair(Source(), Ended(name), attribute.value, uri);
-  ZtAttributeList& others = frame.object->*row.member.attributes;
+  ZtAttributeList& others = row.Attributes(*frame.object);
   if (!pair || !others.Add(pair, Source().file, Source().arena)) {
     ZtRelease(pair);
     return false;

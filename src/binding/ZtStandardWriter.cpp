@@ -8,7 +8,7 @@ namespace {
 constexpr char kNoName[] = "it has no element here";
 
 ZtListNode* HeadOf(const XMLElement& object, const ZtField& row) {
-  return (object.*row.member.children).Head();
+  return row.Children(object).Head();
 }
 
 }  // namespace
@@ -134,7 +134,7 @@ bool ZtStandardWriter::Step(Frame& frame) {
     case ZtPlace::kChild:
     case ZtPlace::kOtherChild: {
       ++frame.row;
-      const XMLElement* child = (frame.object->*row.member.child).Get();
+      const XMLElement* child = row.Child(*frame.object).Get();
       if (child && IsThere(*child)) return BeginChild(frame, row, *child, 0);
       return !ZtIsRequired(row) ||
              Fail(kZtMissing, row.HasName() ? "/" : nullptr, row.name.Piece());
@@ -224,7 +224,7 @@ bool ZtStandardWriter::StartTag(Frame& frame, ZtSpace space) {
   m_New.Cut(0);
   const ZtAttributeList* others = nullptr;
   for (const ZtField* row = type.begin(); row != type.children(); ++row) {
-    if (row->place == ZtPlace::kOtherAttributes) others = &(frame.object->*row->member.attributes);
+    if (row->place == ZtPlace::kOtherAttributes) others = &row->Attributes(*frame.object);
   }
   if (others && !others->Head()) others = nullptr;
   if (m_Frames.Size() == 1 && !m_pOuter && !DeclareFixed(frame)) return false;

@@ -25,13 +25,12 @@ inline bool IsEmpty(const XMLElement& object, const ZtField& row) {
   if (row.IsOwnText()) return true;
   switch (row.value) {
     case ZtValue::kText: {
-      if (row.place != ZtPlace::kTextElement) return !(object.*row.member.children).Get();
-      const ZtText& text = object.*row.member.text;
+      if (row.place != ZtPlace::kTextElement) return !row.Children(object).Get();
+      const ZtText& text = row.Text(object);
       return !text.Get() && !text.IsLost();
     }
     case ZtValue::kObject:
-      return ZtIsSingle(row) ? !(object.*row.member.child).Get()
-                             : !(object.*row.member.children).Get();
+      return ZtIsSingle(row) ? !row.Child(object).Get() : !row.Children(object).Get();
     default:
       return false;
   }
@@ -169,7 +168,7 @@ bool ZtUpdater::StartSingle(const ZtMatch& match) {
   const ZtField& row = *match.row;
   const std::uint64_t bit = ZtRowBit(*parent.type, row);
   const bool isText = row.place == ZtPlace::kTextElement;
-  XMLElement* const held = isText ? parent.object : (parent.object->*row.member.child).Get();
+  XMLElement* const held = isText ? parent.object : row.Child(*parent.object).Get();
   const bool isThere =
       isText ? ZtHeld(*held, row).stated : held && ZtStandardWriter::IsThere(*held);
   // Of several the first was read. When it goes, so do all.
@@ -367,8 +366,7 @@ bool ZtUpdater::OwnWords(Frame& frame, const ZtField& row) {
   ZtPiece rest = ZtTrimmed(frame.run.IsEmpty() ? ZtPiece("", 0) : frame.run.Piece());
   ZtBuffer words;
   bool isSame = true;
-  for (const ZtListNode* node = (frame.object->*row.member.children).Head(); node;
-       node = node->next) {
+  for (const ZtListNode* node = row.Children(*frame.object).Head(); node; node = node->next) {
     const ZtPiece word = node->data ? TextOf(*ItemOf(node)) : ZtPiece(nullptr);
     if (!word.size) continue;
     const bool fits = word.size <= rest.size && std::memcmp(word.text, rest.text, word.size) == 0 &&
@@ -446,13 +444,13 @@ bool ZtUpdater::PrepareRow(const Frame& frame, const ZtField& row, RowState& sta
       return PrepareText(frame, row);
     case ZtPlace::kChild:
     case ZtPlace::kOtherChild: {
-      const XMLElement* child = (frame.object->*row.member.child).Get();
+      const XMLElement* child = row.Child(*frame.object).Get();
       return !child || PrepareChild(frame, row, *child, nullptr);
     }
     case ZtPlace::kTextElements:
     case ZtPlace::kChildren:
     case ZtPlace::kOtherChildren:
-      state.node = (frame.object->*row.member.children).Head();
+      state.node = row.Children(*frame.object).Head();
       if (const ZtField* partner = ZtPartnerOf(*frame.type, row)) {
         if (!IsUntouched(frame, row) || !IsUntouched(frame, *partner)) {
           return PreparePairs(frame, row, state.node);
@@ -469,7 +467,7 @@ bool ZtUpdater::PrepareRow(const Frame& frame, const ZtField& row, RowState& sta
 
 // Whether a list has what it had, in that order.
 bool ZtUpdater::IsUntouched(const Frame& frame, const ZtField& row) const {
-  const ZtListNode* node = (frame.object->*row.member.children).Head();
+  const ZtListNode* node = row.Children(*frame.object).Head();
   const std::uint32_t end = m_Source.parts[frame.part].next;
   for (std::uint32_t i = frame.part + 1; i < end; i = m_Source.parts[i].next) {
     if (m_Source.parts[i].row != &row) continue;
@@ -484,7 +482,7 @@ bool ZtUpdater::IsUntouched(const Frame& frame, const ZtField& row) const {
 bool ZtUpdater::PreparePairs(const Frame& frame, const ZtField& row, const ZtListNode* node) {
   const bool isFirst = row.Is(kZtPaired);
   const ZtField& partner = *ZtPartnerOf(*frame.type, row);
-  const ZtListNode* other = (frame.object->*partner.member.children).Head();
+  const ZtListNode* other = partner.Children(*frame.object).Head();
   for (; node && other; node = node->next, other = other->next) {
     if (!node->data) continue;
     const std::uint32_t own = PartOf(frame, row, node->data, kNone);

@@ -63,7 +63,7 @@ bool ZtUpdater::HasName(const Part& part, ZtPiece name) const {
 // first stands, as when a tree is written.
 bool ZtUpdater::SortPairs(const Frame& frame) {
   const ZtField& others = ZtOthersOf(*frame.type);
-  const ZtListNode* const head = (frame.object->*others.member.attributes).Head();
+  const ZtListNode* const head = others.Attributes(*frame.object).Head();
   bool isNew = false;
   std::uint32_t likely = m_iPart;
   m_Pairs.Cut(0);

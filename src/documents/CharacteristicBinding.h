@@ -7,9 +7,9 @@
 
 struct CharacteristicBinding {
   static constexpr ZtField kVersion =
-      ztrow::Attribute(XML_STR_VERSION, &ZtProvisioning::m_Version).FreeText();
+      ztrow::Attribute(XML_STR_VERSION, ZT_AT(ZtProvisioning, m_Version)).FreeText();
   static constexpr ZtField kCharacteristics = ztrow::Children(
-      ZT_STR_CHARACTERISTIC, &ZtProvisioning::m_Characteristics, zt_characteristic::kType);
+      ZT_STR_CHARACTERISTIC, ZT_AT(ZtProvisioning, m_Characteristics), zt_characteristic::kType);
 };
 
 #endif  // ZTXML_SRC_CHARACTERISTICBINDING_H

@@ -6,7 +6,11 @@
 
 namespace {
 constexpr char kSource[] = "src/XMLBootstrappingInfo";
-constexpr ZtFamily kFamily = ZtPlainFamily(kSource);
+constexpr ZtNote kNotes[] = {{"BootstrappingInfo", XML_STR_BTID, kZtLogOptional,
+                              "<XML Module>: BootstrappingInfoElement btid not present"},
+                             {"BootstrappingInfo", XML_STR_LIFETIME, kZtLogOptional,
+                              "<XML Module>: BootstrappingInfoElement lifetime not present"}};
+constexpr ZtFamily kFamily = ZtPlainFamily(kSource).Notes(kNotes);
 
 constexpr ZtExtras kNamespace = {{{XML_STR_URI_3GPP_GBA, XML_STR_ZT_NULL}}};
 }  // namespace
@@ -16,16 +20,13 @@ const ZtElementType zt_bootstrappinginfo::kType = {
         .Writer(XML_STR_BOOTSTRAPPING_INFO, "AddBootstrappingInfoElementToXml")
         .With(kNamespace)
         .Root(),
-    {ztrow::TextElement(XML_STR_BTID, &zt_bootstrappinginfo::m_Btid)
+    {ztrow::TextElement(XML_STR_BTID, ZT_AT(zt_bootstrappinginfo, m_Btid))
          .FreeText()
          .Must()
-         .Logged()
-         .NoteAbsent("<XML Module>: BootstrappingInfoElement btid not present", kZtLogOptional),
-     ztrow::TextElement(XML_STR_LIFETIME, &zt_bootstrappinginfo::m_Lifetime)
+         .Logged(),
+     ztrow::TextElement(XML_STR_LIFETIME, ZT_AT(zt_bootstrappinginfo, m_Lifetime))
          .Must()
-         .Logged()
-         .NoteAbsent("<XML Module>: BootstrappingInfoElement lifetime not present",
-                     kZtLogOptional)}};
+         .Logged()}};
 
 namespace {
 constexpr ZtDocumentLines kDocumentLines = [] {

@@ -12,17 +12,17 @@ constexpr ZtRange kVersions = {0, ~0U, true};  // networks write "1" and "1.0"
 const ZtElementType zt_alternative_service::kType = {
     ZtTypeOf<zt_alternative_service>("zt_alternative_service", "alternative-service", kFamily)
         .Writer(XML_STR_ALTERNATIVE_SERVICE, "AddAlternativeServiceElementToXml"),
-    {ztrow::TextElement(XML_STR_TYPE, &zt_alternative_service::m_Type).FreeText().Must(),
-     ztrow::TextElement(XML_STR_REASON, &zt_alternative_service::m_Reason).FreeText(),
-     ztrow::TextElement(XML_STR_ACTION, &zt_alternative_service::m_Action).FreeText()}};
+    {ztrow::TextElement(XML_STR_TYPE, ZT_AT(zt_alternative_service, m_Type)).FreeText().Must(),
+     ztrow::TextElement(XML_STR_REASON, ZT_AT(zt_alternative_service, m_Reason)).FreeText(),
+     ztrow::TextElement(XML_STR_ACTION, ZT_AT(zt_alternative_service, m_Action)).FreeText()}};
 const ZtElementType zt_ims_3gpp::kType = {
     ZtTypeOf<zt_ims_3gpp>("zt_ims_3gpp", "ims-3gpp", kFamily)
         .Writer(XML_STR_IMS_3GPP, "AddIms3gppElementToXml")
         .Root(),
-    {ztrow::Attribute(XML_STR_VERSION, &zt_ims_3gpp::m_Version, kVersions).Must(),
-     ztrow::Child(XML_STR_ALTERNATIVE_SERVICE, &zt_ims_3gpp::m_AlternativeService,
+    {ztrow::Attribute(XML_STR_VERSION, ZT_AT(zt_ims_3gpp, m_Version), kVersions).Must(),
+     ztrow::Child(XML_STR_ALTERNATIVE_SERVICE, ZT_AT(zt_ims_3gpp, m_AlternativeService),
                   zt_alternative_service::kType),
-     ztrow::TextElement(XML_STR_SERVICE_INFO, &zt_ims_3gpp::m_ServiceInfo).FreeText()}};
+     ztrow::TextElement(XML_STR_SERVICE_INFO, ZT_AT(zt_ims_3gpp, m_ServiceInfo)).FreeText()}};
 
 const ZtDocument CWIndicationContext::kDocument = {
     ZtDocumentOf<CWIndicationContext, XMLCWIndicationDecoder, CWIndicationUnMarshaller,

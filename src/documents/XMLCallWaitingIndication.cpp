@@ -20,12 +20,13 @@ const ZtElementType zt_ns_call_waiting_indication_action::kType = {
                                                    kFamily)
         .Writer(XML_STR_ACTION, "AddActionElementToXml"),
     {ztrow::Child(XML_STR_CALL_WAITING_INDICATION,
-                  &zt_ns_call_waiting_indication_action::m_CallWaitingIndication, kFlag)}};
+                  ZT_AT(zt_ns_call_waiting_indication_action, m_CallWaitingIndication), kFlag)}};
 const ZtElementType zt_ns_call_waiting_indication_alternative_service::kType = {
     ZtTypeOf<zt_ns_call_waiting_indication_alternative_service>(
         "zt_ns_call_waiting_indication_alternative_service", "alternative-service", kFamily)
         .Writer(XML_STR_ALTERNATIVE_SERVICE, "AddAlternativeServiceElementToXml"),
-    {ztrow::Child(XML_STR_ACTION, &zt_ns_call_waiting_indication_alternative_service::m_Action,
+    {ztrow::Child(XML_STR_ACTION,
+                  ZT_AT(zt_ns_call_waiting_indication_alternative_service, m_Action),
                   zt_ns_call_waiting_indication_action::kType)}};
 // Intended: the root is called "3gpp-ims", although XML names do not begin with a digit; peers send
 // and expect it, and the library's parser reads it.
@@ -33,8 +34,8 @@ const ZtElementType zt_3gpp_ims::kType = {
     ZtTypeOf<zt_3gpp_ims>("zt_3gpp_ims", "3gpp-ims", kFamily)
         .Writer(XML_STR_3GPP_IMS, "Add3gppImsElementToXml")
         .Root(),
-    {ztrow::Attribute(XML_STR_VERSION, &zt_3gpp_ims::m_Version),
-     ztrow::Child(XML_STR_ALTERNATIVE_SERVICE, &zt_3gpp_ims::m_AlternativeService,
+    {ztrow::Attribute(XML_STR_VERSION, ZT_AT(zt_3gpp_ims, m_Version)),
+     ztrow::Child(XML_STR_ALTERNATIVE_SERVICE, ZT_AT(zt_3gpp_ims, m_AlternativeService),
                   zt_ns_call_waiting_indication_alternative_service::kType)}};
 
 zt_empty_element_type* CallWaitingIndicationDataBinder::CreateCallWaitingIndicationElement() {

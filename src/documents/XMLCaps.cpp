@@ -13,22 +13,25 @@ constexpr ZtEnumTable kCapability = {kBooleanSlots, 2, 2, ZT_CAPS_ABSENT, false}
 const ZtElementType zt_ns_caps_duplextypes::kType = {
     ZtTypeOf<zt_ns_caps_duplextypes>("zt_ns_caps_duplextypes", "duplextypes", kFamily)
         .Writer(XML_STR_ZT_NULL, "AddDuplexTypesElementToXml", XML_STR_CAPS),
-    {ztrow::TextElement(XML_STR_FULL, &zt_ns_caps_duplextypes::m_Full).FreeText(),
-     ztrow::TextElement(XML_STR_HALF, &zt_ns_caps_duplextypes::m_Half).FreeText(),
-     ztrow::TextElement(XML_STR_RECEIVE_ONLY, &zt_ns_caps_duplextypes::m_ReceiveOnly).FreeText(),
-     ztrow::TextElement(XML_STR_SEND_ONLY, &zt_ns_caps_duplextypes::m_SendOnly).FreeText(),
+    {ztrow::TextElement(XML_STR_FULL, ZT_AT(zt_ns_caps_duplextypes, m_Full)).FreeText(),
+     ztrow::TextElement(XML_STR_HALF, ZT_AT(zt_ns_caps_duplextypes, m_Half)).FreeText(),
+     ztrow::TextElement(XML_STR_RECEIVE_ONLY, ZT_AT(zt_ns_caps_duplextypes, m_ReceiveOnly))
+         .FreeText(),
+     ztrow::TextElement(XML_STR_SEND_ONLY, ZT_AT(zt_ns_caps_duplextypes, m_SendOnly)).FreeText(),
      kZtOthers}};
 const ZtElementType zt_ns_caps_duplextype::kType = {
     ZtTypeOf<zt_ns_caps_duplextype>("zt_ns_caps_duplextype", "duplex", kFamily)
         .Writer(XML_STR_DUPLEX, "AddDuplexElementToXml", XML_STR_CAPS),
-    {ztrow::Child(XML_STR_SUPPORTED, &zt_ns_caps_duplextype::m_Supported,
+    {ztrow::Child(XML_STR_SUPPORTED, ZT_AT(zt_ns_caps_duplextype, m_Supported),
                   zt_ns_caps_duplextypes::kType),
-     ztrow::Child(XML_STR_NOTSUPPORTED, &zt_ns_caps_duplextype::m_Notsupported,
+     ztrow::Child(XML_STR_NOTSUPPORTED, ZT_AT(zt_ns_caps_duplextype, m_Notsupported),
                   zt_ns_caps_duplextypes::kType),
      kZtOthers}};
 const ZtElementType zt_ns_caps_servcaps::kType = {
     ZtTypeOf<zt_ns_caps_servcaps>("zt_ns_caps_servcaps", "servcaps", kFamily)
         .Writer(XML_STR_SERVCAPS, "AddServcapsElementToXml", XML_STR_CAPS),
-    {ztrow::TextElement(XML_STR_AUDIO, &zt_ns_caps_servcaps::m_Audio, kCapability),
-     ztrow::Child(XML_STR_DUPLEX, &zt_ns_caps_servcaps::m_Duplex, zt_ns_caps_duplextype::kType),
-     ztrow::TextElement(XML_STR_VIDEO, &zt_ns_caps_servcaps::m_Video, kCapability), kZtOthers}};
+    {ztrow::TextElement(XML_STR_AUDIO, ZT_AT(zt_ns_caps_servcaps, m_Audio), kCapability),
+     ztrow::Child(XML_STR_DUPLEX, ZT_AT(zt_ns_caps_servcaps, m_Duplex),
+                  zt_ns_caps_duplextype::kType),
+     ztrow::TextElement(XML_STR_VIDEO, ZT_AT(zt_ns_caps_servcaps, m_Video), kCapability),
+     kZtOthers}};

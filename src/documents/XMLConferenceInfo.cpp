@@ -7,7 +7,19 @@
 namespace {
 constexpr char kSource[] = "src/XMLConferenceInfo";
 // An element is known only inside its parents: "entry" has another meaning in each of four.
-constexpr ZtFamily kFamily = ZtPlainFamily(kSource).RefusesNullClasses().NamesStayInside();
+constexpr ZtNote kNotes[] = {
+    {"uris", XML_STR_ENTRY, kZtLogTrace, "<XML Module>: AddUrisTypeElementToXml tempNum: %d"},
+    {"media", XML_STR_ID, kZtLogError,
+     "<XML Module>: AddMediaElementToXml: id attribute mandatory"},
+    {"endpoint", XML_STR_MEDIA, kZtLogTrace,
+     "<XML Module>: issue in Media Element number [tempNum: %d]"},
+    {"users", XML_STR_USER, kZtLogTrace, "<XML Module>: AddIUsersElementToXml tempNum: %d"},
+    {"sidebars-by-val", XML_STR_ENTRY, kZtLogTrace,
+     "<XML Module>: Add Sidebars_by_val ElementToXml fail @ tempNum: %d"},
+    {"conference-info", XML_STR_ENTITY, kZtLogError,
+     "<XML Module>: AddConferenceInfoElementToXml entity attribute is mandatory"}};
+constexpr ZtFamily kFamily =
+    ZtPlainFamily(kSource).Notes(kNotes).RefusesNullClasses().NamesStayInside();
 
 // ---- Enumerations -------------------------------------------------------------------------------
 // Intended: a text that only begins with a value of an enumeration is read as that value ("fully"
@@ -16,8 +28,7 @@ constexpr ZtFamily kFamily = ZtPlainFamily(kSource).RefusesNullClasses().NamesSt
 constexpr ZtEnumByPrefix kStates = {"full", "partial", "deleted"};
 
 // By the schema an element that states nothing of the kind is a full one.
-template <class T>
-constexpr ZtField StateRow(ZtNumber T::*state) {
+constexpr ZtField StateRow(ZtAt<ZtNumber> state) {
   return ztrow::Attribute(XML_STR_STATE, state, kStates).Default(ZT_STATE_FULL);
 }
 
@@ -87,53 +98,54 @@ constexpr ZtExtras kAvailableMedia = {{}, nullptr, WriteAvailableMedia};
 const ZtElementType zt_execution_type::kType = {
     ZtTypeOf<zt_execution_type>("zt_execution_type", "execution", kFamily)
         .Writer(XML_STR_ZT_NULL, "AddExecutionTypeElementToXml"),
-    {kZtExtras, ztrow::TextElement(XML_STR_WHEN, &zt_execution_type::m_When),
-     ztrow::TextElement(XML_STR_REASON, &zt_execution_type::m_Reason).FreeText(),
-     ztrow::TextElement(XML_STR_BY, &zt_execution_type::m_By), kZtOthers}};
+    {kZtExtras, ztrow::TextElement(XML_STR_WHEN, ZT_AT(zt_execution_type, m_When)),
+     ztrow::TextElement(XML_STR_REASON, ZT_AT(zt_execution_type, m_Reason)).FreeText(),
+     ztrow::TextElement(XML_STR_BY, ZT_AT(zt_execution_type, m_By)), kZtOthers}};
 const ZtElementType zt_uri_type::kType = {
     ZtTypeOf<zt_uri_type>("zt_uri_type", "entry", kFamily)
         .Writer(XML_STR_ENTRY, "AddUriTypeElementToXml")
         .With(kUri),
-    {kZtExtras, ztrow::TextElement(XML_STR_URI, &zt_uri_type::m_Uri).Must(),
-     ztrow::TextElement(XML_STR_DISPLAY_TEXT, &zt_uri_type::m_DisplayText).FreeText(),
-     ztrow::TextElement(XML_STR_PURPOSE, &zt_uri_type::m_Purpose).FreeText(),
-     ztrow::Child(XML_STR_MODIFIED, &zt_uri_type::m_Modified, zt_execution_type::kType),
+    {kZtExtras, ztrow::TextElement(XML_STR_URI, ZT_AT(zt_uri_type, m_Uri)).Must(),
+     ztrow::TextElement(XML_STR_DISPLAY_TEXT, ZT_AT(zt_uri_type, m_DisplayText)).FreeText(),
+     ztrow::TextElement(XML_STR_PURPOSE, ZT_AT(zt_uri_type, m_Purpose)).FreeText(),
+     ztrow::Child(XML_STR_MODIFIED, ZT_AT(zt_uri_type, m_Modified), zt_execution_type::kType),
      kZtOthers}};
 const ZtElementType zt_uris_type::kType = {
     ZtTypeOf<zt_uris_type>("zt_uris_type", "uris", kFamily)
         .Writer(XML_STR_URIS, "AddUrisTypeElementToXml")
         .With(kPartial),
-    {StateRow(&zt_uris_type::m_State), kZtExtras,
-     ztrow::Children(XML_STR_ENTRY, &zt_uris_type::m_Entries, zt_uri_type::kType)
-         .NoteFailed("<XML Module>: AddUrisTypeElementToXml tempNum: %d"),
+    {StateRow(ZT_AT(zt_uris_type, m_State)), kZtExtras,
+     ztrow::Children(XML_STR_ENTRY, ZT_AT(zt_uris_type, m_Entries), zt_uri_type::kType),
      kZtOthers}};
 // Intended: keywords and languages are split at every blank, so that two blanks in a row make an
 // empty word; callers get n + 1 words for n blanks.
 const ZtElementType zt_keywords_type::kType = {
     ZtTypeOf<zt_keywords_type>("zt_keywords_type", "keywords", kFamily),
-    {kZtExtras, ztrow::OwnWords(XML_STR_KEYWORDS, &zt_keywords_type::m_Words), kZtOthers}};
+    {kZtExtras, ztrow::OwnWords(XML_STR_KEYWORDS, ZT_AT(zt_keywords_type, m_Words)), kZtOthers}};
 const ZtElementType zt_user_languages_type::kType = {
     ZtTypeOf<zt_user_languages_type>("zt_user_languages_type", "languages", kFamily),
-    {kZtExtras, ztrow::OwnWords(XML_STR_LANGUAGES, &zt_user_languages_type::m_Words), kZtOthers}};
+    {kZtExtras, ztrow::OwnWords(XML_STR_LANGUAGES, ZT_AT(zt_user_languages_type, m_Words)),
+     kZtOthers}};
 const ZtElementType zt_user_roles_type::kType = {
     ZtTypeOf<zt_user_roles_type>("zt_user_roles_type", "roles", kFamily),
-    {kZtExtras, ztrow::TextElements(XML_STR_ENTRY, &zt_user_roles_type::m_Entries).FreeText(),
+    {kZtExtras, ztrow::TextElements(XML_STR_ENTRY, ZT_AT(zt_user_roles_type, m_Entries)).FreeText(),
      kZtOthers}};
 const ZtElementType zt_conference_medium_type::kType = {
     ZtTypeOf<zt_conference_medium_type>("zt_conference_medium_type", "entry", kFamily)
         .Writer(XML_STR_ZT_NULL, "AddConferenceMediumTypeElementToXml"),
-    {ztrow::Attribute(XML_STR_LABEL, &zt_conference_medium_type::m_Label).FreeText().Must(),
+    {ztrow::Attribute(XML_STR_LABEL, ZT_AT(zt_conference_medium_type, m_Label)).FreeText().Must(),
      kZtExtras,
-     ztrow::TextElement(XML_STR_DISPLAY_TEXT, &zt_conference_medium_type::m_DisplayText).FreeText(),
-     ztrow::TextElement(XML_STR_TYPE, &zt_conference_medium_type::m_Type).FreeText().Must(),
-     ztrow::TextElement(XML_STR_STATUS, &zt_conference_medium_type::m_Status, kMediaStatuses),
+     ztrow::TextElement(XML_STR_DISPLAY_TEXT, ZT_AT(zt_conference_medium_type, m_DisplayText))
+         .FreeText(),
+     ztrow::TextElement(XML_STR_TYPE, ZT_AT(zt_conference_medium_type, m_Type)).FreeText().Must(),
+     ztrow::TextElement(XML_STR_STATUS, ZT_AT(zt_conference_medium_type, m_Status), kMediaStatuses),
      kZtOthers}};
 const ZtElementType zt_conference_media_type::kType = {
     ZtTypeOf<zt_conference_media_type>("zt_conference_media_type", "available-media", kFamily)
         .Writer(XML_STR_AVAILABLE_MEDIA, "AddConferenceMediaTypeElementToXml")
         .With(kAvailableMedia),
     {kZtExtras,
-     ztrow::Children(XML_STR_ENTRY, &zt_conference_media_type::m_Entries,
+     ztrow::Children(XML_STR_ENTRY, ZT_AT(zt_conference_media_type, m_Entries),
                      zt_conference_medium_type::kType),
      kZtOthers}};
 const ZtElementType zt_conference_description_type::kType = {
@@ -141,79 +153,87 @@ const ZtElementType zt_conference_description_type::kType = {
                                              "conference-description", kFamily)
         .Writer(XML_STR_CONFERENCE_DESCRIPTION, "AddConferenceDescriptionElementToXml"),
     {kZtExtras,
-     ztrow::TextElement(XML_STR_DISPLAY_TEXT, &zt_conference_description_type::m_DisplayText)
+     ztrow::TextElement(XML_STR_DISPLAY_TEXT, ZT_AT(zt_conference_description_type, m_DisplayText))
          .FreeText(),
-     ztrow::TextElement(XML_STR_SUBJECT, &zt_conference_description_type::m_Subject).FreeText(),
-     ztrow::TextElement(XML_STR_FREE_TEXT, &zt_conference_description_type::m_FreeText).FreeText(),
-     ztrow::Child(XML_STR_KEYWORDS, &zt_conference_description_type::m_Keywords,
+     ztrow::TextElement(XML_STR_SUBJECT, ZT_AT(zt_conference_description_type, m_Subject))
+         .FreeText(),
+     ztrow::TextElement(XML_STR_FREE_TEXT, ZT_AT(zt_conference_description_type, m_FreeText))
+         .FreeText(),
+     ztrow::Child(XML_STR_KEYWORDS, ZT_AT(zt_conference_description_type, m_Keywords),
                   zt_keywords_type::kType)
          .Arrives(ZtArrival::kAtEnd),
-     ztrow::Child(XML_STR_CONF_URIS, &zt_conference_description_type::m_ConfUris,
+     ztrow::Child(XML_STR_CONF_URIS, ZT_AT(zt_conference_description_type, m_ConfUris),
                   zt_uris_type::kType),
-     ztrow::Child(XML_STR_SERVICE_URIS, &zt_conference_description_type::m_ServiceUris,
+     ztrow::Child(XML_STR_SERVICE_URIS, ZT_AT(zt_conference_description_type, m_ServiceUris),
                   zt_uris_type::kType),
      ztrow::TextElement(XML_STR_MAXIMUM_USER_COUNT,
-                        &zt_conference_description_type::m_MaximumUserCount),
-     ztrow::Child(XML_STR_AVAILABLE_MEDIA, &zt_conference_description_type::m_AvailableMedia,
+                        ZT_AT(zt_conference_description_type, m_MaximumUserCount)),
+     ztrow::Child(XML_STR_AVAILABLE_MEDIA, ZT_AT(zt_conference_description_type, m_AvailableMedia),
                   zt_conference_media_type::kType),
      kZtOthers}};
 const ZtElementType zt_host_type::kType = {
     ZtTypeOf<zt_host_type>("zt_host_type", "host-info", kFamily)
         .Writer(XML_STR_HOST_INFO, "AddHostInfoElementToXml"),
-    {kZtExtras, ztrow::TextElement(XML_STR_DISPLAY_TEXT, &zt_host_type::m_DisplayText).FreeText(),
-     ztrow::TextElement(XML_STR_WEB_PAGE, &zt_host_type::m_WebPage),
-     ztrow::Child(XML_STR_URIS, &zt_host_type::m_Uris, zt_uris_type::kType), kZtOthers}};
+    {kZtExtras,
+     ztrow::TextElement(XML_STR_DISPLAY_TEXT, ZT_AT(zt_host_type, m_DisplayText)).FreeText(),
+     ztrow::TextElement(XML_STR_WEB_PAGE, ZT_AT(zt_host_type, m_WebPage)),
+     ztrow::Child(XML_STR_URIS, ZT_AT(zt_host_type, m_Uris), zt_uris_type::kType), kZtOthers}};
 const ZtElementType zt_conference_state_type::kType = {
     ZtTypeOf<zt_conference_state_type>("zt_conference_state_type", "conference-state", kFamily)
         .Writer(XML_STR_CONFERENCE_STATE, "AddConferenceStateElementToXml"),
-    {kZtExtras, ztrow::TextElement(XML_STR_USER_COUNT, &zt_conference_state_type::m_UserCount),
-     ztrow::TextElement(XML_STR_ACTIVE, &zt_conference_state_type::m_Active, kTrueOrElseFalse),
-     ztrow::TextElement(XML_STR_LOCKED, &zt_conference_state_type::m_Locked, kTrueOrElseFalse),
+    {kZtExtras,
+     ztrow::TextElement(XML_STR_USER_COUNT, ZT_AT(zt_conference_state_type, m_UserCount)),
+     ztrow::TextElement(XML_STR_ACTIVE, ZT_AT(zt_conference_state_type, m_Active),
+                        kTrueOrElseFalse),
+     ztrow::TextElement(XML_STR_LOCKED, ZT_AT(zt_conference_state_type, m_Locked),
+                        kTrueOrElseFalse),
      kZtOthers}};
 const ZtElementType zt_sip_dialog_id_type::kType = {
     ZtTypeOf<zt_sip_dialog_id_type>("zt_sip_dialog_id_type", "sip", kFamily)
         .Writer(XML_STR_SIP, "AddSipElementToXml"),
     {kZtExtras,
-     ztrow::TextElement(XML_STR_DISPLAY_TEXT, &zt_sip_dialog_id_type::m_DisplayText).FreeText(),
-     ztrow::TextElement(XML_STR_CALL_ID, &zt_sip_dialog_id_type::m_CallId).FreeText().Must(),
-     ztrow::TextElement(XML_STR_FROM_TAG, &zt_sip_dialog_id_type::m_FromTag).FreeText().Must(),
-     ztrow::TextElement(XML_STR_TO_TAG, &zt_sip_dialog_id_type::m_ToTag).FreeText().Must(),
+     ztrow::TextElement(XML_STR_DISPLAY_TEXT, ZT_AT(zt_sip_dialog_id_type, m_DisplayText))
+         .FreeText(),
+     ztrow::TextElement(XML_STR_CALL_ID, ZT_AT(zt_sip_dialog_id_type, m_CallId)).FreeText().Must(),
+     ztrow::TextElement(XML_STR_FROM_TAG, ZT_AT(zt_sip_dialog_id_type, m_FromTag))
+         .FreeText()
+         .Must(),
+     ztrow::TextElement(XML_STR_TO_TAG, ZT_AT(zt_sip_dialog_id_type, m_ToTag)).FreeText().Must(),
      kZtOthers}};
 const ZtElementType zt_call_type::kType = {
     ZtTypeOf<zt_call_type>("zt_call_type", "call-info", kFamily),
-    {kZtExtras, ztrow::Child(XML_STR_SIP, &zt_call_type::m_Sip, zt_sip_dialog_id_type::kType),
+    {kZtExtras, ztrow::Child(XML_STR_SIP, ZT_AT(zt_call_type, m_Sip), zt_sip_dialog_id_type::kType),
      kZtOthers}};
 const ZtElementType zt_media_type::kType = {
     ZtTypeOf<zt_media_type>("zt_media_type", "media", kFamily)
         .Writer(XML_STR_MEDIA, "AddMediaElementToXml")
         .With(kMedium),
-    {ztrow::Attribute(XML_STR_ID, &zt_media_type::m_Id)
-         .FreeText()
-         .Required("<XML Module>: AddMediaElementToXml: id attribute mandatory", kZtLogError),
-     kZtExtras, ztrow::TextElement(XML_STR_DISPLAY_TEXT, &zt_media_type::m_DisplayText).FreeText(),
-     ztrow::TextElement(XML_STR_TYPE, &zt_media_type::m_Type).FreeText(),
-     ztrow::TextElement(XML_STR_LABEL, &zt_media_type::m_Label).FreeText(),
-     ztrow::TextElement(XML_STR_SRC_ID, &zt_media_type::m_SrcId).FreeText(),
-     ztrow::TextElement(XML_STR_STATUS, &zt_media_type::m_Status, kMediaStatuses), kZtOthers}};
+    {ztrow::Attribute(XML_STR_ID, ZT_AT(zt_media_type, m_Id)).FreeText().Required(), kZtExtras,
+     ztrow::TextElement(XML_STR_DISPLAY_TEXT, ZT_AT(zt_media_type, m_DisplayText)).FreeText(),
+     ztrow::TextElement(XML_STR_TYPE, ZT_AT(zt_media_type, m_Type)).FreeText(),
+     ztrow::TextElement(XML_STR_LABEL, ZT_AT(zt_media_type, m_Label)).FreeText(),
+     ztrow::TextElement(XML_STR_SRC_ID, ZT_AT(zt_media_type, m_SrcId)).FreeText(),
+     ztrow::TextElement(XML_STR_STATUS, ZT_AT(zt_media_type, m_Status), kMediaStatuses),
+     kZtOthers}};
 const ZtElementType zt_endpoint_type::kType = {
     ZtTypeOf<zt_endpoint_type>("zt_endpoint_type", "endpoint", kFamily)
         .Writer(XML_STR_ENDPOINT, "AddEndPointElementToXml")
         .With(kMember),
-    {StateRow(&zt_endpoint_type::m_State),
-     ztrow::Attribute(XML_STR_ENTITY, &zt_endpoint_type::m_Entity).FreeText(), kZtExtras,
-     ztrow::TextElement(XML_STR_DISPLAY_TEXT, &zt_endpoint_type::m_DisplayText).FreeText(),
-     ztrow::Child(XML_STR_REFERRED, &zt_endpoint_type::m_Referred, zt_execution_type::kType),
-     ztrow::TextElement(XML_STR_STATUS, &zt_endpoint_type::m_Status, kEndpointStatuses),
-     ztrow::TextElement(XML_STR_JOINING_METHOD, &zt_endpoint_type::m_JoiningMethod,
+    {StateRow(ZT_AT(zt_endpoint_type, m_State)),
+     ztrow::Attribute(XML_STR_ENTITY, ZT_AT(zt_endpoint_type, m_Entity)).FreeText(), kZtExtras,
+     ztrow::TextElement(XML_STR_DISPLAY_TEXT, ZT_AT(zt_endpoint_type, m_DisplayText)).FreeText(),
+     ztrow::Child(XML_STR_REFERRED, ZT_AT(zt_endpoint_type, m_Referred), zt_execution_type::kType),
+     ztrow::TextElement(XML_STR_STATUS, ZT_AT(zt_endpoint_type, m_Status), kEndpointStatuses),
+     ztrow::TextElement(XML_STR_JOINING_METHOD, ZT_AT(zt_endpoint_type, m_JoiningMethod),
                         kJoiningMethods),
-     ztrow::Child(XML_STR_JOINING_INFO, &zt_endpoint_type::m_JoiningInfo, zt_execution_type::kType),
-     ztrow::TextElement(XML_STR_DISCONNECTION_METHOD, &zt_endpoint_type::m_DisconnectionMethod,
-                        kDisconnectionMethods),
-     ztrow::Child(XML_STR_DISCONNECTION_INFO, &zt_endpoint_type::m_DisconnectionInfo,
+     ztrow::Child(XML_STR_JOINING_INFO, ZT_AT(zt_endpoint_type, m_JoiningInfo),
                   zt_execution_type::kType),
-     ztrow::Children(XML_STR_MEDIA, &zt_endpoint_type::m_Media, zt_media_type::kType)
-         .NoteFailed("<XML Module>: issue in Media Element number [tempNum: %d]"),
-     ztrow::Child(XML_STR_CALL_INFO, &zt_endpoint_type::m_CallInfo, zt_call_type::kType),
+     ztrow::TextElement(XML_STR_DISCONNECTION_METHOD,
+                        ZT_AT(zt_endpoint_type, m_DisconnectionMethod), kDisconnectionMethods),
+     ztrow::Child(XML_STR_DISCONNECTION_INFO, ZT_AT(zt_endpoint_type, m_DisconnectionInfo),
+                  zt_execution_type::kType),
+     ztrow::Children(XML_STR_MEDIA, ZT_AT(zt_endpoint_type, m_Media), zt_media_type::kType),
+     ztrow::Child(XML_STR_CALL_INFO, ZT_AT(zt_endpoint_type, m_CallInfo), zt_call_type::kType),
      kZtOthers}};
 const ZtElementType zt_user_type::kType = {
     ZtTypeOf<zt_user_type>("zt_user_type", "user", kFamily)
@@ -221,14 +241,17 @@ const ZtElementType zt_user_type::kType = {
         // for it.
         .Writer(XML_STR_USER, "AddUserElementToXkjml")
         .With(kMember),
-    {StateRow(&zt_user_type::m_State), ztrow::Attribute(XML_STR_ENTITY, &zt_user_type::m_Entity),
-     kZtExtras, ztrow::TextElement(XML_STR_DISPLAY_TEXT, &zt_user_type::m_DisplayText).FreeText(),
-     ztrow::Child(XML_STR_ASSOCIATED_AORS, &zt_user_type::m_AssociatedAors, zt_uris_type::kType),
-     ztrow::Child(XML_STR_ROLES, &zt_user_type::m_Roles, zt_user_roles_type::kType),
-     ztrow::Child(XML_STR_LANGUAGES, &zt_user_type::m_Languages, zt_user_languages_type::kType)
+    {StateRow(ZT_AT(zt_user_type, m_State)),
+     ztrow::Attribute(XML_STR_ENTITY, ZT_AT(zt_user_type, m_Entity)), kZtExtras,
+     ztrow::TextElement(XML_STR_DISPLAY_TEXT, ZT_AT(zt_user_type, m_DisplayText)).FreeText(),
+     ztrow::Child(XML_STR_ASSOCIATED_AORS, ZT_AT(zt_user_type, m_AssociatedAors),
+                  zt_uris_type::kType),
+     ztrow::Child(XML_STR_ROLES, ZT_AT(zt_user_type, m_Roles), zt_user_roles_type::kType),
+     ztrow::Child(XML_STR_LANGUAGES, ZT_AT(zt_user_type, m_Languages),
+                  zt_user_languages_type::kType)
          .Arrives(ZtArrival::kAtEnd),
-     ztrow::TextElement(XML_STR_CASCADED_FOCUS, &zt_user_type::m_CascadedFocus),
-     ztrow::Children(XML_STR_ENDPOINT, &zt_user_type::m_Endpoints, zt_endpoint_type::kType),
+     ztrow::TextElement(XML_STR_CASCADED_FOCUS, ZT_AT(zt_user_type, m_CascadedFocus)),
+     ztrow::Children(XML_STR_ENDPOINT, ZT_AT(zt_user_type, m_Endpoints), zt_endpoint_type::kType),
      kZtOthers}};
 // Intended: the writer of "users" is called AddIUsersElementToXml; callers and log readers use the
 // name.
@@ -236,16 +259,14 @@ const ZtElementType zt_users_type::kType = {
     ZtTypeOf<zt_users_type>("zt_users_type", "users", kFamily)
         .Writer(XML_STR_USERS, "AddIUsersElementToXml")
         .With(kPartial),
-    {StateRow(&zt_users_type::m_State), kZtExtras,
-     ztrow::Children(XML_STR_USER, &zt_users_type::m_Users, zt_user_type::kType)
-         .NoteFailed("<XML Module>: AddIUsersElementToXml tempNum: %d"),
-     kZtOthers}};
+    {StateRow(ZT_AT(zt_users_type, m_State)), kZtExtras,
+     ztrow::Children(XML_STR_USER, ZT_AT(zt_users_type, m_Users), zt_user_type::kType), kZtOthers}};
 const ZtElementType zt_sidebars_by_val_type::kType = {
     ZtTypeOf<zt_sidebars_by_val_type>("zt_sidebars_by_val_type", "sidebars-by-val", kFamily)
         .With(kPartial),
-    {StateRow(&zt_sidebars_by_val_type::m_State), kZtExtras,
-     ztrow::Children(XML_STR_ENTRY, &zt_sidebars_by_val_type::m_Entries, zt_conference_type::kType)
-         .NoteFailed("<XML Module>: Add Sidebars_by_val ElementToXml fail @ tempNum: %d"),
+    {StateRow(ZT_AT(zt_sidebars_by_val_type, m_State)), kZtExtras,
+     ztrow::Children(XML_STR_ENTRY, ZT_AT(zt_sidebars_by_val_type, m_Entries),
+                     zt_conference_type::kType),
      kZtOthers}};
 // A sidebar's entry is a conference, too, but does not declare the namespace again.
 const ZtElementType zt_conference_type::kType = {
@@ -253,21 +274,20 @@ const ZtElementType zt_conference_type::kType = {
         .Writer(XML_STR_CONFERENCE_INFO, "AddConferenceInfoElementToXml")
         .With(kNamespace)
         .Root(),
-    {StateRow(&zt_conference_type::m_State),
-     ztrow::Attribute(XML_STR_VERSION, &zt_conference_type::m_Version),
+    {StateRow(ZT_AT(zt_conference_type, m_State)),
+     ztrow::Attribute(XML_STR_VERSION, ZT_AT(zt_conference_type, m_Version)),
      ZtExtensibleRows::kAttributes<ZtObject>,
-     ztrow::Attribute(XML_STR_ENTITY, &zt_conference_type::m_Entity)
-         .Required("<XML Module>: AddConferenceInfoElementToXml entity attribute is mandatory",
-                   kZtLogError),
-     ztrow::Child(XML_STR_CONFERENCE_DESCRIPTION, &zt_conference_type::m_ConferenceDescription,
+     ztrow::Attribute(XML_STR_ENTITY, ZT_AT(zt_conference_type, m_Entity)).Required(),
+     ztrow::Child(XML_STR_CONFERENCE_DESCRIPTION,
+                  ZT_AT(zt_conference_type, m_ConferenceDescription),
                   zt_conference_description_type::kType),
-     ztrow::Child(XML_STR_HOST_INFO, &zt_conference_type::m_HostInfo, zt_host_type::kType),
-     ztrow::Child(XML_STR_CONFERENCE_STATE, &zt_conference_type::m_ConferenceState,
+     ztrow::Child(XML_STR_HOST_INFO, ZT_AT(zt_conference_type, m_HostInfo), zt_host_type::kType),
+     ztrow::Child(XML_STR_CONFERENCE_STATE, ZT_AT(zt_conference_type, m_ConferenceState),
                   zt_conference_state_type::kType),
-     ztrow::Child(XML_STR_USERS, &zt_conference_type::m_Users, zt_users_type::kType),
-     ztrow::Child(XML_STR_SIDEBARS_BY_REF, &zt_conference_type::m_SidebarsByRef,
+     ztrow::Child(XML_STR_USERS, ZT_AT(zt_conference_type, m_Users), zt_users_type::kType),
+     ztrow::Child(XML_STR_SIDEBARS_BY_REF, ZT_AT(zt_conference_type, m_SidebarsByRef),
                   zt_uris_type::kType),
-     ztrow::Child(XML_STR_SIDEBARS_BY_VAL, &zt_conference_type::m_SidebarsByVal,
+     ztrow::Child(XML_STR_SIDEBARS_BY_VAL, ZT_AT(zt_conference_type, m_SidebarsByVal),
                   zt_sidebars_by_val_type::kType),
      ZtExtensibleRows::kElements<ZtObject>}};
 

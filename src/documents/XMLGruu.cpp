@@ -9,25 +9,24 @@ constexpr char kSource[] = "src/XMLGruu";
 constexpr ZtHookLines kLines = {nullptr, nullptr,
                                 nullptr, nullptr,
                                 nullptr, "<XML Module>: Any attribute is not allowed in class %s"};
-constexpr ZtFamily kFamily = {kSource, &kLines, nullptr, "<XML Module>: %s Failed",
-                              ZtUnknown::kRefuse};
+constexpr ZtNote kNotes[] = {
+    {"pub-gruu", XML_STR_URI, kZtLogError,
+     "<XML Module>: AddPubGruuElementToXml: Uri is a mandatory attribute"},
+    {"temp-gruu", XML_STR_URI, kZtLogError,
+     "<XML Module>: AddTempGruuElementToXml: Uri is a mandatory attribute"}};
+constexpr ZtFamily kFamily =
+    ZtFamily{kSource, &kLines, nullptr, "<XML Module>: %s Failed", ZtUnknown::kRefuse}.Notes(
+        kNotes);
 }  // namespace
 
 // Intended: a GRUU without a uri fails before its start tag is closed, and in registration
 // information the writer goes on with the tag left open; callers set a uri.
 struct GruuBinding {
-  static constexpr ZtField kPublicUri =
-      ztrow::Attribute(XML_STR_URI, &ZtGruu::m_Uri)
-          .Required("<XML Module>: AddPubGruuElementToXml: Uri is a mandatory attribute",
-                    kZtLogError);
-  static constexpr ZtField kTemporaryUri =
-      ztrow::Attribute(XML_STR_URI, &ZtGruu::m_Uri)
-          .Required("<XML Module>: AddTempGruuElementToXml: Uri is a mandatory attribute",
-                    kZtLogError);
+  static constexpr ZtField kUri = ztrow::Attribute(XML_STR_URI, ZT_AT(ZtGruu, m_Uri)).Required();
   // Intended: "first-cseq" is written even when it is 0, which mostly means absent: RFC 5628
   // requires the attribute of every temporary GRUU, and peers look for it.
   static constexpr ZtField kFirstCseq =
-      ztrow::Attribute(XML_STR_FIRST_CSEQ, &ZtTemporaryGruu::m_FirstCseq).Always().Must();
+      ztrow::Attribute(XML_STR_FIRST_CSEQ, ZT_AT(ZtTemporaryGruu, m_FirstCseq)).Always().Must();
 
   // Intended: a GRUU on its own declares no namespace, although it has an XML declaration; callers
   // put it into a document that declares one.
@@ -47,14 +46,14 @@ struct GruuBinding {
 using Gruu = GruuBinding;
 
 const ZtElementType zt_pub_gruu::kType = {Gruu::Public<zt_pub_gruu>("zt_pub_gruu").Root(),
-                                          {Gruu::kPublicUri}};
+                                          {Gruu::kUri}};
 const ZtElementType zt_temp_gruu::kType = {Gruu::Temporary<zt_temp_gruu>("zt_temp_gruu").Root(),
-                                           {Gruu::kFirstCseq, Gruu::kTemporaryUri}};
+                                           {Gruu::kFirstCseq, Gruu::kUri}};
 const ZtElementType zt_ns_gruuinfo_pubGruu::kType = {
-    Gruu::Public<zt_ns_gruuinfo_pubGruu>("zt_ns_gruuinfo_pubGruu"), {Gruu::kPublicUri}};
+    Gruu::Public<zt_ns_gruuinfo_pubGruu>("zt_ns_gruuinfo_pubGruu"), {Gruu::kUri}};
 const ZtElementType zt_ns_gruuinfo_tempGruu::kType = {
     Gruu::Temporary<zt_ns_gruuinfo_tempGruu>("zt_ns_gruuinfo_tempGruu"),
-    {Gruu::kFirstCseq, Gruu::kTemporaryUri}};
+    {Gruu::kFirstCseq, Gruu::kUri}};
 
 XMLObject* GruuDataBinder::CreateRootElement() {
   const char* type = m_pGruutype.Get();

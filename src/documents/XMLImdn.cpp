@@ -5,7 +5,14 @@
 
 namespace {
 constexpr char kSource[] = "src/XMLImdn";
-constexpr ZtFamily kFamily = ZtQuietFamily(kSource).RefusesNullClasses();
+constexpr ZtNote kNotes[] = {
+    {"imdn", XML_STR_DELIVERY_NOTIFICATION, kZtLogError,
+     "<XML Module>: AddIMDNElementToXml, failed to add Delivery Notification."},
+    {"imdn", XML_STR_DISPLAY_NOTIFICATION, kZtLogError,
+     "<XML Module>: AddIMDNElementToXml, failed to add Display Notification."},
+    {"imdn", ZT_STR_PROCESSING_NOTIFICATION, kZtLogError,
+     "<XML Module>: AddIMDNElementToXml, failed to add Processing Notification."}};
+constexpr ZtFamily kFamily = ZtQuietFamily(kSource).Notes(kNotes).RefusesNullClasses();
 constexpr ZtFamily kTellingFamily = kFamily.UnknownElement(kCannotAccommodate);
 
 constexpr ZtExtras kDeclarations = {{{XML_STR_URN_IETF_PARAMS_XML_NS_IMDN, XML_STR_ZT_NULL}}};
@@ -48,19 +55,20 @@ constexpr ZtExtras kStatus = {{}, DropObject};
 const ZtElementType zt_status::kType = {
     ZtTypeOf<zt_status>("zt_status", "status", kTellingFamily).With(kStatus),
     {kZtExtras,
-     ztrow::Child(XML_STR_DELIVERED, &zt_status::m_Delivered, zt_delivered::kType)
+     ztrow::Child(XML_STR_DELIVERED, ZT_AT(zt_status, m_Delivered), zt_delivered::kType)
          .Arrives(ZtArrival::kAtEnd),
-     ztrow::Child(XML_STR_FAILED, &zt_status::m_Failed, zt_failed::kType)
+     ztrow::Child(XML_STR_FAILED, ZT_AT(zt_status, m_Failed), zt_failed::kType)
          .Arrives(ZtArrival::kAtEnd),
-     ztrow::Child(XML_STR_DISPLAYED, &zt_status::m_Displayed, zt_displayed::kType)
+     ztrow::Child(XML_STR_DISPLAYED, ZT_AT(zt_status, m_Displayed), zt_displayed::kType)
          .Arrives(ZtArrival::kAtEnd),
-     ztrow::Child(XML_STR_PROCESSED, &zt_status::m_Processed, zt_processed::kType)
+     ztrow::Child(XML_STR_PROCESSED, ZT_AT(zt_status, m_Processed), zt_processed::kType)
          .Arrives(ZtArrival::kAtEnd),
-     ztrow::Child(XML_STR_STORED, &zt_status::m_Stored, zt_stored::kType)
+     ztrow::Child(XML_STR_STORED, ZT_AT(zt_status, m_Stored), zt_stored::kType)
          .Arrives(ZtArrival::kAtEnd),
-     ztrow::Child(XML_STR_FORBIDDEN, &zt_status::m_Forbidden, zt_forbidden::kType)
+     ztrow::Child(XML_STR_FORBIDDEN, ZT_AT(zt_status, m_Forbidden), zt_forbidden::kType)
          .Arrives(ZtArrival::kAtEnd),
-     ztrow::Child(XML_STR_ERROR, &zt_status::m_Error, zt_error::kType).Arrives(ZtArrival::kAtEnd),
+     ztrow::Child(XML_STR_ERROR, ZT_AT(zt_status, m_Error), zt_error::kType)
+         .Arrives(ZtArrival::kAtEnd),
      kZtOthers}};
 
 namespace {
@@ -72,7 +80,7 @@ bool WriteFirstOf(ZtElementWriter& writer, const XMLElement& self, const ZtEleme
   if (!status || !ZtIsA(*status, zt_status::kType)) return false;
   for (const ZtNameId value : {ZtNameId(kValues)...}) {
     const ZtField* row = ZtFindChild(zt_status::kType, value);
-    if (!(status->*row->member.child).Get()) continue;
+    if (!row->Child(*status).Get()) continue;
     return WriteNotification(writer, type.tag, value,
                              notification.getStatusValue()->getAnyAttributeValue());
   }
@@ -94,7 +102,7 @@ constexpr ZtExtras kProcessing = {
 
 struct ImdnBinding {
   static constexpr ZtField kStatus =
-      ztrow::Child(XML_STR_STATUS, &ZtImdnNotification::m_Status, zt_status::kType).Must();
+      ztrow::Child(XML_STR_STATUS, ZT_AT(ZtImdnNotification, m_Status), zt_status::kType).Must();
 };
 
 const ZtElementType zt_delivery_notification::kType = {
@@ -138,28 +146,23 @@ const ZtElementType zt_imdn::kType = {
         .Starts(ZtStartTag::kAwaitsExtras)
         .Root(),
     {ZtExtensibleRows::kAttributes<ZtObject>,
-     ztrow::TextElement(XML_STR_MESSAGE_ID, &zt_imdn::m_MessageId),
-     ztrow::TextElement(XML_STR_DATETIME, &zt_imdn::m_Datetime).FreeText(),
-     ztrow::TextElement(XML_STR_RECIPIENT_URI, &zt_imdn::m_RecipientUri),
-     ztrow::TextElement(XML_STR_ORIGINAL_RECIPIENT_URI, &zt_imdn::m_OriginalRecipientUri),
-     ztrow::TextElement(XML_STR_SUBJECT, &zt_imdn::m_Subject).FreeText(),
-     ztrow::Child(XML_STR_DELIVERY_NOTIFICATION, &zt_imdn::m_Delivery,
+     ztrow::TextElement(XML_STR_MESSAGE_ID, ZT_AT(zt_imdn, m_MessageId)),
+     ztrow::TextElement(XML_STR_DATETIME, ZT_AT(zt_imdn, m_Datetime)).FreeText(),
+     ztrow::TextElement(XML_STR_RECIPIENT_URI, ZT_AT(zt_imdn, m_RecipientUri)),
+     ztrow::TextElement(XML_STR_ORIGINAL_RECIPIENT_URI, ZT_AT(zt_imdn, m_OriginalRecipientUri)),
+     ztrow::TextElement(XML_STR_SUBJECT, ZT_AT(zt_imdn, m_Subject)).FreeText(),
+     ztrow::Child(XML_STR_DELIVERY_NOTIFICATION, ZT_AT(zt_imdn, m_Delivery),
                   zt_delivery_notification::kType)
          .OneOf()
-         .Lenient()
-         .NoteFailed("<XML Module>: AddIMDNElementToXml, failed to add Delivery Notification.",
-                     kZtLogError),
-     ztrow::Child(XML_STR_DISPLAY_NOTIFICATION, &zt_imdn::m_Display, zt_display_notification::kType)
+         .Lenient(),
+     ztrow::Child(XML_STR_DISPLAY_NOTIFICATION, ZT_AT(zt_imdn, m_Display),
+                  zt_display_notification::kType)
          .OneOf()
-         .Lenient()
-         .NoteFailed("<XML Module>: AddIMDNElementToXml, failed to add Display Notification.",
-                     kZtLogError),
-     ztrow::Child(ZT_STR_PROCESSING_NOTIFICATION, &zt_imdn::m_Processing,
+         .Lenient(),
+     ztrow::Child(ZT_STR_PROCESSING_NOTIFICATION, ZT_AT(zt_imdn, m_Processing),
                   zt_processing_notification::kType)
          .OneOf()
-         .Lenient()
-         .NoteFailed("<XML Module>: AddIMDNElementToXml, failed to add Processing Notification.",
-                     kZtLogError),
+         .Lenient(),
      // Intended: callers get an element of another name in "imdn" as a flag, without content, which
      // is not written; in a status such an element is dropped.
      ZtExtensibleRows::Elements<ZtObject>(kAnyOther)}};

@@ -5,7 +5,14 @@
 
 namespace {
 constexpr char kSource[] = "src/XMLIsComposing";
-constexpr ZtFamily kFamily = ZtQuietFamily(kSource);
+constexpr ZtNote kNotes[] = {{"isComposing", XML_STR_STATE, kZtLogTrace, nullptr},
+                             {"isComposing", XML_STR_LASTACTIVE, kZtLogOptional,
+                              "<XML Module>: IsComposingElement lastactive not present"},
+                             {"isComposing", XML_STR_CONTENTTYPE, kZtLogOptional,
+                              "<XML Module>: IsComposingElement Content-type not present"},
+                             {"isComposing", XML_STR_REFRESH, kZtLogOptional,
+                              "<XML Module>: IsComposingElement Refresh not present"}};
+constexpr ZtFamily kFamily = ZtQuietFamily(kSource).Notes(kNotes);
 constexpr ZtFamily kTellingFamily = kFamily.UnknownElement(kCannotAccommodate);
 
 // Intended: the schema location that is written names "urn:ietf:params:xml:ns:im-composing",
@@ -23,20 +30,15 @@ const ZtElementType zt_isComposing::kType = {
         .Writer(XML_STR_IS_COMPOSING, "AddIsComposingElementToXml")
         .With(kDeclarations)
         .Root(),
-    {ztrow::TextElement(XML_STR_STATE, &zt_isComposing::m_State)
+    {ztrow::TextElement(XML_STR_STATE, ZT_AT(zt_isComposing, m_State))
          .FreeText()
          .Logged()
-         .Required(nullptr, kZtLogTrace),
-     ztrow::TextElement(XML_STR_LASTACTIVE, &zt_isComposing::m_Lastactive)
-         .Logged()
-         .NoteAbsent("<XML Module>: IsComposingElement lastactive not present", kZtLogOptional),
-     ztrow::TextElement(XML_STR_CONTENTTYPE, &zt_isComposing::m_Contenttype)
+         .Required(),
+     ztrow::TextElement(XML_STR_LASTACTIVE, ZT_AT(zt_isComposing, m_Lastactive)).Logged(),
+     ztrow::TextElement(XML_STR_CONTENTTYPE, ZT_AT(zt_isComposing, m_Contenttype))
          .FreeText()
-         .Logged()
-         .NoteAbsent("<XML Module>: IsComposingElement Content-type not present", kZtLogOptional),
-     ztrow::TextElement(XML_STR_REFRESH, &zt_isComposing::m_Refresh)
-         .Logged()
-         .NoteAbsent("<XML Module>: IsComposingElement Refresh not present", kZtLogOptional),
+         .Logged(),
+     ztrow::TextElement(XML_STR_REFRESH, ZT_AT(zt_isComposing, m_Refresh)).Logged(),
      ZtExtensibleRows::kElements<ZtObject>}};
 
 int IsComposingMarshaller::AddRefreshElementToXml(unsigned int seconds) {

@@ -10,17 +10,19 @@ const ZtElementType zt_ns_oma_pres_service_description::kType = {
     ZtTypeOf<zt_ns_oma_pres_service_description>("zt_ns_oma_pres_service_description",
                                                  "service-description", kFamily)
         .Writer(XML_STR_SERVICE_DESCRIPTION, "AddServiceDescriptionElementToXml", XML_STR_OP),
-    {ztrow::TextElement(XML_STR_SERVICE_ID, &zt_ns_oma_pres_service_description::m_ServiceId)
+    {ztrow::TextElement(XML_STR_SERVICE_ID, ZT_AT(zt_ns_oma_pres_service_description, m_ServiceId))
          .Must(),
-     ztrow::TextElement(XML_STR_VERSION, &zt_ns_oma_pres_service_description::m_Version).Must(),
-     ztrow::TextElement(XML_STR_DESCRIPTION, &zt_ns_oma_pres_service_description::m_Description),
+     ztrow::TextElement(XML_STR_VERSION, ZT_AT(zt_ns_oma_pres_service_description, m_Version))
+         .Must(),
+     ztrow::TextElement(XML_STR_DESCRIPTION,
+                        ZT_AT(zt_ns_oma_pres_service_description, m_Description)),
      kZtOthers}};
 
 // Intended: willingness, session-participation, registration-state, barring-state and
 // overriding-willingness are neither read nor written: their types are for callers that fill them.
 struct OmaPresBinding {
   static constexpr ZtField Text(ZtNameId element) {
-    return ztrow::OwnText(element, &ZtOmaPresText::m_Value);
+    return ztrow::OwnText(element, ZT_AT(ZtOmaPresText, m_Value));
   }
 };
 

@@ -6,7 +6,11 @@
 
 namespace {
 constexpr char kSource[] = "src/XMLPresence";
-constexpr ZtFamily kFamily = ZtPresenceFamily(kSource);
+constexpr ZtNote kNotes[] = {
+    {"tuple", XML_STR_ID, 0, nullptr},
+    {"presence", XML_STR_ENTITY, kZtLogError,
+     "PresenceMarshaller :: AddPresenceElementToXml: Entity is mandatory attribute"}};
+constexpr ZtFamily kFamily = ZtPresenceFamily(kSource).Notes(kNotes);
 
 constexpr ZtEnumOf kBasic = {"open", "closed"};
 
@@ -26,29 +30,29 @@ constexpr ZtChoice kExtensions[] = {
 
 const ZtElementType zt_note::kType = {
     ZtTypeOf<zt_note>("zt_note", "note", kFamily).Writer(XML_STR_NOTE, "AddNoteElementToXml"),
-    {ztrow::OwnText(XML_STR_NOTE, &zt_note::m_Value).FreeText(), kZtOthers}};
+    {ztrow::OwnText(XML_STR_NOTE, ZT_AT(zt_note, m_Value)).FreeText(), kZtOthers}};
 const ZtElementType zt_contact::kType = {
     ZtTypeOf<zt_contact>("zt_contact", "contact", kFamily)
         .Writer(XML_STR_CONTACT, "AddContactElementToXml"),
-    {ztrow::Attribute(XML_STR_PRIORITY, &zt_contact::m_Priority),
-     ztrow::OwnText(XML_STR_CONTACT, &zt_contact::m_Uri), kZtOthers}};
+    {ztrow::Attribute(XML_STR_PRIORITY, ZT_AT(zt_contact, m_Priority)),
+     ztrow::OwnText(XML_STR_CONTACT, ZT_AT(zt_contact, m_Uri)), kZtOthers}};
 const ZtElementType PresenceNameSpace::zt_status::kType = {
     ZtTypeOf<PresenceNameSpace::zt_status>("PresenceNameSpace::zt_status", "status", kFamily)
         .Writer(XML_STR_STATUS, "AddStatusElementToXml"),
-    {ztrow::TextElement(XML_STR_BASIC, &Status::m_Basic, kBasic), kZtOthers}};
+    {ztrow::TextElement(XML_STR_BASIC, ZT_AT(Status, m_Basic), kBasic), kZtOthers}};
 struct PresenceBinding {
   static constexpr ZtTypeFacts kTuple = ZtTypeOf<zt_tuple>("zt_tuple", "tuple", kFamily)
                                             .Writer(XML_STR_TUPLE, "AddTupleElementToXml");
-  static constexpr ZtField kId = ztrow::Attribute(XML_STR_ID, &zt_tuple::m_Id).Required(nullptr, 0);
+  static constexpr ZtField kId = ztrow::Attribute(XML_STR_ID, ZT_AT(zt_tuple, m_Id)).Required();
   static constexpr ZtField kStatus =
-      ztrow::Child(XML_STR_STATUS, &zt_tuple::m_Status, Status::kType).Must();
+      ztrow::Child(XML_STR_STATUS, ZT_AT(zt_tuple, m_Status), Status::kType).Must();
   static constexpr ZtField kOthers = ZtExtensibleRows::Elements<ZtElement>(kExtensions);
   static constexpr ZtField kContact =
-      ztrow::Child(XML_STR_CONTACT, &zt_tuple::m_Contact, zt_contact::kType);
+      ztrow::Child(XML_STR_CONTACT, ZT_AT(zt_tuple, m_Contact), zt_contact::kType);
   static constexpr ZtField kTimestamp =
-      ztrow::TextElement(XML_STR_TIMESTAMP, &zt_tuple::m_Timestamp);
+      ztrow::TextElement(XML_STR_TIMESTAMP, ZT_AT(zt_tuple, m_Timestamp));
   static constexpr ZtField kNotes =
-      ztrow::Children(XML_STR_NOTE, &zt_tuple::m_Notes, zt_note::kType);
+      ztrow::Children(XML_STR_NOTE, ZT_AT(zt_tuple, m_Notes), zt_note::kType);
 };
 using Tuple = PresenceBinding;
 
@@ -70,11 +74,9 @@ const ZtElementType zt_presence::kType = {
         .Writer(XML_STR_PRESENCE, "AddPresenceElementToXml")
         .With(kNamespaces)
         .Root(),
-    {ztrow::Attribute(XML_STR_ENTITY, &zt_presence::m_Entity)
-         .Required("PresenceMarshaller :: AddPresenceElementToXml: Entity is mandatory attribute",
-                   kZtLogError),
-     ztrow::Children(XML_STR_TUPLE, &zt_presence::m_Tuples, zt_tuple::kType),
-     ztrow::Children(XML_STR_NOTE, &zt_presence::m_Notes, zt_note::kType),
+    {ztrow::Attribute(XML_STR_ENTITY, ZT_AT(zt_presence, m_Entity)).Required(),
+     ztrow::Children(XML_STR_TUPLE, ZT_AT(zt_presence, m_Tuples), zt_tuple::kType),
+     ztrow::Children(XML_STR_NOTE, ZT_AT(zt_presence, m_Notes), zt_note::kType),
      ZtExtensibleRows::kElements<ZtObject>}};
 
 const ZtDocument PresenceContext::kDocument = {

@@ -10,15 +10,16 @@ constexpr ZtFamily kFamily = ZtPlainFamily(kSource);
 const ZtElementType zt_ns_rcs_terms_info_term::kType = {
     ZtTypeOf<zt_ns_rcs_terms_info_term>("zt_ns_rcs_terms_info_term", "term", kFamily)
         .Writer(XML_STR_TERM, "AddTermElementToXml"),
-    {ztrow::TextElement(XML_STR_TITLE, &zt_ns_rcs_terms_info_term::m_Title).FreeText(),
-     ztrow::TextElement(XML_STR_URL, &zt_ns_rcs_terms_info_term::m_Url)}};
+    {ztrow::TextElement(XML_STR_TITLE, ZT_AT(zt_ns_rcs_terms_info_term, m_Title)).FreeText(),
+     ztrow::TextElement(XML_STR_URL, ZT_AT(zt_ns_rcs_terms_info_term, m_Url))}};
 const ZtElementType zt_rcs_terms_info::kType = {
     ZtTypeOf<zt_rcs_terms_info>("zt_rcs_terms_info", "rcs-terms-info", kFamily)
         .Writer(XML_STR_RCS_TERMS_INFO, "AddRcsTermsInfoElementToXml")
         .Root(),
-    {ztrow::Attribute(XML_STR_VERSION, &zt_rcs_terms_info::m_Version),
-     ztrow::TextElement(XML_STR_TERMS_VERSION, &zt_rcs_terms_info::m_TermsVersion).FreeText(),
-     ztrow::Children(XML_STR_TERM, &zt_rcs_terms_info::m_Terms, zt_ns_rcs_terms_info_term::kType)}};
+    {ztrow::Attribute(XML_STR_VERSION, ZT_AT(zt_rcs_terms_info, m_Version)),
+     ztrow::TextElement(XML_STR_TERMS_VERSION, ZT_AT(zt_rcs_terms_info, m_TermsVersion)).FreeText(),
+     ztrow::Children(XML_STR_TERM, ZT_AT(zt_rcs_terms_info, m_Terms),
+                     zt_ns_rcs_terms_info_term::kType)}};
 
 const ZtDocument RcsTermsInfoContext::kDocument = {
     ZtDocumentOf<RcsTermsInfoContext, XMLRcsTermsInfoDecoder, RcsTermsInfoUnMarshaller,

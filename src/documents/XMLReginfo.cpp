@@ -13,9 +13,30 @@ constexpr ZtHookLines kLines = {
     "%s::ProcessUnMarshall: pElementName is Null",
     "%s::ProcessUnMarshall: pElementName is %s while ClassName is %s",
     "%s::ProcessUnMarshallAttribute Cannot accommodate the attribute %s"};
+constexpr ZtNote kNotes[] = {
+    {"unknown-param", XML_STR_NAME, kZtLogError,
+     "<XML Module>: AddUnknownParamElementToXml name is required"},
+    {"contact", XML_STR_STATE, kZtLogOptional,
+     "<XML Module>: AddReginfoContactElementToXml state is required"},
+    {"contact", XML_STR_EVENT, kZtLogOptional,
+     "<XML Module>: AddReginfoContactElementToXml event is required"},
+    {"contact", XML_STR_ID, kZtLogError,
+     "<XML Module>: AddReginfoContactElementToXml id is required"},
+    {"contact", XML_STR_ZT_NULL, kZtLogTrace,
+     "<XML Module>: AddUnknownParamElementToXml cannot accommodate any element classname: %s"},
+    {"registration", XML_STR_AOR, kZtLogError,
+     "<XML Module>: AddRegistrationElementToXml aor is required"},
+    {"registration", XML_STR_STATE, kZtLogOptional,
+     "<XML Module>: AddRegistrationElementToXml state is required"},
+    {"registration", XML_STR_ZT_NULL, kZtLogTrace,
+     "<XML Module>: pRegistration: AnyElement not supported"},
+    {"reginfo", XML_STR_STATE, kZtLogOptional,
+     "<XML Module>: AddReginfoElementToXml state is required"},
+    {"reginfo", XML_STR_ZT_NULL, kZtLogTrace, "<XML Module>: pReginfo: AnyElement not supported"}};
 constexpr ZtFamily kFamily = ZtFamily{kSource, &kLines, "Cannot accommodate the element %s",
                                       "<XML Module>: %s Failed", ZtUnknown::kRefuse}
-                                 .RefusesNullClasses();
+                                 .RefusesNullClasses()
+                                 .Notes(kNotes);
 constexpr ZtFamily kRootFamily =
     kFamily.UnknownElement("zt_reginfo::ProcessUnMarshall Cannot accommodate the element %s");
 
@@ -63,64 +84,57 @@ constexpr ZtChoice kGruus[] = {{XML_STR_PUB_GRUU, zt_pub_gruu::kType, XML_STR_GR
 const ZtElementType zt_unknown_param::kType = {
     ZtTypeOf<zt_unknown_param>("zt_unknown_param", "unknown-param", kFamily)
         .Writer(XML_STR_UNKNOWN_PARAM, "AddUnknownParamElementToXml"),
-    {ztrow::Attribute(XML_STR_NAME, &zt_unknown_param::m_Name)
-         .FreeText()
-         .Required("<XML Module>: AddUnknownParamElementToXml name is required", kZtLogError),
-     ztrow::OwnText(XML_STR_UNKNOWN_PARAM, &zt_unknown_param::m_Value).FreeText()}};
+    {ztrow::Attribute(XML_STR_NAME, ZT_AT(zt_unknown_param, m_Name)).FreeText().Required(),
+     ztrow::OwnText(XML_STR_UNKNOWN_PARAM, ZT_AT(zt_unknown_param, m_Value)).FreeText()}};
 // Intended: a required state or event that is missing is logged at the level of optional items,
 // although it fails the document; log readers find the line at that level.
 const ZtElementType zt_ns_reginfo_contact::kType = {
     ZtTypeOf<zt_ns_reginfo_contact>("zt_ns_reginfo_contact", "contact", kFamily)
         .Writer(XML_STR_CONTACT, "AddReginfoContactElementToXml")
         .With(kContact),
-    {ztrow::Attribute(XML_STR_STATE, &zt_ns_reginfo_contact::m_State, kContactStates)
-         .Required("<XML Module>: AddReginfoContactElementToXml state is required", kZtLogOptional),
-     ztrow::Attribute(XML_STR_EVENT, &zt_ns_reginfo_contact::m_Event, kContactEvents)
-         .Required("<XML Module>: AddReginfoContactElementToXml event is required", kZtLogOptional),
-     ztrow::Attribute(XML_STR_DURATION_REGISTERED, &zt_ns_reginfo_contact::m_DurationRegistered),
-     ztrow::Attribute(XML_STR_EXPIRES, &zt_ns_reginfo_contact::m_Expires),
-     ztrow::Attribute(XML_STR_RETRY_AFTER, &zt_ns_reginfo_contact::m_RetryAfter),
-     ztrow::Attribute(XML_STR_Q, &zt_ns_reginfo_contact::m_Q).FreeText(),
-     ztrow::Attribute(XML_STR_CALLID, &zt_ns_reginfo_contact::m_Callid).FreeText(),
-     ztrow::Attribute(XML_STR_CSEQ, &zt_ns_reginfo_contact::m_Cseq),
-     ztrow::Attribute(XML_STR_ID, &zt_ns_reginfo_contact::m_Id)
-         .FreeText()
-         .Required("<XML Module>: AddReginfoContactElementToXml id is required", kZtLogError),
-     ztrow::TextElement(XML_STR_URI, &zt_ns_reginfo_contact::m_Uri).Must(),
-     ztrow::TextElement(XML_STR_DISPLAY_NAME, &zt_ns_reginfo_contact::m_DisplayName).FreeText(),
-     ztrow::Children(XML_STR_UNKNOWN_PARAM, &zt_ns_reginfo_contact::m_UnknownParams,
+    {ztrow::Attribute(XML_STR_STATE, ZT_AT(zt_ns_reginfo_contact, m_State), kContactStates)
+         .Required(),
+     ztrow::Attribute(XML_STR_EVENT, ZT_AT(zt_ns_reginfo_contact, m_Event), kContactEvents)
+         .Required(),
+     ztrow::Attribute(XML_STR_DURATION_REGISTERED,
+                      ZT_AT(zt_ns_reginfo_contact, m_DurationRegistered)),
+     ztrow::Attribute(XML_STR_EXPIRES, ZT_AT(zt_ns_reginfo_contact, m_Expires)),
+     ztrow::Attribute(XML_STR_RETRY_AFTER, ZT_AT(zt_ns_reginfo_contact, m_RetryAfter)),
+     ztrow::Attribute(XML_STR_Q, ZT_AT(zt_ns_reginfo_contact, m_Q)).FreeText(),
+     ztrow::Attribute(XML_STR_CALLID, ZT_AT(zt_ns_reginfo_contact, m_Callid)).FreeText(),
+     ztrow::Attribute(XML_STR_CSEQ, ZT_AT(zt_ns_reginfo_contact, m_Cseq)),
+     ztrow::Attribute(XML_STR_ID, ZT_AT(zt_ns_reginfo_contact, m_Id)).FreeText().Required(),
+     ztrow::TextElement(XML_STR_URI, ZT_AT(zt_ns_reginfo_contact, m_Uri)).Must(),
+     ztrow::TextElement(XML_STR_DISPLAY_NAME, ZT_AT(zt_ns_reginfo_contact, m_DisplayName))
+         .FreeText(),
+     ztrow::Children(XML_STR_UNKNOWN_PARAM, ZT_AT(zt_ns_reginfo_contact, m_UnknownParams),
                      zt_unknown_param::kType),
      // Intended: the log line about an element of a contact that is not written names the writer of
      // "unknown-param"; log readers search for it as it is.
-     ztrow::OtherChildren(&zt_ns_reginfo_contact::m_AnyElements, kGruus)
-         .Lenient()
-         .NoteLeftOut("<XML Module>: AddUnknownParamElementToXml cannot accommodate any element "
-                      "classname: %s")}};
+     ztrow::OtherChildren(ZT_AT(zt_ns_reginfo_contact, m_AnyElements), kGruus).Lenient()}};
 const ZtElementType zt_registration::kType = {
     ZtTypeOf<zt_registration>("zt_registration", "registration", kFamily)
         .Writer(XML_STR_REGISTRATION, "AddRegistrationElementToXml")
         .With(kRegistration),
-    {ztrow::Attribute(XML_STR_AOR, &zt_registration::m_Aor)
-         .Required("<XML Module>: AddRegistrationElementToXml aor is required", kZtLogError),
+    {ztrow::Attribute(XML_STR_AOR, ZT_AT(zt_registration, m_Aor)).Required(),
      // Intended: a registration without the required id is written with an empty one instead of
      // failing; peers were tested with it.
-     ztrow::Attribute(XML_STR_ID, &zt_registration::m_Id).Always().FreeText().Must(),
-     ztrow::Attribute(XML_STR_STATE, &zt_registration::m_State, kRegistrationStates)
-         .Required("<XML Module>: AddRegistrationElementToXml state is required", kZtLogOptional),
-     ztrow::Children(XML_STR_CONTACT, &zt_registration::m_Contacts, zt_ns_reginfo_contact::kType),
-     ztrow::OtherChildren(&zt_registration::m_AnyElements)
-         .NoteLeftOut("<XML Module>: pRegistration: AnyElement not supported")}};
+     ztrow::Attribute(XML_STR_ID, ZT_AT(zt_registration, m_Id)).Always().FreeText().Must(),
+     ztrow::Attribute(XML_STR_STATE, ZT_AT(zt_registration, m_State), kRegistrationStates)
+         .Required(),
+     ztrow::Children(XML_STR_CONTACT, ZT_AT(zt_registration, m_Contacts),
+                     zt_ns_reginfo_contact::kType),
+     ztrow::OtherChildren(ZT_AT(zt_registration, m_AnyElements))}};
 const ZtElementType zt_reginfo::kType = {
     ZtTypeOf<zt_reginfo>("zt_reginfo", "reginfo", kRootFamily)
         .Writer(XML_STR_REGINFO, "AddReginfoElementToXml")
         .With(kNamespaces)
         .Root(),
-    {ztrow::Attribute(XML_STR_VERSION, &zt_reginfo::m_Version).Always().Must(),
-     ztrow::Attribute(XML_STR_STATE, &zt_reginfo::m_State, kReginfoStates)
-         .Required("<XML Module>: AddReginfoElementToXml state is required", kZtLogOptional),
-     ztrow::Children(XML_STR_REGISTRATION, &zt_reginfo::m_Registrations, zt_registration::kType),
-     ztrow::OtherChildren(&zt_reginfo::m_AnyElements)
-         .NoteLeftOut("<XML Module>: pReginfo: AnyElement not supported")}};
+    {ztrow::Attribute(XML_STR_VERSION, ZT_AT(zt_reginfo, m_Version)).Always().Must(),
+     ztrow::Attribute(XML_STR_STATE, ZT_AT(zt_reginfo, m_State), kReginfoStates).Required(),
+     ztrow::Children(XML_STR_REGISTRATION, ZT_AT(zt_reginfo, m_Registrations),
+                     zt_registration::kType),
+     ztrow::OtherChildren(ZT_AT(zt_reginfo, m_AnyElements))}};
 
 const ZtDocument ReginfoContext::kDocument = {
     ZtDocumentOf<ReginfoContext, XMLReginfoDecoder, ReginfoUnMarshaller, ReginfoMarshaller,

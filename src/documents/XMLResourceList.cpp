@@ -5,7 +5,16 @@
 
 namespace {
 constexpr char kSource[] = "src/XMLResourceList";
-constexpr ZtFamily kFamily = ZtPlainFamily(kSource);
+constexpr ZtNote kNotes[] = {
+    {nullptr, XML_STR_DISPLAY_NAME, kZtLogTrace,
+     "<XML Module>: AddDisplayNameElementToXml XML Failed!"},
+    {"entry", XML_STR_URI, kZtLogError,
+     "<XML Module>: AddEntryElementToXml Uri mandatory attribute"},
+    {"entry-ref", XML_STR_REF, kZtLogError,
+     "<XML Module>: AddEntryRefElementToXml attribute: ref mandatory attribute"},
+    {"resource-lists", XML_STR_LIST, kZtLogTrace,
+     "<XML Module>: AddResource_listsElementToXml tempNum: %d"}};
+constexpr ZtFamily kFamily = ZtPlainFamily(kSource).Notes(kNotes);
 
 // Intended: the root always declares the prefixes "xsi" and "cp", even when nothing uses them;
 // peers compare the text.
@@ -15,9 +24,8 @@ constexpr ZtExtras kNamespaces = {{{XML_STR_URN_IETF_PARAMS_XML_NS_RESOURCE_LIST
 }  // namespace
 
 struct ResourceListsBinding {
-  static constexpr ZtField kNamed =
-      ztrow::Child(XML_STR_DISPLAY_NAME, &ZtDisplayNamed::m_DisplayName, zt_display_nameType::kType)
-          .NoteFailed("<XML Module>: AddDisplayNameElementToXml XML Failed!");
+  static constexpr ZtField kNamed = ztrow::Child(
+      XML_STR_DISPLAY_NAME, ZT_AT(ZtDisplayNamed, m_DisplayName), zt_display_nameType::kType);
 };
 
 namespace {
@@ -40,27 +48,23 @@ constexpr ZtExtras kList = {{}, RefusesMember};
 
 const ZtElementType zt_display_nameType::kType = {
     ZtTypeOf<zt_display_nameType>("zt_display_nameType", "display-name", kFamily),
-    {kZtExtras, ztrow::OwnText(XML_STR_DISPLAY_NAME, &zt_display_nameType::m_Value).FreeText(),
+    {kZtExtras,
+     ztrow::OwnText(XML_STR_DISPLAY_NAME, ZT_AT(zt_display_nameType, m_Value)).FreeText(),
      kZtOthers}};
 const ZtElementType zt_entryType::kType = {
     ZtTypeOf<zt_entryType>("zt_entryType", "entry", kFamily)
         .Writer(XML_STR_ENTRY, "AddEntryElementToXml"),
-    {kZtExtras,
-     ztrow::Attribute(XML_STR_URI, &zt_entryType::m_Uri)
-         .Required("<XML Module>: AddEntryElementToXml Uri mandatory attribute", kZtLogError),
+    {kZtExtras, ztrow::Attribute(XML_STR_URI, ZT_AT(zt_entryType, m_Uri)).Required(),
      ResourceListsBinding::kNamed, kZtOthers}};
 const ZtElementType zt_entry_refType::kType = {
     ZtTypeOf<zt_entry_refType>("zt_entry_refType", "entry-ref", kFamily)
         .Writer(XML_STR_ENTRY_REF, "AddEntryRefElementToXml"),
-    {kZtExtras,
-     ztrow::Attribute(XML_STR_REF, &zt_entry_refType::m_Ref)
-         .Required("<XML Module>: AddEntryRefElementToXml attribute: ref mandatory attribute",
-                   kZtLogError),
+    {kZtExtras, ztrow::Attribute(XML_STR_REF, ZT_AT(zt_entry_refType, m_Ref)).Required(),
      ResourceListsBinding::kNamed, kZtOthers}};
 const ZtElementType zt_externalType::kType = {
     ZtTypeOf<zt_externalType>("zt_externalType", "external", kFamily)
         .Writer(XML_STR_EXTERNAL, "AddExternalElementToXml"),
-    {ztrow::Attribute(XML_STR_ANCHOR, &zt_externalType::m_Anchor), kZtExtras,
+    {ztrow::Attribute(XML_STR_ANCHOR, ZT_AT(zt_externalType, m_Anchor)), kZtExtras,
      ResourceListsBinding::kNamed, kZtOthers}};
 // What is in a list is of this namespace even where the list itself is of another: the lists of
 // resource list services are.
@@ -69,7 +73,7 @@ const ZtElementType zt_listType::kType = {
         .Writer(XML_STR_LIST, "AddListElementToXml")
         .Holds(kZtSpaceResourceLists)
         .With(kList),
-    {ztrow::Attribute(XML_STR_NAME, &zt_listType::m_Name).FreeText(), kZtExtras,
+    {ztrow::Attribute(XML_STR_NAME, ZT_AT(zt_listType, m_Name)).FreeText(), kZtExtras,
      ResourceListsBinding::kNamed, ZtExtensibleRows::Elements<ZtElement>(kMembers)}};
 // The root keeps unknown attributes because they declare the prefixes of its members' attributes.
 const ZtElementType zt_resource_lists::kType = {
@@ -78,8 +82,7 @@ const ZtElementType zt_resource_lists::kType = {
         .With(kNamespaces)
         .Root(),
     {ZtExtensibleRows::kAttributes<ZtObject>,
-     ztrow::Children(XML_STR_LIST, &zt_resource_lists::m_Lists, zt_listType::kType)
-         .NoteFailed("<XML Module>: AddResource_listsElementToXml tempNum: %d"),
+     ztrow::Children(XML_STR_LIST, ZT_AT(zt_resource_lists, m_Lists), zt_listType::kType),
      ZtExtensibleRows::kElements<ZtObject>}};
 
 const ZtDocument ResourceListsContext::kDocument = {

@@ -5,7 +5,15 @@
 
 namespace {
 constexpr char kSource[] = "src/XMLRlmi";
-constexpr ZtFamily kFamily = ZtPlainFamily(kSource);
+constexpr ZtNote kNotes[] = {{"instance", XML_STR_ID, kZtLogError,
+                              "<XML Module>: AddInstanceElementToXml Id mandatory attribute"},
+                             {"instance", XML_STR_STATE, kZtLogError,
+                              "<XML Module>: AddInstanceElementToXml state mandatory attribute"},
+                             {"resource", XML_STR_URI, kZtLogError,
+                              "<XML Module>: AddResourceElementToXml Uri mandatory attribute"},
+                             {"list", XML_STR_URI, kZtLogError,
+                              "<XML Module>: AddListElementToXml Uri mandatory attribute"}};
+constexpr ZtFamily kFamily = ZtPlainFamily(kSource).Notes(kNotes);
 
 // Intended: a text that only begins with a state of an instance is read as that state ("active;x"
 // as "active"), so that peers which append to states are understood.
@@ -30,41 +38,36 @@ constexpr ZtExtras kNamespace = {{{XML_STR_URN_IETF_PARAMS_XML_NS_RLMI, XML_STR_
 
 const ZtElementType zt_name::kType = {
     ZtTypeOf<zt_name>("zt_name", "name", kFamily).Writer(XML_STR_NAME, "AddNameElementToXml"),
-    {ztrow::OwnText(XML_STR_NAME, &zt_name::m_Value).FreeText(), kZtOthers}};
+    {ztrow::OwnText(XML_STR_NAME, ZT_AT(zt_name, m_Value)).FreeText(), kZtOthers}};
 const ZtElementType zt_instance::kType = {
     ZtTypeOf<zt_instance>("zt_instance", "instance", kFamily)
         .Writer(XML_STR_INSTANCE, "AddInstanceElementToXml")
         .Starts(ZtStartTag::kEmpty)
         .With(kInstance),
-    {kZtExtras, ztrow::Attribute(XML_STR_REASON, &zt_instance::m_Reason).FreeText(),
-     ztrow::Attribute(XML_STR_CID, &zt_instance::m_Cid).FreeText(),
-     ztrow::Attribute(XML_STR_ID, &zt_instance::m_Id)
-         .FreeText()
-         .Required("<XML Module>: AddInstanceElementToXml Id mandatory attribute", kZtLogError),
-     ztrow::Attribute(XML_STR_STATE, &zt_instance::m_State, kStates)
-         .Required("<XML Module>: AddInstanceElementToXml state mandatory attribute", kZtLogError),
-     kZtOthers}};
+    {kZtExtras, ztrow::Attribute(XML_STR_REASON, ZT_AT(zt_instance, m_Reason)).FreeText(),
+     ztrow::Attribute(XML_STR_CID, ZT_AT(zt_instance, m_Cid)).FreeText(),
+     ztrow::Attribute(XML_STR_ID, ZT_AT(zt_instance, m_Id)).FreeText().Required(),
+     ztrow::Attribute(XML_STR_STATE, ZT_AT(zt_instance, m_State), kStates).Required(), kZtOthers}};
 const ZtElementType zt_resource::kType = {
     ZtTypeOf<zt_resource>("zt_resource", "resource", kFamily)
         .Writer(XML_STR_RESOURCE, "AddResourceElementToXml")
         .With(kResource),
-    {kZtExtras,
-     ztrow::Attribute(XML_STR_URI, &zt_resource::m_Uri)
-         .Required("<XML Module>: AddResourceElementToXml Uri mandatory attribute", kZtLogError),
-     ztrow::Children(XML_STR_NAME, &zt_resource::m_Names, zt_name::kType),
-     ztrow::Children(XML_STR_INSTANCE, &zt_resource::m_Instances, zt_instance::kType), kZtOthers}};
+    {kZtExtras, ztrow::Attribute(XML_STR_URI, ZT_AT(zt_resource, m_Uri)).Required(),
+     ztrow::Children(XML_STR_NAME, ZT_AT(zt_resource, m_Names), zt_name::kType),
+     ztrow::Children(XML_STR_INSTANCE, ZT_AT(zt_resource, m_Instances), zt_instance::kType),
+     kZtOthers}};
 const ZtElementType zt_list::kType = {
     ZtTypeOf<zt_list>("zt_list", "list", kFamily)
         .Writer(XML_STR_LIST, "AddListElementToXml")
         .With(kNamespace)
         .Root(),
     {ZtExtensibleRows::kAttributes<ZtObject>,
-     ztrow::Attribute(XML_STR_URI, &zt_list::m_Uri)
-         .Required("<XML Module>: AddListElementToXml Uri mandatory attribute", kZtLogError),
-     ztrow::Attribute(XML_STR_VERSION, &zt_list::m_Version).Always().Must(),
-     ztrow::Attribute(XML_STR_FULL_STATE, &zt_list::m_FullState, kSchemaTrueOrElseFalse).Must(),
-     ztrow::Children(XML_STR_NAME, &zt_list::m_Names, zt_name::kType),
-     ztrow::Children(XML_STR_RESOURCE, &zt_list::m_Resources, zt_resource::kType),
+     ztrow::Attribute(XML_STR_URI, ZT_AT(zt_list, m_Uri)).Required(),
+     ztrow::Attribute(XML_STR_VERSION, ZT_AT(zt_list, m_Version)).Always().Must(),
+     ztrow::Attribute(XML_STR_FULL_STATE, ZT_AT(zt_list, m_FullState), kSchemaTrueOrElseFalse)
+         .Must(),
+     ztrow::Children(XML_STR_NAME, ZT_AT(zt_list, m_Names), zt_name::kType),
+     ztrow::Children(XML_STR_RESOURCE, ZT_AT(zt_list, m_Resources), zt_resource::kType),
      ZtExtensibleRows::kElements<ZtObject>}};
 
 const ZtDocument ListContext::kDocument = {

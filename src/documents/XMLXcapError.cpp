@@ -7,8 +7,10 @@
 
 namespace {
 constexpr char kSource[] = "src/XMLXcapError";
-constexpr ZtFamily kFamily =
-    ZtQuietFamily(kSource).Enters("<XML Module>: Xcap_ErrorMarshall::%s", kZtLogState);
+constexpr ZtNote kNotes[] = {{"uniqueness-failure", XML_STR_EXISTS, kZtLogTrace,
+                              "<XML Module>: AddExistsElementToXml tempNum: %d "}};
+constexpr ZtFamily kFamily = ZtQuietFamily(kSource).Notes(kNotes).Enters(
+    "<XML Module>: Xcap_ErrorMarshall::%s", kZtLogState);
 constexpr ZtFamily kTellingFamily = kFamily.UnknownElement(kCannotAccommodate);
 // Intended: log lines call AddXcap_errorElementToXml, the writer of the root,
 // "AddXcap_errorElementToXmlErrorElementToXml"; log readers search for that.
@@ -48,7 +50,7 @@ bool IsErrorName(const char* name) {
 
 struct XcapErrorBinding {
   static constexpr ZtField kPhrase =
-      ztrow::Attribute(XML_STR_PHRASE, &ZtXcapPhrasedError::m_Phrase).FreeText();
+      ztrow::Attribute(XML_STR_PHRASE, ZT_AT(ZtXcapPhrasedError, m_Phrase)).FreeText();
 
   // An error whose only content is its phrase.
   template <class T>
@@ -98,18 +100,18 @@ const ZtElementType zt_schema_validation_error::kType = {
 const ZtElementType zt_no_parent::kType = {
     ZtTypeOf<zt_no_parent>("zt_no_parent", "no-parent", kFamily)
         .Writer(XML_STR_NO_PARENT, "AddNo_parentElementToXml"),
-    {kPhrase, ztrow::TextElement(XML_STR_ANCESTOR, &zt_no_parent::m_Ancestor)}};
+    {kPhrase, ztrow::TextElement(XML_STR_ANCESTOR, ZT_AT(zt_no_parent, m_Ancestor))}};
 const ZtElementType zt_exists::kType = {
     ZtTypeOf<zt_exists>("zt_exists", "exists", kFamily)
         .Writer(XML_STR_EXISTS, "AddExistsElementToXml"),
-    {ztrow::Attribute(XML_STR_FIELD, &zt_exists::m_Field).FreeText().Must(),
-     ztrow::TextElements(XML_STR_ALT_VALUE, &zt_exists::m_AltValues).FreeText()}};
+    {ztrow::Attribute(XML_STR_FIELD, ZT_AT(zt_exists, m_Field)).FreeText().Must(),
+     ztrow::TextElements(XML_STR_ALT_VALUE, ZT_AT(zt_exists, m_AltValues)).FreeText()}};
 const ZtElementType zt_uniqueness_failure::kType = {
     ZtTypeOf<zt_uniqueness_failure>("zt_uniqueness_failure", "uniqueness-failure", kFamily)
         .Writer(XML_STR_UNIQUENESS_FAILURE, "AddUniqueness_failureElementToXml"),
-    {kPhrase, ztrow::Children(XML_STR_EXISTS, &zt_uniqueness_failure::m_Exists, zt_exists::kType)
-                  .Lenient()
-                  .NoteFailed("<XML Module>: AddExistsElementToXml tempNum: %d ")}};
+    {kPhrase,
+     ztrow::Children(XML_STR_EXISTS, ZT_AT(zt_uniqueness_failure, m_Exists), zt_exists::kType)
+         .Lenient()}};
 // Intended: an "extension" is written without the content that callers give it or that was read.
 const ZtElementType zt_extension::kType = {
     ZtTypeOf<zt_extension>("zt_extension", "extension", kTellingFamily)
@@ -145,7 +147,7 @@ const ZtElementType zt_xcap_error::kType = {
         .Writer(XML_STR_XCAP_ERROR, "AddXcap_errorElementToXml")
         .With(kRoot)
         .Root(),
-    {ztrow::OtherChild(&zt_xcap_error::m_Error, kErrors).Must()}};
+    {ztrow::OtherChild(ZT_AT(zt_xcap_error, m_Error), kErrors).Must()}};
 
 XMLObject* XcapErrorDataBinder::CreateRootElement() {
   Log(__func__);

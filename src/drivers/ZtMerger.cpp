@@ -34,11 +34,10 @@ bool IsOf(ZtNameId ZtTelling::*what, const ZtElementType& type, const ZtField& r
   return telling && row.place == ZtPlace::kAttribute && row.name == telling->*what;
 }
 
-ZtChild& ChildOf(XMLElement& object, const ZtField& row) { return object.*row.member.child; }
+ZtChild& ChildOf(XMLElement& object, const ZtField& row) { return row.Child(object); }
 ZtListNode* FirstOf(const XMLElement& object, const ZtField& row) {
-  return row.place == ZtPlace::kOtherAttributes
-             ? ZtSplice::First((object.*row.member.attributes).Get())
-             : ZtSplice::First((object.*row.member.children).Get());
+  return row.place == ZtPlace::kOtherAttributes ? ZtSplice::First(row.Attributes(object).Get())
+                                                : ZtSplice::First(row.Children(object).Get());
 }
 XMLElement& EntryOf(const ZtListNode& node) { return *static_cast<XMLElement*>(node.data); }
 
@@ -169,7 +168,7 @@ bool ZtMerger::Prepare(XMLElement& fresh, const ZtElementType& type, bool isPart
   if (m_bOdd) return false;
   for (const ZtField& row : type) {
     if (isPart && IsScalar(row) && row.value == ZtValue::kText) {
-      ZtText& text = fresh.*row.member.text;
+      ZtText& text = row.Text(fresh);
       if (text.Get() && !text.Set(text.Piece())) return false;
     }
     const auto prepare = [&](XMLElement& inner) {
@@ -210,7 +209,7 @@ void ZtMerger::Index(XMLElement& element, const ZtElementType& type) {
 }
 
 void ZtMerger::IndexList(XMLElement& parent, const ZtField& row) {
-  ZtSingleElementList* const list = (parent.*row.member.children).Get();
+  ZtSingleElementList* const list = row.Children(parent).Get();
   ZtListNode* previous = nullptr;
   ZtListNode* next = nullptr;
   for (ZtListNode* node = ZtSplice::First(list); node; node = next) {
@@ -229,7 +228,7 @@ void ZtMerger::IndexList(XMLElement& parent, const ZtField& row) {
 void ZtMerger::Unindex(const XMLElement& element, const ZtElementType& type) {
   for (const ZtField& row : type) {
     if (IsTold(row)) {
-      const XMLElement* const child = (element.*row.member.child).Get();
+      const XMLElement* const child = row.Child(element).Get();
       if (child) Unindex(*child, TypeOf(row));
     }
     for (ZtListNode* node = IsKeyed(row) ? FirstOf(element, row) : nullptr; node;
@@ -255,16 +254,16 @@ void ZtMerger::Merge(XMLElement& known, XMLElement& fresh, const ZtElementType& 
       if (!told.stated || ZtHeld(known, row) == told) continue;
       isChanged = isChanged || !IsOf(&ZtTelling::version, type, row);
       if (m_bApplies && row.value == ZtValue::kText) {
-        (known.*row.member.text).Swap(fresh.*row.member.text);
+        row.Text(known).Swap(row.Text(fresh));
       } else if (m_bApplies) {
         ZtKeep(known, row, told, nullptr);
       }
     } else if (FirstOf(fresh, row)) {
       isChanged = isChanged || m_bApplies || RowsDiffer(known, fresh, row);
       if (m_bApplies && row.place == ZtPlace::kOtherAttributes) {
-        (known.*row.member.attributes).Swap(fresh.*row.member.attributes);
+        row.Attributes(known).Swap(row.Attributes(fresh));
       } else if (m_bApplies) {
-        (known.*row.member.children).Swap(fresh.*row.member.children);
+        row.Children(known).Swap(row.Children(fresh));
       }
     }
   }
@@ -295,8 +294,8 @@ void ZtMerger::MergeChild(XMLElement& known, XMLElement& fresh, const ZtField& r
 
 void ZtMerger::MergeEntries(XMLElement& known, XMLElement& fresh, const ZtField& row) {
   const ZtElementType& inner = TypeOf(row);
-  ZtChildList& told = fresh.*row.member.children;
-  ZtChildList& list = known.*row.member.children;
+  ZtChildList& told = row.Children(fresh);
+  ZtChildList& list = row.Children(known);
   // A list cannot be made here: where there was none, the one that is told comes as a whole.
   if (m_bApplies && !list.Get()) {
     list.Swap(told);

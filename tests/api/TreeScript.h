@@ -94,9 +94,9 @@ inline bool HoldsTexts(const ZtField& row) {
 inline std::vector<XMLElement*> ItemsOf(const Node& node, const ZtField& row) {
   std::vector<XMLElement*> items;
   if (IsOne(row)) {
-    if (XMLElement* child = (node.object->*row.member.child).Get()) items.push_back(child);
+    if (XMLElement* child = row.Child(*node.object).Get()) items.push_back(child);
   } else if (IsList(row)) {
-    for (ZtListNode* at = (node.object->*row.member.children).Head(); at; at = at->next) {
+    for (ZtListNode* at = row.Children(*node.object).Head(); at; at = at->next) {
       if (at->data) items.push_back(static_cast<XMLElement*>(at->data));
     }
   }
@@ -104,7 +104,7 @@ inline std::vector<XMLElement*> ItemsOf(const Node& node, const ZtField& row) {
 }
 inline std::vector<zt_AttributeValuePair*> PairsOf(const Node& node, const ZtField& row) {
   std::vector<zt_AttributeValuePair*> pairs;
-  for (ZtListNode* at = (node.object->*row.member.attributes).Head(); at; at = at->next) {
+  for (ZtListNode* at = row.Attributes(*node.object).Head(); at; at = at->next) {
     auto* pair = zt_AttributeValuePair::From(static_cast<XMLAttribute*>(at->data));
     if (pair) pairs.push_back(pair);
   }
@@ -274,18 +274,18 @@ class Maker {
     switch (row.value) {
       case ZtValue::kText: {
         const std::string text = m_Choices.Text();
-        (node.object->*row.member.text).Assign(text.c_str());
+        row.Text(*node.object).Assign(text.c_str());
         return;
       }
       case ZtValue::kNumber64:
-        (node.object->*row.member.number64).Set(m_Choices.OneIn(4) ? ~0ULL : m_Choices.Below(256));
+        row.Number64(*node.object).Set(m_Choices.OneIn(4) ? ~0ULL : m_Choices.Below(256));
         return;
       case ZtValue::kNumber:
-        (node.object->*row.member.number)
+        row.Number(*node.object)
             .Set(m_Choices.OneIn(4) ? ~0U >> m_Choices.Below(2) : m_Choices.Below(256));
         return;
       case ZtValue::kEnum:
-        (node.object->*row.member.number)
+        row.Number(*node.object)
             .Set(m_Choices.Below(row.detail.values->count + (canClear ? 1U : 0U)));
         return;
       case ZtValue::kObject:
@@ -363,12 +363,12 @@ class Maker {
     if (item && !Give(node, row, item)) ZtRelease(item);
   }
   static bool Give(const Node& node, const ZtField& row, XMLElement* item) {
-    return IsOne(row) ? (node.object->*row.member.child).Take(item)
-                      : (node.object->*row.member.children).Add(item) != 0;
+    return IsOne(row) ? row.Child(*node.object).Take(item)
+                      : row.Children(*node.object).Add(item) != 0;
   }
   void AddPair(const Node& node, const ZtField& row) {
     zt_AttributeValuePair* pair = NewPair(node);
-    if (pair && !(node.object->*row.member.attributes).Add(pair)) ZtRelease(pair);
+    if (pair && !row.Attributes(*node.object).Add(pair)) ZtRelease(pair);
   }
 
  private:
@@ -432,7 +432,7 @@ class Changer {
   void ChangePairs(const Node& node, const ZtField& row) {
     const std::vector<zt_AttributeValuePair*> pairs = PairsOf(node, row);
     zt_AttributeValuePair* pair = pairs.empty() ? nullptr : pairs[m_Choices.Below(pairs.size())];
-    ZtSingleElementList* list = (node.object->*row.member.attributes).Get();
+    ZtSingleElementList* list = row.Attributes(*node.object).Get();
     switch (pair ? m_Choices.Below(4) : 0) {
       case 0:
         return m_Maker.AddPair(node, row);
@@ -450,7 +450,7 @@ class Changer {
 
   void ChangeChild(const Node& node, const ZtField& row) {
     if (m_Choices.OneIn(2)) {
-      (node.object->*row.member.child).Set(nullptr);
+      row.Child(*node.object).Set(nullptr);
     } else {
       m_Maker.AddItem(node, row, 3);
     }
@@ -474,13 +474,13 @@ class Changer {
         m_Maker.AddItem(node, first, 3);
         return m_Maker.AddItem(node, second, 3);
       case 1:  // one goes to the end, and its partner stays
-        (node.object->*first.member.children).Get()->Remove(items[at]);
+        first.Children(*node.object).Get()->Remove(items[at]);
         if (!Maker::Give(node, first, items[at])) ZtRelease(items[at]);
         return;
       default:
         for (const ZtField* row : {&first, &second}) {
           XMLElement* const item = ItemsOf(node, *row)[at];
-          (node.object->*row->member.children).Get()->Remove(item);
+          row->Children(*node.object).Get()->Remove(item);
           ZtRelease(item);
         }
     }
@@ -488,7 +488,7 @@ class Changer {
 
   void ChangeList(const Node& node, const ZtField& row) {
     std::vector<XMLElement*> items = ItemsOf(node, row);
-    ZtSingleElementList* list = (node.object->*row.member.children).Get();
+    ZtSingleElementList* list = row.Children(*node.object).Get();
     if (items.empty()) return m_Maker.AddItem(node, row, 3);
     XMLElement* const one = items[m_Choices.Below(items.size())];
     switch (m_Choices.Below(6)) {
@@ -510,7 +510,7 @@ class Changer {
 
   // All out, and in again in another order; sometimes with a new one among them.
   void Reorder(const Node& node, const ZtField& row, std::vector<XMLElement*>& items) {
-    ZtSingleElementList* list = (node.object->*row.member.children).Get();
+    ZtSingleElementList* list = row.Children(*node.object).Get();
     for (XMLElement* item : items) list->Remove(item);
     if (m_Choices.OneIn(2)) {
       std::reverse(items.begin(), items.end());
@@ -550,7 +550,7 @@ class Changer {
       const std::vector<XMLElement*> items = ItemsOf(other, row);
       if (items.empty()) continue;
       XMLElement* const item = items[m_Choices.Below(items.size())];
-      (other.object->*row.member.children).Get()->Remove(item);
+      row.Children(*other.object).Get()->Remove(item);
       return Place(item, row, node);
     }
   }

@@ -24,12 +24,12 @@ TEST(Api, FactoriesMakeNullWithoutMemory) {
 struct TwoTexts : XMLElement {
   ZtText m_One, m_Other;
 };
-static_assert(ztrow::Sound({ztrow::Attribute(XML_STR_ID, &TwoTexts::m_One),
-                            ztrow::TextElement(XML_STR_ID, &TwoTexts::m_Other)}));
-static_assert(!ztrow::Sound({ztrow::Attribute(XML_STR_ID, &TwoTexts::m_One),
-                             ztrow::Attribute(XML_STR_ID, &TwoTexts::m_Other)}));
-static_assert(!ztrow::Sound({ztrow::TextElement(XML_STR_NOTE, &TwoTexts::m_Other),
-                             ztrow::Attribute(XML_STR_ID, &TwoTexts::m_One)}));
+static_assert(ztrow::Sound({ztrow::Attribute(XML_STR_ID, ZT_AT(TwoTexts, m_One)),
+                            ztrow::TextElement(XML_STR_ID, ZT_AT(TwoTexts, m_Other))}));
+static_assert(!ztrow::Sound({ztrow::Attribute(XML_STR_ID, ZT_AT(TwoTexts, m_One)),
+                             ztrow::Attribute(XML_STR_ID, ZT_AT(TwoTexts, m_Other))}));
+static_assert(!ztrow::Sound({ztrow::TextElement(XML_STR_NOTE, ZT_AT(TwoTexts, m_Other)),
+                             ztrow::Attribute(XML_STR_ID, ZT_AT(TwoTexts, m_One))}));
 
 TEST(Api, RowsCanBeMeant) {
   for (const ZtElementType* type : ApiTables::kTypes) {

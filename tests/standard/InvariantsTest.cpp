@@ -70,7 +70,7 @@ TEST(StandardInvariants, WithoutMemoryADocumentIsReadAndUpdatedWholeOrNotAtAll) 
         for (const ZtField& row : *node.type) {
           if (!standard::IsList(row) || row.place == ZtPlace::kOwnWords) continue;
           std::vector<ZtListNode*> nodes;
-          for (ZtListNode* at = (node.object->*row.member.children).Head(); at; at = at->next) {
+          for (ZtListNode* at = row.Children(*node.object).Head(); at; at = at->next) {
             nodes.push_back(at);
           }
           for (std::size_t i = 0; i < nodes.size() / 2; ++i) {

@@ -100,15 +100,15 @@ void AddScalar(const XMLElement& object, const ZtField& row, Field& field) {
   const char* text = ZtFieldText(object, row, buffer).text;
   switch (row.value) {
     case ZtValue::kNumber:
-      field.number = object.*row.member.number;
+      field.number = row.Number(object);
       if (text) field.items.emplace_back();
       return;
     case ZtValue::kNumber64:
-      field.number = object.*row.member.number64;
+      field.number = row.Number64(object);
       if (text) field.items.emplace_back();
       return;
     case ZtValue::kEnum:
-      field.number = object.*row.member.number;
+      field.number = row.Number(object);
       AddText(text, field);
       return;
     default:
@@ -131,15 +131,15 @@ void FillRow(const XMLElement& object, const ZtField& row, bool isStandard, Fiel
   switch (row.place) {
     case ZtPlace::kTextElements:
     case ZtPlace::kOwnWords:
-      return AddTexts((object.*row.member.children).Head(), field);
+      return AddTexts(row.Children(object).Head(), field);
     case ZtPlace::kChild:
     case ZtPlace::kOtherChild:
-      return AddObject((object.*row.member.child).Get(), field, isStandard);
+      return AddObject(row.Child(object).Get(), field, isStandard);
     case ZtPlace::kChildren:
     case ZtPlace::kOtherChildren:
-      return AddObjects((object.*row.member.children).Head(), field, isStandard);
+      return AddObjects(row.Children(object).Head(), field, isStandard);
     case ZtPlace::kOtherAttributes:
-      return AddAttributes((object.*row.member.attributes).Head(), field);
+      return AddAttributes(row.Attributes(object).Head(), field);
     default:
       return isStandard ? AddStated(object, row, field) : AddScalar(object, row, field);
   }

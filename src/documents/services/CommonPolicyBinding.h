@@ -16,7 +16,17 @@ struct ZtPolicyTypes {
 };
 
 struct CommonPolicyBinding {
-  static constexpr ZtFamily kFamily = ZtQuietFamily("src/XMLCommonPolicy", "src/XMLCommonPolicy");
+  static constexpr ZtNote kNotes[] = {
+      {"CommonPolicy:RuleType", XML_STR_ID, kZtLogError,
+       "<XML Module>: AddRuleElementToXml Rule ID mandatory"},
+      {"CommonPolicy:Ruleset", XML_STR_RULE, kZtLogError,
+       "<XML Module>: AddRuleSetElementToXml Rule ID mandatory"},
+      {"CommonPolicy:OneType", XML_STR_ID, kZtLogError,
+       "<XML Module>: One element's - Id attribute is mandatory"},
+      {"CommonPolicy:SphereType", XML_STR_VALUE, kZtLogError,
+       "<XML Module>: Sphere element's - Value attribute is mandatory"}};
+  static constexpr ZtFamily kFamily =
+      ZtQuietFamily("src/XMLCommonPolicy", "src/XMLCommonPolicy").Notes(kNotes);
   static constexpr ZtFamily kTellingFamily = kFamily.UnknownElement(kCannotAccommodate);
 
   // ---- Flags ------------------------------------------------------------------------------------
@@ -43,24 +53,23 @@ struct CommonPolicyBinding {
   // ---- Rules ------------------------------------------------------------------------------------
 
   static constexpr ZtField kId =
-      ztrow::Attribute(XML_STR_ID, &zt_ns_common_policy_ruleType::m_Id)
-          .Required("<XML Module>: AddRuleElementToXml Rule ID mandatory", kZtLogError);
+      ztrow::Attribute(XML_STR_ID, ZT_AT(zt_ns_common_policy_ruleType, m_Id)).Required();
   static constexpr ZtField kConditions =
-      ztrow::Child(XML_STR_CONDITIONS, &zt_ns_common_policy_ruleType::m_Conditions,
+      ztrow::Child(XML_STR_CONDITIONS, ZT_AT(zt_ns_common_policy_ruleType, m_Conditions),
                    zt_ns_common_policy_conditionsType::kType)
           .Lenient();
   static constexpr ZtField Actions(const ZtElementType& type) {
-    return ztrow::Child(XML_STR_ACTIONS, &zt_ns_common_policy_ruleType::m_Actions, type).Lenient();
+    return ztrow::Child(XML_STR_ACTIONS, ZT_AT(zt_ns_common_policy_ruleType, m_Actions), type)
+        .Lenient();
   }
   static constexpr ZtField kTransformations =
-      ztrow::Child(XML_STR_TRANSFORMATIONS, &zt_ns_common_policy_ruleType::m_Transformations,
+      ztrow::Child(XML_STR_TRANSFORMATIONS, ZT_AT(zt_ns_common_policy_ruleType, m_Transformations),
                    zt_ns_common_policy_extensibleType::kType);
   static constexpr ZtField Elements(const ZtChoice* choices) {
-    return ztrow::OtherChildren(&zt_ns_common_policy_extensibleType::m_Elements, choices);
+    return ztrow::OtherChildren(ZT_AT(zt_ns_common_policy_extensibleType, m_Elements), choices);
   }
   static constexpr ZtField Rules(const ZtElementType& rule) {
-    return ztrow::Children(XML_STR_RULE, &zt_ns_common_policy_ruleset::m_Rules, rule)
-        .NoteFailed("<XML Module>: AddRuleSetElementToXml Rule ID mandatory", kZtLogError);
+    return ztrow::Children(XML_STR_RULE, ZT_AT(zt_ns_common_policy_ruleset, m_Rules), rule);
   }
 
   static constexpr ZtTypeFacts kExtensibleFacts =

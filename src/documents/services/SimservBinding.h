@@ -18,9 +18,10 @@ struct SimservBinding {
 
   static constexpr std::uint8_t kOn = 1;  // "true"
   static constexpr ZtField kActive =
-      ztrow::Attribute(XML_STR_ACTIVE, &zt_ns_xcap_simservType::m_Active, kBoolean).Default(kOn);
+      ztrow::Attribute(XML_STR_ACTIVE, ZT_AT(zt_ns_xcap_simservType, m_Active), kBoolean)
+          .Default(kOn);
   static constexpr ZtField kActiveOrElseNot =
-      ztrow::Attribute(XML_STR_ACTIVE, &zt_ns_xcap_simservType::m_Active, kTrueOrElseFalse)
+      ztrow::Attribute(XML_STR_ACTIVE, ZT_AT(zt_ns_xcap_simservType, m_Active), kTrueOrElseFalse)
           .Default(kOn);
 
   // A service that is only switched on and off.

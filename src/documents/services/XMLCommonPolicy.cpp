@@ -67,65 +67,65 @@ const ZtElementType zt_ns_common_policy_exceptType::kType = {
                                              "CommonPolicy:ExceptType", Policy::kFamily)
         .Writer(XML_STR_EXCEPT, "AddExceptElementToXml", XML_STR_CP)
         .RefusesUnknownChildren(),
-    {ztrow::Attribute(XML_STR_DOMAIN, &zt_ns_common_policy_exceptType::m_Domain).FreeText(),
-     ztrow::Attribute(XML_STR_ID, &zt_ns_common_policy_exceptType::m_Id)}};
+    {ztrow::Attribute(XML_STR_DOMAIN, ZT_AT(zt_ns_common_policy_exceptType, m_Domain)).FreeText(),
+     ztrow::Attribute(XML_STR_ID, ZT_AT(zt_ns_common_policy_exceptType, m_Id))}};
 const ZtElementType zt_ns_common_policy_oneType::kType = {
     ZtTypeOf<zt_ns_common_policy_oneType>("zt_ns_common_policy_oneType", "CommonPolicy:OneType",
                                           Policy::kTellingFamily)
         .Starts(ZtStartTag::kEmpty)
         .ChecksFirst(),
-    {ztrow::Attribute(XML_STR_ID, &zt_ns_common_policy_oneType::m_Id)
-         .Required("<XML Module>: One element's - Id attribute is mandatory", kZtLogError),
-     ztrow::OtherChildren(&zt_ns_common_policy_oneType::m_AnyList)}};
+    {ztrow::Attribute(XML_STR_ID, ZT_AT(zt_ns_common_policy_oneType, m_Id)).Required(),
+     ztrow::OtherChildren(ZT_AT(zt_ns_common_policy_oneType, m_AnyList))}};
 // Intended: the start tag of a "many" is closed by its attribute, so that it stays open without a
 // domain; peers were tested with callers that set one.
 const ZtElementType zt_ns_common_policy_manyType::kType = {
     ZtTypeOf<zt_ns_common_policy_manyType>("zt_ns_common_policy_manyType", "CommonPolicy:ManyType",
                                            Policy::kTellingFamily)
         .Starts(ZtStartTag::kStaysOpen),
-    {ztrow::Attribute(XML_STR_DOMAIN, &zt_ns_common_policy_manyType::m_Domain).FreeText(),
-     ztrow::Children(XML_STR_EXCEPT, &zt_ns_common_policy_manyType::m_ExceptList,
+    {ztrow::Attribute(XML_STR_DOMAIN, ZT_AT(zt_ns_common_policy_manyType, m_Domain)).FreeText(),
+     ztrow::Children(XML_STR_EXCEPT, ZT_AT(zt_ns_common_policy_manyType, m_ExceptList),
                      zt_ns_common_policy_exceptType::kType),
-     ztrow::OtherChildren(&zt_ns_common_policy_manyType::m_AnyList)}};
+     ztrow::OtherChildren(ZT_AT(zt_ns_common_policy_manyType, m_AnyList))}};
 const ZtElementType zt_ns_common_policy_identityType::kType = {
     ZtTypeOf<zt_ns_common_policy_identityType>("zt_ns_common_policy_identityType",
                                                "CommonPolicy:IdentityType", Policy::kTellingFamily)
         .RefusesUnknownAttributes()
         .With(kIdentity),
-    {ztrow::Children(XML_STR_ONE, &zt_ns_common_policy_identityType::m_OneList,
+    {ztrow::Children(XML_STR_ONE, ZT_AT(zt_ns_common_policy_identityType, m_OneList),
                      zt_ns_common_policy_oneType::kType),
-     ztrow::Children(XML_STR_MANY, &zt_ns_common_policy_identityType::m_ManyList,
+     ztrow::Children(XML_STR_MANY, ZT_AT(zt_ns_common_policy_identityType, m_ManyList),
                      zt_ns_common_policy_manyType::kType),
-     ztrow::OtherChildren(&zt_ns_common_policy_identityType::m_AnyList)}};
+     ztrow::OtherChildren(ZT_AT(zt_ns_common_policy_identityType, m_AnyList))}};
 const ZtElementType zt_ns_common_policy_sphereType::kType = {
     ZtTypeOf<zt_ns_common_policy_sphereType>("zt_ns_common_policy_sphereType",
                                              "CommonPolicy:SphereType", Policy::kFamily)
         .RefusesUnknownChildren()
         .ChecksFirst(),
-    {ztrow::Attribute(XML_STR_VALUE, &zt_ns_common_policy_sphereType::m_Value)
+    {ztrow::Attribute(XML_STR_VALUE, ZT_AT(zt_ns_common_policy_sphereType, m_Value))
          .FreeText()
-         .Required("<XML Module>: Sphere element's - Value attribute is mandatory", kZtLogError)}};
+         .Required()}};
 const ZtElementType zt_ns_common_policy_validityType::kType = {
     ZtTypeOf<zt_ns_common_policy_validityType>("zt_ns_common_policy_validityType",
                                                "CommonPolicy:ValidityType", Policy::kFamily)
         .RefusesUnknownAttributes()
         .With(kValidity),
-    {ztrow::TextElements(XML_STR_FROM, &zt_ns_common_policy_validityType::m_FromList)
+    {ztrow::TextElements(XML_STR_FROM, ZT_AT(zt_ns_common_policy_validityType, m_FromList))
          .Always()
          .Paired(),
-     ztrow::TextElements(XML_STR_UNTIL, &zt_ns_common_policy_validityType::m_UntilList).Always()}};
+     ztrow::TextElements(XML_STR_UNTIL, ZT_AT(zt_ns_common_policy_validityType, m_UntilList))
+         .Always()}};
 const ZtElementType zt_ns_common_policy_conditionsType::kType = {
     ZtTypeOf<zt_ns_common_policy_conditionsType>(
         "zt_ns_common_policy_conditionsType", "CommonPolicy:ConditionsType", Policy::kTellingFamily)
         .Writer(XML_STR_CONDITIONS, "AddConditionsElementToXml", XML_STR_CP)
         .RefusesUnknownAttributes(),
-    {ztrow::Children(XML_STR_IDENTITY, &zt_ns_common_policy_conditionsType::m_IdentityList,
+    {ztrow::Children(XML_STR_IDENTITY, ZT_AT(zt_ns_common_policy_conditionsType, m_IdentityList),
                      zt_ns_common_policy_identityType::kType),
-     ztrow::Children(XML_STR_SPHERE, &zt_ns_common_policy_conditionsType::m_SphereList,
+     ztrow::Children(XML_STR_SPHERE, ZT_AT(zt_ns_common_policy_conditionsType, m_SphereList),
                      zt_ns_common_policy_sphereType::kType),
-     ztrow::Children(XML_STR_VALIDITY, &zt_ns_common_policy_conditionsType::m_ValidityList,
+     ztrow::Children(XML_STR_VALIDITY, ZT_AT(zt_ns_common_policy_conditionsType, m_ValidityList),
                      zt_ns_common_policy_validityType::kType),
-     ztrow::OtherChildren(&zt_ns_common_policy_conditionsType::m_AnyList, kServiceConditions)
+     ztrow::OtherChildren(ZT_AT(zt_ns_common_policy_conditionsType, m_AnyList), kServiceConditions)
          .Lenient()}};
 // Intended: transformations are written without their content, because no peer has asked for it.
 const ZtElementType zt_ns_common_policy_extensibleType::kType = {

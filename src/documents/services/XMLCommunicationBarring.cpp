@@ -33,14 +33,15 @@ struct CommunicationBarringBinding {
   // Intended: a rule set that cannot be written is cut short where it fails, and the service is
   // written to its end, so that callers get a text that is not well formed instead of none.
   static constexpr ZtField kRuleSet =
-      ztrow::Child(XML_STR_RULESET, &ZtCommunicationBarring::m_RuleSet, *kPolicy.ruleset).Lenient();
+      ztrow::Child(XML_STR_RULESET, ZT_AT(ZtCommunicationBarring, m_RuleSet), *kPolicy.ruleset)
+          .Lenient();
 };
 
 const ZtElementType zt_allow_action_type::kType = {
     ZtTypeOf<zt_allow_action_type>("zt_allow_action_type", "CommunicationBarring:AllowActionType",
                                    kFamily)
         .Writer(XML_STR_ALLOW, nullptr, XML_STR_SS),
-    {ztrow::OwnText(XML_STR_ALLOW, &zt_allow_action_type::m_Allow, kTrueOrElseFalse).Must()}};
+    {ztrow::OwnText(XML_STR_ALLOW, ZT_AT(zt_allow_action_type, m_Allow), kTrueOrElseFalse).Must()}};
 // Intended: incoming barring reads any "active" but "true" as false, outgoing barring leaves its
 // value unchanged unless the text is "true" or "false"; peers know the two services so.
 const ZtElementType zt_incoming_communication_barring::kType = {

@@ -27,7 +27,7 @@ constexpr const ZtPolicyTypes& kPolicy = ZtPolicyOf<Actions>::kTypes;
 const ZtElementType zt_NoReplyTimer::kType = {
     ZtTypeOf<zt_NoReplyTimer>("zt_NoReplyTimer", "NoReplyTimer", kFamily)
         .Writer(XML_STR_NO_REPLY_TIMER, "AddNoReplyTimerElementToXml", XML_STR_SS),
-    {ztrow::OwnText(XML_STR_NO_REPLY_TIMER, &zt_NoReplyTimer::m_Seconds, kSeconds).Must()}};
+    {ztrow::OwnText(XML_STR_NO_REPLY_TIMER, ZT_AT(zt_NoReplyTimer, m_Seconds), kSeconds).Must()}};
 // Intended: the writer of a forward-to is called AddForwardToElementtoXml, with a small "t";
 // callers and log readers use the name.
 const ZtElementType zt_ns_xcap_forward_to_type::kType = {
@@ -35,19 +35,21 @@ const ZtElementType zt_ns_xcap_forward_to_type::kType = {
                                          "CommunicationDiversion:ForwardToType", kFamily)
         .Writer(XML_STR_FORWARD_TO, "AddForwardToElementtoXml", XML_STR_SS)
         .RefusesUnknownChildren(),
-    {ztrow::TextElement(XML_STR_TARGET, &zt_ns_xcap_forward_to_type::m_Target).Must(),
-     ztrow::TextElement(XML_STR_NOTIFY_CALLER, &zt_ns_xcap_forward_to_type::m_NotifyCaller,
+    {ztrow::TextElement(XML_STR_TARGET, ZT_AT(zt_ns_xcap_forward_to_type, m_Target)).Must(),
+     ztrow::TextElement(XML_STR_NOTIFY_CALLER, ZT_AT(zt_ns_xcap_forward_to_type, m_NotifyCaller),
                         kBoolean),
      ztrow::TextElement(XML_STR_REVEAL_IDENTITY_TO_CALLER,
-                        &zt_ns_xcap_forward_to_type::m_RevealIdentityToCaller, kReveal),
+                        ZT_AT(zt_ns_xcap_forward_to_type, m_RevealIdentityToCaller), kReveal),
      ztrow::TextElement(XML_STR_REVEAL_SERVED_USER_IDENTITY_TO_CALLER,
-                        &zt_ns_xcap_forward_to_type::m_RevealServedUserIdentityToCaller, kReveal),
-     ztrow::TextElement(XML_STR_NOTIFY_SERVED_USER, &zt_ns_xcap_forward_to_type::m_NotifyServedUser,
-                        kBoolean),
+                        ZT_AT(zt_ns_xcap_forward_to_type, m_RevealServedUserIdentityToCaller),
+                        kReveal),
+     ztrow::TextElement(XML_STR_NOTIFY_SERVED_USER,
+                        ZT_AT(zt_ns_xcap_forward_to_type, m_NotifyServedUser), kBoolean),
      ztrow::TextElement(XML_STR_NOTIFY_SERVED_USER_ON_OUTBOUND_CALL,
-                        &zt_ns_xcap_forward_to_type::m_NotifyServedUserOnOutboundCall, kBoolean),
+                        ZT_AT(zt_ns_xcap_forward_to_type, m_NotifyServedUserOnOutboundCall),
+                        kBoolean),
      ztrow::TextElement(XML_STR_REVEAL_IDENTITY_TO_TARGET,
-                        &zt_ns_xcap_forward_to_type::m_RevealIdentityToTarget, kReveal)}};
+                        ZT_AT(zt_ns_xcap_forward_to_type, m_RevealIdentityToTarget), kReveal)}};
 // Intended: a rule set that cannot be written is cut short where it fails, and the service is
 // written to its end, so that callers get a text that is not well formed instead of none.
 const ZtElementType zt_communication_diversion::kType = {
@@ -57,10 +59,10 @@ const ZtElementType zt_communication_diversion::kType = {
                 XML_STR_SS)
         .Root(),
     {SimservBinding::kAttributes, SimservBinding::kActive,
-     ztrow::Child(XML_STR_NO_REPLY_TIMER, &zt_communication_diversion::m_NoReplyTimer,
+     ztrow::Child(XML_STR_NO_REPLY_TIMER, ZT_AT(zt_communication_diversion, m_NoReplyTimer),
                   zt_NoReplyTimer::kType)
          .Arrives(ZtArrival::kAsText),
-     ztrow::Child(XML_STR_RULESET, &zt_communication_diversion::m_RuleSet, *kPolicy.ruleset)
+     ztrow::Child(XML_STR_RULESET, ZT_AT(zt_communication_diversion, m_RuleSet), *kPolicy.ruleset)
          .Lenient()}};
 
 int zt_NoReplyTimer::setNoReplyTimerValue(unsigned int seconds) {

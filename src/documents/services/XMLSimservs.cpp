@@ -196,7 +196,7 @@ constexpr ZtChoice kServiceTypes[] = {
 // read and written by their own workers; the standard profile takes them as children.
 struct SimservsBinding {
   static constexpr ZtField kServices =
-      ztrow::OtherChildren(&zt_Simservs::m_Services, kServiceTypes);
+      ztrow::OtherChildren(ZT_AT(zt_Simservs, m_Services), kServiceTypes);
 };
 
 namespace {
