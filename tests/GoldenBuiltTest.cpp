@@ -29,13 +29,15 @@ std::string Get(XMLElement& element) {
       return value ? std::to_string(value->GetCount()) + " entries" : "null";
     } else if constexpr (std::is_pointer_v<Value>) {
       return value ? value->ClassName() : "null";
+    } else if constexpr (std::is_class_v<Value>) {  // what a public member has, if it is stated
+      return value ? std::to_string(static_cast<long long>(*value)) : "none";
     } else {
       return std::to_string(static_cast<long long>(value));
     }
   }
 }
 #define ZT_GETTER(C, method) {&ApiTables::kDerive<C>, &Get<C, &C::method>, #method},
-const Getter kGetters[] = {ZT_API_GETTERS(ZT_GETTER)};
+const Getter kGetters[] = {ZT_API_GETTERS(ZT_GETTER) ZT_API_MEMBERS(ZT_GETTER)};
 #undef ZT_GETTER
 
 std::string TellGetters(XMLElement& object, unsigned type) {

@@ -161,9 +161,15 @@ std::size_t FieldOf(const ApiTables::Setter& setter, const ZtElementType& type) 
   return kNone;
 }
 
+// The public member that `setter` sets or adds to, "" when it is a function of the class.
+std::string MemberOf(const std::string& setter) {
+  return setter.substr(0, setter.find('.') == std::string::npos ? 0 : setter.find('.'));
+}
+
 const Getter* GetterOf(const std::string& setter, unsigned type) {
+  std::string name = MemberOf(setter);
   // One getter has another name than its setter.
-  const std::string name = setter == "setParmList" ? "getParamList" : "get" + setter.substr(3);
+  if (name.empty()) name = setter == "setParmList" ? "getParamList" : "get" + setter.substr(3);
   for (const Getter& getter : kGetters) {
     if (name == getter.name && (*getter.appliesTo)[type]) return &getter;
   }
@@ -181,11 +187,14 @@ std::vector<Accessors> AccessorsOf(const ZtElementType& type) {
     const std::size_t field = FieldOf(setter, type);
     if (field == kNone) continue;
     Accessors& own = accessors[field];
+    const std::string member = MemberOf(setter.name);
     if (const Getter* getter = GetterOf(setter.name, index)) {
-      own.names.emplace_back(getter->name);
+      own.getter = getter->name;
       own.given = getter->given;
+      if (member.empty()) own.names.push_back(own.getter);
     }
-    own.names.emplace_back(setter.name);
+    own.names.push_back(member.empty() ? setter.name : member);
+    if (!member.empty() && setter.kind == ApiTables::Kind::kNumber) own.optional = member;
   }
   for (Accessors& own : accessors) {  // getters, setters, adders
     const auto rank = [](const std::string& name) {
@@ -196,8 +205,9 @@ std::vector<Accessors> AccessorsOf(const ZtElementType& type) {
     // What tells whether a value is stated, after the getter.
     for (const Optional& optional : kOptionals) {
       const bool pair = own.names.size() == 2 && own.names[1] == optional.setter;
-      if (pair && (*optional.appliesTo)[index])
-        own.names.insert(own.names.end() - 1, optional.name);
+      if (!pair || !(*optional.appliesTo)[index]) continue;
+      own.optional = optional.name;
+      own.names.insert(own.names.end() - 1, optional.name);
     }
   }
   return accessors;

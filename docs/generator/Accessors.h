@@ -12,6 +12,8 @@ namespace docs {
 /// The accessors of one row.
 struct Accessors {
   std::vector<std::string> names;  ///< as they are written in a page: getX, x, setX, addY
+  std::string getter;              ///< the first of them: a getter, or a public member
+  std::string optional;            ///< tells whether the value is stated; may be the getter
   std::string given;               ///< what the getter gives
 };
 

@@ -62,13 +62,8 @@ std::vector<Value> ValuesOf(const XMLElement& object) {
   std::vector<Value> values;
   for (std::size_t i = 0; i < fields.size(); ++i) {
     if (fields[i].HoldsAttributes()) continue;
-    Value value = {fields[i], fields[i].name ? fields[i].name : reflect::ElementNameOf(object), "",
-                   "", false};
-    for (const std::string& name : accessors[i].names) {
-      if (name.rfind("get", 0) == 0) value.getter = name;
-      const bool verb = name.size() > 3 && std::isupper(static_cast<unsigned char>(name[3])) != 0;
-      if (!verb) value.optional = name;
-    }
+    Value value = {fields[i], fields[i].name ? fields[i].name : reflect::ElementNameOf(object),
+                   accessors[i].getter, accessors[i].optional, false};
     value.isBoolean =
         value.field.value == ZtValue::kEnum && value.field.row->detail.values &&
         reflect::ValuesOf(*value.field.row)->count == 2 &&

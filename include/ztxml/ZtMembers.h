@@ -35,8 +35,8 @@ class ZtNumberMember
   ZtNumberMember() {
     if constexpr (std::is_enum_v<Value>) Base::operator=(static_cast<unsigned>(Value::kAbsent));
   }
-  /// Stores it, and that it is stated.
-  void Set(Value value) { Base::Set(value); }
+  /// Stores it, and that it is stated. True.
+  bool Set(Value value) { return Base::Set(value) != 0; }
   /// The value that is stated, also 0; std::nullopt when there is none, or none of the
   /// enumeration's.
   std::optional<Value> operator()() const {

@@ -20,6 +20,7 @@
 #include "ztxml/XMLFactory.h"
 #include "ztxml/ZtCalls.h"
 #include "ztxml/ZtListOf.h"
+#include "ztxml/ZtMembers.h"
 
 /// The C++ interface.
 namespace ztxml {
@@ -153,6 +154,15 @@ Child* Hand(Child* child, Give give) {
   return nullptr;
 }
 
+template <class T>
+bool Give(ZtChildMember<T>& to, T* child) {
+  return to.Set(child);
+}
+template <class T>
+bool Give(ZtListMember<T>& to, T* child) {
+  return to.Add(child);
+}
+
 }  // namespace detail
 
 /// Makes a child of `parent` and gives it to it: ztxml::Add(registration,
@@ -170,11 +180,28 @@ T* Add(Parent& parent, int (Owner::*give)(Base*), const Options& options = Optio
   return detail::Hand(detail::Make<T>(options.profile == XML_PROFILE_STANDARD),
                       [&](T* child) { return (parent.*give)(child); });
 }
+/// By a public member: ztxml::Add(*info, &zt_dialog_info::dialogs).
+template <class Parent, class Owner, class Member, class Child = typename Member::Entry>
+Child* Add(Parent& parent, Member Owner::*member, const Options& options = Options()) {
+  return detail::Hand(detail::Make<Child>(options.profile == XML_PROFILE_STANDARD),
+                      [&](Child* child) { return detail::Give(parent.*member, child); });
+}
+/// By a public list of several types: ztxml::Add<zt_dialog_joined>(*dialog, &zt_dialog::causes).
+template <class T, class Parent, class Owner>
+T* Add(Parent& parent, ZtListMember<XMLElement> Owner::*list, const Options& options = Options()) {
+  return detail::Hand(detail::Make<T>(options.profile == XML_PROFILE_STANDARD),
+                      [&](T* child) { return (parent.*list).Add(child); });
+}
 /// As above, of a parent that Add made: null for null, so that the last child of a branch tells
 /// whether there was memory for all of it.
 template <class Parent, class Owner, class Child, class = decltype(Child::kType)>
 Child* Add(Parent* parent, int (Owner::*give)(Child*), const Options& options = Options()) {
   return parent ? ztxml::Add(*parent, give, options) : nullptr;
+}
+/// Likewise, by a public member.
+template <class Parent, class Owner, class Member, class Child = typename Member::Entry>
+Child* Add(Parent* parent, Member Owner::*member, const Options& options = Options()) {
+  return parent ? ztxml::Add(*parent, member, options) : nullptr;
 }
 /// Likewise, for a parent that keeps children of several types.
 template <class T, class Parent, class Owner, class Base>
@@ -320,6 +347,10 @@ class Document {
   template <class Child, class Owner, class Base>
   Child* Add(int (Owner::*give)(Base*)) {
     return ztxml::Add<Child>(get(), give, m_Tree.HowMade());
+  }
+  template <class Owner, class Member, class Child = typename Member::Entry>
+  Child* Add(Member Owner::*member) {
+    return ztxml::Add(get(), member, m_Tree.HowMade());
   }
 
   /// Read and Create make documents by this.

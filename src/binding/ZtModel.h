@@ -78,6 +78,12 @@ enum ZtRowFlag : std::uint8_t {
 template <class M>
 struct ZtAt {
   std::uint16_t offset;
+
+  constexpr explicit ZtAt(std::uint16_t bytes) : offset(bytes) {}
+  // What `Derived` derives from stands at its beginning.
+  template <class Derived, class = std::enable_if_t<std::is_base_of_v<M, Derived>>>
+  constexpr ZtAt(ZtAt<Derived> other)  // NOLINT(google-explicit-constructor)
+      : offset(other.offset) {}
 };
 // The compilers that build the library have offsetof for all classes without virtual bases, and say
 // of classes with virtual functions that others need not.

@@ -17,6 +17,7 @@
 #include "base/ZtMemory.h"
 #include "binding/ZtBinding.h"
 #include "binding/ZtNames.h"
+#include "ztxml/ZtMembers.h"
 #include "ztxml/ztHostPlatform.h"
 
 /// A factory of class `C`, prepared so that all its methods can make something.
@@ -89,44 +90,98 @@ class ApiTables {
 
   template <class C, class Owner, class Argument, int (Owner::*method)(Argument)>
   struct Method<C, method> {
-    static constexpr Setter Entry(const char* name) {
-      return {&kDerive<C>, &kDerive<std::remove_pointer_t<Argument>>, Of<Argument>(), &Set, name};
+    static constexpr Setter Entry(const char* name) { return By<C, Argument, Method>(name); }
+    static int Call(C& self, Argument value) { return (self.*method)(value); }
+  };
+
+  /// A public member that is set, with what its Set takes.
+  template <class C, auto member>
+  struct Member {
+    static constexpr Setter Entry(const char* name) { return Of(name, member); }
+    template <class Argument>
+    static int Call(C& self, Argument value) {
+      return (self.*member).Set(value) ? 1 : 0;
     }
 
    private:
-    template <class T>
-    static constexpr Kind Of() {
-      if (std::is_same_v<T, const char*>) return Kind::kText;
-      if (!std::is_pointer_v<T>) return Kind::kNumber;
-      if (std::is_same_v<T, ZtSingleElementList*>) return Kind::kList;
-      return std::is_same_v<T, XMLAttribute*> ? Kind::kAttribute : Kind::kChild;
+    template <class Owner>
+    static constexpr Setter Of(const char* name, ZtTextMember Owner::* /*of texts*/) {
+      return By<C, const char*, Member>(name);
     }
-    static int Set(XMLElement& element, const Value& value) {
-      constexpr Kind kKind = Of<Argument>();
-      if constexpr (!std::is_base_of_v<XMLElement, C>) {  // no method of an element
-        return 0;
-      } else {
-        auto& self = static_cast<C&>(element);
-        if constexpr (kKind == Kind::kText) return (self.*method)(value.text);
-        if constexpr (kKind == Kind::kNumber) {
-          return (self.*method)(static_cast<Argument>(value.number));
-        }
-        if constexpr (kKind == Kind::kList) return (self.*method)(value.list);
-        if constexpr (kKind == Kind::kAttribute) return (self.*method)(value.attribute);
-        if constexpr (kKind == Kind::kChild) {
-          return (self.*method)(static_cast<Argument>(value.child));
-        }
-      }
+    template <class Owner, class Value>
+    static constexpr Setter Of(const char* name, ZtNumberMember<Value> Owner::* /*of numbers*/) {
+      return By<C, Value, Member>(name);
+    }
+    template <class Owner, class T>
+    static constexpr Setter Of(const char* name, ZtChildMember<T> Owner::* /*of children*/) {
+      return By<C, T*, Member>(name);
+    }
+    template <class Owner, class T>
+    static constexpr Setter Of(const char* name, ZtListMember<T> Owner::* /*of lists*/) {
+      return By<C, ZtSingleElementList*, Member>(name);
     }
   };
+  /// A public list that is added to.
+  template <class C, auto list>
+  struct List {
+    static constexpr Setter Entry(const char* name) { return Of(name, list); }
+    template <class Argument>
+    static int Call(C& self, Argument value) {
+      return (self.*list).Add(value) ? 1 : 0;
+    }
+
+   private:
+    template <class Owner, class T>
+    static constexpr Setter Of(const char* name, ZtListMember<T> Owner::* /*of children*/) {
+      return By<C, T*, List>(name);
+    }
+  };
+
+ private:
+  // A setter of class `C`, called by `Caller`.
+  template <class C, class Argument, class Caller>
+  static constexpr Setter By(const char* name) {
+    return {&kDerive<C>, &kDerive<std::remove_pointer_t<Argument>>, KindOf<Argument>(),
+            &Set<C, Argument, Caller>, name};
+  }
+  template <class T>
+  static constexpr Kind KindOf() {
+    if (std::is_same_v<T, const char*>) return Kind::kText;
+    if (!std::is_pointer_v<T>) return Kind::kNumber;
+    if (std::is_same_v<T, ZtSingleElementList*>) return Kind::kList;
+    return std::is_same_v<T, XMLAttribute*> ? Kind::kAttribute : Kind::kChild;
+  }
+  template <class C, class Argument, class Caller>
+  static int Set(XMLElement& element, const Value& value) {
+    constexpr Kind kKind = KindOf<Argument>();
+    if constexpr (!std::is_base_of_v<XMLElement, C>) {  // no method of an element
+      return 0;
+    } else {
+      auto& self = static_cast<C&>(element);
+      if constexpr (kKind == Kind::kText) return Caller::Call(self, value.text);
+      if constexpr (kKind == Kind::kNumber) {
+        return Caller::Call(self, static_cast<Argument>(value.number));
+      }
+      if constexpr (kKind == Kind::kList) return Caller::Call(self, value.list);
+      if constexpr (kKind == Kind::kAttribute) return Caller::Call(self, value.attribute);
+      if constexpr (kKind == Kind::kChild) {
+        return Caller::Call(self, static_cast<Argument>(value.child));
+      }
+    }
+  }
 };
 
 #define ZT_FACTORY(C, method) ApiTables::Method<C, &C::method>::Entry(#C "::" #method),
 #define ZT_SETTER(C, method) ApiTables::Method<C, &C::method>::Entry(#method),
+#define ZT_MEMBER(C, member) ApiTables::Member<C, &C::member>::Entry(#member ".Set"),
+#define ZT_LIST(C, list) ApiTables::List<C, &C::list>::Entry(#list ".Add"),
 inline constexpr ApiTables::Factory kApiFactories[] = {ZT_API_FACTORIES(ZT_FACTORY)};
-inline constexpr ApiTables::Setter kApiSetters[] = {ZT_API_SETTERS(ZT_SETTER)};
+inline constexpr ApiTables::Setter kApiSetters[] = {
+    ZT_API_SETTERS(ZT_SETTER) ZT_API_MEMBERS(ZT_MEMBER) ZT_API_LISTS(ZT_LIST)};
 #undef ZT_FACTORY
 #undef ZT_SETTER
+#undef ZT_MEMBER
+#undef ZT_LIST
 
 /// Builds trees as its bytes say.
 class ApiScript {

@@ -20,12 +20,15 @@ struct Accessor {
 template <class C, auto method>
 std::optional<Number> Get(const XMLElement& element) {
   const auto value = (static_cast<const C&>(element).*method)();
-  return value ? std::optional<Number>(*value) : std::nullopt;
+  return value ? std::optional<Number>(static_cast<Number>(*value)) : std::nullopt;
 }
 #define ZT_OPTIONAL(C, setter, method) \
   {ApiTables::Method<C, &C::setter>::Entry(#setter), &Get<C, &C::method>, #method},
-const Accessor kAccessors[] = {ZT_API_OPTIONALS(ZT_OPTIONAL)};
+#define ZT_NUMBER(C, member) \
+  {ApiTables::Member<C, &C::member>::Entry(#member), &Get<C, &C::member>, #member},
+const Accessor kAccessors[] = {ZT_API_OPTIONALS(ZT_OPTIONAL) ZT_API_NUMBERS(ZT_NUMBER)};
 #undef ZT_OPTIONAL
+#undef ZT_NUMBER
 
 // What the accessor of a row is called: as the attribute or element, without its hyphens.
 std::string AccessorOf(const ZtField& row) {
