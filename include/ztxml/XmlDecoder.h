@@ -85,12 +85,12 @@ class ZT_API XmlDecoder : public ZtNonCopyable {
   std::size_t FailedAt() const { return m_iFailed; }
 
   /// Pushes a copy of `name` on the stack of open elements; null when out of memory or reset.
-  BuddyLinkList* PushElement(char* name);
+  [[gnu::cold]] BuddyLinkList* PushElement(char* name);
   /// Takes the innermost open element off the stack: the node that PushElement made, or for an
   /// element that the parser has opened one with a copy of its name. Null when there is none, or no
   /// memory for a copy. The node and its data are the caller's (FreeElement,
   /// BuddyLinkList::Release).
-  BuddyLinkList* PopElement();
+  [[gnu::cold]] BuddyLinkList* PopElement();
 
   /// Whether the text after an element's name is a well-formed attribute list: 0, else -1.
   static int ValidateAttributeList(const char* list);

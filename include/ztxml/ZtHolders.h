@@ -167,7 +167,7 @@ class ZT_API ZtOwnedList {
 
   /// Takes `list` with its entries and deletes the one held before; changes nothing when `list` is
   /// held already or has an owner. Entries that have an owner are taken out of the list. Returns 1.
-  int Set(ZtSingleElementList* list);
+  [[gnu::cold]] int Set(ZtSingleElementList* list);
   /// Appends and takes `item`. Returns 1; 0, without taking it, when it is null, has an owner, or
   /// there is no memory. A new list is recorded under `source`; list and node lie in `arena` (null:
   /// the heap).

@@ -25,7 +25,7 @@ class ZT_API ZtSchemaDecoder : public XmlDecoderSchema, public ZtSink {
   ~ZtSchemaDecoder() override;
 
   int ProcessReserved() override;
-  int ProcessAttribute(char* element, char* name, char* value) override;
+  [[gnu::cold]] int ProcessAttribute(char* element, char* name, char* value) override;
   int ProcessElement(char* name, char* value) override;
   int ProcessElementOpened(char* name) override;
   /// The root (an XMLObject*), null until its start tag. The decoder never deletes it.
@@ -145,8 +145,8 @@ class ZT_API ZtSchemaDecoder : public XmlDecoderSchema, public ZtSink {
                          XMLElement* child, const ZtField* row = nullptr);
   ZT_COLD int ElementCallback(char* name, ZtPiece value);
   ZT_LOCAL bool IsNamed(const char* element) const;
-  ZT_LOCAL void RefuseSlash(const char* name);
-  ZT_LOCAL void NoteEmptyStack(int callbacks) const;
+  ZT_COLD void RefuseSlash(const char* name);
+  ZT_COLD void NoteEmptyStack(int callbacks) const;
   ZT_LOCAL Open Current() const;
   ZT_LOCAL Element Find(ZtNameId name, const ZtElementType* current);
   ZT_COLD const ZtElementType* FindAnywhere(ZtNameId name, bool atEnd);

@@ -30,10 +30,12 @@ struct ZtChildName {
 
 // What ProcessUnMarshall and ProcessUnMarshallAttribute do for an object of `type`, with the
 // outcome told more finely than by their results. What is made lies in `arena`, null for the heap.
-ZtOutcome ZtOfferChild(XMLElement& self, const ZtElementType& type, const ZtChildName& name,
-                       ZtPiece value, XMLElement* child, ZtArena* arena = nullptr);
-ZtOutcome ZtOfferAttribute(XMLElement& self, const ZtElementType& type, ZtPiece name,
-                           const char* value, XMLAttribute* attribute, ZtArena* arena = nullptr);
+[[gnu::cold]] ZtOutcome ZtOfferChild(XMLElement& self, const ZtElementType& type,
+                                     const ZtChildName& name, ZtPiece value, XMLElement* child,
+                                     ZtArena* arena = nullptr);
+[[gnu::cold]] ZtOutcome ZtOfferAttribute(XMLElement& self, const ZtElementType& type, ZtPiece name,
+                                         const char* value, XMLAttribute* attribute,
+                                         ZtArena* arena = nullptr);
 // Keeps the value of a scalar field.
 ZtOutcome ZtStore(XMLElement& self, const ZtField& field, ZtPiece value, const ZtArena* arena);
 // What a row for children and texts does with what is offered under its name. That it has that name

@@ -70,7 +70,6 @@ struct ZtDocumentFacts {
   const char* decoder = nullptr;        // class name for the logs
   const char* decoderSource = nullptr;  // file of the decoder, for the logs
   const char* noMemory = nullptr;       // when a name cannot be normalised; %s is the decoder
-  ZtPrefixRule prefixes = ZtPrefixRule::kExact;
   // Elements of a foreign namespace, which are opened before they are offered; ends with none.
   const ZtChoice* extensions = nullptr;
   const char* unMarshaller = nullptr;  // class names for the logs
@@ -78,10 +77,11 @@ struct ZtDocumentFacts {
   const char* writtenAs = nullptr;  // the marshaller, in the lines of the results
   const char* failedAs = nullptr;
   const char* textField = nullptr;  // what the logs call the marshaller's text
-  bool declaration = true;          // writes the XML declaration
-  bool dropsFirstNewline = false;
   const ZtDocumentLines* lines = &kZtPlainLines;
   ZtKnownSpace space = kZtSpacesBegin;  // of the roots, where `info` tells no namespace
+  ZtPrefixRule prefixes = ZtPrefixRule::kExact;
+  bool declaration = true;  // writes the XML declaration
+  bool dropsFirstNewline = false;
 
   // `name` is the context's without "Context"; `uri` the namespace of the roots, null for none.
   constexpr ZtDocumentFacts Schema(eXMLSchemaID id, const char* name, const char* uri,

@@ -1,5 +1,7 @@
 #include "binding/ZtElementWriter.h"
 
+#include <algorithm>
+
 #include "base/ZtHash.h"
 #include "ztxml/ZtNamespaces.h"
 
@@ -18,11 +20,12 @@ inline bool IsSilentWhenAbsent(const ZtField& field) {
 
 // What the writer logs of a row that cannot be written as others are; null for what it logs of all.
 [[gnu::cold]] const ZtNote* FindNote(const ZtElementType& type, const ZtField& field) {
-  for (const ZtNote& note : type.family->notes) {
-    const bool isRow = note.row == field.name;
-    if (isRow && (!note.label || __strcmp(note.label, type.label) == 0)) return &note;
-  }
-  return nullptr;
+  const ZtFamily& family = *type.family;
+  const auto* note =
+      std::find_if(family.notes, family.notes + family.noteCount, [&](const ZtNote& one) {
+        return one.row == field.name && (!one.label || __strcmp(one.label, type.label) == 0);
+      });
+  return note == family.notes + family.noteCount ? nullptr : note;
 }
 
 constexpr std::size_t kMostFlagName = 98;  // the longest that a table may ask for
@@ -424,8 +427,9 @@ bool ZtElementWriter::Start(ZtNameId name, ZtSingleElementList* attributes) {
 
 // Attributes that no row names, in the order received, except those that the tag has already: the
 // first of a name stands. `type` and `element` null: it has none yet. False without memory.
-bool ZtElementWriter::WriteOtherAttributes(ZtListNode* head, const XMLElement* element,
-                                           const ZtElementType* type, bool declares) {
+[[gnu::cold]] bool ZtElementWriter::WriteOtherAttributes(ZtListNode* head,
+                                                         const XMLElement* element,
+                                                         const ZtElementType* type, bool declares) {
   std::size_t count = 0;
   for (ZtListNode* node = head; node; node = node->next) ++count;
   if (count == 0) return true;

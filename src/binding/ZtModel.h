@@ -27,16 +27,6 @@ constexpr T ZtWith(T entry, Member T::*member, Value value) {
   return entry;
 }
 
-// Entries of a table that live elsewhere.
-template <class T>
-struct ZtSpan {
-  const T* first = nullptr;
-  std::size_t count = 0;
-
-  constexpr const T* begin() const { return first; }
-  constexpr const T* end() const { return first + count; }
-};
-
 // ---- Rows ---------------------------------------------------------------------------------------
 
 enum class ZtPlace : std::uint8_t {
@@ -398,18 +388,19 @@ struct ZtFamily {
   const ZtHookLines* lines;
   const char* unknownElement;  // name, value; for children without an object
   const char* childFailed;     // the failing child's writer
-  ZtUnknown unknownAttribute;
   // File under which the objects of these types, and all that is made inside one, are recorded
   // when a document is read; null for the decoder's.
   const char* recordedUnder = nullptr;
   // What a writer logs on entry, with its name.
   const char* entryLine = "<XML Module>: %s";
-  int entryLevel = 2;
+  const ZtNote* notes = nullptr;
+  std::uint8_t noteCount = 0;
+  std::uint8_t entryLevel = kZtLogTrace;
   // Whether the names of its types' children make objects only inside these types.
   bool namesStayInside = false;
+  ZtUnknown unknownAttribute = ZtUnknown::kIgnore;
   // What becomes of a child that has no class name, under a name that asks for one.
   ZtUnknown nullClass = ZtUnknown::kIgnore;
-  ZtSpan<ZtNote> notes = {};
 
   constexpr ZtFamily NamesStayInside() const {
     return ZtWith(*this, &ZtFamily::namesStayInside, true);
@@ -418,14 +409,18 @@ struct ZtFamily {
     return ZtWith(*this, &ZtFamily::nullClass, ZtUnknown::kRefuse);
   }
   constexpr ZtFamily Enters(const char* line, int level) const {
-    return ZtWith(ZtWith(*this, &ZtFamily::entryLine, line), &ZtFamily::entryLevel, level);
+    return ZtWith(ZtWith(*this, &ZtFamily::entryLine, line), &ZtFamily::entryLevel,
+                  static_cast<std::uint8_t>(level));
   }
   constexpr ZtFamily UnknownElement(const char* line) const {
     return ZtWith(*this, &ZtFamily::unknownElement, line);
   }
   template <std::size_t N>
   constexpr ZtFamily Notes(const ZtNote (&own)[N]) const {
-    return ZtWith(*this, &ZtFamily::notes, ZtSpan<ZtNote>{own, N});
+    return ZtWith(ZtWith(*this, &ZtFamily::notes, own), &ZtFamily::noteCount, std::uint8_t{N});
+  }
+  constexpr ZtFamily RefusesUnknownAttributes() const {
+    return ZtWith(*this, &ZtFamily::unknownAttribute, ZtUnknown::kRefuse);
   }
 };
 
@@ -435,13 +430,12 @@ inline constexpr char kCannotAccommodate[] = "Cannot accommodate the element %s 
 // The family of types that log nothing of their own and ignore what they do not know.
 inline constexpr ZtHookLines kZtNoHookLines = {};
 constexpr ZtFamily ZtQuietFamily(const char* source, const char* recordedUnder = nullptr) {
-  return {source, &kZtNoHookLines, nullptr, nullptr, ZtUnknown::kIgnore, recordedUnder};
+  return {source, &kZtNoHookLines, nullptr, nullptr, recordedUnder};
 }
 
 // The family of most documents.
 constexpr ZtFamily ZtPlainFamily(const char* source) {
-  return {source, &kZtNoHookLines, kCannotAccommodate, "<XML Module>: %s XML Failed!",
-          ZtUnknown::kIgnore};
+  return {source, &kZtNoHookLines, kCannotAccommodate, "<XML Module>: %s XML Failed!"};
 }
 
 // An attribute that an element always carries: name="value", or name:suffix="value" unless the

@@ -6,7 +6,7 @@
 
 constexpr ZtFamily ZtPresenceFamily(const char* source) {
   return {source, &kZtNoHookLines, kCannotAccommodate,
-          "<XML Module>: PresenceMarshaller XML Failed at %s!", ZtUnknown::kIgnore};
+          "<XML Module>: PresenceMarshaller XML Failed at %s!"};
 }
 
 #endif  // ZTXML_SRC_PRESENCEBINDING_H

@@ -15,7 +15,7 @@ constexpr ZtNote kNotes[] = {
     {"temp-gruu", XML_STR_URI, kZtLogError,
      "<XML Module>: AddTempGruuElementToXml: Uri is a mandatory attribute"}};
 constexpr ZtFamily kFamily =
-    ZtFamily{kSource, &kLines, nullptr, "<XML Module>: %s Failed", ZtUnknown::kRefuse}.Notes(
+    ZtFamily{kSource, &kLines, nullptr, "<XML Module>: %s Failed"}.RefusesUnknownAttributes().Notes(
         kNotes);
 }  // namespace
 

@@ -33,10 +33,11 @@ constexpr ZtNote kNotes[] = {
     {"reginfo", XML_STR_STATE, kZtLogOptional,
      "<XML Module>: AddReginfoElementToXml state is required"},
     {"reginfo", XML_STR_ZT_NULL, kZtLogTrace, "<XML Module>: pReginfo: AnyElement not supported"}};
-constexpr ZtFamily kFamily = ZtFamily{kSource, &kLines, "Cannot accommodate the element %s",
-                                      "<XML Module>: %s Failed", ZtUnknown::kRefuse}
-                                 .RefusesNullClasses()
-                                 .Notes(kNotes);
+constexpr ZtFamily kFamily =
+    ZtFamily{kSource, &kLines, "Cannot accommodate the element %s", "<XML Module>: %s Failed"}
+        .RefusesUnknownAttributes()
+        .RefusesNullClasses()
+        .Notes(kNotes);
 constexpr ZtFamily kRootFamily =
     kFamily.UnknownElement("zt_reginfo::ProcessUnMarshall Cannot accommodate the element %s");
 

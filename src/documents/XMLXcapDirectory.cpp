@@ -12,8 +12,7 @@ constexpr ZtNote kNotes[] = {{"entry", XML_STR_URI, kZtLogError,
                              {"folder", XML_STR_AUID, kZtLogError,
                               "<XML Module>: AddFolderElementToXml AUID mandatory attribute"}};
 constexpr ZtFamily kFamily =
-    ZtFamily{kSource, &kZtNoHookLines, nullptr, "<XML Module>: %s XML Failed!", ZtUnknown::kIgnore}
-        .Notes(kNotes);
+    ZtFamily{kSource, &kZtNoHookLines, nullptr, "<XML Module>: %s XML Failed!"}.Notes(kNotes);
 
 constexpr ZtExtras kDeclarations = {{{XML_STR_URN_OMA_XML_XDM_XCAP_DIRECTORY, XML_STR_ZT_NULL}}};
 }  // namespace
