@@ -492,7 +492,7 @@ std::string TellNoName(eXMLSchemaID id, bool attribute) {
   reflect::Schema schema;
   if (!reflect::FindSchema(id, schema)) return "(no schema)";
   char tag[] = "p:a", name[] = "b", value[] = "c";
-  ZtSchemaDecoder* decoder = schema.document->newDecoder.Create(kSource, *schema.document);
+  ZtSchemaDecoder* decoder = schema.document->NewDecoder().Create(kSource, *schema.document);
   zthost::FailAllocation(1);
   const int result = attribute ? decoder->ProcessAttribute(tag, name, value)
                                : decoder->ProcessElement(tag, nullptr);

@@ -77,6 +77,8 @@ class ZT_API XmlDecoder : public ZtNonCopyable {
   /// Frees the pending text and the stack with its sentinel. The state stays; a decoder that was
   /// in the middle of a document cannot go on with it.
   void ResetXmlDecoder();
+  /// Whether it holds no more than it needs for most documents.
+  ZT_LOCAL bool IsLean() const;
 
   /// How far the document is read.
   eXmlDecodeState State() const { return m_DecodeState; }

@@ -66,9 +66,10 @@ class ZT_API ZtContext : public XMLContext {
   friend class ZtReflection;
 };
 
-/// The unmarshalling driver: one parser and one schema decoder for each call.
+/// The unmarshalling driver: one parser and one schema decoder, which it keeps for the next document.
 class ZT_API ZtUnMarshaller : public XMLUnMarshaller {
  public:
+  ZT_INLINE ~ZtUnMarshaller() override { Close(); }
   XMLElement* UnMarshall(const char* xml) override;
   XMLElement* UnMarshall(XMLFile* file) override;
   XMLElement* UnMarshall(const char* text, std::size_t size) override;
@@ -95,6 +96,7 @@ class ZT_API ZtUnMarshaller : public XMLUnMarshaller {
 
  private:
   friend class ZtContext;
+  void Close();
   ZT_LOCAL XMLElement* ReadExact(ZtPiece xml, const char* noMemory) const;
   ZT_LOCAL XMLElement* ReadStandard(ZtPiece text) const;
   ZT_LOCAL bool Parse(ZtArena& arena, ZtPiece xml, char* text, XMLElement*& root) const;
@@ -102,6 +104,10 @@ class ZT_API ZtUnMarshaller : public XMLUnMarshaller {
                         const ZtSchemaDecoder& decoder) const;
 
   const ZtContext* m_pContext = nullptr;  // null for a worker that no context made
+  // Kept from one document to the next, null before and after one that asked for more of them than
+  // most do.
+  mutable XmlDecoder* m_pParser = nullptr;
+  mutable ZtSchemaDecoder* m_pDecoder = nullptr;
 };
 
 /// The marshalling driver. It holds the document writer and the text of the last Marshall.

@@ -44,6 +44,10 @@ class ZT_API ZtSchemaDecoder : public XmlDecoderSchema, public ZtSink {
     if (!m_pRoot) m_pArena = &arena;
   }
 
+  /// After a whole document: hands over its root and makes the decoder ready for another one. Null,
+  /// without doing so, when the document was not whole, or left more behind than most do.
+  ZT_LOCAL XMLObject* Finish();
+
   /// Tells the namespaces that the document declares, a zt_schema_namespace_retrieval. 0 when the
   /// decoder has no use for them, else 1.
   virtual int SetNameSpaceBinderInfo(XMLObject* binder);

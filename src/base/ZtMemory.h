@@ -54,7 +54,9 @@ void ZtRelease(T* object) {
 // The memory is taken here, so that the function of each class does nothing but construct.
 template <class Base, class... Argument>
 struct ZtMaker {
-  Base* (*construct)(void* memory, Argument... argument);
+  using Construct = Base*(void* memory, Argument... argument);
+
+  Construct* construct;
   std::size_t size;
 
   template <class T>

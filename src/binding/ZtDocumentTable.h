@@ -61,11 +61,12 @@ constexpr ZtDecoderMaker ZtSharedDecoder(const void* /*of callers*/) { return {n
 // What there is to say of a document besides its roots.
 struct ZtDocumentFacts {
   const char* source;  // file of the binding, for the logs
-  ZtMaker<XMLContext> newContext;
-  ZtDecoderMaker newDecoder;
-  ZtMaker<ZtUnMarshaller> newUnMarshaller;
-  ZtMaker<ZtMarshaller> newMarshaller;  // without a maker: the schema has none
-  ZtMaker<ZtFactory> newBinderFactory;
+  // How context and workers are made; null where the schema has none. Their sizes stand below.
+  ZtMaker<XMLContext>::Construct* context;
+  ZtDecoderMaker::Construct* decoding;
+  ZtMaker<ZtUnMarshaller>::Construct* unMarshalling;
+  ZtMaker<ZtMarshaller>::Construct* marshalling;
+  ZtMaker<ZtFactory>::Construct* binderFactory;
   XMLSchemaInfo info = {};
   const char* decoder = nullptr;        // class name for the logs
   const char* decoderSource = nullptr;  // file of the decoder, for the logs
@@ -82,6 +83,18 @@ struct ZtDocumentFacts {
   ZtPrefixRule prefixes = ZtPrefixRule::kExact;
   bool declaration = true;  // writes the XML declaration
   bool dropsFirstNewline = false;
+  std::uint16_t contextSize = 0, decoderSize = 0, unMarshallerSize = 0, marshallerSize = 0,
+                binderFactorySize = 0;
+
+  constexpr ZtMaker<XMLContext> NewContext() const { return {context, contextSize}; }
+  constexpr ZtDecoderMaker NewDecoder() const { return {decoding, decoderSize}; }
+  constexpr ZtMaker<ZtUnMarshaller> NewUnMarshaller() const {
+    return {unMarshalling, unMarshallerSize};
+  }
+  constexpr ZtMaker<ZtMarshaller> NewMarshaller() const { return {marshalling, marshallerSize}; }
+  constexpr ZtMaker<ZtFactory> NewBinderFactory() const {
+    return {binderFactory, binderFactorySize};
+  }
 
   // `name` is the context's without "Context"; `uri` the namespace of the roots, null for none.
   constexpr ZtDocumentFacts Schema(eXMLSchemaID id, const char* name, const char* uri,
@@ -184,9 +197,21 @@ constexpr ZtDocumentFacts ZtDocumentOf(const char* source) {
   if constexpr (std::is_constructible_v<Decoder, const ZtDocument&>) {
     decoder = ZtDecoderMaker::Of<Decoder>();
   }
-  return {source,     ZtMaker<XMLContext>::Of<Context>(),
-          decoder,    ZtMaker<ZtUnMarshaller>::Of<UnMarshaller>(),
-          marshaller, ZtMaker<ZtFactory>::Of<DataBinder>()};
+  constexpr auto kContext = ZtMaker<XMLContext>::Of<Context>();
+  constexpr auto kUnMarshaller = ZtMaker<ZtUnMarshaller>::Of<UnMarshaller>();
+  constexpr auto kBinderFactory = ZtMaker<ZtFactory>::Of<DataBinder>();
+  ZtDocumentFacts facts = {source,
+                           kContext.construct,
+                           decoder.construct,
+                           kUnMarshaller.construct,
+                           marshaller.construct,
+                           kBinderFactory.construct};
+  facts.contextSize = std::uint16_t{kContext.size};
+  facts.decoderSize = static_cast<std::uint16_t>(decoder.size);
+  facts.unMarshallerSize = std::uint16_t{kUnMarshaller.size};
+  facts.marshallerSize = static_cast<std::uint16_t>(marshaller.size);
+  facts.binderFactorySize = std::uint16_t{kBinderFactory.size};
+  return facts;
 }
 
 // The bytes of `name` that are kept. Intended: decoders add 2 to the size of a name and keep the

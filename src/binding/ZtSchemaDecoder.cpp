@@ -1,5 +1,7 @@
 #include "ztxml/ZtSchemaDecoder.h"
 
+#include <utility>
+
 #include "base/ZtLog.h"
 #include "binding/ZtDocumentTable.h"
 #include "text/TagScanner.h"
@@ -44,6 +46,18 @@ void ZtSchemaDecoder::RefuseSlash(const char* name) {
 }
 
 void* ZtSchemaDecoder::GetSessionData() { return m_pRoot; }
+
+XMLObject* ZtSchemaDecoder::Finish() {
+  const bool isWhole = m_Stack.empty() && !m_bFailed && !m_iSkipped && !m_iDropped;
+  if (!isWhole || m_ReplacedRoots.Get()) return nullptr;
+  if (m_pFrames != m_FewFrames || m_iPassCapacity > 4 * kLeastPassName) return nullptr;
+  m_Started = {};
+  m_pText = nullptr;
+  m_pNamed = nullptr;
+  m_pArena = nullptr;
+  m_bOfferEnd = false;
+  return std::exchange(m_pRoot, nullptr);
+}
 
 int ZtSchemaDecoder::SetNameSpaceBinderInfo(XMLObject*) { return 0; }
 

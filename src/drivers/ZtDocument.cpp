@@ -1,6 +1,7 @@
 #include "ztxml/ZtDocument.h"
 
 #include <climits>
+#include <utility>
 
 #include "base/ZtLog.h"
 #include "binding/ZtDocumentTable.h"
@@ -14,25 +15,25 @@
 #include "ztxml/ZtNamespaces.h"
 
 XMLContext* ZtNewContext(const ZtDocument& document) {
-  return document.newContext.Create("src/XMLFactory");
+  return document.NewContext().Create("src/XMLFactory");
 }
 
 // ---- Context ------------------------------------------------------------------------------------
 
 XMLMarshaller* ZtContext::createMarshaller() {
-  ZtMarshaller* worker = Document().newMarshaller.Create(Document().source);
+  ZtMarshaller* worker = Document().NewMarshaller().Create(Document().source);
   if (worker) worker->m_pContext = this;
   return Keep(static_cast<XMLMarshaller*>(worker));
 }
 
 XMLUnMarshaller* ZtContext::createUnMarshaller() {
-  ZtUnMarshaller* worker = Document().newUnMarshaller.Create(Document().source);
+  ZtUnMarshaller* worker = Document().NewUnMarshaller().Create(Document().source);
   if (worker) worker->m_pContext = this;
   return Keep(static_cast<XMLUnMarshaller*>(worker));
 }
 
 XMLObjectFactory* ZtContext::createBinderFactory() {
-  ZtFactory* worker = Document().newBinderFactory.Create(Document().source);
+  ZtFactory* worker = Document().NewBinderFactory().Create(Document().source);
   if (worker) worker->m_bStandard = profile() == XML_PROFILE_STANDARD;
   return Keep(static_cast<XMLObjectFactory*>(worker));
 }
@@ -147,12 +148,34 @@ bool ZtUnMarshaller::Parse(const char* xml, XMLElement*& root) const {
   return text && Parse(arena, whole, text, root);
 }
 
+namespace {
+// Whether a parser and a decoder that have read a document may read the next one: the decoder knows
+// nothing but the document that it reads, and nobody watches what a reading leaves allocated, as
+// those do who are told log lines.
+bool MayKeep(const ZtDocument& document, const XmlDecoder& parser) {
+  constexpr auto kPlain = ZtDecoderMaker::Of<ZtDecoderFor<ZtSchemaDecoder>>();
+  return document.NewDecoder().construct == kPlain.construct && parser.IsLean() &&
+         ZtLogDiscards(kZtLogState);
+}
+}  // namespace
+
+void ZtUnMarshaller::Close() {
+  ZtRelease(m_pDecoder);
+  ZtRelease(m_pParser);
+}
+
 // Reads `text`, a copy of `xml` that `arena` keeps. A caller gets a whole tree or nothing: what a
 // failed parse has built is freed.
 bool ZtUnMarshaller::Parse(ZtArena& arena, ZtPiece xml, char* text, XMLElement*& root) const {
   const ZtDocument& document = Document();
-  XmlDecoder* parser = ZtCreate<XmlDecoder>(document.source);
-  ZtSchemaDecoder* decoder = document.newDecoder.Create(document.source, document);
+  XmlDecoder* parser = std::exchange(m_pParser, nullptr);
+  ZtSchemaDecoder* decoder = std::exchange(m_pDecoder, nullptr);
+  if (parser) {
+    parser->InitXmlDecoder();
+  } else {
+    parser = ZtCreate<XmlDecoder>(document.source);
+    decoder = document.NewDecoder().Create(document.source, document);
+  }
   bool parsed = false;
   if (parser && decoder && xml.size <= INT_MAX) {
     if (XMLObject* binder = NamespaceBinder()) decoder->SetNameSpaceBinderInfo(binder);
@@ -160,6 +183,14 @@ bool ZtUnMarshaller::Parse(ZtArena& arena, ZtPiece xml, char* text, XMLElement*&
     parsed = parser->DecodeWhole(text, xml.size, *decoder) == ZT_XML_SUCCESS;
   }
   const bool done = parsed && !decoder->Failed();
+  if (done && MayKeep(document, *parser)) {
+    if (XMLObject* const whole = decoder->Finish()) {
+      m_pParser = parser;
+      m_pDecoder = decoder;
+      root = whole;
+      return true;
+    }
+  }
   if (decoder) root = static_cast<XMLObject*>(decoder->GetSessionData());
   if (m_pError && (!done || !root)) {
     if (!parser || !decoder) {

@@ -115,6 +115,10 @@ void XmlDecoder::DropPending() {
   m_iLength = m_iCapacity = m_iTag = m_iScanned = 0;
 }
 
+bool XmlDecoder::IsLean() const {
+  return m_pElementStack && !m_pTop && !(m_pNodes && m_pNodes->older);
+}
+
 void XmlDecoder::ResetXmlDecoder() {
   DropPending();
   if (!m_pElementStack) return;

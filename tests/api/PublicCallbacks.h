@@ -34,7 +34,7 @@ class PublicCallbacks : public XmlDecoderSchema {
 inline XMLElement* ReadThroughCallbacks(const XMLContext& context, std::string text) {
   constexpr char kSource[] = "tests/PublicCallbacks";
   const ZtDocument& document = reflect::DocumentOf(context);
-  ZtSchemaDecoder* decoder = document.newDecoder.Create(kSource, document);
+  ZtSchemaDecoder* decoder = document.NewDecoder().Create(kSource, document);
   if (!decoder) return nullptr;
   if (XMLObject* binder = static_cast<const ZtContext&>(context).namespaceBinder()) {
     decoder->SetNameSpaceBinderInfo(binder);

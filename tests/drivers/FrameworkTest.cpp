@@ -84,6 +84,33 @@ TEST(UnMarshaller, FilesAndTexts) {
   EXPECT_EQ(reader->UnMarshall(&in), nullptr);  // the file is gone
 }
 
+// Parser and decoder are kept where nobody hears the log, unless a document has made them large.
+TEST(UnMarshaller, KeepsWhatItReadsWith) {
+  Schema schema(XML_SCHEMA_REGINFO);
+  const auto allocations = [&](const std::string& text) {
+    zthost::CountAllocations();
+    EXPECT_TRUE(schema.Read<zt_reginfo>(text)) << text.substr(0, 99);
+    const long count = zthost::AllocationCount();
+    zthost::FailAllocation(0);
+    return count;
+  };
+  const std::string plain = "<reginfo version='1'/>";
+  const long first = allocations(plain);
+  EXPECT_LT(allocations(plain), first);
+  std::string deep;
+  for (int i = 0; i < 20; ++i) deep = "<a>" + deep + "</a>";
+  const std::string prefix(200, 'p');
+  for (const std::string& large :
+       {"<reginfo>" + deep + "</reginfo>", "<reginfo><" + prefix + ":q:registration/></reginfo>",
+        std::string("<reginfo><reginfo/></reginfo>")}) {
+    allocations(large);
+    EXPECT_EQ(allocations(plain), first) << large.substr(0, 99);
+  }
+  const LogCapture log;
+  allocations(plain);
+  EXPECT_EQ(allocations(plain), first);
+}
+
 TEST(NamespaceRetrieval, CollectsDeclarationsInDocumentOrder) {
   Schema schema(XML_SCHEMA_NAMESPACE_RETRIEVAL);
   const auto pairs = [&](const char* text) {

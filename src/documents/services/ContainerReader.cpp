@@ -50,7 +50,7 @@ bool ZtContainerReader::Begin(XMLObject* binder) {
 bool ZtContainerReader::Prepare(const ZtDocument& document, ZtNamespaceDecoder*& decoder) {
   if (!decoder) {
     decoder =
-        static_cast<ZtNamespaceDecoder*>(document.newDecoder.Create(document.source, document));
+        static_cast<ZtNamespaceDecoder*>(document.NewDecoder().Create(document.source, document));
     if (!decoder) return false;
     if (m_pContainer != decoder) decoder->ShareNamespaces(*m_pContainer);
   }
