@@ -150,12 +150,11 @@ bool ZtUnMarshaller::Parse(const char* xml, XMLElement*& root) const {
 
 namespace {
 // Whether a parser and a decoder that have read a document may read the next one: the decoder knows
-// nothing but the document that it reads, and nobody watches what a reading leaves allocated, as
-// those do who are told log lines.
+// nothing but the document that it reads, and no memory log shows that they are not released.
 bool MayKeep(const ZtDocument& document, const XmlDecoder& parser) {
   constexpr auto kPlain = ZtDecoderMaker::Of<ZtDecoderFor<ZtSchemaDecoder>>();
   return document.NewDecoder().construct == kPlain.construct && parser.IsLean() &&
-         ZtLogDiscards(kZtLogState);
+         ZtRecordsNothing();
 }
 }  // namespace
 
@@ -168,9 +167,10 @@ void ZtUnMarshaller::Close() {
 // failed parse has built is freed.
 bool ZtUnMarshaller::Parse(ZtArena& arena, ZtPiece xml, char* text, XMLElement*& root) const {
   const ZtDocument& document = Document();
-  XmlDecoder* parser = std::exchange(m_pParser, nullptr);
-  ZtSchemaDecoder* decoder = std::exchange(m_pDecoder, nullptr);
-  if (parser) {
+  const bool kept = m_pParser && ZtRecordsNothing();
+  XmlDecoder* parser = kept ? std::exchange(m_pParser, nullptr) : nullptr;
+  ZtSchemaDecoder* decoder = kept ? std::exchange(m_pDecoder, nullptr) : nullptr;
+  if (kept) {
     parser->InitXmlDecoder();
   } else {
     parser = ZtCreate<XmlDecoder>(document.source);
@@ -183,7 +183,7 @@ bool ZtUnMarshaller::Parse(ZtArena& arena, ZtPiece xml, char* text, XMLElement*&
     parsed = parser->DecodeWhole(text, xml.size, *decoder) == ZT_XML_SUCCESS;
   }
   const bool done = parsed && !decoder->Failed();
-  if (done && MayKeep(document, *parser)) {
+  if (done && !m_pParser && MayKeep(document, *parser)) {
     if (XMLObject* const whole = decoder->Finish()) {
       m_pParser = parser;
       m_pDecoder = decoder;

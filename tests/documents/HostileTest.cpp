@@ -52,6 +52,25 @@ TEST(Hostile, CutsAndChangedBytes) {
   }
 }
 
+// What a worker keeps from one document to the next, while the memory log is off, shows in none.
+TEST(Hostile, DocumentsDoNotKnowOfEachOther) {
+  zthost::EnableMemoryLog(false);
+  for (const Sample& sample : Samples()) {
+    BoundSchema schema(sample.id, sample.text);
+    for (std::size_t at = 0; at < sample.text.size(); at += 5) {
+      std::string text = sample.text;
+      text[at] = "<>/:"[at % 4];
+      for (const std::string& next : {text, sample.text.substr(0, at), sample.text}) {
+        BoundSchema alone(sample.id, sample.text);
+        EXPECT_SAME(schema.RoundTrip(next), alone.RoundTrip(next))
+            << '\n'
+            << sample.name << " changed at " << at;
+      }
+      if (HasFailure()) return;
+    }
+  }
+}
+
 // With the namespaces of each document, which Errors.SayThatMemoryIsLacking does without, and with
 // every object and text on the heap.
 TEST(Hostile, MemoryRunsOutInEveryDocument) {

@@ -323,8 +323,9 @@ XMLElement* SimservsUnMarshaller::ReadOnePass(ZtPiece xml) {
   if (!ZtLogDiscards(kZtLogState)) return nullptr;
   if (!m_pReader) m_pReader = new ZtContainerReader;
   XMLElement* const root = m_pReader ? m_pReader->Read(xml, NamespaceBinder()) : nullptr;
-  constexpr std::size_t kMostKept = 8192;  // what a larger document took is not held on to
-  if (!root || xml.size > kMostKept) {
+  // What a larger document took is not held on to, and nothing is that the memory log would show.
+  constexpr std::size_t kMostKept = 8192;
+  if (!root || xml.size > kMostKept || !ZtRecordsNothing()) {
     delete m_pReader;
     m_pReader = nullptr;
   }
