@@ -10,6 +10,7 @@
 
 #include "base/ZtLog.h"
 #include "base/ZtMemory.h"
+#include "binding/ZtAt.h"
 #include "binding/ZtEnums.h"
 #include "binding/ZtNames.h"
 #include "binding/ZtSpaces.h"
@@ -18,14 +19,6 @@
 #include "ztxml/ZtElement.h"
 #include "ztxml/ZtMembers.h"
 #include "ztxml/ZtPiece.h"
-
-// A constant entry of a table with one of its members changed: what the chained builders of rows,
-// types and documents are made of.
-template <class T, class Member, class Value>
-constexpr T ZtWith(T entry, Member T::*member, Value value) {
-  entry.*member = value;
-  return entry;
-}
 
 // ---- Rows ---------------------------------------------------------------------------------------
 
@@ -62,24 +55,6 @@ enum ZtRowFlag : std::uint8_t {
   kZtMust = 64,      // its schema requires it
   kZtPaired = 128,   // the texts of this row and of the next one alternate
 };
-
-// Where a member of type `M` lies in an object: what ZT_AT gives. Schema types derive from
-// XMLElement alone, so that this is as far from the object's beginning as from XMLElement's.
-template <class M>
-struct ZtAt {
-  std::uint16_t offset;
-
-  constexpr explicit ZtAt(std::uint16_t bytes) : offset(bytes) {}
-  // What `Derived` derives from stands at its beginning.
-  template <class Derived, class = std::enable_if_t<std::is_base_of_v<M, Derived>>>
-  constexpr ZtAt(ZtAt<Derived> other)  // NOLINT(google-explicit-constructor)
-      : offset(other.offset) {}
-};
-// The compilers that build the library have offsetof for all classes without virtual bases, and say
-// of classes with virtual functions that others need not.
-#pragma GCC diagnostic ignored "-Winvalid-offsetof"
-#define ZT_AT(type, member) \
-  ZtAt<decltype(type::member)> { offsetof(type, member) }
 
 // One of the elements that may stand in a list of mixed children, or in the place of one child. A
 // table of these ends with one that has no type.
