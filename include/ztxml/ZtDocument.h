@@ -66,7 +66,7 @@ class ZT_API ZtContext : public XMLContext {
   friend class ZtReflection;
 };
 
-/// The unmarshalling driver: one parser and one schema decoder, which it keeps for the next document.
+/// The unmarshalling driver: a parser and a schema decoder, which it keeps for the next document.
 class ZT_API ZtUnMarshaller : public XMLUnMarshaller {
  public:
   ZT_INLINE ~ZtUnMarshaller() override { Close(); }
