@@ -49,7 +49,7 @@ class zt_ims_3gpp : public ZtTyped<zt_ims_3gpp, ZtObject> {
 
  private:
   ZtNumber m_Version;
-  ZtChild m_AlternativeService;
+  ZtChildOf<zt_alternative_service> m_AlternativeService;
   ZtText m_ServiceInfo;
 };
 

@@ -20,7 +20,7 @@ class zt_ns_call_waiting_indication_action : public ZtTyped<zt_ns_call_waiting_i
   zt_empty_element_type* getCallWaitingIndicationValue() const { return m_CallWaitingIndication; }
 
  private:
-  ZtChild m_CallWaitingIndication;
+  ZtChildOf<zt_empty_element_type> m_CallWaitingIndication;
 };
 
 /// The element "alternative-service".
@@ -35,7 +35,7 @@ class zt_ns_call_waiting_indication_alternative_service
   zt_ns_call_waiting_indication_action* getActionValue() const { return m_Action; }
 
  private:
-  ZtChild m_Action;
+  ZtChildOf<zt_ns_call_waiting_indication_action> m_Action;
 };
 
 /// The root element "3gpp-ims".
@@ -56,7 +56,7 @@ class zt_3gpp_ims : public ZtTyped<zt_3gpp_ims, ZtObject> {
 
  private:
   ZtNumber m_Version;
-  ZtChild m_AlternativeService;
+  ZtChildOf<zt_ns_call_waiting_indication_alternative_service> m_AlternativeService;
 };
 
 /// The context of this document, XML_SCHEMA_CALL_WAITING_INDICATION.

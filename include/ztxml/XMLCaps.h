@@ -46,8 +46,8 @@ class zt_ns_caps_duplextype : public ZtTyped<zt_ns_caps_duplextype, ZtKeepsEleme
   zt_ns_caps_duplextypes* getNotsupportedValue() const { return m_Notsupported; }
 
  private:
-  ZtChild m_Supported;
-  ZtChild m_Notsupported;
+  ZtChildOf<zt_ns_caps_duplextypes> m_Supported;
+  ZtChildOf<zt_ns_caps_duplextypes> m_Notsupported;
 };
 
 /// The element "servcaps": what a service can do.
@@ -68,7 +68,7 @@ class zt_ns_caps_servcaps : public ZtTyped<zt_ns_caps_servcaps, ZtKeepsElements<
 
  private:
   ZtNumber m_Audio = ZT_CAPS_ABSENT;
-  ZtChild m_Duplex;
+  ZtChildOf<zt_ns_caps_duplextype> m_Duplex;
   ZtNumber m_Video = ZT_CAPS_ABSENT;
 };
 

@@ -43,8 +43,8 @@ class zt_characteristic : public ZtTyped<zt_characteristic> {
 
  private:
   ZtText m_Type;
-  ZtChildList m_Parms;
-  ZtChildList m_Characteristics;
+  ZtChildListOf<zt_parm> m_Parms;
+  ZtChildListOf<zt_characteristic> m_Characteristics;
 };
 
 /// What the roots of provisioning documents have.
@@ -64,7 +64,7 @@ class ZtProvisioning : public ZtObject {
   friend struct CharacteristicBinding;
 
   ZtText m_Version;
-  ZtChildList m_Characteristics;
+  ZtChildListOf<zt_characteristic> m_Characteristics;
 };
 
 #endif  // ZTXML_INCLUDE_XMLCHARACTERISTIC_H

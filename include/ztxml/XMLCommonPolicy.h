@@ -41,7 +41,7 @@ class zt_ns_common_policy_oneType : public ZtTyped<zt_ns_common_policy_oneType> 
 
  private:
   ZtText m_Id;
-  ZtChildList m_AnyList;
+  ZtChildListOf<XMLElement> m_AnyList;
 };
 
 /// A "many": everyone, or everyone of a domain.
@@ -62,8 +62,8 @@ class zt_ns_common_policy_manyType : public ZtTyped<zt_ns_common_policy_manyType
 
  private:
   ZtText m_Domain;
-  ZtChildList m_ExceptList;
-  ZtChildList m_AnyList;
+  ZtChildListOf<zt_ns_common_policy_exceptType> m_ExceptList;
+  ZtChildListOf<XMLElement> m_AnyList;
 };
 
 /// The condition "identity". It cannot be written without a "one" or a "many".
@@ -84,9 +84,9 @@ class zt_ns_common_policy_identityType : public ZtTyped<zt_ns_common_policy_iden
   int addAny(XMLElement* element) { return m_AnyList.Add(element); }
 
  private:
-  ZtChildList m_OneList;
-  ZtChildList m_ManyList;
-  ZtChildList m_AnyList;
+  ZtChildListOf<zt_ns_common_policy_oneType> m_OneList;
+  ZtChildListOf<zt_ns_common_policy_manyType> m_ManyList;
+  ZtChildListOf<XMLElement> m_AnyList;
 };
 
 /// The condition "sphere".
@@ -116,8 +116,8 @@ class zt_ns_common_policy_validityType : public ZtTyped<zt_ns_common_policy_vali
   int addUntil(zt_string* element) { return m_UntilList.Add(element); }
 
  private:
-  ZtChildList m_FromList;
-  ZtChildList m_UntilList;
+  ZtChildListOf<zt_string> m_FromList;
+  ZtChildListOf<zt_string> m_UntilList;
 };
 
 /// The "conditions" of a rule, all of which must hold.
@@ -147,10 +147,10 @@ class zt_ns_common_policy_conditionsType : public ZtTyped<zt_ns_common_policy_co
   int addAny(XMLElement* element) { return m_AnyList.Add(element); }
 
  private:
-  ZtChildList m_IdentityList;
-  ZtChildList m_SphereList;
-  ZtChildList m_ValidityList;
-  ZtChildList m_AnyList;
+  ZtChildListOf<zt_ns_common_policy_identityType> m_IdentityList;
+  ZtChildListOf<zt_ns_common_policy_sphereType> m_SphereList;
+  ZtChildListOf<zt_ns_common_policy_validityType> m_ValidityList;
+  ZtChildListOf<XMLElement> m_AnyList;
 };
 
 /// The "actions" or the "transformations" of a rule.
@@ -166,7 +166,7 @@ class zt_ns_common_policy_extensibleType : public ZtTyped<zt_ns_common_policy_ex
  private:
   friend struct CommonPolicyBinding;
 
-  ZtChildList m_Elements;
+  ZtChildListOf<XMLElement> m_Elements;
 };
 
 /// A "rule": what happens under which conditions.
@@ -196,9 +196,9 @@ class zt_ns_common_policy_ruleType : public ZtTyped<zt_ns_common_policy_ruleType
   friend struct CommonPolicyBinding;
 
   ZtText m_Id;
-  ZtChild m_Conditions;
-  ZtChild m_Actions;
-  ZtChild m_Transformations;
+  ZtChildOf<zt_ns_common_policy_conditionsType> m_Conditions;
+  ZtChildOf<zt_ns_common_policy_extensibleType> m_Actions;
+  ZtChildOf<zt_ns_common_policy_extensibleType> m_Transformations;
 };
 
 /// The "ruleset": rules in the order in which they are evaluated.
@@ -213,7 +213,7 @@ class zt_ns_common_policy_ruleset : public ZtTyped<zt_ns_common_policy_ruleset> 
  private:
   friend struct CommonPolicyBinding;
 
-  ZtChildList m_Rules;
+  ZtChildListOf<zt_ns_common_policy_ruleType> m_Rules;
 };
 
 /// Makes the elements of a rule set, empty; each is the caller's until a parent takes it. Null when

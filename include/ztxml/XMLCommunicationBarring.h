@@ -38,7 +38,7 @@ class ZtCommunicationBarring : public zt_ns_xcap_simservType {
  private:
   friend struct CommunicationBarringBinding;
 
-  ZtChild m_RuleSet;
+  ZtChildOf<zt_ns_common_policy_ruleset> m_RuleSet;
 };
 
 /// The root element "incoming-communication-barring".

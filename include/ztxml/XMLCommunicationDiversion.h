@@ -111,8 +111,8 @@ class zt_communication_diversion
   zt_ns_common_policy_ruleset* getRuleSetValue() const { return m_RuleSet; }
 
  private:
-  ZtChild m_NoReplyTimer;
-  ZtChild m_RuleSet;
+  ZtChildOf<zt_NoReplyTimer> m_NoReplyTimer;
+  ZtChildOf<zt_ns_common_policy_ruleset> m_RuleSet;
 };
 
 /// The context of communication diversion, XML_SCHEMA_COMMUNICATION_DIVERSION.

@@ -18,7 +18,7 @@ class zt_keywords_type : public ZtTyped<zt_keywords_type, ZtExtensible<>> {
   int addKeyword(zt_string* element) { return m_Words.Add(element); }
 
  private:
-  ZtChildList m_Words;
+  ZtChildListOf<zt_string> m_Words;
 };
 
 /// An "entry" of "available-media".
@@ -58,7 +58,7 @@ class zt_conference_media_type : public ZtTyped<zt_conference_media_type, ZtExte
   int addEntry(zt_conference_medium_type* element) { return m_Entries.Add(element); }
 
  private:
-  ZtChildList m_Entries;
+  ZtChildListOf<zt_conference_medium_type> m_Entries;
 };
 
 /// The element "conference-description".
@@ -100,11 +100,11 @@ class zt_conference_description_type
   ZtText m_DisplayText;
   ZtText m_Subject;
   ZtText m_FreeText;
-  ZtChild m_Keywords;
-  ZtChild m_ConfUris;
-  ZtChild m_ServiceUris;
+  ZtChildOf<zt_keywords_type> m_Keywords;
+  ZtChildOf<zt_uris_type> m_ConfUris;
+  ZtChildOf<zt_uris_type> m_ServiceUris;
   ZtNumber m_MaximumUserCount;
-  ZtChild m_AvailableMedia;
+  ZtChildOf<zt_conference_media_type> m_AvailableMedia;
 };
 
 /// The element "host-info".
@@ -124,7 +124,7 @@ class zt_host_type : public ZtTyped<zt_host_type, ZtExtensible<>> {
  private:
   ZtText m_DisplayText;
   ZtText m_WebPage;
-  ZtChild m_Uris;
+  ZtChildOf<zt_uris_type> m_Uris;
 };
 
 /// The element "conference-state".
@@ -167,7 +167,7 @@ class zt_sidebars_by_val_type : public ZtTyped<zt_sidebars_by_val_type, ZtExtens
 
  private:
   ZtNumber m_State = ZT_STATE_ABSENT;
-  ZtChildList m_Entries;
+  ZtChildListOf<zt_conference_type> m_Entries;
 };
 
 /// The root element "conference-info", and an "entry" of "sidebars-by-val".
@@ -216,12 +216,12 @@ class zt_conference_type : public ZtTyped<zt_conference_type, ZtExtensible<ZtObj
   ZtNumber m_State = ZT_STATE_ABSENT;
   ZtNumber m_Version;
   ZtText m_Entity;
-  ZtChild m_ConferenceDescription;
-  ZtChild m_HostInfo;
-  ZtChild m_ConferenceState;
-  ZtChild m_Users;
-  ZtChild m_SidebarsByRef;
-  ZtChild m_SidebarsByVal;
+  ZtChildOf<zt_conference_description_type> m_ConferenceDescription;
+  ZtChildOf<zt_host_type> m_HostInfo;
+  ZtChildOf<zt_conference_state_type> m_ConferenceState;
+  ZtChildOf<zt_users_type> m_Users;
+  ZtChildOf<zt_uris_type> m_SidebarsByRef;
+  ZtChildOf<zt_sidebars_by_val_type> m_SidebarsByVal;
 };
 
 /// The root type by the name of its element.

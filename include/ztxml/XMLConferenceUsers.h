@@ -101,7 +101,7 @@ class zt_uri_type : public ZtTyped<zt_uri_type, ZtExtensible<>> {
   ZtText m_Uri;
   ZtText m_DisplayText;
   ZtText m_Purpose;
-  ZtChild m_Modified;
+  ZtChildOf<zt_execution_type> m_Modified;
 };
 
 /// A list of URIs: "conf-uris", "service-uris", "uris", "associated-aors" or "sidebars-by-ref".
@@ -119,7 +119,7 @@ class zt_uris_type : public ZtTyped<zt_uris_type, ZtExtensible<>> {
 
  private:
   ZtNumber m_State = ZT_STATE_ABSENT;
-  ZtChildList m_Entries;
+  ZtChildListOf<zt_uri_type> m_Entries;
 };
 
 /// The element "languages", language tags as in RFC 5646.
@@ -133,7 +133,7 @@ class zt_user_languages_type : public ZtTyped<zt_user_languages_type, ZtExtensib
   int addLanguage(zt_string* element) { return m_Words.Add(element); }
 
  private:
-  ZtChildList m_Words;
+  ZtChildListOf<zt_string> m_Words;
 };
 
 /// The element "roles".
@@ -146,7 +146,7 @@ class zt_user_roles_type : public ZtTyped<zt_user_roles_type, ZtExtensible<>> {
   int addEntry(zt_string* element) { return m_Entries.Add(element); }
 
  private:
-  ZtChildList m_Entries;
+  ZtChildListOf<zt_string> m_Entries;
 };
 
 /// The element "sip": a SIP dialog (RFC 3261).
@@ -182,7 +182,7 @@ class zt_call_type : public ZtTyped<zt_call_type, ZtExtensible<>> {
   zt_sip_dialog_id_type* getSipValue() const { return m_Sip; }
 
  private:
-  ZtChild m_Sip;
+  ZtChildOf<zt_sip_dialog_id_type> m_Sip;
 };
 
 /// A "media" of an endpoint.
@@ -277,14 +277,14 @@ class zt_endpoint_type : public ZtTyped<zt_endpoint_type, ZtExtensible<>> {
   ZtNumber m_State = ZT_STATE_ABSENT;
   ZtText m_Entity;
   ZtText m_DisplayText;
-  ZtChild m_Referred;
+  ZtChildOf<zt_execution_type> m_Referred;
   ZtNumber m_Status = ZT_ENDPOINT_STATUS_ABSENT;
   ZtNumber m_JoiningMethod = ZT_JOINING_ABSENT;
-  ZtChild m_JoiningInfo;
+  ZtChildOf<zt_execution_type> m_JoiningInfo;
   ZtNumber m_DisconnectionMethod = ZT_DISCONNECTION_ABSENT;
-  ZtChild m_DisconnectionInfo;
-  ZtChildList m_Media;
-  ZtChild m_CallInfo;
+  ZtChildOf<zt_execution_type> m_DisconnectionInfo;
+  ZtChildListOf<zt_media_type> m_Media;
+  ZtChildOf<zt_call_type> m_CallInfo;
 };
 
 /// A "user".
@@ -322,11 +322,11 @@ class zt_user_type : public ZtTyped<zt_user_type, ZtExtensible<>> {
   ZtNumber m_State = ZT_STATE_ABSENT;
   ZtText m_Entity;
   ZtText m_DisplayText;
-  ZtChild m_AssociatedAors;
-  ZtChild m_Roles;
-  ZtChild m_Languages;
+  ZtChildOf<zt_uris_type> m_AssociatedAors;
+  ZtChildOf<zt_user_roles_type> m_Roles;
+  ZtChildOf<zt_user_languages_type> m_Languages;
   ZtText m_CascadedFocus;
-  ZtChildList m_Endpoints;
+  ZtChildListOf<zt_endpoint_type> m_Endpoints;
 };
 
 /// The element "users".
@@ -344,7 +344,7 @@ class zt_users_type : public ZtTyped<zt_users_type, ZtExtensible<>> {
 
  private:
   ZtNumber m_State = ZT_STATE_ABSENT;
-  ZtChildList m_Users;
+  ZtChildListOf<zt_user_type> m_Users;
 };
 
 #endif  // ZTXML_INCLUDE_XMLCONFERENCEUSERS_H

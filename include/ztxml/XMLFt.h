@@ -49,7 +49,7 @@ class zt_ns_ft_file_info : public ZtTyped<zt_ns_ft_file_info> {
  private:
   ZtText m_Type;
   ZtNumber m_FileSize;
-  ZtChild m_Data;
+  ZtChildOf<zt_ns_ft_data> m_Data;
 };
 
 /// The root element "file".
@@ -62,7 +62,7 @@ class zt_file : public ZtTyped<zt_file, ZtObject> {
   int addFileInfo(zt_ns_ft_file_info* element) { return m_FileInfos.Add(element); }
 
  private:
-  ZtChildList m_FileInfos;
+  ZtChildListOf<zt_ns_ft_file_info> m_FileInfos;
 };
 
 /// The context of this document, XML_SCHEMA_FILE.

@@ -64,13 +64,13 @@ class zt_status : public ZtTyped<zt_status, ZtExtensible<>> {
   zt_error* getErrorValue() const { return m_Error; }
 
  private:
-  ZtChild m_Delivered;
-  ZtChild m_Failed;
-  ZtChild m_Displayed;
-  ZtChild m_Processed;
-  ZtChild m_Stored;
-  ZtChild m_Forbidden;
-  ZtChild m_Error;
+  ZtChildOf<zt_delivered> m_Delivered;
+  ZtChildOf<zt_failed> m_Failed;
+  ZtChildOf<zt_displayed> m_Displayed;
+  ZtChildOf<zt_processed> m_Processed;
+  ZtChildOf<zt_stored> m_Stored;
+  ZtChildOf<zt_forbidden> m_Forbidden;
+  ZtChildOf<zt_error> m_Error;
 };
 
 /// What the three notifications have in common.
@@ -85,7 +85,7 @@ class ZtImdnNotification : public ZtElement {
  private:
   friend struct ImdnBinding;
 
-  ZtChild m_Status;
+  ZtChildOf<zt_status> m_Status;
 };
 
 /// The element "delivery-notification": delivered, failed, forbidden or error.
@@ -145,9 +145,9 @@ class zt_imdn : public ZtTyped<zt_imdn, ZtExtensible<ZtObject>> {
   ZtText m_RecipientUri;
   ZtText m_OriginalRecipientUri;
   ZtText m_Subject;
-  ZtChild m_Delivery;
-  ZtChild m_Display;
-  ZtChild m_Processing;
+  ZtChildOf<zt_delivery_notification> m_Delivery;
+  ZtChildOf<zt_display_notification> m_Display;
+  ZtChildOf<zt_processing_notification> m_Processing;
 };
 
 /// The context of message disposition notifications, XML_SCHEMA_IMDN.

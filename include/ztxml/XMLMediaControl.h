@@ -20,7 +20,7 @@ class zt_to_encoder : public ZtTyped<zt_to_encoder> {
   zt_empty_element_type* getPictureFastUpdateValue() const { return m_PictureFastUpdate; }
 
  private:
-  ZtChild m_PictureFastUpdate;
+  ZtChildOf<zt_empty_element_type> m_PictureFastUpdate;
 };
 
 /// The element "vc_primitive".
@@ -32,7 +32,7 @@ class zt_vc_primitive : public ZtTyped<zt_vc_primitive> {
   zt_to_encoder* getToEncoderValue() const { return m_ToEncoder; }
 
  private:
-  ZtChild m_ToEncoder;
+  ZtChildOf<zt_to_encoder> m_ToEncoder;
 };
 
 /// The root element "media_control".
@@ -44,7 +44,7 @@ class zt_media_control : public ZtTyped<zt_media_control, ZtObject> {
   zt_vc_primitive* getVcPrimitiveValue() const { return m_VcPrimitive; }
 
  private:
-  ZtChild m_VcPrimitive;
+  ZtChildOf<zt_vc_primitive> m_VcPrimitive;
 };
 
 /// The context of this document, XML_SCHEMA_MEDIA_CONTROL.

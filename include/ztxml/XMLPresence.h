@@ -92,10 +92,10 @@ class zt_tuple : public ZtTyped<zt_tuple, ZtKeepsElements<>> {
   friend struct PresenceBinding;
 
   ZtText m_Id;
-  ZtChild m_Status;
-  ZtChild m_Contact;
+  ZtChildOf<PresenceNameSpace::zt_status> m_Status;
+  ZtChildOf<zt_contact> m_Contact;
   ZtText m_Timestamp;
-  ZtChildList m_Notes;
+  ZtChildListOf<zt_note> m_Notes;
 };
 
 /// The root element "presence".
@@ -118,8 +118,8 @@ class zt_presence : public ZtTyped<zt_presence, ZtKeepsElements<ZtObject>> {
 
  private:
   ZtText m_Entity;
-  ZtChildList m_Tuples;
-  ZtChildList m_Notes;
+  ZtChildListOf<zt_tuple> m_Tuples;
+  ZtChildListOf<zt_note> m_Notes;
 };
 
 /// The context of presence documents, XML_SCHEMA_PRESENCE.

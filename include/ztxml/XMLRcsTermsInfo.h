@@ -46,7 +46,7 @@ class zt_rcs_terms_info : public ZtTyped<zt_rcs_terms_info, ZtObject> {
  private:
   ZtNumber m_Version;
   ZtText m_TermsVersion;
-  ZtChildList m_Terms;
+  ZtChildListOf<zt_ns_rcs_terms_info_term> m_Terms;
 };
 
 /// The context of this document, XML_SCHEMA_RCS_TERMS_INFO.

@@ -124,7 +124,7 @@ class zt_ns_reginfo_contact : public ZtTyped<zt_ns_reginfo_contact> {
  private:
   ZtText m_Uri;
   ZtText m_DisplayName;
-  ZtChildList m_UnknownParams;
+  ZtChildListOf<zt_unknown_param> m_UnknownParams;
   ZtNumber m_State = ZT_CONTACT_STATE_ABSENT;
   ZtNumber m_Event = ZT_CONTACT_EVENT_ABSENT;
   ZtNumber64 m_DurationRegistered;
@@ -134,7 +134,7 @@ class zt_ns_reginfo_contact : public ZtTyped<zt_ns_reginfo_contact> {
   ZtText m_Q;
   ZtText m_Callid;
   ZtNumber64 m_Cseq;
-  ZtChildList m_AnyElements;
+  ZtChildListOf<XMLElement> m_AnyElements;
 };
 
 /// The element "registration".
@@ -164,11 +164,11 @@ class zt_registration : public ZtTyped<zt_registration> {
   int addAnyElement(XMLElement* element) { return m_AnyElements.Add(element); }
 
  private:
-  ZtChildList m_Contacts;
+  ZtChildListOf<zt_ns_reginfo_contact> m_Contacts;
   ZtText m_Aor;
   ZtText m_Id;
   ZtNumber m_State = ZT_REGISTRATION_STATE_ABSENT;
-  ZtChildList m_AnyElements;
+  ZtChildListOf<XMLElement> m_AnyElements;
 };
 
 /// The root element "reginfo".
@@ -196,10 +196,10 @@ class zt_reginfo : public ZtTyped<zt_reginfo, ZtObject> {
   int addAnyElement(XMLElement* element) { return m_AnyElements.Add(element); }
 
  private:
-  ZtChildList m_Registrations;
+  ZtChildListOf<zt_registration> m_Registrations;
   ZtNumber m_State = ZT_REGINFO_STATE_ABSENT;
   ZtNumber m_Version;
-  ZtChildList m_AnyElements;
+  ZtChildListOf<XMLElement> m_AnyElements;
 };
 
 /// The context of registration information, XML_SCHEMA_REGINFO.

@@ -32,7 +32,7 @@ class ZtDisplayNamed : public ZtExtensible<> {
  private:
   friend struct ResourceListsBinding;
 
-  ZtChild m_DisplayName;
+  ZtChildOf<zt_display_nameType> m_DisplayName;
 };
 
 /// The element "entry": one resource.
@@ -101,7 +101,7 @@ class zt_resource_lists : public ZtTyped<zt_resource_lists, ZtExtensible<ZtObjec
   int addList(zt_listType* list) { return m_Lists.Add(list); }
 
  private:
-  ZtChildList m_Lists;
+  ZtChildListOf<zt_listType> m_Lists;
 };
 
 /// The context of resource lists, XML_SCHEMA_RESOURCE_LISTS.

@@ -76,8 +76,8 @@ class zt_resource : public ZtTyped<zt_resource, ZtExtensible<>> {
 
  private:
   ZtText m_Uri;
-  ZtChildList m_Names;
-  ZtChildList m_Instances;
+  ZtChildListOf<zt_name> m_Names;
+  ZtChildListOf<zt_instance> m_Instances;
 };
 
 /// The root element "list".
@@ -111,8 +111,8 @@ class zt_list : public ZtTyped<zt_list, ZtExtensible<ZtObject>> {
   ZtText m_Uri;
   ZtNumber m_Version;
   ZtNumber m_FullState;
-  ZtChildList m_Names;
-  ZtChildList m_Resources;
+  ZtChildListOf<zt_name> m_Names;
+  ZtChildListOf<zt_resource> m_Resources;
 };
 
 /// The context of resource list meta-information, XML_SCHEMA_LIST.

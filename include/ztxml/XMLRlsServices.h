@@ -34,7 +34,7 @@ class zt_ns_rls_services_packagesType
   int addPackage(zt_ns_rls_services_packageType* package) { return m_Packages.Add(package); }
 
  private:
-  ZtChildList m_Packages;
+  ZtChildListOf<zt_ns_rls_services_packageType> m_Packages;
 };
 
 /// The element "service". Texts are copied; null means absent.
@@ -61,8 +61,8 @@ class zt_ns_rls_services_serviceType
  private:
   ZtText m_Uri;
   ZtText m_ResourceList;
-  ZtChild m_List;
-  ZtChild m_Packages;
+  ZtChildOf<zt_listType> m_List;
+  ZtChildOf<zt_ns_rls_services_packagesType> m_Packages;
 };
 
 /// The root element "rls-services".
@@ -76,7 +76,7 @@ class zt_rls_services : public ZtTyped<zt_rls_services, ZtKeepsElements<ZtObject
   int addService(zt_ns_rls_services_serviceType* service) { return m_Services.Add(service); }
 
  private:
-  ZtChildList m_Services;
+  ZtChildListOf<zt_ns_rls_services_serviceType> m_Services;
 };
 
 /// The context of resource list services, XML_SCHEMA_RLS_SERVICES.

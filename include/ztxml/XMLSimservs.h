@@ -24,7 +24,7 @@ class zt_Simservs : public ZtTyped<zt_Simservs, ZtObject> {
   friend struct SimservsBinding;
   friend class ZtContainerReader;
 
-  ZtChildList m_Services;
+  ZtChildListOf<XMLElement> m_Services;
 };
 
 /// The context of the whole document, XML_SCHEMA_SIMSERVS. Its namespace binder serves the reading

@@ -56,7 +56,7 @@ class zt_folder : public ZtTyped<zt_folder> {
 
  private:
   ZtText m_Auid;
-  ZtChildList m_Entries;
+  ZtChildListOf<zt_entry> m_Entries;
   ZtText m_ErrorCode;
 };
 
@@ -71,7 +71,7 @@ class zt_xcap_directory : public ZtTyped<zt_xcap_directory, ZtObject> {
   int addFolder(zt_folder* folder) { return m_Folders.Add(folder); }
 
  private:
-  ZtChildList m_Folders;
+  ZtChildListOf<zt_folder> m_Folders;
 };
 
 /// The context of XCAP directories, XML_SCHEMA_XCAP_DIRECTORY.

@@ -91,7 +91,7 @@ class zt_exists : public ZtTyped<zt_exists> {
 
  private:
   ZtText m_Field;
-  ZtChildList m_AltValues;
+  ZtChildListOf<zt_string> m_AltValues;
 };
 
 /// The element "uniqueness-failure".
@@ -105,7 +105,7 @@ class zt_uniqueness_failure : public ZtTyped<zt_uniqueness_failure, ZtXcapPhrase
   int addExists(zt_exists* exists) { return m_Exists.Add(exists); }
 
  private:
-  ZtChildList m_Exists;
+  ZtChildListOf<zt_exists> m_Exists;
 };
 
 /// The element "extension": an error that the standard does not know. What it keeps of its content

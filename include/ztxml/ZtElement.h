@@ -66,7 +66,7 @@ class ZtKeepsElements : public Base {
  private:
   friend struct ZtExtensibleRows;
 
-  ZtChildList m_AnyElements;
+  ZtChildListOf<XMLElement> m_AnyElements;
 };
 
 /// A type that keeps the child elements and the attributes which it does not know, and writes these

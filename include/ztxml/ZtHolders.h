@@ -18,10 +18,8 @@
 #include "ztxml/XMLElement.h"
 #include "ztxml/XMLList.h"
 #include "ztxml/ZtArena.h"
+#include "ztxml/ZtListOf.h"
 #include "ztxml/ZtPiece.h"
-
-template <class T>
-class ZtListOf;
 
 /// A text: an owned copy, or borrowed in place from the document that was read or from the library.
 class ZT_API ZtText {
@@ -145,14 +143,20 @@ class ZT_API ZtChild {
   XMLElement* Get() const { return m_pChild; }
   /// Exchanges two children.
   void Swap(ZtChild& other) { std::swap(m_pChild, other.m_pChild); }
-  /// Converts to what a getter returns: a type that this child always has.
-  template <class T>
-  operator T*() const {  // NOLINT(google-explicit-constructor)
-    return static_cast<T*>(m_pChild);
-  }
 
  private:
   XMLElement* m_pChild = nullptr;
+};
+
+/// A child that is a `T`.
+template <class T>
+class ZtChildOf : public ZtChild {
+ public:
+  using Entry = T;  ///< what it holds
+
+  int Set(T* child) { return ZtChild::Set(child); }
+  /// Converts to what a getter returns.
+  operator T*() const { return static_cast<T*>(Get()); }  // NOLINT(google-explicit-constructor)
 };
 
 /// Repeated children or attributes: a list that is made when the first one is added, null until
@@ -175,11 +179,6 @@ class ZT_API ZtOwnedList {
   ZtSingleElementList* Get() const { return m_pList; }
   /// Exchanges two lists.
   void Swap(ZtOwnedList& other) { std::swap(m_pList, other.m_pList); }
-  /// Converts to what a getter returns: the list, typed by its entries.
-  template <class T>
-  operator ZtListOf<T>*() const {  // NOLINT(google-explicit-constructor)
-    return static_cast<ZtListOf<T>*>(m_pList);
-  }
   /// The first node, null when there is none.
   ZtListNode* Head() const {
     if (!m_pList) return nullptr;
@@ -195,7 +194,28 @@ extern template class ZtOwnedList<XMLElement>;
 extern template class ZtOwnedList<XMLAttribute>;
 /// Repeated children.
 using ZtChildList = ZtOwnedList<XMLElement>;
+/// Repeated children that are each a `T`.
+template <class T>
+class ZtChildListOf : public ZtChildList {
+ public:
+  using Entry = T;  ///< what it holds
+
+  int Add(T* child, const char* source = "src/XMLList", ZtArena* arena = nullptr) {
+    return ZtChildList::Add(child, source, arena);
+  }
+  /// Converts to what a getter returns: the list, typed by its entries.
+  operator ZtListOf<T>*() const {  // NOLINT(google-explicit-constructor)
+    return static_cast<ZtListOf<T>*>(Get());
+  }
+};
+
 /// Repeated attributes.
-using ZtAttributeList = ZtOwnedList<XMLAttribute>;
+class ZtAttributeList : public ZtOwnedList<XMLAttribute> {
+ public:
+  /// Converts to what a getter returns: the list, typed by its entries.
+  operator ZtListOf<zt_AttributeValuePair>*() const {  // NOLINT(google-explicit-constructor)
+    return static_cast<ZtListOf<zt_AttributeValuePair>*>(Get());
+  }
+};
 
 #endif  // ZTXML_INCLUDE_ZTHOLDERS_H

@@ -52,32 +52,28 @@ class ZtNumberMember
 
 /// A child that occurs at most once.
 template <class T>
-class ZtChildMember : public ZtChild {
+class ZtChildMember : public ZtChildOf<T> {
  public:
-  using Entry = T;  ///< what it holds
-
   /// Takes `child` and deletes the one held before; null only deletes. False, without taking it,
   /// when `child` has another owner.
-  bool Set(T* child) { return Take(child); }
+  bool Set(T* child) { return this->Take(child); }
   /// The child; null when there is none.
-  T* operator()() const { return static_cast<T*>(Get()); }
+  T* operator()() const { return *this; }
 };
 
 /// Children that may be many.
 template <class T>
-class ZtListMember : public ZtChildList {
+class ZtListMember : public ZtChildListOf<T> {
  public:
-  using Entry = T;  ///< what it holds
-
   /// Appends and takes `child`. False, without taking it, when it is null or owned, or there is no
   /// memory.
-  bool Add(T* child) { return ZtChildList::Add(child) != 0; }
+  bool Add(T* child) { return ZtChildListOf<T>::Add(child) != 0; }
   /// The list; null before the first entry. It is typed by its entries.
-  ZtListOf<T>* operator()() const { return static_cast<ZtListOf<T>*>(Get()); }
+  ZtListOf<T>* operator()() const { return *this; }
   /// The first entry. A loop may remove and delete the entry that it is at, but no other.
-  typename ZtEntries<T>::Iterator begin() const { return ZtEntries<T>(Get()).begin(); }
+  typename ZtEntries<T>::Iterator begin() const { return ZtEntries<T>(this->Get()).begin(); }
   /// Where a walk ends.
-  typename ZtEntries<T>::Iterator end() const { return ZtEntries<T>(Get()).end(); }
+  typename ZtEntries<T>::Iterator end() const { return ZtEntries<T>(this->Get()).end(); }
 };
 
 #endif  // ZTXML_INCLUDE_ZTMEMBERS_H

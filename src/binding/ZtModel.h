@@ -256,20 +256,21 @@ constexpr ZtField TextElements(ZtNameId name, ZtAt<ZtChildList> at) {
 constexpr ZtField OwnWords(ZtNameId name, ZtAt<ZtChildList> at) {
   return {ZtPlace::kOwnWords, ZtValue::kText, name, at};
 }
+// `type`: a table of its own for what the member holds.
 constexpr ZtField Child(ZtNameId name, ZtAt<ZtChild> at, const ZtElementType& type) {
   return {ZtPlace::kChild, ZtValue::kObject, name, at, ZtDetail(&type)};
 }
 constexpr ZtField Children(ZtNameId name, ZtAt<ZtChildList> at, const ZtElementType& type) {
   return {ZtPlace::kChildren, ZtValue::kObject, name, at, ZtDetail(&type)};
 }
-// Of members that know the type themselves.
-template <class T>
-constexpr ZtField Child(ZtNameId name, ZtAt<ZtChildMember<T>> at) {
-  return {ZtPlace::kChild, ZtValue::kObject, name, at, ZtDetail(&T::kType)};
+// Of the type that the member has.
+template <class M>
+constexpr ZtField Child(ZtNameId name, ZtAt<M> at) {
+  return Child(name, at, M::Entry::kType);
 }
-template <class T>
-constexpr ZtField Children(ZtNameId name, ZtAt<ZtListMember<T>> at) {
-  return {ZtPlace::kChildren, ZtValue::kObject, name, at, ZtDetail(&T::kType)};
+template <class M>
+constexpr ZtField Children(ZtNameId name, ZtAt<M> at) {
+  return Children(name, at, M::Entry::kType);
 }
 // One element out of `choices`: the last one stands. Others are not written.
 constexpr ZtField OtherChild(ZtAt<ZtChild> at, const ZtChoice* choices) {

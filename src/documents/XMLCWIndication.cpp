@@ -20,8 +20,7 @@ const ZtElementType zt_ims_3gpp::kType = {
         .Writer(XML_STR_IMS_3GPP, "AddIms3gppElementToXml")
         .Root(),
     {ztrow::Attribute(XML_STR_VERSION, ZT_AT(zt_ims_3gpp, m_Version), kVersions).Must(),
-     ztrow::Child(XML_STR_ALTERNATIVE_SERVICE, ZT_AT(zt_ims_3gpp, m_AlternativeService),
-                  zt_alternative_service::kType),
+     ztrow::Child(XML_STR_ALTERNATIVE_SERVICE, ZT_AT(zt_ims_3gpp, m_AlternativeService)),
      ztrow::TextElement(XML_STR_SERVICE_INFO, ZT_AT(zt_ims_3gpp, m_ServiceInfo)).FreeText()}};
 
 const ZtDocument CWIndicationContext::kDocument = {

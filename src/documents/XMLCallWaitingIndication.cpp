@@ -26,8 +26,7 @@ const ZtElementType zt_ns_call_waiting_indication_alternative_service::kType = {
         "zt_ns_call_waiting_indication_alternative_service", "alternative-service", kFamily)
         .Writer(XML_STR_ALTERNATIVE_SERVICE, "AddAlternativeServiceElementToXml"),
     {ztrow::Child(XML_STR_ACTION,
-                  ZT_AT(zt_ns_call_waiting_indication_alternative_service, m_Action),
-                  zt_ns_call_waiting_indication_action::kType)}};
+                  ZT_AT(zt_ns_call_waiting_indication_alternative_service, m_Action))}};
 // Intended: the root is called "3gpp-ims", although XML names do not begin with a digit; peers send
 // and expect it, and the library's parser reads it.
 const ZtElementType zt_3gpp_ims::kType = {
@@ -35,8 +34,7 @@ const ZtElementType zt_3gpp_ims::kType = {
         .Writer(XML_STR_3GPP_IMS, "Add3gppImsElementToXml")
         .Root(),
     {ztrow::Attribute(XML_STR_VERSION, ZT_AT(zt_3gpp_ims, m_Version)),
-     ztrow::Child(XML_STR_ALTERNATIVE_SERVICE, ZT_AT(zt_3gpp_ims, m_AlternativeService),
-                  zt_ns_call_waiting_indication_alternative_service::kType)}};
+     ztrow::Child(XML_STR_ALTERNATIVE_SERVICE, ZT_AT(zt_3gpp_ims, m_AlternativeService))}};
 
 zt_empty_element_type* CallWaitingIndicationDataBinder::CreateCallWaitingIndicationElement() {
   return ZtMakeFlag(kSource, ZtName(XML_STR_CALL_WAITING_INDICATION));

@@ -22,16 +22,12 @@ const ZtElementType zt_ns_caps_duplextypes::kType = {
 const ZtElementType zt_ns_caps_duplextype::kType = {
     ZtTypeOf<zt_ns_caps_duplextype>("zt_ns_caps_duplextype", "duplex", kFamily)
         .Writer(XML_STR_DUPLEX, "AddDuplexElementToXml", XML_STR_CAPS),
-    {ztrow::Child(XML_STR_SUPPORTED, ZT_AT(zt_ns_caps_duplextype, m_Supported),
-                  zt_ns_caps_duplextypes::kType),
-     ztrow::Child(XML_STR_NOTSUPPORTED, ZT_AT(zt_ns_caps_duplextype, m_Notsupported),
-                  zt_ns_caps_duplextypes::kType),
-     kZtOthers}};
+    {ztrow::Child(XML_STR_SUPPORTED, ZT_AT(zt_ns_caps_duplextype, m_Supported)),
+     ztrow::Child(XML_STR_NOTSUPPORTED, ZT_AT(zt_ns_caps_duplextype, m_Notsupported)), kZtOthers}};
 const ZtElementType zt_ns_caps_servcaps::kType = {
     ZtTypeOf<zt_ns_caps_servcaps>("zt_ns_caps_servcaps", "servcaps", kFamily)
         .Writer(XML_STR_SERVCAPS, "AddServcapsElementToXml", XML_STR_CAPS),
     {ztrow::TextElement(XML_STR_AUDIO, ZT_AT(zt_ns_caps_servcaps, m_Audio), kCapability),
-     ztrow::Child(XML_STR_DUPLEX, ZT_AT(zt_ns_caps_servcaps, m_Duplex),
-                  zt_ns_caps_duplextype::kType),
+     ztrow::Child(XML_STR_DUPLEX, ZT_AT(zt_ns_caps_servcaps, m_Duplex)),
      ztrow::TextElement(XML_STR_VIDEO, ZT_AT(zt_ns_caps_servcaps, m_Video), kCapability),
      kZtOthers}};

@@ -13,6 +13,5 @@ const ZtElementType zt_parm::kType = {
 const ZtElementType zt_characteristic::kType = {
     ZtTypeOf<zt_characteristic>("zt_characteristic", "characteristic", kFamily).AttributesAsTexts(),
     {ztrow::Attribute(XML_STR_TYPE, ZT_AT(zt_characteristic, m_Type)).FreeText(),
-     ztrow::Children(ZT_STR_CHARACTERISTIC, ZT_AT(zt_characteristic, m_Characteristics),
-                     zt_characteristic::kType),
-     ztrow::Children(ZT_STR_PARM, ZT_AT(zt_characteristic, m_Parms), zt_parm::kType)}};
+     ztrow::Children(ZT_STR_CHARACTERISTIC, ZT_AT(zt_characteristic, m_Characteristics)),
+     ztrow::Children(ZT_STR_PARM, ZT_AT(zt_characteristic, m_Parms))}};

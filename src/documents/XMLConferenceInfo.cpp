@@ -108,15 +108,13 @@ const ZtElementType zt_uri_type::kType = {
     {kZtExtras, ztrow::TextElement(XML_STR_URI, ZT_AT(zt_uri_type, m_Uri)).Must(),
      ztrow::TextElement(XML_STR_DISPLAY_TEXT, ZT_AT(zt_uri_type, m_DisplayText)).FreeText(),
      ztrow::TextElement(XML_STR_PURPOSE, ZT_AT(zt_uri_type, m_Purpose)).FreeText(),
-     ztrow::Child(XML_STR_MODIFIED, ZT_AT(zt_uri_type, m_Modified), zt_execution_type::kType),
-     kZtOthers}};
+     ztrow::Child(XML_STR_MODIFIED, ZT_AT(zt_uri_type, m_Modified)), kZtOthers}};
 const ZtElementType zt_uris_type::kType = {
     ZtTypeOf<zt_uris_type>("zt_uris_type", "uris", kFamily)
         .Writer(XML_STR_URIS, "AddUrisTypeElementToXml")
         .With(kPartial),
     {StateRow(ZT_AT(zt_uris_type, m_State)), kZtExtras,
-     ztrow::Children(XML_STR_ENTRY, ZT_AT(zt_uris_type, m_Entries), zt_uri_type::kType),
-     kZtOthers}};
+     ztrow::Children(XML_STR_ENTRY, ZT_AT(zt_uris_type, m_Entries)), kZtOthers}};
 // Intended: keywords and languages are split at every blank, so that two blanks in a row make an
 // empty word; callers get n + 1 words for n blanks.
 const ZtElementType zt_keywords_type::kType = {
@@ -144,9 +142,7 @@ const ZtElementType zt_conference_media_type::kType = {
     ZtTypeOf<zt_conference_media_type>("zt_conference_media_type", "available-media", kFamily)
         .Writer(XML_STR_AVAILABLE_MEDIA, "AddConferenceMediaTypeElementToXml")
         .With(kAvailableMedia),
-    {kZtExtras,
-     ztrow::Children(XML_STR_ENTRY, ZT_AT(zt_conference_media_type, m_Entries),
-                     zt_conference_medium_type::kType),
+    {kZtExtras, ztrow::Children(XML_STR_ENTRY, ZT_AT(zt_conference_media_type, m_Entries)),
      kZtOthers}};
 const ZtElementType zt_conference_description_type::kType = {
     ZtTypeOf<zt_conference_description_type>("zt_conference_description_type",
@@ -159,17 +155,13 @@ const ZtElementType zt_conference_description_type::kType = {
          .FreeText(),
      ztrow::TextElement(XML_STR_FREE_TEXT, ZT_AT(zt_conference_description_type, m_FreeText))
          .FreeText(),
-     ztrow::Child(XML_STR_KEYWORDS, ZT_AT(zt_conference_description_type, m_Keywords),
-                  zt_keywords_type::kType)
+     ztrow::Child(XML_STR_KEYWORDS, ZT_AT(zt_conference_description_type, m_Keywords))
          .Arrives(ZtArrival::kAtEnd),
-     ztrow::Child(XML_STR_CONF_URIS, ZT_AT(zt_conference_description_type, m_ConfUris),
-                  zt_uris_type::kType),
-     ztrow::Child(XML_STR_SERVICE_URIS, ZT_AT(zt_conference_description_type, m_ServiceUris),
-                  zt_uris_type::kType),
+     ztrow::Child(XML_STR_CONF_URIS, ZT_AT(zt_conference_description_type, m_ConfUris)),
+     ztrow::Child(XML_STR_SERVICE_URIS, ZT_AT(zt_conference_description_type, m_ServiceUris)),
      ztrow::TextElement(XML_STR_MAXIMUM_USER_COUNT,
                         ZT_AT(zt_conference_description_type, m_MaximumUserCount)),
-     ztrow::Child(XML_STR_AVAILABLE_MEDIA, ZT_AT(zt_conference_description_type, m_AvailableMedia),
-                  zt_conference_media_type::kType),
+     ztrow::Child(XML_STR_AVAILABLE_MEDIA, ZT_AT(zt_conference_description_type, m_AvailableMedia)),
      kZtOthers}};
 const ZtElementType zt_host_type::kType = {
     ZtTypeOf<zt_host_type>("zt_host_type", "host-info", kFamily)
@@ -177,7 +169,7 @@ const ZtElementType zt_host_type::kType = {
     {kZtExtras,
      ztrow::TextElement(XML_STR_DISPLAY_TEXT, ZT_AT(zt_host_type, m_DisplayText)).FreeText(),
      ztrow::TextElement(XML_STR_WEB_PAGE, ZT_AT(zt_host_type, m_WebPage)),
-     ztrow::Child(XML_STR_URIS, ZT_AT(zt_host_type, m_Uris), zt_uris_type::kType), kZtOthers}};
+     ztrow::Child(XML_STR_URIS, ZT_AT(zt_host_type, m_Uris)), kZtOthers}};
 const ZtElementType zt_conference_state_type::kType = {
     ZtTypeOf<zt_conference_state_type>("zt_conference_state_type", "conference-state", kFamily)
         .Writer(XML_STR_CONFERENCE_STATE, "AddConferenceStateElementToXml"),
@@ -202,8 +194,7 @@ const ZtElementType zt_sip_dialog_id_type::kType = {
      kZtOthers}};
 const ZtElementType zt_call_type::kType = {
     ZtTypeOf<zt_call_type>("zt_call_type", "call-info", kFamily),
-    {kZtExtras, ztrow::Child(XML_STR_SIP, ZT_AT(zt_call_type, m_Sip), zt_sip_dialog_id_type::kType),
-     kZtOthers}};
+    {kZtExtras, ztrow::Child(XML_STR_SIP, ZT_AT(zt_call_type, m_Sip)), kZtOthers}};
 const ZtElementType zt_media_type::kType = {
     ZtTypeOf<zt_media_type>("zt_media_type", "media", kFamily)
         .Writer(XML_STR_MEDIA, "AddMediaElementToXml")
@@ -222,19 +213,16 @@ const ZtElementType zt_endpoint_type::kType = {
     {StateRow(ZT_AT(zt_endpoint_type, m_State)),
      ztrow::Attribute(XML_STR_ENTITY, ZT_AT(zt_endpoint_type, m_Entity)).FreeText(), kZtExtras,
      ztrow::TextElement(XML_STR_DISPLAY_TEXT, ZT_AT(zt_endpoint_type, m_DisplayText)).FreeText(),
-     ztrow::Child(XML_STR_REFERRED, ZT_AT(zt_endpoint_type, m_Referred), zt_execution_type::kType),
+     ztrow::Child(XML_STR_REFERRED, ZT_AT(zt_endpoint_type, m_Referred)),
      ztrow::TextElement(XML_STR_STATUS, ZT_AT(zt_endpoint_type, m_Status), kEndpointStatuses),
      ztrow::TextElement(XML_STR_JOINING_METHOD, ZT_AT(zt_endpoint_type, m_JoiningMethod),
                         kJoiningMethods),
-     ztrow::Child(XML_STR_JOINING_INFO, ZT_AT(zt_endpoint_type, m_JoiningInfo),
-                  zt_execution_type::kType),
+     ztrow::Child(XML_STR_JOINING_INFO, ZT_AT(zt_endpoint_type, m_JoiningInfo)),
      ztrow::TextElement(XML_STR_DISCONNECTION_METHOD,
                         ZT_AT(zt_endpoint_type, m_DisconnectionMethod), kDisconnectionMethods),
-     ztrow::Child(XML_STR_DISCONNECTION_INFO, ZT_AT(zt_endpoint_type, m_DisconnectionInfo),
-                  zt_execution_type::kType),
-     ztrow::Children(XML_STR_MEDIA, ZT_AT(zt_endpoint_type, m_Media), zt_media_type::kType),
-     ztrow::Child(XML_STR_CALL_INFO, ZT_AT(zt_endpoint_type, m_CallInfo), zt_call_type::kType),
-     kZtOthers}};
+     ztrow::Child(XML_STR_DISCONNECTION_INFO, ZT_AT(zt_endpoint_type, m_DisconnectionInfo)),
+     ztrow::Children(XML_STR_MEDIA, ZT_AT(zt_endpoint_type, m_Media)),
+     ztrow::Child(XML_STR_CALL_INFO, ZT_AT(zt_endpoint_type, m_CallInfo)), kZtOthers}};
 const ZtElementType zt_user_type::kType = {
     ZtTypeOf<zt_user_type>("zt_user_type", "user", kFamily)
         // Intended: log lines call the writer of a user "AddUserElementToXkjml"; log readers search
@@ -244,15 +232,11 @@ const ZtElementType zt_user_type::kType = {
     {StateRow(ZT_AT(zt_user_type, m_State)),
      ztrow::Attribute(XML_STR_ENTITY, ZT_AT(zt_user_type, m_Entity)), kZtExtras,
      ztrow::TextElement(XML_STR_DISPLAY_TEXT, ZT_AT(zt_user_type, m_DisplayText)).FreeText(),
-     ztrow::Child(XML_STR_ASSOCIATED_AORS, ZT_AT(zt_user_type, m_AssociatedAors),
-                  zt_uris_type::kType),
-     ztrow::Child(XML_STR_ROLES, ZT_AT(zt_user_type, m_Roles), zt_user_roles_type::kType),
-     ztrow::Child(XML_STR_LANGUAGES, ZT_AT(zt_user_type, m_Languages),
-                  zt_user_languages_type::kType)
-         .Arrives(ZtArrival::kAtEnd),
+     ztrow::Child(XML_STR_ASSOCIATED_AORS, ZT_AT(zt_user_type, m_AssociatedAors)),
+     ztrow::Child(XML_STR_ROLES, ZT_AT(zt_user_type, m_Roles)),
+     ztrow::Child(XML_STR_LANGUAGES, ZT_AT(zt_user_type, m_Languages)).Arrives(ZtArrival::kAtEnd),
      ztrow::TextElement(XML_STR_CASCADED_FOCUS, ZT_AT(zt_user_type, m_CascadedFocus)),
-     ztrow::Children(XML_STR_ENDPOINT, ZT_AT(zt_user_type, m_Endpoints), zt_endpoint_type::kType),
-     kZtOthers}};
+     ztrow::Children(XML_STR_ENDPOINT, ZT_AT(zt_user_type, m_Endpoints)), kZtOthers}};
 // Intended: the writer of "users" is called AddIUsersElementToXml; callers and log readers use the
 // name.
 const ZtElementType zt_users_type::kType = {
@@ -260,14 +244,12 @@ const ZtElementType zt_users_type::kType = {
         .Writer(XML_STR_USERS, "AddIUsersElementToXml")
         .With(kPartial),
     {StateRow(ZT_AT(zt_users_type, m_State)), kZtExtras,
-     ztrow::Children(XML_STR_USER, ZT_AT(zt_users_type, m_Users), zt_user_type::kType), kZtOthers}};
+     ztrow::Children(XML_STR_USER, ZT_AT(zt_users_type, m_Users)), kZtOthers}};
 const ZtElementType zt_sidebars_by_val_type::kType = {
     ZtTypeOf<zt_sidebars_by_val_type>("zt_sidebars_by_val_type", "sidebars-by-val", kFamily)
         .With(kPartial),
     {StateRow(ZT_AT(zt_sidebars_by_val_type, m_State)), kZtExtras,
-     ztrow::Children(XML_STR_ENTRY, ZT_AT(zt_sidebars_by_val_type, m_Entries),
-                     zt_conference_type::kType),
-     kZtOthers}};
+     ztrow::Children(XML_STR_ENTRY, ZT_AT(zt_sidebars_by_val_type, m_Entries)), kZtOthers}};
 // A sidebar's entry is a conference, too, but does not declare the namespace again.
 const ZtElementType zt_conference_type::kType = {
     ZtTypeOf<zt_conference_type>("zt_conference_type", "conference-info", kFamily)
@@ -279,16 +261,12 @@ const ZtElementType zt_conference_type::kType = {
      ZtExtensibleRows::kAttributes<ZtObject>,
      ztrow::Attribute(XML_STR_ENTITY, ZT_AT(zt_conference_type, m_Entity)).Required(),
      ztrow::Child(XML_STR_CONFERENCE_DESCRIPTION,
-                  ZT_AT(zt_conference_type, m_ConferenceDescription),
-                  zt_conference_description_type::kType),
-     ztrow::Child(XML_STR_HOST_INFO, ZT_AT(zt_conference_type, m_HostInfo), zt_host_type::kType),
-     ztrow::Child(XML_STR_CONFERENCE_STATE, ZT_AT(zt_conference_type, m_ConferenceState),
-                  zt_conference_state_type::kType),
-     ztrow::Child(XML_STR_USERS, ZT_AT(zt_conference_type, m_Users), zt_users_type::kType),
-     ztrow::Child(XML_STR_SIDEBARS_BY_REF, ZT_AT(zt_conference_type, m_SidebarsByRef),
-                  zt_uris_type::kType),
-     ztrow::Child(XML_STR_SIDEBARS_BY_VAL, ZT_AT(zt_conference_type, m_SidebarsByVal),
-                  zt_sidebars_by_val_type::kType),
+                  ZT_AT(zt_conference_type, m_ConferenceDescription)),
+     ztrow::Child(XML_STR_HOST_INFO, ZT_AT(zt_conference_type, m_HostInfo)),
+     ztrow::Child(XML_STR_CONFERENCE_STATE, ZT_AT(zt_conference_type, m_ConferenceState)),
+     ztrow::Child(XML_STR_USERS, ZT_AT(zt_conference_type, m_Users)),
+     ztrow::Child(XML_STR_SIDEBARS_BY_REF, ZT_AT(zt_conference_type, m_SidebarsByRef)),
+     ztrow::Child(XML_STR_SIDEBARS_BY_VAL, ZT_AT(zt_conference_type, m_SidebarsByVal)),
      ZtExtensibleRows::kElements<ZtObject>}};
 
 int Conference_infoMarshall::AddConferenceInfoElementToXml(zt_conference_type* conference,

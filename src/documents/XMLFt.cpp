@@ -19,12 +19,12 @@ const ZtElementType zt_ns_ft_file_info::kType = {
         .Writer(XML_STR_FILE_INFO, "AddFileInfoElementToXml"),
     {ztrow::Attribute(XML_STR_TYPE, ZT_AT(zt_ns_ft_file_info, m_Type)).Must(),
      ztrow::TextElement(XML_STR_FILE_SIZE, ZT_AT(zt_ns_ft_file_info, m_FileSize)).Must(),
-     ztrow::Child(XML_STR_DATA, ZT_AT(zt_ns_ft_file_info, m_Data), zt_ns_ft_data::kType).Must()}};
+     ztrow::Child(XML_STR_DATA, ZT_AT(zt_ns_ft_file_info, m_Data)).Must()}};
 const ZtElementType zt_file::kType = {
     ZtTypeOf<zt_file>("zt_file", "file", kFamily)
         .Writer(XML_STR_FILE, "AddFileElementToXml")
         .Root(),
-    {ztrow::Children(XML_STR_FILE_INFO, ZT_AT(zt_file, m_FileInfos), zt_ns_ft_file_info::kType)}};
+    {ztrow::Children(XML_STR_FILE_INFO, ZT_AT(zt_file, m_FileInfos))}};
 
 const ZtDocument FileContext::kDocument = {
     ZtDocumentOf<FileContext, XMLFileDecoder, FileUnMarshaller, FileMarshaller, FileDataBinder>(

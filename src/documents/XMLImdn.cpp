@@ -55,21 +55,13 @@ constexpr ZtExtras kStatus = {{}, DropObject};
 const ZtElementType zt_status::kType = {
     ZtTypeOf<zt_status>("zt_status", "status", kTellingFamily).With(kStatus),
     {kZtExtras,
-     ztrow::Child(XML_STR_DELIVERED, ZT_AT(zt_status, m_Delivered), zt_delivered::kType)
-         .Arrives(ZtArrival::kAtEnd),
-     ztrow::Child(XML_STR_FAILED, ZT_AT(zt_status, m_Failed), zt_failed::kType)
-         .Arrives(ZtArrival::kAtEnd),
-     ztrow::Child(XML_STR_DISPLAYED, ZT_AT(zt_status, m_Displayed), zt_displayed::kType)
-         .Arrives(ZtArrival::kAtEnd),
-     ztrow::Child(XML_STR_PROCESSED, ZT_AT(zt_status, m_Processed), zt_processed::kType)
-         .Arrives(ZtArrival::kAtEnd),
-     ztrow::Child(XML_STR_STORED, ZT_AT(zt_status, m_Stored), zt_stored::kType)
-         .Arrives(ZtArrival::kAtEnd),
-     ztrow::Child(XML_STR_FORBIDDEN, ZT_AT(zt_status, m_Forbidden), zt_forbidden::kType)
-         .Arrives(ZtArrival::kAtEnd),
-     ztrow::Child(XML_STR_ERROR, ZT_AT(zt_status, m_Error), zt_error::kType)
-         .Arrives(ZtArrival::kAtEnd),
-     kZtOthers}};
+     ztrow::Child(XML_STR_DELIVERED, ZT_AT(zt_status, m_Delivered)).Arrives(ZtArrival::kAtEnd),
+     ztrow::Child(XML_STR_FAILED, ZT_AT(zt_status, m_Failed)).Arrives(ZtArrival::kAtEnd),
+     ztrow::Child(XML_STR_DISPLAYED, ZT_AT(zt_status, m_Displayed)).Arrives(ZtArrival::kAtEnd),
+     ztrow::Child(XML_STR_PROCESSED, ZT_AT(zt_status, m_Processed)).Arrives(ZtArrival::kAtEnd),
+     ztrow::Child(XML_STR_STORED, ZT_AT(zt_status, m_Stored)).Arrives(ZtArrival::kAtEnd),
+     ztrow::Child(XML_STR_FORBIDDEN, ZT_AT(zt_status, m_Forbidden)).Arrives(ZtArrival::kAtEnd),
+     ztrow::Child(XML_STR_ERROR, ZT_AT(zt_status, m_Error)).Arrives(ZtArrival::kAtEnd), kZtOthers}};
 
 namespace {
 // What each notification writes of a status: the first of its values that is set, or nothing.
@@ -102,7 +94,7 @@ constexpr ZtExtras kProcessing = {
 
 struct ImdnBinding {
   static constexpr ZtField kStatus =
-      ztrow::Child(XML_STR_STATUS, ZT_AT(ZtImdnNotification, m_Status), zt_status::kType).Must();
+      ztrow::Child(XML_STR_STATUS, ZT_AT(ZtImdnNotification, m_Status)).Must();
 };
 
 const ZtElementType zt_delivery_notification::kType = {
@@ -151,18 +143,9 @@ const ZtElementType zt_imdn::kType = {
      ztrow::TextElement(XML_STR_RECIPIENT_URI, ZT_AT(zt_imdn, m_RecipientUri)),
      ztrow::TextElement(XML_STR_ORIGINAL_RECIPIENT_URI, ZT_AT(zt_imdn, m_OriginalRecipientUri)),
      ztrow::TextElement(XML_STR_SUBJECT, ZT_AT(zt_imdn, m_Subject)).FreeText(),
-     ztrow::Child(XML_STR_DELIVERY_NOTIFICATION, ZT_AT(zt_imdn, m_Delivery),
-                  zt_delivery_notification::kType)
-         .OneOf()
-         .Lenient(),
-     ztrow::Child(XML_STR_DISPLAY_NOTIFICATION, ZT_AT(zt_imdn, m_Display),
-                  zt_display_notification::kType)
-         .OneOf()
-         .Lenient(),
-     ztrow::Child(ZT_STR_PROCESSING_NOTIFICATION, ZT_AT(zt_imdn, m_Processing),
-                  zt_processing_notification::kType)
-         .OneOf()
-         .Lenient(),
+     ztrow::Child(XML_STR_DELIVERY_NOTIFICATION, ZT_AT(zt_imdn, m_Delivery)).OneOf().Lenient(),
+     ztrow::Child(XML_STR_DISPLAY_NOTIFICATION, ZT_AT(zt_imdn, m_Display)).OneOf().Lenient(),
+     ztrow::Child(ZT_STR_PROCESSING_NOTIFICATION, ZT_AT(zt_imdn, m_Processing)).OneOf().Lenient(),
      // Intended: callers get an element of another name in "imdn" as a flag, without content, which
      // is not written; in a status such an element is dropped.
      ZtExtensibleRows::Elements<ZtObject>(kAnyOther)}};

@@ -23,14 +23,12 @@ const ZtElementType zt_to_encoder::kType = {
 const ZtElementType zt_vc_primitive::kType = {
     ZtTypeOf<zt_vc_primitive>("zt_vc_primitive", "vc_primitive", kFamily)
         .Writer(XML_STR_VC_PRIMITIVE, "AddVcPrimitiveElementToXml"),
-    {ztrow::Child(XML_STR_TO_ENCODER, ZT_AT(zt_vc_primitive, m_ToEncoder), zt_to_encoder::kType)
-         .Must()}};
+    {ztrow::Child(XML_STR_TO_ENCODER, ZT_AT(zt_vc_primitive, m_ToEncoder)).Must()}};
 const ZtElementType zt_media_control::kType = {
     ZtTypeOf<zt_media_control>("zt_media_control", "media_control", kFamily)
         .Writer(XML_STR_MEDIA_CONTROL, "AddMediaControlElementToXml")
         .Root(),
-    {ztrow::Child(XML_STR_VC_PRIMITIVE, ZT_AT(zt_media_control, m_VcPrimitive),
-                  zt_vc_primitive::kType)}};
+    {ztrow::Child(XML_STR_VC_PRIMITIVE, ZT_AT(zt_media_control, m_VcPrimitive))}};
 
 zt_empty_element_type* MediaControlDataBinder::CreatePictureFastUpdateElement() {
   return ZtMakeFlag(kSource, ZtName(XML_STR_PICTURE_FAST_UPDATE));

@@ -47,12 +47,10 @@ struct PresenceBinding {
   static constexpr ZtField kStatus =
       ztrow::Child(XML_STR_STATUS, ZT_AT(zt_tuple, m_Status), Status::kType).Must();
   static constexpr ZtField kOthers = ZtExtensibleRows::Elements<ZtElement>(kExtensions);
-  static constexpr ZtField kContact =
-      ztrow::Child(XML_STR_CONTACT, ZT_AT(zt_tuple, m_Contact), zt_contact::kType);
+  static constexpr ZtField kContact = ztrow::Child(XML_STR_CONTACT, ZT_AT(zt_tuple, m_Contact));
   static constexpr ZtField kTimestamp =
       ztrow::TextElement(XML_STR_TIMESTAMP, ZT_AT(zt_tuple, m_Timestamp));
-  static constexpr ZtField kNotes =
-      ztrow::Children(XML_STR_NOTE, ZT_AT(zt_tuple, m_Notes), zt_note::kType);
+  static constexpr ZtField kNotes = ztrow::Children(XML_STR_NOTE, ZT_AT(zt_tuple, m_Notes));
 };
 using Tuple = PresenceBinding;
 
@@ -75,8 +73,8 @@ const ZtElementType zt_presence::kType = {
         .With(kNamespaces)
         .Root(),
     {ztrow::Attribute(XML_STR_ENTITY, ZT_AT(zt_presence, m_Entity)).Required(),
-     ztrow::Children(XML_STR_TUPLE, ZT_AT(zt_presence, m_Tuples), zt_tuple::kType),
-     ztrow::Children(XML_STR_NOTE, ZT_AT(zt_presence, m_Notes), zt_note::kType),
+     ztrow::Children(XML_STR_TUPLE, ZT_AT(zt_presence, m_Tuples)),
+     ztrow::Children(XML_STR_NOTE, ZT_AT(zt_presence, m_Notes)),
      ZtExtensibleRows::kElements<ZtObject>}};
 
 const ZtDocument PresenceContext::kDocument = {

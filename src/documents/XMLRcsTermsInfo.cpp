@@ -18,8 +18,7 @@ const ZtElementType zt_rcs_terms_info::kType = {
         .Root(),
     {ztrow::Attribute(XML_STR_VERSION, ZT_AT(zt_rcs_terms_info, m_Version)),
      ztrow::TextElement(XML_STR_TERMS_VERSION, ZT_AT(zt_rcs_terms_info, m_TermsVersion)).FreeText(),
-     ztrow::Children(XML_STR_TERM, ZT_AT(zt_rcs_terms_info, m_Terms),
-                     zt_ns_rcs_terms_info_term::kType)}};
+     ztrow::Children(XML_STR_TERM, ZT_AT(zt_rcs_terms_info, m_Terms))}};
 
 const ZtDocument RcsTermsInfoContext::kDocument = {
     ZtDocumentOf<RcsTermsInfoContext, XMLRcsTermsInfoDecoder, RcsTermsInfoUnMarshaller,

@@ -108,8 +108,7 @@ const ZtElementType zt_ns_reginfo_contact::kType = {
      ztrow::TextElement(XML_STR_URI, ZT_AT(zt_ns_reginfo_contact, m_Uri)).Must(),
      ztrow::TextElement(XML_STR_DISPLAY_NAME, ZT_AT(zt_ns_reginfo_contact, m_DisplayName))
          .FreeText(),
-     ztrow::Children(XML_STR_UNKNOWN_PARAM, ZT_AT(zt_ns_reginfo_contact, m_UnknownParams),
-                     zt_unknown_param::kType),
+     ztrow::Children(XML_STR_UNKNOWN_PARAM, ZT_AT(zt_ns_reginfo_contact, m_UnknownParams)),
      // Intended: the log line about an element of a contact that is not written names the writer of
      // "unknown-param"; log readers search for it as it is.
      ztrow::OtherChildren(ZT_AT(zt_ns_reginfo_contact, m_AnyElements), kGruus).Lenient()}};
@@ -123,8 +122,7 @@ const ZtElementType zt_registration::kType = {
      ztrow::Attribute(XML_STR_ID, ZT_AT(zt_registration, m_Id)).Always().FreeText().Must(),
      ztrow::Attribute(XML_STR_STATE, ZT_AT(zt_registration, m_State), kRegistrationStates)
          .Required(),
-     ztrow::Children(XML_STR_CONTACT, ZT_AT(zt_registration, m_Contacts),
-                     zt_ns_reginfo_contact::kType),
+     ztrow::Children(XML_STR_CONTACT, ZT_AT(zt_registration, m_Contacts)),
      ztrow::OtherChildren(ZT_AT(zt_registration, m_AnyElements))}};
 const ZtElementType zt_reginfo::kType = {
     ZtTypeOf<zt_reginfo>("zt_reginfo", "reginfo", kRootFamily)
@@ -133,8 +131,7 @@ const ZtElementType zt_reginfo::kType = {
         .Root(),
     {ztrow::Attribute(XML_STR_VERSION, ZT_AT(zt_reginfo, m_Version)).Always().Must(),
      ztrow::Attribute(XML_STR_STATE, ZT_AT(zt_reginfo, m_State), kReginfoStates).Required(),
-     ztrow::Children(XML_STR_REGISTRATION, ZT_AT(zt_reginfo, m_Registrations),
-                     zt_registration::kType),
+     ztrow::Children(XML_STR_REGISTRATION, ZT_AT(zt_reginfo, m_Registrations)),
      ztrow::OtherChildren(ZT_AT(zt_reginfo, m_AnyElements))}};
 
 const ZtDocument ReginfoContext::kDocument = {

@@ -24,8 +24,8 @@ constexpr ZtExtras kNamespaces = {{{XML_STR_URN_IETF_PARAMS_XML_NS_RESOURCE_LIST
 }  // namespace
 
 struct ResourceListsBinding {
-  static constexpr ZtField kNamed = ztrow::Child(
-      XML_STR_DISPLAY_NAME, ZT_AT(ZtDisplayNamed, m_DisplayName), zt_display_nameType::kType);
+  static constexpr ZtField kNamed =
+      ztrow::Child(XML_STR_DISPLAY_NAME, ZT_AT(ZtDisplayNamed, m_DisplayName));
 };
 
 namespace {
@@ -82,7 +82,7 @@ const ZtElementType zt_resource_lists::kType = {
         .With(kNamespaces)
         .Root(),
     {ZtExtensibleRows::kAttributes<ZtObject>,
-     ztrow::Children(XML_STR_LIST, ZT_AT(zt_resource_lists, m_Lists), zt_listType::kType),
+     ztrow::Children(XML_STR_LIST, ZT_AT(zt_resource_lists, m_Lists)),
      ZtExtensibleRows::kElements<ZtObject>}};
 
 const ZtDocument ResourceListsContext::kDocument = {

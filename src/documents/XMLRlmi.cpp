@@ -53,9 +53,8 @@ const ZtElementType zt_resource::kType = {
         .Writer(XML_STR_RESOURCE, "AddResourceElementToXml")
         .With(kResource),
     {kZtExtras, ztrow::Attribute(XML_STR_URI, ZT_AT(zt_resource, m_Uri)).Required(),
-     ztrow::Children(XML_STR_NAME, ZT_AT(zt_resource, m_Names), zt_name::kType),
-     ztrow::Children(XML_STR_INSTANCE, ZT_AT(zt_resource, m_Instances), zt_instance::kType),
-     kZtOthers}};
+     ztrow::Children(XML_STR_NAME, ZT_AT(zt_resource, m_Names)),
+     ztrow::Children(XML_STR_INSTANCE, ZT_AT(zt_resource, m_Instances)), kZtOthers}};
 const ZtElementType zt_list::kType = {
     ZtTypeOf<zt_list>("zt_list", "list", kFamily)
         .Writer(XML_STR_LIST, "AddListElementToXml")
@@ -66,8 +65,8 @@ const ZtElementType zt_list::kType = {
      ztrow::Attribute(XML_STR_VERSION, ZT_AT(zt_list, m_Version)).Always().Must(),
      ztrow::Attribute(XML_STR_FULL_STATE, ZT_AT(zt_list, m_FullState), kSchemaTrueOrElseFalse)
          .Must(),
-     ztrow::Children(XML_STR_NAME, ZT_AT(zt_list, m_Names), zt_name::kType),
-     ztrow::Children(XML_STR_RESOURCE, ZT_AT(zt_list, m_Resources), zt_resource::kType),
+     ztrow::Children(XML_STR_NAME, ZT_AT(zt_list, m_Names)),
+     ztrow::Children(XML_STR_RESOURCE, ZT_AT(zt_list, m_Resources)),
      ZtExtensibleRows::kElements<ZtObject>}};
 
 const ZtDocument ListContext::kDocument = {

@@ -34,7 +34,7 @@ const ZtElementType zt_folder::kType = {
     ZtTypeOf<zt_folder>("zt_folder", "folder", kFamily)
         .Writer(XML_STR_FOLDER, "AddFolderElementToXml"),
     {ztrow::Attribute(XML_STR_AUID, ZT_AT(zt_folder, m_Auid)).FreeText().Required(),
-     ztrow::Children(XML_STR_ENTRY, ZT_AT(zt_folder, m_Entries), zt_entry::kType).OneOf(),
+     ztrow::Children(XML_STR_ENTRY, ZT_AT(zt_folder, m_Entries)).OneOf(),
      ztrow::TextElement(XML_STR_ERROR_CODE, ZT_AT(zt_folder, m_ErrorCode))
          .FreeText()
          .Always()
@@ -44,7 +44,7 @@ const ZtElementType zt_xcap_directory::kType = {
         .Writer(XML_STR_XCAP_DIRECTORY, "AddXcapDirectoryElementToXml")
         .With(kDeclarations)
         .Root(),
-    {ztrow::Children(XML_STR_FOLDER, ZT_AT(zt_xcap_directory, m_Folders), zt_folder::kType)}};
+    {ztrow::Children(XML_STR_FOLDER, ZT_AT(zt_xcap_directory, m_Folders))}};
 
 const ZtDocument XcapDirectoryContext::kDocument = {
     ZtDocumentOf<XcapDirectoryContext, XMLXcapDirectoryDecoder, XcapDirectoryUnMarshaller,

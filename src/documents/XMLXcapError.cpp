@@ -109,9 +109,7 @@ const ZtElementType zt_exists::kType = {
 const ZtElementType zt_uniqueness_failure::kType = {
     ZtTypeOf<zt_uniqueness_failure>("zt_uniqueness_failure", "uniqueness-failure", kFamily)
         .Writer(XML_STR_UNIQUENESS_FAILURE, "AddUniqueness_failureElementToXml"),
-    {kPhrase,
-     ztrow::Children(XML_STR_EXISTS, ZT_AT(zt_uniqueness_failure, m_Exists), zt_exists::kType)
-         .Lenient()}};
+    {kPhrase, ztrow::Children(XML_STR_EXISTS, ZT_AT(zt_uniqueness_failure, m_Exists)).Lenient()}};
 // Intended: an "extension" is written without the content that callers give it or that was read.
 const ZtElementType zt_extension::kType = {
     ZtTypeOf<zt_extension>("zt_extension", "extension", kTellingFamily)

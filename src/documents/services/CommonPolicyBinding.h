@@ -55,16 +55,13 @@ struct CommonPolicyBinding {
   static constexpr ZtField kId =
       ztrow::Attribute(XML_STR_ID, ZT_AT(zt_ns_common_policy_ruleType, m_Id)).Required();
   static constexpr ZtField kConditions =
-      ztrow::Child(XML_STR_CONDITIONS, ZT_AT(zt_ns_common_policy_ruleType, m_Conditions),
-                   zt_ns_common_policy_conditionsType::kType)
-          .Lenient();
+      ztrow::Child(XML_STR_CONDITIONS, ZT_AT(zt_ns_common_policy_ruleType, m_Conditions)).Lenient();
   static constexpr ZtField Actions(const ZtElementType& type) {
     return ztrow::Child(XML_STR_ACTIONS, ZT_AT(zt_ns_common_policy_ruleType, m_Actions), type)
         .Lenient();
   }
   static constexpr ZtField kTransformations =
-      ztrow::Child(XML_STR_TRANSFORMATIONS, ZT_AT(zt_ns_common_policy_ruleType, m_Transformations),
-                   zt_ns_common_policy_extensibleType::kType);
+      ztrow::Child(XML_STR_TRANSFORMATIONS, ZT_AT(zt_ns_common_policy_ruleType, m_Transformations));
   static constexpr ZtField Elements(const ZtChoice* choices) {
     return ztrow::OtherChildren(ZT_AT(zt_ns_common_policy_extensibleType, m_Elements), choices);
   }

@@ -83,18 +83,15 @@ const ZtElementType zt_ns_common_policy_manyType::kType = {
                                            Policy::kTellingFamily)
         .Starts(ZtStartTag::kStaysOpen),
     {ztrow::Attribute(XML_STR_DOMAIN, ZT_AT(zt_ns_common_policy_manyType, m_Domain)).FreeText(),
-     ztrow::Children(XML_STR_EXCEPT, ZT_AT(zt_ns_common_policy_manyType, m_ExceptList),
-                     zt_ns_common_policy_exceptType::kType),
+     ztrow::Children(XML_STR_EXCEPT, ZT_AT(zt_ns_common_policy_manyType, m_ExceptList)),
      ztrow::OtherChildren(ZT_AT(zt_ns_common_policy_manyType, m_AnyList))}};
 const ZtElementType zt_ns_common_policy_identityType::kType = {
     ZtTypeOf<zt_ns_common_policy_identityType>("zt_ns_common_policy_identityType",
                                                "CommonPolicy:IdentityType", Policy::kTellingFamily)
         .RefusesUnknownAttributes()
         .With(kIdentity),
-    {ztrow::Children(XML_STR_ONE, ZT_AT(zt_ns_common_policy_identityType, m_OneList),
-                     zt_ns_common_policy_oneType::kType),
-     ztrow::Children(XML_STR_MANY, ZT_AT(zt_ns_common_policy_identityType, m_ManyList),
-                     zt_ns_common_policy_manyType::kType),
+    {ztrow::Children(XML_STR_ONE, ZT_AT(zt_ns_common_policy_identityType, m_OneList)),
+     ztrow::Children(XML_STR_MANY, ZT_AT(zt_ns_common_policy_identityType, m_ManyList)),
      ztrow::OtherChildren(ZT_AT(zt_ns_common_policy_identityType, m_AnyList))}};
 const ZtElementType zt_ns_common_policy_sphereType::kType = {
     ZtTypeOf<zt_ns_common_policy_sphereType>("zt_ns_common_policy_sphereType",
@@ -119,12 +116,9 @@ const ZtElementType zt_ns_common_policy_conditionsType::kType = {
         "zt_ns_common_policy_conditionsType", "CommonPolicy:ConditionsType", Policy::kTellingFamily)
         .Writer(XML_STR_CONDITIONS, "AddConditionsElementToXml", XML_STR_CP)
         .RefusesUnknownAttributes(),
-    {ztrow::Children(XML_STR_IDENTITY, ZT_AT(zt_ns_common_policy_conditionsType, m_IdentityList),
-                     zt_ns_common_policy_identityType::kType),
-     ztrow::Children(XML_STR_SPHERE, ZT_AT(zt_ns_common_policy_conditionsType, m_SphereList),
-                     zt_ns_common_policy_sphereType::kType),
-     ztrow::Children(XML_STR_VALIDITY, ZT_AT(zt_ns_common_policy_conditionsType, m_ValidityList),
-                     zt_ns_common_policy_validityType::kType),
+    {ztrow::Children(XML_STR_IDENTITY, ZT_AT(zt_ns_common_policy_conditionsType, m_IdentityList)),
+     ztrow::Children(XML_STR_SPHERE, ZT_AT(zt_ns_common_policy_conditionsType, m_SphereList)),
+     ztrow::Children(XML_STR_VALIDITY, ZT_AT(zt_ns_common_policy_conditionsType, m_ValidityList)),
      ztrow::OtherChildren(ZT_AT(zt_ns_common_policy_conditionsType, m_AnyList), kServiceConditions)
          .Lenient()}};
 // Intended: transformations are written without their content, because no peer has asked for it.

@@ -59,8 +59,7 @@ const ZtElementType zt_communication_diversion::kType = {
                 XML_STR_SS)
         .Root(),
     {SimservBinding::kAttributes, SimservBinding::kActive,
-     ztrow::Child(XML_STR_NO_REPLY_TIMER, ZT_AT(zt_communication_diversion, m_NoReplyTimer),
-                  zt_NoReplyTimer::kType)
+     ztrow::Child(XML_STR_NO_REPLY_TIMER, ZT_AT(zt_communication_diversion, m_NoReplyTimer))
          .Arrives(ZtArrival::kAsText),
      ztrow::Child(XML_STR_RULESET, ZT_AT(zt_communication_diversion, m_RuleSet), *kPolicy.ruleset)
          .Lenient()}};
