@@ -154,6 +154,7 @@ class ZtChildOf : public ZtChild {
  public:
   using Entry = T;  ///< what it holds
 
+  /// As ZtChild::Set.
   int Set(T* child) { return ZtChild::Set(child); }
   /// Converts to what a getter returns.
   operator T*() const { return static_cast<T*>(Get()); }  // NOLINT(google-explicit-constructor)
@@ -200,6 +201,7 @@ class ZtChildListOf : public ZtChildList {
  public:
   using Entry = T;  ///< what it holds
 
+  /// As ZtOwnedList::Add.
   int Add(T* child, const char* source = "src/XMLList", ZtArena* arena = nullptr) {
     return ZtChildList::Add(child, source, arena);
   }
