@@ -416,32 +416,52 @@ class StepRunner : public Worker {
   std::string m_Told;
 };
 
-// What the step `method` of a marshaller makes of null and of an empty object.
-template <class Worker, class Base, class Element>
-std::string StepOf(int (Base::*method)(Element*), const std::string& name) {
-  const Tree<Element> empty(ZtCreate<Element>(kSource));
+// What a step of a marshaller makes of null and of an empty object. There are hundreds of steps:
+// what they have in common is not compiled for each.
+template <class Worker>
+std::string TellStep(int (*run)(Worker&, XMLElement*), XMLElement* (*makeEmpty)(),
+                     const std::string& name) {
+  const Tree<XMLElement> empty(makeEmpty());
   std::string text = name + '\n';
-  for (Element* element : {static_cast<Element*>(nullptr), empty.get()}) {
+  for (XMLElement* element : {static_cast<XMLElement*>(nullptr), empty.get()}) {
     text += std::string(element ? "  an empty object: " : "  null: ") +
-            StepRunner<Worker>().Tell([&](Worker& worker) { return (worker.*method)(element); });
+            StepRunner<Worker>().Tell([&](Worker& worker) { return run(worker, element); });
   }
   return text;
 }
-template <class M, class Base, class Element>
-std::string Step(int (Base::*method)(Element*), const std::string& name) {
+template <class Worker, auto kMethod>
+struct StepOf;
+template <class Worker, class Base, class Element, int (Base::*kMethod)(Element*)>
+struct StepOf<Worker, kMethod> {
+  static int Run(Worker& worker, XMLElement* element) {
+    return (worker.*kMethod)(static_cast<Element*>(element));
+  }
+  static std::string Tell(const std::string& name) {
+    return TellStep<Worker>(&Run, &Make<Element>, name);
+  }
+};
+struct Step {
+  const char* name;
+  std::string (*tell)(const std::string& name);
+};
+template <class M, auto kMethod>
+constexpr Step StepNamed(const char* name) {
   if constexpr (std::is_abstract_v<M>) {  // the base of two services
-    return StepOf<Communication_diversionMarshaller>(method, name) +
-           StepOf<Communication_barringMarshaller>(method, name + " of barring");
+    return {name, [](const std::string& of) {
+              return StepOf<Communication_diversionMarshaller, kMethod>::Tell(of) +
+                     StepOf<Communication_barringMarshaller, kMethod>::Tell(of + " of barring");
+            }};
   } else {
-    return StepOf<M>(method, name);
+    return {name, &StepOf<M, kMethod>::Tell};
   }
 }
+#define ZT_STEP(M, method) StepNamed<M, &M::method>(#M "::" #method),
+constexpr Step kSteps[] = {ZT_API_STEPS(ZT_STEP)};
+#undef ZT_STEP
 
 std::string TellSteps() {
   std::string text;
-#define ZT_STEP(M, method) text += Step<M>(&M::method, #M "::" #method);
-  ZT_API_STEPS(ZT_STEP)
-#undef ZT_STEP
+  for (const Step& step : kSteps) text += step.tell(step.name);
   // Steps that take something else.
   char given[] = "given";
   zt_uris_type uris;

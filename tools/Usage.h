@@ -5,19 +5,13 @@
 #include <string>
 #include <vector>
 
-namespace CLI {
-class App;
-class Error;
-}  // namespace CLI
-
 /// Why a value is none of its option's, "" for nothing.
 std::string CheckSchema(const std::string& nameOrId);
 std::string CheckSchemaOrRoot(const std::string& name);
 std::string CheckColor(const std::string& when);
 
-std::vector<std::string> NamesOfCommands(const CLI::App& app);
-std::string NoSuchCommand(const CLI::App& app, const std::string& name);
-/// What to print of a command line that cannot be parsed.
-std::string FailureMessage(const CLI::App* app, const CLI::Error& error);
+/// That there is no such command, or option, with which of those that are known was probably meant.
+std::string NoSuchCommand(const std::string& name, const std::vector<std::string>& known);
+std::string NoSuchOption(const std::string& option, const std::vector<std::string>& known);
 
 #endif  // ZTXML_TOOLS_USAGE_H

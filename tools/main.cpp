@@ -27,6 +27,44 @@ namespace {
 volatile std::sig_atomic_t s_isPipeClosed = 0;
 void NotePipe(int /*signal*/) { s_isPipeClosed = 1; }
 
+std::vector<std::string> NamesOfCommands(const CLI::App& app) {
+  std::vector<std::string> names;
+  for (const CLI::App* command : app.get_subcommands([](const CLI::App*) { return true; })) {
+    names.push_back(command->get_name());
+  }
+  return names;
+}
+
+// The long ones: of the program, and of the command that was given.
+std::vector<std::string> NamesOfOptions(const CLI::App& app) {
+  std::vector<std::string> names;
+  const auto add = [&](const CLI::App& of) {
+    for (const CLI::Option* known : of.get_options()) {
+      for (const std::string& name : known->get_lnames()) names.push_back("--" + name);
+    }
+  };
+  add(app);
+  for (const CLI::App* command : app.get_subcommands()) add(*command);
+  return names;
+}
+
+// What to print of a command line that cannot be parsed.
+std::string FailureMessage(const CLI::App* app, const CLI::Error& error) {
+  // Without this a misspelt command would only be reported as a missing one, and a misspelt option
+  // as one more word.
+  const std::vector<std::string> rest = app->remaining(true);
+  const auto option = std::find_if(rest.begin(), rest.end(), [](const std::string& word) {
+    return word.size() > 1 && word[0] == '-';
+  });
+  std::string what = error.what();
+  if (option != rest.end()) {
+    what = NoSuchOption(*option, NamesOfOptions(*app));
+  } else if (app->get_subcommands().empty() && !rest.empty()) {
+    what = NoSuchCommand(rest[0], NamesOfCommands(*app));
+  }
+  return "ztxml: " + what + "\nTry: ztxml --help\n";
+}
+
 class CommandLine {
  public:
   CommandLine() {
@@ -205,7 +243,7 @@ class CommandLine {
     if (!m_HelpFor.empty()) {
       const std::vector<std::string> names = NamesOfCommands(m_App);
       if (std::find(names.begin(), names.end(), m_HelpFor) == names.end()) {
-        std::cerr << "ztxml: " << NoSuchCommand(m_App, m_HelpFor) << '\n';
+        std::cerr << "ztxml: " << NoSuchCommand(m_HelpFor, names) << '\n';
         return kUsage;
       }
       words.push_back(m_HelpFor.c_str());

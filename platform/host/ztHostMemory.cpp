@@ -3,6 +3,7 @@
 #include <malloc.h>
 #include <mutex>
 #include <unordered_map>
+#include <utility>
 
 #include "ztxml/ztHostPlatform.h"
 
@@ -43,10 +44,11 @@ void* Allocated(void* pointer) {
 std::atomic<bool> g_logging{false};
 
 struct MemoryLog {
+  using Entries = std::unordered_map<const void*, zthost::MemoryEntry>;
   std::mutex mutex;
-  std::unordered_map<const void*, zthost::MemoryEntry> live;
-  std::unordered_map<const void*, zthost::MemoryEntry>
-      removed;                  // to tell which allocation was removed twice
+  // An address is in one of them; its node moves, rather than being allocated anew.
+  Entries live;
+  Entries removed;              // to tell which allocation was removed twice
   zthost::MemoryReport report;  // its `live` stays empty
 
   void Reset() {
@@ -111,6 +113,11 @@ void wdmemlog_add(int tag, const char* sourceFile, int line, const void* pointer
                                   size};
   ++log.report.adds;
   log.report.liveBytes += size;
+  if (MemoryLog::Entries::node_type again = log.removed.extract(pointer)) {
+    again.mapped() = entry;
+    log.live.insert(std::move(again));
+    return;
+  }
   const auto [at, added] = log.live.emplace(pointer, entry);
   if (!added) {
     log.report.liveBytes -= at->second.size;
@@ -137,8 +144,7 @@ void wdmemlog_remove(int tag, const void* pointer) {
   }
   // Even under a wrong tag: the memory is released, and its address may be recorded again.
   log.report.liveBytes -= at->second.size;
-  log.removed[pointer] = at->second;
-  log.live.erase(at);
+  log.removed.insert(log.live.extract(at));
 }
 
 void zthost::EnableMemoryLog(bool on) {

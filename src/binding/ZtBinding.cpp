@@ -1,5 +1,6 @@
 #include "binding/ZtBinding.h"
 
+#include <cstring>
 #include <limits>
 #include <type_traits>
 
@@ -99,11 +100,14 @@ ZtOutcome AppendWords(XMLElement& self, const ZtField& field, const ZtSource& so
   const bool inPlace = source.arena && source.arena->Holds(value.text);
   char* words = inPlace ? const_cast<char*>(value.text) : __strdup(value.text);
   if (!words) return ZtOutcome::kNoMemory;
+  const char* const end = words + __strlen(words);
   ZtOutcome outcome = ZtOutcome::kAccepted;
   for (char* word = words; word && outcome == ZtOutcome::kAccepted;) {
-    char* blank = __strchr(word, ' ');
+    const auto rest = static_cast<std::size_t>(end - word);
+    auto* const blank = static_cast<char*>(std::memchr(word, ' ', rest));
     if (blank) *blank = '\0';
-    outcome = AppendText(self, field, source, word);
+    outcome = AppendText(self, field, source,
+                         {word, blank ? static_cast<std::size_t>(blank - word) : rest});
     word = blank ? blank + 1 : nullptr;
   }
   if (!inPlace) __free(words);

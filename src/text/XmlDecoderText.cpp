@@ -9,7 +9,10 @@ constexpr int kMostDelimiters = 32;
 
 bool IsSpace(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; }
 
-const char* SkipSpace(const char* text) { return text + std::strspn(text, kWhiteSpace); }
+const char* SkipSpace(const char* text) {
+  while (IsSpace(*text)) ++text;
+  return text;
+}
 
 // Whether the name that ends before `end` holds white space after it is trimmed on both sides.
 bool HoldsSpace(const char* begin, const char* end) {
@@ -29,8 +32,7 @@ int XmlDecoder::ValidateAttributeList(const char* list) {
   const char* nameStart = list;   // end of the previous value
   const char* valueStart = list;  // after the last '='
   const char* lastSpecial = nullptr;
-  for (const char* at = list + std::strcspn(list, "\"'="); *at;
-       at += 1 + std::strcspn(at + 1, "\"'=")) {
+  for (const char* at = list; *at; ++at) {
     if (*at == '=') {
       if (quote) continue;
       if (pending || HoldsSpace(nameStart, at)) return -1;
@@ -41,6 +43,8 @@ int XmlDecoder::ValidateAttributeList(const char* list) {
       quote = '\0';
       pending = false;
       nameStart = at + 1;
+    } else if (*at != '"' && *at != '\'') {
+      continue;
     } else {
       if (!pending || SkipSpace(valueStart) != at) return -1;
       quote = *at;
