@@ -66,7 +66,8 @@ class ZT_API ZtContext : public XMLContext {
   friend class ZtReflection;
 };
 
-/// The unmarshalling driver: a parser and a schema decoder, which it keeps for the next document.
+/// The unmarshalling driver: a parser and a schema decoder, which it keeps for the next document
+/// while the memory log is off.
 class ZT_API ZtUnMarshaller : public XMLUnMarshaller {
  public:
   ZT_INLINE ~ZtUnMarshaller() override { Close(); }
@@ -104,8 +105,7 @@ class ZT_API ZtUnMarshaller : public XMLUnMarshaller {
                         const ZtSchemaDecoder& decoder) const;
 
   const ZtContext* m_pContext = nullptr;  // null for a worker that no context made
-  // Kept from one document to the next, null before and after one that asked for more of them than
-  // most do.
+  // Kept from one document to the next; null before the first, and after one that made them large.
   mutable XmlDecoder* m_pParser = nullptr;
   mutable ZtSchemaDecoder* m_pDecoder = nullptr;
 };

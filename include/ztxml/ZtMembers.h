@@ -5,7 +5,8 @@
 //     if (const auto code = state->code()) ...           // a member that is called gives its value
 //     for (zt_dialog& dialog : info->dialogs) ...
 //
-// What ZtHolders.h says of taking and owning holds for them.
+// What ZtHolders.h says of taking and owning holds for them. They hold nothing else than what they
+// are declared with: what they derive from is for the library's rows alone.
 #ifndef ZTXML_INCLUDE_ZTMEMBERS_H
 #define ZTXML_INCLUDE_ZTMEMBERS_H
 
@@ -16,7 +17,7 @@
 #include "ztxml/ZtListOf.h"
 
 /// A text.
-class ZtTextMember : public ZtText {
+class ZtTextMember : private ZtText {
  public:
   /// Stores a copy; null clears. Callers escape what markup could be. False without memory: the
   /// text is null then.
@@ -28,7 +29,7 @@ class ZtTextMember : public ZtText {
 /// A number, a truth value, or an enumeration, which ends with kAbsent for none of its values.
 template <class Value>
 class ZtNumberMember
-    : public std::conditional_t<(sizeof(Value) > sizeof(unsigned)), ZtNumber64, ZtNumber> {
+    : private std::conditional_t<(sizeof(Value) > sizeof(unsigned)), ZtNumber64, ZtNumber> {
   using Base = std::conditional_t<(sizeof(Value) > sizeof(unsigned)), ZtNumber64, ZtNumber>;
 
  public:
@@ -46,14 +47,14 @@ class ZtNumberMember
       return Base::template Stated<Value>();
     }
   }
-  template <class Other>
-  operator Other() const = delete;  // it would not tell that there is none
 };
 
 /// A child that occurs at most once.
 template <class T>
-class ZtChildMember : public ZtChildOf<T> {
+class ZtChildMember : private ZtChildOf<T> {
  public:
+  using Entry = T;  ///< what it holds
+
   /// Takes `child` and deletes the one held before; null only deletes. False, without taking it,
   /// when `child` has another owner.
   bool Set(T* child) { return this->Take(child); }
@@ -63,8 +64,11 @@ class ZtChildMember : public ZtChildOf<T> {
 
 /// Children that may be many.
 template <class T>
-class ZtListMember : public ZtChildListOf<T> {
+class ZtListMember : private ZtChildListOf<T> {
  public:
+  using Entry = T;  ///< what it holds
+
+  using ZtChildListOf<T>::Set;  ///< takes a list, as ZtOwnedList::Set says
   /// Appends and takes `child`. False, without taking it, when it is null or owned, or there is no
   /// memory.
   bool Add(T* child) { return ZtChildListOf<T>::Add(child) != 0; }

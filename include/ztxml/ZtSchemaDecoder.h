@@ -45,7 +45,7 @@ class ZT_API ZtSchemaDecoder : public XmlDecoderSchema, public ZtSink {
   }
 
   /// After a whole document: hands over its root and makes the decoder ready for another one. Null,
-  /// without doing so, when the document was not whole, or left more behind than most do.
+  /// without doing so, when the document was not whole or the decoder holds more than most need.
   ZT_LOCAL XMLObject* Finish();
 
   /// Tells the namespaces that the document declares, a zt_schema_namespace_retrieval. 0 when the

@@ -4,7 +4,6 @@
 #include "ztxml/ztPlatform.h"
 
 namespace {
-constexpr char kWhiteSpace[] = " \t\r\n";
 constexpr int kMostDelimiters = 32;
 
 bool IsSpace(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; }
@@ -61,7 +60,7 @@ int XmlDecoder::ValidateAttributeList(const char* list) {
 
 char* XmlDecoder::TrimSpaces(char* text) {
   if (!text) return nullptr;
-  text += std::strspn(text, kWhiteSpace);
+  text += SkipSpace(text) - text;
   char* end = text + __strlen(text);
   while (end > text && IsSpace(end[-1])) --end;
   *end = '\0';

@@ -39,6 +39,11 @@ const ZtElementType Branch::kType = {
      ztrow::Children(XML_STR_ENTRY, ZT_AT(Branch, leaves)),
      ztrow::OtherChildren(ZT_AT(Branch, others))}};
 
+// Nothing else can be put into them, nor taken for what they do not tell is there.
+static_assert(!std::is_convertible_v<ZtChildMember<Leaf>*, ZtChild*>);
+static_assert(!std::is_convertible_v<ZtListMember<Leaf>*, ZtChildList*>);
+static_assert(!std::is_convertible_v<ZtNumberMember<std::uint32_t>, unsigned>);
+
 Tree<Branch> Make() { return Tree<Branch>(ZtCreate<Branch>("tests/Members")); }
 Leaf* MakeLeaf() { return ZtCreate<Leaf>("tests/Members"); }
 
